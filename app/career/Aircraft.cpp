@@ -1,0 +1,245 @@
+#include "app/career/Aircraft.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "app/career/Nation.h"
+#include "engine/core/Random.h"
+
+namespace {
+
+struct PlaneName {
+    const char* identifier;
+    const char* displayName;
+};
+
+// Allied types first: isAlliedPlane() goes by the place.
+// clang-format off
+constexpr PlaneName PlaneNames[] = {
+    {"dh2",            "Airco DH2"},
+    {"nieuport11",     "Nieuport 11"},
+    {"nieuport17",     "Nieuport 17"},
+    {"spad7early",     "SPAD VII Early"},
+    {"soppup",         "Sopwith Pup"},
+    {"soptriplane",    "Sopwith Triplane"},
+    {"se5a",           "SE5a"},
+    {"spad7",          "SPAD VII Late"},
+    {"sopcamel",       "Sopwith Camel"},
+    {"spad13",         "SPAD XIII"},
+    {"nieuport28",     "Nieuport 28"},
+    {"sopdolphin",     "Sopwith Dolphin"},
+    {"fokkere3",       "Fokker E. III"},
+    {"halberstadtd2",  "Halberstadt D. II"},
+    {"albatrosd2",     "Albatros D. II"},
+    {"albatrosd2late", "Albatros D. II Late"},
+    {"albatrosd3",     "Albatros D. III"},
+    {"albatrosd5",     "Albatros D. Va"},
+    {"pfalzd3a",       "Pfalz D. IIIa"},
+    {"fokkerdr1",      "Fokker Dr. I"},
+    {"fokkerd7",       "Fokker D. VII"},
+    {"pfalzd12",       "Pfalz D. XII"},
+    {"fokkerd7f",      "Fokker D. VIIf"},
+    {"fokkerd8",       "Fokker D. VIII"},
+};
+// clang-format on
+static_assert(std::size(PlaneNames) == PlaneCount);
+
+struct Share {
+    const char* plane; // identifier; null in the unused places of a row
+    int32_t weight;    // out of the row's sum, which is the range of the draw
+};
+
+/// What a side flies after the row above, up to and including the month `until`.
+struct Period {
+    int32_t until; // yyyymm; the last row is taken whatever stands here
+    Share shares[6];
+};
+
+// Our own judgement of who had what at the front, and when; the sources are in docs/history.md.
+// clang-format off
+constexpr Period AlliedPeriods[] = {
+    {191602, {{"dh2", 1}, {"nieuport11", 1}}},
+    {191605, {{"dh2", 1}, {"nieuport11", 1}, {"nieuport17", 1}}},
+    {191607, {{"dh2", 1}, {"nieuport17", 1}}},
+    {191609, {{"nieuport17", 1}, {"spad7early", 1}}},
+    {191611, {{"soppup", 1}, {"spad7early", 1}}},
+    {191702, {{"soppup", 1}, {"soptriplane", 1}}},
+    {191703, {{"se5a", 2}, {"soppup", 1}, {"soptriplane", 1}}},
+    {191705, {{"se5a", 2}, {"soppup", 1}, {"soptriplane", 1}, {"spad7", 1}}},
+    {191707, {{"se5a", 3}, {"sopcamel", 2}, {"spad13", 2}, {"soppup", 1}, {"soptriplane", 1}, {"spad7", 1}}},
+    {191801, {{"nieuport28", 1}, {"se5a", 1}, {"sopcamel", 1}, {"spad13", 1}}},
+    {999912, {{"sopcamel", 2}, {"nieuport28", 1}, {"se5a", 1}, {"sopdolphin", 1}, {"spad13", 1}}},
+};
+constexpr Period CentralPeriods[] = {
+    {191604, {{"fokkere3", 1}}},
+    {191606, {{"fokkere3", 2}, {"halberstadtd2", 1}}},
+    {191609, {{"halberstadtd2", 2}, {"fokkere3", 1}}},
+    {191610, {{"albatrosd2", 1}, {"halberstadtd2", 1}}},
+    {191612, {{"albatrosd2", 1}}},
+    {191701, {{"albatrosd2", 1}, {"albatrosd2late", 1}}},
+    {191702, {{"albatrosd2late", 1}}},
+    {191703, {{"albatrosd2late", 1}, {"albatrosd3", 1}}},
+    {191706, {{"albatrosd3", 1}}},
+    {191707, {{"albatrosd5", 1}}},
+    {191708, {{"albatrosd5", 1}, {"pfalzd3a", 1}}},
+    {191709, {{"albatrosd5", 1}, {"fokkerdr1", 1}, {"pfalzd3a", 1}}},
+    {191712, {{"fokkerdr1", 7}, {"pfalzd3a", 2}, {"albatrosd5", 1}}},
+    {191804, {{"fokkerdr1", 1}}},
+    {191806, {{"fokkerd7", 1}}},
+    {191808, {{"fokkerd7", 1}, {"fokkerd7f", 1}, {"pfalzd12", 1}}},
+    {191812, {{"fokkerd7f", 1}, {"fokkerd8", 1}, {"pfalzd12", 1}}},
+    {999912, {{"fokkerd8", 1}}},
+};
+// clang-format on
+
+template <size_t Count> constexpr bool ascend(const Period (&periods)[Count]) {
+    for (size_t i = 1; i < Count; ++i)
+        if (periods[i - 1].until >= periods[i].until)
+            return false;
+    return true;
+}
+static_assert(ascend(AlliedPeriods) && ascend(CentralPeriods));
+
+constexpr std::string_view RefusedByFrance[] = {"soppup", "soptriplane", "sopcamel",  "sopdolphin",
+                                                "se5a",   "dh2",         "nieuport28"};
+constexpr std::string_view TakenByUsa[] = {"sopcamel", "nieuport28", "spad13"};
+constexpr std::string_view WithGunsAsPayload2[] = {"sopdolphin", "spad13", "sopcamel", "se5a"};
+
+// The rounds of chooseNationPlane: in these the month goes back by one, and in the last but four it
+// is put back.
+constexpr int32_t FirstRound = 600;
+constexpr int32_t LastRound = 999;
+constexpr int32_t RoundsBack[] = {800, 825, 850, 875, 900, 910, 920, 930, 940, 950};
+constexpr int32_t RoundOfReturn = 995;
+
+template <typename List, typename Value> bool holds(const List& list, const Value& value) {
+    return std::find(std::begin(list), std::end(list), value) != std::end(list);
+}
+
+const Period& periodAt(bool allied, int32_t year, int32_t month) {
+    const auto reaches = [until = year * 100 + month](const Period& period) {
+        return until <= period.until;
+    };
+    if (allied) {
+        const auto last = std::end(AlliedPeriods) - 1;
+        return *std::find_if(std::begin(AlliedPeriods), last, reaches);
+    }
+    const auto last = std::end(CentralPeriods) - 1;
+    return *std::find_if(std::begin(CentralPeriods), last, reaches);
+}
+
+const char* drawPlane(const Period& period, zel::Random& random) {
+    int32_t sum = 0;
+    for (const Share& share : period.shares)
+        sum += share.weight;
+    int32_t draw = random.getInt(0, sum - 1);
+    for (const Share& share : period.shares) {
+        if (draw < share.weight)
+            return share.plane;
+        draw -= share.weight;
+    }
+    return period.shares[0].plane; // not reached: the draw lies below the sum
+}
+
+bool accepts(int32_t nation, const char* plane) {
+    if (nation == France)
+        return !holds(RefusedByFrance, plane);
+    return nation != Usa || holds(TakenByUsa, plane);
+}
+
+zel::Random* currentRandom = nullptr;
+
+zel::Random& planeRandom() {
+    if (currentRandom != nullptr)
+        return *currentRandom;
+    static zel::Random fallback;
+    return fallback;
+}
+
+struct PlaneLists {
+    std::vector<zel::String> identifiers;
+    std::vector<zel::String> displayNames;
+};
+
+PlaneLists& planeLists() {
+    static PlaneLists lists;
+    return lists;
+}
+
+} // namespace
+
+void initPlaneNames() {
+    PlaneLists& lists = planeLists();
+    lists = PlaneLists();
+    for (const PlaneName& name : PlaneNames) {
+        lists.identifiers.emplace_back(name.identifier);
+        lists.displayNames.emplace_back(name.displayName);
+    }
+}
+
+const std::vector<zel::String>& planeIdentifiers() {
+    if (planeLists().identifiers.empty())
+        initPlaneNames();
+    return planeLists().identifiers;
+}
+
+const std::vector<zel::String>& planeDisplayNames() {
+    if (planeLists().displayNames.empty())
+        initPlaneNames();
+    return planeLists().displayNames;
+}
+
+int32_t planeIndex(std::string_view identifier) {
+    for (int32_t i = PlaneCount - 1; i >= 0; --i)
+        if (identifier == PlaneNames[i].identifier)
+            return i;
+    return -1;
+}
+
+zel::String planeDisplayName(const zel::String& identifier) {
+    const int32_t index = planeIndex(identifier);
+    return index >= 0 ? zel::String(PlaneNames[index].displayName) : identifier;
+}
+
+zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t /*day*/) {
+    return drawPlane(periodAt(allied, year, month), planeRandom());
+}
+
+zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t /*day*/) {
+    const bool allied = isAllied(nation);
+    zel::Random& random = planeRandom();
+    int32_t workingYear = year;
+    int32_t workingMonth = month;
+    const Period* period = &periodAt(allied, year, month);
+    const char* plane = "";
+    for (int32_t round = FirstRound; round <= LastRound; ++round) {
+        if (holds(RoundsBack, round) && --workingMonth < 1) {
+            workingMonth = 12;
+            --workingYear;
+        }
+        if (round == RoundOfReturn) {
+            workingYear = year;
+            workingMonth = month;
+        }
+        if (round >= RoundsBack[0])
+            period = &periodAt(allied, workingYear, workingMonth);
+        plane = drawPlane(*period, random);
+        if (accepts(nation, plane))
+            break;
+    }
+    return plane;
+}
+
+std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t month) {
+    std::vector<const char*> planes;
+    for (const Share& share : periodAt(isAllied(nation), year, month).shares)
+        if (share.plane != nullptr && accepts(nation, share.plane))
+            planes.push_back(share.plane);
+    return planes;
+}
+
+zel::String payloadId(const zel::String& plane) {
+    return holds(WithGunsAsPayload2, plane.view()) ? "2" : "0";
+}
+
+void setPlaneRandom(zel::Random* random) { currentRandom = random; }

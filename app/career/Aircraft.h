@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/core/String.h"
+
+namespace zel {
+class Random;
+}
+
+/// The fighter types that the career knows, by the simulator's own names in lower case. A type's
+/// identifier is also the preferences key that says whether the player has it.
+
+/// The number of types, and of those at the front of the list that fly for the Allies.
+constexpr int32_t PlaneCount = 24;
+constexpr int32_t AlliedPlaneCount = 12;
+
+/// Fills the two lists below; called once at the start, and harmless a second time.
+void initPlaneNames();
+const std::vector<zel::String>& planeIdentifiers();
+const std::vector<zel::String>& planeDisplayNames(); // in step with planeIdentifiers()
+
+/// The display name; an unknown identifier comes back unchanged.
+zel::String planeDisplayName(const zel::String& identifier);
+/// Index in planeIdentifiers() of the last entry of that name; -1 if there is none.
+int32_t planeIndex(std::string_view identifier);
+/// Whether the entry of that index flies for the Allies.
+constexpr bool isAlliedPlane(int32_t index) { return index < AlliedPlaneCount; }
+
+/// Draws what a side flies in that month: one draw, whatever the row. The day plays no part.
+zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t day);
+/// Draws what a nation flies: 200 tries in that month, then further back, ten months at most. With
+/// nothing found, the last type drawn.
+zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t day);
+/// The identifiers that chooseNationPlane can give in that month without going further back.
+std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t month);
+
+/// The simulator's PayloadId of a type: guns and nothing else.
+zel::String payloadId(const zel::String& plane);
+
+/// Where the draws above come from: the current mission generator's source while there is one (it
+/// sets and clears it); null means a source of the program's own.
+void setPlaneRandom(zel::Random* random);

@@ -1,0 +1,97 @@
+#include "app/career/CareerTexts.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "app/career/Database.h"
+#include "app/war/SquadronSimulator.h"
+
+namespace {
+
+constexpr size_t AceRows = 10;
+constexpr uint16_t AceShotdowns = 5;
+constexpr const char* NoAces = "(NO PILOTS WITH MORE THAN 5 SHOTDOWNS)"; // sic: five are enough
+
+zel::String scoreLine(const Database& career, int32_t index) {
+    const Pilot& pilot = career.pilots[static_cast<size_t>(index)];
+    return zel::String(zel::arrayText(pilot.name)) +
+           (index == career.playerPilot ? " (you!)" : "") + ": " + pilot.shotdowns;
+}
+
+const Squadron& playersSquadron(const Database& career) {
+    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
+    return career.squadrons[static_cast<size_t>(player.squadron)];
+}
+
+} // namespace
+
+zel::String serviceText(int32_t service) {
+    const char* name = service == ServiceEnglish  ? "English"
+                       : service == ServiceGerman ? "German"
+                                                  : "French";
+    return zel::String("Service: ") + name;
+}
+
+zel::String startDateText(int32_t year, int32_t month) {
+    return "Start date: " + Calendar::monthName(month) + " " + year;
+}
+
+zel::String pilotNameText(const Database& career) {
+    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
+    return zel::String("Your pilot's name: ") + zel::arrayText(player.name);
+}
+
+bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }
+
+zel::String missionButtonText(const Database& career) {
+    return isWarOver(career) ? "The War is over!" : "Next Mission";
+}
+
+zel::String baseText(const Database& career) {
+    return zel::String("Current base: Near ") + zel::arrayText(playersSquadron(career).baseName);
+}
+
+zel::String squadronText(const Database& career) {
+    const int32_t number = SquadronSimulator::squadronNumber(playersSquadron(career).squadronFile);
+    return SquadronSimulator::hasDisplayName(number)
+               ? SquadronSimulator::squadronDisplayName(number)
+               : zel::String();
+}
+
+std::vector<zel::String> squadronLines(const Database& career, size_t most) {
+    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
+    std::vector<zel::String> lines;
+    for (const int32_t pilot : career.squadronRoster(player.squadron))
+        if (lines.size() < most)
+            lines.push_back(scoreLine(career, pilot));
+    return lines;
+}
+
+std::vector<int32_t> bestPilots(const std::vector<Pilot>& pilots, size_t count) {
+    std::vector<int32_t> best(pilots.size());
+    std::iota(best.begin(), best.end(), 0);
+    const auto end = best.begin() + static_cast<std::ptrdiff_t>(std::min(count, best.size()));
+    std::partial_sort(best.begin(), end, best.end(), [&](int32_t a, int32_t b) {
+        const Pilot& first = pilots[static_cast<size_t>(a)];
+        const Pilot& second = pilots[static_cast<size_t>(b)];
+        if (first.shotdowns != second.shotdowns)
+            return first.shotdowns > second.shotdowns;
+        if (first.missions != second.missions)
+            return first.missions > second.missions;
+        return a < b;
+    });
+    best.erase(end, best.end());
+    return best;
+}
+
+std::vector<zel::String> aceLines(const Database& career) {
+    std::vector<zel::String> lines;
+    for (const int32_t index : bestPilots(career.pilots, AceRows)) {
+        const Pilot& pilot = career.pilots[static_cast<size_t>(index)];
+        if (pilot.shotdowns >= AceShotdowns)
+            lines.push_back(scoreLine(career, index) + (pilot.alive == 0 ? " RIP" : ""));
+        else
+            lines.emplace_back(lines.empty() ? NoAces : "");
+    }
+    return lines;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+struct Pilot;
+
+// The fixed texts of the career's pages, for the screens and for the command line.
+
+constexpr int32_t FirstDayOfPeace = 19181111; // as Calendar::dateNumber()
+
+/// "Service: English"; any number but 1 and 2 is French.
+zel::String serviceText(int32_t service);
+/// "Start date: March 1917".
+zel::String startDateText(int32_t year, int32_t month);
+/// "Your pilot's name: First Last".
+zel::String pilotNameText(const Database& career);
+
+bool isWarOver(const Database& career);
+/// "Next Mission" or "The War is over!".
+zel::String missionButtonText(const Database& career);
+/// "Current base: Near Arras".
+zel::String baseText(const Database& career);
+/// The name of the player's squadron; empty for one that has none.
+zel::String squadronText(const Database& career);
+
+/// "Name (you!): 12" for each pilot of the player's squadron, best first, at most that many.
+std::vector<zel::String> squadronLines(const Database& career, size_t most = 12);
+
+/// Indices of the pilots with the most shotdowns, then missions, then the lower index.
+std::vector<int32_t> bestPilots(const std::vector<Pilot>& pilots, size_t count);
+/// The war's ten best, living and dead, a line each and empty lines for those below five victories:
+/// "Name (you!): 12 RIP".
+std::vector<zel::String> aceLines(const Database& career);

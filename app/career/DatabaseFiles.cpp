@@ -1,0 +1,202 @@
+#include <algorithm>
+#include <map>
+#include <string>
+
+#include "app/career/Database.h"
+#include "engine/core/Directory.h"
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+
+namespace {
+
+constexpr const char* DeliveredSquadrons = "Data\\Historical\\Squadrons\\";
+constexpr const char* CustomSquadrons = "Data\\Custom\\Squadrons\\";
+constexpr const char* DeliveredPilots = "Data\\Historical\\Pilots\\";
+constexpr const char* CustomPilots = "Data\\Custom\\Pilots\\";
+constexpr int32_t KnownNations[] = {France, England, Usa, Germany};
+
+/// The file's name without an ending of three letters.
+std::string baseName(const std::string& fileName) {
+    const size_t length = fileName.size();
+    return length > 4 && fileName[length - 4] == '.' ? fileName.substr(0, length - 4) : fileName;
+}
+
+void setName(SquadronFile& file, std::string_view name) {
+    zel::copyText(file.fileName, name);
+    zel::copyText(file.key, name);
+}
+
+void setName(PilotFile& file, std::string_view name) { zel::copyText(file.name, name); }
+
+void logFile(const zel::String& path, const char* fault) {
+    zel::log(path + ": " + fault, "Database", zel::LogWarning);
+}
+
+/// Reads one kind of data folders: each file's lines go behind those of the record of its name.
+template <typename Record> class FolderReader {
+public:
+    FolderReader(std::vector<Record>& records, std::vector<DataLine>& dataLines)
+        : records(records), dataLines(dataLines) {}
+
+    /// A folder that isn't there is an empty one.
+    void readFolder(const zel::String& folder) {
+        const zel::Directory directory(folder, "*.*");
+        for (int32_t i = 0; i < directory.count(); ++i)
+            if (!directory.isDirectory(i))
+                readFile(folder + directory.name(i), baseName(directory.name(i).c_str()));
+    }
+
+private:
+    struct Entry {
+        size_t record;
+        int32_t lineCount;
+    };
+
+    Entry& entryOf(const std::string& name) {
+        const auto [place, isNew] = entries.try_emplace(name, Entry{records.size(), 0});
+        if (isNew) {
+            records.emplace_back();
+            setName(records.back(), name);
+        }
+        return place->second;
+    }
+
+    void readFile(const zel::String& path, const std::string& name) {
+        if (name.size() > 63)
+            logFile(path, "the name is cut to 63 characters");
+        Entry& entry = entryOf(name.substr(0, 63));
+        zel::File file(path, zel::FileRead);
+        if (file.hasFailed())
+            logFile(path, "can't be read");
+        while (file.hasLine()) {
+            const std::string_view text = file.lineView();
+            if (text.size() > 255)
+                logFile(path, "a line is cut to 255 characters");
+            if (entry.lineCount < LineReferenceCount)
+                records[entry.record].lines[entry.lineCount] =
+                    static_cast<int32_t>(dataLines.size());
+            else if (entry.lineCount == LineReferenceCount)
+                logFile(path, "only the first 256 lines are used");
+            ++entry.lineCount;
+            dataLines.emplace_back();
+            zel::copyText(dataLines.back().text, text);
+        }
+    }
+
+    std::vector<Record>& records;
+    std::vector<DataLine>& dataLines;
+    std::map<std::string, Entry> entries;
+};
+
+bool namesPlane(const std::vector<DataToken>& tokens, std::string_view plane) {
+    return std::any_of(tokens.begin(), tokens.end(), [&](const DataToken& token) {
+        return token.is("aircraft") && zel::equalsNoCase(token.value, plane);
+    });
+}
+
+const DataToken* findSkin(const std::vector<DataToken>& tokens) {
+    const auto skin = std::find_if(tokens.begin(), tokens.end(),
+                                   [](const DataToken& token) { return token.is("skin"); });
+    return skin != tokens.end() ? &*skin : nullptr;
+}
+
+void logDebug(const char* first, std::string_view second, const char* third = "",
+              std::string_view fourth = {}) {
+    if (zel::isLogged("Database", zel::LogDebug))
+        zel::log(zel::String(first) + second + third + fourth, "Database", zel::LogDebug);
+}
+
+/// Calls use(line text) for the lines of every squadron file of that key, until it answers true.
+template <typename Use>
+bool anyLineOf(const Database& database, std::string_view key, const Use& use) {
+    for (const SquadronFile& file : database.squadronFiles) {
+        if (zel::arrayText(file.key) != key)
+            continue;
+        for (const int32_t line : file.lines)
+            if (line >= 0 &&
+                use(zel::arrayText(database.dataLines[static_cast<size_t>(line)].text)))
+                return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void Database::readDataFiles() {
+    squadronFiles.clear();
+    pilotFiles.clear();
+    dataLines.clear();
+    // Most players have no folders of their own: that is worth no line in the log.
+    FolderReader<SquadronFile> squadronReader(squadronFiles, dataLines);
+    squadronReader.readFolder(DeliveredSquadrons);
+    if (zel::system::isDirectory(CustomSquadrons))
+        squadronReader.readFolder(CustomSquadrons);
+    FolderReader<PilotFile> pilotReader(pilotFiles, dataLines);
+    pilotReader.readFolder(DeliveredPilots);
+    if (zel::system::isDirectory(CustomPilots))
+        pilotReader.readFolder(CustomPilots);
+
+    for (const SquadronFile& file : squadronFiles) {
+        const int32_t nation = zel::toInt(zel::arrayText(file.key).substr(0, 3));
+        if (std::find(std::begin(KnownNations), std::end(KnownNations), nation) ==
+            std::end(KnownNations))
+            zel::log(zel::String("Squadron file ") + zel::arrayText(file.key) +
+                         " belongs to no nation of the war",
+                     "Database", zel::LogWarning);
+    }
+}
+
+bool Database::hasAircraft(const zel::String& key, const zel::String& plane) const {
+    if (key.empty())
+        return false;
+    logDebug("Scanning for aircraft ", plane, " at hsquadron ", key);
+    std::vector<DataToken> tokens;
+    return anyLineOf(*this, key, [&](std::string_view line) {
+        logDebug("LINE: ", line);
+        splitDataLine(line, tokens);
+        for (const DataToken& token : tokens) {
+            if (!token.is("aircraft"))
+                continue;
+            logDebug("Checking ", token.value, " and ", plane);
+            if (zel::equalsNoCase(token.value, plane)) {
+                logDebug("FOUND!", {});
+                return true;
+            }
+        }
+        return false;
+    });
+}
+
+zel::String Database::squadronSkin(const zel::String& key, const zel::String& plane) const {
+    zel::String skin;
+    logDebug("Scanning for aircraft ", plane, " at hsquadron ", key);
+    std::vector<DataToken> tokens;
+    anyLineOf(*this, key, [&](std::string_view line) {
+        splitDataLine(line, tokens);
+        if (!namesPlane(tokens, plane))
+            return false;
+        logDebug("Found aircraft ", {});
+        const DataToken* found = findSkin(tokens);
+        if (found == nullptr)
+            return false;
+        skin = found->value;
+        logDebug("Returning skin: ", skin);
+        return true;
+    });
+    return skin;
+}
+
+zel::String Database::pilotSkin(int32_t pilotFile, const zel::String& plane) const {
+    if (pilotFile < 0 || static_cast<size_t>(pilotFile) >= pilotFiles.size())
+        return {};
+    std::vector<DataToken> tokens;
+    for (const int32_t line : pilotFiles[static_cast<size_t>(pilotFile)].lines) {
+        if (line < 0)
+            continue;
+        splitDataLine(zel::arrayText(dataLines[static_cast<size_t>(line)].text), tokens);
+        const DataToken* skin = findSkin(tokens);
+        if (skin != nullptr && namesPlane(tokens, plane))
+            return zel::String(skin->value);
+    }
+    return {};
+}

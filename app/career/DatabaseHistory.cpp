@@ -1,0 +1,293 @@
+#include <algorithm>
+
+#include "app/career/Database.h"
+#include "engine/core/Log.h"
+
+namespace {
+
+// Nations aim at a number of squadrons that grows by the month.
+constexpr int32_t MonthsBeforeWar = 22980; // year * 12 + month of December 1914
+
+/// Places in the counts of active squadrons; -1 for a nation that isn't counted.
+enum CountedNation : int32_t { CountedFrance, CountedEngland, CountedUsa, CountedGermany, Counted };
+
+int32_t countedNation(int32_t nation) {
+    switch (nation) {
+    case France:
+        return CountedFrance;
+    case England:
+        return CountedEngland;
+    case Usa:
+        return CountedUsa;
+    case Germany:
+        return CountedGermany;
+    default:
+        return -1;
+    }
+}
+
+int32_t tokenNumber(const std::vector<DataToken>& tokens, std::string_view key, int32_t absent) {
+    for (const DataToken& token : tokens)
+        if (token.is(key))
+            return zel::toInt(token.value);
+    return absent;
+}
+
+bool isDue(const std::vector<DataToken>& tokens, std::string_view today) {
+    return std::any_of(tokens.begin(), tokens.end(), [&](const DataToken& token) {
+        return token.is("date") && token.value <= today;
+    });
+}
+
+bool hasUnit(const std::vector<DataToken>& tokens) {
+    return std::any_of(tokens.begin(), tokens.end(), [](const DataToken& token) {
+        return token.is("unit") && !token.value.empty();
+    });
+}
+
+/// How good a named pilot is when he joins.
+uint8_t drawHistoricSkill(int32_t aceLevel, int32_t acePotential, zel::Random& random) {
+    int32_t skill = 0;
+    if (aceLevel < 1) {
+        const int32_t most = random.getInt(0, 1);
+        skill = 9 + random.getInt(0, most);
+    } else if (aceLevel == 1) {
+        skill = random.getInt(10, 11);
+        const int32_t most = random.getInt(0, 1);
+        skill += random.getInt(0, most);
+    } else {
+        skill = 9 + random.getInt(0, 1);
+    }
+    if (acePotential > 0)
+        skill = std::min(acePotential, 255);
+    return static_cast<uint8_t>(skill);
+}
+
+/// Index of the first squadron of that key; -1 for none.
+int32_t squadronOfKey(const std::vector<Squadron>& squadrons, std::string_view key) {
+    const auto found = std::find_if(squadrons.begin(), squadrons.end(), [&](const Squadron& s) {
+        return zel::arrayText(s.key) == key;
+    });
+    return found != squadrons.end() ? static_cast<int32_t>(found - squadrons.begin()) : -1;
+}
+
+bool isBetter(const Pilot& b, const Pilot& a) {
+    const bool aliveA = a.alive != 0;
+    const bool aliveB = b.alive != 0;
+    if (aliveA != aliveB)
+        return aliveB;
+    if (a.shotdowns != b.shotdowns)
+        return b.shotdowns > a.shotdowns;
+    if (a.missions != b.missions)
+        return b.missions > a.missions;
+    return b.skill > a.skill;
+}
+
+bool replaceInSlots(Squadron& squadron, int32_t leaving, int32_t coming) {
+    const auto slot = std::find(std::begin(squadron.slots), std::end(squadron.slots), leaving);
+    if (slot == std::end(squadron.slots))
+        return false;
+    *slot = coming;
+    return true;
+}
+
+} // namespace
+
+void Database::activateSquadrons(int32_t atYear, int32_t atMonth, int32_t atDay) {
+    const zel::String today = Calendar(atYear, atMonth, atDay).dateText();
+    int32_t counts[Counted] = {};
+    for (Squadron& squadron : squadrons) {
+        const std::string_view earliest = zel::arrayText(squadron.earliestDate);
+        if (!earliest.empty() && earliest <= today.view())
+            squadron.active = 1;
+        const int32_t nation = countedNation(squadron.nation);
+        if (squadron.active != 0 && nation >= 0)
+            ++counts[nation];
+    }
+
+    const int32_t months = atYear * 12 + atMonth - MonthsBeforeWar;
+    int32_t targets[Counted] = {};
+    targets[CountedFrance] = targets[CountedEngland] = 5 * months / 3;
+    targets[CountedGermany] = 10 * months / 3;
+    for (Squadron& squadron : squadrons) {
+        const int32_t nation = countedNation(squadron.nation);
+        if (squadron.squadronFile >= 0 || nation < 0 || counts[nation] >= targets[nation])
+            continue;
+        // One that is active already counts again: the strength may be reached early, as is meant.
+        squadron.active = 1;
+        ++counts[nation];
+    }
+    if (zel::isLogged("Database", zel::LogInfo))
+        zel::log(zel::String(" Active squadrons: English=") + counts[CountedEngland] +
+                     " French=" + counts[CountedFrance] + " American=" + counts[CountedUsa] +
+                     " German=" + counts[CountedGermany],
+                 "Database", zel::LogInfo);
+}
+
+void Database::applyHistory() {
+    const zel::String today = calendar().dateText();
+    for (size_t i = 0; i < pilotFiles.size(); ++i) {
+        const int32_t pilot = pilotFiles[i].pilotIndex;
+        if (!isPilot(pilot) || pilots[static_cast<size_t>(pilot)].alive != 0)
+            applyPilotFile(static_cast<int32_t>(i), today);
+    }
+    for (size_t i = 0; i < squadrons.size(); ++i)
+        fillVacantSlots(static_cast<int32_t>(i));
+}
+
+void Database::applyPilotFile(int32_t fileIndex, std::string_view today) {
+    const PilotFile& file = pilotFiles[static_cast<size_t>(fileIndex)];
+    const zel::String name(zel::arrayText(file.name));
+    std::vector<DataToken> tokens;
+    for (int32_t place = 0; place < LineReferenceCount; ++place) {
+        const int32_t line = file.lines[place];
+        if (line < 0 || dataLines[static_cast<size_t>(line)].applied != 0)
+            continue;
+        splitDataLine(zel::arrayText(dataLines[static_cast<size_t>(line)].text), tokens);
+        bool usedUp = false;
+        for (const DataToken& token : tokens)
+            if (token.is("date") && token.value <= today)
+                usedUp = applyPilotEvent(name, tokens, fileIndex) || usedUp;
+        if (!usedUp)
+            continue;
+        dataLines[static_cast<size_t>(line)].applied = 1;
+        // He has moved on: the postings before this one are past, or the next update would take him
+        // back to the squadron that he joined first.
+        for (int32_t before = 0; before < place; ++before) {
+            if (file.lines[before] < 0)
+                continue;
+            DataLine& earlier = dataLines[static_cast<size_t>(file.lines[before])];
+            splitDataLine(zel::arrayText(earlier.text), tokens);
+            if (hasUnit(tokens) && isDue(tokens, today))
+                earlier.applied = 1;
+        }
+    }
+}
+
+void Database::fillVacantSlots(int32_t squadron) {
+    const size_t index = static_cast<size_t>(squadron);
+    for (int32_t slot = 0; slot < squadrons[index].pilotCount; ++slot) {
+        const int32_t leaving = squadrons[index].slots[slot];
+        if (!isPilot(leaving) || pilots[static_cast<size_t>(leaving)].alive != 0)
+            continue;
+        Pilot pilot = makeReplacement(squadron);
+        int32_t skill = random.getInt(0, 9);
+        while (random.getInt(0, 3) == 0)
+            ++skill;
+        pilot.skill = static_cast<uint8_t>(std::min(skill, 255));
+        const auto coming = static_cast<int32_t>(pilots.size());
+        pilots.push_back(pilot);
+        if (leaving == playerPilot)
+            playerPilot = coming;
+        squadrons[index].slots[slot] = coming;
+    }
+}
+
+/// A new man of the squadron with a name and no skill yet.
+Pilot Database::makeReplacement(int32_t squadron) {
+    const int32_t nation = squadrons[static_cast<size_t>(squadron)].nation;
+    Pilot pilot;
+    zel::copyText(pilot.name, drawPilotName(nation));
+    pilot.squadron = squadron;
+    pilot.alive = 1;
+    pilot.nation = static_cast<uint16_t>(nation);
+    return pilot;
+}
+
+bool Database::applyPilotEvent(const zel::String& name, const std::vector<DataToken>& tokens,
+                               int32_t fileIndex) {
+    bool usedUp = false;
+    const PilotFile& file = pilotFiles[static_cast<size_t>(fileIndex)];
+    for (const DataToken& token : tokens) {
+        if (!token.is("unit") || token.value.empty())
+            continue;
+        if (file.joined == 0)
+            usedUp = joinSquadron(name, token.value, tokens, fileIndex) || usedUp;
+        if (file.joined != 0 && isPilot(file.pilotIndex))
+            usedUp = moveToSquadron(name, token.value, fileIndex);
+    }
+    return usedUp;
+}
+
+bool Database::joinSquadron(const zel::String& name, std::string_view key,
+                            const std::vector<DataToken>& tokens, int32_t fileIndex) {
+    const int32_t index = squadronOfKey(squadrons, key);
+    if (index < 0)
+        return false;
+    Squadron& squadron = squadrons[static_cast<size_t>(index)];
+    int32_t slot = 0;
+    for (; slot < squadron.pilotCount; ++slot) {
+        const int32_t holder = squadron.slots[slot];
+        if (isPilot(holder) && pilots[static_cast<size_t>(holder)].alive == 0 &&
+            holder != playerPilot)
+            break;
+    }
+    if (slot == squadron.pilotCount)
+        return false; // he waits for a vacancy
+
+    const int32_t aceLevel = tokenNumber(tokens, "acelevel", -1);
+    const int32_t acePotential = tokenNumber(tokens, "acepotential", -1);
+    if (aceLevel >= 3)
+        zel::log("Pilot " + name + " has acelevel=" + aceLevel + ", taken for 2", "Database",
+                 zel::LogWarning);
+    Pilot pilot = makeReplacement(index);
+    if (!name.empty())
+        zel::copyText(pilot.name, name);
+    pilot.skill = drawHistoricSkill(aceLevel, acePotential, random);
+    pilot.historic = 1;
+    pilot.pilotFile = fileIndex;
+    const auto pilotIndex = static_cast<int32_t>(pilots.size());
+    pilots.push_back(pilot);
+    squadron.slots[slot] = pilotIndex;
+    PilotFile& file = pilotFiles[static_cast<size_t>(fileIndex)];
+    file.joined = 1;
+    file.pilotIndex = pilotIndex;
+    if (zel::isLogged("Database", zel::LogInfo))
+        zel::log("Pilot " + name + " joins squadron " + key + " with acelevel=" + aceLevel,
+                 "Database", zel::LogInfo);
+    return true;
+}
+
+bool Database::moveToSquadron(const zel::String& name, std::string_view key, int32_t fileIndex) {
+    const int32_t pilot = pilotFiles[static_cast<size_t>(fileIndex)].pilotIndex;
+    const int32_t target = squadronOfKey(squadrons, key);
+    // A line for the squadron that he is in has no effect and stays for later: he may leave it.
+    if (target < 0 || target == pilots[static_cast<size_t>(pilot)].squadron)
+        return false;
+    const std::vector<int32_t> roster = squadronRoster(target);
+    const auto partner = std::find_if(roster.rbegin(), roster.rend(), [&](int32_t candidate) {
+        return pilots[static_cast<size_t>(candidate)].pilotFile < 0 && candidate != playerPilot;
+    });
+    if (partner == roster.rend() || !swapPilots(pilot, *partner))
+        return false;
+    if (zel::isLogged("Database", zel::LogInfo))
+        zel::log("Pilot " + name + " moves to squadron " + key, "Database", zel::LogInfo);
+    return true;
+}
+
+bool Database::swapPilots(int32_t first, int32_t second) {
+    if (!isPilot(first) || !isPilot(second))
+        return false;
+    Pilot& a = pilots[static_cast<size_t>(first)];
+    Pilot& b = pilots[static_cast<size_t>(second)];
+    if (a.squadron == b.squadron || !isSquadron(a.squadron) || !isSquadron(b.squadron))
+        return false;
+    std::swap(a.squadron, b.squadron);
+    // The squadrons have changed over: each gives up the other's former member.
+    const bool left = replaceInSlots(squadrons[static_cast<size_t>(b.squadron)], first, second);
+    const bool right = replaceInSlots(squadrons[static_cast<size_t>(a.squadron)], second, first);
+    return left && right;
+}
+
+std::vector<int32_t> Database::squadronRoster(int32_t squadron) const {
+    std::vector<int32_t> roster;
+    if (!isSquadron(squadron))
+        return roster;
+    for (const int32_t pilot : squadrons[static_cast<size_t>(squadron)].slots)
+        if (isPilot(pilot))
+            roster.push_back(pilot);
+    std::stable_sort(roster.begin(), roster.end(), [&](int32_t b, int32_t a) {
+        return isBetter(pilots[static_cast<size_t>(b)], pilots[static_cast<size_t>(a)]);
+    });
+    return roster;
+}

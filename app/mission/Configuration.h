@@ -1,0 +1,22 @@
+#pragma once
+
+#include "engine/core/String.h"
+
+/// The settings that a player edits by hand, and the one place that knows where the simulator is.
+/// All of it is static; docs/manual.md tells the form of the file.
+class Configuration {
+public:
+    virtual ~Configuration() = default;
+
+    /// Adds a file's entries, `key=value` a line, to those held. A missing file is an empty one.
+    static void load(const zel::String& fileName);
+    /// The value, or `defaultValue` where it is missing or empty. Keys don't distinguish case.
+    static zel::String get(const zel::String& key, const zel::String& defaultValue);
+    static void set(const zel::String& key, const zel::String& value);
+    /// The simulator's folder, to be joined directly with "data\\" and the like. Empty if neither
+    /// the settings nor the registry of Windows names one; paths are then relative to the current
+    /// folder.
+    static zel::String getRofDirectory();
+    /// As at the program's start: no values and no known folder.
+    static void reset();
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+class MissionGenerator;
+
+constexpr const char* MissionTemplateFile = "Data/Missions/GenericTemplate.Mission";
+/// In the folder data\Missions of the simulator.
+constexpr const char* MissionFileName = "WingtallyMission.Mission";
+
+/// The mission of the day, as it was written and as the start screen shows it.
+struct DailyMission {
+    zel::String file;                // the mission file
+    zel::String problem;             // why there is none; empty if all went well
+    std::vector<zel::String> roster; // a line for each plane of the player's nation, his first
+    bool isFlyable = true;           // the player owns a type that he can fly
+};
+
+/// Plans and writes the mission of the day into the simulator's folder. On error: a log line at
+/// level 2 and `problem`.
+DailyMission writeDailyMission(Database& career, MissionGenerator& generator);
+
+/// The label of the button that leads on.
+zel::String startLabel(const DailyMission& mission);

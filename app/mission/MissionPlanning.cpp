@@ -1,0 +1,244 @@
+#include <algorithm>
+
+#include "app/career/Aircraft.h"
+#include "app/mission/MissionGenerator.h"
+#include "engine/core/Log.h"
+#include "engine/core/Registry.h"
+
+namespace {
+
+constexpr int32_t TriesForType = 100;
+constexpr int32_t MostVacantDraws = 10;
+constexpr int32_t MostAttempts = 10000; // behind these a career is too odd to plan for
+
+bool isOfSide(int32_t nation, bool allied) {
+    return isAllied(nation) == allied && !belongsToNobody(nation);
+}
+
+void logPlanning(const char* first, const zel::String& second = {}) {
+    if (zel::isLogged("Mission Generator", zel::LogDebug))
+        zel::log(first + second, "Mission Generator", zel::LogDebug);
+}
+
+void logHopeless(const char* what) { zel::log(what, "Mission Generator", zel::LogFatal); }
+
+/// The newest type up to the drawn one that the player owns; a type of the other side in its place
+/// leaves him the drawn one.
+zel::String ownedType(const zel::String& drawn, bool allied) {
+    for (int32_t i = planeIndex(drawn); i >= 0; --i) {
+        const zel::String& type = planeIdentifiers()[static_cast<size_t>(i)];
+        if (zel::Registry::isOn(type))
+            return isAlliedPlane(i) == allied ? type : drawn;
+    }
+    return drawn;
+}
+
+PlannedPlane planeOf(const Database& career, int32_t pilotIndex, int32_t squadron,
+                     const zel::String& type) {
+    const Pilot& pilot = career.pilots[static_cast<size_t>(pilotIndex)];
+    PlannedPlane plane;
+    plane.pilot = pilotIndex;
+    plane.name = zel::String(zel::arrayText(pilot.name));
+    plane.nation = pilot.nation;
+    plane.skill = pilot.skill;
+    plane.shotdowns = pilot.shotdowns;
+    plane.missions = pilot.missions;
+    plane.squadron = squadron;
+    plane.pilotFile = pilot.pilotFile;
+    plane.type = type;
+    return plane;
+}
+
+} // namespace
+
+void MissionGenerator::planMission(bool withPlayer) {
+    Database& career = *Database::instance();
+    if (withPlayer && career.player().alive == 0)
+        career.applyHistory(); // his successor flies
+    int32_t player = -1;
+    for (int32_t attempt = 0;; ++attempt) {
+        selectPlanes(withPlayer);
+        player = findPlayer();
+        if (plan.empty() || withPlayer == (player >= 0))
+            break;
+        if (attempt == MostAttempts) {
+            logHopeless("No plan comes out as it should with regard to the player");
+            if (withPlayer)
+                plan.clear();
+            else
+                plan.erase(std::remove_if(plan.begin(), plan.end(),
+                                          [&](const PlannedPlane& plane) {
+                                              return plane.pilot == career.playerPilot;
+                                          }),
+                           plan.end());
+            player = -1;
+            break;
+        }
+    }
+    if (!plan.empty())
+        groupBySide(player);
+    seasonPrefix = seasonFor(career.year, career.month, career.day);
+}
+
+int32_t MissionGenerator::findPlayer() const {
+    const int32_t player = Database::instance()->playerPilot;
+    for (auto i = static_cast<int32_t>(plan.size()) - 1; i >= 0; --i)
+        if (plan[static_cast<size_t>(i)].pilot == player)
+            return i;
+    return -1;
+}
+
+/// The player's plane first if there is one, then the first plane's side, then the other; within a
+/// side the order of drawing stands.
+void MissionGenerator::groupBySide(int32_t playerPlace) {
+    auto rest = plan.begin();
+    if (playerPlace >= 0) {
+        std::rotate(plan.begin(), plan.begin() + playerPlace, plan.begin() + playerPlace + 1);
+        ++rest;
+    }
+    const int32_t nation = plan.front().nation;
+    std::stable_partition(rest, plan.end(), [nation](const PlannedPlane& plane) {
+        return isSameSide(plane.nation, nation);
+    });
+}
+
+void MissionGenerator::selectPlanes(bool withPlayer) {
+    plan.clear();
+    Side german;
+    Side allied;
+    if (!chooseSide(false, withPlayer, german) || !chooseSide(true, withPlayer, allied))
+        return;
+    const GroupSizes sizes = drawGroupSizes();
+    int32_t vacantDraws = 0;
+    fillGroup(false, german, sizes.german, vacantDraws);
+    fillGroup(true, allied, sizes.allied, vacantDraws);
+}
+
+/// Draws squadron and type of one side. For the player's mission up to a hundred tries go to a pair
+/// that history knows; behind them the last pair stands. False if the side has no squadron.
+bool MissionGenerator::chooseSide(bool allied, bool withPlayer, Side& side) {
+    const Database& career = *Database::instance();
+    const int32_t playersNation =
+        withPlayer ? career
+                         .squadrons[static_cast<size_t>(
+                             career.pilots[static_cast<size_t>(career.playerPilot)].squadron)]
+                         .nation
+                   : 0;
+    const bool isPlayers = withPlayer && isOfSide(playersNation, allied);
+    for (int32_t i = 0; i < TriesForType; ++i) {
+        if (!allied)
+            side.type = planeForSide(false, career.year, career.month, career.day);
+        side.squadron = drawSquadron(allied, isPlayers, allied ? &side.type : nullptr);
+        if (side.squadron < 0)
+            return false;
+        if (!withPlayer)
+            return true;
+        const Squadron& squadron = career.squadrons[static_cast<size_t>(side.squadron)];
+        if (squadron.squadronFile < 0) {
+            if (isPlayers)
+                return true;
+            continue;
+        }
+        logPlanning("Checking squadron ", side.squadron);
+        const SquadronFile& file = career.squadronFiles[static_cast<size_t>(squadron.squadronFile)];
+        if (career.hasAircraft(zel::String(zel::arrayText(file.key)), side.type)) {
+            logPlanning("Skin found");
+            return true;
+        }
+    }
+    return true;
+}
+
+/// The player's squadron, or one of the side by repeated draws; an Allied candidate's type is drawn
+/// with him, whether he is taken or not. -1, with a log line, if no draw finds one.
+int32_t MissionGenerator::drawSquadron(bool allied, bool isPlayers, zel::String* alliedType) {
+    const Database& career = *Database::instance();
+    const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
+    for (int32_t attempt = 0; attempt < MostAttempts && last >= 0; ++attempt) {
+        const int32_t candidate =
+            isPlayers ? career.pilots[static_cast<size_t>(career.playerPilot)].squadron
+                      : random->getInt(0, last);
+        const int32_t nation = career.squadrons[static_cast<size_t>(candidate)].nation;
+        if (alliedType != nullptr)
+            *alliedType = chooseNationPlane(nation, career.year, career.month, career.day);
+        if (isOfSide(nation, allied))
+            return candidate;
+    }
+    logHopeless(allied ? "No Allied squadron for a mission" : "No German squadron for a mission");
+    return -1;
+}
+
+MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes() {
+    const int32_t year = Database::instance()->year;
+    for (;;) {
+        int32_t least = 2;
+        int32_t most = 4;
+        if (year <= 1916) {
+            least = 1;
+            most = random->getInt(0, 2) == 2 ? 3 : 2;
+        } else if (year == 1917) {
+            if (random->getInt(0, 11) == 0)
+                return {1, 1};
+        } else if (year == 1918) {
+            least = random->getInt(0, 1) == 0 ? 2 : 3;
+        }
+        const int32_t german = random->getInt(least, most);
+        const int32_t allied = random->getInt(least, most);
+        const bool alone = german == 1 || allied == 1;
+        if (alone ? german == allied : std::abs(german - allied) <= 1)
+            return {german, allied};
+    }
+}
+
+/// Draws that many different pilots of the squadron. A German group also flies with men who are
+/// gone and not replaced yet, an Allied one draws again; in both, too many such draws call for
+/// replacements.
+void MissionGenerator::fillGroup(bool allied, const Side& side, int32_t count,
+                                 int32_t& vacantDraws) {
+    Database& career = *Database::instance();
+    const auto squadron = static_cast<size_t>(side.squadron);
+    const size_t groupStart = plan.size();
+    const int32_t lastSlot = career.squadrons[squadron].pilotCount - 1;
+    count = std::min(count, lastSlot + 1);
+    for (int32_t attempt = 0; count > 0 && attempt < MostAttempts; ++attempt) {
+        const int32_t pilot = career.squadrons[squadron].slots[random->getInt(0, lastSlot)];
+        const bool drawnAlready =
+            std::any_of(plan.begin() + static_cast<std::ptrdiff_t>(groupStart), plan.end(),
+                        [pilot](const PlannedPlane& plane) { return plane.pilot == pilot; });
+        if (drawnAlready)
+            continue;
+        if (career.pilots[static_cast<size_t>(pilot)].alive == 0) {
+            if (vacantDraws > MostVacantDraws) {
+                career.applyHistory();
+                vacantDraws = 0;
+            }
+            ++vacantDraws;
+            if (allied)
+                continue;
+        }
+        plan.push_back(planeOf(career, pilot, side.squadron, side.type));
+        if (pilot == career.playerPilot)
+            plan.back().type = ownedType(side.type, allied);
+        --count;
+    }
+}
+
+zel::String MissionGenerator::seasonFor(int32_t /*year*/, int32_t month, int32_t day) {
+    const bool firstHalf = day <= 15;
+    switch (month) {
+    case 1:
+    case 2:
+        return "wi";
+    case 3:
+        return firstHalf && random->getInt(0, 1) == 0 ? "wi" : "su";
+    case 9:
+        return firstHalf ? "su" : "au";
+    case 10:
+    case 11:
+        return "au";
+    case 12:
+        return !firstHalf && random->getInt(0, 2) == 0 ? "wi" : "au";
+    default:
+        return "su";
+    }
+}

@@ -1,0 +1,200 @@
+#include <algorithm>
+
+#include "app/career/Aircraft.h"
+#include "app/mission/MissionGenerator.h"
+#include "app/war/SquadronSimulator.h"
+#include "engine/core/Log.h"
+
+namespace {
+
+constexpr int32_t ShotdownsOfAce = 5; // from here on they are shown behind the name
+constexpr float Spacing = 100.0F;     // metres between two planes of a group
+
+/// Placing of a side's group: what is drawn once for the mission.
+struct GroupPlacing {
+    float y;
+    float z;
+    float heading; // degrees
+};
+
+/// What the lines of one plane are made of.
+struct EmittedPlane {
+    zel::String shownName;
+    int32_t index; // the entity's is one higher
+    int32_t pilot;
+    int32_t nation;
+    int32_t level;  // 0 the player, 1 to 4 else
+    int32_t target; // entity of the group's first plane; 0 for that plane itself
+    zel::String type;
+    zel::String skin; // in its quotes
+    float x, y, z;    // metres
+    float heading;    // degrees
+};
+
+zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
+
+/// A name as the simulator's text can hold it.
+zel::String nameOf(const PlannedPlane& plane) {
+    std::string name(plane.name.view());
+    std::replace(name.begin(), name.end(), '"', '\'');
+    if (plane.shotdowns >= ShotdownsOfAce)
+        name += "/" + std::to_string(plane.shotdowns);
+    return zel::String(name);
+}
+
+std::vector<zel::String> placeLines(const EmittedPlane& plane) {
+    return {"  XPos = " + zel::formatFloat(plane.x) + ";",
+            "  YPos = " + zel::formatFloat(plane.y) + ";",
+            "  ZPos = " + zel::formatFloat(plane.z) + ";",
+            "  XOri = 0;",
+            "  YOri = " + zel::formatFloat(plane.heading) + ";",
+            "  ZOri = 0;"};
+}
+
+void append(std::vector<zel::String>& lines, const std::vector<zel::String>& more) {
+    lines.insert(lines.end(), more.begin(), more.end());
+}
+
+/// The plane's block and that of its entity, with empty lines around them.
+std::vector<zel::String> planeLines(const EmittedPlane& plane) {
+    const zel::String name = quoted(plane.shownName);
+    const zel::String description = quoted(zel::String("ID") + plane.pilot);
+    const zel::String entity(plane.index + 1);
+    const zel::String target = plane.target > 0 ? zel::String(plane.target) : zel::String();
+    std::vector<zel::String> lines = {
+        "",
+        "Plane",
+        "{",
+        "  Name = " + name + ";",
+        zel::String("  Index = ") + plane.index + ";",
+        "  LinkTrId = " + entity + ";",
+    };
+    append(lines, placeLines(plane));
+    append(lines,
+           {
+               "  Script = " + quoted("LuaScripts\\WorldObjects\\" + plane.type + ".txt") + ";",
+               "  Model = " +
+                   quoted("graphics\\planes\\" + plane.type + "\\" + plane.type + ".mgm") + ";",
+               zel::String("  Country = ") + plane.nation + ";",
+               "  Desc = " + description + ";",
+               "  Skin = " + plane.skin + ";",
+               zel::String("  AILevel = ") + plane.level + ";",
+               "  CoopStart = 0;",
+               "  NumberInFormation = 0;",
+               "  Vulnerable = 1;",
+               "  Engageable = 1;",
+               "  LimitAmmo = 1;",
+               "  StartInAir = 1;",
+               "  Time = 0;",
+               "  DamageReport = 50;",
+               "  DamageThreshold = 1;",
+               "  PayloadId = " + payloadId(plane.type) + ";",
+               "  Fuel = 0.325;",
+               "}",
+               "",
+               "MCU_TR_Entity",
+               "{",
+               "  Index = " + entity + ";",
+               "  Name = " + name + ";",
+               "  Desc = " + description + ";",
+               "  Targets = [" + target + "];",
+               "  Objects = [];",
+           });
+    append(lines, placeLines(plane));
+    append(lines, {
+                      "  Enabled = 1;",
+                      zel::String("  MisObjID = ") + plane.index + ";",
+                      "  OnMessages",
+                      "  {",
+                      "  }",
+                      "}",
+                      "",
+                  });
+    return lines;
+}
+
+} // namespace
+
+void MissionGenerator::emitPlanes(int32_t insertLine) {
+    if (plan.empty())
+        return;
+    const float areaHeight =
+        attackArea >= 0 ? templateObjects[static_cast<size_t>(attackArea)].y : 0.0F;
+    const float centreX = locationX + offsetX;
+    const float centreY = locationY + offsetY + areaHeight;
+    const float centreZ = locationZ + offsetZ;
+    const float spread = random->getFloat(1000, 2000); // half the distance between the groups
+    const float heightA = random->getFloat(-250, 350);
+    const float heightG = random->getFloat(-250, 350);
+    const float headingA = random->getFloat(-10, 10);
+    const float headingG = random->getFloat(-10, 10);
+    const GroupPlacing alliedGroup{centreY + 100 + heightA, centreZ - spread, headingA + 90};
+    const GroupPlacing germanGroup{centreY + 100 + heightG, centreZ + spread, headingG + 270};
+
+    const std::vector<int32_t> levels = planeLevels();
+    int32_t firstAllied = -1; // Index of the first plane of each side
+    int32_t firstGerman = -1;
+    int32_t position = 0; // in its group
+    for (size_t i = 0; i < plan.size(); ++i) {
+        const PlannedPlane& planned = plan[i];
+        const bool allied = isAllied(planned.nation);
+        const bool continuesGroup = i > 0 && isSameSide(planned.nation, plan[i - 1].nation);
+        position = continuesGroup ? position + 1 : 0;
+        const int32_t index = maxIndex + 1;
+        maxIndex += 2; // one for the plane, one for its entity
+        int32_t& first = allied ? firstAllied : firstGerman;
+        if (first < 0) {
+            first = index;
+            attackObjects.push_back(index + 1);
+        }
+
+        const GroupPlacing& group = allied ? alliedGroup : germanGroup;
+        EmittedPlane plane;
+        plane.shownName = nameOf(planned);
+        plane.index = index;
+        plane.pilot = planned.pilot;
+        plane.nation = planned.nation;
+        plane.level = levels[i];
+        plane.target = position == 0 ? 0 : first + 1;
+        plane.type = planned.type;
+        plane.skin = skinText(planned);
+        plane.x = centreX + Spacing * static_cast<float>(position);
+        plane.y = group.y;
+        plane.z = group.z;
+        plane.heading = group.heading;
+        const std::vector<zel::String> text = planeLines(plane);
+        lines.lines.insert(lines.lines.begin() + insertLine, text.begin(), text.end());
+    }
+}
+
+/// A level for each plane, 0 for the first. Everybody is given as many more missions as it takes
+/// for one to reach the level that makes the fight worth flying.
+std::vector<int32_t> MissionGenerator::planeLevels() const {
+    const int32_t wanted = plan.size() > 3 ? 3 : 2;
+    std::vector<int32_t> levels(plan.size(), 0);
+    for (int32_t more = 0; plan.size() > 1; ++more) {
+        for (size_t i = 1; i < plan.size(); ++i)
+            levels[i] = SquadronSimulator::pilotLevel(plan[i].skill, plan[i].shotdowns,
+                                                      plan[i].missions + more);
+        if (*std::max_element(levels.begin(), levels.end()) >= wanted)
+            break;
+    }
+    return levels;
+}
+
+/// The paint in its quotes: the pilot's own, or else his squadron's, or none.
+zel::String MissionGenerator::skinText(const PlannedPlane& plane) const {
+    const Database& career = *Database::instance();
+    zel::String skin;
+    const int32_t file = career.squadrons[static_cast<size_t>(plane.squadron)].squadronFile;
+    if (file >= 0)
+        skin = career.squadronSkin(
+            zel::String(zel::arrayText(career.squadronFiles[static_cast<size_t>(file)].key)),
+            plane.type);
+    const zel::String own = career.pilotSkin(plane.pilotFile, plane.type);
+    if (!own.empty()) {
+        zel::log("INDIVIDUAL SKIN PILOT!!", "MissionGenerator", zel::LogDebug);
+        skin = own;
+    }
+    return skin.empty() ? "\"\"" : quoted(plane.type.toLower() + "\\" + skin);
+}

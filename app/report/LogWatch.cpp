@@ -1,0 +1,79 @@
+#include "app/report/LogWatch.h"
+
+#include <algorithm>
+
+#include "app/mission/Configuration.h"
+#include "app/report/CombatReport.h"
+#include "engine/core/Log.h"
+
+namespace {
+
+void logLook(const zel::String& message) {
+    zel::log(message, "MenuGameFinishMission", zel::LogInfo);
+}
+
+} // namespace
+
+void LogWatch::begin(const zel::String& folder) {
+    known.list(folder, FirstPiecePattern);
+    lookedAt.clear();
+}
+
+std::vector<zel::String> LogWatch::look(const zel::String& folder) {
+    const zel::Directory present(folder, FirstPiecePattern);
+    std::vector<zel::String> names;
+    for (int32_t i = 0; i < present.count(); ++i) {
+        const zel::String name = present.name(i);
+        const auto earlier = std::find_if(lookedAt.begin(), lookedAt.end(),
+                                          [&](const Extent& log) { return log.name == name; });
+        if (earlier == lookedAt.end() && known.holds(name))
+            continue;
+        // Measured before it is read: what is written meanwhile shows as growth at the next look.
+        const Extent now = measure(folder, name);
+        if (earlier == lookedAt.end()) {
+            lookedAt.push_back(now);
+        } else if (now.pieces > earlier->pieces || now.bytes > earlier->bytes) {
+            *earlier = now;
+        } else {
+            continue;
+        }
+        names.push_back(name);
+    }
+    known = present;
+    return names;
+}
+
+LogWatch::Extent LogWatch::measure(const zel::String& folder, const zel::String& name) {
+    Extent log{name, 0, 0};
+    const size_t open = name.view().rfind("[0]");
+    for (;; ++log.pieces) {
+        const zel::String piece = zel::String(name.view().substr(0, open)) + "[" + log.pieces +
+                                  "]" + name.view().substr(open + 3);
+        const zel::system::FileStatus status = zel::system::fileStatus(folder + piece);
+        if (!status.exists)
+            return log;
+        log.bytes += status.size;
+    }
+}
+
+bool findCombatReport(LogWatch& watch) {
+    CombatReport* report = CombatReport::instance();
+    if (report == nullptr)
+        return false;
+    const zel::String folder = Configuration::getRofDirectory() + "data\\";
+    logLook("Update directory: " + folder);
+    const std::vector<zel::String> names = watch.look(folder);
+    logLook(zel::String("New files found: ") + static_cast<int32_t>(names.size()));
+    for (const zel::String& name : names) {
+        logLook("File found: " + name);
+        report->clear();
+        if (report->readMission(folder, name)) {
+            report->applyToCareer();
+            watch.settle();
+            return true;
+        }
+        report->clear();
+    }
+    logLook("---");
+    return false;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/core/Directory.h"
+#include "engine/core/String.h"
+
+/// First pieces of the simulator's logs.
+constexpr const char* FirstPiecePattern = "*[0]*.txt";
+
+/// Knows which of the simulator's logs are new since the mission was written.
+///
+/// The simulator begins its log half a minute into the flight, and the player may look in before he
+/// has landed: a log that was looked at counts as new again once it has grown.
+class LogWatch {
+public:
+    /// Takes the logs of that folder for known: whatever shows up later belongs to a later flight.
+    void begin(const zel::String& folder);
+    /// The names of the first pieces that have come since the last look, and of those looked at
+    /// before whose logs have grown.
+    std::vector<zel::String> look(const zel::String& folder);
+    /// Whatever was looked at is done with, also if it grows.
+    void settle() { lookedAt.clear(); }
+
+private:
+    struct Extent {
+        zel::String name;
+        int32_t pieces;
+        int64_t bytes; // of all pieces
+    };
+    static Extent measure(const zel::String& folder, const zel::String& name);
+
+    zel::Directory known;
+    std::vector<Extent> lookedAt;
+};
+
+/// Looks for the log of the mission that was flown and reads it into the current combat report.
+/// True when a finished mission was found: it is then carried into the career. Otherwise the report
+/// is empty.
+bool findCombatReport(LogWatch& watch);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <vector>
+
+#include "app/report/PilotReport.h"
+#include "engine/core/String.h"
+
+/// What a mission without a report shows in its first line.
+constexpr const char* NoMissionPlayed = "(No mission played.)";
+
+/// Three lines of the combat report: who, what became of him, who did it.
+struct ReportEntry {
+    zel::String pilot; // "Name - Kills: n"
+    zel::String fate;
+    zel::String cause; // empty unless the plane was shot down
+    bool isPlayer = false;
+};
+
+/// The report's two columns, a side each: the first record's side stands left.
+struct ReportColumns {
+    std::vector<ReportEntry> left;
+    std::vector<ReportEntry> right;
+};
+
+/// The records in their order, without those that have no name.
+ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots);
+zel::String fateText(const PilotReport& pilot);
+/// REQUIRES: the record's indices are places in `pilots`.
+zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& pilots);

@@ -1,0 +1,88 @@
+#include "app/war/InvitationLetter.h"
+
+#include "app/career/Database.h"
+#include "app/war/SquadronSimulator.h"
+
+namespace {
+
+constexpr uint16_t AceShotdowns = 5;
+
+/// "A", "A and B", "A, B and C".
+zel::String enumeration(const std::vector<zel::String>& names) {
+    zel::String text;
+    for (size_t i = 0; i < names.size(); ++i) {
+        if (i > 0)
+            text += i + 1 == names.size() ? " and " : ", ";
+        text += names[i];
+    }
+    return text;
+}
+
+zel::String acesSentence(const std::vector<zel::String>& aces) {
+    if (aces.empty())
+        return {};
+    if (aces.size() == 1)
+        return "The squadron also includes the ace " + aces.front() + ". ";
+    return "The squadron also includes the following aces: " + enumeration(aces) + ". ";
+}
+
+} // namespace
+
+bool InvitationLetter::open() {
+    letter = "";
+    roster.clear();
+    const Database& career = *Database::instance();
+    SquadronSimulator::invitationDue();
+    if (career.invitationSquadron < 0)
+        return false;
+    roster = career.squadronRoster(career.invitationSquadron);
+    write(career.invitationSquadron);
+    return true;
+}
+
+void InvitationLetter::write(int32_t invitingSquadron) {
+    const Database& career = *Database::instance();
+    const auto nameOf = [&](int32_t pilot) {
+        return zel::String(zel::arrayText(career.pilots[static_cast<size_t>(pilot)].name));
+    };
+    // sic: the squadron's index; the first squadrons' files are their own indices.
+    const int32_t number = SquadronSimulator::squadronNumber(invitingSquadron);
+    const bool hasName = SquadronSimulator::hasDisplayName(number);
+    const zel::String name = SquadronSimulator::squadronDisplayName(number);
+    if (roster.empty())
+        letter = "You have been invited to join " + (hasName ? name : "a new squadron") + ". ";
+    else
+        letter = nameOf(roster.front()) + " " + "has invited you to join " +
+                 (hasName ? name : zel::String("his squadron")) + ". ";
+
+    std::vector<zel::String> aces;
+    int32_t shotdowns = 0;
+    for (size_t i = 0; i < roster.size(); ++i) {
+        const Pilot& pilot = career.pilots[static_cast<size_t>(roster[i])];
+        shotdowns += pilot.shotdowns;
+        if (i > 0 && pilot.shotdowns >= AceShotdowns)
+            aces.push_back(nameOf(roster[i]));
+    }
+    letter += acesSentence(aces);
+    letter += zel::String("The pilots of the new squadron have a total number of ") + shotdowns +
+              " shotdowns. ";
+    letter += "Will you accept the invitation?";
+}
+
+bool InvitationLetter::accept() {
+    if (roster.empty())
+        return false;
+    Database& career = *Database::instance();
+    career.swapPilots(career.playerPilot, roster.back());
+    const int32_t lower = random.getInt(1, 3);
+    SquadronSimulator::scheduleInvitation(random.getInt(lower, 6));
+    return true;
+}
+
+void InvitationLetter::refuse() {
+    Database& career = *Database::instance();
+    career.previousInvitation = career.invitationSquadron;
+    const int32_t upper = random.getInt(3, 6);
+    const int32_t lower = random.getInt(1, 3);
+    SquadronSimulator::scheduleInvitation(random.getInt(lower, upper));
+}

@@ -1,0 +1,89 @@
+#include <algorithm>
+
+#include "app/career/Aircraft.h"
+#include "app/career/Database.h"
+#include "app/war/SquadronSimulator.h"
+#include "engine/core/Log.h"
+#include "engine/core/Random.h"
+
+namespace {
+
+constexpr int32_t Tries = 600;
+constexpr float BonusForName = 100000.0F; // named squadrons beat generated ones
+constexpr float BonusForPlane = 10000.0F; // and among these, those that fly the day's type
+
+zel::String yearAndMonth(int32_t year, int32_t month) { return zel::String(year) + "/" + month; }
+
+/// Whether the squadron would take the player at all: the stronger it is, the more it asks.
+bool wouldTake(const Pilot& player, float strength) {
+    const int32_t limit = 5 + player.shotdowns + std::min<int32_t>(player.shotdowns, 5);
+    return strength <= static_cast<float>(limit);
+}
+
+} // namespace
+
+void SquadronSimulator::scheduleInvitation(int32_t monthsAhead) {
+    Database& career = *Database::instance();
+    career.invitationYear = career.year;
+    career.invitationMonth = career.month + monthsAhead;
+    career.invitationSquadron = -2;
+    for (; career.invitationMonth > 12; career.invitationMonth -= 12)
+        ++career.invitationYear;
+    zel::console("PROGRESS INVITATION DATE TO " +
+                 yearAndMonth(career.invitationYear, career.invitationMonth));
+}
+
+bool SquadronSimulator::invitationDue() {
+    Database& career = *Database::instance();
+    zel::console("NEXT INVITATION: " + yearAndMonth(career.invitationYear, career.invitationMonth));
+    const auto year = static_cast<uint32_t>(career.year);
+    const auto dueYear = static_cast<uint32_t>(career.invitationYear);
+    if (year < dueYear || (year == dueYear && static_cast<uint32_t>(career.month) <
+                                                  static_cast<uint32_t>(career.invitationMonth)))
+        return false;
+    zel::console("CURRENT DATE: " + yearAndMonth(career.year, career.month));
+    if (career.invitationSquadron >= 0)
+        return true;
+    if (career.invitationSquadron != -1) {
+        const int32_t found = pickInvitationSquadron();
+        if (found >= 0) {
+            career.invitationSquadron = found;
+            return true;
+        }
+    }
+    const int32_t latest = zel::random(2, 4);
+    scheduleInvitation(zel::random(1, latest));
+    return false;
+}
+
+int32_t SquadronSimulator::pickInvitationSquadron() {
+    Database& career = *Database::instance();
+    const Pilot& player = career.player();
+    const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
+    float bestScore = -1.0F;
+    int32_t best = -1;
+    for (int32_t i = 0; i < Tries; ++i) {
+        int32_t candidate = zel::random(0, last);
+        if (i == 0)
+            candidate = player.squadron; // it sets the standard
+        const Squadron& squadron = career.squadrons[static_cast<size_t>(candidate)];
+        if (squadron.nation != player.nation || candidate == career.previousInvitation)
+            continue;
+        const float strength = squadronStrength(candidate);
+        if (!wouldTake(player, strength))
+            continue;
+        float score = strength;
+        // sic: the squadron's index; the first squadrons' files are their own indices.
+        if (hasDisplayName(squadronNumber(candidate)))
+            score += BonusForName;
+        const zel::String plane =
+            chooseNationPlane(player.nation, career.year, career.month, career.day);
+        if (career.hasAircraft(zel::String(zel::arrayText(squadron.key)), plane))
+            score += BonusForPlane;
+        if (score > bestScore) {
+            bestScore = score;
+            best = candidate;
+        }
+    }
+    return best == player.squadron ? -1 : best;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "app/report/PilotReport.h"
+#include "engine/core/Random.h"
+
+/// Fights a planned mission in the abstract: random pairs of opposing pilots meet over a number of
+/// steps, and the outcome goes into the career. Its figures decide who becomes an ace.
+///
+/// For each mission: MissionGenerator::planMission(false), reset, loadPlan, fight, applyResult.
+class MissionSimulator {
+public:
+    MissionSimulator() = default;
+    virtual ~MissionSimulator() = default;
+
+    void reset();
+    /// Appends one record for each plane of the current generator's plan, in the plan's order.
+    void loadPlan();
+    /// One meeting, or none when the two draws hit no pair that can meet. True when the fight is
+    /// over: one side has nobody left, or there are no records at all.
+    bool fightStep();
+    /// At most that many steps, up to the end of the fight.
+    void fight(int32_t steps);
+    /// Carries victories, missions and deaths into the career.
+    void applyResult();
+
+    const std::vector<PilotReport>& records() const { return pilots; }
+
+private:
+    static constexpr int32_t Places = 16; // only the first sixteen records of a mission can meet
+
+    /// What a record brings into every meeting; it doesn't change while the fight lasts.
+    struct Fighter {
+        float attack = 0;  // each of the two attack draws goes up to this
+        float defence = 0; // and each defence draw up to this
+        int32_t skill = 0;
+    };
+
+    bool meet(int32_t attacker, int32_t target);
+    float drawAttack(const Fighter& attacker, const Fighter& target);
+    bool takeOut(int32_t attacker, int32_t target);
+
+    std::vector<PilotReport> pilots;
+    std::array<Fighter, Places> fighters;
+    std::array<uint16_t, Places> opponents{}; // bit t of place a: a may attack t
+    int32_t alliedLeft = 0;                   // records still in the fight, of all places
+    int32_t centralLeft = 0;
+    zel::Random random;
+};

@@ -1,0 +1,10 @@
+# What CPack makes of the installed tree.
+set(CPACK_PACKAGE_NAME wingtally)
+set(CPACK_PACKAGE_VENDOR "The Wingtally developers")
+set(CPACK_PACKAGE_CONTACT "The Wingtally developers <wingtally@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
+set(CPACK_GENERATOR "TGZ;DEB")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+install(FILES README.md LICENSE DESTINATION $<IF:$<BOOL:${WIN32}>,.,${CMAKE_INSTALL_DOCDIR}>)
+include(CPack)

@@ -1,0 +1,38 @@
+# How every library, program and test of the tree is made: the flags live here once.
+
+add_library(wingtally_flags INTERFACE)
+target_include_directories(wingtally_flags INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(wingtally_flags INTERFACE
+  # A fused multiply-add changes results bit for bit, and with them whole careers.
+  -ffp-contract=off
+  -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wformat=2
+  $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
+  $<$<CXX_COMPILER_ID:Clang>:-Wshadow>)
+
+# wingtally_library(NAME SOURCES file... LINKS library...): a static library of one folder.
+function(wingtally_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC wingtally_flags ${ARG_LINKS})
+endfunction()
+
+# wingtally_program(NAME [NOINSTALL] SOURCES file... LINKS library...): a program in bin.
+function(wingtally_program name)
+  cmake_parse_arguments(ARG "NOINSTALL" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE wingtally_flags ${ARG_LINKS})
+  if(NOT ARG_NOINSTALL)
+    install(TARGETS ${name} RUNTIME DESTINATION ${WINGTALLY_INSTALL_BIN})
+  endif()
+endfunction()
+
+# wingtally_test(NAME LABEL label SOURCES file... LINKS library...): one GoogleTest program, one
+# label. It runs in the staged run folder, where the delivered Data lies.
+function(wingtally_test name)
+  cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE wingtally_flags ${ARG_LINKS} test_support GTest::gtest GTest::gtest_main)
+  add_dependencies(${name} run_folder)
+  gtest_discover_tests(${name} WORKING_DIRECTORY ${WINGTALLY_RUN_DIR} DISCOVERY_MODE PRE_TEST
+    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT 900)
+endfunction()

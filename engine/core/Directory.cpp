@@ -1,0 +1,81 @@
+#include "engine/core/Directory.h"
+
+#include <algorithm>
+
+#include "engine/core/Log.h"
+
+namespace zel {
+
+namespace {
+
+bool isBefore(const system::DirectoryEntry& a, const system::DirectoryEntry& b) {
+    const auto byte = [](char character) { return static_cast<unsigned char>(lower(character)); };
+    const auto difference =
+        std::mismatch(a.name.begin(), a.name.end(), b.name.begin(), b.name.end(),
+                      [&](char x, char y) { return byte(x) == byte(y); });
+    if (difference.first != a.name.end() && difference.second != b.name.end())
+        return byte(*difference.first) < byte(*difference.second);
+    return a.name.size() != b.name.size() ? a.name.size() < b.name.size() : a.name < b.name;
+}
+
+bool isSeparator(char character) { return character == '\\' || character == '/'; }
+
+} // namespace
+
+bool fitsPattern(std::string_view name, std::string_view pattern) {
+    if (pattern == "*.*")
+        return true;
+    size_t n = 0;
+    size_t p = 0;
+    size_t star = pattern.npos; // place of the last star met, and of the name where its run ends
+    size_t runEnd = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            runEnd = n;
+        } else if (p < pattern.size() &&
+                   (pattern[p] == '?' || lower(pattern[p]) == lower(name[n]))) {
+            ++p;
+            ++n;
+        } else if (star != pattern.npos) {
+            p = star + 1;
+            n = ++runEnd;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == '*')
+        ++p;
+    return p == pattern.size();
+}
+
+void Directory::list(const String& path, const String& pattern) {
+    if (!system::listDirectory(path, entries))
+        log("Path not found: " + path, "Directory", LogWarning);
+    entries.erase(std::remove_if(entries.begin(), entries.end(),
+                                 [&](const system::DirectoryEntry& entry) {
+                                     return entry.name.front() == '.' ||
+                                            !fitsPattern(entry.name, pattern);
+                                 }),
+                  entries.end());
+    std::sort(entries.begin(), entries.end(), isBefore);
+}
+
+bool Directory::holds(std::string_view name) const {
+    return std::any_of(entries.begin(), entries.end(),
+                       [&](const system::DirectoryEntry& entry) { return entry.name == name; });
+}
+
+bool Directory::create(const String& path) {
+    std::string_view folder = path.view();
+    while (folder.size() > 1 && isSeparator(folder.back()))
+        folder.remove_suffix(1);
+    if (folder.empty() || system::isDirectory(String(folder)))
+        return true;
+    const size_t separator = folder.find_last_of("\\/");
+    if (separator != folder.npos && separator > 0 && !create(String(folder.substr(0, separator))))
+        return false;
+    return system::createDirectory(String(folder));
+}
+
+} // namespace zel

@@ -1,0 +1,77 @@
+#include "engine/core/Log.h"
+
+#include <map>
+#include <string>
+
+#include "engine/core/Clock.h"
+
+namespace zel {
+
+namespace {
+
+struct LogState {
+    int32_t level = LogWarning;
+    std::map<std::string, int32_t, std::less<>> categoryLevels;
+    bool enabled = true;
+    bool consoleShown = true;
+    FILE* stream = stdout;
+};
+
+LogState& logState() {
+    static LogState state;
+    return state;
+}
+
+const char* mark(int32_t level) {
+    switch (level) {
+    case LogFatal:
+    case LogError:
+        return "!! ";
+    case LogWarning:
+        return " w ";
+    case LogDebug:
+        return "d  ";
+    default:
+        return "   ";
+    }
+}
+
+} // namespace
+
+void log(const String& message, const String& category, int32_t level) {
+    if (!isLogged(category, level))
+        return;
+    FILE* stream = logState().stream;
+    std::fprintf(stream, "%s%u [%s] %s\n", mark(level), static_cast<unsigned>(ticks()),
+                 category.c_str(), message.c_str());
+    std::fflush(stream);
+}
+
+bool isLogged(std::string_view category, int32_t level) {
+    const LogState& state = logState();
+    if (!state.enabled)
+        return false;
+    if (state.categoryLevels.empty())
+        return level <= state.level;
+    const auto own = state.categoryLevels.find(category);
+    return level <= (own != state.categoryLevels.end() ? own->second : state.level);
+}
+
+void setLogLevel(int32_t level) { logState().level = level; }
+
+void setCategoryLogLevel(const String& category, int32_t level) {
+    logState().categoryLevels[category.c_str()] = level;
+}
+
+void disableLogging() { logState().enabled = false; }
+void setLogStream(FILE* stream) { logState().stream = stream; }
+
+void console(const String& line) {
+    if (logState().consoleShown)
+        std::fprintf(logState().stream, "%s\n", line.c_str());
+}
+
+void setConsoleShown(bool shown) { logState().consoleShown = shown; }
+bool isConsoleShown() { return logState().consoleShown; }
+
+} // namespace zel

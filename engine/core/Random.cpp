@@ -1,0 +1,89 @@
+#include "engine/core/Random.h"
+
+#include <utility>
+
+#include "engine/core/Clock.h"
+#include "engine/core/System.h"
+
+namespace zel {
+
+namespace {
+
+constexpr uint32_t Middle = 397;
+constexpr uint32_t UpperBit = 0x80000000U;
+constexpr uint32_t LowerBits = 0x7FFFFFFFU;
+
+uint32_t staticNumber = 0;
+bool staticNumberSet = false;
+
+uint32_t twist(uint32_t upper, uint32_t lower) {
+    const uint32_t joined = (upper & UpperBit) | (lower & LowerBits);
+    return (joined >> 1) ^ ((0U - (lower & 1U)) & 0x9908B0DFU);
+}
+
+} // namespace
+
+void Random::setStaticNumber(uint32_t number) {
+    staticNumber = number;
+    staticNumberSet = true;
+}
+
+void Random::seed(uint32_t value) {
+    if (value != 0) {
+        fillState(value);
+        return;
+    }
+    if (!staticNumberSet)
+        setStaticNumber(system::entropy());
+    value = ticks() + staticNumber;
+    fillState(value);
+    staticNumber = next();
+    fillState(value);
+}
+
+void Random::fillState(uint32_t value) {
+    state[0] = value;
+    for (uint32_t i = 1; i < Size; ++i)
+        state[i] = 1812433253U * (state[i - 1] ^ (state[i - 1] >> 30)) + i;
+    index = Size;
+}
+
+void Random::makeBlock() {
+    uint32_t i = 0;
+    for (; i < Size - Middle; ++i)
+        state[i] = state[i + Middle] ^ twist(state[i], state[i + 1]);
+    for (; i < Size - 1; ++i)
+        state[i] = state[i + Middle - Size] ^ twist(state[i], state[i + 1]);
+    state[Size - 1] = state[Middle - 1] ^ twist(state[Size - 1], state[0]);
+    index = 0;
+}
+
+uint32_t Random::next() {
+    if (index == Size)
+        makeBlock();
+    uint32_t value = state[index++];
+    value ^= value >> 11;
+    value ^= (value << 7) & 0x9D2C5680U;
+    value ^= (value << 15) & 0xEFC60000U;
+    return value ^ (value >> 18);
+}
+
+int32_t Random::getInt(int32_t a, int32_t b) {
+    if (a > b)
+        std::swap(a, b);
+    const uint32_t range = static_cast<uint32_t>(b) - static_cast<uint32_t>(a) + 1;
+    const uint32_t value = next();
+    // A range of 0 is the whole of int32.
+    return static_cast<int32_t>((range != 0 ? value % range : value) + static_cast<uint32_t>(a));
+}
+
+Random& sharedRandom() {
+    static Random shared;
+    return shared;
+}
+
+int32_t random(int32_t a, int32_t b) { return sharedRandom().getInt(a, b); }
+float randomFloat(float a, float b) { return sharedRandom().getFloat(a, b); }
+void seedSharedRandom(uint32_t value) { sharedRandom().seed(value); }
+
+} // namespace zel

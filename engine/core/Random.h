@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+namespace zel {
+
+/// The Mersenne Twister MT19937 (M. Matsumoto and T. Nishimura, "Mersenne Twister: A
+/// 623-dimensionally equidistributed uniform pseudo-random number generator", 1998), in its
+/// 32-bit form with the initialisation of 2002.
+///
+/// A career is a function of its draws: each draw below takes exactly one value.
+class Random {
+public:
+    Random() { seed(0); }
+    explicit Random(uint32_t value) { seed(value); }
+    virtual ~Random() = default;
+    Random(const Random&) = default;
+    Random& operator=(const Random&) = default;
+
+    /// 0 stands for a fresh seed: the ticks of the clock plus a static number, which is then
+    /// replaced by a draw, so that two generators of one millisecond differ.
+    void seed(uint32_t value);
+
+    /// The next 32-bit value of the published sequence.
+    uint32_t next();
+    /// a to b, both included; exchanged when a is the greater.
+    int32_t getInt(int32_t a, int32_t b);
+    bool getBool() { return getInt(0, 1) == 1; }
+    /// 0 to 1, both included: the largest draws round up to 1.
+    float getFloat() { return static_cast<float>(next()) * 0x1p-32F; }
+    float getFloat(float a, float b) { return getFloat() * (b - a) + a; }
+
+    /// Pins what a seed of 0 starts from; together with the clock's tick source it makes a whole
+    /// run reproducible. Unset, it comes from the system's entropy at the first use.
+    static void setStaticNumber(uint32_t number);
+
+private:
+    void fillState(uint32_t value);
+    void makeBlock();
+
+    static constexpr uint32_t Size = 624;
+    std::array<uint32_t, Size> state;
+    uint32_t index; // of the next word; Size when a new block is due
+};
+
+/// The engine's shared generator, built at its first use.
+Random& sharedRandom();
+/// Draws of the shared generator. `random` exchanges its bounds like getInt.
+int32_t random(int32_t a, int32_t b);
+float randomFloat(float a, float b);
+/// Seeds the shared generator anew, for tests and pinned runs.
+void seedSharedRandom(uint32_t value);
+
+} // namespace zel

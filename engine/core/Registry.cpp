@@ -1,0 +1,106 @@
+#include "engine/core/Registry.h"
+
+#include <cstring>
+#include <map>
+
+#include "engine/core/Directory.h"
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+#include "engine/core/UserDirectory.h"
+
+namespace zel {
+
+namespace {
+
+struct RegistryState {
+    std::map<String, String> values; // in the order of the keys' bytes, as in the file
+    bool loaded = false;
+    bool deferSave = false;
+};
+
+RegistryState& registryState() {
+    static RegistryState state;
+    return state;
+}
+
+String preferencesFile() { return getUserDirectory() + "prefs.dat"; }
+
+void appendText(std::string& content, const String& text) {
+    const auto length = static_cast<uint32_t>(text.length()) + 1;
+    for (int shift = 0; shift < 32; shift += 8)
+        content += static_cast<char>(length >> shift);
+    content += text.view();
+    content += '\0';
+}
+
+/// Takes one text off the front. False, taking nothing, if the length doesn't fit what is left.
+bool takeText(std::string_view& content, String& text) {
+    if (content.size() < 4)
+        return false;
+    uint32_t length = 0;
+    for (size_t i = 0; i < 4; ++i)
+        length |= uint32_t(static_cast<unsigned char>(content[i])) << (8 * i);
+    if (length == 0 || length > content.size() - 4)
+        return false;
+    text = String(arrayText(content.data() + 4, length));
+    content.remove_prefix(4 + length);
+    return true;
+}
+
+} // namespace
+
+String Registry::get(const String& key, const String& defaultValue) {
+    if (!registryState().loaded)
+        load();
+    const auto& values = registryState().values;
+    const auto found = values.find(key);
+    return found != values.end() ? found->second : defaultValue;
+}
+
+void Registry::set(const String& key, const String& value) {
+    if (!registryState().loaded)
+        load();
+    registryState().values[key] = value;
+    if (!registryState().deferSave)
+        save();
+}
+
+void Registry::setDeferSave(bool defer) { registryState().deferSave = defer; }
+
+void Registry::load() {
+    registryState().loaded = true;
+    if (applicationTitle().empty())
+        console("Warning: ZelAppInfo::getAppName() was not set");
+    File file(preferencesFile(), FileRead);
+    std::string content;
+    if (file.hasFailed() || !file.readWhole(content))
+        return; // the first run
+    std::string_view rest = content;
+    while (!rest.empty()) {
+        String key;
+        String value;
+        if (!takeText(rest, key) || !takeText(rest, value)) {
+            log("prefs.dat is damaged; it is read as far as it goes", "Registry", LogWarning);
+            return;
+        }
+        registryState().values[key] = value;
+    }
+}
+
+void Registry::save() {
+    Directory::create(getUserDirectory());
+    std::string content;
+    for (const auto& [key, value] : registryState().values) {
+        appendText(content, key);
+        appendText(content, value);
+    }
+    if (!replaceFileSafely(preferencesFile(), content)) {
+        console("warning: cannot write " + preferencesFile());
+        log("warning: cannot write " + preferencesFile(), "Registry", LogError);
+    }
+}
+
+void Registry::clear() { registryState().values.clear(); }
+void Registry::reset() { registryState() = RegistryState(); }
+
+} // namespace zel

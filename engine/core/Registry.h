@@ -1,0 +1,30 @@
+#pragma once
+
+#include "engine/core/String.h"
+
+namespace zel {
+
+/// The player's preferences: a small store of texts by key, kept in prefs.dat of the user's folder.
+/// It has nothing to do with the registry of Windows. The file's form is in docs/formats.md.
+class Registry {
+public:
+    /// The stored value, or `defaultValue`, which isn't stored. Loads the file at the first use.
+    static String get(const String& key, const String& defaultValue);
+    /// Stores, and writes the file at once unless saving is deferred.
+    static void set(const String& key, const String& value);
+    /// A switch of the player: on unless its value is the number 0. Unset is on.
+    static bool isOn(const String& key) { return get(key, "1").toInt() != 0; }
+
+    static void setDeferSave(bool defer);
+    /// On error: a line on standard output; the values stay in memory.
+    static void save();
+    /// Adds what the file holds to the values in memory. A missing file is an empty one; a broken
+    /// one is read as far as it goes.
+    static void load();
+    /// Empties the store in memory. The next `get` doesn't load again.
+    static void clear();
+    /// As at the program's start: empty, and loaded again at the next use.
+    static void reset();
+};
+
+} // namespace zel

@@ -1,0 +1,142 @@
+#include "engine/core/String.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace zel {
+
+namespace {
+
+bool isBlank(char character) {
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+std::string_view withoutLeadingBlanks(std::string_view text) {
+    size_t start = 0;
+    while (start < text.size() && isBlank(text[start]))
+        ++start;
+    return text.substr(start);
+}
+
+} // namespace
+
+String::String(const char* text) : text(text != nullptr ? text : "") {}
+String::String(int32_t number) : text(std::to_string(number)) {}
+
+String& String::operator+=(int32_t number) {
+    text += std::to_string(number);
+    return *this;
+}
+
+int32_t String::toInt() const { return zel::toInt(text); }
+
+String String::toLower() const {
+    String result(*this);
+    for (char& character : result.text)
+        character = lower(character);
+    return result;
+}
+
+String String::trim(char character) const {
+    String result(trimmed(text, character));
+    result.second = second;
+    return result;
+}
+
+void String::split(std::string_view delimiter, std::vector<String>& result) const {
+    result.clear();
+    std::string_view rest = text;
+    if (!delimiter.empty()) {
+        for (size_t end = rest.find(delimiter); end != rest.npos; end = rest.find(delimiter)) {
+            result.emplace_back(rest.substr(0, end));
+            rest.remove_prefix(end + delimiter.size());
+        }
+    }
+    result.emplace_back(rest);
+}
+
+String String::left(int32_t count) const {
+    return String(view().substr(0, static_cast<size_t>(std::max(count, 0))));
+}
+
+String String::right(int32_t count) const {
+    const auto kept = std::min(text.size(), static_cast<size_t>(std::max(count, 0)));
+    return String(view().substr(text.size() - kept));
+}
+
+int32_t String::find(char character) const {
+    const size_t position = text.find(character);
+    return position == text.npos ? -1 : static_cast<int32_t>(position);
+}
+
+void String::copyTo(char* buffer, int32_t size) const {
+    if (size >= 3)
+        copyText(buffer, static_cast<size_t>(size), text);
+}
+
+char lower(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A'))
+                                                : character;
+}
+
+bool equalsNoCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
+                                              [](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::string_view trimmed(std::string_view text, char character) {
+    while (!text.empty() && text.front() == character)
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == character)
+        text.remove_suffix(1);
+    return text;
+}
+
+int32_t toInt(std::string_view text) {
+    text = withoutLeadingBlanks(text);
+    const bool negative = !text.empty() && text.front() == '-';
+    if (negative || (!text.empty() && text.front() == '+'))
+        text.remove_prefix(1);
+    int64_t value = 0;
+    for (size_t i = 0; i < text.size() && isDigit(text[i]); ++i)
+        value = std::min<int64_t>(value * 10 + (text[i] - '0'), int64_t(1) << 31);
+    value = negative ? -value : value;
+    return static_cast<int32_t>(std::min<int64_t>(value, std::numeric_limits<int32_t>::max()));
+}
+
+float toFloat(std::string_view text) {
+    text = withoutLeadingBlanks(text);
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    float value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::invalid_argument)
+        return 0;
+    if (error == std::errc::result_out_of_range)
+        return std::copysign(std::numeric_limits<float>::max(), text.front() == '-' ? -1.0F : 1.0F);
+    return value;
+}
+
+String formatFloat(float value) {
+    char buffer[32];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, static_cast<double>(value),
+                                      std::chars_format::general, 6);
+    return String(std::string_view(buffer, static_cast<size_t>(result.ptr - buffer)));
+}
+
+std::string_view arrayText(const char* array, size_t size) {
+    const void* end = std::memchr(array, 0, size);
+    return {array,
+            end != nullptr ? static_cast<size_t>(static_cast<const char*>(end) - array) : size};
+}
+
+void copyText(char* array, size_t size, std::string_view text) {
+    std::memset(array, 0, size);
+    std::memcpy(array, text.data(), std::min(text.size(), size - 1));
+}
+
+} // namespace zel

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace zel {
+
+/// For the operations below that take every kind of text as it is: String, std::string, literals.
+template <typename T>
+using IfText = std::enable_if_t<std::is_convertible_v<const T&, std::string_view>>;
+
+/// The engine's text: bytes of Windows-1252, compared, cut and lowered as bytes.
+///
+/// A second text rides along with the first and is copied with it; it takes no part in
+/// comparing, joining or cutting.
+class String {
+public:
+    String() = default;
+    String(const char* text); // a null pointer is the empty text
+    String(std::string_view text) : text(text) {}
+    String(std::string text) : text(std::move(text)) {}
+    explicit String(char character) : text(1, character) {}
+    String(int32_t number); // in decimal
+    String(const String&) = default;
+    String(String&&) noexcept = default;
+    String& operator=(const String&) = default;
+    String& operator=(String&&) noexcept = default;
+    virtual ~String() = default;
+
+    const char* c_str() const { return text.c_str(); }
+    int32_t length() const { return static_cast<int32_t>(text.size()); }
+    bool empty() const { return text.empty(); }
+    std::string_view view() const { return text; }
+    operator std::string_view() const { return text; } // NOLINT: a text is a view of itself
+
+    template <typename T, typename = IfText<T>> String& operator+=(const T& other) {
+        text += std::string_view(other);
+        return *this;
+    }
+    String& operator+=(int32_t number);
+
+    template <typename T, typename = IfText<T>>
+    friend String operator+(const String& first, const T& second) {
+        String result(first);
+        result += second;
+        return result;
+    }
+    friend String operator+(const String& first, int32_t second) {
+        String result(first);
+        result += second;
+        return result;
+    }
+
+    /// By the bytes over the shorter length, then the shorter text is the lower one.
+    template <typename T, typename = IfText<T>>
+    friend bool operator==(const String& a, const T& b) {
+        return a.view().compare(b) == 0;
+    }
+    template <typename T, typename = IfText<T>>
+    friend bool operator!=(const String& a, const T& b) {
+        return a.view().compare(b) != 0;
+    }
+    template <typename T, typename = IfText<T>> friend bool operator<(const String& a, const T& b) {
+        return a.view().compare(b) < 0;
+    }
+
+    /// The C library's atoi, stopped at the ends of the number's range: leading blanks, a sign,
+    /// digits; 0 if there are none.
+    int32_t toInt() const;
+    /// A copy with A to Z lowered; bytes above 127 stay, whatever the system's locale.
+    String toLower() const;
+    /// A copy without that character at both ends.
+    String trim(char character) const;
+    /// Fills `result` with the parts between the delimiters. Adjacent delimiters give empty parts,
+    /// a text without one gives one part, an empty delimiter cuts nothing.
+    void split(std::string_view delimiter, std::vector<String>& result) const;
+    String left(int32_t count) const;  // the first characters; all of them if there are fewer
+    String right(int32_t count) const; // the last characters
+    /// Position of the first such character; -1 if there is none.
+    int32_t find(char character) const;
+    /// Clears `size` bytes of the buffer, then copies at most size - 1. A size below 3 does
+    /// nothing.
+    void copyTo(char* buffer, int32_t size) const;
+
+    const std::string& secondText() const { return second; }
+    void setSecondText(std::string_view newText) { second = newText; }
+
+private:
+    std::string text;
+    std::string second;
+};
+
+/// The same operations on a part of a text, without a copy. `lower` touches A to Z alone.
+char lower(char character);
+bool equalsNoCase(std::string_view a, std::string_view b);
+std::string_view trimmed(std::string_view text, char character);
+int32_t toInt(std::string_view text);
+/// Leading blanks, sign, digits, point and exponent, on every system alike; 0 if there is no
+/// number.
+float toFloat(std::string_view text);
+/// Six significant digits and no forced point: 213679, 1050.25, 1e+06. The same on every system.
+String formatFloat(float value);
+/// The text of a fixed array, up to its first zero byte or its end.
+std::string_view arrayText(const char* array, size_t size);
+template <size_t Size> std::string_view arrayText(const char (&array)[Size]) {
+    return arrayText(array, Size);
+}
+/// Clears the array and copies at most Size - 1 bytes.
+void copyText(char* array, size_t size, std::string_view text);
+template <size_t Size> void copyText(char (&array)[Size], std::string_view text) {
+    copyText(array, Size, text);
+}
+
+} // namespace zel

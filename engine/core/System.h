@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "engine/core/Clock.h"
+#include "engine/core/String.h"
+
+/// All that differs between Windows and POSIX systems: SystemWindows.cpp and SystemPosix.cpp hold
+/// the two sides of it. Paths come in as the program writes them, with backslashes; off Windows
+/// they are turned, and each existing component is found exactly or, failing that, without regard
+/// to case, as the simulator's folder under Wine needs it.
+namespace zel::system {
+
+struct DirectoryEntry {
+    std::string name;
+    bool isDirectory;
+};
+
+struct FileStatus {
+    bool exists = false; // and is a regular file
+    int64_t size = 0;    // bytes
+    int64_t changed = 0; // time of the last change, in the system's own fine units
+};
+
+uint32_t ticks(); // milliseconds since the program started
+WallTime wallTime();
+uint32_t entropy(); // a number that no two starts share
+void sleepMilliseconds(uint32_t milliseconds);
+
+/// Empty when the variable is unset.
+String environment(const char* name);
+/// The folder of users' application data, without a separator at its end: APPDATA; off Windows,
+/// where that is unset, XDG_DATA_HOME, or .local/share in the home folder.
+String applicationDataDirectory();
+String executableDirectory(); // without a separator at its end; empty if unknown
+String currentDirectory();
+bool changeDirectory(const String& path);
+/// The path from the root, so that it holds after a change of directory.
+String absolutePath(const String& path);
+
+/// The C library's fopen for regular files only: a folder, a pipe or a device gives null.
+FILE* openFile(const String& path, const char* mode);
+FileStatus fileStatus(const String& path);
+bool isDirectory(const String& path);
+/// The folder's entries in no order, without "." and ".."; false if there is no such folder.
+bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries);
+/// True if the folder exists afterwards. Its parent must exist.
+bool createDirectory(const String& path);
+/// Renames over an existing file, in one step where the system can.
+bool replaceFile(const String& from, const String& to);
+bool removeFile(const String& path);
+
+/// A text of HKEY_LOCAL_MACHINE in the registry of Windows; empty if it can't be read, and
+/// everywhere else.
+String queryRegistryValue(const String& keyPath, const String& valueName);
+
+/// Whether somebody watches the stream, so that progress can be shown.
+bool isTerminal(FILE* stream);
+
+} // namespace zel::system
+
+namespace zel {
+
+/// The folder that holds Data and the other files that the program is shipped with: the current
+/// one, the one of the program, `run` beside the program's folder (a build tree), or
+/// share/wingtally beside it (installed). Empty if none of them does.
+String findRunDirectory();
+
+} // namespace zel

@@ -1,0 +1,194 @@
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "engine/core/System.h"
+
+namespace zel::system {
+
+namespace {
+
+std::string withSlashes(const String& path) {
+    std::string result(path.view());
+    for (char& character : result)
+        if (character == '\\')
+            character = '/';
+    return result;
+}
+
+bool exists(const std::string& path) {
+    struct stat status;
+    return stat(path.c_str(), &status) == 0;
+}
+
+/// The entry of `folder` that differs from `name` in case alone, the first by its bytes; `name`
+/// itself if there is none.
+std::string foundNoCase(const std::string& folder, const std::string& name) {
+    std::string found;
+    DIR* directory = opendir(folder.empty() ? "." : folder.c_str());
+    if (directory == nullptr)
+        return name;
+    while (const dirent* entry = readdir(directory))
+        if (equalsNoCase(entry->d_name, name) && (found.empty() || entry->d_name < found))
+            found = entry->d_name;
+    closedir(directory);
+    return found.empty() ? name : found;
+}
+
+/// The path as the system knows it. What doesn't exist stays as it was written.
+std::string nativePath(const String& path) {
+    const std::string wanted = withSlashes(path);
+    if (exists(wanted))
+        return wanted;
+    std::string result = wanted.rfind('/', 0) == 0 ? "/" : "";
+    for (size_t start = 0; start < wanted.size();) {
+        const size_t end = std::min(wanted.find('/', start), wanted.size());
+        const std::string name = wanted.substr(start, end - start);
+        start = end + 1;
+        if (name.empty())
+            continue;
+        result += exists(result + name) ? name : foundNoCase(result, name);
+        if (start < wanted.size())
+            result += '/';
+    }
+    return result;
+}
+
+const std::chrono::steady_clock::time_point& programStart() {
+    static const auto start = std::chrono::steady_clock::now();
+    return start;
+}
+
+} // namespace
+
+uint32_t ticks() {
+    const auto& start = programStart();
+    const auto passed = std::chrono::steady_clock::now() - start;
+    return static_cast<uint32_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
+}
+
+WallTime wallTime() {
+    const time_t now = time(nullptr);
+    tm parts{};
+    localtime_r(&now, &parts);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
+            parts.tm_hour,        parts.tm_min,     parts.tm_sec};
+}
+
+uint32_t entropy() { return std::random_device{}(); }
+
+void sleepMilliseconds(uint32_t milliseconds) {
+    const timespec duration{static_cast<time_t>(milliseconds / 1000),
+                            static_cast<long>(milliseconds % 1000) * 1000000};
+    nanosleep(&duration, nullptr); // a signal may end it early, which is what an interrupt wants
+}
+
+String environment(const char* name) { return String(std::getenv(name)); }
+
+String applicationDataDirectory() {
+    for (const char* name : {"APPDATA", "XDG_DATA_HOME"})
+        if (const String value = environment(name); !value.empty())
+            return value;
+    return environment("HOME") + "/.local/share";
+}
+
+String executableDirectory() {
+    char buffer[4096];
+    const ssize_t length = readlink("/proc/self/exe", buffer, sizeof buffer);
+    if (length <= 0)
+        return {};
+    const std::string_view path(buffer, static_cast<size_t>(length));
+    return String(path.substr(0, path.rfind('/')));
+}
+
+String currentDirectory() {
+    char buffer[4096];
+    return String(getcwd(buffer, sizeof buffer));
+}
+
+bool changeDirectory(const String& path) { return chdir(nativePath(path).c_str()) == 0; }
+
+String absolutePath(const String& path) {
+    const std::string turned = nativePath(path);
+    return !turned.empty() && turned.front() == '/' ? String(turned)
+                                                    : currentDirectory() + "/" + turned;
+}
+
+FILE* openFile(const String& path, const char* mode) {
+    const bool reads = mode[0] == 'r';
+    // Non-blocking, so that a pipe under the name of a data file can't stop the program here.
+    const bool updates = std::string_view(mode).find('+') != std::string_view::npos;
+    const int access = updates ? O_RDWR : reads ? O_RDONLY : O_WRONLY;
+    const int creation = mode[0] == 'w'   ? O_CREAT | O_TRUNC
+                         : mode[0] == 'a' ? O_CREAT | O_APPEND
+                                          : 0;
+    const int flags = access | creation | O_NONBLOCK | O_CLOEXEC;
+    const std::string written = withSlashes(path);
+    int file = reads ? open(written.c_str(), flags) : -1;
+    if (file < 0)
+        file = open(nativePath(path).c_str(), flags, 0666);
+    if (file < 0)
+        return nullptr;
+    struct stat status;
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
+        close(file);
+        return nullptr;
+    }
+    return fdopen(file, mode);
+}
+
+FileStatus fileStatus(const String& path) {
+    struct stat status;
+    if (stat(nativePath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return {true, status.st_size,
+            int64_t(status.st_mtim.tv_sec) * 1000000000 + status.st_mtim.tv_nsec};
+}
+
+bool isDirectory(const String& path) {
+    struct stat status;
+    return stat(nativePath(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
+    entries.clear();
+    const std::string folder = nativePath(path);
+    DIR* directory = opendir(folder.empty() ? "." : folder.c_str());
+    if (directory == nullptr)
+        return false;
+    while (const dirent* entry = readdir(directory)) {
+        const std::string name = entry->d_name;
+        if (name == "." || name == "..")
+            continue;
+        bool isFolder = entry->d_type == DT_DIR;
+        if (entry->d_type == DT_UNKNOWN || entry->d_type == DT_LNK)
+            isFolder = isDirectory(String(folder) + "/" + name);
+        entries.push_back({name, isFolder});
+    }
+    closedir(directory);
+    return true;
+}
+
+bool createDirectory(const String& path) {
+    const std::string folder = nativePath(path);
+    return mkdir(folder.c_str(), 0777) == 0 || isDirectory(path);
+}
+
+bool replaceFile(const String& from, const String& to) {
+    return std::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0;
+}
+
+bool removeFile(const String& path) { return unlink(nativePath(path).c_str()) == 0; }
+
+String queryRegistryValue(const String& /*keyPath*/, const String& /*valueName*/) { return {}; }
+
+bool isTerminal(FILE* stream) { return isatty(fileno(stream)) != 0; }
+
+} // namespace zel::system

@@ -1,0 +1,130 @@
+#include <cstdlib>
+#include <io.h>
+#include <random>
+#include <sys/stat.h>
+#include <windows.h>
+
+#include "engine/core/System.h"
+
+namespace zel::system {
+
+namespace {
+
+// The simulator's installer is a 32-bit program, and the key path names its view in full.
+constexpr REGSAM KeyRead = 0x20019;
+constexpr DWORD RegistryBufferSize = 1024;
+
+ULONGLONG programStart() {
+    static const ULONGLONG start = GetTickCount64();
+    return start;
+}
+
+DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
+
+} // namespace
+
+uint32_t ticks() {
+    const ULONGLONG start = programStart();
+    return static_cast<uint32_t>(GetTickCount64() - start);
+}
+
+WallTime wallTime() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}
+
+uint32_t entropy() { return std::random_device{}(); }
+void sleepMilliseconds(uint32_t milliseconds) { Sleep(milliseconds); }
+String environment(const char* name) { return String(std::getenv(name)); }
+String applicationDataDirectory() { return environment("APPDATA"); }
+
+String executableDirectory() {
+    char buffer[MAX_PATH];
+    const DWORD length = GetModuleFileNameA(nullptr, buffer, sizeof buffer);
+    const std::string_view path(buffer, length);
+    const size_t end = path.find_last_of("\\/");
+    return end == path.npos ? String() : String(path.substr(0, end));
+}
+
+String currentDirectory() {
+    char buffer[MAX_PATH];
+    const DWORD length = GetCurrentDirectoryA(sizeof buffer, buffer);
+    return String(std::string_view(buffer, length < sizeof buffer ? length : 0));
+}
+
+bool changeDirectory(const String& path) { return SetCurrentDirectoryA(path.c_str()) != 0; }
+
+String absolutePath(const String& path) {
+    char buffer[MAX_PATH];
+    const DWORD length = GetFullPathNameA(path.c_str(), sizeof buffer, buffer, nullptr);
+    return length > 0 && length < sizeof buffer ? String(std::string_view(buffer, length)) : path;
+}
+
+FILE* openFile(const String& path, const char* mode) {
+    FILE* stream = std::fopen(path.c_str(), mode);
+    if (stream == nullptr)
+        return nullptr;
+    struct _stat64 status;
+    if (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)
+        return stream;
+    std::fclose(stream);
+    return nullptr;
+}
+
+FileStatus fileStatus(const String& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0 ||
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return {};
+    return {true, (int64_t(data.nFileSizeHigh) << 32) + data.nFileSizeLow,
+            (int64_t(data.ftLastWriteTime.dwHighDateTime) << 32) +
+                data.ftLastWriteTime.dwLowDateTime};
+}
+
+bool isDirectory(const String& path) {
+    const DWORD found = attributes(path);
+    return found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
+    entries.clear();
+    WIN32_FIND_DATAA data;
+    const HANDLE search = FindFirstFileA((path + "\\*").c_str(), &data);
+    if (search == INVALID_HANDLE_VALUE)
+        return isDirectory(path);
+    do {
+        const std::string name = data.cFileName;
+        if (name != "." && name != "..")
+            entries.push_back({name, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    } while (FindNextFileA(search, &data) != 0);
+    FindClose(search);
+    return true;
+}
+
+bool createDirectory(const String& path) {
+    return CreateDirectoryA(path.c_str(), nullptr) != 0 || isDirectory(path);
+}
+
+bool replaceFile(const String& from, const String& to) {
+    return MoveFileExA(from.c_str(), to.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
+
+String queryRegistryValue(const String& keyPath, const String& valueName) {
+    HKEY key;
+    if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, keyPath.c_str(), 0, KeyRead, &key) != ERROR_SUCCESS)
+        return {};
+    char buffer[RegistryBufferSize] = {};
+    DWORD size = RegistryBufferSize - 1;
+    const LONG result = RegQueryValueExA(key, valueName.c_str(), nullptr, nullptr,
+                                         reinterpret_cast<BYTE*>(buffer), &size);
+    RegCloseKey(key);
+    return result == ERROR_SUCCESS ? String(buffer) : String();
+}
+
+bool isTerminal(FILE* stream) { return _isatty(_fileno(stream)) != 0; }
+
+} // namespace zel::system

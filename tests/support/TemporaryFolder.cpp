@@ -1,0 +1,37 @@
+#include "tests/support/TemporaryFolder.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+namespace fs = std::filesystem;
+
+TemporaryFolder::TemporaryFolder() {
+    std::random_device entropy;
+    do
+        folder = (fs::temp_directory_path() / ("wingtally-" + std::to_string(entropy()))).string();
+    while (!fs::create_directories(folder));
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+}
+
+std::string TemporaryFolder::file(std::string_view name) const {
+    const fs::path path = fs::path(folder) / name;
+    fs::create_directories(path.parent_path());
+    return path.string();
+}
+
+std::string TemporaryFolder::write(std::string_view name, std::string_view content) const {
+    const std::string path = file(name);
+    std::ofstream(path, std::ios::binary) << content;
+    return path;
+}
+
+std::string TemporaryFolder::read(std::string_view name) const {
+    std::ifstream stream(fs::path(folder) / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}

@@ -1,0 +1,40 @@
+#include "tools/career/Progress.h"
+
+#include <cstdio>
+
+#include "engine/core/Clock.h"
+#include "engine/core/System.h"
+
+namespace {
+
+constexpr uint32_t Interval = 100; // milliseconds between two pictures of the line
+
+} // namespace
+
+Progress::Progress(bool wanted) {
+    if (wanted && zel::system::isTerminal(stderr))
+        setWarObserver(this);
+}
+
+Progress::~Progress() {
+    setWarObserver(nullptr);
+    clear();
+}
+
+void Progress::onWarProgress(const Calendar& date, float share) {
+    // The terminal's own time, which no pinned clock holds still.
+    const uint32_t now = zel::system::ticks();
+    if (lineShown && now - lastShown < Interval)
+        return;
+    lastShown = now;
+    lineShown = true;
+    std::fprintf(stderr, "\r%-20s %3d %%", date.displayText().c_str(),
+                 static_cast<int>(share * 100));
+    std::fflush(stderr);
+}
+
+void Progress::clear() {
+    if (lineShown)
+        std::fprintf(stderr, "\r%30s\r", "");
+    lineShown = false;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+#include "app/war/SquadronSimulator.h"
+
+/// Shows on a terminal how far the war has come while it is simulated. Its line is taken away again
+/// at the end.
+class Progress : public WarObserver {
+public:
+    explicit Progress(bool wanted);
+    ~Progress() override;
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void onWarProgress(const Calendar& date, float share) override;
+    /// Takes the line away, so that other text may follow.
+    void clear();
+
+private:
+    uint32_t lastShown = 0; // in ticks
+    bool lineShown = false;
+};

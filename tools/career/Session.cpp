@@ -1,0 +1,264 @@
+#include "tools/career/Session.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "app/career/CareerTexts.h"
+#include "app/mission/Configuration.h"
+#include "app/mission/DailyMission.h"
+#include "app/mission/SimulatorCheck.h"
+#include "app/report/ReportText.h"
+#include "app/war/SquadronSimulator.h"
+#include "engine/core/Random.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "tools/standin/StandIn.h"
+
+namespace {
+
+constexpr int ColumnWidth = 46;         // of the report, in characters
+constexpr uint32_t LookInterval = 1000; // milliseconds between two looks for a log
+
+void printColumns(const zel::String& left, const zel::String& right) {
+    if (right.empty())
+        std::printf("  %s\n", left.c_str());
+    else
+        std::printf("  %-*s%s\n", ColumnWidth, left.c_str(), right.c_str());
+}
+
+} // namespace
+
+bool Session::fail(const zel::String& why) {
+    trouble = why;
+    return false;
+}
+
+void Session::say(const zel::String& line) const {
+    if (!quiet)
+        std::printf("%s\n", line.c_str());
+}
+
+bool Session::needCareer() {
+    return career.hasCareer() || fail("There is no career yet: begin with new or load");
+}
+
+bool Session::needSimulator() {
+    const SimulatorState state = checkSimulator();
+    return state == SimulatorState::Ready || fail(simulatorAdvice(state));
+}
+
+bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
+    career.createCareer(service);
+    if (!career.hasCareer())
+        return fail("No squadron could be made");
+    missionWritten = false;
+    say(serviceText(service));
+    say(startDateText(year, month));
+    say(pilotNameText(career));
+    career.simulateToDate(year, month, 1);
+    progress.clear();
+    return true;
+}
+
+bool Session::load() {
+    missionWritten = false;
+    const zel::String path = zel::getUserDirectory() + SaveFileName;
+    if (career.loadFile(SaveFileName)) {
+        say("Loaded " + path);
+        return true;
+    }
+    const zel::String backup = path + ".bak";
+    return fail("No career could be loaded from " + path +
+                (zel::system::fileStatus(backup).exists ? "; an earlier one lies in " + backup
+                                                        : zel::String()));
+}
+
+bool Session::save() {
+    if (!needCareer())
+        return false;
+    const zel::String path = zel::getUserDirectory() + SaveFileName;
+    if (!career.writeSave(SaveFileName))
+        return fail("The career can't be written to " + path);
+    say("Saved " + path);
+    return true;
+}
+
+bool Session::status() {
+    if (!needCareer())
+        return false;
+    const Pilot& player = career.player();
+    const zel::String squadron = squadronText(career);
+    say("Date: " + career.calendar().displayText());
+    say(zel::String("Pilot: ") + zel::arrayText(player.name) +
+        (player.alive == 0 ? " (fallen; his successor flies the next mission)" : ""));
+    say("Squadron: " + (squadron.empty() ? zel::String("without a name") : squadron));
+    say(baseText(career));
+    say(zel::String("Victories: ") + player.shotdowns);
+    say(zel::String("Missions: ") + player.missions);
+    say("Next: " + nextStep());
+    return true;
+}
+
+zel::String Session::nextStep() const {
+    if (isWarOver(career))
+        return missionButtonText(career);
+    if (const zel::String advice = simulatorAdvice(checkSimulator()); !advice.empty())
+        return advice;
+    if (missionWritten)
+        return "fly the mission WingtallyMission in Rise of Flight, then report";
+    if (career.invitationSquadron >= 0)
+        return "answer the invitation";
+    return "mission";
+}
+
+bool Session::mission() {
+    if (!needCareer() || !needSimulator())
+        return false;
+    if (isWarOver(career))
+        return fail(missionButtonText(career));
+    missionWritten = false;
+    SquadronSimulator::keepPlayerOnAllowedMap();
+    say(career.calendar().displayText());
+    watch.begin(Configuration::getRofDirectory() + "data\\");
+    const DailyMission today = writeDailyMission(career, generator);
+    if (!today.problem.empty())
+        return fail(today.problem);
+    missionWritten = true;
+    for (const zel::String& line : today.roster)
+        say(line);
+    say(startLabel(today));
+    return true;
+}
+
+bool Session::fly() {
+    if (!needSimulator())
+        return false;
+    standin::FlightOptions options;
+    options.seed = zel::Random().next();
+    standin::FlightSummary summary;
+    zel::String error;
+    if (!standin::flyMission(Configuration::getRofDirectory(), MissionFileName, options, error,
+                             &summary))
+        return fail(error);
+    say("The stand-in simulator has flown the mission: " + summary.logName);
+    return true;
+}
+
+bool Session::report(int32_t waitSeconds) {
+    if (!needCareer() || !needSimulator())
+        return false;
+    if (!missionWritten)
+        return fail("There is no mission of this run to report on: mission comes before report");
+    bool found = findCombatReport(watch);
+    for (int32_t waited = 0; !found && waited < waitSeconds; ++waited) {
+        zel::system::sleepMilliseconds(LookInterval);
+        found = findCombatReport(watch);
+    }
+    if (!found)
+        return fail("No log of a finished flight has come into " +
+                    Configuration::getRofDirectory() + "data\\");
+    missionWritten = false;
+    say("Combat Report: " + career.calendar().displayText());
+    sayReport();
+    combatReport.clear();
+    advanceOnePeriod();
+    return true;
+}
+
+void Session::sayReport() const {
+    if (quiet)
+        return;
+    const ReportColumns columns = combatReportColumns(combatReport.pilots);
+    if (columns.left.empty() && columns.right.empty())
+        printColumns(NoMissionPlayed, "");
+    for (size_t i = 0; i < std::max(columns.left.size(), columns.right.size()); ++i) {
+        const ReportEntry left = i < columns.left.size() ? columns.left[i] : ReportEntry();
+        const ReportEntry right = i < columns.right.size() ? columns.right[i] : ReportEntry();
+        printColumns(left.pilot, right.pilot);
+        printColumns(left.fate, right.fate);
+        printColumns(left.cause, right.cause);
+    }
+}
+
+void Session::advanceOnePeriod() {
+    SquadronSimulator::advanceWar();
+    progress.clear();
+}
+
+bool Session::advance(int32_t periods) {
+    if (!needCareer())
+        return false;
+    missionWritten = false;
+    for (int32_t i = 0; i < periods; ++i)
+        advanceOnePeriod();
+    say(career.calendar().displayText());
+    return true;
+}
+
+bool Session::until(int32_t date) {
+    if (!needCareer())
+        return false;
+    while (!isWarOver(career) && career.calendar().dateNumber() < date) {
+        if (letter.open()) {
+            say(letter.text());
+            letter.accept();
+            say("Accepted");
+        }
+        if (!mission() || !fly() || !report(0))
+            return false;
+    }
+    say(career.calendar().displayText());
+    if (isWarOver(career))
+        say(missionButtonText(career));
+    return true;
+}
+
+bool Session::squadron() {
+    if (!needCareer())
+        return false;
+    if (const zel::String name = squadronText(career); !name.empty())
+        say(name);
+    say(baseText(career));
+    for (const zel::String& line : squadronLines(career))
+        say(line);
+    return true;
+}
+
+bool Session::aces() {
+    if (!needCareer())
+        return false;
+    for (const zel::String& line : aceLines(career))
+        if (!line.empty())
+            say(line);
+    return true;
+}
+
+bool Session::showInvitation() {
+    if (!needCareer())
+        return false;
+    say(letter.open() ? letter.text() : zel::String("No invitation waits"));
+    return true;
+}
+
+bool Session::acceptInvitation() {
+    if (!needCareer())
+        return false;
+    if (!letter.open())
+        return fail("No invitation waits");
+    say(letter.text());
+    if (!letter.accept())
+        return fail("The inviting squadron has no pilot to change places with");
+    say("Accepted");
+    return true;
+}
+
+bool Session::refuseInvitation() {
+    if (!needCareer())
+        return false;
+    if (!letter.open())
+        return fail("No invitation waits");
+    say(letter.text());
+    letter.refuse();
+    say("Refused");
+    return true;
+}

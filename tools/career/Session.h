@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "app/career/Database.h"
+#include "app/mission/MissionGenerator.h"
+#include "app/report/CombatReport.h"
+#include "app/report/LogWatch.h"
+#include "app/war/InvitationLetter.h"
+#include "engine/core/String.h"
+#include "tools/career/Progress.h"
+
+/// One run of the career program: the objects that the window's program holds, and the commands on
+/// them. Each command returns true when it did what it says; otherwise problem() is the one line
+/// that tells why.
+class Session {
+public:
+    explicit Session(bool quiet) : quiet(quiet), progress(!quiet) {}
+
+    bool newCareer(int32_t service, int32_t year, int32_t month);
+    bool load();
+    bool save();
+    bool status();
+    bool mission();
+    bool fly();
+    /// Waits up to that many seconds for the simulator's log.
+    bool report(int32_t waitSeconds);
+    bool advance(int32_t periods);
+    /// Mission, flight and report over and over, invitations accepted, up to that date (yyyymmdd)
+    /// or the end of the war.
+    bool until(int32_t date);
+    bool squadron();
+    bool aces();
+    bool showInvitation();
+    bool acceptInvitation();
+    bool refuseInvitation();
+
+    const zel::String& problem() const { return trouble; }
+
+private:
+    bool fail(const zel::String& why);
+    bool needCareer();
+    bool needSimulator();
+    void say(const zel::String& line) const;
+    void sayReport() const;
+    void advanceOnePeriod();
+    zel::String nextStep() const;
+
+    bool quiet;
+    zel::String trouble;
+    Database career;
+    MissionGenerator generator;
+    CombatReport combatReport;
+    InvitationLetter letter;
+    LogWatch watch;
+    Progress progress;
+    bool missionWritten = false; // by this run, whose plan the report needs
+};

@@ -1,0 +1,90 @@
+#include <cstdio>
+
+#include "app/career/Aircraft.h"
+#include "app/mission/Configuration.h"
+#include "engine/core/Clock.h"
+#include "engine/core/Log.h"
+#include "engine/core/Random.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "tools/career/CommandLine.h"
+#include "tools/career/Session.h"
+
+namespace {
+
+constexpr const char* SettingsFile = "wtysettings.ini";
+
+int wrongCall(const std::string& error) {
+    std::fprintf(stderr, "wingtally-career: %s\n%s", error.c_str(), careerUsage());
+    return 2;
+}
+
+int failed(const zel::String& why) {
+    std::fflush(stdout);
+    std::fprintf(stderr, "wingtally-career: %s\n", why.c_str());
+    return 1;
+}
+
+void showLogs(bool verbose) {
+    zel::setConsoleShown(verbose);
+    if (verbose)
+        zel::setLogLevel(7);
+    else
+        zel::setLogStream(stderr); // standard output is for what was asked for
+}
+
+/// Nothing of this run's time may show in its results.
+void pin(uint32_t seed) {
+    zel::Random::setStaticNumber(seed);
+    zel::setTickSource([] { return uint32_t(0); });
+    zel::setWallTimeSource([] { return zel::WallTime{2009, 5, 7, 12, 0, 0}; });
+}
+
+/// Changes to the folder that holds Data; false if there is none.
+bool enterRunDirectory(const zel::String& chosen) {
+    zel::String folder = chosen;
+    if (folder.empty())
+        folder = zel::findRunDirectory();
+    else if (!zel::system::isDirectory(folder + "\\Data"))
+        folder = folder + "\\.."; // Data itself was named
+    return !folder.empty() && zel::system::isDirectory(folder + "\\Data\\Historical") &&
+           zel::system::changeDirectory(folder);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    zel::setApplicationTitle("Wingtally");
+    CareerCall call;
+    std::string error;
+    if (!readCareerCall({argv + 1, argv + argc}, call, error))
+        return wrongCall(error);
+    if (call.help) {
+        std::printf("%s", careerUsage());
+        return 0;
+    }
+    showLogs(call.verbose);
+    if (call.seed)
+        pin(*call.seed);
+
+    const zel::String startDirectory = zel::system::currentDirectory();
+    if (!call.rofDirectory.empty())
+        call.rofDirectory = zel::system::absolutePath(call.rofDirectory);
+    if (!call.userDirectory.empty())
+        zel::setUserDirectory(zel::system::absolutePath(call.userDirectory));
+    if (!enterRunDirectory(call.dataDirectory))
+        return failed(call.dataDirectory.empty()
+                          ? zel::String("The folder Data was not found beside the program")
+                          : "There is no folder Data in " + call.dataDirectory);
+    Configuration::load(SettingsFile);
+    Configuration::load(startDirectory + "\\" + SettingsFile);
+    if (!call.rofDirectory.empty())
+        Configuration::set("rof.directory", call.rofDirectory);
+
+    initPlaneNames();
+    Session session(call.quiet);
+    for (const auto& command : call.commands)
+        if (!command(session))
+            return failed(session.problem());
+    return 0;
+}
