@@ -1,6 +1,7 @@
 #include "app/career/Aircraft.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
 
 #include "app/career/Nation.h"
@@ -15,7 +16,7 @@ struct PlaneName {
 
 // Allied types first: isAlliedPlane() goes by the place.
 // clang-format off
-constexpr PlaneName PlaneNames[] = {
+constexpr PlaneName PlaneNames[PlaneCount] = {
     {"dh2",            "Airco DH2"},
     {"nieuport11",     "Nieuport 11"},
     {"nieuport17",     "Nieuport 17"},
@@ -42,17 +43,40 @@ constexpr PlaneName PlaneNames[] = {
     {"fokkerd8",       "Fokker D. VIII"},
 };
 // clang-format on
-static_assert(std::size(PlaneNames) == PlaneCount);
+static_assert(PlaneNames[PlaneCount - 1].identifier != nullptr);
 
+/// Place of a type in the table above, found when the program is compiled. An unknown one has no
+/// place: that does not compile.
+constexpr int32_t placeOf(std::string_view identifier) {
+    int32_t place = 0;
+    while (identifier != PlaneNames[place].identifier)
+        ++place;
+    return place;
+}
+
+/// A type and its part of a draw, out of the row's sum.
 struct Share {
-    const char* plane; // identifier; null in the unused places of a row
-    int32_t weight;    // out of the row's sum, which is the range of the draw
+    int32_t plane; // place in the table
+    int32_t weight;
+
+    constexpr Share(std::string_view identifier, int32_t weight)
+        : plane(placeOf(identifier)), weight(weight) {}
 };
 
-/// What a side flies after the row above, up to and including the month `until`.
+/// What a side flies after the row above, up to and including the month `until`. The draw of a row
+/// goes over its sum; its planes take their shares in the order of the row.
 struct Period {
+    static constexpr int32_t LargestSum = 10;
+
+    constexpr Period(int32_t until, std::initializer_list<Share> shares) : until(until) {
+        for (const Share& share : shares)
+            for (int32_t i = 0; i < share.weight; ++i)
+                planes[sum++] = static_cast<int8_t>(share.plane);
+    }
+
     int32_t until; // yyyymm; the last row is taken whatever stands here
-    Share shares[6];
+    int32_t sum = 0;
+    int8_t planes[LargestSum] = {}; // by the number drawn
 };
 
 // Our own judgement of who had what at the front, and when; the sources are in docs/history.md.
@@ -100,10 +124,19 @@ template <size_t Count> constexpr bool ascend(const Period (&periods)[Count]) {
 }
 static_assert(ascend(AlliedPeriods) && ascend(CentralPeriods));
 
-constexpr std::string_view RefusedByFrance[] = {"soppup", "soptriplane", "sopcamel",  "sopdolphin",
-                                                "se5a",   "dh2",         "nieuport28"};
-constexpr std::string_view TakenByUsa[] = {"sopcamel", "nieuport28", "spad13"};
-constexpr std::string_view WithGunsAsPayload2[] = {"sopdolphin", "spad13", "sopcamel", "se5a"};
+/// A set of types: bit p for the type of place p.
+constexpr uint32_t setOf(std::initializer_list<std::string_view> identifiers) {
+    uint32_t set = 0;
+    for (const std::string_view identifier : identifiers)
+        set |= 1U << placeOf(identifier);
+    return set;
+}
+constexpr uint32_t RefusedByFrance =
+    setOf({"soppup", "soptriplane", "sopcamel", "sopdolphin", "se5a", "dh2", "nieuport28"});
+constexpr uint32_t TakenByUsa = setOf({"sopcamel", "nieuport28", "spad13"});
+constexpr uint32_t WithGunsAsPayload2 = setOf({"sopdolphin", "spad13", "sopcamel", "se5a"});
+
+constexpr bool holds(uint32_t set, int32_t plane) { return (set >> plane & 1) != 0; }
 
 // The rounds of chooseNationPlane: in these the month goes back by one, and in the last but four it
 // is put back.
@@ -111,10 +144,6 @@ constexpr int32_t FirstRound = 600;
 constexpr int32_t LastRound = 999;
 constexpr int32_t RoundsBack[] = {800, 825, 850, 875, 900, 910, 920, 930, 940, 950};
 constexpr int32_t RoundOfReturn = 995;
-
-template <typename List, typename Value> bool holds(const List& list, const Value& value) {
-    return std::find(std::begin(list), std::end(list), value) != std::end(list);
-}
 
 const Period& periodAt(bool allied, int32_t year, int32_t month) {
     const auto reaches = [until = year * 100 + month](const Period& period) {
@@ -128,23 +157,19 @@ const Period& periodAt(bool allied, int32_t year, int32_t month) {
     return *std::find_if(std::begin(CentralPeriods), last, reaches);
 }
 
-const char* drawPlane(const Period& period, zel::Random& random) {
-    int32_t sum = 0;
-    for (const Share& share : period.shares)
-        sum += share.weight;
-    int32_t draw = random.getInt(0, sum - 1);
-    for (const Share& share : period.shares) {
-        if (draw < share.weight)
-            return share.plane;
-        draw -= share.weight;
-    }
-    return period.shares[0].plane; // not reached: the draw lies below the sum
+/// Place of the type drawn: one draw, also where the row has but one type.
+int32_t drawPlane(const Period& period, zel::Random& random) {
+    return period.planes[random.getInt(0, period.sum - 1)];
 }
 
-bool accepts(int32_t nation, const char* plane) {
+bool accepts(int32_t nation, int32_t plane) {
     if (nation == France)
         return !holds(RefusedByFrance, plane);
     return nation != Usa || holds(TakenByUsa, plane);
+}
+
+bool goesBack(int32_t round) {
+    return std::find(std::begin(RoundsBack), std::end(RoundsBack), round) != std::end(RoundsBack);
 }
 
 zel::Random* currentRandom = nullptr;
@@ -202,7 +227,7 @@ zel::String planeDisplayName(const zel::String& identifier) {
 }
 
 zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t /*day*/) {
-    return drawPlane(periodAt(allied, year, month), planeRandom());
+    return PlaneNames[drawPlane(periodAt(allied, year, month), planeRandom())].identifier;
 }
 
 zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t /*day*/) {
@@ -211,35 +236,40 @@ zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32
     int32_t workingYear = year;
     int32_t workingMonth = month;
     const Period* period = &periodAt(allied, year, month);
-    const char* plane = "";
+    int32_t plane = 0;
     for (int32_t round = FirstRound; round <= LastRound; ++round) {
-        if (holds(RoundsBack, round) && --workingMonth < 1) {
-            workingMonth = 12;
-            --workingYear;
-        }
-        if (round == RoundOfReturn) {
-            workingYear = year;
-            workingMonth = month;
-        }
-        if (round >= RoundsBack[0])
+        if (round >= RoundsBack[0]) {
+            if (goesBack(round) && --workingMonth < 1) {
+                workingMonth = 12;
+                --workingYear;
+            }
+            if (round == RoundOfReturn) {
+                workingYear = year;
+                workingMonth = month;
+            }
             period = &periodAt(allied, workingYear, workingMonth);
+        }
         plane = drawPlane(*period, random);
         if (accepts(nation, plane))
             break;
     }
-    return plane;
+    return PlaneNames[plane].identifier;
 }
 
 std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t month) {
+    const Period& period = periodAt(isAllied(nation), year, month);
     std::vector<const char*> planes;
-    for (const Share& share : periodAt(isAllied(nation), year, month).shares)
-        if (share.plane != nullptr && accepts(nation, share.plane))
-            planes.push_back(share.plane);
+    for (int32_t i = 0; i < period.sum; ++i) {
+        const bool isRepeated = i > 0 && period.planes[i] == period.planes[i - 1];
+        if (!isRepeated && accepts(nation, period.planes[i]))
+            planes.push_back(PlaneNames[period.planes[i]].identifier);
+    }
     return planes;
 }
 
 zel::String payloadId(const zel::String& plane) {
-    return holds(WithGunsAsPayload2, plane.view()) ? "2" : "0";
+    const int32_t index = planeIndex(plane);
+    return index >= 0 && holds(WithGunsAsPayload2, index) ? "2" : "0";
 }
 
 void setPlaneRandom(zel::Random* random) { currentRandom = random; }

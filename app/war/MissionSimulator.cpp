@@ -37,6 +37,47 @@ float defenceOf(const PilotReport& pilot) {
     return defence;
 }
 
+/// A generator's draws as a meeting takes them, one by one.
+class PlainDraws {
+public:
+    explicit PlainDraws(zel::Random& random) : random(random) {}
+    template <uint32_t Most> int32_t getInt() { return random.getIntUpTo<Most>(); } // from 0
+    float getFloat(float most) { return random.getFloat(0, most); }
+    /// A draw up to `most` if the condition holds, otherwise `otherwise` and no draw.
+    float getFloatIf(bool condition, float most, float otherwise) {
+        return condition ? getFloat(most) : otherwise;
+    }
+
+private:
+    zel::Random& random;
+};
+
+/// The same draws out of values that stand ready. Whether a draw is taken is as good as a coin's
+/// toss, which no processor can foresee: so both outcomes are reckoned and one is kept.
+class ReadyDraws {
+public:
+    ReadyDraws(zel::Random& random, const uint32_t* values)
+        : random(random), first(values), next(values) {}
+    ~ReadyDraws() { random.skip(static_cast<uint32_t>(next - first)); }
+    ReadyDraws(const ReadyDraws&) = delete;
+    ReadyDraws& operator=(const ReadyDraws&) = delete;
+
+    template <uint32_t Most> int32_t getInt() { return static_cast<int32_t>(*next++ % (Most + 1)); }
+    float getFloat(float most) { return static_cast<float>(*next++) * 0x1p-32F * most; }
+    float getFloatIf(bool condition, float most, float otherwise) {
+        const float drawn = static_cast<float>(*next) * 0x1p-32F * most;
+        next += condition ? 1 : 0;
+        return condition ? drawn : otherwise;
+    }
+
+private:
+    zel::Random& random;
+    const uint32_t* first;
+    const uint32_t* next;
+};
+
+constexpr uint32_t MostDrawsOfMeeting = 26;
+
 } // namespace
 
 void MissionSimulator::reset() {
@@ -88,49 +129,58 @@ void MissionSimulator::fight(int32_t steps) {
 bool MissionSimulator::fightStep() {
     if (pilots.empty())
         return true;
-    const int32_t attacker = random.getInt(0, Places - 1);
-    const int32_t target = random.getInt(0, Places - 1);
+    const int32_t attacker = random.getIntUpTo<Places - 1>();
+    const int32_t target = random.getIntUpTo<Places - 1>();
     if ((opponents[static_cast<size_t>(attacker)] >> target & 1) == 0)
         return false;
     return meet(attacker, target);
 }
 
-float MissionSimulator::drawAttack(const Fighter& attacker, const Fighter& target) {
-    float value = random.getFloat(0, attacker.attack);
-    value += random.getFloat(0, attacker.attack);
-    value -= random.getFloat(0, target.defence);
-    value -= random.getFloat(0, target.defence);
-    if (target.skill > random.getInt(0, 13))
-        value -= random.getFloat(0, target.defence);
-    value = std::max(value, 0.0F);
-    for (int32_t i = 0; i < 7; ++i)
-        if (random.getInt(0, 15) > attacker.skill)
-            value = random.getFloat(0, value);
-    return value;
+bool MissionSimulator::meet(int32_t attacker, int32_t target) {
+    if (const uint32_t* values = random.ahead(MostDrawsOfMeeting)) {
+        ReadyDraws draws(random, values);
+        return meetWith(draws, attacker, target);
+    }
+    PlainDraws draws(random);
+    return meetWith(draws, attacker, target);
 }
 
-bool MissionSimulator::meet(int32_t attacker, int32_t target) {
-    const float value =
-        drawAttack(fighters[static_cast<size_t>(attacker)], fighters[static_cast<size_t>(target)]);
-    const float good = random.getFloat(0, LuckRange);
-    const float bad = random.getFloat(0, LuckRange);
+template <typename Draws>
+bool MissionSimulator::meetWith(Draws& draws, int32_t attackerPlace, int32_t targetPlace) {
+    const Fighter& attacker = fighters[static_cast<size_t>(attackerPlace)];
+    const Fighter& target = fighters[static_cast<size_t>(targetPlace)];
+    float value = draws.getFloat(attacker.attack);
+    value += draws.getFloat(attacker.attack);
+    value -= draws.getFloat(target.defence);
+    value -= draws.getFloat(target.defence);
+    const bool defendsWell = target.skill > draws.template getInt<13>();
+    value -= draws.getFloatIf(defendsWell, target.defence, 0);
+    value = std::max(value, 0.0F);
+    for (int32_t i = 0; i < 7; ++i) {
+        const bool fumbles = draws.template getInt<15>() > attacker.skill;
+        value = draws.getFloatIf(fumbles, value, value);
+    }
+    const float good = draws.getFloat(LuckRange);
+    const float bad = draws.getFloat(LuckRange);
     const float chance = value + good - bad;
     if (chance < 0)
         return false;
-    const float hit = random.getFloat(0, chance);
+    const float hit = draws.getFloat(chance);
     float injury = 0;
     if (hit > LeastWoundingHit)
-        injury = static_cast<float>(random.getInt(0, 4)) * 0.25F;
-    PilotReport& victim = pilots[static_cast<size_t>(target)];
+        injury = static_cast<float>(draws.template getInt<4>()) * 0.25F;
+    PilotReport& victim = pilots[static_cast<size_t>(targetPlace)];
     victim.damage += hit;
     victim.injury += injury;
     if (victim.damage >= 1.0F)
-        return takeOut(attacker, target);
+        return takeOut(draws, attackerPlace, targetPlace);
     return alliedLeft == 0 || centralLeft == 0;
 }
 
-bool MissionSimulator::takeOut(int32_t attacker, int32_t target) {
-    random.getInt(0, 12); // drawn and dropped: the sequence of draws is what careers are made of
+template <typename Draws>
+bool MissionSimulator::takeOut(Draws& draws, int32_t attacker, int32_t target) {
+    draws.template getInt<12>(); // drawn and dropped: the sequence of draws is what careers are
+                                 // made of
     PilotReport& victim = pilots[static_cast<size_t>(target)];
     victim.shotDown = 1;
     victim.finished = 1;

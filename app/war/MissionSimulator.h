@@ -40,8 +40,8 @@ private:
     };
 
     bool meet(int32_t attacker, int32_t target);
-    float drawAttack(const Fighter& attacker, const Fighter& target);
-    bool takeOut(int32_t attacker, int32_t target);
+    template <typename Draws> bool meetWith(Draws& draws, int32_t attacker, int32_t target);
+    template <typename Draws> bool takeOut(Draws& draws, int32_t attacker, int32_t target);
 
     std::vector<PilotReport> pilots;
     std::array<Fighter, Places> fighters;

@@ -15,10 +15,18 @@ constexpr uint32_t LowerBits = 0x7FFFFFFFU;
 
 uint32_t staticNumber = 0;
 bool staticNumberSet = false;
+uint64_t blocksMade = 0;
 
 uint32_t twist(uint32_t upper, uint32_t lower) {
     const uint32_t joined = (upper & UpperBit) | (lower & LowerBits);
     return (joined >> 1) ^ ((0U - (lower & 1U)) & 0x9908B0DFU);
+}
+
+uint32_t temper(uint32_t value) {
+    value ^= value >> 11;
+    value ^= (value << 7) & 0x9D2C5680U;
+    value ^= (value << 15) & 0xEFC60000U;
+    return value ^ (value >> 18);
 }
 
 } // namespace
@@ -55,17 +63,10 @@ void Random::makeBlock() {
     for (; i < Size - 1; ++i)
         state[i] = state[i + Middle - Size] ^ twist(state[i], state[i + 1]);
     state[Size - 1] = state[Middle - 1] ^ twist(state[Size - 1], state[0]);
+    for (i = 0; i < Size; ++i)
+        block[i] = temper(state[i]);
     index = 0;
-}
-
-uint32_t Random::next() {
-    if (index == Size)
-        makeBlock();
-    uint32_t value = state[index++];
-    value ^= value >> 11;
-    value ^= (value << 7) & 0x9D2C5680U;
-    value ^= (value << 15) & 0xEFC60000U;
-    return value ^ (value >> 18);
+    ++blocksMade;
 }
 
 int32_t Random::getInt(int32_t a, int32_t b) {
@@ -76,6 +77,8 @@ int32_t Random::getInt(int32_t a, int32_t b) {
     // A range of 0 is the whole of int32.
     return static_cast<int32_t>((range != 0 ? value % range : value) + static_cast<uint32_t>(a));
 }
+
+uint64_t Random::valuesMade() { return blocksMade * Size; }
 
 Random& sharedRandom() {
     static Random shared;

@@ -23,17 +23,36 @@ public:
     void seed(uint32_t value);
 
     /// The next 32-bit value of the published sequence.
-    uint32_t next();
+    uint32_t next() {
+        if (index == Size)
+            makeBlock();
+        return block[index++];
+    }
     /// a to b, both included; exchanged when a is the greater.
     int32_t getInt(int32_t a, int32_t b);
+    /// getInt(0, Most), with a division that is settled when the program is compiled.
+    template <uint32_t Most> int32_t getIntUpTo() {
+        return static_cast<int32_t>(next() % (Most + 1));
+    }
     bool getBool() { return getInt(0, 1) == 1; }
     /// 0 to 1, both included: the largest draws round up to 1.
     float getFloat() { return static_cast<float>(next()) * 0x1p-32F; }
     float getFloat(float a, float b) { return getFloat() * (b - a) + a; }
 
+    /// The next `count` values, ready but not taken yet, for hot code that takes some of them and
+    /// then says how many with skip(). Null when the present block holds fewer.
+    const uint32_t* ahead(uint32_t count) const {
+        return Size - index >= count ? block.data() + index : nullptr;
+    }
+    void skip(uint32_t count) { index += count; }
+
     /// Pins what a seed of 0 starts from; together with the clock's tick source it makes a whole
     /// run reproducible. Unset, it comes from the system's entropy at the first use.
     static void setStaticNumber(uint32_t number);
+
+    /// How many values all generators of the program have made so far, in whole blocks of 624: for
+    /// measuring, at no cost to a draw.
+    static uint64_t valuesMade();
 
 private:
     void fillState(uint32_t value);
@@ -41,7 +60,8 @@ private:
 
     static constexpr uint32_t Size = 624;
     std::array<uint32_t, Size> state;
-    uint32_t index; // of the next word; Size when a new block is due
+    std::array<uint32_t, Size> block; // the values made of the state
+    uint32_t index;                   // of the next value; Size when a new block is due
 };
 
 /// The engine's shared generator, built at its first use.

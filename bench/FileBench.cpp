@@ -1,0 +1,209 @@
+// Reading and writing against the C and C++ library's plain calls on the same bytes.
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "app/career/Database.h"
+#include "app/mission/MissionGenerator.h"
+#include "app/report/CombatReport.h"
+#include "bench/Benches.h"
+#include "bench/RatioReport.h"
+#include "engine/core/Random.h"
+#include "engine/core/UserDirectory.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr uint32_t Seed = 20260;
+constexpr int32_t LogLines = 100000;
+
+/// A folder for what the benchmarks write, removed at the end.
+const std::string& workFolder() {
+    struct Folder {
+        std::string path = (fs::temp_directory_path() / "wingtally-bench").string();
+        Folder() { fs::create_directories(path); }
+        ~Folder() {
+            std::error_code ignored;
+            fs::remove_all(path, ignored);
+        }
+    };
+    static const Folder folder;
+    return folder.path;
+}
+
+std::vector<std::string> dataFiles() {
+    std::vector<std::string> names;
+    for (const char* folder : {"Data/Historical/Squadrons", "Data/Historical/Pilots"})
+        for (const auto& entry : fs::directory_iterator(folder))
+            names.push_back(entry.path().string());
+    return names;
+}
+
+size_t readPlainly(const std::string& name, std::vector<char>& buffer) {
+    FILE* file = std::fopen(name.c_str(), "rb");
+    if (file == nullptr)
+        return 0;
+    const size_t count = std::fread(buffer.data(), 1, buffer.size(), file);
+    std::fclose(file);
+    return count;
+}
+
+void createCareer(benchmark::State& state) {
+    zel::Random::setStaticNumber(Seed);
+    Database career;
+    const MissionGenerator generator;
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        career.createCareer(ServiceFrench);
+    }
+}
+
+void createCareerBare(benchmark::State& state) {
+    const std::vector<std::string> names = dataFiles();
+    std::vector<char> buffer(1 << 20);
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        size_t bytes = 0;
+        for (const std::string& name : names)
+            bytes += readPlainly(name, buffer);
+        benchmark::DoNotOptimize(bytes);
+    }
+}
+
+/// A career as it is in the middle of the war.
+Database& grownCareer() {
+    static const auto career = [] {
+        zel::setUserDirectory(workFolder());
+        zel::Random::setStaticNumber(Seed);
+        auto grown = std::make_unique<Database>();
+        const MissionGenerator generator;
+        grown->createCareer(ServiceGerman);
+        grown->simulateToDate(1917, 6, 1);
+        return grown;
+    }();
+    return *career;
+}
+
+std::string saveFile() { return workFolder() + "/Saves/savegame_v03.wty"; }
+
+void store(benchmark::State& state) {
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        grownCareer().storeFile(SaveFileName);
+    }
+}
+
+void storeBare(benchmark::State& state) {
+    grownCareer().storeFile(SaveFileName);
+    std::vector<char> buffer(fs::file_size(saveFile()));
+    readPlainly(saveFile(), buffer);
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        FILE* file = std::fopen((workFolder() + "/bare").c_str(), "wb");
+        std::fwrite(buffer.data(), 1, buffer.size(), file);
+        std::fclose(file);
+    }
+}
+
+void load(benchmark::State& state) {
+    grownCareer().storeFile(SaveFileName);
+    Database career;
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        if (!career.loadFile(SaveFileName))
+            state.SkipWithError("the save file can't be read");
+    }
+}
+
+void loadBare(benchmark::State& state) {
+    grownCareer().storeFile(SaveFileName);
+    std::vector<char> buffer(fs::file_size(saveFile()));
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        benchmark::DoNotOptimize(readPlainly(saveFile(), buffer));
+    }
+}
+
+/// A log of one long fight: planes and pilots first, then hits, damage and positions.
+const std::string& logFile() {
+    static const std::string path = [] {
+        const std::string name = workFolder() + "/log[0].txt";
+        std::ofstream log(name, std::ios::binary);
+        log << "T:0 AType:15 VER:18\r\n";
+        for (int32_t i = 0; i < 8; ++i) {
+            log << "T:5 AType:12 ID:" << 20000 + i
+                << " TYPE:SPAD 7.C1 150hp COUNTRY:" << (i < 4 ? 101 : 501) << " NAME:Jean Martin "
+                << i << " PID:-1\r\n"
+                << "T:5 AType:12 ID:" << 30000 + i
+                << " TYPE:Common Bot COUNTRY:101 NAME: PID:" << 20000 + i << "\r\n";
+        }
+        zel::Random random(Seed);
+        for (int32_t i = 17; i < LogLines; ++i) {
+            const int32_t from = 20000 + random.getInt(0, 7);
+            const int32_t to = 20000 + random.getInt(0, 7);
+            if (i % 3 == 0)
+                log << "T:" << i << " AType:2 DMG:0.012 AID:" << from << " TID:" << to
+                    << " POS(211602.250,1580.125,63020.500)\r\n";
+            else
+                log << "T:" << i << " AType:1 AMMO:BULLET_GER_792x57_SS AID:" << from
+                    << " TID:" << to << "\r\n";
+        }
+        return name;
+    }();
+    return path;
+}
+
+void readLog(benchmark::State& state) {
+    logFile();
+    CombatReport report;
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        report.clear();
+        benchmark::DoNotOptimize(report.readMission(workFolder() + "/", "log[0].txt"));
+    }
+}
+
+void readLogBare(benchmark::State& state) {
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        std::ifstream file(logFile(), std::ios::binary);
+        std::string line;
+        size_t bytes = 0;
+        while (std::getline(file, line))
+            bytes += line.size();
+        benchmark::DoNotOptimize(bytes);
+    }
+}
+
+} // namespace
+
+void registerFileBenches() {
+    using benchmark::kMillisecond;
+    struct Bench {
+        const char* name;
+        void (*run)(benchmark::State&);
+    };
+    const Bench benches[] = {
+        {"createCareer/ours", createCareer},
+        {"createCareer/bare", createCareerBare},
+        {"storeFile/ours", store},
+        {"storeFile/bare", storeBare},
+        {"loadFile/ours", load},
+        {"loadFile/bare", loadBare},
+        {"log of 100000 lines/ours", readLog},
+        {"log of 100000 lines/bare", readLogBare},
+    };
+    for (const Bench& bench : benches)
+        benchmark::RegisterBenchmark(bench.name, bench.run)->Unit(kMillisecond);
+    RatioReport::setLimit("createCareer", 4);
+    RatioReport::setLimit("storeFile", 3);
+    RatioReport::setLimit("loadFile", 3);
+    RatioReport::setLimit("log of 100000 lines", 4);
+}

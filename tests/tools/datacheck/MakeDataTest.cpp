@@ -1,0 +1,219 @@
+#include <chrono>
+#include <filesystem>
+#include <map>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tools/makedata/DataFiles.h"
+
+namespace {
+
+using tables::Faults;
+using tables::FileSet;
+using tables::Tables;
+
+constexpr const char* SquadronHeader = "key,nation,name,aircraft,from,until,skin,source\n";
+constexpr const char* AceHeader = "name,nation,born,victories,fate,fate_date,source\n";
+constexpr const char* PostingHeader = "name,key,from,until,acelevel\n";
+
+/// Small tables without a fault, by file.
+std::map<std::string, std::string> goodTables() {
+    std::map<std::string, std::string> files = {
+        {"history/squadrons.csv",
+         std::string(SquadronHeader) +
+             "102056,England,No 56 Squadron RFC,se5a,19170407,19181111,,general\n"
+             "501011,Germany,Jasta 11,fokkerdr1,19170828,19180515,501011,general\n"
+             "501011,Germany,Jasta 11,albatrosd3,19170201,19170725,,general\n"},
+        {"history/aces.csv", std::string(AceHeader) +
+                                 "Albert Ball,England,1896,44,killed,19170507,general\n"
+                                 "Lothar von Richthofen,Germany,1894,40,survived,,general\n"},
+        {"history/postings.csv", std::string(PostingHeader) +
+                                     "Albert Ball,102056,19170407,19170507,1\n"
+                                     "Lothar von Richthofen,501011,19170306,19170513,1\n"
+                                     "Lothar von Richthofen,501011,19170923,19180313,1\n"},
+    };
+    for (const char* nation : {"France", "England", "Germany", "USA"}) {
+        files[std::string("names/") + nation + "_1st.txt"] = "Adam\nJean-Pierre\n";
+        files[std::string("names/") + nation + "_2nd.txt"] = "Abbott\nO'Neill\n";
+    }
+    return files;
+}
+
+struct Reading {
+    Tables tables;
+    Faults faults;
+};
+
+/// Reads the good tables with one file replaced.
+Reading readWith(const std::string& file, const std::string& content) {
+    const TemporaryFolder folder;
+    for (const auto& [name, good] : goodTables())
+        folder.write(name, name == file ? content : good);
+    Reading reading;
+    const bool isGood = tables::readTables(folder.path(), reading.tables, reading.faults);
+    EXPECT_EQ(isGood, reading.faults.empty());
+    return reading;
+}
+
+/// The faults, a line each.
+std::string faultsWith(const std::string& file, const std::string& content) {
+    std::string text;
+    for (const std::string& fault : readWith(file, content).faults)
+        text += fault + "\n";
+    return text;
+}
+
+std::string squadronFaults(const std::string& rows) {
+    return faultsWith("history/squadrons.csv",
+                      goodTables().at("history/squadrons.csv") + rows + "\n");
+}
+
+std::string aceFaults(const std::string& rows) {
+    return faultsWith("history/aces.csv", goodTables().at("history/aces.csv") + rows + "\n");
+}
+
+std::string postingFaults(const std::string& rows) {
+    return faultsWith("history/postings.csv",
+                      goodTables().at("history/postings.csv") + rows + "\n");
+}
+
+Tables readGoodTables() { return readWith("", "").tables; }
+
+TEST(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
+    const FileSet files = tables::makeFiles(readGoodTables());
+    EXPECT_EQ(files.at("Historical/Squadrons/501011.txt"),
+              "date=19170201 until=19170725 action=skin aircraft=albatrosd3\r\n"
+              "date=19170828 until=19180515 action=skin aircraft=fokkerdr1 skin=501011\r\n");
+    EXPECT_EQ(files.at("Historical/Pilots/Lothar von Richthofen.txt"),
+              "date=19170306 until=19170513 action=transfer unit=501011 acelevel=1\r\n"
+              "date=19170923 until=19180313 action=transfer unit=501011 acelevel=1\r\n");
+    EXPECT_EQ(files.at("Names/USA_2nd.txt"), "Abbott\r\nO'Neill\r\n");
+    EXPECT_EQ(files.size(), 2u + 2u + 8u);
+}
+
+TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
+    const TemporaryFolder folder;
+    FileSet files = tables::makeFiles(readGoodTables());
+    std::string fault;
+    ASSERT_TRUE(tables::writeFiles(files, folder.path(), fault)) << fault;
+    folder.write("Historical/Squadrons/501099.txt", "a squadron that left the tables");
+    folder.write("Historical/Squadrons/mine/note.txt", "a folder is not ours");
+    folder.write("Historical/note.txt", "beside the folders");
+    folder.write("Custom/Squadrons/501098.txt", "the player's");
+    folder.write("Names/USA_1st.txt", "broken");
+    const std::string kept = "Historical/Squadrons/501011.txt";
+    const auto longAgo =
+        std::filesystem::last_write_time(folder.file(kept)) - std::chrono::hours(24);
+    std::filesystem::last_write_time(folder.file(kept), longAgo);
+
+    ASSERT_TRUE(tables::writeFiles(files, folder.path(), fault)) << fault;
+    EXPECT_FALSE(std::filesystem::exists(folder.file("Historical/Squadrons/501099.txt")));
+    EXPECT_TRUE(std::filesystem::exists(folder.file("Historical/Squadrons/mine/note.txt")));
+    EXPECT_TRUE(std::filesystem::exists(folder.file("Historical/note.txt")));
+    EXPECT_TRUE(std::filesystem::exists(folder.file("Custom/Squadrons/501098.txt")));
+    EXPECT_EQ(folder.read("Names/USA_1st.txt"), files.at("Names/USA_1st.txt"));
+    EXPECT_EQ(std::filesystem::last_write_time(folder.file(kept)), longAgo)
+        << "an unchanged file is left alone";
+}
+
+TEST(MakeData, TellsWhereItCannotWrite) {
+    const TemporaryFolder folder;
+    folder.write("Historical", "a file where the folder should be");
+    std::string fault;
+    EXPECT_FALSE(tables::writeFiles(tables::makeFiles(readGoodTables()), folder.path(), fault));
+    EXPECT_NE(fault.find("Historical"), std::string::npos) << fault;
+}
+
+TEST(MakeData, ReportsFaultyRowsWithTheirLines) {
+    EXPECT_EQ(squadronFaults("502011,Germany,x,fokkerd7,19180501,19181111,,general"),
+              "history/squadrons.csv:5: \"502011\" is no key of Germany: write its code and three "
+              "digits\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,x,fokkerd7,19180532,19181111,,general"),
+              "history/squadrons.csv:5: \"19180532\" is no date: write yyyymmdd\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,x,fokkerd7,19180501,19180401,,general"),
+              "history/squadrons.csv:5: it ends on 19180401, before it begins on 19180501\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,x,fokkerd7,19180501,19180601,general"),
+              "history/squadrons.csv:5: 7 fields where the header has 8\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,x,Fokker D7,19180501,19180601,,general"),
+              "history/squadrons.csv:5: \"Fokker D7\" can't be an aircraft\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,x,fokkerd7,19180501,19180601,a skin,general"),
+              "history/squadrons.csv:5: a skin's name holds no blank and no \"=\"\n");
+    EXPECT_EQ(squadronFaults("501011,Germany,x,fokkerdr1,19170828,19180101,,general"),
+              "history/squadrons.csv:5: 501011 has fokkerdr1 from 19170828 twice\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,J\xE4ger,fokkerd7,19180501,19180601,,general"),
+              "history/squadrons.csv:5: only plain ASCII goes into a table\n");
+    EXPECT_EQ(squadronFaults("501012,Germany,x, fokkerd7,19180501,19180601,,general"),
+              "history/squadrons.csv:5: blanks around \" fokkerd7\"\n");
+}
+
+TEST(MakeData, ReportsFaultyAces) {
+    EXPECT_NE(
+        aceFaults("Viktor von Pressentin von Rautter,Germany,,15,survived,,general")
+            .find("aces.csv:4: \"Viktor von Pressentin von Rautter\" can't be a pilot's name"),
+        std::string::npos)
+        << "33 characters";
+    EXPECT_NE(aceFaults("albert ball,England,,5,survived,,general").find("is there twice"),
+              std::string::npos)
+        << "names that differ by capitals only are one file on some systems";
+    EXPECT_NE(aceFaults("Albert Ball/Smith,England,,5,survived,,general").find("can't be a pilot"),
+              std::string::npos);
+    EXPECT_NE(aceFaults("Nobody,Austria,,5,survived,,general").find("no nation \"Austria\""),
+              std::string::npos);
+    EXPECT_EQ(aceFaults("Nobody,USA,,5,survived,,general"),
+              "history/aces.csv:4: Nobody has no posting in postings.csv and would never join\n");
+}
+
+TEST(MakeData, ReportsFaultyPostings) {
+    EXPECT_EQ(postingFaults("Nobody,501011,19170101,19170201,0"),
+              "history/postings.csv:5: \"Nobody\" is no ace of aces.csv\n");
+    EXPECT_EQ(postingFaults("Lothar von Richthofen,501012,19180719,19180813,1"),
+              "history/postings.csv:5: there is no squadron 501012\n");
+    EXPECT_EQ(postingFaults("Lothar von Richthofen,501011,19180719,19180813,3"),
+              "history/postings.csv:5: \"3\" is no acelevel: write 0, 1 or 2\n");
+    EXPECT_EQ(
+        postingFaults("Lothar von Richthofen,501011,19180229,19180813,1"),
+        "history/postings.csv:5: \"19180229\" is no date: write yyyymmdd\n"
+        "history/postings.csv:5: Lothar von Richthofen is with 501011 until 19180313: a posting "
+        "begins behind the one before it\n");
+}
+
+TEST(MakeData, ReportsFaultyNameListsAndMissingFiles) {
+    EXPECT_EQ(faultsWith("names/USA_1st.txt", ""), "names/USA_1st.txt:1: the list is empty\n");
+    EXPECT_EQ(faultsWith("names/USA_1st.txt", "Adam\n Bert\nadam\n"),
+              "names/USA_1st.txt:2: \" Bert\" can't be a name: letters, \"'\" and \"-\" alone\n"
+              "names/USA_1st.txt:3: adam is there twice\n");
+    EXPECT_EQ(faultsWith("history/squadrons.csv", "key;nation\n").substr(0, 44),
+              "history/squadrons.csv:1: the header must be ");
+    const TemporaryFolder empty;
+    Tables read;
+    Faults faults;
+    EXPECT_FALSE(tables::readTables(empty.path(), read, faults));
+    EXPECT_EQ(faults.at(0), "history/squadrons.csv:0: the file can't be read");
+}
+
+// A table that was cut is either told of, or a good one of fewer rows.
+TEST(MakeData, SurvivesATableCutAnywhere) {
+    const FileSet whole = tables::makeFiles(readGoodTables());
+    for (const char* file : {"history/squadrons.csv", "history/aces.csv", "history/postings.csv"}) {
+        const std::string table = goodTables().at(file);
+        for (size_t length = 0; length < table.size(); ++length) {
+            const Reading reading = readWith(file, table.substr(0, length));
+            if (!reading.faults.empty())
+                continue;
+            EXPECT_GT(length, table.find('\n')) << file << " without its header";
+            for (const auto& [name, content] : tables::makeFiles(reading.tables))
+                EXPECT_NE(whole.at(name).find(content), std::string::npos)
+                    << file << " cut at " << length;
+        }
+    }
+}
+
+TEST(MakeData, KnowsTheDaysOfAYear) {
+    EXPECT_TRUE(tables::isDate("19160229")) << "1916 is a leap year";
+    for (const char* text : {"19170229", "19171301", "19170001", "19170100", "19170431", "1917043",
+                             "191704300", "1917o430", ""})
+        EXPECT_FALSE(tables::isDate(text)) << text;
+}
+
+} // namespace

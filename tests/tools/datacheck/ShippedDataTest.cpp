@@ -1,0 +1,71 @@
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "app/war/SquadronSimulator.h"
+#include "tools/datacheck/DataCheck.h"
+#include "tools/datacheck/Records.h"
+
+// The program runs in the staged run folder, where the data lies as it is delivered.
+
+namespace {
+
+TEST(ShippedData, HasNoFault) {
+    for (const datacheck::Fault& fault : datacheck::checkData("Data"))
+        ADD_FAILURE() << fault.file.c_str() << ":" << fault.line << ": " << fault.what.c_str();
+}
+
+// As many as docs/history.md tells of.
+TEST(ShippedData, HoldsTheWholeHistory) {
+    datacheck::Faults faults;
+    EXPECT_EQ(datacheck::readRecords("Data", "Squadrons", faults).size(), 284u);
+    EXPECT_EQ(datacheck::readRecords("Data", "Pilots", faults).size(), 873u);
+}
+
+// Otherwise the planning of a mission tries in vain a hundred times.
+TEST(ShippedData, GivesEverySquadronSomethingToFlyInEveryMonth) {
+    std::istringstream table(datacheck::coverageTable("Data").c_str());
+    std::string row;
+    std::getline(table, row);
+    int32_t rows = 0;
+    while (std::getline(table, row)) {
+        EXPECT_NE(row.find(" 100 % "), std::string::npos) << row;
+        ++rows;
+    }
+    EXPECT_EQ(rows, 36 + 36 + 10 + 36) << "the Americans come in February 1918";
+}
+
+// Time and sky are drawn when their lines are met, so their order is part of every mission; the
+// simulator wants CR LF.
+TEST(ShippedData, KeepsTheFormOfTheTemplate) {
+    std::ifstream stream("Data/Missions/GenericTemplate.Mission", std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    EXPECT_LT(text.find("  Time = "), text.find("  CloudConfig = "));
+    EXPECT_LT(text.find("  CloudConfig = "), text.find("MCU_"));
+    EXPECT_EQ(text.rfind("# Mission File Version = 1.0;\r\n", 0), 0u);
+    EXPECT_EQ(text.substr(text.size() - 15), "# end of file\r\n");
+    for (size_t end = text.find('\n'); end != text.npos; end = text.find('\n', end + 1))
+        EXPECT_EQ(text[end - 1], '\r') << "at byte " << end;
+}
+
+TEST(ShippedData, NamesTheSquadronsAsTheScreensDo) {
+    std::ifstream table(WINGTALLY_HISTORY "/squadrons.csv");
+    std::string row;
+    std::getline(table, row);
+    int32_t rows = 0;
+    for (; std::getline(table, row); ++rows) {
+        std::istringstream fields(row);
+        std::string key;
+        std::string nation;
+        std::string name;
+        std::getline(fields, key, ',');
+        std::getline(fields, nation, ',');
+        std::getline(fields, name, ',');
+        EXPECT_EQ(SquadronSimulator::squadronDisplayName(std::stoi(key)), name) << row;
+    }
+    EXPECT_GT(rows, 800);
+}
+
+} // namespace

@@ -1,0 +1,125 @@
+#include "tools/makedata/DataFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace tables {
+
+namespace {
+
+constexpr const char* SquadronFolder = "Historical/Squadrons";
+constexpr const char* PilotFolder = "Historical/Pilots";
+constexpr const char* NameFolder = "Names";
+constexpr const char* LineEnd = "\r\n";
+
+/// The lines of each file with the dates by which they are put in order.
+using DatedLines = std::map<std::string, std::vector<std::pair<std::string, std::string>>>;
+
+std::string datedStart(const std::string& from, const std::string& until, const char* action) {
+    return "date=" + from + " until=" + until + " action=" + action;
+}
+
+void addFiles(DatedLines& lines, const std::string& folder, FileSet& files) {
+    for (auto& [name, dated] : lines) {
+        std::stable_sort(dated.begin(), dated.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        std::string& content = files[std::string(folder).append("/").append(name).append(".txt")];
+        for (const auto& [date, line] : dated)
+            content.append(line).append(LineEnd);
+    }
+}
+
+DatedLines squadronLines(const Tables& tables) {
+    DatedLines lines;
+    for (const SquadronRow& row : tables.squadrons) {
+        std::string line = datedStart(row.from, row.until, "skin") + " aircraft=" + row.aircraft;
+        if (!row.skin.empty())
+            line += " skin=" + row.skin;
+        lines[row.key].emplace_back(row.from, line);
+    }
+    return lines;
+}
+
+DatedLines pilotLines(const Tables& tables) {
+    DatedLines lines;
+    for (const PostingRow& row : tables.postings)
+        lines[row.name].emplace_back(row.from, datedStart(row.from, row.until, "transfer") +
+                                                   " unit=" + row.key +
+                                                   " acelevel=" + row.aceLevel);
+    return lines;
+}
+
+bool holdsAlready(const fs::path& path, const std::string& content) {
+    std::ifstream stream(path, std::ios::binary);
+    return stream && std::string(std::istreambuf_iterator<char>(stream), {}) == content;
+}
+
+bool writeFile(const fs::path& path, const std::string& content, std::string& fault) {
+    if (holdsAlready(path, content))
+        return true;
+    std::ofstream stream(path, std::ios::binary | std::ios::trunc);
+    stream << content;
+    stream.close();
+    if (!stream)
+        fault = path.string() + " can't be written";
+    return !stream.fail();
+}
+
+bool removeStale(const fs::path& folder, const std::string& name, const FileSet& files,
+                 std::string& fault) {
+    std::error_code error;
+    std::vector<fs::path> stale;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code unread;
+        if (entry->is_regular_file(unread) &&
+            files.count(name + "/" + entry->path().filename().string()) == 0)
+            stale.push_back(entry->path());
+    }
+    for (const fs::path& path : stale)
+        if (!error)
+            fs::remove(path, error);
+    if (error)
+        fault = folder.string() + ": " + error.message();
+    return !error;
+}
+
+} // namespace
+
+FileSet makeFiles(const Tables& tables) {
+    FileSet files;
+    DatedLines squadrons = squadronLines(tables);
+    addFiles(squadrons, SquadronFolder, files);
+    DatedLines pilots = pilotLines(tables);
+    addFiles(pilots, PilotFolder, files);
+    for (const NameList& list : tables.nameLists) {
+        std::string& content = files[std::string(NameFolder) + "/" + list.file];
+        for (const std::string& name : list.names)
+            content.append(name).append(LineEnd);
+    }
+    return files;
+}
+
+bool writeFiles(const FileSet& files, const std::string& folder, std::string& fault) {
+    for (const char* name : {SquadronFolder, PilotFolder, NameFolder}) {
+        const fs::path path = fs::path(folder) / name;
+        std::error_code error;
+        fs::create_directories(path, error);
+        if (error) {
+            fault = path.string() + ": " + error.message();
+            return false;
+        }
+        if (!removeStale(path, name, files, fault))
+            return false;
+    }
+    return std::all_of(files.begin(), files.end(), [&](const FileSet::value_type& file) {
+        return writeFile(fs::path(folder) / file.first, file.second, fault);
+    });
+}
+
+} // namespace tables
