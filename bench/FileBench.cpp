@@ -145,9 +145,13 @@ const std::string& logFile() {
                 << " TYPE:Common Bot COUNTRY:101 NAME: PID:" << 20000 + i << "\r\n";
         }
         zel::Random random(Seed);
+        int32_t from = 20000;
+        int32_t to = 20004;
         for (int32_t i = 17; i < LogLines; ++i) {
-            const int32_t from = 20000 + random.getInt(0, 7);
-            const int32_t to = 20000 + random.getInt(0, 7);
+            if (i % 20 == 0) { // a burst later, somebody else fires
+                from = 20000 + random.getInt(0, 7);
+                to = 20000 + random.getInt(0, 7);
+            }
             if (i % 3 == 0)
                 log << "T:" << i << " AType:2 DMG:0.012 AID:" << from << " TID:" << to
                     << " POS(211602.250,1580.125,63020.500)\r\n";

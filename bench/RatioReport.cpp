@@ -30,7 +30,7 @@ void RatioReport::ReportRuns(const std::vector<Run>& runs) {
         const std::string name = run.run_name.function_name;
         const size_t slash = name.find('/');
         Pair& pair = pairs[name.substr(0, slash)];
-        const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+        const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
         (name.substr(slash + 1) == "bare" ? pair.bare : pair.ours).push_back(seconds);
     }
 }

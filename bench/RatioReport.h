@@ -19,7 +19,7 @@ public:
 
 private:
     struct Pair {
-        std::vector<double> ours; // seconds for an iteration, one for each repetition
+        std::vector<double> ours; // processor seconds for an iteration, one for each repetition
         std::vector<double> bare;
     };
     std::map<std::string, Pair> pairs;

@@ -55,6 +55,13 @@ void Calendar::subtractDays(int32_t count) {
     }
 }
 
+// With the year begun in March the days before a month follow one rule, and leap days come last.
+int32_t Calendar::dayNumber() const {
+    const int32_t years = month > 2 ? year : year - 1;
+    const int32_t months = (month + 9) % 12;
+    return years * 365 + years / 4 - years / 100 + years / 400 + (months * 153 + 2) / 5 + day;
+}
+
 zel::String Calendar::dateText() const {
     return zel::String(year) + twoDigits(month) + twoDigits(day);
 }

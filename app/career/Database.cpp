@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int32_t LastCareerNumber = 0x7FFF5037;
 constexpr int32_t StartYear = 1915;
 constexpr int32_t StartMonth = 12;
 constexpr int32_t StartDay = 1;

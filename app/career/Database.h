@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "app/career/Calendar.h"
@@ -13,6 +14,9 @@
 
 /// The services that a career can be begun in.
 enum Service : int32_t { ServiceFrench = 0, ServiceEnglish = 1, ServiceGerman = 2 };
+
+/// The most that careerNumber can be.
+constexpr int32_t LastCareerNumber = 0x7FFF5037;
 
 /// Where the career lies in the user's folder.
 constexpr const char* SaveFileName = "Saves/savegame_v03.wty";
@@ -77,7 +81,7 @@ public:
     /// Writes the career to `name` in the user's folder, the file before it kept as ".bak". The
     /// result is always true; on error a log line at level 2, and the old file stays whole.
     bool storeFile(const zel::String& name);
-    /// The same, with the truth as its result.
+    /// The same, with the truth as its result. Without a career nothing is written.
     [[nodiscard]] bool writeSave(const zel::String& name);
     /// Replaces the career by the file's. On error: a log line at level 3, no squadrons and no
     /// pilots, and no way on from here but another load or a new career.
@@ -112,7 +116,7 @@ public:
     int32_t day = 0;
     int32_t unusedA = 0; // saved and loaded, used by nothing; so is unusedB
     int32_t unusedB = 0;
-    int32_t careerNumber = 0; // 0 to 0x7FFF5037
+    int32_t careerNumber = 0; // 0 to LastCareerNumber
     std::vector<Squadron> squadrons;
     std::vector<Pilot> pilots;
     std::vector<SquadronFile> squadronFiles;
@@ -133,7 +137,11 @@ private:
     void choosePlayer(int32_t service);
     bool joinSquadron(const zel::String& name, std::string_view key,
                       const std::vector<DataToken>& tokens, int32_t fileIndex);
-    bool moveToSquadron(const zel::String& name, std::string_view key, int32_t fileIndex);
+    std::optional<bool> moveToSquadron(const zel::String& name, std::string_view key,
+                                       int32_t fileIndex);
     void applyPilotFile(int32_t fileIndex, std::string_view today);
+    void useUpPostings(const PilotFile& file, int32_t place);
     void fillVacantSlots(int32_t squadron);
+
+    bool loadedDamaged = false; // the save file that the career came from needed repair
 };

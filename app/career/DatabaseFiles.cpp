@@ -41,12 +41,15 @@ public:
     /// A folder that isn't there is an empty one.
     void readFolder(const zel::String& folder) {
         const zel::Directory directory(folder, "*.*");
-        for (int32_t i = 0; i < directory.count(); ++i)
+        for (int32_t i = 0; i < directory.count() && records.size() < MostRecords; ++i)
             if (!directory.isDirectory(i))
                 readFile(folder + directory.name(i), baseName(directory.name(i).c_str()));
     }
 
 private:
+    // A squadron names its file by a number of 16 bits.
+    static constexpr size_t MostRecords = 32767;
+
     struct Entry {
         size_t record;
         int32_t lineCount;
@@ -68,10 +71,10 @@ private:
         zel::File file(path, zel::FileRead);
         if (file.hasFailed())
             logFile(path, "can't be read");
+        bool hasLongLine = false;
         while (file.hasLine()) {
             const std::string_view text = file.lineView();
-            if (text.size() > 255)
-                logFile(path, "a line is cut to 255 characters");
+            hasLongLine = hasLongLine || text.size() > 255;
             if (entry.lineCount < LineReferenceCount)
                 records[entry.record].lines[entry.lineCount] =
                     static_cast<int32_t>(dataLines.size());
@@ -81,6 +84,8 @@ private:
             dataLines.emplace_back();
             zel::copyText(dataLines.back().text, text);
         }
+        if (hasLongLine)
+            logFile(path, "lines are cut to 255 characters");
     }
 
     std::vector<Record>& records;

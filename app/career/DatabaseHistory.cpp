@@ -33,16 +33,20 @@ int32_t tokenNumber(const std::vector<DataToken>& tokens, std::string_view key, 
     return absent;
 }
 
-bool isDue(const std::vector<DataToken>& tokens, std::string_view today) {
-    return std::any_of(tokens.begin(), tokens.end(), [&](const DataToken& token) {
-        return token.is("date") && token.value <= today;
-    });
-}
-
 bool hasUnit(const std::vector<DataToken>& tokens) {
     return std::any_of(tokens.begin(), tokens.end(), [](const DataToken& token) {
         return token.is("unit") && !token.value.empty();
     });
+}
+
+/// The date of a posting; empty for a line that is none.
+std::string_view postingDate(const std::vector<DataToken>& tokens) {
+    if (!hasUnit(tokens))
+        return {};
+    for (const DataToken& token : tokens)
+        if (token.is("date"))
+            return token.value;
+    return {};
 }
 
 /// How good a named pilot is when he joins.
@@ -83,12 +87,10 @@ bool isBetter(const Pilot& b, const Pilot& a) {
     return b.skill > a.skill;
 }
 
-bool replaceInSlots(Squadron& squadron, int32_t leaving, int32_t coming) {
-    const auto slot = std::find(std::begin(squadron.slots), std::end(squadron.slots), leaving);
-    if (slot == std::end(squadron.slots))
-        return false;
-    *slot = coming;
-    return true;
+/// The slot that holds the pilot; null for none.
+int32_t* slotOf(Squadron& squadron, int32_t pilot) {
+    const auto slot = std::find(std::begin(squadron.slots), std::end(squadron.slots), pilot);
+    return slot != std::end(squadron.slots) ? slot : nullptr;
 }
 
 } // namespace
@@ -151,16 +153,27 @@ void Database::applyPilotFile(int32_t fileIndex, std::string_view today) {
         if (!usedUp)
             continue;
         dataLines[static_cast<size_t>(line)].applied = 1;
-        // He has moved on: the postings before this one are past, or the next update would take him
-        // back to the squadron that he joined first.
-        for (int32_t before = 0; before < place; ++before) {
-            if (file.lines[before] < 0)
-                continue;
-            DataLine& earlier = dataLines[static_cast<size_t>(file.lines[before])];
-            splitDataLine(zel::arrayText(earlier.text), tokens);
-            if (hasUnit(tokens) && isDue(tokens, today))
-                earlier.applied = 1;
-        }
+        useUpPostings(file, place);
+    }
+}
+
+/// He has moved on: the postings before that one are past, or the next update would take him back
+/// to the squadron that he joined first. The player's own lines stand behind the delivered ones, so
+/// it is the date that counts, and the place only among equal dates.
+void Database::useUpPostings(const PilotFile& file, int32_t place) {
+    const auto lineAt = [&](int32_t at) -> DataLine& {
+        return dataLines[static_cast<size_t>(file.lines[at])];
+    };
+    std::vector<DataToken> tokens;
+    splitDataLine(zel::arrayText(lineAt(place).text), tokens);
+    const std::string_view moved = postingDate(tokens);
+    for (int32_t other = 0; other < LineReferenceCount; ++other) {
+        if (file.lines[other] < 0)
+            continue;
+        splitDataLine(zel::arrayText(lineAt(other).text), tokens);
+        const std::string_view date = postingDate(tokens);
+        if (!date.empty() && (date < moved || (date == moved && other < place)))
+            lineAt(other).applied = 1;
     }
 }
 
@@ -204,7 +217,7 @@ bool Database::applyPilotEvent(const zel::String& name, const std::vector<DataTo
         if (file.joined == 0)
             usedUp = joinSquadron(name, token.value, tokens, fileIndex) || usedUp;
         if (file.joined != 0 && isPilot(file.pilotIndex))
-            usedUp = moveToSquadron(name, token.value, fileIndex);
+            usedUp = moveToSquadron(name, token.value, fileIndex).value_or(usedUp);
     }
     return usedUp;
 }
@@ -248,17 +261,23 @@ bool Database::joinSquadron(const zel::String& name, std::string_view key,
     return true;
 }
 
-bool Database::moveToSquadron(const zel::String& name, std::string_view key, int32_t fileIndex) {
+/// Whether he moved; nothing if there is no such squadron or nobody there to change places with.
+std::optional<bool> Database::moveToSquadron(const zel::String& name, std::string_view key,
+                                             int32_t fileIndex) {
     const int32_t pilot = pilotFiles[static_cast<size_t>(fileIndex)].pilotIndex;
     const int32_t target = squadronOfKey(squadrons, key);
-    // A line for the squadron that he is in has no effect and stays for later: he may leave it.
-    if (target < 0 || target == pilots[static_cast<size_t>(pilot)].squadron)
+    if (target < 0)
+        return std::nullopt;
+    // The line by which he joined, read again: it has no effect as long as he stays.
+    if (target == pilots[static_cast<size_t>(pilot)].squadron)
         return false;
     const std::vector<int32_t> roster = squadronRoster(target);
     const auto partner = std::find_if(roster.rbegin(), roster.rend(), [&](int32_t candidate) {
         return pilots[static_cast<size_t>(candidate)].pilotFile < 0 && candidate != playerPilot;
     });
-    if (partner == roster.rend() || !swapPilots(pilot, *partner))
+    if (partner == roster.rend())
+        return std::nullopt;
+    if (!swapPilots(pilot, *partner))
         return false;
     if (zel::isLogged("Database", zel::LogInfo))
         zel::log("Pilot " + name + " moves to squadron " + key, "Database", zel::LogInfo);
@@ -272,11 +291,14 @@ bool Database::swapPilots(int32_t first, int32_t second) {
     Pilot& b = pilots[static_cast<size_t>(second)];
     if (a.squadron == b.squadron || !isSquadron(a.squadron) || !isSquadron(b.squadron))
         return false;
+    int32_t* slotA = slotOf(squadrons[static_cast<size_t>(a.squadron)], first);
+    int32_t* slotB = slotOf(squadrons[static_cast<size_t>(b.squadron)], second);
+    if (slotA == nullptr || slotB == nullptr)
+        return false;
     std::swap(a.squadron, b.squadron);
-    // The squadrons have changed over: each gives up the other's former member.
-    const bool left = replaceInSlots(squadrons[static_cast<size_t>(b.squadron)], first, second);
-    const bool right = replaceInSlots(squadrons[static_cast<size_t>(a.squadron)], second, first);
-    return left && right;
+    *slotA = second;
+    *slotB = first;
+    return true;
 }
 
 std::vector<int32_t> Database::squadronRoster(int32_t squadron) const {

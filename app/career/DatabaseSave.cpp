@@ -6,12 +6,15 @@
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 
 namespace {
 
 constexpr char Magic[] = {'W', 'T', 'S', 'V'};
 constexpr int32_t SaveVersion = 2;
+constexpr int32_t FirstYear = 1915; // of a date in a save file
+constexpr int32_t LastYear = 1919;
 
 void createSaveFolders() {
     zel::Directory::create(zel::getUserDirectory());
@@ -28,39 +31,44 @@ void appendRecords(std::string& content, const std::vector<Record>& records) {
     content.append(reinterpret_cast<const char*>(records.data()), records.size() * sizeof(Record));
 }
 
-/// What is left of a save file while it is read. Behind its end everything reads as nothing.
+/// A save file while it is read. Behind its end everything reads as nothing.
 class SaveReader {
 public:
-    explicit SaveReader(std::string_view content) : rest(content) {}
+    explicit SaveReader(zel::File& file) : file(file), left(file.fileSize()) {}
 
     /// 0 when the file has ended.
     int32_t number() {
         int32_t value = 0;
-        if (rest.size() < sizeof value) {
-            rest = {};
-            endedEarly = true;
-            return 0;
-        }
-        std::memcpy(&value, rest.data(), sizeof value);
-        rest.remove_prefix(sizeof value);
+        take(&value, sizeof value);
         return value;
     }
 
-    /// As many whole records as the count says and the file holds.
+    /// As many whole records as the count says and the file holds, straight into their place.
     template <typename Record> void records(std::vector<Record>& result) {
-        const uint32_t count = static_cast<uint32_t>(number());
-        const size_t held = std::min<size_t>(count, rest.size() / sizeof(Record));
-        endedEarly = endedEarly || held < count;
+        const auto count = static_cast<uint32_t>(number());
+        const auto held = std::min<size_t>(count, static_cast<size_t>(left) / sizeof(Record));
         result.resize(held);
-        if (held > 0)
-            std::memcpy(static_cast<void*>(result.data()), rest.data(), held * sizeof(Record));
-        rest = endedEarly ? std::string_view() : rest.substr(held * sizeof(Record));
+        take(result.data(), static_cast<int32_t>(held * sizeof(Record)));
+        if (held < count)
+            end();
     }
 
     bool hasEndedEarly() const { return endedEarly; }
 
 private:
-    std::string_view rest;
+    void take(void* place, int32_t size) {
+        if (size > left || (size > 0 && !file.read(place, size)))
+            end();
+        else
+            left -= size;
+    }
+    void end() {
+        left = 0;
+        endedEarly = true;
+    }
+
+    zel::File& file;
+    int32_t left; // bytes
     bool endedEarly = false;
 };
 
@@ -90,9 +98,12 @@ public:
         repairFiles();
         repairPilots();
         repairSlots();
+        if (!repairPlayer())
+            return false;
         repairInvitation();
-        return repairPlayer();
+        return true;
     }
+    bool hasRepaired() const { return allFaults > 0; }
 
 private:
     void repairTexts() {
@@ -118,16 +129,28 @@ private:
     void repairFiles() {
         int32_t faults = 0;
         for (SquadronFile& file : career.squadronFiles)
-            for (int32_t& line : file.lines)
-                checkIndex(line, career.dataLines.size(), -1, faults);
+            faults += repairLines(file.lines);
         for (PilotFile& file : career.pilotFiles) {
-            for (int32_t& line : file.lines)
-                checkIndex(line, career.dataLines.size(), -1, faults);
+            faults += repairLines(file.lines);
             checkIndex(file.pilotIndex, career.pilots.size(), -1, faults);
-            if (file.pilotIndex < 0)
-                file.joined = 0;
+            const uint8_t joined = file.pilotIndex >= 0 ? 1 : 0;
+            faults += file.joined != joined;
+            file.joined = joined;
         }
         report(faults, " references of the data files led nowhere");
+    }
+
+    /// The number of references put right. Most files have none: they are asked without a branch.
+    int32_t repairLines(int32_t (&lines)[LineReferenceCount]) const {
+        const auto count = static_cast<uint32_t>(career.dataLines.size());
+        uint32_t wrong = 0;
+        for (const int32_t line : lines)
+            wrong |= uint32_t(static_cast<uint32_t>(line) + 1 > count);
+        int32_t faults = 0;
+        if (wrong != 0)
+            for (int32_t& line : lines)
+                checkIndex(line, count, -1, faults);
+        return faults;
     }
 
     void repairPilots() {
@@ -167,13 +190,22 @@ private:
         report(faults, " places in squadrons were wrong");
     }
 
+    /// REQUIRES: a player. Only a squadron of his nation other than his own can invite him.
     void repairInvitation() {
         int32_t faults = 0;
-        if (career.invitationSquadron != -1)
-            checkIndex(career.invitationSquadron, career.squadrons.size(), -2, faults);
+        int32_t& pending = career.invitationSquadron;
+        if (pending != -1)
+            checkIndex(pending, career.squadrons.size(), -2, faults);
+        if (pending >= 0 &&
+            (pending == career.player().squadron ||
+             career.squadrons[static_cast<size_t>(pending)].nation != career.player().nation)) {
+            pending = -2;
+            ++faults;
+        }
         if (career.previousInvitation != -1)
             checkIndex(career.previousInvitation, career.squadrons.size(), -2, faults);
-        if (career.invitationMonth < 1 || career.invitationMonth > 12) {
+        if (career.invitationMonth < 1 || career.invitationMonth > 12 ||
+            career.invitationYear < FirstYear || career.invitationYear > LastYear + 1) {
             career.invitationYear = career.year;
             career.invitationMonth = career.month;
             ++faults;
@@ -197,23 +229,27 @@ private:
         if (place == nullptr)
             return false;
         career.playerPilot = place->slots[0];
+        ++allFaults;
         logRepair("Save file: the player stood in no squadron; he is now " +
                   zel::String(zel::arrayText(career.player().name)));
         return true;
     }
 
-    static void report(int32_t faults, const char* what) {
+    void report(int32_t faults, const char* what) {
+        allFaults += faults;
         if (faults > 0)
             logRepair(zel::String("Save file: ") + faults + what + "; put right");
     }
 
     Database& career;
+    int32_t allFaults = 0;
 };
 
 /// From the first day of a career to a little past the end of the war.
 bool couldBeOfThisWar(const Database& career) {
-    return career.year >= 1915 && career.year <= 1919 && career.month >= 1 && career.month <= 12 &&
-           career.day >= 1 && career.day <= Calendar::daysInMonth(career.year, career.month);
+    return career.year >= FirstYear && career.year <= LastYear && career.month >= 1 &&
+           career.month <= 12 && career.day >= 1 &&
+           career.day <= Calendar::daysInMonth(career.year, career.month);
 }
 
 void clearRecords(Database& career) {
@@ -232,8 +268,12 @@ bool Database::storeFile(const zel::String& name) {
 }
 
 bool Database::writeSave(const zel::String& name) {
-    createSaveFolders();
     const zel::String path = zel::getUserDirectory() + name;
+    if (!hasCareer()) {
+        zel::log("There is no career to store in " + path, "Database", zel::LogError);
+        return false;
+    }
+    createSaveFolders();
     zel::log("storeFile" + path, "Database", zel::LogInfo);
 
     std::string content;
@@ -254,6 +294,10 @@ bool Database::writeSave(const zel::String& name) {
          {invitationYear, invitationMonth, invitationSquadron, previousInvitation})
         append(content, value);
 
+    // A damaged file doesn't push the last whole one out of its place as ".bak".
+    if (loadedDamaged)
+        zel::system::replaceFile(path, path + ".damaged");
+    loadedDamaged = false;
     const bool written = zel::replaceFileSafely(path, content);
     if (!written)
         zel::log("The career can't be written to " + path + "; the file before it is kept",
@@ -264,28 +308,21 @@ bool Database::writeSave(const zel::String& name) {
 bool Database::loadFile(const zel::String& name) {
     clearRecords(*this);
     createSaveFolders();
-    std::string content;
     zel::File file(zel::getUserDirectory() + name, zel::FileRead);
-    if (!file.readWhole(content))
-        content.clear();
-    file.close();
-
-    SaveReader reader(content);
-    const bool isSave = content.compare(0, sizeof Magic, Magic, sizeof Magic) == 0;
-    static_cast<void>(reader.number());
+    SaveReader reader(file);
+    const int32_t magic = reader.number();
     const int32_t version = reader.number();
-    for (int32_t* value : {&playerPilot, &year, &month, &day, &unusedA, &unusedB})
+    const bool isSave = !reader.hasEndedEarly() && std::memcmp(&magic, Magic, sizeof Magic) == 0;
+    for (int32_t* value : {&playerPilot, &year, &month, &day, &unusedA, &unusedB, &careerNumber})
         *value = reader.number();
-    // A career number of 0 would be drawn anew by the next career only: the old one serves till
-    // then.
-    const int32_t storedNumber = reader.number();
-    careerNumber = storedNumber != 0 ? storedNumber : careerNumber;
     const auto refuse = [&](const char* reason) {
         clearRecords(*this);
+        if (careerNumber == 0) // or every career to come would have this one
+            careerNumber = random.getInt(0, LastCareerNumber);
         zel::log("File " + name + reason, "Database", zel::LogWarning);
         return false;
     };
-    if (!isSave || content.size() < sizeof Magic + sizeof version)
+    if (!isSave)
         return refuse(" is no save game");
     if (version != SaveVersion)
         return refuse(" requires a newer version");
@@ -294,13 +331,21 @@ bool Database::loadFile(const zel::String& name) {
 
     reader.records(squadrons);
     reader.records(pilots);
+    if (reader.hasEndedEarly()) // no war can go on without its men
+        return refuse(" is no save game");
     reader.records(dataLines);
     reader.records(squadronFiles);
     reader.records(pilotFiles);
     for (int32_t* value :
          {&invitationYear, &invitationMonth, &invitationSquadron, &previousInvitation})
         *value = reader.number();
-    if (reader.hasEndedEarly())
+    if (reader.hasEndedEarly()) {
         logRepair("File " + name + " ends early; what it holds is used");
-    return CareerRepair(*this).run() ? true : refuse(" is no save game");
+        invitationSquadron = previousInvitation = -2;
+    }
+    CareerRepair repair(*this);
+    if (!repair.run())
+        return refuse(" is no save game");
+    loadedDamaged = reader.hasEndedEarly() || repair.hasRepaired();
+    return true;
 }

@@ -112,7 +112,7 @@ private:
     bool chooseSide(bool allied, bool withPlayer, Side& side);
     int32_t drawSquadron(bool allied, bool isPlayers, zel::String* alliedType);
     GroupSizes drawGroupSizes();
-    void fillGroup(bool allied, const Side& side, int32_t count, int32_t& vacantDraws);
+    bool fillGroup(bool allied, const Side& side, int32_t count, int32_t& vacantDraws);
     int32_t findPlayer() const;
     void groupBySide(int32_t playerPlace);
     void rewriteOptions(float& originX, float& originZ);

@@ -15,9 +15,10 @@ bool isOfSide(int32_t nation, bool allied) {
     return isAllied(nation) == allied && !belongsToNobody(nation);
 }
 
-void logPlanning(const char* first, const zel::String& second = {}) {
-    if (zel::isLogged("Mission Generator", zel::LogDebug))
-        zel::log(first + second, "Mission Generator", zel::LogDebug);
+bool isPlanningLogged() { return zel::isLogged("Mission Generator", zel::LogDebug); }
+
+void logPlanning(const zel::String& message) {
+    zel::log(message, "Mission Generator", zel::LogDebug);
 }
 
 void logHopeless(const char* what) { zel::log(what, "Mission Generator", zel::LogFatal); }
@@ -110,8 +111,9 @@ void MissionGenerator::selectPlanes(bool withPlayer) {
         return;
     const GroupSizes sizes = drawGroupSizes();
     int32_t vacantDraws = 0;
-    fillGroup(false, german, sizes.german, vacantDraws);
-    fillGroup(true, allied, sizes.allied, vacantDraws);
+    if (!fillGroup(false, german, sizes.german, vacantDraws) ||
+        !fillGroup(true, allied, sizes.allied, vacantDraws))
+        plan.clear();
 }
 
 /// Draws squadron and type of one side. For the player's mission up to a hundred tries go to a pair
@@ -139,10 +141,12 @@ bool MissionGenerator::chooseSide(bool allied, bool withPlayer, Side& side) {
                 return true;
             continue;
         }
-        logPlanning("Checking squadron ", side.squadron);
+        if (isPlanningLogged())
+            logPlanning(zel::String("Checking squadron ") + side.squadron);
         const SquadronFile& file = career.squadronFiles[static_cast<size_t>(squadron.squadronFile)];
         if (career.hasAircraft(zel::String(zel::arrayText(file.key)), side.type)) {
-            logPlanning("Skin found");
+            if (isPlanningLogged())
+                logPlanning("Skin found");
             return true;
         }
     }
@@ -161,7 +165,8 @@ int32_t MissionGenerator::drawSquadron(bool allied, bool isPlayers, zel::String*
         const int32_t nation = career.squadrons[static_cast<size_t>(candidate)].nation;
         if (alliedType != nullptr)
             *alliedType = chooseNationPlane(nation, career.year, career.month, career.day);
-        if (isOfSide(nation, allied))
+        if (isOfSide(nation, allied) &&
+            career.squadrons[static_cast<size_t>(candidate)].pilotCount > 0)
             return candidate;
     }
     logHopeless(allied ? "No Allied squadron for a mission" : "No German squadron for a mission");
@@ -170,7 +175,7 @@ int32_t MissionGenerator::drawSquadron(bool allied, bool isPlayers, zel::String*
 
 MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes() {
     const int32_t year = Database::instance()->year;
-    for (;;) {
+    for (int32_t attempt = 0; attempt < MostAttempts; ++attempt) {
         int32_t least = 2;
         int32_t most = 4;
         if (year <= 1916) {
@@ -188,12 +193,14 @@ MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes() {
         if (alone ? german == allied : std::abs(german - allied) <= 1)
             return {german, allied};
     }
+    logHopeless("No numbers of planes for a mission");
+    return {0, 0};
 }
 
 /// Draws that many different pilots of the squadron. A German group also flies with men who are
 /// gone and not replaced yet, an Allied one draws again; in both, too many such draws call for
-/// replacements.
-void MissionGenerator::fillGroup(bool allied, const Side& side, int32_t count,
+/// replacements. False if it is hopeless.
+bool MissionGenerator::fillGroup(bool allied, const Side& side, int32_t count,
                                  int32_t& vacantDraws) {
     Database& career = *Database::instance();
     const auto squadron = static_cast<size_t>(side.squadron);
@@ -221,6 +228,9 @@ void MissionGenerator::fillGroup(bool allied, const Side& side, int32_t count,
             plan.back().type = ownedType(side.type, allied);
         --count;
     }
+    if (count > 0)
+        logHopeless("No group of planes for a mission");
+    return count == 0 && plan.size() > groupStart;
 }
 
 zel::String MissionGenerator::seasonFor(int32_t /*year*/, int32_t month, int32_t day) {

@@ -66,7 +66,6 @@ CombatReport* CombatReport::instance() { return currentReport; }
 void CombatReport::clear() {
     pilots.clear();
     events.clear();
-    fields.clear();
     lines.lines.clear();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -8,16 +9,36 @@
 #include "app/report/PilotReport.h"
 #include "engine/core/String.h"
 
-/// One key:value of a log line: views into the line's text.
-struct LogField {
-    std::string_view key; // as written; compared without regard to case
-    std::string_view value;
-};
+/// The keys of a log line that tell something about a pilot.
+enum class LogKey : uint8_t { AType, Id, Pid, Name, Type, Country, Tid, Aid, Dmg, BotId, Count };
 
-/// One line of the simulator's log: a run of the report's fields.
-struct LogEvent {
-    uint32_t firstField;
-    uint32_t fieldCount;
+/// One line of the simulator's log: where in its text the values of the known keys stand. A key
+/// that stands there twice has its last value.
+class LogEvent {
+public:
+    explicit LogEvent(std::string_view line) : text(line.data()) {}
+    /// Without blanks around it; empty if the line doesn't have the key.
+    std::string_view value(LogKey key) const {
+        const Place& place = places[static_cast<size_t>(key)];
+        return {text + place.start, place.length};
+    }
+    int32_t number(LogKey key) const { return zel::toInt(value(key)); }
+    /// REQUIRES: the value lies in the first MostBytes of the line.
+    void set(LogKey key, std::string_view value) {
+        places[static_cast<size_t>(key)] = {static_cast<uint16_t>(value.data() - text),
+                                            static_cast<uint16_t>(value.size())};
+    }
+
+    /// What is longer is no line of the simulator's: it is read up to here.
+    static constexpr size_t MostBytes = 65535;
+
+private:
+    struct Place {
+        uint16_t start = 0;
+        uint16_t length = 0;
+    };
+    const char* text;
+    std::array<Place, static_cast<size_t>(LogKey::Count)> places;
 };
 
 /// The program's memory of one flown mission: read from the simulator's log, mapped to the
@@ -49,8 +70,6 @@ public:
     int32_t findByObject(int32_t id) const;
     /// Whether the first record with that id has it as its pilot's body.
     bool isBody(int32_t id) const;
-    /// The value of a key in small letters; empty if the line doesn't have it.
-    std::string_view eventValue(const LogEvent& event, std::string_view key) const;
 
     // CombatReport.cpp
 
@@ -72,7 +91,4 @@ private:
     void readHit(int32_t attackerId, int32_t targetId, float damage);
     void judgePilot(PilotReport& pilot, int32_t index);
     void describe() const;
-    int32_t eventNumber(const LogEvent& event, std::string_view key) const;
-
-    std::vector<LogField> fields;
 };

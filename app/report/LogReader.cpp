@@ -1,3 +1,10 @@
+#include <algorithm>
+#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include "app/report/CombatReport.h"
 #include "engine/core/Log.h"
 
@@ -19,18 +26,99 @@ void logReading(const zel::String& message, int32_t level = zel::LogInfo) {
     zel::log(message, "CombatReport", level);
 }
 
-/// Cuts a position clause off the front of a key: "POS(x, y, z) NAME" is the key NAME.
-std::string_view withoutClause(std::string_view key) {
-    if (key.find('(') == key.npos)
-        return key;
-    const size_t end = key.find(')');
-    return end == key.npos ? std::string_view() : zel::trimmed(key.substr(end + 1), ' ');
+constexpr size_t LongestKey = sizeof(uint64_t) - 1;
+
+/// A key's letters, lowered, in one number, the first in the lowest byte: keys are compared by it.
+constexpr uint64_t packed(std::string_view key) {
+    uint64_t number = 0;
+    for (size_t i = 0; i < key.size(); ++i)
+        number |= uint64_t(static_cast<uint8_t>(key[i] | 0x20)) << (8 * i);
+    return number;
 }
 
-/// The text between "(" and ")" of a clause, or to the end without one.
-std::string_view clauseText(std::string_view key) {
-    const std::string_view inner = key.substr(key.find('(') + 1);
-    return zel::trimmed(inner.substr(0, inner.find(')')), ' ');
+/// Up to eight bytes, the first in the lowest; zeros where there are fewer.
+uint64_t bytesAt(std::string_view text, size_t start) {
+    uint64_t bytes = 0;
+    if (start + sizeof bytes <= text.size())
+        std::memcpy(&bytes, text.data() + start, sizeof bytes);
+    else
+        std::memcpy(&bytes, text.data() + start, text.size() - start);
+    return bytes;
+}
+
+/// LogKey::Count for a key that tells nothing.
+inline LogKey keyAt(std::string_view text, size_t start, size_t length) {
+    if (length == 0 || length > LongestKey)
+        return LogKey::Count;
+    const uint64_t lowered = bytesAt(text, start) | 0x2020202020202020U;
+    switch (lowered & ((uint64_t(1) << (8 * length)) - 1)) {
+    case packed("atype"):
+        return LogKey::AType;
+    case packed("id"):
+        return LogKey::Id;
+    case packed("pid"):
+        return LogKey::Pid;
+    case packed("name"):
+        return LogKey::Name;
+    case packed("type"):
+        return LogKey::Type;
+    case packed("country"):
+        return LogKey::Country;
+    case packed("tid"):
+        return LogKey::Tid;
+    case packed("aid"):
+        return LogKey::Aid;
+    case packed("dmg"):
+        return LogKey::Dmg;
+    case packed("botid"):
+        return LogKey::BotId;
+    default:
+        return LogKey::Count;
+    }
+}
+
+/// Places of bits. REQUIRES: bits != 0.
+size_t lowestBit(uint64_t bits) { return static_cast<size_t>(__builtin_ctzll(bits)); }
+size_t highestBit(uint64_t bits) { return 63 - static_cast<size_t>(__builtin_clzll(bits)); }
+
+/// Where blanks and colons stand in 64 bytes of the text: bit i for the i-th of them.
+struct Marks {
+    static constexpr size_t Width = 64;
+    uint64_t blanks = 0;
+    uint64_t colons = 0;
+
+    Marks(std::string_view text, size_t start) {
+        char padded[Width] = {};
+        const char* bytes = text.data() + start;
+        if (text.size() - start < Width) {
+            std::memcpy(padded, bytes, text.size() - start);
+            bytes = padded;
+        }
+#ifdef __SSE2__
+        const auto mark = [](__m128i chunk, char character) {
+            const __m128i equal = _mm_cmpeq_epi8(chunk, _mm_set1_epi8(character));
+            return static_cast<uint64_t>(_mm_movemask_epi8(equal));
+        };
+        for (size_t i = 0; i < Width; i += sizeof(__m128i)) {
+            __m128i chunk;
+            std::memcpy(&chunk, bytes + i, sizeof chunk);
+            blanks |= mark(chunk, ' ') << i;
+            colons |= mark(chunk, ':') << i;
+        }
+#else
+        for (size_t i = 0; i < Width; ++i) {
+            blanks |= uint64_t(bytes[i] == ' ') << i;
+            colons |= uint64_t(bytes[i] == ':') << i;
+        }
+#endif
+    }
+};
+
+/// How much of a key is a position clause glued to its front, as "POS(1,2,3)" is of "POS(1,2,3)ID".
+/// The clause itself is of no use here.
+size_t clauseLength(std::string_view key) {
+    const size_t end = key.find('(') != key.npos ? key.find(')') : key.npos;
+    return end != key.npos ? end + 1 : 0;
 }
 
 } // namespace
@@ -54,50 +142,40 @@ bool CombatReport::readMission(const zel::String& folder, const zel::String& nam
 }
 
 // Splitting at blanks and gluing tokens without a colon to the one before leaves each key with all
-// the text up to the next token that has a colon. That is what is found here, without a copy.
+// the text up to the next token that has a colon. That is what is found here, without a copy: for
+// each first colon of a token, the key before it and the end of the value before that.
 void CombatReport::parseLine(const zel::String& line) {
-    const std::string_view text = line.view();
-    const auto firstField = static_cast<uint32_t>(fields.size());
-    const auto addField = [this](std::string_view token) {
-        const size_t colon = token.find(':');
-        std::string_view key = zel::trimmed(token.substr(0, colon), ' ');
-        const std::string_view value = zel::trimmed(token.substr(colon + 1), ' ');
-        if (key.find('(') != key.npos) {
-            fields.push_back({"pos", clauseText(key)});
-            key = withoutClause(key);
-        }
-        fields.push_back({key, value});
+    const std::string_view text = line.view().substr(0, LogEvent::MostBytes);
+    LogEvent& event = events.emplace_back(text);
+    LogKey key = LogKey::Count; // whose value is being gathered
+    size_t valueStart = 0;
+    size_t token = 0; // where the token of the present colon begins
+    const auto endValue = [&](size_t end) {
+        if (key != LogKey::Count)
+            event.set(key, zel::trimmed(text.substr(valueStart, end - valueStart), ' '));
     };
-
-    size_t start = text.npos; // of the token that is being gathered
-    for (size_t token = 0; token < text.size();) {
-        size_t end = token;
-        bool hasColon = false;
-        for (; end < text.size() && text[end] != ' '; ++end)
-            hasColon = hasColon || text[end] == ':';
-        if (hasColon) {
-            if (start != text.npos)
-                addField(text.substr(start, token - start));
-            start = token;
+    for (size_t start = 0; start < text.size(); start += Marks::Width) {
+        const Marks marks(text, start);
+        for (uint64_t colons = marks.colons; colons != 0; colons &= colons - 1) {
+            const size_t colon = start + lowestBit(colons);
+            const uint64_t below = (colons & (0 - colons)) - 1;
+            if (const uint64_t blanks = marks.blanks & below; blanks != 0)
+                token = start + highestBit(blanks) + 1;
+            if (token < valueStart)
+                continue; // a further colon of the same token
+            endValue(token);
+            key = keyAt(text, token, colon - token);
+            if (key == LogKey::Count) {
+                const size_t clause = clauseLength(text.substr(token, colon - token));
+                if (clause > 0)
+                    key = keyAt(text, token + clause, colon - token - clause);
+            }
+            valueStart = colon + 1;
         }
-        token = end + 1;
+        if (marks.blanks != 0)
+            token = start + highestBit(marks.blanks) + 1;
     }
-    if (start != text.npos)
-        addField(text.substr(start));
-    events.push_back({firstField, static_cast<uint32_t>(fields.size()) - firstField});
-}
-
-std::string_view CombatReport::eventValue(const LogEvent& event, std::string_view key) const {
-    for (uint32_t i = event.fieldCount; i > 0; --i) { // the last of a key counts
-        const LogField& field = fields[event.firstField + i - 1];
-        if (zel::equalsNoCase(field.key, key))
-            return field.value;
-    }
-    return {};
-}
-
-int32_t CombatReport::eventNumber(const LogEvent& event, std::string_view key) const {
-    return zel::toInt(eventValue(event, key));
+    endValue(text.size());
 }
 
 int32_t CombatReport::findByObject(int32_t id) const {
@@ -117,13 +195,11 @@ bool CombatReport::isBody(int32_t id) const {
 bool CombatReport::analyse() {
     pilots.clear();
     events.clear();
-    fields.clear();
     events.reserve(lines.lines.size());
-    fields.reserve(lines.lines.size() * 6);
-    for (const zel::String& line : lines.lines)
+    for (const zel::String& line : lines.lines) {
         parseLine(line);
-    for (const LogEvent& event : events)
-        readEvent(event);
+        readEvent(events.back());
+    }
     const bool finished = judge();
     describe();
     const int32_t matches = mapPilots();
@@ -133,38 +209,38 @@ bool CombatReport::analyse() {
 }
 
 void CombatReport::readEvent(const LogEvent& event) {
-    const auto recordOf = [&](const char* key) -> PilotReport* {
-        const int32_t index = findByObject(eventNumber(event, key));
+    const auto recordOf = [&](LogKey key) -> PilotReport* {
+        const int32_t index = findByObject(event.number(key));
         return index >= 0 ? &pilots[static_cast<size_t>(index)] : nullptr;
     };
-    switch (eventNumber(event, "atype")) {
+    switch (event.number(LogKey::AType)) {
     case ObjectCreated:
         readObject(event);
         break;
     case Destroyed:
-        readDestruction(eventNumber(event, "aid"), eventNumber(event, "tid"));
+        readDestruction(event.number(LogKey::Aid), event.number(LogKey::Tid));
         break;
     case Damage:
-        readHit(eventNumber(event, "aid"), eventNumber(event, "tid"),
-                zel::toFloat(eventValue(event, "dmg")));
+        readHit(event.number(LogKey::Aid), event.number(LogKey::Tid),
+                zel::toFloat(event.value(LogKey::Dmg)));
         break;
     case Hit:
-        readHit(eventNumber(event, "aid"), eventNumber(event, "tid"), 0);
+        readHit(event.number(LogKey::Aid), event.number(LogKey::Tid), 0);
         break;
     case TakeOff:
-        if (PilotReport* record = recordOf("pid"))
+        if (PilotReport* record = recordOf(LogKey::Pid))
             record->flightStatus = 2;
         break;
     case Landing:
-        if (PilotReport* record = recordOf("pid"))
+        if (PilotReport* record = recordOf(LogKey::Pid))
             record->flightStatus = 1;
         break;
     case HumanPlane:
-        if (PilotReport* record = recordOf("pid"))
+        if (PilotReport* record = recordOf(LogKey::Pid))
             record->human = 1;
         break;
     case CrewEnded:
-        if (PilotReport* record = recordOf("botid"))
+        if (PilotReport* record = recordOf(LogKey::BotId))
             record->finished = 1;
         break;
     default:
@@ -173,16 +249,16 @@ void CombatReport::readEvent(const LogEvent& event) {
 }
 
 void CombatReport::readObject(const LogEvent& event) {
-    const int32_t id = eventNumber(event, "id");
-    const int32_t parent = eventNumber(event, "pid");
+    const int32_t id = event.number(LogKey::Id);
+    const int32_t parent = event.number(LogKey::Pid);
     if (parent < 0) {
         for (const PilotReport& pilot : pilots)
             if (pilot.planeId == id)
                 return;
         PilotReport& pilot = pilots.emplace_back();
-        pilot.name = zel::String(eventValue(event, "name"));
-        pilot.type = zel::String(eventValue(event, "type"));
-        pilot.country = eventNumber(event, "country");
+        pilot.name = zel::String(event.value(LogKey::Name));
+        pilot.type = zel::String(event.value(LogKey::Type));
+        pilot.country = event.number(LogKey::Country);
         pilot.planeId = id;
         return;
     }
@@ -225,7 +301,7 @@ void CombatReport::readHit(int32_t attackerId, int32_t targetId, float damage) {
     if (target < 0)
         return;
     PilotReport& victim = pilots[static_cast<size_t>(target)];
-    (isBody(targetId) ? victim.injury : victim.damage) += damage;
+    (victim.planeId != targetId ? victim.injury : victim.damage) += damage;
     if (attacker < 0)
         return;
     pilots[static_cast<size_t>(attacker)].hitTargets.push_back(target);

@@ -74,6 +74,7 @@ bool InvitationLetter::accept() {
         return false;
     Database& career = *Database::instance();
     career.swapPilots(career.playerPilot, roster.back());
+    roster.clear(); // answered
     const int32_t lower = random.getInt(1, 3);
     SquadronSimulator::scheduleInvitation(random.getInt(lower, 6));
     return true;

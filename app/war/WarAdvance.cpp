@@ -32,20 +32,12 @@ WarObserver* warObserver = nullptr;
 int32_t stretchStart = 0;
 int32_t stretchDays = 0;
 
-int32_t dayNumber(const Calendar& date) {
-    // Days from a day long past, by the proleptic calendar: only differences matter.
-    const int32_t years = date.getMonth() > 2 ? date.getYear() : date.getYear() - 1;
-    const int32_t months = (date.getMonth() + 9) % 12;
-    return years * 365 + years / 4 - years / 100 + years / 400 + (months * 153 + 2) / 5 +
-           date.getDay();
-}
-
 void tellObserver(const Database& career, float shareOfPeriod) {
     if (warObserver == nullptr)
         return;
     float share = shareOfPeriod;
     if (stretchDays > 0) {
-        const int32_t done = dayNumber(career.calendar()) - stretchStart;
+        const int32_t done = career.calendar().dayNumber() - stretchStart;
         share = std::clamp(static_cast<float>(done) / static_cast<float>(stretchDays), 0.0F, 1.0F);
     }
     warObserver->onWarProgress(career.calendar(), share);
@@ -107,8 +99,8 @@ void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
         ownGenerator = std::make_unique<MissionGenerator>();
     MissionGenerator& generator = *MissionGenerator::instance();
     const Calendar target(toYear, toMonth, toDay);
-    stretchStart = dayNumber(calendar());
-    stretchDays = dayNumber(target) - stretchStart;
+    stretchStart = calendar().dayNumber();
+    stretchDays = target.dayNumber() - stretchStart;
 
     MissionSimulator simulator;
     const int32_t count = zel::random(200, 300);

@@ -1,5 +1,7 @@
 #include "engine/core/File.h"
 
+#include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include "engine/core/Log.h"
@@ -82,7 +84,8 @@ void File::close() {
         failed = true;
     position = 0;
     size = 0;
-    buffer.clear();
+    buffer.reset();
+    bufferLength = 0;
     buffered = false;
     readPosition = lineStart = lineEnd = 0;
     physicalLine = 1;
@@ -95,17 +98,21 @@ bool File::readWhole(std::string& content) {
 
 void File::loadBuffer() {
     buffered = true;
-    if (stream == nullptr || !readWhole(buffer))
-        buffer.clear();
-    readPosition = lineStart = lineEnd =
-        buffer.compare(0, ByteOrderMark.size(), ByteOrderMark) == 0 ? ByteOrderMark.size() : 0;
+    if (stream == nullptr)
+        return;
+    buffer.reset(new char[static_cast<size_t>(size)]); // not cleared first: logs are large
+    if (seek(0, 0) && read(buffer.get(), size))
+        bufferLength = static_cast<size_t>(size);
+    const std::string_view start(buffer.get(), std::min(bufferLength, ByteOrderMark.size()));
+    if (start == ByteOrderMark)
+        readPosition = lineStart = lineEnd = ByteOrderMark.size();
 }
 
 bool File::hasLine() {
     if (!buffered)
         loadBuffer();
-    const char* text = buffer.data();
-    const size_t end = buffer.size();
+    const char* text = buffer.get();
+    const size_t end = bufferLength;
     size_t start = readPosition;
     for (; start < end && (endsLine(text[start]) || text[start] == 0); ++start) {
         const bool pairFollows = text[start] == '\r' && start + 1 < end && text[start + 1] == '\n';
@@ -115,15 +122,15 @@ bool File::hasLine() {
     if (start == end)
         return false;
     lineStart = start;
-    while (start < end && !endsLine(text[start]))
-        ++start;
-    lineEnd = readPosition = start;
+    const void* feed = std::memchr(text + start, '\n', end - start);
+    lineEnd = feed != nullptr ? static_cast<size_t>(static_cast<const char*>(feed) - text) : end;
+    if (const void* back = std::memchr(text + start, '\r', lineEnd - start))
+        lineEnd = static_cast<size_t>(static_cast<const char*>(back) - text);
+    readPosition = lineEnd;
     return true;
 }
 
-std::string_view File::lineView() const {
-    return std::string_view(buffer).substr(lineStart, lineEnd - lineStart);
-}
+std::string_view File::lineView() const { return {buffer.get() + lineStart, lineEnd - lineStart}; }
 
 bool File::exists(const String& name) {
     FILE* stream = name.empty() ? nullptr : system::openFile(name, "r");
@@ -141,23 +148,10 @@ bool replaceFileSafely(const String& name, std::string_view content) {
                    file.write(content.data(), static_cast<int32_t>(content.size()));
     file.close();
     written = written && !file.hasFailed();
-    if (!written) {
+    written = written && system::replaceFileKeeping(draft, name, name + ".bak");
+    if (!written)
         system::removeFile(draft);
-        return false;
-    }
-    // A failure here leaves the file under its old name or under ".bak".
-    const String backup = name + ".bak";
-    const bool hadOld = system::fileStatus(name).exists;
-    if (hadOld && !system::replaceFile(name, backup)) {
-        system::removeFile(draft);
-        return false;
-    }
-    if (system::replaceFile(draft, name))
-        return true;
-    if (hadOld)
-        system::replaceFile(backup, name);
-    system::removeFile(draft);
-    return false;
+    return written;
 }
 
 } // namespace zel

@@ -36,7 +36,7 @@ public:
     bool hasFailed() const { return failed; }
     bool atEnd() const { return position >= size; }
     int32_t fileSize() const { return size; }
-    int32_t bufferSize() const override { return static_cast<int32_t>(buffer.size()); }
+    int32_t bufferSize() const override { return static_cast<int32_t>(bufferLength); }
 
     /// Finds the next line; false at the end of the file. A line ends at a carriage return, a line
     /// feed or the end of the file; runs of these two and of zero bytes in front of a line are
@@ -66,7 +66,8 @@ private:
     int32_t size = 0;
     bool failed = false;
 
-    std::string buffer; // the whole content, once lines are read
+    std::unique_ptr<char[]> buffer; // the whole content, once lines are read
+    size_t bufferLength = 0;
     bool buffered = false;
     size_t readPosition = 0;
     size_t lineStart = 0;

@@ -13,7 +13,6 @@ namespace {
 bool isBlank(char character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
     size_t start = 0;
@@ -88,24 +87,24 @@ bool equalsNoCase(std::string_view a, std::string_view b) {
                                               [](char x, char y) { return lower(x) == lower(y); });
 }
 
-std::string_view trimmed(std::string_view text, char character) {
-    while (!text.empty() && text.front() == character)
-        text.remove_prefix(1);
-    while (!text.empty() && text.back() == character)
-        text.remove_suffix(1);
-    return text;
-}
-
 int32_t toInt(std::string_view text) {
     text = withoutLeadingBlanks(text);
     const bool negative = !text.empty() && text.front() == '-';
     if (negative || (!text.empty() && text.front() == '+'))
         text.remove_prefix(1);
+    constexpr int64_t Limit = int64_t(1) << 31; // what is larger stays there
     int64_t value = 0;
-    for (size_t i = 0; i < text.size() && isDigit(text[i]); ++i)
-        value = std::min<int64_t>(value * 10 + (text[i] - '0'), int64_t(1) << 31);
-    value = negative ? -value : value;
-    return static_cast<int32_t>(std::min<int64_t>(value, std::numeric_limits<int32_t>::max()));
+    for (const char character : text) {
+        const int32_t digit = character - '0';
+        if (digit < 0 || digit > 9)
+            break;
+        value = value * 10 + digit;
+        if (value > Limit)
+            value = Limit;
+    }
+    if (negative)
+        return static_cast<int32_t>(-value);
+    return static_cast<int32_t>(value < Limit ? value : Limit - 1);
 }
 
 float toFloat(std::string_view text) {

@@ -97,7 +97,14 @@ private:
 /// The same operations on a part of a text, without a copy. `lower` touches A to Z alone.
 char lower(char character);
 bool equalsNoCase(std::string_view a, std::string_view b);
-std::string_view trimmed(std::string_view text, char character);
+inline std::string_view trimmed(std::string_view text, char character) {
+    while (!text.empty() && text.front() == character)
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == character)
+        text.remove_suffix(1);
+    return text;
+}
+/// What String::toInt gives.
 int32_t toInt(std::string_view text);
 /// Leading blanks, sign, digits, point and exponent, on every system alike; 0 if there is no
 /// number.

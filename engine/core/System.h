@@ -51,6 +51,9 @@ bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries);
 bool createDirectory(const String& path);
 /// Renames over an existing file, in one step where the system can.
 bool replaceFile(const String& from, const String& to);
+/// The same, with the file that was there kept under `backup`. At every moment there is a file
+/// `to`.
+bool replaceFileKeeping(const String& from, const String& to, const String& backup);
 bool removeFile(const String& path);
 
 /// A text of HKEY_LOCAL_MACHINE in the registry of Windows; empty if it can't be read, and

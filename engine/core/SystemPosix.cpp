@@ -185,6 +185,21 @@ bool replaceFile(const String& from, const String& to) {
     return std::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0;
 }
 
+bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
+    const std::string present = nativePath(to);
+    const std::string kept = nativePath(backup);
+    unlink(kept.c_str());
+    // Not every file system has links; one that hasn't gets by with a rename.
+    if (link(present.c_str(), kept.c_str()) != 0 && exists(present) &&
+        std::rename(present.c_str(), kept.c_str()) != 0)
+        return false;
+    if (std::rename(nativePath(from).c_str(), present.c_str()) == 0)
+        return true;
+    if (!exists(present))
+        std::rename(kept.c_str(), present.c_str());
+    return false;
+}
+
 bool removeFile(const String& path) { return unlink(nativePath(path).c_str()) == 0; }
 
 String queryRegistryValue(const String& /*keyPath*/, const String& /*valueName*/) { return {}; }

@@ -111,6 +111,13 @@ bool replaceFile(const String& from, const String& to) {
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
+bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
+    if (!fileStatus(to).exists)
+        return replaceFile(from, to);
+    return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                        nullptr, nullptr) != 0;
+}
+
 bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
 
 String queryRegistryValue(const String& keyPath, const String& valueName) {

@@ -201,8 +201,7 @@ bool Session::until(int32_t date) {
     while (!isWarOver(career) && career.calendar().dateNumber() < date) {
         if (letter.open()) {
             say(letter.text());
-            letter.accept();
-            say("Accepted");
+            say(letter.accept() ? "Accepted" : "That squadron has no pilots");
         }
         if (!mission() || !fly() || !report(0))
             return false;
