@@ -20,7 +20,9 @@ constexpr int ColumnWidth = 46;         // of the report, in characters
 constexpr uint32_t LookInterval = 1000; // milliseconds between two looks for a log
 
 void printColumns(const zel::String& left, const zel::String& right) {
-    if (right.empty())
+    if (left.empty() && right.empty())
+        std::printf("\n");
+    else if (right.empty())
         std::printf("  %s\n", left.c_str());
     else
         std::printf("  %-*s%s\n", ColumnWidth, left.c_str(), right.c_str());

@@ -1,0 +1,51 @@
+# What ./play and ./check share. To be sourced from the top of the tree, with set -eu.
+
+say() { printf '%s\n' "$*"; }
+fail() {
+    printf '%s: %s\n' "$(basename "$0")" "$*" >&2
+    exit 1
+}
+
+# need_packages PACKAGE...: installs the Debian packages that are missing, without a word if none is.
+need_packages() {
+    command -v dpkg-query >/dev/null 2>&1 || return 0 # another system: its owner knows better
+    missing=
+    for package in "$@"; do
+        case "$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null)" in
+            *" installed") ;;
+            *) missing="$missing $package" ;;
+        esac
+    done
+    [ -n "$missing" ] || return 0
+    if [ "$(id -u)" -eq 0 ]; then
+        as_root=
+    elif command -v sudo >/dev/null 2>&1; then
+        as_root=sudo
+    else
+        fail "these packages are missing; have them installed by: apt-get install$missing"
+    fi
+    say "Installing$missing"
+    mkdir -p build
+    # shellcheck disable=SC2086 # lists of words
+    { $as_root apt-get update -qq &&
+        $as_root env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -qq -y --no-install-recommends $missing; } >build/packages.log 2>&1 ||
+        { tail -n 20 build/packages.log >&2; fail "apt-get could not install$missing"; }
+}
+
+# quietly LOG COMMAND...: the command's words go to the log; only if it fails are they shown.
+quietly() {
+    log=$1
+    shift
+    mkdir -p "$(dirname "$log")"
+    "$@" >"$log" 2>&1 || {
+        tail -n 40 "$log" >&2
+        fail "failed: $* (all of it is in $log)"
+    }
+}
+
+# build PRESET: configures and builds.
+build() {
+    quietly "build/$1-configure.log" cmake --preset "$1"
+    quietly "build/$1-build.log" cmake --build --preset "$1" --parallel "$(nproc)"
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standin {
+
+/// What is wrong with a mission's text, and where.
+struct Fault {
+    int32_t line = 0; // as an editor counts, from 1
+    std::string reason;
+};
+
+/// A line `Key = value;`. The value is as written, with its quotes, without the semicolon.
+struct Entry {
+    std::string key;
+    std::string value;
+    int32_t line = 0;
+};
+
+/// A line such as `500 : 0 : 0;`.
+struct Row {
+    std::vector<std::string> values; // without the blanks around them
+    int32_t line = 0;
+};
+
+/// A name, and between its braces entries, rows and further blocks.
+struct Block {
+    std::string name;
+    int32_t line = 0; // of the name
+    std::vector<Entry> entries;
+    std::vector<Row> rows;
+    std::vector<Block> children;
+
+    /// Null if the block has no such key; the case counts.
+    const Entry* find(std::string_view key) const;
+    const Block* child(std::string_view childName) const;
+};
+
+/// Reads the simulator's grammar, which is all that this file knows: what blocks and keys mean is
+/// MissionReader's.
+///
+/// The first line is `# Mission File Version = ...;`, the last `# end of file`; between them stand
+/// blocks and empty lines. Every line ends in CR LF and holds printable ASCII alone. On error:
+/// false with the first fault, and `blocks` is of no use.
+[[nodiscard]] bool parseMissionText(std::string_view text, std::vector<Block>& blocks,
+                                    Fault& fault);
+
+/// The text between the quotes; false if the value isn't a quoted text.
+bool unquoted(std::string_view value, std::string& text);
+
+} // namespace standin

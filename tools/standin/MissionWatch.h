@@ -1,0 +1,39 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "engine/core/String.h"
+
+namespace standin {
+
+/// Waits for missions: looks at data/Missions again and again for files that are new or were
+/// written anew. A file counts when it looks the same twice running, so that none is taken while it
+/// is still being written.
+///
+/// What lay there before the newest log was begun counts as flown.
+class MissionWatch {
+public:
+    explicit MissionWatch(const zel::String& dir);
+
+    /// One look. The name of a mission to fly, each once; empty if there is none.
+    zel::String look();
+
+private:
+    struct Looks {
+        int64_t size = -1;    // bytes
+        int64_t changed = -1; // in the system's own units
+        bool operator==(const Looks& other) const {
+            return size == other.size && changed == other.changed;
+        }
+    };
+    struct Seen {
+        Looks last;  // at the last look
+        Looks flown; // when it was given out
+    };
+
+    zel::String dir;
+    std::map<std::string, Seen> missions; // by name
+};
+
+} // namespace standin

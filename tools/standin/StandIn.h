@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "engine/core/String.h"
+
+/// A stand-in for the simulator: it takes a mission file from a folder that looks like the
+/// simulator's, flies it, and leaves the log there that the simulator would leave.
+namespace standin {
+
+/// Waits that many seconds; false if somebody wants an end of it.
+using Wait = std::function<bool(double seconds)>;
+
+struct FlightOptions {
+    uint32_t seed = 0;     // of all that is left to chance; 0 draws one
+    bool breakOff = false; // the player leaves early: the log stops and tells no end
+    bool killPlayer = false;
+    bool woundPlayer = false;       // and he lives; killPlayer goes before
+    bool truncateLastPiece = false; // in the middle of a line
+    double delay = 0;               // seconds before the flight begins
+    double piecePause = 0;          // seconds before each piece of the log; 0 writes all at once
+    std::string stamp;              // YYYY-MM-DD_HH-MM-SS of the log's name; empty: the wall clock
+    Wait wait;                      // for the two above; empty: sleeps
+};
+
+struct PlaneResult {
+    std::string name;
+    int32_t country = 0;
+    int32_t victories = 0;
+    bool isPlayer = false;
+    bool lost = false; // the plane
+    bool dead = false; // the pilot
+};
+
+struct FlightSummary {
+    uint32_t seed = 0;               // that was used
+    std::string mission;             // the file's own name
+    std::string logName;             // of the first piece, without folder
+    int32_t pieces = 0;              // written
+    int32_t seconds = 0;             // of flight, up to the player's end
+    bool finished = false;           // the log tells the end
+    bool interrupted = false;        // by the wait: fewer pieces than there are
+    std::vector<PlaneResult> planes; // in the mission's order; of the flight flown to its end
+};
+
+/// The folders of the simulator below `dir`, which may end in a separator; below the current folder
+/// if it is empty.
+zel::String dataFolder(const zel::String& dir);
+zel::String missionsFolder(const zel::String& dir);
+
+/// Makes `dir` a simulator folder: data/startup.cfg with the text log switched on, data/Missions.
+/// What is there already stays as it is. On error: false with one line.
+[[nodiscard]] bool makeSimulatorFolder(const zel::String& dir, zel::String& error);
+
+/// The mission file that was changed last, its name alone; empty if there is none.
+zel::String newestMission(const zel::String& dir);
+
+/// Flies a mission, named as in data/Missions or from `dir`, and writes the log into data. With the
+/// same mission, options and stamp the log is the same to the byte.
+///
+/// A log of the same name isn't touched: the stamp moves on by seconds to a free one. On error:
+/// false with one line, `FILE:LINE: reason` for a mission that is refused; nothing is written then.
+/// summary may be null.
+[[nodiscard]] bool flyMission(const zel::String& dir, const zel::String& missionFile,
+                              const FlightOptions& options, zel::String& error,
+                              FlightSummary* summary);
+
+/// A line on the flight and, if it was finished, one for each plane, for people.
+std::string describe(const FlightSummary& summary);
+
+} // namespace standin
