@@ -10,6 +10,7 @@ namespace {
 
 constexpr float WesternRange = 20000.0F; // metres around the base, north and east
 constexpr float ChannelRange = 10000.0F;
+constexpr int32_t HighestIndex = 1000000000; // of a template: there is room for planes behind it
 
 void placeMission(const Squadron& squadron, MissionGenerator& generator) {
     const float range = squadron.onChannelMap == 1 ? ChannelRange : WesternRange;
@@ -36,6 +37,9 @@ zel::String prepare(Database& career, MissionGenerator& generator, const zel::St
         return zel::String("The mission template can't be read: ") + MissionTemplateFile;
     if (generator.attackArea < 0)
         return zel::String("The mission template has no attack area: ") + MissionTemplateFile;
+    if (generator.maxIndex > HighestIndex)
+        return zel::String("The mission template's Index values are too high: ") +
+               MissionTemplateFile;
     if (generator.plan.empty())
         return "No mission can be planned for today";
     generator.generateMission();

@@ -121,6 +121,9 @@ private:
     zel::String skinText(const PlannedPlane& plane) const;
 };
 
+/// A name as the mission's text can hold it: a double quote, which would end it, is an apostrophe.
+zel::String missionName(const zel::String& name);
+
 /// One line of mission text, cut at its first "=".
 struct MissionLine {
     zel::String key;        // without blanks and tabs around it, in small letters

@@ -71,9 +71,10 @@ public:
         return true;
     }
     /// In small letters; empty outside of all blocks.
-    zel::String top() const { return names.empty() ? zel::String() : names.back(); }
+    const zel::String& top() const { return names.empty() ? none : names.back(); }
 
 private:
+    const zel::String none;
     std::vector<zel::String> names;
 };
 

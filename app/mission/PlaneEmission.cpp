@@ -33,13 +33,10 @@ struct EmittedPlane {
 
 zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
 
-/// A name as the simulator's text can hold it.
+/// His name, and behind it the victories of an ace.
 zel::String nameOf(const PlannedPlane& plane) {
-    std::string name(plane.name.view());
-    std::replace(name.begin(), name.end(), '"', '\'');
-    if (plane.shotdowns >= ShotdownsOfAce)
-        name += "/" + std::to_string(plane.shotdowns);
-    return zel::String(name);
+    const zel::String name = missionName(plane.name);
+    return plane.shotdowns >= ShotdownsOfAce ? name + "/" + plane.shotdowns : name;
 }
 
 std::vector<zel::String> placeLines(const EmittedPlane& plane) {
@@ -114,6 +111,12 @@ std::vector<zel::String> planeLines(const EmittedPlane& plane) {
 }
 
 } // namespace
+
+zel::String missionName(const zel::String& name) {
+    std::string text(name.view());
+    std::replace(text.begin(), text.end(), '"', '\'');
+    return zel::String(text);
+}
 
 void MissionGenerator::emitPlanes(int32_t insertLine) {
     if (plan.empty())

@@ -20,6 +20,11 @@ std::string_view shortName(std::string_view name) {
     return front.empty() ? zel::trimmed(name, ' ') : front;
 }
 
+/// As much of a name as comes back in the log.
+std::string_view loggedPart(std::string_view name) {
+    return zel::trimmed(name.substr(0, LongestLoggedName), ' ');
+}
+
 /// Whether a plane planned under that name can stand in the log under the other.
 bool namesFit(std::string_view planned, std::string_view logged) {
     const std::string_view plannedShort = shortName(planned);
@@ -28,8 +33,8 @@ bool namesFit(std::string_view planned, std::string_view logged) {
     const auto fits = [&](std::string_view name) {
         return name == loggedTrimmed || name == loggedShort;
     };
-    return planned == logged || planned.substr(0, LongestLoggedName) == logged ||
-           fits(plannedShort) || fits(plannedShort.substr(0, LongestLoggedName));
+    return planned == logged || loggedPart(planned) == loggedTrimmed || fits(plannedShort) ||
+           fits(loggedPart(plannedShort));
 }
 
 uint16_t raised(uint16_t value, size_t by) {
@@ -122,13 +127,15 @@ int32_t CombatReport::mapPilots() {
         const PlannedPlane& plane = plan[i];
         // Men of one name and nation can't be told apart in the log: each takes one record in turn.
         const auto isNamesake = [&](const PlannedPlane& other) {
-            return other.nation == plane.nation && shortName(other.name) == shortName(plane.name);
+            return other.nation == plane.nation &&
+                   loggedPart(shortName(other.name)) == loggedPart(shortName(plane.name));
         };
         const auto place = plan.begin() + static_cast<std::ptrdiff_t>(i);
         const bool alone = std::count_if(plan.begin(), plan.end(), isNamesake) == 1;
         auto skipped = std::count_if(plan.begin(), place, isNamesake);
+        const zel::String name = missionName(plane.name);
         for (PilotReport& record : pilots) {
-            if (record.country != plane.nation || !namesFit(plane.name, record.name))
+            if (record.country != plane.nation || !namesFit(name, record.name))
                 continue;
             if (!alone && skipped-- != 0)
                 continue;

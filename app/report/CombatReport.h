@@ -63,6 +63,7 @@ public:
     [[nodiscard]] bool readMission(const zel::String& folder, const zel::String& name);
     /// Appends one event. REQUIRES: the line outlives the events.
     void parseLine(const zel::String& line);
+    void parseLine(zel::String&&) = delete;
     /// Makes records out of `lines`, judges and maps them. The result is readMission's.
     [[nodiscard]] bool analyse();
 

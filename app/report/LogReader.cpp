@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #ifdef __SSE2__
@@ -114,6 +115,8 @@ struct Marks {
     }
 };
 
+float finite(float value) { return std::isfinite(value) ? value : 0; }
+
 /// How much of a key is a position clause glued to its front, as "POS(1,2,3)" is of "POS(1,2,3)ID".
 /// The clause itself is of no use here.
 size_t clauseLength(std::string_view key) {
@@ -222,7 +225,7 @@ void CombatReport::readEvent(const LogEvent& event) {
         break;
     case Damage:
         readHit(event.number(LogKey::Aid), event.number(LogKey::Tid),
-                zel::toFloat(event.value(LogKey::Dmg)));
+                finite(zel::toFloat(event.value(LogKey::Dmg))));
         break;
     case Hit:
         readHit(event.number(LogKey::Aid), event.number(LogKey::Tid), 0);

@@ -70,6 +70,7 @@ bool findCombatReport(LogWatch& watch) {
         if (report->readMission(folder, name)) {
             report->applyToCareer();
             watch.settle();
+            logLook("---");
             return true;
         }
         report->clear();

@@ -88,6 +88,7 @@ void File::close() {
     bufferLength = 0;
     buffered = false;
     readPosition = lineStart = lineEnd = 0;
+    hasNextFeed = false;
     physicalLine = 1;
 }
 
@@ -122,8 +123,13 @@ bool File::hasLine() {
     if (start == end)
         return false;
     lineStart = start;
-    const void* feed = std::memchr(text + start, '\n', end - start);
-    lineEnd = feed != nullptr ? static_cast<size_t>(static_cast<const char*>(feed) - text) : end;
+    if (nextFeed < start || !hasNextFeed) {
+        const void* feed = std::memchr(text + start, '\n', end - start);
+        nextFeed =
+            feed != nullptr ? static_cast<size_t>(static_cast<const char*>(feed) - text) : end;
+        hasNextFeed = true;
+    }
+    lineEnd = nextFeed;
     if (const void* back = std::memchr(text + start, '\r', lineEnd - start))
         lineEnd = static_cast<size_t>(static_cast<const char*>(back) - text);
     readPosition = lineEnd;

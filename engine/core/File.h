@@ -20,8 +20,6 @@ public:
     /// Opens the file in one of the modes above.
     File(const String& name, int32_t mode);
     ~File() override = default;
-    File(File&&) noexcept = default;
-    File& operator=(File&&) noexcept = default;
 
     /// One block of `size` bytes. False, and hasFailed(), if it doesn't go through whole. A read
     /// past the end leaves the buffer as it was.
@@ -57,7 +55,7 @@ public:
 
 private:
     struct Closer {
-        void operator()(FILE* stream) const { std::fclose(stream); }
+        void operator()(FILE* file) const { std::fclose(file); }
     };
     void loadBuffer();
 
@@ -72,6 +70,8 @@ private:
     size_t readPosition = 0;
     size_t lineStart = 0;
     size_t lineEnd = 0;
+    size_t nextFeed = 0; // the first line feed from the last line on, or the end
+    bool hasNextFeed = false;
     int32_t physicalLine = 1;
 };
 

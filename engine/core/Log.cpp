@@ -15,6 +15,7 @@ struct LogState {
     bool enabled = true;
     bool consoleShown = true;
     FILE* stream = stdout;
+    void (*sink)(const String& line) = nullptr;
 };
 
 LogState& logState() {
@@ -41,10 +42,14 @@ const char* mark(int32_t level) {
 void log(const String& message, const String& category, int32_t level) {
     if (!isLogged(category, level))
         return;
-    FILE* stream = logState().stream;
-    std::fprintf(stream, "%s%u [%s] %s\n", mark(level), static_cast<unsigned>(ticks()),
-                 category.c_str(), message.c_str());
-    std::fflush(stream);
+    const String line =
+        String(mark(level)) + std::to_string(ticks()) + " [" + category + "] " + message;
+    if (logState().sink != nullptr) {
+        logState().sink(line);
+        return;
+    }
+    std::fprintf(logState().stream, "%s\n", line.c_str());
+    std::fflush(logState().stream);
 }
 
 bool isLogged(std::string_view category, int32_t level) {
@@ -65,6 +70,7 @@ void setCategoryLogLevel(const String& category, int32_t level) {
 
 void disableLogging() { logState().enabled = false; }
 void setLogStream(FILE* stream) { logState().stream = stream; }
+void setLogSink(void (*sink)(const String& line)) { logState().sink = sink; }
 
 void console(const String& line) {
     if (logState().consoleShown)

@@ -29,6 +29,8 @@ void setCategoryLogLevel(const String& category, int32_t level);
 void disableLogging();
 /// Where log and console lines go: standard output, unless a program keeps that for its own words.
 void setLogStream(FILE* stream);
+/// Takes log lines instead, without their line ends; null for the stream again.
+void setLogSink(void (*sink)(const String& line));
 
 /// A line without mark or category: what screens and scripts say of themselves, for developers. No
 /// user sees it. Shown unless switched off.

@@ -59,9 +59,9 @@ private:
     void makeBlock();
 
     static constexpr uint32_t Size = 624;
-    std::array<uint32_t, Size> state;
-    std::array<uint32_t, Size> block; // the values made of the state
-    uint32_t index;                   // of the next value; Size when a new block is due
+    std::array<uint32_t, Size> state{};
+    std::array<uint32_t, Size> block{}; // the values made of the state
+    uint32_t index = Size;              // of the next value; Size when a new block is due
 };
 
 /// The engine's shared generator, built at its first use.

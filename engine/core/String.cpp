@@ -42,7 +42,7 @@ String String::toLower() const {
 
 String String::trim(char character) const {
     String result(trimmed(text, character));
-    result.second = second;
+    result.companion = companion;
     return result;
 }
 
@@ -111,13 +111,19 @@ float toFloat(std::string_view text) {
     text = withoutLeadingBlanks(text);
     if (text.size() > 1 && text.front() == '+' && text[1] != '-')
         text.remove_prefix(1);
-    float value = 0;
+    double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::invalid_argument)
         return 0;
-    if (error == std::errc::result_out_of_range)
-        return std::copysign(std::numeric_limits<float>::max(), text.front() == '-' ? -1.0F : 1.0F);
-    return value;
+    constexpr double Most = std::numeric_limits<float>::max();
+    if (error == std::errc::result_out_of_range) { // for a double: far too large or far too small
+        const std::string_view number = text.substr(0, static_cast<size_t>(end - text.data()));
+        const bool isTiny = number.find("e-") != number.npos || number.find("E-") != number.npos;
+        value = isTiny ? 0 : number.front() == '-' ? -Most : Most;
+    }
+    if (std::isfinite(value))
+        value = std::clamp(value, -Most, Most);
+    return static_cast<float>(value);
 }
 
 String formatFloat(float value) {

@@ -86,12 +86,12 @@ public:
     /// nothing.
     void copyTo(char* buffer, int32_t size) const;
 
-    const std::string& secondText() const { return second; }
-    void setSecondText(std::string_view newText) { second = newText; }
+    const std::string& secondText() const { return companion; }
+    void setSecondText(std::string_view newText) { companion = newText; }
 
 private:
     std::string text;
-    std::string second;
+    std::string companion;
 };
 
 /// The same operations on a part of a text, without a copy. `lower` touches A to Z alone.

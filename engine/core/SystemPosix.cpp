@@ -187,13 +187,17 @@ bool replaceFile(const String& from, const String& to) {
 
 bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
     const std::string present = nativePath(to);
+    if (!exists(present))
+        return replaceFile(from, to);
+    // The old backup goes only when the new one is there. Not every file system has links; one that
+    // hasn't gets by with a rename.
     const std::string kept = nativePath(backup);
-    unlink(kept.c_str());
-    // Not every file system has links; one that hasn't gets by with a rename.
-    if (link(present.c_str(), kept.c_str()) != 0 && exists(present) &&
-        std::rename(present.c_str(), kept.c_str()) != 0)
+    const std::string draft = kept + ".tmp";
+    unlink(draft.c_str());
+    const bool linked = link(present.c_str(), draft.c_str()) == 0;
+    if (std::rename(linked ? draft.c_str() : present.c_str(), kept.c_str()) != 0)
         return false;
-    if (std::rename(nativePath(from).c_str(), present.c_str()) == 0)
+    if (replaceFile(from, to))
         return true;
     if (!exists(present))
         std::rename(kept.c_str(), present.c_str());

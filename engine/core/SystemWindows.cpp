@@ -90,7 +90,7 @@ bool isDirectory(const String& path) {
 bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     entries.clear();
     WIN32_FIND_DATAA data;
-    const HANDLE search = FindFirstFileA((path + "\\*").c_str(), &data);
+    const HANDLE search = FindFirstFileA(((path.empty() ? "." : path) + "\\*").c_str(), &data);
     if (search == INVALID_HANDLE_VALUE)
         return isDirectory(path);
     do {
@@ -114,8 +114,12 @@ bool replaceFile(const String& from, const String& to) {
 bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
     if (!fileStatus(to).exists)
         return replaceFile(from, to);
-    return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
-                        nullptr, nullptr) != 0;
+    if (ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                     nullptr, nullptr) != 0)
+        return true;
+    if (!fileStatus(to).exists) // it failed half way
+        replaceFile(backup, to);
+    return false;
 }
 
 bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }

@@ -13,7 +13,7 @@ constexpr const char* Usage =
 
 Commands, which run in order:
   new SERVICE YEAR MONTH  begins a career; SERVICE is french, english or german,
-                          from 1915 12 to 1918 11
+                          from 1915 12 to 1918 10
   load | save             the career file in the user's folder
   status                  the career in a few lines, and what to do next
   mission                 writes the mission of the day into the simulator's folder
@@ -58,10 +58,12 @@ public:
     /// A whole number of the range; false, taking nothing, if none follows.
     template <typename Number> bool takeNumber(Number least, Number most, Number& value) {
         const std::string_view word = peek();
-        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+        Number number = 0;
+        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
         if (word.empty() || error != std::errc() || end != word.data() + word.size() ||
-            value < least || value > most)
+            number < least || number > most)
             return false;
+        value = number;
         ++next;
         return true;
     }
@@ -86,8 +88,8 @@ bool readNew(Arguments& arguments, CareerCall& call, std::string& error) {
     const bool isDate =
         arguments.takeNumber(1915, 1918, year) && arguments.takeNumber(1, 12, month);
     const int32_t start = year * 100 + month;
-    if (!isDate || start < 191512 || start > 191811) {
-        error = "new wants a year and a month from 1915 12 to 1918 11";
+    if (!isDate || start < 191512 || start > 191810) {
+        error = "new wants a year and a month from 1915 12 to 1918 10";
         return false;
     }
     call.commands.emplace_back([=, chosen = service->service](Session& session) {
@@ -109,10 +111,15 @@ bool readUntil(Arguments& arguments, CareerCall& call, std::string& error) {
     return true;
 }
 
-void readAdvance(Arguments& arguments, CareerCall& call) {
+bool readAdvance(Arguments& arguments, CareerCall& call, std::string& error) {
     int32_t periods = 1;
-    arguments.takeNumber(1, 1000, periods);
+    const bool wantsNumber = arguments.peek().find_first_of("0123456789") == 0;
+    if (!arguments.takeNumber(1, 1000, periods) && wantsNumber) {
+        error = "advance wants 1 to 1000 periods";
+        return false;
+    }
     call.commands.emplace_back([=](Session& session) { return session.advance(periods); });
+    return true;
 }
 
 void readInvitation(Arguments& arguments, CareerCall& call) {
@@ -143,12 +150,9 @@ bool readCommand(std::string_view word, Arguments& arguments, CareerCall& call,
     if (word == "until")
         return readUntil(arguments, call, error);
     if (word == "advance")
-        readAdvance(arguments, call);
-    else if (word == "invitation")
+        return readAdvance(arguments, call, error);
+    if (word == "invitation")
         readInvitation(arguments, call);
-    else if (word == "report")
-        call.commands.emplace_back(
-            [&call](Session& session) { return session.report(call.waitSeconds); });
     else {
         for (const Plain& command : PlainCommands) {
             if (command.name != word)

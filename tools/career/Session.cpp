@@ -70,9 +70,12 @@ bool Session::load() {
         return true;
     }
     const zel::String backup = path + ".bak";
-    return fail("No career could be loaded from " + path +
-                (zel::system::fileStatus(backup).exists ? "; an earlier one lies in " + backup
-                                                        : zel::String()));
+    zel::String why = "No career could be loaded from " + path;
+    if (!zel::system::fileStatus(path).exists)
+        why += ": there is none";
+    if (zel::system::fileStatus(backup).exists)
+        why += "; an earlier one lies in " + backup;
+    return fail(why);
 }
 
 bool Session::save() {
@@ -146,7 +149,7 @@ bool Session::fly() {
     return true;
 }
 
-bool Session::report(int32_t waitSeconds) {
+bool Session::report() {
     if (!needCareer() || !needSimulator())
         return false;
     if (!missionWritten)
@@ -201,11 +204,12 @@ bool Session::until(int32_t date) {
     if (!needCareer())
         return false;
     while (!isWarOver(career) && career.calendar().dateNumber() < date) {
+        SquadronSimulator::keepPlayerOnAllowedMap();
         if (letter.open()) {
             say(letter.text());
             say(letter.accept() ? "Accepted" : "That squadron has no pilots");
         }
-        if (!mission() || !fly() || !report(0))
+        if (!mission() || !fly() || !report())
             return false;
     }
     say(career.calendar().displayText());

@@ -17,7 +17,9 @@
 /// that tells why.
 class Session {
 public:
-    explicit Session(bool quiet) : quiet(quiet), progress(!quiet) {}
+    /// waitSeconds: how long report() waits for the simulator's log.
+    Session(bool quiet, int32_t waitSeconds)
+        : quiet(quiet), waitSeconds(waitSeconds), progress(!quiet) {}
 
     bool newCareer(int32_t service, int32_t year, int32_t month);
     bool load();
@@ -25,8 +27,7 @@ public:
     bool status();
     bool mission();
     bool fly();
-    /// Waits up to that many seconds for the simulator's log.
-    bool report(int32_t waitSeconds);
+    bool report();
     bool advance(int32_t periods);
     /// Mission, flight and report over and over, invitations accepted, up to that date (yyyymmdd)
     /// or the end of the war.
@@ -49,6 +50,7 @@ private:
     zel::String nextStep() const;
 
     bool quiet;
+    int32_t waitSeconds;
     zel::String trouble;
     Database career;
     MissionGenerator generator;

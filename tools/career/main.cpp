@@ -25,12 +25,25 @@ int failed(const zel::String& why) {
     return 1;
 }
 
+std::vector<zel::String>& heldLines() {
+    static std::vector<zel::String> lines;
+    return lines;
+}
+
+/// Warnings are held back until a command has done its work: one that fails says why in its one
+/// line.
 void showLogs(bool verbose) {
     zel::setConsoleShown(verbose);
     if (verbose)
         zel::setLogLevel(7);
     else
-        zel::setLogStream(stderr); // standard output is for what was asked for
+        zel::setLogSink([](const zel::String& line) { heldLines().push_back(line); });
+}
+
+void releaseLines() {
+    for (const zel::String& line : heldLines())
+        std::fprintf(stderr, "%s\n", line.c_str());
+    heldLines().clear();
 }
 
 /// Nothing of this run's time may show in its results.
@@ -67,7 +80,9 @@ int main(int argc, char** argv) {
     if (call.seed)
         pin(*call.seed);
 
-    const zel::String startDirectory = zel::system::currentDirectory();
+    Configuration::load(SettingsFile);
+    if (call.rofDirectory.empty())
+        call.rofDirectory = Configuration::get("rof.directory", "");
     if (!call.rofDirectory.empty())
         call.rofDirectory = zel::system::absolutePath(call.rofDirectory);
     if (!call.userDirectory.empty())
@@ -76,15 +91,16 @@ int main(int argc, char** argv) {
         return failed(call.dataDirectory.empty()
                           ? zel::String("The folder Data was not found beside the program")
                           : "There is no folder Data in " + call.dataDirectory);
-    Configuration::load(SettingsFile);
-    Configuration::load(startDirectory + "\\" + SettingsFile);
+    Configuration::load(SettingsFile); // beside Data; what was named before it goes first
     if (!call.rofDirectory.empty())
         Configuration::set("rof.directory", call.rofDirectory);
 
     initPlaneNames();
-    Session session(call.quiet);
-    for (const auto& command : call.commands)
+    Session session(call.quiet, call.waitSeconds);
+    for (const auto& command : call.commands) {
         if (!command(session))
             return failed(session.problem());
+        releaseLines();
+    }
     return 0;
 }

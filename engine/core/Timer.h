@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zel {
+
+/// A stopwatch on the engine's clock. It runs from its construction.
+class Timer {
+public:
+    Timer() { reset(); }
+
+    /// Starts again from 0, running.
+    void reset();
+    /// Goes on from the value at which it was stopped. A running timer just goes on.
+    void start();
+    /// Freezes the value.
+    void stop();
+
+    uint32_t getTicks() const; // milliseconds
+    float getSeconds() const { return static_cast<float>(getTicks()) / 1000.0F; }
+    bool isStopped() const { return paused; }
+
+    /// A frame limiter: waits until 1000 / fps milliseconds have passed since the last call. fps
+    /// below 1 waits for nothing.
+    void regulate(int32_t fps);
+    /// What the last two calls of regulate() gave, in frames a second; 0 before.
+    float getFps() const { return fps; }
+
+private:
+    uint32_t startTicks = 0;  // milliseconds of the clock
+    uint32_t pausedTicks = 0; // milliseconds that passed before startTicks
+    bool paused = false;
+
+    bool started = false; // regulate() has run
+    uint32_t lastTicks = 0;
+    int32_t delay = 10; // milliseconds that regulate() waits
+    float fps = 0;
+};
+
+} // namespace zel

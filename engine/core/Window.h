@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/core/String.h"
+#include "engine/core/Timer.h"
+
+struct SDL_Surface;
+
+namespace zel {
+
+class Canvas;
+
+/// Where a picture of the design's size lies in a window, scaled alike in both directions.
+struct Letterbox {
+    float scale = 1;
+    float offsetX = 0; // pixels from the left, whole
+    float offsetY = 0; // pixels from the top, whole
+    bool barsAtTop = false; // else at the sides, or nowhere
+};
+/// `centre` false puts the picture at the upper left corner. REQUIRES: sizes above 0.
+Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t designHeight,
+                    bool centre);
+
+/// The one window with its OpenGL context. It maps a fixed design size onto whatever size it has,
+/// with black bars.
+///
+/// Without a window everything goes on: drawing does nothing, and design pixels are window pixels.
+class Window {
+public:
+    /// Opens the window; a width or height of 0 takes the desktop's. On error: log lines, false,
+    /// and no window.
+    [[nodiscard]] static bool create(int32_t width, int32_t height, int32_t depth,
+                                     bool fullscreen = false);
+    static Window* current() { return currentWindow; } // null without one
+    static void destroy();
+
+    /// Shows what was drawn since the last call, then waits until the next frame is due: 15 ms after
+    /// the last one, 50 ms if the window hasn't the keyboard or is minimised. It first takes the
+    /// events that wait. A picture that is the same as the one shown isn't drawn again.
+    void swapBuffers();
+    /// Takes the events that wait. True once the player, or the system, wants the program to end.
+    static bool pollQuit();
+    void setTitle(const String& title);
+
+    /// The design's size, or the real one as long as no design is set.
+    int32_t getWidth() const { return simulated ? simulatedWidth : width; }
+    int32_t getHeight() const { return simulated ? simulatedHeight : height; }
+    int32_t getRealWidth() const { return width; }
+    int32_t getRealHeight() const { return height; }
+
+    /// From here on screens work in pixels of a design of that size. Sizes below 1 are ignored.
+    void setSimulatedResolution(int32_t designWidth, int32_t designHeight, bool centre);
+    /// From window pixels to design pixels.
+    float toDesignX(int32_t x) const;
+    float toDesignY(int32_t y) const;
+
+    bool isFullscreen() const { return fullscreen; }
+    /// Full screen in the desktop's size, and back to the size before.
+    void toggleFullscreen();
+    /// Follows the size that the player gave the window.
+    void resize(int32_t newWidth, int32_t newHeight);
+    /// The system has spoilt the window's content: the next frame is drawn in any case.
+    void invalidate();
+
+    Canvas* getCanvas() const;
+
+    // What SDL_GetAppState tells; all true without a window.
+    static bool hasMouseFocus();
+    static bool hasInputFocus();
+    static bool isActive(); // not minimised
+
+    /// Opens the address in the player's browser. Only "http://" and "https://" are followed. On
+    /// error: a log line.
+    static void openUrl(const String& address);
+
+private:
+    Window() = default;
+    ~Window();
+    bool setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen);
+    void layOut();
+    void pace();
+
+    Timer timer; // since the last swap
+    int32_t width = 0;
+    int32_t height = 0;
+    int32_t depth = 32;
+    bool fullscreen = false;
+    uint32_t videoFlags = 0;
+    SDL_Surface* surface = nullptr;
+    bool simulated = false;
+    int32_t simulatedWidth = 0;
+    int32_t simulatedHeight = 0;
+    bool centred = true;
+    int32_t windowedWidth = 0; // to come back from full screen
+    int32_t windowedHeight = 0;
+    String title;
+
+    static Window* currentWindow;
+};
+
+} // namespace zel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/core/String.h"
+
+/// The application as the loop sees it. The engine only declares it: each program, and each test
+/// that runs a loop, defines these operations and thereby says what it is. One exists, from the
+/// start to the end of the loop.
+class ZelApp {
+public:
+    ZelApp();
+    virtual ~ZelApp(); // the last of the loop's end: closes the window
+
+    void init(); // settings, window, data
+
+    // Four moments between the language and the menus, in this order.
+    void onLanguageSet();
+    void beforeServices();
+    void afterServices();
+    void beforeMenus();
+    void initMenus();
+    void onStarted();
+
+    /// The state entered first.
+    static zel::String getFirstStateName();
+
+    void onPause();
+    void onContinue();
+
+    void onShutdown(); // at the end of the run, and again when the loop ends
+    void onDestroy();
+    void releaseDatabase();
+    void releaseMenus();
+};
