@@ -110,10 +110,10 @@ zel::String Database::drawPilotName(int32_t nation) {
 
 int32_t Database::addSquadron(int32_t nation) {
     const auto index = static_cast<int32_t>(squadrons.size());
-    squadrons.emplace_back();
+    squadrons.push_back(blank<Squadron>());
     squadrons.back().nation = static_cast<uint16_t>(nation);
     for (int32_t i = 0; i < PilotsOfNewSquadron; ++i) {
-        Pilot pilot;
+        Pilot pilot = blank<Pilot>();
         zel::copyText(pilot.name, drawPilotName(nation));
         pilot.squadron = index;
         const int32_t highestSkill = random.getInt(2, 10);

@@ -58,7 +58,7 @@ private:
     Entry& entryOf(const std::string& name) {
         const auto [place, isNew] = entries.try_emplace(name, Entry{records.size(), 0});
         if (isNew) {
-            records.emplace_back();
+            records.push_back(blank<Record>());
             setName(records.back(), name);
         }
         return place->second;
@@ -81,7 +81,7 @@ private:
             else if (entry.lineCount == LineReferenceCount)
                 logFile(path, "only the first 256 lines are used");
             ++entry.lineCount;
-            dataLines.emplace_back();
+            dataLines.push_back(blank<DataLine>());
             zel::copyText(dataLines.back().text, text);
         }
         if (hasLongLine)

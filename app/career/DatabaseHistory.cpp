@@ -199,7 +199,7 @@ void Database::fillVacantSlots(int32_t squadron) {
 /// A new man of the squadron with a name and no skill yet.
 Pilot Database::makeReplacement(int32_t squadron) {
     const int32_t nation = squadrons[static_cast<size_t>(squadron)].nation;
-    Pilot pilot;
+    Pilot pilot = blank<Pilot>();
     zel::copyText(pilot.name, drawPilotName(nation));
     pilot.squadron = squadron;
     pilot.alive = 1;

@@ -61,8 +61,9 @@ public:
         return value;
     }
 
-    /// As many whole records as the count says and the file holds.
-    template <typename Record> void records(std::vector<Record>& result) {
+    /// As many whole records as the count says and the file holds. Each is shown to `look`.
+    template <typename Record, typename Look>
+    void records(std::vector<Record>& result, const Look& look) {
         const auto count = static_cast<uint32_t>(number());
         const auto held = std::min<size_t>(count, static_cast<size_t>(left) / sizeof(Record));
         result.clear();
@@ -70,14 +71,23 @@ public:
         // By way of a piece that stays in the cache: cheaper than making empty records first.
         constexpr size_t PieceLength = sizeof bytes / sizeof(Record);
         auto* piece = reinterpret_cast<Record*>(bytes);
-        while (result.size() < held && !endedEarly) {
+        while (result.size() < held) {
             const size_t size = std::min(PieceLength, held - result.size());
             take(piece, static_cast<int32_t>(size * sizeof(Record)));
-            std::for_each(piece, piece + size, [](Record& record) { endTexts(record); });
+            if (endedEarly)
+                break;
+            for (size_t i = 0; i < size; ++i) {
+                endTexts(piece[i]);
+                look(piece[i]);
+            }
             result.insert(result.end(), piece, piece + size);
         }
         if (held < count)
             end();
+    }
+
+    template <typename Record> void records(std::vector<Record>& result) {
+        records(result, [](const Record&) {});
     }
 
     bool hasEndedEarly() const { return endedEarly; }
@@ -114,14 +124,16 @@ template <typename Index> void checkIndex(Index& index, size_t count, Index none
 /// the log for each kind of fault.
 class CareerRepair {
 public:
-    explicit CareerRepair(Database& career) : career(career) {}
+    CareerRepair(Database& career, bool pilotsAreSound)
+        : career(career), pilotsAreSound(pilotsAreSound) {}
 
     /// False if there is nothing that a career could go on from.
     bool run() {
         if (career.squadrons.empty() || career.pilots.empty())
             return false;
         repairFiles();
-        repairPilots();
+        if (!pilotsAreSound)
+            repairPilots();
         repairSlots();
         if (!repairPlayer())
             return false;
@@ -247,6 +259,7 @@ private:
     }
 
     Database& career;
+    bool pilotsAreSound; // their squadrons and files were looked at while they were read
     int32_t allFaults = 0;
 };
 
@@ -334,7 +347,12 @@ bool Database::loadFile(const zel::String& name) {
         return refuse(" is no save game");
 
     reader.records(squadrons);
-    reader.records(pilots);
+    uint32_t highestSquadron = 0; // that a pilot names, and his file
+    uint32_t highestFile = 0;
+    reader.records(pilots, [&](const Pilot& pilot) {
+        highestSquadron = std::max(highestSquadron, static_cast<uint32_t>(pilot.squadron));
+        highestFile = std::max(highestFile, static_cast<uint32_t>(pilot.pilotFile) + 1);
+    });
     if (reader.hasEndedEarly()) // no war can go on without its men
         return refuse(" is no save game");
     reader.records(dataLines);
@@ -347,7 +365,9 @@ bool Database::loadFile(const zel::String& name) {
         logRepair("File " + name + " ends early; what it holds is used");
         invitationSquadron = previousInvitation = -2;
     }
-    CareerRepair repair(*this);
+    const bool pilotsAreSound =
+        highestSquadron < squadrons.size() && highestFile <= pilotFiles.size();
+    CareerRepair repair(*this, pilotsAreSound);
     if (!repair.run())
         return refuse(" is no save game");
     loadedDamaged = reader.hasEndedEarly() || repair.hasRepaired();

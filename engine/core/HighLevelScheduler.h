@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "engine/core/String.h"
@@ -32,6 +33,8 @@ public:
     void removeTask(const UpdateObject* object);
     bool hasTask(const UpdateObject* object) const { return findTask(object) != nullptr; }
     size_t getTaskCount() const;
+    /// Ends the tasks that the state owns, and forgets it wherever a task names it.
+    void removeState(const State* state);
 
     void setTaskName(const UpdateObject* object, const String& name);
     /// 1 (first) to 6; 4 at first. With 6, a task without a least distance gets one of 100 frames.
@@ -54,10 +57,11 @@ public:
 
 private:
     struct Task {
-        UpdateObject* object;           // null once the task has ended
+        UpdateObject* object = nullptr;
         RenderObject* renderObject = nullptr; // run if object is null
         String name;
-        State* ownerState; // may be null
+        State* ownerState = nullptr; // may stay null
+        bool ended = false;          // leaves the list before the next pass
         int32_t priority = 4;
         int32_t minFrameDifference = 0;
         int32_t framesSinceRun = 0;
@@ -66,13 +70,14 @@ private:
         float lowEstimate = 0;  // quick to fall
         float highEstimate = 0; // quick to rise: what budget decisions use
         float lastDuration = 0;
-        float lastRunTime = 0;
+        double lastRunTime = 0;
         std::vector<State*> includedStates;
         std::vector<State*> excludedStates;
     };
 
-    HighLevelScheduler();
-    ~HighLevelScheduler();
+    HighLevelScheduler() = default;
+    ~HighLevelScheduler() = default;
+    friend struct std::default_delete<HighLevelScheduler>;
 
     const Task* findTask(const UpdateObject* object) const;
     Task* findTask(const UpdateObject* object);
@@ -86,7 +91,7 @@ private:
     void dropEndedTasks();
 
     int32_t targetFps = 60;
-    float frameBudget;               // seconds of one update half
+    float frameBudget = 1.0F / 60;   // seconds of one update half
     float budgetFraction = 0.85F;    // share of it that is planned with
     float starvationFrames = 100.0F; // frames of lateness at which a task no longer has to fit
     Timer clock;
@@ -97,8 +102,8 @@ private:
     int32_t lastTask = -1;          // index of the last task run
     bool started = false;
     bool hasEndedTasks = false;
-    float startTime = 0;
-    float frameStart = 0; // seconds of `clock`
+    double startTime = 0;  // seconds of `clock`
+    double frameStart = 0; // the same
     bool overBudget = false;
     bool overrunReported = false;
     bool frameFlagA = false;

@@ -68,7 +68,7 @@ public:
 
     void update() override; // one frame
     void render() override; // draws the visible states, or nothing but black if there is none
-    /// As at the start: no states, no calls, no history.
+    /// As at the start: no states and no calls. The history stays.
     void reset();
 
 private:

@@ -60,6 +60,16 @@ bool removeFile(const String& path);
 /// everywhere else.
 String queryRegistryValue(const String& keyPath, const String& valueName);
 
+/// The identifier by which Windows knows the user's locale, such as 1031 for German; 0 if unknown.
+/// Off Windows it is found by LC_ALL, LC_MESSAGES or LANG, the first of them that is set.
+uint32_t userLocale();
+
+/// Whether there is a screen to open windows on.
+bool hasDisplay();
+/// Shows a web address in the player's browser, without waiting for it; false if that can't be
+/// started. REQUIRES: the address begins with "http://" or "https://".
+bool openBrowser(const String& address);
+
 /// Whether somebody watches the stream, so that progress can be shown.
 bool isTerminal(FILE* stream);
 

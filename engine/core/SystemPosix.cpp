@@ -5,9 +5,12 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <random>
+#include <spawn.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include "engine/core/LocaleNames.h"
 #include "engine/core/System.h"
 
 namespace zel::system {
@@ -207,6 +210,28 @@ bool replaceFileKeeping(const String& from, const String& to, const String& back
 bool removeFile(const String& path) { return unlink(nativePath(path).c_str()) == 0; }
 
 String queryRegistryValue(const String& /*keyPath*/, const String& /*valueName*/) { return {}; }
+
+uint32_t userLocale() {
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const String value = environment(variable);
+        if (!value.empty())
+            return localeIdentifier(value);
+    }
+    return 0;
+}
+
+bool hasDisplay() { return !environment("DISPLAY").empty(); }
+
+// Without a shell, so that nothing in an address is more than an address.
+bool openBrowser(const String& address) {
+    static pid_t last = 0; // the helper ends by itself; it is only cleared away here
+    if (last > 0)
+        waitpid(last, nullptr, WNOHANG);
+    std::string program = "xdg-open";
+    std::string argument(address.view());
+    char* const arguments[] = {program.data(), argument.data(), nullptr};
+    return posix_spawnp(&last, program.c_str(), nullptr, nullptr, arguments, environ) == 0;
+}
 
 bool isTerminal(FILE* stream) { return isatty(fileno(stream)) != 0; }
 

@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include "engine/core/System.h"
 
 namespace zel::system {
@@ -134,6 +136,16 @@ String queryRegistryValue(const String& keyPath, const String& valueName) {
                                          reinterpret_cast<BYTE*>(buffer), &size);
     RegCloseKey(key);
     return result == ERROR_SUCCESS ? String(buffer) : String();
+}
+
+uint32_t userLocale() { return GetUserDefaultLCID(); }
+
+bool hasDisplay() { return true; }
+
+bool openBrowser(const String& address) {
+    const HINSTANCE result =
+        ShellExecuteA(nullptr, "open", address.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(result) > 32; // up to there they are errors
 }
 
 bool isTerminal(FILE* stream) { return _isatty(_fileno(stream)) != 0; }

@@ -17,7 +17,7 @@ public:
     void stop();
 
     uint32_t getTicks() const; // milliseconds
-    float getSeconds() const { return static_cast<float>(getTicks()) / 1000.0F; }
+    double getSeconds() const { return getTicks() / 1000.0; }
     bool isStopped() const { return paused; }
 
     /// A frame limiter: waits until 1000 / fps milliseconds have passed since the last call. fps

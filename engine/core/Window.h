@@ -94,7 +94,6 @@ private:
     bool centred = true;
     int32_t windowedWidth = 0; // to come back from full screen
     int32_t windowedHeight = 0;
-    String title;
 
     static Window* currentWindow;
 };

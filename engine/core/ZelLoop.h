@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "engine/core/Timer.h"
 #include "engine/core/UpdateObject.h"
@@ -44,6 +45,10 @@ public:
     static const Timer& getApplicationTimer() { return applicationTimer; }
 
 private:
+    static std::vector<std::unique_ptr<UpdateObject>>& persistentObjects();
+
+    std::unique_ptr<ZelApp> app;
+
     static bool paused;
     static bool quitRequested;
     static bool restartRequested;

@@ -1,0 +1,238 @@
+#include "engine/core/Window.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <SDL.h>
+
+#include "engine/core/Log.h"
+#include "engine/core/Platform.h"
+#include "engine/core/System.h"
+#include "engine/core/ZelLoop.h"
+#include "engine/graphics/Canvas.h"
+
+namespace zel {
+
+namespace {
+
+constexpr const char* Category = "Window";
+constexpr uint32_t FramePeriod = 15;     // milliseconds; a display of 60 pictures never waits
+constexpr uint32_t IdleFramePeriod = 50; // without the keyboard, and minimised
+
+void setAttributes(bool demanding) {
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+    SDL_GL_SetAttribute(SDL_GL_RED_SIZE, demanding ? 8 : 5);
+    SDL_GL_SetAttribute(SDL_GL_GREEN_SIZE, demanding ? 8 : 6);
+    SDL_GL_SetAttribute(SDL_GL_BLUE_SIZE, demanding ? 8 : 5);
+    SDL_GL_SetAttribute(SDL_GL_DEPTH_SIZE, 0);
+    SDL_GL_SetAttribute(SDL_GL_SWAP_CONTROL, demanding ? 1 : 0);
+}
+
+bool isWebAddress(const String& address) {
+    const std::string_view text = address;
+    return text.substr(0, 7) == "http://" || text.substr(0, 8) == "https://";
+}
+
+bool hasState(int32_t bit) { return (Platform::getInstance().appState() & bit) != 0; }
+
+} // namespace
+
+Window* Window::currentWindow = nullptr;
+
+Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t designHeight,
+                    bool centre) {
+    const float ratioX = static_cast<float>(width) / static_cast<float>(designWidth);
+    const float ratioY = static_cast<float>(height) / static_cast<float>(designHeight);
+    Letterbox box;
+    box.barsAtTop = ratioY > ratioX;
+    box.scale = std::min(ratioX, ratioY);
+    if (!centre)
+        return box;
+    const float remainsX = static_cast<float>(width) - static_cast<float>(designWidth) * box.scale;
+    const float remainsY =
+        static_cast<float>(height) - static_cast<float>(designHeight) * box.scale;
+    if (box.barsAtTop)
+        box.offsetY = std::ceil(remainsY * 0.5F);
+    else
+        box.offsetX = std::ceil(remainsX * 0.5F);
+    return box;
+}
+
+bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscreen) {
+    const Platform& platform = Platform::getInstance();
+    destroy();
+    auto* window = new Window;
+    window->depth = depth <= 16 ? 16 : 32;
+    if (width <= 0 || height <= 0) {
+        width = platform.getDesktopWidth();
+        height = platform.getDesktopHeight();
+    }
+    window->windowedWidth = width;
+    window->windowedHeight = height;
+    if (!window->setMode(width, height, fullscreen)) {
+        delete window;
+        return false;
+    }
+    currentWindow = window;
+    return true;
+}
+
+void Window::destroy() {
+    delete currentWindow;
+    currentWindow = nullptr;
+}
+
+// SDL keeps the window on the screen until the next one or its own end; closing the display in
+// between would cost the connection to it.
+Window::~Window() {
+    Canvas::getInstance().detach();
+    if (surface != nullptr)
+        log("closing window", Category, LogInfo);
+}
+
+bool Window::setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen) {
+    Canvas::getInstance().detach();
+    const SDL_VideoInfo* info = SDL_GetVideoInfo();
+    videoFlags = SDL_OPENGL | SDL_DOUBLEBUF;
+    if (info != nullptr && info->hw_available != 0)
+        videoFlags |= SDL_HWSURFACE;
+    videoFlags |= newFullscreen ? SDL_FULLSCREEN : SDL_RESIZABLE;
+    surface = nullptr;
+    for (const bool demanding : {true, false}) {
+        setAttributes(demanding);
+        surface = SDL_SetVideoMode(newWidth, newHeight, depth, videoFlags);
+        if (surface != nullptr)
+            break;
+    }
+    if (surface == nullptr) {
+        log("SDL_SetVideoMode failed", Category, LogError);
+        log(SDL_GetError(), Category, LogError);
+        return false;
+    }
+    width = std::max(1, surface->w); // full screen may come in another size
+    height = std::max(1, surface->h);
+    fullscreen = newFullscreen;
+    Canvas::getInstance().attach(width, height);
+    layOut();
+    return true;
+}
+
+void Window::resize(int32_t newWidth, int32_t newHeight) {
+    if (fullscreen || (newWidth == width && newHeight == height))
+        return;
+    const int32_t oldWidth = width;
+    const int32_t oldHeight = height;
+    if (setMode(newWidth, newHeight, false)) {
+        windowedWidth = width;
+        windowedHeight = height;
+    } else if (!setMode(oldWidth, oldHeight, false)) {
+        ZelLoop::quit(); // a program that nobody sees must not go on
+    }
+}
+
+void Window::toggleFullscreen() {
+    const Platform& platform = Platform::getInstance();
+    const bool hasDesktop = platform.getDesktopWidth() > 0 && platform.getDesktopHeight() > 0;
+    const bool wanted = !fullscreen;
+    const int32_t newWidth = wanted && hasDesktop ? platform.getDesktopWidth() : windowedWidth;
+    const int32_t newHeight = wanted && hasDesktop ? platform.getDesktopHeight() : windowedHeight;
+    if (!setMode(newWidth, newHeight, wanted) &&
+        !setMode(windowedWidth, windowedHeight, false))
+        ZelLoop::quit();
+}
+
+void Window::setSimulatedResolution(int32_t designWidth, int32_t designHeight, bool centre) {
+    if (designWidth < 1 || designHeight < 1)
+        return;
+    simulated = true;
+    simulatedWidth = designWidth;
+    simulatedHeight = designHeight;
+    centred = centre;
+    layOut();
+}
+
+void Window::layOut() {
+    Canvas& canvas = Canvas::getInstance();
+    if (!simulated) {
+        canvas.setGlobalScale(1, 1);
+        canvas.setGlobalOffset(0, 0);
+        canvas.setGlobalScissor(0, 0, width, height);
+        return;
+    }
+    const Letterbox box = letterbox(width, height, simulatedWidth, simulatedHeight, centred);
+    const auto number = [](float value) { return formatFloat(value); };
+    const auto design = [](int32_t size, float scale) {
+        return static_cast<float>(size) * scale;
+    };
+    log(box.barsAtTop ? "Horizontal black lines, top and bottom black border"
+                      : "Vertical black lines, left and right black border",
+        Category, LogInfo);
+    canvas.setGlobalScale(box.scale, box.scale);
+    canvas.setGlobalOffset(box.offsetX, box.offsetY);
+    canvas.setGlobalScissor(static_cast<int32_t>(box.offsetX), static_cast<int32_t>(box.offsetY),
+                            static_cast<int32_t>(std::lround(design(simulatedWidth, box.scale))),
+                            static_cast<int32_t>(std::lround(design(simulatedHeight, box.scale))));
+    const float ratioX = static_cast<float>(width) / static_cast<float>(simulatedWidth);
+    const float ratioY = static_cast<float>(height) / static_cast<float>(simulatedHeight);
+    const float remainsX = (static_cast<float>(width) - design(simulatedWidth, ratioY)) * 0.5F;
+    const float remainsY = (static_cast<float>(height) - design(simulatedHeight, ratioX)) * 0.5F;
+    log(String("height: ") + height + " ; width: " + width, Category, LogInfo);
+    log(String("simulated height: ") + simulatedHeight + " ; simulated width: " + simulatedWidth,
+        Category, LogInfo);
+    log("ratioHeight: " + number(ratioY) + " ; horizontal remains: " + number(remainsX), Category,
+        LogInfo);
+    log("Offset from left: " + number(box.offsetX) + " ; vertical remains: " + number(remainsY),
+        Category, LogInfo);
+    log("Offset from top: " + number(box.offsetY), Category, LogInfo);
+}
+
+float Window::toDesignX(int32_t x) const {
+    const Canvas& canvas = Canvas::getInstance();
+    const auto pixel = static_cast<float>(x);
+    return simulated ? (pixel - canvas.getGlobalOffsetX()) / canvas.getGlobalScaleX() : pixel;
+}
+
+float Window::toDesignY(int32_t y) const {
+    const Canvas& canvas = Canvas::getInstance();
+    const auto pixel = static_cast<float>(y);
+    return simulated ? (pixel - canvas.getGlobalOffsetY()) / canvas.getGlobalScaleY() : pixel;
+}
+
+void Window::swapBuffers() {
+    Platform::getInstance().handleEvents();
+    if (Canvas::getInstance().finishFrame())
+        SDL_GL_SwapBuffers();
+    pace();
+}
+
+void Window::pace() {
+    const uint32_t period = hasInputFocus() && isActive() ? FramePeriod : IdleFramePeriod;
+    const uint32_t passed = timer.getTicks();
+    if (passed < period)
+        system::sleepMilliseconds(period - passed);
+    timer.reset();
+}
+
+bool Window::pollQuit() {
+    Platform& platform = Platform::getInstance();
+    platform.handleEvents();
+    return platform.getQuitEvents() != 0;
+}
+
+void Window::setTitle(const String& title) { SDL_WM_SetCaption(title.c_str(), nullptr); }
+
+void Window::invalidate() { Canvas::getInstance().invalidate(); }
+Canvas* Window::getCanvas() const { return &Canvas::getInstance(); }
+
+bool Window::hasMouseFocus() { return hasState(SDL_APPMOUSEFOCUS); }
+bool Window::hasInputFocus() { return hasState(SDL_APPINPUTFOCUS); }
+bool Window::isActive() { return hasState(SDL_APPACTIVE); }
+
+void Window::openUrl(const String& address) {
+    if (!isWebAddress(address))
+        log("Not a web address: " + address, Category, LogWarning);
+    else if (!system::openBrowser(address))
+        log("Cannot open " + address, Category, LogWarning);
+}
+
+} // namespace zel

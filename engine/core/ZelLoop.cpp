@@ -1,0 +1,165 @@
+#include "engine/core/ZelLoop.h"
+
+#include "engine/core/BackgroundWork.h"
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Log.h"
+#include "engine/core/Platform.h"
+#include "engine/core/Shutdown.h"
+#include "engine/core/State.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/Window.h"
+#include "engine/core/ZelApp.h"
+#include "engine/graphics/Canvas.h"
+#include "engine/graphics/Font.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/Language.h"
+
+namespace zel {
+
+namespace {
+
+constexpr int32_t BlankFrames = 5;
+
+/// The state "quitApp": black, and the end of the program once it has faded in. Data can name it
+/// like any other.
+class QuitState : public State {
+public:
+    QuitState() : State("quitApp") {}
+
+    void update() override {}
+    void render() override { Canvas::getInstance().clear(uint32_t(getOpacityByte()) << 24); }
+    void reset() override {}
+    void onFirstEnter() override {}
+    void onEnter() override {}
+    void onEntered() override { ZelLoop::quit(); }
+    void onLeaving() override {}
+    void onLeave() override {}
+    void onPause() override {}
+    void onContinue() override {}
+    void onEvent(Widget* /*widget*/, int32_t /*eventType*/) override {}
+};
+
+/// The bitmaps that wait, one a frame.
+class BitmapLoading : public BackgroundWork {
+public:
+    bool hasWork() const override { return ImageHandler::getInstance().getQueue().hasWork(); }
+    void step() override { ImageHandler::getInstance().getQueue().step(); }
+};
+
+ZelLoop* currentLoop = nullptr;
+
+} // namespace
+
+bool ZelLoop::paused = false;
+int32_t ZelLoop::startupBlankFrames = BlankFrames;
+Timer ZelLoop::applicationTimer;
+
+std::vector<std::unique_ptr<UpdateObject>>& ZelLoop::persistentObjects() {
+    static std::vector<std::unique_ptr<UpdateObject>> objects;
+    return objects;
+}
+
+ZelLoop::ZelLoop() {
+    static BitmapLoading bitmapLoading;
+    Platform::getInstance(); // before anything takes the time or writes a line
+    currentLoop = this;
+    startupBlankFrames = BlankFrames;
+    paused = false;
+    quitRequested = false;
+    restartRequested = false;
+    app = std::make_unique<ZelApp>();
+    applicationTimer.stop();
+    app->init();
+    Language::init();
+    StatesMachine::getInstance().setBackgroundWork(&bitmapLoading);
+    app->onLanguageSet();
+    app->beforeServices();
+    app->afterServices();
+    app->beforeMenus();
+    registerPersistent(std::make_unique<QuitState>());
+    app->initMenus();
+    app->onStarted();
+}
+
+ZelLoop::~ZelLoop() {
+    app->onShutdown();
+    app->onDestroy();
+    auto& objects = persistentObjects();
+    while (!objects.empty())
+        objects.pop_back();
+    app->releaseDatabase();
+    app->releaseMenus();
+    ImageHandler::getInstance().clear();
+    FontHandler::clear();
+    runShutdownSteps();
+    Language::reset();
+    HighLevelScheduler::destroy();
+    StatesMachine::getInstance().reset();
+    app.reset();
+    currentLoop = nullptr;
+}
+
+bool ZelLoop::run() {
+    while (!isFinished())
+        step();
+    app->onShutdown();
+    const bool again = restartRequested;
+    restartRequested = false;
+    return again;
+}
+
+void ZelLoop::step() {
+    HighLevelScheduler::getInstance().render();
+    update();
+}
+
+void ZelLoop::update() {
+    if (startupBlankFrames > 0) {
+        --startupBlankFrames;
+        Canvas::getInstance().clearWindow();
+        return;
+    }
+    StatesMachine& machine = StatesMachine::getInstance();
+    if (machine.getActiveState() == nullptr)
+        if (State* first = machine.getState(ZelApp::getFirstStateName()))
+            machine.setActiveState(first);
+    machine.update();
+}
+
+bool ZelLoop::isFinished() {
+    return (Window::current() != nullptr && Window::pollQuit()) || restartRequested ||
+           quitRequested;
+}
+
+void ZelLoop::registerPersistent(std::unique_ptr<UpdateObject> object) {
+    persistentObjects().push_back(std::move(object));
+}
+
+void ZelLoop::onPause() {
+    if (currentLoop == nullptr || paused)
+        return;
+    log("onPause started", "ZelLoop", LogInfo);
+    paused = true;
+    currentLoop->app->onPause();
+    if (State* state = StatesMachine::getInstance().getActiveState())
+        state->onPause();
+    runSuspendSteps();
+    ImageHandler::getInstance().releaseShortLived();
+    log("onPause finished", "ZelLoop", LogInfo);
+}
+
+void ZelLoop::onContinue() {
+    log("onContinue called", "ZelLoop", LogInfo);
+    if (paused) {
+        paused = false;
+        if (State* state = StatesMachine::getInstance().getActiveState())
+            state->onContinue();
+        if (currentLoop != nullptr)
+            currentLoop->app->onContinue();
+        runResumeSteps();
+        Canvas::getInstance().invalidate();
+    }
+    log("onContinue finished", "ZelLoop", LogInfo);
+}
+
+} // namespace zel
