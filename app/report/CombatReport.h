@@ -22,7 +22,18 @@ public:
         const Place& place = places[static_cast<size_t>(key)];
         return {text + place.start, place.length};
     }
-    int32_t number(LogKey key) const { return zel::toInt(value(key)); }
+    /// What zel::toInt gives, which is a loop over digits in nearly every case.
+    int32_t number(LogKey key) const {
+        const std::string_view digits = value(key);
+        uint32_t number = 0;
+        for (const char character : digits) {
+            const auto digit = static_cast<uint32_t>(character - '0');
+            if (digit > 9 || digits.size() > 9)
+                return zel::toInt(digits);
+            number = number * 10 + digit;
+        }
+        return static_cast<int32_t>(number);
+    }
     /// REQUIRES: the value lies in the first MostBytes of the line.
     void set(LogKey key, std::string_view value) {
         places[static_cast<size_t>(key)] = {static_cast<uint16_t>(value.data() - text),

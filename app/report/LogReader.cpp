@@ -82,37 +82,42 @@ inline LogKey keyAt(std::string_view text, size_t start, size_t length) {
 size_t lowestBit(uint64_t bits) { return static_cast<size_t>(__builtin_ctzll(bits)); }
 size_t highestBit(uint64_t bits) { return 63 - static_cast<size_t>(__builtin_clzll(bits)); }
 
-/// Where blanks and colons stand in 64 bytes of the text: bit i for the i-th of them.
+/// Where blanks and colons stand in the 64 bytes from `start` on: bit i for the i-th of them.
 struct Marks {
     static constexpr size_t Width = 64;
     uint64_t blanks = 0;
     uint64_t colons = 0;
 
     Marks(std::string_view text, size_t start) {
-        char padded[Width] = {};
-        const char* bytes = text.data() + start;
-        if (text.size() - start < Width) {
-            std::memcpy(padded, bytes, text.size() - start);
-            bytes = padded;
-        }
+        const size_t count = std::min(text.size() - start, Width);
+        size_t i = 0;
 #ifdef __SSE2__
-        const auto mark = [](__m128i chunk, char character) {
-            const __m128i equal = _mm_cmpeq_epi8(chunk, _mm_set1_epi8(character));
-            return static_cast<uint64_t>(_mm_movemask_epi8(equal));
-        };
-        for (size_t i = 0; i < Width; i += sizeof(__m128i)) {
-            __m128i chunk;
-            std::memcpy(&chunk, bytes + i, sizeof chunk);
-            blanks |= mark(chunk, ' ') << i;
-            colons |= mark(chunk, ':') << i;
-        }
-#else
-        for (size_t i = 0; i < Width; ++i) {
-            blanks |= uint64_t(bytes[i] == ' ') << i;
-            colons |= uint64_t(bytes[i] == ':') << i;
-        }
+        constexpr size_t Step = sizeof(__m128i);
+        for (; i + Step <= count; i += Step)
+            markStep(text.data() + start + i, i);
+        if (i < count && count >= Step) // the rest, together with some of those before it
+            markStep(text.data() + start + count - Step, count - Step);
+        else
 #endif
+            for (; i < count; ++i) {
+                blanks |= uint64_t(text[start + i] == ' ') << i;
+                colons |= uint64_t(text[start + i] == ':') << i;
+            }
     }
+
+#ifdef __SSE2__
+private:
+    void markStep(const char* bytes, size_t place) {
+        __m128i step;
+        std::memcpy(&step, bytes, sizeof step);
+        const auto equal = [step](char character) {
+            const __m128i same = _mm_cmpeq_epi8(step, _mm_set1_epi8(character));
+            return static_cast<uint64_t>(_mm_movemask_epi8(same));
+        };
+        blanks |= equal(' ') << place;
+        colons |= equal(':') << place;
+    }
+#endif
 };
 
 float finite(float value) { return std::isfinite(value) ? value : 0; }
