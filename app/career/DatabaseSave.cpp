@@ -6,14 +6,14 @@
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
-#include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 
 namespace {
 
 constexpr char Magic[] = {'W', 'T', 'S', 'V'};
 constexpr int32_t SaveVersion = 2;
-constexpr int32_t FirstYear = 1915; // of a date in a save file
+constexpr int32_t FirstDay = 19151201; // of a career, as Calendar::dateNumber()
+constexpr int32_t FirstYear = 1915;
 constexpr int32_t LastYear = 1919;
 
 void createSaveFolders() {
@@ -265,8 +265,8 @@ private:
 
 /// From the first day of a career to a little past the end of the war.
 bool couldBeOfThisWar(const Database& career) {
-    return career.year >= FirstYear && career.year <= LastYear && career.month >= 1 &&
-           career.month <= 12 && career.day >= 1 &&
+    return career.calendar().dateNumber() >= FirstDay && career.year <= LastYear &&
+           career.month >= 1 && career.month <= 12 && career.day >= 1 &&
            career.day <= Calendar::daysInMonth(career.year, career.month);
 }
 
@@ -313,9 +313,11 @@ bool Database::writeSave(const zel::String& name) {
         append(content, value);
 
     // A damaged file doesn't push the last whole one out of its place as ".bak".
-    if (loadedDamaged && zel::system::replaceFile(path, path + ".damaged"))
-        loadedDamaged = false;
-    const bool written = zel::replaceFileSafely(path, content);
+    const bool replacesDamaged = !damagedFile.empty() && damagedFile == path;
+    const bool written =
+        zel::replaceFileSafely(path, content, replacesDamaged ? ".damaged" : ".bak");
+    if (written && replacesDamaged)
+        damagedFile = "";
     if (!written)
         zel::log("The career can't be written to " + path + "; the file before it is kept",
                  "Database", zel::LogError);
@@ -370,6 +372,7 @@ bool Database::loadFile(const zel::String& name) {
     CareerRepair repair(*this, pilotsAreSound);
     if (!repair.run())
         return refuse(" is no save game");
-    loadedDamaged = reader.hasEndedEarly() || repair.hasRepaired();
+    damagedFile = reader.hasEndedEarly() || repair.hasRepaired() ? zel::getUserDirectory() + name
+                                                                 : zel::String();
     return true;
 }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 #ifdef __SSE2__
@@ -120,8 +119,6 @@ private:
 #endif
 };
 
-float finite(float value) { return std::isfinite(value) ? value : 0; }
-
 /// How much of a key is a position clause glued to its front, as "POS(1,2,3)" is of "POS(1,2,3)ID".
 /// The clause itself is of no use here.
 size_t clauseLength(std::string_view key) {
@@ -230,7 +227,7 @@ void CombatReport::readEvent(const LogEvent& event) {
         break;
     case Damage:
         readHit(event.number(LogKey::Aid), event.number(LogKey::Tid),
-                finite(zel::toFloat(event.value(LogKey::Dmg))));
+                zel::toFloat(event.value(LogKey::Dmg)));
         break;
     case Hit:
         readHit(event.number(LogKey::Aid), event.number(LogKey::Tid), 0);

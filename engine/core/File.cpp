@@ -146,7 +146,7 @@ bool File::exists(const String& name) {
     return true;
 }
 
-bool replaceFileSafely(const String& name, std::string_view content) {
+bool replaceFileSafely(const String& name, std::string_view content, const char* backupEnding) {
     const String draft = name + ".new";
     File file(draft, FileWrite);
     bool written = !file.hasFailed() &&
@@ -154,7 +154,7 @@ bool replaceFileSafely(const String& name, std::string_view content) {
                    file.write(content.data(), static_cast<int32_t>(content.size()));
     file.close();
     written = written && !file.hasFailed();
-    written = written && system::replaceFileKeeping(draft, name, name + ".bak");
+    written = written && system::replaceFileKeeping(draft, name, name + backupEnding);
     if (!written)
         system::removeFile(draft);
     return written;

@@ -76,7 +76,8 @@ private:
 };
 
 /// Writes the file whole beside its final name, flushes and checks it, and renames it over the old
-/// one, which stays behind as name + ".bak". False leaves the old file as it was.
-[[nodiscard]] bool replaceFileSafely(const String& name, std::string_view content);
+/// one, which stays behind under its name with `backupEnding`. False leaves the old file as it was.
+[[nodiscard]] bool replaceFileSafely(const String& name, std::string_view content,
+                                     const char* backupEnding = ".bak");
 
 } // namespace zel

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 
@@ -113,17 +114,12 @@ float toFloat(std::string_view text) {
         text.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error == std::errc::invalid_argument)
+    if (error == std::errc::result_out_of_range) // even for a double: too large, or next to nothing
+        value = std::strtod(std::string(text).c_str(), nullptr);
+    else if (error != std::errc() || !std::isfinite(value)) // "nan" is no number
         return 0;
     constexpr double Most = std::numeric_limits<float>::max();
-    if (error == std::errc::result_out_of_range) { // for a double: far too large or far too small
-        const std::string_view number = text.substr(0, static_cast<size_t>(end - text.data()));
-        const bool isTiny = number.find("e-") != number.npos || number.find("E-") != number.npos;
-        value = isTiny ? 0 : number.front() == '-' ? -Most : Most;
-    }
-    if (std::isfinite(value))
-        value = std::clamp(value, -Most, Most);
-    return static_cast<float>(value);
+    return static_cast<float>(std::clamp(value, -Most, Most));
 }
 
 String formatFloat(float value) {

@@ -55,6 +55,10 @@ public:
         return result;
     }
 
+    // A single character would join as the number of its code: String('c') is what is meant.
+    String& operator+=(char) = delete;
+    friend String operator+(const String&, char) = delete;
+
     /// By the bytes over the shorter length, then the shorter text is the lower one.
     template <typename T, typename = IfText<T>>
     friend bool operator==(const String& a, const T& b) {

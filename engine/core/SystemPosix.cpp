@@ -192,14 +192,18 @@ bool replaceFileKeeping(const String& from, const String& to, const String& back
     const std::string present = nativePath(to);
     if (!exists(present))
         return replaceFile(from, to);
+    if (!fileStatus(to).exists)
+        return false; // a folder stays where it is
     // The old backup goes only when the new one is there. Not every file system has links; one that
     // hasn't gets by with a rename.
     const std::string kept = nativePath(backup);
     const std::string draft = kept + ".tmp";
     unlink(draft.c_str());
     const bool linked = link(present.c_str(), draft.c_str()) == 0;
-    if (std::rename(linked ? draft.c_str() : present.c_str(), kept.c_str()) != 0)
+    if (std::rename(linked ? draft.c_str() : present.c_str(), kept.c_str()) != 0) {
+        unlink(draft.c_str());
         return false;
+    }
     if (replaceFile(from, to))
         return true;
     if (!exists(present))

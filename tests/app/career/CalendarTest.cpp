@@ -1,0 +1,68 @@
+#include "app/career/Calendar.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Printers.h"
+
+namespace {
+
+int32_t moved(Calendar date, int32_t days) {
+    date.addDays(days);
+    date.subtractDays(-days); // one of the two counts is below 1 and moves nothing
+    return date.dateNumber();
+}
+
+TEST(Calendar, KnowsLeapYears) {
+    for (const int32_t year : {1904, 1916, 1996, 2000, 1600})
+        EXPECT_TRUE(Calendar::isLeapYear(year)) << year;
+    for (const int32_t year : {1915, 1917, 1918, 1900, 2100})
+        EXPECT_FALSE(Calendar::isLeapYear(year)) << year;
+}
+
+TEST(Calendar, CrossesTheEndsOfMonthsAndYears) {
+    EXPECT_EQ(moved({1917, 12, 31}, 1), 19180101);
+    EXPECT_EQ(moved({1918, 1, 1}, -1), 19171231);
+    EXPECT_EQ(moved({1916, 2, 28}, 1), 19160229) << "1916 is a leap year";
+    EXPECT_EQ(moved({1916, 3, 1}, -1), 19160229);
+    EXPECT_EQ(moved({1917, 3, 1}, -1), 19170228);
+    EXPECT_EQ(moved({1900, 2, 28}, 1), 19000301) << "a full century is not";
+}
+
+TEST(Calendar, CountsTheWholeWar) {
+    // From the first day of a career to the Armistice, by `date -d`.
+    EXPECT_EQ(moved({1915, 12, 1}, 1076), 19181111);
+    EXPECT_EQ(moved({1918, 11, 11}, -1076), 19151201);
+    EXPECT_EQ(moved({1918, 11, 11}, -500), 19170629);
+    EXPECT_EQ(Calendar(1918, 11, 11).dayNumber() - Calendar(1915, 12, 1).dayNumber(), 1076);
+    for (Calendar date(1899, 12, 31); date.getYear() < 1921;) {
+        const int32_t before = date.dayNumber();
+        date.addDays(1);
+        ASSERT_EQ(date.dayNumber(), before + 1) << date.dateNumber();
+    }
+    int32_t days = 0;
+    for (int32_t month = 1; month <= 12; ++month)
+        days += Calendar::daysInMonth(1918, month);
+    EXPECT_EQ(days, 365);
+}
+
+TEST(Calendar, TakesWhatItIsGiven) {
+    EXPECT_EQ(Calendar(1917, 2, 30).dateNumber(), 19170230);
+    EXPECT_EQ(moved({1917, 2, 30}, 1), 19170301) << "a day beyond its month ends the month";
+    EXPECT_EQ(Calendar::daysInMonth(1917, 13), 0);
+    EXPECT_EQ(Calendar::daysInMonth(1917, -1), 0);
+    EXPECT_EQ(Calendar::monthName(0), "");
+    EXPECT_EQ(Calendar::monthName(13), "");
+}
+
+TEST(Calendar, WritesDates) {
+    EXPECT_EQ(Calendar(1915, 12, 1).dateText(), "19151201");
+    EXPECT_EQ(Calendar(1916, 2, 29).dateText(), "19160229");
+    EXPECT_EQ(Calendar(1915, 12, 1).displayText(), "1-December-1915");
+    EXPECT_EQ(Calendar(1918, 11, 11).displayText(), "11-November-1918");
+    zel::String initials;
+    for (int32_t month = 1; month <= 12; ++month)
+        initials += Calendar::monthName(month).left(1);
+    EXPECT_EQ(initials, "JFMAMJJASOND");
+}
+
+} // namespace

@@ -1,0 +1,344 @@
+#include <algorithm>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/war/SquadronSimulator.h"
+#include "tests/support/CareerInvariants.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/SmallCareer.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A career as small as can be: a French and a German squadron, one file of each kind, three data
+/// lines. The player is a German.
+class DatabaseSave : public testing::Test {
+protected:
+    DatabaseSave() {
+        world.addSquadron("101003", "date=19151101 aircraft=nieuport11\ndate=19160301\n");
+        world.addPilot("Karl Falke", "date=19151201 unit=101003\n");
+        world.pin(career);
+        career.readDataFiles();
+        career.year = 1917;
+        career.month = 4;
+        career.day = 21;
+        career.addSquadron(France);
+        career.addSquadron(Germany);
+        zel::copyText(career.squadrons[0].key, "101003");
+        career.squadrons[0].squadronFile = 0;
+        career.playerPilot = 13;
+        SquadronSimulator::scheduleInvitation(2);
+    }
+
+    std::string stored() {
+        EXPECT_TRUE(career.storeFile(SaveFileName));
+        return world.savedBytes();
+    }
+    std::string savePath() const { return world.folder.path() + "/user/" + SaveFileName; }
+    /// Whether a file of these bytes loads into `other`.
+    bool loads(std::string_view bytes) {
+        fs::remove(savePath()); // some file systems are slow to write a file over
+        world.folder.write(std::string("user/") + SaveFileName, bytes);
+        return other.loadFile(SaveFileName);
+    }
+    /// What lies beside the save file under that ending.
+    std::string beside(const char* ending) const {
+        return world.folder.read(std::string("user/") + SaveFileName + ending);
+    }
+    /// The line that a refused file leaves.
+    std::string refusal(std::string_view bytes) {
+        const LogCapture log;
+        EXPECT_FALSE(loads(bytes));
+        EXPECT_FALSE(other.hasCareer());
+        EXPECT_NE(other.careerNumber, 0);
+        return log.text();
+    }
+
+    SmallWorld world;
+    Database other;
+    Database career; // the instance
+};
+
+int32_t numberAt(const std::string& bytes, size_t offset) {
+    const auto byte = [&](size_t i) {
+        return uint32_t(static_cast<unsigned char>(bytes[offset + i]));
+    };
+    return int32_t(byte(0) | byte(1) << 8 | byte(2) << 16 | byte(3) << 24);
+}
+
+std::string with(std::string bytes, size_t offset, int32_t value) {
+    for (size_t i = 0; i < 4; ++i)
+        bytes[offset + i] = static_cast<char>(uint32_t(value) >> (8 * i));
+    return bytes;
+}
+
+constexpr const char* NoSave = " w 0 [Database] File Saves/savegame_v03.wty is no save game\n";
+constexpr const char* Newer =
+    " w 0 [Database] File Saves/savegame_v03.wty requires a newer version\n";
+
+// Where each part begins: each array behind its count.
+constexpr size_t Squadrons = 40;
+constexpr size_t Pilots = Squadrons + 2 * 360 + 4;
+constexpr size_t Lines = Pilots + 24 * 88 + 4;
+constexpr size_t SquadronFiles = Lines + 3 * 269 + 4;
+constexpr size_t PilotFiles = SquadronFiles + 1168 + 4;
+constexpr size_t Invitation = PilotFiles + 1120;
+
+// What a new career leaves at 0; all else is in the hashes of DatabaseTest.
+TEST_F(DatabaseSave, LaysTheRecordsOutAsTheFormatSays) {
+    career.unusedA = 5;
+    career.unusedB = 6;
+    career.previousInvitation = 1;
+    career.squadrons[1].onChannelMap = 1;
+    career.squadrons[1].baseX = 1.0F;
+    career.squadrons[1].active = 9;
+    Pilot& pilot = career.pilots[1];
+    pilot.skill = 11;
+    pilot.shotdowns = 0x1234;
+    pilot.missions = 0x5678;
+    pilot.historic = 1;
+    pilot.pilotFile = 0;
+    career.dataLines[1].applied = 1;
+    career.pilotFiles[0].pilotIndex = 1;
+    career.pilotFiles[0].joined = 1;
+    const std::string bytes = stored();
+    ASSERT_EQ(bytes.size(), Invitation + 16);
+    constexpr size_t Second = Squadrons + 360;
+    constexpr size_t Man = Pilots + 88;
+    const std::pair<size_t, int32_t> expected[] = {
+        {8, 13},
+        {24, 5},
+        {28, 6},
+        {Second + 192, 1},                                   // and three bytes of fill
+        {Second + 196, 0x3F800000},                          // 1.0
+        {Second + 225, 9 | 12 << 16 | int32_t(0xFFU << 24)}, // active, flagD, pilotCount, file -1
+        {Man + 68, 1 | 101 << 16},                           // alive, fill, nation
+        {Man + 72, 11 | 0x1234 << 16},                       // skill, fill, shotdowns
+        {Man + 76, 0x5678 | 1 << 16},                        // missions, historic, fill
+        {Man + 80, 0},
+        {Lines + 269, 1},
+        {PilotFiles + 64, 1},       // pilotIndex
+        {PilotFiles + 68, 1 << 16}, // reserved, joined
+        {Invitation, 1917},
+        {Invitation + 4, 6},
+        {Invitation + 8, -2},
+        {Invitation + 12, 1},
+    };
+    for (const auto& [offset, value] : expected)
+        EXPECT_EQ(numberAt(bytes, offset), value) << offset;
+}
+
+TEST_F(DatabaseSave, RestoresEverythingBitForBit) {
+    career.pilots[3].alive = 0;
+    career.applyHistory();
+    const std::string bytes = stored();
+    const LogCapture log;
+    ASSERT_TRUE(loads(bytes));
+    EXPECT_EQ(log.text(), "");
+    EXPECT_EQ(careerFaults(other), "");
+    EXPECT_EQ(other.calendar().dateNumber(), 19170421);
+    EXPECT_EQ(other.careerNumber, 12345);
+    EXPECT_EQ(other.pilotFiles[0].pilotIndex, 24);
+    EXPECT_TRUE(other.storeFile("Saves/other"));
+    EXPECT_TRUE(world.folder.read("user/Saves/other") == bytes);
+}
+
+TEST_F(DatabaseSave, TellsWhyItRefusesAFile) {
+    const std::string bytes = stored();
+    EXPECT_EQ(refusal("WTSW" + bytes.substr(4)), NoSave);
+    EXPECT_EQ(refusal("wtsv" + bytes.substr(4)), NoSave);
+    EXPECT_EQ(refusal(""), NoSave);
+    EXPECT_EQ(refusal(bytes.substr(0, 7)), NoSave);
+    for (const int32_t version : {3, 1, 0, -1})
+        EXPECT_EQ(refusal(with(bytes, 4, version)), Newer) << version;
+    EXPECT_EQ(refusal(with(bytes, 4, 3).substr(0, 8)), Newer);
+    EXPECT_EQ(refusal(with("WTSW" + bytes.substr(4), 4, 3)), NoSave) << "the magic comes first";
+    for (const auto& [offset, value] :
+         {std::pair{12, 1914}, {12, 1920}, {12, -1}, {16, 0}, {16, 13}, {20, 0}, {20, 31}})
+        EXPECT_EQ(refusal(with(bytes, size_t(offset), value)), NoSave)
+            << "a date of no war " << value;
+    EXPECT_EQ(refusal(with(bytes, 36, 0)), NoSave) << "no squadrons";
+    fs::remove(savePath());
+    const LogCapture log;
+    EXPECT_FALSE(other.loadFile(SaveFileName));
+    EXPECT_EQ(log.text(), NoSave) << "a missing file";
+}
+
+TEST_F(DatabaseSave, LeavesNoNumberOfNoCareer) {
+    const std::string bytes = stored();
+    EXPECT_TRUE(loads(with(bytes, 32, 0)));
+    EXPECT_EQ(other.careerNumber, 0) << "as saved; the next new career draws another";
+    refusal(with(with(bytes, 32, 0), 4, 3)); // looks for itself
+}
+
+// Every length: without all its pilots a career is refused, otherwise what is there is used.
+TEST_F(DatabaseSave, ReadsAFileCutAtAnyLength) {
+    const std::string bytes = stored();
+    const LogCapture log(1);
+    for (size_t length = bytes.size(); length-- > 0;) {
+        fs::resize_file(savePath(), length);
+        const bool loaded = other.loadFile(SaveFileName);
+        EXPECT_EQ(loaded, length >= Pilots + 24 * 88) << length;
+        EXPECT_EQ(loaded ? mendedCareerFaults(other) : "", "") << length;
+        EXPECT_EQ(other.hasCareer(), loaded) << length;
+        EXPECT_NE(other.careerNumber, 0) << length;
+        if (loaded && length >= Lines) {
+            EXPECT_EQ(other.dataLines.size(), std::min<size_t>((length - Lines) / 269, 3))
+                << length;
+        }
+    }
+    EXPECT_TRUE(loads(bytes));
+    EXPECT_TRUE(loads(bytes + "more")) << "what follows is left alone";
+}
+
+TEST_F(DatabaseSave, SaysThatAFileEndsEarly) {
+    const std::string bytes = stored();
+    const LogCapture log;
+    EXPECT_TRUE(loads(bytes.substr(0, bytes.size() - 1)));
+    EXPECT_EQ(log.linesWith("Saves/savegame_v03.wty ends early"), 1) << log.text();
+    EXPECT_TRUE(loads(with(bytes, Lines - 4, -1))) << "no such count can be";
+    EXPECT_EQ(log.linesWith("ends early"), 2);
+    EXPECT_EQ(other.dataLines.size(), (bytes.size() - Lines) / 269);
+}
+
+// Otherwise squadron 0, here an enemy one, would invite him at once.
+TEST_F(DatabaseSave, NobodyInvitesThePlayerByMistake) {
+    const std::string bytes = stored();
+    const LogCapture log;
+    for (const int32_t squadron : {0, 1}) {
+        EXPECT_TRUE(loads(with(bytes, Invitation + 8, squadron)));
+        EXPECT_EQ(other.invitationSquadron, -2) << "an enemy one, and his own";
+    }
+    for (const int32_t none : {-1, -2}) {
+        EXPECT_TRUE(loads(with(bytes, Invitation + 8, none)));
+        EXPECT_EQ(other.invitationSquadron, none);
+    }
+    EXPECT_TRUE(loads(bytes.substr(0, Invitation)));
+    EXPECT_LT(other.invitationSquadron, 0);
+    EXPECT_LT(other.previousInvitation, 0);
+}
+
+TEST_F(DatabaseSave, MendsWhateverAByteMayDo) {
+    const std::string bytes = stored();
+    const LogCapture log(0);
+    size_t loaded = 0;
+    for (size_t place = 8; place < bytes.size(); ++place) {
+        std::string damaged = bytes;
+        damaged[place] = static_cast<char>(~damaged[place]);
+        if (!loads(damaged))
+            continue;
+        ++loaded;
+        ASSERT_EQ(mendedCareerFaults(other), "") << place;
+        if (place % 64 != 0)
+            continue;
+        // And the career goes on.
+        other.storeFile(SaveFileName);
+        ASSERT_TRUE(career.loadFile(SaveFileName)) << place;
+        career.pilots[size_t(career.squadrons[0].slots[0])].alive = 0;
+        career.activateSquadrons(1917, 5, 1);
+        career.applyHistory();
+        aceLines(career);
+        squadronLines(career);
+        ASSERT_EQ(mendedCareerFaults(career), "") << place;
+    }
+    EXPECT_GT(loaded, bytes.size() - 40) << "nearly always there is a career to go on with";
+}
+
+TEST_F(DatabaseSave, MendsWhatLeadsNowhere) {
+    struct Case {
+        size_t offset;
+        int32_t value;
+        const char* line;
+    };
+    const std::string bytes = stored();
+    for (const Case& c : {Case{8, 24, "the player stood in no squadron"},
+                          Case{8, -1, "the player stood in no squadron"},
+                          Case{Squadrons + 232, 24, "places in squadrons were wrong"},
+                          Case{Squadrons + 232, 1, "places in squadrons were wrong"},
+                          Case{Pilots + 64, 2, "pilots had no such file or squadron"},
+                          Case{Pilots + 80, 1, "pilots had no such file or squadron"},
+                          Case{SquadronFiles + 144, 3, "references of the data files"},
+                          Case{PilotFiles + 64, 24, "references of the data files"},
+                          Case{Invitation + 4, 13, "values of the invitation"},
+                          Case{Invitation + 8, 2, "values of the invitation"},
+                          Case{Invitation + 12, -3, "values of the invitation"}}) {
+        const LogCapture log;
+        ASSERT_TRUE(loads(with(bytes, c.offset, c.value)));
+        EXPECT_EQ(log.linesWith(std::string(c.line)), 1) << c.offset << ": " << log.text();
+        EXPECT_EQ(mendedCareerFaults(other), "") << c.offset;
+    }
+    const LogCapture log;
+    ASSERT_TRUE(loads(with(bytes, 8, 24)));
+    EXPECT_EQ(other.playerPilot, 0) << "whose nation nobody knows";
+    ASSERT_TRUE(loads(with(bytes, Squadrons + 360 + 232 + 4, -1)));
+    EXPECT_EQ(other.playerPilot, 12) << "the first of a squadron of his nation";
+    EXPECT_EQ(other.squadrons[1].pilotCount, 11);
+    ASSERT_TRUE(loads(with(bytes, Squadrons + 227, -1)));
+    EXPECT_EQ(other.squadrons[0].pilotCount, 12) << "255 were said, twelve are there";
+}
+
+TEST_F(DatabaseSave, KeepsTheFileBefore) {
+    const std::string first = stored();
+    career.day = 22;
+    const std::string second = stored();
+    EXPECT_TRUE(first != second);
+    EXPECT_TRUE(beside(".bak") == first);
+}
+
+TEST_F(DatabaseSave, LeavesTheOldFileWhenItCannotWrite) {
+    const std::string first = stored();
+    world.folder.write("user/Saves/savegame_v03.wty.new/x", "a folder in the way");
+    career.day = 22;
+    const LogCapture log;
+    EXPECT_TRUE(career.storeFile(SaveFileName)) << "always true";
+    EXPECT_FALSE(career.writeSave(SaveFileName));
+    EXPECT_TRUE(world.savedBytes() == first);
+    EXPECT_EQ(log.linesWith("!! 0 [Database] "), 2) << log.text();
+}
+
+TEST_F(DatabaseSave, KeepsADamagedFileAside) {
+    const std::string whole = stored();
+    const std::string damaged = with(stored(), 8, -1);
+    ASSERT_TRUE(beside(".bak") == whole);
+    const LogCapture log;
+    ASSERT_TRUE(loads(damaged));
+    EXPECT_TRUE(other.writeSave(SaveFileName));
+    EXPECT_TRUE(beside(".damaged") == damaged);
+    EXPECT_TRUE(beside(".bak") == whole);
+    const std::string mended = world.savedBytes();
+    EXPECT_TRUE(other.writeSave(SaveFileName));
+    EXPECT_TRUE(beside(".bak") == mended) << "once";
+}
+
+TEST_F(DatabaseSave, LeavesADamagedFileWhenItCannotWrite) {
+    const std::string damaged = with(stored(), 8, -1);
+    const LogCapture log;
+    ASSERT_TRUE(loads(damaged));
+    world.folder.write("user/Saves/savegame_v03.wty.new/x", "a folder in the way");
+    EXPECT_FALSE(other.writeSave(SaveFileName));
+    EXPECT_TRUE(world.savedBytes() == damaged) << "it is all that the player has";
+}
+
+TEST_F(DatabaseSave, StoresNothingWithoutACareer) {
+    const std::string bytes = stored();
+    const LogCapture log;
+    EXPECT_TRUE(other.storeFile(SaveFileName)) << "always true";
+    EXPECT_FALSE(other.writeSave(SaveFileName));
+    EXPECT_TRUE(world.savedBytes() == bytes);
+    EXPECT_EQ(log.linesWith("!! 0 [Database] There is no career"), 2) << log.text();
+}
+
+TEST_F(DatabaseSave, LogsWhereItWrites) {
+    const LogCapture log(4);
+    career.storeFile(SaveFileName);
+    EXPECT_TRUE(log.holds("   0 [Database] storeFile" + world.folder.path() +
+                          "/user\\Saves/savegame_v03.wty\n"))
+        << log.text();
+}
+
+} // namespace

@@ -1,0 +1,234 @@
+#include "app/career/Database.h"
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "app/career/Aircraft.h"
+#include "app/war/SquadronSimulator.h"
+#include "engine/core/Clock.h"
+#include "engine/core/UserDirectory.h"
+#include "tests/support/CareerInvariants.h"
+#include "tests/support/Draws.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/SmallCareer.h"
+
+namespace {
+
+std::string nameOf(const Pilot& pilot) { return std::string(zel::arrayText(pilot.name)); }
+
+TEST(Database, IsReachedThroughItsInstance) {
+    const SmallWorld world; // which pins the number that the first generator starts from
+    EXPECT_EQ(Database::instance(), nullptr);
+    auto first = std::make_unique<Database>();
+    EXPECT_EQ(Database::instance(), first.get());
+    zel::Random reference(1);
+    EXPECT_EQ(first->careerNumber, int32_t(reference.next() % 2147438648U));
+    EXPECT_EQ(drawsBetween(reference, first->random), 0);
+    const Database second;
+    EXPECT_EQ(Database::instance(), &second);
+    first.reset();
+    EXPECT_EQ(Database::instance(), &second) << "it clears only itself";
+    EXPECT_FALSE(second.hasCareer());
+}
+
+TEST(Database, ReportsMissingNames) {
+    const SmallWorld world;
+    world.folder.write("Data/Names/France_2nd.txt", "\n");
+    std::filesystem::remove("Data/Names/Germany_1st.txt");
+    const LogCapture log;
+    Database career;
+    EXPECT_EQ(log.linesWith(" w "), 2) << log.text();
+    EXPECT_TRUE(log.holds("Data/Names/France_2nd.txt") && log.holds("Data/Names/Germany_1st.txt"));
+    career.addSquadron(France);
+    career.addSquadron(Germany);
+    const std::set<std::string> names{"Jean", "Luc", "Rene", "Braun", "Klein"};
+    for (const Pilot& pilot : career.pilots)
+        EXPECT_EQ(names.count(nameOf(pilot)), 1u) << nameOf(pilot) << ": half of a name";
+    EXPECT_EQ(log.linesWith(" w "), 2) << "said once";
+}
+
+TEST(Database, DrawsSquadronsOfTwelve) {
+    const SmallWorld world;
+    Database career;
+    career.playerPilot = 17;
+    const zel::Random before(career.random);
+    const zel::Random sharedBefore(zel::sharedRandom());
+    EXPECT_EQ(career.addSquadron(Usa), 0);
+    EXPECT_EQ(drawsBetween(before, career.random), 12 * 8) << "two names, two of skill, four";
+    EXPECT_EQ(career.addSquadron(Germany), 1);
+    EXPECT_EQ(drawsBetween(before, career.random), 24 * 8 - 4) << "the player has flown nothing";
+    EXPECT_EQ(drawsBetween(sharedBefore, zel::sharedRandom()), 2 * 2) << "map and place";
+    EXPECT_EQ(career.pilots[17].missions, 0);
+}
+
+TEST(Database, NamesPilotsOfUnknownNations) {
+    const SmallWorld world;
+    Database career;
+    for (const int32_t nation : {0, 499, 500, 999}) {
+        const LogCapture log;
+        career.addSquadron(nation);
+        const zel::String name(nameOf(career.pilots.back()));
+        const bool isEnglish = name.right(5) == "Smith" || name.right(5) == "Brown";
+        EXPECT_EQ(isEnglish, nation < 500) << nation << ": " << name.c_str();
+        EXPECT_EQ(log.linesWith("UNKNOWN NATION: " + std::to_string(nation)), 12);
+    }
+}
+
+// The figures come from a second reckoning of the same rules, written apart from this program: the
+// whole save file by its hash, the rounds of the player's choice, the values drawn.
+TEST(Database, CreatesACareerAsReckoned) {
+    struct Case {
+        int32_t service;
+        uint64_t hash;
+        int32_t rounds, player;
+        int64_t draws, planeDraws;
+    };
+    SmallWorld world;
+    world.addHistory();
+    for (const Case& c : {Case{ServiceFrench, 0x940CB4A98BB57F45U, 202, 0, 38600, 276},
+                          Case{ServiceEnglish, 0x15418083AA974299U, 1312, 12, 39710, 3351},
+                          Case{ServiceGerman, 0x047834C042B095BDU, 185, 24, 38583, 253}}) {
+        Database career;
+        world.pin(career);
+        zel::seedSharedRandom(2);
+        world.planes.seed(3);
+        const LogCapture log;
+        career.createCareer(c.service);
+        EXPECT_TRUE(log.holds("Counter: " + std::to_string(c.rounds) + "\n")) << log.text();
+        EXPECT_EQ(log.linesWith("Selected aircraft: "), 1);
+        EXPECT_EQ(career.playerPilot, c.player);
+        EXPECT_EQ(drawsBetween(zel::Random(1), career.random), c.draws);
+        EXPECT_EQ(drawsBetween(zel::Random(2), zel::sharedRandom()), 2 * 400);
+        EXPECT_EQ(drawsBetween(zel::Random(3), world.planes), c.planeDraws);
+        EXPECT_EQ(careerFaults(career), "");
+        EXPECT_TRUE(career.storeFile(SaveFileName));
+        EXPECT_EQ(hashOf(world.savedBytes()), c.hash);
+    }
+}
+
+TEST(Database, TakesTheLowestDateOfAFile) {
+    SmallWorld world;
+    world.addHistory();
+    world.addSquadron("501999", "date= date=190 date=19180101 DATE=1917\ndate=1917050199999 x\n");
+    Database career;
+    career.createCareer(ServiceGerman);
+    const Squadron& squadron = career.squadrons[3];
+    EXPECT_STREQ(squadron.key, "501999");
+    EXPECT_STREQ(squadron.earliestDate, "1917") << "three characters are too few";
+    EXPECT_STREQ(career.squadronFiles[3].lastDate, "19170501999") << "cut to its array";
+    EXPECT_STREQ(career.squadrons[0].earliestDate, "19151001") << "of the player's own file";
+    EXPECT_STREQ(career.squadronFiles[2].lastDate, "19151115") << "the last, not the lowest";
+    EXPECT_STREQ(career.squadrons[399].earliestDate, "");
+}
+
+TEST(Database, TakesBadKeysForNoNation) {
+    SmallWorld world;
+    world.addHistory();
+    world.addSquadron("10", "");
+    world.addSquadron("1o1003", "");
+    world.addSquadron("+12003", "");
+    world.addSquadron("300001", "");
+    world.addSquadron("101 Esc Cigogne", "aircraft=nieuport11");
+    const LogCapture log;
+    Database career;
+    career.createCareer(ServiceFrench);
+    EXPECT_EQ(careerFaults(career), "");
+    std::map<std::string, int32_t> nations;
+    for (const Squadron& squadron : career.squadrons)
+        if (squadron.squadronFile >= 0)
+            nations[squadron.key] = squadron.nation;
+    const std::map<std::string, int32_t> expected{
+        {"10", 0},       {"1o1003", 0},   {"+12003", 0},   {"300001", 300}, {"101 Esc Cig", 101},
+        {"101003", 101}, {"102024", 102}, {"103094", 103}, {"501002", 501}};
+    EXPECT_EQ(nations, expected);
+    EXPECT_EQ(log.linesWith("belongs to no nation of the war"), 4) << log.text();
+    EXPECT_TRUE(career.hasAircraft("101 Esc Cigogne", "nieuport11"));
+    EXPECT_FALSE(career.hasAircraft("101 Esc Cig", "nieuport11")) << "the file has its full key";
+}
+
+TEST(Database, AddsNoSquadronsBeyondTheFilesOfAWholeWar) {
+    SmallWorld world;
+    for (int32_t number = 101001; number <= 101399; ++number)
+        world.addSquadron(std::to_string(number), "aircraft=nieuport11");
+    world.addSquadron("502001", "");
+    const LogCapture log;
+    Database career;
+    career.createCareer(ServiceGerman);
+    EXPECT_EQ(career.squadrons.size(), 400u);
+    EXPECT_TRUE(log.holds("!! 0 [Database] No squadron of nation 501")) << log.text();
+    EXPECT_EQ(career.playerPilot, career.squadrons[399].slots[0]) << "at least of its side";
+    EXPECT_EQ(careerFaults(career), "");
+}
+
+TEST(Database, BeginsASecondCareerAnew) {
+    SmallWorld world;
+    world.addHistory();
+    Database career;
+    career.careerNumber = 0;
+    career.createCareer(ServiceGerman);
+    const int32_t number = career.careerNumber;
+    EXPECT_NE(number, 0) << "0 stands for none";
+    career.year = 1918;
+    career.previousInvitation = 5;
+    const int32_t player = career.playerPilot;
+    const LogCapture log;
+    career.createCareer(3);
+    EXPECT_EQ(log.linesWith("Unknown service 3"), 1);
+    EXPECT_EQ(career.player().nation, France);
+    EXPECT_NE(career.careerNumber, number) << "another career has another number";
+    EXPECT_EQ(career.calendar().dateNumber(), 19151201);
+    EXPECT_EQ(career.previousInvitation, -2);
+    EXPECT_EQ(career.pilots[size_t(player)].missions, 0) << "the player of before";
+    EXPECT_EQ(careerFaults(career), "");
+}
+
+TEST(Database, SeedsEachDayOfEachCareer) {
+    const SmallWorld world;
+    Database career;
+    std::set<uint32_t> seeds{0};
+    for (career.careerNumber = 0; career.careerNumber < 40; ++career.careerNumber)
+        for (career.month = 1; career.month <= 12; ++career.month)
+            for (career.day = 1; career.day <= 28; ++career.day)
+                seeds.insert(career.careerSeed());
+    EXPECT_EQ(seeds.size(), 1 + 40u * 12 * 28) << "all differ, and none is 0";
+}
+
+// The delivered data: what they say is checked elsewhere, here that every service finds its place.
+TEST(Database, CreatesCareersFromTheDeliveredData) {
+    const TemporaryFolder folder;
+    zel::setUserDirectory(folder.path());
+    zel::setTickSource([] { return 0U; });
+    std::set<std::string> saves;
+    constexpr int32_t Nations[] = {France, England, Germany};
+    for (const int32_t service : {ServiceFrench, ServiceEnglish, ServiceGerman}) {
+        for (const uint32_t seed : {5U, 5U, 6U}) {
+            zel::Random::setStaticNumber(seed);
+            zel::Random planes;
+            setPlaneRandom(&planes);
+            Database career;
+            zel::seedSharedRandom(seed);
+            const LogCapture log;
+            career.createCareer(service);
+            EXPECT_EQ(careerFaults(career), "");
+            EXPECT_EQ(log.linesWith(" w ") + log.linesWith("!! "), 0) << log.text();
+            EXPECT_GE(career.squadrons.size(), 400u);
+            const Squadron& squadron = career.playerSquadron();
+            EXPECT_EQ(squadron.nation, Nations[service]);
+            EXPECT_TRUE(SquadronSimulator::hasDisplayName(
+                SquadronSimulator::squadronNumber(squadron.squadronFile)));
+            career.storeFile("save");
+            saves.insert(folder.read("save"));
+        }
+    }
+    EXPECT_EQ(saves.size(), 6u) << "the same seed gives the same bytes";
+    setPlaneRandom(nullptr);
+    zel::setTickSource(nullptr);
+    zel::setUserDirectory("");
+}
+
+} // namespace

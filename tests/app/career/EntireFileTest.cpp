@@ -1,0 +1,57 @@
+#include "app/career/EntireFile.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using List = std::vector<zel::String>;
+
+TEST(EntireFile, HoldsTheLinesOfAFile) {
+    const TemporaryFolder folder;
+    const zel::String path(folder.write("names", " one \r\n\r\n\ntwo\rthree"));
+    EntireFile file(path);
+    EXPECT_EQ(file.lines, (List{" one ", "two", "three"}));
+    EXPECT_EQ(file.fileName, path);
+    EXPECT_TRUE(file.appendFile(path));
+    EXPECT_EQ(file.lineCount(), 6);
+    EXPECT_TRUE(file.loadFile(path));
+    EXPECT_EQ(file.lineCount(), 3);
+    EXPECT_EQ(file.line(1), "two");
+    EXPECT_TRUE(file.loadFile(folder.write("empty", "\r\n\n")));
+    EXPECT_EQ(file.lineCount(), 0);
+}
+
+TEST(EntireFile, KeepsItsLinesWhenNothingCanBeAdded) {
+    const TemporaryFolder folder;
+    EntireFile file(folder.write("names", "one"));
+    EXPECT_FALSE(file.appendFile(folder.path() + "/none"));
+    EXPECT_FALSE(file.appendFile(folder.path())) << "a folder";
+    EXPECT_EQ(file.lines, List{"one"});
+    EXPECT_FALSE(file.loadFile("none"));
+    EXPECT_EQ(file.lines, List());
+    EXPECT_EQ(file.fileName, "none");
+}
+
+TEST(EntireFile, WritesWindowsLines) {
+    const TemporaryFolder folder;
+    EntireFile file;
+    file.lines = {"one", "", " two"};
+    EXPECT_TRUE(file.saveFile(folder.file("out")));
+    EXPECT_EQ(folder.read("out"), "one\r\n\r\n two\r\n");
+    EXPECT_TRUE(file.loadFile(folder.file("out")));
+    EXPECT_EQ(file.lines, (List{"one", " two"}));
+    EXPECT_FALSE(file.saveFile(folder.path() + "/none/out"));
+}
+
+TEST(EntireFile, NamesTheFilesInTheLog) {
+    const LogCapture log(4);
+    EXPECT_FALSE(EntireFile().loadFile("none"));
+    EXPECT_TRUE(log.holds(" [EntireFile] loadFile none\n"));
+    EXPECT_TRUE(log.holds(" [EntireFile] appendFile none\n"));
+}
+
+} // namespace

@@ -1,0 +1,198 @@
+#include "engine/core/File.h"
+
+#include <csignal>
+#include <filesystem>
+#include <numeric>
+#include <set>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryFolder.h"
+
+#ifndef _WIN32
+#include <sys/resource.h>
+#include <sys/stat.h>
+#endif
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using namespace std::string_literals;
+using Lines = std::vector<std::string>;
+
+class File : public testing::Test {
+protected:
+    /// The lines of a file of that content, each with its number in front.
+    Lines numbered(std::string_view content) const {
+        zel::File file(folder.write("text", content), zel::FileRead);
+        Lines lines;
+        while (file.hasLine())
+            lines.push_back(std::to_string(file.lineNumber()) + ":" + file.getLine().c_str());
+        EXPECT_FALSE(file.hasFailed());
+        EXPECT_FALSE(file.hasLine()) << "the end stays the end";
+        return lines;
+    }
+
+    /// The names in the folder, each followed by a blank.
+    std::string names() const {
+        std::set<std::string> sorted;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
+            sorted.insert(entry.path().filename().string() + " ");
+        return std::accumulate(sorted.begin(), sorted.end(), std::string());
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(File, EndsLinesAtReturnsAndFeeds) {
+    const Lines expected{"1:a", "2: b ", "3:c"};
+    EXPECT_EQ(numbered("a\n b \nc\n"), expected);
+    EXPECT_EQ(numbered("a\r\n b \r\nc\r\n"), expected);
+    EXPECT_EQ(numbered("a\r b \rc"), expected) << "and the last line needs no end";
+    EXPECT_EQ(numbered("\n\r\n\na\r\n\r\n\rb\n\n"), (Lines{"4:a", "7:b"})) << "none is empty";
+    EXPECT_EQ(numbered(" \n\n \n"), (Lines{"1: ", "3: "})) << "blanks are text";
+    EXPECT_EQ(numbered(""), Lines());
+}
+
+TEST_F(File, SkipsZeroBytesAndAMarkInFrontOfALine) {
+    EXPECT_EQ(numbered("\r\n\n\r\0\n"s), Lines());
+    EXPECT_EQ(numbered("\0\0a\n\0\n\0b\0\0"s), (Lines{"1:a", "3:b"}));
+    zel::File file(folder.write("text", "a\0b\nc"s), zel::FileRead);
+    ASSERT_TRUE(file.hasLine());
+    EXPECT_EQ(file.lineView(), "a\0b"s) << "those within stay";
+    const std::string mark = "\xEF\xBB\xBF";
+    EXPECT_EQ(numbered(mark + "a\n" + mark), (Lines{"1:a", "2:" + mark})) << "at the start alone";
+    EXPECT_EQ(numbered(mark), Lines());
+    EXPECT_EQ(numbered(mark.substr(0, 2)), Lines{"1:" + mark.substr(0, 2)});
+}
+
+TEST_F(File, LeavesTheBlockAloneWhenReadingPastTheEnd) {
+    zel::File file(folder.write("four", "abcd"), zel::FileRead);
+    char block[5] = "####";
+    ASSERT_TRUE(file.read(block, 3));
+    EXPECT_STREQ(block, "abc#");
+    EXPECT_FALSE(file.hasFailed() || file.atEnd());
+    EXPECT_FALSE(file.read(block, 2));
+    EXPECT_STREQ(block, "abc#");
+    EXPECT_TRUE(file.hasFailed());
+    EXPECT_TRUE(file.read(block, 1)) << "what is left can still be had";
+    EXPECT_TRUE(file.atEnd() && file.hasFailed()) << "and the failure stays";
+    EXPECT_FALSE(file.read(block, -1));
+}
+
+TEST_F(File, WritesSeeksAndUpdates) {
+    const std::string path = folder.file("blocks");
+    {
+        zel::File file(path, zel::FileWrite);
+        EXPECT_TRUE(file.write("0123456789", 10) && file.seek(2, 0) && file.write("ab", 2));
+        EXPECT_FALSE(file.atEnd());
+        EXPECT_TRUE(file.seek(-1, 2) && file.write("z", 1) && file.atEnd());
+    }
+    EXPECT_EQ(folder.read("blocks"), "01ab45678z");
+    {
+        zel::File file(path, zel::FileUpdate);
+        char two[2];
+        EXPECT_TRUE(file.read(two, 2) && file.seek(1, 1) && file.write("X", 1));
+    }
+    EXPECT_EQ(folder.read("blocks"), "01aX45678z");
+    EXPECT_TRUE(zel::File(path, zel::FileAppend).write("!", 1));
+    EXPECT_EQ(folder.read("blocks"), "01aX45678z!");
+}
+
+TEST_F(File, OpensRegularFilesAlone) {
+    Lines others{folder.path(), folder.path() + "/none", folder.path() + "/none/none"};
+#ifndef _WIN32
+    others.push_back(folder.file("pipe"));
+    ASSERT_EQ(mkfifo(others.back().c_str(), 0600), 0);
+#endif
+    for (const std::string& path : others) {
+        zel::File file(path, zel::FileRead);
+        char byte = '#';
+        EXPECT_TRUE(file.hasFailed()) << path;
+        EXPECT_FALSE(file.isOpen() || file.hasLine() || file.read(&byte, 1) || file.write("a", 1));
+        EXPECT_EQ(byte, '#');
+        EXPECT_FALSE(zel::File::exists(path)) << path;
+    }
+    EXPECT_TRUE(zel::File(folder.path(), zel::FileWrite).hasFailed());
+    EXPECT_TRUE(zel::File::exists(folder.write("there", "")));
+    const LogCapture log;
+    EXPECT_TRUE(zel::File("", zel::FileRead).hasFailed());
+    EXPECT_TRUE(log.holds(" [File] Tried to open file without filename\n"));
+}
+
+#ifndef _WIN32
+TEST_F(File, FindsNamesAsWindowsDoes) {
+    folder.write("Data/Missions/One.txt", "one");
+    const zel::String root(folder.path());
+    EXPECT_TRUE(zel::File::exists(root + "\\data\\MISSIONS\\one.TXT"));
+    EXPECT_FALSE(zel::File::exists(root + "\\data\\MISSIONS\\two.txt"));
+
+    folder.write("Data/Missions/ONE.txt", "exactly");
+    zel::File file(root + "\\data\\missions\\ONE.txt", zel::FileRead);
+    ASSERT_TRUE(file.hasLine());
+    EXPECT_EQ(file.lineView(), "exactly") << "before the one that differs in case";
+
+    zel::File created(root + "\\DATA\\missions\\New.txt", zel::FileWrite);
+    created.write("new", 3);
+    created.close();
+    EXPECT_EQ(folder.read("Data/Missions/New.txt"), "new") << "no second folder beside the first";
+}
+#endif
+
+TEST_F(File, ReplacesAFileAndKeepsTheOneBefore) {
+    const zel::String path(folder.file("save"));
+    EXPECT_TRUE(zel::replaceFileSafely(path, "first"));
+    EXPECT_FALSE(fs::exists(folder.file("save.bak"))) << "there was none before";
+    EXPECT_TRUE(zel::replaceFileSafely(path, "second"));
+    EXPECT_TRUE(zel::replaceFileSafely(path, "third\0!"s));
+    EXPECT_EQ(folder.read("save"), "third\0!"s);
+    EXPECT_EQ(folder.read("save.bak"), "second");
+    fs::remove(folder.file("save"));
+    EXPECT_TRUE(zel::replaceFileSafely(path, "fourth"));
+    EXPECT_EQ(folder.read("save.bak"), "second") << "with none before it stays as it is";
+    EXPECT_EQ(names(), "save save.bak ");
+}
+
+TEST_F(File, LeavesTheOldFileWhereAReplacementFails) {
+    EXPECT_FALSE(zel::replaceFileSafely(zel::String(folder.path()) + "/none/save", "x"));
+    EXPECT_FALSE(fs::exists(folder.path() + "/none"));
+
+    const zel::String path(folder.write("save", "old"));
+    for (const char* obstacle : {"save.bak/x", "save.new/x"}) {
+        folder.write(obstacle, "in the way");
+        EXPECT_FALSE(zel::replaceFileSafely(path, "new")) << obstacle;
+        EXPECT_EQ(folder.read("save"), "old") << obstacle;
+        fs::remove_all(fs::path(folder.file(obstacle)).parent_path());
+        EXPECT_EQ(names(), "save ") << "no draft is left by " << obstacle;
+    }
+}
+
+TEST_F(File, ReplacesNoFolder) {
+    folder.write("folder/x", "");
+    EXPECT_FALSE(zel::replaceFileSafely(folder.path() + "/folder", "new"));
+    EXPECT_EQ(names(), "folder ");
+}
+
+#ifdef __linux__
+TEST_F(File, LeavesTheOldFileOnAFullDisk) {
+    const zel::String path(folder.write("save", "old"));
+    rlimit before;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{100, before.rlim_max}; // no file grows beyond 100 bytes
+    setrlimit(RLIMIT_FSIZE, &small);
+    const bool written = zel::replaceFileSafely(path, std::string(101, 'x'));
+    const bool fits = zel::replaceFileSafely(path + "2", std::string(100, 'x'));
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_FALSE(written);
+    EXPECT_TRUE(fits);
+    EXPECT_EQ(folder.read("save"), "old");
+    EXPECT_EQ(names(), "save save2 ");
+    EXPECT_TRUE(zel::File("/dev/full", zel::FileWrite).hasFailed()) << "a device is no file";
+}
+#endif
+
+} // namespace

@@ -1,0 +1,65 @@
+#include "engine/core/Log.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/core/Clock.h"
+#include "tests/support/LogCapture.h"
+
+namespace {
+
+TEST(Log, MarksEachLevel) {
+    zel::setTickSource([] { return 4000000000U; });
+    const LogCapture log(7);
+    for (int32_t level = 0; level <= 7; ++level)
+        zel::log(zel::String("level ") + level, "Some", level);
+    EXPECT_EQ(log.text(), "   4000000000 [Some] level 0\n!! 4000000000 [Some] level 1\n"
+                          "!! 4000000000 [Some] level 2\n w 4000000000 [Some] level 3\n"
+                          "   4000000000 [Some] level 4\nd  4000000000 [Some] level 5\n"
+                          "   4000000000 [Some] level 6\n   4000000000 [Some] level 7\n");
+    zel::setTickSource(nullptr);
+}
+
+TEST(Log, ShowsLinesUpToTheLevelOfTheirCategory) {
+    EXPECT_TRUE(zel::isLogged("Some", 3)) << "as at the start";
+    EXPECT_FALSE(zel::isLogged("Some", 4));
+    const LogCapture log(2);
+    zel::setCategoryLogLevel("LogTestLoud", 5);
+    zel::setCategoryLogLevel("LogTestQuiet", 1);
+    EXPECT_FALSE(zel::isLogged("LogTestQuiet", 2));
+    zel::log("not shown", "Some", 3);
+    zel::log("percent %s stays", "LogTestLoud", 5);
+    EXPECT_EQ(log.linesWith(""), 1);
+    EXPECT_TRUE(log.holds(" [LogTestLoud] percent %s stays\n"));
+}
+
+TEST(Log, IsSwitchedOffForGood) {
+    const auto silenced = [] {
+        zel::disableLogging();
+        std::exit(zel::isLogged("Some", 1) ? 1 : 0);
+    };
+    EXPECT_EXIT(silenced(), testing::ExitedWithCode(0), "") << "in a process of its own";
+}
+
+TEST(Log, GoesToASinkInstead) {
+    static std::string caught;
+    zel::setTickSource([] { return 5U; });
+    const LogCapture log;
+    zel::setLogSink([](const zel::String& line) { caught += line.c_str(); });
+    zel::log("shown", "Some", 2);
+    zel::log("not shown", "Some", 4);
+    zel::setLogSink(nullptr);
+    zel::setTickSource(nullptr);
+    EXPECT_EQ(caught, "!! 5 [Some] shown");
+    EXPECT_EQ(log.text(), "");
+}
+
+TEST(Log, KeepsConsoleLinesApart) {
+    const LogCapture log(0);
+    zel::console("plain line");
+    zel::setConsoleShown(false);
+    zel::console("hidden");
+    zel::setConsoleShown(true);
+    EXPECT_EQ(log.text(), "plain line\n") << "no mark, and the log's level is not asked";
+}
+
+} // namespace

@@ -1,0 +1,141 @@
+#include "tests/support/CareerInvariants.h"
+
+#include <vector>
+
+#include "app/career/Database.h"
+
+namespace {
+
+/// Collects the faults; `check` is told what must hold and whom it is about.
+class Faults {
+public:
+    void check(bool holds, const char* rule, size_t index) {
+        if (!holds && ++count <= 10)
+            text += std::string(rule) + " (" + std::to_string(index) + ")\n";
+    }
+    std::string text;
+
+private:
+    int count = 0;
+};
+
+template <size_t Size> bool ends(const char (&text)[Size]) {
+    return zel::arrayText(text).size() < Size;
+}
+
+template <typename Record>
+bool linesAreValid(const Record& file, const std::vector<DataLine>& dataLines) {
+    for (const int32_t line : file.lines)
+        if (line < -1 || (line >= 0 && static_cast<size_t>(line) >= dataLines.size()))
+            return false;
+    return true;
+}
+
+/// How many slots each pilot stands in.
+std::vector<int32_t> checkSquadrons(const Database& career, Faults& faults) {
+    std::vector<int32_t> places(career.pilots.size());
+    for (size_t i = 0; i < career.squadrons.size(); ++i) {
+        const Squadron& squadron = career.squadrons[i];
+        faults.check(squadron.pilotCount <= SlotCount, "pilotCount of a squadron", i);
+        faults.check(squadron.squadronFile >= -1 &&
+                         squadron.squadronFile < int32_t(career.squadronFiles.size()),
+                     "a squadron's file", i);
+        faults.check(ends(squadron.key) && ends(squadron.baseName) && ends(squadron.earliestDate),
+                     "a squadron's texts", i);
+        for (int32_t slot = 0; slot < SlotCount; ++slot) {
+            const int32_t pilot = squadron.slots[slot];
+            if (slot >= squadron.pilotCount) {
+                faults.check(pilot == -1, "a free slot holds -1", i);
+                continue;
+            }
+            faults.check(career.isPilot(pilot), "a used slot names a pilot", i);
+            if (!career.isPilot(pilot))
+                continue;
+            ++places[size_t(pilot)];
+            faults.check(career.pilots[size_t(pilot)].squadron == int32_t(i),
+                         "a slot's pilot names its squadron", i);
+        }
+    }
+    return places;
+}
+
+void checkPilots(const Database& career, const std::vector<int32_t>& places, Faults& faults) {
+    for (size_t i = 0; i < career.pilots.size(); ++i) {
+        const Pilot& pilot = career.pilots[i];
+        faults.check(career.isSquadron(pilot.squadron), "a pilot's squadron", i);
+        faults.check(places[i] <= 1, "a pilot stands in one slot", i);
+        faults.check(pilot.pilotFile >= -1 && pilot.pilotFile < int32_t(career.pilotFiles.size()),
+                     "a pilot's file", i);
+        faults.check(ends(pilot.name), "a pilot's name", i);
+    }
+    faults.check(career.isPilot(career.playerPilot) && places[size_t(career.playerPilot)] == 1,
+                 "the player stands in a slot", size_t(career.playerPilot));
+}
+
+void checkFiles(const Database& career, Faults& faults) {
+    for (size_t i = 0; i < career.squadronFiles.size(); ++i)
+        faults.check(linesAreValid(career.squadronFiles[i], career.dataLines),
+                     "a squadron file's lines", i);
+    for (size_t i = 0; i < career.pilotFiles.size(); ++i) {
+        const PilotFile& file = career.pilotFiles[i];
+        faults.check(linesAreValid(file, career.dataLines), "a pilot file's lines", i);
+        faults.check(file.pilotIndex == -1 || career.isPilot(file.pilotIndex),
+                     "a pilot file's pilot", i);
+        faults.check(file.joined == 0 || file.pilotIndex >= 0, "joined is somebody", i);
+    }
+    for (size_t i = 0; i < career.dataLines.size(); ++i)
+        faults.check(ends(career.dataLines[i].text), "a data line's text", i);
+}
+
+void checkDates(const Database& career, Faults& faults) {
+    faults.check(career.year >= 1915 && career.year <= 1919, "the year", size_t(career.year));
+    faults.check(career.day >= 1 && career.day <= Calendar::daysInMonth(career.year, career.month),
+                 "the day is one of its month", size_t(career.day));
+    faults.check(career.invitationMonth >= 1 && career.invitationMonth <= 12,
+                 "the invitation's month", size_t(career.invitationMonth));
+    for (const int32_t squadron : {career.invitationSquadron, career.previousInvitation})
+        faults.check(squadron == -1 || squadron == -2 || career.isSquadron(squadron),
+                     "an invitation's squadron", size_t(squadron));
+}
+
+/// What a damaged file may have lost.
+void checkCompleteness(const Database& career, const std::vector<int32_t>& places, Faults& faults) {
+    for (size_t i = 0; i < career.pilots.size(); ++i)
+        faults.check(career.pilots[i].alive == 0 || places[i] == 1,
+                     "a living pilot stands in a slot", i);
+    for (size_t i = 0; i < career.squadrons.size(); ++i)
+        faults.check(career.squadrons[i].squadronFile ==
+                         (i < career.squadronFiles.size() ? int32_t(i) : -1),
+                     "the first squadrons have the files of their indices", i);
+    for (size_t i = 0; i < career.pilotFiles.size(); ++i) {
+        const PilotFile& file = career.pilotFiles[i];
+        faults.check((file.joined != 0) == (file.pilotIndex >= 0), "joined and pilotIndex", i);
+        faults.check(file.pilotIndex < 0 ||
+                         career.pilots[size_t(file.pilotIndex)].pilotFile == int32_t(i),
+                     "a joined pilot names his file", i);
+    }
+    faults.check(!career.isSquadron(career.invitationSquadron) ||
+                     career.squadrons[size_t(career.invitationSquadron)].nation ==
+                         career.pilots[size_t(career.playerPilot)].nation,
+                 "an invitation comes from the player's nation", size_t(career.invitationSquadron));
+    const int32_t date = career.calendar().dateNumber();
+    faults.check(date >= 19151201, "the date lies behind the first of the war", size_t(date));
+}
+
+std::string faultsOf(const Database& career, bool whole) {
+    if (!career.hasCareer())
+        return "no career\n";
+    Faults faults;
+    const std::vector<int32_t> places = checkSquadrons(career, faults);
+    checkPilots(career, places, faults);
+    checkFiles(career, faults);
+    checkDates(career, faults);
+    if (whole && faults.text.empty()) // it goes by the indices
+        checkCompleteness(career, places, faults);
+    return faults.text;
+}
+
+} // namespace
+
+std::string careerFaults(const Database& career) { return faultsOf(career, true); }
+std::string mendedCareerFaults(const Database& career) { return faultsOf(career, false); }

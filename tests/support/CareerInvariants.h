@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+class Database;
+
+/// What must hold of every career at every moment: the indices name something, each used slot's
+/// pilot names that squadron, no pilot stands in two slots, the slots behind the used ones are
+/// free, the player and every living pilot stand in a slot, historical squadrons are the first and
+/// have the files of their own indices, a joined pilot's file and record name each other, a pending
+/// invitation comes from the player's nation, the date is a day of the war, texts end within their
+/// arrays.
+///
+/// Returns the faults, a line each and the first ten at most; the empty text if all is well.
+std::string careerFaults(const Database& career);
+
+/// The same for a career that was mended after its file was damaged: what led nowhere may be lost
+/// (a living pilot out of all slots, a squadron's file), but nothing may lead astray.
+std::string mendedCareerFaults(const Database& career);
