@@ -69,7 +69,7 @@ public:
         result.clear();
         result.reserve(held);
         // By way of a piece that stays in the cache: cheaper than making empty records first.
-        constexpr size_t PieceLength = sizeof bytes / sizeof(Record);
+        constexpr size_t PieceLength = PieceSize / sizeof(Record);
         auto* piece = reinterpret_cast<Record*>(bytes);
         while (result.size() < held) {
             const size_t size = std::min(PieceLength, held - result.size());
@@ -107,7 +107,8 @@ private:
     zel::File& file;
     int32_t left; // bytes
     bool endedEarly = false;
-    alignas(8) char bytes[131072]; // of records on their way
+    static constexpr size_t PieceSize = 131072;
+    alignas(8) char bytes[PieceSize]; // of records on their way
 };
 
 void logRepair(const zel::String& what) { zel::log(what, "Database", zel::LogWarning); }

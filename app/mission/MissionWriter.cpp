@@ -74,7 +74,7 @@ public:
     const zel::String& top() const { return names.empty() ? none : names.back(); }
 
 private:
-    const zel::String none;
+    const zel::String none = zel::String();
     std::vector<zel::String> names;
 };
 

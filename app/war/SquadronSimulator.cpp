@@ -117,24 +117,24 @@ bool isExperienced(int32_t skill, int32_t missions) {
 
 } // namespace
 
-void SquadronSimulator::assignBase(int32_t index, bool allied, bool mayDrawChannel) {
+void SquadronSimulator::assignBase(int32_t squadron, bool allied, bool mayDrawChannel) {
     Database& career = *Database::instance();
-    if (!career.isSquadron(index))
+    if (!career.isSquadron(squadron))
         return;
-    Squadron& squadron = career.squadrons[static_cast<size_t>(index)];
+    Squadron& moved = career.squadrons[static_cast<size_t>(squadron)];
     bool onChannelMap = mayDrawChannel && zel::random(0, 4) == 0;
-    if (isPlayersSquadron(career, index)) {
+    if (isPlayersSquadron(career, squadron)) {
         const bool western = zel::Registry::isOn("mapWestern");
         const bool channel = zel::Registry::isOn("mapChannel");
         if (!western || !channel)
             onChannelMap = channel;
     }
-    squadron.onChannelMap = onChannelMap ? 1 : 0;
+    moved.onChannelMap = onChannelMap ? 1 : 0;
     const Place& place = drawBase(allied, onChannelMap);
-    zel::copyText(squadron.baseName, place.name);
-    squadron.baseX = place.x;
-    squadron.baseY = place.y;
-    squadron.baseZ = place.z;
+    zel::copyText(moved.baseName, place.name);
+    moved.baseX = place.x;
+    moved.baseY = place.y;
+    moved.baseZ = place.z;
 }
 
 void SquadronSimulator::keepPlayerOnAllowedMap() {

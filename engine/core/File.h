@@ -21,10 +21,10 @@ public:
     File(const String& name, int32_t mode);
     ~File() override = default;
 
-    /// One block of `size` bytes. False, and hasFailed(), if it doesn't go through whole. A read
-    /// past the end leaves the buffer as it was.
-    bool write(const void* buffer, int32_t size);
-    bool read(void* buffer, int32_t size);
+    /// One block of `count` bytes. False, and hasFailed(), if it doesn't go through whole. A read
+    /// past the end leaves the block as it was.
+    bool write(const void* block, int32_t count);
+    bool read(void* block, int32_t count);
     /// whence: 0 from the start, 1 from here, 2 from the end.
     bool seek(int32_t offset, int32_t whence);
     /// Flushes and closes; a write that only fails now sets hasFailed() too.

@@ -46,7 +46,7 @@ std::string foundNoCase(const std::string& folder, const std::string& name) {
 
 /// The path as the system knows it. What doesn't exist stays as it was written.
 std::string nativePath(const String& path) {
-    const std::string wanted = withSlashes(path);
+    std::string wanted = withSlashes(path);
     if (exists(wanted))
         return wanted;
     std::string result = wanted.rfind('/', 0) == 0 ? "/" : "";
@@ -97,7 +97,7 @@ String environment(const char* name) { return String(std::getenv(name)); }
 
 String applicationDataDirectory() {
     for (const char* name : {"APPDATA", "XDG_DATA_HOME"})
-        if (const String value = environment(name); !value.empty())
+        if (String value = environment(name); !value.empty())
             return value;
     return environment("HOME") + "/.local/share";
 }

@@ -25,6 +25,6 @@ struct CareerCall {
 };
 
 /// Reads the arguments behind the program's name. False, with what is wrong, for a wrong call.
-bool readCareerCall(const std::vector<std::string_view>& arguments, CareerCall& call,
+bool readCareerCall(const std::vector<std::string_view>& words, CareerCall& call,
                     std::string& error);
 const char* careerUsage();

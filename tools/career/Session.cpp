@@ -107,7 +107,7 @@ bool Session::status() {
 zel::String Session::nextStep() const {
     if (isWarOver(career))
         return missionButtonText(career);
-    if (const zel::String advice = simulatorAdvice(checkSimulator()); !advice.empty())
+    if (zel::String advice = simulatorAdvice(checkSimulator()); !advice.empty())
         return advice;
     if (missionWritten)
         return "fly the mission WingtallyMission in Rise of Flight, then report";
