@@ -45,7 +45,7 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
 
 LogWatch::Extent LogWatch::measure(const zel::String& folder, const zel::String& name) {
     Extent log{name, 0, 0};
-    const size_t open = name.view().rfind("[0]");
+    const size_t open = name.view().find("[0]");
     for (;; ++log.pieces) {
         const zel::String piece = zel::String(name.view().substr(0, open)) + "[" + log.pieces +
                                   "]" + name.view().substr(open + 3);

@@ -141,9 +141,9 @@ bool readCommand(std::string_view word, Arguments& arguments, CareerCall& call,
         bool (Session::*run)();
     };
     constexpr Plain PlainCommands[] = {
-        {"load", &Session::load},       {"save", &Session::save}, {"status", &Session::status},
-        {"mission", &Session::mission}, {"fly", &Session::fly},   {"squadron", &Session::squadron},
-        {"aces", &Session::aces},
+        {"load", &Session::load},         {"save", &Session::save}, {"status", &Session::status},
+        {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
+        {"squadron", &Session::squadron}, {"aces", &Session::aces},
     };
     if (word == "new")
         return readNew(arguments, call, error);
@@ -177,7 +177,7 @@ bool readOption(std::string_view word, Arguments& arguments, CareerCall& call, s
     for (const Folder& folder : Folders) {
         if (folder.name != word)
             continue;
-        if (arguments.peek().empty()) {
+        if (arguments.peek().empty() || arguments.peek().substr(0, 2) == "--") {
             error = std::string(word) + " wants a folder";
             return false;
         }

@@ -1,0 +1,394 @@
+#include <map>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "app/report/CombatReport.h"
+#include "tests/app/report/FlightLog.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+constexpr std::pair<LogKey, const char*> Keys[] = {
+    {LogKey::AType, "atype"}, {LogKey::Id, "id"},     {LogKey::Pid, "pid"},
+    {LogKey::Name, "name"},   {LogKey::Type, "type"}, {LogKey::Country, "country"},
+    {LogKey::Tid, "tid"},     {LogKey::Aid, "aid"},   {LogKey::Dmg, "dmg"},
+    {LogKey::BotId, "botid"},
+};
+
+std::string trimmed(std::string text) {
+    text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+/// A line's keys and values by the rule as it is worded: split at blanks, merge what has no colon
+/// into the token before it, split at the first colon, cut a position clause off the key.
+std::map<std::string, std::string> fieldsByTheRule(const std::string& line) {
+    std::vector<std::string> tokens;
+    for (size_t start = 0; start <= line.size();) {
+        const size_t end = std::min(line.find(' ', start), line.size());
+        const std::string token = line.substr(start, end - start);
+        start = end + 1;
+        if (token.find(':') != token.npos)
+            tokens.push_back(token);
+        else if (!tokens.empty())
+            tokens.back() += " " + token;
+    }
+    std::map<std::string, std::string> fields;
+    for (const std::string& token : tokens) {
+        const size_t colon = token.find(':');
+        std::string key = token.substr(0, colon);
+        if (key.find('(') != key.npos && key.find(')') != key.npos)
+            key = key.substr(key.find(')') + 1);
+        for (char& character : key)
+            character = zel::lower(character);
+        fields[trimmed(key)] = trimmed(token.substr(colon + 1));
+    }
+    return fields;
+}
+
+/// Compares the reader's values of all keys with the rule's.
+void expectByTheRule(const std::string& line) {
+    CombatReport report;
+    const zel::String text(line);
+    report.parseLine(text);
+    std::map<std::string, std::string> fields = fieldsByTheRule(line);
+    ASSERT_EQ(report.events.size(), 1u);
+    for (const auto& [key, name] : Keys)
+        ASSERT_EQ(std::string(report.events[0].value(key)), fields[name])
+            << name << " of \"" << line << '"';
+}
+
+TEST(LogLine, KeepsWhatTheSimulatorPutsIntoValues) {
+    const struct {
+        const char* line;
+        LogKey key;
+        const char* value;
+    } cases[] = {
+        {"ID:9 TYPE:Nieuport 17.C1 110hp NAME:X PID:-1", LogKey::Type, "Nieuport 17.C1 110hp"},
+        {"ID:9 TYPE:Nieuport 17 NAME:Luc  Noir/6 PID:-1", LogKey::Name, "Luc  Noir/6"},
+        {"T:5 AType:12 NAME: PID:20479", LogKey::Name, ""},
+        {"T:5 AType:12 NAME: PID:20479", LogKey::Pid, "20479"},
+        {"T:5 NAME:Nick:Squad  of two ", LogKey::Name, "Nick:Squad  of two"},
+        {"T:9 AType:7 ", LogKey::AType, "7"},
+        {"stray words AType:5 PID:3", LogKey::AType, "5"},
+        {"aTyPe:12 Id:4 iD:5", LogKey::Id, "5"},
+        {"AType:2 DMG:0.250 TID:7 POS(1.5,2.5,3.5)", LogKey::Tid, "7 POS(1.5,2.5,3.5)"},
+        {"AType:3 TID:7 POS(1,2,3) AID:8", LogKey::Aid, "8"},
+        {"AType:3 TID:7 POS(1,2,3)AID:8", LogKey::Aid, "8"},
+        {"AType:3 TID:7 POS(1,2AID:8", LogKey::Aid, ""},
+        {"AType:10 (1.5,2.5,3.5) NAME:Me FORM:0", LogKey::Name, "Me"},
+        {"XID:3 ID2:4", LogKey::Id, ""},
+    };
+    for (const auto& [line, key, value] : cases) {
+        CombatReport report;
+        const zel::String text(line);
+        report.parseLine(text);
+        EXPECT_EQ(report.events.back().value(key), value) << line;
+        expectByTheRule(line);
+    }
+}
+
+// The lines of a flight whole and cut, and lines of chance, long and short.
+TEST(LogLine, IsReadByTheRuleWhateverItHolds) {
+    for (const char* piece : FlightPieces) {
+        std::istringstream stream(piece);
+        for (std::string line; std::getline(stream, line);)
+            for (size_t length = 0; length <= line.size() && !HasFatalFailure(); ++length)
+                expectByTheRule(line.substr(0, length));
+    }
+    zel::Random random(1);
+    const char* const parts[] = {" ",       " ",
+                                 ":",       ":",
+                                 "  ",      "ID",
+                                 "pid",     "AID",
+                                 "tID",     "NAME",
+                                 "Type",    "AType",
+                                 "dmg",     "BOTID",
+                                 "country", "(",
+                                 ")",       "POS(1, 2,3)",
+                                 "x",       "12",
+                                 "-0.5",    "\t",
+                                 "\xE9",    "@",
+                                 "[",       "a much longer word"};
+    for (int32_t i = 0; i < 20000 && !HasFatalFailure(); ++i) {
+        std::string line;
+        for (int32_t count = random.getInt(0, i % 60); count > 0; --count)
+            line += parts[random.getInt(0, int32_t(std::size(parts)) - 1)];
+        expectByTheRule(line);
+    }
+    expectByTheRule("NAME:" + std::string(60000, 'x') + " ID:5");
+}
+
+/// A report that reads pieces out of a folder, with the flight's plan.
+struct LogReader : testing::Test {
+    LogReader() { generator.plan = flightPlan(); }
+
+    void writePieces(const std::string& base, const char* lineEnd = "\r\n") const {
+        int32_t number = 0;
+        for (const char* piece : FlightPieces) {
+            std::string text(piece);
+            for (size_t at = 0; (at = text.find('\n', at)) != text.npos;
+                 at += std::string(lineEnd).size())
+                text.replace(at, 1, lineEnd);
+            folder.write(base + "[" + std::to_string(number++) + "].txt", text);
+        }
+    }
+    bool read(const std::string& base) {
+        const zel::String name(base.substr(base.find('/') + 1) + "[0].txt");
+        return report.readMission(
+            zel::String(folder.path() + "/" + base.substr(0, base.find('/')) + "\\"), name);
+    }
+    /// Reads a log of these lines; what it makes of the mission doesn't matter.
+    const std::vector<PilotReport>& readLines(const std::vector<std::string>& text) {
+        report.clear();
+        for (const std::string& line : text)
+            report.lines.lines.emplace_back(line);
+        static_cast<void>(report.analyse());
+        return report.pilots;
+    }
+
+    TemporaryFolder folder;
+    LogCapture lines;
+    MissionGenerator generator;
+    CombatReport report;
+};
+
+TEST_F(LogReader, ReportsTheFlight) {
+    for (const char* lineEnd : {"\r\n", "\n", "\r"}) {
+        writePieces("data/missionReport(2018-01-01_10-00-00)", lineEnd);
+        ASSERT_TRUE(read("data/missionReport(2018-01-01_10-00-00)"));
+        ASSERT_EQ(report.lines.lineCount(), 7 + 8 + 1 + 13);
+        ASSERT_EQ(report.pilots.size(), 5u);
+        const PilotReport& sommer = report.pilots[0];
+        const PilotReport& reed = report.pilots[1];
+        const PilotReport& hall = report.pilots[2];
+        const PilotReport& brandt = report.pilots[3];
+        const PilotReport& gun = report.pilots[4];
+
+        EXPECT_EQ(sommer.name, "Erich Sommer/7");
+        EXPECT_EQ(sommer.plannedName, "Erich Sommer");
+        EXPECT_EQ(sommer.type, "Fokker Dr.I");
+        EXPECT_TRUE(sommer.human == 1 && sommer.finished == 1 && sommer.flightStatus == 1);
+        EXPECT_EQ(sommer.planeId, 20479);
+        EXPECT_EQ(sommer.bodyId, 21503);
+        EXPECT_EQ(sommer.kills, std::vector<int32_t>{1});
+        EXPECT_EQ(sommer.hitTargets, (std::vector<int32_t>{1, 1, 1, 1}));
+        EXPECT_EQ(sommer.hitBy, (std::vector<int32_t>{2, 4}));
+        EXPECT_EQ(sommer.injuryPercent, 25);
+        EXPECT_TRUE(sommer.damage == 0 && sommer.shotDown == 0 && sommer.dead == 0);
+
+        EXPECT_FLOAT_EQ(reed.damage, 0.993F);
+        EXPECT_FLOAT_EQ(reed.injury, 0.25F);
+        EXPECT_TRUE(reed.shotDown == 1 && reed.shotdownBy == 0 && reed.dead == 0);
+        EXPECT_EQ(hall.kills, std::vector<int32_t>{3});
+        EXPECT_TRUE(hall.shotDown == 0 && hall.human == 0 && hall.finished == 0);
+        EXPECT_EQ(hall.bodyId, 46079);
+        EXPECT_TRUE(brandt.shotDown == 1 && brandt.shotdownBy == 2 && brandt.killCount == 1);
+        EXPECT_TRUE(brandt.dead == 1 && brandt.injuryPercent == 100 && brandt.damage == 0);
+
+        EXPECT_EQ(gun.pilot, -1);
+        const int32_t pilots[] = {10, 12, 13, 11};
+        for (size_t i = 0; i < 4; ++i)
+            EXPECT_EQ(report.pilots[i].pilot, pilots[i]);
+        EXPECT_TRUE(brandt.skill == 2 && brandt.shotdowns == 0 && brandt.missions == 3);
+    }
+    EXPECT_TRUE(lines.holds("Killed") == false && lines.holds("MISSION FINISHED: 1\n"));
+    EXPECT_TRUE(lines.holds("MATCHING PILOTS: 4\n"));
+    EXPECT_TRUE(lines.holds("MAPPING FOR Kurt Brandt TO 11 SUCCESSFUL\n"));
+}
+
+// The bracket is the file name's own, and a gap ends the log.
+TEST_F(LogReader, JoinsThePiecesUpToTheFirstGap) {
+    writePieces("sim [7] [0]/missionReport(x)");
+    EXPECT_TRUE(read("sim [7] [0]/missionReport(x)"));
+    EXPECT_EQ(report.lines.lineCount(), 29);
+    folder.write("sim [7] [0]/missionReport(x)[5].txt", "T:0 AType:15 VER:18\n");
+    EXPECT_TRUE(read("sim [7] [0]/missionReport(x)"));
+    EXPECT_EQ(report.lines.lineCount(), 29) << "[4] is missing";
+
+    EXPECT_FALSE(read("sim [7] [0]/other"));
+    folder.write("data/lone[0].txt", FlightPieces[0]);
+    EXPECT_FALSE(read("data/lone")) << "the flight goes on";
+    EXPECT_EQ(report.lines.lineCount(), 7);
+    folder.write("data/bare.txt", FlightPieces[0]);
+    EXPECT_FALSE(report.readMission(zel::String(folder.path() + "/data/"), "bare.txt"));
+}
+
+// Finished from the moment on when the end of the player's body is told.
+TEST_F(LogReader, ReadsALogWhereverItEnds) {
+    std::string all;
+    for (const char* piece : FlightPieces)
+        all += piece;
+    const std::string end = "AType:16 BOTID:21503";
+    const size_t finished = all.find(end) + end.size();
+    for (size_t length = 0; length <= all.size(); ++length) {
+        report.clear();
+        std::istringstream cut(all.substr(0, length));
+        for (std::string line; std::getline(cut, line);)
+            report.lines.lines.emplace_back(line);
+        ASSERT_EQ(report.analyse(), length >= finished) << "cut at " << length;
+        ASSERT_LE(report.pilots.size(), 5u);
+    }
+}
+
+/// Lines of a log. A plane of that id has its pilot's body at id + 1000.
+std::string plane(int32_t id, int32_t country) {
+    return "T:1 AType:12 ID:" + std::to_string(id) + " TYPE:X COUNTRY:" + std::to_string(country) +
+           " NAME:P" + std::to_string(id) + " PID:-1";
+}
+std::string body(int32_t plane) {
+    return "T:1 AType:12 ID:" + std::to_string(plane + 1000) +
+           " TYPE:Common Bot COUNTRY:0 NAME: PID:" + std::to_string(plane);
+}
+std::string event(int32_t type, int32_t attacker, int32_t target, const char* damage = "") {
+    return "T:1 AType:" + std::to_string(type) + " DMG:" + damage +
+           " AID:" + std::to_string(attacker) + " TID:" + std::to_string(target);
+}
+
+TEST_F(LogReader, TakesUpObjectsOnce) {
+    const auto& pilots = readLines({plane(1, 101), body(1), plane(1, 501), body(2),
+                                    "T:1 AType:12 ID:7 TYPE:Gun COUNTRY:501 NAME:gun PID:1"});
+    ASSERT_EQ(pilots.size(), 1u);
+    EXPECT_EQ(pilots[0].country, 101);
+    EXPECT_EQ(pilots[0].bodyId, 7) << "the last child is the pilot";
+    EXPECT_TRUE(lines.holds(" w ")) << lines.text();
+    EXPECT_TRUE(lines.holds("[CombatReport] Plane with ID 2 was not found\n"));
+    EXPECT_EQ(report.findByObject(7), 0);
+    EXPECT_EQ(report.findByObject(1001), -1);
+    EXPECT_EQ(report.findByObject(-1), -1) << "also when no body is known";
+    EXPECT_TRUE(report.isBody(7));
+    EXPECT_FALSE(report.isBody(1) || report.isBody(-1) || report.isBody(99));
+}
+
+TEST_F(LogReader, FollowsTheFlight) {
+    const auto& pilots =
+        readLines({plane(1, 101), body(1), plane(2, 101), plane(3, 101), "T:1 AType:5 PID:1",
+                   "T:1 AType:5 PID:2", "T:2 AType:6 PID:2", "T:2 AType:6 PID:99",
+                   "T:2 AType:10 PLID:1 PID:1001", "T:2 AType:16 BOTID:1001",
+                   "T:3 AType:16 BOTID:-1", "T:3 AType:14 PID:3", "T:3 PID:3"});
+    EXPECT_EQ(pilots[0].flightStatus, 2);
+    EXPECT_EQ(pilots[1].flightStatus, 1);
+    EXPECT_EQ(pilots[2].flightStatus, 0);
+    EXPECT_EQ(pilots[0].human + 2 * pilots[1].human + 4 * pilots[2].human, 1);
+    EXPECT_EQ(pilots[0].finished + 2 * pilots[1].finished + 4 * pilots[2].finished, 1);
+}
+
+TEST_F(LogReader, AddsUpDamageAndWounds) {
+    const auto& pilots =
+        readLines({plane(1, 101), body(1), plane(2, 501), event(2, 2, 1, "0.25"),
+                   event(2, 2, 1, "0.5"), event(2, 2, 1001, "0.125"), event(1, 2, 1001),
+                   event(2, -1, 1, "-1.#QO"), event(2, 99, 1, "junk"), event(2, 1, 99, "1"),
+                   event(1, 1, -1), event(3, 1, 99), event(3, -1, -1)});
+    EXPECT_FLOAT_EQ(pilots[0].damage, 0.25F + 0.5F - 1);
+    EXPECT_FLOAT_EQ(pilots[0].injury, 0.125F);
+    EXPECT_EQ(pilots[0].hitBy, (std::vector<int32_t>{1, 1, 1, 1}));
+    EXPECT_EQ(pilots[1].hitTargets, (std::vector<int32_t>{0, 0, 0, 0}));
+    EXPECT_TRUE(pilots[0].hitTargets.empty()) << "of a target that is no record nothing is kept";
+    EXPECT_TRUE(pilots[0].kills.empty() && pilots[0].shotDown == 0);
+}
+
+/// Who is credited with plane 1, French, after these events: "" for nobody, with "own" for a
+/// friend. Plane 2 is another Frenchman, 3 and 4 are Germans.
+struct Credit {
+    const char* what;
+    std::vector<std::string> events;
+    int32_t by, own;
+    std::vector<size_t> kills; // of records 0 to 3
+};
+
+TEST_F(LogReader, CreditsVictories) {
+    const std::vector<Credit> cases = {
+        {"the attacker named", {event(2, 4, 1, "1"), event(3, 3, 1)}, 2, -1, {0, 0, 1, 0}},
+        {"the last to hit where nobody is named",
+         {event(1, 4, 1), event(1, 3, 1), event(3, -1, 1)},
+         2,
+         -1,
+         {0, 0, 1, 0}},
+        {"the last to hit the pilot, too",
+         {event(1, 3, 1), event(1, 4, 1001), event(3, -1, 1)},
+         3,
+         -1,
+         {0, 0, 0, 1}},
+        {"the last to hit when he is said to have done it himself",
+         {event(1, 3, 1), event(3, 1, 1)},
+         2,
+         -1,
+         {0, 0, 1, 0}},
+        {"nobody", {event(3, -1, 1)}, -1, -1, {0, 0, 0, 0}},
+        {"a friend counts for nothing", {event(3, 2, 1)}, -1, 1, {0, 0, 0, 0}},
+        {"a friend, and an enemy who hit later",
+         {event(3, 2, 1), event(1, 3, 1)},
+         2,
+         1,
+         {0, 0, 1, 0}},
+        {"a friend who hit last",
+         {event(1, 3, 1), event(1, 2, 1), event(3, -1, 1)},
+         -1,
+         1,
+         {0, 0, 0, 0}},
+        {"the first of two reports", {event(3, 3, 1), event(3, 4, 1)}, 2, -1, {0, 0, 1, 0}},
+        {"the second, if the first named nobody",
+         {event(3, -1, 1), event(3, 4, 1)},
+         3,
+         -1,
+         {0, 0, 0, 1}},
+        {"the attacker of the body", {event(3, 4, 1001)}, 3, -1, {0, 0, 0, 1}},
+        {"nobody for a hit alone", {event(2, 3, 1, "0.9")}, -1, -1, {0, 0, 0, 0}},
+    };
+    for (const Credit& credit : cases) {
+        std::vector<std::string> text = {plane(1, 101), body(1), plane(2, 101), plane(3, 501),
+                                         plane(4, 501)};
+        text.insert(text.end(), credit.events.begin(), credit.events.end());
+        const auto& pilots = readLines(text);
+        EXPECT_EQ(pilots[0].shotdownBy, credit.by) << credit.what;
+        EXPECT_EQ(pilots[0].shotdownByOwn, credit.own) << credit.what;
+        for (size_t i = 0; i < 4; ++i)
+            EXPECT_EQ(pilots[i].kills.size(), credit.kills[i]) << credit.what << ", record " << i;
+    }
+}
+
+TEST_F(LogReader, JudgesWounds) {
+    const struct {
+        const char* damage;
+        int32_t percent, dead;
+    } cases[] = {{"0", 0, 0},       {"0.009", 0, 0}, {"0.25", 25, 0}, {"0.977", 97, 0},
+                 {"0.9771", 97, 1}, {"1.0", 100, 1}, {"1.5", 100, 1}};
+    for (const auto& [damage, percent, dead] : cases) {
+        const auto& pilots = readLines({plane(1, 101), body(1), event(2, -1, 1001, damage)});
+        EXPECT_EQ(pilots[0].injuryPercent, percent) << damage;
+        EXPECT_EQ(pilots[0].dead, dead) << damage;
+        EXPECT_EQ(pilots[0].killCount, 0);
+    }
+    const auto& killed = readLines({plane(1, 101), body(1), event(3, -1, 1001), event(3, -1, 1)});
+    EXPECT_TRUE(killed[0].dead == 1 && killed[0].killCount == 1 && killed[0].injuryPercent == 100);
+}
+
+TEST_F(LogReader, KnowsWhenTheMissionIsOver) {
+    generator.plan = {plannedPlane(5, "P1", France)};
+    const std::vector<std::string> human = {plane(1, 101), body(1), "T:5 AType:10 PID:1001"};
+    const auto isFinished = [&](std::vector<std::string> text) {
+        text.insert(text.begin(), human.begin(), human.end());
+        report.clear();
+        for (const std::string& line : text)
+            report.lines.lines.emplace_back(line);
+        return report.analyse();
+    };
+    EXPECT_FALSE(isFinished({})) << "neither end nor death";
+    EXPECT_FALSE(isFinished({"T:9 AType:7"})) << "broken off";
+    EXPECT_FALSE(isFinished({event(3, -1, 1)})) << "shot down, not dead";
+    EXPECT_TRUE(isFinished({"T:9 AType:16 BOTID:1001"}));
+    EXPECT_TRUE(isFinished({event(3, -1, 1001)})) << "killed";
+    EXPECT_TRUE(isFinished({event(2, -1, 1001, "0.99")})) << "dead of his wounds";
+    EXPECT_FALSE(isFinished({plane(2, 101), body(2), "T:9 AType:16 BOTID:1002", event(3, 1, 1002)}))
+        << "another's end";
+    generator.plan[0].nation = Germany;
+    EXPECT_FALSE(isFinished({"T:9 AType:16 BOTID:1001"})) << "nobody of the plan flew";
+    generator.plan.clear();
+    EXPECT_FALSE(isFinished({"T:9 AType:16 BOTID:1001"})) << "there is no plan";
+}
+
+} // namespace

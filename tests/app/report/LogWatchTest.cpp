@@ -1,0 +1,132 @@
+#include "app/report/LogWatch.h"
+
+#include <gtest/gtest.h>
+
+#include "app/mission/Configuration.h"
+#include "app/report/CombatReport.h"
+#include "tests/app/report/FlightLog.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/SmallCareer.h"
+
+namespace {
+
+using Names = std::vector<zel::String>;
+
+/// A career of twenty pilots, the flight's among them, and the simulator's data folder.
+struct LogWatchTest : testing::Test {
+    LogWatchTest() {
+        squadronOf(career, France, std::vector<int32_t>(20, 0));
+        generator.plan = flightPlan();
+        Configuration::reset();
+        Configuration::set("rof.directory", world.folder.path());
+        write("missionReport(old)[0].txt", FlightPieces[0]);
+        watch.begin(data);
+    }
+    ~LogWatchTest() override { Configuration::reset(); }
+
+    void write(const std::string& name, const std::string& text) {
+        world.folder.write("data/" + name, text);
+    }
+    void writePiece(const std::string& log, int32_t piece) {
+        write(log + "[" + std::to_string(piece) + "].txt", FlightPieces[piece]);
+    }
+    void writeFlight(const std::string& log) {
+        for (int32_t piece = 0; piece < 4; ++piece)
+            writePiece(log, piece);
+    }
+    uint16_t missionsOf(size_t pilot) const { return career.pilots[pilot].missions; }
+
+    SmallWorld world;
+    LogCapture lines;
+    Database career;
+    MissionGenerator generator;
+    CombatReport report;
+    LogWatch watch;
+    const zel::String data{world.folder.path() + "/data/"};
+};
+
+TEST_F(LogWatchTest, ShowsWhatCameSinceTheMissionWasWritten) {
+    EXPECT_EQ(watch.look(data), Names{});
+    writePiece("missionReport(a)", 0);
+    writePiece("missionReport(b)", 1); // no first piece
+    write("other.txt", "x");
+    write("B[0].TXT", "x");
+    EXPECT_EQ(watch.look(data), (Names{"B[0].TXT", "missionReport(a)[0].txt"}));
+    EXPECT_EQ(watch.look(data), Names{});
+    write("missionReport(old)[1].txt", "x");
+    EXPECT_EQ(watch.look(data), Names{}) << "an old log stays old";
+    watch.begin(data);
+    writePiece("missionReport(a)", 1);
+    EXPECT_EQ(watch.look(data), Names{}) << "known when the next mission was written";
+}
+
+TEST_F(LogWatchTest, ShowsALogAgainWhenItHasGrown) {
+    const Names one = {"missionReport(a)[0].txt"};
+    write("missionReport(a)[0].txt", "T:0");
+    EXPECT_EQ(watch.look(data), one);
+    write("missionReport(a)[0].txt", "T:0 AType:15");
+    EXPECT_EQ(watch.look(data), one) << "more bytes";
+    write("missionReport(a)[1].txt", "");
+    EXPECT_EQ(watch.look(data), one) << "another piece";
+    EXPECT_EQ(watch.look(data), Names{});
+    write("missionReport(a)[3].txt", "x");
+    EXPECT_EQ(watch.look(data), Names{}) << "a piece behind a gap";
+    watch.settle();
+    write("missionReport(a)[2].txt", "x");
+    EXPECT_EQ(watch.look(data), Names{}) << "settled";
+}
+
+TEST_F(LogWatchTest, WaitsForTheEndOfTheFlight) {
+    EXPECT_FALSE(findCombatReport(watch));
+    for (int32_t piece = 0; piece < 3; ++piece) {
+        writePiece("missionReport(a)", piece);
+        EXPECT_FALSE(findCombatReport(watch));
+        EXPECT_TRUE(report.pilots.empty() && report.lines.lines.empty()) << "nothing may show";
+        EXPECT_FALSE(findCombatReport(watch));
+    }
+    EXPECT_EQ(missionsOf(10), 9);
+    writePiece("missionReport(a)", 3);
+    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_EQ(report.pilots.size(), 5u);
+    for (size_t pilot = 10; pilot < 14; ++pilot)
+        EXPECT_EQ(missionsOf(pilot), 10);
+    EXPECT_EQ(career.pilots[10].shotdowns, 1);
+    EXPECT_EQ(career.pilots[13].shotdowns, 1);
+    EXPECT_EQ(career.pilots[11].alive, 0);
+    EXPECT_FALSE(findCombatReport(watch)) << "it is carried into the career once";
+    EXPECT_EQ(missionsOf(10), 10);
+}
+
+TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
+    std::string other(FlightPieces[0]);
+    other.replace(other.find("Erich Sommer"), 12, "Desk Jockey ");
+    write("missionReport(a)[0].txt", other + "T:9 AType:16 BOTID:21503\n");
+    write("missionReport(b)[0].txt", "no log at all\n");
+    EXPECT_FALSE(findCombatReport(watch));
+    EXPECT_TRUE(lines.holds("belongs to nobody of the plan")) << lines.text();
+    writeFlight("missionReport(c)");
+    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_EQ(missionsOf(10), 10);
+}
+
+TEST_F(LogWatchTest, TakesTheFirstFinishedOfTwo) {
+    writePiece("missionReport(a)", 0);
+    writeFlight("missionReport(b)");
+    writeFlight("missionReport(c)");
+    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_EQ(missionsOf(10), 10);
+    write("missionReport(c)[4].txt", "T:0 AType:15 VER:18\n");
+    for (int32_t piece = 1; piece < 4; ++piece)
+        writePiece("missionReport(a)", piece);
+    EXPECT_FALSE(findCombatReport(watch)) << "the rest is settled, whatever becomes of it";
+    EXPECT_EQ(missionsOf(10), 10);
+}
+
+TEST_F(LogWatchTest, FindsNothingWithoutAFolder) {
+    Configuration::reset();
+    Configuration::set("rof.directory", world.folder.path() + "/nowhere");
+    EXPECT_FALSE(findCombatReport(watch));
+}
+
+} // namespace

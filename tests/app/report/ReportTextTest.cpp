@@ -1,0 +1,104 @@
+#include "app/report/ReportText.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Printers.h"
+
+namespace {
+
+TEST(ReportText, TellsThePilotsFate) {
+    const struct {
+        int32_t killed, dead, percent;
+        float damage;
+        int32_t status, by;
+        const char* text;
+    } cases[] = {
+        {1, 1, 100, 1, 1, 0, "Died in the air"},
+        {2, 0, 0, 0, 0, -1, "Died in the air"},
+        {0, 1, 98, 1, 1, 0, "Crashed and died"},
+        {0, 0, 100, 0, 0, -1, "Severe injuries"},
+        {0, 0, 51, 1, 1, 0, "Severe injuries"},
+        {0, 0, 50, 1, 1, 0, "Injured"},
+        {0, 0, 26, 0, 0, -1, "Injured"},
+        {0, 0, 25, 1, 1, 0, "Slightly injured"},
+        {0, 0, 1, 0, 0, -1, "Slightly injured"},
+        {0, 0, 0, 0.49F, 1, 0, "Landed with damaged plane"},
+        {0, 0, 0, 0.5F, 1, 0, "Landed with destroyed plane"},
+        {0, 0, 0, 0.01F, 2, 0, "Damaged plane"},
+        {0, 0, 0, 0.49F, 0, -1, "Damaged plane"},
+        {0, 0, 0, 0.5F, 0, -1, "Destroyed plane"},
+        {0, 0, 0, 1.2F, 2, 0, "Destroyed plane"},
+        {0, 0, 0, 0.009F, 1, 0, "Escaped and landed"},
+        {0, 0, 0, 0, 1, -1, "Escaped and landed"},
+        {0, 0, 0, 0.009F, 2, 0, "Survived without injuries"},
+        {0, 0, 0, 0, 0, -1, "No damage"},
+        {0, 0, 0, -0.7F, 2, -1, "No damage"},
+    };
+    for (const auto& [killed, dead, percent, damage, status, by, text] : cases) {
+        PilotReport pilot;
+        pilot.killCount = killed;
+        pilot.dead = dead;
+        pilot.injuryPercent = percent;
+        pilot.damage = damage;
+        pilot.flightStatus = status;
+        pilot.shotdownBy = by;
+        EXPECT_EQ(fateText(pilot), text) << percent << ' ' << damage << ' ' << status;
+    }
+}
+
+TEST(ReportText, TellsTheCause) {
+    std::vector<PilotReport> pilots(2);
+    pilots[0].name = "Friend";
+    pilots[1].name = "Enemy/7";
+    const struct {
+        int32_t shotDown, by, own, dead;
+        const char* text;
+    } cases[] = {
+        {0, 1, 0, 1, ""},
+        {1, 1, -1, 0, "Shotdown By: Enemy/7"},
+        {1, 1, 0, 1, "Killed By: Enemy/7"},
+        {1, -1, 0, 0, "Shotdown By Own: Friend"},
+        {1, -1, 0, 1, "Killed By Own: Friend"},
+        {1, -1, -1, 1, "Crashed"},
+        {1, -1, -1, 0, "Crashed"},
+    };
+    for (const auto& [shotDown, by, own, dead, text] : cases) {
+        PilotReport pilot;
+        pilot.shotDown = shotDown;
+        pilot.shotdownBy = by;
+        pilot.shotdownByOwn = own;
+        pilot.dead = dead;
+        EXPECT_EQ(causeText(pilot, pilots), text);
+    }
+}
+
+TEST(ReportText, PutsTheFirstRecordsSideLeft) {
+    const std::pair<const char*, int32_t> records[] = {
+        {"", 501}, {"Hall", 102}, {"Brandt", 501}, {"Young", 103}, {"gun", 501}, {"what", 0}};
+    std::vector<PilotReport> pilots;
+    for (const auto& [name, country] : records) {
+        pilots.emplace_back();
+        pilots.back().name = name;
+        pilots.back().country = country;
+    }
+    pilots[1].kills = {2, 4};
+    pilots[2].human = 1;
+    pilots[2].shotDown = 1;
+    pilots[2].shotdownBy = 1;
+    const ReportColumns columns = combatReportColumns(pilots);
+    ASSERT_EQ(columns.left.size(), 2u) << "a nameless record decides, and isn't shown";
+    EXPECT_EQ(columns.left[0].pilot, "Brandt - Kills: 0");
+    EXPECT_EQ(columns.left[0].fate, "Survived without injuries");
+    EXPECT_EQ(columns.left[0].cause, "Shotdown By: Hall");
+    EXPECT_TRUE(columns.left[0].isPlayer);
+    EXPECT_EQ(columns.left[1].pilot, "gun - Kills: 0");
+    ASSERT_EQ(columns.right.size(), 3u);
+    EXPECT_EQ(columns.right[0].pilot, "Hall - Kills: 2");
+    EXPECT_EQ(columns.right[1].pilot, "Young - Kills: 0");
+    EXPECT_EQ(columns.right[1].cause, "");
+    EXPECT_FALSE(columns.right[1].isPlayer);
+    EXPECT_EQ(columns.right[2].pilot, "what - Kills: 0");
+    EXPECT_TRUE(combatReportColumns({}).left.empty());
+}
+
+} // namespace

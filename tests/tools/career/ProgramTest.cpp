@@ -1,0 +1,108 @@
+#include <cstdlib>
+#include <filesystem>
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#endif
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tools/standin/StandIn.h"
+
+namespace {
+
+/// Calls of the built program, with folders of their own.
+struct CareerProgram : testing::Test {
+    CareerProgram() {
+        zel::String error;
+        EXPECT_TRUE(standin::makeSimulatorFolder(folder.path() + "/sim", error));
+    }
+    /// The program's exit status. What it says is in `out` and `errors` then.
+    int call(const std::string& arguments, const std::string& from = ".") {
+        const std::string command = "cd \"" + from + "\" && \"" WINGTALLY_CAREER "\" " + arguments +
+                                    " > \"" + folder.path() + "/out\" 2> \"" + folder.path() +
+                                    "/errors\"";
+        const int status = std::system(command.c_str());
+        out = folder.read("out");
+        errors = folder.read("errors");
+#ifdef _WIN32
+        return status;
+#else
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
+    }
+    std::string folders() const {
+        return " --rof \"" + folder.path() + "/sim\" --user \"" + folder.path() + "/user\" ";
+    }
+    /// A whole call's mission and save, on an empty disk.
+    std::pair<std::string, std::string> results(const std::string& seed) {
+        std::filesystem::remove_all(folder.path() + "/user");
+        std::filesystem::remove_all(folder.path() + "/sim");
+        zel::String error;
+        EXPECT_TRUE(standin::makeSimulatorFolder(folder.path() + "/sim", error));
+        EXPECT_EQ(call("--seed " + seed + folders() +
+                       "new german 1916 3 mission fly report mission save"),
+                  0)
+            << errors;
+        return {folder.read("sim/data/Missions/WingtallyMission.Mission"),
+                folder.read("user/Saves/savegame_v03.wty")};
+    }
+
+    TemporaryFolder folder;
+    std::string out;
+    std::string errors;
+};
+
+TEST_F(CareerProgram, DoesTheSameFromTheSameSeed) {
+    const auto first = results("7");
+    const std::string said = out;
+    EXPECT_GT(first.first.size(), 5000u);
+    EXPECT_GT(first.second.size(), 500000u);
+    EXPECT_NE(said.find("Kills: "), std::string::npos) << said;
+    const auto second = results("7");
+    EXPECT_TRUE(second.first == first.first) << "the mission";
+    EXPECT_TRUE(second.second == first.second) << "the save";
+    EXPECT_EQ(out, said);
+    const auto other = results("8");
+    EXPECT_FALSE(other.first == first.first);
+    EXPECT_FALSE(other.second == first.second);
+}
+
+TEST_F(CareerProgram, TellsByItsStatusHowItWent) {
+    EXPECT_EQ(call("--help"), 0);
+    EXPECT_NE(out.find("usage: wingtally-career"), std::string::npos);
+    EXPECT_EQ(call("--seed 1" + folders() + "--quiet new french 1915 12 save"), 0) << errors;
+    EXPECT_EQ(out + errors, "") << "quiet says nothing";
+    EXPECT_EQ(call(folders() + "load status aces squadron"), 0) << errors;
+    EXPECT_NE(out.find("Date: 1-December-1915\n"), std::string::npos) << out;
+    EXPECT_NE(out.find("Next: mission\n"), std::string::npos) << out;
+    EXPECT_EQ(out.find("[Database]"), std::string::npos) << "no debug lines";
+    EXPECT_EQ(call(folders() + "--verbose load"), 0);
+    EXPECT_NE(out.find("["), std::string::npos) << "but with --verbose";
+
+    for (const char* wrong : {"", "fight", "new french 1914 1", "--seed x status"}) {
+        EXPECT_EQ(call(wrong), 2) << wrong;
+        EXPECT_NE(errors.find("usage: "), std::string::npos) << wrong;
+    }
+    for (const char* vain :
+         {"report", "save", "load report", "--data nowhere status", "load mission report save"}) {
+        EXPECT_EQ(call(folders() + vain), 1) << vain;
+        EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+        EXPECT_EQ(errors.rfind("wingtally-career: ", 0), 0u) << errors;
+    }
+}
+
+// It finds its data wherever it is called from, and the settings of that folder.
+TEST_F(CareerProgram, FindsItsData) {
+    folder.write("here/wtysettings.ini", "rof.directory = " + folder.path() + "/sim\n");
+    EXPECT_EQ(call("--user \"" + folder.path() + "/user\" new english 1915 12 mission",
+                   folder.path() + "/here"),
+              0)
+        << errors;
+    EXPECT_FALSE(folder.read("sim/data/Missions/WingtallyMission.Mission").empty());
+    EXPECT_EQ(call("--data Data --user \"" + folder.path() + "/user\" new english 1915 12"), 0)
+        << errors;
+}
+
+} // namespace

@@ -1,0 +1,163 @@
+#include "tools/career/Session.h"
+
+#include <gtest/gtest.h>
+
+#include "app/mission/DailyMission.h"
+#include "tests/support/CareerInvariants.h"
+#include "tests/support/PinnedRun.h"
+#include "tests/support/Printers.h"
+#include "tools/standin/StandIn.h"
+
+namespace {
+
+/// A quiet session over the delivered data.
+struct SessionTest : testing::Test {
+    void makeSimulator() const {
+        zel::String error;
+        ASSERT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), error)) << error.c_str();
+    }
+    /// The command failed, with one line that says so.
+    void expectProblem(bool result, const char* part) const {
+        const std::string problem(session.problem().view());
+        EXPECT_FALSE(result) << part;
+        EXPECT_NE(problem.find(part), std::string::npos) << problem;
+        EXPECT_EQ(problem.find('\n'), std::string::npos) << problem;
+    }
+    std::string missionFile() const {
+        return run.folder.read(std::string("sim/data/Missions/") + MissionFileName);
+    }
+
+    PinnedRun run{11};
+    Session session{true, 0};
+    Database& career = *Database::instance();
+};
+
+TEST_F(SessionTest, GoesThroughTheCareersCycle) {
+    makeSimulator();
+    ASSERT_TRUE(session.newCareer(ServiceEnglish, 1916, 1)) << session.problem().c_str();
+    const int32_t start = career.calendar().dateNumber();
+    EXPECT_GE(start, 19160101);
+    EXPECT_EQ(career.playerSquadron().nation, England);
+    EXPECT_TRUE(session.status() && session.squadron() && session.aces());
+    EXPECT_TRUE(session.showInvitation());
+
+    const int32_t player = career.playerPilot;
+    const int32_t missions = career.player().missions;
+    ASSERT_TRUE(session.mission()) << session.problem().c_str();
+    EXPECT_NE(missionFile().find(zel::arrayText(career.player().name)), std::string::npos);
+    ASSERT_TRUE(session.fly()) << session.problem().c_str();
+    ASSERT_TRUE(session.report()) << session.problem().c_str();
+    EXPECT_GT(career.calendar().dateNumber(), start);
+    EXPECT_EQ(career.pilots[static_cast<size_t>(player)].missions, missions + 1);
+    EXPECT_EQ(careerFaults(career), "");
+    expectProblem(session.report(), "mission comes before report");
+
+    ASSERT_TRUE(session.save());
+    const std::string name(zel::arrayText(career.player().name));
+    const int32_t saved = career.calendar().dateNumber();
+    const std::string bytes = run.save();
+    ASSERT_TRUE(session.advance(2));
+    EXPECT_GT(career.calendar().dateNumber(), saved);
+    ASSERT_TRUE(session.load()) << session.problem().c_str();
+    EXPECT_EQ(career.calendar().dateNumber(), saved);
+    EXPECT_EQ(zel::arrayText(career.player().name), name);
+    ASSERT_TRUE(session.save());
+    EXPECT_EQ(run.save(), bytes);
+}
+
+TEST_F(SessionTest, GoesOnUntilADay) {
+    makeSimulator();
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1918, 9));
+    ASSERT_TRUE(session.until(19181001)) << session.problem().c_str();
+    EXPECT_GE(career.calendar().dateNumber(), 19181001);
+    EXPECT_LT(career.calendar().dateNumber(), 19181020);
+    ASSERT_TRUE(session.until(19191231));
+    const int32_t end = career.calendar().dateNumber();
+    EXPECT_GE(end, 19181111);
+    EXPECT_LT(end, 19181130) << "the war ends, and the career with it";
+    EXPECT_EQ(careerFaults(career), "");
+    EXPECT_TRUE(session.until(19191231));
+    EXPECT_EQ(career.calendar().dateNumber(), end);
+    expectProblem(session.mission(), "The War is over!");
+}
+
+TEST_F(SessionTest, AnswersInvitations) {
+    makeSimulator();
+    ASSERT_TRUE(session.newCareer(ServiceGerman, 1917, 3));
+    for (int32_t i = 0; i < 20 && !SquadronSimulator::invitationDue(); ++i)
+        ASSERT_TRUE(session.advance(1));
+    const int32_t inviting = career.invitationSquadron;
+    const int32_t own = career.player().squadron;
+    ASSERT_GE(inviting, 0);
+    ASSERT_TRUE(session.refuseInvitation());
+    EXPECT_EQ(career.previousInvitation, inviting);
+    expectProblem(session.acceptInvitation(), "No invitation waits");
+    expectProblem(session.refuseInvitation(), "No invitation waits");
+    career.invitationYear = 1917;
+    career.invitationMonth = 1;
+    career.invitationSquadron = inviting;
+    ASSERT_TRUE(session.showInvitation());
+    EXPECT_EQ(career.invitationSquadron, inviting) << "left unanswered it stays";
+    ASSERT_TRUE(session.acceptInvitation()) << session.problem().c_str();
+    EXPECT_EQ(career.player().squadron, inviting);
+    EXPECT_NE(own, inviting);
+    EXPECT_EQ(careerFaults(career), "");
+}
+
+TEST_F(SessionTest, NeedsACareer) {
+    makeSimulator();
+    for (const auto command :
+         {&Session::save, &Session::status, &Session::mission, &Session::squadron, &Session::aces,
+          &Session::showInvitation, &Session::acceptInvitation, &Session::refuseInvitation})
+        expectProblem((session.*command)(), "There is no career yet");
+    expectProblem(session.report(), "There is no career yet");
+    expectProblem(session.advance(1), "There is no career yet");
+    expectProblem(session.until(19181111), "There is no career yet");
+    expectProblem(session.load(), "No career could be loaded");
+    expectProblem(session.fly(), "");
+    EXPECT_EQ(run.save(), "");
+}
+
+TEST_F(SessionTest, NeedsTheSimulator) {
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    expectProblem(session.mission(), "Rise of Flight was not found");
+    expectProblem(session.fly(), "Rise of Flight was not found");
+    expectProblem(session.report(), "Rise of Flight was not found");
+    expectProblem(session.until(19181111), "Rise of Flight was not found");
+    run.folder.write("sim/data/startup.cfg", "[KEY = system]\r\nmission_text_log = 0\r\n[END]\r\n");
+    expectProblem(session.mission(), "writes no text log");
+    EXPECT_TRUE(session.status()) << "everything else goes on";
+    run.folder.write("sim/data/startup.cfg", "mission_text_log = 1\r\n");
+    expectProblem(session.mission(), "can't be written to");
+    EXPECT_EQ(career.calendar().dateNumber(), 19151201);
+}
+
+TEST_F(SessionTest, WaitsForALogInVain) {
+    makeSimulator();
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    expectProblem(session.report(), "mission comes before report");
+    ASSERT_TRUE(session.mission());
+    expectProblem(session.report(), "No log of a finished flight");
+    run.folder.write("sim/data/missionReport(x)[0].txt", "T:0 AType:15 VER:18\r\n");
+    expectProblem(session.report(), "No log of a finished flight");
+    EXPECT_EQ(career.calendar().dateNumber(), 19151201) << "the war waits with him";
+    ASSERT_TRUE(session.fly());
+    EXPECT_TRUE(session.report()) << session.problem().c_str();
+}
+
+TEST_F(SessionTest, CannotSaveWhereNothingCanBeWritten) {
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    run.folder.write("user", "a file where the folder should be");
+    expectProblem(session.save(), "can't be written");
+    expectProblem(session.load(), "No career could be loaded");
+}
+
+TEST_F(SessionTest, PointsToTheEarlierSave) {
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    ASSERT_TRUE(session.save() && session.save());
+    run.folder.write("user/Saves/savegame_v03.wty", "spoilt");
+    expectProblem(session.load(), "savegame_v03.wty.bak");
+    expectProblem(session.status(), "There is no career yet");
+}
+
+} // namespace

@@ -1,0 +1,168 @@
+#include "tools/standin/Dogfight.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "tests/tools/standin/TestMission.h"
+#include "tools/standin/MissionReader.h"
+
+namespace standin {
+
+namespace {
+
+Mission readMission(const std::string& text) {
+    Mission mission;
+    Fault fault;
+    EXPECT_TRUE(readMissionText(text, mission, fault)) << fault.line << ": " << fault.reason;
+    return mission;
+}
+
+Flight fly(const Mission& mission, uint32_t seed, FightOptions options = {}) {
+    zel::Random random(seed);
+    return Dogfight(mission, options, random).run();
+}
+
+/// Planes that each side lost, and what became of the human, over many seeds.
+struct Tally {
+    int32_t own = 0, enemies = 0; // planes lost
+    int32_t humanLost = 0, humanDead = 0, humanVictories = 0;
+    int32_t won = 0, lost = 0; // flights with fewer or more losses than the enemy
+    double seconds = 0;
+};
+
+Tally tally(const Mission& mission, uint32_t seeds) {
+    Tally sum;
+    const int32_t planes = static_cast<int32_t>(mission.planes.size());
+    const size_t human = static_cast<size_t>(mission.human);
+    for (uint32_t seed = 1; seed <= seeds; ++seed) {
+        const Flight flight = fly(mission, seed);
+        int32_t own = 0;
+        int32_t enemies = 0;
+        for (size_t i = 0; i < mission.planes.size(); ++i)
+            if (flight.planes[i].destroyed)
+                ++(mission.planes[i].coalition == mission.planes[human].coalition ? own : enemies);
+        sum.own += own;
+        sum.enemies += enemies;
+        sum.won += own < enemies ? 1 : 0;
+        sum.lost += own > enemies ? 1 : 0;
+        sum.humanLost += flight.planes[human].destroyed ? 1 : 0;
+        sum.humanDead += flight.planes[human].pilotAlive ? 0 : 1;
+        sum.seconds += static_cast<double>(flight.endTick) / TicksPerSecond;
+        for (const Event& event : flight.events)
+            if (event.kind == EventKind::Destroyed && event.attacker == mission.human &&
+                event.target < planes)
+                ++sum.humanVictories;
+    }
+    return sum;
+}
+
+/// The human with two wing men against three of a like type.
+std::vector<TestPlane> ofLevels(int32_t own, int32_t enemies) {
+    return {{"A", 101, "se5a", 0},
+            {"B", 101, "se5a", own},
+            {"C", 101, "se5a", own},
+            {"D", 501, "albatrosd5", enemies},
+            {"E", 501, "albatrosd5", enemies},
+            {"F", 501, "albatrosd5", enemies}};
+}
+
+} // namespace
+
+TEST(Dogfight, IsAFunctionOfItsSeed) {
+    const Mission mission = readMission(missionText(sixPlanes()));
+    for (const uint32_t seed : {1U, 77U}) {
+        const Flight a = fly(mission, seed);
+        const Flight b = fly(mission, seed);
+        ASSERT_EQ(a.events.size(), b.events.size());
+        for (size_t i = 0; i < a.events.size(); ++i) {
+            EXPECT_EQ(a.events[i].tick, b.events[i].tick);
+            EXPECT_EQ(a.events[i].position.x, b.events[i].position.x);
+        }
+    }
+    EXPECT_NE(fly(mission, 1).endTick, fly(mission, 2).endTick);
+}
+
+TEST(Dogfight, StaysInTheSky) {
+    for (const bool inAir : {true, false}) {
+        const Mission mission = readMission(missionText(sixPlanes(), inAir));
+        for (uint32_t seed = 1; seed <= 40; ++seed) {
+            const Flight flight = fly(mission, seed);
+            int32_t last = 0;
+            for (const Event& event : flight.events) {
+                EXPECT_GE(event.tick, last);
+                EXPECT_LE(event.tick, flight.endTick);
+                last = event.tick;
+                EXPECT_GE(event.position.y, 45) << "under the ground";
+                EXPECT_LT(event.position.y, 5000);
+                EXPECT_LT(groundDistance(event.position, mission.areas[0].position), 30000);
+            }
+            EXPECT_LE(flight.endTick, 46 * 60 * TicksPerSecond) << "no tank lasts longer";
+        }
+    }
+}
+
+TEST(Dogfight, IsWonAndLost) {
+    // The bounds are loose: what counts is that neither side has the victory in its pocket.
+    const Tally even = tally(readMission(missionText(sixPlanes())), 200);
+    EXPECT_GT(even.won, 40);
+    EXPECT_GT(even.lost, 20);
+    EXPECT_GT(even.own + even.enemies, 150) << "blood is drawn";
+    EXPECT_LT(even.own + even.enemies, 800) << "and some come home";
+    EXPECT_GT(even.humanVictories, 40);
+    EXPECT_GT(even.humanLost, 10);
+    EXPECT_LT(even.humanLost, 100);
+    EXPECT_GT(even.humanDead, 5);
+    EXPECT_LT(even.humanDead, even.humanLost) << "a lost plane is not a lost man";
+    EXPECT_GT(even.seconds / 200, 180);
+    EXPECT_LT(even.seconds / 200, 1200);
+}
+
+TEST(Dogfight, DependsOnWhoFlies) {
+    const Tally aces = tally(readMission(missionText(ofLevels(4, 1))), 100);
+    EXPECT_GT(aces.won, 2 * aces.lost);
+    const Tally novices = tally(readMission(missionText(ofLevels(1, 4))), 100);
+    EXPECT_GT(novices.lost, 2 * novices.won);
+    std::vector<TestPlane> many = sixPlanes();
+    many.erase(many.begin() + 1, many.begin() + 3);
+    const Tally alone = tally(readMission(missionText(many)), 100);
+    EXPECT_GT(alone.humanLost, 40) << "one against three";
+    EXPECT_GT(alone.humanVictories, 5) << "who isn't helpless";
+}
+
+TEST(Dogfight, OnlyThoseWithOrdersAttack) {
+    const std::string text =
+        replaced(missionText(sixPlanes()), "Objects = [12,18]", "Objects = [12]");
+    const Mission mission = readMission(text);
+    for (uint32_t seed = 1; seed <= 20; ++seed)
+        for (const Event& event : fly(mission, seed).events)
+            ASSERT_TRUE(event.kind != EventKind::Hit || event.attacker < 3 || event.attacker >= 12)
+                << "an enemy without an order fired";
+}
+
+TEST(Dogfight, NobodyFiresBeforeTheOrder) {
+    const Mission mission =
+        readMission(replaced(missionText(sixPlanes()), "Time = 3;", "Time = 125.005;"));
+    for (uint32_t seed = 1; seed <= 20; ++seed)
+        for (const Event& event : fly(mission, seed).events)
+            ASSERT_TRUE(event.kind != EventKind::Hit || event.tick > 125 * TicksPerSecond);
+}
+
+TEST(Dogfight, KillsOrWoundsTheHumanOnDemand) {
+    for (const bool inAir : {true, false}) {
+        const Mission mission = readMission(missionText(sixPlanes(), inAir));
+        for (uint32_t seed = 1; seed <= 60; ++seed) {
+            EXPECT_FALSE(fly(mission, seed, {true, false}).planes[0].pilotAlive) << seed;
+            const Flight wounded = fly(mission, seed, {false, true});
+            EXPECT_TRUE(wounded.planes[0].pilotAlive) << seed;
+            int32_t wounds = 0;
+            for (const Event& event : wounded.events)
+                wounds += event.kind == EventKind::Damage && event.target == 6 ? event.damage : 0;
+            EXPECT_GT(wounds, 0) << seed;
+            EXPECT_LT(wounds, 977) << seed;
+        }
+    }
+}
+
+} // namespace standin

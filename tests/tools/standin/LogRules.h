@@ -1,0 +1,39 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace standin {
+
+/// A line of a log, cut up by a way of its own: keys end with a colon and follow a blank.
+struct LogLine {
+    std::string text;
+    int32_t tick = 0;
+    int32_t type = 0;
+    std::map<std::string, std::string> values;
+
+    int32_t number(const std::string& key) const;
+};
+
+/// All lines of the pieces but those of type 15.
+std::vector<LogLine> linesOf(const std::vector<std::string>& pieces);
+
+/// What the human's part in a log comes to.
+struct HumanPart {
+    int32_t plane = 0;
+    int32_t body = 0;
+    int32_t wounds = 0; // thousandths
+    int32_t damage = 0; // thousandths
+    bool dead = false;
+    bool planeLost = false;
+    bool finished = false; // type 16
+    bool ended = false;    // type 7
+};
+HumanPart humanPartOf(const std::vector<LogLine>& lines);
+
+/// Checks the rules that hold in every log of the simulator; each breach is a failure of the test.
+/// `finished` asks for the end lines, which a flight that was broken off has not.
+void expectRules(const std::vector<std::string>& pieces, bool finished);
+
+} // namespace standin

@@ -1,0 +1,199 @@
+#include "tools/standin/MissionLog.h"
+
+#include <algorithm>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "tests/tools/standin/LogRules.h"
+#include "tests/tools/standin/TestMission.h"
+#include "tools/standin/MissionReader.h"
+
+namespace standin {
+
+namespace {
+
+Mission readMission(const std::string& text) {
+    Mission mission;
+    Fault fault;
+    EXPECT_TRUE(readMissionText(text, mission, fault)) << fault.line << ": " << fault.reason;
+    return mission;
+}
+
+std::vector<std::string> logOf(const Mission& mission, uint32_t seed, FightOptions fight = {},
+                               LogOptions options = {}) {
+    options.missionName = "WingtallyMission";
+    zel::Random random(seed);
+    const Flight flight = Dogfight(mission, fight, random).run();
+    return writeLog(mission, flight, options, random);
+}
+
+std::string joined(const std::vector<std::string>& pieces) {
+    std::string text;
+    for (const std::string& piece : pieces)
+        text += piece;
+    return text;
+}
+
+const LogLine* lineOfType(const std::vector<LogLine>& lines, int32_t type) {
+    const auto found = std::find_if(lines.begin(), lines.end(),
+                                    [&](const LogLine& line) { return line.type == type; });
+    return found == lines.end() ? nullptr : &*found;
+}
+
+bool tellsOfGun(const std::vector<LogLine>& lines) {
+    return std::any_of(lines.begin(), lines.end(), [](const LogLine& line) {
+        return line.type == 12 &&
+               (line.values.at("TYPE") == "LMG08AAA" || line.values.at("TYPE") == "HotchkissAAA");
+    });
+}
+
+} // namespace
+
+TEST(MissionLog, KeepsTheRulesOfTheSimulator) {
+    const Mission air = readMission(missionText(sixPlanes()));
+    const Mission ground = readMission(missionText(sixPlanes(), false));
+    for (uint32_t seed = 1; seed <= 60; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        expectRules(logOf(air, seed), true);
+        expectRules(logOf(ground, seed), true);
+        expectRules(logOf(air, seed, {true, false}), true);
+        expectRules(logOf(ground, seed, {false, true}), true);
+        LogOptions brokenOff;
+        brokenOff.breakOff = true;
+        expectRules(logOf(air, seed, {}, brokenOff), false);
+    }
+}
+
+TEST(MissionLog, WritesItsLinesAsTheSimulatorDoes) {
+    const std::vector<LogLine> lines = linesOf(logOf(readMission(missionText(sixPlanes())), 1));
+    EXPECT_EQ(lines[0].text,
+              "T:0 AType:0 GDate:1918.3.21 GTime:9:7:0 MFile:Missions/WingtallyMission.mission "
+              "MID: GType:0 CNTRS:0:0,101:1,102:1,103:1,501:2 "
+              "SETTS:01010100100000010000000110 MODS:0 PRESET:0");
+    const LogLine& start = *lineOfType(lines, 10);
+    const std::string id = start.values.at("PLID");
+    const LogLine& flight = *lineOfType(lines, 11);
+    EXPECT_EQ(flight.values.at("LID"), id);
+    EXPECT_EQ(flight.values.at("IDS").rfind(id + ",", 0), 0U) << "the leader stands first";
+    EXPECT_EQ(std::count(flight.text.begin(), flight.text.end(), ','), 2) << "three planes";
+    const LogLine& plane = *lineOfType(lines, 12);
+    EXPECT_EQ(plane.text,
+              "T:5 AType:12 ID:" + id + " TYPE:Fokker Dr.I COUNTRY:501 NAME:Erich Sommer/7 PID:-1");
+    EXPECT_EQ(start.values.at("SKIN"), "fokkerdr1/some_skin.dds");
+    EXPECT_EQ(start.values.at("FUEL"), "0.325");
+    EXPECT_EQ(start.values.at("INAIR"), "1");
+    EXPECT_EQ(start.values.at("BUL").substr(0, 4), "1000");
+    EXPECT_NE(start.text.find(" RCT:0 (216000."), std::string::npos) << "a place without a name";
+    EXPECT_EQ(lineOfType(lines, 5), nullptr) << "no take-off in the air";
+}
+
+TEST(MissionLog, TellsTheTakeOff) {
+    const std::vector<LogLine> lines =
+        linesOf(logOf(readMission(missionText(sixPlanes(), false)), 5));
+    EXPECT_EQ(lineOfType(lines, 10)->values.at("INAIR"), "0");
+    const LogLine* takeOff = lineOfType(lines, 5);
+    ASSERT_NE(takeOff, nullptr);
+    EXPECT_GT(takeOff->tick, 500) << "engines want warming";
+    EXPECT_NE(takeOff->text.find(", 86.500, "), std::string::npos) << takeOff->text;
+}
+
+TEST(MissionLog, CutsNamesAndKeepsTheirBlanks) {
+    const Mission mission = readMission(missionText(sixPlanes()));
+    std::set<std::string> names;
+    for (uint32_t seed = 1; seed <= 10; ++seed)
+        for (const LogLine& line : linesOf(logOf(mission, seed)))
+            if (line.type == 12)
+                names.insert(line.values.at("NAME"));
+    EXPECT_EQ(names.count("Maximilian Freiherr von und zu "), 1U) << "31 characters, one a blank";
+    EXPECT_EQ(names.count("John  O'Neil"), 1U);
+}
+
+TEST(MissionLog, DrawsItsNumbersAnew) {
+    const Mission mission = readMission(missionText(sixPlanes()));
+    std::set<int32_t> planes;
+    int32_t odd = 0;
+    int32_t guns = 0;
+    for (uint32_t seed = 1; seed <= 60; ++seed) {
+        const std::vector<LogLine> lines = linesOf(logOf(mission, seed));
+        const HumanPart human = humanPartOf(lines);
+        planes.insert(human.plane);
+        odd += human.body != human.plane + 1024 ? 1 : 0;
+        guns += tellsOfGun(lines) ? 1 : 0;
+    }
+    EXPECT_GT(planes.size(), 50U);
+    EXPECT_GT(odd, 3) << "a body's number can't be reckoned from its plane's";
+    EXPECT_LT(odd, 30);
+    EXPECT_GT(guns, 2) << "guns on the ground turn up now and then";
+    EXPECT_LT(guns, 40);
+}
+
+TEST(MissionLog, TellsObjectives) {
+    const std::string objective =
+        "MCU_TR_MissionObjective\r\n{\r\n  Index = 90;\r\n  XPos = 1.500;\r\n  YPos = 2.000;\r\n"
+        "  ZPos = 3.000;\r\n  Enabled = 1;\r\n  LCName = 0;\r\n  LCDesc = 0;\r\n  TaskType = 0;\r\n"
+        "  Coalition = 2;\r\n  Success = 1;\r\n  IconType = 904;\r\n}\r\n# end of file";
+    std::string text = replaced(missionText(sixPlanes()), "# end of file", objective);
+    text = replaced(text, "Targets = [3]", "Targets = [3,90]");
+    const std::vector<std::string> pieces = logOf(readMission(text), 2);
+    EXPECT_NE(pieces[0].find("T:150 AType:8 OBJID:90 POS(1.500,2.000,3.000) COAL:2 TYPE:0 RES:1 "
+                             "ICTYPE:904\r\n"),
+              std::string::npos)
+        << pieces[0];
+    expectRules(pieces, true);
+}
+
+TEST(MissionLog, ABrokenOffLogIsTheBeginOfTheWholeOne) {
+    const Mission mission = readMission(missionText(sixPlanes()));
+    LogOptions options;
+    options.breakOff = true;
+    for (uint32_t seed = 1; seed <= 60; ++seed) {
+        const std::vector<std::string> whole = logOf(mission, seed);
+        const std::vector<std::string> part = logOf(mission, seed, {}, options);
+        ASSERT_LT(joined(part).size(), joined(whole).size());
+        const std::vector<LogLine> lines = linesOf(part);
+        const std::vector<LogLine> all = linesOf(whole);
+        for (size_t i = 0; i < lines.size(); ++i)
+            ASSERT_EQ(lines[i].text, all[i].text) << "seed " << seed;
+        EXPECT_FALSE(humanPartOf(lines).dead) << "seed " << seed;
+    }
+}
+
+TEST(MissionLog, ABrokenOffLogStillTellsWhatItMust) {
+    const Mission mission = readMission(missionText(sixPlanes()));
+    for (uint32_t seed = 1; seed <= 20; ++seed) {
+        zel::Random random(seed);
+        const Flight flight = Dogfight(mission, {true, false}, random).run();
+        LogOptions options;
+        options.breakOff = true;
+        for (const Event& event : flight.events)
+            if (event.kind == EventKind::Destroyed && event.target == 6)
+                options.notBefore = event.tick;
+        ASSERT_GT(options.notBefore, 0);
+        const HumanPart human = humanPartOf(linesOf(writeLog(mission, flight, options, random)));
+        EXPECT_TRUE(human.dead) << "seed " << seed;
+        EXPECT_FALSE(human.finished) << "seed " << seed;
+    }
+}
+
+TEST(MissionLog, TruncatesInsideALineOfTheLastPiece) {
+    const Mission mission = readMission(missionText(sixPlanes()));
+    LogOptions options;
+    options.truncate = true;
+    std::set<bool> finished;
+    for (uint32_t seed = 1; seed <= 60; ++seed) {
+        const std::vector<std::string> whole = logOf(mission, seed);
+        const std::vector<std::string> part = logOf(mission, seed, {}, options);
+        ASSERT_EQ(part.size(), whole.size());
+        for (size_t i = 0; i + 1 < part.size(); ++i)
+            EXPECT_EQ(part[i], whole[i]);
+        EXPECT_EQ(whole.back().rfind(part.back(), 0), 0U) << "a begin of the whole piece";
+        EXPECT_LT(part.back().size(), whole.back().size());
+        EXPECT_NE(part.back().back(), '\r');
+        EXPECT_NE(part.back().back(), '\n') << "not at a line's end";
+        finished.insert(humanPartOf(linesOf(part)).finished);
+    }
+    EXPECT_EQ(finished.size(), 2U) << "before the end lines and behind them";
+}
+
+} // namespace standin

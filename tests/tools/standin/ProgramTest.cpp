@@ -1,0 +1,106 @@
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <sys/wait.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tools/standin/LogRules.h"
+#include "tests/tools/standin/TestMission.h"
+
+// The program as a player calls it. STANDIN_PROGRAM is its path in the build tree.
+namespace standin {
+
+namespace {
+
+constexpr const char* MissionPath = "rof/data/Missions/WingtallyMission.Mission";
+
+bool has(const TemporaryFolder& folder, const std::string& name) {
+    return std::filesystem::exists(folder.path() + "/" + name);
+}
+
+struct Call {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+Call call(const TemporaryFolder& folder, const std::string& words, const std::string& prefix = "") {
+    const std::string command = prefix + STANDIN_PROGRAM " " + words + " >" + folder.path() +
+                                "/output" + " 2>" + folder.path() + "/errors";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), folder.read("output"), folder.read("errors")};
+}
+
+int32_t linesIn(const std::string& text) {
+    return static_cast<int32_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+/// The joined log of the only flight in the folder.
+std::vector<LogLine> onlyLog(const TemporaryFolder& folder) {
+    std::string name;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path() + "/rof/data"))
+        if (entry.path().string().find(")[0].txt") != std::string::npos) {
+            EXPECT_EQ(name, "") << "a second log";
+            name = "rof/data/" + entry.path().filename().string();
+        }
+    std::vector<std::string> pieces;
+    const size_t number = name.size() - 6; // of the "0" in "[0].txt"
+    for (int32_t i = 0; has(folder, name.substr(0, number) + std::to_string(i) + "].txt"); ++i)
+        pieces.push_back(folder.read(name.substr(0, number) + std::to_string(i) + "].txt"));
+    return linesOf(pieces);
+}
+
+} // namespace
+
+TEST(Program, TellsWrongCallsFromFailures) {
+    const TemporaryFolder folder;
+    const std::string rof = folder.path() + "/rof";
+    Call result = call(folder, "");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.errors.find("Usage: wingtally-standin DIR"), result.errors.npos);
+    EXPECT_EQ(call(folder, rof + " --fly --seed x").status, 2);
+    EXPECT_FALSE(has(folder, "rof")) << "a wrong call does nothing";
+    EXPECT_EQ(call(folder, "--help").status, 0);
+
+    result = call(folder, rof + " --fly");
+    EXPECT_EQ(result.status, 1) << "no mission";
+    EXPECT_EQ(linesIn(result.errors), 1) << result.errors;
+    folder.write(MissionPath, replaced(smallMission(), "AILevel = 2", "AILevel = 7"));
+    result = call(folder, rof + " --fly");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(linesIn(result.errors), 1) << result.errors;
+    EXPECT_EQ(call(folder, rof + " --watch --once").status, 1);
+    EXPECT_EQ(call(folder, "/dev/null/rof").status, 1);
+}
+
+TEST(Program, FliesAndSaysSo) {
+    const TemporaryFolder folder;
+    Call result = call(folder, folder.path() + "/rof");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(has(folder, "rof/data/startup.cfg"));
+    folder.write(MissionPath, missionText(sixPlanes()));
+    result = call(folder, folder.path() + "/rof" + " --fly --seed 11 --kill-player");
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_NE(result.output.find("seed 11"), result.output.npos) << result.output;
+    EXPECT_NE(result.output.find("Erich Sommer/7 (you), "), result.output.npos) << result.output;
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(humanPartOf(onlyLog(folder)).dead);
+}
+
+TEST(Program, EndsCleanlyWhenInterrupted) {
+    const TemporaryFolder folder;
+    folder.write(MissionPath, missionText(sixPlanes()));
+    // Two looks half a second apart, then a piece each half second until the interrupt.
+    const Call result =
+        call(folder, folder.path() + "/rof" + " --watch --seed 2 --slow --speed 60 --quiet",
+             "timeout --preserve-status -s INT 2.4 ");
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output + result.errors, "");
+    const std::vector<LogLine> log = onlyLog(folder);
+    EXPECT_GT(log.size(), 5U) << "it was flying";
+    EXPECT_FALSE(humanPartOf(log).ended) << "and the log just stops";
+}
+
+} // namespace standin

@@ -1,0 +1,226 @@
+#include "tools/standin/StandIn.h"
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "engine/core/Clock.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tools/standin/LogRules.h"
+#include "tests/tools/standin/TestMission.h"
+
+namespace standin {
+
+namespace {
+
+constexpr const char* MissionPath = "data/Missions/WingtallyMission.Mission";
+constexpr const char* Stamp = "2024-05-02_20-15-33";
+
+bool has(const TemporaryFolder& folder, const std::string& name) {
+    return std::filesystem::exists(folder.path() + "/" + name);
+}
+
+std::string pieceName(const std::string& stamp, size_t piece) {
+    return "data/missionReport(" + stamp + ")[" + std::to_string(piece) + "].txt";
+}
+
+/// The pieces of a log, in order, without gaps.
+std::vector<std::string> piecesOf(const TemporaryFolder& folder, const std::string& stamp = Stamp) {
+    std::vector<std::string> pieces;
+    while (has(folder, pieceName(stamp, pieces.size())))
+        pieces.push_back(folder.read(pieceName(stamp, pieces.size())));
+    return pieces;
+}
+
+FlightOptions pinned(uint32_t seed) {
+    FlightOptions options;
+    options.seed = seed;
+    options.stamp = Stamp;
+    return options;
+}
+
+void prepare(const TemporaryFolder& folder) {
+    zel::String error;
+    ASSERT_TRUE(makeSimulatorFolder(folder.path(), error)) << error.c_str();
+    folder.write(MissionPath, missionText(sixPlanes()));
+}
+
+FlightSummary flown(const TemporaryFolder& folder, const FlightOptions& options) {
+    FlightSummary summary;
+    zel::String error;
+    EXPECT_TRUE(flyMission(folder.path(), "WingtallyMission.Mission", options, error, &summary))
+        << error.c_str();
+    return summary;
+}
+
+std::string errorOf(const TemporaryFolder& folder, const std::string& mission,
+                    const FlightOptions& options) {
+    zel::String error;
+    return flyMission(folder.path(), mission, options, error, nullptr) ? "" : error.c_str();
+}
+
+} // namespace
+
+TEST(StandIn, MakesASimulatorFolder) {
+    const TemporaryFolder folder;
+    zel::String error;
+    ASSERT_TRUE(makeSimulatorFolder(folder.path() + "/deep/rof", error)) << error.c_str();
+    EXPECT_TRUE(has(folder, "deep/rof/data/Missions"));
+    const std::string startup = folder.read("deep/rof/data/startup.cfg");
+    EXPECT_NE(startup.find("mission_text_log = 1\r\n"), startup.npos);
+    const std::string own = "[KEY = system]\r\n\tmission_text_log = 0\r\n[END]";
+    folder.write("deep/rof/data/startup.cfg", own);
+    ASSERT_TRUE(makeSimulatorFolder(folder.path() + "/deep/rof", error));
+    EXPECT_EQ(folder.read("deep/rof/data/startup.cfg"), own) << "somebody's own stays as it is";
+    folder.write("file", "");
+    EXPECT_FALSE(makeSimulatorFolder(folder.path() + "/file", error));
+    EXPECT_FALSE(makeSimulatorFolder("", error));
+}
+
+TEST(StandIn, FliesTheSameMissionTheSameWay) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    const FlightSummary summary = flown(folder, pinned(9));
+    EXPECT_TRUE(summary.finished);
+    EXPECT_EQ(summary.seed, 9U);
+    EXPECT_EQ(summary.logName, "missionReport(2024-05-02_20-15-33)[0].txt");
+    const std::vector<std::string> pieces = piecesOf(folder);
+    EXPECT_EQ(pieces.size(), static_cast<size_t>(summary.pieces));
+    expectRules(pieces, true);
+    // The second log may not touch the first; it takes the next second.
+    EXPECT_EQ(flown(folder, pinned(9)).logName, "missionReport(2024-05-02_20-15-34)[0].txt");
+    EXPECT_EQ(piecesOf(folder, "2024-05-02_20-15-34"), pieces);
+    FlightOptions other = pinned(10);
+    flown(folder, other);
+    EXPECT_NE(piecesOf(folder, "2024-05-02_20-15-35"), pieces);
+}
+
+TEST(StandIn, NamesTheLogByTheWallClock) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    zel::setWallTimeSource([] { return zel::WallTime{2017, 12, 31, 23, 59, 59}; });
+    FlightOptions options;
+    options.seed = 3;
+    EXPECT_EQ(flown(folder, options).logName, "missionReport(2017-12-31_23-59-59)[0].txt");
+    EXPECT_EQ(flown(folder, options).logName, "missionReport(2018-01-01_00-00-00)[0].txt");
+    zel::setWallTimeSource(nullptr);
+}
+
+TEST(StandIn, SumsTheFlightUp) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    int32_t victories = 0;
+    for (uint32_t seed = 1; seed <= 20; ++seed) {
+        FlightOptions options = pinned(seed);
+        options.stamp = "2024-01-01_00-00-" + std::to_string(10 + seed);
+        const FlightSummary summary = flown(folder, options);
+        const std::vector<LogLine> lines = linesOf(piecesOf(folder, options.stamp));
+        const HumanPart human = humanPartOf(lines);
+        ASSERT_EQ(summary.planes.size(), 6U);
+        EXPECT_TRUE(summary.planes[0].isPlayer);
+        EXPECT_EQ(summary.planes[0].dead, human.dead) << "seed " << seed;
+        EXPECT_EQ(summary.planes[0].lost, human.planeLost) << "seed " << seed;
+        victories += summary.planes[0].victories;
+        EXPECT_NE(describe(summary).find("Erich Sommer/7 (you)"), std::string::npos);
+    }
+    EXPECT_GT(victories, 0);
+}
+
+TEST(StandIn, HeedsItsOptions) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    FlightOptions options = pinned(4);
+    options.killPlayer = options.woundPlayer = true;
+    flown(folder, options);
+    EXPECT_TRUE(humanPartOf(linesOf(piecesOf(folder))).dead) << "death goes before a wound";
+
+    options = pinned(4);
+    options.stamp = "2024-05-02_21-00-00";
+    options.woundPlayer = options.breakOff = true;
+    EXPECT_FALSE(flown(folder, options).finished);
+    const HumanPart wounded = humanPartOf(linesOf(piecesOf(folder, options.stamp)));
+    EXPECT_GT(wounded.wounds, 0) << "the wound stands in the log, although it breaks off";
+    EXPECT_FALSE(wounded.dead || wounded.finished || wounded.ended);
+
+    options = pinned(4);
+    options.stamp = "2024-05-02_22-00-00";
+    options.truncateLastPiece = true;
+    flown(folder, options);
+    EXPECT_NE(piecesOf(folder, options.stamp).back().back(), '\n');
+}
+
+TEST(StandIn, WritesPieceByPiece) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    std::vector<double> waits;
+    std::vector<size_t> written;
+    FlightOptions options = pinned(5);
+    options.delay = 7;
+    options.piecePause = 1.5;
+    options.wait = [&](double seconds) {
+        waits.push_back(seconds);
+        written.push_back(piecesOf(folder).size());
+        return true;
+    };
+    const FlightSummary summary = flown(folder, options);
+    ASSERT_EQ(waits.size(), static_cast<size_t>(summary.pieces) + 1);
+    EXPECT_DOUBLE_EQ(waits[0], 7);
+    EXPECT_DOUBLE_EQ(waits[1], 1.5);
+    for (size_t i = 1; i < written.size(); ++i)
+        EXPECT_EQ(written[i], i - 1) << "a piece after each pause";
+}
+
+TEST(StandIn, StopsWhenItIsInterrupted) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    FlightOptions options = pinned(5);
+    options.piecePause = 30;
+    int32_t left = 3;
+    options.wait = [&](double) { return left-- > 0; };
+    const FlightSummary summary = flown(folder, options);
+    EXPECT_TRUE(summary.interrupted);
+    EXPECT_FALSE(summary.finished);
+    EXPECT_EQ(piecesOf(folder).size(), 3U);
+    options.delay = 1;
+    left = 0;
+    EXPECT_EQ(flown(folder, options).pieces, 0);
+}
+
+TEST(StandIn, SaysWhyItDoesNotFly) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    const std::string data = folder.path() + "/data";
+    EXPECT_EQ(errorOf(folder, "Other.Mission", pinned(1)),
+              data + "/Missions: no mission Other.Mission lies there");
+    folder.write("data/Missions/Broken.Mission",
+                 replaced(smallMission(), "AILevel = 2", "AILevel = 7"));
+    const std::string broken = errorOf(folder, "Broken.Mission", pinned(1));
+    EXPECT_EQ(broken.rfind(data + "/Missions/Broken.Mission:", 0), 0U) << broken;
+    EXPECT_NE(broken.find(": AILevel lies outside of 0 to 4"), broken.npos) << broken;
+    for (const char* stamp : {"today", "2024-05-02", "2024-5-2_20-15-33", "2024-05-02_20-15-33x"}) {
+        FlightOptions options = pinned(1);
+        options.stamp = stamp;
+        EXPECT_NE(errorOf(folder, "WingtallyMission.Mission", options), "") << stamp;
+    }
+    folder.write("data/startup.cfg", "[KEY = system]\r\nmission_text_log = 0\r\n[END]\r\n");
+    EXPECT_NE(errorOf(folder, "WingtallyMission.Mission", pinned(1)).find("mission_text_log"),
+              std::string::npos);
+    EXPECT_TRUE(piecesOf(folder).empty()) << "nothing is written without a flight";
+}
+
+TEST(StandIn, FindsMissionsByEitherName) {
+    const TemporaryFolder folder;
+    prepare(folder);
+    folder.write("other/Second.Mission", smallMission());
+    zel::String error;
+    FlightSummary summary;
+    EXPECT_TRUE(flyMission(folder.path(), "other/Second.Mission", pinned(1), error, &summary));
+    EXPECT_EQ(summary.mission, "Second.Mission");
+    EXPECT_NE(piecesOf(folder)[0].find("MFile:Missions/Second.mission "), std::string::npos);
+    EXPECT_TRUE(flyMission(folder.path(), "data\\Missions\\WingtallyMission.Mission", pinned(1),
+                           error, &summary))
+        << error.c_str();
+    EXPECT_EQ(summary.mission, "WingtallyMission.Mission");
+}
+
+} // namespace standin

@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/CareerInvariants.h"
+#include "tests/support/PinnedRun.h"
+#include "tests/support/Printers.h"
+#include "tools/career/Session.h"
+#include "tools/standin/StandIn.h"
+
+namespace {
+
+/// A career over the delivered data, with a simulator that the stand-in plays.
+struct War {
+    explicit War(uint32_t seed) : run(seed), session(true, 0) {
+        zel::String error;
+        EXPECT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), error)) << error.c_str();
+    }
+    /// A flight and the period behind it. Invitations are accepted and refused by turns.
+    bool goOn(int32_t period) {
+        if (SquadronSimulator::invitationDue() &&
+            !(period % 3 == 0 ? session.refuseInvitation() : session.acceptInvitation()))
+            return false;
+        return session.mission() && session.fly() && session.report();
+    }
+
+    PinnedRun run;
+    Session session;
+    Database& career = *Database::instance();
+};
+
+/// What never goes back from one period to the next.
+struct Mark {
+    explicit Mark(const Database& career)
+        : date(career.calendar().dateNumber()), pilots(career.pilots.size()) {
+        for (const DataLine& line : career.dataLines)
+            applied += line.applied;
+        for (const Squadron& squadron : career.squadrons)
+            active += squadron.active;
+    }
+    int32_t date;
+    size_t pilots;
+    int32_t applied = 0;
+    int32_t active = 0;
+};
+
+/// A whole career from that month to the end of the war, looked at after each period.
+void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month) {
+    War war(seed);
+    ASSERT_TRUE(war.session.newCareer(service, year, month)) << war.session.problem().c_str();
+    ASSERT_EQ(careerFaults(war.career), "");
+    const int32_t nation = war.career.playerSquadron().nation;
+    EXPECT_EQ(nation, service == ServiceFrench    ? France
+                      : service == ServiceEnglish ? England
+                                                  : Germany);
+    EXPECT_GE(war.career.calendar().dateNumber(), year * 10000 + month * 100 + 1);
+
+    int32_t periods = 0;
+    while (war.career.calendar().dateNumber() < 19181111) {
+        const Mark before(war.career);
+        const int32_t player = war.career.playerPilot;
+        ASSERT_TRUE(war.goOn(periods)) << war.session.problem().c_str();
+        ++periods;
+        const Mark after(war.career);
+        ASSERT_EQ(careerFaults(war.career), "") << "on " << after.date;
+        ASSERT_GT(after.date, before.date);
+        ASSERT_GE(after.pilots, before.pilots);
+        ASSERT_GE(after.applied, before.applied);
+        ASSERT_GE(after.active, before.active);
+        ASSERT_EQ(war.career.player().alive, 1) << "a successor stands in for the fallen";
+        ASSERT_EQ(war.career.playerSquadron().nation, nation);
+        ASSERT_NE(war.career.pilots[static_cast<size_t>(player)].alive != 0,
+                  player != war.career.playerPilot)
+            << "none but a fallen player gives up his place";
+    }
+    EXPECT_LT(war.career.calendar().dateNumber(), 19181201);
+    EXPECT_GT(periods, (1918 - year) * 18) << "two or three periods a month";
+    EXPECT_FALSE(war.session.mission()) << "the war is over";
+
+    int32_t historic = 0;
+    for (const PilotFile& file : war.career.pilotFiles)
+        historic += file.joined;
+    EXPECT_GT(historic, 700) << "of the 873 named pilots of the history";
+    ASSERT_TRUE(war.session.save());
+    const std::string saved = war.run.save();
+    ASSERT_TRUE(war.session.load()) << war.session.problem().c_str();
+    EXPECT_EQ(careerFaults(war.career), "");
+    ASSERT_TRUE(war.session.save());
+    EXPECT_TRUE(war.run.save() == saved) << "a saved career comes back whole";
+}
+
+TEST(Wars, AreFoughtToTheirEndByTheFrench) {
+    fightTheWar(101, ServiceFrench, 1915, 12);
+    fightTheWar(102, ServiceFrench, 1916, 7);
+    fightTheWar(103, ServiceFrench, 1917, 4);
+    fightTheWar(104, ServiceFrench, 1918, 3);
+}
+
+TEST(Wars, AreFoughtToTheirEndByTheEnglish) {
+    fightTheWar(201, ServiceEnglish, 1915, 12);
+    fightTheWar(202, ServiceEnglish, 1916, 1);
+    fightTheWar(203, ServiceEnglish, 1917, 9);
+    fightTheWar(204, ServiceEnglish, 1918, 8);
+}
+
+TEST(Wars, AreFoughtToTheirEndByTheGermans) {
+    fightTheWar(301, ServiceGerman, 1915, 12);
+    fightTheWar(302, ServiceGerman, 1916, 12);
+    fightTheWar(303, ServiceGerman, 1917, 1);
+    fightTheWar(304, ServiceGerman, 1918, 10);
+}
+
+/// A career of a few months, as it is saved.
+std::string savedWar(uint32_t seed) {
+    War war(seed);
+    EXPECT_TRUE(war.session.newCareer(ServiceGerman, 1916, 9));
+    for (int32_t period = 0; period < 8; ++period)
+        EXPECT_TRUE(war.goOn(period)) << war.session.problem().c_str();
+    EXPECT_TRUE(war.session.save());
+    return war.run.save();
+}
+
+TEST(Wars, FollowFromTheirSeed) {
+    const std::string first = savedWar(77);
+    EXPECT_GT(first.size(), 500000u);
+    EXPECT_TRUE(savedWar(77) == first);
+    EXPECT_FALSE(savedWar(78) == first);
+}
+
+} // namespace
