@@ -44,6 +44,10 @@ quietly() {
     }
 }
 
+# What building takes, and what testing takes besides.
+build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev"
+test_packages="clang libclang-rt-14-dev libgtest-dev libbenchmark-dev xvfb xauth libgl1-mesa-dri"
+
 # build PRESET: configures and builds.
 build() {
     quietly "build/$1-configure.log" cmake --preset "$1"

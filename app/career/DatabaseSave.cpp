@@ -266,9 +266,10 @@ private:
 
 /// From the first day of a career to a little past the end of the war.
 bool couldBeOfThisWar(const Database& career) {
-    return career.calendar().dateNumber() >= FirstDay && career.year <= LastYear &&
-           career.month >= 1 && career.month <= 12 && career.day >= 1 &&
-           career.day <= Calendar::daysInMonth(career.year, career.month);
+    return career.year >= FirstYear && career.year <= LastYear && career.month >= 1 &&
+           career.month <= 12 && career.day >= 1 &&
+           career.day <= Calendar::daysInMonth(career.year, career.month) &&
+           career.calendar().dateNumber() >= FirstDay;
 }
 
 void clearRecords(Database& career) {
