@@ -34,5 +34,27 @@ function(wingtally_test name)
   target_link_libraries(${name} PRIVATE wingtally_flags ${ARG_LINKS} test_support GTest::gtest GTest::gtest_main)
   add_dependencies(${name} run_folder)
   gtest_discover_tests(${name} WORKING_DIRECTORY ${WINGTALLY_RUN_DIR} DISCOVERY_MODE PRE_TEST
-    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT 900)
+    PROPERTIES LABELS ${ARG_LABEL} TIMEOUT 900
+    ENVIRONMENT SDL_VIDEODRIVER=dummy ENVIRONMENT_MODIFICATION SDL_AUDIODRIVER=set:dummy)
+endfunction()
+
+find_program(WINGTALLY_XVFB_RUN xvfb-run)
+
+# wingtally_screen_test(NAME SOURCES file... LINKS library...): one GoogleTest program of windows
+# and pictures. It runs as one test, on a display of its own with OpenGL in software; label screens.
+function(wingtally_screen_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE wingtally_flags ${ARG_LINKS} test_support GTest::gtest GTest::gtest_main)
+  add_dependencies(${name} run_folder)
+  if(NOT WINGTALLY_XVFB_RUN)
+    message(WARNING "No xvfb-run: ${name} is built, but not among the tests")
+    return()
+  endif()
+  # A server that resets with its last client, as between two windows, loses the next one.
+  add_test(NAME ${name}
+    COMMAND ${WINGTALLY_XVFB_RUN} -a -s "-screen 0 1280x1024x24 -noreset" $<TARGET_FILE:${name}>
+    WORKING_DIRECTORY ${WINGTALLY_RUN_DIR})
+  set_tests_properties(${name} PROPERTIES LABELS screens TIMEOUT 600 RESOURCE_LOCK display
+    ENVIRONMENT "LIBGL_ALWAYS_SOFTWARE=1;SDL_AUDIODRIVER=dummy")
 endfunction()

@@ -122,8 +122,10 @@ private:
 /// How much of a key is a position clause glued to its front, as "POS(1,2,3)" is of "POS(1,2,3)ID".
 /// The clause itself is of no use here.
 size_t clauseLength(std::string_view key) {
-    const size_t end = key.find('(') != key.npos ? key.find(')') : key.npos;
-    return end != key.npos ? end + 1 : 0;
+    for (const char character : key) // most keys are a few letters: no call is cheaper
+        if (character == '(')
+            return key.find(')') + 1; // 0 without a ")"
+    return 0;
 }
 
 } // namespace
@@ -186,9 +188,9 @@ void CombatReport::parseLine(const zel::String& line) {
 int32_t CombatReport::findByObject(int32_t id) const {
     if (id < 0)
         return -1;
-    for (size_t i = 0; i < pilots.size(); ++i)
-        if (pilots[i].planeId == id || pilots[i].bodyId == id)
-            return static_cast<int32_t>(i);
+    for (const PilotReport& pilot : pilots)
+        if (pilot.planeId == id || pilot.bodyId == id)
+            return static_cast<int32_t>(&pilot - pilots.data());
     return -1;
 }
 

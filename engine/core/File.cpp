@@ -12,6 +12,7 @@ namespace zel {
 namespace {
 
 constexpr const char* Modes[] = {"rb", "wb", "r+b", "a+b"};
+constexpr size_t LineBufferSize = 65536; // bytes; it stays in the processor's cache
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 bool endsLine(char character) { return character == '\r' || character == '\n'; }
@@ -84,11 +85,10 @@ void File::close() {
         failed = true;
     position = 0;
     size = 0;
-    buffer.reset();
-    bufferLength = 0;
-    buffered = false;
-    readPosition = lineStart = lineEnd = 0;
-    hasNextFeed = false;
+    buffer.clear();
+    filled = readPosition = lineStart = lineEnd = 0;
+    nextFeed = Unknown;
+    readsLines = afterReturn = false;
     physicalLine = 1;
 }
 
@@ -97,46 +97,76 @@ bool File::readWhole(std::string& content) {
     return seek(0, 0) && read(content.data(), size);
 }
 
-void File::loadBuffer() {
-    buffered = true;
-    if (stream == nullptr)
+void File::beginLines() {
+    readsLines = true;
+    if (stream == nullptr || !seek(0, 0))
         return;
-    buffer.reset(new char[static_cast<size_t>(size)]); // not cleared first: logs are large
-    if (seek(0, 0) && read(buffer.get(), size))
-        bufferLength = static_cast<size_t>(size);
-    const std::string_view start(buffer.get(), std::min(bufferLength, ByteOrderMark.size()));
+    fillBuffer();
+    const std::string_view start(buffer.data(), std::min(filled, ByteOrderMark.size()));
     if (start == ByteOrderMark)
-        readPosition = lineStart = lineEnd = ByteOrderMark.size();
+        readPosition = ByteOrderMark.size();
+}
+
+/// Drops what lies in front of readPosition and reads on behind the rest. False at the file's end.
+bool File::fillBuffer() {
+    if (stream == nullptr)
+        return false;
+    const size_t rest = filled - readPosition;
+    if (rest > 0 && readPosition > 0)
+        std::memmove(buffer.data(), buffer.data() + readPosition, rest);
+    readPosition = 0;
+    nextFeed = Unknown;
+    filled = rest;
+    if (rest == buffer.size()) // a line longer than it was made for
+        buffer.resize(std::max(LineBufferSize, buffer.size() * 2));
+    const size_t count =
+        std::fread(buffer.data() + filled, 1, buffer.size() - filled, stream.get());
+    failed = failed || std::ferror(stream.get()) != 0;
+    filled += count;
+    position += static_cast<int32_t>(count);
+    return count > 0;
+}
+
+/// Place of the first carriage return or line feed; the end of the buffer if there is none.
+size_t File::lineEndFrom(size_t start) {
+    const char* text = buffer.data();
+    const auto find = [text](size_t from, size_t to, char character) {
+        const void* found = std::memchr(text + from, character, to - from);
+        return found != nullptr ? static_cast<size_t>(static_cast<const char*>(found) - text) : to;
+    };
+    if (nextFeed == Unknown || nextFeed < start)
+        nextFeed = find(start, filled, '\n');
+    return find(start, nextFeed, '\r');
 }
 
 bool File::hasLine() {
-    if (!buffered)
-        loadBuffer();
-    const char* text = buffer.get();
-    const size_t end = bufferLength;
-    size_t start = readPosition;
-    for (; start < end && (endsLine(text[start]) || text[start] == 0); ++start) {
-        const bool pairFollows = text[start] == '\r' && start + 1 < end && text[start + 1] == '\n';
-        if (endsLine(text[start]) && !pairFollows)
+    if (!readsLines)
+        beginLines();
+    for (;; ++readPosition) {
+        if (readPosition == filled && !fillBuffer())
+            return false;
+        const char character = buffer[readPosition];
+        if (!endsLine(character) && character != 0)
+            break;
+        if (character == '\r' || (character == '\n' && !afterReturn))
             ++physicalLine;
+        afterReturn = character == '\r';
     }
-    if (start == end)
-        return false;
-    lineStart = start;
-    if (nextFeed < start || !hasNextFeed) {
-        const void* feed = std::memchr(text + start, '\n', end - start);
-        nextFeed =
-            feed != nullptr ? static_cast<size_t>(static_cast<const char*>(feed) - text) : end;
-        hasNextFeed = true;
+    afterReturn = false;
+    lineEnd = lineEndFrom(readPosition);
+    while (lineEnd == filled) {
+        const size_t searched = filled - readPosition;
+        const bool goesOn = fillBuffer();
+        lineEnd = goesOn ? lineEndFrom(searched) : filled;
+        if (!goesOn)
+            break;
     }
-    lineEnd = nextFeed;
-    if (const void* back = std::memchr(text + start, '\r', lineEnd - start))
-        lineEnd = static_cast<size_t>(static_cast<const char*>(back) - text);
+    lineStart = readPosition;
     readPosition = lineEnd;
     return true;
 }
 
-std::string_view File::lineView() const { return {buffer.get() + lineStart, lineEnd - lineStart}; }
+std::string_view File::lineView() const { return {buffer.data() + lineStart, lineEnd - lineStart}; }
 
 bool File::exists(const String& name) {
     FILE* stream = name.empty() ? nullptr : system::openFile(name, "r");

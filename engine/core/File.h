@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/core/DataStream.h"
 #include "engine/core/String.h"
@@ -34,7 +36,7 @@ public:
     bool hasFailed() const { return failed; }
     bool atEnd() const { return position >= size; }
     int32_t fileSize() const { return size; }
-    int32_t bufferSize() const override { return static_cast<int32_t>(bufferLength); }
+    int32_t bufferSize() const override { return static_cast<int32_t>(filled); }
 
     /// Finds the next line; false at the end of the file. A line ends at a carriage return, a line
     /// feed or the end of the file; runs of these two and of zero bytes in front of a line are
@@ -42,7 +44,7 @@ public:
     bool hasLine();
     /// The line that hasLine() found, without its end.
     String getLine() const { return String(lineView()); }
-    /// The same without a copy; valid until the file is closed.
+    /// The same without a copy; valid until the next hasLine().
     std::string_view lineView() const;
     /// Number of that line in the file, as an editor counts: from 1, empty lines included.
     int32_t lineNumber() const { return physicalLine; }
@@ -57,21 +59,25 @@ private:
     struct Closer {
         void operator()(FILE* file) const { std::fclose(file); }
     };
-    void loadBuffer();
+    static constexpr size_t Unknown = SIZE_MAX;
+    void beginLines();
+    bool fillBuffer();
+    size_t lineEndFrom(size_t start);
 
     std::unique_ptr<FILE, Closer> stream;
     int32_t position = 0; // after the last read or write
     int32_t size = 0;
     bool failed = false;
 
-    std::unique_ptr<char[]> buffer; // the whole content, once lines are read
-    size_t bufferLength = 0;
-    bool buffered = false;
-    size_t readPosition = 0;
-    size_t lineStart = 0;
+    // For lines: the part of the file that is being read, which moves on as lines are taken.
+    std::vector<char> buffer;
+    size_t filled = 0;       // bytes of it that are in use
+    size_t readPosition = 0; // where the next line is looked for
+    size_t lineStart = 0;    // of the present line, and its end
     size_t lineEnd = 0;
-    size_t nextFeed = 0; // the first line feed from the last line on, or the end
-    bool hasNextFeed = false;
+    size_t nextFeed = Unknown; // the next line feed in the buffer, or its end
+    bool readsLines = false;
+    bool afterReturn = false; // a line feed now belongs to the carriage return before it
     int32_t physicalLine = 1;
 };
 

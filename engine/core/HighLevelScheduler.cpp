@@ -94,9 +94,9 @@ void HighLevelScheduler::dropEndedTasks() {
     for (size_t index = 0; index < tasks.size(); ++index)
         if (!tasks[index].ended)
             newIndex[index] = count++;
-    tasks.erase(std::remove_if(tasks.begin(), tasks.end(),
-                               [](const Task& task) { return task.ended; }),
-                tasks.end());
+    tasks.erase(
+        std::remove_if(tasks.begin(), tasks.end(), [](const Task& task) { return task.ended; }),
+        tasks.end());
     for (std::vector<int32_t>* order : {&runOrder, &nextOrder}) {
         for (int32_t& index : *order)
             index = newIndex[static_cast<size_t>(index)];
@@ -226,9 +226,9 @@ void HighLevelScheduler::runDeferred(std::vector<int32_t>& deferred) {
 bool HighLevelScheduler::isActiveNow(const Task& task) const {
     const StatesMachine& machine = StatesMachine::getInstance();
     for (State* state : {machine.getActiveState(), machine.getPreviousState()}) {
-        if (task.ownerState == nullptr ? !contains(task.excludedStates, state)
-                                       : state == task.ownerState ||
-                                             contains(task.includedStates, state))
+        if (task.ownerState == nullptr
+                ? !contains(task.excludedStates, state)
+                : state == task.ownerState || contains(task.includedStates, state))
             return true;
     }
     return false;

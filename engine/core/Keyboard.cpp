@@ -1,5 +1,6 @@
 #include "engine/core/Keyboard.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace zel {

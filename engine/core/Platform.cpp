@@ -1,6 +1,8 @@
 #include "engine/core/Platform.h"
 
 #include <algorithm>
+#include <csignal>
+#include <string_view>
 
 #include <SDL.h>
 
@@ -22,10 +24,13 @@ constexpr int32_t AllAppStates = SDL_APPMOUSEFOCUS | SDL_APPINPUTFOCUS | SDL_APP
 // What was tapped before the program was busy for so long isn't meant for what it shows now.
 constexpr uint32_t LongestLook = 1000; // milliseconds
 
-static_assert(KeyUp == SDLK_UP && KeyDown == SDLK_DOWN && KeyRight == SDLK_RIGHT &&
-              KeyLeft == SDLK_LEFT && KeyEnter == SDLK_KP_ENTER && KeyHome == SDLK_HOME &&
-              KeyEnd == SDLK_END && KeyPageUp == SDLK_PAGEUP && KeyPageDown == SDLK_PAGEDOWN &&
-              KeyDelete == SDLK_DELETE && KeyBackspace == SDLK_BACKSPACE);
+constexpr bool isSame(int32_t ours, int32_t sdls) { return ours == sdls; }
+static_assert(isSame(KeyUp, SDLK_UP) && isSame(KeyDown, SDLK_DOWN) &&
+              isSame(KeyRight, SDLK_RIGHT) && isSame(KeyLeft, SDLK_LEFT) &&
+              isSame(KeyEnter, SDLK_KP_ENTER) && isSame(KeyHome, SDLK_HOME) &&
+              isSame(KeyEnd, SDLK_END) && isSame(KeyPageUp, SDLK_PAGEUP) &&
+              isSame(KeyPageDown, SDLK_PAGEDOWN) && isSame(KeyDelete, SDLK_DELETE) &&
+              isSame(KeyBackspace, SDLK_BACKSPACE));
 
 /// The engine's number of an SDL button; -1 for those that it doesn't know. The right button is 2,
 /// the middle one 3.
@@ -74,6 +79,13 @@ Platform::Platform() {
         console("SDL_Init failed");
         log(String("SDL_Init failed: ") + SDL_GetError(), "Platform", LogError);
         return;
+    }
+    // SDL turns an interrupt into the closing of the window. Where none can be, it shall interrupt.
+    char driver[16] = "";
+    if (SDL_VideoDriverName(driver, sizeof driver) != nullptr &&
+        std::string_view(driver) == "dummy") {
+        std::signal(SIGINT, SIG_DFL);
+        std::signal(SIGTERM, SIG_DFL);
     }
     const SDL_VideoInfo* info = SDL_GetVideoInfo();
     if (info != nullptr) {

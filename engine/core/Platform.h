@@ -11,9 +11,9 @@ namespace zel {
 /// A key as it was pressed. Symbols are SDL's; those that have no character of their own stand
 /// below.
 struct Key {
-    int32_t symbol = 0;    // 0 for no key
-    char character = 0;    // in Windows-1252; 0 if it has none
-    int32_t unicode = 0;   // 0 if it has none
+    int32_t symbol = 0;     // 0 for no key
+    char character = 0;     // in Windows-1252; 0 if it has none
+    int32_t unicode = 0;    // 0 if it has none
     bool printable = false; // the character can stand in a text
     bool shift = false;     // held with it
     bool repeated = false;  // held down, and reported again
@@ -88,7 +88,7 @@ private:
 
     struct Press {
         bool held = false;
-        bool seen = false;      // a whole look has passed with the button down
+        bool seen = false;       // a whole look has passed with the button down
         bool wasVisible = false; // the present look began with the button down
         int32_t x = 0;
         int32_t y = 0;

@@ -71,10 +71,10 @@ public:
     static float getFadeSpeed() { return fadeSpeed; }
     static float getCrossFadeSpeed() { return crossFadeSpeed; }
 
-    int32_t getContentPhase() const { return contentPhase; }         // 0 entering, 1 leaving
-    float getContentProgress() const { return contentProgress; }     // 0 to 1, for effects of its own
-    int32_t getOpacityPhase() const { return opacityPhase; }         // 0 entering, 1 leaving
-    float getOpacity() const { return opacity; }                     // 0 to 1
+    int32_t getContentPhase() const { return contentPhase; }     // 0 entering, 1 leaving
+    float getContentProgress() const { return contentProgress; } // 0 to 1, for effects of its own
+    int32_t getOpacityPhase() const { return opacityPhase; }     // 0 entering, 1 leaving
+    float getOpacity() const { return opacity; }                 // 0 to 1
     int32_t getOpacityByte() const { return static_cast<int32_t>(opacity * 255); }
     bool isDrawnOnTop() const { return drawnOnTop; }
     int32_t getFlags() const { return flags; }

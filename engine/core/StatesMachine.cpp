@@ -18,9 +18,7 @@ namespace {
 constexpr const char* Category = "StatesMachine";
 constexpr size_t HistoryLength = 128;
 
-bool beginsBackwards(const String& name) {
-    return name.length() > 1 && name.view().front() == '<';
-}
+bool beginsBackwards(const String& name) { return name.length() > 1 && name.view().front() == '<'; }
 
 /// How far a phase has come, 0 to 1, and above 1 once it is over. A phase of no length that has
 /// only just begun is at its end, not over.
@@ -312,8 +310,8 @@ void StatesMachine::endCrossFade() {
 }
 
 void StatesMachine::advanceFadeIn() {
-    const double seconds =
-        transitionTimer.getSeconds() - static_cast<double>(phaseTime0) - static_cast<double>(phaseTime1);
+    const double seconds = transitionTimer.getSeconds() - static_cast<double>(phaseTime0) -
+                           static_cast<double>(phaseTime1);
     const float progress = progressOf(seconds, phaseTime2);
     activeState->setContent(0, std::min(progress, 1.0F));
     if (progress > 1) {

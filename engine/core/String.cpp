@@ -27,6 +27,23 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
 String::String(const char* text) : text(text != nullptr ? text : "") {}
 String::String(int32_t number) : text(std::to_string(number)) {}
 
+String& String::operator=(const String& other) {
+    if (this != &other) {
+        text = other.text;
+        companion = other.copyOfCompanion();
+    }
+    return *this;
+}
+
+std::unique_ptr<std::string> String::copyOfCompanion() const {
+    return companion != nullptr ? std::make_unique<std::string>(*companion) : nullptr;
+}
+
+const std::string& String::none() {
+    static const std::string empty;
+    return empty;
+}
+
 String& String::operator+=(int32_t number) {
     text += std::to_string(number);
     return *this;
@@ -43,7 +60,7 @@ String String::toLower() const {
 
 String String::trim(char character) const {
     String result(trimmed(text, character));
-    result.companion = companion;
+    result.companion = copyOfCompanion();
     return result;
 }
 

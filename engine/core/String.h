@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -25,9 +26,9 @@ public:
     String(std::string text) : text(std::move(text)) {}
     explicit String(char character) : text(1, character) {}
     String(int32_t number); // in decimal
-    String(const String&) = default;
+    String(const String& other) : text(other.text), companion(other.copyOfCompanion()) {}
     String(String&&) noexcept = default;
-    String& operator=(const String&) = default;
+    String& operator=(const String& other);
     String& operator=(String&&) noexcept = default;
     virtual ~String() = default;
 
@@ -90,12 +91,18 @@ public:
     /// nothing.
     void copyTo(char* buffer, int32_t size) const;
 
-    const std::string& secondText() const { return companion; }
-    void setSecondText(std::string_view newText) { companion = newText; }
+    const std::string& secondText() const { return companion != nullptr ? *companion : none(); }
+    void setSecondText(std::string_view newText) {
+        companion = std::make_unique<std::string>(newText);
+    }
 
 private:
     std::string text;
-    std::string companion;
+    // Hardly any text has one, and there are a hundred thousand texts in a long log.
+    std::unique_ptr<std::string> companion;
+
+    std::unique_ptr<std::string> copyOfCompanion() const;
+    static const std::string& none();
 };
 
 /// The same operations on a part of a text, without a copy. `lower` touches A to Z alone.

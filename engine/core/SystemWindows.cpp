@@ -4,8 +4,6 @@
 #include <sys/stat.h>
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include "engine/core/System.h"
 
 namespace zel::system {

@@ -33,6 +33,17 @@ bool isWebAddress(const String& address) {
     return text.substr(0, 7) == "http://" || text.substr(0, 8) == "https://";
 }
 
+/// The display reports a window's old size once more while it takes the new one: following that
+/// would throw the window to and fro. Reports of any other size stay in the queue.
+void dropResizesTo(int32_t width, int32_t height) {
+    SDL_PumpEvents();
+    SDL_Event reports[16];
+    const int count = SDL_PeepEvents(reports, 16, SDL_GETEVENT, SDL_VIDEORESIZEMASK);
+    for (int index = 0; index < count; ++index)
+        if (reports[index].resize.w != width || reports[index].resize.h != height)
+            SDL_PushEvent(&reports[index]);
+}
+
 bool hasState(int32_t bit) { return (Platform::getInstance().appState() & bit) != 0; }
 
 } // namespace
@@ -92,6 +103,9 @@ Window::~Window() {
 
 bool Window::setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen) {
     Canvas::getInstance().detach();
+    const SDL_Surface* old = SDL_GetVideoSurface();
+    const int32_t oldWidth = old != nullptr ? old->w : 0;
+    const int32_t oldHeight = old != nullptr ? old->h : 0;
     const SDL_VideoInfo* info = SDL_GetVideoInfo();
     videoFlags = SDL_OPENGL | SDL_DOUBLEBUF;
     if (info != nullptr && info->hw_available != 0)
@@ -112,6 +126,8 @@ bool Window::setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen) {
     width = std::max(1, surface->w); // full screen may come in another size
     height = std::max(1, surface->h);
     fullscreen = newFullscreen;
+    if (oldWidth != width || oldHeight != height)
+        dropResizesTo(oldWidth, oldHeight);
     Canvas::getInstance().attach(width, height);
     layOut();
     return true;
@@ -136,8 +152,7 @@ void Window::toggleFullscreen() {
     const bool wanted = !fullscreen;
     const int32_t newWidth = wanted && hasDesktop ? platform.getDesktopWidth() : windowedWidth;
     const int32_t newHeight = wanted && hasDesktop ? platform.getDesktopHeight() : windowedHeight;
-    if (!setMode(newWidth, newHeight, wanted) &&
-        !setMode(windowedWidth, windowedHeight, false))
+    if (!setMode(newWidth, newHeight, wanted) && !setMode(windowedWidth, windowedHeight, false))
         ZelLoop::quit();
 }
 
@@ -161,9 +176,7 @@ void Window::layOut() {
     }
     const Letterbox box = letterbox(width, height, simulatedWidth, simulatedHeight, centred);
     const auto number = [](float value) { return formatFloat(value); };
-    const auto design = [](int32_t size, float scale) {
-        return static_cast<float>(size) * scale;
-    };
+    const auto design = [](int32_t size, float scale) { return static_cast<float>(size) * scale; };
     log(box.barsAtTop ? "Horizontal black lines, top and bottom black border"
                       : "Vertical black lines, left and right black border",
         Category, LogInfo);

@@ -14,8 +14,8 @@ class Canvas;
 /// Where a picture of the design's size lies in a window, scaled alike in both directions.
 struct Letterbox {
     float scale = 1;
-    float offsetX = 0; // pixels from the left, whole
-    float offsetY = 0; // pixels from the top, whole
+    float offsetX = 0;      // pixels from the left, whole
+    float offsetY = 0;      // pixels from the top, whole
     bool barsAtTop = false; // else at the sides, or nowhere
 };
 /// `centre` false puts the picture at the upper left corner. REQUIRES: sizes above 0.
@@ -35,9 +35,9 @@ public:
     static Window* current() { return currentWindow; } // null without one
     static void destroy();
 
-    /// Shows what was drawn since the last call, then waits until the next frame is due: 15 ms after
-    /// the last one, 50 ms if the window hasn't the keyboard or is minimised. It first takes the
-    /// events that wait. A picture that is the same as the one shown isn't drawn again.
+    /// Shows what was drawn since the last call, then waits until the next frame is due: 15 ms
+    /// after the last one, 50 ms if the window hasn't the keyboard or is minimised. It first takes
+    /// the events that wait. A picture that is the same as the one shown isn't drawn again.
     void swapBuffers();
     /// Takes the events that wait. True once the player, or the system, wants the program to end.
     static bool pollQuit();

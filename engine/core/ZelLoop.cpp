@@ -46,6 +46,20 @@ public:
     void step() override { ImageHandler::getInstance().getQueue().step(); }
 };
 
+/// The rare task of keeping values in step with a remote service. Scripts can steer it; this
+/// program has no such service, so its turn passes.
+class SyncHandler : public UpdateObject {
+public:
+    void update() override {}
+
+    void join(HighLevelScheduler& scheduler) {
+        scheduler.addTask(this, nullptr);
+        scheduler.setTaskName(this, "SyncHandler");
+        scheduler.setTaskPriority(this, 6);
+        console("added SyncHandler to global scheduler");
+    }
+};
+
 ZelLoop* currentLoop = nullptr;
 
 } // namespace
@@ -61,6 +75,7 @@ std::vector<std::unique_ptr<UpdateObject>>& ZelLoop::persistentObjects() {
 
 ZelLoop::ZelLoop() {
     static BitmapLoading bitmapLoading;
+    static SyncHandler syncHandler;
     Platform::getInstance(); // before anything takes the time or writes a line
     currentLoop = this;
     startupBlankFrames = BlankFrames;
@@ -72,6 +87,7 @@ ZelLoop::ZelLoop() {
     app->init();
     Language::init();
     StatesMachine::getInstance().setBackgroundWork(&bitmapLoading);
+    syncHandler.join(HighLevelScheduler::getInstance());
     app->onLanguageSet();
     app->beforeServices();
     app->afterServices();

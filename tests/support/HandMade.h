@@ -38,8 +38,7 @@ inline int32_t addPilot(Database& career, int32_t squadron, std::string_view nam
 }
 
 /// A squadron whose pilots have those victories. Returns its index.
-inline int32_t squadronOf(Database& career, int32_t nation,
-                          const std::vector<int32_t>& shotdowns) {
+inline int32_t squadronOf(Database& career, int32_t nation, const std::vector<int32_t>& shotdowns) {
     const int32_t squadron = emptySquadron(career, nation);
     for (const int32_t count : shotdowns)
         addPilot(career, squadron, "Pilot " + std::to_string(career.pilots.size()), {5, count, 9});

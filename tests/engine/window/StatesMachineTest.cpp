@@ -1,0 +1,321 @@
+#include "engine/core/StatesMachine.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/core/BackgroundWork.h"
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/StateOverlay.h"
+#include "engine/core/ZelLoop.h"
+#include "tests/engine/window/ManualClock.h"
+#include "tests/engine/window/RecordingState.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+
+namespace zel {
+
+namespace {
+
+using Told = std::vector<std::string>;
+
+class StatesMachineTest : public testing::Test {
+protected:
+    StatesMachineTest() {
+        HighLevelScheduler::destroy();
+        State::setFadeSpeed(5);
+        State::setCrossFadeSpeed(3);
+    }
+    ~StatesMachineTest() override {
+        State::setFadeSpeed(1);
+        State::setCrossFadeSpeed(1);
+        HighLevelScheduler::destroy();
+        machine.reset();
+    }
+
+    /// One frame of that many milliseconds. Returns what was told in it.
+    Told frame(uint32_t milliseconds = 0) {
+        clock.advance(milliseconds);
+        told.clear();
+        machine.update();
+        return told;
+    }
+    void enter(State& state) {
+        machine.setActiveState(&state);
+        for (int32_t count = 0; count < 100 && !machine.isSettled(); ++count)
+            frame(50);
+        ASSERT_TRUE(machine.isSettled());
+    }
+
+    ManualClock clock;
+    Told told;
+    StatesMachine& machine = StatesMachine::getInstance();
+    RecordingState first{"first", told};
+    RecordingState second{"second", told};
+};
+
+TEST_F(StatesMachineTest, DeliversOneCallAFrameAndFadesInBetween) {
+    enter(first);
+    machine.setActiveState(&second);
+    EXPECT_EQ(frame(20), (Told{"first.onLeaving"}));
+    EXPECT_EQ(frame(20), (Told{"second.onFirstEnter"}));
+    EXPECT_EQ(frame(500), (Told{"second.onEnter", "second.reset"})) << "a slow load costs no fade";
+    EXPECT_EQ(frame(500), Told{}) << "the timer starts";
+
+    // 0.5 s divided by the speeds: 0.1 s out, 0.1667 s across, 0.1 s in.
+    frame(50);
+    EXPECT_EQ(machine.getPhase(), StatesMachine::FadeOut);
+    EXPECT_NEAR(first.getContentProgress(), 0.5, 0.01);
+    EXPECT_EQ(first.getContentPhase(), 1);
+    EXPECT_EQ(second.getOpacityByte(), 0);
+    frame(51);
+    EXPECT_EQ(machine.getPhase(), StatesMachine::CrossFade);
+    frame(82);
+    EXPECT_NEAR(second.getOpacity(), 0.5, 0.01) << "it comes up over the old one";
+    EXPECT_EQ(first.getOpacity(), 1);
+    frame(84);
+    EXPECT_EQ(machine.getPhase(), StatesMachine::FadeIn);
+    EXPECT_EQ(second.getOpacity(), 1);
+    EXPECT_EQ(machine.getPreviousState(), nullptr);
+    EXPECT_EQ(frame(1), (Told{"first.onLeave"}));
+    EXPECT_EQ(frame(1), (Told{"second.onEntered"}));
+    EXPECT_EQ(frame(1), Told{}) << "the schedulers' line";
+    frame(46);
+    EXPECT_NEAR(second.getContentProgress(), 0.5, 0.02);
+    EXPECT_FALSE(machine.isSettled());
+    frame(52);
+    EXPECT_TRUE(machine.isSettled());
+    EXPECT_EQ(second.getContentProgress(), 1);
+}
+
+TEST_F(StatesMachineTest, TheFirstStateFadesInOnly) {
+    machine.setActiveState(&first);
+    EXPECT_EQ(frame(), (Told{"first.onFirstEnter"}));
+    EXPECT_EQ(frame(), (Told{"first.onEnter", "first.reset"}));
+    frame();
+    frame();
+    EXPECT_EQ(machine.getPhase(), StatesMachine::CrossFade) << "phase 0 takes one frame";
+    frame();
+    EXPECT_EQ(machine.getPhase(), StatesMachine::FadeIn);
+    EXPECT_EQ(first.getOpacity(), 1);
+    EXPECT_EQ(frame(), (Told{"first.onEntered"}));
+}
+
+TEST_F(StatesMachineTest, ASecondEnteringHasNoFirst) {
+    enter(first);
+    enter(second);
+    machine.setActiveState(&first);
+    EXPECT_EQ(frame(), (Told{"second.onLeaving"}));
+    EXPECT_EQ(frame(), Told{}) << "but the frame passes";
+    EXPECT_EQ(frame(), (Told{"first.onEnter", "first.reset"}));
+}
+
+TEST_F(StatesMachineTest, PhasesOfNoLengthEndAtOnce) {
+    first.setFadeTimes(0, 0, 0);
+    second.setFadeTimes(0, 0, 0);
+    enter(first);
+    machine.setActiveState(&second);
+    for (int32_t call = 0; call < 4; ++call)
+        frame();
+    frame();
+    EXPECT_EQ(first.getContentProgress(), 0) << "a division of 0 by 0 is the end, not no number";
+    for (int32_t count = 0; count < 8; ++count)
+        frame(1);
+    EXPECT_TRUE(machine.isSettled());
+    EXPECT_EQ(second.getContentProgress(), 1);
+}
+
+TEST_F(StatesMachineTest, AStateOnTopComesFromAboveAndGoesUpwards) {
+    RecordingState top("top", told, State::DrawnOnTop);
+    enter(first);
+    machine.setActiveState(&top);
+    EXPECT_TRUE(machine.isNewStateOnTop());
+    enter(top);
+    for (int32_t count = 0; count < 40; ++count)
+        frame(50);
+    machine.setActiveState(&second);
+    EXPECT_FALSE(machine.isNewStateOnTop()) << "the leaving one lies above the new one";
+    for (int32_t call = 0; call < 4; ++call)
+        frame();
+    frame(101);
+    EXPECT_EQ(second.getOpacity(), 1);
+    frame(83);
+    EXPECT_NEAR(top.getOpacity(), 0.5, 0.01) << "and dissolves";
+    told.clear();
+    machine.render();
+    EXPECT_EQ(told, (Told{"second.render", "top.render"}));
+}
+
+TEST_F(StatesMachineTest, DrawsTheOldStateFirstAndLeavesOutTheInvisible) {
+    enter(first);
+    machine.setActiveState(&second);
+    told.clear();
+    machine.render();
+    EXPECT_EQ(told, (Told{"first.render"})) << "the new one is at opacity 0";
+    for (int32_t call = 0; call < 4; ++call)
+        frame();
+    frame(101);
+    frame(80);
+    told.clear();
+    machine.render();
+    EXPECT_EQ(told, (Told{"first.render", "second.render"}));
+}
+
+TEST_F(StatesMachineTest, FollowsARequestOnlyWhenIdle) {
+    enter(first);
+    RecordingState third("third", told);
+    first.setTransition("second");
+    frame();
+    EXPECT_EQ(machine.getActiveState(), &second);
+    second.setTransition("first");
+    second.setTransition("<third");
+    frame();
+    EXPECT_EQ(machine.getActiveState(), &second) << "it waits for the fade";
+    for (int32_t count = 0; count < 40 && machine.getActiveState() == &second; ++count)
+        frame(50);
+    EXPECT_EQ(machine.getActiveState(), &third) << "the later request counts, without its sign";
+    EXPECT_FALSE(second.isTransitionRequested());
+}
+
+TEST_F(StatesMachineTest, SaysOnceWhatItCannotFollow) {
+    enter(first);
+    LogCapture log;
+    first.setTransition("nowhere");
+    for (int32_t count = 0; count < 5; ++count)
+        frame(20);
+    EXPECT_EQ(log.linesWith("Requested state nowhere is unknown"), 1);
+    EXPECT_EQ(log.linesWith("New state: NULL"), 0);
+    first.setTransition("first");
+    for (int32_t count = 0; count < 5; ++count)
+        frame(20);
+    EXPECT_EQ(log.linesWith("New active state is already current state"), 1);
+    first.setAutoTransition("nobody", 0);
+    for (int32_t count = 0; count < 5; ++count)
+        frame(20);
+    EXPECT_EQ(log.linesWith("Requested state nobody is unknown"), 1);
+    EXPECT_EQ(machine.getActiveState(), &first);
+}
+
+TEST_F(StatesMachineTest, FindsStatesByName) {
+    EXPECT_EQ(machine.getState("<second"), &second);
+    EXPECT_EQ(machine.getState("Second"), nullptr) << "names are case-sensitive";
+    EXPECT_EQ(machine.getState("<"), nullptr) << "looked up as it stands";
+    RecordingState odd("<", told);
+    EXPECT_EQ(machine.getState("<"), &odd);
+    RecordingState twin("second", told);
+    EXPECT_EQ(machine.getState("second"), &second) << "the first one keeps the name";
+}
+
+TEST_F(StatesMachineTest, ATransitionUnderWayStandsWhenItsTargetIsSetAgain) {
+    enter(first);
+    machine.setActiveState(&second);
+    for (int32_t call = 0; call < 4; ++call)
+        frame();
+    frame(50);
+    const float progress = first.getContentProgress();
+    machine.setActiveState(&second);
+    frame();
+    EXPECT_EQ(first.getContentProgress(), progress);
+    EXPECT_EQ(machine.getPreviousState(), &first);
+    {
+        LogCapture log;
+        machine.setActiveState(nullptr);
+        EXPECT_EQ(log.linesWith("New state: NULL"), 1);
+    }
+    EXPECT_EQ(machine.getActiveState(), &second);
+}
+
+TEST_F(StatesMachineTest, ChangesByItself) {
+    enter(first);
+    first.setAutoTransition(&second, 3600);
+    frame(1000);
+    EXPECT_EQ(machine.getActiveState(), &first);
+    first.setAutoTransition("second", 0);
+    frame(1);
+    EXPECT_EQ(machine.getActiveState(), &second);
+}
+
+TEST_F(StatesMachineTest, KeepsTheLast128Names) {
+    for (int32_t count = 0; count < 130; ++count)
+        machine.setActiveState(count % 2 == 0 ? &first : &second);
+    ASSERT_EQ(machine.getHistory().size(), 128U);
+    EXPECT_EQ(machine.getHistory().back(), "second");
+}
+
+TEST_F(StatesMachineTest, WithNothingToShowTheProgramEnds) {
+    LogCapture log;
+    frame();
+    EXPECT_TRUE(log.holds("!! "));
+    EXPECT_TRUE(log.holds("Unknown state and no default state set"));
+    EXPECT_TRUE(ZelLoop::isQuitRequested());
+}
+
+TEST_F(StatesMachineTest, TakesTheDefaultState) {
+    machine.setDefaultState(&second);
+    frame();
+    EXPECT_EQ(machine.getActiveState(), &second);
+    EXPECT_EQ(frame(), (Told{"second.onFirstEnter"}));
+}
+
+TEST_F(StatesMachineTest, ForgetsAStateThatEnds) {
+    enter(first);
+    {
+        RecordingState passing("passing", told);
+        first.setAutoTransition(&passing, 1);
+        HighLevelScheduler::getInstance().addTask(&passing, &passing);
+        machine.setActiveState(&passing);
+    }
+    EXPECT_EQ(machine.findState("passing"), nullptr);
+    EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 0U);
+    machine.setActiveState(&second);
+    for (int32_t count = 0; count < 40; ++count)
+        frame(50);
+    EXPECT_TRUE(machine.isSettled());
+}
+
+class CountingOverlay : public StateOverlay {
+public:
+    explicit CountingOverlay(Told& told) : told(told) {}
+    void update() override {}
+    void render() override {}
+    void activate() override { told.emplace_back("activate"); }
+    void deactivate() override { told.emplace_back("deactivate"); }
+    void onFirstEnter() override { told.emplace_back("overlay.onFirstEnter"); }
+
+private:
+    Told& told;
+};
+
+TEST_F(StatesMachineTest, TellsAPictureThatTwoStatesShareOnce) {
+    Told seen;
+    CountingOverlay picture(seen);
+    first.setBackgroundOverlay(&picture);
+    second.setBackgroundOverlay(&picture);
+    enter(first);
+    machine.setActiveState(&second);
+    EXPECT_TRUE(machine.sharesBackgroundOverlay());
+    EXPECT_FALSE(machine.sharesForegroundOverlay()) << "none isn't the same as none";
+    for (int32_t count = 0; count < 40; ++count)
+        frame(50);
+    EXPECT_FALSE(machine.sharesBackgroundOverlay()) << "only during a transition";
+    EXPECT_EQ(picture.getUserCount(), 1);
+    EXPECT_EQ(seen, (Told{"overlay.onFirstEnter", "activate"})) << "its users never fell to 0";
+}
+
+TEST_F(StatesMachineTest, DoesOneStepOfBackgroundWorkAFrame) {
+    struct Work : BackgroundWork {
+        int32_t left = 2;
+        bool hasWork() const override { return left > 0; }
+        void step() override { --left; }
+    } work;
+    enter(first);
+    machine.setBackgroundWork(&work);
+    frame();
+    EXPECT_EQ(work.left, 1);
+    frame();
+    frame();
+    EXPECT_EQ(work.left, 0);
+    machine.setBackgroundWork(nullptr);
+}
+
+} // namespace
+
+} // namespace zel

@@ -1,0 +1,55 @@
+#include "engine/core/Window.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/LogCapture.h"
+
+namespace zel {
+
+namespace {
+
+TEST(Letterbox, KeepsTheDesignsShape) {
+    const Letterbox wide = letterbox(1600, 900, 1024, 768, true);
+    EXPECT_FLOAT_EQ(wide.scale, 900.0F / 768);
+    EXPECT_EQ(wide.offsetX, 200) << "(1600 - 1024 * 900 / 768) / 2";
+    EXPECT_EQ(wide.offsetY, 0);
+    EXPECT_FALSE(wide.barsAtTop);
+
+    const Letterbox tall = letterbox(1280, 1024, 1024, 768, true);
+    EXPECT_FLOAT_EQ(tall.scale, 1.25F);
+    EXPECT_EQ(tall.offsetX, 0);
+    EXPECT_EQ(tall.offsetY, 32) << "(1024 - 768 * 1.25) / 2";
+    EXPECT_TRUE(tall.barsAtTop);
+
+    const Letterbox same = letterbox(1024, 768, 1024, 768, true);
+    EXPECT_EQ(same.scale, 1);
+    EXPECT_EQ(same.offsetX, 0);
+    EXPECT_EQ(same.offsetY, 0);
+}
+
+TEST(Letterbox, RoundsUpAndCentresOnRequest) {
+    EXPECT_EQ(letterbox(1025, 768, 1024, 768, true).offsetX, 1) << "half a pixel";
+    const Letterbox corner = letterbox(1600, 900, 1024, 768, false);
+    EXPECT_EQ(corner.offsetX, 0);
+    EXPECT_FLOAT_EQ(corner.scale, 900.0F / 768);
+}
+
+TEST(Window, IsNotThereWithoutADisplay) {
+    setenv("DISPLAY", "", 1);
+    unsetenv("SDL_VIDEODRIVER");
+    LogCapture log;
+    EXPECT_FALSE(Window::create(1024, 768, 32));
+    EXPECT_EQ(Window::current(), nullptr);
+    EXPECT_TRUE(log.holds("[Window] SDL_SetVideoMode failed")) << log.text();
+}
+
+TEST(Window, OpensWebAddressesOnly) {
+    LogCapture log;
+    Window::openUrl("file:///etc/passwd");
+    Window::openUrl("--help");
+    EXPECT_EQ(log.linesWith("Not a web address"), 2);
+}
+
+} // namespace
+
+} // namespace zel

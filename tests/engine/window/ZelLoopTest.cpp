@@ -1,0 +1,160 @@
+#include "engine/core/ZelLoop.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Shutdown.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/ZelApp.h"
+#include "tests/engine/window/ManualClock.h"
+#include "tests/engine/window/RecordingState.h"
+#include "tests/support/LogCapture.h"
+
+namespace {
+
+std::vector<std::string> told;
+void tell(const char* what) { told.emplace_back(what); }
+
+/// What the loop of these tests builds.
+class OwnedState : public RecordingState {
+public:
+    explicit OwnedState(const char* name) : RecordingState(name, ::told) {}
+    ~OwnedState() override { ::told.push_back("end of " + std::string(getName().view())); }
+};
+
+} // namespace
+
+ZelApp::ZelApp() { tell("ZelApp"); }
+ZelApp::~ZelApp() { tell("end of ZelApp"); }
+void ZelApp::init() { tell("init"); }
+void ZelApp::onLanguageSet() { tell("onLanguageSet"); }
+void ZelApp::beforeServices() { tell("beforeServices"); }
+void ZelApp::afterServices() { tell("afterServices"); }
+void ZelApp::beforeMenus() { tell("beforeMenus"); }
+void ZelApp::initMenus() {
+    tell("initMenus");
+    zel::ZelLoop::registerPersistent(std::make_unique<OwnedState>("start"));
+    zel::ZelLoop::registerPersistent(std::make_unique<OwnedState>("other"));
+}
+void ZelApp::onStarted() { tell("onStarted"); }
+zel::String ZelApp::getFirstStateName() { return "start"; }
+void ZelApp::onPause() { tell("onPause"); }
+void ZelApp::onContinue() { tell("onContinue"); }
+void ZelApp::onShutdown() { tell("onShutdown"); }
+void ZelApp::onDestroy() { tell("onDestroy"); }
+void ZelApp::releaseDatabase() { tell("releaseDatabase"); }
+void ZelApp::releaseMenus() { tell("releaseMenus"); }
+
+namespace zel {
+
+namespace {
+
+using Told = std::vector<std::string>;
+
+Told taken() { return std::exchange(told, {}); }
+
+class ZelLoopTest : public testing::Test {
+protected:
+    ZelLoopTest() {
+        StatesMachine::getInstance().reset();
+        HighLevelScheduler::destroy();
+        told.clear();
+    }
+    void steps(ZelLoop& loop, int32_t count, uint32_t milliseconds = 20) {
+        for (; count > 0; --count) {
+            clock.advance(milliseconds);
+            loop.step();
+        }
+    }
+
+    LogCapture log; // there is no language and no window here, and both say so
+    ManualClock clock;
+};
+
+TEST_F(ZelLoopTest, BuildsAndEndsInOrder) {
+    setShutdownStep(ShutdownStep::Themes, [] { tell("themes"); });
+    setShutdownStep(ShutdownStep::Sounds, [] { tell("sounds"); });
+    {
+        ZelLoop loop;
+        EXPECT_EQ(taken(), (Told{"ZelApp", "init", "onLanguageSet", "beforeServices",
+                                 "afterServices", "beforeMenus", "initMenus", "onStarted"}));
+        HighLevelScheduler::getInstance().addTask(StatesMachine::getInstance().getState("start"),
+                                                  nullptr);
+    }
+    EXPECT_EQ(taken(),
+              (Told{"onShutdown", "onDestroy", "end of other", "end of start", "releaseDatabase",
+                    "releaseMenus", "sounds", "themes", "end of ZelApp"}));
+    EXPECT_FALSE(HighLevelScheduler::exists());
+    EXPECT_EQ(StatesMachine::getInstance().findState("start"), nullptr);
+    EXPECT_EQ(StatesMachine::getInstance().findState("quitApp"), nullptr);
+    setShutdownStep(ShutdownStep::Themes, nullptr);
+    setShutdownStep(ShutdownStep::Sounds, nullptr);
+}
+
+TEST_F(ZelLoopTest, GivesTheRareTaskItsPlace) {
+    ZelLoop loop;
+    EXPECT_TRUE(log.holds("added SyncHandler to global scheduler"));
+    EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U);
+}
+
+TEST_F(ZelLoopTest, ShowsNothingForFiveFrames) {
+    ZelLoop loop;
+    taken();
+    steps(loop, 5);
+    EXPECT_EQ(StatesMachine::getInstance().getActiveState(), nullptr);
+    EXPECT_EQ(taken(), Told{});
+    steps(loop, 1);
+    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"})) << "entered and told in the sixth";
+}
+
+TEST_F(ZelLoopTest, QuitsByAState) {
+    ZelLoop loop;
+    steps(loop, 60);
+    StatesMachine::getInstance().getActiveState()->setTransition("quitApp");
+    taken();
+    EXPECT_FALSE(ZelLoop::isFinished());
+    for (int32_t frame = 0; frame < 200 && !ZelLoop::isFinished(); ++frame)
+        steps(loop, 1);
+    EXPECT_TRUE(ZelLoop::isQuitRequested());
+    const Told all = taken();
+    EXPECT_NE(std::find(all.begin(), all.end(), "start.onLeave"), all.end())
+        << "the screen that was left has heard of it";
+    EXPECT_FALSE(loop.run());
+    EXPECT_EQ(taken().back(), "onShutdown");
+}
+
+TEST_F(ZelLoopTest, RestartsWithEverythingNew) {
+    {
+        ZelLoop loop;
+        steps(loop, 10);
+        ZelLoop::restart();
+        EXPECT_TRUE(loop.run());
+    }
+    taken();
+    ZelLoop again;
+    EXPECT_EQ(taken().size(), 8U) << "the whole start once more";
+    EXPECT_FALSE(ZelLoop::isFinished());
+    steps(again, 5);
+    EXPECT_EQ(StatesMachine::getInstance().getActiveState(), nullptr);
+    steps(again, 1);
+    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"}));
+}
+
+TEST_F(ZelLoopTest, PausesOnce) {
+    ZelLoop loop;
+    steps(loop, 60);
+    taken();
+    setSuspendStep(
+        ShutdownStep::Sounds, [] { tell("suspend"); }, [] { tell("resume"); });
+    ZelLoop::onPause();
+    ZelLoop::onPause();
+    EXPECT_EQ(taken(), (Told{"onPause", "start.onPause", "suspend"}));
+    ZelLoop::onContinue();
+    ZelLoop::onContinue();
+    EXPECT_EQ(taken(), (Told{"start.onContinue", "onContinue", "resume"}));
+    setSuspendStep(ShutdownStep::Sounds, nullptr, nullptr);
+}
+
+} // namespace
+
+} // namespace zel
