@@ -1,0 +1,251 @@
+"""Bitmap fonts: baking from outline fonts, and setting text glyph by glyph.
+
+BitFont.write() puts a font on disk in the binary BMFont form, version 3, with one page: 256
+records, whose ids are the bytes of Windows-1252, in their order. The program looks kerning up by
+first byte x number of records + second byte, and only 256 records make that a place of its own for
+every pair.
+
+Pictures draw their texts through BitFont.draw(), which places whole glyph bitmaps at whole pixels,
+the way the program does, so a line is exactly as wide in a picture as on the screen.
+"""
+import math
+import os
+import struct
+import subprocess
+
+import numpy as np
+from PIL import Image, ImageDraw, ImageFont
+from scipy import ndimage
+
+from pixels import fbm, over, rgb, with_alpha
+
+SCALE = 4        # glyphs are drawn this much larger, then reduced
+PAD = 4          # pixels around a glyph while it is drawn
+GAP = 1          # pixels between glyphs on the page
+KERNING_PX = 400  # size at which kerning is measured
+INVISIBLE = 0.01  # alpha
+
+# What is drawn for a character that an outline font lacks.
+STAND_INS = {'Œ': 'OE', 'œ': 'oe', '…': '...', '™': 'TM', '‹': '<', '›': '>', 'ˆ': '^',
+             'ƒ': 'f', '€': 'EUR', 'µ': 'μ'}
+
+_files = None
+
+
+def font_file(name):
+    """Path of an installed font file by its file name."""
+    global _files
+    if _files is None:
+        out = subprocess.run(['fc-list', '--format', '%{file}\n'], capture_output=True, text=True, check=True).stdout
+        _files = {os.path.basename(f): f for f in out.split('\n')}
+    if name not in _files:
+        raise SystemExit('font file %s is not installed' % name)
+    return _files[name]
+
+
+def character(code):
+    """The character of a byte of Windows-1252; None for control codes and the five free bytes."""
+    if code < 32 or code == 127:
+        return None
+    try:
+        return bytes([code]).decode('cp1252')
+    except UnicodeDecodeError:
+        return None
+
+
+def drawn_text(font, code):
+    """What is drawn for a byte; None for nothing."""
+    ch = character(code)
+    if ch is None or bytes(font.getmask(ch)) != bytes(font.getmask('\uffff')):
+        return ch
+    if ch.isspace() or ch == '\xad':
+        return ch
+    if ch not in STAND_INS:
+        raise SystemExit('%s lacks %r, and nothing stands in for it' % (font.path, ch))
+    return STAND_INS[ch]
+
+
+class BitFont:
+    """One bitmap font.
+
+    weight above 1 thickens what anti-aliasing thinned. advance: a fixed one, in pixels; by letter
+    if None. style: 'white', 'engraved', or 'ink:#RRGGBB'. typed: how much ink a ribbon loses.
+    """
+
+    def __init__(self, name, file, px, weight=1.25, advance=None, style='white', typed=0.0):
+        self.name, self.px, self.style = name, px, style
+        font = ImageFont.truetype(font_file(file), int(round(px * SCALE)))
+        ascent, descent = font.getmetrics()
+        self.base = math.ceil(ascent / SCALE)
+        self.line_height = self.base + math.ceil(descent / SCALE)
+        self.glyphs = {}  # byte: picture, x offset, y offset, advance
+        for code in range(256):
+            text = drawn_text(font, code)
+            if text is None:
+                self.glyphs[code] = (np.zeros((1, 1, 4), np.float32), 0, 0, 0)
+                continue
+            step = advance if advance else int(round(font.getlength(text) / SCALE))
+            alpha = self._shape(font, text, self.base * SCALE - ascent)
+            if advance and len(text) > 1:
+                alpha = self._squeezed(alpha, advance)
+            alpha = np.clip(alpha, 0, 1) ** (1 / weight)
+            if typed:
+                n = fbm(alpha.shape[1], alpha.shape[0], 5, 5, code * 7 + 3, 2)
+                alpha = np.clip(alpha * (1 - typed * np.clip(n + 0.25, 0, 1)), 0, 1)
+            self.glyphs[code] = self._cut(self._inked(alpha)) + (step,)
+        self.kerning = {} if advance else self._measure_kerning(file)
+
+    def _shape(self, font, text, top):
+        w = math.ceil(font.getlength(text) / SCALE) + 2 * PAD + 4
+        h = self.line_height + 2 * PAD
+        im = Image.new('L', (w * SCALE, h * SCALE), 0)
+        ImageDraw.Draw(im).text((PAD * SCALE, PAD * SCALE + top), text, font=font, fill=255)
+        return np.asarray(im.resize((w, h), Image.BOX)).astype(np.float32) / 255
+
+    @staticmethod
+    def _squeezed(alpha, advance):
+        """Several letters in the place of one."""
+        h, w = alpha.shape
+        width = advance + 2 * PAD
+        im = Image.fromarray(alpha, 'F').resize((width, h), Image.BOX)
+        return np.asarray(im)
+
+    def _inked(self, alpha):
+        if self.style == 'engraved':
+            dark = with_alpha(rgb('#2A1805'), alpha)
+            edge = np.clip(ndimage.shift(alpha, (1.0, 0.6), order=1), 0, 1) * 0.55
+            return over(with_alpha(rgb('#FFF0C0'), edge), dark)
+        if self.style.startswith('ink:'):
+            return with_alpha(rgb(self.style[4:]), alpha)
+        return with_alpha(np.ones(3, np.float32), alpha)
+
+    @staticmethod
+    def _cut(glyph):
+        """The picture without its empty rim, and where it lies."""
+        ys, xs = np.where(glyph[..., 3] > INVISIBLE)
+        if len(ys) == 0:
+            return np.zeros((1, 1, 4), np.float32), 0, 0
+        y0, y1, x0, x1 = ys.min(), ys.max() + 1, xs.min(), xs.max() + 1
+        return glyph[y0:y1, x0:x1], int(x0 - PAD), int(y0 - PAD)
+
+    def _measure_kerning(self, file):
+        """Whole pixels by pair of bytes; below a little over half a pixel it isn't worth a jump."""
+        font = ImageFont.truetype(font_file(file), KERNING_PX)
+        plain = ['-liga', '-clig', '-dlig', '-calt']
+        letters = [(c, character(c)) for c in range(33, 256)]
+        letters = [(c, ch) for c, ch in letters
+                   if ch and drawn_text(font, c) == ch and (ch.isalnum() or ch in '.,-:;\'"()‘’“”–')]
+        one = {c: font.getlength(ch) for c, ch in letters}
+        kerning = {}
+        for a, first in letters:
+            for b, second in letters:
+                together = font.getlength(first + second, features=plain)
+                amount = (together - one[a] - one[b]) * self.px / KERNING_PX
+                if abs(amount) >= 0.6:
+                    kerning[(a, b)] = int(round(amount))
+        return kerning
+
+    # -- measuring, breaking, drawing
+
+    def width(self, text):
+        w, last = 0, None
+        for code in text.encode('cp1252'):
+            w += self.glyphs[code][3] + self.kerning.get((last, code), 0)
+            last = code
+        return w
+
+    def wrap(self, text, width):
+        lines = []
+        for part in text.split('\n'):
+            line = ''
+            for word in part.split(' '):
+                longer = word if not line else line + ' ' + word
+                if line and self.width(longer) > width:
+                    lines.append(line)
+                    line = word
+                else:
+                    line = longer
+            lines.append(line)
+        return lines
+
+    def draw(self, dst, text, x, y, color):
+        """Sets one line with the top of its line box at y; color is AARRGGBB."""
+        alpha = int(color[:2], 16) / 255
+        tint = rgb(color)
+        last = None
+        for code in text.encode('cp1252'):
+            glyph, ox, oy, advance = self.glyphs[code]
+            x += self.kerning.get((last, code), 0)
+            tinted = glyph.copy()
+            tinted[..., :3] *= tint
+            over(dst, tinted, x + ox, y + oy, alpha)
+            x += advance
+            last = code
+
+    # -- on disk
+
+    def _placed(self, width, height):
+        """Where each glyph lies on a page of that size, tallest first; None if they don't fit."""
+        places = {}
+        x = y = GAP
+        row = 0
+        for code, (glyph, *_rest) in sorted(self.glyphs.items(), key=lambda kv: -kv[1][0].shape[0]):
+            gh, gw = glyph.shape[:2]
+            if x + gw + GAP > width:
+                x, y, row = GAP, y + row + GAP, 0
+            if y + gh + GAP > height:
+                return None
+            places[code] = (x, y)
+            x += gw + GAP
+            row = max(row, gh)
+        return places
+
+    def _page(self):
+        side = 128
+        while True:
+            for size in ((side, side), (2 * side, side)):
+                places = self._placed(*size)
+                if places:
+                    break
+            if places:
+                break
+            side *= 2
+        page = np.zeros((size[1], size[0], 4), np.float32)
+        for code, (x, y) in places.items():
+            glyph = self.glyphs[code][0]
+            page[y:y + glyph.shape[0], x:x + glyph.shape[1]] = glyph
+        # What is transparent takes the colour of the nearest ink: where the picture is drawn
+        # enlarged, the neighbours' colours run into the rim of a letter.
+        if self.style == 'white':
+            page[..., :3] = 1
+        else:
+            distance, nearest = ndimage.distance_transform_edt(page[..., 3] <= INVISIBLE, return_indices=True)
+            page[..., :3] = page[nearest[0], nearest[1], :3]
+            page[distance > 2, :3] = page[0, 0, :3]  # farther off nothing shows, and even packs well
+        return page, places
+
+    def write(self, folder):
+        """Writes NAME.fnt and NAME.png."""
+        page, places = self._page()
+        pixels = (page * 255 + 0.5).astype(np.uint8)
+        Image.fromarray(pixels, 'RGBA').save(os.path.join(folder, self.name + '.png'), optimize=True)
+        height, width = pixels.shape[:2]
+
+        def block(kind, data):
+            return struct.pack('<BI', kind, len(data)) + data
+
+        info = struct.pack('<hBBHBBBBBBBB', int(round(self.px)), 0, 0, 100, 1, 0, 0, 0, 0, GAP, GAP, 0)
+        common = struct.pack('<HHHHHBBBBB', self.line_height, self.base, width, height, 1, 0, 0, 0, 0, 0)
+        characters = b''
+        for code in range(256):
+            glyph, ox, oy, advance = self.glyphs[code]
+            x, y = places[code]
+            characters += struct.pack('<IHHHHhhhBB', code, x, y, glyph.shape[1], glyph.shape[0],
+                                      ox, oy, advance, 0, 15)
+        out = b'BMF\x03' + block(1, info + self.name.encode() + b'\0') + block(2, common)
+        out += block(3, (self.name + '.png').encode() + b'\0') + block(4, characters)
+        if self.kerning:
+            pairs = sorted(self.kerning.items())
+            out += block(5, b''.join(struct.pack('<IIh', a, b, amount) for (a, b), amount in pairs))
+        with open(os.path.join(folder, self.name + '.fnt'), 'wb') as f:
+            f.write(out)

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/core/String.h"
+
+namespace zel {
+
+/// In which order the three colours of a pixel lie; a fourth byte is always alpha.
+enum class ChannelOrder : uint8_t { Rgb, Bgr };
+
+/// Longest side of a picture, in pixels, that any reader accepts.
+constexpr int32_t MaxPictureSide = 8192;
+
+/// What a reader makes of a file: a buffer of pixels with the picture in it.
+///
+/// Row 0 is the bottom line, as OpenGL takes it, and rows follow each other without padding. Where
+/// the buffer is larger than the picture, the picture stands in the last rows and at the start of
+/// each, and the rest is 0; so line y of the picture, counted from the top, is row height - 1 - y.
+struct BitmapData {
+    int32_t width = 0; // of the buffer
+    int32_t height = 0;
+    int32_t pictureWidth = 0; // of the picture in it
+    int32_t pictureHeight = 0;
+    int32_t depth = 0; // bytes per pixel: 3 or 4
+    ChannelOrder order = ChannelOrder::Rgb;
+    std::vector<uint8_t> pixels;
+
+    size_t rowSize() const { return static_cast<size_t>(width) * static_cast<size_t>(depth); }
+    /// A line of the picture, counted from the top. REQUIRES: 0 <= y < pictureHeight.
+    const uint8_t* line(int32_t y) const {
+        return pixels.data() + static_cast<size_t>(height - 1 - y) * rowSize();
+    }
+    uint8_t* line(int32_t y) {
+        return pixels.data() + static_cast<size_t>(height - 1 - y) * rowSize();
+    }
+    /// The same, as ARGB: one number a pixel, pictureWidth of them. Alpha is 255 where the picture
+    /// has none. REQUIRES: 0 <= y < pictureHeight.
+    void lineArgb(int32_t y, uint32_t* result) const;
+};
+
+/// One picture: its pixels in memory, which stay there, and a texture once it was drawn.
+///
+/// The pixels need no window. The texture belongs to whoever draws: he makes it at the first
+/// drawing, tells of it by textureMade(), and sets the function that gives it back.
+class Bitmap {
+public:
+    Bitmap() = default;
+    virtual ~Bitmap();
+    Bitmap(const Bitmap&) = delete;
+    Bitmap& operator=(const Bitmap&) = delete;
+
+    /// Reads the file by the first reader that accepts its header: ZEL, BMP, and then everything
+    /// that stb_image decodes. powerOfTwo: the buffer's sides become powers of two.
+    /// On error: false and a log line; the bitmap is without pixels, and drawing it draws nothing.
+    bool load(const String& fileName, bool powerOfTwo);
+    /// Takes a picture made in memory; `name` stands for the file name. On error (a depth other
+    /// than 3 and 4, a side out of range, a buffer of another size): false and a log line.
+    bool assign(BitmapData newData, const String& name);
+    /// Lets go of pixels and texture.
+    void unload();
+
+    bool isLoaded() const { return !data.pixels.empty(); }
+    const String& getName() const { return name; }
+    int32_t width() const { return data.pictureWidth; } // of the picture; 0 without pixels
+    int32_t height() const { return data.pictureHeight; }
+    const BitmapData& getData() const { return data; }
+    /// ARGB of a pixel, y counted from the top; 0 outside the picture.
+    uint32_t pixelAt(int32_t x, int32_t y) const;
+
+    // The texture. A bitmap that is drawn is constant to all but the canvas.
+    struct Texture {
+        uint32_t handle = 0;     // 0: none
+        uint32_t generation = 0; // of the window that it was made in, as the canvas counts
+        bool refused = false;    // could not be made; said once, not tried again
+    };
+    const Texture& getTexture() const { return texture; }
+    void textureMade(uint32_t handle, uint32_t generation) const;
+    /// Remembers that no texture can be made of it, until the next load.
+    void refuseTexture() const { texture.refused = true; }
+    /// Gives the texture back. The next drawing makes a new one out of the pixels.
+    void dropTexture() const;
+    /// Forgets a texture that died with its window.
+    void textureLost() const;
+    /// The function that deletes a texture by its handle; null, as at the start, for none.
+    static void setTextureRelease(void (*release)(uint32_t handle));
+
+    /// Bytes of all pixel buffers, and of all textures, at this moment.
+    static int64_t systemMemory();
+    static int64_t graphicsMemory();
+
+private:
+    bool adopt(BitmapData& newData, const String& newName);
+
+    String name;
+    BitmapData data;
+    mutable Texture texture;
+};
+
+} // namespace zel

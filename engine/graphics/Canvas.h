@@ -1,0 +1,149 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/graphics/CanvasSide.h"
+#include "engine/graphics/Rect.h"
+
+namespace zel {
+
+enum class Blend : uint8_t { Normal, Additive };
+
+struct Point {
+    float x;
+    float y;
+};
+
+/// A corner of a drawn picture: where it goes, in design pixels, and which point of the bitmap's
+/// picture lies there, in pixels from its top left.
+struct Corner {
+    float x, y;
+    float u, v;
+};
+
+/// One rectangle of a bitmap, to be drawn into a rectangle of the design.
+struct Quad {
+    Rect source;   // pixels of the picture
+    Rect target;   // design pixels
+    uint32_t argb; // multiplied with the picture's colours; 0xFFFFFFFF leaves them
+};
+
+/// The engine's drawing surface: design pixels, y down, colours as 0xAARRGGBB.
+///
+/// There is one, whether a window exists or not. Without one, every drawing call returns at once;
+/// so nothing that draws need ask. With one, the calls of a frame are collected, those of the same
+/// texture are joined where the order of overlapping ones allows it, and all are sent when the
+/// window shows the frame: a texture run costs one draw call. A frame that is the same as the one
+/// before isn't sent at all.
+class Canvas {
+public:
+    static Canvas& getInstance();
+
+    /// Begins a frame: what was drawn before is dropped, the whole window, bars included, is black.
+    void clearWindow();
+    /// Fills the design's rectangle. Under an alpha below 255 what lies there shines through.
+    void clear(uint32_t argb);
+    void fill(const Rect& target, uint32_t argb);
+    /// The whole picture, or a part of it, stretched into the target. A bitmap without pixels
+    /// draws nothing, here and below.
+    void draw(const Bitmap& bitmap, const Rect& target, uint32_t argb = 0xFFFFFFFF);
+    void draw(const Bitmap& bitmap, const Rect& source, const Rect& target,
+              uint32_t argb = 0xFFFFFFFF);
+    /// For turned and mirrored pictures; the corners in the order of the rim.
+    void draw(const Bitmap& bitmap, const Corner (&corners)[4], uint32_t argb = 0xFFFFFFFF);
+    /// Many parts of one bitmap at once, moved by `offset`, their colours multiplied with `tint`.
+    void draw(const Bitmap& bitmap, const std::vector<Quad>& quads, Point offset = {0, 0},
+              uint32_t tint = 0xFFFFFFFF);
+
+    void setBlend(Blend newBlend) { blend = newBlend; }
+    Blend getBlend() const { return blend; }
+    /// Multiplied with the alpha of all that is drawn, 0 to 255; 255 at the start of a frame.
+    void setAlpha(int32_t newAlpha);
+    int32_t getAlpha() const { return alpha; }
+    /// Clips to the rectangle (design pixels) and to all those pushed before it.
+    void pushClip(const Rect& clip);
+    void popClip();
+
+    /// From design pixels to window pixels; the window sets them.
+    void setGlobalScale(float scaleX, float scaleY);
+    void setGlobalOffset(float x, float y);
+    /// Window pixels, y down.
+    void setGlobalScissor(int32_t x, int32_t y, int32_t width, int32_t height);
+    float getGlobalScaleX() const { return globalScaleX; }
+    float getGlobalScaleY() const { return globalScaleY; }
+    float getGlobalOffsetX() const { return globalOffsetX; }
+    float getGlobalOffsetY() const { return globalOffsetY; }
+
+    // The window's side. A context of OpenGL is current in all of them.
+    void attach(int32_t windowWidth, int32_t windowHeight);
+    void detach(); // all textures leave the card; they are sent again when drawn again
+    /// Gives a bitmap's texture back.
+    void releaseTexture(uint32_t handle);
+    bool isAttached() const;
+    int32_t getMaximumTextureSize() const; // 0 without a window
+    /// Sends the frame if it differs from the one shown last. Returns whether there is something to
+    /// show.
+    bool finishFrame();
+    /// The next frame is sent in any case.
+    void invalidate();
+    /// The window as drawn so far, three bytes a pixel (R, G, B), the top line first; empty without
+    /// a window.
+    std::vector<uint8_t> readPixels();
+
+    /// What the last frame that was sent took.
+    int32_t getStateChanges() const;
+    int32_t getDrawCalls() const;
+    /// Frames sent since the start.
+    int32_t getFramesSent() const { return framesSent; }
+
+    /// One call of a draw list, for tests: "fill" or the bitmap's name, source, target (design
+    /// pixels; of a turned picture the rectangle around it), colour with the alpha taken in.
+    struct Record {
+        std::string name;
+        Rect source;
+        Rect target;
+        uint32_t argb;
+    };
+    /// Writes every call into the list, with or without a window; clearWindow() empties it. Null
+    /// ends it.
+    void setRecorder(std::vector<Record>* list) { recorder = list; }
+
+private:
+    struct ClipRect {
+        int32_t x, y, width, height; // window pixels
+    };
+
+    Canvas();
+    ~Canvas() = default;
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+
+    bool isIdle() const;
+    /// The colour with the alpha taken in; an alpha of 0 means that there is nothing to draw.
+    uint32_t shaded(uint32_t argb) const;
+    const ClipRect& currentClip() const;
+    Rect toWindow(const Rect& target) const;
+    void record(const String& name, const Rect& source, const Rect& target, uint32_t argb);
+    std::vector<Vertex>& run(uint32_t texture, const Rect& bounds);
+
+    CanvasSide side;
+    DrawBatch frame; // what has been drawn since the frame began
+    DrawBatch shown; // what the window shows
+    bool begun = false;
+    bool sent = false;  // the frame is in the card's hands already
+    bool spoilt = true; // what the window shows can't be relied on
+    std::vector<ClipRect> clips;
+    ClipRect scissor{0, 0, 1024, 768}; // without a window some screen's size, for draw lists
+    Blend blend = Blend::Normal;
+    int32_t alpha = 255;
+    float globalScaleX = 1;
+    float globalScaleY = 1;
+    float globalOffsetX = 0;
+    float globalOffsetY = 0;
+    int32_t framesSent = 0;
+    std::vector<Record>* recorder = nullptr;
+};
+
+} // namespace zel

@@ -1,0 +1,252 @@
+#include "engine/graphics/CanvasSide.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include <SDL_opengl.h>
+
+#include "engine/core/Log.h"
+#include "engine/graphics/Canvas.h"
+
+namespace zel {
+
+namespace {
+
+constexpr uint32_t White = 0; // number of the texture of a single white pixel
+
+GLenum pixelFormat(const BitmapData& data) {
+    if (data.order == ChannelOrder::Rgb)
+        return data.depth == 4 ? GL_RGBA : GL_RGB;
+    return data.depth == 4 ? GL_BGRA : GL_BGR;
+}
+
+GLuint newTexture() {
+    GLuint name = 0;
+    glGenTextures(1, &name);
+    glBindTexture(GL_TEXTURE_2D, name);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+    return name;
+}
+
+/// Repeats the picture's lower and right edge one pixel into the buffer's rest, where there is one:
+/// a picture that is drawn larger would show the rest through at its edges.
+void repeatEdges(const BitmapData& data) {
+    const GLenum format = pixelFormat(data);
+    const int32_t below = data.height - data.pictureHeight - 1; // row 0 is the bottom line
+    if (below >= 0)
+        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, below, data.pictureWidth, 1, format, GL_UNSIGNED_BYTE,
+                        data.line(data.pictureHeight - 1));
+    if (data.pictureWidth == data.width)
+        return;
+    const auto depth = static_cast<size_t>(data.depth);
+    const int32_t start = std::max(0, below);
+    std::vector<uint8_t> column; // from that row up, the corner taken in
+    for (int32_t row = start; row < data.height; ++row) {
+        const int32_t y = std::min(data.height - 1 - row, data.pictureHeight - 1);
+        const uint8_t* last = data.line(y) + (static_cast<size_t>(data.pictureWidth) - 1) * depth;
+        column.insert(column.end(), last, last + depth);
+    }
+    glTexSubImage2D(GL_TEXTURE_2D, 0, data.pictureWidth, start, 1, data.height - start, format,
+                    GL_UNSIGNED_BYTE, column.data());
+}
+
+/// Where a part of a frame's corners lies, as OpenGL wants to be told.
+const void* at(const std::vector<Vertex>& vertices, size_t offset) {
+    return reinterpret_cast<const uint8_t*>(vertices.data()) + offset;
+}
+
+} // namespace
+
+void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
+    attached = true;
+    width = windowWidth;
+    height = windowHeight;
+    ++generation;
+    blend = static_cast<uint32_t>(Blend::Normal);
+    clipping = false;
+    clip = {};
+    GLint reported = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &reported);
+    maximumTextureSize = reported;
+    log("Maximum texture size: " + String(maximumTextureSize), "Canvas", LogInfo);
+
+    glViewport(0, 0, width, height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    glOrtho(0, width, height, 0, -1, 1); // window pixels, y down
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_CULL_FACE);
+    glDisable(GL_LIGHTING);
+    glDisable(GL_SCISSOR_TEST);
+    glEnable(GL_TEXTURE_2D);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glClearColor(0, 0, 0, 1);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glEnableClientState(GL_COLOR_ARRAY);
+    makeWhite();
+}
+
+void CanvasSide::detach() {
+    if (!attached)
+        return;
+    for (const auto& [number, name] : textures)
+        glDeleteTextures(1, &name);
+    textures.clear();
+    attached = false;
+    maximumTextureSize = 0;
+}
+
+void CanvasSide::makeWhite() {
+    static constexpr uint8_t Pixel[] = {255, 255, 255, 255};
+    textures[White] = newTexture();
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, 1, 1, 0, GL_RGBA, GL_UNSIGNED_BYTE, Pixel);
+    boundNumber = White;
+}
+
+uint32_t CanvasSide::textureOf(const Bitmap& bitmap) {
+    const Bitmap::Texture& texture = bitmap.getTexture();
+    if (texture.handle != 0 && texture.generation == generation)
+        return texture.handle;
+    if (!bitmap.isLoaded() || texture.refused)
+        return 0;
+    const BitmapData& data = bitmap.getData();
+    bitmap.textureLost();
+    uint32_t number = 0;
+    if (data.depth != 3 && data.depth != 4) {
+        log("Bitmap: illegal depth", "Bitmap", LogError);
+        log("Illegal depth: " + String(data.depth), "Bitmap", LogError);
+    } else if (std::max(data.width, data.height) > maximumTextureSize) {
+        log(bitmap.getName() + " is too large for this graphics card: " + data.width + " x " +
+                data.height,
+            "Bitmap", LogError);
+    } else {
+        number = upload(data);
+        if (number == 0)
+            log("No graphics memory for " + bitmap.getName(), "Bitmap", LogError);
+    }
+    if (number == 0)
+        bitmap.refuseTexture();
+    else
+        bitmap.textureMade(number, generation);
+    return number;
+}
+
+uint32_t CanvasSide::upload(const BitmapData& data) {
+    while (glGetError() != GL_NO_ERROR) {
+    }
+    const GLuint name = newTexture();
+    boundNumber = lastNumber + 1;
+    glTexImage2D(GL_TEXTURE_2D, 0, data.depth == 4 ? GL_RGBA8 : GL_RGB8, data.width, data.height, 0,
+                 pixelFormat(data), GL_UNSIGNED_BYTE, data.pixels.data());
+    repeatEdges(data);
+    if (glGetError() != GL_NO_ERROR) {
+        glDeleteTextures(1, &name);
+        return 0;
+    }
+    textures[++lastNumber] = name;
+    return lastNumber;
+}
+
+void CanvasSide::release(uint32_t number) {
+    const auto found = textures.find(number);
+    if (found == textures.end() || number == White)
+        return;
+    glDeleteTextures(1, &found->second);
+    textures.erase(found);
+}
+
+void CanvasSide::send(const DrawBatch& batch) {
+    stateChanges = 0;
+    drawCalls = 0;
+    clearWindow();
+    if (batch.empty())
+        return;
+    setArrays(batch);
+    GLint first = 0;
+    for (size_t index = 0; index < batch.size(); ++index) {
+        const DrawBatch::Run& run = batch[index];
+        const auto count = static_cast<GLsizei>(run.vertices.size());
+        if (count > 0 && bind(run.key.texture)) {
+            apply(run.key);
+            glDrawArrays(GL_QUADS, first, count);
+            ++drawCalls;
+        }
+        first += count;
+    }
+}
+
+// The bars as well: after a swap nobody knows what is in them.
+void CanvasSide::clearWindow() {
+    if (clipping) {
+        glDisable(GL_SCISSOR_TEST);
+        ++stateChanges;
+    }
+    clipping = false;
+    glClear(GL_COLOR_BUFFER_BIT);
+}
+
+void CanvasSide::setArrays(const DrawBatch& batch) {
+    vertices.clear();
+    for (size_t index = 0; index < batch.size(); ++index)
+        vertices.insert(vertices.end(), batch[index].vertices.begin(), batch[index].vertices.end());
+    glVertexPointer(2, GL_FLOAT, sizeof(Vertex), at(vertices, offsetof(Vertex, x)));
+    glTexCoordPointer(2, GL_FLOAT, sizeof(Vertex), at(vertices, offsetof(Vertex, u)));
+    glColorPointer(4, GL_UNSIGNED_BYTE, sizeof(Vertex), at(vertices, offsetof(Vertex, red)));
+    stateChanges += 3;
+}
+
+bool CanvasSide::bind(uint32_t number) {
+    if (number == boundNumber && textures.count(number) != 0)
+        return true;
+    const auto found = textures.find(number);
+    if (found == textures.end())
+        return false; // given back since it was drawn
+    glBindTexture(GL_TEXTURE_2D, found->second);
+    boundNumber = number;
+    ++stateChanges;
+    return true;
+}
+
+void CanvasSide::apply(const DrawKey& key) {
+    if (key.blend != blend) {
+        blend = key.blend;
+        const bool adds = blend == static_cast<uint32_t>(Blend::Additive);
+        glBlendFunc(GL_SRC_ALPHA, adds ? GL_ONE : GL_ONE_MINUS_SRC_ALPHA);
+        ++stateChanges;
+    }
+    if (!clipping) {
+        glEnable(GL_SCISSOR_TEST);
+        clipping = true;
+        ++stateChanges;
+    }
+    const std::array<int32_t, 4> wanted{key.clipX, height - key.clipY - key.clipHeight,
+                                        key.clipWidth, key.clipHeight};
+    if (wanted != clip) {
+        clip = wanted;
+        glScissor(clip[0], clip[1], clip[2], clip[3]);
+        ++stateChanges;
+    }
+}
+
+std::vector<uint8_t> CanvasSide::readPixels() const {
+    const auto rowSize = static_cast<size_t>(width) * 3;
+    std::vector<uint8_t> bottomUp(rowSize * static_cast<size_t>(height));
+    glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bottomUp.data());
+    std::vector<uint8_t> pixels(bottomUp.size());
+    for (size_t row = 0; row < static_cast<size_t>(height); ++row)
+        std::copy_n(bottomUp.data() + row * rowSize, rowSize,
+                    pixels.data() + pixels.size() - (row + 1) * rowSize);
+    return pixels;
+}
+
+} // namespace zel

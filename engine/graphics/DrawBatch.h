@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "engine/graphics/Rect.h"
+
+namespace zel {
+
+/// A corner as it is sent to the card: window pixels, texture coordinates, colour.
+struct Vertex {
+    float x, y;
+    float u, v;
+    uint8_t red, green, blue, alpha;
+};
+static_assert(sizeof(Vertex) == 20);
+
+/// What all corners of one draw call have in common.
+struct DrawKey {
+    uint32_t texture = 0; // the canvas's number of it; 0 is plain white
+    uint32_t blend = 0;
+    int32_t clipX = 0, clipY = 0, clipWidth = 0, clipHeight = 0; // window pixels
+};
+bool operator==(const DrawKey& a, const DrawKey& b);
+inline bool operator!=(const DrawKey& a, const DrawKey& b) { return !(a == b); }
+
+/// The drawing of one frame: runs of rectangles, four corners each, that share a key.
+///
+/// A rectangle joins an earlier run of its key as long as it touches nothing that was drawn since;
+/// so a screen of buttons, each with its text on it, makes two runs, not two a button, and looks
+/// the same.
+class DrawBatch {
+public:
+    struct Run {
+        DrawKey key;
+        std::vector<Vertex> vertices;
+        std::vector<Rect> bounds; // what it covers, in pieces
+    };
+
+    void clear() { used = 0; }
+    bool empty() const { return used == 0; }
+    /// The corners to which those of a thing within `bounds` (window pixels) are to be appended.
+    std::vector<Vertex>& add(const DrawKey& key, const Rect& bounds);
+
+    size_t size() const { return used; }
+    const Run& operator[](size_t index) const { return runs[index]; }
+    /// Whether both draw the same.
+    bool operator==(const DrawBatch& other) const;
+
+private:
+    Run& newRun(const DrawKey& key);
+
+    std::vector<Run> runs; // those behind `used` only keep their memory
+    size_t used = 0;
+};
+
+} // namespace zel

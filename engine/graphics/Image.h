@@ -1,0 +1,72 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/graphics/Bitmap.h"
+#include "engine/graphics/Canvas.h"
+#include "engine/graphics/ImageIndex.h"
+
+namespace zel {
+
+/// Where a frame goes on the canvas: its top left, top right, bottom right, bottom left corner.
+struct ImageQuad {
+    Corner corners[4];
+};
+
+/// A named picture: one or more frames of a bitmap, with what the index file says of them.
+///
+/// Owned by the image handler; it lives, at one address, until the handler is cleared.
+class Image {
+public:
+    /// The bitmap must outlive the image.
+    Image(const Bitmap& bitmap, const ImageDescription& description)
+        : bitmap(&bitmap), description(description) {}
+    virtual ~Image() = default;
+
+    const String& getName() const { return description.name; }
+    const Bitmap& getBitmap() const { return *bitmap; }
+    const ImageDescription& getDescription() const { return description; }
+    int32_t frameCount() const { return static_cast<int32_t>(description.frames.size()); }
+    /// The rectangle of a frame; the whole bitmap's is resolved. An index out of range means the
+    /// nearest frame; the same holds wherever a frame is named.
+    FrameRect frameRect(int32_t frame = 0) const;
+    /// Size as drawn, in pixels of the canvas, before rotation and transform; never negative.
+    float width(int32_t frame = 0) const;
+    float height(int32_t frame = 0) const;
+
+    /// Where the frame goes when the image's handle stands at x, y: scaled, transformed, turned.
+    ImageQuad quad(float x, float y, int32_t frame = 0) const;
+    /// The frame stretched into a rectangle; handle, position, scale, rotation don't matter.
+    ImageQuad quadInto(const Rect& target, int32_t frame = 0) const;
+
+    /// Draw these. argb tints, FFFFFFFF leaves the colours as they are.
+    void draw(Canvas& canvas, float x, float y, int32_t frame = 0,
+              uint32_t argb = 0xFFFFFFFF) const;
+    void drawInto(Canvas& canvas, const Rect& target, int32_t frame = 0,
+                  uint32_t argb = 0xFFFFFFFF) const;
+
+private:
+    float pixelsPerUnit() const;
+
+    const Bitmap* bitmap;
+    ImageDescription description;
+};
+
+/// Images by one name: either the members of a group line, or all images that joined a group.
+class ImageGroup {
+public:
+    virtual ~ImageGroup() = default;
+
+    const String& getName() const { return description.name; }
+    const std::vector<const Image*>& getImages() const { return images; }
+    const std::vector<FrameTransform>& getTransforms() const { return description.transforms; }
+    /// Null if there is none of that name.
+    const AnimationEntry* animation(std::string_view name) const;
+
+private:
+    friend class ImageHandler;
+    GroupDescription description;
+    std::vector<const Image*> images; // members that exist, in the order of the line
+};
+
+} // namespace zel

@@ -1,0 +1,147 @@
+#include "engine/graphics/ImageHandler.h"
+
+#include <algorithm>
+
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+
+namespace zel {
+
+namespace {
+
+constexpr int32_t MaxIndexSize = 1 << 22; // bytes
+
+String indexName(const String& bitmapName) {
+    const std::string_view name = bitmapName.view();
+    const size_t dot = name.find_last_of("./\\");
+    const bool hasEnding = dot != name.npos && name[dot] == '.';
+    return String(name.substr(0, hasEnding ? dot : name.size())) + ".idx";
+}
+
+/// False if there is no index file; one that cannot be read is an empty one.
+bool readIndex(const String& bitmapName, int32_t lifetime, float scale, ImageIndex& index) {
+    const String name = indexName(bitmapName);
+    if (!File::exists(name))
+        return false;
+    File file(name, FileRead);
+    std::string text;
+    if (file.fileSize() > MaxIndexSize || !file.readWhole(text))
+        log("Cannot read " + name, "ImageHandler", LogError);
+    else
+        index = parseImageIndex(text, lifetime, scale);
+    return true;
+}
+
+} // namespace
+
+ImageHandler& ImageHandler::getInstance() {
+    static ImageHandler handler;
+    return handler;
+}
+
+bool ImageHandler::loadBitmap(const String& fileName, int32_t lifetime, float scale) {
+    if (bitmaps.count(fileName) != 0)
+        return true;
+    auto loaded = std::make_unique<LoadedBitmap>();
+    if (!loaded->bitmap.load(fileName, (flags & ImageFlagPowerOfTwo) != 0))
+        return false;
+    loaded->lifetime = lifetime;
+    ImageIndex index;
+    const bool hasIndex = readIndex(fileName, lifetime, scale, index);
+    if (!hasIndex) {
+        ImageDescription whole;
+        whole.name = fileName;
+        whole.frames.push_back(WholeBitmap);
+        whole.imageScale = scale;
+        whole.lifetime = lifetime;
+        index.images.push_back(std::move(whole));
+    }
+    registerIndex(*loaded, index);
+    bitmaps[fileName] = std::move(loaded);
+    log("Loaded bitmap " + fileName + (hasIndex ? "" : " (no .idx file)"), "ImageHandler", LogInfo);
+    return true;
+}
+
+void ImageHandler::registerIndex(LoadedBitmap& loaded, const ImageIndex& index) {
+    for (const ImageDescription& description : index.images) {
+        loaded.lifetime = std::max(loaded.lifetime, description.lifetime);
+        registerImage(loaded.bitmap, description);
+    }
+    for (const GroupDescription& description : index.groups)
+        groups[description.name].description = description;
+}
+
+void ImageHandler::registerImage(const Bitmap& bitmap, const ImageDescription& description) {
+    images.push_back(std::make_unique<Image>(bitmap, description));
+    imagesByName[description.name] = images.back().get();
+    if (description.groupName.empty())
+        return;
+    ImageGroup& group = groups[description.groupName];
+    group.description.name = description.groupName;
+    group.description.members.push_back(description.name);
+}
+
+const Image* ImageHandler::find(const String& name) const {
+    const auto found = imagesByName.find(name);
+    return found != imagesByName.end() ? found->second : nullptr;
+}
+
+const Image* ImageHandler::getImage(const String& name) {
+    const Image* image = find(name);
+    if (image == nullptr && queue.hasWork()) {
+        queue.drain();
+        image = find(name);
+    }
+    if (image == nullptr && !name.empty() && bitmaps.count(name) == 0 && File::exists(name) &&
+        loadBitmap(name))
+        image = find(name);
+    if (image == nullptr)
+        log("Did not find image " + name, "ImageHandler", LogWarning);
+    return image;
+}
+
+const ImageGroup* ImageHandler::getImageGroup(const String& name) {
+    if (groups.count(name) == 0)
+        queue.drain();
+    const auto found = groups.find(name);
+    if (found == groups.end()) {
+        log("Map did not find imagegroup " + name, "ImageHandler", LogWarning);
+        return nullptr;
+    }
+    // Resolved now, since a member may have been loaded after the group.
+    ImageGroup& group = found->second;
+    group.images.clear();
+    for (const String& member : group.description.members)
+        if (const Image* image = find(member))
+            group.images.push_back(image);
+    return &group;
+}
+
+const Image* ImageHandler::addPicture(const String& name, BitmapData data) {
+    auto loaded = std::make_unique<LoadedBitmap>();
+    if (bitmaps.count(name) != 0 || !loaded->bitmap.assign(std::move(data), name))
+        return nullptr;
+    loaded->lifetime = LifetimePersistent;
+    ImageDescription whole;
+    whole.name = name;
+    whole.frames.push_back(WholeBitmap);
+    registerImage(loaded->bitmap, whole);
+    bitmaps[name] = std::move(loaded);
+    return find(name);
+}
+
+void ImageHandler::releaseShortLived() {
+    for (const auto& [name, loaded] : bitmaps)
+        if (loaded->lifetime == LifetimeShort)
+            loaded->bitmap.dropTexture();
+}
+
+void ImageHandler::clear() {
+    queue.clear();
+    groups.clear();
+    imagesByName.clear();
+    images.clear();
+    bitmaps.clear();
+}
+
+} // namespace zel

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "engine/graphics/BitmapLoadingQueue.h"
+#include "engine/graphics/Image.h"
+
+namespace zel {
+
+/// Bits of the global flags; the others are kept and mean nothing.
+constexpr int32_t ImageFlagPowerOfTwo = 1;
+
+/// All bitmaps and named images of the program. Main thread only.
+///
+/// Bitmaps, images and groups live until clear(); pointers to them hold until then.
+class ImageHandler {
+public:
+    static ImageHandler& getInstance();
+
+    void setFlags(int32_t mask) { flags = mask; }
+    int32_t getFlags() const { return flags; }
+
+    /// Loads a bitmap and its index file (same name, ending ".idx"), and registers what that names;
+    /// without an index file the bitmap is one image of its own name. A bitmap that is there
+    /// already is not loaded again. lifetime and scale hold until the index file says otherwise. On
+    /// error: false; the bitmap's log lines tell why.
+    bool loadBitmap(const String& fileName, int32_t lifetime = LifetimeShort, float scale = 1);
+
+    /// The image of that name, exactly as written. What the loading queue still holds is loaded
+    /// first if need be; then a name that is a file is loaded as a bitmap. On error: null and
+    /// "Did not find image NAME" (warning).
+    const Image* getImage(const String& name);
+    /// On error: null and "Map did not find imagegroup NAME" (warning).
+    const ImageGroup* getImageGroup(const String& name);
+    /// A picture made by code, as an image of that name covering it. On error: null.
+    const Image* addPicture(const String& name, BitmapData data);
+
+    BitmapLoadingQueue& getQueue() { return queue; }
+
+    /// Gives back the textures of short-lived bitmaps. They are made anew when drawn again.
+    void releaseShortLived();
+    /// Drops everything, the queue's entries too.
+    void clear();
+
+private:
+    struct LoadedBitmap {
+        Bitmap bitmap;
+        int32_t lifetime = LifetimeShort; // the longest of its images
+    };
+    const Image* find(const String& name) const;
+    void registerIndex(LoadedBitmap& loaded, const ImageIndex& index);
+    void registerImage(const Bitmap& bitmap, const ImageDescription& description);
+
+    int32_t flags = 0;
+    std::map<String, std::unique_ptr<LoadedBitmap>> bitmaps; // by file name
+    std::vector<std::unique_ptr<Image>> images;              // all that were ever registered
+    std::map<String, const Image*> imagesByName;             // the last one of each name
+    std::map<String, ImageGroup> groups;
+    BitmapLoadingQueue queue;
+};
+
+} // namespace zel

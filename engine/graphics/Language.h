@@ -1,0 +1,46 @@
+#pragma once
+
+#include <map>
+#include <string_view>
+
+#include "engine/core/String.h"
+
+namespace zel {
+
+/// The numbered texts of the screens in the language in use. One table, main thread only.
+class Language {
+public:
+    virtual ~Language() = default;
+
+    /// Code of the user's language by "Language/langcodes.dat"; empty if that names it not.
+    static String getSystemLanguage();
+    /// Takes the texts of "Language/CODE.txt" in place of those that are there. False, and nothing
+    /// changed, if there is no such file or the code isn't a plain name.
+    [[nodiscard]] static bool load(const String& newCode);
+    /// The same, and logs the outcome.
+    static bool setLanguage(const String& newCode);
+    /// Chooses a language: the user's, that of the preference "_Language", "en"; the first whose
+    /// file can be read. Runs once, until reset().
+    static void init();
+    /// The text of a number, with the first "$1" replaced by a1, and so on up to "$8". Chooses a
+    /// language first if none is loaded. On error: "(String NUMBER)".
+    static String get(int32_t number, const String& a1 = {}, const String& a2 = {},
+                      const String& a3 = {}, const String& a4 = {}, const String& a5 = {},
+                      const String& a6 = {}, const String& a7 = {}, const String& a8 = {});
+    /// Code of the language in use; empty if there is none.
+    static const String& getCode() { return code; }
+    /// As at the program's start.
+    static void reset();
+
+private:
+    static std::map<int32_t, String> table;
+    static String code;
+    static bool initialised;
+};
+
+/// Reads a language file's text: lines "NUMBER: TEXT", of two with one number the later one.
+std::map<int32_t, String> parseLanguage(std::string_view text);
+/// The code in langcodes.dat for a locale identifier in decimal; empty if no line has it.
+String findLanguageCode(std::string_view langcodes, std::string_view identifier);
+
+} // namespace zel

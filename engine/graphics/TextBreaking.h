@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zel {
+
+class Font;
+
+/// The text with every end of line as a line feed and every tab as a blank.
+std::string plainText(std::string_view text);
+
+/// Breaks a plain text at its line feeds and, where a line is wider than `width` pixels, at the
+/// last blank that fits; a word that is wider by itself is broken within, one character a line at
+/// the least. Blanks at a break are dropped. Stops once it has more than `mostLines`.
+std::vector<std::string> brokenIntoLines(const Font& font, std::string_view text, int32_t width,
+                                         size_t mostLines);
+
+/// The text itself if it is no wider than `width` pixels, else as much of its beginning as leaves
+/// room for "...".
+std::string shortenedTo(const Font& font, std::string_view text, int32_t width);
+
+} // namespace zel

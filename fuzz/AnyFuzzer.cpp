@@ -1,0 +1,5 @@
+#include "fuzz/BitmapFuzz.h"
+
+int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    return fuzzReader<zel::FormatANY>(data, size);
+}

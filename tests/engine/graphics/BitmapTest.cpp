@@ -1,0 +1,264 @@
+#include "engine/graphics/Bitmap.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/core/Log.h"
+#include "engine/graphics/BitmapReader.h"
+#include "engine/graphics/DecoderGuard.h"
+#include "tests/engine/graphics/Pictures.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+using namespace std::string_literals;
+
+// 2 x 2 with alpha: (1,2,3,255) (10,20,30,128) above (40,50,60,0) (255,0,254,7); made, like the
+// next, by Pillow.
+const std::string RgbaPng =
+    "\x89PNG\x0D\x0A\x1A\x0A\x00\x00\x00\x0DIHDR\x00\x00\x00\x02\x00\x00\x00\x02\x08\x06\x00\x00\x00\x72\xB6\x0D\x24\x00\x00\x00\x1AIDAT\x78\xDA\x63\x66\x64\x62\xFE\xCF\x25\x2C\xCB\xC8\xA0\x61\x64\xC3\xF0\x9F\xE1\x1F\x3B\x00\x1B\x4C\x03\xDE\xBE\x50\x18\x10\x00\x00\x00\x00IEND\xAE\x42\x60\x82"s;
+// 3 x 1, grey: 7 8 250.
+const std::string GreyPng =
+    "\x89PNG\x0D\x0A\x1A\x0A\x00\x00\x00\x0DIHDR\x00\x00\x00\x03\x00\x00\x00\x01\x08\x00\x00\x00\x00\x3E\x8B\x4B\x68\x00\x00\x00\x0CIDAT\x78\xDA\x63\x60\xE7\xF8\x05\x00\x01\x23\x01\x0A\x16\x89\x11\x1B\x00\x00\x00\x00IEND\xAE\x42\x60\x82"s;
+
+// Two rows of two, bottom row first, blue first.
+const std::string FourPixels = "\x03\x02\x01\x06\x05\x04\x09\x08\x07\x0C\x0B\x0A";
+
+class BitmapTest : public testing::Test {
+protected:
+    bool load(const std::string& content, bool powerOfTwo = false) {
+        return bitmap.load(folder.write("picture", content), powerOfTwo);
+    }
+    template <typename Reader> std::string openError(std::string_view content) {
+        Reader reader(false);
+        const char* error = reader.open(folder.write("picture", content));
+        return error != nullptr ? error : "";
+    }
+
+    TemporaryFolder folder;
+    zel::Bitmap bitmap;
+};
+
+TEST_F(BitmapTest, ReadsTheRawFormFromTheBottomUp) {
+    ASSERT_TRUE(load(zelFile(2, 2, 24, FourPixels, 21)));
+    EXPECT_EQ(bitmap.width(), 2);
+    EXPECT_EQ(bitmap.height(), 2);
+    const auto& pixels = bitmap.getData().pixels;
+    EXPECT_EQ(std::string(pixels.begin(), pixels.end()), FourPixels) << "no swap";
+    EXPECT_EQ(bitmap.pixelAt(0, 1), 0xFF010203) << "the first pixel of the file is the lower left";
+    EXPECT_EQ(bitmap.pixelAt(1, 0), 0xFF0A0B0C);
+    for (const auto& [x, y] : {std::pair(-1, 0), {0, -1}, {2, 0}, {0, 2}})
+        EXPECT_EQ(bitmap.pixelAt(x, y), 0u) << "outside";
+    ASSERT_TRUE(load(zelFile(1, 1, 32, "\x10\x20\x30\x40")));
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0x40302010u);
+}
+
+TEST_F(BitmapTest, PlacesAPictureInPowersOfTwo) {
+    std::string pixels;
+    for (int row = 0; row < 50; ++row)
+        pixels += std::string(300, static_cast<char>(row + 1));
+    ASSERT_TRUE(load(zelFile(100, 50, 24, pixels), true));
+    const zel::BitmapData& data = bitmap.getData();
+    EXPECT_EQ(data.width, 128);
+    EXPECT_EQ(data.height, 64);
+    EXPECT_EQ(bitmap.width(), 100);
+    EXPECT_EQ(bitmap.height(), 50);
+    for (int row = 0; row < 64; ++row) {
+        const uint8_t* bytes = data.pixels.data() + row * 384;
+        EXPECT_EQ(bytes[0], row < 14 ? 0 : row - 13) << row;
+        EXPECT_EQ(bytes[299], row < 14 ? 0 : row - 13) << row;
+        EXPECT_EQ(bytes[300], 0) << row;
+        EXPECT_EQ(bytes[383], 0) << row;
+    }
+    EXPECT_EQ(bitmap.pixelAt(99, 0), 0xFF323232) << "the top line is the last one of the file";
+    ASSERT_TRUE(load(zelFile(64, 32, 24, std::string(64 * 32 * 3, 'x')), true));
+    EXPECT_EQ(bitmap.getData().width, 64);
+    EXPECT_EQ(bitmap.getData().height, 32);
+}
+
+TEST_F(BitmapTest, ReadsWindowsBitmapsWithTheirPadding) {
+    // Three pixels are 9 bytes, padded to 12.
+    const std::string rows = "abcdefghi\0\0\0jklmnopqr\0\0\0"s;
+    ASSERT_TRUE(load(bmpFile(3, 2, 24, rows)));
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF6C6B6A) << "jkl, red last";
+    EXPECT_EQ(bitmap.pixelAt(2, 1), 0xFF696867) << "ghi";
+    ASSERT_TRUE(load(bmpFile(3, -2, 24, rows)));
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF636261) << "top down";
+    EXPECT_EQ(bitmap.pixelAt(2, 1), 0xFF727170);
+    ASSERT_TRUE(load(bmpFile(3, 2, 24, rows.substr(0, 21)), true)) << "no padding at the end";
+    EXPECT_EQ(bitmap.getData().width, 4);
+    EXPECT_EQ(bitmap.pixelAt(2, 0), 0xFF727170);
+    ASSERT_TRUE(load(bmpFile(2, 1, 32, "abc\0def\0"s)));
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF636261) << "no alpha in it";
+    ASSERT_TRUE(load(bmpFile(2, 1, 32, "abc\0def\1"s)));
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0x00636261u);
+}
+
+TEST_F(BitmapTest, ReadsWhatTheDecoderKnows) {
+    const LogCapture log(zel::LogDebug);
+    ASSERT_TRUE(load(RgbaPng, true));
+    EXPECT_EQ(bitmap.getData().depth, 4);
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF010203);
+    EXPECT_EQ(bitmap.pixelAt(1, 0), 0x800A141Eu);
+    EXPECT_EQ(bitmap.pixelAt(0, 1), 0x0028323Cu);
+    EXPECT_EQ(bitmap.pixelAt(1, 1), 0x07FF00FEu);
+    const auto& pixels = bitmap.getData().pixels;
+    EXPECT_EQ(std::string(pixels.begin(), pixels.begin() + 4), "\x28\x32\x3C\0"s)
+        << "bottom line first, red first";
+    ASSERT_TRUE(load(GreyPng));
+    EXPECT_EQ(bitmap.getData().depth, 3);
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF070707);
+    EXPECT_EQ(bitmap.pixelAt(2, 0), 0xFFFAFAFA);
+    EXPECT_EQ(log.linesWith("Not a ZEL graphics file"), 2);
+    EXPECT_EQ(log.linesWith("Not a BMP file"), 2);
+    EXPECT_EQ(log.linesWith("d  "), log.linesWith("Not a") + log.linesWith("Error for") +
+                                        log.linesWith("detected as ANY") + log.linesWith("Mem]"))
+        << "readers that don't know the file are no news";
+}
+
+TEST_F(BitmapTest, GivesLinesAsColours) {
+    uint32_t line[3] = {};
+    ASSERT_TRUE(load(bmpFile(3, 2, 24, "abcdefghi\0\0\0jklmnopqr\0\0\0"s), true));
+    bitmap.getData().lineArgb(1, line);
+    EXPECT_EQ(line[0], 0xFF636261);
+    EXPECT_EQ(line[2], 0xFF696867);
+    ASSERT_TRUE(load(RgbaPng));
+    bitmap.getData().lineArgb(0, line);
+    EXPECT_EQ(line[1], 0x800A141Eu);
+    ASSERT_TRUE(load(GreyPng));
+    bitmap.getData().lineArgb(0, line);
+    EXPECT_EQ(line[1], 0xFF080808);
+}
+
+TEST_F(BitmapTest, SaysInItsWordsWhatIsWrong) {
+    const LogCapture silence(0);
+    EXPECT_EQ(openError<zel::FormatZEL>("ZX"), "Illegal ZEL header");
+    EXPECT_EQ(openError<zel::FormatBMP>("BX"), "Illegal BMP header");
+    EXPECT_EQ(openError<zel::FormatANY>("text"), "Illegal ANY header");
+    EXPECT_EQ(openError<zel::FormatANY>(""), "Illegal ANY header");
+    zel::FormatANY reader(false);
+    EXPECT_STREQ(reader.open(folder.path() + "/none.png"), "Cannot load file");
+}
+
+TEST_F(BitmapTest, LogsWhatIsWrong) {
+    const struct {
+        std::string content;
+        std::string text;
+    } cases[] = {
+        {zelFile(1, 1, 16, "ab"), "[FormatZEL] ZEL depth unsupported"},
+        {zelFile(0, 1, 24, ""), "[FormatZEL] ZEL size unsupported"},
+        {zelFile(8193, 1, 24, ""), "[FormatZEL] ZEL size unsupported"},
+        {bmpFile(1, 1, 24, "abc\0"s, 1), "[FormatBMP] Unsupported compression"},
+        {bmpFile(1, 1, 16, "ab\0\0"s), "[FormatBMP] BMP depth unsupported"},
+        {bmpFile(1, 0, 24, ""), "[FormatBMP] BMP size unsupported"},
+        {bmpFile(-1, 1, 24, "abc\0"s), "[FormatBMP] BMP size unsupported"},
+        {"", "[FormatANY] Cannot read file (filesize: 0)"},
+        {zelFile(65, 1, 24, "ab"), "Read error for " + folder.path() + "/picture: Unable"},
+        {"nothing", "!! "},
+        {"nothing", "Error for " + folder.path() + "/picture: Illegal ANY header"},
+    };
+    for (const auto& [content, text] : cases) {
+        const LogCapture log(zel::LogDebug);
+        load(content);
+        EXPECT_TRUE(log.holds(text)) << text << " in\n" << log.text();
+    }
+    const LogCapture log;
+    EXPECT_FALSE(bitmap.load(folder.path() + "/none", false));
+    EXPECT_TRUE(log.holds("[Bitmap] File " + folder.path() + "/none does not exist"));
+    EXPECT_FALSE(bitmap.isLoaded());
+}
+
+TEST_F(BitmapTest, RefusesFilesCutAtAnyLength) {
+    const LogCapture silence(0);
+    const std::string files[] = {zelFile(2, 3, 24, std::string(18, 'p')),
+                                 bmpFile(2, 3, 32, std::string(24, 'p')), RgbaPng.substr(0, 70)};
+    for (const std::string& file : files)
+        for (size_t length = 0; length < file.size(); ++length) {
+            EXPECT_FALSE(load(file.substr(0, length), length % 2 == 0)) << file[0] << length;
+            EXPECT_EQ(bitmap.pixelAt(0, 0), 0u);
+        }
+    // Sizes that the file can't hold, at the borders of what a header can say.
+    EXPECT_FALSE(load(zelFile(8192, 8192, 32, "abc")));
+    EXPECT_FALSE(
+        load(Bytes().text("ZG").u32(0xFFFFFFFF).u16(1).u16(1).u16(24).u32(0).fill(9, 'x')));
+    EXPECT_FALSE(load(bmpFile(8192, INT32_MIN, 32, "abcd")));
+    EXPECT_FALSE(load(bmpFile(INT32_MAX, 1, 24, "abcd")));
+}
+
+TEST_F(BitmapTest, KeepsFromTheDecoderWhatItDoesNotBear) {
+    const std::string huffman = "\xFF\xC4\x01\x13\x00"s; // a segment of 273 bytes with one table
+    const auto jpeg = [&](char longest) {
+        return "\xFF\xD8"s + huffman + std::string(15, '\x10') + longest + std::string(256, 's');
+    };
+    EXPECT_TRUE(zel::isSafeToDecode(jpeg('\x10'))) << "256 symbols";
+    EXPECT_FALSE(zel::isSafeToDecode(jpeg('\x11'))) << "257: one more than there are";
+    EXPECT_FALSE(zel::isSafeToDecode("\xFF" + jpeg('\x11'))) << "a filled marker";
+    EXPECT_TRUE(zel::isSafeToDecode(RgbaPng));
+    EXPECT_TRUE(zel::isSafeToDecode(RgbaPng + "\xFF\xFF\xFF\xFFjunk"));
+    std::string greedy = RgbaPng;
+    greedy[33] = '\x60'; // the length of the pixels' chunk, most significant byte first
+    EXPECT_FALSE(zel::isSafeToDecode(greedy));
+    const LogCapture silence(0);
+    EXPECT_TRUE(load(RgbaPng + "junk"));
+    EXPECT_FALSE(load(greedy));
+    EXPECT_FALSE(load(jpeg('\x11')));
+}
+
+TEST_F(BitmapTest, CountsItsMemory) {
+    const int64_t before = zel::Bitmap::systemMemory();
+    const LogCapture log(zel::LogDebug);
+    ASSERT_TRUE(load(zelFile(2, 2, 24, FourPixels)));
+    EXPECT_EQ(zel::Bitmap::systemMemory(), before + 12);
+    EXPECT_TRUE(log.holds("[System] Loaded " + folder.path() + "/picture\n"));
+    EXPECT_TRUE(log.holds("[SysMem] System memory usage changed by 12 (Total usage: " +
+                          std::to_string(before + 12) + ")"));
+    bitmap.unload();
+    EXPECT_EQ(zel::Bitmap::systemMemory(), before);
+    EXPECT_TRUE(log.holds("usage changed by -12 (Total"));
+    EXPECT_TRUE(log.holds("[System] Unloaded " + folder.path() + "/picture"));
+    EXPECT_FALSE(load("nothing"));
+    EXPECT_EQ(zel::Bitmap::systemMemory(), before);
+}
+
+uint32_t releasedTexture = 0;
+
+TEST_F(BitmapTest, GivesItsTextureBack) {
+    zel::Bitmap::setTextureRelease([](uint32_t handle) { releasedTexture = handle; });
+    const LogCapture log(zel::LogDebug);
+    ASSERT_TRUE(load(zelFile(2, 2, 24, FourPixels)));
+    bitmap.textureMade(7, 1);
+    EXPECT_EQ(zel::Bitmap::graphicsMemory(), 12);
+    EXPECT_TRUE(log.holds("[System] Loaded " + folder.path() + "/picture (depth: 3)"));
+    EXPECT_TRUE(log.holds("[GfxMem] Graphics memory usage changed by 12 (Total usage: 12)"));
+    bitmap.textureLost();
+    EXPECT_EQ(releasedTexture, 0u) << "it died with its window";
+    bitmap.textureMade(8, 2);
+    bitmap.textureMade(9, 2);
+    EXPECT_EQ(releasedTexture, 8u);
+    bitmap.unload();
+    EXPECT_EQ(releasedTexture, 9u);
+    EXPECT_EQ(zel::Bitmap::graphicsMemory(), 0);
+    EXPECT_EQ(bitmap.getTexture().handle, 0u);
+    zel::Bitmap::setTextureRelease(nullptr);
+}
+
+TEST_F(BitmapTest, TakesPicturesMadeInMemory) {
+    zel::BitmapData data;
+    data.width = data.pictureWidth = 2;
+    data.height = data.pictureHeight = 1;
+    data.depth = 3;
+    data.pixels.assign(6, 9);
+    EXPECT_TRUE(bitmap.assign(data, "made"));
+    EXPECT_EQ(bitmap.pixelAt(1, 0), 0xFF090909);
+    const LogCapture log;
+    data.pixels.pop_back();
+    EXPECT_FALSE(bitmap.assign(data, "short")) << "a byte is missing";
+    EXPECT_FALSE(bitmap.isLoaded());
+    data.depth = 2;
+    EXPECT_FALSE(bitmap.assign(data, "depth"));
+    EXPECT_TRUE(log.holds("[Bitmap] Bitmap: illegal depth"));
+    EXPECT_TRUE(log.holds("[Bitmap] Illegal depth: 2"));
+}
+
+} // namespace

@@ -1,0 +1,143 @@
+#include "engine/graphics/Canvas.h"
+
+#include <gtest/gtest.h>
+
+namespace zel {
+
+namespace {
+
+constexpr DrawKey key(uint32_t texture) { return {texture, 0, 0, 0, 100, 100}; }
+
+void add(DrawBatch& batch, uint32_t texture, const Rect& bounds) {
+    batch.add(key(texture), bounds).push_back({bounds.x, bounds.y, 0, 0, 1, 2, 3, 4});
+}
+
+/// The textures of the runs, in order.
+std::vector<uint32_t> runs(const DrawBatch& batch) {
+    std::vector<uint32_t> textures;
+    for (size_t index = 0; index < batch.size(); ++index)
+        textures.push_back(batch[index].key.texture);
+    return textures;
+}
+using Runs = std::vector<uint32_t>;
+
+TEST(DrawBatch, JoinsWhatTouchesNothingBetween) {
+    DrawBatch batch;
+    add(batch, 1, {0, 0, 100, 100}); // a background
+    add(batch, 2, {10, 10, 20, 10}); // a button
+    add(batch, 3, {12, 12, 10, 5});  // its text
+    add(batch, 2, {10, 40, 20, 10}); // another button
+    add(batch, 3, {12, 42, 10, 5});  // its text
+    EXPECT_EQ(runs(batch), (Runs{1, 2, 3}));
+    add(batch, 2, {14, 10, 5, 5}); // a mark on the first button's text
+    EXPECT_EQ(runs(batch), (Runs{1, 2, 3, 2})) << "it stays above the text";
+    add(batch, 1, {300, 300, 5, 5});
+    EXPECT_EQ(batch[0].vertices.size(), 2U);
+}
+
+TEST(DrawBatch, NeighboursThatFilteringBlendsCountAsTouching) {
+    DrawBatch batch;
+    add(batch, 1, {0, 0, 10, 10});
+    add(batch, 2, {20, 0, 10, 10});
+    add(batch, 1, {31, 0, 10, 10}); // one pixel beside
+    EXPECT_EQ(runs(batch), (Runs{1, 2, 1}));
+}
+
+TEST(DrawBatch, KeepsAnyNumberOfPieces) {
+    DrawBatch batch;
+    add(batch, 1, {0, 0, 5, 5});
+    for (int32_t count = 0; count < 1000; ++count)
+        add(batch, 2, {static_cast<float>(count * 10), 100, 5, 5});
+    add(batch, 1, {7003, 102, 5, 5}); // between two of them, on one
+    EXPECT_EQ(runs(batch), (Runs{1, 2, 1}));
+    EXPECT_EQ(batch[1].vertices.size(), 1000U);
+}
+
+TEST(DrawBatch, OtherClipsAndBlendsAreOtherRuns) {
+    DrawBatch batch;
+    DrawKey clipped = key(1);
+    clipped.clipWidth = 50;
+    DrawKey adding = key(1);
+    adding.blend = 1;
+    add(batch, 1, {0, 0, 5, 5});
+    batch.add(clipped, {10, 0, 5, 5});
+    batch.add(adding, {20, 0, 5, 5});
+    EXPECT_EQ(batch.size(), 3U);
+}
+
+TEST(DrawBatch, KnowsTheSameFrameAgain) {
+    DrawBatch first;
+    DrawBatch second;
+    for (DrawBatch* batch : {&first, &second}) {
+        add(*batch, 7, {9, 9, 9, 9}); // left over from another frame
+        batch->clear();
+        add(*batch, 1, {0, 0, 5, 5});
+        add(*batch, 2, {2, 2, 5, 5});
+    }
+    EXPECT_TRUE(first == second);
+    add(second, 2, {50, 50, 5, 5});
+    EXPECT_FALSE(first == second);
+    add(first, 2, {50, 51, 5, 5});
+    EXPECT_FALSE(first == second) << "as many, but elsewhere";
+}
+
+class CanvasTest : public testing::Test {
+protected:
+    CanvasTest() {
+        BitmapData data;
+        data.width = data.height = data.pictureWidth = data.pictureHeight = 4;
+        data.depth = 4;
+        data.pixels.assign(64, 255);
+        EXPECT_TRUE(picture.assign(std::move(data), "picture"));
+        canvas.setRecorder(&list);
+        canvas.clearWindow();
+    }
+    ~CanvasTest() override { canvas.setRecorder(nullptr); }
+
+    Canvas& canvas = Canvas::getInstance();
+    std::vector<Canvas::Record> list;
+    Bitmap picture;
+};
+
+TEST_F(CanvasTest, WritesADrawListWithoutAWindow) {
+    canvas.fill({1, 2, 3, 4}, 0xFF102030);
+    canvas.setAlpha(51);
+    canvas.draw(picture, {10, 10, 8, 8}, 0x80FFFFFF);
+    canvas.setAlpha(255);
+    canvas.draw(picture, {{{0, 0, 2, 2}, {0, 0, 2, 2}, 0xFFFFFFFF}}, {5, 6}, 0xFF808080);
+    ASSERT_EQ(list.size(), 3U);
+    EXPECT_EQ(list[0].name, "fill");
+    EXPECT_EQ(list[0].target, (Rect{1, 2, 3, 4}));
+    EXPECT_EQ(list[1].name, "picture");
+    EXPECT_EQ(list[1].source, (Rect{0, 0, 4, 4}));
+    EXPECT_EQ(list[1].argb, 0x1AFFFFFFU) << "a fifth of a half";
+    EXPECT_EQ(list[2].target, (Rect{5, 6, 2, 2}));
+    EXPECT_EQ(list[2].argb, 0xFF808080U);
+    canvas.clearWindow();
+    EXPECT_TRUE(list.empty());
+}
+
+TEST_F(CanvasTest, DrawsNothingThatIsNotSeen) {
+    canvas.fill({1, 2, 3, 4}, 0x00102030);
+    canvas.setAlpha(0);
+    canvas.draw(picture, {10, 10, 8, 8});
+    canvas.setAlpha(300);
+    EXPECT_EQ(canvas.getAlpha(), 255);
+    canvas.draw(Bitmap(), {10, 10, 8, 8});
+    canvas.draw(picture, std::vector<Quad>(), {0, 0});
+    EXPECT_TRUE(list.empty());
+}
+
+TEST_F(CanvasTest, IsHarmlessWithoutAWindow) {
+    canvas.setRecorder(nullptr);
+    canvas.clear(0xFFFFFFFF);
+    canvas.draw(picture, {10, 10, 8, 8});
+    canvas.popClip();
+    EXPECT_FALSE(canvas.finishFrame());
+    EXPECT_TRUE(canvas.readPixels().empty());
+    EXPECT_EQ(canvas.getMaximumTextureSize(), 0);
+}
+
+} // namespace
+
+} // namespace zel

@@ -1,0 +1,239 @@
+#include "engine/graphics/Font.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+#include "engine/core/Log.h"
+#include "engine/graphics/ImageHandler.h"
+#include "tests/engine/graphics/Pictures.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+std::string block(uint32_t kind, const std::string& content) {
+    return Bytes().u8(kind).u32(static_cast<uint32_t>(content.size())).text(content);
+}
+
+std::string glyph(uint32_t code, uint32_t advance) {
+    return Bytes()
+        .u32(code)
+        .u16(10)
+        .u16(20)
+        .u16(8)
+        .u16(9)
+        .u16(0xFFFF) // -1
+        .u16(3)
+        .u16(advance)
+        .u8(0)
+        .u8(15);
+}
+
+std::string kerningPair(uint32_t first, uint32_t second, int32_t amount) {
+    return Bytes().u32(first).u32(second).u16(static_cast<uint32_t>(amount));
+}
+
+std::string fontFile(const std::string& glyphs, const std::string& kerning = "",
+                     const std::string& page = "page.zel", char version = 3) {
+    const std::string info = Bytes().u16(18).u8(0).u8(0).u16(100).u8(1).u32(0).u16(0).u8(2);
+    const std::string common = Bytes().u16(25).u16(17).u16(256).u16(128).u16(1).u8(1).u32(0);
+    std::string result = std::string("BMF") + version;
+    result += block(1, Bytes().text(info).zeroTerminated("seed"));
+    result += block(2, common);
+    result += block(3, Bytes().zeroTerminated(page));
+    result += block(4, glyphs);
+    return kerning.empty() ? result : result + block(5, kerning);
+}
+
+/// Advances: A 10, B 12, the 0xE4 (a with two dots) 7.
+const std::string Letters = glyph('A', 10) + glyph('B', 12) + glyph(0xE4, 7);
+
+zel::FontDescription parsed(const std::string& content) {
+    zel::FontDescription font;
+    EXPECT_TRUE(zel::parseFontDescription(content, font));
+    return font;
+}
+
+TEST(FontDescription, ReadsEveryBlock) {
+    const zel::FontDescription font = parsed(fontFile(Letters, kerningPair('A', 'B', -2)));
+    EXPECT_EQ(font.info.size, 18);
+    EXPECT_EQ(font.info.stretch, 100);
+    EXPECT_EQ(font.info.outline, 2);
+    EXPECT_EQ(font.fontName, "seed");
+    EXPECT_EQ(font.lineHeight, 25);
+    EXPECT_EQ(font.base, 17);
+    EXPECT_EQ(font.scaleW, 256);
+    EXPECT_EQ(font.scaleH, 128);
+    EXPECT_EQ(font.common[0], 1);
+    EXPECT_EQ(font.pageNames, std::vector<zel::String>{"page.zel"});
+    ASSERT_EQ(font.glyphs.size(), 3u);
+    EXPECT_EQ(font.glyphs[1].id, 66u);
+    EXPECT_EQ(font.glyphs[1].x, 10);
+    EXPECT_EQ(font.glyphs[1].y, 20);
+    EXPECT_EQ(font.glyphs[1].width, 8);
+    EXPECT_EQ(font.glyphs[1].height, 9);
+    EXPECT_EQ(font.glyphs[1].xOffset, -1);
+    EXPECT_EQ(font.glyphs[1].yOffset, 3);
+    EXPECT_EQ(font.glyphs[1].xAdvance, 12);
+    EXPECT_EQ(font.glyphs[1].channel, 15);
+    ASSERT_EQ(font.glyphIndex.size(), 0xE5u);
+    EXPECT_EQ(font.glyphIndex[0xE4], 2);
+    EXPECT_EQ(font.glyphIndex['C'], -1);
+    ASSERT_EQ(font.kerning.size(), 65536u);
+    EXPECT_EQ(font.kerning['A' * 3 + 'B'], -2);
+    EXPECT_TRUE(parsed(fontFile(Letters)).kerning.empty());
+}
+
+TEST(FontDescription, RefusesOtherStarts) {
+    zel::FontDescription font;
+    for (const std::string& content :
+         {std::string(), std::string("BMF"), fontFile(Letters, "", "p", 2), std::string("BMX\3")})
+        EXPECT_FALSE(zel::parseFontDescription(content, font)) << content.size();
+}
+
+TEST(FontDescription, DropsWhatDoesNotFit) {
+    std::string glyphs;
+    for (uint32_t code = 0; code < 300; ++code)
+        glyphs += glyph(code, 5);
+    const auto font = parsed(fontFile(glyphs, kerningPair(300, 1, 9) + kerningPair(218, 100, 8) +
+                                                  kerningPair(0xFFFFFFFF, 0xFFFFFFFF, 7)));
+    EXPECT_EQ(font.kerning[218 * 300 + 100], 8);
+    EXPECT_EQ(std::count(font.kerning.begin(), font.kerning.end(), 0), 65535);
+    EXPECT_EQ(zel::Font("", font).kerning(300u, 1u), 0);
+    // The mark of an invalid character is a record like the others, and nobody's code.
+    const auto marked = parsed(fontFile(glyph(0xFFFFFFFF, 3) + glyph('A', 10)));
+    EXPECT_EQ(marked.glyphs.size(), 2u);
+    EXPECT_EQ(marked.glyphIndex.size(), 66u);
+    EXPECT_EQ(marked.glyphIndex['A'], 1);
+    EXPECT_EQ(parsed(fontFile(Letters + "seven b")).glyphs.size(), 3u) << "a part of a record";
+    std::string kerningFirst = "BMF\3" + block(5, kerningPair(1, 1, 1)) + block(4, Letters);
+    EXPECT_TRUE(parsed(kerningFirst).kerning.empty());
+    EXPECT_EQ(parsed(kerningFirst).glyphs.size(), 3u);
+    EXPECT_EQ(parsed("BMF\3" + block(9, "unknown") + block(4, Letters)).glyphs.size(), 3u);
+    EXPECT_TRUE(parsed("BMF\3" + block(3, "a")).pageNames.empty()) << "no pages, no names";
+}
+
+TEST(FontDescription, ReadsAFileCutAtAnyLength) {
+    const std::string whole = fontFile(Letters, kerningPair('A', 'B', -2));
+    size_t glyphs = 0;
+    for (size_t length = 4; length <= whole.size(); ++length) {
+        const auto font = parsed(whole.substr(0, length));
+        EXPECT_GE(font.glyphs.size(), glyphs) << length;
+        glyphs = font.glyphs.size();
+    }
+    EXPECT_EQ(glyphs, 3u);
+    // A length beyond the file.
+    std::string content = "BMF\3";
+    content += Bytes().u8(4).u32(0xFFFFFFFF).text(Letters);
+    EXPECT_EQ(parsed(content).glyphs.size(), 3u);
+}
+
+class FontMetrics : public testing::Test {
+protected:
+    /// The font after the metrics file.
+    static zel::Font with(std::string_view metrics) {
+        zel::FontDescription font = parsed(fontFile(Letters, kerningPair('A', 'B', -2)));
+        zel::applyFontMetrics(metrics, font);
+        return {"seed", std::move(font)};
+    }
+};
+
+TEST_F(FontMetrics, MeasuresALine) {
+    const zel::Font font = with("");
+    EXPECT_EQ(font.width(""), 0);
+    EXPECT_EQ(font.width("A"), 10);
+    EXPECT_EQ(font.width("BA"), 22);
+    EXPECT_EQ(font.width("AB"), 20) << "kerned";
+    EXPECT_EQ(font.width("A\xE4"), 17) << "a byte above 127";
+    EXPECT_EQ(font.width("A?B"), 20) << "as if the unknown one weren't there";
+    EXPECT_EQ(font.lineHeight(), 25);
+    EXPECT_EQ(font.glyph('?'), nullptr);
+    EXPECT_EQ(font.glyph('\xE4')->id, 0xE4u);
+    EXPECT_EQ(font.pageImage(0), nullptr);
+    EXPECT_EQ(zel::Font("", zel::FontDescription()).lineHeight(), 1);
+}
+
+TEST_F(FontMetrics, WidensTheDistances) {
+    const zel::Font font = with("CharOffset 2");
+    EXPECT_EQ(font.charOffset(), 2);
+    EXPECT_EQ(font.width("A"), 10) << "between characters, not behind the last";
+    EXPECT_EQ(font.width("BA"), 24);
+    EXPECT_EQ(font.width("BAA"), 36);
+}
+
+TEST_F(FontMetrics, CorrectsSingleCharacters) {
+    for (const char* line : {"singlecharoffset (A) 1 2", "singlecharoffset 65 1 2",
+                             "\r\nSINGLECHAROFFSET  65  1 2 \r\n"}) {
+        const zel::Font font = with(line);
+        EXPECT_EQ(font.glyph('A')->xOffset, 0) << line;
+        EXPECT_EQ(font.glyph('A')->yOffset, 5) << line;
+        EXPECT_EQ(font.glyph('B')->xOffset, -1) << line;
+    }
+    EXPECT_EQ(with("widthofchar (\xE4) 40").width("\xE4"), 40);
+    EXPECT_EQ(with("widthofchar 65 99999").glyph('A')->xAdvance, 32767);
+}
+
+TEST_F(FontMetrics, PassesOverWhatItDoesNotKnow) {
+    for (const char* line : {"", "charoffset", "widthofchar 65", "singlecharoffset (A) 1",
+                             "widthofchar (C) 5", "widthofchar 99999999999 5", "widthofchar -1 5",
+                             "widthofchar () 5", "# charoffset 2", "singlecharoffset"}) {
+        const zel::Font font = with(line);
+        EXPECT_EQ(font.width("AB"), 20) << line;
+        EXPECT_EQ(font.glyph('A')->yOffset, 3) << line;
+    }
+}
+
+class FontHandlerTest : public testing::Test {
+protected:
+    ~FontHandlerTest() override {
+        zel::FontHandler::clear();
+        zel::ImageHandler::getInstance().clear();
+    }
+    TemporaryFolder folder;
+};
+
+TEST_F(FontHandlerTest, ReadsAFontWithItsPageAndMetrics) {
+    folder.write("seed.fnt", fontFile(Letters));
+    folder.write("seed.cfg", "charoffset 3\n");
+    folder.write("page.zel", zelFile(1, 1, 24, "abc"));
+    const zel::String name = folder.path() + "/seed";
+    const LogCapture log(zel::LogInfo);
+    const zel::Font* font = zel::FontHandler::getFont(name);
+    ASSERT_NE(font, nullptr);
+    EXPECT_TRUE(log.holds("[FontHandler] Successfully created new font " + folder.path()));
+    EXPECT_EQ(font->charOffset(), 3);
+    ASSERT_NE(font->pageImage(0), nullptr);
+    EXPECT_EQ(font->pageImage(0)->width(), 1);
+    EXPECT_EQ(font->pageImage(1), nullptr);
+    EXPECT_EQ(font->pageImage(-1), nullptr);
+    EXPECT_EQ(zel::FontHandler::getFont(name), font);
+    EXPECT_EQ(log.linesWith("Successfully"), 1);
+    EXPECT_NE(zel::FontHandler::getFont(name + ".fnt"), nullptr);
+}
+
+TEST_F(FontHandlerTest, SaysOnceWhatIsNoFont) {
+    folder.write("old.fnt", fontFile(Letters, "", "p", 2));
+    const LogCapture log;
+    for (int time = 0; time < 3; ++time) {
+        EXPECT_EQ(zel::FontHandler::getFont(folder.path() + "/old"), nullptr);
+        EXPECT_EQ(zel::FontHandler::getFont(folder.path() + "/none"), nullptr);
+    }
+    EXPECT_EQ(log.linesWith("[Font] Font " + folder.path() + "/old invalid"), 1);
+    EXPECT_EQ(log.linesWith("[Font] Font " + folder.path() + "/none not found"), 1);
+    EXPECT_EQ(log.linesWith(" w "), 2);
+    EXPECT_EQ(log.linesWith("[FontHandler] Invalid font " + folder.path() + "/none"), 1);
+}
+
+TEST_F(FontHandlerTest, KeepsAFontWhosePageIsMissing) {
+    folder.write("seed.fnt", fontFile(Letters));
+    const LogCapture log;
+    const zel::Font* font = zel::FontHandler::getFont(folder.path() + "/seed.fnt");
+    ASSERT_NE(font, nullptr);
+    EXPECT_EQ(font->pageImage(0), nullptr);
+    EXPECT_EQ(font->width("AB"), 22);
+    EXPECT_TRUE(log.holds("page.zel does not exist"));
+}
+
+} // namespace
