@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zel {
+
+/// The mouse at one moment of a frame. A menu reads it once for all its widgets.
+struct Pointer {
+    int32_t x = 0, y = 0; // design pixels
+    bool isDown = false;  // the left button
+
+    static Pointer read();
+};
+
+constexpr int32_t MenuButton = 1; // the mouse button that menus answer
+
+} // namespace zel

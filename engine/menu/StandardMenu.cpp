@@ -1,0 +1,90 @@
+#include "engine/menu/StandardMenu.h"
+
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Keyboard.h"
+#include "engine/core/Log.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/TextArea.h"
+#include "engine/menu/Widget.h"
+
+namespace zel {
+
+namespace {
+
+constexpr const char* Category = "StandardMenu";
+constexpr int32_t TaskPriority = 2; // runs in every frame
+
+} // namespace
+
+Widget* StandardMenu::addWidget(const String& name, const String& text, const String& transition) {
+    Widget* widget = Menu::addWidget(name, text, transition);
+    if (widget == nullptr)
+        log(String("Failed to create Widget ") + name, Category, LogWarning);
+    else
+        log(String("Added widget=") + name + " text=" + widget->getText() +
+                " transition=" + widget->getTransition(),
+            Category, LogInfo);
+    return widget;
+}
+
+TextArea* StandardMenu::addTextArea(const String& name, const String& text) {
+    TextArea* area = Menu::addTextArea(name, text);
+    if (area == nullptr)
+        log(String("Failed to create TextArea ") + name, Category, LogWarning);
+    return area;
+}
+
+void StandardMenu::onFirstEnter() {
+    if (isTask)
+        return;
+    isTask = true;
+    HighLevelScheduler& scheduler = HighLevelScheduler::getInstance();
+    scheduler.addTask(static_cast<UpdateAndRenderObject*>(this), this);
+    scheduler.setTaskPriority(this, TaskPriority);
+    scheduler.setTaskName(this, getName());
+}
+
+// A menu that a change of state overtook never left: what it had would stand in the way.
+void StandardMenu::onEnter() {
+    if (entered) {
+        clearWidgets();
+        clearTextAreas();
+    }
+    entered = true;
+    StatesMachine::getInstance().setInputSettings(1, 15, 120, 0);
+}
+
+void StandardMenu::onLeave() {
+    focus.clear(*this);
+    clearWidgets();
+    clearTextAreas();
+    entered = false;
+    ImageHandler::getInstance().releaseShortLived();
+}
+
+void StandardMenu::onContinue() {
+    recreateElements();
+    resetWidgets();
+}
+
+void StandardMenu::onEvent(Widget* widget, int32_t eventType) {
+    if (widget == nullptr)
+        return;
+    log(String("onEvent: widget=") + widget->getName() + " et=" + eventType +
+            " transition=" + widget->getTransition(),
+        Category, LogInfo);
+    if (eventType == Widget::EventHit)
+        focus.takeHit(*this, *widget);
+}
+
+void StandardMenu::update() {
+    Menu::update();
+    const StatesMachine& machine = StatesMachine::getInstance();
+    if (machine.getActiveState() != this || machine.getPhase() != StatesMachine::Idle)
+        return;
+    focus.follow(*this);
+    focus.takeKeys(*this, Keyboard::takeKeys());
+}
+
+} // namespace zel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "engine/menu/Menu.h"
+#include "engine/menu/MenuFocus.h"
+
+namespace zel {
+
+/// A menu with the usual behaviour: it is a task of the scheduler, loses its elements when it is
+/// left, and answers the keyboard.
+class StandardMenu : public Menu {
+public:
+    using Menu::Menu;
+
+    Widget* addWidget(const String& name, const String& text, const String& transition) override;
+    TextArea* addTextArea(const String& name, const String& text) override;
+
+    void reset() override { resetWidgets(); }
+    void onFirstEnter() override; // becomes a task, which runs while it is shown
+    void onEnter() override;
+    void onEntered() override {}
+    void onLeaving() override {}
+    void onLeave() override; // all elements go
+    void onPause() override {}
+    void onContinue() override;
+    void onEvent(Widget* widget, int32_t eventType) override;
+    void update() override;
+
+    const MenuFocus& getFocus() const { return focus; }
+
+private:
+    MenuFocus focus;
+    bool isTask = false;
+    bool entered = false; // and not left since
+};
+
+} // namespace zel

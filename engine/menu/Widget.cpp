@@ -1,0 +1,210 @@
+#include "engine/menu/Widget.h"
+
+#include "engine/core/Log.h"
+#include "engine/core/Mouse.h"
+#include "engine/core/State.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/Window.h"
+#include "engine/graphics/Image.h"
+#include "engine/menu/ScrollingArea.h"
+#include "engine/sound/SoundHandler.h"
+
+namespace zel {
+
+namespace {
+
+constexpr const char* Category = "Widget";
+constexpr int32_t Slip = 40; // design pixels that an armed widget forgives
+constexpr std::string_view AddressMark = "http://";
+constexpr const char* LookNames[LookCount] = {"active", "inactive", "over", "down"};
+
+bool isIdle() { return StatesMachine::getInstance().getPhase() == StatesMachine::Idle; }
+
+bool isSame(const Place& a, const Place& b) {
+    return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+}
+
+} // namespace
+
+Widget* Widget::lastWidgetHit = nullptr;
+
+Pointer Pointer::read() { return {Mouse::getX(), Mouse::getY(), Mouse::isButtonDown(MenuButton)}; }
+
+Widget::Widget(const String& name) : name(name) {
+    tints.fill(0xFFFFFFFF);
+    textColors.fill(0xFFFFFFFF);
+    label.setFlow(TextFlow::Line);
+    label.setAlign(AlignX::Centre, AlignY::Centre);
+}
+
+Widget::~Widget() {
+    if (lastWidgetHit == this)
+        lastWidgetHit = nullptr;
+}
+
+void Widget::reset() { armed = hit = over = false; }
+
+void Widget::look(const Pointer& pointer) {
+    if (!active || !visible) {
+        reset();
+        return;
+    }
+    const Place place = placing.placeNow();
+    const bool isInside =
+        isWithin(place, pointer.x, pointer.y) && placing.isShownAt(pointer.x, pointer.y);
+    const bool isNear = isWithin(place, pointer.x, pointer.y, Slip);
+    if (!isInside && !(isNear && armed)) {
+        over = armed = false;
+        pressedElsewhere = pointer.isDown;
+        return;
+    }
+    if (!pressedElsewhere) {
+        // A fast press and release can fall between two frames.
+        const bool wasTapped =
+            !pointer.isDown && !armed && isIdle() &&
+            Mouse::wasTapped(MenuButton, place.x, place.y, place.width, place.height);
+        if (pointer.isDown) {
+            armed = armed || isIdle();
+        } else {
+            if (armed || wasTapped)
+                performHit();
+            armed = false;
+        }
+        over = true;
+    }
+    if (!pointer.isDown)
+        pressedElsewhere = false;
+}
+
+void Widget::performHit() {
+    log(name + " was hit", Category, LogInfo);
+    hit = true;
+    lastWidgetHit = this;
+    if (!sound.empty())
+        SoundHandler::getInstance().play(sound);
+    State* state = StatesMachine::getInstance().getActiveState();
+    if (isIdle() && state != nullptr)
+        state->onEvent(this, EventHit);
+    Mouse::consumeHits();
+    if (!transition.empty() && isIdle())
+        followTransition();
+}
+
+// The reset comes before the change: a widget that leads away itself isn't drawn down in the fade.
+void Widget::followTransition() {
+    if (transition.left(static_cast<int32_t>(AddressMark.size())) == AddressMark) {
+        log(name + " opens url " + transition, Category, LogDebug);
+        Window::openUrl(transition);
+        reset();
+        return;
+    }
+    StatesMachine& machine = StatesMachine::getInstance();
+    State* target = machine.getState(transition);
+    if (target == nullptr) {
+        log(name + " sets unknown state transition to: " + transition, Category, LogError);
+        return;
+    }
+    log(name + " sets state transition to: " + transition, Category, LogDebug);
+    reset();
+    machine.setActiveState(target, transition.view().front() == '<');
+}
+
+WidgetLook Widget::currentLook() const {
+    if (!active)
+        return LookInactive;
+    if (armed || hit)
+        return LookDown;
+    return over || focused ? LookOver : LookActive;
+}
+
+void Widget::setText(const String& newText) {
+    text = newText;
+    showText(newText);
+}
+
+void Widget::showText(const String& shown) {
+    if (label.getText() != shown)
+        label.setText(shown);
+}
+
+void Widget::setAlignment(int32_t bits) {
+    AlignX x = AlignX::Centre;
+    if ((bits & AlignHorizontal) != 0 && (bits & AlignHCenter) == 0)
+        x = (bits & AlignLeft) != 0 ? AlignX::Left : AlignX::Right;
+    AlignY y = AlignY::Centre;
+    if ((bits & AlignVertical) != 0 && (bits & AlignVCenter) == 0)
+        y = (bits & AlignTop) != 0 ? AlignY::Top : AlignY::Bottom;
+    label.setAlign(x, y);
+}
+
+void Widget::setTextOffset(int32_t x, int32_t y, int32_t newBorderX, int32_t newBorderY) {
+    textX = x;
+    textY = y;
+    borderX = newBorderX;
+    borderY = newBorderY;
+    labelPlace = {};
+    placeLabel();
+}
+
+void Widget::placeLabel() {
+    if (isSame(labelPlace, placing.place))
+        return;
+    labelPlace = placing.place;
+    Rect rect = rectOf(labelPlace);
+    rect.x += static_cast<float>(borderX + textX);
+    rect.y += static_cast<float>(borderY + textY);
+    rect.width -= static_cast<float>(2 * borderX);
+    rect.height -= static_cast<float>(2 * borderY);
+    label.setRect(rect);
+}
+
+uint32_t Widget::withAlpha(uint32_t argb) const {
+    const uint32_t own = argb >> 24;
+    return (argb & 0x00FFFFFF) | (own * static_cast<uint32_t>(alpha) / 255) << 24;
+}
+
+void Widget::render() {
+    if (!visible)
+        return;
+    Canvas& canvas = Canvas::getInstance();
+    if (placing.area != nullptr)
+        canvas.pushClip(rectOf(placing.area->getPlacing().place));
+    drawImage(canvas);
+    drawText(canvas);
+    if (placing.area != nullptr)
+        canvas.popClip();
+}
+
+void Widget::drawImage(Canvas& canvas) {
+    WidgetLook look = currentLook();
+    if (images[look] == nullptr) {
+        if (!warned[look])
+            log(String("Widget ") + name + " has no " + LookNames[look] + " image", Category,
+                LogWarning);
+        warned[look] = true;
+        look = LookActive;
+    }
+    if (images[look] == nullptr)
+        return;
+    const Place drawn{placing.drawX, placing.drawY, placing.place.width, placing.place.height};
+    images[look]->drawInto(canvas, rectOf(drawn), 0, withAlpha(tints[look]));
+}
+
+void Widget::drawText(Canvas& canvas) {
+    if (label.getText().empty())
+        return;
+    if (label.getFont() == nullptr) {
+        if (!warnedFont)
+            log(name + " has text but no font assigned", Category, LogError);
+        warnedFont = true;
+        return;
+    }
+    placeLabel();
+    label.setColor(textColors[currentLook()]);
+    label.draw(canvas,
+               {static_cast<float>(placing.drawX - placing.place.x),
+                static_cast<float>(placing.drawY - placing.place.y)},
+               alpha);
+}
+
+} // namespace zel

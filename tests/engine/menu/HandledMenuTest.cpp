@@ -1,0 +1,296 @@
+#include "engine/menu/HandledMenu.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/graphics/Canvas.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/HandledMenuExtension.h"
+#include "engine/menu/MenuEventHandler.h"
+#include "engine/menu/MenuOverlay.h"
+#include "engine/menu/TextArea.h"
+#include "engine/menu/Widget.h"
+#include "tests/engine/menu/ScreenDriver.h"
+#include "tests/engine/menu/TestApp.h"
+#include "tests/support/Printers.h"
+
+using namespace zel;
+
+namespace {
+
+std::vector<std::string>& calls() {
+    static std::vector<std::string> list;
+    return list;
+}
+
+void note(const std::string& who, const char* what, const Menu* menu) {
+    calls().push_back(who + " " + what + " " + (menu != nullptr ? menu->getName().c_str() : "-"));
+}
+
+/// Writes down what it is told.
+class Witness : public HandledMenuExtension {
+public:
+    Witness(const char* who, const char* menuName) : HandledMenuExtension(menuName), who(who) {}
+    void reset() override { note(who, "reset", menu); }
+    void onFirstEnter() override { note(who, "onFirstEnter", menu); }
+    void onEnter() override {
+        note(who, "onEnter", menu);
+        setText("title", "by code");
+        setActive("b", false);
+    }
+    void onEntered() override { note(who, "onEntered", menu); }
+    void onLeaving() override { note(who, "onLeaving", menu); }
+    void onLeave() override { note(who, "onLeave", menu); }
+    void onEvent(Widget* widget, int32_t eventType) override {
+        EXPECT_EQ(eventType, Widget::EventHit);
+        note(who, ("onEvent " + std::string(widget->getName().view())).c_str(), menu);
+    }
+
+private:
+    std::string who;
+};
+
+class Listener : public MenuListener {
+public:
+    void notify(Menu& menu, MenuNotification what) override {
+        if (what == MenuNotification::Entered)
+            note("listener", "entered", &menu);
+    }
+    void onEvent(Menu& menu, Widget*, int32_t) override { note("listener", "event", &menu); }
+};
+
+void attach(const char* who, const char* menuName) {
+    ZelLoop::registerPersistent(std::make_unique<Witness>(who, menuName));
+}
+
+constexpr const char* Screen = R"(
+init:
+layout.definelayout l
+layout.definewidget b button
+layout.definewidgetposition 100 100
+layout.definewidgetsize 100 40
+layout.definewidget go button
+layout.definewidgetposition 100 200
+layout.definewidgetsize 100 40
+layout.definetextarea title
+layout.definetextareasize 10 10
+setlayout l
+
+onenter:
+addwidget b "text" Nowhere
+addwidget go " " B
+addtextarea title "by script"
+
+onhit go:
+setlocalstring order hit
+settransition A
+
+onevent:
+setlocalstring event seen
+)";
+
+using Calls = std::vector<std::string>;
+
+class HandledMenuTest : public testing::Test {
+protected:
+    HandledMenuTest() { calls().clear(); }
+};
+
+} // namespace
+
+TEST_F(HandledMenuTest, TellsExtensionsInOrder) {
+    Listener listener;
+    whenMenusAreLoaded() = [&] {
+        attach("first", "A");
+        attach("all", "");
+        attach("second", "A");
+        attach("lost", "NoSuchMenu");
+        MenuEventHandler::addListener("A", &listener);
+    };
+    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    EXPECT_EQ(calls(),
+              (Calls{"first onFirstEnter A", "all onFirstEnter A", "second onFirstEnter A",
+                     "first onEnter A", "all onEnter A", "second onEnter A", "first reset A",
+                     "all reset A", "second reset A", "listener entered A", "first onEntered A",
+                     "all onEntered A", "second onEntered A"}));
+    calls().clear();
+    driver.press("go");
+    ASSERT_TRUE(driver.untilIdle("B"));
+    EXPECT_EQ(calls(),
+              (Calls{"listener event A", "first onEvent go A", "all onEvent go A",
+                     "second onEvent go A", "first onLeaving A", "all onLeaving A",
+                     "second onLeaving A", "all onFirstEnter B", "all onEnter B", "all reset B",
+                     "first onLeave A", "all onLeave A", "second onLeave A", "all onEntered B"}));
+    EXPECT_EQ(driver.log.linesWith("Requested state NoSuchMenu is unknown"), 1);
+}
+
+TEST_F(HandledMenuTest, KeepsWhatCodeDidInOnEnter) {
+    whenMenusAreLoaded() = [] { attach("code", "A"); };
+    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    EXPECT_EQ(driver.text("title"), "by code") << "reset() comes after onEnter()";
+    EXPECT_FALSE(driver.widget("b")->isActive());
+}
+
+TEST_F(HandledMenuTest, RunsTheSectionThenTheTransition) {
+    ScreenDriver driver({{"A", Screen}, {"B", "onenter:\nsettransition A\nsettransition A\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    HandledMenu& menu = driver.menu();
+    driver.press("go");
+    EXPECT_EQ(menu.getLocalString("order"), "hit");
+    EXPECT_EQ(menu.getLocalString("event"), "seen");
+    EXPECT_EQ(StatesMachine::getInstance().getActiveState()->getName(), "B")
+        << "the widget's change is immediate, the script's request waits and is lost";
+    EXPECT_TRUE(driver.untilIdle("A"));
+    EXPECT_TRUE(menu.getWidgets().count("go") == 1) << "the widgets came anew";
+}
+
+TEST_F(HandledMenuTest, LosesItsElementsOnLeave) {
+    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    HandledMenu& menu = driver.menu();
+    EXPECT_TRUE(HighLevelScheduler::getInstance().hasTask(&menu));
+    driver.press("go");
+    EXPECT_EQ(menu.getWidgets().size(), 2U) << "still there while it fades";
+    ASSERT_TRUE(driver.untilIdle("B"));
+    EXPECT_TRUE(menu.getWidgets().empty());
+    EXPECT_TRUE(menu.getTextAreas().empty());
+}
+
+TEST_F(HandledMenuTest, StartsAfreshWhenAFadeWasOvertaken) {
+    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}, {"C", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    StatesMachine& machine = StatesMachine::getInstance();
+    driver.menu().setText("b", "old");
+    machine.setActiveState(machine.getState("B"));
+    for (int32_t frame = 0; frame < 5; ++frame)
+        driver.step();
+    machine.setActiveState(machine.getState("C")); // A is dropped without onLeave()
+    ASSERT_TRUE(driver.untilIdle("C"));
+    machine.setActiveState(machine.getState("A"));
+    ASSERT_TRUE(driver.untilIdle("A"));
+    EXPECT_EQ(driver.text("b"), "text");
+    EXPECT_EQ(driver.log.linesWith("already exists"), 0);
+}
+
+TEST_F(HandledMenuTest, SurvivesWidgetsThatRemoveThemselves) {
+    ScreenDriver driver({{"A", R"(
+init:
+layout.definelayout l
+layout.definewidget a button
+layout.definewidgetsize 100 40
+layout.definewidget b button
+layout.definewidgetposition 300 0
+layout.definewidgetsize 100 40
+setlayout l
+
+onenter:
+addwidget a
+addwidget b " " B
+
+onhit a:
+removewidget a
+removewidget missing
+
+onhit b:
+clearwidgets
+)"},
+                         {"B", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    driver.press("a");
+    EXPECT_EQ(driver.widget("a"), nullptr);
+    EXPECT_EQ(Widget::lastWidgetHit, nullptr);
+    EXPECT_TRUE(driver.log.holds("removewidget of unknown widget missing"));
+    EXPECT_TRUE(driver.menu().hitWidget("b"));
+    EXPECT_TRUE(driver.untilIdle("B")) << "its transition is followed all the same";
+}
+
+TEST_F(HandledMenuTest, SaysWhyAnElementCannotBeMade) {
+    ScreenDriver driver({{"A", "onenter:\naddwidget x\naddtextarea y\nlayout.definelayout L\n"
+                               "layout.definewidget x\nsetlayout l\naddwidget x\naddwidget x\n"
+                               "addwidget z\naddtextarea z\nsetlayout none\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    for (const char* line :
+         {"[Menu] No layout set in state A before creating widget x",
+          "[StandardMenu] Failed to create Widget x",
+          "[Menu] No layout set in state A before creating TextArea y",
+          "[StandardMenu] Failed to create TextArea y", "[Menu] Widget x already exists",
+          "[Menu] Widget z does not exist in layout L",
+          "[Menu] TextArea z does not exist in layout L", "[Menu] Layout identifier unknown",
+          "[StandardMenu] Added widget=x text= transition="})
+        EXPECT_TRUE(driver.log.holds(line)) << line;
+}
+
+TEST_F(HandledMenuTest, RunsAOneLineSectionOnce) {
+    ScreenDriver driver({{"A", "init:\nonenter:\nsetlocalflag entered on\n"}, {"B", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    HandledMenu& menu = driver.menu();
+    EXPECT_TRUE(menu.getLocalFlag("entered"));
+    menu.setLocalFlag("entered", false);
+    menu.onEnter();
+    EXPECT_FALSE(menu.getLocalFlag("entered")) << "its answer says that there is no section";
+}
+
+TEST_F(HandledMenuTest, KeepsElementsOverAPause) {
+    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    driver.menu().setText("b", "changed");
+    driver.widget("b")->setActive(false);
+    ZelLoop::onPause();
+    ZelLoop::onContinue();
+    EXPECT_EQ(driver.text("b"), "changed");
+    EXPECT_FALSE(driver.widget("b")->isActive());
+    EXPECT_EQ(driver.widget("go")->getTransition(), "B");
+}
+
+TEST_F(HandledMenuTest, LeavesNothingBehind) {
+    for (int32_t round = 0; round < 2; ++round) {
+        whenMenusAreLoaded() = [] { attach("code", "A"); };
+        calls().clear();
+        ScreenDriver driver({{"A", Screen}, {"B", "init:\nsetglobalflag g on\n"}});
+        ASSERT_TRUE(driver.untilIdle("A"));
+        EXPECT_EQ(calls().size(), 4U) << "no extension of the loop before hears it";
+        EXPECT_EQ(driver.log.linesWith("is unknown"), 0);
+    }
+    ScreenDriver driver({{"A", "init:\n"}});
+    EXPECT_FALSE(HandledMenu::getMenus()[0]->getGlobalFlag("g"));
+}
+
+TEST_F(HandledMenuTest, SharesPicturesBetweenScreens) {
+    constexpr const char* Shared = "onenter:\nsetmenuoverlay bg desk ignoreaspectratio\n"
+                                   "setmenuoverlay fg none\nsetlocalflag a on\n";
+    ScreenDriver driver({{"A", Shared}, {"B", Shared}});
+    BitmapData dot;
+    dot.width = dot.height = dot.pictureWidth = dot.pictureHeight = 1;
+    dot.depth = 3;
+    dot.pixels = {1, 2, 3};
+    ImageHandler::getInstance().addPicture("desk", dot);
+    ASSERT_TRUE(driver.untilIdle("A"));
+    StateOverlay* desk = driver.menu().getBackgroundOverlay();
+    ASSERT_NE(desk, nullptr);
+    EXPECT_EQ(desk->getUserCount(), 1);
+    EXPECT_TRUE(driver.log.holds("[Menu] setMenuOverlay background image none does not exist"));
+    StatesMachine& machine = StatesMachine::getInstance();
+    machine.setActiveState(machine.getState("B"));
+    std::vector<Canvas::Record> records;
+    Canvas::getInstance().setRecorder(&records);
+    bool isAlwaysWhole = true;
+    int32_t fadingFrames = 0;
+    while (!machine.isSettled()) {
+        driver.step();
+        const int32_t opacity = machine.getActiveState()->getOpacityByte();
+        if (opacity == 0 || opacity == 255)
+            continue;
+        records.clear();
+        machine.getActiveState()->render();
+        ++fadingFrames;
+        isAlwaysWhole = isAlwaysWhole && records.size() == 1 && records[0].argb == 0xFFFFFFFF;
+    }
+    Canvas::getInstance().setRecorder(nullptr);
+    EXPECT_GT(fadingFrames, 5);
+    EXPECT_TRUE(isAlwaysWhole);
+    EXPECT_EQ(machine.getActiveState()->getBackgroundOverlay(), desk);
+    EXPECT_EQ(driver.log.linesWith("Duplicate MenuOverlay"), 0);
+}

@@ -1,0 +1,138 @@
+#include "engine/menu/MenuFocus.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/core/Platform.h"
+#include "engine/menu/Widget.h"
+#include "tests/engine/menu/ScreenDriver.h"
+#include "tests/support/Printers.h"
+
+using namespace zel;
+
+namespace {
+
+// Two columns: a over c on the left, b over d on the right; a label and an input below.
+constexpr const char* Grid = R"(
+init:
+layout.definelayout l
+layout.definewidget a button
+layout.definewidgetposition 100 100
+layout.definewidgetsize 100 40
+layout.definewidget b button
+layout.definewidgetposition 300 100
+layout.definewidgetsize 100 40
+layout.definewidget c button
+layout.definewidgetposition 100 200
+layout.definewidgetsize 100 40
+layout.definewidget d button
+layout.definewidgetposition 300 200
+layout.definewidgetsize 100 40
+layout.definewidget label widget
+layout.definewidgetposition 100 300
+layout.definewidgetsize 100 40
+layout.definewidget name textinput
+layout.definewidgetposition 100 400
+layout.definewidgetsize 100 40
+layout.definewidget menuBack button
+layout.definewidgetposition 100 700
+layout.definewidgetsize 100 40
+setlayout l
+
+onenter:
+addwidget a
+addwidget b
+addwidget c
+addwidget d
+addwidget label
+addwidget name
+addwidget menuBack " " B
+
+onhit a:
+setlocalstring hit a
+
+onhit d:
+setlocalstring hit d
+)";
+
+class MenuFocusTest : public testing::Test {
+protected:
+    MenuFocusTest() : driver({{"A", Grid}, {"B", "init:\n"}}) {
+        driver.untilIdle("A");
+        driver.step();
+    }
+    std::string focus() { return driver.menu().getFocus().getName().c_str(); }
+    std::string keys(std::initializer_list<int32_t> symbols) {
+        std::string way;
+        for (const int32_t symbol : symbols) {
+            driver.key(symbol);
+            way += focus() + " ";
+        }
+        return way;
+    }
+    ScreenDriver driver;
+};
+
+} // namespace
+
+TEST_F(MenuFocusTest, TabGoesByRowsAndPassesLabels) {
+    EXPECT_EQ(keys({KeyTab, KeyTab, KeyTab, KeyTab, KeyTab, KeyTab, KeyTab}),
+              "a b c d name menuBack a ");
+    driver.key(KeyTab, 0, true);
+    EXPECT_EQ(focus(), "menuBack");
+    EXPECT_EQ(driver.widget("menuBack")->currentLook(), LookOver) << "drawn like the pointer's";
+    EXPECT_EQ(driver.widget("a")->currentLook(), LookActive);
+}
+
+TEST_F(MenuFocusTest, ArrowsGoToTheNearest) {
+    EXPECT_EQ(keys({KeyDown, KeyRight, KeyDown, KeyLeft, KeyUp, KeyUp}), "a b d c a a ");
+}
+
+TEST_F(MenuFocusTest, EnterAndSpaceHitWhatHasIt) {
+    driver.key(KeyReturn);
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "") << "nothing has the focus yet";
+    keys({KeyTab, KeyReturn});
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "a");
+    keys({KeyRight, KeyDown, KeySpace});
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "d");
+}
+
+TEST_F(MenuFocusTest, SkipsWhatCannotBePressed) {
+    driver.widget("b")->setActive(false);
+    driver.widget("c")->setVisible(false);
+    EXPECT_EQ(keys({KeyTab, KeyTab}), "a d ");
+    driver.widget("d")->setActive(false);
+    driver.step();
+    EXPECT_EQ(focus(), "") << "it loses the focus with its activity";
+}
+
+TEST_F(MenuFocusTest, GoesWithThePointer) {
+    keys({KeyTab});
+    driver.moveTo(700, 700);
+    driver.step();
+    EXPECT_EQ(focus(), "");
+    EXPECT_FALSE(driver.widget("a")->isFocused());
+}
+
+TEST_F(MenuFocusTest, EscapeGoesBack) {
+    driver.widget("menuBack")->setActive(false);
+    driver.key(KeyEscape);
+    EXPECT_TRUE(driver.untilIdle("A"));
+    driver.widget("menuBack")->setActive(true);
+    driver.key(KeyEscape);
+    EXPECT_TRUE(driver.untilIdle("B"));
+}
+
+TEST_F(MenuFocusTest, TypesIntoAField) {
+    driver.press("name");
+    EXPECT_EQ(focus(), "name");
+    for (const char letter : {'R', 'e', 'n', '\xe9', ' ', '!'})
+        driver.key(static_cast<uint8_t>(letter), letter);
+    driver.key(KeyBackspace, 8);
+    EXPECT_EQ(driver.text("name"), "Ren\xe9 ") << "a blank is typed, no hit";
+    driver.key(KeyTab);
+    EXPECT_EQ(focus(), "menuBack");
+    driver.key('x', 'x');
+    EXPECT_EQ(driver.text("name"), "Ren\xe9 ");
+    driver.widget("name")->setText("Other");
+    EXPECT_EQ(driver.text("name"), "Other");
+}

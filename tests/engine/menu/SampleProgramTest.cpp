@@ -1,0 +1,219 @@
+#include <algorithm>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "engine/core/File.h"
+#include "engine/core/Platform.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/graphics/Canvas.h"
+#include "engine/menu/HandledMenuExtension.h"
+#include "engine/menu/ScriptCommand.h"
+#include "engine/menu/ScrollingArea.h"
+#include "engine/menu/TextArea.h"
+#include "tests/engine/menu/ScreenDriver.h"
+#include "tests/engine/menu/TestApp.h"
+#include "tests/support/Printers.h"
+
+using namespace zel;
+
+namespace {
+
+/// The code of the screen "Looks".
+class Looks : public HandledMenuExtension {
+public:
+    Looks() : HandledMenuExtension("Looks") {}
+    void onEnter() override { setActive("idle", false); }
+};
+
+/// The sample program, in its first screen.
+class SampleProgram : public testing::Test {
+protected:
+    SampleProgram() {
+        whenMenusAreLoaded() = [] { ZelLoop::registerPersistent(std::make_unique<Looks>()); };
+        driver = std::make_unique<ScreenDriver>(SAMPLE_FOLDER);
+        EXPECT_TRUE(driver->untilIdle("Start"));
+    }
+    ~SampleProgram() override {
+        for (const ScriptFault& fault : driver->faults)
+            ADD_FAILURE() << fault.file.view() << ": " << fault.text.view();
+        for (const char* mark : {"!! ", " w "})
+            EXPECT_EQ(driver->log.linesWith(mark), 0) << driver->log.text();
+    }
+    void go(const char* button, const char* screen) {
+        driver->press(button);
+        ASSERT_TRUE(driver->untilIdle(screen)) << button;
+    }
+    bool isVisible(const char* name) const { return driver->widget(name)->isVisible(); }
+
+    std::unique_ptr<ScreenDriver> driver;
+};
+
+} // namespace
+
+TEST_F(SampleProgram, NamesEveryCommandAndEverySection) {
+    std::set<std::string> used;
+    for (HandledMenu* menu : HandledMenu::getMenus()) {
+        for (const MenuConfigFile::Line& line : menu->getScript().getLines()) {
+            const std::vector<String> words = splitWords(line.text);
+            used.insert(words[0].toLower().c_str());
+            if (words[0].view().front() == '@')
+                used.insert(words[1].toLower().c_str());
+        }
+    }
+    for (const ScriptCommands& table : {menuCommands(), layoutCommands(), themeCommands()}) {
+        for (size_t i = 0; i < table.count; ++i)
+            EXPECT_EQ(used.count(table.first[i].name), 1U) << table.first[i].name;
+    }
+    for (const char* section :
+         {"init:", "deinit:", "preload:", "onfirstenter:", "onenter:", "reset:", "onentered:",
+          "onleaving:", "onleave:", "onpause:", "oncontinue:", "onevent:"})
+        EXPECT_EQ(used.count(section), 1U) << section;
+}
+
+TEST_F(SampleProgram, WalksThroughAllScreens) {
+    EXPECT_EQ(driver->text("title"), "Sample program") << "a text of the language table";
+    for (const char* screen : {"Looks", "Texts", "Places", "Moving", "Painted", "Variables"}) {
+        go((std::string("to") + screen).c_str(), screen);
+        go("menuBack", "Start");
+    }
+    go("toVariables", "Variables");
+    driver->press("pass");
+    ASSERT_TRUE(driver->untilIdle("Passing"));
+    EXPECT_TRUE(driver->untilIdle("Start")) << "it goes on by itself";
+    driver->key(KeyEscape);
+    for (int32_t frame = 0; frame < 100 && !ZelLoop::isFinished(); ++frame)
+        driver->step();
+    EXPECT_TRUE(ZelLoop::isFinished()) << "the way back from the first screen is the end";
+}
+
+TEST_F(SampleProgram, ShowsTheLooks) {
+    go("toLooks", "Looks");
+    EXPECT_EQ(driver->widget("idle")->currentLook(), LookInactive);
+    driver->press("idle");
+    EXPECT_FALSE(driver->widget("idle")->wasHit());
+    EXPECT_EQ(driver->widget("own")->getImage(LookActive),
+              driver->widget("button")->getImage(LookOver));
+    EXPECT_FALSE(isVisible("hidden"));
+    driver->press("button");
+    EXPECT_EQ(driver->widget("button")->currentLook(), LookOver) << "its section resets it";
+    EXPECT_TRUE(isVisible("hidden"));
+    EXPECT_FALSE(isVisible("shown"));
+    driver->press("own");
+    EXPECT_EQ(driver->widget("own"), nullptr);
+    EXPECT_EQ(driver->widget("bare"), nullptr);
+}
+
+TEST_F(SampleProgram, SetsTexts) {
+    go("toTexts", "Texts");
+    const TextArea& left = *driver->menu().getTextArea("left");
+    EXPECT_GE(left.getLabel().lineCount(), 3);
+    EXPECT_LE(left.getLabel().width(), 260);
+    EXPECT_EQ(driver->menu().getTextArea("short")->getLabel().lineCount(), 2);
+    EXPECT_EQ(driver->menu().getTextArea("right")->getPlacing().place.x, 1024 - 64 - 260);
+    EXPECT_EQ(driver->text("number"), "Language text ");
+    EXPECT_EQ(driver->text("asArea"), "Defined as a widget, made as a text area");
+    driver->press("label");
+    EXPECT_EQ(driver->menu().getTextAreas().size(), 3U);
+    driver->press("number");
+    EXPECT_TRUE(driver->menu().getTextAreas().empty());
+    EXPECT_EQ(driver->menu().getWidgets().size(), 1U);
+    driver->step();
+    go("menuBack", "Start");
+}
+
+TEST_F(SampleProgram, LaysOutAnUnchangedTextOnce) {
+    go("toTexts", "Texts");
+    const Text& label = driver->menu().getTextArea("left")->getLabel();
+    const Text& onButton = driver->widget("menuBack")->getLabel();
+    const int32_t before = label.layoutCount() + onButton.layoutCount();
+    for (int32_t frame = 0; frame < 20; ++frame)
+        driver->step();
+    EXPECT_EQ(label.layoutCount() + onButton.layoutCount(), before);
+}
+
+TEST_F(SampleProgram, PlacesElementsAndPictures) {
+    go("toPlaces", "Places");
+    const Place corner = driver->widget("corner")->getPlacing().place;
+    EXPECT_EQ(corner.x + corner.width, 992);
+    EXPECT_EQ(corner.y + corner.height, 736);
+    EXPECT_EQ(driver->text("onTablet"), "tablet") << "the design has a tablet's size";
+    const StateOverlay* before = driver->menu().getBackgroundOverlay();
+    EXPECT_NE(before, nullptr);
+    driver->press("corner");
+    EXPECT_NE(driver->menu().getBackgroundOverlay(), before) << "other options, another overlay";
+    driver->press("centre");
+    EXPECT_NE(driver->menu().getForegroundOverlay(), nullptr);
+}
+
+TEST_F(SampleProgram, MovesElementsInAndOut) {
+    driver->press("toMoving");
+    StatesMachine& machine = StatesMachine::getInstance();
+    std::vector<int32_t> way;
+    while (!machine.isSettled()) {
+        driver->step();
+        const Widget* widget = driver->widget("fromLeft");
+        if (machine.getPhase() == StatesMachine::FadeIn && widget != nullptr) {
+            driver->menu().render();
+            way.push_back(widget->getPlacing().drawX);
+        }
+    }
+    ASSERT_GT(way.size(), 5U);
+    EXPECT_TRUE(std::is_sorted(way.begin(), way.end()));
+    EXPECT_LT(way.front(), -150) << "it comes from 320 pixels to the left of 64";
+    driver->menu().render();
+    EXPECT_EQ(driver->widget("fromLeft")->getPlacing().drawX, 64);
+
+    driver->press("name");
+    for (const char letter : {'L', 'u', 'f', 'b', 'e', 'r', 'y'})
+        driver->key(letter, letter);
+    EXPECT_EQ(driver->text("name"), "Lufbery");
+    auto& list = dynamic_cast<ScrollingArea&>(*driver->widget("list"));
+    list.setOffset(1000);
+    EXPECT_EQ(list.getOffset(), 410 - 264) << "the note's end, less the area's";
+    go("menuBack", "Start");
+}
+
+TEST_F(SampleProgram, ReadsThePaintedLayout) {
+    go("toPainted", "Painted");
+    const Place first = driver->widget("first")->getPlacing().place;
+    EXPECT_EQ(first.x, 672) << "168 in the picture, four times as large on the screen";
+    EXPECT_EQ(first.y, 160);
+    EXPECT_EQ(first.width, 320);
+    EXPECT_EQ(first.height, 48);
+    EXPECT_EQ(driver->text("first"), "First");
+    EXPECT_EQ(driver->text("title"), "A painted layout");
+}
+
+TEST_F(SampleProgram, KeepsVariables) {
+    go("toVariables", "Variables");
+    HandledMenu& menu = driver->menu();
+    EXPECT_TRUE(menu.getLocalFlag("wasreset"));
+    EXPECT_TRUE(menu.getLocalFlag("entered"));
+    driver->press("store");
+    driver->press("change");
+    EXPECT_EQ(menu.getLocalString("colour"), "blue");
+    EXPECT_FALSE(menu.getGlobalFlag("sampleloaded"));
+    driver->press("restore");
+    EXPECT_EQ(menu.getLocalString("colour"), "red");
+    EXPECT_EQ(menu.getGlobalString("sampletitle"), "Sample program");
+    EXPECT_TRUE(menu.getGlobalFlag("sampleloaded"));
+    EXPECT_FALSE(driver->widget("store")->wasHit()) << "onevent resets it";
+    ZelLoop::onPause();
+    EXPECT_EQ(menu.getLocalString("step"), "paused");
+    ZelLoop::onContinue();
+    EXPECT_EQ(menu.getLocalString("step"), "continued");
+    go("menuBack", "Start");
+    EXPECT_TRUE(menu.getLocalFlag("leaving"));
+    EXPECT_EQ(menu.getLocalString("step"), "left");
+}
+
+TEST_F(SampleProgram, IsDrivenByTheKeyboardAlone) {
+    driver->key(KeyTab);
+    EXPECT_TRUE(driver->widget("toLooks")->isFocused());
+    driver->key(KeyDown);
+    driver->key(KeyReturn);
+    ASSERT_TRUE(driver->untilIdle("Texts"));
+    driver->key(KeyEscape);
+    ASSERT_TRUE(driver->untilIdle("Start"));
+}

@@ -1,0 +1,135 @@
+#include "tests/engine/menu/ScreenDriver.h"
+
+#include <SDL.h>
+
+#include "engine/core/Clock.h"
+#include "engine/core/Platform.h"
+#include "engine/core/Registry.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/menu/TextArea.h"
+#include "engine/menu/Widget.h"
+#include "tests/engine/menu/TestApp.h"
+
+namespace {
+
+// A clock that stands still would hold up whoever waits for it: it creeps with its readings.
+uint32_t now = 0;
+uint32_t readings = 0;
+constexpr uint32_t ReadingsPerMillisecond = 1000;
+
+uint32_t testTicks() { return now + ++readings / ReadingsPerMillisecond; }
+
+void send(const SDL_Event& event) { zel::Platform::getInstance().handleEvent(event); }
+
+} // namespace
+
+ScreenDriver::ScreenDriver(std::initializer_list<Script> scripts) : log(LevelOfAll) {
+    std::string list;
+    for (const Script& script : scripts) {
+        list += std::string(script.menu) + "\n";
+        const std::string name = std::string(script.menu);
+        temporary.write("Menus/" + name.substr(0, name.find(' ')) + ".ini", script.text);
+    }
+    temporary.write("Menus/init.lst", list);
+    start(temporary.path());
+}
+
+ScreenDriver::ScreenDriver(const std::string& folder) : log(LevelOfAll) { start(folder); }
+
+void ScreenDriver::start(const std::string& folder) {
+    zel::Platform::getInstance().clearInput();
+    zel::setTickSource(testTicks);
+    folderBefore = zel::system::currentDirectory().c_str();
+    zel::system::changeDirectory(folder);
+    zel::setUserDirectory(temporary.file("user") + "/");
+    zel::Registry::reset();
+    zel::MenuConfigFile::setFaultSink(
+        [this](const zel::ScriptFault& fault) { faults.push_back(fault); });
+    loop = std::make_unique<zel::ZelLoop>();
+}
+
+ScreenDriver::~ScreenDriver() {
+    loop.reset();
+    whenMenusAreLoaded() = nullptr;
+    zel::MenuConfigFile::setFaultSink(nullptr);
+    zel::setUserDirectory("");
+    zel::system::changeDirectory(folderBefore);
+    zel::setTickSource(nullptr);
+}
+
+void ScreenDriver::step(int32_t milliseconds) {
+    now += static_cast<uint32_t>(milliseconds);
+    loop->step();
+}
+
+bool ScreenDriver::untilIdle(const char* state) {
+    const zel::StatesMachine& machine = zel::StatesMachine::getInstance();
+    for (int32_t frame = 0; frame < 1000; ++frame) {
+        const zel::State* active = machine.getActiveState();
+        if (active != nullptr && active->getName() == state && machine.isSettled())
+            return true;
+        step();
+    }
+    return false;
+}
+
+void ScreenDriver::moveTo(int32_t x, int32_t y) {
+    SDL_Event event{};
+    event.type = SDL_MOUSEMOTION;
+    event.motion.x = static_cast<Uint16>(x);
+    event.motion.y = static_cast<Uint16>(y);
+    send(event);
+}
+
+void ScreenDriver::button(bool down) {
+    SDL_Event event{};
+    event.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+    event.button.button = SDL_BUTTON_LEFT;
+    send(event);
+}
+
+void ScreenDriver::wheel(bool up) {
+    SDL_Event event{};
+    event.button.button = up ? SDL_BUTTON_WHEELUP : SDL_BUTTON_WHEELDOWN;
+    for (const int type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
+        event.type = static_cast<Uint8>(type);
+        send(event);
+    }
+    step();
+}
+
+void ScreenDriver::pressAtWindow(const char* name, int32_t offsetX) {
+    const zel::Place place = widget(name)->getPlacing().placeNow();
+    moveTo(offsetX + place.x + place.width / 2, place.y + place.height / 2);
+    step();
+    button(true);
+    step();
+    button(false);
+    step();
+    step();
+}
+
+void ScreenDriver::key(int32_t symbol, char character, bool shift) {
+    SDL_Event event{};
+    event.type = SDL_KEYDOWN;
+    event.key.keysym.sym = static_cast<SDLKey>(symbol);
+    event.key.keysym.unicode = static_cast<Uint8>(character);
+    event.key.keysym.mod = shift ? KMOD_LSHIFT : KMOD_NONE;
+    send(event);
+    event.type = SDL_KEYUP;
+    send(event);
+    step();
+}
+
+zel::HandledMenu& ScreenDriver::menu() const {
+    return dynamic_cast<zel::HandledMenu&>(*zel::StatesMachine::getInstance().getActiveState());
+}
+
+std::string ScreenDriver::text(const char* name) const {
+    if (const zel::Widget* element = widget(name))
+        return element->getText().c_str();
+    const zel::TextArea* area = menu().getTextArea(name);
+    return area != nullptr ? area->getText().c_str() : "";
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "engine/core/ZelLoop.h"
+#include "engine/menu/HandledMenu.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryFolder.h"
+
+/// Runs a menu program without a window, on a clock of its own, by the names of its widgets.
+class ScreenDriver {
+public:
+    struct Script {
+        const char* menu; // each becomes a line of the list, in this order
+        const char* text; // of Menus/NAME.ini
+    };
+    /// A program of these scripts alone, in a folder of its own.
+    explicit ScreenDriver(std::initializer_list<Script> scripts);
+    /// The program in that folder.
+    explicit ScreenDriver(const std::string& folder);
+    ~ScreenDriver();
+
+    /// One frame after that many milliseconds.
+    void step(int32_t milliseconds = 10);
+    /// Frames until the state is active, nothing is left to deliver and no fade runs; false if that
+    /// takes more than ten seconds.
+    bool untilIdle(const char* state);
+
+    void moveTo(int32_t x, int32_t y);
+    void button(bool down);
+    void wheel(bool up); // one step, and a frame
+    /// Moves the pointer to the widget's middle, presses, releases: four frames.
+    void press(const char* widget) { pressAtWindow(widget, 0); }
+    /// The same in a window whose picture begins that many pixels from its left.
+    void pressAtWindow(const char* widget, int32_t offsetX);
+    void key(int32_t symbol, char character = 0, bool shift = false);
+
+    zel::HandledMenu& menu() const; // the active one
+    zel::Widget* widget(const char* name) const { return menu().getWidget(name); }
+    std::string text(const char* name) const;
+
+    LogCapture log;
+    std::vector<zel::ScriptFault> faults;
+
+    static constexpr int32_t LevelOfAll = 7;
+
+private:
+    void start(const std::string& folder);
+
+    TemporaryFolder temporary; // the scripts' folder, and the player's
+    std::string folderBefore;
+    std::unique_ptr<zel::ZelLoop> loop;
+};

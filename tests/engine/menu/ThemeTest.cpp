@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include "engine/graphics/Canvas.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/TextArea.h"
+#include "engine/menu/ThemeHandler.h"
+#include "engine/menu/Widget.h"
+#include "tests/engine/menu/ScreenDriver.h"
+#include "tests/support/Printers.h"
+
+using namespace zel;
+
+namespace {
+
+std::string imageOf(const Widget& widget, WidgetLook look) {
+    const Image* image = widget.getImage(look);
+    return image != nullptr ? image->getName().c_str() : "";
+}
+
+BitmapData dot() {
+    BitmapData data;
+    data.width = data.height = data.pictureWidth = data.pictureHeight = 1;
+    data.depth = 4;
+    data.pixels = {255, 255, 255, 255};
+    return data;
+}
+
+void addPictures() {
+    for (const char* name : {"rest", "press", "own", "desk"})
+        ImageHandler::getInstance().addPicture(name, dot());
+}
+
+constexpr const char* Styled = R"(
+onenter:
+theme.definetheme T
+theme.definewidgetimage Button rest all
+theme.definewidgetimage button press down
+theme.definewidgetimagecolorargb button 80FFFFFF all
+theme.definetextcolorargb FF010101 all
+theme.definewidgettextcolorargb button FF020202 over
+theme.definebackgroundimage desk
+layout.definelayout l
+layout.definewidget plain button
+layout.definewidgetsize 10 10
+layout.definewidget own button
+layout.definewidgetimage own active
+layout.definewidget other
+setlayout l
+settheme t
+settheme missing
+addwidget plain
+addwidget own
+addwidget other
+)";
+
+} // namespace
+
+TEST(Theme, FillsWhatTheLayoutLeavesOpen) {
+    ScreenDriver driver({{"A", Styled}});
+    addPictures();
+    ASSERT_TRUE(driver.untilIdle("A"));
+    EXPECT_EQ(driver.log.linesWith("[Menu] Theme identifier unknown"), 1);
+    EXPECT_EQ(driver.log.linesWith("[ThemeHandler] Added theme T"), 1);
+    EXPECT_EQ(driver.menu().getTheme()->name, "T") << "an unknown one changes nothing";
+    const Widget& plain = *driver.widget("plain");
+    EXPECT_EQ(imageOf(plain, LookActive), "rest");
+    EXPECT_EQ(imageOf(plain, LookDown), "press") << "a later word overrides all";
+    EXPECT_EQ(imageOf(*driver.widget("own"), LookActive), "own") << "the layout's goes first";
+    EXPECT_EQ(imageOf(*driver.widget("own"), LookOver), "rest");
+    EXPECT_EQ(imageOf(*driver.widget("other"), LookActive), "") << "another kind";
+    ASSERT_NE(driver.menu().getThemeBackground(), nullptr);
+}
+
+TEST(Theme, TintsImages) {
+    ScreenDriver driver({{"A", Styled}});
+    addPictures();
+    ASSERT_TRUE(driver.untilIdle("A"));
+    std::vector<Canvas::Record> records;
+    Canvas::getInstance().setRecorder(&records);
+    driver.menu().render();
+    Canvas::getInstance().setRecorder(nullptr);
+    ASSERT_GE(records.size(), 2U);
+    EXPECT_EQ(records[0].target, (Rect{128, 0, 768, 768})) << "the background, its aspect kept";
+    bool isTinted = false;
+    for (const Canvas::Record& record : records)
+        isTinted = isTinted || (record.target == Rect{0, 0, 10, 10} && record.argb == 0x80FFFFFF);
+    EXPECT_TRUE(isTinted);
+}
+
+TEST(Theme, StartsOver) {
+    const LogCapture log;
+    ThemeHandler::release();
+    ThemeHandler& handler = ThemeHandler::getInstance();
+    EXPECT_EQ(handler.currentTheme(), nullptr);
+    EXPECT_TRUE(log.holds("definition without theme"));
+    handler.defineTheme("Office");
+    handler.defineFont("b", 1);
+    handler.defineFont("c", -1);
+    handler.defineFont("a", 0);
+    EXPECT_EQ(handler.find("OFFICE")->fonts, (std::vector<String>{"a", "b", "c"}));
+    handler.defineFont("far", 30000);
+    EXPECT_EQ(handler.find("office")->fonts.size(), 3U);
+    handler.clearTheme();
+    EXPECT_TRUE(handler.find("office")->fonts.empty());
+    EXPECT_EQ(handler.find("office")->name, "Office");
+    handler.defineFont("d", 0);
+    handler.defineTheme("office");
+    EXPECT_TRUE(handler.find("office")->fonts.empty()) << "a second definition starts over";
+    ThemeHandler::release();
+}
+
+TEST(TextArea, TellsOfFonts) {
+    LogCapture log;
+    TextArea area("note");
+    area.setText("text");
+    area.setText("more");
+    EXPECT_EQ(log.linesWith("[TextArea] internalUpdate() has no font"), 1);
+    area.setFont({String(), 3}, {"a"});
+    EXPECT_TRUE(log.holds("Font with fontIndex=3 does not exist"));
+    area.setFont({"none/such", -1}, {});
+    EXPECT_TRUE(log.holds("Font cannot be loaded"));
+}
