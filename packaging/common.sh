@@ -48,8 +48,10 @@ quietly() {
 build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev"
 test_packages="clang libclang-rt-14-dev libgtest-dev libbenchmark-dev xvfb xauth libgl1-mesa-dri"
 
-# build PRESET: configures and builds.
+# build PRESET [OPTION...]: configures and builds.
 build() {
-    quietly "build/$1-configure.log" cmake --preset "$1"
-    quietly "build/$1-build.log" cmake --build --preset "$1" --parallel "$(nproc)"
+    preset=$1
+    shift
+    quietly "build/$preset-configure.log" cmake --preset "$preset"
+    quietly "build/$preset-build.log" cmake --build --preset "$preset" --parallel "$(nproc)" "$@"
 }
