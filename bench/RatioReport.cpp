@@ -25,6 +25,8 @@ bool RatioReport::ReportContext(const Context& /*context*/) { return true; }
 
 void RatioReport::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
+        if (run.error_occurred)
+            std::printf("%s: %s\n", run.run_name.function_name.c_str(), run.error_message.c_str());
         if (run.error_occurred || run.run_type != Run::RT_Iteration)
             continue;
         const std::string name = run.run_name.function_name;

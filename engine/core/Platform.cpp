@@ -224,8 +224,10 @@ int32_t Platform::appState() const {
 void Platform::beginLook() {
     handleEvents();
     const uint32_t now = ticks();
-    if (now - lastLook > LongestLook)
+    if (now - lastLook > LongestLook) { // what was pressed while nobody looked is forgotten
         pendingTaps.clear();
+        typedKeys.clear();
+    }
     lastLook = now;
     visibleTaps = std::move(pendingTaps);
     pendingTaps.clear();

@@ -14,8 +14,18 @@ namespace {
 constexpr REGSAM KeyRead = 0x20019;
 constexpr DWORD RegistryBufferSize = 1024;
 
-ULONGLONG programStart() {
-    static const ULONGLONG start = GetTickCount64();
+/// Microseconds of the fine counter: the plain tick count moves in steps of 16 milliseconds.
+int64_t counterTime() {
+    LARGE_INTEGER frequency;
+    LARGE_INTEGER counter;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&counter);
+    return counter.QuadPart / frequency.QuadPart * 1000000 +
+           counter.QuadPart % frequency.QuadPart * 1000000 / frequency.QuadPart;
+}
+
+int64_t programStart() {
+    static const int64_t start = counterTime();
     return start;
 }
 
@@ -24,8 +34,8 @@ DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); 
 } // namespace
 
 uint32_t ticks() {
-    const ULONGLONG start = programStart();
-    return static_cast<uint32_t>(GetTickCount64() - start);
+    const int64_t start = programStart();
+    return static_cast<uint32_t>((counterTime() - start) / 1000);
 }
 
 WallTime wallTime() {

@@ -142,7 +142,8 @@ uint32_t CanvasSide::textureOf(const Bitmap& bitmap) {
 }
 
 uint32_t CanvasSide::upload(const BitmapData& data) {
-    while (glGetError() != GL_NO_ERROR) {
+    // Older errors are not this picture's. A lost context may answer with one for ever.
+    for (int32_t i = 0; i < 16 && glGetError() != GL_NO_ERROR; ++i) {
     }
     const GLuint name = newTexture();
     boundNumber = lastNumber + 1;

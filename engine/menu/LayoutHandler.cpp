@@ -15,9 +15,12 @@ std::unique_ptr<LayoutHandler>& instance() {
     return handler;
 }
 
-/// Takes the element of that name out of one list and into the other, unless it is there already.
+/// The element of that name in one list: the one that is there, or else the other list's, or a new
+/// one. An element that is in both stays in both.
 ElementDefinition& moveTo(std::map<String, ElementDefinition>& to,
                           std::map<String, ElementDefinition>& from, const String& name) {
+    if (const auto present = to.find(name); present != to.end())
+        return present->second;
     if (auto node = from.extract(name); !node.empty())
         return to.insert(std::move(node)).position->second;
     ElementDefinition& element = to[name];
@@ -53,7 +56,11 @@ void LayoutHandler::defineWidget(const String& name, const String& kind) {
     Layout* layout = currentLayout();
     if (layout == nullptr)
         return;
-    if (equalsNoCase(kind, "textarea"))
+    // Without a kind a text area stays one.
+    const bool staysTextArea = kind.empty() &&
+                               layout->widgets.find(name) == layout->widgets.end() &&
+                               layout->textAreas.find(name) != layout->textAreas.end();
+    if (staysTextArea || equalsNoCase(kind, "textarea"))
         widget = &moveTo(layout->textAreas, layout->widgets, name);
     else
         widget = &moveTo(layout->widgets, layout->textAreas, name);

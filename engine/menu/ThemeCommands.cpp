@@ -77,14 +77,21 @@ template <int32_t WidgetStyle::*X, int32_t WidgetStyle::*Y> void defineOffset(Sc
     }
 }
 
+/// The name, and the index if one is given: an earlier one stays otherwise.
+void setFont(FontChoice& font, ScriptCall& call) {
+    font.name = call[2];
+    if (const int32_t index = indexOf(call, 3); index >= 0)
+        font.index = index;
+}
+
 void defineWidgetFont(ScriptCall& call) {
     if (WidgetStyle* style = widgetStyle(call[1]))
-        style->font = {call[2], indexOf(call, 3)};
+        setFont(style->font, call);
 }
 
 void defineTextAreaFont(ScriptCall& call) {
     if (TextAreaStyle* style = textAreaStyle(call[1]))
-        style->font = {call[2], indexOf(call, 3)};
+        setFont(style->font, call);
 }
 
 // The second integer has no meaning in this engine.

@@ -63,7 +63,8 @@ void checkLines(const MenuConfigFile& script, Findings& findings) {
             findings.add(source, "a tab, which is no blank here");
         if (line.text.view().front() == '@')
             checkCondition(line, source, findings);
-        if (i < firstInSection)
+        const bool includes = line.text.left(8) == "include ";
+        if (i < firstInSection && !includes) // a file of sections is included at the top
             findings.add(source, "a line before the first section never runs");
     }
 }
