@@ -1,67 +1,24 @@
 #include "engine/sound/SoundHandler.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include <SDL.h>
 
-#include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/core/Shutdown.h"
 #include "engine/sound/SoundMixer.h"
+#include "engine/sound/SoundReader.h"
 
 namespace zel {
 
 namespace {
 
 constexpr const char* Category = "SoundHandler";
-constexpr int32_t MostBytes = 64 << 20; // of a file, far more than a sound of a menu takes
 constexpr uint16_t BufferFrames = 1024; // 23 ms at SoundRate
 
 void fillBuffer(void* mixer, uint8_t* stream, int byteCount) {
     static_cast<SoundMixer*>(mixer)->mix(reinterpret_cast<int16_t*>(stream),
                                          static_cast<size_t>(byteCount) / sizeof(int16_t));
-}
-
-/// Brings a sound into the form that is mixed. Empty if SDL knows no way.
-std::vector<int16_t> converted(const SDL_AudioSpec& spec, const uint8_t* data, uint32_t size) {
-    SDL_AudioCVT conversion;
-    if (SDL_BuildAudioCVT(&conversion, spec.format, spec.channels, spec.freq, AUDIO_S16SYS, 2,
-                          SoundRate) < 0)
-        return {};
-    std::vector<uint8_t> buffer(size_t(size) *
-                                static_cast<size_t>(std::max(1, conversion.len_mult)));
-    if (size == 0)
-        return {};
-    std::memcpy(buffer.data(), data, size);
-    conversion.buf = buffer.data();
-    conversion.len = static_cast<int>(size);
-    conversion.len_cvt = conversion.len; // what remains where nothing is to be done
-    if (conversion.needed != 0 && SDL_ConvertAudio(&conversion) != 0)
-        return {};
-    // Whole pairs of left and right.
-    std::vector<int16_t> samples(static_cast<size_t>(conversion.len_cvt) / 4 * 2);
-    std::memcpy(samples.data(), buffer.data(), samples.size() * sizeof(int16_t));
-    return samples;
-}
-
-std::shared_ptr<const SoundSamples> readWav(const String& fileName) {
-    File file(fileName, FileRead);
-    std::string content;
-    if (file.hasFailed() || file.fileSize() > MostBytes || !file.readWhole(content))
-        return nullptr;
-    SDL_RWops* source = SDL_RWFromConstMem(content.data(), static_cast<int>(content.size()));
-    SDL_AudioSpec spec;
-    uint8_t* data = nullptr;
-    uint32_t size = 0;
-    if (source == nullptr || SDL_LoadWAV_RW(source, 1, &spec, &data, &size) == nullptr)
-        return nullptr;
-    const bool isSound = spec.channels > 0 && spec.freq > 0;
-    auto sound = std::make_shared<SoundSamples>();
-    if (isSound)
-        sound->samples = converted(spec, data, size);
-    SDL_FreeWAV(data);
-    return sound->samples.empty() ? nullptr : sound;
 }
 
 /// The mixer belongs to the device's thread while this lives.
@@ -130,14 +87,13 @@ void SoundHandler::closeDevice() {
 }
 
 bool SoundHandler::load(const String& file) {
-    const auto known = sounds.find(file);
-    if (known != sounds.end())
-        return known->second != nullptr;
-    const auto& sound = sounds[file] = readWav(file);
-    if (sound == nullptr) {
-        log("Cannot load sound " + file, Category, LogWarning);
+    if (!enabled)
         return false;
-    }
+    const auto [known, isNew] = sounds.try_emplace(file);
+    if (isNew && (known->second = readSound(file)) == nullptr)
+        log("Cannot load sound " + file, Category, LogWarning);
+    if (known->second == nullptr)
+        return false;
     openDevice();
     return true;
 }
@@ -158,6 +114,14 @@ void SoundHandler::setVolume(int32_t newVolume) {
     volume = std::clamp(newVolume, 0, SoundMixer::FullVolume);
     const DeviceLock lock(deviceOpen);
     mixer->setVolume(volume);
+}
+
+void SoundHandler::setEnabled(bool isOn) {
+    enabled = isOn;
+    if (enabled)
+        return;
+    closeDevice();
+    mixer->stopAll();
 }
 
 int32_t SoundHandler::getPlayingCount() const {

@@ -1,0 +1,96 @@
+#include "engine/sound/SoundReader.h"
+
+#include <algorithm>
+#include <string>
+
+#include <SDL.h>
+
+#include "engine/core/File.h"
+
+namespace zel {
+
+namespace {
+
+constexpr int32_t MostBytes = 64 << 20; // of a file, far more than a sound of a menu takes
+constexpr int64_t MostFrames = int64_t(SoundRate) * 600;
+
+/// The frames of a recording, whatever its form.
+class Recording {
+public:
+    Recording(const SoundForm& form, std::string_view bytes) : form(form), bytes(bytes) {}
+
+    int64_t frameCount() const { return static_cast<int64_t>(bytes.size() / frameSize()); }
+    /// side: 0 left, 1 right.
+    int32_t at(int64_t frame, int32_t side) const {
+        const int32_t channel = std::min(side, form.channels - 1);
+        return sample(static_cast<size_t>(frame) * frameSize() +
+                      static_cast<size_t>(channel) * sampleSize());
+    }
+
+private:
+    size_t sampleSize() const { return static_cast<size_t>(form.bits / 8); }
+    size_t frameSize() const { return sampleSize() * static_cast<size_t>(form.channels); }
+    /// In the range of 16 bits with a sign.
+    int32_t sample(size_t place) const {
+        const auto byte = [this](size_t at) { return int32_t(static_cast<uint8_t>(bytes[at])); };
+        int32_t value = byte(place) << 8;
+        if (form.bits == 16)
+            value = form.isBigEndian ? value | byte(place + 1) : value >> 8 | byte(place + 1) << 8;
+        return form.isSigned ? static_cast<int16_t>(value) : value + INT16_MIN;
+    }
+
+    SoundForm form;
+    std::string_view bytes;
+};
+
+/// SDL has sign, order of bytes and bits of a sample in one number.
+SoundForm formOf(const SDL_AudioSpec& spec) {
+    return {spec.freq, spec.channels, spec.format & 0xFF, (spec.format & 0x8000) != 0,
+            (spec.format & 0x1000) != 0};
+}
+
+} // namespace
+
+// Not by SDL: where neither rate is twice the other it takes the nearest one that is, and the sound
+// comes out too high or too low.
+SoundSamples convertSound(const SoundForm& form, std::string_view recording) {
+    if (form.rate < 1 || form.channels < 1 || (form.bits != 8 && form.bits != 16))
+        return {};
+    const Recording from(form, recording);
+    const int64_t frames = from.frameCount();
+    const int64_t count = (frames * SoundRate + form.rate - 1) / form.rate;
+    if (count > MostFrames)
+        return {};
+    SoundSamples sound;
+    sound.samples.reserve(static_cast<size_t>(count) * 2);
+    for (int64_t i = 0; i < count; ++i) {
+        const int64_t before = i * form.rate / SoundRate;
+        const int64_t behind = std::min(before + 1, frames - 1);
+        const int64_t part = i * form.rate % SoundRate;
+        for (const int32_t side : {0, 1}) {
+            const int64_t value = from.at(before, side);
+            const int64_t step = from.at(behind, side) - value;
+            sound.samples.push_back(static_cast<int16_t>(value + step * part / SoundRate));
+        }
+    }
+    return sound;
+}
+
+std::shared_ptr<const SoundSamples> readSound(const String& fileName) {
+    File file(fileName, FileRead);
+    std::string content;
+    if (file.hasFailed() || file.fileSize() > MostBytes || !file.readWhole(content))
+        return nullptr;
+    SDL_RWops* source = SDL_RWFromConstMem(content.data(), static_cast<int>(content.size()));
+    SDL_AudioSpec spec;
+    uint8_t* data = nullptr;
+    uint32_t size = 0;
+    if (source == nullptr || SDL_LoadWAV_RW(source, 1, &spec, &data, &size) == nullptr)
+        return nullptr;
+    auto sound = std::make_shared<SoundSamples>(
+        convertSound(formOf(spec), {reinterpret_cast<const char*>(data), size}));
+    SDL_FreeWAV(data);
+    return sound->samples.empty() ? nullptr : sound;
+}
+
+} // namespace zel
