@@ -16,8 +16,9 @@ zel::FontDescription smallFont() {
 } // namespace
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    zel::disableLogging();
     zel::FontDescription font = smallFont();
-    zel::applyFontMetrics(asText(data, size), font);
+    zel::applyFontMetrics(asText(data, size), "fuzzed.cfg", font);
     require(font.glyphs.size() == 4 && font.glyphIndex.size() == 201,
             "metrics add no characters and take none");
     zel::Font("fuzzed", font).width("A()A\xC8 B");

@@ -57,7 +57,7 @@ bool Font::read(const String& fileName) {
     const std::string_view path = fileName.view();
     const String metricsName = String(path.substr(0, endingStart(path))) + ".cfg";
     if (File::exists(metricsName) && readFile(metricsName, content))
-        applyFontMetrics(content, description);
+        applyFontMetrics(content, metricsName, description);
     loadPages(fileName);
     return true;
 }

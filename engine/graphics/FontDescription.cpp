@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 
+#include "engine/core/Log.h"
 #include "engine/graphics/ByteReader.h"
 #include "engine/graphics/TextLines.h"
 
@@ -92,36 +94,52 @@ int16_t sum(int16_t value, int32_t change) {
                                                     std::numeric_limits<int16_t>::max()));
 }
 
+/// Nothing unless all of the word is a number: 0 would be the code of a glyph.
+std::optional<int32_t> wholeNumber(std::string_view word) {
+    const bool hasSign = !word.empty() && (word.front() == '-' || word.front() == '+');
+    const std::string_view digits = word.substr(hasSign ? 1 : 0);
+    if (digits.empty() || digits.find_first_not_of("0123456789") != digits.npos)
+        return std::nullopt;
+    return toInt(word);
+}
+
 /// A decimal code, or one character in round brackets. Null if the font doesn't have it.
 Glyph* findGlyph(std::string_view character, FontDescription& font) {
     const bool isQuoted =
         character.size() == 3 && character.front() == '(' && character.back() == ')';
-    const int64_t code = isQuoted ? static_cast<unsigned char>(character[1]) : toInt(character);
-    if (code < 0 || code >= static_cast<int64_t>(font.glyphIndex.size()))
+    const int32_t code =
+        isQuoted ? static_cast<unsigned char>(character[1]) : wholeNumber(character).value_or(-1);
+    if (code < 0 || static_cast<size_t>(code) >= font.glyphIndex.size())
         return nullptr;
     const int32_t index = font.glyphIndex[static_cast<size_t>(code)];
     return index >= 0 ? &font.glyphs[static_cast<size_t>(index)] : nullptr;
 }
 
-void applyMetricsLine(std::string_view line, FontDescription& font) {
+/// False if the line asks for a correction and doesn't say which.
+bool applyMetricsLine(std::string_view line, FontDescription& font) {
     std::vector<std::string_view> words = splitAtBlanks(line);
     words.erase(std::remove(words.begin(), words.end(), std::string_view()), words.end());
-    if (words.size() < 2)
-        return;
-    const String keyword = String(words[0]).toLower();
+    const auto number = [&words](size_t index) {
+        return index < words.size() ? wholeNumber(words[index]) : std::nullopt;
+    };
+    const String keyword = words.empty() ? String() : String(words[0]).toLower();
     if (keyword == "charoffset") {
-        font.charOffset = sum(0, toInt(words[1]));
-        return;
+        font.charOffset = sum(0, number(1).value_or(font.charOffset));
+        return number(1).has_value();
     }
-    Glyph* glyph = findGlyph(words[1], font);
-    if (glyph == nullptr)
-        return;
-    if (keyword == "singlecharoffset" && words.size() >= 4) {
-        glyph->xOffset = sum(glyph->xOffset, toInt(words[2]));
-        glyph->yOffset = sum(glyph->yOffset, toInt(words[3]));
-    } else if (keyword == "widthofchar" && words.size() >= 3) {
-        glyph->xAdvance = sum(0, toInt(words[2]));
+    const bool isMove = keyword == "singlecharoffset";
+    if (!isMove && keyword != "widthofchar")
+        return true; // a comment
+    Glyph* glyph = words.size() > 1 ? findGlyph(words[1], font) : nullptr;
+    if (glyph == nullptr || !number(2) || (isMove && !number(3)))
+        return false;
+    if (isMove) {
+        glyph->xOffset = sum(glyph->xOffset, *number(2));
+        glyph->yOffset = sum(glyph->yOffset, *number(3));
+    } else {
+        glyph->xAdvance = sum(0, *number(2));
     }
+    return true;
 }
 
 } // namespace
@@ -151,8 +169,11 @@ bool parseFontDescription(std::string_view content, FontDescription& font) {
     return true;
 }
 
-void applyFontMetrics(std::string_view text, FontDescription& font) {
-    forEachLine(text, [&font](std::string_view line) { applyMetricsLine(line, font); });
+void applyFontMetrics(std::string_view text, const String& fileName, FontDescription& font) {
+    forEachLine(text, [&](std::string_view line) {
+        if (!applyMetricsLine(line, font))
+            log("Bad line in " + fileName + ": " + line, "Font", LogWarning);
+    });
 }
 
 } // namespace zel

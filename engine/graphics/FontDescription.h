@@ -53,8 +53,9 @@ struct FontDescription {
 /// Reads a description. False if it doesn't begin as one of version 3; a file that is cut off or
 /// wrong further on is read as far as it goes.
 [[nodiscard]] bool parseFontDescription(std::string_view content, FontDescription& font);
-/// Puts a metrics file's corrections into the font. Lines that it doesn't understand, and
-/// characters that the font doesn't have, are passed over.
-void applyFontMetrics(std::string_view text, FontDescription& font);
+/// Puts a metrics file's corrections into the font. A correction without its numbers, or of a
+/// character that the font doesn't have, changes nothing and gets a log line that names the file;
+/// lines that begin with any other word are comments.
+void applyFontMetrics(std::string_view text, const String& fileName, FontDescription& font);
 
 } // namespace zel

@@ -42,9 +42,13 @@ ImageHandler& ImageHandler::getInstance() {
 bool ImageHandler::loadBitmap(const String& fileName, int32_t lifetime, float scale) {
     if (bitmaps.count(fileName) != 0)
         return true;
-    auto loaded = std::make_unique<LoadedBitmap>();
-    if (!loaded->bitmap.load(fileName, (flags & ImageFlagPowerOfTwo) != 0))
+    if (failedBitmaps.count(fileName) != 0)
         return false;
+    auto loaded = std::make_unique<LoadedBitmap>();
+    if (!loaded->bitmap.load(fileName, (flags & ImageFlagPowerOfTwo) != 0)) {
+        failedBitmaps.insert(fileName);
+        return false;
+    }
     loaded->lifetime = lifetime;
     ImageIndex index;
     const bool hasIndex = readIndex(fileName, lifetime, scale, index);
@@ -92,11 +96,14 @@ const Image* ImageHandler::getImage(const String& name) {
         queue.drain();
         image = find(name);
     }
-    if (image == nullptr && !name.empty() && bitmaps.count(name) == 0 && File::exists(name) &&
-        loadBitmap(name))
+    if (image != nullptr || missingImages.count(name) != 0)
+        return image;
+    if (!name.empty() && bitmaps.count(name) == 0 && File::exists(name) && loadBitmap(name))
         image = find(name);
-    if (image == nullptr)
+    if (image == nullptr) {
+        missingImages.insert(name);
         log("Did not find image " + name, "ImageHandler", LogWarning);
+    }
     return image;
 }
 
@@ -142,6 +149,8 @@ void ImageHandler::clear() {
     imagesByName.clear();
     images.clear();
     bitmaps.clear();
+    failedBitmaps.clear();
+    missingImages.clear();
 }
 
 } // namespace zel

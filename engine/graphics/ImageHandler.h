@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "engine/graphics/BitmapLoadingQueue.h"
@@ -24,13 +25,14 @@ public:
 
     /// Loads a bitmap and its index file (same name, ending ".idx"), and registers what that names;
     /// without an index file the bitmap is one image of its own name. A bitmap that is there
-    /// already is not loaded again. lifetime and scale hold until the index file says otherwise. On
-    /// error: false; the bitmap's log lines tell why.
+    /// already is not loaded again, nor is one tried again that failed. lifetime and scale hold
+    /// until the index file says otherwise. On error: false; the bitmap's log lines, once, tell
+    /// why.
     bool loadBitmap(const String& fileName, int32_t lifetime = LifetimeShort, float scale = 1);
 
     /// The image of that name, exactly as written. What the loading queue still holds is loaded
-    /// first if need be; then a name that is a file is loaded as a bitmap. On error: null and
-    /// "Did not find image NAME" (warning).
+    /// first if need be; then a name that is a file is loaded as a bitmap. On error: null and, once
+    /// a name, "Did not find image NAME" (warning).
     const Image* getImage(const String& name);
     /// On error: null and "Map did not find imagegroup NAME" (warning).
     const ImageGroup* getImageGroup(const String& name);
@@ -41,7 +43,7 @@ public:
 
     /// Gives back the textures of short-lived bitmaps. They are made anew when drawn again.
     void releaseShortLived();
-    /// Drops everything, the queue's entries too.
+    /// Drops everything, the queue's entries too, and forgets what could not be loaded.
     void clear();
 
 private:
@@ -58,6 +60,8 @@ private:
     std::vector<std::unique_ptr<Image>> images;              // all that were ever registered
     std::map<String, const Image*> imagesByName;             // the last one of each name
     std::map<String, ImageGroup> groups;
+    std::set<String> failedBitmaps; // by file name
+    std::set<String> missingImages; // names that were asked for in vain
     BitmapLoadingQueue queue;
 };
 

@@ -4,6 +4,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/Registry.h"
 #include "engine/core/System.h"
+#include "engine/graphics/TextBreaking.h"
 #include "engine/graphics/TextLines.h"
 
 namespace zel {
@@ -46,7 +47,7 @@ std::map<int32_t, String> parseLanguage(std::string_view text) {
             return;
         const std::string_view number = trimmed(line.substr(0, colon), ' ');
         if (!number.empty() && number.front() >= '0' && number.front() <= '9')
-            result[toInt(number)] = String(trimmed(line.substr(colon + 1), ' '));
+            result[toInt(number)] = unescapeLineFeeds(trimmed(line.substr(colon + 1), ' '));
     });
     return result;
 }

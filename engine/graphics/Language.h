@@ -38,7 +38,8 @@ private:
     static bool initialised;
 };
 
-/// Reads a language file's text: lines "NUMBER: TEXT", of two with one number the later one.
+/// Reads a language file's text: lines "NUMBER: TEXT", of two with one number the later one. The
+/// characters `\` and `n` in a text are a line feed.
 std::map<int32_t, String> parseLanguage(std::string_view text);
 /// The code in langcodes.dat for a locale identifier in decimal; empty if no line has it.
 String findLanguageCode(std::string_view langcodes, std::string_view identifier);

@@ -126,9 +126,8 @@ void Text::placeGlyphs() const {
         top += font->lineHeight();
     }
     for (const char character : missing)
-        log("Tried to add non-existent char: " +
-                String(static_cast<int32_t>(static_cast<uint8_t>(character))) +
-                " (ascii-value) of " + text + " (mapped: -1) in font " + font->getName(),
+        log("Tried to add non-existent char: " + String(character) + " (ascii-value) of " + text +
+                " (mapped: -1) in font " + font->getName(),
             "Text", LogWarning);
 }
 

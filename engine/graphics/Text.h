@@ -24,8 +24,8 @@ enum class TextFlow : uint8_t {
 /// A text laid out in a rectangle with a font. It is laid out at the first draw, or question, after
 /// a change, and not before: drawing an unchanged text only sends its glyphs.
 ///
-/// Texts are bytes of Windows-1252. "\n", as a line feed or as those two characters, ends a line. A
-/// character that the font lacks is logged once a layout and skipped.
+/// Texts are bytes of Windows-1252. A line feed ends a line. A character that the font lacks is
+/// logged once a layout and skipped.
 class Text {
 public:
     /// The font must outlive the text, or be replaced; null draws nothing.

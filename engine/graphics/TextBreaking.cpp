@@ -73,19 +73,23 @@ void breakParagraph(const Font& font, std::string_view paragraph, int32_t width,
 
 } // namespace
 
+String unescapeLineFeeds(const String& text) {
+    constexpr std::string_view Escaped = "\\n";
+    std::string result(text.view());
+    for (size_t place = result.find(Escaped); place != result.npos;
+         place = result.find(Escaped, place + 1))
+        result.replace(place, Escaped.size(), "\n");
+    return String(std::move(result));
+}
+
 std::string plainText(std::string_view text) {
     std::string result;
     result.reserve(text.size());
-    for (size_t place = 0; place < text.size(); ++place) {
-        const char character = text[place];
-        if (character == '\\' && place + 1 < text.size() && text[place + 1] == 'n') {
-            result += '\n';
-            ++place;
-        } else if (character == '\t') {
+    for (const char character : text) {
+        if (character == '\t')
             result += ' ';
-        } else if (character != '\r' && character != '\0') {
+        else if (character != '\r' && character != '\0')
             result += character;
-        }
     }
     return result;
 }

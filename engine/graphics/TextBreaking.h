@@ -5,11 +5,18 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/core/String.h"
+
 namespace zel {
 
 class Font;
 
-/// The text with every end of line as a line feed and every tab as a blank.
+/// The text with each pair of the characters `\` and `n` as one line feed. For texts that people
+/// write into scripts and language files, once, where they are read; never for names and paths.
+String unescapeLineFeeds(const String& text);
+
+/// The text with every end of line as a line feed and every tab as a blank. A backslash is a
+/// character like others.
 std::string plainText(std::string_view text);
 
 /// Breaks a plain text at its line feeds and, where a line is wider than `width` pixels, at the

@@ -135,7 +135,7 @@ protected:
     /// The font after the metrics file.
     static zel::Font with(std::string_view metrics) {
         zel::FontDescription font = parsed(fontFile(Letters, kerningPair('A', 'B', -2)));
-        zel::applyFontMetrics(metrics, font);
+        zel::applyFontMetrics(metrics, "seed.cfg", font);
         return {"seed", std::move(font)};
     }
 };
@@ -175,14 +175,27 @@ TEST_F(FontMetrics, CorrectsSingleCharacters) {
     EXPECT_EQ(with("widthofchar 65 99999").glyph('A')->xAdvance, 32767);
 }
 
-TEST_F(FontMetrics, PassesOverWhatItDoesNotKnow) {
-    for (const char* line : {"", "charoffset", "widthofchar 65", "singlecharoffset (A) 1",
-                             "widthofchar (C) 5", "widthofchar 99999999999 5", "widthofchar -1 5",
-                             "widthofchar () 5", "# charoffset 2", "singlecharoffset"}) {
-        const zel::Font font = with(line);
-        EXPECT_EQ(font.width("AB"), 20) << line;
-        EXPECT_EQ(font.glyph('A')->yOffset, 3) << line;
+TEST_F(FontMetrics, ReportsWhatItCannotDo) {
+    // The first glyph is of the code 0: what is no number must not reach it.
+    const std::string zeroFirst = glyph(0, 6) + Letters;
+    for (const char* line :
+         {"charoffset", "charoffset two", "charoffset 2px", "widthofchar 65", "widthofchar 65 wide",
+          "widthofchar ( ) 5", "widthofchar () 5", "widthofchar A 5", "widthofchar (AB) 5",
+          "widthofchar - 5", "widthofchar -1 5", "widthofchar 99999999999 5", "widthofchar (C) 5",
+          "singlecharoffset", "singlecharoffset (A) 1", "singlecharoffset (A) 1 x"}) {
+        const LogCapture log;
+        zel::FontDescription font = parsed(fontFile(zeroFirst));
+        zel::applyFontMetrics(line, "seed.cfg", font);
+        EXPECT_EQ(log.linesWith(std::string("[Font] Bad line in seed.cfg: ") + line), 1);
+        EXPECT_EQ(font.charOffset, 0) << line;
+        EXPECT_EQ(font.glyphs[0].xAdvance, 6) << line;
+        EXPECT_EQ(font.glyphs[1].xAdvance, 10) << line;
+        EXPECT_EQ(font.glyphs[1].xOffset, -1) << line;
     }
+    const LogCapture log;
+    for (const char* comment : {"", "   ", "# charoffset 2", "width 65 3"})
+        EXPECT_EQ(with(comment).width("AB"), 20) << comment;
+    EXPECT_EQ(log.text(), "") << "other lines are comments";
 }
 
 class FontHandlerTest : public testing::Test {

@@ -137,6 +137,27 @@ TEST_F(ImageHandlerTest, ReportsWhatCannotBeLoaded) {
     EXPECT_EQ(handler.getImage(file), nullptr);
 }
 
+TEST_F(ImageHandlerTest, TriesAndReportsEachNameOnce) {
+    const zel::String broken = folder.write("broken.zel", "no picture");
+    const zel::String none = folder.file("none.zel");
+    const LogCapture log(zel::LogDebug);
+    for (int32_t frame = 0; frame < 3; ++frame) {
+        for (const zel::String& name : {broken, none, zel::String("late")})
+            EXPECT_EQ(handler.getImage(name), nullptr) << name.view();
+        EXPECT_FALSE(handler.loadBitmap(broken));
+        EXPECT_FALSE(handler.loadBitmap(none));
+    }
+    EXPECT_EQ(log.linesWith("Did not find image"), 3);
+    EXPECT_EQ(log.linesWith("Illegal ANY header"), 1);
+    EXPECT_EQ(log.linesWith("none.zel does not exist"), 1);
+    ASSERT_TRUE(handler.loadBitmap(picture("later", "image late")));
+    EXPECT_NE(handler.getImage("late"), nullptr) << "a name that has come meanwhile";
+    picture("broken");
+    EXPECT_EQ(handler.getImage(broken), nullptr);
+    handler.clear();
+    EXPECT_NE(handler.getImage(broken), nullptr) << "mended, and asked for anew";
+}
+
 /// An image of a bitmap of 8 x 4.
 class ImageTest : public testing::Test {
 protected:

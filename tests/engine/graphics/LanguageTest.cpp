@@ -22,6 +22,7 @@ TEST(LanguageFile, ReadsNumbersAndTexts) {
         "12: Hello\r\n\r\n12: World\r# 13: no\n 14 :  a:b  \n15:\n-16: no\nx17: no\n18 no\n0019: \0zero\n: no"s);
     EXPECT_EQ(table,
               (std::map<int32_t, zel::String>{{12, "World"}, {14, "a:b"}, {15, ""}, {19, "zero"}}));
+    EXPECT_EQ(zel::parseLanguage("1: two\\nlines").at(1), "two\nlines");
     EXPECT_EQ(zel::parseLanguage("99999999999: x").begin()->first, INT32_MAX);
     EXPECT_EQ(zel::parseLanguage("\xEF\xBB\xBF"
                                  "1: x")
@@ -78,6 +79,8 @@ TEST_F(LanguageTest, GivesTextsByTheirNumber) {
     EXPECT_EQ(Language::get(2, "x", "y"), "y of x");
     EXPECT_EQ(Language::get(2), " of ") << "marks without an argument vanish";
     EXPECT_EQ(Language::get(3, "a", "", "", "", "", "", "", "h"), "h a $1") << "the first of each";
+    EXPECT_EQ(Language::get(2, "x", "C:\\new"), "C:\\new of x")
+        << "a line feed only where it is written";
     EXPECT_EQ(Language::get(4), "(String 4)");
     EXPECT_EQ(Language::get(-1), "(String -1)");
 }

@@ -63,10 +63,17 @@ TEST_F(TextTest, BreaksAtBlanks) {
 }
 
 TEST_F(TextTest, BreaksWhereItIsTold) {
-    EXPECT_EQ(broken("a\nb", 100), (Lines{"a", "b"}));
-    EXPECT_EQ(broken("a\\nb\\n\\nc", 100), (Lines{"a", "b", "", "c"}));
+    EXPECT_EQ(broken("a\nb\n\nc", 100), (Lines{"a", "b", "", "c"}));
+    EXPECT_EQ(broken("C:\\new", 100), (Lines{"C:\\new"})) << "a path is no escape";
     EXPECT_EQ(broken("a\r\n", 100), (Lines{"a", ""}));
     EXPECT_EQ(broken("a\tb", 100), (Lines{"a b"}));
+}
+
+TEST(TextBreaking, TurnsTheTwoCharactersIntoALineFeed) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"a\\nb\\n\\nc\\n", "a\nb\n\nc\n"}, {"\\", "\\"}, {"\\N \\t n", "\\N \\t n"}, {"", ""}};
+    for (const auto& [written, meant] : cases)
+        EXPECT_EQ(unescapeLineFeeds(written), meant) << written;
 }
 
 TEST_F(TextTest, BreaksWordsThatAreTooWide) {
@@ -129,7 +136,7 @@ TEST_F(TextTest, MissingCharactersAreSkippedAndSaidOnce) {
     text.draw(Canvas::getInstance());
     text.draw(Canvas::getInstance());
     EXPECT_EQ(text.width(), 20);
-    EXPECT_EQ(log.linesWith("Tried to add non-existent char: 126 (ascii-value) of a~~b~ (mapped: "
+    EXPECT_EQ(log.linesWith("Tried to add non-existent char: ~ (ascii-value) of a~~b~ (mapped: "
                             "-1) in font plain"),
               1);
     EXPECT_EQ(broken("\xFC\xE4", 40), (Lines{"\xFC\xE4"}));
