@@ -57,7 +57,7 @@ void HighLevelScheduler::addTask(UpdateObject* object, State* ownerState) {
     const auto index = static_cast<int32_t>(tasks.size());
     Task task;
     task.object = object;
-    task.name = "task " + String(index);
+    task.name = "task " + String(++tasksMade);
     task.ownerState = ownerState;
     tasks.push_back(task);
     runOrder.push_back(index);
@@ -165,10 +165,14 @@ void HighLevelScheduler::render() {
     if (Window* window = Window::current())
         window->swapBuffers();
     StatesMachine::getInstance().render();
-    taskTimer.reset();
-    frameStart = clock.getSeconds();
+    countTimeFromHere();
     frameFlagB = false;
     frameFlagA = true;
+}
+
+void HighLevelScheduler::countTimeFromHere() {
+    taskTimer.reset();
+    frameStart = clock.getSeconds();
 }
 
 void HighLevelScheduler::run() {

@@ -52,6 +52,9 @@ public:
     void render();
     /// One pass over the tasks.
     void run();
+    /// Begins the frame's time anew, also from within a task: what passed before is held against
+    /// neither the frame nor the task.
+    void countTimeFromHere();
 
     float getFrameBudget() const { return frameBudget; } // seconds
 
@@ -97,6 +100,7 @@ private:
     Timer clock;
     Timer taskTimer;
     std::vector<Task> tasks;
+    int32_t tasksMade = 0; // since the start: numbers the names of those that were given none
     std::vector<int32_t> runOrder;  // indices of tasks, in the order of visiting
     std::vector<int32_t> nextOrder; // the same for the next frame
     int32_t lastTask = -1;          // index of the last task run

@@ -68,10 +68,12 @@ Platform& Platform::getInstance() {
 
 Platform::Platform() {
     // Without a display SDL would go for the terminal itself.
-    if (!system::hasDisplay() && system::environment("SDL_VIDEODRIVER").empty()) {
-        static char dummyDriver[] = "SDL_VIDEODRIVER=dummy"; // SDL keeps the pointer
-        SDL_putenv(dummyDriver);
-    }
+    if (!system::hasDisplay() && system::environment("SDL_VIDEODRIVER").empty())
+        system::setEnvironment("SDL_VIDEODRIVER", "dummy");
+    // The first window stands in the middle; Window takes this back, so that later ones stay where
+    // the player put them.
+    if (system::environment("SDL_VIDEO_WINDOW_POS").empty())
+        system::setEnvironment("SDL_VIDEO_CENTERED", "1");
     // A machine without audio or joysticks still has a screen.
     hasVideo = SDL_Init(SDL_INIT_EVERYTHING | SDL_INIT_NOPARACHUTE) == 0 ||
                SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER | SDL_INIT_NOPARACHUTE) == 0;
@@ -156,8 +158,10 @@ void Platform::keyDownEvent(const SDL_Event& event) {
         wantsFullscreenToggle = wantsFullscreenToggle || !key.repeated;
         return;
     }
-    lastKey = key.symbol;
-    lastUnicode = static_cast<int16_t>(key.unicode);
+    if (!key.repeated) { // it tells of presses; texts want repeated characters as well
+        lastKey = key.symbol;
+        lastUnicode = static_cast<int16_t>(key.unicode);
+    }
     if (typedKeys.size() == MostTypedKeys)
         typedKeys.erase(typedKeys.begin());
     typedKeys.push_back(key);
@@ -168,9 +172,7 @@ void Platform::keyUpEvent(const SDL_Event& event) {
     const int32_t symbol = released.sym;
     if (symbol >= 0 && symbol < KeyCount)
         keyDown[static_cast<size_t>(symbol)] = 0;
-    // SDL gives no character with a release: 0 there is none, not that of a key without one.
-    const auto unicode = static_cast<int16_t>(released.unicode);
-    if (symbol == lastKey || (unicode != 0 && unicode == lastUnicode)) {
+    if (symbol == lastKey || static_cast<int16_t>(released.unicode) == lastUnicode) {
         lastKey = 0;
         lastUnicode = 0;
     }
@@ -208,8 +210,7 @@ void Platform::applyWindowChanges() {
     if (window == nullptr)
         return;
     if (toggles) {
-        window->toggleFullscreen();
-        keyDown.fill(0); // their releases may go to the window that was
+        window->setFullscreen(!window->isFullscreen());
     } else if (newWidth > 0 && newHeight > 0) {
         window->resize(newWidth, newHeight);
     }
@@ -251,16 +252,28 @@ void Platform::forgetPresses() {
         press.seen = true;
 }
 
-void Platform::clearInput() {
+void Platform::pumpAndDrop() {
+    handleEvents();
+    dropInput();
+}
+
+void Platform::dropInput() {
     forgetPresses();
-    presses = {};
     buttonDown.fill(0);
     buttonHit.fill(0);
-    keyDown.fill(0);
     lastKey = 0;
     lastUnicode = 0;
-    mouseX = mouseY = mouseMoveX = mouseMoveY = 0;
+    mouseMoveX = mouseMoveY = 0;
     wheel = 0;
+}
+
+void Platform::releaseKeys() { keyDown.fill(0); }
+
+void Platform::clearInput() {
+    dropInput();
+    releaseKeys();
+    presses = {};
+    mouseX = mouseY = 0;
     quitEvents = 0;
 }
 

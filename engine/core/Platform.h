@@ -79,6 +79,13 @@ public:
     /// Forgets taps and typed keys that nobody may answer any more, as after a fade.
     void forgetPresses();
 
+    /// Takes all events that wait and drops what the player pressed, turned and typed: nobody looks
+    /// for it. Kept are the wish to quit, the pointer's place, what became of the window, and which
+    /// keys are held. A press that it sees gives no hit later.
+    void pumpAndDrop();
+    /// Takes all keys for released: what happens to the window may swallow their releases.
+    void releaseKeys();
+
     /// As at the start: nothing held, nothing hit, nothing typed.
     void clearInput();
 
@@ -101,6 +108,7 @@ private:
     void keyUpEvent(const SDL_Event& event);
     void buttonEvent(const SDL_Event& event);
     void applyWindowChanges();
+    void dropInput();
 
     int32_t quitEvents = 0;
     std::array<int32_t, ButtonCount> buttonDown{};

@@ -57,6 +57,12 @@ String Registry::get(const String& key, const String& defaultValue) {
     return found != values.end() ? found->second : defaultValue;
 }
 
+bool Registry::has(const String& key) {
+    if (!registryState().loaded)
+        load();
+    return registryState().values.count(key) != 0;
+}
+
 void Registry::set(const String& key, const String& value) {
     if (!registryState().loaded)
         load();

@@ -10,6 +10,8 @@ class Registry {
 public:
     /// The stored value, or `defaultValue`, which isn't stored. Loads the file at the first use.
     static String get(const String& key, const String& defaultValue);
+    /// Whether a value is stored, the empty text included. Loads as `get` does.
+    static bool has(const String& key);
     /// Stores, and writes the file at once unless saving is deferred.
     static void set(const String& key, const String& value);
     /// A switch of the player: on unless its value is the number 0. Unset is on.

@@ -225,7 +225,7 @@ void StatesMachine::update() {
         processStateCall(call);
     } else {
         if (activeState == nullptr && defaultState != nullptr) {
-            changeState(defaultState);
+            setActiveState(defaultState);
         } else if (activeState == nullptr) {
             log("Unknown state and no default state set", Category, LogFatal);
             ZelLoop::quit();
@@ -326,9 +326,16 @@ void StatesMachine::followRequest() {
         return;
     const String target = activeState->transitionTarget;
     activeState->setTransition({});
-    if (State* state = getState(target))
-        setActiveState(state, beginsBackwards(target));
+    setActiveState(getState(target), beginsBackwards(target));
 }
+
+bool StatesMachine::holdTransition() {
+    const bool wasRunning = !transitionTimer.isStopped();
+    transitionTimer.stop();
+    return wasRunning;
+}
+
+void StatesMachine::continueTransition() { transitionTimer.start(); }
 
 void StatesMachine::render() {
     Canvas::getInstance().clearWindow();

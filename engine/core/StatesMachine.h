@@ -66,6 +66,11 @@ public:
     bool sharesBackgroundOverlay() const;
     bool sharesForegroundOverlay() const;
 
+    /// Stops the time of a running transition, as for long work in the midst of it. Returns whether
+    /// it ran; then, and only then, continueTransition() is due.
+    [[nodiscard]] bool holdTransition();
+    void continueTransition();
+
     void update() override; // one frame
     void render() override; // draws the visible states, or nothing but black if there is none
     /// As at the start: no states and no calls. The history stays.

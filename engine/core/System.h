@@ -32,6 +32,8 @@ void sleepMilliseconds(uint32_t milliseconds);
 
 /// Empty when the variable is unset.
 String environment(const char* name);
+/// Sets a variable for this process; an empty value takes it away.
+void setEnvironment(const char* name, const String& value);
 /// The folder of users' application data, without a separator at its end: APPDATA; off Windows,
 /// where that is unset, XDG_DATA_HOME, or .local/share in the home folder.
 String applicationDataDirectory();
@@ -67,7 +69,7 @@ uint32_t userLocale();
 /// Whether there is a screen to open windows on.
 bool hasDisplay();
 /// Shows a web address in the player's browser, without waiting for it; false if that can't be
-/// started. REQUIRES: the address begins with "http://" or "https://".
+/// started. REQUIRES: the address begins with "http://".
 bool openBrowser(const String& address);
 
 /// Whether somebody watches the stream, so that progress can be shown.

@@ -95,6 +95,13 @@ void sleepMilliseconds(uint32_t milliseconds) {
 
 String environment(const char* name) { return String(std::getenv(name)); }
 
+void setEnvironment(const char* name, const String& value) {
+    if (value.empty())
+        unsetenv(name);
+    else
+        setenv(name, value.c_str(), 1);
+}
+
 String applicationDataDirectory() {
     for (const char* name : {"APPDATA", "XDG_DATA_HOME"})
         if (String value = environment(name); !value.empty())

@@ -47,6 +47,7 @@ WallTime wallTime() {
 uint32_t entropy() { return std::random_device{}(); }
 void sleepMilliseconds(uint32_t milliseconds) { Sleep(milliseconds); }
 String environment(const char* name) { return String(std::getenv(name)); }
+void setEnvironment(const char* name, const String& value) { _putenv_s(name, value.c_str()); }
 String applicationDataDirectory() { return environment("APPDATA"); }
 
 String executableDirectory() {

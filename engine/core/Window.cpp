@@ -9,6 +9,7 @@
 #include "engine/core/Platform.h"
 #include "engine/core/System.h"
 #include "engine/core/ZelLoop.h"
+#include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Canvas.h"
 
 namespace zel {
@@ -18,6 +19,8 @@ namespace {
 constexpr const char* Category = "Window";
 constexpr uint32_t FramePeriod = 15;     // milliseconds; a display of 60 pictures never waits
 constexpr uint32_t IdleFramePeriod = 50; // without the keyboard, and minimised
+constexpr uint32_t RepeatPeriod = 1000;  // of a picture that doesn't change
+constexpr int32_t IconSide = 32;         // Windows takes no other
 
 void setAttributes(bool demanding) {
     SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
@@ -28,10 +31,7 @@ void setAttributes(bool demanding) {
     SDL_GL_SetAttribute(SDL_GL_SWAP_CONTROL, demanding ? 1 : 0);
 }
 
-bool isWebAddress(const String& address) {
-    const std::string_view text = address;
-    return text.substr(0, 7) == "http://" || text.substr(0, 8) == "https://";
-}
+bool isWebAddress(const String& address) { return address.view().substr(0, 7) == "http://"; }
 
 /// The display reports a window's old size once more while it takes the new one: following that
 /// would throw the window to and fro. Reports of any other size stay in the queue.
@@ -69,6 +69,17 @@ Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t 
     return box;
 }
 
+std::vector<uint8_t> iconMask(const Bitmap& picture) {
+    const auto rowSize = static_cast<size_t>(picture.width() + 7) / 8;
+    std::vector<uint8_t> mask(rowSize * static_cast<size_t>(picture.height()));
+    for (int32_t y = 0; y < picture.height(); ++y)
+        for (int32_t x = 0; x < picture.width(); ++x)
+            if (picture.pixelAt(x, y) >> 31 != 0)
+                mask[static_cast<size_t>(y) * rowSize + static_cast<size_t>(x / 8)] |=
+                    static_cast<uint8_t>(0x80 >> x % 8);
+    return mask;
+}
+
 bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscreen) {
     const Platform& platform = Platform::getInstance();
     destroy();
@@ -85,7 +96,26 @@ bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscree
         return false;
     }
     currentWindow = window;
+    system::setEnvironment("SDL_VIDEO_CENTERED", ""); // see Platform
     return true;
+}
+
+void Window::setIcon(const Bitmap& picture) {
+    Platform::getInstance();
+    if (picture.width() != IconSide || picture.height() != IconSide) {
+        log("Icon " + picture.getName() + " is not 32 by 32 pixels", Category, LogWarning);
+        return;
+    }
+    uint32_t pixels[IconSide * IconSide];
+    for (int32_t y = 0; y < IconSide; ++y)
+        picture.getData().lineArgb(y, pixels + static_cast<ptrdiff_t>(y) * IconSide);
+    SDL_Surface* icon = SDL_CreateRGBSurfaceFrom(pixels, IconSide, IconSide, 32, IconSide * 4,
+                                                 0xFF0000, 0xFF00, 0xFF, 0);
+    if (icon == nullptr)
+        return;
+    std::vector<uint8_t> mask = iconMask(picture);
+    SDL_WM_SetIcon(icon, mask.data());
+    SDL_FreeSurface(icon);
 }
 
 void Window::destroy() {
@@ -146,14 +176,16 @@ void Window::resize(int32_t newWidth, int32_t newHeight) {
     }
 }
 
-void Window::toggleFullscreen() {
-    const Platform& platform = Platform::getInstance();
+void Window::setFullscreen(bool wanted) {
+    if (wanted == fullscreen)
+        return;
+    Platform& platform = Platform::getInstance();
     const bool hasDesktop = platform.getDesktopWidth() > 0 && platform.getDesktopHeight() > 0;
-    const bool wanted = !fullscreen;
     const int32_t newWidth = wanted && hasDesktop ? platform.getDesktopWidth() : windowedWidth;
     const int32_t newHeight = wanted && hasDesktop ? platform.getDesktopHeight() : windowedHeight;
     if (!setMode(newWidth, newHeight, wanted) && !setMode(windowedWidth, windowedHeight, false))
         ZelLoop::quit();
+    platform.releaseKeys();
 }
 
 void Window::setSimulatedResolution(int32_t designWidth, int32_t designHeight, bool centre) {
@@ -213,8 +245,13 @@ float Window::toDesignY(int32_t y) const {
 
 void Window::swapBuffers() {
     Platform::getInstance().handleEvents();
-    if (Canvas::getInstance().finishFrame())
+    Canvas& canvas = Canvas::getInstance();
+    if (sinceShown.getTicks() >= RepeatPeriod)
+        canvas.invalidate();
+    if (canvas.finishFrame()) {
         SDL_GL_SwapBuffers();
+        sinceShown.reset();
+    }
     pace();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "engine/core/String.h"
 #include "engine/core/Timer.h"
@@ -9,6 +10,7 @@ struct SDL_Surface;
 
 namespace zel {
 
+class Bitmap;
 class Canvas;
 
 /// Where a picture of the design's size lies in a window, scaled alike in both directions.
@@ -21,6 +23,10 @@ struct Letterbox {
 /// `centre` false puts the picture at the upper left corner. REQUIRES: sizes above 0.
 Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t designHeight,
                     bool centre);
+
+/// Which pixels of an icon show: a bit each, the first in the highest, rows from the top, filled up
+/// to whole bytes. A pixel shows from half of full alpha on.
+std::vector<uint8_t> iconMask(const Bitmap& picture);
 
 /// The one window with its OpenGL context. It maps a fixed design size onto whatever size it has,
 /// with black bars.
@@ -35,9 +41,14 @@ public:
     static Window* current() { return currentWindow; } // null without one
     static void destroy();
 
+    /// The picture of the window in lists and bars, 32 by 32 pixels. It counts for windows opened
+    /// after it. On error (another size): a log line, and the system's own picture.
+    static void setIcon(const Bitmap& picture);
+
     /// Shows what was drawn since the last call, then waits until the next frame is due: 15 ms
     /// after the last one, 50 ms if the window hasn't the keyboard or is minimised. It first takes
-    /// the events that wait. A picture that is the same as the one shown isn't drawn again.
+    /// the events that wait. A picture that is the same as the one shown is drawn again only once a
+    /// second, in case the system spoilt the window without a word.
     void swapBuffers();
     /// Takes the events that wait. True once the player, or the system, wants the program to end.
     static bool pollQuit();
@@ -56,8 +67,9 @@ public:
     float toDesignY(int32_t y) const;
 
     bool isFullscreen() const { return fullscreen; }
-    /// Full screen in the desktop's size, and back to the size before.
-    void toggleFullscreen();
+    /// Full screen in the desktop's size, and back to the size before. On error: log lines, and a
+    /// window of the size before.
+    void setFullscreen(bool wanted);
     /// Follows the size that the player gave the window.
     void resize(int32_t newWidth, int32_t newHeight);
     /// The system has spoilt the window's content: the next frame is drawn in any case.
@@ -70,8 +82,7 @@ public:
     static bool hasInputFocus();
     static bool isActive(); // not minimised
 
-    /// Opens the address in the player's browser. Only "http://" and "https://" are followed. On
-    /// error: a log line.
+    /// Opens the address in the player's browser. Only "http://" is followed. On error: a log line.
     static void openUrl(const String& address);
 
 private:
@@ -81,7 +92,8 @@ private:
     void layOut();
     void pace();
 
-    Timer timer; // since the last swap
+    Timer timer; // since the last frame, shown or not
+    Timer sinceShown;
     int32_t width = 0;
     int32_t height = 0;
     int32_t depth = 32;

@@ -58,7 +58,17 @@ public:
         scheduler.setTaskPriority(this, 6);
         console("added SyncHandler to global scheduler");
     }
+    /// Takes its place again, should the scheduler have been ended while it was suspended.
+    void resume(HighLevelScheduler& scheduler) {
+        if (!scheduler.hasTask(this))
+            join(scheduler);
+    }
 };
+
+SyncHandler& syncHandler() {
+    static SyncHandler handler;
+    return handler;
+}
 
 ZelLoop* currentLoop = nullptr;
 
@@ -75,7 +85,6 @@ std::vector<std::unique_ptr<UpdateObject>>& ZelLoop::persistentObjects() {
 
 ZelLoop::ZelLoop() {
     static BitmapLoading bitmapLoading;
-    static SyncHandler syncHandler;
     Platform::getInstance(); // before anything takes the time or writes a line
     currentLoop = this;
     startupBlankFrames = BlankFrames;
@@ -87,7 +96,7 @@ ZelLoop::ZelLoop() {
     app->init();
     Language::init();
     StatesMachine::getInstance().setBackgroundWork(&bitmapLoading);
-    syncHandler.join(HighLevelScheduler::getInstance());
+    syncHandler().join(HighLevelScheduler::getInstance());
     app->onLanguageSet();
     app->beforeServices();
     app->afterServices();
@@ -166,15 +175,16 @@ void ZelLoop::onPause() {
 
 void ZelLoop::onContinue() {
     log("onContinue called", "ZelLoop", LogInfo);
-    if (paused) {
-        paused = false;
-        if (State* state = StatesMachine::getInstance().getActiveState())
-            state->onContinue();
-        if (currentLoop != nullptr)
-            currentLoop->app->onContinue();
-        runResumeSteps();
-        Canvas::getInstance().invalidate();
-    }
+    if (!paused)
+        return;
+    paused = false;
+    if (State* state = StatesMachine::getInstance().getActiveState())
+        state->onContinue();
+    if (currentLoop != nullptr)
+        currentLoop->app->onContinue();
+    runResumeSteps();
+    syncHandler().resume(HighLevelScheduler::getInstance());
+    Canvas::getInstance().invalidate();
     log("onContinue finished", "ZelLoop", LogInfo);
 }
 

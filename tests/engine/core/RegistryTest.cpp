@@ -59,6 +59,16 @@ TEST_F(Registry, StoresNoDefaults) {
     EXPECT_FALSE(zel::Registry::isOn("mapWestern"));
 }
 
+TEST_F(Registry, TellsWhatIsStored) {
+    folder.write("user/prefs.dat", TwoEntries);
+    EXPECT_TRUE(zel::Registry::has("dh2a")) << "empty, and from the file that this call loads";
+    EXPECT_FALSE(zel::Registry::has("dh2"));
+    static_cast<void>(zel::Registry::get("dh2", "1"));
+    EXPECT_FALSE(zel::Registry::has("dh2")) << "asking with a default stores nothing";
+    zel::Registry::set("dh2", "");
+    EXPECT_TRUE(zel::Registry::has("dh2"));
+}
+
 TEST_F(Registry, DefersSaving) {
     zel::Registry::setDeferSave(true);
     zel::Registry::set("x", "10");

@@ -198,6 +198,29 @@ TEST_F(HighLevelSchedulerTest, ReportsAnOverrunOnceAFrame) {
     EXPECT_EQ(log.linesWith("took too long"), 1);
 }
 
+TEST_F(HighLevelSchedulerTest, NamesNoTwoTasksAlike) {
+    LogCapture log;
+    a.duration = b.duration = 30;
+    for (Task* task : {&a, &b}) { // one after the other, each the only one in the list
+        add(*task, 1);
+        pass();
+        scheduler().removeTask(task);
+        pass();
+    }
+    EXPECT_EQ(log.linesWith("Last task task 1 took too long"), 1) << log.text();
+    EXPECT_EQ(log.linesWith("Last task task 2 took too long"), 1);
+}
+
+TEST_F(HighLevelSchedulerTest, CountsNoTimeFromBeforeThatMoment) {
+    LogCapture log;
+    a.duration = 5000;
+    a.also = [this] { scheduler().countTimeFromHere(); };
+    add(a, 3);
+    add(b, 4);
+    EXPECT_EQ(pass(2), "abab") << "neither the second task nor the next frame is kept waiting";
+    EXPECT_EQ(log.linesWith("took too long"), 0);
+}
+
 TEST_F(HighLevelSchedulerTest, UnknownTasksAreIgnoredButForOne) {
     LogCapture log;
     scheduler().setTaskName(&a, "x");

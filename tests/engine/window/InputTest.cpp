@@ -196,19 +196,39 @@ TEST_F(InputTest, GivesTheLastKeyOnce) {
 }
 
 TEST_F(InputTest, AKeyThatIsLetGoIsNoLongerTheLast) {
-    key(SDLK_LEFT, 0, true);
-    key(SDLK_RIGHT, 0, true);
-    key(SDLK_LEFT, 0, false);
-    EXPECT_EQ(Keyboard::getKey().symbol, SDLK_RIGHT) << "another key without a character";
     key(SDLK_x, 'x', true);
     key(SDLK_x, 0, false);
+    EXPECT_EQ(Keyboard::getKey().symbol, 0) << "its symbol";
+    key(SDLK_x, 'x', true);
+    key(SDLK_y, 'x', false);
+    EXPECT_EQ(Keyboard::getKey().symbol, 0) << "its character";
+    key(SDLK_x, 0, false);
+    key(SDLK_x, 'x', true);
+    key(SDLK_y, 0, false);
+    EXPECT_EQ(Keyboard::getKey().symbol, SDLK_x) << "another key";
+    key(SDLK_LEFT, 0, true);
+    key(SDLK_y, 0, false);
+    EXPECT_EQ(Keyboard::getKey().symbol, 0) << "no character is the same as no character";
+}
+
+TEST_F(InputTest, AKeyThatIsHeldIsPressedOnce) {
+    key(SDLK_x, 'x', true);
+    EXPECT_EQ(Keyboard::getKey().symbol, SDLK_x);
+    key(SDLK_x, 'x', true); // as the system repeats it
     EXPECT_EQ(Keyboard::getKey().symbol, 0);
+    EXPECT_EQ(Keyboard::getKey().unicode, 0);
+    EXPECT_EQ(Keyboard::takeKeys().size(), 2U) << "texts take both";
+    key(SDLK_x, 0, false);
+    key(SDLK_x, 'x', true);
+    EXPECT_EQ(Keyboard::getKey().symbol, SDLK_x);
 }
 
 TEST_F(InputTest, KnowsWhatIsPrintable) {
     const auto isPrintable = [this](uint16_t unicode) {
         key(SDLK_UNKNOWN, unicode, true);
-        return Keyboard::getKey().printable;
+        const bool printable = Keyboard::getKey().printable;
+        key(SDLK_UNKNOWN, 0, false);
+        return printable;
     };
     EXPECT_FALSE(isPrintable(31));
     EXPECT_TRUE(isPrintable(32));

@@ -182,7 +182,8 @@ TEST_F(StatesMachineTest, SaysOnceWhatItCannotFollow) {
     for (int32_t count = 0; count < 5; ++count)
         frame(20);
     EXPECT_EQ(log.linesWith("Requested state nowhere is unknown"), 1);
-    EXPECT_EQ(log.linesWith("New state: NULL"), 0);
+    EXPECT_EQ(log.linesWith("New state: NULL"), 1);
+    EXPECT_EQ(machine.getActiveState(), &first);
     first.setTransition("first");
     for (int32_t count = 0; count < 5; ++count)
         frame(20);
@@ -249,9 +250,11 @@ TEST_F(StatesMachineTest, WithNothingToShowTheProgramEnds) {
 }
 
 TEST_F(StatesMachineTest, TakesTheDefaultState) {
+    LogCapture log(LogInfo);
     machine.setDefaultState(&second);
     frame();
     EXPECT_EQ(machine.getActiveState(), &second);
+    EXPECT_EQ(log.linesWith("New state: second"), 1);
     EXPECT_EQ(frame(), (Told{"second.onFirstEnter"}));
 }
 

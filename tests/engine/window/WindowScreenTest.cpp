@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/Clock.h"
+#include "engine/core/Keyboard.h"
 #include "engine/core/Mouse.h"
 #include "engine/core/Platform.h"
+#include "engine/core/System.h"
 #include "engine/core/Window.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Canvas.h"
@@ -261,6 +263,14 @@ TEST_F(WindowScreenTest, GoesToFullScreenAndBack) {
     Platform::getInstance().handleEvents();
     EXPECT_FALSE(Window::current()->isFullscreen());
     EXPECT_EQ(Window::current()->getRealWidth(), 1024);
+    Window::current()->setFullscreen(true);
+    EXPECT_EQ(Window::current()->getRealWidth(), Platform::getInstance().getDesktopWidth());
+    EXPECT_FALSE(Keyboard::isKeyDown(SDLK_RETURN)) << "its release may never come";
+    Window::current()->setFullscreen(true);
+    EXPECT_TRUE(Window::current()->isFullscreen());
+    Window::current()->setFullscreen(false);
+    EXPECT_FALSE(Window::current()->isFullscreen());
+    EXPECT_EQ(Window::current()->getRealHeight(), 768);
     canvas.clearWindow();
     canvas.fill({0, 0, 10, 10}, Red);
     EXPECT_EQ(Shot().at(5, 5), Red);
@@ -286,6 +296,32 @@ TEST_F(WindowScreenTest, SendsAFrameOnlyWhenItDiffers) {
     makePicture(picture, ChannelOrder::Bgr, 4);
     EXPECT_EQ(frame(Blue), 1) << "another picture in the same place";
     EXPECT_EQ(frame(Blue), 0);
+}
+
+TEST_F(WindowScreenTest, SendsAnUnchangedFrameOnceASecond) {
+    static uint32_t now;
+    now = ticks();
+    setTickSource([] { return now; });
+    const auto frame = [&] {
+        now += 100;
+        canvas.clearWindow();
+        canvas.fill({50, 50, 10, 10}, Red);
+        const int32_t before = canvas.getFramesSent();
+        Window::current()->swapBuffers();
+        return canvas.getFramesSent() - before;
+    };
+    frame();
+    int32_t sent = 0;
+    for (int32_t count = 0; count < 30; ++count)
+        sent += frame();
+    setTickSource(nullptr);
+    EXPECT_EQ(sent, 3);
+}
+
+TEST_F(WindowScreenTest, ShowsThePointerAndStaysWhereItIs) {
+    EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_ENABLE);
+    EXPECT_EQ(system::environment("SDL_VIDEO_CENTERED"), "")
+        << "or each change of size would centre it";
 }
 
 TEST_F(WindowScreenTest, ABitmapMayGoBeforeItsFrameIsShown) {

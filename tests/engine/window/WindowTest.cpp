@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/graphics/Bitmap.h"
 #include "tests/support/LogCapture.h"
 
 namespace zel {
@@ -47,7 +48,37 @@ TEST(Window, OpensWebAddressesOnly) {
     LogCapture log;
     Window::openUrl("file:///etc/passwd");
     Window::openUrl("--help");
-    EXPECT_EQ(log.linesWith("Not a web address"), 2);
+    Window::openUrl("https://localhost/"); // the name of a state, if anything
+    EXPECT_EQ(log.linesWith("Not a web address"), 3);
+}
+
+/// A picture that is opaque on its upper left to lower right line alone.
+void makeDiagonal(Bitmap& picture, int32_t side) {
+    BitmapData data;
+    data.width = data.height = data.pictureWidth = data.pictureHeight = side;
+    data.depth = 4;
+    data.pixels.assign(data.rowSize() * static_cast<size_t>(side), 127);
+    for (int32_t place = 0; place < side; ++place)
+        data.line(place)[place * 4 + 3] = 128;
+    ASSERT_TRUE(picture.assign(std::move(data), "diagonal"));
+}
+
+TEST(WindowIcon, ShowsWhatIsHalfOpaque) {
+    Bitmap picture;
+    makeDiagonal(picture, 9);
+    EXPECT_EQ(iconMask(picture), (std::vector<uint8_t>{0x80, 0, 0x40, 0, 0x20, 0, 0x10, 0, 8, 0, 4,
+                                                       0, 2, 0, 1, 0, 0, 0x80}));
+}
+
+TEST(WindowIcon, HasOneSize) {
+    LogCapture log;
+    Bitmap picture;
+    makeDiagonal(picture, 32);
+    Window::setIcon(picture);
+    EXPECT_EQ(log.linesWith("[Window]"), 0);
+    makeDiagonal(picture, 9);
+    Window::setIcon(picture);
+    EXPECT_EQ(log.linesWith("[Window] Icon diagonal is not 32 by 32 pixels"), 1);
 }
 
 } // namespace

@@ -152,6 +152,15 @@ TEST_F(ZelLoopTest, PausesOnce) {
     ZelLoop::onContinue();
     ZelLoop::onContinue();
     EXPECT_EQ(taken(), (Told{"start.onContinue", "onContinue", "resume"}));
+    LogCapture lines(LogInfo);
+    ZelLoop::onContinue();
+    EXPECT_EQ(lines.linesWith("onContinue called"), 1);
+    EXPECT_EQ(lines.linesWith("onContinue finished"), 0) << "it was not paused";
+    ZelLoop::onPause();
+    HighLevelScheduler::destroy();
+    ZelLoop::onContinue();
+    EXPECT_EQ(lines.linesWith("onContinue finished"), 1);
+    EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U) << "the rare task is back";
     setSuspendStep(ShutdownStep::Sounds, nullptr, nullptr);
 }
 

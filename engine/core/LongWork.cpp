@@ -1,0 +1,42 @@
+#include "engine/core/LongWork.h"
+
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Platform.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/Window.h"
+#include "engine/core/ZelLoop.h"
+
+namespace zel {
+
+namespace {
+
+constexpr uint32_t PicturePeriod = 100; // milliseconds
+
+} // namespace
+
+LongWork::LongWork() : holdsTransition(StatesMachine::getInstance().holdTransition()) {}
+
+LongWork::~LongWork() {
+    Platform::getInstance().pumpAndDrop();
+    if (holdsTransition)
+        StatesMachine::getInstance().continueTransition();
+    HighLevelScheduler::getInstance().countTimeFromHere();
+}
+
+bool LongWork::isDue() const { return sincePicture.getTicks() >= PicturePeriod; }
+
+void LongWork::showPicture(const std::function<void()>& drawAbove) {
+    Platform::getInstance().pumpAndDrop(); // first: the window may take another size
+    StatesMachine::getInstance().render();
+    if (drawAbove)
+        drawAbove();
+    if (Window* window = Window::current())
+        window->swapBuffers();
+    sincePicture.reset();
+}
+
+bool LongWork::isQuitWanted() {
+    return Platform::getInstance().getQuitEvents() != 0 || ZelLoop::isQuitRequested();
+}
+
+} // namespace zel

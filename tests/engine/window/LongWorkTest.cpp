@@ -1,0 +1,162 @@
+#include "engine/core/LongWork.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Keyboard.h"
+#include "engine/core/Mouse.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/Window.h"
+#include "tests/engine/window/ManualClock.h"
+#include "tests/engine/window/RecordingState.h"
+#include "tests/support/LogCapture.h"
+
+namespace zel {
+
+namespace {
+
+using Told = std::vector<std::string>;
+
+/// A state that works for five seconds whenever it is updated, and when it is left.
+class WorkingState : public RecordingState {
+public:
+    WorkingState(Told& told, ManualClock& clock)
+        : RecordingState("working", told), told(told), clock(clock) {}
+
+    void update() override { work(); }
+    void onLeave() override { work(); }
+
+private:
+    void work() {
+        LongWork work;
+        for (int32_t step = 0; step < 100; ++step) {
+            clock.advance(50);
+            if (work.isDue())
+                work.showPicture([this] { told.emplace_back("bar"); });
+        }
+    }
+
+    Told& told;
+    ManualClock& clock;
+};
+
+class LongWorkTest : public testing::Test {
+protected:
+    LongWorkTest() {
+        platform.clearInput();
+        HighLevelScheduler::destroy();
+        machine.setActiveState(&working);
+        frames(60);
+    }
+    ~LongWorkTest() override {
+        platform.clearInput();
+        HighLevelScheduler::destroy();
+        machine.reset();
+    }
+    void frames(int32_t count) {
+        for (; count > 0; --count) {
+            clock.advance(20);
+            HighLevelScheduler::getInstance().render();
+            machine.update();
+        }
+    }
+    static void push(uint8_t type, SDLKey symbol = SDLK_UNKNOWN, uint16_t unicode = 0) {
+        SDL_Event event{};
+        event.type = type;
+        if (type == SDL_MOUSEBUTTONDOWN || type == SDL_MOUSEBUTTONUP) {
+            event.button.button = 1;
+        } else {
+            event.key.keysym.sym = symbol;
+            event.key.keysym.unicode = unicode;
+        }
+        ASSERT_EQ(SDL_PushEvent(&event), 0);
+    }
+
+    LogCapture log;
+    ManualClock clock;
+    Platform& platform = Platform::getInstance();
+    StatesMachine& machine = StatesMachine::getInstance();
+    Told told;
+    WorkingState working{told, clock};
+    RecordingState next{"next", told};
+};
+
+TEST_F(LongWorkTest, ShowsTenPicturesASecond) {
+    told.clear();
+    working.update();
+    EXPECT_EQ(std::count(told.begin(), told.end(), "bar"), 50);
+    EXPECT_EQ(told.size(), 100U);
+    EXPECT_EQ(told[0], "working.render");
+    EXPECT_EQ(told[1], "bar") << "above the state";
+}
+
+TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
+    platform.beginLook();
+    {
+        LongWork work;
+        push(SDL_KEYDOWN, SDLK_a, 'a');
+        push(SDL_MOUSEBUTTONDOWN);
+        push(SDL_MOUSEBUTTONUP);
+        work.showPicture();
+        push(SDL_KEYDOWN, SDLK_b, 'b');
+        push(SDL_MOUSEBUTTONDOWN); // and still held behind it
+    }
+    EXPECT_FALSE(Mouse::isButtonDown(1));
+    EXPECT_FALSE(Mouse::isButtonHit(1));
+    EXPECT_TRUE(Keyboard::takeKeys().empty());
+    EXPECT_EQ(Keyboard::getKey().symbol, 0);
+    platform.endLook();
+    push(SDL_MOUSEBUTTONUP);
+    platform.beginLook();
+    EXPECT_FALSE(Mouse::isButtonHit(1));
+    EXPECT_FALSE(Mouse::wasTapped(1, -10, -10, 2000, 2000));
+    platform.endLook();
+    push(SDL_MOUSEBUTTONDOWN);
+    EXPECT_TRUE(Mouse::isButtonDown(1)) << "what comes later counts";
+    push(SDL_MOUSEBUTTONUP);
+    EXPECT_TRUE(Mouse::isButtonHit(1));
+}
+
+TEST_F(LongWorkTest, KeepsTheWishToQuit) {
+    {
+        LongWork work;
+        EXPECT_FALSE(LongWork::isQuitWanted());
+        push(SDL_QUIT);
+        work.showPicture();
+        EXPECT_TRUE(LongWork::isQuitWanted());
+    }
+    EXPECT_TRUE(Window::pollQuit());
+    EXPECT_EQ(platform.getQuitEvents(), 1);
+}
+
+TEST_F(LongWorkTest, CostsTheOtherTasksNothing) {
+    struct Counter : UpdateObject {
+        int32_t runs = 0;
+        void update() override { ++runs; }
+    } other;
+    HighLevelScheduler& scheduler = HighLevelScheduler::getInstance();
+    scheduler.addTask(static_cast<UpdateObject*>(&working), nullptr);
+    scheduler.setTaskPriority(&working, 3);
+    scheduler.addTask(&other, nullptr);
+    frames(3);
+    EXPECT_EQ(std::count(told.begin(), told.end(), "bar"), 150) << "it was not put off either";
+    EXPECT_EQ(other.runs, 3);
+    EXPECT_EQ(log.linesWith("took too long"), 0);
+}
+
+TEST_F(LongWorkTest, CostsNoFade) {
+    next.setFadeInTime(1);
+    machine.setActiveState(&next);
+    while (std::count(told.begin(), told.end(), "bar") == 0)
+        frames(1);
+    frames(3);
+    EXPECT_EQ(machine.getPhase(), StatesMachine::FadeIn);
+    EXPECT_LT(next.getContentProgress(), 0.5F);
+    frames(60);
+    EXPECT_TRUE(machine.isSettled());
+}
+
+} // namespace
+
+} // namespace zel
