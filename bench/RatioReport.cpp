@@ -2,11 +2,19 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string_view>
 
 namespace {
 
-std::map<std::string, double>& limits() {
-    static std::map<std::string, double> values;
+using Limits = std::map<std::string, double>;
+
+Limits& ratioLimits() {
+    static Limits values;
+    return values;
+}
+
+Limits& timeLimits() {
+    static Limits values;
     return values;
 }
 
@@ -17,19 +25,57 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
+/// Ten columns, "12.34 ms".
+std::string timeText(double seconds) {
+    char text[32];
+    const bool isShort = seconds < 1e-3;
+    std::snprintf(text, sizeof text, "%7.2f %s", seconds * (isShort ? 1e6 : 1e3),
+                  isShort ? "us" : "ms");
+    return text;
+}
+
 } // namespace
 
-void RatioReport::setLimit(const std::string& name, double ratio) { limits()[name] = ratio; }
+bool RatioReport::takeArguments(int argc, char** argv) {
+    std::vector<char*> others;
+    for (int index = 0; index < argc; ++index) {
+        if (std::string_view(argv[index]) == "--enforce")
+            enforces = true;
+        else
+            others.push_back(argv[index]);
+    }
+    int count = static_cast<int>(others.size());
+    others.push_back(nullptr);
+    benchmark::Initialize(&count, others.data());
+    return !benchmark::ReportUnrecognizedArguments(count, others.data());
+}
+
+int RatioReport::run() {
+    benchmark::RunSpecifiedBenchmarks(this);
+    return hasErrors || (enforces && hasBrokenLimits) ? 1 : 0;
+}
+
+void RatioReport::setLimit(const std::string& name, double ratio) { ratioLimits()[name] = ratio; }
+
+void RatioReport::setTimeLimit(const std::string& name, double seconds) {
+    timeLimits()[name] = seconds;
+}
+
+void RatioReport::addFigure(const std::string& name, double value, const char* unit, double limit) {
+    figures.push_back({name, value, unit, limit});
+}
 
 bool RatioReport::ReportContext(const Context& /*context*/) { return true; }
 
 void RatioReport::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
-        if (run.error_occurred)
-            std::printf("%s: %s\n", run.run_name.function_name.c_str(), run.error_message.c_str());
+        const std::string name = run.run_name.function_name;
+        if (run.error_occurred) {
+            hasErrors = true;
+            std::printf("%s: %s\n", name.c_str(), run.error_message.c_str());
+        }
         if (run.error_occurred || run.run_type != Run::RT_Iteration)
             continue;
-        const std::string name = run.run_name.function_name;
         const size_t slash = name.find('/');
         Pair& pair = pairs[name.substr(0, slash)];
         const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
@@ -37,14 +83,28 @@ void RatioReport::ReportRuns(const std::vector<Run>& runs) {
     }
 }
 
+const char* RatioReport::judge(double value, double limit) {
+    if (value <= limit)
+        return "";
+    hasBrokenLimits = true;
+    return "  BROKEN";
+}
+
 void RatioReport::Finalize() {
-    std::printf("%-34s %10s %10s %7s %7s\n", "", "ours", "bare", "ratio", "at most");
+    std::printf("%-34s %10s %10s %7s %10s\n", "", "ours", "bare", "ratio", "at most");
     for (const auto& [name, pair] : pairs) {
         const double ours = median(pair.ours);
         const double bare = median(pair.bare);
-        if (bare <= 0)
-            continue;
-        std::printf("%-34s %7.2f ms %7.2f ms %7.2f %7.2f\n", name.c_str(), ours * 1e3, bare * 1e3,
-                    ours / bare, limits()[name]);
+        if (const auto limit = timeLimits().find(name); limit != timeLimits().end()) {
+            std::printf("%-34s %s %29s%s\n", name.c_str(), timeText(ours).c_str(),
+                        timeText(limit->second).c_str(), judge(ours, limit->second));
+        } else if (bare > 0 && ours > 0) {
+            const double most = ratioLimits()[name];
+            std::printf("%-34s %s %s %7.2f %10.2f%s\n", name.c_str(), timeText(ours).c_str(),
+                        timeText(bare).c_str(), ours / bare, most, judge(ours / bare, most));
+        }
     }
+    for (const Figure& figure : figures)
+        std::printf("%-34s %7.1f %s %26.0f %s%s\n", figure.name.c_str(), figure.value, figure.unit,
+                    figure.limit, figure.unit, judge(figure.value, figure.limit));
 }

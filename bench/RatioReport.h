@@ -7,20 +7,44 @@
 #include <benchmark/benchmark.h>
 
 /// Collects pairs of benchmarks, "NAME/ours" and "NAME/bare", and prints their ratio: both ran
-/// within one process, turn by turn, so a noisy machine slows both.
+/// within one process, turn by turn, so a noisy machine slows both. Where there is nothing to
+/// compare with, "NAME/ours" stands alone, with a time as its limit. All in processor time.
 class RatioReport : public benchmark::BenchmarkReporter {
 public:
+    /// Takes the program's arguments. False, and a line on standard error, for an unknown one.
+    [[nodiscard]] bool takeArguments(int argc, char** argv);
+    /// Runs what was registered and prints the table. Returns the exit code: 0, or 1 if a benchmark
+    /// failed or, with the argument "--enforce", if a limit was broken.
+    [[nodiscard]] int run();
+
+    /// The ratio that a pair is held to.
+    static void setLimit(const std::string& name, double ratio);
+    /// The time that "NAME/ours" alone is held to, in seconds for an iteration.
+    static void setTimeLimit(const std::string& name, double seconds);
+    /// A line with a figure that was measured otherwise.
+    void addFigure(const std::string& name, double value, const char* unit, double limit);
+
     bool ReportContext(const Context& context) override;
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
 
-    /// The ratio that a pair is held to.
-    static void setLimit(const std::string& name, double ratio);
-
 private:
     struct Pair {
-        std::vector<double> ours; // processor seconds for an iteration, one for each repetition
+        std::vector<double> ours; // seconds for an iteration, one for each repetition
         std::vector<double> bare;
     };
+    struct Figure {
+        std::string name;
+        double value;
+        const char* unit;
+        double limit;
+    };
+
+    const char* judge(double value, double limit);
+
     std::map<std::string, Pair> pairs;
+    std::vector<Figure> figures;
+    bool enforces = false;
+    bool hasErrors = false;
+    bool hasBrokenLimits = false;
 };

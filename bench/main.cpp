@@ -1,9 +1,5 @@
 // Run in the run folder, where Data lies. Prints ratios, not times: see RatioReport.h.
 
-#include <cstdio>
-
-#include <benchmark/benchmark.h>
-
 #include "bench/Benches.h"
 #include "bench/RatioReport.h"
 #include "engine/core/Log.h"
@@ -11,14 +7,12 @@
 int main(int argc, char** argv) {
     zel::setConsoleShown(false);
     zel::disableLogging();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    RatioReport report;
+    if (!report.takeArguments(argc, argv))
         return 1;
-    const double peak = peakMemoryOfWar();
+    // First: what the benchmarks take themselves isn't the war's.
+    report.addFigure("Peak memory of a whole war", peakMemoryOfWar(), "MB", 64);
     registerCareerBenches();
     registerFileBenches();
-    RatioReport report;
-    benchmark::RunSpecifiedBenchmarks(&report);
-    std::printf("%-34s %7.1f MB %28.0f MB\n", "Peak memory of a whole war", peak, 64.0);
-    return 0;
+    return report.run();
 }

@@ -1,0 +1,139 @@
+// How long the player waits: from the start of the process to the main menu, complete and at rest,
+// against a bare program that opens the same window and decodes the same pictures. Both are run as
+// processes of their own, turn by turn.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include <SDL.h>
+#include <SDL_opengl.h>
+#include <stb_image.h>
+
+#include "app/mission/Configuration.h"
+#include "engine/core/Log.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/core/Window.h"
+#include "engine/core/ZelLoop.h"
+
+namespace {
+
+constexpr int Turns = 11;
+constexpr double Limit = 1.5;
+constexpr int Width = 1024;
+constexpr int Height = 768;
+constexpr const char* ListFile = "start_bench.lst"; // the pictures that ours has loaded
+constexpr const char* UserFolder = "start_bench.user";
+constexpr const char* Simulator = "start_bench.simulator";
+
+std::vector<std::string>& loadedPictures() {
+    static std::vector<std::string> files;
+    return files;
+}
+
+/// Keeps "[System] Loaded FILE", which comes for each picture.
+void noteLine(const zel::String& line) {
+    constexpr std::string_view Mark = "[System] Loaded ";
+    const size_t place = line.view().find(Mark);
+    if (place == std::string_view::npos)
+        return;
+    const std::string_view rest = line.view().substr(place + Mark.size());
+    const std::string name(rest.substr(0, rest.find(" (")));
+    std::vector<std::string>& known = loadedPictures();
+    if (std::find(known.begin(), known.end(), name) == known.end())
+        known.push_back(name);
+}
+
+/// Where the main menu finds nothing to complain of.
+void makeSimulator() {
+    std::filesystem::create_directories(std::string(Simulator) + "/data");
+    std::ofstream(std::string(Simulator) + "/data/startup.cfg") << "mission_text_log = 1\n";
+}
+
+int startOurs() {
+    zel::setLogSink(noteLine);
+    zel::setUserDirectory(zel::system::absolutePath(UserFolder));
+    Configuration::set("rof.directory", Simulator);
+    zel::ZelLoop loop;
+    const zel::StatesMachine& machine = zel::StatesMachine::getInstance();
+    while (machine.getActiveState() == nullptr || !machine.isSettled())
+        loop.step();
+    loop.step(); // the picture that was drawn last is shown
+    std::ofstream list(ListFile);
+    for (const std::string& file : loadedPictures())
+        list << file << '\n';
+    list.close();
+    std::_Exit(zel::Window::current() != nullptr ? 0 : 1);
+}
+
+int startBare() {
+    if (SDL_Init(SDL_INIT_EVERYTHING) != 0 && SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER) != 0)
+        return 1;
+    SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
+    if (SDL_SetVideoMode(Width, Height, 32, SDL_OPENGL | SDL_RESIZABLE) == nullptr)
+        return 1;
+    std::ifstream list(ListFile);
+    for (std::string file; std::getline(list, file);) {
+        int width = 0, height = 0, channels = 0;
+        std::ifstream stream(file, std::ios::binary);
+        const std::string bytes((std::istreambuf_iterator<char>(stream)), {});
+        stbi_uc* pixels =
+            stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(bytes.data()),
+                                  static_cast<int>(bytes.size()), &width, &height, &channels, 0);
+        if (pixels == nullptr)
+            return 1;
+        stbi_image_free(pixels);
+    }
+    glClear(GL_COLOR_BUFFER_BIT);
+    SDL_GL_SwapBuffers();
+    std::_Exit(0);
+}
+
+/// Seconds until the process has ended; negative if it failed.
+double timed(const std::string& command) {
+    const auto before = std::chrono::steady_clock::now();
+    const int result = std::system(command.c_str());
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - before;
+    return result == 0 ? passed.count() : -1;
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+int compare(const std::string& program, bool enforce) {
+    makeSimulator();
+    std::vector<double> ours, bare;
+    timed(program + " --ours"); // warms the caches up and tells the pictures
+    for (int turn = 0; turn < Turns; ++turn) {
+        ours.push_back(timed(program + " --ours"));
+        bare.push_back(timed(program + " --bare"));
+        if (ours.back() < 0 || bare.back() < 0) {
+            std::fprintf(stderr, "start_bench: no window, or a picture that can't be read\n");
+            return 1;
+        }
+    }
+    const double ratio = median(ours) / median(bare);
+    std::printf("%-34s %7.2f ms %7.2f ms %7.2f %10.2f%s\n", "Start", median(ours) * 1000,
+                median(bare) * 1000, ratio, Limit, ratio <= Limit ? "" : "  BROKEN");
+    return enforce && ratio > Limit ? 1 : 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc == 2 && std::strcmp(argv[1], "--ours") == 0)
+        return startOurs();
+    if (argc == 2 && std::strcmp(argv[1], "--bare") == 0)
+        return startBare();
+    return compare(argv[0], argc == 2 && std::strcmp(argv[1], "--enforce") == 0);
+}
