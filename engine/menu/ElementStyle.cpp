@@ -53,8 +53,8 @@ void styleLooks(Widget& widget, const ElementDefinition& element, const WidgetSt
     for (size_t i = 0; i < LookCount; ++i) {
         const auto look = static_cast<WidgetLook>(i);
         const String& image = element.images[i].empty() ? style.images[i] : element.images[i];
-        if (!image.empty())
-            widget.setImage(look, ImageHandler::getInstance().getImage(image));
+        widget.setImage(look,
+                        image.empty() ? nullptr : ImageHandler::getInstance().getImage(image));
         widget.setTint(look, style.tints[i].value_or(0xFFFFFFFF));
         const std::optional<uint32_t>& color =
             style.textColors[i] ? style.textColors[i] : theme.textColors[i];
@@ -87,27 +87,33 @@ FontResult chooseFont(const FontChoice& choice, const std::vector<String>& theme
     return {FontHandler::getFont(themeFonts[index]), false};
 }
 
+void styleWidget(Widget& widget, const Layout& layout, const Theme* givenTheme) {
+    static const ElementDefinition none;
+    const auto found = layout.widgets.find(widget.getName());
+    const ElementDefinition& element = found != layout.widgets.end() ? found->second : none;
+    const Theme& theme = orNone(givenTheme);
+    const WidgetStyle& style = theme.widgetStyle(widget.getKind());
+    styleLooks(widget, element, style, theme);
+    widget.setFont(
+        chooseFont(firstGiven(element.font, layout.font, style.font, theme), theme.fonts).font);
+    widget.setTextOffset(style.textX, style.textY, style.borderX, style.borderY);
+    if (!style.sound.empty())
+        SoundHandler::getInstance().load(style.sound);
+    widget.setSound(style.sound);
+}
+
 std::unique_ptr<Widget> createWidgetFromLayout(const Layout& layout, const String& name,
-                                               const Theme* givenTheme, int32_t alignment) {
+                                               const Theme* theme, int32_t alignment) {
     const ElementDefinition* element = findElement(layout.widgets, name);
     if (element == nullptr)
         return nullptr;
-    const Theme& theme = orNone(givenTheme);
-    const WidgetStyle& style = theme.widgetStyle(element->kind);
     std::unique_ptr<Widget> widget = makeWidget(*element);
     widget->setKind(element->kind);
     placeElement(widget->getPlacing(), *element);
-    styleLooks(*widget, *element, style, theme);
-    widget->setFont(
-        chooseFont(firstGiven(element->font, layout.font, style.font, theme), theme.fonts).font);
+    styleWidget(*widget, layout, theme);
     widget->setAlignment(alignmentOf(*element, alignment));
-    widget->setTextOffset(style.textX, style.textY, style.borderX, style.borderY);
     widget->setText(element->text);
     widget->setTransition(element->transition);
-    if (!style.sound.empty()) {
-        SoundHandler::getInstance().load(style.sound);
-        widget->setSound(style.sound);
-    }
     return widget;
 }
 

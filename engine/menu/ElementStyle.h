@@ -18,6 +18,10 @@ struct FontResult {
 /// The font of the choice's name; should that not load, the one at its place in the list.
 FontResult chooseFont(const FontChoice& choice, const std::vector<String>& themeFonts);
 
+/// Gives the widget the images, tints, font, colours, offsets and sound of its kind. What its
+/// layout says of it goes before them.
+void styleWidget(Widget& widget, const Layout& layout, const Theme* theme);
+
 /// Builds the element that a layout defines. What the layout leaves open comes from the theme by
 /// the element's kind, then from the theme's defaults; a null theme has none. `alignment` holds
 /// where the element has none of its own. On error: null, and a log line.

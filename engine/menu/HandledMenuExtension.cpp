@@ -54,6 +54,11 @@ void HandledMenuExtension::setVisible(const String& name, bool visible) {
         area->setVisible(visible);
 }
 
+void HandledMenuExtension::setWidgetKind(const String& name, const String& kind) {
+    if (menu != nullptr)
+        menu->setWidgetKind(name, kind);
+}
+
 void HandledMenuExtension::setTransition(const String& target) {
     if (menu != nullptr)
         menu->setTransition(target);

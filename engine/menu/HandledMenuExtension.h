@@ -43,8 +43,9 @@ public:
     Widget* getWidget(const String& name) const;
     /// The text of the widget or else the text area of that name.
     void setText(const String& name, const String& text);
-    void setActive(const String& name, bool active);   // of a widget
-    void setVisible(const String& name, bool visible); // of a widget or a text area
+    void setActive(const String& name, bool active);            // of a widget
+    void setVisible(const String& name, bool visible);          // of a widget or a text area
+    void setWidgetKind(const String& name, const String& kind); // see Menu
     void setTransition(const String& target);
     /// The script's variables, of the menu and of the program.
     String getGlobalString(const String& variable) const;

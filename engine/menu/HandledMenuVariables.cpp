@@ -25,9 +25,7 @@ void logChange(const char* operation, const String& name, const String& value) {
 
 /// What the preferences hold under the key; empty if they don't have it.
 std::optional<String> stored(const String& key) {
-    constexpr std::string_view Absent = "\x01"; // no value that a script or a player can set
-    const String value = Registry::get(key, Absent);
-    return value == Absent ? std::nullopt : std::optional<String>(value);
+    return Registry::has(key) ? std::optional<String>(Registry::get(key, "")) : std::nullopt;
 }
 
 String localKey(const char* kind, const String& menu, const String& name) {

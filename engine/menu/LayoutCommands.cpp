@@ -1,4 +1,5 @@
 #include "engine/graphics/Language.h"
+#include "engine/graphics/TextBreaking.h"
 #include "engine/menu/LayoutHandler.h"
 #include "engine/menu/ScriptCommand.h"
 
@@ -71,7 +72,7 @@ template <Target Of> void defineElementFont(ScriptCall& call) {
 
 template <Target Of> void defineText(ScriptCall& call) {
     if (ElementDefinition* element = target<Of>())
-        element->text = call[1];
+        element->text = unescapeLineFeeds(call[1]);
 }
 
 void defineLanguageText(ScriptCall& call) {

@@ -1,5 +1,8 @@
 #include "engine/menu/LayoutHandler.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "engine/core/Log.h"
 #include "engine/core/Shutdown.h"
 #include "engine/menu/LayoutImage.h"
@@ -13,6 +16,13 @@ constexpr const char* Category = "LayoutHandler";
 std::unique_ptr<LayoutHandler>& instance() {
     static std::unique_ptr<LayoutHandler> handler;
     return handler;
+}
+
+/// Whether only widgets can be of that kind.
+bool isForWidgets(const String& kind) {
+    constexpr const char* Kinds[] = {"widget", "button", "textinput", "scrollingarea"};
+    return std::any_of(std::begin(Kinds), std::end(Kinds),
+                       [&](const char* known) { return equalsNoCase(known, kind); });
 }
 
 /// The element of that name in one list: the one that is there, or else the other list's, or a new
@@ -56,8 +66,7 @@ void LayoutHandler::defineWidget(const String& name, const String& kind) {
     Layout* layout = currentLayout();
     if (layout == nullptr)
         return;
-    // Without a kind a text area stays one.
-    const bool staysTextArea = kind.empty() &&
+    const bool staysTextArea = !isForWidgets(kind) &&
                                layout->widgets.find(name) == layout->widgets.end() &&
                                layout->textAreas.find(name) != layout->textAreas.end();
     if (staysTextArea || equalsNoCase(kind, "textarea"))
@@ -72,9 +81,12 @@ void LayoutHandler::defineTextArea(const String& name) {
     Layout* layout = currentLayout();
     if (layout == nullptr)
         return;
-    textArea = &layout->textAreas[name];
-    textArea->name = name;
-    textArea->kind = "textarea";
+    const auto [place, isNew] = layout->textAreas.try_emplace(name);
+    textArea = &place->second;
+    if (isNew) {
+        textArea->name = name;
+        textArea->kind = "textarea";
+    }
 }
 
 Layout* LayoutHandler::currentLayout() {

@@ -20,7 +20,9 @@ public:
     /// read is there.
     void loadLayout(const String& imageFile);
     /// Adds an element to the current layout, or takes the one of that name, and makes it current.
-    /// An empty kind leaves a known element's kind. The kind "textarea" makes it a text area.
+    /// An empty kind leaves a known element's kind. The kind "textarea" makes it a text area; a
+    /// text area that is there becomes a widget by the kinds that only widgets have, "widget",
+    /// "button", "textinput" and "scrollingarea", and takes any other one as its own.
     void defineWidget(const String& name, const String& kind);
     void defineTextArea(const String& name);
 

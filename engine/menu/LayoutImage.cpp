@@ -26,10 +26,8 @@ public:
     LayoutIndex result;
 
 private:
-    PaintedElement* current() {
-        return result.elements.empty() ? nullptr : &result.elements.back();
-    }
-    void begin(const std::vector<String>& words, bool isTextArea);
+    PaintedElement* current() { return hasElement ? &result.elements.back() : nullptr; }
+    bool begin(const std::vector<String>& words, bool isTextArea);
     void pickColor(const std::vector<String>& words);
     bool takeElementLine(const String& keyword, const std::vector<String>& words);
     void fail(const char* what) {
@@ -37,6 +35,7 @@ private:
     }
 
     const String& fileName;
+    bool hasElement = false; // the last one is what lines are about: its own line was no fault
 };
 
 int32_t numberAt(const std::vector<String>& words, size_t index) {
@@ -45,7 +44,7 @@ int32_t numberAt(const std::vector<String>& words, size_t index) {
 
 Scroll scrollOf(const std::vector<String>& words) {
     return {numberAt(words, 1), numberAt(words, 2),
-            words.size() > 3 ? parseSeconds(words[3]) : 0.0F};
+            static_cast<float>(std::max(0, numberAt(words, 3)))};
 }
 
 void IndexReader::take(const String& line) {
@@ -53,26 +52,32 @@ void IndexReader::take(const String& line) {
     if (words.empty())
         return;
     const String keyword = words[0].toLower();
-    if ((keyword == "widget" || keyword == "textarea") && words.size() > 1 &&
-        result.elements.size() < MostElements) {
-        begin(words, keyword == "textarea");
+    bool isKnown = true;
+    if (keyword == "widget" || keyword == "textarea") {
+        isKnown = begin(words, keyword == "textarea");
     } else if (keyword == "pickcolor") {
         pickColor(words);
     } else if (keyword == "resolution") {
         result.width = std::max(0, numberAt(words, 1));
         result.height = std::max(0, numberAt(words, 2));
-    } else if (keyword != "layout" && !takeElementLine(keyword, words)) {
-        log(String("Unknown line ") + line, Category, LogError);
+    } else {
+        isKnown = keyword == "layout" || takeElementLine(keyword, words);
     }
+    if (!isKnown)
+        log(String("Unknown line ") + line, Category, LogError);
 }
 
-void IndexReader::begin(const std::vector<String>& words, bool isTextArea) {
+bool IndexReader::begin(const std::vector<String>& words, bool isTextArea) {
+    hasElement = words.size() > 1 && result.elements.size() < MostElements;
+    if (!hasElement)
+        return false;
     PaintedElement element;
     element.isTextArea = isTextArea;
     element.definition.name = words[1];
     if (isTextArea)
         element.definition.kind = "textarea";
     result.elements.push_back(std::move(element));
+    return true;
 }
 
 void IndexReader::pickColor(const std::vector<String>& words) {

@@ -24,9 +24,33 @@ Element* findIn(const std::map<String, std::unique_ptr<Element>>& elements, cons
     return found != elements.end() ? found->second.get() : nullptr;
 }
 
-MenuOverlay* overlayOf(const ThemePicture& picture) {
-    return picture.image.empty() ? nullptr
-                                 : StandardMenuOverlay::of(picture.image, picture.options);
+/// The theme's overlay; should it have none, or one of no known name, its image's.
+MenuOverlay* overlayOf(const ThemeOverlay& named, const String& image) {
+    MenuOverlay* overlay = nullptr;
+    if (!named.name.empty())
+        overlay = MenuOverlay::find(named.name);
+    if (overlay == nullptr && !named.name.empty())
+        overlay = StandardMenuOverlay::of(named.name, named.options);
+    if (overlay == nullptr && !image.empty())
+        overlay = StandardMenuOverlay::of(image, {});
+    return overlay;
+}
+
+/// The state that fades into or out of this one just now; null if there is none.
+const State* partnerOf(const State& state) {
+    const StatesMachine& machine = StatesMachine::getInstance();
+    const State* const active = machine.getActiveState();
+    const State* const previous = machine.getPreviousState();
+    if (&state == active)
+        return previous;
+    return &state == previous ? active : nullptr;
+}
+
+/// Whether it is drawn before its partner. The lower of the two isn't drawn while it is invisible.
+bool isDrawnFirst(const State& state, const State& partner) {
+    const StatesMachine& machine = StatesMachine::getInstance();
+    const bool isLower = machine.isNewStateOnTop() == (&state == machine.getPreviousState());
+    return isLower == ((isLower ? state : partner).getOpacity() > 0);
 }
 
 /// Why an element can't be made; empty if it can. `kind` is "Widget" or "TextArea".
@@ -112,6 +136,20 @@ bool Menu::setText(const String& name, const String& text) {
     return area != nullptr;
 }
 
+bool Menu::setWidgetKind(const String& name, const String& kind) {
+    Widget* widget = getWidget(name);
+    const bool isKnown = theme != nullptr && theme->widgets.count(kind.toLower()) != 0;
+    if (widget == nullptr || layout == nullptr || !isKnown) {
+        log(widget == nullptr ? "setWidgetKind() of unknown widget " + name
+                              : "setWidgetKind() to unknown kind " + kind,
+            Category, LogWarning);
+        return false;
+    }
+    widget->setKind(kind.toLower());
+    styleWidget(*widget, *layout, theme);
+    return true;
+}
+
 void Menu::removeWidget(const String& name) {
     auto node = widgets.extract(name);
     if (node.empty())
@@ -133,7 +171,10 @@ void Menu::clearWidgets() {
         bury(std::move(widget));
 }
 
-void Menu::clearTextAreas() { textAreas.clear(); }
+void Menu::clearTextAreas() {
+    textAreas.clear();
+    linkScrollingAreas();
+}
 
 void Menu::resetWidgets() {
     for (const auto& [name, widget] : widgets)
@@ -159,10 +200,13 @@ void Menu::recreateElements() {
             createWidgetFromLayout(*layout, name, theme, widgetAlignment);
         if (!made)
             continue;
+        made->setKind(widget->getKind());
+        styleWidget(*made, *layout, theme);
         made->setText(widget->getText());
         made->setTransition(widget->getTransition());
         made->setActive(widget->isActive());
         made->setVisible(widget->isVisible());
+        made->setFocused(widget->isFocused());
         std::swap(widget, made);
         bury(std::move(made));
     }
@@ -191,8 +235,8 @@ bool Menu::setTheme(const String& name) {
     if (found == nullptr)
         return false;
     theme = found;
-    themeBackground = overlayOf(theme->background);
-    themeForeground = overlayOf(theme->foreground);
+    themeBackground = overlayOf(theme->backgroundOverlay, theme->backgroundImage);
+    themeForeground = overlayOf(theme->foregroundOverlay, theme->foregroundImage);
     return true;
 }
 
@@ -203,10 +247,16 @@ void Menu::setMenuOverlay(bool isBackground, const String& image, const OverlayO
             LogWarning);
         return;
     }
+    StateOverlay* const before = isBackground ? getBackgroundOverlay() : getForegroundOverlay();
     if (isBackground)
         setBackgroundOverlay(overlay);
     else
         setForegroundOverlay(overlay);
+    if (!isOverlayUser)
+        return;
+    overlay->addUser();
+    if (before != nullptr)
+        before->removeUser();
 }
 
 void Menu::setOverlayBlend(Blend background, Blend foreground) {
@@ -228,7 +278,11 @@ bool Menu::hitWidget(const String& name) {
 
 // The elements of an area are named after it: "list.row1" moves with "list".
 void Menu::linkScrollingAreas() {
-    std::map<ScrollingArea*, int32_t> bottoms;
+    std::map<ScrollingArea*, int32_t> bottoms; // of those without elements their own upper edges
+    for (const auto& [name, widget] : widgets) {
+        if (auto* area = dynamic_cast<ScrollingArea*>(widget.get()))
+            bottoms[area] = area->getPlacing().place.y;
+    }
     const auto link = [&](const String& name, Placing& placing) {
         placing.area = nullptr;
         const int32_t point = name.find('.');
@@ -285,17 +339,26 @@ void Menu::standElements() {
 StateOverlay* Menu::getThemeBackground() const { return themeBackground; }
 StateOverlay* Menu::getThemeForeground() const { return themeForeground; }
 
+int32_t Menu::getDrawAlpha() const {
+    const State* partner = partnerOf(*this);
+    if (partner == nullptr || !StatesMachine::getInstance().sharesBackgroundOverlay() ||
+        !isDrawnFirst(*this, *partner))
+        return getOpacityByte();
+    return 255 - partner->getOpacityByte();
+}
+
 void Menu::render() {
     Canvas& canvas = Canvas::getInstance();
+    const int32_t alpha = getDrawAlpha();
     standElements();
     drawBackground(canvas);
     renderMiddle();
     for (const auto& [name, widget] : widgets) {
-        widget->setAlpha(getOpacityByte());
+        widget->setAlpha(alpha);
         widget->render();
     }
     for (const auto& [name, area] : textAreas) {
-        area->setAlpha(getOpacityByte());
+        area->setAlpha(alpha);
         area->render();
     }
     drawForeground(canvas);
@@ -313,19 +376,19 @@ void Menu::drawForeground(Canvas& canvas) {
     drawPicture(canvas, &State::getForegroundOverlay, foregroundBlend);
 }
 
-// Each picture is looked at for itself: two screens on one desk fade what lies on it, not the desk.
+// A picture that both states show is drawn once and at full strength: two screens on one desk fade
+// what lies on it, not the desk.
 void Menu::drawPicture(Canvas& canvas, OverlayOf which, Blend blend) {
     StateOverlay* overlay = (this->*which)();
     if (overlay == nullptr)
         return;
-    const StatesMachine& machine = StatesMachine::getInstance();
-    const State* active = machine.getActiveState();
-    const State* partner = active == this ? machine.getPreviousState() : active;
+    const State* partner = partnerOf(*this);
     const bool isShared = partner != nullptr && (partner->*which)() == overlay;
-    const int32_t opacity = getOpacityByte();
+    if (isShared && !isDrawnFirst(*this, *partner))
+        return;
     const int32_t alphaBefore = canvas.getAlpha();
     canvas.setBlend(blend);
-    canvas.setAlpha(isShared && opacity > 0 ? 255 : opacity);
+    canvas.setAlpha(isShared ? 255 : getDrawAlpha());
     overlay->render();
     canvas.setAlpha(alphaBefore);
     canvas.setBlend(Blend::Normal);

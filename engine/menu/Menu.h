@@ -36,6 +36,11 @@ public:
     TextArea* getTextArea(const String& name) const;
     /// The text of the widget or else the text area of that name; false if there is neither.
     bool setText(const String& name, const String& text);
+    /// Gives a widget the style that its theme has for another kind: images, tints, font, colours,
+    /// text offsets, sound. Text, place, alignment, target, active and visible stay, and so does
+    /// what the layout says of the widget itself. On error, no such widget or a kind that the theme
+    /// doesn't have: false, a log line, and nothing changed.
+    bool setWidgetKind(const String& name, const String& kind);
     const std::map<String, std::unique_ptr<Widget>>& getWidgets() const { return widgets; }
     const std::map<String, std::unique_ptr<TextArea>>& getTextAreas() const { return textAreas; }
 
@@ -66,10 +71,17 @@ public:
 
     void update() override;
     void render() override;
+    /// With what all but shared pictures are drawn in this frame, 0 to 255: the state's opacity. On
+    /// a background that it shares with its partner, the state drawn first goes as the other comes.
+    int32_t getDrawAlpha() const;
     StateOverlay* getThemeBackground() const override;
     StateOverlay* getThemeForeground() const override;
 
 protected:
+    /// Whether the state machine counts this state as a user of its overlays: after its entering,
+    /// until it is left.
+    bool isOverlayUser = false;
+
     /// Between the background and the widgets.
     virtual void renderMiddle() {}
     void updateWidgets();

@@ -3,6 +3,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/TextBreaking.h"
 #include "engine/menu/HandledMenu.h"
 #include "engine/menu/ScriptCommand.h"
 #include "engine/menu/StandardMenuOverlay.h"
@@ -73,8 +74,10 @@ void removeTextArea(ScriptCall& call) {
         log(String("removetextarea of unknown text area ") + call[1], Category, LogWarning);
 }
 
-void addWidget(ScriptCall& call) { call.menu.addWidget(call[1], call[2], call[3]); }
-void addTextArea(ScriptCall& call) { call.menu.addTextArea(call[1], call[2]); }
+void addWidget(ScriptCall& call) {
+    call.menu.addWidget(call[1], unescapeLineFeeds(call[2]), call[3]);
+}
+void addTextArea(ScriptCall& call) { call.menu.addTextArea(call[1], unescapeLineFeeds(call[2])); }
 void createWidget(ScriptCall& call) { call.menu.createWidget(call[1]); }
 void createTextArea(ScriptCall& call) { call.menu.createTextArea(call[1]); }
 void clearWidgets(ScriptCall& call) { call.menu.clearWidgets(); }

@@ -73,7 +73,8 @@ void MenuConfigFile::loadText(std::string_view text, const String& name) {
         const auto end = std::find_if(text.begin(), text.end(), isLineEnd);
         const auto length = static_cast<size_t>(end - text.begin());
         takeLine(text.substr(0, length), number++, index);
-        text.remove_prefix(std::min(text.size(), length + 1));
+        const size_t endLength = text.substr(length, 2) == "\r\n" ? 2 : 1;
+        text.remove_prefix(std::min(text.size(), length + endLength));
     }
     opened.pop_back();
     closeLastSection();
@@ -81,8 +82,16 @@ void MenuConfigFile::loadText(std::string_view text, const String& name) {
 
 void MenuConfigFile::takeLine(std::string_view text, int32_t number, int32_t file) {
     text = trimmed(text, ' ');
-    if (text.empty() || text.front() == '#' || lines.size() >= MostLines)
+    if (text.empty() || text.front() == '#')
         return;
+    if (lines.size() >= MostLines) {
+        if (!isFull)
+            log(fileName + " has more than " + static_cast<int32_t>(MostLines) +
+                    " lines; the rest is dropped",
+                Category, LogError);
+        isFull = true;
+        return;
+    }
     lines.push_back({text, number, file});
     const auto next = static_cast<int32_t>(lines.size());
     if (text.back() == ':') {
@@ -126,7 +135,8 @@ bool MenuConfigFile::executeSection(const String& name, Menu* target) {
         const Line& line = lines[static_cast<size_t>(i)];
         if (lineObserver())
             lineObserver()(*this, line);
-        executeLine(line.text, target);
+        if (target != nullptr)
+            runLine(line.text, *target);
     }
     currentLine = outerLine;
     return section.last - section.first >= 1;
@@ -135,6 +145,14 @@ bool MenuConfigFile::executeSection(const String& name, Menu* target) {
 void MenuConfigFile::executeLine(const String& line, Menu* target) {
     if (target == nullptr || line.empty())
         return;
+    const int32_t outerLine = std::exchange(currentLine, -1);
+    const String outerLoose = std::exchange(looseLine, line);
+    runLine(line, *target);
+    currentLine = outerLine;
+    looseLine = outerLoose;
+}
+
+void MenuConfigFile::runLine(const String& line, Menu& target) {
     std::vector<String> words = splitWords(line);
     if (line.view().front() == '@') {
         const ConditionResult condition = resolveCondition(words);
@@ -146,7 +164,7 @@ void MenuConfigFile::executeLine(const String& line, Menu* target) {
         if (words.empty())
             return;
     }
-    runWords(words, *target);
+    runWords(words, target);
 }
 
 void MenuConfigFile::runWords(const std::vector<String>& words, Menu& target) {
@@ -172,14 +190,15 @@ void MenuConfigFile::runWords(const std::vector<String>& words, Menu& target) {
 }
 
 void MenuConfigFile::report(const String& text) const {
-    const bool isKnown = currentLine >= 0 && currentLine < static_cast<int32_t>(lines.size());
-    const Line none{"", "", 0};
-    const Line& line = isKnown ? lines[static_cast<size_t>(currentLine)] : none;
-    const String whole = text + line.number + " " + line.text;
+    ScriptFault fault{fileName, "", text + looseLine};
+    if (currentLine >= 0) {
+        const Line& line = lines[static_cast<size_t>(currentLine)];
+        fault = {fileOf(line), line.number, text + line.number + " " + line.text};
+    }
     if (faultSink())
-        faultSink()({isKnown ? fileOf(line) : fileName, line.number, whole});
+        faultSink()(fault);
     else
-        console(whole);
+        console(fault.text);
 }
 
 void MenuConfigFile::setFaultSink(std::function<void(const ScriptFault&)> sink) {

@@ -45,7 +45,7 @@ public:
     /// Runs the last section of that name, whatever its case. True if it has more than one line:
     /// a section of a single line runs too, but answers false.
     bool executeSection(const String& name, Menu* menu);
-    /// Runs one line; a null menu and an empty line do nothing.
+    /// Runs one line, which needn't be the script's; a null menu and an empty line do nothing.
     void executeLine(const String& line, Menu* menu);
 
     const std::vector<Section>& getSections() const { return sections; }
@@ -68,6 +68,7 @@ private:
     void include(const String& name);
     void closeLastSection();
     void report(const String& text) const;
+    void runLine(const String& text, Menu& target);
     void runWords(const std::vector<String>& words, Menu& target);
 
     String fileName;
@@ -76,7 +77,9 @@ private:
     std::vector<Section> sections;
     std::vector<int32_t> opened; // files that are being read just now, outermost first
     Menu* menu = nullptr;
-    int32_t currentLine = -1; // index of the line that runs; -1: none
+    int32_t currentLine = -1; // index of the line that runs; -1: none of the script's
+    String looseLine;         // the one that runs then
+    bool isFull = false;      // lines were dropped
 };
 
 } // namespace zel

@@ -6,8 +6,9 @@ namespace zel {
 
 /// The mouse at one moment of a frame. A menu reads it once for all its widgets.
 struct Pointer {
-    int32_t x = 0, y = 0; // design pixels
-    bool isDown = false;  // the left button
+    int32_t x = 0, y = 0;   // design pixels
+    bool isDown = false;    // the left button
+    bool hasTapped = false; // it was pressed and released since the last look, wherever
 
     static Pointer read();
 };

@@ -1,6 +1,7 @@
 #include "engine/menu/ScrollingArea.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "engine/core/Mouse.h"
 #include "engine/core/Platform.h"
@@ -9,14 +10,22 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t WheelStep = 48; // design pixels
+// In design pixels.
+constexpr int32_t WheelStep = 48;
+constexpr int32_t DragDistance = 8; // up to here a press is meant for what lies under it
 
 } // namespace
+
+void ScrollingArea::reset() {
+    Widget::reset();
+    setOffset(0);
+    pressed = dragged = false;
+}
 
 // It is no button: a press inside begins to drag, a release hits nothing.
 void ScrollingArea::look(const Pointer& pointer) {
     if (!isActive() || !isVisible()) {
-        dragged = false;
+        pressed = dragged = false;
         return;
     }
     const bool isInside = isWithin(placing.place, pointer.x, pointer.y);
@@ -24,17 +33,26 @@ void ScrollingArea::look(const Pointer& pointer) {
         if (const int32_t steps = Mouse::takeWheel())
             setOffset(offset - steps * WheelStep);
     }
-    if (!pointer.isDown) {
-        dragged = false;
-        return;
-    }
-    if (!dragged && isInside) {
-        dragged = true;
-        dragStartY = pointer.y;
-        dragStartOffset = offset;
-    }
+    if (pressed)
+        drag(pointer);
+    else
+        takePress(pointer, isInside);
+}
+
+void ScrollingArea::takePress(const Pointer& pointer, bool isInside) {
+    dragged = false;
+    pressed = pointer.isDown && isInside && !pressedOutside;
+    pressedOutside = pointer.isDown && !pressed;
+    pressY = pointer.y;
+    offsetAtPress = offset;
+}
+
+// The look that finds the button up again counts as well: the way there may have been one leap.
+void ScrollingArea::drag(const Pointer& pointer) {
+    dragged = dragged || std::abs(pointer.y - pressY) > DragDistance;
     if (dragged)
-        setOffset(dragStartOffset + dragStartY - pointer.y);
+        setOffset(offsetAtPress + pressY - pointer.y);
+    pressed = pointer.isDown;
 }
 
 bool ScrollingArea::takeKey(const Key& key) {

@@ -3,6 +3,7 @@
 #include "engine/core/HighLevelScheduler.h"
 #include "engine/core/Keyboard.h"
 #include "engine/core/Log.h"
+#include "engine/core/StateOverlay.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/TextArea.h"
@@ -50,16 +51,25 @@ void StandardMenu::onEnter() {
     if (entered) {
         clearWidgets();
         clearTextAreas();
+        leaveOverlays();
     }
     entered = true;
     StatesMachine::getInstance().setInputSettings(1, 15, 120, 0);
+}
+
+void StandardMenu::leaveOverlays() {
+    for (StateOverlay* overlay : {getBackgroundOverlay(), getForegroundOverlay()}) {
+        if (isOverlayUser && overlay != nullptr)
+            overlay->removeUser();
+    }
+    isOverlayUser = false;
 }
 
 void StandardMenu::onLeave() {
     focus.clear(*this);
     clearWidgets();
     clearTextAreas();
-    entered = false;
+    entered = isOverlayUser = false; // the machine counts it down itself
     ImageHandler::getInstance().releaseShortLived();
 }
 
@@ -78,7 +88,9 @@ void StandardMenu::onEvent(Widget* widget, int32_t eventType) {
         focus.takeHit(*this, *widget);
 }
 
+// The machine counts it at the end of the entering; the first update is what comes after that.
 void StandardMenu::update() {
+    isOverlayUser = entered;
     Menu::update();
     const StatesMachine& machine = StatesMachine::getInstance();
     if (machine.getActiveState() != this || machine.getPhase() != StatesMachine::Idle)

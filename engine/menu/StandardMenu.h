@@ -28,6 +28,8 @@ public:
     const MenuFocus& getFocus() const { return focus; }
 
 private:
+    void leaveOverlays();
+
     MenuFocus focus;
     bool isTask = false;
     bool entered = false; // and not left since

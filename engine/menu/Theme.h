@@ -29,9 +29,10 @@ struct TextAreaStyle {
     std::optional<uint32_t> color;
 };
 
-/// A picture behind or in front of all screens of a theme.
-struct ThemePicture {
-    String image; // empty: none
+/// An overlay behind or in front of all screens of a theme: one that is registered under the name,
+/// else one of the image of that name.
+struct ThemeOverlay {
+    String name; // empty: none
     OverlayOptions options;
 };
 
@@ -42,8 +43,9 @@ struct Theme {
     std::map<String, TextAreaStyle> textAreas; // by kind, lowered
     LookColors textColors;                     // of widgets whose kind has none
     std::optional<uint32_t> textAreaColor;
-    std::vector<String> fonts; // chosen by index
-    ThemePicture background, foreground;
+    std::vector<String> fonts;               // chosen by index
+    String backgroundImage, foregroundImage; // shown where there is no overlay
+    ThemeOverlay backgroundOverlay, foregroundOverlay;
 
     /// The style of a kind; an empty one if the theme doesn't know it.
     const WidgetStyle& widgetStyle(const String& kind) const;

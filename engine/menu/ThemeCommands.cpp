@@ -116,12 +116,12 @@ void defineTextAreaColor(ScriptCall& call) {
         current->textAreaColor = color;
 }
 
-template <ThemePicture Theme::*Which> void defineImage(ScriptCall& call) {
+template <String Theme::*Which> void defineImage(ScriptCall& call) {
     if (Theme* current = theme())
-        current->*Which = {call[1], {}};
+        current->*Which = call[1];
 }
 
-template <ThemePicture Theme::*Which> void defineOverlay(ScriptCall& call) {
+template <ThemeOverlay Theme::*Which> void defineOverlay(ScriptCall& call) {
     OverlayOptions options;
     if (call.count() > 1 && !options.take(call[2]))
         call.badWord = call[2];
@@ -151,10 +151,10 @@ constexpr ScriptCommand Commands[] = {
     {"theme.definewidgetfontindex", 3, 3, defineWidgetFontIndex},
     {"theme.definetextareafontindex", 3, 3, defineTextAreaFontIndex},
     {"theme.definetextareacolorargb", 1, 2, defineTextAreaColor},
-    {"theme.definebackgroundimage", 1, 1, defineImage<&Theme::background>},
-    {"theme.defineforegroundimage", 1, 1, defineImage<&Theme::foreground>},
-    {"theme.definebackgroundmenuoverlay", 1, 2, defineOverlay<&Theme::background>},
-    {"theme.defineforegroundmenuoverlay", 1, 2, defineOverlay<&Theme::foreground>},
+    {"theme.definebackgroundimage", 1, 1, defineImage<&Theme::backgroundImage>},
+    {"theme.defineforegroundimage", 1, 1, defineImage<&Theme::foregroundImage>},
+    {"theme.definebackgroundmenuoverlay", 1, 2, defineOverlay<&Theme::backgroundOverlay>},
+    {"theme.defineforegroundmenuoverlay", 1, 2, defineOverlay<&Theme::foregroundOverlay>},
     {"theme.definewidgetsound", 2, 2, defineWidgetSound},
 };
 // clang-format on

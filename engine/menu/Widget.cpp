@@ -1,5 +1,7 @@
 #include "engine/menu/Widget.h"
 
+#include <algorithm>
+
 #include "engine/core/Log.h"
 #include "engine/core/Mouse.h"
 #include "engine/core/State.h"
@@ -20,6 +22,14 @@ constexpr const char* LookNames[LookCount] = {"active", "inactive", "over", "dow
 
 bool isIdle() { return StatesMachine::getInstance().getPhase() == StatesMachine::Idle; }
 
+/// What both places hold; without width or height if there is nothing.
+Place common(const Place& a, const Place& b) {
+    const int32_t x = std::max(a.x, b.x);
+    const int32_t y = std::max(a.y, b.y);
+    return {x, y, std::min(a.x + a.width, b.x + b.width) - x,
+            std::min(a.y + a.height, b.y + b.height) - y};
+}
+
 bool isSame(const Place& a, const Place& b) {
     return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
 }
@@ -28,7 +38,11 @@ bool isSame(const Place& a, const Place& b) {
 
 Widget* Widget::lastWidgetHit = nullptr;
 
-Pointer Pointer::read() { return {Mouse::getX(), Mouse::getY(), Mouse::isButtonDown(MenuButton)}; }
+Pointer Pointer::read() {
+    constexpr int32_t Far = 1 << 20;
+    return {Mouse::getX(), Mouse::getY(), Mouse::isButtonDown(MenuButton),
+            Mouse::wasTapped(MenuButton, -Far, -Far, 2 * Far, 2 * Far)};
+}
 
 Widget::Widget(const String& name) : name(name) {
     tints.fill(0xFFFFFFFF);
@@ -46,27 +60,27 @@ void Widget::reset() { armed = hit = over = false; }
 
 void Widget::look(const Pointer& pointer) {
     if (!active || !visible) {
-        reset();
+        Widget::reset();
         return;
     }
     const Place place = placing.placeNow();
     const bool isInside =
         isWithin(place, pointer.x, pointer.y) && placing.isShownAt(pointer.x, pointer.y);
     const bool isNear = isWithin(place, pointer.x, pointer.y, Slip);
-    if (!isInside && !(isNear && armed)) {
+    // A fast press and release can fall between two looks, and the pointer be gone by the second.
+    if (pointer.hasTapped && !pointer.isDown && !armed && isIdle() && wasTappedWithin(place))
+        performHit();
+    const bool isDragged = placing.area != nullptr && placing.area->isDragged();
+    if (isDragged || (!isInside && !(isNear && armed))) {
         over = armed = false;
         pressedElsewhere = pointer.isDown;
         return;
     }
     if (!pressedElsewhere) {
-        // A fast press and release can fall between two frames.
-        const bool wasTapped =
-            !pointer.isDown && !armed && isIdle() &&
-            Mouse::wasTapped(MenuButton, place.x, place.y, place.width, place.height);
         if (pointer.isDown) {
             armed = armed || isIdle();
         } else {
-            if (armed || wasTapped)
+            if (armed)
                 performHit();
             armed = false;
         }
@@ -76,15 +90,22 @@ void Widget::look(const Pointer& pointer) {
         pressedElsewhere = false;
 }
 
+bool Widget::wasTappedWithin(Place place) const {
+    if (placing.area != nullptr)
+        place = common(place, placing.area->getPlacing().place);
+    return Mouse::wasTapped(MenuButton, place.x, place.y, place.width, place.height);
+}
+
 void Widget::performHit() {
     log(name + " was hit", Category, LogInfo);
     hit = true;
     lastWidgetHit = this;
-    if (!sound.empty())
-        SoundHandler::getInstance().play(sound);
     State* state = StatesMachine::getInstance().getActiveState();
-    if (isIdle() && state != nullptr)
+    if (isIdle() && state != nullptr) {
+        if (!sound.empty())
+            SoundHandler::getInstance().play(sound);
         state->onEvent(this, EventHit);
+    }
     Mouse::consumeHits();
     if (!transition.empty() && isIdle())
         followTransition();

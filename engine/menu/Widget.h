@@ -44,8 +44,8 @@ public:
     virtual bool takeKey(const Key&) { return false; }
 
     /// What a release of the button over it does. It doesn't ask whether the widget is active. In a
-    /// fade the screen hears nothing of it. All but the widget itself go by Menu::hitWidget(),
-    /// which keeps a widget alive that its own section removes.
+    /// fade the screen hears nothing of it, and the player no sound. All but the widget itself go
+    /// by Menu::hitWidget(), which keeps a widget alive that its own section removes.
     void performHit();
 
     void setVisible(bool isVisible) { visible = isVisible; }
@@ -96,6 +96,7 @@ protected:
     int32_t alpha = 255;
 
 private:
+    bool wasTappedWithin(Place place) const;
     void placeLabel();
     void drawImage(Canvas& canvas);
     void drawText(Canvas& canvas);

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Platform.h"
 #include "engine/core/StatesMachine.h"
-#include "engine/graphics/Canvas.h"
-#include "engine/graphics/ImageHandler.h"
 #include "engine/menu/HandledMenuExtension.h"
 #include "engine/menu/MenuEventHandler.h"
 #include "engine/menu/MenuOverlay.h"
@@ -243,6 +242,11 @@ TEST_F(HandledMenuTest, KeepsElementsOverAPause) {
     EXPECT_EQ(driver.text("b"), "changed");
     EXPECT_FALSE(driver.widget("b")->isActive());
     EXPECT_EQ(driver.widget("go")->getTransition(), "B");
+    driver.key(KeyTab);
+    ASSERT_TRUE(driver.widget("go")->isFocused());
+    ZelLoop::onPause();
+    ZelLoop::onContinue();
+    EXPECT_TRUE(driver.widget("go")->isFocused()) << "as the keyboard believes";
 }
 
 TEST_F(HandledMenuTest, LeavesNothingBehind) {
@@ -256,41 +260,4 @@ TEST_F(HandledMenuTest, LeavesNothingBehind) {
     }
     ScreenDriver driver({{"A", "init:\n"}});
     EXPECT_FALSE(HandledMenu::getMenus()[0]->getGlobalFlag("g"));
-}
-
-TEST_F(HandledMenuTest, SharesPicturesBetweenScreens) {
-    constexpr const char* Shared = "onenter:\nsetmenuoverlay bg desk ignoreaspectratio\n"
-                                   "setmenuoverlay fg none\nsetlocalflag a on\n";
-    ScreenDriver driver({{"A", Shared}, {"B", Shared}});
-    BitmapData dot;
-    dot.width = dot.height = dot.pictureWidth = dot.pictureHeight = 1;
-    dot.depth = 3;
-    dot.pixels = {1, 2, 3};
-    ImageHandler::getInstance().addPicture("desk", dot);
-    ASSERT_TRUE(driver.untilIdle("A"));
-    StateOverlay* desk = driver.menu().getBackgroundOverlay();
-    ASSERT_NE(desk, nullptr);
-    EXPECT_EQ(desk->getUserCount(), 1);
-    EXPECT_TRUE(driver.log.holds("[Menu] setMenuOverlay background image none does not exist"));
-    StatesMachine& machine = StatesMachine::getInstance();
-    machine.setActiveState(machine.getState("B"));
-    std::vector<Canvas::Record> records;
-    Canvas::getInstance().setRecorder(&records);
-    bool isAlwaysWhole = true;
-    int32_t fadingFrames = 0;
-    while (!machine.isSettled()) {
-        driver.step();
-        const int32_t opacity = machine.getActiveState()->getOpacityByte();
-        if (opacity == 0 || opacity == 255)
-            continue;
-        records.clear();
-        machine.getActiveState()->render();
-        ++fadingFrames;
-        isAlwaysWhole = isAlwaysWhole && records.size() == 1 && records[0].argb == 0xFFFFFFFF;
-    }
-    Canvas::getInstance().setRecorder(nullptr);
-    EXPECT_GT(fadingFrames, 5);
-    EXPECT_TRUE(isAlwaysWhole);
-    EXPECT_EQ(machine.getActiveState()->getBackgroundOverlay(), desk);
-    EXPECT_EQ(driver.log.linesWith("Duplicate MenuOverlay"), 0);
 }

@@ -77,6 +77,20 @@ TEST(LayoutIndex, TellsFaultsAndGoesOn) {
     EXPECT_TRUE(log.holds("Unknown line nonsense"));
 }
 
+TEST(LayoutIndex, GivesNothingToARefusedElement) {
+    const LogCapture log;
+    const LayoutIndex index = parseLayoutIndex("widget a\nscrollin 1 2 3.9\nwidget\n"
+                                               "pickcolor #ff0000\nscrollin 7 8 9\n",
+                                               "x.idx");
+    ASSERT_EQ(index.elements.size(), 1U);
+    EXPECT_FALSE(index.elements[0].color);
+    EXPECT_EQ(index.elements[0].definition.scrollIn.x, 1);
+    EXPECT_EQ(index.elements[0].definition.scrollIn.time, 3.0F) << "an integer";
+    EXPECT_EQ(log.linesWith("Unknown line widget"), 1);
+    EXPECT_EQ(log.linesWith("pickcolor without element"), 1);
+    EXPECT_EQ(log.linesWith("Unknown line scrollin 7 8 9"), 1);
+}
+
 TEST(LayoutIndex, ReadsACutFile) {
     const LogCapture log;
     for (size_t length = 0; length <= GoodIndex.size(); ++length) {

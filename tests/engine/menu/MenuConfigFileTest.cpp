@@ -107,6 +107,36 @@ TEST(MenuConfigFile, RefusesFilesThatIncludeThemselves) {
     EXPECT_TRUE(HandledMenu::getMenus()[0]->getLocalFlag("y"));
 }
 
+TEST(MenuConfigFile, NumbersTheLinesOfATextAsAnEditorDoes) {
+    for (const std::string end : {"\n", "\r\n", "\r"}) {
+        MenuConfigFile file;
+        file.loadText("init:" + end + end + "onenter:" + end + end + "#" + end + "reset:", "ends");
+        ASSERT_EQ(file.getLines().size(), 3U);
+        EXPECT_EQ(file.getLines()[1].number, "3") << end.size();
+        EXPECT_EQ(file.getLines()[2].number, "6") << end.size();
+    }
+}
+
+TEST(MenuConfigFile, TellsOfLinesBeyondTheMost) {
+    ScreenDriver driver({{"A", "init:\n"}});
+    std::string text = "init:\n";
+    for (int32_t i = 0; i < 100002; ++i)
+        text += ".\n";
+    MenuConfigFile file;
+    file.loadText(text, "long");
+    EXPECT_EQ(file.getLines().size(), 100000U);
+    EXPECT_EQ(driver.log.linesWith("long has more than 100000 lines; the rest is dropped"), 1);
+}
+
+TEST(MenuConfigFile, ReportsALineOutsideOfSections) {
+    ScreenDriver driver({{"A", "init:\n"}});
+    HandledMenu& menu = *HandledMenu::getMenus()[0];
+    menu.getScript().executeLine("nonsense 1", &menu);
+    ASSERT_EQ(driver.faults.size(), 1U);
+    EXPECT_EQ(driver.faults[0].text, "Syntax Error: nonsense 1");
+    EXPECT_EQ(driver.faults[0].line, "");
+}
+
 TEST(MenuConfigFile, ReadsACutScript) {
     const std::string script = "include Menus/A.ini\ninit:\n@tablet addwidget \"a b\"\n"
                                "layout.definelayout x\nonhit ok:\nsettransition A\n";

@@ -7,6 +7,7 @@
 #include "engine/core/Platform.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/graphics/Font.h"
 #include "engine/menu/HandledMenuExtension.h"
 #include "engine/menu/ScriptCommand.h"
 #include "engine/menu/ScrollingArea.h"
@@ -110,6 +111,9 @@ TEST_F(SampleProgram, SetsTexts) {
     EXPECT_GE(left.getLabel().lineCount(), 3);
     EXPECT_LE(left.getLabel().width(), 260);
     EXPECT_EQ(driver->menu().getTextArea("short")->getLabel().lineCount(), 2);
+    EXPECT_EQ(driver->text("short"), "Two lines:\nthe second one.");
+    driver->menu().setText("short", "D:\\new");
+    EXPECT_EQ(driver->menu().getTextArea("short")->getLabel().lineCount(), 1) << "set by code";
     EXPECT_EQ(driver->menu().getTextArea("right")->getPlacing().place.x, 1024 - 64 - 260);
     EXPECT_EQ(driver->text("number"), "Language text ");
     EXPECT_EQ(driver->text("asArea"), "Defined as a widget, made as a text area");
@@ -183,6 +187,13 @@ TEST_F(SampleProgram, ReadsThePaintedLayout) {
     EXPECT_EQ(first.height, 48);
     EXPECT_EQ(driver->text("first"), "First");
     EXPECT_EQ(driver->text("title"), "A painted layout");
+    EXPECT_EQ(driver->menu().getTextArea("title")->getFont()->getName(), "Fonts/type17");
+    EXPECT_EQ(driver->menu().getTextArea("story")->getFont()->getName(), "Fonts/letter27");
+    const StateOverlay* sheet = driver->menu().getThemeBackground();
+    EXPECT_NE(sheet, nullptr);
+    EXPECT_NE(driver->menu().getThemeForeground(), nullptr);
+    go("menuBack", "Start");
+    EXPECT_NE(driver->menu().getThemeBackground(), sheet) << "two themes";
 }
 
 TEST_F(SampleProgram, KeepsVariables) {

@@ -25,6 +25,11 @@ void send(const SDL_Event& event) { zel::Platform::getInstance().handleEvent(eve
 
 } // namespace
 
+std::function<void()>& whenMenusAreLoaded() {
+    static std::function<void()> call;
+    return call;
+}
+
 ScreenDriver::ScreenDriver(std::initializer_list<Script> scripts) : log(LevelOfAll) {
     std::string list;
     for (const Script& script : scripts) {

@@ -2,18 +2,14 @@
 //
 // The pictures in golden/ were made by this test, looked at, and kept. When one differs on purpose
 // run the test, look at the new picture, which it leaves beside the program, and copy it over.
-#include <cstdio>
-#include <cstdlib>
-
 #include <gtest/gtest.h>
-#include <stb_image_write.h>
 
 #include "engine/core/Platform.h"
 #include "engine/core/Window.h"
-#include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Canvas.h"
 #include "engine/menu/HandledMenuExtension.h"
 #include "engine/menu/Widget.h"
+#include "tests/engine/menu/GoldenPicture.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/engine/menu/TestApp.h"
 
@@ -21,38 +17,12 @@ namespace {
 
 constexpr int32_t Width = 1024;
 constexpr int32_t Height = 768;
-// Other versions of the OpenGL library round differently at edges.
-constexpr int32_t FarOff = 24;         // of 255, in any channel
-constexpr double ShareAllowed = 0.005; // of the pixels may be that far off
 
 class Looks : public zel::HandledMenuExtension {
 public:
     Looks() : HandledMenuExtension("Looks") {}
     void onEnter() override { setActive("idle", false); }
 };
-
-bool isFarOff(const uint8_t* pixel, uint32_t golden) {
-    for (int32_t channel = 0; channel < 3; ++channel) {
-        const auto kept = static_cast<int32_t>(golden >> (16 - 8 * channel) & 0xFF);
-        if (std::abs(pixel[channel] - kept) > FarOff)
-            return true;
-    }
-    return false;
-}
-
-/// The share of pixels that are far off; 1 if the picture isn't there or of another size.
-double difference(const std::vector<uint8_t>& pixels, const std::string& file) {
-    zel::Bitmap golden;
-    if (!golden.load(file, false) || golden.width() != Width || golden.height() != Height)
-        return 1.0;
-    int32_t off = 0;
-    const uint8_t* pixel = pixels.data();
-    for (int32_t y = 0; y < Height; ++y) {
-        for (int32_t x = 0; x < Width; ++x, pixel += 3)
-            off += isFarOff(pixel, golden.pixelAt(x, y));
-    }
-    return static_cast<double>(off) / (Width * Height);
-}
 
 class ScreenPictures : public testing::Test {
 protected:
@@ -73,15 +43,9 @@ protected:
         return zel::Canvas::getInstance().readPixels();
     }
     void expectPicture(const std::string& name) {
-        const std::vector<uint8_t> pixels = shot();
-        ASSERT_EQ(pixels.size(), static_cast<size_t>(Width) * Height * 3);
-        const double share = difference(pixels, std::string(GOLDEN_FOLDER) + "/" + name + ".png");
-        EXPECT_LE(share, ShareAllowed) << name;
-        if (share <= ShareAllowed)
-            return;
-        const std::string file = std::string(NEW_PICTURES_FOLDER) + "/" + name + ".png";
-        stbi_write_png(file.c_str(), Width, Height, 3, pixels.data(), Width * 3);
-        std::fprintf(stderr, "written: %s\n", file.c_str());
+        EXPECT_TRUE(isGoldenPicture(shot(), Width, Height,
+                                    std::string(GOLDEN_FOLDER) + "/" + name + ".png",
+                                    std::string(NEW_PICTURES_FOLDER) + "/" + name + ".png"));
     }
     void visit(const char* screen) {
         driver->press((std::string("to") + screen).c_str());

@@ -7,11 +7,6 @@
 
 // The smallest application: no window of its own, the menus of the working directory.
 
-std::function<void()>& whenMenusAreLoaded() {
-    static std::function<void()> call;
-    return call;
-}
-
 ZelApp::ZelApp() = default;
 ZelApp::~ZelApp() { zel::Window::destroy(); }
 

@@ -2,6 +2,7 @@
 
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/menu/MenuOverlay.h"
 #include "engine/menu/TextArea.h"
 #include "engine/menu/ThemeHandler.h"
 #include "engine/menu/Widget.h"
@@ -35,6 +36,7 @@ onenter:
 theme.definetheme T
 theme.definewidgetimage Button rest all
 theme.definewidgetimage button press down
+theme.definewidgetimage switch press active
 theme.definewidgetimagecolorargb button 80FFFFFF all
 theme.definetextcolorargb FF010101 all
 theme.definewidgettextcolorargb button FF020202 over
@@ -71,6 +73,35 @@ TEST(Theme, FillsWhatTheLayoutLeavesOpen) {
     ASSERT_NE(driver.menu().getThemeBackground(), nullptr);
 }
 
+TEST(Theme, GivesAWidgetAnotherKind) {
+    ScreenDriver driver({{"A", Styled}});
+    addPictures();
+    ASSERT_TRUE(driver.untilIdle("A"));
+    Menu& menu = driver.menu();
+    for (const char* name : {"plain", "own"}) {
+        Widget& widget = *driver.widget(name);
+        widget.setText("text");
+        widget.setTransition("B");
+        widget.setActive(false);
+        ASSERT_TRUE(menu.setWidgetKind(name, "Switch"));
+        EXPECT_EQ(widget.getText(), "text");
+        EXPECT_EQ(widget.getTransition(), "B");
+        EXPECT_FALSE(widget.isActive());
+    }
+    EXPECT_EQ(imageOf(*driver.widget("plain"), LookActive), "press");
+    EXPECT_EQ(imageOf(*driver.widget("plain"), LookOver), "") << "nothing of the old kind stays";
+    EXPECT_EQ(imageOf(*driver.widget("own"), LookActive), "own") << "but what the layout says";
+    menu.onPause();
+    menu.onContinue();
+    EXPECT_EQ(imageOf(*driver.widget("plain"), LookActive), "press") << "over a pause too";
+
+    EXPECT_FALSE(menu.setWidgetKind("plain", "nokind"));
+    EXPECT_FALSE(menu.setWidgetKind("nowidget", "button"));
+    EXPECT_TRUE(driver.log.holds("[Menu] setWidgetKind() to unknown kind nokind"));
+    EXPECT_TRUE(driver.log.holds("[Menu] setWidgetKind() of unknown widget nowidget"));
+    EXPECT_EQ(driver.widget("plain")->getKind(), "switch");
+}
+
 TEST(Theme, TintsImages) {
     ScreenDriver driver({{"A", Styled}});
     addPictures();
@@ -85,6 +116,38 @@ TEST(Theme, TintsImages) {
     for (const Canvas::Record& record : records)
         isTinted = isTinted || (record.target == Rect{0, 0, 10, 10} && record.argb == 0x80FFFFFF);
     EXPECT_TRUE(isTinted);
+}
+
+TEST(Theme, TakesARegisteredOverlayFirst) {
+    constexpr const char* Script = R"(
+onenter:
+theme.definetheme both
+theme.definebackgroundimage desk
+theme.definebackgroundmenuoverlay lamp oversize
+theme.defineforegroundmenuoverlay desk oversize
+theme.definetheme missing
+theme.definebackgroundimage desk
+theme.definebackgroundmenuoverlay none
+)";
+    class Lamp : public MenuOverlay {
+    public:
+        Lamp() : MenuOverlay("lamp") {}
+        void update() override {}
+        void render() override {}
+    };
+    ScreenDriver driver({{"A", Script}});
+    addPictures();
+    MenuOverlay* lamp = MenuOverlay::add(std::make_unique<Lamp>());
+    ASSERT_TRUE(driver.untilIdle("A"));
+    Menu& menu = driver.menu();
+    ASSERT_TRUE(menu.setTheme("both"));
+    EXPECT_EQ(menu.getThemeBackground(), lamp);
+    const StateOverlay* desk = menu.getThemeForeground();
+    EXPECT_NE(desk, nullptr) << "no overlay of that name: the image's";
+    ASSERT_TRUE(menu.setTheme("missing"));
+    EXPECT_NE(menu.getThemeBackground(), nullptr) << "the theme's image is still there";
+    EXPECT_NE(menu.getThemeBackground(), desk) << "without that one's option";
+    EXPECT_EQ(driver.log.linesWith("Did not find image none"), 1);
 }
 
 TEST(Theme, StartsOver) {

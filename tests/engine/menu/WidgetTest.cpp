@@ -4,6 +4,7 @@
 
 #include "engine/core/StatesMachine.h"
 #include "engine/menu/ScrollingArea.h"
+#include "engine/menu/TextArea.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/Printers.h"
 
@@ -135,6 +136,14 @@ TEST(Widget, TakesATapBetweenTwoFrames) {
     driver.step();
     driver.step();
     EXPECT_EQ(hits(driver), "none") << "a tap counts once";
+
+    driver.moveTo(250, 120);
+    driver.button(true);
+    driver.button(false);
+    driver.moveTo(10, 10);
+    driver.step();
+    EXPECT_EQ(hits(driver), "once") << "though the pointer has left again";
+    EXPECT_FALSE(driver.widget("b")->isOver());
 }
 
 TEST(Widget, IsDeafDuringAFade) {
@@ -153,9 +162,38 @@ TEST(Widget, IsDeafDuringAFade) {
     EXPECT_FALSE(menu.getWidget("b")->isArmed());
     driver.button(false);
     driver.step();
+    menu.getWidget("b")->setSound("none.wav");
     menu.getWidget("b")->performHit();
     EXPECT_EQ(menu.getLocalString("hits"), "none") << "the screen isn't told";
+    EXPECT_EQ(driver.log.linesWith("none.wav"), 0) << "nor does it sound";
     EXPECT_TRUE(menu.getWidget("b")->wasHit());
+
+    machine.setActiveState(&menu);
+    ASSERT_TRUE(driver.untilIdle("A"));
+    driver.widget("b")->setSound("none.wav");
+    driver.press("b");
+    EXPECT_EQ(hits(driver), "once");
+    EXPECT_GE(driver.log.linesWith("none.wav"), 1) << "it is missed where it is to sound";
+}
+
+TEST(Widget, KeepsAPressThatAFadeOvertakes) {
+    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
+    ASSERT_TRUE(driver.untilIdle("A"));
+    StatesMachine& machine = StatesMachine::getInstance();
+    HandledMenu& menu = driver.menu();
+    driver.moveTo(250, 120);
+    driver.button(true);
+    driver.step();
+    machine.setActiveState(machine.getState("B"));
+    for (int32_t frame = 0; frame < 6; ++frame)
+        driver.step();
+    ASSERT_NE(machine.getPhase(), StatesMachine::Idle);
+    EXPECT_TRUE(menu.getWidget("b")->isArmed());
+    EXPECT_FALSE(menu.getWidget("b")->wasHit()) << "a hit is the release, not the fade";
+    driver.button(false);
+    driver.step();
+    EXPECT_TRUE(menu.getWidget("b")->wasHit());
+    EXPECT_EQ(menu.getLocalString("hits"), "none");
 }
 
 TEST(Widget, FollowsItsTransition) {
@@ -190,8 +228,10 @@ TEST(Widget, TellsWhatItLacksOnce) {
     EXPECT_EQ(driver.log.linesWith("Widget b has no inactive image"), 1);
 }
 
-TEST(ScrollingArea, MovesWhatIsNamedAfterIt) {
-    ScreenDriver driver({{"A", R"(
+namespace {
+
+// An area from 100, 100 to 300, 200; its content ends at 290.
+constexpr const char* List = R"(
 init:
 layout.definelayout l
 layout.definewidget list scrollingarea
@@ -200,37 +240,129 @@ layout.definewidgetsize 200 100
 layout.definewidget list.a button
 layout.definewidgetposition 100 100
 layout.definewidgetsize 200 40
-layout.definewidget list.b button
+layout.definetextarea list.b
+layout.definetextareaposition 100 150
+layout.definetextareasize 200 40
+layout.definewidget list.c button
 layout.definewidgetposition 100 250
 layout.definewidgetsize 200 40
 setlayout l
 
 onenter:
-addwidget list.b
+addwidget list.c
 addwidget list
 addwidget list.a
+addtextarea list.b
 setlocalstring hit none
 
-onhit list.b:
-setlocalstring hit b
-)"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    auto& area = dynamic_cast<ScrollingArea&>(*driver.widget("list"));
-    driver.press("list.b");
-    EXPECT_EQ(driver.menu().getLocalString("hit"), "none") << "it lies below the area's edge";
-    driver.moveTo(150, 180);
-    driver.button(true);
-    driver.step();
-    driver.moveTo(150, 120);
-    driver.step();
-    EXPECT_EQ(area.getOffset(), 60) << "dragged up by as much";
+onhit list.a:
+setlocalstring hit a
+
+onhit list.c:
+setlocalstring hit c
+)";
+
+class ScrollingAreaTest : public testing::Test {
+protected:
+    ScrollingAreaTest() : driver({{"A", List}}) { EXPECT_TRUE(driver.untilIdle("A")); }
+
+    ScrollingArea& area() { return dynamic_cast<ScrollingArea&>(*driver.widget("list")); }
+    std::string hit() const { return driver.menu().getLocalString("hit").c_str(); }
+    /// Takes the pointer there and looks.
+    void moveTo(int32_t x, int32_t y) {
+        driver.moveTo(x, y);
+        driver.step();
+    }
+    void button(bool down) {
+        driver.button(down);
+        driver.step();
+    }
+
+    ScreenDriver driver;
+};
+
+} // namespace
+
+TEST_F(ScrollingAreaTest, MovesWhatIsNamedAfterIt) {
+    driver.press("list.c");
+    EXPECT_EQ(hit(), "none") << "it lies below the area's edge";
+    moveTo(150, 180);
+    button(true);
+    moveTo(150, 120);
+    EXPECT_EQ(area().getOffset(), 60) << "dragged up by as much";
     EXPECT_EQ(driver.widget("list.a")->getPlacing().placeNow().y, 40);
-    driver.moveTo(150, -400 + 500);
+    EXPECT_EQ(driver.menu().getTextArea("list.b")->getPlacing().placeNow().y, 90);
+    button(false);
+    area().setOffset(1000);
+    EXPECT_EQ(area().getOffset(), 90) << "290, the last one's end, less the area's end at 200";
+    driver.press("list.c");
+    EXPECT_EQ(hit(), "c");
+    driver.menu().resetWidgets();
+    EXPECT_EQ(area().getOffset(), 0);
+}
+
+TEST_F(ScrollingAreaTest, DragsByARowWithoutHittingIt) {
+    moveTo(150, 120);
+    button(true);
+    EXPECT_TRUE(driver.widget("list.a")->isArmed());
+    moveTo(150, 112);
+    EXPECT_EQ(area().getOffset(), 0) << "eight pixels may be a slip";
+    moveTo(150, 111);
+    EXPECT_EQ(area().getOffset(), 9);
+    EXPECT_FALSE(driver.widget("list.a")->isArmed());
+    moveTo(150, 120);
+    EXPECT_EQ(area().getOffset(), 0) << "back again";
+    button(false);
+    EXPECT_EQ(hit(), "none");
+
+    button(true);
+    driver.moveTo(150, 105);
+    button(false);
+    EXPECT_EQ(area().getOffset(), 15);
+    EXPECT_EQ(hit(), "none") << "moved and released between two looks";
     driver.step();
+    driver.press("list.a");
+    EXPECT_EQ(hit(), "a") << "the next press counts again";
+}
+
+TEST_F(ScrollingAreaTest, IgnoresAPressFromOutside) {
+    moveTo(50, 150);
+    button(true);
+    moveTo(150, 180);
+    moveTo(150, 120);
+    EXPECT_EQ(area().getOffset(), 0);
+    button(false);
+    EXPECT_EQ(hit(), "none");
+}
+
+TEST_F(ScrollingAreaTest, HoldsOntoWhatIsLeft) {
+    area().setOffset(90);
+    driver.menu().removeWidget("list.c");
+    EXPECT_EQ(area().getOffset(), 0) << "the rest ends at 190";
+    driver.menu().removeWidget("list.a");
+    driver.menu().createWidget("list.c");
+    area().setOffset(90);
+    driver.menu().clearTextAreas();
+    EXPECT_EQ(area().getOffset(), 90);
+    driver.menu().removeWidget("list.c");
+    EXPECT_EQ(area().getOffset(), 0);
+    area().setOffset(20);
+    EXPECT_EQ(area().getOffset(), 0) << "nothing is left to scroll";
+    driver.menu().createTextArea("list.b");
+    driver.menu().removeWidget("list");
+    EXPECT_EQ(driver.menu().getTextArea("list.b")->getPlacing().placeNow().y, 150);
+}
+
+TEST_F(ScrollingAreaTest, HitsNoTapBeyondItsEdge) {
+    area().setOffset(60); // list.c from 190 to 230, of which ten pixels are seen
+    driver.moveTo(150, 215);
+    driver.button(true);
     driver.button(false);
     driver.step();
-    area.setOffset(1000);
-    EXPECT_EQ(area.getOffset(), 90) << "290, the last one's end, less the area's end at 200";
-    driver.press("list.b");
-    EXPECT_EQ(driver.menu().getLocalString("hit"), "b");
+    EXPECT_EQ(hit(), "none");
+    driver.moveTo(150, 195);
+    driver.button(true);
+    driver.button(false);
+    driver.step();
+    EXPECT_EQ(hit(), "c");
 }
