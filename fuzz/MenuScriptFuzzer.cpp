@@ -1,6 +1,11 @@
+#include "engine/core/Clock.h"
+#include "engine/core/HighLevelScheduler.h"
+#include "engine/core/Platform.h"
 #include "engine/core/Registry.h"
+#include "engine/core/StatesMachine.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/Language.h"
 #include "engine/menu/HandledMenu.h"
 #include "engine/menu/LayoutHandler.h"
 #include "engine/menu/MenuOverlay.h"
@@ -11,56 +16,164 @@
 
 namespace {
 
+constexpr int32_t FramesOfTransition = 12; // five calls and three phases, and some to spare
+constexpr size_t MostHits = 24;
+constexpr uint32_t FrameTicks = 500; // no fade is longer
+
+uint32_t now = 0;
+
+/// `size` bytes of a number, lowest first.
+std::string bytes(uint32_t number, size_t size) {
+    std::string result;
+    for (size_t i = 0; i < size; ++i, number >>= 8)
+        result += static_cast<char>(number & 0xFF);
+    return result;
+}
+
+/// A Windows bitmap of one row, 24 bits a pixel; `pixels` are blue, green, red.
+std::string bitmapFile(const std::string& pixels) {
+    const auto width = static_cast<uint32_t>(pixels.size() / 3);
+    const std::string row = pixels + std::string((4 - pixels.size() % 4) % 4, '\0');
+    const auto rowSize = static_cast<uint32_t>(row.size());
+    return "BM" + bytes(54 + rowSize, 4) + bytes(0, 4) + bytes(54, 4) + bytes(40, 4) +
+           bytes(width, 4) + bytes(1, 4) + bytes(1, 2) + bytes(24, 2) + bytes(0, 4) +
+           bytes(rowSize, 4) + std::string(16, '\0') + row;
+}
+
+/// A font of "a", "b" and the blank on the page dot.bmp.
+std::string fontFile() {
+    const auto block = [](uint32_t type, const std::string& content) {
+        return bytes(type, 1) + bytes(static_cast<uint32_t>(content.size()), 4) + content;
+    };
+    std::string glyphs;
+    for (const uint32_t code : {32U, 97U, 98U})
+        glyphs += bytes(code, 4) + bytes(0, 4) + bytes(1, 2) + bytes(1, 2) + bytes(0, 4) +
+                  bytes(7, 2) + bytes(0x0F00, 2);
+    return "BMF\x03" + block(1, std::string(14, '\0') + std::string("f\0", 2)) +
+           block(2, bytes(9, 2) + bytes(7, 2) + bytes(2, 2) + bytes(1, 2) + bytes(1, 2) +
+                        std::string(5, '\0')) +
+           block(3, std::string("dot.bmp\0", 8)) + block(4, glyphs);
+}
+
+/// The folder of a small program, in which scripts look for files while it lives. The fuzzer itself
+/// keeps its own.
+class ProgramFolder {
+public:
+    ProgramFolder() : before(zel::system::currentDirectory()) {
+        static const FuzzFolder folder;
+        static const bool isWritten = prepare(folder);
+        require(isWritten && zel::system::changeDirectory(folder.path),
+                "the folder can be entered");
+    }
+    ~ProgramFolder() { require(zel::system::changeDirectory(before), "and left"); }
+    ProgramFolder(const ProgramFolder&) = delete;
+    ProgramFolder& operator=(const ProgramFolder&) = delete;
+
+private:
+    static bool prepare(const FuzzFolder& folder) {
+        zel::system::setEnvironment("SDL_VIDEODRIVER", "dummy");
+        zel::system::setEnvironment("SDL_AUDIODRIVER", "dummy");
+        const auto write = [&](const char* name, const std::string& content) {
+            folder.write(name, reinterpret_cast<const uint8_t*>(content.data()), content.size());
+        };
+        write("dot.bmp", bitmapFile(std::string("\0\0\xFF\xFF\0\0", 6)));
+        write("dot.idx", "image p\ndims 0 0 1 1\nimage q\ndims 1 0 1 1\nlifetime short\n");
+        write("l.bmp", bitmapFile(std::string("\0\0\xFF\xFF\0\0", 6)));
+        write("l.idx", "resolution 1024 768\nwidget a\npickcolor #ff0000\nscrollin 9 9 1\n"
+                       "textarea t\npickcolor #0000ff\nalign right\nwidget lost\n");
+        write("f.fnt", fontFile());
+        write("block.inc", "setlayout l\nsettheme t\n");
+        std::filesystem::create_directories(folder.file("Language"));
+        write("Language/en.txt", "1: a b\\na\n2: $1\n");
+        return true;
+    }
+
+    zel::String before;
+};
+
 /// Nothing of one input may reach the next.
 void releaseAll() {
     zel::HandledMenu::releaseShared();
     zel::LayoutHandler::release();
     zel::ThemeHandler::release();
     zel::MenuOverlay::release();
+    zel::HighLevelScheduler::destroy();
+    zel::StatesMachine::getInstance().reset();
     zel::FontHandler::clear();
     zel::ImageHandler::getInstance().clear();
+    zel::Language::reset();
     zel::Registry::clear();
 }
 
-/// The folder in which scripts look for files while it lives: empty, so that none is found. The
-/// fuzzer itself keeps its own.
-class EmptyFolder {
-public:
-    EmptyFolder() : before(zel::system::currentDirectory()) {
-        static const FuzzFolder folder;
-        require(zel::system::changeDirectory(folder.path), "the folder can be entered");
-    }
-    ~EmptyFolder() { require(zel::system::changeDirectory(before), "and left"); }
-    EmptyFolder(const EmptyFolder&) = delete;
-    EmptyFolder& operator=(const EmptyFolder&) = delete;
+void runFrame() {
+    now += FrameTicks;
+    zel::ImageHandler::getInstance().getQueue().step();
+    zel::StatesMachine::getInstance().update();
+    zel::StatesMachine::getInstance().render();
+}
 
-private:
-    zel::String before;
-};
+void goTo(zel::HandledMenu& menu) {
+    zel::StatesMachine& machine = zel::StatesMachine::getInstance();
+    if (machine.getActiveState() != &menu)
+        machine.setActiveState(&menu);
+    runFrame();
+    for (int32_t frame = 1; frame < FramesOfTransition && !machine.isSettled(); ++frame)
+        runFrame();
+}
+
+/// Sections by themselves, whatever event they belong to.
+void runSections(zel::HandledMenu& menu) {
+    zel::MenuConfigFile& script = menu.getScript();
+    const auto lines = static_cast<int32_t>(script.getLines().size());
+    const std::vector<zel::MenuConfigFile::Section> sections = script.getSections();
+    for (const zel::MenuConfigFile::Section& section : sections) {
+        require(section.first >= 1 && section.last < lines && section.first <= section.last + 1,
+                "a section lies within the lines");
+        script.executeSection(section.name, &menu);
+    }
+}
+
+/// Hits what is there now, but opens no web page.
+void hitWidgets(zel::HandledMenu& menu) {
+    std::vector<zel::String> names;
+    for (const auto& [name, widget] : menu.getWidgets()) {
+        require(widget != nullptr && widget->getName() == name, "a widget by its name");
+        if (names.size() < MostHits)
+            names.push_back(name);
+    }
+    for (const zel::String& name : names) {
+        const zel::Widget* widget = menu.getWidget(name);
+        const bool isSafe = widget != nullptr && widget->getTransition().find(':') < 0;
+        if (isSafe && menu.hitWidget(name))
+            runFrame();
+    }
+}
 
 } // namespace
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const EmptyFolder folder;
+    const ProgramFolder folder;
+    zel::setTickSource([] { return ++now; });
+    zel::Registry::clear();
     zel::Registry::setDeferSave(true);
+    if (!zel::Language::load("en"))
+        require(false, "the language can be read");
     zel::MenuConfigFile::setFaultSink([](const zel::ScriptFault& fault) {
         require(!fault.text.empty(), "a report says something");
     });
     {
+        zel::HandledMenu other("Other", zel::State::None);
         zel::HandledMenu menu("Fuzzed", zel::State::None);
-        zel::MenuConfigFile script;
-        script.loadText(asText(data, size), "fuzzed.ini");
-        const auto lines = static_cast<int32_t>(script.getLines().size());
-        for (const zel::MenuConfigFile::Section& section : script.getSections()) {
-            require(section.first >= 1 && section.last < lines && section.first <= section.last + 1,
-                    "a section lies within the lines");
-            script.executeSection(section.name, &menu);
-        }
-        for (const auto& [name, widget] : menu.getWidgets())
-            require(widget != nullptr && widget->getName() == name, "a widget by its name");
-        menu.render();
-        menu.recreateElements();
-        menu.resetWidgets();
+        menu.getScript().loadText(asText(data, size), "fuzzed.ini");
+        menu.getScript().executeSection("init", &menu);
+        goTo(menu);
+        hitWidgets(menu);
+        goTo(menu);
+        runSections(menu);
+        menu.onPause();
+        menu.onContinue();
+        hitWidgets(menu);
+        goTo(other);
     }
     releaseAll();
     return 0;

@@ -1,8 +1,15 @@
 #include "tools/menucheck/ElementCheck.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "engine/graphics/Font.h"
+#include "engine/graphics/Image.h"
+#include "engine/graphics/TextBreaking.h"
 #include "engine/menu/ScrollingArea.h"
 #include "engine/menu/TextArea.h"
+#include "engine/menu/Theme.h"
+#include "tools/menucheck/ScriptLines.h"
 
 namespace menucheck {
 
@@ -15,31 +22,48 @@ struct Standing {
     String name;
     const zel::Placing* placing;
     bool isLoose; // moves, or holds what moves: it overlaps by nature
+    bool isShown; // now, or by code at another time
 };
 
 constexpr const char* LookNames[] = {"active", "inactive", "over", "down"};
+constexpr float SizeTolerance = 1; // pixels by which an image may be drawn larger or smaller
 
 bool overlap(const Place& a, const Place& b) {
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
            b.y < a.y + a.height;
 }
 
-std::vector<Standing> elementsOf(const zel::HandledMenu& menu) {
+std::vector<Standing> elementsOf(const zel::HandledMenu& menu, const ScriptNotes& notes) {
     std::vector<Standing> elements;
     for (const auto& [name, widget] : menu.getWidgets()) {
         const bool isArea = dynamic_cast<const zel::ScrollingArea*>(widget.get()) != nullptr;
         const zel::Placing& placing = widget->getPlacing();
-        elements.push_back({name, &placing, isArea || placing.area != nullptr});
+        elements.push_back({name, &placing, isArea || placing.area != nullptr,
+                            widget->isVisible() || notes.isAlternative(name)});
     }
     for (const auto& [name, area] : menu.getTextAreas())
-        elements.push_back({name, &area->getPlacing(), area->getPlacing().area != nullptr});
+        elements.push_back({name, &area->getPlacing(), area->getPlacing().area != nullptr,
+                            area->isVisible() || notes.isAlternative(name)});
     return elements;
 }
 
-void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
-    const std::vector<Standing> elements = elementsOf(menu);
+void checkOverlaps(const std::vector<Standing>& elements, const ScriptNotes& notes,
+                   Findings& findings) {
     for (size_t i = 0; i < elements.size(); ++i) {
-        const Standing& element = elements[i];
+        for (size_t k = i + 1; k < elements.size(); ++k) {
+            const Standing& a = elements[i];
+            const Standing& b = elements[k];
+            const bool canOverlap = !a.isLoose && !b.isLoose && a.isShown && b.isShown;
+            if (canOverlap && overlap(a.placing->place, b.placing->place) &&
+                !notes.mayOverlap(a.name, b.name))
+                findings.add(findings.sourceOf(a.name), a.name + " overlaps " + b.name);
+        }
+    }
+}
+
+void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
+    const std::vector<Standing> elements = elementsOf(menu, notes);
+    for (const Standing& element : elements) {
         const Place& place = element.placing->place;
         const Source source = findings.sourceOf(element.name);
         if (place.width < 1 || place.height < 1)
@@ -48,52 +72,158 @@ void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, Finding
                  (place.x < 0 || place.y < 0 || place.x + place.width > zel::DesignWidth ||
                   place.y + place.height > zel::DesignHeight))
             findings.add(source, element.name + " reaches out of the screen");
-        for (size_t k = i + 1; k < elements.size() && !element.isLoose; ++k) {
-            const Standing& other = elements[k];
-            const bool isAllowed = other.isLoose || notes.overlapping.count(element.name) != 0 ||
-                                   notes.overlapping.count(other.name) != 0;
-            if (!isAllowed && overlap(place, other.placing->place))
-                findings.add(source, element.name + " overlaps " + other.name);
-        }
     }
+    checkOverlaps(elements, notes, findings);
 }
 
+bool hasAllGlyphs(const String& name, const zel::Text& label, const Source& source,
+                  Findings& findings) {
+    const zel::Font& font = *label.getFont();
+    bool hasAll = true;
+    for (const char character : label.getText().view()) {
+        const zel::Glyph* glyph = font.glyph(character);
+        // Fonts that have every code give those that mean nothing no width.
+        if (character == '\n' || character == '\t' || (glyph != nullptr && glyph->xAdvance > 0))
+            continue;
+        hasAll = false;
+        findings.add(source, name + ": the font " + font.getName() + " has no character " +
+                                 static_cast<int32_t>(static_cast<uint8_t>(character)) + " of " +
+                                 label.getText());
+    }
+    return hasAll;
+}
+
+/// The font, the characters and the room of a text.
 void checkText(const String& name, const zel::Text& label, const Source& source,
                Findings& findings) {
-    const zel::Font* font = label.getFont();
-    if (label.getText().empty())
+    if (zel::trimmed(label.getText(), ' ').empty())
         return;
-    if (font == nullptr) {
+    if (label.getFont() == nullptr) {
         findings.add(source, name + " has a text and no font");
         return;
     }
-    for (const char character : label.getText().view()) {
-        if (character != '\n' && font->glyph(character) == nullptr)
-            findings.add(source, name + ": the font " + font->getName() + " has no character " +
-                                     static_cast<int32_t>(static_cast<uint8_t>(character)));
-    }
+    if (!hasAllGlyphs(name, label, source, findings))
+        return;
+    const auto height = static_cast<int32_t>(label.getRect().height);
     if (label.isCut())
         findings.add(source, name + ": the text doesn't fit: " + label.getText());
+    else if (label.height() > height)
+        findings.add(source, name + ": the text is " + label.height() +
+                                 " pixels high in a room of " + height + ": " + label.getText());
 }
 
-void checkImages(const zel::Widget& widget, const Source& source, Findings& findings) {
-    for (size_t i = 0; i < zel::LookCount; ++i) {
-        if (widget.getImage(static_cast<zel::WidgetLook>(i)) == nullptr)
-            findings.add(source, widget.getName() + " has no " + LookNames[i] + " image");
+/// A word that is wider than its text area is broken anywhere.
+void checkWords(const zel::TextArea& area, const Source& source, Findings& findings) {
+    const zel::Text& label = area.getLabel();
+    if (label.getFont() == nullptr)
+        return;
+    std::string text = zel::plainText(label.getText());
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::vector<String> words;
+    String(text).split(" ", words);
+    for (const String& word : words) {
+        if (static_cast<float>(label.getFont()->width(word)) > label.getRect().width)
+            findings.add(source, area.getName() + ": a word is wider than its room: " + word);
     }
+}
+
+bool isDrawnAsItIs(const zel::Image& image, const Place& place) {
+    const auto isNear = [](float drawn, int32_t given) {
+        return std::abs(drawn - static_cast<float>(given)) <= SizeTolerance;
+    };
+    return isNear(image.width(), place.width) && isNear(image.height(), place.height);
+}
+
+void checkImages(const zel::Widget& widget, const ScriptNotes& notes, const Source& source,
+                 Findings& findings) {
+    const Place& place = widget.getPlacing().place;
+    const zel::Image* stretched = nullptr; // one is told: looks go together
+    for (size_t i = 0; i < zel::LookCount; ++i) {
+        const zel::Image* image = widget.getImage(static_cast<zel::WidgetLook>(i));
+        if (image == nullptr)
+            findings.add(source, widget.getName() + " has no " + LookNames[i] + " image");
+        else if (stretched == nullptr && !isDrawnAsItIs(*image, place) &&
+                 notes.stretched.count(image->getName()) == 0)
+            stretched = image;
+    }
+    if (stretched != nullptr)
+        findings.add(source, widget.getName() + ": the image " + stretched->getName() + " of " +
+                                 zel::formatFloat(stretched->width()) + " by " +
+                                 zel::formatFloat(stretched->height()) + " is drawn as " +
+                                 place.width + " by " + place.height +
+                                 " (#check stretch allows it)");
+}
+
+/// Whether a player would take it for something to press: it answers to the pointer, or with a
+/// sound. Fields to type into and scrolling areas answer by themselves.
+bool looksPressable(const zel::Widget& widget, const zel::Theme* theme) {
+    const String& kind = widget.getKind();
+    if (kind == "textinput" || kind == "scrollingarea")
+        return false;
+    static const zel::Theme none;
+    const zel::Theme& looks = theme != nullptr ? *theme : none;
+    const zel::WidgetStyle& style = looks.widgetStyle(kind);
+    const auto colorOf = [&](zel::WidgetLook look) {
+        return style.textColors[look] ? style.textColors[look] : looks.textColors[look];
+    };
+    const auto differs = [&](zel::WidgetLook look) {
+        return widget.getImage(look) != widget.getImage(zel::LookActive) ||
+               style.tints[look] != style.tints[zel::LookActive] ||
+               (!widget.getText().empty() && colorOf(look) != colorOf(zel::LookActive));
+    };
+    return kind == "button" || !style.sound.empty() || differs(zel::LookOver) ||
+           differs(zel::LookDown);
 }
 
 void checkAnswer(const zel::Widget& widget, zel::HandledMenu& menu, const ScriptNotes& notes,
                  const Source& source, Findings& findings) {
     const String name = widget.getName();
+    const std::vector<zel::MenuConfigFile::Section>& sections = menu.getScript().getSections();
     const bool isCode = notes.code.count(name) != 0;
-    bool hasSection = false;
-    for (const zel::MenuConfigFile::Section& section : menu.getScript().getSections())
-        hasSection = hasSection || zel::equalsNoCase(section.name, String("onhit ") + name);
-    if (isCode && !widget.getTransition().empty())
+    const bool hasSection = std::any_of(sections.begin(), sections.end(), [&](const auto& section) {
+        return zel::equalsNoCase(hitWidgetOf(section), name);
+    });
+    const bool hasTarget = !widget.getTransition().empty();
+    if (isCode && hasTarget)
         findings.add(source, name + " is answered by code and must have no target");
-    if (widget.getKind() == "button" && !isCode && !hasSection && widget.getTransition().empty())
-        findings.add(source, name + " is a button that does nothing");
+    if (looksPressable(widget, menu.getTheme()) && !isCode && !hasSection && !hasTarget)
+        findings.add(source, name + " can be pressed and does nothing");
+}
+
+/// Puts each text that code may set in its place for a moment.
+void checkWidest(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
+    for (const ScriptNotes::Text& note : notes.widest) {
+        zel::Widget* widget = menu.getWidget(note.element);
+        zel::TextArea* area = widget == nullptr ? menu.getTextArea(note.element) : nullptr;
+        if (widget == nullptr && area == nullptr)
+            continue;
+        const String before = widget != nullptr ? widget->getText() : area->getText();
+        menu.setText(note.element, note.text);
+        checkText(note.element, widget != nullptr ? widget->getLabel() : area->getLabel(),
+                  note.source, findings);
+        if (area != nullptr)
+            checkWords(*area, note.source, findings);
+        menu.setText(note.element, before);
+    }
+}
+
+/// Gives widgets the kinds that code may give them. They keep them.
+void checkKinds(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
+    for (const auto& [kind, names] : notes.kinds) {
+        const zel::Theme* theme = menu.getTheme();
+        const bool isKnown = theme != nullptr && theme->widgets.count(kind.toLower()) != 0;
+        for (const auto& [name, source] : names) {
+            const zel::Widget* widget = menu.getWidget(name);
+            if (!isKnown) {
+                findings.add(source, String("the theme has no kind ") + kind);
+            } else if (widget != nullptr) {
+                menu.setWidgetKind(name, kind);
+                checkImages(*widget, notes, source, findings);
+                checkText(name, widget->getLabel(), source, findings);
+            }
+        }
+        checkWidest(menu, notes, findings);
+    }
 }
 
 } // namespace
@@ -102,16 +232,18 @@ void checkElements(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& f
     checkPlaces(menu, notes, findings);
     for (const auto& [name, widget] : menu.getWidgets()) {
         const Source source = findings.sourceOf(name);
-        checkImages(*widget, source, findings);
+        checkImages(*widget, notes, source, findings);
         checkText(name, widget->getLabel(), source, findings);
+        if (widget->getText().find('\n') >= 0)
+            findings.add(source, name + ": a widget's text has one line: " + widget->getText());
         checkAnswer(*widget, menu, notes, source, findings);
     }
-    for (const auto& [name, area] : menu.getTextAreas())
+    for (const auto& [name, area] : menu.getTextAreas()) {
         checkText(name, area->getLabel(), findings.sourceOf(name), findings);
-    for (const auto& [name, source] : notes.code) {
-        if (menu.getWidget(name) == nullptr)
-            findings.add(source, String("the screen has no widget ") + name);
+        checkWords(*area, findings.sourceOf(name), findings);
     }
+    checkWidest(menu, notes, findings);
+    checkKinds(menu, notes, findings);
 }
 
 } // namespace menucheck

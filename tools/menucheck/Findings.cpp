@@ -1,5 +1,7 @@
 #include "tools/menucheck/Findings.h"
 
+#include <algorithm>
+
 #include "engine/core/Log.h"
 #include "engine/graphics/ImageHandler.h"
 
@@ -27,8 +29,12 @@ Findings::~Findings() {
     std::fclose(log);
 }
 
-void Findings::add(const Source& source, const zel::String& what) {
-    faults.insert({{source.file, source.line}, what});
+void Findings::put(const Source& source, const zel::String& what, bool isWarning) {
+    std::string line(what.view()); // one, whatever text it tells of
+    std::replace_if(
+        line.begin(), line.end(), [](char character) { return character >= 0 && character < ' '; },
+        ' ');
+    faults.emplace(std::make_tuple(source.file, source.line, zel::String(line)), isWarning);
 }
 
 void Findings::endLine() {
@@ -38,9 +44,9 @@ void Findings::endLine() {
     running = betweenLines;
 }
 
-void Findings::setBetweenLines(const zel::String& file) {
+void Findings::setBetweenLines(const Source& source) {
     endLine();
-    betweenLines = running = {file, 0};
+    betweenLines = running = source;
 }
 
 // Each line of the log reads mark, milliseconds, [category], message.
@@ -63,9 +69,15 @@ void Findings::takeLog() {
 void Findings::noteElements() {
     if (watched == nullptr)
         return;
-    for (const auto& [name, widget] : watched->getWidgets())
+    const auto& widgets = watched->getWidgets();
+    const auto& areas = watched->getTextAreas();
+    for (auto element = elements.begin(); element != elements.end();) {
+        const bool isThere = widgets.count(element->first) + areas.count(element->first) != 0;
+        element = isThere ? std::next(element) : elements.erase(element);
+    }
+    for (const auto& [name, widget] : widgets)
         elements.emplace(name, running);
-    for (const auto& [name, area] : watched->getTextAreas())
+    for (const auto& [name, area] : areas)
         elements.emplace(name, running);
 }
 
@@ -77,13 +89,13 @@ void Findings::watch(const zel::Menu* menu) {
 
 Source Findings::sourceOf(const zel::String& element) const {
     const auto found = elements.find(element);
-    return found != elements.end() ? found->second : Source{};
+    return found != elements.end() ? found->second : betweenLines;
 }
 
 Faults Findings::sorted() const {
     Faults result;
-    for (const auto& [place, what] : faults)
-        result.push_back({place.first, place.second, what});
+    for (const auto& [fault, isWarning] : faults)
+        result.push_back({std::get<0>(fault), std::get<1>(fault), std::get<2>(fault), isWarning});
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <map>
 #include <set>
+#include <tuple>
 
 #include "engine/menu/HandledMenu.h"
 #include "tools/menucheck/MenuCheck.h"
@@ -24,23 +25,25 @@ public:
     Findings(const Findings&) = delete;
     Findings& operator=(const Findings&) = delete;
 
-    void add(const Source& source, const zel::String& what);
+    void add(const Source& source, const zel::String& what) { put(source, what, false); }
+    void warn(const Source& source, const zel::String& what) { put(source, what, true); }
     /// Ends what is told of the line that ran last.
     void endLine();
-    /// What goes wrong while no line runs is told of this file.
-    void setBetweenLines(const zel::String& file);
-    /// The elements that lines made are remembered with their lines, for this menu.
+    /// What goes wrong while no line runs is told of this place.
+    void setBetweenLines(const Source& source);
+    /// From now on the elements that lines make are remembered with their lines, for this menu.
     void watch(const zel::Menu* menu);
-    /// Where the watched menu's element was made.
+    /// Where the watched menu's element was made last.
     Source sourceOf(const zel::String& element) const;
     /// All faults, sorted, each once.
     Faults sorted() const;
 
 private:
+    void put(const Source& source, const zel::String& what, bool isWarning);
     void takeLog();
     void noteElements();
 
-    std::set<std::pair<std::pair<zel::String, int32_t>, zel::String>> faults;
+    std::map<std::tuple<zel::String, int32_t, zel::String>, bool> faults; // to: only a warning
     Source betweenLines;
     Source running;
     const zel::Menu* watched = nullptr;

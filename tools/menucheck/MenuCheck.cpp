@@ -3,15 +3,21 @@
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/HighLevelScheduler.h"
-#include "engine/core/Log.h"
 #include "engine/core/Registry.h"
 #include "engine/core/Shutdown.h"
 #include "engine/core/StatesMachine.h"
-#include "engine/core/System.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/Language.h"
+#include "engine/menu/LayoutHandler.h"
+#include "engine/menu/MenuOverlay.h"
+#include "engine/menu/TextArea.h"
+#include "engine/menu/ThemeHandler.h"
 #include "engine/menu/Widget.h"
+#include "tools/menucheck/DataCheck.h"
 #include "tools/menucheck/ElementCheck.h"
+#include "tools/menucheck/ScriptLines.h"
+#include "tools/menucheck/Ways.h"
 
 namespace menucheck {
 
@@ -22,43 +28,32 @@ using zel::String;
 namespace {
 
 constexpr const char* ListFile = "Menus/init.lst";
-constexpr const char* QuitState = "quitApp"; // the loop's own
 
-using Ways = std::map<String, std::map<String, Source>>; // from each state to others
+using Screens = std::map<String, Source>; // the lines of the list
 
-bool isState(const String& name) {
-    return name == QuitState || zel::StatesMachine::getInstance().findState(name) != nullptr;
-}
+/// What the screens amount to together, in all languages.
+struct Survey {
+    Findings& findings;
+    Ways ways;
+    NamedData data;
+    // A note in a file that several screens include speaks of any of them.
+    std::map<std::tuple<String, int32_t, String>, bool> noted{}; // elements; whether one has it
+    std::set<String> stretched{};
+};
 
-String withoutMark(const String& target) {
-    const bool hasMark = target.length() > 1 && target.view().front() == '<';
-    return hasMark ? target.right(target.length() - 1) : target;
-}
-
-void addWay(Ways& ways, const String& from, const String& written, const Source& source,
-            Findings& findings) {
-    if (written.left(7) == "http://")
-        return;
-    const String target = withoutMark(written);
-    if (isState(target))
-        ways[from].emplace(target, source);
-    else
-        findings.add(source, String("no such state: ") + written);
-}
-
-std::map<String, int32_t> checkList(Findings& findings) {
-    std::map<String, int32_t> lines;
+Screens checkList(Findings& findings) {
+    Screens screens;
     zel::File list(ListFile, zel::FileRead);
     if (!list.isOpen()) {
         findings.add({ListFile, 0}, "no such file");
-        return lines;
+        return screens;
     }
     while (list.hasLine()) {
         const std::vector<String> words = zel::splitWords(zel::trimmed(list.lineView(), ' '));
         if (words.empty())
             continue;
         const Source source{ListFile, list.lineNumber()};
-        if (!lines.emplace(words[0], list.lineNumber()).second)
+        if (!screens.emplace(words[0], source).second)
             findings.add(source, words[0] + " is named twice");
         if (!zel::File::exists(String("Menus/") + words[0] + ".ini"))
             findings.add(source, String("no script Menus/") + words[0] + ".ini");
@@ -66,110 +61,167 @@ std::map<String, int32_t> checkList(Findings& findings) {
     const zel::Directory folder("Menus", "*.ini");
     for (int32_t i = 0; i < folder.count(); ++i) {
         const String name = folder.name(i).left(folder.name(i).length() - 4);
-        if (lines.count(name) == 0)
+        if (screens.count(name) == 0)
             findings.add({String("Menus/") + folder.name(i), 0},
                          String("no line of ") + ListFile + " names it");
     }
-    return lines;
+    return screens;
 }
 
-void enter(HandledMenu& menu) {
-    menu.onEnter();
-    menu.reset();
-    menu.onEntered();
-}
+/// One screen, run from its entering to its leaving as often as something happens on it.
+class ScreenRun {
+public:
+    ScreenRun(HandledMenu& menu, const ScriptNotes& notes, Survey& survey)
+        : menu(menu), notes(notes), survey(survey) {}
 
-void leave(HandledMenu& menu) {
-    menu.onLeaving();
-    menu.onLeave();
-}
-
-void findWays(HandledMenu& menu, const ScriptNotes& notes, Ways& ways, Findings& findings) {
-    for (const auto& [name, widget] : menu.getWidgets()) {
-        if (!widget->getTransition().empty())
-            addWay(ways, menu.getName(), widget->getTransition(), findings.sourceOf(name),
-                   findings);
+    void runAll() {
+        survey.findings.setBetweenLines({menu.getScript().getFileName(), 0});
+        checkSections(menu, menu.getScript(), notes.mayHaveConditions, survey.findings);
+        menu.onFirstEnter();
+        run({});
+        runHits();
+        survey.findings.watch(nullptr);
+        menu.onPause();
+        menu.onContinue();
+        findWaysOfScript();
+        checkNames();
     }
-    for (const auto& [state, source] : notes.leads)
-        addWay(ways, menu.getName(), state, source, findings);
-    const MenuConfigFile& script = menu.getScript();
-    for (const MenuConfigFile::Line& line : script.getLines()) {
-        const std::vector<String> words = zel::splitWords(line.text);
-        const String command = words.empty() ? String() : words[0].toLower();
-        const size_t target = command == "settransition"       ? 1
-                              : command == "setautotransition" ? 2
-                                                               : 0;
-        if (target != 0 && words.size() > target)
-            addWay(ways, menu.getName(), words[target], {script.fileOf(line), line.number.toInt()},
-                   findings);
-    }
-}
 
-/// Runs every section that a hit runs, each on a freshly entered screen.
-void runHits(HandledMenu& menu) {
-    std::vector<String> sections;
-    for (const MenuConfigFile::Section& section : menu.getScript().getSections()) {
-        const bool isHit = zel::equalsNoCase(section.name.left(6), "onhit ");
-        if (isHit || zel::equalsNoCase(section.name, "onevent"))
-            sections.push_back(section.name);
+private:
+    /// Enters the screen afresh, runs the sections and checks what is there then.
+    void run(const std::vector<String>& sections) {
+        survey.findings.watch(&menu);
+        menu.onEnter();
+        menu.reset();
+        menu.onEntered();
+        for (const String& section : sections)
+            menu.getScript().executeSection(section, &menu);
+        survey.findings.endLine();
+        checkElements(menu, notes, survey.findings);
+        for (const auto& [name, widget] : menu.getWidgets()) {
+            seen.insert(name);
+            if (!widget->getTransition().empty())
+                survey.ways.add(menu.getName(), widget->getTransition(),
+                                survey.findings.sourceOf(name), survey.findings);
+        }
+        for (const auto& [name, area] : menu.getTextAreas())
+            seen.insert(name);
+        menu.onLeaving();
+        menu.onLeave();
+        menu.setTransition(String());
     }
-    for (const String& section : sections) {
-        enter(menu);
-        menu.getScript().executeSection(section, &menu);
-        leave(menu);
-    }
-}
 
-void checkMenu(HandledMenu& menu, Ways& ways, Findings& findings) {
-    const String file = menu.getScript().getFileName();
-    if (file.empty()) // its script is missing, which is told
-        return;
-    const ScriptNotes notes = readNotes(file, findings);
-    findings.setBetweenLines(file);
-    findings.watch(&menu);
-    menu.onFirstEnter();
-    enter(menu);
-    findings.endLine();
-    checkSections(menu, menu.getScript(), findings);
-    checkElements(menu, notes, findings);
-    findWays(menu, notes, ways, findings);
-    leave(menu);
-    runHits(menu);
-    menu.onPause();
-    menu.onContinue();
-    menu.setTransition(String());
-    findings.watch(nullptr);
-}
-
-void checkWays(const Ways& ways, const std::map<String, int32_t>& lines, const String& first,
-               Findings& findings) {
-    std::set<String> reached{first};
-    std::vector<String> waiting{first};
-    while (!waiting.empty()) {
-        const String state = waiting.back();
-        waiting.pop_back();
-        const auto found = ways.find(state);
-        for (const auto& [target, source] :
-             found != ways.end() ? found->second : std::map<String, Source>()) {
-            if (reached.insert(target).second)
-                waiting.push_back(target);
+    void runHits() {
+        const std::vector<MenuConfigFile::Section>& sections = menu.getScript().getSections();
+        for (const MenuConfigFile::Section& section : sections) {
+            if (!hitWidgetOf(section).empty() && isInForce(menu.getScript(), section))
+                run({section.name, "onevent"});
+            else if (zel::equalsNoCase(section.name, "onevent"))
+                run({section.name});
         }
     }
-    for (const auto& [menu, line] : lines) {
-        if (reached.count(menu) == 0)
-            findings.add({ListFile, line}, menu + " can't be reached");
-        if (ways.count(menu) == 0)
-            findings.add({ListFile, line}, menu + " has no way out");
+
+    // Targets that sections set are read, since each run keeps only the last.
+    void findWaysOfScript() {
+        for (const auto& [state, source] : notes.leads)
+            survey.ways.add(menu.getName(), state, source, survey.findings);
+        const MenuConfigFile& script = menu.getScript();
+        for (const MenuConfigFile::Section& section : script.getSections()) {
+            for (int32_t i = section.first; i <= section.last && isInForce(script, section); ++i) {
+                const MenuConfigFile::Line& line = script.getLines()[static_cast<size_t>(i)];
+                const std::vector<String> words = commandWords(line);
+                if (words.size() == 2 && words[0] == "settransition")
+                    addWay(words[1], sourceOf(script, line));
+                else if (words.size() == 3 && words[0] == "setautotransition")
+                    addWay(words[2], sourceOf(script, line));
+            }
+        }
+    }
+
+    void addWay(const String& target, const Source& source) {
+        survey.ways.add(menu.getName(), target, source, survey.findings);
+    }
+
+    // Elements that notes and sections name, against those that ever were there.
+    void checkNames() {
+        for (const ScriptNotes::Name& note : notes.named) {
+            bool& isMet = survey.noted[{note.source.file, note.source.line, note.name}];
+            isMet = isMet || seen.count(note.name) != 0;
+        }
+        const MenuConfigFile& script = menu.getScript();
+        for (const MenuConfigFile::Section& section : script.getSections()) {
+            const String widget = hitWidgetOf(section);
+            if (!widget.empty() && seen.count(widget) == 0)
+                survey.findings.add(headerOf(script, section),
+                                    String("the screen never has a widget ") + widget);
+        }
+    }
+
+    HandledMenu& menu;
+    const ScriptNotes& notes;
+    Survey& survey;
+    std::set<String> seen; // names of all elements that were ever there
+};
+
+/// Loads all screens in the language that is set, and runs each.
+void checkScreens(Survey& survey) {
+    survey.findings.setBetweenLines({ListFile, 0});
+    if (!HandledMenu::loadMenuList(ListFile))
+        return;
+    std::map<HandledMenu*, ScriptNotes> notes;
+    for (HandledMenu* menu : HandledMenu::getMenus()) {
+        const MenuConfigFile& script = menu->getScript();
+        if (script.getFileName().empty()) // its script is missing, which is told
+            continue;
+        ScriptNotes& read = notes[menu] = readNotes(script, survey.findings);
+        survey.stretched.insert(read.stretched.begin(), read.stretched.end());
+        survey.data.gather(script, read);
+    }
+    for (HandledMenu* menu : HandledMenu::getMenus()) {
+        const auto found = notes.find(menu);
+        if (found == notes.end())
+            continue;
+        found->second.stretched = survey.stretched;
+        ScreenRun(*menu, found->second, survey).runAll();
     }
 }
 
-void release() {
+/// Ends the screens; images and fonts stay, since they are the same in every language.
+void releaseScreens(Findings& findings) {
+    findings.watch(nullptr);
     HandledMenu::releaseMenus();
-    zel::ImageHandler::getInstance().clear();
-    zel::FontHandler::clear();
-    zel::runShutdownSteps();
+    HandledMenu::releaseShared();
+    zel::LayoutHandler::release();
+    zel::ThemeHandler::release();
+    zel::MenuOverlay::release();
     zel::HighLevelScheduler::destroy();
     zel::StatesMachine::getInstance().reset();
+}
+
+void checkAll(const Screens& screens, Findings& findings) {
+    Survey survey{findings, {}, {}};
+    std::vector<String> codes = languageCodes();
+    if (codes.empty())
+        codes.emplace_back(); // runs with the numbers of its texts
+    for (const String& code : codes) {
+        findings.setBetweenLines({String("Language/") + code + ".txt", 0});
+        if (!code.empty())
+            zel::Language::setLanguage(code);
+        checkScreens(survey);
+        if (code == codes.back()) { // states must be there to be found
+            survey.ways.check(screens, HandledMenu::getFirstMenuName(), findings);
+            survey.data.checkFiles(findings);
+        }
+        findings.setBetweenLines({ListFile, 0});
+        releaseScreens(findings);
+    }
+    for (const auto& [note, isMet] : survey.noted) {
+        const auto& [file, line, name] = note;
+        if (!isMet)
+            findings.add({file, line}, String("no screen has the element ") + name);
+    }
+    survey.data.checkPictures(findings);
+    survey.data.checkLanguages(findings);
 }
 
 } // namespace
@@ -180,16 +232,16 @@ Faults checkMenus(const String& folder) {
         findings.add({folder, 0}, "no such folder");
         return findings.sorted();
     }
-    findings.setBetweenLines(ListFile);
-    zel::Registry::setDeferSave(true); // scripts may store what no player has chosen
-    const std::map<String, int32_t> lines = checkList(findings);
-    if (!lines.empty() && HandledMenu::loadMenuList(ListFile)) {
-        Ways ways;
-        for (HandledMenu* menu : HandledMenu::getMenus())
-            checkMenu(*menu, ways, findings);
-        checkWays(ways, lines, HandledMenu::getFirstMenuName(), findings);
-    }
-    release();
+    zel::Registry::clear(); // a player's preferences play no part, and scripts don't change them
+    zel::Registry::setDeferSave(true);
+    zel::Language::reset();
+    const Screens screens = checkList(findings);
+    if (!screens.empty())
+        checkAll(screens, findings);
+    zel::ImageHandler::getInstance().clear();
+    zel::FontHandler::clear();
+    zel::runShutdownSteps();
+    zel::Language::reset();
     findings.endLine();
     zel::Registry::clear();
     zel::Registry::setDeferSave(false);

@@ -12,6 +12,7 @@ struct Fault {
     zel::String file; // relative to the folder, as scripts name it
     int32_t line;     // as an editor counts; 0 where none can be named
     zel::String what; // what is wrong
+    bool isWarning;   // no player notices it
 };
 using Faults = std::vector<Fault>;
 

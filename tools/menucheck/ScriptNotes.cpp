@@ -1,118 +1,178 @@
 #include "tools/menucheck/ScriptNotes.h"
 
+#include <algorithm>
+
 #include "engine/core/File.h"
+#include "engine/graphics/TextBreaking.h"
+#include "tools/menucheck/ScriptLines.h"
 
 namespace menucheck {
 
-using zel::MenuConfigFile;
 using zel::String;
 
 namespace {
 
-// Those of a menu's events; "onhit NAME" besides.
-constexpr const char* EventSections[] = {"init",    "deinit",  "preload",   "onfirstenter",
-                                         "onenter", "reset",   "onentered", "onleaving",
-                                         "onleave", "onpause", "oncontinue"};
-constexpr std::string_view HitMark = "onhit ";
+constexpr int32_t LongestRange = 1000;
+constexpr const char* KindList =
+    "code, leads, overlap, widest, kind, stretch, picture, text or conditions";
 
-bool isEventSection(const String& name) {
-    for (const char* known : EventSections) {
-        if (zel::equalsNoCase(known, name))
-            return true;
+/// The words behind "#check KIND", and where they stand.
+struct Note {
+    std::vector<String> words;
+    Source source;
+    ScriptNotes& notes;
+    Findings& findings;
+};
+
+/// Where the number at the end of a name begins.
+size_t numberStart(std::string_view name) {
+    const size_t last = name.find_last_not_of("0123456789");
+    return last == std::string_view::npos ? 0 : last + 1;
+}
+
+/// The names of a word: itself, or those from "line1" to "line9" for "line1..line9".
+std::set<String> namesOf(const String& word, const Note& note) {
+    const size_t dots = word.view().find("..");
+    if (dots == std::string_view::npos)
+        return {word};
+    const std::string_view first = word.view().substr(0, dots);
+    const std::string_view last = word.view().substr(dots + 2);
+    const std::string_view stem = first.substr(0, numberStart(first));
+    const int32_t from = zel::toInt(first.substr(stem.size()));
+    const int32_t to = zel::toInt(last.substr(numberStart(last)));
+    if (stem != last.substr(0, numberStart(last)) || to < from || to - from >= LongestRange) {
+        note.findings.add(note.source, String("no range of names: ") + word);
+        return {};
     }
-    return false;
+    std::set<String> names;
+    for (int32_t number = from; number <= to; ++number)
+        names.insert(String(stem) + number);
+    return names;
 }
 
-bool isHitSection(const String& name) {
-    return zel::equalsNoCase(name.view().substr(0, HitMark.size()), HitMark);
+std::set<String> elementsOf(const String& word, const Note& note) {
+    std::set<String> names = namesOf(word, note);
+    for (const String& name : names)
+        note.notes.named.push_back({name, note.source});
+    return names;
 }
 
-void checkSection(const MenuConfigFile& script, const MenuConfigFile::Section& section,
-                  Findings& findings) {
-    const MenuConfigFile::Line& header = script.getLines()[static_cast<size_t>(section.first) - 1];
-    const Source source{script.fileOf(header), header.number.toInt()};
-    const int32_t length = section.last - section.first + 1;
-    if (!isEventSection(section.name) && !isHitSection(section.name) &&
-        !zel::equalsNoCase(section.name, "onevent"))
-        findings.add(source, String("section ") + section.name + " belongs to no event");
-    else if (isEventSection(section.name) && length == 1)
-        findings.add(source, String("section ") + section.name +
-                                 " has one line: it would run at its first event only");
+void takeLeads(const Note& note) {
+    for (const String& state : note.words)
+        note.notes.leads[state] = note.source;
 }
 
-// The words behind a condition are joined anew, without their quotes.
-void checkCondition(const MenuConfigFile::Line& line, const Source& source, Findings& findings) {
-    constexpr size_t MostWords = 7;
-    const std::vector<String> words = zel::splitWords(line.text);
-    if (words.size() > MostWords)
-        findings.add(source, "a condition carries six words, the rest is lost");
-    for (const String& word : words) {
-        if (word.find(' ') >= 0)
-            findings.add(source, String("falls apart behind a condition: ") + word);
-    }
+void takeCode(const Note& note) {
+    const auto arrow = std::find(note.words.begin(), note.words.end(), "->");
+    for (auto word = note.words.begin(); word != arrow; ++word)
+        for (const String& name : elementsOf(*word, note))
+            note.notes.code[name] = note.source;
+    if (arrow != note.words.end())
+        takeLeads({{std::next(arrow), note.words.end()}, note.source, note.notes, note.findings});
 }
 
-void checkLines(const MenuConfigFile& script, Findings& findings) {
-    const size_t firstInSection = script.getSections().empty()
-                                      ? script.getLines().size()
-                                      : static_cast<size_t>(script.getSections()[0].first) - 1;
-    for (size_t i = 0; i < script.getLines().size(); ++i) {
-        const MenuConfigFile::Line& line = script.getLines()[i];
-        const Source source{script.fileOf(line), line.number.toInt()};
-        if (line.text.find('\t') >= 0)
-            findings.add(source, "a tab, which is no blank here");
-        if (line.text.view().front() == '@')
-            checkCondition(line, source, findings);
-        const bool includes = line.text.left(8) == "include ";
-        if (i < firstInSection && !includes) // a file of sections is included at the top
-            findings.add(source, "a line before the first section never runs");
-    }
+void takeOverlap(const Note& note) {
+    ScriptNotes::Overlap groups;
+    for (const String& word : note.words)
+        groups.push_back(elementsOf(word, note));
+    note.notes.overlaps.push_back(groups);
+}
+
+void takeWidest(const Note& note) {
+    for (size_t i = 1; i < note.words.size(); ++i)
+        for (const String& name : namesOf(note.words[0], note))
+            note.notes.widest.push_back({name, zel::unescapeLineFeeds(note.words[i]), note.source});
+    elementsOf(note.words[0], note);
+}
+
+void takeKind(const Note& note) {
+    for (size_t i = 1; i < note.words.size(); ++i)
+        for (const String& name : elementsOf(note.words[i], note))
+            note.notes.kinds[note.words[0]].push_back({name, note.source});
+}
+
+void takeStretch(const Note& note) {
+    note.notes.stretched.insert(note.words.begin(), note.words.end());
+}
+
+void takePicture(const Note& note) {
+    for (const String& word : note.words)
+        note.notes.pictures.insert(word.toLower());
+}
+
+void takeText(const Note& note) {
+    for (const String& word : note.words)
+        for (const String& number : namesOf(word, note))
+            note.notes.texts[number.toInt()] = note.source;
+}
+
+void takeConditions(const Note& note) { note.notes.mayHaveConditions = true; }
+
+struct NoteKind {
+    const char* name;
+    size_t minimum; // of words
+    void (*take)(const Note& note);
+};
+// clang-format off
+constexpr NoteKind Kinds[] = {
+    {"code", 1, takeCode},
+    {"leads", 1, takeLeads},
+    {"overlap", 1, takeOverlap},
+    {"widest", 2, takeWidest},
+    {"kind", 2, takeKind},
+    {"stretch", 1, takeStretch},
+    {"picture", 1, takePicture},
+    {"text", 1, takeText},
+    {"conditions", 0, takeConditions},
+};
+// clang-format on
+
+void takeNote(const std::vector<String>& words, const Note& note) {
+    const String kind = words.size() > 1 ? words[1] : String();
+    const auto* const known = std::find_if(std::begin(Kinds), std::end(Kinds),
+                                           [&](const NoteKind& row) { return kind == row.name; });
+    if (known == std::end(Kinds))
+        note.findings.add(note.source, String("unknown note ") + kind + ": " + KindList);
+    else if (note.words.size() < known->minimum)
+        note.findings.add(note.source, String("the note ") + kind + " names too little");
+    else
+        known->take(note);
+}
+
+/// Whether a group has the name, and not the other one.
+bool holds(const ScriptNotes::Overlap& overlap, const String& name, const String& other) {
+    return std::any_of(overlap.begin(), overlap.end(), [&](const std::set<String>& group) {
+        return group.count(name) != 0 && group.count(other) == 0;
+    });
 }
 
 } // namespace
 
-ScriptNotes readNotes(const String& name, Findings& findings) {
-    ScriptNotes notes;
-    zel::File file(name, zel::FileRead);
-    while (file.isOpen() && file.hasLine()) {
-        const std::vector<String> words = zel::splitWords(zel::trimmed(file.lineView(), ' '));
-        if (words.size() < 2 || words[0] != "#check")
-            continue;
-        const Source source{name, file.lineNumber()};
-        for (size_t i = 2; i < words.size(); ++i) {
-            if (words[1] == "code")
-                notes.code[words[i]] = source;
-            else if (words[1] == "leads")
-                notes.leads[words[i]] = source;
-            else if (words[1] == "overlap")
-                notes.overlapping.insert(words[i]);
-        }
-        if (words[1] != "code" && words[1] != "leads" && words[1] != "overlap")
-            findings.add(source, String("unknown note ") + words[1] + ": code, leads or overlap");
-    }
-    return notes;
+bool ScriptNotes::mayOverlap(const String& a, const String& b) const {
+    return std::any_of(overlaps.begin(), overlaps.end(), [&](const Overlap& overlap) {
+        return holds(overlap, a, b) && holds(overlap, b, a);
+    });
 }
 
-void checkSections(const zel::HandledMenu& menu, MenuConfigFile& script, Findings& findings) {
-    std::map<String, String> seen; // section, lowered, and the file of its last occurrence
-    for (const MenuConfigFile::Section& section : script.getSections()) {
-        checkSection(script, section, findings);
-        const MenuConfigFile::Line& header =
-            script.getLines()[static_cast<size_t>(section.first) - 1];
-        const Source source{script.fileOf(header), header.number.toInt()};
-        const String lowered = section.name.toLower();
-        if (const auto found = seen.find(lowered);
-            found != seen.end() && found->second == source.file)
-            findings.add(source, String("a second section ") + section.name +
-                                     " in one file: the first never runs");
-        seen[lowered] = source.file;
-        const String target =
-            section.name.right(section.name.length() - static_cast<int32_t>(HitMark.size()));
-        if (isHitSection(section.name) && menu.getLayout() != nullptr &&
-            menu.getLayout()->widgets.count(target) == 0)
-            findings.add(source, String("the layout has no widget ") + target);
+bool ScriptNotes::isAlternative(const String& element) const {
+    return std::any_of(overlaps.begin(), overlaps.end(),
+                       [&](const Overlap& overlap) { return holds(overlap, element, String()); });
+}
+
+ScriptNotes readNotes(const zel::MenuConfigFile& script, Findings& findings) {
+    ScriptNotes notes;
+    for (const String& name : filesOf(script)) {
+        zel::File file(name, zel::FileRead);
+        while (file.isOpen() && file.hasLine()) {
+            const std::vector<String> words = zel::splitWords(zel::trimmed(file.lineView(), ' '));
+            if (words.empty() || words[0] != "#check")
+                continue;
+            const auto behind =
+                words.begin() + std::min<ptrdiff_t>(2, static_cast<ptrdiff_t>(words.size()));
+            takeNote(words, {{behind, words.end()}, {name, file.lineNumber()}, notes, findings});
+        }
     }
-    checkLines(script, findings);
+    return notes;
 }
 
 } // namespace menucheck

@@ -1,10 +1,7 @@
 #include <cstdio>
 #include <string_view>
 
-#include <SDL.h>
-
 #include "engine/core/Log.h"
-#include "engine/core/Platform.h"
 #include "engine/core/System.h"
 #include "tools/menucheck/MenuCheck.h"
 
@@ -15,7 +12,7 @@ constexpr const char* Usage =
     "Runs every screen's script in FOLDER, which holds Menus/init.lst, without a window; without\n"
     "FOLDER, those that the program itself would use. Prints each fault as file:line: what is\n"
     "wrong.\n"
-    "Exit status: 0 no fault, 1 faults, 2 a wrong call or no screens.\n";
+    "Exit status: 0 no fault or warnings only, 1 faults, 2 a wrong call or no screens.\n";
 
 } // namespace
 
@@ -27,9 +24,7 @@ int main(int argc, char** argv) {
         return isHelp ? 0 : 2;
     }
     zel::setConsoleShown(false);
-    static char noSound[] = "SDL_AUDIODRIVER=dummy"; // SDL keeps the pointer
-    SDL_putenv(noSound);
-    zel::Platform::getInstance(); // before anything takes the time
+    zel::system::setEnvironment("SDL_AUDIODRIVER", "dummy"); // sounds are loaded, never played
     const zel::String folder = argument.empty() ? zel::findRunDirectory() : zel::String(argument);
     if (folder.empty() || !zel::system::fileStatus(folder + "/Menus/init.lst").exists) {
         std::fprintf(stderr, "wingtally-menucheck: no Menus/init.lst in %s\n",
@@ -37,8 +32,11 @@ int main(int argc, char** argv) {
         return 2;
     }
     const menucheck::Faults faults = menucheck::checkMenus(folder);
-    for (const menucheck::Fault& fault : faults)
-        std::printf("%s:%d: %s\n", fault.file.c_str(), static_cast<int>(fault.line),
-                    fault.what.c_str());
-    return faults.empty() ? 0 : 1;
+    bool hasFault = false;
+    for (const menucheck::Fault& fault : faults) {
+        std::printf("%s:%d: %s%s\n", fault.file.c_str(), static_cast<int>(fault.line),
+                    fault.isWarning ? "warning: " : "", fault.what.c_str());
+        hasFault = hasFault || !fault.isWarning;
+    }
+    return hasFault ? 1 : 0;
 }
