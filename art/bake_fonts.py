@@ -21,9 +21,12 @@ FONTS = {
     'type18': ('Courier Prime.otf', 18.33, 11, 'white'),
     'type17': ('Courier Prime.otf', 16.67, 10, 'white'),
     'report18': ('Courier Prime Bold.otf', 18.33, 11, 'ink:#2A1E12'),
+    'report18own': ('Courier Prime Bold.otf', 18.33, 11, 'ink:#23406B'),
     'report17': ('Courier Prime.otf', 16.67, 10, 'ink:#3A2C1B'),
     'report17red': ('Courier Prime Bold.otf', 16.67, 10, 'ink:#8E1F17'),
+    'head34': ('OldStandard-Bold.ttf', 33, None, 'white'),
     'print30': ('OldStandard-Bold.ttf', 30, None, 'white'),
+    'print20': ('OldStandard-Bold.ttf', 20, None, 'white'),
     'letter27': ('LinLibertine_RI.otf', 27, None, 'white'),
     'board26': ('OldStandard-Bold.ttf', 26, None, 'white'),
 }

@@ -1,12 +1,59 @@
 """Float pictures: height x width x 3 or 4, values 0..1, straight alpha."""
+import math
+
 import numpy as np
 from PIL import Image
+from scipy import ndimage
+
+SHADOW = np.array([0.05, 0.03, 0.015], np.float32)
+
+
+# -- colours
 
 
 def rgb(text):
     """'#RRGGBB' or 'AARRGGBB' to three floats 0..1."""
     text = text.lstrip('#')[-6:]
     return np.array([int(text[i:i + 2], 16) / 255 for i in (0, 2, 4)], np.float32)
+
+
+def mix(a, b, t):
+    """a where t is 0, b where it is 1. t may be a plane for two pictures."""
+    t = np.asarray(t, np.float32)
+    if t.ndim == 2:
+        t = t[..., None]
+    return a * (1 - t) + b * t
+
+
+def ramp(t, stops):
+    """Colours along a plane of values: stops is a list of (value, '#RRGGBB'), ascending."""
+    values = [value for value, _ in stops]
+    colors = np.array([rgb(color) for _, color in stops])
+    return np.stack([np.interp(t, values, colors[:, k]) for k in range(3)], -1).astype(np.float32)
+
+
+def with_alpha(color, alpha):
+    return np.dstack([np.broadcast_to(color, alpha.shape + (3,)), alpha]).astype(np.float32)
+
+
+# -- planes
+
+
+def grid(w, h):
+    """x and y of the pixels' middles."""
+    y, x = np.mgrid[0:h, 0:w].astype(np.float32)
+    return x + 0.5, y + 0.5
+
+
+def smooth(t, a, b):
+    """0 up to a, 1 from b on, without a corner at either."""
+    t = np.clip((t - a) / (b - a), 0, 1)
+    return t * t * (3 - 2 * t)
+
+
+def bump(t, width):
+    """1 at 0, falling off on both sides: a line of about twice that width."""
+    return np.exp(-(t / width) ** 2)
 
 
 def noise(w, h, sx, sy, seed):
@@ -32,8 +79,21 @@ def fbm(w, h, sx, sy, seed, octaves=5, gain=0.5):
     return out / total
 
 
-def with_alpha(color, alpha):
-    return np.dstack([np.broadcast_to(color, alpha.shape + (3,)), alpha]).astype(np.float32)
+def blur(a, radius):
+    return ndimage.gaussian_filter(a, radius if np.ndim(a) == 2 else (radius, radius, 0))
+
+
+def shade(height):
+    """Light from the upper left on a plane of heights: 0 on level ground, above it where lit."""
+    gy, gx = np.gradient(height)
+    return -math.sqrt(0.5) * (gx + gy)
+
+
+# -- layers
+
+
+def empty(w, h):
+    return np.zeros((h, w, 4), np.float32)
 
 
 def over(dst, src, x=0, y=0, alpha=1.0):
@@ -56,3 +116,43 @@ def over(dst, src, x=0, y=0, alpha=1.0):
     d[..., :3] = np.where(oa > 0, mixed / np.maximum(oa, 1e-6), 0)
     d[..., 3:4] = oa
     return dst
+
+
+def lay(dst, layer, x, y, dx=5, dy=7, radius=7, strength=0.55):
+    """Puts a layer down at x, y with the shadow that it throws: a soft one, thrown by dx and dy,
+    and a narrow one where it touches. Changes dst."""
+    pad = int(3 * radius + max(dx, dy)) + 2
+    alpha = np.pad(layer[..., 3], pad)
+    soft = ndimage.shift(blur(alpha, radius), (dy, dx), order=1)
+    touch = ndimage.shift(blur(alpha, 1.6), (2, 1.5), order=1) * 0.8
+    dark = np.clip(np.maximum(soft, touch) * strength, 0, 1)
+    over(dst, with_alpha(SHADOW, dark), x - pad, y - pad)
+    return over(dst, layer, x, y)
+
+
+def rotate(layer, degrees, pad=40):
+    """A layer turned around its middle, counterclockwise, with pad pixels more on each side."""
+    h, w = layer.shape[:2]
+    big = empty(w + 2 * pad, h + 2 * pad)
+    over(big, layer, pad, pad)
+    big[..., :3] *= big[..., 3:4]
+    out = np.stack([np.asarray(Image.fromarray(big[..., k], 'F').rotate(degrees, Image.BICUBIC))
+                    for k in range(4)], -1)
+    return unpremultiplied(np.clip(out, 0, 1))
+
+
+def unpremultiplied(a):
+    a[..., :3] = np.clip(a[..., :3] / np.maximum(a[..., 3:4], 1e-4), 0, 1)
+    return a.astype(np.float32)
+
+
+def reduced(a, factor):
+    """A layer drawn factor times larger, brought to its size."""
+    h, w = a.shape[0] // factor, a.shape[1] // factor
+    a = a.copy()
+    a[..., :3] *= a[..., 3:4]
+    return unpremultiplied(a.reshape(h, factor, w, factor, 4).mean((1, 3)))
+
+
+def to_bytes(a):
+    return (np.clip(a, 0, 1) * 255 + 0.5).astype(np.uint8)

@@ -1,0 +1,102 @@
+"""Draws the pictures of the screens and the program's icon.
+
+    draw_pictures.py FOLDER             writes every picture, and its image index, into FOLDER
+    draw_pictures.py FOLDER NAME ...    only those, such as over_main, plate_back or desk
+    draw_pictures.py FOLDER --on-desk OTHER  also writes each overlay as it lies on the desk
+"""
+import argparse
+import os
+from functools import partial
+
+from PIL import Image
+
+import overlays_flying as flying
+import overlays_office as office
+from brass import PLATES, SWITCHES, plate_sheet
+from icon import large_icon, small_icon
+from outlines import fill, path, stroke, vector
+from pixels import empty, over, to_bytes
+from sheets import INK, desk
+
+OVERLAYS = [
+    office.over_main, office.over_service, office.over_year, office.over_month, office.over_summary,
+    office.over_settings, office.over_maps, office.over_planes_allied, office.over_planes_german,
+    office.over_notice, office.over_help, flying.over_hub, flying.over_roster, flying.over_aces,
+    flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
+]
+BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
+
+
+def bar(is_full):
+    """A frame in ink; full: hatched from end to end. The program draws as much of the full one as
+    the work is done."""
+    w, h = BAR
+
+    def draw(c):
+        if is_full:
+            c.rectangle(5, 5, w - 10, h - 10)
+            fill(c, INK, .80)
+            c.rectangle(5, 5, w - 10, h - 10)
+            c.clip()
+            for x in range(-h, w, 9):
+                path(c, [(x, h), (x + h, 0)])
+            stroke(c, '#6A5434', 2.4, .55)
+            c.reset_clip()
+        c.rectangle(1.5, 1.5, w - 3, h - 3)
+        stroke(c, INK, 1.6, .9)
+    return vector(w, h, draw)
+
+
+def whole(picture, name, lifetime=''):
+    """A picture that is one image, and its index."""
+    return picture, lifetime + 'image %s\n' % name
+
+
+def pictures():
+    """name: function that gives the picture and the text of its image index ('' for none)."""
+    kept = 'lifetime long\n'
+    table = {
+        'desk': lambda: whole(desk(), 'desk', kept),
+        'blank': lambda: whole(empty(4, 4), 'blank', kept),
+        'progress_empty': lambda: whole(bar(False), 'progress_empty'),
+        'progress_full': lambda: whole(bar(True), 'progress_full'),
+        'icon': lambda: (small_icon(), ''),
+        'icon_256': lambda: (large_icon(), ''),
+    }
+    for draw in OVERLAYS:
+        table[draw.__name__] = partial(lambda draw: whole(draw(), draw.__name__), draw)
+    for name in list(PLATES) + list(SWITCHES):
+        table[name] = partial(plate_sheet, name)
+    return table
+
+
+def write(folder, name, picture, index):
+    pixels = to_bytes(picture)
+    if pixels.shape[2] == 4:
+        pixels[pixels[..., 3] == 0] = 0  # what cannot be seen packs best when it is even
+    Image.fromarray(pixels).save(os.path.join(folder, name + '.png'), optimize=True)
+    if index:
+        with open(os.path.join(folder, name + '.idx'), 'w', newline='\n') as file:
+            file.write(index)
+
+
+def main():
+    parser = argparse.ArgumentParser(description='Draws the pictures of the screens.')
+    parser.add_argument('folder')
+    parser.add_argument('names', nargs='*')
+    parser.add_argument('--on-desk', metavar='FOLDER')
+    options = parser.parse_args()
+    table = pictures()
+    for name in options.names or table:
+        if name not in table:
+            raise SystemExit('there is no picture ' + name)
+        picture, index = table[name]()
+        write(options.folder, name, picture, index)
+        if options.on_desk and name.startswith('over_'):
+            laid = over(desk(), picture)
+            Image.fromarray(to_bytes(laid)).save(os.path.join(options.on_desk, name + '.png'))
+        print('%-18s %4d x %d' % (name, picture.shape[1], picture.shape[0]))
+
+
+if __name__ == '__main__':
+    main()

@@ -1,0 +1,215 @@
+"""Paints the layouts of the screens: python3 layouts.py FOLDER writes NAME.png and NAME.idx.
+
+Rectangles are x, y, width, height in pixels of the design, 1024 by 768. The pictures are half as
+large, so every figure is even. An element's colour follows from its place in the list; elements
+may not overlap. Lists of many lines, and what lies over something else, are placed by the scripts.
+"""
+import colorsys
+import os
+import sys
+
+from PIL import Image, ImageDraw
+
+SIZE = (1024, 768)
+SHRINK = 2
+
+RAIL = 'scrollin 0 72 1', 'scrollout 0 72 1'     # plates on the rail rise from below the window
+SIDE = 'scrollin 320 0 1', 'scrollout 320 0 1'   # those in a column come from the right edge
+LEFT, CENTRE, RIGHT = 'align left', 'align hcenter', 'align right'
+
+
+def widget(name, *rect, lines=()):
+    return 'widget', name, rect, lines
+
+
+def label(name, *rect, align=LEFT):
+    return 'widget', name, rect, (align,)
+
+
+def area(name, *rect, align=LEFT):
+    return 'textarea', name, rect, (align,)
+
+
+BACK = widget('menuBack', 32, 704, 200, 52, lines=RAIL)
+BACK_WIDE = widget('menuBack', 32, 704, 300, 52, lines=RAIL)
+
+
+def onward(name, width=300):
+    return widget(name, 992 - width, 704, width, 52, lines=RAIL)
+
+
+def column(count, x, y, step, width):
+    return [widget('menuButton%d' % (i + 1), x, y + i * step, width, 66, lines=SIDE) for i in range(count)]
+
+
+LAYOUTS = {
+    'main': [
+        *column(5, 584, 232, 78, 392),
+        area('title', 692, 716, 300, 28, align=RIGHT),
+        BACK,
+    ],
+    'service': [
+        area('title', 206, 56, 752, 38),
+        area('question', 64, 120, 896, 30),
+        *[widget('menuButton%d' % (i + 1), 64, 176 + i * 152, 372, 116) for i in range(3)],
+        *[area('service%d' % (i + 1), 468, 182 + i * 152, 492, 106) for i in range(3)],
+        area('text1', 64, 626, 896, 26),
+        BACK,
+    ],
+    'year': [
+        area('title', 206, 56, 752, 38),
+        area('question', 64, 120, 896, 30),
+        *[widget('menuButton%d' % (i + 1), 64, 178 + i * 120, 176, 72) for i in range(4)],
+        *[area('year%d' % (i + 1), 280, 190 + i * 120, 680, 52) for i in range(4)],
+        BACK,
+    ],
+    'month': [
+        area('title', 238, 102, 690, 38),
+        area('question', 96, 166, 832, 30),
+        BACK,
+    ],
+    'summary': [
+        area('title', 206, 56, 434, 38),
+        area('question', 64, 120, 576, 80),
+        *[label('menuButton%d' % (i + 1), 64, 226 + i * 72, 576, 36) for i in range(3)],
+        area('text1', 64, 424, 576, 80),
+        label('progressDate', 64, 556, 400, 26),
+        widget('progress', 64, 588, 400, 32),
+        BACK,
+        onward('menuButton4'),
+    ],
+    'hub': [
+        area('dateHead', 56, 76, 312, 26, align=CENTRE),
+        area('date', 56, 132, 312, 34, align=CENTRE),
+        area('squadronHead', 212, 468, 360, 26),
+        area('squadron', 80, 514, 492, 40),
+        area('airport', 80, 560, 492, 30),
+        area('pilot', 80, 592, 492, 68),
+        *column(3, 692, 148, 84, 300),
+        BACK_WIDE,
+        onward('menuButton4'),
+    ],
+    'letter': [
+        area('title', 178, 130, 400, 26, align=CENTRE),
+        area('line2', 112, 190, 532, 352),
+        widget('menuButton4', 32, 704, 200, 52, lines=RAIL),
+        widget('menuBack', 248, 704, 200, 52, lines=RAIL),
+        onward('menuButton3'),
+    ],
+    'orders': [
+        area('title', 206, 56, 446, 38),
+        label('date', 420, 108, 232, 30, align=RIGHT),
+        area('line1', 64, 144, 588, 28),
+        area('line2', 64, 180, 588, 104),
+        area('rosterHead', 64, 308, 420, 28),
+        BACK,
+        onward('menuButton4', 480),
+    ],
+    'wait': [
+        area('title', 274, 76, 414, 38),
+        label('date', 456, 130, 232, 30, align=RIGHT),
+        area('line1', 132, 176, 556, 56),
+        area('line2', 132, 244, 556, 128),
+        area('growing', 132, 388, 556, 76),
+        area('text1', 132, 480, 556, 104),
+        BACK_WIDE,
+        onward('menuButton4'),
+    ],
+    'report': [
+        area('title', 44, 38, 330, 34),
+        label('date', 748, 36, 232, 34, align=RIGHT),
+        onward('menuButton1'),
+    ],
+    'advance': [
+        area('title', 274, 76, 414, 38),
+        area('line1', 132, 200, 556, 60),
+        label('progressDate', 132, 300, 556, 30),
+        widget('progress', 132, 340, 556, 36),
+    ],
+    'roster': [
+        area('title', 206, 56, 410, 38),
+        area('squadronHead', 658, 96, 310, 26),
+        area('squadron', 658, 132, 310, 54),
+        area('airport', 658, 192, 310, 28),
+        widget('menuButton1', 32, 704, 200, 52, lines=RAIL),
+    ],
+    'aces': [
+        area('title', 192, 164, 640, 38, align=CENTRE),
+        widget('menuButton1', 32, 704, 200, 52, lines=RAIL),
+    ],
+    'settings': [
+        area('title', 206, 56, 434, 38),
+        *[widget('menuButton%d' % (i + 1), 140, 130 + i * 82, 392, 66) for i in range(3)],
+        widget('sound', 128, 430, 416, 60),
+        widget('fullScreen', 128, 510, 416, 60),
+        BACK,
+    ],
+    'maps': [
+        area('title', 724, 60, 256, 34),
+        area('text1', 724, 112, 256, 46),
+        area('text2', 724, 168, 256, 68),
+        area('text3', 724, 246, 256, 46),
+        widget('menuButton1', 700, 378, 296, 66),
+        widget('menuButton2', 700, 464, 296, 66),
+        BACK,
+    ],
+    'planes': [
+        area('title', 332, 62, 362, 38),
+        area('side', 694, 66, 150, 34, align=RIGHT),
+        area('text1', 180, 122, 664, 28, align=CENTRE),
+        BACK,
+        onward('menuButton1'),
+    ],
+    'booklet': [
+        area('title', 60, 52, 420, 34),
+        area('title2', 550, 52, 290, 34),
+        BACK,
+        onward('menuButton1'),
+    ],
+    'notice': [
+        area('formHead', 366, 86, 494, 38),
+        area('title', 164, 160, 696, 28),
+        BACK,
+        onward('menuButton1'),
+    ],
+}
+
+
+def colors(count):
+    """As many colours, far from each other, none of them black."""
+    return [tuple(round(255 * c) for c in colorsys.hsv_to_rgb(i / count, 1 - .35 * (i % 2), 1 - .25 * (i % 3)))
+            for i in range(count)]
+
+
+def check(name, elements):
+    """Says what can't be painted, and stops."""
+    for i, (_, element, rect, _) in enumerate(elements):
+        x, y, w, h = rect
+        if any(v % SHRINK for v in rect) or x < 0 or y < 0 or x + w > SIZE[0] or y + h > SIZE[1]:
+            raise SystemExit('%s: %s has odd figures, or reaches out of the screen: %s' % (name, element, rect))
+        for _, other, (ox, oy, ow, oh), _ in elements[:i]:
+            if x < ox + ow and ox < x + w and y < oy + oh and oy < y + h:
+                raise SystemExit('%s: %s overlaps %s' % (name, element, other))
+
+
+def write(folder, name, elements):
+    check(name, elements)
+    picked = colors(len(elements))
+    image = Image.new('P', (SIZE[0] // SHRINK, SIZE[1] // SHRINK), 0)
+    image.putpalette([0, 0, 0] + [c for color in picked for c in color])
+    draw = ImageDraw.Draw(image)
+    lines = ['layout ' + name, 'resolution %d %d' % SIZE]
+    for i, (kind, element, (x, y, w, h), more) in enumerate(elements):
+        box = [v // SHRINK for v in (x, y, x + w, y + h)]
+        draw.rectangle([box[0], box[1], box[2] - 1, box[3] - 1], fill=i + 1)
+        lines += ['%s %s' % (kind, element), 'pickcolor #%02x%02x%02x' % picked[i], *more]
+    image.save(os.path.join(folder, name + '.png'), transparency=0, optimize=True)
+    with open(os.path.join(folder, name + '.idx'), 'w', newline='\n') as file:
+        file.write('\n'.join(lines) + '\n')
+
+
+if __name__ == '__main__':
+    if len(sys.argv) != 2:
+        raise SystemExit(__doc__)
+    for layout, painted in LAYOUTS.items():
+        write(sys.argv[1], layout, painted)
