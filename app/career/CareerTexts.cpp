@@ -58,6 +58,15 @@ zel::String squadronText(const Database& career) {
                : zel::String();
 }
 
+zel::String playerText(const Database& career, int32_t predecessor) {
+    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
+    zel::String text = zel::arrayText(player.name);
+    if (career.isPilot(predecessor))
+        text += zel::String(", successor to ") +
+                zel::arrayText(career.pilots[static_cast<size_t>(predecessor)].name);
+    return text + ": victories " + player.shotdowns + ", missions " + player.missions;
+}
+
 std::vector<zel::String> squadronLines(const Database& career, size_t most) {
     const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
     std::vector<zel::String> lines;

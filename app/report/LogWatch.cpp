@@ -15,13 +15,26 @@ void logLook(const zel::String& message) {
 } // namespace
 
 void LogWatch::begin(const zel::String& folder) {
-    known.list(folder, FirstPiecePattern);
+    remember(folder, zel::Directory(folder, FirstPiecePattern));
+    settle();
+}
+
+void LogWatch::settle() {
     lookedAt.clear();
+    growing = false;
+}
+
+// A folder that can't be read just now looks empty: forgetting its logs would make all of them new
+// at the next look, and an old report could be carried into the career once more.
+void LogWatch::remember(const zel::String& folder, const zel::Directory& present) {
+    if (present.count() > 0 || zel::system::isDirectory(folder))
+        known = present;
 }
 
 std::vector<zel::String> LogWatch::look(const zel::String& folder) {
     const zel::Directory present(folder, FirstPiecePattern);
     std::vector<zel::String> names;
+    growing = false;
     for (int32_t i = 0; i < present.count(); ++i) {
         const zel::String name = present.name(i);
         const auto earlier = std::find_if(lookedAt.begin(), lookedAt.end(),
@@ -34,12 +47,13 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
             lookedAt.push_back(now);
         } else if (now.pieces > earlier->pieces || now.bytes > earlier->bytes) {
             *earlier = now;
+            growing = true;
         } else {
             continue;
         }
         names.push_back(name);
     }
-    known = present;
+    remember(folder, present);
     return names;
 }
 
@@ -54,6 +68,11 @@ LogWatch::Extent LogWatch::measure(const zel::String& folder, const zel::String&
             return log;
         log.bytes += status.size;
     }
+}
+
+LogWatch& missionLogs() {
+    static LogWatch logs;
+    return logs;
 }
 
 bool findCombatReport(LogWatch& watch) {

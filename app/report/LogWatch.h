@@ -20,8 +20,10 @@ public:
     /// The names of the first pieces that have come since the last look, and of those looked at
     /// before whose logs have grown.
     std::vector<zel::String> look(const zel::String& folder);
+    /// Whether the last look found a log that had grown since the one before: a flight goes on.
+    bool isGrowing() const { return growing; }
     /// Whatever was looked at is done with, also if it grows.
-    void settle() { lookedAt.clear(); }
+    void settle();
 
 private:
     struct Extent {
@@ -29,11 +31,16 @@ private:
         int32_t pieces;
         int64_t bytes; // of all pieces
     };
+    void remember(const zel::String& folder, const zel::Directory& present);
     static Extent measure(const zel::String& folder, const zel::String& name);
 
     zel::Directory known;
     std::vector<Extent> lookedAt;
+    bool growing = false;
 };
+
+/// The program's one watch: begun when the mission is written, asked when the player comes back.
+LogWatch& missionLogs();
 
 /// Looks for the log of the mission that was flown and reads it into the current combat report.
 /// True when a finished mission was found: it is then carried into the career. Otherwise the report

@@ -2,6 +2,7 @@
 
 #include "app/career/Aircraft.h"
 #include "app/mission/Configuration.h"
+#include "app/mission/Settings.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
@@ -11,8 +12,6 @@
 #include "tools/career/Session.h"
 
 namespace {
-
-constexpr const char* SettingsFile = "wtysettings.ini";
 
 int wrongCall(const std::string& error) {
     std::fprintf(stderr, "wingtally-career: %s\n%s", error.c_str(), careerUsage());
@@ -80,9 +79,7 @@ int main(int argc, char** argv) {
     if (call.seed)
         pin(*call.seed);
 
-    Configuration::load(SettingsFile);
-    if (call.rofDirectory.empty())
-        call.rofDirectory = Configuration::get("rof.directory", "");
+    noteStartFolder();
     if (!call.rofDirectory.empty())
         call.rofDirectory = zel::system::absolutePath(call.rofDirectory);
     if (!call.userDirectory.empty())
@@ -91,7 +88,7 @@ int main(int argc, char** argv) {
         return failed(call.dataDirectory.empty()
                           ? zel::String("The folder Data was not found beside the program")
                           : "There is no folder Data in " + call.dataDirectory);
-    Configuration::load(SettingsFile); // beside Data; what was named before it goes first
+    loadSettings();
     if (!call.rofDirectory.empty())
         Configuration::set("rof.directory", call.rofDirectory);
 

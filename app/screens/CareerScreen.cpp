@@ -1,0 +1,28 @@
+#include "app/screens/CareerScreen.h"
+
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+
+Database* CareerScreen::runningCareer() {
+    Database* career = Database::instance();
+    return career != nullptr && career->hasCareer() ? career : nullptr;
+}
+
+void CareerScreen::showDate() {
+    if (const Database* career = runningCareer())
+        setText("date", career->calendar().displayText());
+}
+
+void CareerScreen::showSquadron() {
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return;
+    setText("airport", baseText(*career));
+    if (const zel::String name = squadronText(*career); !name.empty())
+        setText("squadron", name);
+}
+
+void CareerScreen::showLines(const char* prefix, const std::vector<zel::String>& lines) {
+    for (size_t i = 0; i < lines.size(); ++i)
+        setText(zel::String(prefix) + static_cast<int32_t>(i + 1), lines[i]);
+}

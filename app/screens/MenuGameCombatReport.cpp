@@ -1,0 +1,95 @@
+#include "app/screens/MenuGameCombatReport.h"
+
+#include <algorithm>
+
+#include "app/career/Database.h"
+#include "app/report/CombatReport.h"
+#include "app/report/ReportText.h"
+#include "app/screens/WarProgress.h"
+#include "engine/core/Log.h"
+#include "engine/menu/Widget.h"
+
+namespace {
+
+constexpr int32_t LineCount = 63; // of a column
+constexpr int32_t LinesPerEntry = 3;
+constexpr int32_t EntriesPerSheet = 7;
+constexpr int32_t LinesPerSheet = LinesPerEntry * EntriesPerSheet;
+constexpr int32_t MostSheets = LineCount / LinesPerSheet;
+
+void logReport(const zel::String& message) {
+    zel::log(message, "MenuGameCombatReport", zel::LogInfo);
+}
+
+int32_t sheetsFor(const ReportColumns& columns) {
+    const auto entries = static_cast<int32_t>(std::max(columns.left.size(), columns.right.size()));
+    return std::clamp((entries + EntriesPerSheet - 1) / EntriesPerSheet, 1, MostSheets);
+}
+
+zel::String lineName(const char* column, int32_t line) { return zel::String(column) + line; }
+
+} // namespace
+
+void MenuGameCombatReport::onEnter() {
+    clearColumns();
+    sheetCount = 1;
+    if (const Database* career = runningCareer()) {
+        showDate();
+        logReport("Combat Report: " + career->calendar().displayText());
+    }
+    CombatReport* report = CombatReport::instance();
+    if (report != nullptr && !report->pilots.empty()) {
+        logReport(zel::String("Number of Pilots: ") + static_cast<int32_t>(report->pilots.size()));
+        const ReportColumns columns = combatReportColumns(report->pilots);
+        setText("left1", " ");
+        fillColumn("left", columns.left);
+        fillColumn("right", columns.right);
+        sheetCount = sheetsFor(columns);
+        report->clear();
+    }
+    showSheet(1);
+}
+
+void MenuGameCombatReport::clearColumns() {
+    for (int32_t line = 1; line <= LineCount; ++line) {
+        setText(lineName("left", line), line == 1 ? NoMissionPlayed : "");
+        setText(lineName("right", line), "");
+    }
+}
+
+void MenuGameCombatReport::fillColumn(const char* column, const std::vector<ReportEntry>& entries) {
+    int32_t line = 1;
+    for (const ReportEntry& entry : entries) {
+        const zel::Widget* own = entry.isPlayer ? getWidget("ownLine") : nullptr;
+        if (zel::Widget* widget = getWidget(lineName(column, line)); own != nullptr && widget)
+            widget->setFont(own->getFont());
+        for (const zel::String& text : {entry.pilot, entry.fate, entry.cause})
+            setText(lineName(column, line++), text);
+    }
+}
+
+void MenuGameCombatReport::showSheet(int32_t sheet) {
+    for (int32_t line = 1; line <= LineCount; ++line)
+        for (const char* column : {"left", "right"})
+            setVisible(lineName(column, line), (line - 1) / LinesPerSheet + 1 == sheet);
+    for (int32_t other = 1; other <= MostSheets; ++other) {
+        const bool exists = sheetCount > 1 && other <= sheetCount;
+        setVisible(zel::String("sheet") + other, exists && other != sheet);
+        setVisible(zel::String("sheetlit") + other, exists && other == sheet);
+    }
+}
+
+void MenuGameCombatReport::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    for (int32_t sheet = 1; sheet <= sheetCount; ++sheet)
+        if (widget->getName() == zel::String("sheet") + sheet) {
+            widget->reset();
+            showSheet(sheet);
+        }
+}
+
+void MenuGameCombatReport::onLeave() {
+    if (runningCareer() == nullptr)
+        return;
+    const WarProgress progress;
+    SquadronSimulator::advanceWar();
+}

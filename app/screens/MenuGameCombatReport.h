@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+#include "app/screens/CareerScreen.h"
+
+struct ReportEntry;
+
+/// What became of everybody in the mission flown last, a column for each side. Leaving it, whatever
+/// the way, moves the war on.
+class MenuGameCombatReport : public CareerScreen {
+public:
+    MenuGameCombatReport() : CareerScreen("MenuGameCombatReport") {}
+
+    void onEnter() override;
+    void onLeave() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    void clearColumns();
+    void fillColumn(const char* column, const std::vector<ReportEntry>& entries);
+    void showSheet(int32_t sheet); // from 1 on
+
+    int32_t sheetCount = 1;
+};

@@ -1,0 +1,41 @@
+#include "app/screens/MenuGameFinishMission.h"
+
+#include "app/report/CombatReport.h"
+#include "app/report/LogWatch.h"
+#include "app/screens/ScreenSounds.h"
+#include "engine/core/Window.h"
+
+namespace {
+
+constexpr double LookInterval = 8.0; // seconds
+
+/// Never while the simulator is in front: it needs the machine for itself.
+bool isPlayerHere() {
+    return zel::Window::hasMouseFocus() && zel::Window::hasInputFocus() && zel::Window::isActive();
+}
+
+} // namespace
+
+MenuGameFinishMission::MenuGameFinishMission() : CareerScreen("MenuGameFinishMission") {}
+
+MenuGameFinishMission::~MenuGameFinishMission() = default;
+
+void MenuGameFinishMission::onEnter() {
+    showDate();
+    timer.reset();
+    if (CombatReport::instance() == nullptr)
+        report = std::make_unique<CombatReport>();
+    CombatReport::instance()->clear();
+}
+
+void MenuGameFinishMission::update() {
+    if (runningCareer() == nullptr || timer.getSeconds() <= LookInterval || !isPlayerHere())
+        return;
+    if (findCombatReport(missionLogs())) {
+        playScreenSound("telephone");
+        setTransition("MenuGameCombatReport");
+    } else if (missionLogs().isGrowing()) {
+        setText("growing", "Your flight isn't over yet: the log is still growing.");
+    }
+    timer.reset();
+}

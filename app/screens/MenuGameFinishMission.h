@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+
+#include "app/screens/CareerScreen.h"
+#include "engine/core/Timer.h"
+
+class CombatReport;
+
+/// Waits while the player flies. Every eight seconds, as long as he has the window in front of him,
+/// it looks for the log of his flight; once that tells of the end of his mission it goes on to the
+/// combat report.
+class MenuGameFinishMission : public CareerScreen {
+public:
+    MenuGameFinishMission();
+    ~MenuGameFinishMission() override;
+
+    void update() override;
+    void onEnter() override;
+
+private:
+    zel::Timer timer; // since the last look
+    std::unique_ptr<CombatReport> report;
+};

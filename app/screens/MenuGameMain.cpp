@@ -1,0 +1,58 @@
+#include "app/screens/MenuGameMain.h"
+
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/screens/MenuNotification.h"
+#include "app/war/SquadronSimulator.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/menu/Widget.h"
+
+void MenuGameMain::onEnter() {
+    if (runningCareer() == nullptr)
+        return;
+    SquadronSimulator::keepPlayerOnAllowedMap();
+    onEntered();
+}
+
+void MenuGameMain::onEntered() {
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return;
+    noteSuccession(*career);
+    showDate();
+    setText("menuButton1", missionButtonText(*career));
+    setActive("menuButton1", !isWarOver(*career));
+    showSquadron();
+    setText("pilot", playerText(*career, predecessor));
+}
+
+// A fallen player's successor becomes the player between two visits; the career itself doesn't
+// keep whom he follows.
+void MenuGameMain::noteSuccession(const Database& career) {
+    if (careerNumber != career.careerNumber)
+        predecessor = -1;
+    else if (pilot != career.playerPilot)
+        predecessor = career.isPilot(pilot) && career.pilots[size_t(pilot)].alive == 0 ? pilot : -1;
+    careerNumber = career.careerNumber;
+    pilot = career.playerPilot;
+}
+
+void MenuGameMain::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    if (runningCareer() == nullptr)
+        return;
+    const zel::String name = widget->getName();
+    if (name == "menuButton1")
+        setTransition(SquadronSimulator::invitationDue() ? "MenuGameInvite"
+                                                         : "MenuGameStartMission");
+    else if (name == "menuButton4" || name == "menuBack")
+        saveBefore(*widget);
+}
+
+void MenuGameMain::saveBefore(zel::Widget& leaving) {
+    if (runningCareer()->writeSave(SaveFileName))
+        return;
+    // A player who goes on from here would lose what he has flown since the last save.
+    MenuNotification::divert(leaving, "MenuNotificationSave",
+                             zel::system::absolutePath(zel::getUserDirectory() + SaveFileName));
+}

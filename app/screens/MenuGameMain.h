@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/screens/CareerScreen.h"
+
+/// The squadron office, to which a career returns between the flights. Leaving it by its buttons
+/// saves the career; nothing else does.
+class MenuGameMain : public CareerScreen {
+public:
+    MenuGameMain() : CareerScreen("MenuGameMain") {}
+
+    void onEnter() override;
+    void onEntered() override; // fills in everything anew
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    void noteSuccession(const Database& career);
+    void saveBefore(zel::Widget& leaving);
+
+    int32_t careerNumber = -1; // of the career that was shown last
+    int32_t pilot = -1;        // the player's then
+    int32_t predecessor = -1;  // whose place the player took, while this program watched; or -1
+};

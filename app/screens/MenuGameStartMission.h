@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+
+#include "app/screens/CareerScreen.h"
+
+class MissionGenerator;
+
+/// The orders of the day. Entering it writes the mission into the simulator's folder, anew each
+/// time; the player then flies it there.
+class MenuGameStartMission : public CareerScreen {
+public:
+    MenuGameStartMission();
+    ~MenuGameStartMission() override;
+
+    void onEnter() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    std::unique_ptr<MissionGenerator> generator;
+};

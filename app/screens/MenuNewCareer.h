@@ -1,0 +1,21 @@
+#pragma once
+
+#include "engine/menu/HandledMenuExtension.h"
+
+/// The last page of the way to a new career: it makes one, tells the player who he is, and on his
+/// word fights the war up to the day on which he begins.
+///
+/// What was chosen on the pages before stands in the global strings `service` (0 French, 1 English,
+/// 2 German), `startYear` and `startMonth`.
+class MenuNewCareer : public zel::HandledMenuExtension {
+public:
+    MenuNewCareer() : HandledMenuExtension("MenuNewCareer") {}
+
+    void reset() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    int32_t chosen(const char* what) const { return getGlobalString(what).toInt(); }
+    void startCareer();
+    void goBack();
+};

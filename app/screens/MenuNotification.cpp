@@ -1,0 +1,34 @@
+#include "app/screens/MenuNotification.h"
+
+#include "app/mission/Settings.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/menu/Widget.h"
+
+namespace {
+
+bool isPage(const char* name) {
+    return zel::StatesMachine::getInstance().findState(name) != nullptr;
+}
+
+} // namespace
+
+zel::String MenuNotification::reason;
+
+void MenuNotification::onEnter() {
+    setText("reason", reason);
+    setText("path", settingsFileToWrite());
+}
+
+void MenuNotification::show(zel::Menu& menu, const char* page, const zel::String& why) {
+    if (!isPage(page))
+        return;
+    reason = why;
+    menu.setTransition(page);
+}
+
+void MenuNotification::divert(zel::Widget& widget, const char* page, const zel::String& why) {
+    if (!isPage(page))
+        return;
+    reason = why;
+    widget.setTransition(page);
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Plays Sounds/NAME.wav, unless the player has switched the sounds off.
+void playScreenSound(const char* name);

@@ -1,0 +1,39 @@
+#include "app/screens/Switch.h"
+
+#include "engine/core/Registry.h"
+#include "engine/menu/Menu.h"
+#include "engine/menu/Widget.h"
+
+namespace {
+
+/// The kind with the ending for that position; the kind itself if it ends in neither. Kinds are
+/// lower case.
+zel::String kindFor(const zel::String& kind, bool on) {
+    for (const std::string_view ending : {"on", "off"}) {
+        const std::string_view name = kind.view();
+        if (name.size() > ending.size() && name.substr(name.size() - ending.size()) == ending)
+            return zel::String(name.substr(0, name.size() - ending.size())) + (on ? "on" : "off");
+    }
+    return kind;
+}
+
+} // namespace
+
+bool Switch::isOn() const { return zel::Registry::get(key, atFirst).toInt() != 0; }
+
+void Switch::show(zel::Menu& menu) const {
+    const bool on = isOn();
+    menu.setText(widget, label + ": " + (on ? "On" : "Off"));
+    const zel::Widget* shown = menu.getWidget(widget);
+    if (shown == nullptr)
+        return;
+    const zel::String kind = kindFor(shown->getKind(), on);
+    if (kind != shown->getKind())
+        menu.setWidgetKind(widget, kind);
+}
+
+void Switch::turn(zel::Widget& pressed) const {
+    const int32_t position = zel::Registry::get(key, atFirst).toInt();
+    zel::Registry::set(key, zel::String(1 - position));
+    pressed.reset();
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "engine/core/String.h"
+
+namespace zel {
+class Menu;
+class Widget;
+} // namespace zel
+
+/// A key of the preferences that a widget shows and turns.
+struct Switch {
+    zel::String widget;
+    zel::String label;
+    zel::String key;
+    const char* atFirst = "1"; // as long as the player has not turned it
+
+    bool isOn() const;
+    /// "Label: On" or "Label: Off". A kind whose name ends so is exchanged for its other one, so
+    /// that the plate's lamp follows.
+    void show(zel::Menu& menu) const;
+    /// Stores the other position, at once, and lets the widget come up again.
+    void turn(zel::Widget& pressed) const;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/war/SquadronSimulator.h"
+#include "engine/core/LongWork.h"
+
+namespace zel {
+class Menu;
+}
+
+/// Shows that the program works while the war is fought, as long as it lives: the element
+/// "progressDate" of the active screen tells the date reached, and over the widget "progress" its
+/// pressed picture grows with the share that is done. Both are hidden before and after.
+class WarProgress : public WarObserver {
+public:
+    WarProgress();
+    ~WarProgress() override;
+    WarProgress(const WarProgress&) = delete;
+    WarProgress& operator=(const WarProgress&) = delete;
+
+    /// As long as there is nothing to show.
+    static void hide(const zel::Menu* menu) { show(menu, false); }
+
+    void onWarProgress(const Calendar& date, float share) override;
+
+private:
+    static void show(const zel::Menu* menu, bool shown);
+    static void drawBar(const zel::Menu& menu, float share);
+
+    zel::LongWork work;
+};

@@ -1,0 +1,28 @@
+#include <SDL.h> // where SDL starts the program itself, it does so under a main of its own
+
+#include "app/mission/Settings.h"
+#include "engine/core/Platform.h"
+#include "engine/core/System.h"
+#include "engine/core/ZelLoop.h"
+
+namespace {
+
+/// Goes where the program's files are, if it was started elsewhere, as from a menu or by a
+/// shortcut.
+void enterRunDirectory() {
+    if (zel::system::fileStatus("Menus\\init.lst").exists)
+        return;
+    if (const zel::String folder = zel::findRunDirectory(); !folder.empty())
+        zel::system::changeDirectory(folder);
+}
+
+} // namespace
+
+int main(int /*argc*/, char** /*argv*/) {
+    zel::Platform::getInstance();
+    noteStartFolder();
+    enterRunDirectory();
+    while (zel::ZelLoop().run()) {
+    }
+    return 0;
+}

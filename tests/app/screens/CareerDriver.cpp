@@ -1,0 +1,139 @@
+#include "tests/app/screens/CareerDriver.h"
+
+#include <sstream>
+
+#include "app/mission/Configuration.h"
+#include "app/mission/DailyMission.h"
+#include "app/screens/Application.h"
+#include "engine/core/Clock.h"
+#include "engine/core/Platform.h"
+#include "engine/core/Random.h"
+#include "engine/core/Registry.h"
+#include "engine/core/State.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/menu/Widget.h"
+
+namespace {
+
+constexpr int32_t LookTime = 9000; // milliseconds
+constexpr int32_t MostWidgets = 64;
+constexpr float QuickFades = 100; // nobody looks at them here
+
+} // namespace
+
+PlayerHome::PlayerHome(const std::string& simulator) : simulator(simulator) {
+    zel::String error;
+    EXPECT_TRUE(standin::makeSimulatorFolder(simulatorFolder(), error)) << error.c_str();
+}
+
+std::string PlayerHome::mission() const {
+    return folder.read(simulator + "/data/Missions/" + MissionFileName);
+}
+
+CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow) : home(home) {
+    Configuration::reset();
+    Configuration::set("rof.directory", home.simulatorFolder());
+    setWindowWanted(inWindow);
+    zel::setWallTimeSource([] { return zel::WallTime{2009, 5, 7, 12, 0, 0}; });
+    zel::sharedRandom(); // built at its first use, which takes a static number
+    zel::Random::setStaticNumber(seed);
+    zel::seedSharedRandom(0);
+    screens = std::make_unique<ScreenDriver>(zel::system::currentDirectory().c_str());
+    zel::setUserDirectory(home.folder.file("user"));
+    zel::Registry::reset();
+    zel::State::setFadeSpeed(QuickFades);
+    zel::State::setCrossFadeSpeed(QuickFades);
+}
+
+CareerDriver::~CareerDriver() {
+    screens.reset();
+    zel::setWallTimeSource(nullptr);
+    Configuration::reset();
+    zel::Registry::reset();
+}
+
+void CareerDriver::press(const std::string& name, How how) {
+    switch (how) {
+    case How::Pointer:
+        screens->press(name.c_str());
+        break;
+    case How::Keys:
+        for (int32_t i = 0; i < MostWidgets && !widget(name)->isFocused(); ++i)
+            screens->key(zel::KeyTab);
+        if (widget(name)->isFocused())
+            screens->key(zel::KeyReturn);
+        break;
+    case How::Name:
+        screens->menu().hitWidget(name);
+        break;
+    }
+}
+
+testing::AssertionResult CareerDriver::go(const std::string& name, const std::string& target,
+                                          How how) {
+    const std::string from = state();
+    if (widget(name) == nullptr || !widget(name)->isVisible())
+        return testing::AssertionFailure() << from << " shows no " << name;
+    press(name, how);
+    if (screens->untilIdle(target.c_str()))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure()
+           << name << " of " << from << " leads to " << state() << ", not to " << target;
+}
+
+testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
+    std::istringstream stream(steps);
+    for (std::string step; stream >> step;) {
+        const size_t arrow = step.find('>');
+        const std::string target = arrow == step.npos ? state() : step.substr(arrow + 1);
+        if (const auto result = go(step.substr(0, arrow), target, how); !result)
+            return result;
+    }
+    return testing::AssertionSuccess();
+}
+
+testing::AssertionResult CareerDriver::begin(const std::string& way) {
+    if (!screens->untilIdle("MenuMain"))
+        return testing::AssertionFailure() << "no main menu, but " << state();
+    return walk("menuButton1>MenuNewService " + way + " menuButton4>MenuGameMain");
+}
+
+testing::AssertionResult CareerDriver::toOrders() {
+    press("menuButton1", How::Name);
+    if (screens->untilIdle("MenuGameStartMission"))
+        return testing::AssertionSuccess();
+    if (state() == "MenuGameInvite")
+        return walk("menuButton4>MenuGameMain menuButton1>MenuGameStartMission");
+    return testing::AssertionFailure() << "no orders, but " << state();
+}
+
+testing::AssertionResult CareerDriver::takeOff() {
+    const auto result = toOrders();
+    return result ? go("menuButton4", "MenuGameFinishMission") : result;
+}
+
+testing::AssertionResult CareerDriver::fly(const standin::FlightOptions& options) {
+    zel::String error;
+    standin::FlightOptions flight = options;
+    if (flight.seed == 0)
+        flight.seed = 1;
+    if (standin::flyMission(home.simulatorFolder(), MissionFileName, flight, error, nullptr))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << error.c_str();
+}
+
+void CareerDriver::look() {
+    screens->step(LookTime);
+    screens->step();
+}
+
+testing::AssertionResult CareerDriver::comeBack() {
+    look();
+    if (!screens->untilIdle("MenuGameCombatReport"))
+        return testing::AssertionFailure() << "no report, but " << state();
+    press("menuButton1", How::Name);
+    if (!screens->untilIdle("MenuGameMain"))
+        return testing::AssertionFailure() << "not back, but in " << state();
+    return testing::AssertionSuccess();
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/engine/menu/ScreenDriver.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tools/standin/StandIn.h"
+
+/// Where one player's files are: what one run of the program leaves here the next one finds.
+struct PlayerHome {
+    /// `simulator`: its folder's name; it is made as the stand-in makes it.
+    explicit PlayerHome(const std::string& simulator = "simulator");
+
+    std::string simulatorFolder() const { return folder.path() + "/" + simulator; }
+    std::string mission() const;
+    std::string save() const { return folder.read("user/Saves/savegame_v03.wty"); }
+
+    TemporaryFolder folder;
+    std::string simulator;
+};
+
+/// The application over the delivered data, driven by the names of its widgets; all that is left to
+/// chance follows from the seed.
+class CareerDriver {
+public:
+    enum class How { Pointer, Keys, Name };
+
+    explicit CareerDriver(const PlayerHome& home, uint32_t seed = 1, bool inWindow = false);
+    ~CareerDriver();
+    CareerDriver(const CareerDriver&) = delete;
+    CareerDriver& operator=(const CareerDriver&) = delete;
+
+    /// Presses the widget and waits for the state; the words say what went wrong.
+    testing::AssertionResult go(const std::string& widget, const std::string& state,
+                                How how = How::Name);
+    /// Steps "widget>State", parted by blanks; "widget" alone stays where it is.
+    testing::AssertionResult walk(const std::string& steps, How how = How::Name);
+    /// From the main menu to the squadron office. `way`: the steps up to the last page.
+    testing::AssertionResult begin(const std::string& way);
+    /// From the squadron office to the orders. An invitation is refused.
+    testing::AssertionResult toOrders();
+    /// And on to the page that waits for the flight.
+    testing::AssertionResult takeOff();
+    /// Flies the mission that was written.
+    testing::AssertionResult fly(const standin::FlightOptions& options = {});
+    /// The player is back at his desk, nine seconds later.
+    void look();
+    /// From the waiting page over the report to the squadron office.
+    testing::AssertionResult comeBack();
+
+    std::string text(const char* element) const { return screens->text(element); }
+    std::string state() const { return screens->menu().getName().c_str(); }
+    zel::Widget* widget(const std::string& name) const { return screens->widget(name.c_str()); }
+
+    std::unique_ptr<ScreenDriver> screens;
+
+private:
+    void press(const std::string& widget, How how);
+
+    const PlayerHome& home;
+};

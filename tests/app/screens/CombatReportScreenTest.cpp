@@ -1,0 +1,87 @@
+#include <gtest/gtest.h>
+
+#include "app/career/Database.h"
+#include "app/report/CombatReport.h"
+#include "engine/menu/Widget.h"
+#include "tests/app/screens/CareerDriver.h"
+
+namespace {
+
+constexpr const char* Beginning = "menuButton2>MenuNewYear menuButton1>MenuNewCareer";
+
+/// A report of so many Britons and Germans, the first of whom is the player.
+void makeReport(int32_t allied, int32_t german) {
+    std::vector<PilotReport>& pilots = CombatReport::instance()->pilots;
+    for (int32_t i = 0; i < allied + german; ++i) {
+        PilotReport pilot;
+        pilot.name = zel::String(i < allied ? "Tommy " : "Fritz ") + (i < allied ? i : i - allied);
+        pilot.country = i < allied ? 102 : 501;
+        pilot.human = i == 0 ? 1 : 0;
+        pilots.push_back(pilot);
+    }
+}
+
+class CombatReportScreen : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(driver.begin(Beginning));
+        ASSERT_TRUE(driver.takeOff());
+    }
+    bool isShown(const std::string& name) { return driver.widget(name)->isVisible(); }
+
+    PlayerHome home;
+    CareerDriver driver{home};
+};
+
+} // namespace
+
+TEST_F(CombatReportScreen, TurnsItsSheets) {
+    makeReport(16, 3);
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    EXPECT_EQ(driver.text("left1"), "Tommy 0 - Kills: 0");
+    EXPECT_EQ(driver.text("right1"), "Fritz 0 - Kills: 0");
+    EXPECT_EQ(driver.text("left46"), "Tommy 15 - Kills: 0") << "the sixteenth entry";
+    EXPECT_EQ(driver.text("left49"), "");
+    for (int32_t sheet = 1; sheet <= 3; ++sheet) {
+        if (sheet > 1) {
+            ASSERT_TRUE(driver.walk("sheet" + std::to_string(sheet)));
+        }
+        for (int32_t other = 1; other <= 3; ++other) {
+            const std::string number = std::to_string(other);
+            EXPECT_EQ(isShown("sheet" + number), other != sheet);
+            EXPECT_EQ(isShown("sheetlit" + number), other == sheet);
+            EXPECT_EQ(isShown("left" + std::to_string(21 * other)), other == sheet);
+            EXPECT_EQ(isShown("right" + std::to_string(21 * other - 20)), other == sheet);
+        }
+    }
+    ASSERT_TRUE(driver.walk("sheet1"));
+    EXPECT_TRUE(isShown("left1"));
+}
+
+TEST_F(CombatReportScreen, HasNoSheetsToTurnWhenOneIsEnough) {
+    makeReport(7, 7);
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    EXPECT_TRUE(isShown("left21"));
+    for (const char* plate : {"sheet1", "sheet2", "sheet3", "sheetlit1"})
+        EXPECT_FALSE(isShown(plate)) << plate;
+    EXPECT_NE(driver.widget("left1")->getFont(), driver.widget("left4")->getFont())
+        << "the player's own line stands out";
+    EXPECT_EQ(driver.widget("left4")->getFont(), driver.widget("right1")->getFont());
+}
+
+TEST_F(CombatReportScreen, KeepsTheFirstOfTooMany) {
+    makeReport(25, 1);
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    EXPECT_EQ(driver.text("left61"), "Tommy 20 - Kills: 0");
+    EXPECT_EQ(driver.text("right4"), "");
+}
+
+TEST_F(CombatReportScreen, SaysWhenThereWasNoMission) {
+    const int32_t before = Database::instance()->calendar().dateNumber();
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    EXPECT_EQ(driver.text("left1"), "(No mission played.)");
+    EXPECT_EQ(driver.text("right1"), "");
+    ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+    EXPECT_GT(Database::instance()->calendar().dateNumber(), before)
+        << "the war goes on all the same";
+}

@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "tests/app/screens/CareerDriver.h"
+
+// Every period of a war, from orders to report, through the screens.
+TEST(ScreenWar, LastsUntilTheArmistice) {
+    const PlayerHome home;
+    CareerDriver driver(home);
+    ASSERT_TRUE(driver.begin("menuButton1>MenuNewYear menuButton1>MenuNewCareer"));
+    standin::FlightOptions flight;
+    int32_t missions = 0;
+    while (!isWarOver(*Database::instance())) {
+        const int32_t before = Database::instance()->calendar().dateNumber();
+        ASSERT_TRUE(driver.takeOff());
+        flight.seed = static_cast<uint32_t>(++missions);
+        ASSERT_TRUE(driver.fly(flight));
+        ASSERT_TRUE(driver.comeBack());
+        ASSERT_GT(Database::instance()->calendar().dateNumber(), before);
+    }
+    EXPECT_EQ(driver.text("menuButton1"), "The War is over!");
+    EXPECT_GT(missions, 80);
+    EXPECT_GT(Database::instance()->player().missions, 0);
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
+    EXPECT_EQ(driver.text("menuButton1"), "The War is over!");
+}

@@ -1,0 +1,32 @@
+// Goes through the program and writes a picture of every screen into the folder named, for the
+// documents.
+#include <cstdio>
+
+#include <gtest/gtest.h>
+
+#include "engine/core/Platform.h"
+#include "engine/graphics/Canvas.h"
+#include "tests/app/screens/CareerDriver.h"
+#include "tests/app/screens/ScreenTour.h"
+#include "tests/engine/menu/GoldenPicture.h"
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: screenshots FOLDER\n");
+        return 2;
+    }
+    testing::InitGoogleTest();
+    const std::string folder = argv[1];
+    const PlayerHome home;
+    CareerDriver driver(home, 1, true);
+    bool written = driver.screens->untilIdle("MenuMain");
+    const auto visit = [&](const std::string& name) {
+        driver.screens->moveTo(5, 5);
+        driver.screens->step();
+        driver.screens->step();
+        const std::vector<uint8_t> pixels = zel::Canvas::getInstance().readPixels();
+        written = !pixels.empty() &&
+                  writePicture(folder + "/" + name + ".png", pixels, 1024, 768) && written;
+    };
+    return tourScreens(driver, home, visit) && written ? 0 : 1;
+}
