@@ -131,9 +131,13 @@ int compare(const std::string& program, bool enforce) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 2 && std::strcmp(argv[1], "--ours") == 0)
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const auto has = [&](const char* word) {
+        return std::find(arguments.begin(), arguments.end(), word) != arguments.end();
+    };
+    if (has("--ours"))
         return startOurs();
-    if (argc == 2 && std::strcmp(argv[1], "--bare") == 0)
+    if (has("--bare"))
         return startBare();
-    return compare(argv[0], argc == 2 && std::strcmp(argv[1], "--enforce") == 0);
+    return compare(argv[0], has("--enforce"));
 }

@@ -1,6 +1,6 @@
 # Runs the programs of benchmarks, one after the other, and fails behind the last one if a limit was
-# broken. Takes PROGRAMS, and SCREEN_PROGRAM with the command DISPLAY that gives it a display; each
-# is a list.
+# broken. Takes PROGRAMS, and SCREEN_PROGRAMS with the command DISPLAY that gives them a display;
+# each is a list.
 set(ENV{LIBGL_ALWAYS_SOFTWARE} 1)
 set(ENV{SDL_AUDIODRIVER} dummy)
 set(arguments --enforce --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true)
@@ -11,10 +11,12 @@ foreach(program ${PROGRAMS})
     list(APPEND failed ${program})
   endif()
 endforeach()
-execute_process(COMMAND ${DISPLAY} ${SCREEN_PROGRAM} ${arguments} RESULT_VARIABLE result)
-if(NOT result EQUAL 0)
-  list(APPEND failed ${SCREEN_PROGRAM})
-endif()
+foreach(program ${SCREEN_PROGRAMS})
+  execute_process(COMMAND ${DISPLAY} ${program} ${arguments} RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    list(APPEND failed ${program})
+  endif()
+endforeach()
 if(failed)
   message(FATAL_ERROR "Limits broken, or no result: ${failed}")
 endif()
