@@ -66,21 +66,18 @@ public:
     void records(std::vector<Record>& result, const Look& look) {
         const auto count = static_cast<uint32_t>(number());
         const auto held = std::min<size_t>(count, static_cast<size_t>(left) / sizeof(Record));
-        result.clear();
-        result.reserve(held);
-        // By way of a piece that stays in the cache: cheaper than making empty records first.
-        constexpr size_t PieceLength = PieceSize / sizeof(Record);
-        auto* piece = reinterpret_cast<Record*>(bytes);
-        while (result.size() < held) {
-            const size_t size = std::min(PieceLength, held - result.size());
-            take(piece, static_cast<int32_t>(size * sizeof(Record)));
+        result.resize(held); // those of a career before it are overwritten
+        // By pieces that are looked at while they are in the cache.
+        constexpr size_t PieceLength = 131072 / sizeof(Record);
+        for (size_t done = 0; done < held;) {
+            const size_t end = std::min(done + PieceLength, held);
+            take(&result[done], static_cast<int32_t>((end - done) * sizeof(Record)));
             if (endedEarly)
-                break;
-            for (size_t i = 0; i < size; ++i) {
-                endTexts(piece[i]);
-                look(piece[i]);
+                return result.resize(done);
+            for (; done < end; ++done) {
+                endTexts(result[done]);
+                look(result[done]);
             }
-            result.insert(result.end(), piece, piece + size);
         }
         if (held < count)
             end();
@@ -107,8 +104,6 @@ private:
     zel::File& file;
     int32_t left; // bytes
     bool endedEarly = false;
-    static constexpr size_t PieceSize = 131072;
-    alignas(8) char bytes[PieceSize]; // of records on their way
 };
 
 void logRepair(const zel::String& what) { zel::log(what, "Database", zel::LogWarning); }
@@ -121,12 +116,22 @@ template <typename Index> void checkIndex(Index& index, size_t count, Index none
     }
 }
 
+/// Whether each of a file's references names a data line or none; asked without a branch, since
+/// there are hundreds of thousands of them.
+bool areLines(const int32_t (&lines)[LineReferenceCount], size_t size) {
+    const auto count = static_cast<uint32_t>(size);
+    uint32_t wrong = 0;
+    for (const int32_t line : lines)
+        wrong |= uint32_t(static_cast<uint32_t>(line) + 1 > count);
+    return wrong == 0;
+}
+
 /// The invariants of a career that came from a file: what breaks them is put right, with a line in
 /// the log for each kind of fault.
 class CareerRepair {
 public:
-    CareerRepair(Database& career, bool pilotsAreSound)
-        : career(career), pilotsAreSound(pilotsAreSound) {}
+    CareerRepair(Database& career, bool pilotsAreSound, bool linesAreSound)
+        : career(career), pilotsAreSound(pilotsAreSound), linesAreSound(linesAreSound) {}
 
     /// False if there is nothing that a career could go on from.
     bool run() {
@@ -146,10 +151,13 @@ public:
 private:
     void repairFiles() {
         int32_t faults = 0;
-        for (SquadronFile& file : career.squadronFiles)
-            faults += repairLines(file.lines);
+        if (!linesAreSound) {
+            for (SquadronFile& file : career.squadronFiles)
+                repairLines(file.lines, faults);
+            for (PilotFile& file : career.pilotFiles)
+                repairLines(file.lines, faults);
+        }
         for (PilotFile& file : career.pilotFiles) {
-            faults += repairLines(file.lines);
             checkIndex(file.pilotIndex, career.pilots.size(), -1, faults);
             const uint8_t joined = file.pilotIndex >= 0 ? 1 : 0;
             faults += file.joined != joined;
@@ -158,17 +166,9 @@ private:
         report(faults, " references of the data files led nowhere");
     }
 
-    /// The number of references put right. Most files have none: they are asked without a branch.
-    int32_t repairLines(int32_t (&lines)[LineReferenceCount]) const {
-        const auto count = static_cast<uint32_t>(career.dataLines.size());
-        uint32_t wrong = 0;
-        for (const int32_t line : lines)
-            wrong |= uint32_t(static_cast<uint32_t>(line) + 1 > count);
-        int32_t faults = 0;
-        if (wrong != 0)
-            for (int32_t& line : lines)
-                checkIndex(line, count, -1, faults);
-        return faults;
+    void repairLines(int32_t (&lines)[LineReferenceCount], int32_t& faults) const {
+        for (int32_t& line : lines)
+            checkIndex(line, career.dataLines.size(), -1, faults);
     }
 
     void repairPilots() {
@@ -261,6 +261,7 @@ private:
 
     Database& career;
     bool pilotsAreSound; // their squadrons and files were looked at while they were read
+    bool linesAreSound;  // likewise the lines of the data files
     int32_t allFaults = 0;
 };
 
@@ -327,7 +328,6 @@ bool Database::writeSave(const zel::String& name) {
 }
 
 bool Database::loadFile(const zel::String& name) {
-    clearRecords(*this);
     createSaveFolders();
     zel::File file(zel::getUserDirectory() + name, zel::FileRead);
     SaveReader reader(file);
@@ -338,6 +338,7 @@ bool Database::loadFile(const zel::String& name) {
         *value = reader.number();
     const auto refuse = [&](const char* reason) {
         clearRecords(*this);
+        damagedFile = zel::getUserDirectory() + name;
         if (careerNumber == 0) // or every career to come would have this one
             careerNumber = random.getInt(0, LastCareerNumber);
         zel::log("File " + name + reason, "Database", zel::LogWarning);
@@ -360,8 +361,12 @@ bool Database::loadFile(const zel::String& name) {
     if (reader.hasEndedEarly()) // no war can go on without its men
         return refuse(" is no save game");
     reader.records(dataLines);
-    reader.records(squadronFiles);
-    reader.records(pilotFiles);
+    bool linesAreSound = true;
+    const auto lookAtLines = [&](const auto& record) {
+        linesAreSound = linesAreSound && areLines(record.lines, dataLines.size());
+    };
+    reader.records(squadronFiles, lookAtLines);
+    reader.records(pilotFiles, lookAtLines);
     for (int32_t* value :
          {&invitationYear, &invitationMonth, &invitationSquadron, &previousInvitation})
         *value = reader.number();
@@ -371,7 +376,7 @@ bool Database::loadFile(const zel::String& name) {
     }
     const bool pilotsAreSound =
         highestSquadron < squadrons.size() && highestFile <= pilotFiles.size();
-    CareerRepair repair(*this, pilotsAreSound);
+    CareerRepair repair(*this, pilotsAreSound, linesAreSound);
     if (!repair.run())
         return refuse(" is no save game");
     damagedFile = reader.hasEndedEarly() || repair.hasRepaired() ? zel::getUserDirectory() + name

@@ -8,14 +8,13 @@ namespace zel {
 
 namespace {
 
-bool isBefore(const system::DirectoryEntry& a, const system::DirectoryEntry& b) {
+bool isBefore(std::string_view a, std::string_view b) {
     const auto byte = [](char character) { return static_cast<unsigned char>(lower(character)); };
-    const auto difference =
-        std::mismatch(a.name.begin(), a.name.end(), b.name.begin(), b.name.end(),
-                      [&](char x, char y) { return byte(x) == byte(y); });
-    if (difference.first != a.name.end() && difference.second != b.name.end())
+    const auto difference = std::mismatch(a.begin(), a.end(), b.begin(), b.end(),
+                                          [&](char x, char y) { return byte(x) == byte(y); });
+    if (difference.first != a.end() && difference.second != b.end())
         return byte(*difference.first) < byte(*difference.second);
-    return a.name.size() != b.name.size() ? a.name.size() < b.name.size() : a.name < b.name;
+    return a.size() != b.size() ? a.size() < b.size() : a < b;
 }
 
 bool isSeparator(char character) { return character == '\\' || character == '/'; }
@@ -49,8 +48,9 @@ bool fitsPattern(std::string_view name, std::string_view pattern) {
     return p == pattern.size();
 }
 
-void Directory::list(const String& path, const String& pattern) {
-    if (!system::listDirectory(path, entries))
+bool Directory::list(const String& path, const String& pattern) {
+    const bool isReadable = system::listDirectory(path, entries);
+    if (!isReadable)
         log("Path not found: " + path, "Directory", LogWarning);
     entries.erase(std::remove_if(entries.begin(), entries.end(),
                                  [&](const system::DirectoryEntry& entry) {
@@ -58,12 +58,18 @@ void Directory::list(const String& path, const String& pattern) {
                                             !fitsPattern(entry.name, pattern);
                                  }),
                   entries.end());
-    std::sort(entries.begin(), entries.end(), isBefore);
+    std::sort(entries.begin(), entries.end(),
+              [](const system::DirectoryEntry& a, const system::DirectoryEntry& b) {
+                  return isBefore(a.name, b.name);
+              });
+    return isReadable;
 }
 
 bool Directory::holds(std::string_view name) const {
-    return std::any_of(entries.begin(), entries.end(),
-                       [&](const system::DirectoryEntry& entry) { return entry.name == name; });
+    const auto found = std::lower_bound(
+        entries.begin(), entries.end(), name,
+        [](const system::DirectoryEntry& a, std::string_view b) { return isBefore(a.name, b); });
+    return found != entries.end() && found->name == name;
 }
 
 bool Directory::create(const String& path) {

@@ -12,12 +12,12 @@ namespace zel {
 class Directory {
 public:
     Directory() = default;
-    /// A folder that doesn't exist is logged ("Path not found: ") and gives an empty list.
     Directory(const String& path, const String& pattern) { list(path, pattern); }
     virtual ~Directory() = default;
 
-    /// Lists anew.
-    void list(const String& path, const String& pattern);
+    /// Lists anew. False for a folder that doesn't exist or can't be read: it is logged ("Path not
+    /// found: ") and gives an empty list.
+    bool list(const String& path, const String& pattern);
     void clear() { entries.clear(); }
     int32_t count() const { return static_cast<int32_t>(entries.size()); }
     /// REQUIRES: 0 <= index < count().

@@ -56,8 +56,6 @@ public:
     /// neither the frame nor the task.
     void countTimeFromHere();
 
-    float getFrameBudget() const { return frameBudget; } // seconds
-
 private:
     struct Task {
         UpdateObject* object = nullptr;

@@ -11,12 +11,6 @@ namespace zel {
 
 namespace {
 
-Platform& drained() {
-    Platform& platform = Platform::getInstance();
-    platform.handleEvents();
-    return platform;
-}
-
 int32_t toDesignX(int32_t x) {
     const Window* window = Window::current();
     return window != nullptr ? static_cast<int32_t>(std::lround(window->toDesignX(x))) : x;
@@ -31,22 +25,22 @@ bool isButton(int32_t button) { return button >= 0 && button < Platform::ButtonC
 
 } // namespace
 
-int32_t Mouse::getX() { return toDesignX(drained().mouseX); }
-int32_t Mouse::getY() { return toDesignY(drained().mouseY); }
+int32_t Mouse::getX() { return toDesignX(Platform::drained().mouseX); }
+int32_t Mouse::getY() { return toDesignY(Platform::drained().mouseY); }
 
 bool Mouse::isButtonDown(int32_t button) {
-    const Platform& platform = drained();
+    const Platform& platform = Platform::drained();
     return isButton(button) && platform.buttonDown[static_cast<size_t>(button)] != 0;
 }
 
 bool Mouse::isButtonHit(int32_t button) {
-    Platform& platform = drained();
+    Platform& platform = Platform::drained();
     return isButton(button) &&
            std::exchange(platform.buttonHit[static_cast<size_t>(button)], 0) != 0;
 }
 
 void Mouse::consumeHits() {
-    Platform& platform = drained();
+    Platform& platform = Platform::drained();
     platform.buttonDown.fill(0);
     platform.buttonHit.fill(0);
     platform.visibleTaps.clear();
@@ -55,9 +49,9 @@ void Mouse::consumeHits() {
         press.seen = true;
 }
 
-int32_t Mouse::getMoveX() { return std::exchange(drained().mouseMoveX, 0); }
-int32_t Mouse::getMoveY() { return std::exchange(drained().mouseMoveY, 0); }
-int32_t Mouse::takeWheel() { return std::exchange(drained().wheel, 0); }
+int32_t Mouse::getMoveX() { return std::exchange(Platform::drained().mouseMoveX, 0); }
+int32_t Mouse::getMoveY() { return std::exchange(Platform::drained().mouseMoveY, 0); }
+int32_t Mouse::takeWheel() { return std::exchange(Platform::drained().wheel, 0); }
 
 bool Mouse::wasTapped(int32_t button, int32_t x, int32_t y, int32_t width, int32_t height) {
     const auto isInside = [&](int32_t windowX, int32_t windowY) {
@@ -65,7 +59,7 @@ bool Mouse::wasTapped(int32_t button, int32_t x, int32_t y, int32_t width, int32
         const int32_t pointY = toDesignY(windowY);
         return x <= pointX && pointX < x + width && y <= pointY && pointY < y + height;
     };
-    const auto& taps = drained().visibleTaps;
+    const auto& taps = Platform::drained().visibleTaps;
     return std::any_of(taps.begin(), taps.end(), [&](const Tap& tap) {
         return tap.button == button && isInside(tap.pressX, tap.pressY) &&
                isInside(tap.releaseX, tap.releaseY);

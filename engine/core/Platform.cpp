@@ -41,16 +41,6 @@ int32_t engineButton(int32_t sdlButton) {
     return button == 2 ? 3 : button == 3 ? 2 : button;
 }
 
-Key keyOf(const SDL_keysym& pressed) {
-    Key key;
-    key.symbol = pressed.sym;
-    key.unicode = pressed.unicode;
-    key.character = pressed.unicode < 256 ? static_cast<char>(pressed.unicode) : '\0';
-    key.printable = static_cast<uint32_t>(key.unicode) - 32 < 224;
-    key.shift = (pressed.mod & KMOD_SHIFT) != 0;
-    return key;
-}
-
 bool isAltEnter(const SDL_keysym& pressed) {
     return (pressed.mod & KMOD_ALT) != 0 &&
            (pressed.sym == SDLK_RETURN || pressed.sym == SDLK_KP_ENTER);
@@ -104,6 +94,12 @@ Platform::~Platform() {
     SDL_Quit();
 }
 
+Platform& Platform::drained() {
+    Platform& platform = getInstance();
+    platform.handleEvents();
+    return platform;
+}
+
 void Platform::handleEvents(bool wait) {
     if (!hasVideo)
         return;
@@ -147,9 +143,19 @@ void Platform::handleEvent(const SDL_Event& event) {
     }
 }
 
+Key Platform::makeKey(int32_t symbol, int32_t unicode) {
+    Key key;
+    key.symbol = symbol;
+    key.unicode = unicode;
+    key.character = unicode < 256 ? static_cast<char>(unicode) : '\0';
+    key.printable = static_cast<uint32_t>(unicode) - 32 < 224;
+    return key;
+}
+
 void Platform::keyDownEvent(const SDL_Event& event) {
     const SDL_keysym& pressed = event.key.keysym;
-    Key key = keyOf(pressed);
+    Key key = makeKey(pressed.sym, pressed.unicode);
+    key.shift = (pressed.mod & KMOD_SHIFT) != 0;
     if (key.symbol >= 0 && key.symbol < KeyCount) {
         key.repeated = keyDown[static_cast<size_t>(key.symbol)] != 0;
         keyDown[static_cast<size_t>(key.symbol)] = 1;

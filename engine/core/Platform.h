@@ -104,6 +104,9 @@ private:
     Platform();
     ~Platform();
 
+    /// The platform when it has taken the events that wait: every query begins so.
+    static Platform& drained();
+    static Key makeKey(int32_t symbol, int32_t unicode);
     void keyDownEvent(const SDL_Event& event);
     void keyUpEvent(const SDL_Event& event);
     void buttonEvent(const SDL_Event& event);

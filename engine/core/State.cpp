@@ -16,8 +16,7 @@ float usableSpeed(float speed) { return speed > 0 ? speed : 1; }
 
 } // namespace
 
-State::State(const String& name, int32_t flags)
-    : name(name), drawnOnTop((flags & DrawnOnTop) != 0), flags(flags) {
+State::State(const String& name, int32_t flags) : name(name), flags(flags) {
     StatesMachine::getInstance().registerState(this);
 }
 

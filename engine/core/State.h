@@ -57,27 +57,18 @@ public:
 
     /// Lengths of the phases in seconds, before the division by the global speeds; 0.5 at first.
     void setFadeTimes(float fadeOut, float crossFade, float fadeIn);
-    void setFadeOutTime(float seconds) { fadeOutTime = seconds; }
-    void setCrossFadeTime(float seconds) { crossFadeTime = seconds; }
-    void setFadeInTime(float seconds) { fadeInTime = seconds; }
-    float getFadeOutTime() const { return fadeOutTime; }
-    float getCrossFadeTime() const { return crossFadeTime; }
-    float getFadeInTime() const { return fadeInTime; }
 
     /// The speeds of all states: fade-out and fade-in are divided by the first, cross-fades by the
     /// other. 1.0 at first; a speed that isn't above 0 is taken as 1.0.
     static void setFadeSpeed(float speed);
     static void setCrossFadeSpeed(float speed);
-    static float getFadeSpeed() { return fadeSpeed; }
-    static float getCrossFadeSpeed() { return crossFadeSpeed; }
 
     int32_t getContentPhase() const { return contentPhase; }     // 0 entering, 1 leaving
     float getContentProgress() const { return contentProgress; } // 0 to 1, for effects of its own
     int32_t getOpacityPhase() const { return opacityPhase; }     // 0 entering, 1 leaving
     float getOpacity() const { return opacity; }                 // 0 to 1
     int32_t getOpacityByte() const { return static_cast<int32_t>(opacity * 255); }
-    bool isDrawnOnTop() const { return drawnOnTop; }
-    int32_t getFlags() const { return flags; }
+    bool isDrawnOnTop() const { return (flags & DrawnOnTop) != 0; }
     /// Since its construction.
     const Timer& getStateTimer() const { return stateTimer; }
 
@@ -109,7 +100,6 @@ private:
     float contentProgress = 1;
     int32_t opacityPhase = 0;
     float opacity = 1;
-    bool drawnOnTop;
     Timer stateTimer;
     std::map<String, String> properties;
     int32_t flags;

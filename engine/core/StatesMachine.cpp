@@ -20,11 +20,16 @@ constexpr size_t HistoryLength = 128;
 
 bool beginsBackwards(const String& name) { return name.length() > 1 && name.view().front() == '<'; }
 
+/// The state that is meant, without the sign for backwards.
+String plainName(const String& name) {
+    return beginsBackwards(name) ? String(name.view().substr(1)) : name;
+}
+
 /// How far a phase has come, 0 to 1, and above 1 once it is over. A phase of no length that has
 /// only just begun is at its end, not over.
 float progressOf(double seconds, float length) {
-    if (length <= 0 && seconds <= 0)
-        return 1;
+    if (length <= 0)
+        return seconds > 0 ? 2 : 1;
     const double progress = seconds / static_cast<double>(length);
     return progress > 1 ? 2.0F : std::max(0.0F, static_cast<float>(progress));
 }
@@ -68,16 +73,14 @@ void StatesMachine::unregisterState(State* state) {
 }
 
 State* StatesMachine::findState(const String& name) const {
-    const auto found = states.find(beginsBackwards(name) ? String(name.view().substr(1)) : name);
+    const auto found = states.find(plainName(name));
     return found != states.end() ? found->second : nullptr;
 }
 
 State* StatesMachine::getState(const String& name) const {
     State* state = findState(name);
     if (state == nullptr)
-        log("Requested state " + (beginsBackwards(name) ? String(name.view().substr(1)) : name) +
-                " is unknown",
-            Category, LogWarning);
+        log("Requested state " + plainName(name) + " is unknown", Category, LogWarning);
     return state;
 }
 
@@ -98,7 +101,8 @@ void StatesMachine::changeState(State* target) {
     }
     previousState = activeState;
     activeState = target;
-    newStateOnTop = target->drawnOnTop || previousState == nullptr || !previousState->drawnOnTop;
+    newStateOnTop =
+        target->isDrawnOnTop() || previousState == nullptr || !previousState->isDrawnOnTop();
     phase = FadeOut;
     phaseTime0 = 0;
     phaseTime1 = 0;

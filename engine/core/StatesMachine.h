@@ -55,7 +55,6 @@ public:
     bool isSettled() const { return phase == Idle && stateCalls.empty(); }
     /// Names of the states entered, oldest first, at most 128.
     const std::vector<String>& getHistory() const { return history; }
-    const Timer& getStateTimer() const { return stateTimer; } // since the last change of state
 
     void setInputSettings(int32_t a, int32_t b, int32_t c, int32_t d);
     const std::array<int32_t, 4>& getInputSettings() const { return inputSettings; }
@@ -117,7 +116,7 @@ private:
     float phaseTime1 = 0;
     float phaseTime2 = 0;
     Timer transitionTimer;
-    Timer stateTimer;
+    Timer stateTimer; // since the last change of state
     std::array<int32_t, 4> inputSettings{1, 15, 120, 0};
     std::vector<String> history;
     std::deque<StateCall> stateCalls;

@@ -47,7 +47,7 @@ String absolutePath(const String& path);
 FILE* openFile(const String& path, const char* mode);
 FileStatus fileStatus(const String& path);
 bool isDirectory(const String& path);
-/// The folder's entries in no order, without "." and ".."; false if there is no such folder.
+/// The folder's entries in no order, without "." and ".."; false if it can't be read.
 bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries);
 /// True if the folder exists afterwards. Its parent must exist.
 bool createDirectory(const String& path);

@@ -169,8 +169,8 @@ bool isDirectory(const String& path) {
 
 bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     entries.clear();
-    const std::string folder = nativePath(path);
-    DIR* directory = opendir(folder.empty() ? "." : folder.c_str());
+    const std::string folder = path.empty() ? "." : nativePath(path);
+    DIR* directory = opendir(folder.c_str());
     if (directory == nullptr)
         return false;
     while (const dirent* entry = readdir(directory)) {

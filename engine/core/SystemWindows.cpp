@@ -103,7 +103,7 @@ bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     WIN32_FIND_DATAA data;
     const HANDLE search = FindFirstFileA(((path.empty() ? "." : path) + "\\*").c_str(), &data);
     if (search == INVALID_HANDLE_VALUE)
-        return isDirectory(path);
+        return GetLastError() == ERROR_FILE_NOT_FOUND; // a drive without entries
     do {
         const std::string name = data.cFileName;
         if (name != "." && name != "..")

@@ -272,7 +272,6 @@ bool Window::pollQuit() {
 void Window::setTitle(const String& title) { SDL_WM_SetCaption(title.c_str(), nullptr); }
 
 void Window::invalidate() { Canvas::getInstance().invalidate(); }
-Canvas* Window::getCanvas() const { return &Canvas::getInstance(); }
 
 bool Window::hasMouseFocus() { return hasState(SDL_APPMOUSEFOCUS); }
 bool Window::hasInputFocus() { return hasState(SDL_APPINPUTFOCUS); }

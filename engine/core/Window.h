@@ -11,7 +11,6 @@ struct SDL_Surface;
 namespace zel {
 
 class Bitmap;
-class Canvas;
 
 /// Where a picture of the design's size lies in a window, scaled alike in both directions.
 struct Letterbox {
@@ -74,8 +73,6 @@ public:
     void resize(int32_t newWidth, int32_t newHeight);
     /// The system has spoilt the window's content: the next frame is drawn in any case.
     void invalidate();
-
-    Canvas* getCanvas() const;
 
     // What SDL_GetAppState tells; all true without a window.
     static bool hasMouseFocus();

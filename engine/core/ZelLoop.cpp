@@ -52,16 +52,14 @@ class SyncHandler : public UpdateObject {
 public:
     void update() override {}
 
+    /// Takes its place, should it have none.
     void join(HighLevelScheduler& scheduler) {
+        if (scheduler.hasTask(this))
+            return;
         scheduler.addTask(this, nullptr);
         scheduler.setTaskName(this, "SyncHandler");
         scheduler.setTaskPriority(this, 6);
         console("added SyncHandler to global scheduler");
-    }
-    /// Takes its place again, should the scheduler have been ended while it was suspended.
-    void resume(HighLevelScheduler& scheduler) {
-        if (!scheduler.hasTask(this))
-            join(scheduler);
     }
 };
 
@@ -175,15 +173,14 @@ void ZelLoop::onPause() {
 
 void ZelLoop::onContinue() {
     log("onContinue called", "ZelLoop", LogInfo);
-    if (!paused)
+    if (currentLoop == nullptr || !paused)
         return;
     paused = false;
     if (State* state = StatesMachine::getInstance().getActiveState())
         state->onContinue();
-    if (currentLoop != nullptr)
-        currentLoop->app->onContinue();
+    currentLoop->app->onContinue();
     runResumeSteps();
-    syncHandler().resume(HighLevelScheduler::getInstance());
+    syncHandler().join(HighLevelScheduler::getInstance());
     Canvas::getInstance().invalidate();
     log("onContinue finished", "ZelLoop", LogInfo);
 }

@@ -42,8 +42,6 @@ public:
     static void onPause();
     static void onContinue();
 
-    static const Timer& getApplicationTimer() { return applicationTimer; }
-
 private:
     static std::vector<std::unique_ptr<UpdateObject>>& persistentObjects();
 

@@ -46,6 +46,21 @@ TEST(UserDirectory, FollowsTheEnvironment) {
 }
 #endif
 
+#ifndef _WIN32
+TEST(System, ListsTheCurrentDirectoryUnderNoName) {
+    const TemporaryFolder folder;
+    const auto before = std::filesystem::current_path();
+    folder.write("folder/file", "");
+    std::filesystem::create_directory_symlink("folder", folder.path() + "/link");
+    std::filesystem::current_path(folder.path());
+    std::vector<zel::system::DirectoryEntry> entries;
+    EXPECT_TRUE(zel::system::listDirectory("", entries));
+    std::filesystem::current_path(before);
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_TRUE(entries[0].isDirectory && entries[1].isDirectory) << "a link counts as its end";
+}
+#endif
+
 TEST(System, FindsTheRunDirectory) {
     const TemporaryFolder folder;
     const auto before = std::filesystem::current_path();

@@ -146,7 +146,7 @@ TEST_F(LongWorkTest, CostsTheOtherTasksNothing) {
 }
 
 TEST_F(LongWorkTest, CostsNoFade) {
-    next.setFadeInTime(1);
+    next.setFadeTimes(0.5F, 0.5F, 1);
     machine.setActiveState(&next);
     while (std::count(told.begin(), told.end(), "bar") == 0)
         frames(1);

@@ -65,6 +65,7 @@ TEST_F(StatesMachineTest, DeliversOneCallAFrameAndFadesInBetween) {
     EXPECT_EQ(machine.getPhase(), StatesMachine::FadeOut);
     EXPECT_NEAR(first.getContentProgress(), 0.5, 0.01);
     EXPECT_EQ(first.getContentPhase(), 1);
+    EXPECT_EQ(first.getOpacityPhase(), 1);
     EXPECT_EQ(second.getOpacityByte(), 0);
     frame(51);
     EXPECT_EQ(machine.getPhase(), StatesMachine::CrossFade);
@@ -109,7 +110,7 @@ TEST_F(StatesMachineTest, ASecondEnteringHasNoFirst) {
 }
 
 TEST_F(StatesMachineTest, PhasesOfNoLengthEndAtOnce) {
-    first.setFadeTimes(0, 0, 0);
+    first.setFadeTimes(0, 0, -1); // less than nothing is no length either
     second.setFadeTimes(0, 0, 0);
     enter(first);
     machine.setActiveState(&second);

@@ -126,7 +126,10 @@ TEST_F(ZelLoopTest, QuitsByAState) {
 TEST_F(ZelLoopTest, RestartsWithEverythingNew) {
     {
         ZelLoop loop;
-        steps(loop, 10);
+        steps(loop, 60);
+        StatesMachine::getInstance().getActiveState()->setTransition("other");
+        steps(loop, 2);
+        EXPECT_FALSE(StatesMachine::getInstance().isSettled()) << "in the midst of a change";
         ZelLoop::restart();
         EXPECT_TRUE(loop.run());
     }
@@ -162,6 +165,17 @@ TEST_F(ZelLoopTest, PausesOnce) {
     EXPECT_EQ(lines.linesWith("onContinue finished"), 1);
     EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U) << "the rare task is back";
     setSuspendStep(ShutdownStep::Sounds, nullptr, nullptr);
+}
+
+TEST_F(ZelLoopTest, GoesOnOnlyWhereSomethingRuns) {
+    {
+        ZelLoop loop;
+        ZelLoop::onPause();
+    }
+    ZelLoop::onContinue();
+    EXPECT_FALSE(HighLevelScheduler::exists());
+    ZelLoop loop;
+    EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U) << "the rare task, once";
 }
 
 } // namespace
