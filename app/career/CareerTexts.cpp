@@ -18,9 +18,12 @@ zel::String scoreLine(const Database& career, int32_t index) {
            (index == career.playerPilot ? " (you!)" : "") + ": " + pilot.shotdowns;
 }
 
+const Pilot& playerOf(const Database& career) {
+    return career.pilots[static_cast<size_t>(career.playerPilot)];
+}
+
 const Squadron& playersSquadron(const Database& career) {
-    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
-    return career.squadrons[static_cast<size_t>(player.squadron)];
+    return career.squadrons[static_cast<size_t>(playerOf(career).squadron)];
 }
 
 } // namespace
@@ -37,8 +40,7 @@ zel::String startDateText(int32_t year, int32_t month) {
 }
 
 zel::String pilotNameText(const Database& career) {
-    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
-    return zel::String("Your pilot's name: ") + zel::arrayText(player.name);
+    return zel::String("Your pilot's name: ") + zel::arrayText(playerOf(career).name);
 }
 
 bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }
@@ -59,7 +61,7 @@ zel::String squadronText(const Database& career) {
 }
 
 zel::String playerText(const Database& career, int32_t predecessor) {
-    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
+    const Pilot& player = playerOf(career);
     zel::String text = zel::arrayText(player.name);
     if (career.isPilot(predecessor))
         text += zel::String(", successor to ") +
@@ -68,9 +70,8 @@ zel::String playerText(const Database& career, int32_t predecessor) {
 }
 
 std::vector<zel::String> squadronLines(const Database& career, size_t most) {
-    const Pilot& player = career.pilots[static_cast<size_t>(career.playerPilot)];
     std::vector<zel::String> lines;
-    for (const int32_t pilot : career.squadronRoster(player.squadron))
+    for (const int32_t pilot : career.squadronRoster(playerOf(career).squadron))
         if (lines.size() < most)
             lines.push_back(scoreLine(career, pilot));
     return lines;

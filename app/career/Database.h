@@ -143,5 +143,5 @@ private:
     void useUpPostings(const PilotFile& file, int32_t place);
     void fillVacantSlots(int32_t squadron);
 
-    zel::String damagedFile; // the save file that the career came from, if it needed repair
+    zel::String damagedFile; // the save file that was read last, if it was not whole
 };

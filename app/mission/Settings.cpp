@@ -1,6 +1,9 @@
 #include "app/mission/Settings.h"
 
+#include <cstdio>
+
 #include "app/mission/Configuration.h"
+#include "engine/core/Directory.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 
@@ -19,6 +22,16 @@ Start& start() {
     return instance;
 }
 
+zel::String startFile() { return start().folder + "\\" + FileName; }
+
+bool canWriteHere() {
+    FILE* trial = zel::system::openFile(FileName, "ab");
+    if (trial == nullptr)
+        return false;
+    std::fclose(trial);
+    return zel::system::removeFile(FileName);
+}
+
 } // namespace
 
 void noteStartFolder() {
@@ -33,15 +46,18 @@ void loadSettings() {
     Configuration::load(FileName);
     if (start().folder.empty())
         return;
-    Configuration::load(start().folder + "\\" + FileName);
+    Configuration::load(startFile());
     if (!start().simulator.empty())
         Configuration::set(SimulatorKey, start().simulator);
 }
 
 zel::String settingsFileToWrite() {
+    if (!start().folder.empty() && zel::system::fileStatus(startFile()).exists)
+        return zel::system::absolutePath(startFile());
     const bool isBesideProgram =
         zel::system::currentDirectory() == zel::system::executableDirectory();
-    if (isBesideProgram || zel::system::fileStatus(FileName).exists)
+    if (zel::system::fileStatus(FileName).exists || (isBesideProgram && canWriteHere()))
         return zel::system::absolutePath(FileName);
+    zel::Directory::create(zel::getUserDirectory()); // no editor would
     return zel::system::absolutePath(zel::getUserDirectory() + FileName);
 }

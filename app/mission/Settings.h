@@ -9,6 +9,7 @@
 /// To be said before the program changes its working directory.
 void noteStartFolder();
 void loadSettings();
-/// The file that a player without settings is to write, with its full path: beside the program
-/// where the program's files lie there too, else in his own folder.
+/// The file that a player is to write or to mend, with its full path: the one in the start folder
+/// or else beside the program's files, if it exists; beside these too if they lie beside the
+/// program and he may write there; else one in his own folder, which is made.
 zel::String settingsFileToWrite();

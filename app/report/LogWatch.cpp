@@ -14,8 +14,12 @@ void logLook(const zel::String& message) {
 
 } // namespace
 
+// A folder that can't be read just now looks empty: forgetting its logs would make all of them new
+// at the next look, and an old report could be carried into the career once more.
 void LogWatch::begin(const zel::String& folder) {
-    remember(folder, zel::Directory(folder, FirstPiecePattern));
+    zel::Directory present;
+    if (present.list(folder, FirstPiecePattern))
+        known = present;
     settle();
 }
 
@@ -24,17 +28,12 @@ void LogWatch::settle() {
     growing = false;
 }
 
-// A folder that can't be read just now looks empty: forgetting its logs would make all of them new
-// at the next look, and an old report could be carried into the career once more.
-void LogWatch::remember(const zel::String& folder, const zel::Directory& present) {
-    if (present.count() > 0 || zel::system::isDirectory(folder))
-        known = present;
-}
-
 std::vector<zel::String> LogWatch::look(const zel::String& folder) {
-    const zel::Directory present(folder, FirstPiecePattern);
     std::vector<zel::String> names;
     growing = false;
+    zel::Directory present;
+    if (!present.list(folder, FirstPiecePattern))
+        return names;
     for (int32_t i = 0; i < present.count(); ++i) {
         const zel::String name = present.name(i);
         const auto earlier = std::find_if(lookedAt.begin(), lookedAt.end(),
@@ -53,7 +52,7 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
         }
         names.push_back(name);
     }
-    remember(folder, present);
+    known = present;
     return names;
 }
 

@@ -31,7 +31,6 @@ private:
         int32_t pieces;
         int64_t bytes; // of all pieces
     };
-    void remember(const zel::String& folder, const zel::Directory& present);
     static Extent measure(const zel::String& folder, const zel::String& name);
 
     zel::Directory known;

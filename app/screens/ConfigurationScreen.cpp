@@ -52,9 +52,9 @@ MenuConfigurationPlanes2::MenuConfigurationPlanes2()
 MenuConfiguration::MenuConfiguration()
     : ConfigurationScreen("MenuConfiguration", {preferences::sound(), preferences::fullScreen()}) {}
 
-void MenuConfiguration::reset() {
-    preferences::noteWindow(); // the keyboard may have switched it since
-    ConfigurationScreen::reset();
+void MenuConfiguration::update() {
+    if (preferences::noteWindow()) // the keyboard has switched it
+        reset();
 }
 
 void MenuConfiguration::onTurned(const Switch& turned) {

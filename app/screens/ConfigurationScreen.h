@@ -45,7 +45,7 @@ class MenuConfiguration : public ConfigurationScreen {
 public:
     MenuConfiguration();
 
-    void reset() override;
+    void update() override;
 
 protected:
     void onTurned(const Switch& turned) override;

@@ -41,7 +41,6 @@ void MenuGameCombatReport::onEnter() {
     if (report != nullptr && !report->pilots.empty()) {
         logReport(zel::String("Number of Pilots: ") + static_cast<int32_t>(report->pilots.size()));
         const ReportColumns columns = combatReportColumns(report->pilots);
-        setText("left1", " ");
         fillColumn("left", columns.left);
         fillColumn("right", columns.right);
         sheetCount = sheetsFor(columns);

@@ -3,6 +3,7 @@
 #include "app/report/CombatReport.h"
 #include "app/report/LogWatch.h"
 #include "app/screens/ScreenSounds.h"
+#include "engine/core/StatesMachine.h"
 #include "engine/core/Window.h"
 
 namespace {
@@ -31,6 +32,8 @@ void MenuGameFinishMission::onEnter() {
 void MenuGameFinishMission::update() {
     if (runningCareer() == nullptr || timer.getSeconds() <= LookInterval || !isPlayerHere())
         return;
+    if (!zel::StatesMachine::getInstance().isSettled())
+        return; // he is just going away: a report that is found now would never be shown
     if (findCombatReport(missionLogs())) {
         playScreenSound("telephone");
         setTransition("MenuGameCombatReport");

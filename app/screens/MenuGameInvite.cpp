@@ -8,7 +8,7 @@ void MenuGameInvite::onEnter() {
 }
 
 void MenuGameInvite::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
-    if (runningCareer() == nullptr)
+    if (runningCareer() == nullptr || menu->isTransitionRequested()) // or answered already
         return;
     const zel::String name = widget->getName();
     if (name == "menuButton4") {

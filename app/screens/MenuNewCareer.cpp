@@ -28,8 +28,8 @@ void MenuNewCareer::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
 
 void MenuNewCareer::startCareer() {
     Database* career = Database::instance();
-    if (career == nullptr || !career->hasCareer())
-        return;
+    if (career == nullptr || !career->hasCareer() || menu->isTransitionRequested())
+        return; // the second of two quick presses comes when all is done
     playScreenSound("stamp");
     {
         const WarProgress progress;

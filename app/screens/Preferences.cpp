@@ -17,10 +17,12 @@ void applyFullScreen() {
         window->setFullscreen(fullScreen().isOn());
 }
 
-void noteWindow() {
+bool noteWindow() {
     const zel::Window* window = zel::Window::current();
-    if (window != nullptr && window->isFullscreen() != fullScreen().isOn())
-        zel::Registry::set(fullScreen().key, window->isFullscreen() ? "1" : "0");
+    if (window == nullptr || window->isFullscreen() == fullScreen().isOn())
+        return false;
+    zel::Registry::set(fullScreen().key, window->isFullscreen() ? "1" : "0");
+    return true;
 }
 
 } // namespace preferences

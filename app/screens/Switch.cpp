@@ -2,12 +2,12 @@
 
 #include "engine/core/Registry.h"
 #include "engine/menu/Menu.h"
+#include "engine/menu/Theme.h"
 #include "engine/menu/Widget.h"
 
 namespace {
 
-/// The kind with the ending for that position; the kind itself if it ends in neither. Kinds are
-/// lower case.
+/// The kind, in lower case, with the ending for that position; unchanged if it has neither.
 zel::String kindFor(const zel::String& kind, bool on) {
     for (const std::string_view ending : {"on", "off"}) {
         const std::string_view name = kind.view();
@@ -28,12 +28,14 @@ void Switch::show(zel::Menu& menu) const {
     if (shown == nullptr)
         return;
     const zel::String kind = kindFor(shown->getKind(), on);
-    if (kind != shown->getKind())
+    const zel::Theme* theme = menu.getTheme();
+    if (kind != shown->getKind() && theme != nullptr && theme->widgets.count(kind) != 0)
         menu.setWidgetKind(widget, kind);
 }
 
 void Switch::turn(zel::Widget& pressed) const {
-    const int32_t position = zel::Registry::get(key, atFirst).toInt();
-    zel::Registry::set(key, zel::String(1 - position));
+    // Unsigned, since a number that was put in by hand may be any.
+    const auto position = static_cast<uint32_t>(zel::Registry::get(key, atFirst).toInt());
+    zel::Registry::set(key, static_cast<int32_t>(1 - position));
     pressed.reset();
 }

@@ -15,8 +15,8 @@ struct Switch {
     const char* atFirst = "1"; // as long as the player has not turned it
 
     bool isOn() const;
-    /// "Label: On" or "Label: Off". A kind whose name ends so is exchanged for its other one, so
-    /// that the plate's lamp follows.
+    /// "Label: On" or "Label: Off". A kind whose name ends so is exchanged for its other one, if
+    /// the theme has it, so that the plate's lamp follows.
     void show(zel::Menu& menu) const;
     /// Stores the other position, at once, and lets the widget come up again.
     void turn(zel::Widget& pressed) const;

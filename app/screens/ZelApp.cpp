@@ -4,6 +4,7 @@
 
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
+#include "app/mission/Settings.h"
 #include "app/screens/Application.h"
 #include "app/screens/ConfigurationScreen.h"
 #include "app/screens/MenuGameCombatReport.h"
@@ -17,7 +18,6 @@
 #include "app/screens/MenuNewCareer.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/Preferences.h"
-#include "app/mission/Settings.h"
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Log.h"
 #include "engine/core/State.h"

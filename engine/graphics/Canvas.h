@@ -58,7 +58,6 @@ public:
               uint32_t tint = 0xFFFFFFFF);
 
     void setBlend(Blend newBlend) { blend = newBlend; }
-    Blend getBlend() const { return blend; }
     /// Multiplied with the alpha of all that is drawn, 0 to 255; 255 at the start of a frame.
     void setAlpha(int32_t newAlpha);
     int32_t getAlpha() const { return alpha; }

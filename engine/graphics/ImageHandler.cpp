@@ -124,19 +124,6 @@ const ImageGroup* ImageHandler::getImageGroup(const String& name) {
     return &group;
 }
 
-const Image* ImageHandler::addPicture(const String& name, BitmapData data) {
-    auto loaded = std::make_unique<LoadedBitmap>();
-    if (bitmaps.count(name) != 0 || !loaded->bitmap.assign(std::move(data), name))
-        return nullptr;
-    loaded->lifetime = LifetimePersistent;
-    ImageDescription whole;
-    whole.name = name;
-    whole.frames.push_back(WholeBitmap);
-    registerImage(loaded->bitmap, whole);
-    bitmaps[name] = std::move(loaded);
-    return find(name);
-}
-
 void ImageHandler::releaseShortLived() {
     for (const auto& [name, loaded] : bitmaps)
         if (loaded->lifetime == LifetimeShort)

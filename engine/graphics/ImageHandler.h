@@ -36,8 +36,6 @@ public:
     const Image* getImage(const String& name);
     /// On error: null and "Map did not find imagegroup NAME" (warning).
     const ImageGroup* getImageGroup(const String& name);
-    /// A picture made by code, as an image of that name covering it. On error: null.
-    const Image* addPicture(const String& name, BitmapData data);
 
     BitmapLoadingQueue& getQueue() { return queue; }
 

@@ -39,7 +39,6 @@ public:
     const Font* getFont() const { return font; }
     const String& getText() const { return text; }
     const Rect& getRect() const { return rect; }
-    uint32_t getColor() const { return color; }
 
     /// Draws at the rectangle, moved by `offset`.
     void draw(Canvas& canvas, Point offset = {0, 0}, int32_t alpha = 255) const;

@@ -46,11 +46,15 @@ const State* partnerOf(const State& state) {
     return &state == previous ? active : nullptr;
 }
 
-/// Whether it is drawn before its partner. The lower of the two isn't drawn while it is invisible.
+/// Whether a state that is drawn comes before its partner, which isn't drawn while it is invisible.
 bool isDrawnFirst(const State& state, const State& partner) {
     const StatesMachine& machine = StatesMachine::getInstance();
     const bool isLower = machine.isNewStateOnTop() == (&state == machine.getPreviousState());
-    return isLower == ((isLower ? state : partner).getOpacity() > 0);
+    return isLower || partner.getOpacity() <= 0;
+}
+
+bool isDrawnLast(const State& state, const State& partner) {
+    return !isDrawnFirst(state, partner) || partner.getOpacity() <= 0;
 }
 
 /// Why an element can't be made; empty if it can. `kind` is "Widget" or "TextArea".
@@ -139,7 +143,7 @@ bool Menu::setText(const String& name, const String& text) {
 bool Menu::setWidgetKind(const String& name, const String& kind) {
     Widget* widget = getWidget(name);
     const bool isKnown = theme != nullptr && theme->widgets.count(kind.toLower()) != 0;
-    if (widget == nullptr || layout == nullptr || !isKnown) {
+    if (widget == nullptr || !isKnown) {
         log(widget == nullptr ? "setWidgetKind() of unknown widget " + name
                               : "setWidgetKind() to unknown kind " + kind,
             Category, LogWarning);
@@ -303,8 +307,6 @@ void Menu::linkScrollingAreas() {
 }
 
 void Menu::updateWidgets() {
-    if (widgets.empty())
-        return;
     walk.clear();
     for (const auto& [name, widget] : widgets)
         walk.push_back(widget.get());
@@ -367,24 +369,24 @@ void Menu::render() {
 void Menu::drawBackground(Canvas& canvas) {
     if (themeBackground == nullptr && getBackgroundOverlay() == nullptr)
         canvas.clear(static_cast<uint32_t>(getOpacityByte()) << 24);
-    drawPicture(canvas, &State::getThemeBackground, themeBackgroundBlend);
-    drawPicture(canvas, &State::getBackgroundOverlay, backgroundBlend);
+    drawPicture(canvas, &State::getThemeBackground, themeBackgroundBlend, isDrawnFirst);
+    drawPicture(canvas, &State::getBackgroundOverlay, backgroundBlend, isDrawnFirst);
 }
 
 void Menu::drawForeground(Canvas& canvas) {
-    drawPicture(canvas, &State::getThemeForeground, themeForegroundBlend);
-    drawPicture(canvas, &State::getForegroundOverlay, foregroundBlend);
+    drawPicture(canvas, &State::getThemeForeground, themeForegroundBlend, isDrawnLast);
+    drawPicture(canvas, &State::getForegroundOverlay, foregroundBlend, isDrawnLast);
 }
 
 // A picture that both states show is drawn once and at full strength: two screens on one desk fade
 // what lies on it, not the desk.
-void Menu::drawPicture(Canvas& canvas, OverlayOf which, Blend blend) {
+void Menu::drawPicture(Canvas& canvas, OverlayOf which, Blend blend, DrawsShared drawsShared) {
     StateOverlay* overlay = (this->*which)();
     if (overlay == nullptr)
         return;
     const State* partner = partnerOf(*this);
     const bool isShared = partner != nullptr && (partner->*which)() == overlay;
-    if (isShared && !isDrawnFirst(*this, *partner))
+    if (isShared && !drawsShared(*this, *partner))
         return;
     const int32_t alphaBefore = canvas.getAlpha();
     canvas.setBlend(blend);

@@ -89,6 +89,8 @@ protected:
 private:
     /// A picture of this state, and the same place of any state, to see whether both show it.
     using OverlayOf = StateOverlay* (State::*)() const;
+    /// Whether of two states it is the first one that draws a picture of both.
+    using DrawsShared = bool (*)(const State& state, const State& partner);
 
     void bury(std::unique_ptr<Widget> widget);
     void emptyGraveyard();
@@ -96,7 +98,7 @@ private:
     void standElements();
     void drawBackground(Canvas& canvas);
     void drawForeground(Canvas& canvas);
-    void drawPicture(Canvas& canvas, OverlayOf which, Blend blend);
+    void drawPicture(Canvas& canvas, OverlayOf which, Blend blend, DrawsShared drawsShared);
 
     Blend backgroundBlend = Blend::Normal;
     Blend foregroundBlend = Blend::Normal;

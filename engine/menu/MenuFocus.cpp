@@ -46,6 +46,14 @@ std::vector<Widget*> reachable(const Menu& menu) {
     return widgets;
 }
 
+/// The only widget besides "menuBack" that can be pressed; null if there are none or several.
+Widget* onlyWidget(const Menu& menu) {
+    std::vector<Widget*> widgets = reachable(menu);
+    widgets.erase(std::remove(widgets.begin(), widgets.end(), menu.getWidget(BackWidget)),
+                  widgets.end());
+    return widgets.size() == 1 ? widgets.front() : nullptr;
+}
+
 } // namespace
 
 Widget* nextInOrder(const Menu& menu, const Widget* from, bool backwards) {
@@ -87,7 +95,7 @@ void MenuFocus::takeKeys(Menu& menu, const std::vector<Key>& keys) {
 }
 
 void MenuFocus::takeKey(Menu& menu, const Key& key) {
-    Widget* widget = name.empty() ? nullptr : menu.getWidget(name);
+    Widget* widget = menu.getWidget(name);
     if (widget != nullptr && key.symbol != KeyTab && key.symbol != KeyEscape &&
         key.symbol != KeyReturn && key.symbol != KeyEnter && widget->takeKey(key))
         return;
@@ -101,11 +109,19 @@ void MenuFocus::takeKey(Menu& menu, const Key& key) {
     if (target != nullptr)
         give(menu, *target);
     // A key that is held down hits once: the next screen must not be hit by its repetitions.
+    if (!key.repeated)
+        takeHitKey(menu, key);
+}
+
+void MenuFocus::takeHitKey(Menu& menu, const Key& key) {
     const bool isHit = key.symbol == KeyReturn || key.symbol == KeyEnter || key.symbol == KeySpace;
-    if (!key.repeated && isHit && widget != nullptr)
+    const bool isEscape = key.symbol == KeyEscape;
+    if (isHit && menu.getWidget(name) != nullptr)
         menu.hitWidget(name);
-    if (!key.repeated && key.symbol == KeyEscape)
-        menu.hitWidget(BackWidget);
+    else if (isHit || (isEscape && !menu.hitWidget(BackWidget))) {
+        if (const Widget* only = onlyWidget(menu))
+            menu.hitWidget(only->getName());
+    }
 }
 
 void MenuFocus::give(Menu& menu, const Widget& widget) {
@@ -117,7 +133,7 @@ void MenuFocus::give(Menu& menu, const Widget& widget) {
 }
 
 void MenuFocus::clear(Menu& menu) {
-    if (Widget* widget = name.empty() ? nullptr : menu.getWidget(name))
+    if (Widget* widget = menu.getWidget(name))
         widget->setFocused(false);
     name = String();
 }

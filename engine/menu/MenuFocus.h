@@ -10,10 +10,10 @@ namespace zel {
 class Menu;
 class Widget;
 struct Key;
-struct Place;
 
 /// The keyboard's way through a menu. Tab and the arrow keys move a focus from widget to widget,
-/// Enter and Space hit the one that has it, Escape hits "menuBack". All of it ends in
+/// Enter and Space hit the one that has it, Escape hits "menuBack". Where there is nothing of the
+/// kind they hit the only widget besides "menuBack" that can be pressed. All of it ends in
 /// Menu::hitWidget, as the mouse does.
 class MenuFocus {
 public:
@@ -29,6 +29,7 @@ public:
 
 private:
     void takeKey(Menu& menu, const Key& key);
+    void takeHitKey(Menu& menu, const Key& key);
     void give(Menu& menu, const Widget& widget);
 
     String name; // of the widget; empty for none

@@ -53,8 +53,6 @@ SoundHandler::SoundHandler() : mixer(std::make_unique<SoundMixer>()) {
         ShutdownStep::Sounds, [] { getInstance().suspend(); }, [] { getInstance().resume(); });
 }
 
-SoundHandler::~SoundHandler() { closeDevice(); }
-
 void SoundHandler::openDevice() {
     if (deviceTried)
         return;

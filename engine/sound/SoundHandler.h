@@ -44,7 +44,7 @@ public:
 
 private:
     SoundHandler();
-    ~SoundHandler();
+    ~SoundHandler() = default;
 
     void openDevice();
     void closeDevice();

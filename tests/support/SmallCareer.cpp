@@ -73,10 +73,3 @@ uint64_t hashOf(std::string_view bytes) {
         hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
     return hash;
 }
-
-Pilot* findPilot(Database& career, std::string_view name) {
-    for (Pilot& pilot : career.pilots)
-        if (zel::arrayText(pilot.name) == name)
-            return &pilot;
-    return nullptr;
-}

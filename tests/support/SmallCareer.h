@@ -40,6 +40,3 @@ private:
 
 /// FNV-1a of 64 bits, to pin long contents by one number.
 uint64_t hashOf(std::string_view bytes);
-
-/// A pilot of the career by his name; null if there is none.
-Pilot* findPilot(Database& career, std::string_view name);

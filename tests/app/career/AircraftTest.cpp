@@ -82,15 +82,15 @@ constexpr Row CentralRows[] = {
 };
 
 TEST_F(Aircraft, DrawsEveryPeriodByItsShares) {
-    const auto check = [this](bool allied, const Row& expected) {
-        for (const int32_t month : {expected.from, expected.to})
-            EXPECT_EQ(row(allied, month / 100, month % 100, expected.denominator), expected.planes)
-                << month;
+    const auto check = [this](bool allied, const auto& rows) {
+        for (const Row& expected : rows)
+            for (const int32_t month : {expected.from, expected.to})
+                EXPECT_EQ(row(allied, month / 100, month % 100, expected.denominator),
+                          expected.planes)
+                    << month;
     };
-    for (const Row& expected : AlliedRows)
-        check(true, expected);
-    for (const Row& expected : CentralRows)
-        check(false, expected);
+    check(true, AlliedRows);
+    check(false, CentralRows);
 }
 
 TEST_F(Aircraft, GivesEachNationWhatItFlew) {
@@ -146,16 +146,17 @@ TEST_F(Aircraft, NamesTheTypes) {
     initPlaneNames(); // a second time clears first
     ASSERT_EQ(planeIdentifiers().size(), 24u);
     ASSERT_EQ(planeDisplayNames().size(), 24u);
-    EXPECT_EQ(planeDisplayName("dh2"), "Airco DH2");
-    EXPECT_EQ(planeDisplayName("spad7"), "SPAD VII Late");
-    EXPECT_EQ(planeDisplayName("albatrosd5"), "Albatros D. Va");
-    EXPECT_EQ(planeDisplayName("fokkerd8"), "Fokker D. VIII");
+    for (const auto& [identifier, name] : {std::pair{"dh2", "Airco DH2"},
+                                           {"spad7", "SPAD VII Late"},
+                                           {"sopdolphin", "Sopwith Dolphin"},
+                                           {"fokkere3", "Fokker E. III"},
+                                           {"albatrosd5", "Albatros D. Va"}}) {
+        EXPECT_EQ(planeDisplayName(identifier), name);
+        EXPECT_EQ(planeDisplayNames().at(size_t(planeIndex(identifier))), name);
+    }
+    EXPECT_TRUE(isAlliedPlane(planeIndex("sopdolphin")) && !isAlliedPlane(planeIndex("fokkere3")));
     EXPECT_EQ(planeDisplayName("gothag5"), "gothag5");
-    EXPECT_TRUE(isAlliedPlane(planeIndex("sopdolphin")));
-    EXPECT_FALSE(isAlliedPlane(planeIndex("fokkere3")));
     EXPECT_EQ(planeIndex("gothag5"), -1);
-    for (size_t i = 0; i < planeIdentifiers().size(); ++i)
-        EXPECT_EQ(planeDisplayName(planeIdentifiers()[i]), planeDisplayNames()[i]);
 }
 
 TEST_F(Aircraft, CarriesNothingButGuns) {

@@ -104,21 +104,11 @@ TEST_F(DatabaseFiles, ReportsFoldersAndFilesItCannotRead) {
 
 TEST_F(DatabaseFiles, LivesWithFilesOfAnyBytes) {
     zel::Random noise(31);
-    const std::string pieces[] = {"date=1915",
-                                  "unit=101008",
-                                  "acelevel=1",
-                                  "=",
-                                  " ",
-                                  " ",
-                                  "\n",
-                                  "aircraft=se5a",
-                                  "skin=",
-                                  "acepotential=-99999999999",
-                                  "unit=",
-                                  "\xFF\xFE",
-                                  "\t",
-                                  "\r",
-                                  std::string(3, '\0')};
+    // clang-format off
+    const std::string pieces[] = {
+        "date=1915", "unit=101008", "acelevel=1", "=", " ", " ", "\n", "aircraft=se5a", "skin=",
+        "acepotential=-99999999999", "unit=", "\xFF\xFE", "\t", "\r", std::string(3, '\0')};
+    // clang-format on
     for (int i = 0; i < 40; ++i) {
         std::string text;
         while (text.size() < 3000)
@@ -161,15 +151,18 @@ TEST_F(DatabaseFiles, FindsThePaintOfSquadronsAndPilots) {
     world.addPilot("Karl Falke", "aircraft=fokkerdr1\nskin=red aircraft=fokkerDR1\n"
                                  "aircraft=fokkerd7 skin=blue\n");
     career.readDataFiles();
-    EXPECT_EQ(career.squadronSkin("102056", "se5a"), "a") << "the first of the first that has one";
-    EXPECT_EQ(career.squadronSkin("102056", "sopcamel"), "Pup");
-    EXPECT_EQ(career.squadronSkin("102056", "dh2"), "");
-    EXPECT_EQ(career.squadronSkin("102057", "se5a"), "");
-    EXPECT_EQ(career.pilotSkin(0, "fokkerdr1"), "red");
-    EXPECT_EQ(career.pilotSkin(0, "fokkerd7"), "blue");
-    EXPECT_EQ(career.pilotSkin(0, "fokkerd8"), "");
-    EXPECT_EQ(career.pilotSkin(-1, "fokkerd7"), "");
-    EXPECT_EQ(career.pilotSkin(1, "fokkerd7"), "");
+    for (const auto& [key, plane, skin] :
+         {std::tuple{"102056", "se5a", "a"}, // the first of the first that has one
+          {"102056", "sopcamel", "Pup"},
+          {"102056", "dh2", ""},
+          {"102057", "se5a", ""}})
+        EXPECT_EQ(career.squadronSkin(key, plane), skin) << key << plane;
+    for (const auto& [file, plane, skin] : {std::tuple{0, "fokkerdr1", "red"},
+                                            {0, "fokkerd7", "blue"},
+                                            {0, "fokkerd8", ""},
+                                            {-1, "fokkerd7", ""},
+                                            {1, "fokkerd7", ""}})
+        EXPECT_EQ(career.pilotSkin(file, plane), skin) << file << plane;
 }
 
 } // namespace

@@ -136,38 +136,43 @@ TEST_F(DatabaseHistory, APilotMovesWithTheWorstOfTheOthers) {
     EXPECT_EQ(place(), 1) << "he isn't taken back";
 }
 
-TEST_F(DatabaseHistory, APilotMayComeBack) {
-    giveFile("date=19160101 unit=101001\ndate=19160801 unit=101002\ndate=19160901 unit=101001\n");
-    kill(0, 3);
-    career.applyHistory();
-    for (const auto& [date, squadron] :
-         {std::pair{19160801, 1}, {19160831, 1}, {19160901, 0}, {19161001, 0}}) {
-        setDate(date);
-        career.applyHistory();
-        EXPECT_EQ(place(), squadron) << date;
+TEST_F(DatabaseHistory, PostingsAreUsedUpByTheirDates) {
+    const struct {
+        const char *what, *file;
+        const char* places;  // A, B or none, on the days below
+        const char* applied; // the lines that are used up then
+    } cases[] = {
+        {"he comes back",
+         "date=19160101 unit=101001\ndate=19160801 unit=101002\ndate=19160901 unit=101001\n",
+         "ABBAA", "111"},
+        {"the first joins, the second moves",
+         "date=19160101 unit=101001\ndate=19160201 unit=101002\n", "BBBBB", "11"},
+        {"the player's own lines stand behind the delivered ones",
+         "date=19160801 unit=101002\ndate=19160901 unit=101002\ndate=19160101 unit=101001\n",
+         "ABBBB", "101"},
+        {"they lead nowhere",
+         "date=19160101 unit=101009\ndate=19160101 unit=\nunit=101001\n"
+         "date=19161002 unit=101001\ndate=19160101 skin=red aircraft=dh2\n",
+         "-----", "00000"},
+    };
+    for (const auto& [what, file, expected, expectedApplied] : cases) {
+        giveFile(file);
+        kill(0, 3);
+        std::string places;
+        for (const int32_t date : {19160701, 19160801, 19160831, 19160901, 19161001}) {
+            setDate(date);
+            career.applyHistory();
+            places += "-AB"[place() + 1];
+        }
+        EXPECT_EQ(places, expected) << what;
+        std::string applied;
+        for (const DataLine& line : career.dataLines)
+            applied += line.applied != 0 ? '1' : '0';
+        EXPECT_EQ(applied, expectedApplied) << what;
+        for (Pilot& pilot : career.pilots) // for the next case nobody has a file
+            pilot.pilotFile = -1;
+        career.pilotFiles.clear();
     }
-}
-
-TEST_F(DatabaseHistory, OfTwoDueLinesTheFirstJoinsAndTheSecondMoves) {
-    giveFile("date=19160101 unit=101001\ndate=19160201 unit=101002\n");
-    kill(0, 3);
-    for (int update = 0; update < 2; ++update) {
-        career.applyHistory();
-        EXPECT_EQ(place(), 1);
-        EXPECT_TRUE(isApplied(0) && isApplied(1));
-    }
-}
-
-// The player's own lines stand behind the delivered ones.
-TEST_F(DatabaseHistory, PostingsBeforeAMoveArePastWhateverTheirPlace) {
-    giveFile("date=19160801 unit=101002\ndate=19160901 unit=101002\ndate=19160101 unit=101001\n");
-    kill(0, 3);
-    career.applyHistory();
-    setDate(19160801);
-    career.applyHistory();
-    EXPECT_EQ(place(), 1);
-    EXPECT_TRUE(isApplied(0) && isApplied(2));
-    EXPECT_FALSE(isApplied(1)) << "still to come";
 }
 
 TEST_F(DatabaseHistory, NeitherThePlayerNorAnAceGivesUpHisPlace) {
@@ -208,16 +213,6 @@ TEST_F(DatabaseHistory, ADeadPilotsFileIsReadNoMore) {
     EXPECT_FALSE(isApplied(1));
 }
 
-TEST_F(DatabaseHistory, LinesThatLeadNowhereStayPending) {
-    giveFile("date=19160101 unit=101009\ndate=19160101 unit=\nunit=101001\n"
-             "date=19160702 unit=101001\ndate=19160101 skin=red aircraft=dh2\n");
-    kill(0, 3);
-    career.applyHistory();
-    EXPECT_EQ(place(), -1);
-    for (int32_t line = 0; line < 5; ++line)
-        EXPECT_FALSE(isApplied(line)) << line;
-}
-
 TEST_F(DatabaseHistory, EveryVacantSlotGetsOneReplacement) {
     std::set<int32_t> skills;
     for (int round = 0; round < 60; ++round) {
@@ -256,13 +251,10 @@ TEST_F(DatabaseHistory, SwappedPilotsChangeTheirSlots) {
     EXPECT_FALSE(career.swapPilots(first, first));
     EXPECT_FALSE(career.swapPilots(-1, first));
     EXPECT_FALSE(career.swapPilots(first, 36));
-}
-
-TEST_F(DatabaseHistory, APilotWithoutASlotIsNotSwapped) {
     kill(1, 0);
     const int32_t dead = career.squadrons[1].slots[0];
     career.applyHistory();
-    EXPECT_FALSE(career.swapPilots(dead, 5));
+    EXPECT_FALSE(career.swapPilots(dead, 5)) << "he has no slot any more";
     EXPECT_EQ(career.squadrons[0].slots[5], 5);
     EXPECT_EQ(career.pilots[5].squadron, 0);
 }

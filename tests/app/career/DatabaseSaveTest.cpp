@@ -163,17 +163,11 @@ TEST_F(DatabaseSave, TellsWhyItRefusesAFile) {
         EXPECT_EQ(refusal(with(bytes, size_t(offset), value)), NoSave)
             << "a date of no war " << value;
     EXPECT_EQ(refusal(with(bytes, 36, 0)), NoSave) << "no squadrons";
+    EXPECT_EQ(refusal(with(with(bytes, 32, 0), 4, 3)), Newer) << "and then draws a number itself";
     fs::remove(savePath());
     const LogCapture log;
     EXPECT_FALSE(other.loadFile(SaveFileName));
     EXPECT_EQ(log.text(), NoSave) << "a missing file";
-}
-
-TEST_F(DatabaseSave, LeavesNoNumberOfNoCareer) {
-    const std::string bytes = stored();
-    EXPECT_TRUE(loads(with(bytes, 32, 0)));
-    EXPECT_EQ(other.careerNumber, 0) << "as saved; the next new career draws another";
-    refusal(with(with(bytes, 32, 0), 4, 3)); // looks for itself
 }
 
 // Every length: without all its pilots a career is refused, otherwise what is there is used.
@@ -192,35 +186,14 @@ TEST_F(DatabaseSave, ReadsAFileCutAtAnyLength) {
                 << length;
         }
     }
-    EXPECT_TRUE(loads(bytes));
+    const LogCapture warnings;
     EXPECT_TRUE(loads(bytes + "more")) << "what follows is left alone";
-}
-
-TEST_F(DatabaseSave, SaysThatAFileEndsEarly) {
-    const std::string bytes = stored();
-    const LogCapture log;
-    EXPECT_TRUE(loads(bytes.substr(0, bytes.size() - 1)));
-    EXPECT_EQ(log.linesWith("Saves/savegame_v03.wty ends early"), 1) << log.text();
     EXPECT_TRUE(loads(with(bytes, Lines - 4, -1))) << "no such count can be";
-    EXPECT_EQ(log.linesWith("ends early"), 2);
     EXPECT_EQ(other.dataLines.size(), (bytes.size() - Lines) / 269);
-}
-
-// Otherwise squadron 0, here an enemy one, would invite him at once.
-TEST_F(DatabaseSave, NobodyInvitesThePlayerByMistake) {
-    const std::string bytes = stored();
-    const LogCapture log;
-    for (const int32_t squadron : {0, 1}) {
-        EXPECT_TRUE(loads(with(bytes, Invitation + 8, squadron)));
-        EXPECT_EQ(other.invitationSquadron, -2) << "an enemy one, and his own";
-    }
-    for (const int32_t none : {-1, -2}) {
-        EXPECT_TRUE(loads(with(bytes, Invitation + 8, none)));
-        EXPECT_EQ(other.invitationSquadron, none);
-    }
     EXPECT_TRUE(loads(bytes.substr(0, Invitation)));
-    EXPECT_LT(other.invitationSquadron, 0);
-    EXPECT_LT(other.previousInvitation, 0);
+    EXPECT_TRUE(other.invitationSquadron < 0 && other.previousInvitation < 0)
+        << "or squadron 0 would invite him at once";
+    EXPECT_EQ(warnings.linesWith("Saves/savegame_v03.wty ends early"), 2) << warnings.text();
 }
 
 TEST_F(DatabaseSave, MendsWhateverAByteMayDo) {
@@ -250,61 +223,60 @@ TEST_F(DatabaseSave, MendsWhateverAByteMayDo) {
 }
 
 TEST_F(DatabaseSave, MendsWhatLeadsNowhere) {
+    constexpr const char* Player = "the player stood in no squadron";
+    constexpr const char* Places = "places in squadrons were wrong";
+    constexpr const char* PilotIndices = "pilots had no such file or squadron";
+    constexpr const char* References = "references of the data files";
+    constexpr const char* Invitations = "values of the invitation";
     struct Case {
         size_t offset;
         int32_t value;
         const char* line;
+        int32_t player = 13; // behind it
+        int32_t inviting = -2;
     };
     const std::string bytes = stored();
-    for (const Case& c : {Case{8, 24, "the player stood in no squadron"},
-                          Case{8, -1, "the player stood in no squadron"},
-                          Case{Squadrons + 232, 24, "places in squadrons were wrong"},
-                          Case{Squadrons + 232, 1, "places in squadrons were wrong"},
-                          Case{Pilots + 64, 2, "pilots had no such file or squadron"},
-                          Case{Pilots + 80, 1, "pilots had no such file or squadron"},
-                          Case{SquadronFiles + 144, 3, "references of the data files"},
-                          Case{PilotFiles + 64, 24, "references of the data files"},
-                          Case{Invitation + 4, 13, "values of the invitation"},
-                          Case{Invitation + 8, 2, "values of the invitation"},
-                          Case{Invitation + 12, -3, "values of the invitation"}}) {
+    for (const Case& c : {
+             Case{8, 24, Player, 0}, // whose nation nobody knows
+             Case{8, -1, Player, 0},
+             Case{Squadrons + 360 + 232 + 4, -1, Player, 12}, // the first of his own squadron
+             Case{Squadrons + 227, -1, Places},               // 255 were said, twelve are there
+             Case{Squadrons + 232, 24, Places}, Case{Squadrons + 232, 1, Places},
+             Case{Pilots + 64, 2, PilotIndices}, Case{Pilots + 80, 1, PilotIndices},
+             Case{SquadronFiles + 144, 3, References}, Case{PilotFiles + 64, 24, References},
+             Case{Invitation + 4, 13, Invitations}, Case{Invitation + 8, 2, Invitations},
+             Case{Invitation + 8, 0, Invitations}, // an enemy squadron
+             Case{Invitation + 8, 1, Invitations}, // his own
+             Case{Invitation + 12, -3, Invitations}, Case{Invitation + 8, -1, "", 13, -1},
+             Case{32, 0, ""}, // no number: the next new career draws one
+         }) {
         const LogCapture log;
         ASSERT_TRUE(loads(with(bytes, c.offset, c.value)));
-        EXPECT_EQ(log.linesWith(std::string(c.line)), 1) << c.offset << ": " << log.text();
+        EXPECT_TRUE(*c.line == 0 ? log.text().empty() : log.linesWith(c.line) == 1)
+            << c.offset << ": " << log.text();
         EXPECT_EQ(mendedCareerFaults(other), "") << c.offset;
+        EXPECT_EQ(other.playerPilot, c.player) << c.offset;
+        EXPECT_EQ(other.invitationSquadron, c.inviting) << c.offset;
     }
-    const LogCapture log;
-    ASSERT_TRUE(loads(with(bytes, 8, 24)));
-    EXPECT_EQ(other.playerPilot, 0) << "whose nation nobody knows";
-    ASSERT_TRUE(loads(with(bytes, Squadrons + 360 + 232 + 4, -1)));
-    EXPECT_EQ(other.playerPilot, 12) << "the first of a squadron of his nation";
-    EXPECT_EQ(other.squadrons[1].pilotCount, 11);
+    EXPECT_EQ(other.careerNumber, 0) << "as saved: the last case";
     ASSERT_TRUE(loads(with(bytes, Squadrons + 227, -1)));
-    EXPECT_EQ(other.squadrons[0].pilotCount, 12) << "255 were said, twelve are there";
+    EXPECT_EQ(other.squadrons[0].pilotCount, 12);
 }
 
 TEST_F(DatabaseSave, KeepsTheFileBefore) {
+    const LogCapture log(4);
     const std::string first = stored();
+    EXPECT_TRUE(log.holds("   0 [Database] storeFile" + world.folder.path() +
+                          "/user\\Saves/savegame_v03.wty\n"))
+        << log.text();
     career.day = 22;
-    const std::string second = stored();
-    EXPECT_TRUE(first != second);
+    EXPECT_TRUE(stored() != first);
     EXPECT_TRUE(beside(".bak") == first);
-}
-
-TEST_F(DatabaseSave, LeavesTheOldFileWhenItCannotWrite) {
-    const std::string first = stored();
-    world.folder.write("user/Saves/savegame_v03.wty.new/x", "a folder in the way");
-    career.day = 22;
-    const LogCapture log;
-    EXPECT_TRUE(career.storeFile(SaveFileName)) << "always true";
-    EXPECT_FALSE(career.writeSave(SaveFileName));
-    EXPECT_TRUE(world.savedBytes() == first);
-    EXPECT_EQ(log.linesWith("!! 0 [Database] "), 2) << log.text();
 }
 
 TEST_F(DatabaseSave, KeepsADamagedFileAside) {
     const std::string whole = stored();
     const std::string damaged = with(stored(), 8, -1);
-    ASSERT_TRUE(beside(".bak") == whole);
     const LogCapture log;
     ASSERT_TRUE(loads(damaged));
     EXPECT_TRUE(other.writeSave(SaveFileName));
@@ -315,30 +287,22 @@ TEST_F(DatabaseSave, KeepsADamagedFileAside) {
     EXPECT_TRUE(beside(".bak") == mended) << "once";
 }
 
-TEST_F(DatabaseSave, LeavesADamagedFileWhenItCannotWrite) {
-    const std::string damaged = with(stored(), 8, -1);
-    const LogCapture log;
-    ASSERT_TRUE(loads(damaged));
-    world.folder.write("user/Saves/savegame_v03.wty.new/x", "a folder in the way");
-    EXPECT_FALSE(other.writeSave(SaveFileName));
-    EXPECT_TRUE(world.savedBytes() == damaged) << "it is all that the player has";
-}
-
-TEST_F(DatabaseSave, StoresNothingWithoutACareer) {
-    const std::string bytes = stored();
+TEST_F(DatabaseSave, LeavesTheOldFileWhenItCannotWrite) {
+    const std::string whole = stored();
     const LogCapture log;
     EXPECT_TRUE(other.storeFile(SaveFileName)) << "always true";
     EXPECT_FALSE(other.writeSave(SaveFileName));
-    EXPECT_TRUE(world.savedBytes() == bytes);
     EXPECT_EQ(log.linesWith("!! 0 [Database] There is no career"), 2) << log.text();
-}
-
-TEST_F(DatabaseSave, LogsWhereItWrites) {
-    const LogCapture log(4);
-    career.storeFile(SaveFileName);
-    EXPECT_TRUE(log.holds("   0 [Database] storeFile" + world.folder.path() +
-                          "/user\\Saves/savegame_v03.wty\n"))
-        << log.text();
+    world.folder.write("user/Saves/savegame_v03.wty.new/x", "a folder in the way");
+    career.day = 22;
+    EXPECT_TRUE(career.storeFile(SaveFileName));
+    EXPECT_FALSE(career.writeSave(SaveFileName));
+    EXPECT_EQ(log.linesWith("!! 0 [Database] The career can't be written"), 2) << log.text();
+    EXPECT_TRUE(world.savedBytes() == whole);
+    const std::string damaged = with(whole, 8, -1);
+    ASSERT_TRUE(loads(damaged));
+    EXPECT_FALSE(other.writeSave(SaveFileName));
+    EXPECT_TRUE(world.savedBytes() == damaged) << "it is all that the player has";
 }
 
 } // namespace

@@ -9,11 +9,10 @@
 
 #include "app/career/Aircraft.h"
 #include "app/war/SquadronSimulator.h"
-#include "engine/core/Clock.h"
-#include "engine/core/UserDirectory.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/Draws.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
 #include "tests/support/SmallCareer.h"
 
@@ -50,20 +49,6 @@ TEST(Database, ReportsMissingNames) {
     for (const Pilot& pilot : career.pilots)
         EXPECT_EQ(names.count(nameOf(pilot)), 1u) << nameOf(pilot) << ": half of a name";
     EXPECT_EQ(log.linesWith(" w "), 2) << "said once";
-}
-
-TEST(Database, DrawsSquadronsOfTwelve) {
-    const SmallWorld world;
-    Database career;
-    career.playerPilot = 17;
-    const zel::Random before(career.random);
-    const zel::Random sharedBefore(zel::sharedRandom());
-    EXPECT_EQ(career.addSquadron(Usa), 0);
-    EXPECT_EQ(drawsBetween(before, career.random), 12 * 8) << "two names, two of skill, four";
-    EXPECT_EQ(career.addSquadron(Germany), 1);
-    EXPECT_EQ(drawsBetween(before, career.random), 24 * 8 - 4) << "the player has flown nothing";
-    EXPECT_EQ(drawsBetween(sharedBefore, zel::sharedRandom()), 2 * 2) << "map and place";
-    EXPECT_EQ(career.pilots[17].missions, 0);
 }
 
 TEST(Database, NamesPilotsOfUnknownNations) {
@@ -200,35 +185,29 @@ TEST(Database, SeedsEachDayOfEachCareer) {
 
 // The delivered data: what they say is checked elsewhere, here that every service finds its place.
 TEST(Database, CreatesCareersFromTheDeliveredData) {
-    const TemporaryFolder folder;
-    zel::setUserDirectory(folder.path());
-    zel::setTickSource([] { return 0U; });
     std::set<std::string> saves;
-    constexpr int32_t Nations[] = {France, England, Germany};
-    for (const int32_t service : {ServiceFrench, ServiceEnglish, ServiceGerman}) {
+    for (const auto& [service, nation] :
+         {std::pair{ServiceFrench, France}, {ServiceEnglish, England}, {ServiceGerman, Germany}}) {
         for (const uint32_t seed : {5U, 5U, 6U}) {
-            zel::Random::setStaticNumber(seed);
+            const PinnedRun run(seed);
             zel::Random planes;
             setPlaneRandom(&planes);
             Database career;
-            zel::seedSharedRandom(seed);
             const LogCapture log;
             career.createCareer(service);
             EXPECT_EQ(careerFaults(career), "");
             EXPECT_EQ(log.linesWith(" w ") + log.linesWith("!! "), 0) << log.text();
             EXPECT_GE(career.squadrons.size(), 400u);
             const Squadron& squadron = career.playerSquadron();
-            EXPECT_EQ(squadron.nation, Nations[service]);
+            EXPECT_EQ(squadron.nation, nation);
             EXPECT_TRUE(SquadronSimulator::hasDisplayName(
                 SquadronSimulator::squadronNumber(squadron.squadronFile)));
-            career.storeFile("save");
-            saves.insert(folder.read("save"));
+            career.storeFile(SaveFileName);
+            saves.insert(run.save());
+            setPlaneRandom(nullptr);
         }
     }
     EXPECT_EQ(saves.size(), 6u) << "the same seed gives the same bytes";
-    setPlaneRandom(nullptr);
-    zel::setTickSource(nullptr);
-    zel::setUserDirectory("");
 }
 
 } // namespace

@@ -27,6 +27,7 @@ TEST(EntireFile, HoldsTheLinesOfAFile) {
 
 TEST(EntireFile, KeepsItsLinesWhenNothingCanBeAdded) {
     const TemporaryFolder folder;
+    const LogCapture log(4);
     EntireFile file(folder.write("names", "one"));
     EXPECT_FALSE(file.appendFile(folder.path() + "/none"));
     EXPECT_FALSE(file.appendFile(folder.path())) << "a folder";
@@ -34,6 +35,8 @@ TEST(EntireFile, KeepsItsLinesWhenNothingCanBeAdded) {
     EXPECT_FALSE(file.loadFile("none"));
     EXPECT_EQ(file.lines, List());
     EXPECT_EQ(file.fileName, "none");
+    EXPECT_TRUE(log.holds(" [EntireFile] loadFile none\n"));
+    EXPECT_TRUE(log.holds(" [EntireFile] appendFile none\n"));
 }
 
 TEST(EntireFile, WritesWindowsLines) {
@@ -45,13 +48,6 @@ TEST(EntireFile, WritesWindowsLines) {
     EXPECT_TRUE(file.loadFile(folder.file("out")));
     EXPECT_EQ(file.lines, (List{"one", " two"}));
     EXPECT_FALSE(file.saveFile(folder.path() + "/none/out"));
-}
-
-TEST(EntireFile, NamesTheFilesInTheLog) {
-    const LogCapture log(4);
-    EXPECT_FALSE(EntireFile().loadFile("none"));
-    EXPECT_TRUE(log.holds(" [EntireFile] loadFile none\n"));
-    EXPECT_TRUE(log.holds(" [EntireFile] appendFile none\n"));
 }
 
 } // namespace

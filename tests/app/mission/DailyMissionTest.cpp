@@ -1,7 +1,7 @@
 #include "app/mission/DailyMission.h"
 
 #include <filesystem>
-#include <set>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,6 @@
 #include "app/mission/Configuration.h"
 #include "engine/core/File.h"
 #include "engine/core/Registry.h"
-#include "tests/app/mission/MissionLines.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
@@ -69,16 +68,6 @@ TEST(DailyMission, IsOneThatTheSimulatorWouldLoad) {
             EXPECT_TRUE(mission.hour >= 8 && mission.hour <= 17);
             EXPECT_EQ(mission.human, int32_t(mission.planes.size()) - 1) << "the player comes last";
             EXPECT_EQ(mission.planes.size(), test.generator.plan.size());
-            int32_t highest = 0;
-            for (const standin::Plane& plane : mission.planes)
-                highest = std::max(highest, plane.level);
-            EXPECT_GE(highest, mission.planes.size() > 3 ? 3 : 2);
-
-            std::set<std::string> indices;
-            const std::vector<std::string> all = valuesOf(text, "Index");
-            indices.insert(all.begin(), all.end());
-            EXPECT_EQ(indices.size(), all.size());
-            EXPECT_EQ(valuesOf(text, "LinkTrId").size(), mission.planes.size());
         }
     }
 }

@@ -10,19 +10,21 @@
 
 namespace {
 
-const char* const Template = R"(# Mission File Version = 1.0;
+// Keys stand side by side in these texts and on lines of their own in a mission.
+std::string keyALine(std::string text) {
+    for (size_t at = 0; (at = text.find("; ", at)) != text.npos; ++at)
+        text.replace(at, 2, ";\n  ");
+    return text;
+}
+
+const std::string Template = keyALine(R"(# Mission File Version = 1.0;
 Options
 {
-  LCName = 0;
-  PlayerConfig = "config";
-    Time = 9:30:0;
-  Date = 10.4.1917;
-  hmap = "graphics\landscape\height.ini";
-  Textures = "graphics\landscape\textures.ini";
-  Forests = "graphics\landscape\trees\woods.wds";
-  GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "su";
-  CloudConfig = "none";
+  LCName = 0; PlayerConfig = "config";
+    Time = 9:30:0; Date = 10.4.1917;
+  hmap = "graphics\landscape\height.ini"; Textures = "graphics\landscape\textures.ini";
+  Forests = "graphics\landscape\trees\woods.wds"; GuiMap = "swf\data\maps\15.07.1918.info";
+  SeasonPrefix = "su"; CloudConfig = "none";
   WindLayers
   {
     Time = 7;
@@ -31,147 +33,58 @@ Options
 }
 MCU_CMD_AttackArea
 {
-  Index = 7;
-  Name = "Area";
-  Objects = [1,2];
-  XPos = 1000.000;
-  YPos = 500.000;
-  ZPos = 2000.000;
+  Index = 7; Name = "Area"; Objects = [1,2]; XPos = 1000.000; YPos = 500.000; ZPos = 2000.000;
   Time = 3600;
 }
 MCU_Timer
 {
-	Index = 9;
-	Name = "Timer";
-	Objects = [];
+  Index = 9; Name = "Timer"; Objects = [];
 	XPos = 1100.125;
 	YPos = 600;
 	ZPos = 1900;
-	Time = 3;
+  Time = 3;
 }
 MCU_TR_Entity
 {
-  Index = 3;
-  Name = "Stays";
-  XPos = 1;
-  YPos = 2;
-  ZPos = 3;
+  Index = 3; Name = "Stays"; XPos = 1; YPos = 2; ZPos = 3;
 }
 Bridge
 {
-  Name = "Stays, too";
-  XPos = 4;
-  YPos = 5;
-  ZPos = 6;
+  Name = "Stays, too"; XPos = 4; YPos = 5; ZPos = 6;
 }
-)";
+)");
 
-// The same mission by the rules: 200000, 40, 60000 is the base, 1500 and -2500 the offsets. The
-// draws of seed 6 (by another MT19937) are 50, 9 and 1 for minute, hour and sky, and then as they
-// stand in the planes' places.
-const char* const Expected = R"(# Mission File Version = 1.0;
-Options
-{
-  LCName = 0;
+// The template's landscape, and what another map or season makes of it.
+const std::string Summer = keyALine(
+    R"(  hmap = "graphics\landscape\height.ini"; Textures = "graphics\landscape\textures.ini";
+  Forests = "graphics\landscape\trees\woods.wds"; GuiMap = "swf\data\maps\15.07.1918.info";
+  SeasonPrefix = "su";)");
+const std::string Other = keyALine(
+    R"(  HMap = "graphics\{folder}\height.ini"; Textures = "graphics\{folder}\textures.ini";
+  Forests = "graphics\{folder}\trees\woods.wds"; GuiMap = "{map}"; SeasonPrefix = "{season}";)");
 
-  Time = 9:50:0;
-  Date = 3.5.1917;
-{landscape}  CloudConfig = "AverageFog\sky.ini";
-  WindLayers
-  {
-    Time = 7;
-    0 :     0 :     0;
-  }
-}
-{planes}MCU_CMD_AttackArea
-{
-  Index = 7;
-  Name = "Area";
-    Objects = [11,15];
-    XPos = 201500;
-    YPos = 540;
-    ZPos = 57500;
-  Time = 3600;
-}
-MCU_Timer
-{
-	Index = 9;
-	Name = "Timer";
-	Objects = [];
-    XPos = 201600;
-    YPos = 640;
-    ZPos = 57400;
-	Time = 3;
-}
-MCU_TR_Entity
-{
-  Index = 3;
-  Name = "Stays";
-  XPos = 1;
-  YPos = 2;
-  ZPos = 3;
-}
-Bridge
-{
-  Name = "Stays, too";
-  XPos = 4;
-  YPos = 5;
-  ZPos = 6;
-}
-)";
-
-const char* const ExpectedPlane = R"(
+const std::string ExpectedPlane = keyALine(R"(
 Plane
 {
-  Name = "{name}";
-  Index = {index};
-  LinkTrId = {entity};
-  XPos = {x};
-  YPos = {y};
-  ZPos = {z};
-  XOri = 0;
-  YOri = {heading};
-  ZOri = 0;
-  Script = "LuaScripts\WorldObjects\{type}.txt";
-  Model = "graphics\planes\{type}\{type}.mgm";
-  Country = {country};
-  Desc = "ID{pilot}";
-  Skin = {skin};
-  AILevel = {level};
-  CoopStart = 0;
-  NumberInFormation = 0;
-  Vulnerable = 1;
-  Engageable = 1;
-  LimitAmmo = 1;
-  StartInAir = 1;
-  Time = 0;
-  DamageReport = 50;
-  DamageThreshold = 1;
-  PayloadId = {payload};
-  Fuel = 0.325;
+  Name = "{name}"; Index = {index}; LinkTrId = {entity}; XPos = {x}; YPos = {y}; ZPos = {z};
+  XOri = 0; YOri = {heading}; ZOri = 0; Script = "LuaScripts\WorldObjects\{type}.txt";
+  Model = "graphics\planes\{type}\{type}.mgm"; Country = {country}; Desc = "ID{pilot}";
+  Skin = "{skin}"; AILevel = {level}; CoopStart = 0; NumberInFormation = 0; Vulnerable = 1;
+  Engageable = 1; LimitAmmo = 1; StartInAir = 1; Time = 0; DamageReport = 50;
+  DamageThreshold = 1; PayloadId = {payload}; Fuel = 0.325;
 }
 
 MCU_TR_Entity
 {
-  Index = {entity};
-  Name = "{name}";
-  Desc = "ID{pilot}";
-  Targets = [{target}];
-  Objects = [];
-  XPos = {x};
-  YPos = {y};
-  ZPos = {z};
-  XOri = 0;
-  YOri = {heading};
-  ZOri = 0;
-  Enabled = 1;
+  Index = {entity}; Name = "{name}"; Desc = "ID{pilot}"; Targets = [{target}]; Objects = [];
+  XPos = {x}; YPos = {y}; ZPos = {z}; XOri = 0; YOri = {heading}; ZOri = 0; Enabled = 1;
   MisObjID = {index};
   OnMessages
   {
   }
 }
 
-)";
+)");
 
 /// The text with each {key} replaced by its value.
 std::string filled(std::string text, const std::map<std::string, std::string>& values) {
@@ -181,37 +94,60 @@ std::string filled(std::string text, const std::map<std::string, std::string>& v
     return text;
 }
 
-std::string expectedPlane(const char* name, const char* index, const char* entity, const char* x,
-                          bool allied, const char* type, const char* country, const char* pilot,
-                          const char* skin, const char* level, const char* target) {
-    return filled(ExpectedPlane, {{"name", name},
-                                  {"index", index},
-                                  {"entity", entity},
-                                  {"x", x},
-                                  {"y", allied ? "882.737" : "428.553"},
-                                  {"z", allied ? "56290.6" : "58709.4"},
-                                  {"heading", allied ? "80.8339" : "267.402"},
-                                  {"type", type},
-                                  {"country", country},
-                                  {"pilot", pilot},
-                                  {"skin", skin},
-                                  {"level", level},
-                                  {"payload", allied ? "2" : "0"},
-                                  {"target", target}});
+/// The plan by the rules, the last of it first, as in the file.
+std::string expectedPlanes() {
+    const struct {
+        const char *name, *index, *entity, *x, *country, *pilot, *skin, *level, *target;
+    } rows[] = {
+        {"Hans Braun", "16", "17", "201600", "501", "8", "", "2", "15"},
+        {"Otto Klein", "14", "15", "201500", "501", "7", "", "1", ""},
+        {"Bill Young", "12", "13", "201600", "103", "1", "spad13\\own.dds", "3", "11"},
+        {"Jean 'Ace' Petit/12", "10", "11", "201500", "101", "0", "spad13\\stork.dds", "0", ""},
+    };
+    std::string planes;
+    for (const auto& row : rows) {
+        const bool allied = row.country[0] == '1';
+        planes += filled(ExpectedPlane, {{"name", row.name},
+                                         {"index", row.index},
+                                         {"entity", row.entity},
+                                         {"x", row.x},
+                                         {"y", allied ? "882.737" : "428.553"},
+                                         {"z", allied ? "56290.6" : "58709.4"},
+                                         {"heading", allied ? "80.8339" : "267.402"},
+                                         {"type", allied ? "spad13" : "albatrosd3"},
+                                         {"country", row.country},
+                                         {"pilot", row.pilot},
+                                         {"skin", row.skin},
+                                         {"level", row.level},
+                                         {"payload", allied ? "2" : "0"},
+                                         {"target", row.target}});
+    }
+    return planes;
 }
 
-/// The last of the plan comes first in the file.
-std::string expectedMission(const char* landscape) {
-    const std::string planes =
-        expectedPlane("Hans Braun", "16", "17", "201600", false, "albatrosd3", "501", "8", "\"\"",
-                      "2", "15") +
-        expectedPlane("Otto Klein", "14", "15", "201500", false, "albatrosd3", "501", "7", "\"\"",
-                      "1", "") +
-        expectedPlane("Bill Young", "12", "13", "201600", true, "spad13", "103", "1",
-                      "\"spad13\\own.dds\"", "3", "11") +
-        expectedPlane("Jean 'Ace' Petit/12", "10", "11", "201500", true, "spad13", "101", "0",
-                      "\"spad13\\stork.dds\"", "0", "");
-    return filled(Expected, {{"landscape", landscape}, {"planes", planes}});
+/// What the rules make of the template. 200000, 40, 60000 is the base, 1500 and -2500 the offsets.
+/// The draws of seed 6 (by another MT19937) are 50, 9 and 1 for minute, hour and sky, and then as
+/// they stand in the planes' places.
+std::string expectedMission(const std::string& landscape) {
+    const std::pair<std::string, std::string> edits[] = {
+        {"  PlayerConfig = \"config\";", ""},
+        {"    Time = 9:30:0;", "  Time = 9:50:0;"},
+        {"10.4.1917", "3.5.1917"},
+        {Summer, landscape},
+        {"\"none\"", "\"AverageFog\\sky.ini\""},
+        {"MCU_CMD_AttackArea", expectedPlanes() + "MCU_CMD_AttackArea"},
+        {"  Objects = [1,2]", "    Objects = [11,15]"},
+        {"  XPos = 1000.000", "    XPos = 201500"},
+        {"  YPos = 500.000", "    YPos = 540"},
+        {"  ZPos = 2000.000", "    ZPos = 57500"},
+        {"\tXPos = 1100.125", "    XPos = 201600"},
+        {"\tYPos = 600", "    YPos = 640"},
+        {"\tZPos = 1900", "    ZPos = 57400"},
+    };
+    std::string text = Template;
+    for (const auto& [from, to] : edits)
+        text.replace(text.find(from), from.size(), to);
+    return text;
 }
 
 /// A generator that has read the template, with a plan of two against two; the second is an
@@ -255,46 +191,28 @@ struct WriterCareer {
     MissionGenerator generator;
 };
 
-constexpr const char* Summer = R"(  hmap = "graphics\landscape\height.ini";
-  Textures = "graphics\landscape\textures.ini";
-  Forests = "graphics\landscape\trees\woods.wds";
-  GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "su";
-)";
-constexpr const char* Winter = R"(  HMap = "graphics\landscape_winter\height.ini";
-  Textures = "graphics\landscape_winter\textures.ini";
-  Forests = "graphics\landscape_winter\trees\woods.wds";
-  GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "wi";
-)";
-constexpr const char* Autumn = R"(  HMap = "graphics\landscape_autumn\height.ini";
-  Textures = "graphics\landscape_autumn\textures.ini";
-  Forests = "graphics\landscape_autumn\trees\woods.wds";
-  GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "au";
-)";
-constexpr const char* Channel = R"(  HMap = "graphics\LANDSCAPE_channel\height.ini";
-  Textures = "graphics\LANDSCAPE_channel\textures.ini";
-  Forests = "graphics\LANDSCAPE_channel\trees\woods.wds";
-  GuiMap = "swf/data/maps/channel_summer.info";
-  SeasonPrefix = "su";
-)";
-
 TEST(MissionWriter, WritesTheMissionByTheRules) {
+    constexpr const char* Western = "swf\\data\\maps\\15.07.1918.info";
     const struct {
         int32_t mapIndex;
-        const char* season;
-        const char* landscape;
-    } cases[] = {{0, "su", Summer}, {0, "wi", Winter}, {0, "au", Autumn}, {1, "wi", Channel}};
-    for (const auto& [mapIndex, season, landscape] : cases) {
+        const char* drawn; // season
+        const char *folder, *map, *season;
+    } cases[] = {{0, "su", nullptr, Western, "su"},
+                 {0, "wi", "landscape_winter", Western, "wi"},
+                 {0, "au", "landscape_autumn", Western, "au"},
+                 {1, "wi", "LANDSCAPE_channel", "swf/data/maps/channel_summer.info", "su"}};
+    for (const auto& [mapIndex, drawn, folder, map, season] : cases) {
         WriterCareer test;
         test.generator.mapIndex = mapIndex;
-        test.generator.seasonPrefix = season;
-        EXPECT_EQ(test.generated(), expectedMission(landscape)) << season << mapIndex;
+        test.generator.seasonPrefix = drawn;
+        std::string expected = expectedMission(
+            folder == nullptr
+                ? Summer
+                : filled(Other, {{"folder", folder}, {"map", map}, {"season", season}}));
+        EXPECT_EQ(test.generated(), expected) << drawn << mapIndex;
         EXPECT_EQ(test.generator.maxIndex, 17);
 
         ASSERT_TRUE(test.generator.saveMission(test.world.folder.file("out/M.Mission")));
-        std::string expected = expectedMission(landscape);
         for (size_t at = 0; (at = expected.find('\n', at)) != expected.npos; at += 2)
             expected.insert(at, 1, '\r');
         EXPECT_EQ(test.world.folder.read("out/M.Mission"), expected);
@@ -312,7 +230,7 @@ TEST(MissionWriter, DrawsTheSkyAfterTheTime) {
 }
 
 TEST(MissionWriter, NamesNothingInAnAreaInFrontOfTheOptions) {
-    std::string text(Template);
+    std::string text = Template;
     const size_t area = text.find("MCU_CMD_AttackArea");
     const size_t behind = text.find("MCU_Timer");
     const std::string block = text.substr(area, behind - area);

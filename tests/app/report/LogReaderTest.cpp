@@ -101,19 +101,12 @@ TEST(LogLine, IsReadByTheRuleWhateverItHolds) {
                 expectByTheRule(line.substr(0, length));
     }
     zel::Random random(1);
-    const char* const parts[] = {" ",       " ",
-                                 ":",       ":",
-                                 "  ",      "ID",
-                                 "pid",     "AID",
-                                 "tID",     "NAME",
-                                 "Type",    "AType",
-                                 "dmg",     "BOTID",
-                                 "country", "(",
-                                 ")",       "POS(1, 2,3)",
-                                 "x",       "12",
-                                 "-0.5",    "\t",
-                                 "\xE9",    "@",
-                                 "[",       "a much longer word"};
+    // clang-format off
+    const char* const parts[] = {
+        " ", " ", ":", ":", "  ", "ID", "pid", "AID", "tID", "NAME", "Type", "AType", "dmg",
+        "BOTID", "country", "(", ")", "POS(1, 2,3)", "x", "12", "-0.5", "\t", "\xE9", "@", "[",
+        "a much longer word"};
+    // clang-format on
     for (int32_t i = 0; i < 20000 && !HasFatalFailure(); ++i) {
         std::string line;
         for (int32_t count = random.getInt(0, i % 60); count > 0; --count)
@@ -145,8 +138,7 @@ struct LogReader : testing::Test {
     /// Reads a log of these lines; what it makes of the mission doesn't matter.
     const std::vector<PilotReport>& readLines(const std::vector<std::string>& text) {
         report.clear();
-        for (const std::string& line : text)
-            report.lines.lines.emplace_back(line);
+        report.lines.lines.assign(text.begin(), text.end());
         static_cast<void>(report.analyse());
         return report.pilots;
     }
@@ -157,47 +149,39 @@ struct LogReader : testing::Test {
     CombatReport report;
 };
 
+/// "name, type: plane and body, the career's pilot, flight status; kills by whom dead".
+std::string told(const PilotReport& p) {
+    std::ostringstream text;
+    text << p.name.c_str() << ", " << p.type.c_str() << ": " << p.planeId << ' ' << p.bodyId << ", "
+         << p.pilot << ", " << p.flightStatus << "; " << p.kills.size() << ' ' << p.shotdownBy
+         << ' ' << p.dead;
+    return text.str();
+}
+
 TEST_F(LogReader, ReportsTheFlight) {
     for (const char* lineEnd : {"\r\n", "\n", "\r"}) {
         writePieces("data/missionReport(2018-01-01_10-00-00)", lineEnd);
         ASSERT_TRUE(read("data/missionReport(2018-01-01_10-00-00)"));
         ASSERT_EQ(report.lines.lineCount(), 7 + 8 + 1 + 13);
         ASSERT_EQ(report.pilots.size(), 5u);
+        EXPECT_EQ(told(report.pilots[0]),
+                  "Erich Sommer/7, Fokker Dr.I: 20479 21503, 10, 1; 1 -1 0");
+        EXPECT_EQ(told(report.pilots[1]), "Albert Reed, Sopwith Camel: 36863 37887, 12, 0; 0 0 0");
+        EXPECT_EQ(told(report.pilots[2]),
+                  "Ernest M. Hall/11, Sopwith Camel: 45055 46079, 13, 0; 1 -1 0");
+        EXPECT_EQ(told(report.pilots[3]), "Kurt Brandt, Fokker Dr.I: 28671 29695, 11, 0; 0 2 1");
+        EXPECT_EQ(told(report.pilots[4]), "lmg08aaa, LMG08AAA: 37888 -1, -1, 0; 0 -1 0");
         const PilotReport& sommer = report.pilots[0];
-        const PilotReport& reed = report.pilots[1];
-        const PilotReport& hall = report.pilots[2];
-        const PilotReport& brandt = report.pilots[3];
-        const PilotReport& gun = report.pilots[4];
-
-        EXPECT_EQ(sommer.name, "Erich Sommer/7");
-        EXPECT_EQ(sommer.plannedName, "Erich Sommer");
-        EXPECT_EQ(sommer.type, "Fokker Dr.I");
-        EXPECT_TRUE(sommer.human == 1 && sommer.finished == 1 && sommer.flightStatus == 1);
-        EXPECT_EQ(sommer.planeId, 20479);
-        EXPECT_EQ(sommer.bodyId, 21503);
-        EXPECT_EQ(sommer.kills, std::vector<int32_t>{1});
+        EXPECT_TRUE(sommer.human == 1 && sommer.finished == 1 && sommer.injuryPercent == 25);
         EXPECT_EQ(sommer.hitTargets, (std::vector<int32_t>{1, 1, 1, 1}));
         EXPECT_EQ(sommer.hitBy, (std::vector<int32_t>{2, 4}));
-        EXPECT_EQ(sommer.injuryPercent, 25);
-        EXPECT_TRUE(sommer.damage == 0 && sommer.shotDown == 0 && sommer.dead == 0);
-
-        EXPECT_FLOAT_EQ(reed.damage, 0.993F);
-        EXPECT_FLOAT_EQ(reed.injury, 0.25F);
-        EXPECT_TRUE(reed.shotDown == 1 && reed.shotdownBy == 0 && reed.dead == 0);
-        EXPECT_EQ(hall.kills, std::vector<int32_t>{3});
-        EXPECT_TRUE(hall.shotDown == 0 && hall.human == 0 && hall.finished == 0);
-        EXPECT_EQ(hall.bodyId, 46079);
-        EXPECT_TRUE(brandt.shotDown == 1 && brandt.shotdownBy == 2 && brandt.killCount == 1);
-        EXPECT_TRUE(brandt.dead == 1 && brandt.injuryPercent == 100 && brandt.damage == 0);
-
-        EXPECT_EQ(gun.pilot, -1);
-        const int32_t pilots[] = {10, 12, 13, 11};
-        for (size_t i = 0; i < 4; ++i)
-            EXPECT_EQ(report.pilots[i].pilot, pilots[i]);
+        EXPECT_FLOAT_EQ(report.pilots[1].damage, 0.993F);
+        EXPECT_FLOAT_EQ(report.pilots[1].injury, 0.25F);
+        const PilotReport& brandt = report.pilots[3];
         EXPECT_TRUE(brandt.skill == 2 && brandt.shotdowns == 0 && brandt.missions == 3);
+        EXPECT_EQ(brandt.plannedName, "Kurt Brandt");
     }
-    EXPECT_TRUE(lines.holds("Killed") == false && lines.holds("MISSION FINISHED: 1\n"));
-    EXPECT_TRUE(lines.holds("MATCHING PILOTS: 4\n"));
+    EXPECT_TRUE(lines.holds("MISSION FINISHED: 1\nMATCHING PILOTS: 4\n"));
     EXPECT_TRUE(lines.holds("MAPPING FOR Kurt Brandt TO 11 SUCCESSFUL\n"));
 }
 
@@ -248,6 +232,7 @@ std::string event(int32_t type, int32_t attacker, int32_t target, const char* da
     return "T:1 AType:" + std::to_string(type) + " DMG:" + damage +
            " AID:" + std::to_string(attacker) + " TID:" + std::to_string(target);
 }
+std::string fall(int32_t target) { return event(3, -1, target); }
 
 TEST_F(LogReader, TakesUpObjectsOnce) {
     const auto& pilots = readLines({plane(1, 101), body(1), plane(1, 501), body(2),
@@ -291,63 +276,35 @@ TEST_F(LogReader, AddsUpDamageAndWounds) {
     EXPECT_TRUE(pilots[0].kills.empty() && pilots[0].shotDown == 0);
 }
 
-/// Who is credited with plane 1, French, after these events: "" for nobody, with "own" for a
-/// friend. Plane 2 is another Frenchman, 3 and 4 are Germans.
-struct Credit {
-    const char* what;
-    std::vector<std::string> events;
-    int32_t by, own;
-    std::vector<size_t> kills; // of records 0 to 3
-};
-
+// Plane 1 and 2 are Frenchmen, 3 and 4 Germans; they are the records 0 to 3.
 TEST_F(LogReader, CreditsVictories) {
-    const std::vector<Credit> cases = {
-        {"the attacker named", {event(2, 4, 1, "1"), event(3, 3, 1)}, 2, -1, {0, 0, 1, 0}},
-        {"the last to hit where nobody is named",
-         {event(1, 4, 1), event(1, 3, 1), event(3, -1, 1)},
-         2,
-         -1,
-         {0, 0, 1, 0}},
-        {"the last to hit the pilot, too",
-         {event(1, 3, 1), event(1, 4, 1001), event(3, -1, 1)},
-         3,
-         -1,
-         {0, 0, 0, 1}},
-        {"the last to hit when he is said to have done it himself",
-         {event(1, 3, 1), event(3, 1, 1)},
-         2,
-         -1,
-         {0, 0, 1, 0}},
-        {"nobody", {event(3, -1, 1)}, -1, -1, {0, 0, 0, 0}},
-        {"a friend counts for nothing", {event(3, 2, 1)}, -1, 1, {0, 0, 0, 0}},
-        {"a friend, and an enemy who hit later",
-         {event(3, 2, 1), event(1, 3, 1)},
-         2,
-         1,
-         {0, 0, 1, 0}},
-        {"a friend who hit last",
-         {event(1, 3, 1), event(1, 2, 1), event(3, -1, 1)},
-         -1,
-         1,
-         {0, 0, 0, 0}},
-        {"the first of two reports", {event(3, 3, 1), event(3, 4, 1)}, 2, -1, {0, 0, 1, 0}},
-        {"the second, if the first named nobody",
-         {event(3, -1, 1), event(3, 4, 1)},
-         3,
-         -1,
-         {0, 0, 0, 1}},
-        {"the attacker of the body", {event(3, 4, 1001)}, 3, -1, {0, 0, 0, 1}},
-        {"nobody for a hit alone", {event(2, 3, 1, "0.9")}, -1, -1, {0, 0, 0, 0}},
+    const struct {
+        const char* what;
+        std::vector<std::string> events;
+        int32_t by, own; // to whom plane 1 falls
+    } cases[] = {
+        {"the attacker named", {event(2, 4, 1, "1"), event(3, 3, 1)}, 2, -1},
+        {"the last to hit, for want of a name", {event(1, 4, 1), event(1, 3, 1), fall(1)}, 2, -1},
+        {"the last to hit the pilot", {event(1, 3, 1), event(1, 4, 1001), fall(1)}, 3, -1},
+        {"who hit him who did it himself", {event(1, 3, 1), event(3, 1, 1)}, 2, -1},
+        {"nobody", {fall(1)}, -1, -1},
+        {"a friend counts for nothing", {event(3, 2, 1)}, -1, 1},
+        {"a friend, and an enemy who hit later", {event(3, 2, 1), event(1, 3, 1)}, 2, 1},
+        {"a friend who hit last", {event(1, 3, 1), event(1, 2, 1), fall(1)}, -1, 1},
+        {"the first of two reports", {event(3, 3, 1), event(3, 4, 1)}, 2, -1},
+        {"the second, if the first named nobody", {fall(1), event(3, 4, 1)}, 3, -1},
+        {"the attacker of the body", {event(3, 4, 1001)}, 3, -1},
+        {"nobody for a hit alone", {event(2, 3, 1, "0.9")}, -1, -1},
     };
-    for (const Credit& credit : cases) {
+    for (const auto& [what, events, by, own] : cases) {
         std::vector<std::string> text = {plane(1, 101), body(1), plane(2, 101), plane(3, 501),
                                          plane(4, 501)};
-        text.insert(text.end(), credit.events.begin(), credit.events.end());
+        text.insert(text.end(), events.begin(), events.end());
         const auto& pilots = readLines(text);
-        EXPECT_EQ(pilots[0].shotdownBy, credit.by) << credit.what;
-        EXPECT_EQ(pilots[0].shotdownByOwn, credit.own) << credit.what;
-        for (size_t i = 0; i < 4; ++i)
-            EXPECT_EQ(pilots[i].kills.size(), credit.kills[i]) << credit.what << ", record " << i;
+        EXPECT_EQ(pilots[0].shotdownBy, by) << what;
+        EXPECT_EQ(pilots[0].shotdownByOwn, own) << what;
+        for (int32_t i = 0; i < 4; ++i)
+            EXPECT_EQ(pilots[size_t(i)].kills.size(), i == by ? 1u : 0u) << what << ", " << i;
     }
 }
 
@@ -368,27 +325,35 @@ TEST_F(LogReader, JudgesWounds) {
 }
 
 TEST_F(LogReader, KnowsWhenTheMissionIsOver) {
-    generator.plan = {plannedPlane(5, "P1", France)};
-    const std::vector<std::string> human = {plane(1, 101), body(1), "T:5 AType:10 PID:1001"};
-    const auto isFinished = [&](std::vector<std::string> text) {
-        text.insert(text.begin(), human.begin(), human.end());
-        report.clear();
-        for (const std::string& line : text)
-            report.lines.lines.emplace_back(line);
-        return report.analyse();
+    const struct {
+        const char* what;
+        int32_t nation; // of the planned pilot, 0 without a plan
+        std::vector<std::string> events;
+        bool isOver;
+    } cases[] = {
+        {"neither end nor death", France, {}, false},
+        {"broken off", France, {"T:9 AType:7"}, false},
+        {"shot down, not dead", France, {fall(1)}, false},
+        {"the end of his body", France, {"T:9 AType:16 BOTID:1001"}, true},
+        {"killed", France, {fall(1001)}, true},
+        {"dead of his wounds", France, {event(2, -1, 1001, "0.99")}, true},
+        {"another's end and death",
+         France,
+         {plane(2, 101), body(2), "T:9 AType:16 BOTID:1002", fall(1002)},
+         false},
+        {"nobody of the plan flew", Germany, {"T:9 AType:16 BOTID:1001"}, false},
+        {"there is no plan", 0, {"T:9 AType:16 BOTID:1001"}, false},
     };
-    EXPECT_FALSE(isFinished({})) << "neither end nor death";
-    EXPECT_FALSE(isFinished({"T:9 AType:7"})) << "broken off";
-    EXPECT_FALSE(isFinished({event(3, -1, 1)})) << "shot down, not dead";
-    EXPECT_TRUE(isFinished({"T:9 AType:16 BOTID:1001"}));
-    EXPECT_TRUE(isFinished({event(3, -1, 1001)})) << "killed";
-    EXPECT_TRUE(isFinished({event(2, -1, 1001, "0.99")})) << "dead of his wounds";
-    EXPECT_FALSE(isFinished({plane(2, 101), body(2), "T:9 AType:16 BOTID:1002", event(3, 1, 1002)}))
-        << "another's end";
-    generator.plan[0].nation = Germany;
-    EXPECT_FALSE(isFinished({"T:9 AType:16 BOTID:1001"})) << "nobody of the plan flew";
-    generator.plan.clear();
-    EXPECT_FALSE(isFinished({"T:9 AType:16 BOTID:1001"})) << "there is no plan";
+    for (const auto& [what, nation, events, isOver] : cases) {
+        generator.plan.clear();
+        if (nation != 0)
+            generator.plan = {plannedPlane(5, "P1", nation)};
+        std::vector<std::string> text = {plane(1, 101), body(1), "T:5 AType:10 PID:1001"};
+        text.insert(text.end(), events.begin(), events.end());
+        report.clear();
+        report.lines.lines.assign(text.begin(), text.end());
+        EXPECT_EQ(report.analyse(), isOver) << what;
+    }
 }
 
 } // namespace

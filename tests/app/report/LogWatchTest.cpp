@@ -1,5 +1,7 @@
 #include "app/report/LogWatch.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "app/mission/Configuration.h"
@@ -121,12 +123,18 @@ TEST_F(LogWatchTest, TakesTheFirstFinishedOfTwo) {
         writePiece("missionReport(a)", piece);
     EXPECT_FALSE(findCombatReport(watch)) << "the rest is settled, whatever becomes of it";
     EXPECT_EQ(missionsOf(10), 10);
-}
-
-TEST_F(LogWatchTest, FindsNothingWithoutAFolder) {
     Configuration::reset();
     Configuration::set("rof.directory", world.folder.path() + "/nowhere");
-    EXPECT_FALSE(findCombatReport(watch));
+    EXPECT_FALSE(findCombatReport(watch)) << "there is no such folder";
+}
+
+TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
+    const std::string there = world.folder.path();
+    std::filesystem::rename(there, there + ".away");
+    EXPECT_EQ(watch.look(data), Names{});
+    watch.begin(data);
+    std::filesystem::rename(there + ".away", there);
+    EXPECT_EQ(watch.look(data), Names{}) << "an old report would be carried into the career again";
 }
 
 } // namespace

@@ -164,8 +164,13 @@ TEST(CareerScreens, AnswerAnInvitation) {
     while (other == own || career.squadrons[size_t(other)].nation != career.player().nation ||
            career.squadronRoster(other).empty())
         ++other;
+    const auto invite = [&] {
+        career.invitationSquadron = other;
+        career.invitationYear = career.year;
+        career.invitationMonth = career.month;
+    };
 
-    career.invitationSquadron = other;
+    invite();
     ASSERT_TRUE(driver.go("menuButton1", "MenuGameInvite"));
     EXPECT_NE(driver.text("line2").find("Will you accept the invitation?"), std::string::npos);
     ASSERT_TRUE(driver.walk("menuBack>MenuGameMain menuButton1>MenuGameInvite")) << "still pending";
@@ -173,9 +178,7 @@ TEST(CareerScreens, AnswerAnInvitation) {
     EXPECT_EQ(career.previousInvitation, other);
     EXPECT_EQ(career.player().squadron, own);
 
-    career.invitationSquadron = other;
-    career.invitationYear = career.year;
-    career.invitationMonth = career.month;
+    invite();
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameInvite menuButton3>MenuGameMain"));
     EXPECT_EQ(career.player().squadron, other);
 }

@@ -6,6 +6,7 @@
 
 #include "app/career/Database.h"
 #include "app/mission/DailyMission.h"
+#include "engine/core/Platform.h"
 #include "engine/menu/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 
@@ -67,6 +68,17 @@ TEST(ScreenFaults, TheCareerCannotBeSaved) {
     EXPECT_NE(home.save(), "");
 }
 
+TEST(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
+    PlayerHome home;
+    CareerDriver driver(home);
+    ASSERT_TRUE(driver.begin(Beginning));
+    home.folder.write("user/Saves", "in the way");
+    ASSERT_TRUE(driver.go("menuButton4", "MenuNotificationSave"));
+    driver.screens->key(zel::KeyEscape);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationSave")) << "not by a slip";
+    ASSERT_TRUE(driver.go("menuButton2", "quitApp"));
+}
+
 TEST(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     PlayerHome home;
     CareerDriver driver(home);
@@ -75,6 +87,13 @@ TEST(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     home.folder.write("user/Saves/savegame_v03.wty", "no career at all");
     ASSERT_TRUE(driver.walk("menuButton2>BlackScreen menuBack>MenuMain"));
     EXPECT_EQ(home.save(), "no career at all");
+    // The page tells of the career before it, which a new one leaves alone.
+    home.folder.write("user/Saves/savegame_v03.wty.bak", "the last whole one");
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.go("menuBack", "MenuMain"));
+    EXPECT_EQ(home.save().substr(0, 4), "WTSV");
+    EXPECT_EQ(home.folder.read("user/Saves/savegame_v03.wty.bak"), "the last whole one");
+    EXPECT_EQ(home.folder.read("user/Saves/savegame_v03.wty.damaged"), "no career at all");
 }
 
 TEST(ScreenFaults, TheLogIsStillGrowingOrSomebodyElses) {

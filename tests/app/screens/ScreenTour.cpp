@@ -47,6 +47,7 @@ private:
             driver.screens->menu().setTransition(screen);
         const bool there = driver.screens->untilIdle(screen.c_str());
         EXPECT_TRUE(there) << screen;
+        driver.screens->menu().setText("path", "C:\\Games\\Wingtally\\wtysettings.ini");
         if (there)
             visit(screen);
         return there;
@@ -65,6 +66,8 @@ private:
             !steps("menuButton3>MenuGameTopAces") || !pass("menuButton1>MenuGameMain"))
             return false;
         career().invitationSquadron = inviting();
+        career().invitationYear = career().year;
+        career().invitationMonth = career().month;
         return steps("menuButton1>MenuGameInvite") && pass("menuButton4>MenuGameMain");
     }
 

@@ -7,12 +7,17 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
+#include "engine/core/Clock.h"
 #include "engine/core/Platform.h"
+#include "engine/core/System.h"
 #include "engine/core/Window.h"
+#include "engine/core/ZelLoop.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/menu/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/ScreenTour.h"
 #include "tests/engine/menu/GoldenPicture.h"
@@ -73,6 +78,20 @@ protected:
     }
 };
 
+uint32_t runningTime = 0; // milliseconds
+uint32_t closingTime = 0;
+
+/// A clock that runs while the war is fought in a single frame, and on it somebody who closes the
+/// window.
+uint32_t runningTicks() {
+    if (++runningTime == closingTime) {
+        SDL_Event event{};
+        event.type = SDL_QUIT;
+        zel::Platform::getInstance().handleEvent(event);
+    }
+    return runningTime;
+}
+
 class ScreenLanguages : public ScreensInWindow, public testing::WithParamInterface<const char*> {};
 
 } // namespace
@@ -93,12 +112,52 @@ TEST_F(ScreensInWindow, AnswerTheKeys) {
     EXPECT_TRUE(driver.screens->untilIdle("quitApp"));
 }
 
+TEST_F(ScreensInWindow, TellOfTheFullScreenThatTheKeysChoose) {
+    const PlayerHome home;
+    CareerDriver driver(home, 1, true);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton3>MenuConfiguration"));
+    EXPECT_EQ(driver.text("fullScreen"), "Full screen: Off");
+    for (const char* text : {"Full screen: On", "Full screen: Off"}) {
+        SDL_Event event{};
+        event.type = SDL_KEYDOWN;
+        event.key.keysym.sym = SDLK_RETURN;
+        event.key.keysym.mod = KMOD_LALT;
+        zel::Platform::getInstance().handleEvent(event);
+        event.type = SDL_KEYUP;
+        zel::Platform::getInstance().handleEvent(event);
+        driver.screens->step();
+        driver.screens->step();
+        EXPECT_EQ(driver.text("fullScreen"), text);
+    }
+    ASSERT_TRUE(driver.walk("fullScreen"));
+    EXPECT_TRUE(zel::Window::current()->isFullscreen());
+    ASSERT_TRUE(driver.walk("fullScreen"));
+    EXPECT_FALSE(zel::Window::current()->isFullscreen());
+}
+
+TEST_F(ScreensInWindow, EndWhenTheyAreClosedWhileTheWarIsFought) {
+    const PlayerHome home;
+    CareerDriver driver(home, 1, true);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton1>MenuNewService menuButton3>MenuNewYear "
+                            "menuButton2>MenuNewMonth month3>MenuNewCareer"));
+    runningTime = zel::ticks();
+    closingTime = runningTime + 500;
+    zel::setTickSource(runningTicks);
+    driver.screens->menu().hitWidget("menuButton4");
+    EXPECT_NE(driver.text("progressDate").find("-1916"), std::string::npos) << "shown to the end";
+    EXPECT_FALSE(driver.widget("progress")->isVisible());
+    EXPECT_TRUE(zel::ZelLoop::isFinished());
+    EXPECT_EQ(home.save(), "");
+}
+
 TEST_P(ScreenLanguages, LookAsTheyWereKept) {
-    setenv("LC_ALL", (std::string(GetParam()) + ".UTF-8").c_str(), 1);
+    zel::system::setEnvironment("LC_ALL", std::string(GetParam()) + ".UTF-8");
     const std::string language = std::string(GetParam()).substr(0, 2);
     const PlayerHome home;
     CareerDriver driver(home, 1, true);
-    unsetenv("LC_ALL");
+    zel::system::setEnvironment("LC_ALL", "");
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     const auto visit = [&](const std::string& name) {
         const std::string file = language + "/" + name + ".jpg";

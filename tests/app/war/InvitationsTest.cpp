@@ -121,15 +121,14 @@ TEST(Invitations, NeverComeTwiceFromTheSquadronRefusedLast) {
     InvitedCareer test;
     squadronOf(test.career, France, {14});
     squadronOf(test.career, France, {13});
-    test.career.previousInvitation = 1;
-    EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 2);
-    test.career.previousInvitation = 2;
-    EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 1);
+    for (const int32_t refused : {1, 2}) {
+        test.career.previousInvitation = refused;
+        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 3 - refused);
+    }
 }
 
 TEST(Invitations, NeverLeadToNothingBetter) {
     InvitedCareer test(4);
-    squadronOf(test.career, France, {4});
     squadronOf(test.career, France, {4});
     for (int32_t i = 0; i < 8; ++i)
         EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), -1) << "his own came first";
@@ -137,37 +136,38 @@ TEST(Invitations, NeverLeadToNothingBetter) {
     EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 1);
 }
 
-/// Whether the letter of a squadron with these victories begins so and tells their sum.
-void expectLetter(const std::vector<int32_t>& shotdowns, const char* key, const char* start,
-                  int32_t sum) {
-    InvitedCareer test;
-    squadronOf(test.career, France, shotdowns);
-    addFile(test.career, "101300", {}); // a number of no unit
-    addFile(test.career, key, {});
-    test.career.invitationSquadron = 1;
-    InvitationLetter letter;
-    EXPECT_TRUE(letter.open());
-    EXPECT_EQ(letter.text(), zel::String(start) +
-                                 " The pilots of the new squadron have a total number of " + sum +
-                                 " shotdowns. Will you accept the invitation?");
-}
-
 TEST(InvitationLetter, NamesTheLeaderAndTheAces) {
-    expectLetter({}, "101003", "You have been invited to join Esc 3.", 0);
-    expectLetter({}, "101300", "You have been invited to join a new squadron.", 0);
-    expectLetter({4, 7, 4}, "101300", "Pilot 2 has invited you to join his squadron.", 15);
-    expectLetter({5, 9, 4}, "101003",
-                 "Pilot 2 has invited you to join Esc 3. The squadron also includes the ace Pilot "
-                 "1.",
-                 18);
-    expectLetter({5, 9, 6}, "101003",
-                 "Pilot 2 has invited you to join Esc 3. The squadron also includes the following "
-                 "aces: Pilot 3 and Pilot 1.",
-                 20);
-    expectLetter({5, 9, 6, 0, 8}, "101003",
-                 "Pilot 2 has invited you to join Esc 3. The squadron also includes the following "
-                 "aces: Pilot 5, Pilot 3 and Pilot 1.",
-                 28);
+    const struct {
+        std::vector<int32_t> shotdowns; // of the inviting squadron's pilots 1, 2, ...
+        const char* key;                // 101300 is a number of no unit
+        const char* start;
+        int32_t sum;
+    } cases[] = {
+        {{}, "101003", "You have been invited to join Esc 3.", 0},
+        {{}, "101300", "You have been invited to join a new squadron.", 0},
+        {{4, 7, 4}, "101300", "Pilot 2 has invited you to join his squadron.", 15},
+        {{5, 9, 4},
+         "101003",
+         "Pilot 2 has invited you to join Esc 3. The squadron also includes the ace Pilot 1.",
+         18},
+        {{5, 9, 6, 0, 8},
+         "101003",
+         "Pilot 2 has invited you to join Esc 3. The squadron also includes the following aces: "
+         "Pilot 5, Pilot 3 and Pilot 1.",
+         28},
+    };
+    for (const auto& [shotdowns, key, start, sum] : cases) {
+        InvitedCareer test;
+        squadronOf(test.career, France, shotdowns);
+        addFile(test.career, "101300", {});
+        addFile(test.career, key, {});
+        test.career.invitationSquadron = 1;
+        InvitationLetter letter;
+        EXPECT_TRUE(letter.open());
+        EXPECT_EQ(letter.text(), zel::String(start) +
+                                     " The pilots of the new squadron have a total number of " +
+                                     sum + " shotdowns. Will you accept the invitation?");
+    }
 }
 
 TEST(InvitationLetter, IsEmptyWhenNoneIsPending) {
@@ -176,28 +176,6 @@ TEST(InvitationLetter, IsEmptyWhenNoneIsPending) {
     EXPECT_FALSE(letter.open());
     EXPECT_EQ(letter.text(), "");
     EXPECT_FALSE(letter.accept());
-}
-
-TEST(InvitationLetter, ChangesThePlaceOfThePlayer) {
-    for (uint32_t seed = 1; seed <= 12; ++seed) {
-        InvitedCareer test;
-        squadronOf(test.career, France, {1, 0, 3});
-        test.career.invitationSquadron = 1;
-        zel::Random::setStaticNumber(seed);
-        InvitationLetter letter;
-        zel::Random draws(seed); // the letter's own
-        ASSERT_TRUE(letter.open());
-        ASSERT_TRUE(letter.accept());
-        EXPECT_EQ(test.career.squadrons[0].slots[0], 2) << "the worst of the three";
-        EXPECT_EQ(test.career.squadrons[1].slots[1], test.career.playerPilot);
-        EXPECT_EQ(test.career.player().squadron, 1);
-        EXPECT_EQ(test.career.pilots[2].squadron, 0);
-        const int32_t lower = draws.getInt(1, 3);
-        EXPECT_EQ(test.due(), 191601 + draws.getInt(lower, 6));
-        EXPECT_EQ(test.career.invitationSquadron, -2);
-        EXPECT_EQ(test.career.previousInvitation, -2);
-        EXPECT_FALSE(letter.accept()) << "it is answered";
-    }
 }
 
 TEST(InvitationLetter, StaysPendingWithNobodyToChangePlacesWith) {
@@ -211,22 +189,30 @@ TEST(InvitationLetter, StaysPendingWithNobodyToChangePlacesWith) {
     EXPECT_EQ(test.due(), 191512);
 }
 
-TEST(InvitationLetter, RemembersARefusal) {
-    for (uint32_t seed = 1; seed <= 12; ++seed) {
+TEST(InvitationLetter, ChangesThePlaceOfThePlayerOrRemembersARefusal) {
+    for (uint32_t seed = 1; seed <= 24; ++seed) {
+        const bool accepts = seed % 2 == 0;
         InvitedCareer test;
-        squadronOf(test.career, France, {1});
+        squadronOf(test.career, France, {1, 0, 3});
         test.career.invitationSquadron = 1;
         zel::Random::setStaticNumber(seed);
         InvitationLetter letter;
-        zel::Random draws(seed);
+        zel::Random draws(seed); // the letter's own
         ASSERT_TRUE(letter.open());
-        letter.refuse();
-        EXPECT_EQ(test.career.previousInvitation, 1);
+        if (accepts)
+            ASSERT_TRUE(letter.accept());
+        else
+            letter.refuse();
+        EXPECT_EQ(test.career.squadrons[0].slots[0], accepts ? 2 : 0) << "the worst of the three";
+        EXPECT_EQ(test.career.squadrons[1].slots[1], accepts ? 0 : 2);
+        EXPECT_EQ(test.career.player().squadron, accepts ? 1 : 0);
+        EXPECT_EQ(test.career.pilots[2].squadron, accepts ? 0 : 1);
+        EXPECT_EQ(test.career.previousInvitation, accepts ? -2 : 1);
         EXPECT_EQ(test.career.invitationSquadron, -2);
-        EXPECT_EQ(test.career.player().squadron, 0);
-        const int32_t upper = draws.getInt(3, 6);
+        const int32_t upper = accepts ? 6 : draws.getInt(3, 6);
         const int32_t lower = draws.getInt(1, 3);
         EXPECT_EQ(test.due(), 191601 + draws.getInt(lower, upper));
+        EXPECT_TRUE(!accepts || !letter.accept()) << "it is answered";
     }
 }
 

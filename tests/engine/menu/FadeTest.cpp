@@ -1,12 +1,13 @@
 // What is drawn of two screens while they fade into each other.
 #include <algorithm>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
 #include "engine/core/StateOverlay.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/graphics/ImageHandler.h"
+#include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/Printers.h"
 
@@ -37,13 +38,8 @@ protected:
     void start(const char* list, const std::string& a, const std::string& b) {
         driver = std::make_unique<ScreenDriver>(
             std::initializer_list<ScreenDriver::Script>{{"A", a.c_str()}, {list, b.c_str()}});
-        for (const char* name : {"desk", "lamp", "plate", "papersA", "papersB"}) {
-            BitmapData dot;
-            dot.width = dot.height = dot.pictureWidth = dot.pictureHeight = 1;
-            dot.depth = 3;
-            dot.pixels = {1, 2, 3};
-            ImageHandler::getInstance().addPicture(name, dot);
-        }
+        for (const char* name : {"desk", "lamp", "plate", "papersA", "papersB"})
+            std::ofstream(name, std::ios::binary) << zelFile(1, 1, 24, "dot");
         ASSERT_TRUE(driver->untilIdle("A"));
     }
 
@@ -94,6 +90,7 @@ TEST_F(Fade, LeavesTheSharedDeskAlone) {
                 EXPECT_EQ(alphas(frame, "desk"), Alphas{255}) << list << " to " << target;
                 EXPECT_EQ(alphas(frame, "lamp"), Alphas{255}) << list << " to " << target;
                 EXPECT_EQ(frame.front().name, "desk") << list << " to " << target;
+                EXPECT_EQ(frame.back().name, "lamp") << list << " to " << target;
                 int32_t papers = 0;
                 for (const Canvas::Record& record : frame)
                     papers +=

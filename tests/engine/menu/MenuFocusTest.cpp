@@ -122,6 +122,30 @@ TEST_F(MenuFocusTest, EscapeGoesBack) {
     EXPECT_TRUE(driver.untilIdle("B"));
 }
 
+TEST_F(MenuFocusTest, HitsTheOnlyWidgetThereIs) {
+    const auto hitBy = [this](int32_t symbol) {
+        driver.menu().setLocalString("hit", "");
+        driver.key(symbol);
+        return driver.menu().getLocalString("hit");
+    };
+    driver.widget("menuBack")->setVisible(false);
+    for (const char* name : {"b", "c", "name"})
+        driver.widget(name)->setActive(false);
+    EXPECT_EQ(hitBy(KeyEscape) + hitBy(KeyReturn), "") << "a or d?";
+    driver.widget("d")->setActive(false);
+    for (const int32_t symbol : {KeyEscape, KeyReturn, KeyEnter, KeySpace})
+        EXPECT_EQ(hitBy(symbol), "a") << symbol;
+    EXPECT_EQ(hitBy('a'), "");
+    driver.widget("menuBack")->setVisible(true);
+    EXPECT_EQ(hitBy(KeyReturn), "a") << "the way back isn't counted";
+    driver.widget("a")->setActive(false);
+    driver.key(KeyReturn);
+    EXPECT_TRUE(driver.untilIdle("A")) << "nor taken";
+    driver.widget("a")->setActive(true);
+    EXPECT_EQ(hitBy(KeyEscape), "");
+    EXPECT_TRUE(driver.untilIdle("B")) << "but for Escape it comes first";
+}
+
 TEST_F(MenuFocusTest, TypesIntoAField) {
     driver.press("name");
     EXPECT_EQ(focus(), "name");

@@ -1,11 +1,14 @@
+#include <fstream>
+
 #include <gtest/gtest.h>
 
 #include "engine/graphics/Canvas.h"
-#include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/Image.h"
 #include "engine/menu/MenuOverlay.h"
 #include "engine/menu/TextArea.h"
 #include "engine/menu/ThemeHandler.h"
 #include "engine/menu/Widget.h"
+#include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/Printers.h"
 
@@ -18,17 +21,9 @@ std::string imageOf(const Widget& widget, WidgetLook look) {
     return image != nullptr ? image->getName().c_str() : "";
 }
 
-BitmapData dot() {
-    BitmapData data;
-    data.width = data.height = data.pictureWidth = data.pictureHeight = 1;
-    data.depth = 4;
-    data.pixels = {255, 255, 255, 255};
-    return data;
-}
-
 void addPictures() {
     for (const char* name : {"rest", "press", "own", "desk"})
-        ImageHandler::getInstance().addPicture(name, dot());
+        std::ofstream(name, std::ios::binary) << zelFile(1, 1, 24, "dot");
 }
 
 constexpr const char* Styled = R"(

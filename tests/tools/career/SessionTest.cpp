@@ -1,5 +1,7 @@
 #include "tools/career/Session.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "app/mission/DailyMission.h"
@@ -108,9 +110,9 @@ TEST_F(SessionTest, NeedsACareer) {
     makeSimulator();
     for (const auto command :
          {&Session::save, &Session::status, &Session::mission, &Session::squadron, &Session::aces,
-          &Session::showInvitation, &Session::acceptInvitation, &Session::refuseInvitation})
+          &Session::showInvitation, &Session::acceptInvitation, &Session::refuseInvitation,
+          &Session::report})
         expectProblem((session.*command)(), "There is no career yet");
-    expectProblem(session.report(), "There is no career yet");
     expectProblem(session.advance(1), "There is no career yet");
     expectProblem(session.until(19181111), "There is no career yet");
     expectProblem(session.load(), "No career could be loaded");
@@ -120,9 +122,8 @@ TEST_F(SessionTest, NeedsACareer) {
 
 TEST_F(SessionTest, NeedsTheSimulator) {
     ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
-    expectProblem(session.mission(), "Rise of Flight was not found");
-    expectProblem(session.fly(), "Rise of Flight was not found");
-    expectProblem(session.report(), "Rise of Flight was not found");
+    for (const auto command : {&Session::mission, &Session::fly, &Session::report})
+        expectProblem((session.*command)(), "Rise of Flight was not found");
     expectProblem(session.until(19181111), "Rise of Flight was not found");
     run.folder.write("sim/data/startup.cfg", "[KEY = system]\r\nmission_text_log = 0\r\n[END]\r\n");
     expectProblem(session.mission(), "writes no text log");
@@ -145,19 +146,17 @@ TEST_F(SessionTest, WaitsForALogInVain) {
     EXPECT_TRUE(session.report()) << session.problem().c_str();
 }
 
-TEST_F(SessionTest, CannotSaveWhereNothingCanBeWritten) {
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
-    run.folder.write("user", "a file where the folder should be");
-    expectProblem(session.save(), "can't be written");
-    expectProblem(session.load(), "No career could be loaded");
-}
-
-TEST_F(SessionTest, PointsToTheEarlierSave) {
+TEST_F(SessionTest, SavesAndLoadsInVain) {
     ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
     ASSERT_TRUE(session.save() && session.save());
     run.folder.write("user/Saves/savegame_v03.wty", "spoilt");
     expectProblem(session.load(), "savegame_v03.wty.bak");
     expectProblem(session.status(), "There is no career yet");
+    std::filesystem::remove_all(run.userFolder());
+    run.folder.write("user", "a file where the folder should be");
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    expectProblem(session.save(), "can't be written");
+    expectProblem(session.load(), "No career could be loaded");
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "tools/standin/StandIn.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -93,16 +94,10 @@ TEST(StandIn, FliesTheSameMissionTheSameWay) {
     FlightOptions other = pinned(10);
     flown(folder, other);
     EXPECT_NE(piecesOf(folder, "2024-05-02_20-15-35"), pieces);
-}
-
-TEST(StandIn, NamesTheLogByTheWallClock) {
-    const TemporaryFolder folder;
-    prepare(folder);
     zel::setWallTimeSource([] { return zel::WallTime{2017, 12, 31, 23, 59, 59}; });
-    FlightOptions options;
-    options.seed = 3;
-    EXPECT_EQ(flown(folder, options).logName, "missionReport(2017-12-31_23-59-59)[0].txt");
-    EXPECT_EQ(flown(folder, options).logName, "missionReport(2018-01-01_00-00-00)[0].txt");
+    other.stamp.clear();
+    EXPECT_EQ(flown(folder, other).logName, "missionReport(2017-12-31_23-59-59)[0].txt");
+    EXPECT_EQ(flown(folder, other).logName, "missionReport(2018-01-01_00-00-00)[0].txt");
     zel::setWallTimeSource(nullptr);
 }
 
@@ -126,64 +121,54 @@ TEST(StandIn, SumsTheFlightUp) {
     EXPECT_GT(victories, 0);
 }
 
+// What was asked for stands in the log, although it breaks off.
 TEST(StandIn, HeedsItsOptions) {
     const TemporaryFolder folder;
     prepare(folder);
+    for (uint32_t seed = 1; seed <= 20; ++seed) {
+        FlightOptions options = pinned(seed);
+        options.stamp = "2024-05-02_21-00-" + std::to_string(10 + seed);
+        options.killPlayer = seed % 2 == 0;
+        options.woundPlayer = options.breakOff = true;
+        EXPECT_FALSE(flown(folder, options).finished);
+        const HumanPart human = humanPartOf(linesOf(piecesOf(folder, options.stamp)));
+        EXPECT_EQ(human.dead, options.killPlayer) << "death goes before a wound";
+        EXPECT_GT(human.wounds, 0) << seed;
+        EXPECT_FALSE(human.finished || human.ended) << seed;
+    }
     FlightOptions options = pinned(4);
-    options.killPlayer = options.woundPlayer = true;
-    flown(folder, options);
-    EXPECT_TRUE(humanPartOf(linesOf(piecesOf(folder))).dead) << "death goes before a wound";
-
-    options = pinned(4);
-    options.stamp = "2024-05-02_21-00-00";
-    options.woundPlayer = options.breakOff = true;
-    EXPECT_FALSE(flown(folder, options).finished);
-    const HumanPart wounded = humanPartOf(linesOf(piecesOf(folder, options.stamp)));
-    EXPECT_GT(wounded.wounds, 0) << "the wound stands in the log, although it breaks off";
-    EXPECT_FALSE(wounded.dead || wounded.finished || wounded.ended);
-
-    options = pinned(4);
-    options.stamp = "2024-05-02_22-00-00";
     options.truncateLastPiece = true;
     flown(folder, options);
-    EXPECT_NE(piecesOf(folder, options.stamp).back().back(), '\n');
+    EXPECT_NE(piecesOf(folder).back().back(), '\n');
 }
 
-TEST(StandIn, WritesPieceByPiece) {
+TEST(StandIn, WritesPieceByPieceUntilItIsInterrupted) {
     const TemporaryFolder folder;
     prepare(folder);
     std::vector<double> waits;
-    std::vector<size_t> written;
+    size_t interruption = 999; // the wait in which it is interrupted
     FlightOptions options = pinned(5);
     options.delay = 7;
     options.piecePause = 1.5;
     options.wait = [&](double seconds) {
+        EXPECT_EQ(piecesOf(folder, options.stamp).size() + 1, std::max<size_t>(waits.size(), 1))
+            << "a piece after each pause";
         waits.push_back(seconds);
-        written.push_back(piecesOf(folder).size());
-        return true;
+        return waits.size() < interruption;
     };
-    const FlightSummary summary = flown(folder, options);
+    FlightSummary summary = flown(folder, options);
     ASSERT_EQ(waits.size(), static_cast<size_t>(summary.pieces) + 1);
     EXPECT_DOUBLE_EQ(waits[0], 7);
     EXPECT_DOUBLE_EQ(waits[1], 1.5);
-    for (size_t i = 1; i < written.size(); ++i)
-        EXPECT_EQ(written[i], i - 1) << "a piece after each pause";
-}
-
-TEST(StandIn, StopsWhenItIsInterrupted) {
-    const TemporaryFolder folder;
-    prepare(folder);
-    FlightOptions options = pinned(5);
-    options.piecePause = 30;
-    int32_t left = 3;
-    options.wait = [&](double) { return left-- > 0; };
-    const FlightSummary summary = flown(folder, options);
-    EXPECT_TRUE(summary.interrupted);
-    EXPECT_FALSE(summary.finished);
-    EXPECT_EQ(piecesOf(folder).size(), 3U);
-    options.delay = 1;
-    left = 0;
-    EXPECT_EQ(flown(folder, options).pieces, 0);
+    for (const int32_t pieces : {3, 0}) {
+        options.stamp = pieces == 0 ? "2024-05-02_21-00-00" : "2024-05-02_22-00-00";
+        interruption = pieces == 0 ? 1 : static_cast<size_t>(pieces) + 2;
+        waits.clear();
+        summary = flown(folder, options);
+        EXPECT_TRUE(summary.interrupted && !summary.finished);
+        EXPECT_EQ(summary.pieces, pieces);
+        EXPECT_EQ(piecesOf(folder, options.stamp).size(), static_cast<size_t>(pieces));
+    }
 }
 
 TEST(StandIn, SaysWhyItDoesNotFly) {

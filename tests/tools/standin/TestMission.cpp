@@ -6,32 +6,17 @@ namespace standin {
 
 namespace {
 
+// Keys stand side by side here and on lines of their own in the mission.
 constexpr const char* Head = R"(# Mission File Version = 1.0;
 
 Options
 {
-  LCName = 0;
-  LCDesc = 1;
-  LCAuthor = 2;
-  PlayerConfig = "";
-  Time = 9:7:0;
-  Date = 21.3.1918;
-  HMap = "graphics\landscape\height.ini";
-  Textures = "graphics\landscape\textures.ini";
-  Forests = "graphics\landscape\trees\woods.wds";
-  GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "su";
-  MissionType = 0;
-  CloudLevel = 1500;
-  CloudHeight = 600;
-  PrecLevel = 0;
-  PrecType = 0;
-  CloudConfig = "clear\sky.ini";
-  SeaState = 0;
-  Turbulence = 0;
-  TempPressLevel = 0;
-  Temperature = 15;
-  Pressure = 760;
+  LCName = 0; LCDesc = 1; LCAuthor = 2; PlayerConfig = ""; Time = 9:7:0; Date = 21.3.1918;
+  HMap = "graphics\landscape\height.ini"; Textures = "graphics\landscape\textures.ini";
+  Forests = "graphics\landscape\trees\woods.wds"; GuiMap = "swf\data\maps\15.07.1918.info";
+  SeasonPrefix = "su"; MissionType = 0; CloudLevel = 1500; CloudHeight = 600; PrecLevel = 0;
+  PrecType = 0; CloudConfig = "clear\sky.ini"; SeaState = 0; Turbulence = 0; TempPressLevel = 0;
+  Temperature = 15; Pressure = 760;
   WindLayers
   {
     0 :     0 :     0;
@@ -51,49 +36,22 @@ Options
 constexpr const char* Logic = R"(
 MCU_TR_MissionBegin
 {
-  Index = 1;
-  Name = "Begin";
-  Desc = "";
-  Targets = [2];
-  Objects = [];
-  XPos = 216000.000;
-  YPos = 150.000;
-  ZPos = 56000.000;
-  XOri = 0.00;
-  YOri = 0.00;
-  ZOri = 0.00;
+  Index = 1; Name = "Begin"; Desc = ""; Targets = [2]; Objects = [];
+  XPos = 216000.000; YPos = 150.000; ZPos = 56000.000; XOri = 0.00; YOri = 0.00; ZOri = 0.00;
   Enabled = 1;
 }
 
 MCU_Timer
 {
-  Index = 2;
-  Name = "Start";
-  Desc = "";
-  Targets = [3];
-  Objects = [];
-  XPos = 216000.000;
-  YPos = 150.000;
-  ZPos = 56000.000;
-  Time = 3;
-  Random = 100;
+  Index = 2; Name = "Start"; Desc = ""; Targets = [3]; Objects = [];
+  XPos = 216000.000; YPos = 150.000; ZPos = 56000.000; Time = 3; Random = 100;
 }
 
 MCU_CMD_AttackArea
 {
-  Index = 3;
-  Name = "Attack";
-  Desc = "";
-  Targets = [];
-  Objects = [@LEADERS];
-  XPos = 216000.000;
-  YPos = 1800.000;
-  ZPos = 56000.000;
-  AttackGround = 0;
-  AttackAir = 1;
-  AttackGTargets = 0;
-  AttackArea = 10000;
-  Time = 1800;
+  Index = 3; Name = "Attack"; Desc = ""; Targets = []; Objects = [@LEADERS];
+  XPos = 216000.000; YPos = 1800.000; ZPos = 56000.000;
+  AttackGround = 0; AttackAir = 1; AttackGTargets = 0; AttackArea = 10000; Time = 1800;
   Priority = 1;
 }
 
@@ -103,38 +61,17 @@ MCU_CMD_AttackArea
 constexpr const char* PlaneText = R"(
 Plane
 {
-  Name = "@NAME";
-  Index = @INDEX;
-  LinkTrId = @ENTITY;
-  XPos = @X;
-  YPos = @Y;
-  ZPos = @Z;
-  XOri = 0;
-  YOri = @HEADING;
-  ZOri = 0;
-  Script = "LuaScripts\WorldObjects\@TYPE.txt";
-  Model = "graphics\planes\@TYPE\@TYPE.mgm";
-  Country = @COUNTRY;
-  Desc = "ID4711";
-  Skin = "@TYPE\some_skin.dds";
-  AILevel = @LEVEL;
-  StartInAir = @INAIR;
-  PayloadId = 0;
-  Fuel = 0.325;
+  Name = "@NAME"; Index = @INDEX; LinkTrId = @ENTITY; XPos = @X; YPos = @Y; ZPos = @Z;
+  XOri = 0; YOri = @HEADING; ZOri = 0;
+  Script = "LuaScripts\WorldObjects\@TYPE.txt"; Model = "graphics\planes\@TYPE\@TYPE.mgm";
+  Country = @COUNTRY; Desc = "ID4711"; Skin = "@TYPE\some_skin.dds"; AILevel = @LEVEL;
+  StartInAir = @INAIR; PayloadId = 0; Fuel = 0.325;
 }
 
 MCU_TR_Entity
 {
-  Index = @ENTITY;
-  Name = "@NAME";
-  Desc = "ID4711";
-  Targets = [@LEADER];
-  Objects = [];
-  XPos = @X;
-  YPos = @Y;
-  ZPos = @Z;
-  Enabled = 1;
-  MisObjID = @INDEX;
+  Index = @ENTITY; Name = "@NAME"; Desc = "ID4711"; Targets = [@LEADER]; Objects = [];
+  XPos = @X; YPos = @Y; ZPos = @Z; Enabled = 1; MisObjID = @INDEX;
   OnMessages
   {
   }
@@ -147,7 +84,10 @@ std::string filled(std::string text, const char* mark, const std::string& value)
     return text;
 }
 
-std::string withCrLf(const std::string& text) { return filled(text, "\n", "\r\n"); }
+/// A key a line, and lines as the simulator has them.
+std::string laidOut(const std::string& text) {
+    return filled(filled(text, "; ", ";\n  "), "\n", "\r\n");
+}
 
 } // namespace
 
@@ -165,20 +105,25 @@ std::string missionText(const std::vector<TestPlane>& planes, bool inAir) {
             leader[side] = index + 1;
             leaders += (leaders.empty() ? "" : ",") + std::to_string(index + 1);
         }
-        std::string block = filled(PlaneText, "@NAME", plane.name);
-        block = filled(block, "@INDEX", std::to_string(index));
-        block = filled(block, "@ENTITY", std::to_string(index + 1));
-        block = filled(block, "@X", std::to_string(216000 + 100 * members[side]++));
-        block = filled(block, "@Y", inAir ? (side == 1 ? "1912.5" : "2043") : "86.5");
-        block = filled(block, "@Z", side == 1 ? "57300" : "54700");
-        block = filled(block, "@HEADING", side == 1 ? "271.25" : "92.5");
-        block = filled(block, "@TYPE", plane.type);
-        block = filled(block, "@COUNTRY", std::to_string(plane.country));
-        block = filled(block, "@LEVEL", std::to_string(plane.level));
-        block = filled(block, "@INAIR", inAir ? "1" : "0");
-        text += filled(block, "@LEADER", leads ? "" : std::to_string(leader[side]));
+        const std::pair<const char*, std::string> values[] = {
+            {"@NAME", plane.name},
+            {"@INDEX", std::to_string(index)},
+            {"@ENTITY", std::to_string(index + 1)},
+            {"@X", std::to_string(216000 + 100 * members[side]++)},
+            {"@Y", inAir ? (side == 1 ? "1912.5" : "2043") : "86.5"},
+            {"@Z", side == 1 ? "57300" : "54700"},
+            {"@HEADING", side == 1 ? "271.25" : "92.5"},
+            {"@TYPE", plane.type},
+            {"@COUNTRY", std::to_string(plane.country)},
+            {"@LEVEL", std::to_string(plane.level)},
+            {"@INAIR", inAir ? "1" : "0"},
+            {"@LEADER", leads ? "" : std::to_string(leader[side])}};
+        std::string block = PlaneText;
+        for (const auto& [mark, value] : values)
+            block = filled(block, mark, value);
+        text += block;
     }
-    return withCrLf(text + filled(Logic, "@LEADERS", leaders));
+    return laidOut(text + filled(Logic, "@LEADERS", leaders));
 }
 
 std::vector<TestPlane> sixPlanes() {
@@ -192,6 +137,20 @@ std::vector<TestPlane> sixPlanes() {
 
 std::string smallMission() {
     return missionText({{"Erich Sommer", 501, "fokkerdr1", 0}, {"Albert Reed", 102, "se5a", 2}});
+}
+
+std::string objectiveText(int32_t index) {
+    return laidOut("MCU_TR_MissionObjective\n{\n  Index = " + std::to_string(index) +
+                   "; Targets = []; Objects = []; XPos = 1.500; YPos = 2.000; ZPos = 3.000; "
+                   "Enabled = 1; LCName = 0; LCDesc = 0; TaskType = 0; Coalition = 2; "
+                   "Success = 1; IconType = 904;\n}\n");
+}
+
+Mission readMission(const std::string& text) {
+    Mission mission;
+    Fault fault;
+    EXPECT_TRUE(readMissionText(text, mission, fault)) << fault.line << ": " << fault.reason;
+    return mission;
 }
 
 std::string replaced(const std::string& text, const std::string& from, const std::string& to,

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tools/standin/MissionReader.h"
+
 namespace standin {
 
 /// A plane of a mission that a test makes.
@@ -23,6 +25,12 @@ std::string missionText(const std::vector<TestPlane>& planes, bool inAir = true)
 std::vector<TestPlane> sixPlanes();
 /// missionText of a human and one enemy, for tests that edit it.
 std::string smallMission();
+
+/// An objective of that index at the place 1.5, 2, 3, to stand in front of the file's last line.
+std::string objectiveText(int32_t index);
+
+/// The mission of a text; fails the test if it is refused.
+Mission readMission(const std::string& text);
 
 /// The text with the first `from` behind `after` replaced; fails the test if there is none.
 std::string replaced(const std::string& text, const std::string& from, const std::string& to,

@@ -1,0 +1,70 @@
+#include "app/mission/Settings.h"
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "app/mission/Configuration.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "tests/support/Printers.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+/// The player's folder, the one that the program is started from and the one of its files.
+struct SettingsTest : testing::Test {
+    SettingsTest() {
+        Configuration::reset();
+        zel::setUserDirectory(folder.file("user"));
+        for (const char* name : {"start/x", "files/x"})
+            folder.write(name, "");
+    }
+    ~SettingsTest() override {
+        zel::system::changeDirectory(before);
+        noteStartFolder();
+        Configuration::reset();
+        zel::setUserDirectory("");
+    }
+
+    /// As the program starts.
+    void start() {
+        zel::system::changeDirectory(folder.file("start"));
+        noteStartFolder();
+        zel::system::changeDirectory(folder.file("files"));
+        loadSettings();
+    }
+
+    TemporaryFolder folder;
+    zel::String before = zel::system::currentDirectory();
+};
+
+TEST_F(SettingsTest, ComeFromThreeFolders) {
+    folder.write("user/wtysettings.ini", "a=user\nb=user\nc=user\n");
+    folder.write("files/wtysettings.ini", "b=files\nc=files\nrof.directory=elsewhere\n");
+    folder.write("start/wtysettings.ini", "c=start\nrof.directory=games/rof\n");
+    start();
+    EXPECT_EQ(Configuration::get("a", ""), "user");
+    EXPECT_EQ(Configuration::get("b", ""), "files");
+    EXPECT_EQ(Configuration::get("c", ""), "start");
+    EXPECT_EQ(Configuration::getRofDirectory(), folder.file("start/games/rof") + "\\")
+        << "as seen from the settings that name it";
+}
+
+TEST_F(SettingsTest, AreToBeWrittenWhereThePlayerCan) {
+    start();
+    const std::string file(settingsFileToWrite());
+    EXPECT_TRUE(
+        std::filesystem::equivalent(std::filesystem::path(file).parent_path(), folder.file("user")))
+        << file << ", in a folder that is there";
+    EXPECT_FALSE(std::filesystem::exists(file));
+    folder.write("files/wtysettings.ini", "");
+    EXPECT_TRUE(std::filesystem::equivalent(std::string(settingsFileToWrite()),
+                                            folder.file("files/wtysettings.ini")));
+    folder.write("start/wtysettings.ini", "");
+    EXPECT_TRUE(std::filesystem::equivalent(std::string(settingsFileToWrite()),
+                                            folder.file("start/wtysettings.ini")))
+        << "it goes before the others";
+}
+
+} // namespace

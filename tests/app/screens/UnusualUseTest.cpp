@@ -1,0 +1,147 @@
+// Players in a hurry, names of every sort, and menus that have little of what the code knows.
+#include <gtest/gtest.h>
+
+#include "app/career/Database.h"
+#include "app/mission/Configuration.h"
+#include "app/report/CombatReport.h"
+#include "app/screens/Application.h"
+#include "engine/core/Registry.h"
+#include "engine/core/StatesMachine.h"
+#include "engine/menu/Widget.h"
+#include "tests/app/screens/CareerDriver.h"
+
+namespace {
+
+constexpr const char* German1915 = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+
+/// Both presses come before the first is followed.
+void pressTwice(CareerDriver& driver, const char* button) {
+    driver.screens->menu().hitWidget(button);
+    driver.screens->menu().hitWidget(button);
+}
+
+/// A squadron of the player's nation other than his own.
+int32_t otherSquadron(const Database& career) {
+    const Pilot& player = career.pilots[size_t(career.playerPilot)];
+    int32_t other = 0;
+    while (other == player.squadron || career.squadrons[size_t(other)].nation != player.nation)
+        ++other;
+    return other;
+}
+
+} // namespace
+
+TEST(UnusualUse, TwoQuickPressesAreOne) {
+    const PlayerHome home;
+    CareerDriver driver(home);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk(std::string("menuButton1>MenuNewService ") + German1915));
+    pressTwice(driver, "menuButton4");
+    ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
+    EXPECT_EQ(driver.screens->log.linesWith("SIMULATED MISSIONS"), 1);
+
+    Database& career = *Database::instance();
+    const int32_t other = otherSquadron(career);
+    career.invitationSquadron = other;
+    career.invitationYear = career.year;
+    career.invitationMonth = career.month;
+    ASSERT_TRUE(driver.go("menuButton1", "MenuGameInvite"));
+    pressTwice(driver, "menuButton4");
+    ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
+    EXPECT_EQ(career.previousInvitation, other);
+}
+
+TEST(UnusualUse, WhoGoesAwayGetsNoReport) {
+    const PlayerHome home;
+    CareerDriver driver(home);
+    ASSERT_TRUE(driver.begin(German1915));
+    ASSERT_TRUE(driver.takeOff());
+    ASSERT_TRUE(driver.fly());
+    driver.screens->menu().hitWidget("menuBack");
+    driver.look();
+    ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
+    EXPECT_EQ(driver.screens->log.linesWith("MISSION FINISHED"), 0)
+        << "it would be carried into the career and never shown";
+}
+
+TEST(UnusualUse, NamesStandAsTheyAre) {
+    const PlayerHome home;
+    CareerDriver driver(home);
+    ASSERT_TRUE(driver.begin(German1915));
+    constexpr const char* Name = "J\xFCrgen \"$1\" %s O\\neill";
+    Database& career = *Database::instance();
+    zel::copyText(career.player().name, Name);
+    career.player().shotdowns = 100; // the first of the roll
+    ASSERT_TRUE(driver.go("menuButton2", "MenuGameViewSquadron"));
+    EXPECT_EQ(driver.text("pilot1"), std::string(Name) + " (you!): 100");
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
+    ASSERT_TRUE(driver.takeOff());
+    PilotReport& report = CombatReport::instance()->pilots.emplace_back();
+    report.name = Name;
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    EXPECT_EQ(driver.text("left1"), std::string(Name) + " - Kills: 0");
+}
+
+TEST(UnusualUse, EveryElementMayBeMissing) {
+    const PlayerHome home;
+    Configuration::reset();
+    Configuration::set("rof.directory", home.simulatorFolder());
+    setWindowWanted(false);
+    {
+        ScreenDriver screens({{"MenuMain", ""},
+                              {"MenuNewCareer", ""},
+                              {"MenuGameMain", ""},
+                              {"MenuGameInvite", ""},
+                              {"MenuGameViewSquadron", ""},
+                              {"MenuGameTopAces", ""},
+                              {"MenuGameStartMission", ""},
+                              {"MenuGameFinishMission", ""},
+                              {"MenuGameCombatReport", ""},
+                              {"MenuConfiguration", ""},
+                              {"MenuConfigurationMaps", ""},
+                              {"MenuConfigurationPlanes1", ""},
+                              {"MenuConfigurationPlanes2", ""},
+                              {"MenuNotificationInstallDir", ""}});
+        ASSERT_TRUE(screens.untilIdle("MenuMain"));
+        // The new career's page makes the career that the other pages then show. Without a mission
+        // template there is no mission, and no page that says so.
+        for (const zel::HandledMenu* menu : zel::HandledMenu::getMenus()) {
+            if (menu->getName() == "MenuMain")
+                continue;
+            screens.menu().setTransition(menu->getName());
+            EXPECT_TRUE(screens.untilIdle(menu->getName().c_str()));
+            screens.step(9000);
+        }
+        EXPECT_TRUE(Database::instance()->hasCareer());
+        screens.menu().setTransition("MenuMain");
+        EXPECT_TRUE(screens.untilIdle("MenuMain"));
+    }
+    Configuration::reset();
+}
+
+TEST(UnusualUse, SwitchesOfAnyKindAndNumberTurn) {
+    setWindowWanted(false);
+    ScreenDriver screens({{"MenuConfigurationMaps", "init:\n"
+                                                    "theme.definetheme t\n"
+                                                    "theme.definewidgettextoffset button 0 0\n"
+                                                    "layout.definelayout l\n"
+                                                    "layout.definewidget menuButton2 button\n"
+                                                    "onenter:\n"
+                                                    "settheme t\n"
+                                                    "setlayout l\n"
+                                                    "addwidget menuButton2\n"}});
+    ASSERT_TRUE(screens.untilIdle("MenuConfigurationMaps"));
+    EXPECT_EQ(screens.text("menuButton2"), "The Channel: On");
+    const auto turned = [&] {
+        screens.menu().hitWidget("menuButton2");
+        return std::string(zel::Registry::get("mapChannel", ""));
+    };
+    EXPECT_EQ(turned(), "0");
+    EXPECT_EQ(screens.text("menuButton2"), "The Channel: Off");
+    EXPECT_FALSE(screens.log.holds("unknown kind")) << "\"button\" is none of a pair";
+    zel::Registry::set("mapChannel", "5");
+    EXPECT_EQ(turned(), "-4");
+    EXPECT_EQ(screens.text("menuButton2"), "The Channel: On");
+    zel::Registry::set("mapChannel", "-2147483648");
+    EXPECT_NE(turned(), "0") << "whatever it is, it is no fault";
+}
