@@ -1,5 +1,6 @@
-// Goes through the program and writes a picture of every screen into the folder named, for the
+// Goes through the program and writes pictures of the screens named into a folder, for the
 // documents.
+#include <algorithm>
 #include <cstdio>
 
 #include <gtest/gtest.h>
@@ -11,16 +12,19 @@
 #include "tests/engine/menu/GoldenPicture.h"
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: screenshots FOLDER\n");
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: screenshots FOLDER SCREEN...\n");
         return 2;
     }
+    const std::vector<std::string> wanted(argv + 2, argv + argc);
     testing::InitGoogleTest();
     const std::string folder = argv[1];
     const PlayerHome home;
     CareerDriver driver(home, 1, true);
     bool written = driver.screens->untilIdle("MenuMain");
     const auto visit = [&](const std::string& name) {
+        if (std::find(wanted.begin(), wanted.end(), name) == wanted.end())
+            return;
         driver.screens->moveTo(5, 5);
         driver.screens->step();
         driver.screens->step();
