@@ -258,7 +258,7 @@ void Window::swapBuffers() {
 void Window::pace() {
     const uint32_t period = hasInputFocus() && isActive() ? FramePeriod : IdleFramePeriod;
     const uint32_t passed = timer.getTicks();
-    if (passed < period)
+    if (paced && passed < period)
         system::sleepMilliseconds(period - passed);
     timer.reset();
 }

@@ -49,6 +49,8 @@ public:
     /// the events that wait. A picture that is the same as the one shown is drawn again only once a
     /// second, in case the system spoilt the window without a word.
     void swapBuffers();
+    /// Whether frames wait until they are due; so they do at first.
+    void setPaced(bool isPaced) { paced = isPaced; }
     /// Takes the events that wait. True once the player, or the system, wants the program to end.
     static bool pollQuit();
     void setTitle(const String& title);
@@ -95,6 +97,7 @@ private:
     int32_t height = 0;
     int32_t depth = 32;
     bool fullscreen = false;
+    bool paced = true;
     uint32_t videoFlags = 0;
     SDL_Surface* surface = nullptr;
     bool simulated = false;

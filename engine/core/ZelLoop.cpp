@@ -132,6 +132,11 @@ bool ZelLoop::run() {
 }
 
 void ZelLoop::step() {
+    // The player waits for the first screen: up to it no frame rests.
+    const StatesMachine& machine = StatesMachine::getInstance();
+    firstScreenStands = firstScreenStands || (machine.getActiveState() && machine.isSettled());
+    if (Window* window = Window::current())
+        window->setPaced(firstScreenStands);
     HighLevelScheduler::getInstance().render();
     update();
 }

@@ -46,6 +46,7 @@ private:
     static std::vector<std::unique_ptr<UpdateObject>>& persistentObjects();
 
     std::unique_ptr<ZelApp> app;
+    bool firstScreenStands = false;
 
     static bool paused;
     static bool quitRequested;
