@@ -1,6 +1,4 @@
 // The sample program, run by its loop on a real display and the real clock.
-#include <ctime>
-
 #include <SDL.h>
 #include <gtest/gtest.h>
 
@@ -17,6 +15,7 @@
 #include "engine/menu/HandledMenuExtension.h"
 #include "tests/engine/menu/TestApp.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/ProcessorTime.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zel {
@@ -49,7 +48,8 @@ protected:
     }
     void SetUp() override {
         const StatesMachine& machine = StatesMachine::getInstance();
-        for (int32_t frame = 0; frame < 1000; ++frame) {
+        constexpr uint32_t Patience = 10000; // milliseconds
+        for (const uint32_t start = ticks(); ticks() - start < Patience;) {
             loop->step();
             if (machine.getActiveState() != nullptr && machine.isSettled())
                 return;
@@ -61,10 +61,10 @@ protected:
         constexpr uint32_t Seconds = 10;
         Platform::getInstance().setAppState(appState);
         const uint32_t start = ticks();
-        const clock_t before = std::clock(); // of all threads
+        const double before = processorSeconds();
         while (ticks() - start < Seconds * 1000 && !ZelLoop::isFinished())
             loop->step();
-        return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC / Seconds;
+        return (processorSeconds() - before) / Seconds;
     }
 
     LogCapture log;
