@@ -20,9 +20,9 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 std::string TemporaryFolder::file(std::string_view name) const {
-    const fs::path path = fs::path(folder) / name;
-    fs::create_directories(path.parent_path());
-    return path.string();
+    const std::string path = folder + "/" + std::string(name);
+    fs::create_directories(fs::path(path).parent_path());
+    return path;
 }
 
 std::string TemporaryFolder::write(std::string_view name, std::string_view content) const {

@@ -1,0 +1,4 @@
+#pragma once
+
+/// Processor time that all threads of the program have taken, in seconds.
+double processorSeconds();
