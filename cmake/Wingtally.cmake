@@ -9,6 +9,11 @@ target_compile_options(wingtally_flags INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
   $<$<CXX_COMPILER_ID:Clang>:-Wshadow>)
 
+if(WIN32)
+  # The compiler's own libraries go into each program; beside it lies SDL alone.
+  target_link_options(wingtally_flags INTERFACE -static)
+endif()
+
 # wingtally_library(NAME SOURCES file... LINKS library...): a static library of one folder.
 function(wingtally_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
@@ -38,7 +43,13 @@ function(wingtally_test name)
     ENVIRONMENT SDL_VIDEODRIVER=dummy ENVIRONMENT_MODIFICATION SDL_AUDIODRIVER=set:dummy)
 endfunction()
 
+# The display of a screen test. A server that resets with its last client, as between two windows,
+# loses the next one. Wine keeps to the display that was there when it was started.
 find_program(WINGTALLY_XVFB_RUN xvfb-run)
+set(own_display ${WINGTALLY_XVFB_RUN} -a -s "-screen 0 1280x1024x24 -noreset")
+if(WIN32)
+  set(own_display)
+endif()
 
 # wingtally_screen_test(NAME SOURCES file... LINKS library...): one GoogleTest program of windows
 # and pictures. It runs as one test, on a display of its own with OpenGL in software; label screens.
@@ -51,9 +62,8 @@ function(wingtally_screen_test name)
     message(WARNING "No xvfb-run: ${name} is built, but not among the tests")
     return()
   endif()
-  # A server that resets with its last client, as between two windows, loses the next one.
   add_test(NAME ${name}
-    COMMAND ${WINGTALLY_XVFB_RUN} -a -s "-screen 0 1280x1024x24 -noreset" $<TARGET_FILE:${name}>
+    COMMAND ${own_display} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>
     WORKING_DIRECTORY ${WINGTALLY_RUN_DIR})
   set_tests_properties(${name} PROPERTIES LABELS screens TIMEOUT 600 RESOURCE_LOCK display
     ENVIRONMENT "LIBGL_ALWAYS_SOFTWARE=1;SDL_AUDIODRIVER=dummy")

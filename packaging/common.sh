@@ -48,6 +48,18 @@ quietly() {
 build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev"
 test_packages="clang libclang-rt-14-dev libgtest-dev libbenchmark-dev xvfb xauth libgl1-mesa-dri"
 
+# For Windows: the compiler with SDL's source, and what runs the programs here.
+windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev"
+wine_packages="wine wine64 googletest libgl1 libgl1-mesa-dri xvfb xauth xdotool locales"
+
+# Whether all of that is installed.
+can_check_windows() {
+    for file in x86_64-w64-mingw32-g++-posix dpkg-source xvfb-run xdotool /usr/lib/wine/wine64; do
+        command -v $file >/dev/null 2>&1 || return 1
+    done
+    [ -d /usr/src/googletest ]
+}
+
 # build PRESET [OPTION...]: configures and builds.
 build() {
     preset=$1

@@ -1,8 +1,12 @@
 #include <SDL.h> // where SDL starts the program itself, it does so under a main of its own
 
 #include "app/mission/Settings.h"
+#include "app/screens/ZelAppInfo.h"
+#include "engine/core/Directory.h"
+#include "engine/core/Log.h"
 #include "engine/core/Platform.h"
 #include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
 #include "engine/core/ZelLoop.h"
 
 namespace {
@@ -16,9 +20,19 @@ void enterRunDirectory() {
         zel::system::changeDirectory(folder);
 }
 
+/// Where nobody sees the program's words they can be read afterwards.
+void keepLog() {
+    zel::setApplicationTitle(ZelAppInfo::getAppName());
+    const zel::String folder = zel::getUserDirectory();
+    if (zel::Directory::create(folder))
+        zel::startLogFile(folder + "wingtally.log");
+}
+
 } // namespace
 
 int main(int /*argc*/, char** /*argv*/) {
+    if (!zel::system::hasTerminals())
+        keepLog();
     zel::Platform::getInstance();
     noteStartFolder();
     enterRunDirectory();

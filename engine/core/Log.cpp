@@ -1,9 +1,11 @@
 #include "engine/core/Log.h"
 
 #include <map>
+#include <memory>
 #include <string>
 
 #include "engine/core/Clock.h"
+#include "engine/core/System.h"
 
 namespace zel {
 
@@ -16,6 +18,7 @@ struct LogState {
     bool consoleShown = true;
     FILE* stream = stdout;
     void (*sink)(const String& line) = nullptr;
+    std::unique_ptr<FILE, int (*)(FILE*)> file{nullptr, std::fclose};
 };
 
 LogState& logState() {
@@ -37,6 +40,11 @@ const char* mark(int32_t level) {
     }
 }
 
+void writeLine(FILE* stream, const String& line) {
+    std::fprintf(stream, "%s\n", line.c_str());
+    std::fflush(stream); // the last line before a crash is the one that tells
+}
+
 } // namespace
 
 void log(const String& message, const String& category, int32_t level) {
@@ -44,12 +52,12 @@ void log(const String& message, const String& category, int32_t level) {
         return;
     const String line =
         String(mark(level)) + std::to_string(ticks()) + " [" + category + "] " + message;
-    if (logState().sink != nullptr) {
+    if (logState().file != nullptr)
+        writeLine(logState().file.get(), line);
+    if (logState().sink != nullptr)
         logState().sink(line);
-        return;
-    }
-    std::fprintf(logState().stream, "%s\n", line.c_str());
-    std::fflush(logState().stream);
+    else
+        writeLine(logState().stream, line);
 }
 
 bool isLogged(std::string_view category, int32_t level) {
@@ -72,9 +80,20 @@ void disableLogging() { logState().enabled = false; }
 void setLogStream(FILE* stream) { logState().stream = stream; }
 void setLogSink(void (*sink)(const String& line)) { logState().sink = sink; }
 
+bool startLogFile(const String& path) {
+    logState().file.reset();
+    if (system::fileStatus(path).exists && !system::replaceFile(path, path + ".bak"))
+        return false;
+    logState().file.reset(system::openFile(path, "wb"));
+    return logState().file != nullptr;
+}
+
 void console(const String& line) {
-    if (logState().consoleShown)
-        std::fprintf(logState().stream, "%s\n", line.c_str());
+    if (!logState().consoleShown)
+        return;
+    if (logState().file != nullptr)
+        writeLine(logState().file.get(), line);
+    std::fprintf(logState().stream, "%s\n", line.c_str());
 }
 
 void setConsoleShown(bool shown) { logState().consoleShown = shown; }

@@ -31,6 +31,9 @@ void disableLogging();
 void setLogStream(FILE* stream);
 /// Takes log lines instead, without their line ends; null for the stream again.
 void setLogSink(void (*sink)(const String& line));
+/// Writes log and console lines to a file as well, which begins anew; the one that was there stays
+/// as `.bak`. False if that can't be done, as when another instance of the program writes there.
+bool startLogFile(const String& path);
 
 /// A line without mark or category: what screens and scripts say of themselves, for developers. No
 /// user sees it. Shown unless switched off.

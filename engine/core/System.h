@@ -63,11 +63,14 @@ bool removeFile(const String& path);
 String queryRegistryValue(const String& keyPath, const String& valueName);
 
 /// The identifier by which Windows knows the user's locale, such as 1031 for German; 0 if unknown.
-/// Off Windows it is found by LC_ALL, LC_MESSAGES or LANG, the first of them that is set.
+/// LC_ALL goes before it, for trying out a language. Off Windows it is found by LC_ALL, LC_MESSAGES
+/// or LANG, the first of them that is set.
 uint32_t userLocale();
 
 /// Whether there is a screen to open windows on.
 bool hasDisplay();
+/// Whether a program with a window has a standard output that somebody can look at.
+bool hasTerminals();
 /// Shows a web address in the player's browser, without waiting for it; false if that can't be
 /// started. REQUIRES: the address begins with "http://".
 bool openBrowser(const String& address);

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <windows.h>
 
+#include "engine/core/LocaleNames.h"
 #include "engine/core/System.h"
 
 namespace zel::system {
@@ -13,6 +14,9 @@ namespace {
 // The simulator's installer is a 32-bit program, and the key path names its view in full.
 constexpr REGSAM KeyRead = 0x20019;
 constexpr DWORD RegistryBufferSize = 1024;
+// A virus scanner or an indexer holds a file for some moments after it was written.
+constexpr int32_t MostAttempts = 25;
+constexpr DWORD AttemptPause = 20; // milliseconds
 
 /// Microseconds of the fine counter: the plain tick count moves in steps of 16 milliseconds.
 int64_t counterTime() {
@@ -30,6 +34,19 @@ int64_t programStart() {
 }
 
 DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
+
+/// Tries again for half a second while somebody else holds the file.
+template <typename Operation> bool patiently(const Operation& operation) {
+    for (int32_t attempt = 1; !operation(); ++attempt) {
+        const DWORD error = GetLastError();
+        const bool isHeld =
+            error == ERROR_SHARING_VIOLATION || error == ERROR_UNABLE_TO_REMOVE_REPLACED;
+        if (!isHeld || attempt == MostAttempts)
+            return false;
+        Sleep(AttemptPause);
+    }
+    return true;
+}
 
 } // namespace
 
@@ -101,7 +118,10 @@ bool isDirectory(const String& path) {
 bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     entries.clear();
     WIN32_FIND_DATAA data;
-    const HANDLE search = FindFirstFileA(((path.empty() ? "." : path) + "\\*").c_str(), &data);
+    std::string folder(path.empty() ? "." : path.view());
+    if (folder.back() != '\\' && folder.back() != '/')
+        folder += '\\';
+    const HANDLE search = FindFirstFileA((folder + '*').c_str(), &data);
     if (search == INVALID_HANDLE_VALUE)
         return GetLastError() == ERROR_FILE_NOT_FOUND; // a drive without entries
     do {
@@ -109,8 +129,9 @@ bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
         if (name != "." && name != "..")
             entries.push_back({name, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
     } while (FindNextFileA(search, &data) != 0);
+    const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
     FindClose(search);
-    return true;
+    return isWhole;
 }
 
 bool createDirectory(const String& path) {
@@ -118,15 +139,20 @@ bool createDirectory(const String& path) {
 }
 
 bool replaceFile(const String& from, const String& to) {
-    return MoveFileExA(from.c_str(), to.c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    return patiently([&] {
+        return MoveFileExA(from.c_str(), to.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    });
 }
 
 bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
     if (!fileStatus(to).exists)
         return replaceFile(from, to);
-    if (ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
-                     nullptr, nullptr) != 0)
+    const bool isReplaced = patiently([&] {
+        return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(),
+                            REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;
+    });
+    if (isReplaced)
         return true;
     if (!fileStatus(to).exists) // it failed half way
         replaceFile(backup, to);
@@ -141,15 +167,21 @@ String queryRegistryValue(const String& keyPath, const String& valueName) {
         return {};
     char buffer[RegistryBufferSize] = {};
     DWORD size = RegistryBufferSize - 1;
-    const LONG result = RegQueryValueExA(key, valueName.c_str(), nullptr, nullptr,
+    DWORD type = REG_NONE;
+    const LONG result = RegQueryValueExA(key, valueName.c_str(), nullptr, &type,
                                          reinterpret_cast<BYTE*>(buffer), &size);
     RegCloseKey(key);
-    return result == ERROR_SUCCESS ? String(buffer) : String();
+    const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
+    return result == ERROR_SUCCESS && isText ? String(buffer) : String();
 }
 
-uint32_t userLocale() { return GetUserDefaultLCID(); }
+uint32_t userLocale() {
+    const uint32_t chosen = localeIdentifier(environment("LC_ALL"));
+    return chosen != 0 ? chosen : GetUserDefaultLCID();
+}
 
 bool hasDisplay() { return true; }
+bool hasTerminals() { return false; }
 
 bool openBrowser(const String& address) {
     const HINSTANCE result =

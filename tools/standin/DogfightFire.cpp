@@ -41,9 +41,9 @@ void Dogfight::fire(size_t index) {
     fighter.burst -= StepSeconds;
     if (fighter.burst <= 0 || off > cone * 1.5)
         fighter.burst = -draw(0.3, 1.2);
-    const double near = std::min(1.0, std::pow(100 / std::max(away, 1.0), 1.3));
+    const double near = std::min(1.0, rounded(std::pow(100 / std::max(away, 1.0), 1.3)));
     const double spread = off / cone;
-    const double odds = skill(index).aim * near * std::exp(-spread * spread * 2);
+    const double odds = skill(index).aim * near * rounded(std::exp(-spread * spread * 2));
     fighter.partRound += typeOf(index).guns * RoundsPerSecond * StepSeconds;
     while (fighter.partRound >= 1 && fighter.rounds > 0) {
         fighter.partRound -= 1;

@@ -123,7 +123,7 @@ void Dogfight::steerAttack(size_t index) {
 /// Low over the lines, then down to the field.
 void Dogfight::steerHome(Fighter& fighter) const {
     const Vector way = fighter.home - fighter.position;
-    const double away = std::hypot(way.x, way.z);
+    const double away = groundDistance(fighter.home, fighter.position);
     const double height =
         ground + (away > Approach ? HomeHeight : away / Approach * HomeHeight - 4);
     const double slope = std::clamp((height - fighter.position.y) / 400, -0.3, 0.2);
@@ -181,8 +181,8 @@ double Dogfight::turnNose(size_t index) {
     Vector across = wanted - fighter.direction * dot(wanted, fighter.direction);
     if (length(across) < 1e-6)
         across = rightOf(fighter.direction) * fighter.side; // it lies straight behind
-    fighter.direction =
-        normalized(fighter.direction * std::cos(turned) + normalized(across) * std::sin(turned));
+    fighter.direction = normalized(fighter.direction * rounded(std::cos(turned)) +
+                                   normalized(across) * rounded(std::sin(turned)));
     return turned / most;
 }
 

@@ -7,6 +7,10 @@ namespace standin {
 
 constexpr double Pi = 3.14159265358979323846;
 
+/// A value of sin, pow and their like, to six decimals. Their last bits differ
+/// from system to system, and a fight drives the smallest difference apart.
+inline double rounded(double value) { return std::round(value * 1e6) * 1e-6; }
+
 /// A place on the map or a direction: x to the north, y up, z to the east, in metres.
 struct Vector {
     double x = 0;
@@ -28,7 +32,7 @@ inline double length(const Vector& a) { return std::sqrt(dot(a, a)); }
 inline double distance(const Vector& a, const Vector& b) { return length(a - b); }
 /// Over the ground, whatever the heights.
 inline double groundDistance(const Vector& a, const Vector& b) {
-    return std::hypot(a.x - b.x, a.z - b.z);
+    return length({a.x - b.x, 0, a.z - b.z});
 }
 /// To the north for a vector without a length.
 inline Vector normalized(const Vector& a) {
@@ -37,11 +41,11 @@ inline Vector normalized(const Vector& a) {
 }
 /// Between two directions of length 1, in radians from 0 to Pi.
 inline double angleBetween(const Vector& a, const Vector& b) {
-    return std::acos(std::clamp(dot(a, b), -1.0, 1.0));
+    return rounded(std::acos(std::clamp(dot(a, b), -1.0, 1.0)));
 }
 /// heading in degrees, 0 to the north, 90 to the east.
 inline Vector levelDirection(double heading) {
-    return {std::cos(heading * Pi / 180), 0, std::sin(heading * Pi / 180)};
+    return {rounded(std::cos(heading * Pi / 180)), 0, rounded(std::sin(heading * Pi / 180))};
 }
 
 } // namespace standin

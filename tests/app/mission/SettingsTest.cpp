@@ -47,7 +47,9 @@ TEST_F(SettingsTest, ComeFromThreeFolders) {
     EXPECT_EQ(Configuration::get("a", ""), "user");
     EXPECT_EQ(Configuration::get("b", ""), "files");
     EXPECT_EQ(Configuration::get("c", ""), "start");
-    EXPECT_EQ(Configuration::getRofDirectory(), folder.file("start/games/rof") + "\\")
+    using std::filesystem::path;
+    EXPECT_EQ(path(Configuration::getRofDirectory().c_str()),
+              path(folder.file("start/games/rof") + "\\"))
         << "as seen from the settings that name it";
 }
 

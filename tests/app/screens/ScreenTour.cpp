@@ -90,7 +90,9 @@ private:
     bool flight() {
         if (!steps("menuButton1>MenuGameStartMission menuButton4>MenuGameFinishMission"))
             return false;
-        EXPECT_TRUE(driver.fly());
+        standin::FlightOptions options;
+        options.seed = 2; // a flight with losses, which the player survives
+        EXPECT_TRUE(driver.fly(options));
         driver.look();
         if (!driver.screens->untilIdle("MenuGameCombatReport"))
             return false;

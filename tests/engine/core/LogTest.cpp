@@ -4,6 +4,7 @@
 
 #include "engine/core/Clock.h"
 #include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace {
 
@@ -51,6 +52,23 @@ TEST(Log, GoesToASinkInstead) {
     zel::setTickSource(nullptr);
     EXPECT_EQ(caught, "!! 5 [Some] shown");
     EXPECT_EQ(log.text(), "");
+}
+
+TEST(Log, GoesToAFileToo) {
+    const TemporaryFolder folder;
+    const LogCapture log;
+    EXPECT_FALSE(zel::startLogFile(folder.path() + "/none/words.log"));
+    zel::setTickSource([] { return 5U; });
+    for (const char* run : {"first", "second", "third"}) {
+        EXPECT_TRUE(zel::startLogFile(folder.path() + "/words.log"));
+        zel::console("hello");
+        zel::log(run, "Some", 2);
+    }
+    zel::setTickSource(nullptr);
+    EXPECT_EQ(folder.read("words.log"), "hello\n!! 5 [Some] third\n") << "written at once";
+    EXPECT_EQ(folder.read("words.log.bak"), "hello\n!! 5 [Some] second\n");
+    EXPECT_EQ(log.linesWith("[Some]"), 3) << "and to the stream as before";
+    zel::startLogFile("");
 }
 
 TEST(Log, KeepsConsoleLinesApart) {

@@ -1,11 +1,15 @@
 #include "engine/core/System.h"
 
-#include <cstdlib>
 #include <filesystem>
+#ifdef _WIN32
+#include <thread>
+#include <windows.h>
+#endif
 
 #include <gtest/gtest.h>
 
 #include "engine/core/Clock.h"
+#include "engine/core/Directory.h"
 #include "engine/core/UserDirectory.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TemporaryFolder.h"
@@ -26,25 +30,27 @@ TEST(Clock, IsReplacedBySourcesOfATest) {
     EXPECT_GE(zel::ticks() - before, 3U);
 }
 
-#ifndef _WIN32
 TEST(UserDirectory, FollowsTheEnvironment) {
+    using zel::system::setEnvironment;
+    const zel::String before = zel::system::environment("APPDATA");
     zel::setApplicationTitle("Wingtally");
-    setenv("HOME", "/home/her", 1);
-    unsetenv("APPDATA");
-    unsetenv("XDG_DATA_HOME");
+#ifndef _WIN32
+    setEnvironment("HOME", "/home/her");
+    setEnvironment("APPDATA", "");
+    setEnvironment("XDG_DATA_HOME", "");
     EXPECT_EQ(zel::getUserDirectory(), "/home/her/.local/share\\Wingtally\\");
-    setenv("XDG_DATA_HOME", "/xdg", 1);
+    setEnvironment("XDG_DATA_HOME", "/xdg");
     EXPECT_EQ(zel::getUserDirectory(), "/xdg\\Wingtally\\");
-    setenv("APPDATA", "C:\\Her Data", 1);
+    setEnvironment("XDG_DATA_HOME", "");
+#endif
+    setEnvironment("APPDATA", "C:\\Her Data");
     EXPECT_EQ(zel::getUserDirectory(), "C:\\Her Data\\Wingtally\\");
     zel::setUserDirectory("/chosen");
     EXPECT_EQ(zel::getUserDirectory(), "/chosen\\");
     zel::setUserDirectory("");
     EXPECT_EQ(zel::getUserDirectory(), "C:\\Her Data\\Wingtally\\");
-    unsetenv("APPDATA");
-    unsetenv("XDG_DATA_HOME");
+    setEnvironment("APPDATA", before);
 }
-#endif
 
 #ifndef _WIN32
 TEST(System, ListsTheCurrentDirectoryUnderNoName) {
@@ -67,11 +73,85 @@ TEST(System, FindsTheRunDirectory) {
     folder.write("Data/Historical/Squadrons/101003.txt", "");
     EXPECT_TRUE(zel::system::changeDirectory(folder.path()));
     EXPECT_EQ(zel::findRunDirectory(), zel::system::currentDirectory()) << "the current one first";
-    EXPECT_EQ(zel::system::absolutePath("Data\\Historical"), folder.path() + "/Data/Historical");
+    const zel::String absolute = zel::system::absolutePath("Data\\Historical");
+    EXPECT_TRUE(std::filesystem::equivalent(absolute.c_str(), folder.path() + "/Data/Historical"));
+    EXPECT_EQ(absolute.view().find(folder.path()), 0U) << absolute.c_str();
     std::filesystem::current_path(std::filesystem::path(folder.path()) / "Data");
     EXPECT_TRUE(zel::system::isDirectory(zel::findRunDirectory() + "\\Data\\Historical"))
         << "from elsewhere the one beside the program";
     std::filesystem::current_path(before);
 }
+
+#ifdef _WIN32
+constexpr const char* TestKey = "SOFTWARE\\Wow6432Node\\Wingtally test";
+
+/// A key as a 32-bit program writes it, gone again at the end.
+class RegistryKey {
+public:
+    RegistryKey() {
+        RegCreateKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE\\Wingtally test", 0, nullptr, 0,
+                        KEY_ALL_ACCESS | KEY_WOW64_32KEY, nullptr, &key, nullptr);
+    }
+    ~RegistryKey() {
+        RegCloseKey(key);
+        RegDeleteKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE\\Wingtally test", KEY_WOW64_32KEY, 0);
+    }
+    void set(const char* name, const std::string& value, DWORD type = REG_SZ) const {
+        RegSetValueExA(key, name, 0, type, reinterpret_cast<const BYTE*>(value.c_str()),
+                       static_cast<DWORD>(value.size() + (type == REG_SZ ? 1 : 0)));
+    }
+
+private:
+    HKEY key = nullptr;
+};
+
+TEST(System, ReadsTextsOfTheRegistry) {
+    using zel::system::queryRegistryValue;
+    const RegistryKey key;
+    key.set("Place", "C:\\Games\\R\xF6"
+                     "F\\");
+    EXPECT_EQ(queryRegistryValue(TestKey, "Place"), "C:\\Games\\R\xF6"
+                                                    "F\\");
+    key.set("Longest", std::string(1022, 'x'));
+    EXPECT_EQ(queryRegistryValue(TestKey, "Longest").view().size(), 1022U);
+    key.set("Too long", std::string(1023, 'x'));
+    EXPECT_EQ(queryRegistryValue(TestKey, "Too long"), "");
+    key.set("Number", "1234", REG_DWORD);
+    EXPECT_EQ(queryRegistryValue(TestKey, "Number"), "");
+    EXPECT_EQ(queryRegistryValue(TestKey, "Nothing"), "");
+    EXPECT_EQ(queryRegistryValue("SOFTWARE\\No such key", "Place"), "");
+}
+
+TEST(System, WaitsForFilesThatAreHeld) {
+    const TemporaryFolder folder;
+    const std::string save = folder.write("save", "old");
+    const std::string draft = folder.write("draft", "new");
+    FILE* held = zel::system::openFile(save, "rb");
+    EXPECT_FALSE(zel::system::replaceFileKeeping(draft, save, save + ".bak"));
+    EXPECT_FALSE(zel::system::replaceFile(draft, save));
+    EXPECT_EQ(folder.read("save") + folder.read("draft"), "oldnew") << "nothing is lost";
+    std::thread holder([held] {
+        zel::system::sleepMilliseconds(100);
+        std::fclose(held);
+    });
+    EXPECT_TRUE(zel::system::replaceFileKeeping(draft, save, save + ".bak"));
+    holder.join();
+    EXPECT_EQ(folder.read("save") + folder.read("save.bak"), "newold");
+}
+
+TEST(System, ListsFoldersByLongNames) {
+    const TemporaryFolder folder;
+    folder.write("missionReport(2009-05-07_12-00-00)[0].txt", "");
+    folder.write("a.textfile", ""); // its short name ends in .TEX, and *.tex finds it
+    for (const char* ending : {"", "\\", "/"}) {
+        zel::Directory found(folder.path() + ending, "*[0].txt");
+        ASSERT_EQ(found.count(), 1) << ending;
+        EXPECT_EQ(found.name(0), "missionReport(2009-05-07_12-00-00)[0].txt");
+        EXPECT_EQ(zel::Directory(folder.path() + ending, "*.tex").count(), 0);
+    }
+    std::vector<zel::system::DirectoryEntry> entries;
+    EXPECT_FALSE(zel::system::listDirectory(folder.path() + "\\none", entries));
+}
+#endif
 
 } // namespace

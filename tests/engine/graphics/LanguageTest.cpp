@@ -97,24 +97,22 @@ TEST_F(LanguageTest, KeepsItsTableWhenAFileIsMissing) {
     EXPECT_EQ(Language::getCode(), "de");
 }
 
-#ifndef _WIN32
 TEST_F(LanguageTest, ChoosesTheUsersLanguageThenThePreferenceThenEnglish) {
-    setenv("LC_ALL", "de_AT.UTF-8", 1); // 3079
+    zel::system::setEnvironment("LC_ALL", "de_AT.UTF-8"); // 3079
     folder.write("Language/langcodes.dat", "en 1033\nde 1031 3079\nit 1040\n");
     EXPECT_EQ(Language::get(1), "Eins") << "chosen at the first need";
     zel::Registry::set("_Language", "fr");
-    setenv("LC_ALL", "it_IT", 1);
+    zel::system::setEnvironment("LC_ALL", "it_IT");
     Language::reset();
     const LogCapture log;
     EXPECT_EQ(Language::get(1), "Un");
     EXPECT_TRUE(log.holds("Failed to read language it")) << "named, but without a file";
-    setenv("LC_ALL", "C", 1);
+    zel::system::setEnvironment("LC_ALL", "C");
     zel::Registry::set("_Language", "xx");
     Language::reset();
     EXPECT_EQ(Language::get(1), "One");
-    unsetenv("LC_ALL");
+    zel::system::setEnvironment("LC_ALL", "");
 }
-#endif
 
 TEST_F(LanguageTest, ChoosesOnce) {
     zel::system::changeDirectory(before);

@@ -1,12 +1,9 @@
 #include <cstdlib>
 #include <filesystem>
 
-#ifndef _WIN32
-#include <sys/wait.h>
-#endif
-
 #include <gtest/gtest.h>
 
+#include "tests/support/ProgramCall.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tools/standin/StandIn.h"
 
@@ -20,17 +17,10 @@ struct CareerProgram : testing::Test {
     }
     /// The program's exit status. What it says is in `out` and `errors` then.
     int call(const std::string& arguments, const std::string& from = ".") {
-        const std::string command = "cd \"" + from + "\" && \"" WINGTALLY_CAREER "\" " + arguments +
-                                    " > \"" + folder.path() + "/out\" 2> \"" + folder.path() +
-                                    "/errors\"";
-        const int status = std::system(command.c_str());
-        out = folder.read("out");
-        errors = folder.read("errors");
-#ifdef _WIN32
-        return status;
-#else
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-#endif
+        const ProgramCall made(WINGTALLY_CAREER, arguments, from);
+        out = made.output;
+        errors = made.errors;
+        return made.status;
     }
     std::string folders() const {
         return " --rof \"" + folder.path() + "/sim\" --user \"" + folder.path() + "/user\" ";

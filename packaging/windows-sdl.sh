@@ -1,0 +1,78 @@
+#!/bin/sh
+# Builds SDL 1.2 for Windows, once, of Debian's source package: packaging/windows-sdl.sh. It comes to
+# lie in build/windows-deps/sdl: bin/SDL.dll, headers and import libraries, and in share/licenses/SDL
+# what its licence asks for. Its exact source, tarball and patches, stays in build/windows-deps/source.
+set -eu
+cd "$(dirname "$0")/.."
+. packaging/common.sh
+
+package=libsdl1.2
+tarball=libsdl1.2_1.2.15+dfsg2.orig.tar.gz
+patches=libsdl1.2_1.2.15+dfsg2-8.debian.tar.xz
+tarball_sum=ec4d5ea4714b92f840aafcf8c759cf7914827f632e19f42b18ba6f6489f0f5e9
+patches_sum=f1e294c33ad395f3b0dc473ff33b84405ac7fc465e3c9d2a25fee576a96e9fc7
+# Without the redirection a program started from the desktop leaves stdout.txt beside itself, where
+# a player may not write.
+options="--build=x86_64-linux-gnu --host=x86_64-w64-mingw32 --disable-static
+    --disable-stdio-redirect --disable-cdrom --disable-joystick"
+flags=-O2
+
+deps=$PWD/build/windows-deps
+source=$deps/source
+prefix=$deps/sdl
+log=$deps/sdl.log
+
+# What the result was made of: another source, other flags or a moved tree mean another result.
+# shellcheck disable=SC2116,SC2086 # one line of all words
+recipe=$(echo $tarball_sum $patches_sum $options $flags "$prefix")
+if [ -f "$prefix/recipe" ] && [ "$(cat "$prefix/recipe")" = "$recipe" ]; then
+    exit 0
+fi
+
+is_source_whole() {
+    (cd "$source" && printf '%s  %s\n' $tarball_sum $tarball $patches_sum $patches |
+        sha256sum --check --status) 2>/dev/null
+}
+
+# From the mirror that the machine uses, without a change of its configuration.
+fetch_source() {
+    lists=$deps/apt
+    rm -rf "$lists"
+    mkdir -p "$lists/parts" "$lists/lists/partial" "$source"
+    : >"$lists/sources.list"
+    if [ -f /etc/apt/sources.list.d/debian.sources ]; then
+        sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$lists/parts/debian.sources"
+    else
+        sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$lists/sources.list"
+    fi
+    set -- -qq -o "Dir::Etc::sourcelist=$lists/sources.list" -o "Dir::Etc::sourceparts=$lists/parts" \
+        -o "Dir::State::lists=$lists/lists" -o "Dir::Cache=$lists" -o APT::Sandbox::User=root
+    (cd "$source" && apt-get "$@" update && apt-get "$@" --download-only source $package)
+    rm -rf "$lists"
+}
+
+build_sdl() {
+    rm -rf "$deps/sdl-source" "$deps/sdl-build" "$prefix"
+    dpkg-source --no-check -x "$source"/libsdl1.2_*.dsc "$deps/sdl-source"
+    mkdir -p "$deps/sdl-build"
+    cd "$deps/sdl-build"
+    # shellcheck disable=SC2086 # a list of options
+    CFLAGS=$flags ../sdl-source/configure $options --prefix="$prefix"
+    make -j "$(nproc)"
+    make install-hdrs install-lib install-bin
+    x86_64-w64-mingw32-strip "$prefix/bin/SDL.dll"
+    mkdir -p "$prefix/share/licenses/SDL"
+    cp ../sdl-source/COPYING "$prefix/share/licenses/SDL"
+    cd "$deps"
+    rm -rf sdl-source sdl-build libsdl1.2_*
+}
+
+mkdir -p "$deps"
+if ! is_source_whole; then
+    say "Fetching the source of SDL"
+    quietly "$log" fetch_source
+    is_source_whole || fail "the source of SDL in $source isn't the one this script was written for"
+fi
+say "Building SDL for Windows"
+quietly "$log" build_sdl
+printf '%s\n' "$recipe" >"$prefix/recipe"
