@@ -2,6 +2,7 @@
 
 #include "app/mission/Settings.h"
 #include "engine/core/StatesMachine.h"
+#include "engine/core/System.h"
 #include "engine/menu/Widget.h"
 
 namespace {
@@ -15,8 +16,8 @@ bool isPage(const char* name) {
 zel::String MenuNotification::reason;
 
 void MenuNotification::onEnter() {
-    setText("reason", reason);
-    setText("path", settingsFileToWrite());
+    setText("reason", zel::system::shownText(reason));
+    setText("path", zel::system::shownText(settingsFileToWrite()));
 }
 
 void MenuNotification::show(zel::Menu& menu, const char* page, const zel::String& why) {

@@ -42,6 +42,9 @@ String currentDirectory();
 bool changeDirectory(const String& path);
 /// The path from the root, so that it holds after a change of directory.
 String absolutePath(const String& path);
+/// A text that holds the system's own names of files, in the Windows-1252 that is drawn; "?" for
+/// what that lacks. For showing only: no file is found by it.
+String shownText(const String& text);
 
 /// The C library's fopen for regular files only: a folder, a pipe or a device gives null.
 FILE* openFile(const String& path, const char* mode);

@@ -4,6 +4,7 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
+#include <iconv.h>
 #include <random>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -129,6 +130,29 @@ String absolutePath(const String& path) {
     const std::string turned = nativePath(path);
     return !turned.empty() && turned.front() == '/' ? String(turned)
                                                     : currentDirectory() + "/" + turned;
+}
+
+String shownText(const String& text) {
+    const iconv_t conversion = iconv_open("WINDOWS-1252", "UTF-8");
+    if (conversion == iconv_t(-1))
+        return text;
+    std::string source(text.view());
+    std::string shown(source.size(), '\0'); // no character takes more bytes than before
+    char* from = source.data();
+    char* to = shown.data();
+    size_t left = source.size();
+    size_t room = shown.size();
+    while (iconv(conversion, &from, &left, &to, &room) == size_t(-1) && left > 0) {
+        *to++ = '?';
+        --room;
+        do { // a character, or one stray byte
+            ++from;
+            --left;
+        } while (left > 0 && (*from & 0xC0) == 0x80);
+    }
+    iconv_close(conversion);
+    shown.resize(static_cast<size_t>(to - shown.data()));
+    return shown;
 }
 
 FILE* openFile(const String& path, const char* mode) {

@@ -89,6 +89,20 @@ String absolutePath(const String& path) {
     return length > 0 && length < sizeof buffer ? String(std::string_view(buffer, length)) : path;
 }
 
+String shownText(const String& text) {
+    const int length = text.length();
+    // No character takes more units than bytes.
+    std::wstring wide(static_cast<size_t>(length), L'\0');
+    wide.resize(static_cast<size_t>(
+        MultiByteToWideChar(CP_ACP, 0, text.c_str(), length, wide.data(), length)));
+    std::string shown(wide.size(), '\0');
+    constexpr UINT Drawn = 1252;
+    shown.resize(static_cast<size_t>(
+        WideCharToMultiByte(Drawn, 0, wide.data(), static_cast<int>(wide.size()), shown.data(),
+                            static_cast<int>(shown.size()), "?", nullptr)));
+    return shown;
+}
+
 FILE* openFile(const String& path, const char* mode) {
     FILE* stream = std::fopen(path.c_str(), mode);
     if (stream == nullptr)

@@ -67,6 +67,16 @@ TEST(System, ListsTheCurrentDirectoryUnderNoName) {
 }
 #endif
 
+TEST(System, ShowsNamesOfFilesInWindows1252) {
+#ifdef _WIN32
+    EXPECT_EQ(zel::system::shownText("C:\\Jos\xE9"), "C:\\Jos\xE9");
+#else
+    EXPECT_EQ(zel::system::shownText("/home/Jos\u00E9/\u20AC"), "/home/Jos\xE9/\x80");
+    EXPECT_EQ(zel::system::shownText("\u4E2D\u6587/\xE9t\xC3"), "??/?t?") << "lacking, stray, cut";
+#endif
+    EXPECT_EQ(zel::system::shownText(""), "");
+}
+
 TEST(System, FindsTheRunDirectory) {
     const TemporaryFolder folder;
     const auto before = std::filesystem::current_path();
