@@ -104,6 +104,7 @@ bool Canvas::isIdle() const { return !side.isAttached() && recorder == nullptr; 
 
 void Canvas::clearWindow() {
     frame.clear();
+    side.deleteReleased();
     clips.clear();
     blend = Blend::Normal;
     alpha = Opaque;
@@ -299,6 +300,11 @@ bool Canvas::finishFrame() {
     sent = false;
     spoilt = false;
     return true;
+}
+
+bool Canvas::shows(const Bitmap& bitmap) const {
+    const uint32_t texture = bitmap.getTexture().handle;
+    return texture != 0 && (begun ? frame : shown).shows(texture);
 }
 
 void Canvas::invalidate() { spoilt = true; }

@@ -80,6 +80,8 @@ public:
     void detach(); // all textures leave the card; they are sent again when drawn again
     /// Gives a bitmap's texture back.
     void releaseTexture(uint32_t handle);
+    /// Whether the present frame, or between two frames the one shown last, has the bitmap in it.
+    bool shows(const Bitmap& bitmap) const;
     bool isAttached() const;
     int32_t getMaximumTextureSize() const; // 0 without a window
     /// Sends the frame if it differs from the one shown last. Returns whether there is something to

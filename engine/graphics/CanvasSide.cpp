@@ -58,6 +58,9 @@ const void* at(const std::vector<Vertex>& vertices, size_t offset) {
     return reinterpret_cast<const uint8_t*>(vertices.data()) + offset;
 }
 
+/// What the driver says of itself: a slow renderer, such as "GDI Generic", shows in players' logs.
+String driverText(GLenum name) { return reinterpret_cast<const char*>(glGetString(name)); }
+
 } // namespace
 
 void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
@@ -72,6 +75,9 @@ void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &reported);
     maximumTextureSize = reported;
     log("Maximum texture size: " + String(maximumTextureSize), "Canvas", LogInfo);
+    log("OpenGL of " + driverText(GL_VENDOR) + ", renderer " + driverText(GL_RENDERER) +
+            ", version " + driverText(GL_VERSION),
+        "Canvas", LogInfo);
 
     glViewport(0, 0, width, height);
     glMatrixMode(GL_PROJECTION);
@@ -102,6 +108,7 @@ void CanvasSide::detach() {
     for (const auto& [number, name] : textures)
         glDeleteTextures(1, &name);
     textures.clear();
+    released.clear();
     attached = false;
     maximumTextureSize = 0;
 }
@@ -159,11 +166,16 @@ uint32_t CanvasSide::upload(const BitmapData& data) {
 }
 
 void CanvasSide::release(uint32_t number) {
-    const auto found = textures.find(number);
-    if (found == textures.end() || number == White)
-        return;
-    glDeleteTextures(1, &found->second);
-    textures.erase(found);
+    if (number != White && textures.count(number) != 0)
+        released.push_back(number);
+}
+
+void CanvasSide::deleteReleased() {
+    for (const uint32_t number : released) {
+        glDeleteTextures(1, &textures[number]);
+        textures.erase(number);
+    }
+    released.clear();
 }
 
 void CanvasSide::send(const DrawBatch& batch) {
@@ -211,7 +223,7 @@ bool CanvasSide::bind(uint32_t number) {
         return true;
     const auto found = textures.find(number);
     if (found == textures.end())
-        return false; // given back since it was drawn
+        return false; // of a frame that is shown again, given back since
     glBindTexture(GL_TEXTURE_2D, found->second);
     boundNumber = number;
     ++stateChanges;

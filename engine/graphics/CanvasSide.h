@@ -23,8 +23,11 @@ public:
 
     /// The number of the bitmap's texture, made if need be; 0 if there can be none.
     uint32_t textureOf(const Bitmap& bitmap);
-    /// Gives one texture back. Unknown numbers are of a context that is no more.
+    /// Gives one texture back, at the next deleteReleased(): a frame that waits to be sent may
+    /// still show it. Unknown numbers are of a context that is no more.
     void release(uint32_t number);
+    /// REQUIRES: no frame waits.
+    void deleteReleased();
 
     void send(const DrawBatch& batch);
     std::vector<uint8_t> readPixels() const;
@@ -48,6 +51,7 @@ private:
     // OpenGL's names by our numbers, which are never given twice: so nothing that belongs to a
     // context that is gone can hit a texture of this one.
     std::map<uint32_t, uint32_t> textures;
+    std::vector<uint32_t> released; // numbers of textures that wait for deleteReleased()
     uint32_t lastNumber = 0;
 
     // What the context is set to.

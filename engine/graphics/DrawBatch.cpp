@@ -61,6 +61,11 @@ std::vector<Vertex>& DrawBatch::add(const DrawKey& key, const Rect& bounds) {
     return run.vertices;
 }
 
+bool DrawBatch::shows(uint32_t texture) const {
+    return std::any_of(runs.begin(), runs.begin() + static_cast<std::ptrdiff_t>(used),
+                       [texture](const Run& run) { return run.key.texture == texture; });
+}
+
 DrawBatch::Run& DrawBatch::newRun(const DrawKey& key) {
     if (used == runs.size())
         runs.emplace_back();

@@ -43,6 +43,8 @@ public:
     /// The corners to which those of a thing within `bounds` (window pixels) are to be appended.
     std::vector<Vertex>& add(const DrawKey& key, const Rect& bounds);
 
+    /// Whether anything of that texture is drawn.
+    bool shows(uint32_t texture) const;
     size_t size() const { return used; }
     const Run& operator[](size_t index) const { return runs[index]; }
     /// Whether both draw the same.

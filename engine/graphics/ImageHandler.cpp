@@ -4,6 +4,7 @@
 
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/graphics/Canvas.h"
 
 namespace zel {
 
@@ -126,7 +127,7 @@ const ImageGroup* ImageHandler::getImageGroup(const String& name) {
 
 void ImageHandler::releaseShortLived() {
     for (const auto& [name, loaded] : bitmaps)
-        if (loaded->lifetime == LifetimeShort)
+        if (loaded->lifetime == LifetimeShort && !Canvas::getInstance().shows(loaded->bitmap))
             loaded->bitmap.dropTexture();
 }
 

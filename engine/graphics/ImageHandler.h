@@ -39,7 +39,8 @@ public:
 
     BitmapLoadingQueue& getQueue() { return queue; }
 
-    /// Gives back the textures of short-lived bitmaps. They are made anew when drawn again.
+    /// Gives back the textures of short-lived bitmaps that aren't on the screen. They are made anew
+    /// when drawn again.
     void releaseShortLived();
     /// Drops everything, the queue's entries too, and forgets what could not be loaded.
     void clear();
