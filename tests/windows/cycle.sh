@@ -1,8 +1,11 @@
 #!/bin/sh
 # One cycle of a career in the window of the Windows program, by pointer; its simulator stands in the
-# registry and nowhere else. tests/windows/cycle.sh WINDOWS-BUILD, to be run with packaging/with-wine.sh.
+# registry and nowhere else. Then some switches are turned there and in the Linux program, and both
+# have to save the same bytes. tests/windows/cycle.sh LINUX-BUILD WINDOWS-BUILD, to be run with
+# packaging/with-wine.sh.
 set -eu
-build=$(cd "$1" && pwd)
+linux=$(cd "$1" && pwd)
+build=$(cd "$2" && pwd)
 results=$build/cycle
 simulator=$results/simulator
 uninstall='HKLM\SOFTWARE\Wow6432Node\Microsoft\Windows\CurrentVersion\Uninstall'
@@ -10,7 +13,7 @@ key=$uninstall'\{1101370E-0BBC-4939-8037-2AED92A5C15C}_is1'
 roaming=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Roaming)
 user=$roaming/Wingtally
 log=$user/wingtally.log
-export LIBGL_ALWAYS_SOFTWARE=1
+export LIBGL_ALWAYS_SOFTWARE=1 SDL_AUDIODRIVER=dummy
 
 program=
 standin=
@@ -58,6 +61,37 @@ press() {
     says "$3: onEntered"
 }
 
+# start COMMAND...: the program, up to its first screen.
+start() {
+    seen=0
+    "$@" &
+    program=$!
+    says "MenuMain: onEntered"
+    window=$(timeout 5 xdotool search --name '^Wingtally$' | head -n 1)
+}
+
+# quits: by the button of the main menu.
+quits() {
+    click 132 730
+    wait "$program" || fail "its exit code was $?"
+    program=
+}
+
+windows_program() { exec wine64 "$build/bin/wingtally.exe" >/dev/null 2>&1 </dev/null; }
+linux_program() { cd "$results" && XDG_DATA_HOME=$results/linux exec "$linux/bin/wingtally" >"$log" </dev/null; }
+
+turn_switches() {
+    press 780 421 MenuConfiguration
+    click 336 460 # sound
+    press 336 163 MenuConfigurationMaps
+    click 848 497
+    press 132 730 MenuConfiguration
+    press 336 245 MenuConfigurationPlanes1
+    click 336 200
+    press 132 730 MenuConfiguration
+    press 132 730 MenuMain
+}
+
 rm -rf "$results" "$user"
 mkdir -p "$results"
 wine64 "$build/bin/wingtally-standin.exe" "$simulator" >/dev/null 2>&1 </dev/null
@@ -65,11 +99,7 @@ wine64 reg add "$key" /v InstallLocation /t REG_SZ /d "Z:$(echo "$simulator" | t
 wine64 "$build/bin/wingtally-standin.exe" "$simulator" --watch --seed 3 >"$results/standin" 2>&1 </dev/null &
 standin=$!
 cd "$build/run"
-wine64 "$build/bin/wingtally.exe" >/dev/null 2>&1 </dev/null &
-program=$!
-
-says "MenuMain: onEntered"
-window=$(timeout 5 xdotool search --name '^Wingtally$' | head -n 1)
+start windows_program
 press 780 265 MenuNewService
 press 250 234 MenuNewYear
 press 152 214 MenuNewCareer
@@ -80,10 +110,18 @@ point 500 400
 says "MenuGameCombatReport: onEntered"
 press 842 730 MenuGameMain
 press 182 730 MenuMain
-click 132 730
-wait "$program" || fail "its exit code was $?"
-program=
-
+turn_switches
+quits
 [ -f "$simulator/data/Missions/WingtallyMission.Mission" ] || fail "no mission lies in the simulator's folder"
 [ -f "$user/Saves/savegame_v03.wty" ] || fail "no career was saved"
-echo "A cycle by pointer: $(grep -c . "$log") lines of log"
+words=$(grep -c . "$log")
+
+printf 'rof.directory = %s\n' "$simulator" >"$results/wtysettings.ini"
+log=$results/linux.log
+: >"$log"
+start linux_program
+turn_switches
+quits
+cmp "$user/prefs.dat" "$results/linux/Wingtally/prefs.dat"
+[ "$(stat -c %s "$user/prefs.dat")" -gt 40 ] || fail "not all switches were turned"
+echo "A cycle by pointer: $words lines of log; the switches are saved as on Linux"
