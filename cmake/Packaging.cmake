@@ -1,12 +1,38 @@
 # What players get besides programs and data, and what CPack makes of it. ./package does all of it
 # in one go, the installer for Windows too.
 
+set(programs wingtally wingtally-career wingtally-standin wingtally-datacheck wingtally-menucheck)
+
+# resources(PROGRAM DESCRIPTION [ICON-LINE]): Windows shows these words as the program's name.
+function(resources program description)
+  set(icon ${ARGN})
+  set(made ${CMAKE_BINARY_DIR}/resources/${program}.rc)
+  configure_file(packaging/program.rc.in ${made} @ONLY)
+  target_sources(${program} PRIVATE ${made})
+  set_source_files_properties(${made} TARGET_DIRECTORY ${program} PROPERTIES OBJECT_DEPENDS
+    "${CMAKE_SOURCE_DIR}/packaging/wingtally.manifest;${CMAKE_SOURCE_DIR}/packaging/wingtally.ico")
+endfunction()
+
+if(WIN32)
+  resources(wingtally "Wingtally" "1 ICON \"${CMAKE_SOURCE_DIR}/packaging/wingtally.ico\"")
+  resources(wingtally-career "Wingtally on the command line")
+  resources(wingtally-standin "Stand-in simulator for Wingtally")
+  resources(wingtally-datacheck "Check of Wingtally's history")
+  resources(wingtally-menucheck "Check of Wingtally's screens")
+endif()
+
+# Players get the README without what holds in the source tree alone.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS README.md)
+execute_process(COMMAND sed "/^<!-- source tree only -->$/,/^<!-- end -->$/d" README.md
+  COMMAND cat -s
+  WORKING_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_FILE ${CMAKE_BINARY_DIR}/README.md
+  COMMAND_ERROR_IS_FATAL ANY)
+
 # Where the documents, the licences and this system's own files come to lie.
 if(WIN32)
   set(documents docs)
   set(licences Licenses)
-  target_sources(wingtally PRIVATE ${CMAKE_SOURCE_DIR}/packaging/wingtally.rc)
-  install(FILES README.md DESTINATION .)
+  install(FILES ${CMAKE_BINARY_DIR}/README.md DESTINATION .)
   install(FILES LICENSE DESTINATION ${licences} RENAME Wingtally.txt)
   install(FILES packaging/licenses/README.txt packaging/licenses/stb.txt
     DESTINATION ${licences})
@@ -20,7 +46,7 @@ if(WIN32)
 else()
   set(own ${CMAKE_INSTALL_DATAROOTDIR}/doc/wingtally)
   set(documents ${own}/docs)
-  install(FILES README.md packaging/copyright DESTINATION ${own})
+  install(FILES ${CMAKE_BINARY_DIR}/README.md packaging/copyright DESTINATION ${own})
   install(FILES packaging/wingtally.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES data/Pictures/icon.png RENAME wingtally.png
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/32x32/apps)
@@ -31,7 +57,6 @@ install(FILES docs/manual.md docs/standin.md docs/data-files.md docs/history.md 
   DESTINATION ${documents})
 install(DIRECTORY docs/pictures DESTINATION ${documents} OPTIONAL)
 
-set(programs wingtally wingtally-career wingtally-standin wingtally-datacheck wingtally-menucheck)
 add_custom_target(delivery DEPENDS ${programs} run_folder COMMENT "All that is installed")
 
 # compress(FILE RESULT DESTINATION): installs it packed, without name and time inside, so that the

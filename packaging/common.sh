@@ -1,4 +1,5 @@
-# What ./play and ./check share. To be sourced from the top of the tree, with set -eu.
+# What ./play, ./check, ./package and the scripts of packaging share. To be sourced from the top of
+# the tree, with set -eu.
 
 say() { printf '%s\n' "$*"; }
 fail() {
@@ -57,7 +58,7 @@ can_check_windows() {
     for file in x86_64-w64-mingw32-g++-posix dpkg-source xvfb-run xdotool /usr/lib/wine/wine64; do
         command -v $file >/dev/null 2>&1 || return 1
     done
-    [ -d /usr/src/googletest ]
+    [ -d /usr/src/googletest ] && [ -e /usr/share/i18n/locales/en_GB ] # with-wine.sh's locale
 }
 
 # build PRESET [OPTION...]: configures and builds.

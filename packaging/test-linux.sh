@@ -6,6 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 . packaging/common.sh
 
+top=$PWD
 packages=$(realpath "$1")
 run=$(realpath "$2")
 work=$packages/test-linux
@@ -85,6 +86,7 @@ check_installed() {
     touch "$work/before"
     cd "$home"
     check_data "$2"
+    "$top/packaging/check-links.sh" "$2/share/doc/wingtally/README.md" "$2"/share/doc/wingtally/docs/*.md
     check_pages "$2"
     check_desktop_entry "$2"
     check_cycle "$2"

@@ -58,6 +58,7 @@ check_files() {
     done
     grep -q "LESSER GENERAL PUBLIC LICENSE" "$1/Licenses/SDL.txt" || fail "the licence of SDL is missing"
     grep -q "Sean Barrett" "$1/Licenses/stb.txt" || fail "the licence of stb is missing"
+    packaging/check-links.sh "$1/README.md" "$1"/docs/*.md
 }
 
 # check_programs FOLDER: a whole cycle on the command line, then the window.
@@ -78,27 +79,36 @@ check_programs() {
     cd "$OLDPWD"
 }
 
-# As its shortcut does it: with the program's folder as working folder.
-check_window() {
+# start_window FOLDER: as the shortcut does it, with the program's folder as working folder.
+start_window() {
     printf 'rof.directory=%s\r\n' "$simulator" >"$1/wtysettings.ini"
     log=$careers/wingtally.log
+    rm -f "$log"
     (cd "$1" && windows 90 wingtally.exe >/dev/null 2>&1) &
     window=$!
     tries=0
     until grep -q "MenuMain: onEntered" "$log" 2>/dev/null || [ $((tries += 1)) -gt 60 ]; do
         sleep 1
     done
-    sleep 2
+    grep -q "MenuMain: onEntered" "$log" || fail "no main menu; see $log"
+}
+
+stop_window() {
     wine64 taskkill /f /im wingtally.exe >/dev/null 2>&1 </dev/null || true
     wait $window || true
-    grep -q "MenuMain: onEntered" "$log" || fail "no main menu; see $log"
+}
+
+check_window() {
+    start_window "$1"
+    sleep 2
+    stop_window
     ! grep -q '^!!\|MenuNotification.*onEntered' "$log" || fail "troubles; see $log"
     rm "$1/wtysettings.ini"
 }
 
 remove_old() {
     wine64 reg delete "$entry" /f >/dev/null 2>&1 </dev/null || true
-    rm -rf "$installed" "$shortcut"
+    rm -rf "$installed" "$shortcut" "$WINEPREFIX/drive_c/Flights"
 }
 
 check_installed() {
@@ -113,6 +123,28 @@ check_installed() {
     strings -el "$shortcut" | grep -q 'Programs\\Wingtally$' || fail "the shortcut's working folder isn't the program's"
 }
 
+# stops_at_once PROGRAM...: it ends with the exit code for "I can't now".
+stops_at_once() {
+    code=0
+    windows 60 "$@" >/dev/null 2>&1 || code=$?
+    [ $code -eq 2 ] || fail "$1 beside a running Wingtally: exit code $code"
+}
+
+# A running program can't be replaced: all of it stays as it was.
+check_in_use() {
+    start_window "$installed"
+    cp -R "$installed" "$work/before"
+    stops_at_once "$setup" /S
+    stops_at_once "$setup" /S '/D=C:\Flights\Wingtally'
+    stops_at_once "$installed/Uninstall.exe" /S "_?=C:${installed#*/drive_c}"
+    stop_window
+    same "$work/before" "$installed" "an installation in use was changed"
+    [ ! -e "$WINEPREFIX/drive_c/Flights" ] || fail "something was installed beside a running Wingtally"
+    [ -s "$shortcut" ] || fail "the shortcut of an installation in use is gone"
+    wine64 reg query "$entry" >/dev/null 2>&1 </dev/null || fail "the entry of an installation in use is gone"
+    rm "$installed/wtysettings.ini"
+}
+
 # A later version goes over an earlier one, and the player's own files stay.
 check_again() {
     mkdir -p "$installed/Data/Custom/Pilots"
@@ -124,6 +156,26 @@ check_again() {
     done
 }
 
+# only_own FOLDER: nothing is there but what check_again put there.
+only_own() {
+    list "$1" >"$work/left"
+    printf '%s\n' "./Data/Custom/Pilots/Erich Sommer.txt" ./wtysettings.ini | diff - "$work/left" ||
+        fail "in $1 was left or taken what shouldn't"
+}
+
+# An update into another folder leaves no second installation, and the player's own files come along.
+check_moved() {
+    windows 300 "$setup" /S '/D=C:\Flights\Wingtally' >/dev/null 2>&1 || fail "the installer failed in another folder"
+    only_own "$installed"
+    rm -rf "$installed"
+    installed=$WINEPREFIX/drive_c/Flights/Wingtally
+    for file in wtysettings.ini "Data/Custom/Pilots/Erich Sommer.txt" wingtally.exe Uninstall.exe; do
+        [ -s "$installed/$file" ] || fail "in the new folder there is no $file"
+    done
+    wine64 reg query "$entry" /v InstallLocation </dev/null 2>/dev/null | grep -qF 'C:\Flights\Wingtally' ||
+        fail "the entry names the old folder"
+}
+
 check_uninstalled() {
     windows 300 "$installed/Uninstall.exe" /S >/dev/null 2>&1
     tries=0 # it works on in a copy of itself, and its entry is the last that goes
@@ -131,9 +183,7 @@ check_uninstalled() {
         [ $((tries += 1)) -le 60 ] || fail "the uninstaller left its entry"
         sleep 1
     done
-    list "$installed" >"$work/left"
-    printf '%s\n' "./Data/Custom/Pilots/Erich Sommer.txt" ./wtysettings.ini | diff - "$work/left" ||
-        fail "the uninstaller left or took what it shouldn't"
+    only_own "$installed"
     [ ! -e "$shortcut" ] || fail "the uninstaller left the shortcut"
     [ -s "$careers/Saves/savegame_v03.wty" ] || fail "the uninstaller took the career"
 }
@@ -143,11 +193,13 @@ say "ZIP: unpacked, running from there"
 unpacked=$(echo "$work"/zip/*)
 check_files "$unpacked"
 check_programs "$unpacked"
-say "Installer: installed, running from there, installed again, uninstalled"
+say "Installer: installed, running from there, in use, installed again and elsewhere, uninstalled"
 remove_old
 check_installed
 check_programs "$installed"
+check_in_use
 check_again
+check_moved
 check_uninstalled
 remove_old
 rm -rf "$careers" "$work"

@@ -23,6 +23,6 @@ list_removals() {
 }
 list_removals "$work/$name" | sed 's|/|\\|g; s|$|"|' >"$work/removals.nsh"
 
-makensis -V2 -WX "-DVERSION=$version" "-DFILES=$work/$name" "-DREMOVALS=$work/removals.nsh" \
+makensis -V2 -WX -INPUTCHARSET UTF8 "-DVERSION=$version" "-DFILES=$work/$name" "-DREMOVALS=$work/removals.nsh" \
     "-DRESULT=$packages/wingtally-$version-setup.exe" "$PWD/packaging/wingtally.nsi"
 rm -rf "$work"

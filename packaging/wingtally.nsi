@@ -10,6 +10,7 @@ SetCompressor /SOLID lzma
 RequestExecutionLevel user
 
 !include MUI2.nsh
+!include LogicLib.nsh
 
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Wingtally"
 !define SHORTCUT "$SMPROGRAMS\Wingtally.lnk"
@@ -38,10 +39,75 @@ VIAddVersionKey "LegalCopyright" "The Wingtally developers, MIT licence"
 !insertmacro MUI_LANGUAGE "German"
 !insertmacro MUI_LANGUAGE "French"
 
+LangString InUse ${LANG_ENGLISH} "Close this program first; then try again:"
+LangString InUse ${LANG_GERMAN} "Bitte erst dieses Programm schließen, dann wiederholen:"
+LangString InUse ${LANG_FRENCH} "Fermez d'abord ce programme, puis recommencez :"
+
+; Goes on when the PROGRAM in the folder $0 isn't running: Windows lets nobody write to one that is.
+; Otherwise the player is asked; if he gives up, or can't be asked (/S), all ends with exit code 2.
+!macro WAIT_FOR PROGRAM
+  ${DoWhile} ${FileExists} "$0\${PROGRAM}"
+    ClearErrors
+    FileOpen $1 "$0\${PROGRAM}" a
+    ${IfNot} ${Errors}
+      FileClose $1
+      ${Break}
+    ${EndIf}
+    ${If} ${Cmd} `MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(InUse)$\r$\n$0\${PROGRAM}" /SD IDCANCEL IDCANCEL`
+      SetErrorLevel 2
+      Abort
+    ${EndIf}
+  ${Loop}
+!macroend
+
+!macro WAIT_FOR_PROGRAMS UN
+Function ${UN}waitForPrograms
+  !insertmacro WAIT_FOR wingtally.exe
+  !insertmacro WAIT_FOR wingtally-career.exe
+  !insertmacro WAIT_FOR wingtally-standin.exe
+  !insertmacro WAIT_FOR wingtally-datacheck.exe
+  !insertmacro WAIT_FOR wingtally-menucheck.exe
+FunctionEnd
+!macroend
+!insertmacro WAIT_FOR_PROGRAMS ""
+!insertmacro WAIT_FOR_PROGRAMS "un."
+
+; An earlier version in the folder $0 takes away its own files, or those that this one no longer has
+; would stay.
+Function removeEarlier
+  ${If} ${FileExists} "$0\Uninstall.exe"
+    ExecWait '"$0\Uninstall.exe" /S _?=$0' $1
+    ${If} $1 <> 0
+      SetErrorLevel 2
+      Abort
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
 Section
-  ; An earlier version takes away its own files first, or those that this one no longer has would stay.
-  IfFileExists "$INSTDIR\Uninstall.exe" 0 +2
-    ExecWait '"$INSTDIR\Uninstall.exe" /S _?=$INSTDIR'
+  ; Nothing is touched before all of it can be done. The earlier version may lie in another folder.
+  ReadRegStr $2 HKCU "${ENTRY}" "InstallLocation"
+  StrCpy $0 $INSTDIR
+  Call waitForPrograms
+  ${If} $2 != ""
+  ${AndIf} $2 != $INSTDIR
+    StrCpy $0 $2
+    Call waitForPrograms
+    Call removeEarlier
+    ; What the player made himself comes along; there it stays too.
+    CreateDirectory "$INSTDIR\Data"
+    ${IfNot} ${FileExists} "$INSTDIR\wtysettings.ini"
+      CopyFiles /SILENT "$0\wtysettings.ini" "$INSTDIR"
+    ${EndIf}
+    ${IfNot} ${FileExists} "$INSTDIR\Data\Custom\*"
+    ${AndIf} ${FileExists} "$0\Data\Custom\*"
+      CopyFiles /SILENT "$0\Data\Custom" "$INSTDIR\Data"
+    ${EndIf}
+    Delete "$0\Uninstall.exe" ; it can't take itself away
+    RMDir "$0"
+  ${EndIf}
+  StrCpy $0 $INSTDIR
+  Call removeEarlier
 
   SetOutPath "$INSTDIR" ; which is the working folder of the shortcut too
   File /r "${FILES}/*"
@@ -61,6 +127,8 @@ SectionEnd
 
 ; Careers and switches, in the player's folder for application data, aren't touched.
 Section "Uninstall"
+  StrCpy $0 $INSTDIR
+  Call un.waitForPrograms
   SetOutPath "$TEMP" ; a folder that is somebody's working folder can't be removed
   Delete "${SHORTCUT}"
   !include "${REMOVALS}"

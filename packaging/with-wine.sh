@@ -7,7 +7,7 @@ if [ "${1-}" != --on-display ]; then
 fi
 shift
 
-export PATH="/usr/lib/wine:$PATH" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+export PATH="/usr/lib/wine:$PATH" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
 export WINEPREFIX="${WINEPREFIX:-$(cd "$(dirname "$0")/.." && pwd)/build/windows/wine}"
 # A code page of one byte a character, as players have it. Wine takes it from the locale.
 export LOCPATH="$WINEPREFIX.locale" LC_ALL=en_GB.UTF-8
