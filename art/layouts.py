@@ -82,8 +82,8 @@ LAYOUTS = {
         area('dateHead', 56, 76, 312, 26, align=CENTRE),
         area('date', 56, 132, 312, 34, align=CENTRE),
         area('squadronHead', 212, 468, 360, 26),
-        area('squadron', 80, 514, 492, 40),
-        area('airport', 80, 560, 492, 30),
+        area('squadron', 80, 522, 492, 40),
+        area('airport', 80, 562, 492, 30),
         area('pilot', 80, 592, 492, 68),
         *column(3, 692, 148, 84, 300),
         BACK_WIDE,
@@ -92,8 +92,8 @@ LAYOUTS = {
     'letter': [
         area('title', 178, 130, 400, 26, align=CENTRE),
         area('line2', 112, 190, 532, 352),
-        widget('menuButton4', 32, 704, 200, 52, lines=RAIL),
-        widget('menuBack', 248, 704, 200, 52, lines=RAIL),
+        BACK,
+        widget('menuButton4', 248, 704, 200, 52, lines=RAIL),
         onward('menuButton3'),
     ],
     'orders': [

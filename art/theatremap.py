@@ -49,11 +49,12 @@ RIVERS = {
               (2.1, 48.98), (1.6, 49.08), (1.0, 49.35), (0.5, 49.45)],
     'Yser': [(2.45, 50.88), (2.80, 50.98), (2.75, 51.13)],
 }
-# The two maps of the simulator: upper left and lower right corner, colour.
-REGIONS = [((1.42, 51.55), (3.95, 50.715), RED), ((1.42, 50.685), (6.70, 48.42), BLUE)]
-LETTERING = [('THE CHANNEL', HEAD, 22, (4.08, 51.33), RED, 'left', 4),
-             ('WESTERN', HEAD, 22, (4.95, 50.16), BLUE, 'center', 4),
-             ('FRONT', HEAD, 22, (4.95, 50.0), BLUE, 'center', 4),
+# The two maps of the simulator: upper left and lower right corner. Their ink is nobody's colour.
+REGIONS = [((1.42, 51.55), (3.95, 50.715)), ((1.42, 50.685), (6.70, 48.42))]
+REGION_INK = '#3A2E1E'
+LETTERING = [('THE CHANNEL', HEAD, 22, (4.08, 51.33), REGION_INK, 'left', 4),
+             ('WESTERN', HEAD, 22, (4.95, 50.16), REGION_INK, 'center', 4),
+             ('FRONT', HEAD, 22, (4.95, 50.0), REGION_INK, 'center', 4),
              ('North Sea', MAP_ITALIC, 19, (1.90, 51.42), '#35525E', 'center', 2)]
 
 
@@ -126,10 +127,10 @@ def _draw_country(c, w, h, at):
 
 def _frame_regions(c, at):
     c.set_dash([12, 6])
-    for corner, opposite, color in REGIONS:
+    for corner, opposite in REGIONS:
         (x0, y0), (x1, y1) = at(*corner), at(*opposite)
         c.rectangle(x0, y0, x1 - x0, y1 - y0)
-        stroke(c, color, 2.6, .85)
+        stroke(c, REGION_INK, 2.6, .85)
 
 
 def _draw_towns(c, at):

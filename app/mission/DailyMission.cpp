@@ -27,23 +27,31 @@ std::vector<zel::String> rosterOf(const std::vector<PlannedPlane>& plan) {
     return roster;
 }
 
-zel::String prepare(Database& career, MissionGenerator& generator, const zel::String& file) {
+struct Outcome {
+    MissionFault fault;
+    zel::String problem;
+};
+
+Outcome prepare(Database& career, MissionGenerator& generator, const zel::String& file) {
     placeMission(career.playerSquadron(), generator);
     generator.reseed(career.careerSeed());
     const bool loaded = generator.loadTemplate(MissionTemplateFile);
     generator.scanTemplate();
     generator.planMission(true);
+    const zel::String name = MissionTemplateFile;
     if (!loaded)
-        return zel::String("The mission template can't be read: ") + MissionTemplateFile;
+        return {MissionFault::TemplateUnread, "The mission template can't be read: " + name};
     if (generator.attackArea < 0)
-        return zel::String("The mission template has no attack area: ") + MissionTemplateFile;
+        return {MissionFault::TemplateUnfit, "The mission template has no attack area: " + name};
     if (generator.maxIndex > HighestIndex)
-        return zel::String("The mission template's Index values are too high: ") +
-               MissionTemplateFile;
+        return {MissionFault::TemplateUnfit,
+                "The mission template's Index values are too high: " + name};
     if (generator.plan.empty())
-        return "No mission can be planned for today";
+        return {MissionFault::NothingPlanned, "No mission can be planned for today"};
     generator.generateMission();
-    return generator.saveMission(file) ? zel::String() : "The mission can't be written to " + file;
+    if (!generator.saveMission(file))
+        return {MissionFault::FileUnwritten, "The mission can't be written to " + file};
+    return {MissionFault::None, {}};
 }
 
 } // namespace
@@ -52,8 +60,10 @@ DailyMission writeDailyMission(Database& career, MissionGenerator& generator) {
     zel::log("Generating mission file", "MenuGameStartMission", zel::LogInfo);
     DailyMission mission;
     mission.file = Configuration::getRofDirectory() + "data\\Missions\\" + MissionFileName;
-    mission.problem = prepare(career, generator, mission.file);
-    if (!mission.problem.empty())
+    const Outcome outcome = prepare(career, generator, mission.file);
+    mission.fault = outcome.fault;
+    mission.problem = outcome.problem;
+    if (mission.fault != MissionFault::None)
         zel::log(mission.problem, "MissionGenerator", zel::LogError);
     if (!generator.plan.empty()) {
         mission.roster = rosterOf(generator.plan);

@@ -11,10 +11,14 @@ constexpr const char* MissionTemplateFile = "Data/Missions/GenericTemplate.Missi
 /// In the folder data\Missions of the simulator.
 constexpr const char* MissionFileName = "WingtallyMission.Mission";
 
+/// Why there is no mission.
+enum class MissionFault { None, TemplateUnread, TemplateUnfit, NothingPlanned, FileUnwritten };
+
 /// The mission of the day, as it was written and as the start screen shows it.
 struct DailyMission {
-    zel::String file;                // the mission file
-    zel::String problem;             // why there is none; empty if all went well
+    zel::String file; // the mission file
+    MissionFault fault = MissionFault::None;
+    zel::String problem;             // the fault for the log; empty if all went well
     std::vector<zel::String> roster; // a line for each plane of the player's nation, his first
     bool isFlyable = true;           // the player owns a type that he can fly
 };

@@ -9,6 +9,8 @@
 namespace {
 
 constexpr double LookInterval = 8.0; // seconds
+/// After that many the simulator, which writes a piece every half minute, has stopped.
+constexpr int32_t QuietLooks = 5;
 
 /// Never while the simulator is in front: it needs the machine for itself.
 bool isPlayerHere() {
@@ -24,6 +26,8 @@ MenuGameFinishMission::~MenuGameFinishMission() = default;
 void MenuGameFinishMission::onEnter() {
     showDate();
     timer.reset();
+    hasGrown = false;
+    showProgress();
     if (CombatReport::instance() == nullptr)
         report = std::make_unique<CombatReport>();
     CombatReport::instance()->clear();
@@ -37,8 +41,15 @@ void MenuGameFinishMission::update() {
     if (findCombatReport(missionLogs())) {
         playScreenSound("telephone");
         setTransition("MenuGameCombatReport");
-    } else if (missionLogs().isGrowing()) {
-        setText("growing", "Your flight isn't over yet: the log is still growing.");
+    } else {
+        showProgress();
     }
     timer.reset();
+}
+
+void MenuGameFinishMission::showProgress() {
+    const bool isQuiet = missionLogs().quietLooks() >= QuietLooks;
+    hasGrown = hasGrown || missionLogs().isGrowing();
+    setVisible("growing", hasGrown && !isQuiet);
+    setVisible("ended", isQuiet);
 }

@@ -9,7 +9,8 @@ class CombatReport;
 
 /// Waits while the player flies. Every eight seconds, as long as he has the window in front of him,
 /// it looks for the log of his flight; once that tells of the end of his mission it goes on to the
-/// combat report.
+/// combat report. Until then it says whether a log is growing ("growing"), or that none of those
+/// that have come tells of an end ("ended").
 class MenuGameFinishMission : public CareerScreen {
 public:
     MenuGameFinishMission();
@@ -19,6 +20,9 @@ public:
     void onEnter() override;
 
 private:
+    void showProgress();
+
     zel::Timer timer; // since the last look
+    bool hasGrown = false;
     std::unique_ptr<CombatReport> report;
 };

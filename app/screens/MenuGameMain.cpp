@@ -53,6 +53,6 @@ void MenuGameMain::saveBefore(zel::Widget& leaving) {
     if (runningCareer()->writeSave(SaveFileName))
         return;
     // A player who goes on from here would lose what he has flown since the last save.
-    MenuNotification::divert(leaving, "MenuNotificationSave",
-                             zel::system::absolutePath(zel::getUserDirectory() + SaveFileName));
+    const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
+    MenuNotification::divert(leaving, "MenuNotificationSave", zel::system::shownText(file));
 }

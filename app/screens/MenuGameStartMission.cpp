@@ -7,11 +7,22 @@
 #include "app/report/LogWatch.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/ScreenSounds.h"
+#include "engine/core/System.h"
+#include "engine/graphics/Language.h"
 #include "engine/menu/Widget.h"
 
 namespace {
 
 constexpr int32_t FirstRosterLine = 3; // the lines above belong to the menu
+constexpr int32_t FaultTexts = 2210;   // of the language tables; that of a fault is so much farther
+
+/// What the player is told of a mission that there is not.
+zel::String reasonFor(const DailyMission& mission) {
+    const zel::String file =
+        mission.fault == MissionFault::FileUnwritten ? mission.file : MissionTemplateFile;
+    return zel::Language::get(FaultTexts + static_cast<int32_t>(mission.fault),
+                              zel::system::shownText(zel::system::absolutePath(file)));
+}
 
 } // namespace
 
@@ -21,6 +32,7 @@ MenuGameStartMission::MenuGameStartMission()
 MenuGameStartMission::~MenuGameStartMission() = default;
 
 void MenuGameStartMission::onEnter() {
+    showWhatToDo(true);
     Database* career = runningCareer();
     if (career == nullptr)
         return;
@@ -31,10 +43,18 @@ void MenuGameStartMission::onEnter() {
     for (const zel::String& plane : today.roster)
         setText(zel::String("line") + line++, plane);
     setText("menuButton4", startLabel(today));
-    if (today.problem.empty())
+    showWhatToDo(today.isFlyable);
+    if (today.fault == MissionFault::None)
         playScreenSound("engine");
     else if (menu != nullptr)
-        MenuNotification::show(*menu, "MenuNotificationMission", today.problem);
+        MenuNotification::show(*menu, "MenuNotificationMission", reasonFor(today));
+}
+
+void MenuGameStartMission::showWhatToDo(bool isFlyable) {
+    for (const char* line : {"line1", "line2"})
+        setVisible(line, isFlyable);
+    for (const char* line : {"skip1", "skip2"})
+        setVisible(line, !isFlyable);
 }
 
 void MenuGameStartMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {

@@ -7,7 +7,7 @@
 class MissionGenerator;
 
 /// The orders of the day. Entering it writes the mission into the simulator's folder, anew each
-/// time; the player then flies it there.
+/// time; the player then flies it there. Without a machine of his it tells how to get one.
 class MenuGameStartMission : public CareerScreen {
 public:
     MenuGameStartMission();
@@ -17,5 +17,7 @@ public:
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 private:
+    void showWhatToDo(bool isFlyable);
+
     std::unique_ptr<MissionGenerator> generator;
 };

@@ -2,7 +2,6 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/screens/ScreenSounds.h"
 #include "app/screens/WarProgress.h"
 #include "engine/menu/Widget.h"
 
@@ -30,7 +29,6 @@ void MenuNewCareer::startCareer() {
     Database* career = Database::instance();
     if (career == nullptr || !career->hasCareer() || menu->isTransitionRequested())
         return; // the second of two quick presses comes when all is done
-    playScreenSound("stamp");
     {
         const WarProgress progress;
         career->simulateToDate(chosen("startYear"), chosen("startMonth"), 1);

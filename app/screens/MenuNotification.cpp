@@ -3,9 +3,12 @@
 #include "app/mission/Settings.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/core/System.h"
+#include "engine/graphics/Language.h"
 #include "engine/menu/Widget.h"
 
 namespace {
+
+constexpr int32_t ExampleFromTheRoot = 2007; // of the language tables
 
 bool isPage(const char* name) {
     return zel::StatesMachine::getInstance().findState(name) != nullptr;
@@ -16,8 +19,11 @@ bool isPage(const char* name) {
 zel::String MenuNotification::reason;
 
 void MenuNotification::onEnter() {
-    setText("reason", zel::system::shownText(reason));
-    setText("path", zel::system::shownText(settingsFileToWrite()));
+    const zel::String settings = settingsFileToWrite();
+    setText("reason", reason);
+    setText("path", zel::system::shownText(settings));
+    if (settings.view().substr(0, 1) == "/")
+        setText("example", zel::Language::get(ExampleFromTheRoot));
 }
 
 void MenuNotification::show(zel::Menu& menu, const char* page, const zel::String& why) {

@@ -2,8 +2,9 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
-/// A page that tells what went wrong: why, in the element "reason", and in "path" where the
-/// settings file is looked for.
+/// A page that tells what went wrong: why, in the element "reason"; in "path" where the settings
+/// file is looked for, and in "example" what stands in it. The example's folder begins as the path
+/// does: at a drive, as the menu has it, or at the root.
 class MenuNotification : public zel::HandledMenuExtension {
 public:
     using zel::HandledMenuExtension::HandledMenuExtension;
@@ -11,11 +12,11 @@ public:
     void onEnter() override;
 
     /// Asks for the change from that menu to the page of that name. Without such a page nothing
-    /// happens.
-    static void show(zel::Menu& menu, const char* page, const zel::String& reason);
+    /// happens. The reason is drawn as it is.
+    static void show(zel::Menu& menu, const char* page, const zel::String& why);
     /// The widget that was just hit leads to that page, this once. Without such a page it leads
     /// where it always does.
-    static void divert(zel::Widget& widget, const char* page, const zel::String& reason);
+    static void divert(zel::Widget& widget, const char* page, const zel::String& why);
 
 private:
     static zel::String reason; // of the page shown next

@@ -4,11 +4,19 @@
 #include "engine/core/Window.h"
 #include "engine/sound/SoundHandler.h"
 
+namespace {
+
+// Of the language tables.
+constexpr int32_t SoundTexts = 1404;
+constexpr int32_t FullScreenTexts = 1406;
+
+} // namespace
+
 namespace preferences {
 
-Switch sound() { return {"sound", "Sound", "soundOn"}; }
+Switch sound() { return {"sound", {}, "soundOn", "1", SoundTexts}; }
 
-Switch fullScreen() { return {"fullScreen", "Full screen", "fullScreen", "0"}; }
+Switch fullScreen() { return {"fullScreen", {}, "fullScreen", "0", FullScreenTexts}; }
 
 void applySound() { zel::SoundHandler::getInstance().setEnabled(sound().isOn()); }
 

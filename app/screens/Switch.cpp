@@ -1,6 +1,7 @@
 #include "app/screens/Switch.h"
 
 #include "engine/core/Registry.h"
+#include "engine/graphics/Language.h"
 #include "engine/menu/Menu.h"
 #include "engine/menu/Theme.h"
 #include "engine/menu/Widget.h"
@@ -23,7 +24,8 @@ bool Switch::isOn() const { return zel::Registry::get(key, atFirst).toInt() != 0
 
 void Switch::show(zel::Menu& menu) const {
     const bool on = isOn();
-    menu.setText(widget, label + ": " + (on ? "On" : "Off"));
+    menu.setText(widget, label.empty() ? zel::Language::get(on ? texts : texts + 1)
+                                       : label + ": " + (on ? "On" : "Off"));
     const zel::Widget* shown = menu.getWidget(widget);
     if (shown == nullptr)
         return;

@@ -10,12 +10,13 @@ class Widget;
 /// A key of the preferences that a widget shows and turns.
 struct Switch {
     zel::String widget;
-    zel::String label;
+    zel::String label; // of the career's own, which are English: "Label: On"
     zel::String key;
     const char* atFirst = "1"; // as long as the player has not turned it
+    int32_t texts = 0; // without a label: of the language tables, for On; the next one for Off
 
     bool isOn() const;
-    /// "Label: On" or "Label: Off". A kind whose name ends so is exchanged for its other one, if
+    /// Puts its text into the widget. A kind whose name ends so is exchanged for its other one, if
     /// the theme has it, so that the plate's lamp follows.
     void show(zel::Menu& menu) const;
     /// Stores the other position, at once, and lets the widget come up again.

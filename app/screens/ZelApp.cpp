@@ -27,14 +27,12 @@
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/HandledMenu.h"
+#include "engine/menu/MenuWords.h"
 
 namespace {
 
-constexpr int32_t DesignWidth = 1024; // pixels, of the window at first and of the screens always
-constexpr int32_t DesignHeight = 768;
 constexpr int32_t ColorDepth = 32;
 constexpr int32_t AllLevels = 7;
-constexpr int32_t WarningsAndWorse = 3;
 constexpr int32_t ImageFlags = 0xAF;
 constexpr float CrossFadeSpeed = 3.0F;
 constexpr float FadeSpeed = 5.0F;
@@ -53,11 +51,11 @@ void openWindow() {
     zel::Bitmap icon;
     if (icon.load(IconFile, false))
         zel::Window::setIcon(icon);
-    if (!zel::Window::create(DesignWidth, DesignHeight, ColorDepth)) {
+    if (!zel::Window::create(zel::DesignWidth, zel::DesignHeight, ColorDepth)) {
         zel::ZelLoop::quit(); // nobody could see or end the program
         return;
     }
-    zel::Window::current()->setSimulatedResolution(DesignWidth, DesignHeight, true);
+    zel::Window::current()->setSimulatedResolution(zel::DesignWidth, zel::DesignHeight, true);
     zel::Window::current()->setTitle(ZelAppInfo::getAppName());
     preferences::applyFullScreen();
 }
@@ -77,7 +75,7 @@ void ZelApp::init() {
     zel::setLogLevel(AllLevels);
     zel::setApplicationTitle(ZelAppInfo::getAppName());
     loadSettings();
-    zel::setCategoryLogLevel("Performance", WarningsAndWorse);
+    zel::setCategoryLogLevel("Performance", zel::LogWarning);
     openWindow();
     zel::ImageHandler::getInstance().setFlags(ImageFlags);
     zel::State::setCrossFadeSpeed(CrossFadeSpeed);

@@ -2,9 +2,11 @@
 
 #include <sstream>
 
+#include "app/career/Database.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/DailyMission.h"
 #include "app/screens/Application.h"
+#include "app/war/SquadronSimulator.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Platform.h"
 #include "engine/core/Random.h"
@@ -12,6 +14,7 @@
 #include "engine/core/State.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
+#include "engine/graphics/Canvas.h"
 #include "engine/menu/Widget.h"
 
 namespace {
@@ -88,8 +91,12 @@ testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
     for (std::string step; stream >> step;) {
         const size_t arrow = step.find('>');
         const std::string target = arrow == step.npos ? state() : step.substr(arrow + 1);
-        if (const auto result = go(step.substr(0, arrow), target, how); !result)
+        const std::string name = step.substr(0, arrow);
+        const std::string before = arrow == step.npos ? text(name.c_str()) : "";
+        if (const auto result = go(name, target, how); !result)
             return result;
+        if (arrow == step.npos && widget(name)->isVisible() && text(name.c_str()) == before)
+            return testing::AssertionFailure() << name << " of " << state() << " does nothing";
     }
     return testing::AssertionSuccess();
 }
@@ -124,6 +131,21 @@ testing::AssertionResult CareerDriver::fly(const standin::FlightOptions& options
     return testing::AssertionFailure() << error.c_str();
 }
 
+int32_t CareerDriver::invite() {
+    Database& career = *Database::instance();
+    int32_t best = -1;
+    for (int32_t i = 0; i < static_cast<int32_t>(career.squadrons.size()); ++i)
+        if (career.squadrons[size_t(i)].nation == career.player().nation &&
+            i != career.player().squadron &&
+            (best < 0 ||
+             SquadronSimulator::squadronStrength(i) > SquadronSimulator::squadronStrength(best)))
+            best = i;
+    career.invitationSquadron = best;
+    career.invitationYear = career.year;
+    career.invitationMonth = career.month;
+    return best;
+}
+
 void CareerDriver::look() {
     screens->step(LookTime);
     screens->step();
@@ -138,3 +160,14 @@ testing::AssertionResult CareerDriver::comeBack() {
         return testing::AssertionFailure() << "not back, but in " << state();
     return testing::AssertionSuccess();
 }
+
+std::vector<uint8_t> CareerDriver::shot() {
+    screens->moveTo(5, 5);
+    screens->step(); // draws
+    screens->step(); // shows it and draws it again
+    return zel::Canvas::getInstance().readPixels();
+}
+
+InFront::InFront() { zel::Platform::getInstance().setAppState(7); }
+
+InFront::~InFront() { zel::Platform::getInstance().setAppState(-1); }

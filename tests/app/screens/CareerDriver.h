@@ -36,7 +36,8 @@ public:
     /// Presses the widget and waits for the state; the words say what went wrong.
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
-    /// Steps "widget>State", parted by blanks; "widget" alone stays where it is.
+    /// Steps "widget>State", parted by blanks; "widget" alone stays where it is, and is to show by
+    /// another text, or by going, that it was pressed.
     testing::AssertionResult walk(const std::string& steps, How how = How::Name);
     /// From the main menu to the squadron office. `way`: the steps up to the last page.
     testing::AssertionResult begin(const std::string& way);
@@ -46,10 +47,15 @@ public:
     testing::AssertionResult takeOff();
     /// Flies the mission that was written.
     testing::AssertionResult fly(const standin::FlightOptions& options = {});
+    /// The strongest other squadron of the player's nation invites him, now. Returns its index.
+    int32_t invite();
     /// The player is back at his desk, nine seconds later.
     void look();
     /// From the waiting page over the report to the squadron office.
     testing::AssertionResult comeBack();
+
+    /// What the window shows, with the pointer out of the way.
+    std::vector<uint8_t> shot();
 
     std::string text(const char* element) const { return screens->text(element); }
     std::string state() const { return screens->menu().getName().c_str(); }
@@ -61,4 +67,16 @@ private:
     void press(const std::string& widget, How how);
 
     const PlayerHome& home;
+};
+
+/// As long as it lives the window is as a player holds it: in front, the pointer in it.
+struct InFront {
+    InFront();
+    ~InFront();
+};
+
+/// The program in a home of its own, for a test to begin.
+struct CareerScreens : testing::Test {
+    PlayerHome home;
+    CareerDriver driver{home};
 };

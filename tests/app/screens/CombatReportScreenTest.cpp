@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
 #include "engine/menu/Widget.h"
@@ -7,45 +5,26 @@
 
 namespace {
 
-constexpr const char* Beginning = "menuButton2>MenuNewYear menuButton1>MenuNewCareer";
-
-/// A report of so many Britons and Germans, the first of whom is the player.
-void makeReport(int32_t allied, int32_t german) {
-    std::vector<PilotReport>& pilots = CombatReport::instance()->pilots;
-    for (int32_t i = 0; i < allied + german; ++i) {
-        PilotReport pilot;
-        pilot.name = zel::String(i < allied ? "Tommy " : "Fritz ") + (i < allied ? i : i - allied);
-        pilot.country = i < allied ? 102 : 501;
-        pilot.human = i == 0 ? 1 : 0;
-        pilots.push_back(pilot);
-    }
-}
-
-class CombatReportScreen : public testing::Test {
+class CombatReportScreen : public CareerScreens {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(driver.begin(Beginning));
+        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
         ASSERT_TRUE(driver.takeOff());
     }
-    bool isShown(const std::string& name) { return driver.widget(name)->isVisible(); }
-
-    PlayerHome home;
-    CareerDriver driver{home};
-};
-
-} // namespace
-
-TEST_F(CombatReportScreen, TurnsItsSheets) {
-    makeReport(16, 3);
-    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
-    EXPECT_EQ(driver.text("left1"), "Tommy 0 - Kills: 0");
-    EXPECT_EQ(driver.text("right1"), "Fritz 0 - Kills: 0");
-    EXPECT_EQ(driver.text("left46"), "Tommy 15 - Kills: 0") << "the sixteenth entry";
-    EXPECT_EQ(driver.text("left49"), "");
-    for (int32_t sheet = 1; sheet <= 3; ++sheet) {
-        if (sheet > 1) {
-            ASSERT_TRUE(driver.walk("sheet" + std::to_string(sheet)));
+    /// Shows a report of so many Britons and Germans, the first of whom is the player.
+    void showReport(int32_t allied, int32_t german) {
+        for (int32_t i = 0; i < allied + german; ++i) {
+            PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
+            pilot.name =
+                zel::String(i < allied ? "Tommy " : "Fritz ") + (i < allied ? i : i - allied);
+            pilot.country = i < allied ? 102 : 501;
+            pilot.human = i == 0 ? 1 : 0;
         }
+        ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    }
+    bool isShown(const std::string& name) { return driver.widget(name)->isVisible(); }
+    /// Whether the sheet and its entries are the ones that show, and its plate is lit.
+    void expectSheet(int32_t sheet) {
         for (int32_t other = 1; other <= 3; ++other) {
             const std::string number = std::to_string(other);
             EXPECT_EQ(isShown("sheet" + number), other != sheet);
@@ -54,13 +33,23 @@ TEST_F(CombatReportScreen, TurnsItsSheets) {
             EXPECT_EQ(isShown("right" + std::to_string(21 * other - 20)), other == sheet);
         }
     }
-    ASSERT_TRUE(driver.walk("sheet1"));
-    EXPECT_TRUE(isShown("left1"));
+};
+
+TEST_F(CombatReportScreen, TurnsItsSheets) {
+    showReport(16, 3);
+    EXPECT_EQ(driver.text("left1"), "Tommy 0 - Kills: 0");
+    EXPECT_EQ(driver.text("right1"), "Fritz 0 - Kills: 0");
+    EXPECT_EQ(driver.text("left46"), "Tommy 15 - Kills: 0") << "the sixteenth entry";
+    EXPECT_EQ(driver.text("left49"), "");
+    expectSheet(1);
+    for (const int32_t sheet : {2, 3, 1}) {
+        ASSERT_TRUE(driver.walk("sheet" + std::to_string(sheet)));
+        expectSheet(sheet);
+    }
 }
 
 TEST_F(CombatReportScreen, HasNoSheetsToTurnWhenOneIsEnough) {
-    makeReport(7, 7);
-    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    showReport(7, 7);
     EXPECT_TRUE(isShown("left21"));
     for (const char* plate : {"sheet1", "sheet2", "sheet3", "sheetlit1"})
         EXPECT_FALSE(isShown(plate)) << plate;
@@ -70,18 +59,19 @@ TEST_F(CombatReportScreen, HasNoSheetsToTurnWhenOneIsEnough) {
 }
 
 TEST_F(CombatReportScreen, KeepsTheFirstOfTooMany) {
-    makeReport(25, 1);
-    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    showReport(25, 1);
     EXPECT_EQ(driver.text("left61"), "Tommy 20 - Kills: 0");
     EXPECT_EQ(driver.text("right4"), "");
 }
 
 TEST_F(CombatReportScreen, SaysWhenThereWasNoMission) {
     const int32_t before = Database::instance()->calendar().dateNumber();
-    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    showReport(0, 0);
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
     EXPECT_EQ(driver.text("right1"), "");
     ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
     EXPECT_GT(Database::instance()->calendar().dateNumber(), before)
         << "the war goes on all the same";
 }
+
+} // namespace

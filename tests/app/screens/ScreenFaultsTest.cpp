@@ -1,8 +1,7 @@
 // What goes wrong around the program ends in a page or a line that says what to do, and loses
 // nothing.
 #include <filesystem>
-
-#include <gtest/gtest.h>
+#include <map>
 
 #include "app/career/Database.h"
 #include "app/mission/DailyMission.h"
@@ -14,16 +13,9 @@ namespace {
 
 constexpr const char* Beginning = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
 
-std::string firstPiece(const PlayerHome& home) {
-    for (const auto& entry : std::filesystem::directory_iterator(home.simulatorFolder() + "/data"))
-        if (entry.path().filename().string().find("[0]") != std::string::npos)
-            return home.simulator + "/data/" + entry.path().filename().string();
-    return {};
-}
+using ScreenFaults = CareerScreens;
 
-} // namespace
-
-TEST(ScreenFaults, TheSimulatorIsNotThereOrKeepsNoLog) {
+TEST(ScreenFaultsAtTheStart, TheSimulatorIsNotThereOrKeepsNoLog) {
     PlayerHome home;
     const std::string settings = home.simulator + "/data/startup.cfg";
     const std::string good = home.folder.read(settings);
@@ -37,23 +29,19 @@ TEST(ScreenFaults, TheSimulatorIsNotThereOrKeepsNoLog) {
     ASSERT_TRUE(driver.go("menuButton1", "MenuMain"));
 }
 
-TEST(ScreenFaults, TheMissionCannotBeWritten) {
-    PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(ScreenFaults, TheMissionCannotBeWritten) {
     ASSERT_TRUE(driver.begin(Beginning));
-    std::filesystem::remove_all(home.simulatorFolder() + "/data/Missions");
+    const std::string missions = home.simulatorFolder() + "/data/Missions";
+    std::filesystem::remove_all(missions);
     home.folder.write(home.simulator + "/data/Missions", "in the way");
-    driver.screens->menu().hitWidget("menuButton1");
-    ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationMission"));
+    ASSERT_TRUE(driver.go("menuButton1", "MenuNotificationMission"));
     EXPECT_NE(driver.text("reason").find(MissionFileName), std::string::npos);
-    std::filesystem::remove(home.simulatorFolder() + "/data/Missions");
-    std::filesystem::create_directory(home.simulatorFolder() + "/data/Missions");
+    std::filesystem::remove(missions);
+    std::filesystem::create_directory(missions);
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuButton1>MenuGameStartMission"));
 }
 
-TEST(ScreenFaults, TheCareerCannotBeSaved) {
-    PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(ScreenFaults, TheCareerCannotBeSaved) {
     ASSERT_TRUE(driver.begin(Beginning));
     home.folder.write("user/Saves", "in the way");
     const zel::String pilot = Database::instance()->player().name;
@@ -68,9 +56,7 @@ TEST(ScreenFaults, TheCareerCannotBeSaved) {
     EXPECT_NE(home.save(), "");
 }
 
-TEST(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
-    PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
     ASSERT_TRUE(driver.begin(Beginning));
     home.folder.write("user/Saves", "in the way");
     ASSERT_TRUE(driver.go("menuButton4", "MenuNotificationSave"));
@@ -79,9 +65,7 @@ TEST(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
     ASSERT_TRUE(driver.go("menuButton2", "quitApp"));
 }
 
-TEST(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
-    PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     ASSERT_TRUE(driver.walk("menuButton2>BlackScreen menuBack>MenuMain"));
     home.folder.write("user/Saves/savegame_v03.wty", "no career at all");
@@ -96,38 +80,38 @@ TEST(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     EXPECT_EQ(home.folder.read("user/Saves/savegame_v03.wty.damaged"), "no career at all");
 }
 
-TEST(ScreenFaults, TheLogIsStillGrowingOrSomebodyElses) {
+// The folder's brackets are none of a piece. The simulator writes its log piece by piece: at first
+// there is the beginning alone.
+TEST(ScreenFaultsInFlight, TheLogIsStillGrowingOrSomebodyElses) {
     PlayerHome home("Rise of Flight [old]");
     CareerDriver driver(home);
     ASSERT_TRUE(driver.begin(Beginning));
     ASSERT_TRUE(driver.takeOff());
-    home.folder.write(home.simulator + "/data/missionReport(2009-01-01_10-00-00)[0].txt",
-                      "T:0 AType:0 GDate:1917.4.12 MFile:other.msnbin\n");
+    const std::string data = home.simulator + "/data/";
+    const std::string other = data + "missionReport(2009-01-01_10-00-00)[0].txt";
+    home.folder.write(other, "T:0 AType:0 GDate:1917.4.12 MFile:other.msnbin\n");
     driver.look();
     EXPECT_EQ(driver.state(), "MenuGameFinishMission") << "a flight of somebody else's";
 
     ASSERT_TRUE(driver.fly());
-    std::filesystem::remove(
-        home.folder.file(home.simulator + "/data/missionReport(2009-01-01_10-00-00)[0].txt"));
-    // The simulator writes its log piece by piece: at first there is the beginning alone.
-    const std::string first = firstPiece(home);
-    const std::string whole = home.folder.read(first);
-    std::vector<std::pair<std::string, std::string>> later;
-    for (const auto& entry : std::filesystem::directory_iterator(home.simulatorFolder() + "/data"))
-        if (const std::string name = entry.path().filename().string();
-            name.find("].txt") != std::string::npos) {
-            later.emplace_back(home.simulator + "/data/" + name,
-                               home.folder.read(home.simulator + "/data/" + name));
-            std::filesystem::remove(entry.path());
-        }
-    home.folder.write(first, whole.substr(0, 200));
-    driver.look();
-    EXPECT_EQ(driver.state(), "MenuGameFinishMission");
-    home.folder.write(first, whole.substr(0, 400));
-    driver.look();
-    EXPECT_EQ(driver.state(), "MenuGameFinishMission");
+    std::filesystem::remove(home.folder.file(other));
+    std::map<std::string, std::string> pieces;
+    for (const auto& entry : std::filesystem::directory_iterator(home.folder.file(data)))
+        if (const std::string name = data + entry.path().filename().string();
+            name.find("].txt") != std::string::npos)
+            pieces[name] = home.folder.read(name);
+    for (const auto& [name, content] : pieces)
+        std::filesystem::remove(home.folder.file(name));
+    const auto& [first, whole] = *pieces.begin();
+    for (const size_t length : {200U, 400U}) {
+        home.folder.write(first, whole.substr(0, length));
+        driver.look();
+        EXPECT_EQ(driver.state(), "MenuGameFinishMission");
+    }
     EXPECT_EQ(driver.text("growing"), "Your flight isn't over yet: the log is still growing.");
-    for (const auto& [name, content] : later)
+    for (const auto& [name, content] : pieces)
         home.folder.write(name, content);
     ASSERT_TRUE(driver.comeBack());
 }
+
+} // namespace

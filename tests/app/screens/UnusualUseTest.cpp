@@ -1,6 +1,4 @@
 // Players in a hurry, names of every sort, and menus that have little of what the code knows.
-#include <gtest/gtest.h>
-
 #include "app/career/Database.h"
 #include "app/mission/Configuration.h"
 #include "app/report/CombatReport.h"
@@ -20,40 +18,23 @@ void pressTwice(CareerDriver& driver, const char* button) {
     driver.screens->menu().hitWidget(button);
 }
 
-/// A squadron of the player's nation other than his own.
-int32_t otherSquadron(const Database& career) {
-    const Pilot& player = career.pilots[size_t(career.playerPilot)];
-    int32_t other = 0;
-    while (other == player.squadron || career.squadrons[size_t(other)].nation != player.nation)
-        ++other;
-    return other;
-}
+using UnusualUse = CareerScreens;
 
-} // namespace
-
-TEST(UnusualUse, TwoQuickPressesAreOne) {
-    const PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(UnusualUse, TwoQuickPressesAreOne) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     ASSERT_TRUE(driver.walk(std::string("menuButton1>MenuNewService ") + German1915));
     pressTwice(driver, "menuButton4");
     ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
     EXPECT_EQ(driver.screens->log.linesWith("SIMULATED MISSIONS"), 1);
 
-    Database& career = *Database::instance();
-    const int32_t other = otherSquadron(career);
-    career.invitationSquadron = other;
-    career.invitationYear = career.year;
-    career.invitationMonth = career.month;
+    const int32_t other = driver.invite();
     ASSERT_TRUE(driver.go("menuButton1", "MenuGameInvite"));
     pressTwice(driver, "menuButton4");
     ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
-    EXPECT_EQ(career.previousInvitation, other);
+    EXPECT_EQ(Database::instance()->previousInvitation, other);
 }
 
-TEST(UnusualUse, WhoGoesAwayGetsNoReport) {
-    const PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(UnusualUse, WhoGoesAwayGetsNoReport) {
     ASSERT_TRUE(driver.begin(German1915));
     ASSERT_TRUE(driver.takeOff());
     ASSERT_TRUE(driver.fly());
@@ -64,9 +45,7 @@ TEST(UnusualUse, WhoGoesAwayGetsNoReport) {
         << "it would be carried into the career and never shown";
 }
 
-TEST(UnusualUse, NamesStandAsTheyAre) {
-    const PlayerHome home;
-    CareerDriver driver(home);
+TEST_F(UnusualUse, NamesStandAsTheyAre) {
     ASSERT_TRUE(driver.begin(German1915));
     constexpr const char* Name = "J\xFCrgen \"$1\" %s O\\neill";
     Database& career = *Database::instance();
@@ -82,7 +61,7 @@ TEST(UnusualUse, NamesStandAsTheyAre) {
     EXPECT_EQ(driver.text("left1"), std::string(Name) + " - Kills: 0");
 }
 
-TEST(UnusualUse, EveryElementMayBeMissing) {
+TEST(UnusualMenus, EveryElementMayBeMissing) {
     const PlayerHome home;
     Configuration::reset();
     Configuration::set("rof.directory", home.simulatorFolder());
@@ -119,7 +98,7 @@ TEST(UnusualUse, EveryElementMayBeMissing) {
     Configuration::reset();
 }
 
-TEST(UnusualUse, SwitchesOfAnyKindAndNumberTurn) {
+TEST(UnusualMenus, SwitchesOfAnyKindAndNumberTurn) {
     setWindowWanted(false);
     ScreenDriver screens({{"MenuConfigurationMaps", "init:\n"
                                                     "theme.definetheme t\n"
@@ -145,3 +124,5 @@ TEST(UnusualUse, SwitchesOfAnyKindAndNumberTurn) {
     zel::Registry::set("mapChannel", "-2147483648");
     EXPECT_NE(turned(), "0") << "whatever it is, it is no fault";
 }
+
+} // namespace

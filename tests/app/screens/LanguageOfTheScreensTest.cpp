@@ -1,0 +1,93 @@
+// What the screens' code says for itself, it says in the player's language. What the career says is
+// English in all of them.
+#include <filesystem>
+
+#include "app/career/Aircraft.h"
+#include "app/mission/DailyMission.h"
+#include "engine/core/Registry.h"
+#include "engine/core/System.h"
+#include "engine/menu/TextArea.h"
+#include "tests/app/screens/CareerDriver.h"
+
+namespace {
+
+constexpr const char* Beginning = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+
+/// The program for a player of that locale.
+struct Speaking {
+    explicit Speaking(const char* locale) {
+        zel::system::setEnvironment("LC_ALL", locale);
+        driver = std::make_unique<CareerDriver>(home);
+        EXPECT_TRUE(driver->screens->untilIdle("MenuMain"));
+        zel::system::setEnvironment("LC_ALL", "");
+    }
+
+    PlayerHome home;
+    std::unique_ptr<CareerDriver> driver;
+};
+
+TEST(LanguageOfTheScreens, IsThatOfTheSwitches) {
+    for (const auto& [locale, on, off, window] :
+         {std::array{"en_GB", "Sound: On", "Sound: Off", "Full screen: Off"},
+          {"de_DE", "Ton: Ein", "Ton: Aus", "Vollbild: Aus"},
+          {"fr_FR", "Son\xA0: oui", "Son\xA0: non",
+           "Plein \xE9"
+           "cran\xA0: non"}}) {
+        const Speaking program(locale);
+        CareerDriver& driver = *program.driver;
+        ASSERT_TRUE(driver.walk("menuButton3>MenuConfiguration"));
+        EXPECT_EQ(driver.text("sound"), on);
+        EXPECT_EQ(driver.text("fullScreen"), window);
+        ASSERT_TRUE(driver.walk("sound"));
+        EXPECT_EQ(driver.text("sound"), off);
+        ASSERT_TRUE(driver.walk("menuButton1>MenuConfigurationMaps"));
+        EXPECT_EQ(driver.text("menuButton1"), "Western Front: On") << "the career's";
+    }
+}
+
+TEST(LanguageOfTheScreens, IsThatOfWhatStoppedTheMission) {
+    const Speaking program("de_DE");
+    CareerDriver& driver = *program.driver;
+    ASSERT_TRUE(driver.begin(Beginning));
+    const std::string missions = program.home.simulatorFolder() + "/data/Missions";
+    std::filesystem::remove_all(missions);
+    program.home.folder.write(program.home.simulator + "/data/Missions", "in the way");
+    ASSERT_TRUE(driver.go("menuButton1", "MenuNotificationMission"));
+    EXPECT_EQ(driver.text("reason").find("Diese Datei konnte nicht geschrieben werden: "), 0U);
+    EXPECT_NE(driver.text("reason").find(MissionFileName), std::string::npos);
+    EXPECT_EQ(driver.screens->log.linesWith("The mission can't be written to "), 1);
+}
+
+// A player of Linux keeps the simulator in a folder without a drive.
+TEST(LanguageOfTheScreens, GivesAnExampleOfThePlayersSystem) {
+    const PlayerHome home;
+    std::filesystem::remove(home.folder.file(home.simulator + "/data/startup.cfg"));
+    CareerDriver driver(home);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationInstallDir"));
+    const std::string example = driver.text("example");
+    const std::string key = "rof.directory=";
+    ASSERT_EQ(example.find(key), 0U);
+    EXPECT_EQ(example[key.size()] == '/', driver.text("path")[0] == '/');
+}
+
+TEST(LanguageOfTheScreens, TellsWhatToDoWhenThereIsNothingToFly) {
+    const Speaking program("en_GB");
+    CareerDriver& driver = *program.driver;
+    const auto isShown = [&](const char* line) {
+        return driver.screens->menu().getTextArea(line)->isVisible();
+    };
+    ASSERT_TRUE(driver.begin(Beginning));
+    for (const char* position : {"1", "0", "1"}) {
+        for (const zel::String& plane : planeIdentifiers())
+            zel::Registry::set(plane, position);
+        ASSERT_TRUE(driver.toOrders());
+        const bool isFlyable = position == std::string("1");
+        for (const char* line : {"line1", "line2"})
+            EXPECT_EQ(isShown(line), isFlyable);
+        for (const char* line : {"skip1", "skip2"})
+            EXPECT_EQ(isShown(line), !isFlyable);
+        ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
+    }
+}
+
+} // namespace

@@ -1,0 +1,102 @@
+// Buttons that a player meets only when something has come: a letter, a long report, a notice; and
+// those that end the program. Each is pressed by pointer and by keys, in the real window.
+#include <gtest/gtest.h>
+
+#include "app/career/Nation.h"
+#include "app/report/CombatReport.h"
+#include "app/screens/MenuNotification.h"
+#include "engine/core/Window.h"
+#include "tests/app/screens/CareerDriver.h"
+
+namespace {
+
+using How = CareerDriver::How;
+
+void show(CareerDriver& driver, const char* page) {
+    MenuNotification::show(driver.screens->menu(), page, "a reason");
+    EXPECT_TRUE(driver.screens->untilIdle(page));
+}
+
+void invite(CareerDriver& driver) { driver.invite(); }
+
+/// Of three sheets.
+void fillReport(CareerDriver& driver) {
+    EXPECT_TRUE(driver.takeOff());
+    for (int32_t i = 0; i < 16; ++i) {
+        PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
+        pilot.country = Germany;
+        pilot.name = "Fritz";
+    }
+}
+
+/// What has come, and the steps from there. A plate of a sheet that lies open isn't shown: that one
+/// can be pressed again tells that another one was opened in between.
+struct Passage {
+    void (*prepare)(CareerDriver& driver);
+    const char* steps;
+};
+constexpr Passage Passages[] = {
+    {invite, "menuButton1>MenuGameInvite menuBack>MenuGameMain menuButton1>MenuGameInvite "
+             "menuButton4>MenuGameMain"},
+    {invite, "menuButton1>MenuGameInvite menuButton3>MenuGameMain"},
+    {fillReport, "menuButton4>MenuGameCombatReport sheet2 sheet1 sheet2 sheet3 sheet2 "
+                 "menuButton1>MenuGameMain"},
+    {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
+     "menuButton1>MenuGameMain"},
+    {[](CareerDriver& driver) { show(driver, "MenuNotificationSave"); },
+     "menuButton1>MenuGameMain"},
+    {[](CareerDriver& driver) { show(driver, "MenuNotificationInstallDir"); },
+     "menuButton1>MenuMain"},
+    {[](CareerDriver& driver) { show(driver, "MenuNotificationMissionTextLog"); },
+     "menuButton1>MenuMain menuButton3>MenuConfiguration fullScreen"},
+};
+
+struct Ending {
+    const char* page;
+    const char* button;
+};
+constexpr Ending Endings[] = {
+    {"MenuMain", "menuBack"},
+    {"MenuGameMain", "menuButton4"},
+    {"MenuNotificationSave", "menuButton2"},
+    {"MenuNotificationInstallDir", "menuBack"},
+    {"MenuNotificationMissionTextLog", "menuBack"},
+};
+
+class RareButtons : public testing::TestWithParam<How> {
+    const InFront inFront;
+};
+
+TEST_P(RareButtons, Answer) {
+    const PlayerHome home;
+    CareerDriver driver(home, 1, true);
+    ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+    for (const Passage& passage : Passages) {
+        passage.prepare(driver);
+        EXPECT_TRUE(driver.walk(passage.steps, GetParam()));
+    }
+    // The last step, after which a design pixel is no longer one of the window's.
+    EXPECT_TRUE(zel::Window::current()->isFullscreen());
+    EXPECT_TRUE(driver.walk("fullScreen"));
+}
+
+TEST_P(RareButtons, EndTheProgram) {
+    for (const auto& [page, button] : Endings) {
+        SCOPED_TRACE(page);
+        const PlayerHome home;
+        CareerDriver driver(home, 1, true);
+        const bool isOffice = page == std::string("MenuGameMain");
+        if (isOffice)
+            ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+        else
+            ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+        if (driver.state() != page)
+            show(driver, page);
+        EXPECT_TRUE(driver.go(button, "quitApp", GetParam()));
+        EXPECT_EQ(home.save().empty(), !isOffice);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, RareButtons, testing::Values(How::Pointer, How::Keys));
+
+} // namespace

@@ -1,0 +1,90 @@
+// What players seldom see on a screen, kept as pictures as in ScreensInWindowTest: in English
+// alone, since the room of the texts is checked in every language (wingtally-menucheck).
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "app/career/Aircraft.h"
+#include "app/career/Database.h"
+#include "app/screens/WarProgress.h"
+#include "engine/core/Clock.h"
+#include "engine/core/Registry.h"
+#include "engine/graphics/Canvas.h"
+#include "engine/menu/Widget.h"
+#include "tests/app/screens/CareerDriver.h"
+#include "tests/engine/menu/GoldenPicture.h"
+
+namespace {
+
+constexpr const char* Beginning = "menuButton2>MenuNewYear menuButton1>MenuNewCareer";
+
+class RareScreens : public testing::Test {
+protected:
+    static void expectKept(const std::vector<uint8_t>& pixels, const std::string& name) {
+        const std::string file = "en/" + name + ".jpg";
+        EXPECT_TRUE(isGoldenPicture(halved(pixels, 1024, 768), 512, 384,
+                                    std::string(GOLDEN_FOLDER) + "/" + file,
+                                    std::string(NEW_PICTURES_FOLDER) + "/" + file));
+    }
+    void expectKept(const std::string& name) { expectKept(driver.shot(), name); }
+
+    const InFront inFront;
+    const PlayerHome home;
+    CareerDriver driver{home, 1, true};
+};
+
+uint32_t quickTime = 0;
+/// A millisecond a reading.
+uint32_t quickTicks() { return ++quickTime; }
+
+TEST_F(RareScreens, TheWarIsFought) {
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton1>MenuNewService menuButton2>MenuNewYear "
+                            "menuButton3>MenuNewMonth month4>MenuNewCareer"));
+    driver.screens->moveTo(5, 5);
+    driver.screens->step();
+    quickTime = zel::ticks();
+    zel::setTickSource(quickTicks);
+    {
+        WarProgress progress;
+        for (int32_t mission = 0; mission < 150; ++mission) // shown once, at the hundredth or so
+            progress.onWarProgress(Calendar(1917, 1, 21), 0.4F);
+        expectKept(zel::Canvas::getInstance().readPixels(), "MenuNewCareer_War");
+    }
+    EXPECT_FALSE(driver.widget("progress")->isVisible());
+}
+
+TEST_F(RareScreens, ThereIsNothingToFly) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    for (const zel::String& plane : planeIdentifiers())
+        zel::Registry::set(plane, "0");
+    ASSERT_TRUE(driver.toOrders());
+    expectKept("MenuGameStartMission_Skip");
+}
+
+TEST_F(RareScreens, TheLogIsGrowing) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.takeOff());
+    for (const char* log :
+         {"T:0 AType:0 MFile:other.msnbin\n", "T:0 AType:0 MFile:other.msnbin\nT:9"}) {
+        home.folder.write(home.simulator + "/data/missionReport(2009-01-01_10-00-00)[0].txt", log);
+        driver.look();
+    }
+    expectKept("MenuGameFinishMission_Growing");
+}
+
+TEST_F(RareScreens, ThePlayerHasASuccessorAndNoSquadronOfAName) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.takeOff());
+    standin::FlightOptions flight;
+    flight.killPlayer = true;
+    ASSERT_TRUE(driver.fly(flight));
+    ASSERT_TRUE(driver.comeBack());
+    expectKept("MenuGameMain_Successor");
+    Database::instance()->playerSquadron().squadronFile = -1; // of one that was made up
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameViewSquadron menuButton1>MenuGameMain"));
+    EXPECT_EQ(driver.text("squadron"), "Your squadron has no number yet");
+    expectKept("MenuGameMain_NoNumber");
+}
+
+} // namespace
