@@ -1,7 +1,21 @@
 #include "app/career/EntireFile.h"
 
+#include <algorithm>
+
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+
+namespace {
+
+constexpr size_t BytesPerLine = 64; // about as in the simulator's logs
+
+// At least twice the room before: a log of many pieces would be moved anew with each of them.
+void makeRoom(std::vector<zel::String>& lines, size_t more) {
+    if (lines.size() + more > lines.capacity())
+        lines.reserve(std::max(lines.size() + more, 2 * lines.capacity()));
+}
+
+} // namespace
 
 bool EntireFile::loadFile(const zel::String& name) {
     if (zel::isLogged("EntireFile", zel::LogInfo))
@@ -17,8 +31,12 @@ bool EntireFile::appendFile(const zel::String& name) {
     zel::File file(name, zel::FileRead);
     if (file.hasFailed())
         return false;
+    const size_t before = lines.size();
+    makeRoom(lines, static_cast<size_t>(file.fileSize()) / BytesPerLine + 1);
     while (file.hasLine())
         lines.emplace_back(file.lineView());
+    if (file.hasFailed())
+        lines.erase(lines.begin() + static_cast<ptrdiff_t>(before), lines.end());
     return !file.hasFailed();
 }
 

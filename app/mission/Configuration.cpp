@@ -34,7 +34,7 @@ void Configuration::load(const zel::String& fileName) {
         if (line.empty() || line.front() == '#' || equals == line.npos)
             continue;
         set(zel::String(zel::trimmed(line.substr(0, equals), ' ')),
-            zel::String(zel::trimmed(line.substr(equals + 1), ' ')));
+            zel::system::nameFromUtf8(zel::trimmed(line.substr(equals + 1), ' ')));
     }
 }
 

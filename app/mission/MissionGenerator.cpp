@@ -8,9 +8,9 @@ MissionGenerator* currentGenerator = nullptr;
 
 } // namespace
 
-MissionGenerator::MissionGenerator() : random(std::make_unique<zel::Random>()) {
+MissionGenerator::MissionGenerator() {
     currentGenerator = this;
-    setPlaneRandom(random.get());
+    setPlaneRandom(&random);
 }
 
 MissionGenerator::~MissionGenerator() {
@@ -22,8 +22,4 @@ MissionGenerator::~MissionGenerator() {
 
 MissionGenerator* MissionGenerator::instance() { return currentGenerator; }
 
-void MissionGenerator::reseed(uint32_t seed) {
-    random = std::make_unique<zel::Random>(seed);
-    if (currentGenerator == this)
-        setPlaneRandom(random.get());
-}
+void MissionGenerator::reseed(uint32_t seed) { random.seed(seed); }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -93,7 +92,7 @@ public:
     bool seenZ = false;
     float minX = 0, maxX = 0, minY = 0, maxY = 0, minZ = 0, maxZ = 0; // its extent; no reader
     std::vector<int32_t> attackObjects; // what the attack area commands
-    std::unique_ptr<zel::Random> random;
+    zel::Random random;
     std::vector<PlannedPlane> plan;
     zel::String seasonPrefix = "su";
     int32_t mapIndex = 0;
@@ -109,17 +108,21 @@ private:
         int32_t german, allied;
     };
 
-    bool chooseSide(bool allied, bool withPlayer, Side& side);
-    int32_t drawSquadron(bool allied, bool isPlayers, zel::String* alliedType);
-    GroupSizes drawGroupSizes();
-    bool fillGroup(bool allied, const Side& side, int32_t count, int32_t& vacantDraws);
-    int32_t findPlayer() const;
+    bool chooseSide(const Database& career, bool allied, bool withPlayer, Side& side);
+    int32_t drawSquadron(const Database& career, bool allied, bool isPlayers,
+                         zel::String* alliedType);
+    GroupSizes drawGroupSizes(int32_t year);
+    bool fillGroup(Database& career, bool allied, const Side& side, int32_t count,
+                   int32_t& vacantDraws);
+    int32_t findPlace(int32_t pilot) const;
     void groupBySide(int32_t playerPlace);
     void rewriteOptions(float& originX, float& originZ);
     void moveObjects(float originX, float originZ);
     std::vector<int32_t> planeLevels() const;
-    zel::String skinText(const PlannedPlane& plane) const;
 };
+
+/// The block that orders an attack, lowered: the template has one, and its planes are its objects.
+constexpr const char* AttackAreaBlock = "mcu_cmd_attackarea";
 
 /// A name as the mission's text can hold it: a double quote, which would end it, is an apostrophe.
 zel::String missionName(const zel::String& name);

@@ -59,7 +59,7 @@ void MissionGenerator::planMission(bool withPlayer) {
     int32_t player = -1;
     for (int32_t attempt = 0;; ++attempt) {
         selectPlanes(withPlayer);
-        player = findPlayer();
+        player = findPlace(career.playerPilot);
         if (plan.empty() || withPlayer == (player >= 0))
             break;
         if (attempt == MostAttempts) {
@@ -81,10 +81,10 @@ void MissionGenerator::planMission(bool withPlayer) {
     seasonPrefix = seasonFor(career.year, career.month, career.day);
 }
 
-int32_t MissionGenerator::findPlayer() const {
-    const int32_t player = Database::instance()->playerPilot;
+/// The pilot's place in the plan; -1 if he isn't in it.
+int32_t MissionGenerator::findPlace(int32_t pilot) const {
     for (auto i = static_cast<int32_t>(plan.size()) - 1; i >= 0; --i)
-        if (plan[static_cast<size_t>(i)].pilot == player)
+        if (plan[static_cast<size_t>(i)].pilot == pilot)
             return i;
     return -1;
 }
@@ -104,33 +104,29 @@ void MissionGenerator::groupBySide(int32_t playerPlace) {
 }
 
 void MissionGenerator::selectPlanes(bool withPlayer) {
+    Database& career = *Database::instance();
     plan.clear();
     Side german;
     Side allied;
-    if (!chooseSide(false, withPlayer, german) || !chooseSide(true, withPlayer, allied))
+    if (!chooseSide(career, false, withPlayer, german) ||
+        !chooseSide(career, true, withPlayer, allied))
         return;
-    const GroupSizes sizes = drawGroupSizes();
+    const GroupSizes sizes = drawGroupSizes(career.year);
     int32_t vacantDraws = 0;
-    if (!fillGroup(false, german, sizes.german, vacantDraws) ||
-        !fillGroup(true, allied, sizes.allied, vacantDraws))
+    if (!fillGroup(career, false, german, sizes.german, vacantDraws) ||
+        !fillGroup(career, true, allied, sizes.allied, vacantDraws))
         plan.clear();
 }
 
 /// Draws squadron and type of one side. For the player's mission up to a hundred tries go to a pair
 /// that history knows; behind them the last pair stands. False if the side has no squadron.
-bool MissionGenerator::chooseSide(bool allied, bool withPlayer, Side& side) {
-    const Database& career = *Database::instance();
-    const int32_t playersNation =
-        withPlayer ? career
-                         .squadrons[static_cast<size_t>(
-                             career.pilots[static_cast<size_t>(career.playerPilot)].squadron)]
-                         .nation
-                   : 0;
-    const bool isPlayers = withPlayer && isOfSide(playersNation, allied);
+bool MissionGenerator::chooseSide(const Database& career, bool allied, bool withPlayer,
+                                  Side& side) {
+    const bool isPlayers = withPlayer && isOfSide(career.playerSquadron().nation, allied);
     for (int32_t i = 0; i < TriesForType; ++i) {
         if (!allied)
             side.type = planeForSide(false, career.year, career.month, career.day);
-        side.squadron = drawSquadron(allied, isPlayers, allied ? &side.type : nullptr);
+        side.squadron = drawSquadron(career, allied, isPlayers, allied ? &side.type : nullptr);
         if (side.squadron < 0)
             return false;
         if (!withPlayer)
@@ -155,13 +151,11 @@ bool MissionGenerator::chooseSide(bool allied, bool withPlayer, Side& side) {
 
 /// The player's squadron, or one of the side by repeated draws; an Allied candidate's type is drawn
 /// with him, whether he is taken or not. -1, with a log line, if no draw finds one.
-int32_t MissionGenerator::drawSquadron(bool allied, bool isPlayers, zel::String* alliedType) {
-    const Database& career = *Database::instance();
+int32_t MissionGenerator::drawSquadron(const Database& career, bool allied, bool isPlayers,
+                                       zel::String* alliedType) {
     const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
     for (int32_t attempt = 0; attempt < MostAttempts && last >= 0; ++attempt) {
-        const int32_t candidate =
-            isPlayers ? career.pilots[static_cast<size_t>(career.playerPilot)].squadron
-                      : random->getInt(0, last);
+        const int32_t candidate = isPlayers ? career.player().squadron : random.getInt(0, last);
         const int32_t nation = career.squadrons[static_cast<size_t>(candidate)].nation;
         if (alliedType != nullptr)
             *alliedType = chooseNationPlane(nation, career.year, career.month, career.day);
@@ -173,22 +167,21 @@ int32_t MissionGenerator::drawSquadron(bool allied, bool isPlayers, zel::String*
     return -1;
 }
 
-MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes() {
-    const int32_t year = Database::instance()->year;
+MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes(int32_t year) {
     for (int32_t attempt = 0; attempt < MostAttempts; ++attempt) {
         int32_t least = 2;
         int32_t most = 4;
         if (year <= 1916) {
             least = 1;
-            most = random->getInt(0, 2) == 2 ? 3 : 2;
+            most = random.getInt(0, 2) == 2 ? 3 : 2;
         } else if (year == 1917) {
-            if (random->getInt(0, 11) == 0)
+            if (random.getInt(0, 11) == 0)
                 return {1, 1};
         } else if (year == 1918) {
-            least = random->getInt(0, 1) == 0 ? 2 : 3;
+            least = random.getInt(0, 1) == 0 ? 2 : 3;
         }
-        const int32_t german = random->getInt(least, most);
-        const int32_t allied = random->getInt(least, most);
+        const int32_t german = random.getInt(least, most);
+        const int32_t allied = random.getInt(least, most);
         const bool alone = german == 1 || allied == 1;
         if (alone ? german == allied : std::abs(german - allied) <= 1)
             return {german, allied};
@@ -200,15 +193,14 @@ MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes() {
 /// Draws that many different pilots of the squadron. A German group also flies with men who are
 /// gone and not replaced yet, an Allied one draws again; in both, too many such draws call for
 /// replacements. False if it is hopeless.
-bool MissionGenerator::fillGroup(bool allied, const Side& side, int32_t count,
+bool MissionGenerator::fillGroup(Database& career, bool allied, const Side& side, int32_t count,
                                  int32_t& vacantDraws) {
-    Database& career = *Database::instance();
     const auto squadron = static_cast<size_t>(side.squadron);
     const size_t groupStart = plan.size();
     const int32_t lastSlot = career.squadrons[squadron].pilotCount - 1;
     count = std::min(count, lastSlot + 1);
     for (int32_t attempt = 0; count > 0 && attempt < MostAttempts; ++attempt) {
-        const int32_t pilot = career.squadrons[squadron].slots[random->getInt(0, lastSlot)];
+        const int32_t pilot = career.squadrons[squadron].slots[random.getInt(0, lastSlot)];
         const bool drawnAlready =
             std::any_of(plan.begin() + static_cast<std::ptrdiff_t>(groupStart), plan.end(),
                         [pilot](const PlannedPlane& plane) { return plane.pilot == pilot; });
@@ -240,14 +232,14 @@ zel::String MissionGenerator::seasonFor(int32_t /*year*/, int32_t month, int32_t
     case 2:
         return "wi";
     case 3:
-        return firstHalf && random->getInt(0, 1) == 0 ? "wi" : "su";
+        return firstHalf && random.getInt(0, 1) == 0 ? "wi" : "su";
     case 9:
         return firstHalf ? "su" : "au";
     case 10:
     case 11:
         return "au";
     case 12:
-        return !firstHalf && random->getInt(0, 2) == 0 ? "wi" : "au";
+        return !firstHalf && random.getInt(0, 2) == 0 ? "wi" : "au";
     default:
         return "su";
     }

@@ -3,8 +3,6 @@
 
 namespace {
 
-constexpr const char* AttackAreaBlock = "mcu_cmd_attackarea";
-
 /// A value without ";", blanks, tabs, blanks and quotes around it, taken off in this order.
 std::string_view bareValue(std::string_view value) {
     for (const char character : {';', ' ', '\t', ' ', '"'})

@@ -1,11 +1,8 @@
-#include <iterator>
-
 #include "app/mission/MissionGenerator.h"
 #include "engine/core/Log.h"
 
 namespace {
 
-constexpr const char* AttackAreaBlock = "mcu_cmd_attackarea";
 constexpr const char* EntityBlock = "mcu_tr_entity";
 constexpr const char* OptionsBlock = "options";
 
@@ -90,9 +87,9 @@ void MissionGenerator::setMissionLocation(int32_t newMapIndex, float x, float y,
     locationX = x;
     locationY = y;
     locationZ = z;
-    offsetX = random->getFloat(-rangeX, rangeX);
-    offsetY = random->getFloat(-rangeY, rangeY);
-    offsetZ = random->getFloat(-rangeZ, rangeZ);
+    offsetX = random.getFloat(-rangeX, rangeX);
+    offsetY = random.getFloat(-rangeY, rangeY);
+    offsetZ = random.getFloat(-rangeZ, rangeZ);
     zel::console("LOCATION X: " + zel::formatFloat(locationX) +
                  " ; LOCATION Y: " + zel::formatFloat(locationZ)); // sic
     zel::console("OFFSET X: " + zel::formatFloat(offsetX) +
@@ -122,14 +119,14 @@ void MissionGenerator::rewriteOptions(float& originX, float& originZ) {
             if (const char* value = landscapeValue(*landscape, mapIndex, seasonPrefix))
                 text = quotedLine(landscape->prefix, value);
         } else if (key == "cloudconfig") {
-            const bool clear = random->getInt(0, 1) == 0;
+            const bool clear = random.getInt(0, 1) == 0;
             text = quotedLine("  CloudConfig = ", clear ? "clear\\sky.ini" : "AverageFog\\sky.ini");
         } else if (key == "date") {
             text = zel::String("  Date = ") + date.getDay() + "." + date.getMonth() + "." +
                    date.getYear() + ";";
         } else if (key == "time" && blocks.top() == OptionsBlock) {
-            const int32_t minute = random->getInt(0, 59);
-            const int32_t hour = random->getInt(8, 17);
+            const int32_t minute = random.getInt(0, 59);
+            const int32_t hour = random.getInt(8, 17);
             text = zel::String("  Time = ") + hour + ":" + minute + ":0;";
         } else if (blocks.top() == AttackAreaBlock &&
                    (key == "xpos" || key == "ypos" || key == "zpos")) {

@@ -7,14 +7,17 @@
 
 namespace {
 
-constexpr int32_t ShotdownsOfAce = 5; // from here on they are shown behind the name
-constexpr float Spacing = 100.0F;     // metres between two planes of a group
+constexpr float Spacing = 100.0F; // metres between two planes of a group
 
-/// Placing of a side's group: what is drawn once for the mission.
+/// Where the planes of a side's group start: metres, one behind the other to the north.
 struct GroupPlacing {
-    float y;
-    float z;
+    float x, y, z;
     float heading; // degrees
+};
+
+/// What is drawn once for a mission.
+struct Placing {
+    GroupPlacing allied, german;
 };
 
 /// What the lines of one plane are made of.
@@ -27,8 +30,7 @@ struct EmittedPlane {
     int32_t target; // entity of the group's first plane; 0 for that plane itself
     zel::String type;
     zel::String skin; // in its quotes
-    float x, y, z;    // metres
-    float heading;    // degrees
+    GroupPlacing place;
 };
 
 zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
@@ -36,15 +38,15 @@ zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
 /// His name, and behind it the victories of an ace.
 zel::String nameOf(const PlannedPlane& plane) {
     const zel::String name = missionName(plane.name);
-    return plane.shotdowns >= ShotdownsOfAce ? name + "/" + plane.shotdowns : name;
+    return plane.shotdowns >= AceShotdowns ? name + "/" + plane.shotdowns : name;
 }
 
 std::vector<zel::String> placeLines(const EmittedPlane& plane) {
-    return {"  XPos = " + zel::formatFloat(plane.x) + ";",
-            "  YPos = " + zel::formatFloat(plane.y) + ";",
-            "  ZPos = " + zel::formatFloat(plane.z) + ";",
+    return {"  XPos = " + zel::formatFloat(plane.place.x) + ";",
+            "  YPos = " + zel::formatFloat(plane.place.y) + ";",
+            "  ZPos = " + zel::formatFloat(plane.place.z) + ";",
             "  XOri = 0;",
-            "  YOri = " + zel::formatFloat(plane.heading) + ";",
+            "  YOri = " + zel::formatFloat(plane.place.heading) + ";",
             "  ZOri = 0;"};
 }
 
@@ -110,6 +112,47 @@ std::vector<zel::String> planeLines(const EmittedPlane& plane) {
     return lines;
 }
 
+/// Both groups around the fight's centre, facing each other.
+Placing drawPlacing(float x, float y, float z, zel::Random& random) {
+    const float spread = random.getFloat(1000, 2000); // half the distance between the groups
+    const float heightA = random.getFloat(-250, 350);
+    const float heightG = random.getFloat(-250, 350);
+    const float headingA = random.getFloat(-10, 10);
+    const float headingG = random.getFloat(-10, 10);
+    return {{x, y + 100 + heightA, z - spread, headingA + 90},
+            {x, y + 100 + heightG, z + spread, headingG + 270}};
+}
+
+/// The paint in its quotes: the pilot's own, or else his squadron's, or none.
+zel::String skinText(const Database& career, const PlannedPlane& plane) {
+    zel::String skin;
+    const int32_t file = career.squadrons[static_cast<size_t>(plane.squadron)].squadronFile;
+    if (file >= 0)
+        skin = career.squadronSkin(
+            zel::String(zel::arrayText(career.squadronFiles[static_cast<size_t>(file)].key)),
+            plane.type);
+    const zel::String own = career.pilotSkin(plane.pilotFile, plane.type);
+    if (!own.empty()) {
+        zel::log("INDIVIDUAL SKIN PILOT!!", "MissionGenerator", zel::LogDebug);
+        skin = own;
+    }
+    return skin.empty() ? "\"\"" : quoted(plane.type.toLower() + "\\" + skin);
+}
+
+/// The plane at that position of its group, with no index, level or target yet.
+EmittedPlane emittedPlane(const Database& career, const PlannedPlane& planned,
+                          const GroupPlacing& group, int32_t position) {
+    EmittedPlane plane{};
+    plane.shownName = nameOf(planned);
+    plane.pilot = planned.pilot;
+    plane.nation = planned.nation;
+    plane.type = planned.type;
+    plane.skin = skinText(career, planned);
+    plane.place = group;
+    plane.place.x += Spacing * static_cast<float>(position);
+    return plane;
+}
+
 } // namespace
 
 zel::String missionName(const zel::String& name) {
@@ -121,50 +164,30 @@ zel::String missionName(const zel::String& name) {
 void MissionGenerator::emitPlanes(int32_t insertLine) {
     if (plan.empty())
         return;
+    const Database& career = *Database::instance();
     const float areaHeight =
         attackArea >= 0 ? templateObjects[static_cast<size_t>(attackArea)].y : 0.0F;
-    const float centreX = locationX + offsetX;
-    const float centreY = locationY + offsetY + areaHeight;
-    const float centreZ = locationZ + offsetZ;
-    const float spread = random->getFloat(1000, 2000); // half the distance between the groups
-    const float heightA = random->getFloat(-250, 350);
-    const float heightG = random->getFloat(-250, 350);
-    const float headingA = random->getFloat(-10, 10);
-    const float headingG = random->getFloat(-10, 10);
-    const GroupPlacing alliedGroup{centreY + 100 + heightA, centreZ - spread, headingA + 90};
-    const GroupPlacing germanGroup{centreY + 100 + heightG, centreZ + spread, headingG + 270};
-
+    const Placing placing = drawPlacing(locationX + offsetX, locationY + offsetY + areaHeight,
+                                        locationZ + offsetZ, random);
     const std::vector<int32_t> levels = planeLevels();
     int32_t firstAllied = -1; // Index of the first plane of each side
     int32_t firstGerman = -1;
     int32_t position = 0; // in its group
     for (size_t i = 0; i < plan.size(); ++i) {
-        const PlannedPlane& planned = plan[i];
-        const bool allied = isAllied(planned.nation);
-        const bool continuesGroup = i > 0 && isSameSide(planned.nation, plan[i - 1].nation);
+        const bool allied = isAllied(plan[i].nation);
+        const bool continuesGroup = i > 0 && isSameSide(plan[i].nation, plan[i - 1].nation);
         position = continuesGroup ? position + 1 : 0;
-        const int32_t index = maxIndex + 1;
+        EmittedPlane plane =
+            emittedPlane(career, plan[i], allied ? placing.allied : placing.german, position);
+        plane.index = maxIndex + 1;
         maxIndex += 2; // one for the plane, one for its entity
         int32_t& first = allied ? firstAllied : firstGerman;
         if (first < 0) {
-            first = index;
-            attackObjects.push_back(index + 1);
+            first = plane.index;
+            attackObjects.push_back(first + 1);
         }
-
-        const GroupPlacing& group = allied ? alliedGroup : germanGroup;
-        EmittedPlane plane;
-        plane.shownName = nameOf(planned);
-        plane.index = index;
-        plane.pilot = planned.pilot;
-        plane.nation = planned.nation;
         plane.level = levels[i];
         plane.target = position == 0 ? 0 : first + 1;
-        plane.type = planned.type;
-        plane.skin = skinText(planned);
-        plane.x = centreX + Spacing * static_cast<float>(position);
-        plane.y = group.y;
-        plane.z = group.z;
-        plane.heading = group.heading;
         const std::vector<zel::String> text = planeLines(plane);
         lines.lines.insert(lines.lines.begin() + insertLine, text.begin(), text.end());
     }
@@ -183,21 +206,4 @@ std::vector<int32_t> MissionGenerator::planeLevels() const {
             break;
     }
     return levels;
-}
-
-/// The paint in its quotes: the pilot's own, or else his squadron's, or none.
-zel::String MissionGenerator::skinText(const PlannedPlane& plane) const {
-    const Database& career = *Database::instance();
-    zel::String skin;
-    const int32_t file = career.squadrons[static_cast<size_t>(plane.squadron)].squadronFile;
-    if (file >= 0)
-        skin = career.squadronSkin(
-            zel::String(zel::arrayText(career.squadronFiles[static_cast<size_t>(file)].key)),
-            plane.type);
-    const zel::String own = career.pilotSkin(plane.pilotFile, plane.type);
-    if (!own.empty()) {
-        zel::log("INDIVIDUAL SKIN PILOT!!", "MissionGenerator", zel::LogDebug);
-        skin = own;
-    }
-    return skin.empty() ? "\"\"" : quoted(plane.type.toLower() + "\\" + skin);
 }

@@ -1,7 +1,6 @@
 #include "app/report/CombatReport.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "app/career/Database.h"
 #include "app/mission/MissionGenerator.h"
@@ -37,27 +36,7 @@ bool namesFit(std::string_view planned, std::string_view logged) {
            fits(loggedPart(plannedShort));
 }
 
-uint16_t raised(uint16_t value, size_t by) {
-    return static_cast<uint16_t>(
-        std::min<size_t>(value + by, std::numeric_limits<uint16_t>::max()));
-}
-
 } // namespace
-
-bool applyReports(const std::vector<PilotReport>& reports, Database& career) {
-    bool any = false;
-    for (const PilotReport& report : reports) {
-        if (!career.isPilot(report.pilot))
-            continue;
-        any = true;
-        Pilot& pilot = career.pilots[static_cast<size_t>(report.pilot)];
-        pilot.shotdowns = raised(pilot.shotdowns, report.kills.size());
-        pilot.missions = raised(pilot.missions, 1);
-        if (report.dead != 0)
-            pilot.alive = 0;
-    }
-    return any;
-}
 
 CombatReport::CombatReport() { currentReport = this; }
 

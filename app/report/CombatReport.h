@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "app/career/EntireFile.h"
-#include "app/report/PilotReport.h"
+#include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
 /// The keys of a log line that tell something about a pilot.
@@ -71,7 +71,12 @@ public:
     /// Reads a mission's log: the piece "[0]" of that name in the folder (which ends in a
     /// separator) and the pieces that continue it. True when it tells of a finished mission with at
     /// least one pilot of the plan; false otherwise, and then nothing may be made of the records.
+    /// A piece that is there and can't be read, as while somebody holds it, is a log line and
+    /// false: without it the records would tell half of the flight.
     [[nodiscard]] bool readMission(const zel::String& folder, const zel::String& name);
+    /// Whether that was so at the last readMission: reading the log again may tell more, even if it
+    /// hasn't grown.
+    bool hasUnreadPiece() const { return unreadPiece; }
     /// Appends one event. REQUIRES: the line outlives the events.
     void parseLine(const zel::String& line);
     void parseLine(zel::String&&) = delete;
@@ -97,10 +102,13 @@ public:
     std::vector<PilotReport> pilots;
 
 private:
+    bool readPieces(const zel::String& folder, const zel::String& name);
     void readEvent(const LogEvent& event);
     void readObject(const LogEvent& event);
     void readDestruction(int32_t attackerId, int32_t targetId);
     void readHit(int32_t attackerId, int32_t targetId, float damage);
     void judgePilot(PilotReport& pilot, int32_t index);
     void describe() const;
+
+    bool unreadPiece = false;
 };

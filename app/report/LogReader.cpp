@@ -7,6 +7,7 @@
 
 #include "app/report/CombatReport.h"
 #include "engine/core/Log.h"
+#include "engine/core/System.h"
 
 namespace {
 
@@ -131,8 +132,21 @@ size_t clauseLength(std::string_view key) {
 } // namespace
 
 bool CombatReport::readMission(const zel::String& folder, const zel::String& name) {
-    if (!lines.loadFile(folder + name))
+    return readPieces(folder, name) && analyse();
+}
+
+bool CombatReport::readPieces(const zel::String& folder, const zel::String& name) {
+    const auto isUnread = [](const zel::String& piece) {
+        if (!zel::system::fileStatus(piece).exists)
+            return false; // there are no more
+        logReading("Piece cannot be read: " + piece, zel::LogWarning);
+        return true;
+    };
+    unreadPiece = false;
+    if (!lines.loadFile(folder + name)) {
+        unreadPiece = isUnread(folder + name);
         return false;
+    }
     // The bracket of the file's own name: the folder may have one too.
     const std::string_view text = name.view();
     const size_t open = text.find('[');
@@ -141,11 +155,15 @@ bool CombatReport::readMission(const zel::String& folder, const zel::String& nam
     const zel::String appendix(close != text.npos ? text.substr(close + 1) : std::string_view());
     logReading("Base Filename: " + base);
     logReading("Appendix Filename: " + appendix);
-    if (close != text.npos)
-        for (int32_t piece = 1; lines.appendFile(base + "[" + piece + "]" + appendix); ++piece) {
-        }
+    if (close != text.npos) {
+        int32_t piece = 1;
+        const auto file = [&] { return base + "[" + piece + "]" + appendix; };
+        while (lines.appendFile(file()))
+            ++piece;
+        unreadPiece = isUnread(file());
+    }
     logReading(zel::String("Total Lines Read: ") + lines.lineCount());
-    return analyse();
+    return !unreadPiece;
 }
 
 // Splitting at blanks and gluing tokens without a colon to the one before leaves each key with all

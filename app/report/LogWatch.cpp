@@ -26,6 +26,7 @@ void LogWatch::begin(const zel::String& folder) {
 void LogWatch::settle() {
     lookedAt.clear();
     growing = false;
+    quiet = 0;
 }
 
 std::vector<zel::String> LogWatch::look(const zel::String& folder) {
@@ -44,16 +45,24 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
         const Extent now = measure(folder, name);
         if (earlier == lookedAt.end()) {
             lookedAt.push_back(now);
-        } else if (now.pieces > earlier->pieces || now.bytes > earlier->bytes) {
-            *earlier = now;
-            growing = true;
         } else {
-            continue;
+            const bool hasGrown = now.pieces > earlier->pieces || now.bytes > earlier->bytes;
+            growing = growing || hasGrown;
+            if (!hasGrown && earlier->isRead)
+                continue;
+            *earlier = now;
         }
         names.push_back(name);
     }
     known = present;
+    quiet = lookedAt.empty() || !names.empty() ? 0 : quiet + 1;
     return names;
+}
+
+void LogWatch::readAgain(const zel::String& name) {
+    for (Extent& log : lookedAt)
+        if (log.name == name)
+            log.isRead = false;
 }
 
 LogWatch::Extent LogWatch::measure(const zel::String& folder, const zel::String& name) {
@@ -91,6 +100,8 @@ bool findCombatReport(LogWatch& watch) {
             logLook("---");
             return true;
         }
+        if (report->hasUnreadPiece())
+            watch.readAgain(name);
         report->clear();
     }
     logLook("---");

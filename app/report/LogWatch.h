@@ -18,10 +18,15 @@ public:
     /// Takes the logs of that folder for known: whatever shows up later belongs to a later flight.
     void begin(const zel::String& folder);
     /// The names of the first pieces that have come since the last look, and of those looked at
-    /// before whose logs have grown.
+    /// before whose logs have grown or are to be read again.
     std::vector<zel::String> look(const zel::String& folder);
+    /// That log, of the last look, couldn't be read whole: the next look names it in any case.
+    void readAgain(const zel::String& name);
     /// Whether the last look found a log that had grown since the one before: a flight goes on.
     bool isGrowing() const { return growing; }
+    /// How many looks on end have found nothing new in the logs that were looked at, of which none
+    /// told of the end of the mission; 0 as long as there is none.
+    int32_t quietLooks() const { return quiet; }
     /// Whatever was looked at is done with, also if it grows.
     void settle();
 
@@ -30,12 +35,14 @@ private:
         zel::String name;
         int32_t pieces;
         int64_t bytes; // of all pieces
+        bool isRead = true;
     };
     static Extent measure(const zel::String& folder, const zel::String& name);
 
     zel::Directory known;
     std::vector<Extent> lookedAt;
     bool growing = false;
+    int32_t quiet = 0; // looks
 };
 
 /// The program's one watch: begun when the mission is written, asked when the player comes back.

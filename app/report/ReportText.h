@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "app/report/PilotReport.h"
+#include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
 /// What a mission without a report shows in its first line.

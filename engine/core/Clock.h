@@ -11,7 +11,8 @@ struct WallTime {
 };
 
 /// The one place from which the program takes the time. A test replaces the source and thereby
-/// holds time still; nothing else in the tree asks the system.
+/// holds time still. Only the progress line of a terminal (tools/career/Progress.cpp) asks the
+/// system itself: it has to move on while the clock is held still.
 ///
 /// Milliseconds since the program started.
 uint32_t ticks();

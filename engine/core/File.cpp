@@ -176,6 +176,11 @@ bool File::exists(const String& name) {
     return true;
 }
 
+bool readFile(const String& name, int32_t most, std::string& content) {
+    File file(name, FileRead);
+    return !file.hasFailed() && file.fileSize() <= most && file.readWhole(content);
+}
+
 bool replaceFileSafely(const String& name, std::string_view content, const char* backupEnding) {
     const String draft = name + ".new";
     File file(draft, FileWrite);

@@ -81,6 +81,10 @@ private:
     int32_t physicalLine = 1;
 };
 
+/// Reads a file of at most that many bytes. False, with nothing of use in `content`, if it is
+/// missing or longer or can't be read.
+[[nodiscard]] bool readFile(const String& name, int32_t most, std::string& content);
+
 /// Writes the file whole beside its final name, flushes and checks it, and renames it over the old
 /// one, which stays behind under its name with `backupEnding`. False leaves the old file as it was.
 [[nodiscard]] bool replaceFileSafely(const String& name, std::string_view content,

@@ -1,6 +1,7 @@
 #include "engine/core/HighLevelScheduler.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "engine/core/Log.h"

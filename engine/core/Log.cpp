@@ -93,7 +93,7 @@ void console(const String& line) {
         return;
     if (logState().file != nullptr)
         writeLine(logState().file.get(), line);
-    std::fprintf(logState().stream, "%s\n", line.c_str());
+    writeLine(logState().stream, line);
 }
 
 void setConsoleShown(bool shown) { logState().consoleShown = shown; }

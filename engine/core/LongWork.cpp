@@ -4,7 +4,6 @@
 #include "engine/core/Platform.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/core/Window.h"
-#include "engine/core/ZelLoop.h"
 
 namespace zel {
 
@@ -33,10 +32,6 @@ void LongWork::showPicture(const std::function<void()>& drawAbove) {
     if (Window* window = Window::current())
         window->swapBuffers();
     sincePicture.reset();
-}
-
-bool LongWork::isQuitWanted() {
-    return Platform::getInstance().getQuitEvents() != 0 || ZelLoop::isQuitRequested();
 }
 
 } // namespace zel

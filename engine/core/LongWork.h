@@ -18,9 +18,8 @@ namespace zel {
 ///     }
 ///
 /// What the player presses meanwhile is dropped, but for the wish to close the window: the loop
-/// ends behind the frame, and isQuitWanted() tells it to the work. The time counts neither for a
-/// running fade nor against the tasks of the frame. Without a window all goes on, and nothing is
-/// seen.
+/// ends behind the frame. The time counts neither for a running fade nor against the tasks of the
+/// frame. Without a window all goes on, and nothing is seen.
 ///
 /// REQUIRES: no drawing is under way; so it belongs into update() and the notifications of a state,
 /// not into render().
@@ -35,8 +34,6 @@ public:
     bool isDue() const;
     /// Shows the visible states as they are now, and what `drawAbove` adds to them.
     void showPicture(const std::function<void()>& drawAbove = {});
-    /// Whether the player, or the system, wanted the program to end by the last picture.
-    static bool isQuitWanted();
 
 private:
     Timer sincePicture;

@@ -1,21 +1,24 @@
 #include "engine/core/Registry.h"
 
-#include <cstring>
 #include <map>
 
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 
 namespace zel {
 
 namespace {
 
+constexpr int32_t MaxFileSize = 1 << 24; // bytes
+
 struct RegistryState {
     std::map<String, String> values; // in the order of the keys' bytes, as in the file
     bool loaded = false;
     bool deferSave = false;
+    String damagedFile; // the one that was read last, if it was not whole
 };
 
 RegistryState& registryState() {
@@ -44,6 +47,18 @@ bool takeText(std::string_view& content, String& text) {
         return false;
     text = String(arrayText(content.data() + 4, length));
     content.remove_prefix(4 + length);
+    return true;
+}
+
+/// Puts the entries of a file's content into the values. False if they end within one.
+bool takeEntries(std::string_view content, std::map<String, String>& values) {
+    while (!content.empty()) {
+        String key;
+        String value;
+        if (!takeText(content, key) || !takeText(content, value))
+            return false;
+        values[key] = value;
+    }
     return true;
 }
 
@@ -77,20 +92,17 @@ void Registry::load() {
     registryState().loaded = true;
     if (applicationTitle().empty())
         console("Warning: ZelAppInfo::getAppName() was not set");
-    File file(preferencesFile(), FileRead);
-    std::string content;
-    if (file.hasFailed() || !file.readWhole(content))
+    const String name = preferencesFile();
+    registryState().damagedFile = "";
+    if (!system::fileStatus(name).exists)
         return; // the first run
-    std::string_view rest = content;
-    while (!rest.empty()) {
-        String key;
-        String value;
-        if (!takeText(rest, key) || !takeText(rest, value)) {
-            log("prefs.dat is damaged; it is read as far as it goes", "Registry", LogWarning);
-            return;
-        }
-        registryState().values[key] = value;
-    }
+    std::string content;
+    const bool isRead = readFile(name, MaxFileSize, content);
+    if (isRead && takeEntries(content, registryState().values))
+        return;
+    registryState().damagedFile = name;
+    log(isRead ? "prefs.dat is damaged; it is read as far as it goes" : "prefs.dat can't be read",
+        "Registry", LogWarning);
 }
 
 void Registry::save() {
@@ -100,9 +112,15 @@ void Registry::save() {
         appendText(content, key);
         appendText(content, value);
     }
-    if (!replaceFileSafely(preferencesFile(), content)) {
-        console("warning: cannot write " + preferencesFile());
-        log("warning: cannot write " + preferencesFile(), "Registry", LogError);
+    // A damaged file doesn't push the last whole one out of its place as ".bak".
+    const String name = preferencesFile();
+    String& damaged = registryState().damagedFile;
+    const bool replacesDamaged = !damaged.empty() && damaged == name;
+    if (!replaceFileSafely(name, content, replacesDamaged ? ".damaged" : ".bak")) {
+        console("warning: cannot write " + name);
+        log("warning: cannot write " + name, "Registry", LogError);
+    } else if (replacesDamaged) {
+        damaged = "";
     }
 }
 

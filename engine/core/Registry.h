@@ -18,10 +18,11 @@ public:
     static bool isOn(const String& key) { return get(key, "1").toInt() != 0; }
 
     static void setDeferSave(bool defer);
-    /// On error: a line on standard output; the values stay in memory.
+    /// The file before it stays as ".bak", or as ".damaged" if it wasn't whole when it was read. On
+    /// error: a line on standard output and one of level 2 in the log; the values stay in memory.
     static void save();
     /// Adds what the file holds to the values in memory. A missing file is an empty one; a broken
-    /// one is read as far as it goes.
+    /// one is read as far as it goes, one that can't be read not at all, both with a log line.
     static void load();
     /// Empties the store in memory. The next `get` doesn't load again.
     static void clear();

@@ -69,8 +69,6 @@ public:
     float getOpacity() const { return opacity; }                 // 0 to 1
     int32_t getOpacityByte() const { return static_cast<int32_t>(opacity * 255); }
     bool isDrawnOnTop() const { return (flags & DrawnOnTop) != 0; }
-    /// Since its construction.
-    const Timer& getStateTimer() const { return stateTimer; }
 
     /// Free pairs of key and value. An unset key reads empty.
     void setProperty(const String& key, const String& value) { properties[key] = value; }
@@ -100,7 +98,7 @@ private:
     float contentProgress = 1;
     int32_t opacityPhase = 0;
     float opacity = 1;
-    Timer stateTimer;
+    Timer stateTimer; // since its construction
     std::map<String, String> properties;
     int32_t flags;
     StateOverlay* backgroundOverlay = nullptr;

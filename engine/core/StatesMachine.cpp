@@ -41,6 +41,30 @@ template <typename Call> void tellOverlays(const State& state, Call call) {
             call(*overlay);
 }
 
+void tell(const State& state, const char* what) {
+    log(state.getName() + ": " + what, Category, LogInfo);
+}
+
+void enter(State& state) {
+    tell(state, "onEnter()");
+    state.onEnter();
+    state.reset();
+    tellOverlays(state, [](StateOverlay& overlay) {
+        overlay.reset();
+        overlay.addUser();
+        overlay.onEnter();
+    });
+}
+
+void leave(State& state) {
+    tell(state, "onLeave()");
+    state.onLeave();
+    tellOverlays(state, [](StateOverlay& overlay) {
+        overlay.onLeave();
+        overlay.removeUser();
+    });
+}
+
 bool areSame(const StateOverlay* first, const StateOverlay* second) {
     return first != nullptr && first == second;
 }
@@ -162,59 +186,42 @@ void StatesMachine::addStateCall(int32_t type, State* state, State* otherState) 
             LogWarning);
 }
 
+void StatesMachine::firstEnter(State& state) {
+    tell(state, "onFirstEnter()");
+    if (!state.firstEnterDone) {
+        state.firstEnterDone = true;
+        state.onFirstEnter();
+    }
+    tellOverlays(state, [](StateOverlay& overlay) {
+        if (overlay.takeFirstEnter())
+            overlay.onFirstEnter();
+    });
+}
+
 void StatesMachine::processStateCall(const StateCall& call) {
-    State* state = call.state;
-    if (state == nullptr) {
+    if (call.state == nullptr) {
         log("processStateCall() for invalid state", Category, LogFatal);
         return;
     }
-    const auto tell = [state](const char* what) {
-        log(state->getName() + ": " + what, Category, LogInfo);
-    };
+    State& state = *call.state;
     switch (call.type) {
     case STATECALL_ON_FIRST_ENTER:
-        tell("onFirstEnter()");
-        if (!state->firstEnterDone) {
-            state->firstEnterDone = true;
-            state->onFirstEnter();
-        }
-        tellOverlays(*state, [](StateOverlay& overlay) {
-            if (overlay.takeFirstEnter())
-                overlay.onFirstEnter();
-        });
-        break;
+        return firstEnter(state);
     case STATECALL_ON_ENTER:
-        tell("onEnter()");
-        state->onEnter();
-        state->reset();
-        tellOverlays(*state, [](StateOverlay& overlay) {
-            overlay.reset();
-            overlay.addUser();
-            overlay.onEnter();
-        });
-        break;
+        return enter(state);
     case STATECALL_START_TIMER:
         log("Transition timer started", Category, LogInfo);
-        transitionTimer.reset();
-        break;
+        return transitionTimer.reset();
     case STATECALL_ON_ENTERED:
-        tell("onEntered()");
-        state->onEntered();
-        tellOverlays(*state, [](StateOverlay& overlay) { overlay.onEntered(); });
-        break;
+        tell(state, "onEntered()");
+        state.onEntered();
+        return tellOverlays(state, [](StateOverlay& overlay) { overlay.onEntered(); });
     case STATECALL_ON_LEAVING:
-        tell("onLeaving()");
-        state->onLeaving();
-        tellOverlays(*state, [](StateOverlay& overlay) { overlay.onLeaving(); });
-        break;
+        tell(state, "onLeaving()");
+        state.onLeaving();
+        return tellOverlays(state, [](StateOverlay& overlay) { overlay.onLeaving(); });
     case STATECALL_ON_LEAVE:
-        tell("onLeave()");
-        state->onLeave();
-        tellOverlays(*state, [](StateOverlay& overlay) {
-            overlay.onLeave();
-            overlay.removeUser();
-        });
-        break;
+        return leave(state);
     default:
         log("updateSchedulersActive()", Category, LogInfo);
     }

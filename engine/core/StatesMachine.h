@@ -57,7 +57,6 @@ public:
     const std::vector<String>& getHistory() const { return history; }
 
     void setInputSettings(int32_t a, int32_t b, int32_t c, int32_t d);
-    const std::array<int32_t, 4>& getInputSettings() const { return inputSettings; }
     /// One step of it is done a frame; null for none. It must outlive the machine's use of it.
     void setBackgroundWork(BackgroundWork* work) { backgroundWork = work; }
 
@@ -96,6 +95,7 @@ private:
     void changeState(State* target);
     void addStateCall(int32_t type, State* state, State* otherState = nullptr);
     void processStateCall(const StateCall& call);
+    static void firstEnter(State& state);
     void advanceTransition();
     void advanceIdle();
     void advanceFadeOut();
@@ -116,8 +116,8 @@ private:
     float phaseTime1 = 0;
     float phaseTime2 = 0;
     Timer transitionTimer;
-    Timer stateTimer; // since the last change of state
-    std::array<int32_t, 4> inputSettings{1, 15, 120, 0};
+    Timer stateTimer;                                    // since the last change of state
+    std::array<int32_t, 4> inputSettings{1, 15, 120, 0}; // kept as given
     std::vector<String> history;
     std::deque<StateCall> stateCalls;
 };

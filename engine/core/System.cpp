@@ -4,7 +4,8 @@ namespace zel {
 
 String findRunDirectory() {
     const String program = system::executableDirectory();
-    const String candidates[] = {system::currentDirectory(), program, program + "\\..\\run",
+    // "." is there also where the current folder's path can't be named.
+    const String candidates[] = {system::currentDirectory(), ".", program, program + "\\..\\run",
                                  program + "\\..\\share\\wingtally"};
     for (const String& candidate : candidates)
         if (system::isDirectory(candidate + "\\Data\\Historical"))

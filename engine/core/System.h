@@ -19,6 +19,11 @@ struct DirectoryEntry {
     bool isDirectory;
 };
 
+struct Extent {
+    int32_t width = 0; // pixels; 0 if unknown
+    int32_t height = 0;
+};
+
 struct FileStatus {
     bool exists = false; // and is a regular file
     int64_t size = 0;    // bytes
@@ -36,17 +41,27 @@ String environment(const char* name);
 void setEnvironment(const char* name, const String& value);
 /// The folder of users' application data, without a separator at its end: APPDATA; off Windows,
 /// where that is unset, XDG_DATA_HOME, or .local/share in the home folder.
+///
+/// On Windows this folder, the next two and absolutePath() are given by their short names where the
+/// code page lacks a character of the long ones. Where the disk keeps no short names, "?" stands
+/// for it, by which nothing is found; of this folder a log line tells.
 String applicationDataDirectory();
 String executableDirectory(); // without a separator at its end; empty if unknown
 String currentDirectory();
 bool changeDirectory(const String& path);
 /// The path from the root, so that it holds after a change of directory.
 String absolutePath(const String& path);
+/// A name of a file as a text editor saved it, in the code page by which the system knows names: a
+/// text that holds bytes above 127 and is UTF-8 as a whole is converted, every other one stays. Off
+/// Windows names are bytes, and all stay.
+String nameFromUtf8(const String& text);
 /// A text that holds the system's own names of files, in the Windows-1252 that is drawn; "?" for
 /// what that lacks. For showing only: no file is found by it.
 String shownText(const String& text);
 
-/// The C library's fopen for regular files only: a folder, a pipe or a device gives null.
+/// The C library's fopen for regular files only: a folder, a pipe or a device gives null. A file
+/// that somebody holds is tried again for half a second before it is written, and for less than a
+/// tenth before it is read.
 FILE* openFile(const String& path, const char* mode);
 FileStatus fileStatus(const String& path);
 bool isDirectory(const String& path);
@@ -72,6 +87,9 @@ uint32_t userLocale();
 
 /// Whether there is a screen to open windows on.
 bool hasDisplay();
+/// The most that a window can show when it stands in the middle of a desktop of that size, with its
+/// frame and all of it clear of the bars at the edges. Windows knows it better than by that size.
+Extent roomForWindow(Extent desktop);
 /// Whether a program with a window has a standard output that somebody can look at.
 bool hasTerminals();
 /// Shows a web address in the player's browser, without waiting for it; false if that can't be

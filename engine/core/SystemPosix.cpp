@@ -132,6 +132,8 @@ String absolutePath(const String& path) {
                                                     : currentDirectory() + "/" + turned;
 }
 
+String nameFromUtf8(const String& text) { return text; }
+
 String shownText(const String& text) {
     const iconv_t conversion = iconv_open("WINDOWS-1252", "UTF-8");
     if (conversion == iconv_t(-1))
@@ -257,6 +259,13 @@ uint32_t userLocale() {
 
 bool hasDisplay() { return !environment("DISPLAY").empty(); }
 bool hasTerminals() { return true; }
+
+Extent roomForWindow(Extent desktop) {
+    if (environment("XDG_CURRENT_DESKTOP").empty())
+        return desktop;                  // nobody draws frames and bars
+    constexpr int32_t FrameAndBars = 96; // rows
+    return {desktop.width, std::max(0, desktop.height - FrameAndBars)};
+}
 
 // Without a shell, so that nothing in an address is more than an address.
 bool openBrowser(const String& address) {

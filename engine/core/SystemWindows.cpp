@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <io.h>
 #include <random>
@@ -5,6 +6,7 @@
 #include <windows.h>
 
 #include "engine/core/LocaleNames.h"
+#include "engine/core/Log.h"
 #include "engine/core/System.h"
 
 namespace zel::system {
@@ -14,9 +16,12 @@ namespace {
 // The simulator's installer is a 32-bit program, and the key path names its view in full.
 constexpr REGSAM KeyRead = 0x20019;
 constexpr DWORD RegistryBufferSize = 1024;
-// A virus scanner or an indexer holds a file for some moments after it was written.
-constexpr int32_t MostAttempts = 25;
+// A virus scanner or an indexer holds a file for some moments after it was written. Nobody waits
+// for a file that is only to be read but the player.
+constexpr int32_t AttemptsToWrite = 25;
+constexpr int32_t AttemptsToRead = 5;
 constexpr DWORD AttemptPause = 20; // milliseconds
+constexpr UINT Drawn = 1252;       // the code page of shown texts
 
 /// Microseconds of the fine counter: the plain tick count moves in steps of 16 milliseconds.
 int64_t counterTime() {
@@ -35,17 +40,99 @@ int64_t programStart() {
 
 DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
 
-/// Tries again for half a second while somebody else holds the file.
-template <typename Operation> bool patiently(const Operation& operation) {
+/// Whether the last error may pass: somebody holds the file. To replace a file that is open is
+/// "access denied", as is what will never be allowed: a folder and a file that is read-only.
+bool isHeld(const String& path) {
+    constexpr DWORD Lasting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    switch (GetLastError()) {
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT:
+    case ERROR_USER_MAPPED_FILE:
+        return true;
+    case ERROR_ACCESS_DENIED: {
+        const DWORD found = attributes(path);
+        return found != INVALID_FILE_ATTRIBUTES && (found & Lasting) == 0;
+    }
+    default:
+        return false;
+    }
+}
+
+/// Tries again while somebody else holds the file of that path.
+template <typename Operation>
+bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
     for (int32_t attempt = 1; !operation(); ++attempt) {
-        const DWORD error = GetLastError();
-        const bool isHeld =
-            error == ERROR_SHARING_VIOLATION || error == ERROR_UNABLE_TO_REMOVE_REPLACED;
-        if (!isHeld || attempt == MostAttempts)
+        if (attempt == attempts || !isHeld(path))
             return false;
         Sleep(AttemptPause);
     }
     return true;
+}
+
+bool copyFile(const String& from, const String& to) {
+    return patiently(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0; });
+}
+
+/// Not every file system does what ReplaceFile needs.
+bool isUnsupported(DWORD error) {
+    return error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
+           error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
+}
+
+std::wstring widened(std::string_view text, UINT page, DWORD flags = 0) {
+    const int length = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0'); // no character takes more units than bytes
+    wide.resize(static_cast<size_t>(
+        MultiByteToWideChar(page, flags, text.data(), length, wide.data(), length)));
+    return wide;
+}
+
+/// In that code page, "?" for what it lacks instead of a character that looks alike: no file is
+/// found by that. `isWhole` tells whether nothing was lacking.
+std::string narrowed(const std::wstring& wide, UINT page, bool& isWhole) {
+    const bool isUtf8 = page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8); // lacks nothing
+    constexpr size_t MostBytes = 4; // of a character
+    std::string text(wide.size() * MostBytes, '\0');
+    BOOL lacking = FALSE;
+    text.resize(static_cast<size_t>(WideCharToMultiByte(
+        page, isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS, wide.data(), static_cast<int>(wide.size()),
+        text.data(), static_cast<int>(text.size()), isUtf8 ? nullptr : "?",
+        isUtf8 ? nullptr : &lacking)));
+    isWhole = lacking == FALSE;
+    return text;
+}
+
+/// What a function of Windows that fills a buffer with a text gives. It returns the text's length;
+/// if that doesn't fit, the room's size or the one that it needs.
+template <typename Query> std::wstring textOf(const Query& query) {
+    std::wstring text(MAX_PATH, L'\0');
+    DWORD length = query(text.data(), MAX_PATH);
+    while (length >= text.size()) {
+        text.resize(2 * size_t(length));
+        length = query(text.data(), static_cast<DWORD>(text.size()));
+    }
+    text.resize(length);
+    return text;
+}
+
+/// A path in the code page, by its short name if need be.
+std::string named(const std::wstring& path, bool& isWhole) {
+    std::string name = narrowed(path, CP_ACP, isWhole);
+    if (isWhole)
+        return name;
+    const std::wstring shortPath = textOf(
+        [&](wchar_t* text, DWORD size) { return GetShortPathNameW(path.c_str(), text, size); });
+    bool isShortWhole = false;
+    std::string shortName = narrowed(shortPath, CP_ACP, isShortWhole);
+    isWhole = isShortWhole && !shortName.empty();
+    return isWhole ? shortName : name;
+}
+
+String named(const std::wstring& path) {
+    bool isWhole = false;
+    return named(path, isWhole);
 }
 
 } // namespace
@@ -65,47 +152,67 @@ uint32_t entropy() { return std::random_device{}(); }
 void sleepMilliseconds(uint32_t milliseconds) { Sleep(milliseconds); }
 String environment(const char* name) { return String(std::getenv(name)); }
 void setEnvironment(const char* name, const String& value) { _putenv_s(name, value.c_str()); }
-String applicationDataDirectory() { return environment("APPDATA"); }
+
+String applicationDataDirectory() {
+    const std::wstring path = textOf(
+        [](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(L"APPDATA", text, size); });
+    bool isWhole = false;
+    String name = named(path, isWhole);
+    static bool isTold = false;
+    if (!isWhole && !isTold) {
+        isTold = true;
+        log("The folder " + name + " has no name in this system's code page: nothing can be kept",
+            "System", LogError);
+    }
+    return name;
+}
 
 String executableDirectory() {
-    char buffer[MAX_PATH];
-    const DWORD length = GetModuleFileNameA(nullptr, buffer, sizeof buffer);
-    const std::string_view path(buffer, length);
-    const size_t end = path.find_last_of("\\/");
-    return end == path.npos ? String() : String(path.substr(0, end));
+    const std::wstring path =
+        textOf([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); });
+    const size_t end = path.find_last_of(L"\\/");
+    return end == path.npos ? String() : named(path.substr(0, end));
 }
 
 String currentDirectory() {
-    char buffer[MAX_PATH];
-    const DWORD length = GetCurrentDirectoryA(sizeof buffer, buffer);
-    return String(std::string_view(buffer, length < sizeof buffer ? length : 0));
+    return named(
+        textOf([](wchar_t* text, DWORD size) { return GetCurrentDirectoryW(size, text); }));
 }
 
 bool changeDirectory(const String& path) { return SetCurrentDirectoryA(path.c_str()) != 0; }
 
 String absolutePath(const String& path) {
-    char buffer[MAX_PATH];
-    const DWORD length = GetFullPathNameA(path.c_str(), sizeof buffer, buffer, nullptr);
-    return length > 0 && length < sizeof buffer ? String(std::string_view(buffer, length)) : path;
+    const std::wstring wide = widened(path, CP_ACP);
+    const std::wstring full = textOf([&](wchar_t* text, DWORD size) {
+        return GetFullPathNameW(wide.c_str(), size, text, nullptr);
+    });
+    return full.empty() ? path : named(full);
+}
+
+String nameFromUtf8(const String& text) {
+    const auto isPlain = [](char character) { return static_cast<unsigned char>(character) < 128; };
+    const std::string_view bytes = text;
+    if (std::all_of(bytes.begin(), bytes.end(), isPlain))
+        return text;
+    const std::wstring wide = widened(bytes, CP_UTF8, MB_ERR_INVALID_CHARS);
+    return wide.empty() ? text : named(wide);
 }
 
 String shownText(const String& text) {
-    const int length = text.length();
-    // No character takes more units than bytes.
-    std::wstring wide(static_cast<size_t>(length), L'\0');
-    wide.resize(static_cast<size_t>(
-        MultiByteToWideChar(CP_ACP, 0, text.c_str(), length, wide.data(), length)));
-    std::string shown(wide.size(), '\0');
-    constexpr UINT Drawn = 1252;
-    shown.resize(static_cast<size_t>(
-        WideCharToMultiByte(Drawn, 0, wide.data(), static_cast<int>(wide.size()), shown.data(),
-                            static_cast<int>(shown.size()), "?", nullptr)));
-    return shown;
+    bool isWhole = false;
+    return narrowed(widened(text, CP_ACP), Drawn, isWhole);
 }
 
 FILE* openFile(const String& path, const char* mode) {
-    FILE* stream = std::fopen(path.c_str(), mode);
-    if (stream == nullptr)
+    FILE* stream = nullptr;
+    const bool reads = std::string_view(mode).find_first_of("wa+") == std::string_view::npos;
+    const auto open = [&] {
+        stream = std::fopen(path.c_str(), mode);
+        if (stream == nullptr)
+            SetLastError(_doserrno);
+        return stream != nullptr;
+    };
+    if (!patiently(path, open, reads ? AttemptsToRead : AttemptsToWrite))
         return nullptr;
     struct _stat64 status;
     if (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)
@@ -153,7 +260,7 @@ bool createDirectory(const String& path) {
 }
 
 bool replaceFile(const String& from, const String& to) {
-    return patiently([&] {
+    return patiently(to, [&] {
         return MoveFileExA(from.c_str(), to.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
     });
@@ -162,12 +269,14 @@ bool replaceFile(const String& from, const String& to) {
 bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
     if (!fileStatus(to).exists)
         return replaceFile(from, to);
-    const bool isReplaced = patiently([&] {
+    const bool isReplaced = patiently(to, [&] {
         return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(),
                             REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;
     });
     if (isReplaced)
         return true;
+    if (isUnsupported(GetLastError()))
+        return copyFile(to, backup) && replaceFile(from, to);
     if (!fileStatus(to).exists) // it failed half way
         replaceFile(backup, to);
     return false;
@@ -196,6 +305,21 @@ uint32_t userLocale() {
 
 bool hasDisplay() { return true; }
 bool hasTerminals() { return false; }
+
+Extent roomForWindow(Extent desktop) {
+    RECT clear; // of the bars
+    RECT frame{};
+    if (SystemParametersInfoA(SPI_GETWORKAREA, 0, &clear, 0) == 0 ||
+        AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE) == 0)
+        return desktop;
+    // What a bar takes at one edge a window in the middle loses at both.
+    const int width = GetSystemMetrics(SM_CXSCREEN);
+    const int height = GetSystemMetrics(SM_CYSCREEN);
+    const LONG bars[] = {std::max(clear.left, width - clear.right),
+                         std::max(clear.top, height - clear.bottom)};
+    return {static_cast<int32_t>(width - 2 * bars[0] - (frame.right - frame.left)),
+            static_cast<int32_t>(height - 2 * bars[1] - (frame.bottom - frame.top))};
+}
 
 bool openBrowser(const String& address) {
     const HINSTANCE result =

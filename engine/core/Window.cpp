@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include <SDL.h>
 
@@ -69,6 +70,16 @@ Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t 
     return box;
 }
 
+system::Extent fittingSize(system::Extent wanted, system::Extent room) {
+    if (room.width <= 0 || room.height <= 0 || wanted.width <= 0 || wanted.height <= 0)
+        return wanted;
+    const int32_t most = std::gcd(wanted.width, wanted.height); // steps of the shape, as 4 by 3
+    const system::Extent step{wanted.width / most, wanted.height / most};
+    const int32_t steps = std::min(room.width / step.width, room.height / step.height);
+    return steps < 1 || steps >= most ? wanted
+                                      : system::Extent{step.width * steps, step.height * steps};
+}
+
 std::vector<uint8_t> iconMask(const Bitmap& picture) {
     const auto rowSize = static_cast<size_t>(picture.width() + 7) / 8;
     std::vector<uint8_t> mask(rowSize * static_cast<size_t>(picture.height()));
@@ -85,13 +96,15 @@ bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscree
     destroy();
     auto* window = new Window;
     window->depth = depth <= 16 ? 16 : 32;
-    if (width <= 0 || height <= 0) {
-        width = platform.getDesktopWidth();
-        height = platform.getDesktopHeight();
-    }
-    window->windowedWidth = width;
-    window->windowedHeight = height;
-    if (!window->setMode(width, height, fullscreen)) {
+    const system::Extent desktop{platform.getDesktopWidth(), platform.getDesktopHeight()};
+    system::Extent size{width, height};
+    if (width <= 0 || height <= 0)
+        size = desktop;
+    else if (!fullscreen)
+        size = fittingSize(size, system::roomForWindow(desktop));
+    window->windowedWidth = size.width;
+    window->windowedHeight = size.height;
+    if (!window->setMode(size.width, size.height, fullscreen)) {
         delete window;
         return false;
     }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/core/String.h"
+#include "engine/core/System.h"
 #include "engine/core/Timer.h"
 
 struct SDL_Surface;
@@ -23,6 +24,10 @@ struct Letterbox {
 Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t designHeight,
                     bool centre);
 
+/// The size of a window that was wanted in the first size and has the second one as its room: the
+/// first, or the largest whole size of its shape that fits. Room of 0 and below is unknown.
+system::Extent fittingSize(system::Extent wanted, system::Extent room);
+
 /// Which pixels of an icon show: a bit each, the first in the highest, rows from the top, filled up
 /// to whole bytes. A pixel shows from half of full alpha on.
 std::vector<uint8_t> iconMask(const Bitmap& picture);
@@ -33,8 +38,9 @@ std::vector<uint8_t> iconMask(const Bitmap& picture);
 /// Without a window everything goes on: drawing does nothing, and design pixels are window pixels.
 class Window {
 public:
-    /// Opens the window; a width or height of 0 takes the desktop's. On error: log lines, false,
-    /// and no window.
+    /// Opens the window; a width or height of 0 takes the desktop's. A window that would reach
+    /// beyond the desktop or behind its bars comes smaller, in the same shape. On error: log lines,
+    /// false, and no window.
     [[nodiscard]] static bool create(int32_t width, int32_t height, int32_t depth,
                                      bool fullscreen = false);
     static Window* current() { return currentWindow; } // null without one

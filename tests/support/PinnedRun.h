@@ -38,5 +38,5 @@ public:
     std::string save() const { return folder.read("user/Saves/savegame_v03.wty"); }
 
     TemporaryFolder folder;
-    LogCapture lines{zel::LogError};
+    LogCapture lines;
 };

@@ -34,16 +34,14 @@ TEST_F(ConfigurationTest, ReadsAnEntryALine) {
          "fifth=\n"
          "SIXTH=a\n"
          "sixth = b");
-    EXPECT_EQ(Configuration::get("first", "no"), "1");
-    EXPECT_EQ(Configuration::get("FIRST", "no"), "1");
-    EXPECT_EQ(Configuration::get("second", "no"), "no");
-    EXPECT_EQ(Configuration::get("#second", "no"), "no");
-    EXPECT_EQ(Configuration::get("third", "no"), "no") << "a tab stays part of the key";
-    EXPECT_EQ(Configuration::get("\tthird", "no"), "4");
-    EXPECT_EQ(Configuration::get("no entry", "no"), "no");
-    EXPECT_EQ(Configuration::get("fourth", "no"), "=x = y");
-    EXPECT_EQ(Configuration::get("fifth", "no"), "no") << "an empty value is none";
-    EXPECT_EQ(Configuration::get("sixth", "no"), "b") << "the later one wins";
+    for (const auto& [key, value] : {std::pair{"first", "1"},
+                                     {"FIRST", "1"},
+                                     {"\tthird", "4"}, // a tab stays part of the key
+                                     {"fourth", "=x = y"},
+                                     {"sixth", "b"}}) // the later one wins
+        EXPECT_EQ(Configuration::get(key, "no"), value);
+    for (const char* none : {"second", "#second", "third", "no entry", "fifth"})
+        EXPECT_EQ(Configuration::get(none, "no"), "no") << none;
 
     load("first=7\n");
     EXPECT_EQ(Configuration::get("first", "no"), "7");

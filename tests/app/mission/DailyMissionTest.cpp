@@ -7,12 +7,12 @@
 
 #include "app/career/Aircraft.h"
 #include "app/mission/Configuration.h"
-#include "engine/core/File.h"
 #include "engine/core/Registry.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 #include "tests/support/SmallCareer.h"
+#include "tests/support/Texts.h"
 #include "tools/standin/MissionReader.h"
 
 namespace {
@@ -35,12 +35,7 @@ struct DailyCareer {
     }
 
     // Read before the world takes the run folder away.
-    std::string deliveredTemplate = [] {
-        zel::File file(MissionTemplateFile, zel::FileRead);
-        std::string content;
-        EXPECT_TRUE(file.readWhole(content));
-        return content;
-    }();
+    std::string deliveredTemplate = fileText(MissionTemplateFile);
     SmallWorld world;
     LogCapture lines{zel::LogError};
     Database career;

@@ -55,17 +55,15 @@ TEST(MissionTemplate, CollectsTheObjects) {
                     "  Name = \t\"After; the\"\t ;\n  YPos = -1;\n  ZPos = 8;\n"
                     "}\n}\n");
     EXPECT_EQ(scanned.maxIndex, 1523);
-    ASSERT_EQ(scanned.templateObjects.size(), 3u);
-    const TemplateObject& area = scanned.templateObjects[0];
-    EXPECT_EQ(area.name, "Attack");
-    EXPECT_EQ(area.type, "mcu_cmd_attackAREA");
-    EXPECT_FLOAT_EQ(area.x, -100.5F);
-    EXPECT_FLOAT_EQ(area.y, 20);
-    EXPECT_FLOAT_EQ(area.z, 300.25F);
-    EXPECT_EQ(scanned.templateObjects[1].name, "Attack") << "an unnamed block goes under the last";
-    EXPECT_FLOAT_EQ(scanned.templateObjects[1].z, 7);
-    EXPECT_EQ(scanned.templateObjects[2].name, "After; the");
-    EXPECT_EQ(scanned.templateObjects[2].type, "Group");
+    std::string objects; // an unnamed block goes under the name and type of the last
+    for (const TemplateObject& object : scanned.templateObjects)
+        objects += std::string(object.name) + "|" + std::string(object.type) + "|" +
+                   std::to_string(object.z) + "\n";
+    EXPECT_EQ(objects, "Attack|mcu_cmd_attackAREA|300.250000\n"
+                       "Attack|mcu_cmd_attackAREA|7.000000\n"
+                       "After; the|Group|8.000000\n");
+    EXPECT_FLOAT_EQ(scanned.templateObjects.at(0).x, -100.5F);
+    EXPECT_FLOAT_EQ(scanned.templateObjects.at(0).y, 20);
     EXPECT_FLOAT_EQ(scanned.minX, -100.5F);
     EXPECT_FLOAT_EQ(scanned.maxX, 50) << "outside of an object it counts all the same";
     EXPECT_FLOAT_EQ(scanned.minY, -1);

@@ -1,4 +1,5 @@
 #include <map>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -7,120 +8,43 @@
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 #include "tests/support/SmallCareer.h"
+#include "tests/support/Texts.h"
 
 namespace {
 
-// Keys stand side by side in these texts and on lines of their own in a mission.
-std::string keyALine(std::string text) {
-    for (size_t at = 0; (at = text.find("; ", at)) != text.npos; ++at)
-        text.replace(at, 2, ";\n  ");
-    return text;
+/// A text of the folder, with the values of its {keys}.
+std::string text(const char* name, const std::map<std::string, std::string>& values) {
+    return filled(fileText(std::string(TEXTS_FOLDER "/") + name), values);
 }
 
-const std::string Template = keyALine(R"(# Mission File Version = 1.0;
-Options
-{
-  LCName = 0; PlayerConfig = "config";
-    Time = 9:30:0; Date = 10.4.1917;
-  hmap = "graphics\landscape\height.ini"; Textures = "graphics\landscape\textures.ini";
-  Forests = "graphics\landscape\trees\woods.wds"; GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "su"; CloudConfig = "none";
-  WindLayers
-  {
-    Time = 7;
-    0 :     0 :     0;
-  }
+/// The lines of a landscape; the template writes the first of their keys in a way of its own.
+std::string landscape(const char* key, const char* folder, const char* map, const char* season) {
+    return text("Landscape.txt",
+                {{"key", key}, {"folder", folder}, {"map", map}, {"season", season}});
 }
-MCU_CMD_AttackArea
-{
-  Index = 7; Name = "Area"; Objects = [1,2]; XPos = 1000.000; YPos = 500.000; ZPos = 2000.000;
-  Time = 3600;
-}
-MCU_Timer
-{
-  Index = 9; Name = "Timer"; Objects = [];
-	XPos = 1100.125;
-	YPos = 600;
-	ZPos = 1900;
-  Time = 3;
-}
-MCU_TR_Entity
-{
-  Index = 3; Name = "Stays"; XPos = 1; YPos = 2; ZPos = 3;
-}
-Bridge
-{
-  Name = "Stays, too"; XPos = 4; YPos = 5; ZPos = 6;
-}
-)");
+constexpr const char* Western = "swf\\data\\maps\\15.07.1918.info";
+const std::string Summer = landscape("hmap", "landscape", Western, "su");
+const std::string Template = text("Template.txt", {{"landscape", Summer}});
 
-// The template's landscape, and what another map or season makes of it.
-const std::string Summer = keyALine(
-    R"(  hmap = "graphics\landscape\height.ini"; Textures = "graphics\landscape\textures.ini";
-  Forests = "graphics\landscape\trees\woods.wds"; GuiMap = "swf\data\maps\15.07.1918.info";
-  SeasonPrefix = "su";)");
-const std::string Other = keyALine(
-    R"(  HMap = "graphics\{folder}\height.ini"; Textures = "graphics\{folder}\textures.ini";
-  Forests = "graphics\{folder}\trees\woods.wds"; GuiMap = "{map}"; SeasonPrefix = "{season}";)");
+// The plan by the rules, the last of it first, as in the file.
+constexpr const char* PlaneKeys =
+    "name|index|entity|country|pilot|level|target|skin|type|payload|x|y|z|heading";
+constexpr const char* Planes[] = {
+    "Hans Braun|16|17|501|8|2|15||albatrosd3|0|201600|428.553|58709.4|267.402",
+    "Otto Klein|14|15|501|7|1|||albatrosd3|0|201500|428.553|58709.4|267.402",
+    "Bill Young|12|13|103|1|3|11|spad13\\own.dds|spad13|2|201600|882.737|56290.6|80.8339",
+    "Jean 'Ace' Petit/12|10|11|101|0|0||spad13\\stork.dds|spad13|2|201500|882.737|56290.6|80.8339",
+};
 
-const std::string ExpectedPlane = keyALine(R"(
-Plane
-{
-  Name = "{name}"; Index = {index}; LinkTrId = {entity}; XPos = {x}; YPos = {y}; ZPos = {z};
-  XOri = 0; YOri = {heading}; ZOri = 0; Script = "LuaScripts\WorldObjects\{type}.txt";
-  Model = "graphics\planes\{type}\{type}.mgm"; Country = {country}; Desc = "ID{pilot}";
-  Skin = "{skin}"; AILevel = {level}; CoopStart = 0; NumberInFormation = 0; Vulnerable = 1;
-  Engageable = 1; LimitAmmo = 1; StartInAir = 1; Time = 0; DamageReport = 50;
-  DamageThreshold = 1; PayloadId = {payload}; Fuel = 0.325;
-}
-
-MCU_TR_Entity
-{
-  Index = {entity}; Name = "{name}"; Desc = "ID{pilot}"; Targets = [{target}]; Objects = [];
-  XPos = {x}; YPos = {y}; ZPos = {z}; XOri = 0; YOri = {heading}; ZOri = 0; Enabled = 1;
-  MisObjID = {index};
-  OnMessages
-  {
-  }
-}
-
-)");
-
-/// The text with each {key} replaced by its value.
-std::string filled(std::string text, const std::map<std::string, std::string>& values) {
-    for (const auto& [key, value] : values)
-        for (size_t at = 0; (at = text.find("{" + key + "}", at)) != text.npos; at += value.size())
-            text.replace(at, key.size() + 2, value);
-    return text;
-}
-
-/// The plan by the rules, the last of it first, as in the file.
 std::string expectedPlanes() {
-    const struct {
-        const char *name, *index, *entity, *x, *country, *pilot, *skin, *level, *target;
-    } rows[] = {
-        {"Hans Braun", "16", "17", "201600", "501", "8", "", "2", "15"},
-        {"Otto Klein", "14", "15", "201500", "501", "7", "", "1", ""},
-        {"Bill Young", "12", "13", "201600", "103", "1", "spad13\\own.dds", "3", "11"},
-        {"Jean 'Ace' Petit/12", "10", "11", "201500", "101", "0", "spad13\\stork.dds", "0", ""},
-    };
     std::string planes;
-    for (const auto& row : rows) {
-        const bool allied = row.country[0] == '1';
-        planes += filled(ExpectedPlane, {{"name", row.name},
-                                         {"index", row.index},
-                                         {"entity", row.entity},
-                                         {"x", row.x},
-                                         {"y", allied ? "882.737" : "428.553"},
-                                         {"z", allied ? "56290.6" : "58709.4"},
-                                         {"heading", allied ? "80.8339" : "267.402"},
-                                         {"type", allied ? "spad13" : "albatrosd3"},
-                                         {"country", row.country},
-                                         {"pilot", row.pilot},
-                                         {"skin", row.skin},
-                                         {"level", row.level},
-                                         {"payload", allied ? "2" : "0"},
-                                         {"target", row.target}});
+    for (const char* row : Planes) {
+        std::istringstream keys(PlaneKeys);
+        std::istringstream values(row);
+        std::map<std::string, std::string> plane;
+        for (std::string key; std::getline(keys, key, '|');)
+            std::getline(values, plane[key], '|');
+        planes += text("Plane.txt", plane);
     }
     return planes;
 }
@@ -128,12 +52,12 @@ std::string expectedPlanes() {
 /// What the rules make of the template. 200000, 40, 60000 is the base, 1500 and -2500 the offsets.
 /// The draws of seed 6 (by another MT19937) are 50, 9 and 1 for minute, hour and sky, and then as
 /// they stand in the planes' places.
-std::string expectedMission(const std::string& landscape) {
+std::string expectedMission(const std::string& land) {
     const std::pair<std::string, std::string> edits[] = {
         {"  PlayerConfig = \"config\";", ""},
         {"    Time = 9:30:0;", "  Time = 9:50:0;"},
         {"10.4.1917", "3.5.1917"},
-        {Summer, landscape},
+        {Summer, land},
         {"\"none\"", "\"AverageFog\\sky.ini\""},
         {"MCU_CMD_AttackArea", expectedPlanes() + "MCU_CMD_AttackArea"},
         {"  Objects = [1,2]", "    Objects = [11,15]"},
@@ -192,30 +116,26 @@ struct WriterCareer {
 };
 
 TEST(MissionWriter, WritesTheMissionByTheRules) {
-    constexpr const char* Western = "swf\\data\\maps\\15.07.1918.info";
     const struct {
         int32_t mapIndex;
         const char* drawn; // season
-        const char *folder, *map, *season;
-    } cases[] = {{0, "su", nullptr, Western, "su"},
-                 {0, "wi", "landscape_winter", Western, "wi"},
-                 {0, "au", "landscape_autumn", Western, "au"},
-                 {1, "wi", "LANDSCAPE_channel", "swf/data/maps/channel_summer.info", "su"}};
-    for (const auto& [mapIndex, drawn, folder, map, season] : cases) {
+        std::string land;
+    } cases[] = {
+        {0, "su", Summer},
+        {0, "wi", landscape("HMap", "landscape_winter", Western, "wi")},
+        {0, "au", landscape("HMap", "landscape_autumn", Western, "au")},
+        {1, "wi",
+         landscape("HMap", "LANDSCAPE_channel", "swf/data/maps/channel_summer.info", "su")}};
+    for (const auto& [mapIndex, drawn, land] : cases) {
         WriterCareer test;
         test.generator.mapIndex = mapIndex;
         test.generator.seasonPrefix = drawn;
-        std::string expected = expectedMission(
-            folder == nullptr
-                ? Summer
-                : filled(Other, {{"folder", folder}, {"map", map}, {"season", season}}));
+        const std::string expected = expectedMission(land);
         EXPECT_EQ(test.generated(), expected) << drawn << mapIndex;
         EXPECT_EQ(test.generator.maxIndex, 17);
 
         ASSERT_TRUE(test.generator.saveMission(test.world.folder.file("out/M.Mission")));
-        for (size_t at = 0; (at = expected.find('\n', at)) != expected.npos; at += 2)
-            expected.insert(at, 1, '\r');
-        EXPECT_EQ(test.world.folder.read("out/M.Mission"), expected);
+        EXPECT_EQ(test.world.folder.read("out/M.Mission"), replacedAll(expected, "\n", "\r\n"));
         EXPECT_FALSE(test.generator.saveMission(test.world.folder.path() + "/nowhere/M.Mission"));
     }
 }
@@ -284,7 +204,7 @@ TEST(MissionWriter, DrawsItsPlaceAroundTheBase) {
     draws.next();
     EXPECT_EQ(test.generator.offsetY, 0);
     EXPECT_FLOAT_EQ(test.generator.offsetZ, draws.getFloat(-10000, 10000));
-    EXPECT_EQ(test.generator.random->next(), draws.next());
+    EXPECT_EQ(test.generator.random.next(), draws.next());
     EXPECT_TRUE(test.lines.holds("LOCATION X: 78614.4 ; LOCATION Y: 173932\n")) << "sic";
 }
 

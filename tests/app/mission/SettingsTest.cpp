@@ -53,20 +53,17 @@ TEST_F(SettingsTest, ComeFromThreeFolders) {
         << "as seen from the settings that name it";
 }
 
+// In a folder that is there; where two have settings, the later one of these goes first.
 TEST_F(SettingsTest, AreToBeWrittenWhereThePlayerCan) {
     start();
-    const std::string file(settingsFileToWrite());
-    EXPECT_TRUE(
-        std::filesystem::equivalent(std::filesystem::path(file).parent_path(), folder.file("user")))
-        << file << ", in a folder that is there";
-    EXPECT_FALSE(std::filesystem::exists(file));
-    folder.write("files/wtysettings.ini", "");
-    EXPECT_TRUE(std::filesystem::equivalent(std::string(settingsFileToWrite()),
-                                            folder.file("files/wtysettings.ini")));
-    folder.write("start/wtysettings.ini", "");
-    EXPECT_TRUE(std::filesystem::equivalent(std::string(settingsFileToWrite()),
-                                            folder.file("start/wtysettings.ini")))
-        << "it goes before the others";
+    for (const std::string name : {"user", "files", "start"}) {
+        if (name != "user")
+            folder.write(name + "/wtysettings.ini", "");
+        const std::filesystem::path file(settingsFileToWrite().c_str());
+        EXPECT_TRUE(std::filesystem::equivalent(file.parent_path(), folder.path() + "/" + name))
+            << file;
+        EXPECT_EQ(std::filesystem::exists(file), name != "user");
+    }
 }
 
 } // namespace

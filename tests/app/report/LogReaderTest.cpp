@@ -94,7 +94,7 @@ TEST(LogLine, KeepsWhatTheSimulatorPutsIntoValues) {
 
 // The lines of a flight whole and cut, and lines of chance, long and short.
 TEST(LogLine, IsReadByTheRuleWhateverItHolds) {
-    for (const char* piece : FlightPieces) {
+    for (const std::string& piece : FlightPieces) {
         std::istringstream stream(piece);
         for (std::string line; std::getline(stream, line);)
             for (size_t length = 0; length <= line.size() && !HasFatalFailure(); ++length)
@@ -122,24 +122,20 @@ struct LogReader : testing::Test {
 
     void writePieces(const std::string& base, const char* lineEnd = "\r\n") const {
         int32_t number = 0;
-        for (const char* piece : FlightPieces) {
-            std::string text(piece);
-            for (size_t at = 0; (at = text.find('\n', at)) != text.npos;
-                 at += std::string(lineEnd).size())
-                text.replace(at, 1, lineEnd);
-            folder.write(base + "[" + std::to_string(number++) + "].txt", text);
-        }
+        for (const std::string& piece : FlightPieces)
+            folder.write(base + "[" + std::to_string(number++) + "].txt",
+                         replacedAll(piece, "\n", lineEnd));
     }
     bool read(const std::string& base) {
         const zel::String name(base.substr(base.find('/') + 1) + "[0].txt");
         return report.readMission(
             zel::String(folder.path() + "/" + base.substr(0, base.find('/')) + "\\"), name);
     }
-    /// Reads a log of these lines; what it makes of the mission doesn't matter.
+    /// Reads a log of these lines. `isOver` hears whether the mission is.
     const std::vector<PilotReport>& readLines(const std::vector<std::string>& text) {
         report.clear();
         report.lines.lines.assign(text.begin(), text.end());
-        static_cast<void>(report.analyse());
+        isOver = report.analyse();
         return report.pilots;
     }
 
@@ -147,6 +143,7 @@ struct LogReader : testing::Test {
     LogCapture lines;
     MissionGenerator generator;
     CombatReport report;
+    bool isOver = false; // of the lines read last
 };
 
 /// "name, type: plane and body, the career's pilot, flight status; kills by whom dead".
@@ -154,7 +151,7 @@ std::string told(const PilotReport& p) {
     std::ostringstream text;
     text << p.name.c_str() << ", " << p.type.c_str() << ": " << p.planeId << ' ' << p.bodyId << ", "
          << p.pilot << ", " << p.flightStatus << "; " << p.kills.size() << ' ' << p.shotdownBy
-         << ' ' << p.dead;
+         << ' ' << p.dead << '\n';
     return text.str();
 }
 
@@ -163,14 +160,14 @@ TEST_F(LogReader, ReportsTheFlight) {
         writePieces("data/missionReport(2018-01-01_10-00-00)", lineEnd);
         ASSERT_TRUE(read("data/missionReport(2018-01-01_10-00-00)"));
         ASSERT_EQ(report.lines.lineCount(), 7 + 8 + 1 + 13);
-        ASSERT_EQ(report.pilots.size(), 5u);
-        EXPECT_EQ(told(report.pilots[0]),
-                  "Erich Sommer/7, Fokker Dr.I: 20479 21503, 10, 1; 1 -1 0");
-        EXPECT_EQ(told(report.pilots[1]), "Albert Reed, Sopwith Camel: 36863 37887, 12, 0; 0 0 0");
-        EXPECT_EQ(told(report.pilots[2]),
-                  "Ernest M. Hall/11, Sopwith Camel: 45055 46079, 13, 0; 1 -1 0");
-        EXPECT_EQ(told(report.pilots[3]), "Kurt Brandt, Fokker Dr.I: 28671 29695, 11, 0; 0 2 1");
-        EXPECT_EQ(told(report.pilots[4]), "lmg08aaa, LMG08AAA: 37888 -1, -1, 0; 0 -1 0");
+        std::string all;
+        for (const PilotReport& pilot : report.pilots)
+            all += told(pilot);
+        ASSERT_EQ(all, "Erich Sommer/7, Fokker Dr.I: 20479 21503, 10, 1; 1 -1 0\n"
+                       "Albert Reed, Sopwith Camel: 36863 37887, 12, 0; 0 0 0\n"
+                       "Ernest M. Hall/11, Sopwith Camel: 45055 46079, 13, 0; 1 -1 0\n"
+                       "Kurt Brandt, Fokker Dr.I: 28671 29695, 11, 0; 0 2 1\n"
+                       "lmg08aaa, LMG08AAA: 37888 -1, -1, 0; 0 -1 0\n");
         const PilotReport& sommer = report.pilots[0];
         EXPECT_TRUE(sommer.human == 1 && sommer.finished == 1 && sommer.injuryPercent == 25);
         EXPECT_EQ(sommer.hitTargets, (std::vector<int32_t>{1, 1, 1, 1}));
@@ -205,17 +202,17 @@ TEST_F(LogReader, JoinsThePiecesUpToTheFirstGap) {
 // Finished from the moment on when the end of the player's body is told.
 TEST_F(LogReader, ReadsALogWhereverItEnds) {
     std::string all;
-    for (const char* piece : FlightPieces)
+    for (const std::string& piece : FlightPieces)
         all += piece;
     const std::string end = "AType:16 BOTID:21503";
     const size_t finished = all.find(end) + end.size();
     for (size_t length = 0; length <= all.size(); ++length) {
-        report.clear();
         std::istringstream cut(all.substr(0, length));
+        std::vector<std::string> text;
         for (std::string line; std::getline(cut, line);)
-            report.lines.lines.emplace_back(line);
-        ASSERT_EQ(report.analyse(), length >= finished) << "cut at " << length;
-        ASSERT_LE(report.pilots.size(), 5u);
+            text.push_back(line);
+        ASSERT_LE(readLines(text).size(), 5u);
+        ASSERT_EQ(isOver, length >= finished) << "cut at " << length;
     }
 }
 
@@ -255,11 +252,12 @@ TEST_F(LogReader, FollowsTheFlight) {
                    "T:1 AType:5 PID:2", "T:2 AType:6 PID:2", "T:2 AType:6 PID:99",
                    "T:2 AType:10 PLID:1 PID:1001", "T:2 AType:16 BOTID:1001",
                    "T:3 AType:16 BOTID:-1", "T:3 AType:14 PID:3", "T:3 PID:3"});
-    EXPECT_EQ(pilots[0].flightStatus, 2);
-    EXPECT_EQ(pilots[1].flightStatus, 1);
-    EXPECT_EQ(pilots[2].flightStatus, 0);
-    EXPECT_EQ(pilots[0].human + 2 * pilots[1].human + 4 * pilots[2].human, 1);
-    EXPECT_EQ(pilots[0].finished + 2 * pilots[1].finished + 4 * pilots[2].finished, 1);
+    const int32_t expected[][3] = {{2, 1, 1}, {1, 0, 0}, {0, 0, 0}};
+    for (size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(pilots[i].flightStatus, expected[i][0]) << i;
+        EXPECT_EQ(pilots[i].human, expected[i][1]) << i;
+        EXPECT_EQ(pilots[i].finished, expected[i][2]) << i;
+    }
 }
 
 TEST_F(LogReader, AddsUpDamageAndWounds) {
@@ -329,7 +327,7 @@ TEST_F(LogReader, KnowsWhenTheMissionIsOver) {
         const char* what;
         int32_t nation; // of the planned pilot, 0 without a plan
         std::vector<std::string> events;
-        bool isOver;
+        bool over;
     } cases[] = {
         {"neither end nor death", France, {}, false},
         {"broken off", France, {"T:9 AType:7"}, false},
@@ -337,22 +335,19 @@ TEST_F(LogReader, KnowsWhenTheMissionIsOver) {
         {"the end of his body", France, {"T:9 AType:16 BOTID:1001"}, true},
         {"killed", France, {fall(1001)}, true},
         {"dead of his wounds", France, {event(2, -1, 1001, "0.99")}, true},
-        {"another's end and death",
-         France,
-         {plane(2, 101), body(2), "T:9 AType:16 BOTID:1002", fall(1002)},
-         false},
+        {"another's end", France, {plane(2, 101), body(2), "T:9 AType:16 BOTID:1002"}, false},
+        {"another's death", France, {plane(2, 101), body(2), fall(1002)}, false},
         {"nobody of the plan flew", Germany, {"T:9 AType:16 BOTID:1001"}, false},
         {"there is no plan", 0, {"T:9 AType:16 BOTID:1001"}, false},
     };
-    for (const auto& [what, nation, events, isOver] : cases) {
+    for (const auto& [what, nation, events, over] : cases) {
         generator.plan.clear();
         if (nation != 0)
             generator.plan = {plannedPlane(5, "P1", nation)};
         std::vector<std::string> text = {plane(1, 101), body(1), "T:5 AType:10 PID:1001"};
         text.insert(text.end(), events.begin(), events.end());
-        report.clear();
-        report.lines.lines.assign(text.begin(), text.end());
-        EXPECT_EQ(report.analyse(), isOver) << what;
+        readLines(text);
+        EXPECT_EQ(isOver, over) << what;
     }
 }
 

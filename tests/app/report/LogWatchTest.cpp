@@ -31,7 +31,7 @@ struct LogWatchTest : testing::Test {
         world.folder.write("data/" + name, text);
     }
     void writePiece(const std::string& log, int32_t piece) {
-        write(log + "[" + std::to_string(piece) + "].txt", FlightPieces[piece]);
+        write(log + "[" + std::to_string(piece) + "].txt", FlightPieces[size_t(piece)]);
     }
     void writeFlight(const std::string& log) {
         for (int32_t piece = 0; piece < 4; ++piece)

@@ -72,6 +72,15 @@ TEST(ReportText, TellsTheCause) {
     }
 }
 
+/// The entries of a column, a line each.
+std::string told(const std::vector<ReportEntry>& column) {
+    std::string text;
+    for (const ReportEntry& entry : column)
+        text += std::string(entry.isPlayer ? "you: " : "") + entry.pilot.c_str() + ", " +
+                entry.fate.c_str() + ", " + entry.cause.c_str() + "\n";
+    return text;
+}
+
 TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     const std::pair<const char*, int32_t> records[] = {
         {"", 501}, {"Hall", 102}, {"Brandt", 501}, {"Young", 103}, {"gun", 501}, {"what", 0}};
@@ -86,19 +95,14 @@ TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     pilots[2].shotDown = 1;
     pilots[2].shotdownBy = 1;
     const ReportColumns columns = combatReportColumns(pilots);
-    ASSERT_EQ(columns.left.size(), 2u) << "a nameless record decides, and isn't shown";
-    EXPECT_EQ(columns.left[0].pilot, "Brandt - Kills: 0");
-    EXPECT_EQ(columns.left[0].fate, "Survived without injuries");
-    EXPECT_EQ(columns.left[0].cause, "Shotdown By: Hall");
-    EXPECT_TRUE(columns.left[0].isPlayer);
-    EXPECT_EQ(columns.left[1].pilot, "gun - Kills: 0");
-    ASSERT_EQ(columns.right.size(), 3u);
-    EXPECT_EQ(columns.right[0].pilot, "Hall - Kills: 2");
-    EXPECT_EQ(columns.right[1].pilot, "Young - Kills: 0");
-    EXPECT_EQ(columns.right[1].cause, "");
-    EXPECT_FALSE(columns.right[1].isPlayer);
-    EXPECT_EQ(columns.right[2].pilot, "what - Kills: 0");
-    EXPECT_TRUE(combatReportColumns({}).left.empty());
+    // A nameless record decides, and isn't shown.
+    EXPECT_EQ(told(columns.left),
+              "you: Brandt - Kills: 0, Survived without injuries, Shotdown By: Hall\n"
+              "gun - Kills: 0, No damage, \n");
+    EXPECT_EQ(told(columns.right), "Hall - Kills: 2, No damage, \n"
+                                   "Young - Kills: 0, No damage, \n"
+                                   "what - Kills: 0, No damage, \n");
+    EXPECT_EQ(told(combatReportColumns({}).left), "");
 }
 
 } // namespace

@@ -125,4 +125,25 @@ TEST_F(Registry, WarnsOfAMissingTitle) {
     zel::setApplicationTitle("Wingtally");
 }
 
+TEST_F(Registry, KeepsTheFileThatWasNotWhole) {
+    const std::string damaged = TwoEntries + "\5";
+    folder.write("user/prefs.dat", damaged);
+    folder.write("user/prefs.dat.bak", "the one before");
+    const LogCapture log;
+    zel::Registry::set("x", "11");
+    EXPECT_EQ(folder.read("user/prefs.dat.damaged"), damaged);
+    EXPECT_EQ(folder.read("user/prefs.dat.bak"), "the one before");
+    const std::string mended = saved();
+    zel::Registry::set("x", "12");
+    EXPECT_EQ(folder.read("user/prefs.dat.damaged"), damaged) << "only that one is damaged";
+    EXPECT_EQ(folder.read("user/prefs.dat.bak"), mended);
+    // There, and not to be read: more than any player's choices.
+    constexpr uintmax_t TooLong = (1 << 24) + 1;
+    std::filesystem::resize_file(folder.file("user/prefs.dat"), TooLong);
+    zel::Registry::reset();
+    zel::Registry::set("x", "13");
+    EXPECT_EQ(std::filesystem::file_size(folder.file("user/prefs.dat.damaged")), TooLong);
+    EXPECT_EQ(log.linesWith("prefs.dat can't be read"), 1);
+}
+
 } // namespace
