@@ -1,16 +1,12 @@
-#include "engine/graphics/Bitmap.h"
 #include "engine/menu/LayoutImage.h"
 #include "fuzz/FuzzFile.h"
+#include "tests/engine/graphics/Pictures.h"
 
 namespace {
 
 /// Two pixels: black, and the colour of the first element that has one.
 zel::BitmapData pictureOf(const zel::LayoutIndex& index) {
-    zel::BitmapData picture;
-    picture.width = picture.pictureWidth = 2;
-    picture.height = picture.pictureHeight = 1;
-    picture.depth = 3;
-    picture.pixels.assign(6, 0);
+    zel::BitmapData picture = plainPicture(2, 1, 3, 0);
     for (const zel::PaintedElement& element : index.elements)
         if (element.color) {
             for (int channel = 0; channel < 3; ++channel)

@@ -13,6 +13,7 @@
 #include "engine/menu/ThemeHandler.h"
 #include "engine/menu/Widget.h"
 #include "fuzz/FuzzFile.h"
+#include "tests/engine/graphics/Pictures.h"
 
 namespace {
 
@@ -21,39 +22,6 @@ constexpr size_t MostHits = 24;
 constexpr uint32_t FrameTicks = 500; // no fade is longer
 
 uint32_t now = 0;
-
-/// `size` bytes of a number, lowest first.
-std::string bytes(uint32_t number, size_t size) {
-    std::string result;
-    for (size_t i = 0; i < size; ++i, number >>= 8)
-        result += static_cast<char>(number & 0xFF);
-    return result;
-}
-
-/// A Windows bitmap of one row, 24 bits a pixel; `pixels` are blue, green, red.
-std::string bitmapFile(const std::string& pixels) {
-    const auto width = static_cast<uint32_t>(pixels.size() / 3);
-    const std::string row = pixels + std::string((4 - pixels.size() % 4) % 4, '\0');
-    const auto rowSize = static_cast<uint32_t>(row.size());
-    return "BM" + bytes(54 + rowSize, 4) + bytes(0, 4) + bytes(54, 4) + bytes(40, 4) +
-           bytes(width, 4) + bytes(1, 4) + bytes(1, 2) + bytes(24, 2) + bytes(0, 4) +
-           bytes(rowSize, 4) + std::string(16, '\0') + row;
-}
-
-/// A font of "a", "b" and the blank on the page dot.bmp.
-std::string fontFile() {
-    const auto block = [](uint32_t type, const std::string& content) {
-        return bytes(type, 1) + bytes(static_cast<uint32_t>(content.size()), 4) + content;
-    };
-    std::string glyphs;
-    for (const uint32_t code : {32U, 97U, 98U})
-        glyphs += bytes(code, 4) + bytes(0, 4) + bytes(1, 2) + bytes(1, 2) + bytes(0, 4) +
-                  bytes(7, 2) + bytes(0x0F00, 2);
-    return "BMF\x03" + block(1, std::string(14, '\0') + std::string("f\0", 2)) +
-           block(2, bytes(9, 2) + bytes(7, 2) + bytes(2, 2) + bytes(1, 2) + bytes(1, 2) +
-                        std::string(5, '\0')) +
-           block(3, std::string("dot.bmp\0", 8)) + block(4, glyphs);
-}
 
 /// The folder of a small program, in which scripts look for files while it lives. The fuzzer itself
 /// keeps its own.
@@ -76,12 +44,14 @@ private:
         const auto write = [&](const char* name, const std::string& content) {
             folder.write(name, reinterpret_cast<const uint8_t*>(content.data()), content.size());
         };
-        write("dot.bmp", bitmapFile(std::string("\0\0\xFF\xFF\0\0", 6)));
+        // A red and a blue pixel, the row padded to 8 bytes.
+        const std::string dots = bmpFile(2, 1, 24, std::string_view("\0\0\xFF\xFF\0\0\0\0", 8));
+        write("dot.bmp", dots);
         write("dot.idx", "image p\ndims 0 0 1 1\nimage q\ndims 1 0 1 1\nlifetime short\n");
-        write("l.bmp", bitmapFile(std::string("\0\0\xFF\xFF\0\0", 6)));
+        write("l.bmp", dots);
         write("l.idx", "resolution 1024 768\nwidget a\npickcolor #ff0000\nscrollin 9 9 1\n"
                        "textarea t\npickcolor #0000ff\nalign right\nwidget lost\n");
-        write("f.fnt", fontFile());
+        write("f.fnt", fontFile(glyph(' ', 7) + glyph('a', 7) + glyph('b', 7), "", "dot.bmp"));
         write("block.inc", "setlayout l\nsettheme t\n");
         std::filesystem::create_directories(folder.file("Language"));
         write("Language/en.txt", "1: a b\\na\n2: $1\n");

@@ -9,21 +9,12 @@
 namespace {
 
 constexpr size_t AceRows = 10;
-constexpr uint16_t AceShotdowns = 5;
 constexpr const char* NoAces = "(NO PILOTS WITH MORE THAN 5 SHOTDOWNS)"; // sic: five are enough
 
 zel::String scoreLine(const Database& career, int32_t index) {
     const Pilot& pilot = career.pilots[static_cast<size_t>(index)];
     return zel::String(zel::arrayText(pilot.name)) +
            (index == career.playerPilot ? " (you!)" : "") + ": " + pilot.shotdowns;
-}
-
-const Pilot& playerOf(const Database& career) {
-    return career.pilots[static_cast<size_t>(career.playerPilot)];
-}
-
-const Squadron& playersSquadron(const Database& career) {
-    return career.squadrons[static_cast<size_t>(playerOf(career).squadron)];
 }
 
 } // namespace
@@ -40,7 +31,7 @@ zel::String startDateText(int32_t year, int32_t month) {
 }
 
 zel::String pilotNameText(const Database& career) {
-    return zel::String("Your pilot's name: ") + zel::arrayText(playerOf(career).name);
+    return zel::String("Your pilot's name: ") + zel::arrayText(career.player().name);
 }
 
 bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }
@@ -50,18 +41,18 @@ zel::String missionButtonText(const Database& career) {
 }
 
 zel::String baseText(const Database& career) {
-    return zel::String("Current base: Near ") + zel::arrayText(playersSquadron(career).baseName);
+    return zel::String("Current base: Near ") + zel::arrayText(career.playerSquadron().baseName);
 }
 
 zel::String squadronText(const Database& career) {
-    const int32_t number = SquadronSimulator::squadronNumber(playersSquadron(career).squadronFile);
+    const int32_t number = SquadronSimulator::squadronNumber(career.playerSquadron().squadronFile);
     return SquadronSimulator::hasDisplayName(number)
                ? SquadronSimulator::squadronDisplayName(number)
                : zel::String();
 }
 
 zel::String playerText(const Database& career, int32_t predecessor) {
-    const Pilot& player = playerOf(career);
+    const Pilot& player = career.player();
     zel::String text = zel::arrayText(player.name);
     if (career.isPilot(predecessor))
         text += zel::String(", successor to ") +
@@ -71,7 +62,7 @@ zel::String playerText(const Database& career, int32_t predecessor) {
 
 std::vector<zel::String> squadronLines(const Database& career, size_t most) {
     std::vector<zel::String> lines;
-    for (const int32_t pilot : career.squadronRoster(playerOf(career).squadron))
+    for (const int32_t pilot : career.squadronRoster(career.player().squadron))
         if (lines.size() < most)
             lines.push_back(scoreLine(career, pilot));
     return lines;

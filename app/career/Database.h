@@ -54,8 +54,13 @@ public:
     uint32_t careerSeed() const;
     bool hasCareer() const { return !squadrons.empty() && !pilots.empty(); }
     Calendar calendar() const { return {year, month, day}; }
+    /// REQUIRES, as playerSquadron() does: a career.
     Pilot& player() { return pilots[static_cast<size_t>(playerPilot)]; }
+    const Pilot& player() const { return pilots[static_cast<size_t>(playerPilot)]; }
     Squadron& playerSquadron() { return squadrons[static_cast<size_t>(player().squadron)]; }
+    const Squadron& playerSquadron() const {
+        return squadrons[static_cast<size_t>(player().squadron)];
+    }
     bool isPilot(int32_t index) const {
         return index >= 0 && static_cast<size_t>(index) < pilots.size();
     }

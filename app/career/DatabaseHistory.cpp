@@ -75,16 +75,16 @@ int32_t squadronOfKey(const std::vector<Squadron>& squadrons, std::string_view k
     return found != squadrons.end() ? static_cast<int32_t>(found - squadrons.begin()) : -1;
 }
 
-bool isBetter(const Pilot& b, const Pilot& a) {
+bool isBetter(const Pilot& a, const Pilot& b) {
     const bool aliveA = a.alive != 0;
     const bool aliveB = b.alive != 0;
     if (aliveA != aliveB)
-        return aliveB;
+        return aliveA;
     if (a.shotdowns != b.shotdowns)
-        return b.shotdowns > a.shotdowns;
+        return a.shotdowns > b.shotdowns;
     if (a.missions != b.missions)
-        return b.missions > a.missions;
-    return b.skill > a.skill;
+        return a.missions > b.missions;
+    return a.skill > b.skill;
 }
 
 /// The slot that holds the pilot; null for none.
@@ -308,8 +308,8 @@ std::vector<int32_t> Database::squadronRoster(int32_t squadron) const {
     for (const int32_t pilot : squadrons[static_cast<size_t>(squadron)].slots)
         if (isPilot(pilot))
             roster.push_back(pilot);
-    std::stable_sort(roster.begin(), roster.end(), [&](int32_t b, int32_t a) {
-        return isBetter(pilots[static_cast<size_t>(b)], pilots[static_cast<size_t>(a)]);
+    std::stable_sort(roster.begin(), roster.end(), [&](int32_t a, int32_t b) {
+        return isBetter(pilots[static_cast<size_t>(a)], pilots[static_cast<size_t>(b)]);
     });
     return roster;
 }

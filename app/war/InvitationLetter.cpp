@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr uint16_t AceShotdowns = 5;
-
 /// "A", "A and B", "A, B and C".
 zel::String enumeration(const std::vector<zel::String>& names) {
     zel::String text;
@@ -36,17 +34,16 @@ bool InvitationLetter::open() {
     if (career.invitationSquadron < 0)
         return false;
     roster = career.squadronRoster(career.invitationSquadron);
-    write(career.invitationSquadron);
+    write(career);
     return true;
 }
 
-void InvitationLetter::write(int32_t invitingSquadron) {
-    const Database& career = *Database::instance();
+void InvitationLetter::write(const Database& career) {
     const auto nameOf = [&](int32_t pilot) {
         return zel::String(zel::arrayText(career.pilots[static_cast<size_t>(pilot)].name));
     };
     // sic: the squadron's index; the first squadrons' files are their own indices.
-    const int32_t number = SquadronSimulator::squadronNumber(invitingSquadron);
+    const int32_t number = SquadronSimulator::squadronNumber(career.invitationSquadron);
     const bool hasName = SquadronSimulator::hasDisplayName(number);
     const zel::String name = SquadronSimulator::squadronDisplayName(number);
     if (roster.empty())

@@ -6,6 +6,8 @@
 #include "engine/core/Random.h"
 #include "engine/core/String.h"
 
+class Database;
+
 /// A pending invitation as it is put to the player: the letter, and what his answer does.
 class InvitationLetter {
 public:
@@ -21,7 +23,7 @@ public:
     void refuse();
 
 private:
-    void write(int32_t invitingSquadron);
+    void write(const Database& career);
 
     std::vector<int32_t> roster; // of the inviting squadron, best first
     zel::String letter;

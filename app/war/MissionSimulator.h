@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/report/PilotReport.h"
+#include "app/career/PilotReport.h"
 #include "engine/core/Random.h"
 
 /// Fights a planned mission in the abstract: random pairs of opposing pilots meet over a number of

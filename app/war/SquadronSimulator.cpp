@@ -77,8 +77,7 @@ const Place& drawBase(bool allied, bool onChannelMap) {
 }
 
 bool isPlayersSquadron(const Database& career, int32_t squadron) {
-    return career.isPilot(career.playerPilot) &&
-           career.pilots[static_cast<size_t>(career.playerPilot)].squadron == squadron;
+    return career.isPilot(career.playerPilot) && career.player().squadron == squadron;
 }
 
 // From the whole number's digits, so that 103001 reads "1th": the screens always showed it so.

@@ -66,6 +66,25 @@ void BitmapReader::allocate(BitmapData& data, int32_t width, int32_t height, int
     data.pixels.assign(data.rowSize() * static_cast<size_t>(data.height), 0);
 }
 
+bool RawReader::readRows(BitmapData& data, int32_t padding, bool topDown) {
+    const int32_t rowBytes = width * depth;
+    const int64_t size = (int64_t(rowBytes) + padding) * height - padding;
+    if (!fits(*file, pixelOffset, size) || !file->seek(static_cast<int32_t>(pixelOffset), 0))
+        return false;
+    allocate(data, width, height, depth);
+    data.order = ChannelOrder::Bgr;
+    const bool liesAlike = padding == 0 && !topDown && data.width == width && data.height == height;
+    if (liesAlike)
+        return file->read(data.pixels.data(), rowBytes * height);
+    char unused[3];
+    for (int32_t row = 0; row < height; ++row) {
+        file->read(data.line(topDown ? row : height - 1 - row), rowBytes);
+        if (padding > 0 && row + 1 < height)
+            file->read(unused, padding);
+    }
+    return !file->hasFailed();
+}
+
 bool FormatZEL::checkHeader() {
     char bytes[ZelHeaderSize] = {};
     const bool isLongEnough = file->read(bytes, sizeof bytes);
@@ -88,20 +107,6 @@ bool FormatZEL::checkHeader() {
         return false;
     }
     return true;
-}
-
-bool FormatZEL::decode(BitmapData& data) {
-    const int32_t rowBytes = width * depth;
-    if (!fits(*file, pixelOffset, int64_t(rowBytes) * height) ||
-        !file->seek(static_cast<int32_t>(pixelOffset), 0))
-        return false;
-    allocate(data, width, height, depth);
-    data.order = ChannelOrder::Bgr;
-    if (data.width == width && data.height == height)
-        return file->read(data.pixels.data(), rowBytes * height);
-    for (int32_t row = 0; row < height; ++row)
-        file->read(data.line(height - 1 - row), rowBytes);
-    return !file->hasFailed();
 }
 
 bool FormatBMP::checkHeader() {
@@ -140,21 +145,7 @@ bool FormatBMP::checkHeader() {
 }
 
 bool FormatBMP::decode(BitmapData& data) {
-    const int32_t rowBytes = width * depth;
-    const int32_t padding = (4 - rowBytes % 4) % 4;
-    // The padding behind the last row is missing in some files.
-    const int64_t size = (int64_t(rowBytes) + padding) * height - padding;
-    if (!fits(*file, pixelOffset, size) || !file->seek(static_cast<int32_t>(pixelOffset), 0))
-        return false;
-    allocate(data, width, height, depth);
-    data.order = ChannelOrder::Bgr;
-    char unused[3];
-    for (int32_t row = 0; row < height; ++row) {
-        file->read(data.line(topDown ? row : height - 1 - row), rowBytes);
-        if (padding > 0 && row + 1 < height)
-            file->read(unused, padding);
-    }
-    if (file->hasFailed())
+    if (!readRows(data, (4 - width * depth % 4) % 4, topDown))
         return false;
     makeOpaqueIfInvisible(data);
     return true;

@@ -39,30 +39,39 @@ protected:
     std::optional<File> file;
 };
 
-/// The engine's own raw pictures: rows from the bottom up, without padding, blue first.
-class FormatZEL : public BitmapReader {
+/// Pictures whose rows stand in the file as they are, blue first: the header gives place and size.
+class RawReader : public BitmapReader {
 public:
     using BitmapReader::BitmapReader;
+
+protected:
+    /// padding: bytes behind each row; those behind the last one may be missing.
+    bool readRows(BitmapData& data, int32_t padding, bool topDown);
+
+    uint32_t pixelOffset = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+    int32_t depth = 0; // bytes a pixel
+};
+
+/// The engine's own raw pictures: rows from the bottom up, without padding, blue first.
+class FormatZEL : public RawReader {
+public:
+    using RawReader::RawReader;
     const char* format() const override { return "ZEL"; }
 
 protected:
     const char* illegalHeader() const override { return "Illegal ZEL header"; }
     bool checkHeader() override;
-    bool decode(BitmapData& data) override;
-
-private:
-    uint32_t pixelOffset = 0;
-    int32_t width = 0;
-    int32_t height = 0;
-    int32_t depth = 0;
+    bool decode(BitmapData& data) override { return readRows(data, 0, false); }
 };
 
 /// Uncompressed Windows bitmaps of 24 and 32 bits, bottom up or top down. Other Windows bitmaps
 /// are left to FormatANY. 32 bits with an alpha of 0 everywhere, as most programs write them, are
 /// taken as opaque.
-class FormatBMP : public BitmapReader {
+class FormatBMP : public RawReader {
 public:
-    using BitmapReader::BitmapReader;
+    using RawReader::RawReader;
     const char* format() const override { return "BMP"; }
 
 protected:
@@ -71,10 +80,6 @@ protected:
     bool decode(BitmapData& data) override;
 
 private:
-    uint32_t pixelOffset = 0;
-    int32_t width = 0;
-    int32_t height = 0;
-    int32_t depth = 0;
     bool topDown = false;
 };
 

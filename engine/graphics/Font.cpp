@@ -1,6 +1,7 @@
 #include "engine/graphics/Font.h"
 
 #include <map>
+#include <memory>
 
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
@@ -11,11 +12,6 @@ namespace zel {
 namespace {
 
 constexpr int32_t MaxFileSize = 1 << 24; // bytes, of a description or a metrics file
-
-bool readFile(const String& name, std::string& content) {
-    File file(name, FileRead);
-    return !file.hasFailed() && file.fileSize() <= MaxFileSize && file.readWhole(content);
-}
 
 /// Where the file's folder ends; 0 without one.
 size_t folderEnd(std::string_view name) {
@@ -46,7 +42,7 @@ Font::Font(const String& name, FontDescription description)
 
 bool Font::read(const String& fileName) {
     std::string content;
-    if (!readFile(fileName, content)) {
+    if (!readFile(fileName, MaxFileSize, content)) {
         log("Font " + name + " not found", "Font", LogError);
         return false;
     }
@@ -56,7 +52,7 @@ bool Font::read(const String& fileName) {
     }
     const std::string_view path = fileName.view();
     const String metricsName = String(path.substr(0, endingStart(path))) + ".cfg";
-    if (File::exists(metricsName) && readFile(metricsName, content))
+    if (readFile(metricsName, MaxFileSize, content))
         applyFontMetrics(content, metricsName, description);
     loadPages(fileName);
     return true;

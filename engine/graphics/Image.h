@@ -59,7 +59,6 @@ public:
 
     const String& getName() const { return description.name; }
     const std::vector<const Image*>& getImages() const { return images; }
-    const std::vector<FrameTransform>& getTransforms() const { return description.transforms; }
     /// Null if there is none of that name.
     const AnimationEntry* animation(std::string_view name) const;
 

@@ -10,23 +10,13 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t MaxIndexSize = 1 << 22; // bytes
-
-String indexName(const String& bitmapName) {
-    const std::string_view name = bitmapName.view();
-    const size_t dot = name.find_last_of("./\\");
-    const bool hasEnding = dot != name.npos && name[dot] == '.';
-    return String(name.substr(0, hasEnding ? dot : name.size())) + ".idx";
-}
-
 /// False if there is no index file; one that cannot be read is an empty one.
 bool readIndex(const String& bitmapName, int32_t lifetime, float scale, ImageIndex& index) {
-    const String name = indexName(bitmapName);
+    const String name = imageIndexName(bitmapName);
     if (!File::exists(name))
         return false;
-    File file(name, FileRead);
     std::string text;
-    if (file.fileSize() > MaxIndexSize || !file.readWhole(text))
+    if (!readFile(name, MaxIndexSize, text))
         log("Cannot read " + name, "ImageHandler", LogError);
     else
         index = parseImageIndex(text, lifetime, scale);

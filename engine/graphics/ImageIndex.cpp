@@ -237,6 +237,13 @@ void Parser::takeLine(std::string_view line) {
 
 } // namespace
 
+String imageIndexName(const String& pictureFile) {
+    const std::string_view name = pictureFile.view();
+    const size_t dot = name.find_last_of("./\\");
+    const bool hasEnding = dot != name.npos && name[dot] == '.';
+    return String(name.substr(0, hasEnding ? dot : name.size())) + ".idx";
+}
+
 ImageIndex parseImageIndex(std::string_view text, int32_t lifetime, float scale) {
     Parser parser(lifetime, scale);
     forEachLine(text, [&parser](std::string_view line) { parser.takeLine(line); });

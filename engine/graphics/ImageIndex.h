@@ -60,6 +60,11 @@ struct ImageIndex {
     std::vector<GroupDescription> groups;
 };
 
+constexpr int32_t MaxIndexSize = 1 << 22; // bytes of an index file
+
+/// The index file beside a picture: "a/b.png" has "a/b.idx".
+String imageIndexName(const String& pictureFile);
+
 /// Reads the text of an index file. Nothing in it is an error: what cannot be understood is left
 /// out, and a bad number counts as 0. scale: factor for the numbers of "dims" until the file sets
 /// its own. The form is in docs/formats.md.

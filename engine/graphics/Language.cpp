@@ -15,13 +15,6 @@ constexpr int32_t MaxFileSize = 1 << 24; // bytes
 constexpr const char* Preference = "_Language";
 constexpr const char* LastResort = "en";
 
-bool readFile(const String& name, std::string& content) {
-    if (!File::exists(name))
-        return false;
-    File file(name, FileRead);
-    return file.fileSize() <= MaxFileSize && file.readWhole(content);
-}
-
 /// A code names a file of the language folder and nothing else.
 bool isPlainName(std::string_view name) {
     return !name.empty() && name.find_first_of("/\\:") == name.npos && name != "..";
@@ -65,14 +58,14 @@ String findLanguageCode(std::string_view langcodes, std::string_view identifier)
 
 String Language::getSystemLanguage() {
     std::string content;
-    if (!readFile("Language/langcodes.dat", content))
+    if (!readFile("Language/langcodes.dat", MaxFileSize, content))
         return {};
     return findLanguageCode(content, std::to_string(system::userLocale()));
 }
 
 bool Language::load(const String& newCode) {
     std::string content;
-    if (!isPlainName(newCode) || !readFile("Language/" + newCode + ".txt", content))
+    if (!isPlainName(newCode) || !readFile("Language/" + newCode + ".txt", MaxFileSize, content))
         return false;
     table = parseLanguage(content);
     code = newCode;

@@ -1,7 +1,6 @@
 #include "engine/graphics/Text.h"
 
 #include <algorithm>
-#include <cmath>
 #include <set>
 
 #include "engine/core/Log.h"

@@ -15,8 +15,8 @@ class Font;
 /// write into scripts and language files, once, where they are read; never for names and paths.
 String unescapeLineFeeds(const String& text);
 
-/// The text with every end of line as a line feed and every tab as a blank. A backslash is a
-/// character like others.
+/// The text without its carriage returns and zero bytes, and with every tab as a blank: only line
+/// feeds end lines. A backslash is a character like others.
 std::string plainText(std::string_view text);
 
 /// Breaks a plain text at its line feeds and, where a line is wider than `width` pixels, at the

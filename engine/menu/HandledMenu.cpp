@@ -13,14 +13,11 @@ namespace zel {
 namespace {
 
 constexpr const char* Category = "HandledMenu";
-constexpr const char* SectionNames[] = {"init",    "deinit",  "preload",   "onfirstenter",
-                                        "onenter", "reset",   "onentered", "onleaving",
-                                        "onleave", "onpause", "oncontinue"};
 
 } // namespace
 
 HandledMenu::HandledMenu(const String& name, int32_t flags) : StandardMenu(name, flags) {
-    static_assert(std::size(SectionNames) == SectionCount);
+    static_assert(std::size(EventSections) == SectionCount);
     hasSection.fill(true);
     const String file = String("Menus/") + name + ".ini";
     if (!script.load(file))
@@ -34,7 +31,7 @@ HandledMenu::~HandledMenu() {
 }
 
 void HandledMenu::runSection(Section section) {
-    if (hasSection[section] && !script.executeSection(SectionNames[section], this))
+    if (hasSection[section] && !script.executeSection(EventSections[section], this))
         hasSection[section] = false;
 }
 

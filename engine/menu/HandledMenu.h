@@ -7,6 +7,12 @@
 
 namespace zel {
 
+/// The sections of a script that run at its menu's events, in the order of HandledMenu::Section.
+/// "onhit NAME" and "onevent" besides run at those of widgets.
+constexpr const char* EventSections[] = {"init",    "deinit",  "preload",   "onfirstenter",
+                                         "onenter", "reset",   "onentered", "onleaving",
+                                         "onleave", "onpause", "oncontinue"};
+
 /// A screen of the program: a menu whose script, Menus/NAME.ini, runs at its events, and whose
 /// events then go to the handlers and extensions that listen.
 ///

@@ -49,20 +49,9 @@ template <Scroll ElementDefinition::*Which> void defineScroll(ScriptCall& call) 
                            call.count() > 2 ? parseSeconds(call[3]) : 1.0F};
 }
 
-// The words before a wrong one have taken effect; the rest of the line is dropped.
 void defineWidgetImage(ScriptCall& call) {
-    ElementDefinition* element = target<W>();
-    for (size_t i = 2; element != nullptr && i <= call.count(); ++i) {
-        const std::optional<int32_t> looks = looksOfWord(call[i]);
-        if (!looks) {
-            call.badWord = call[i];
-            return;
-        }
-        for (size_t look = 0; look < LookCount; ++look) {
-            if ((*looks >> look & 1) != 0)
-                element->images[look] = call[1];
-        }
-    }
+    if (ElementDefinition* element = target<W>())
+        setLooks(call, 2, element->images, call[1]);
 }
 
 template <Target Of> void defineElementFont(ScriptCall& call) {

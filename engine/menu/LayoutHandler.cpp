@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 
 #include "engine/core/Log.h"
 #include "engine/core/Shutdown.h"

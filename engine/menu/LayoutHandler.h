@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "engine/menu/Layout.h"
 
 namespace zel {

@@ -7,6 +7,7 @@
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/graphics/Bitmap.h"
+#include "engine/graphics/ImageIndex.h"
 
 namespace zel {
 
@@ -167,13 +168,6 @@ void addPainted(const LayoutIndex& index, const Bitmap& image, Layout& layout) {
     }
 }
 
-String indexNameOf(const String& imageFile) {
-    const std::string_view name = imageFile;
-    const size_t point = name.find_last_of("./\\");
-    const bool hasEnding = point != std::string_view::npos && name[point] == '.';
-    return String(hasEnding ? name.substr(0, point) : name) + ".idx";
-}
-
 } // namespace
 
 LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName) {
@@ -228,10 +222,9 @@ void loadLayoutImage(const String& imageFile, Layout& layout) {
             Category, LogError);
         return;
     }
-    const String indexFile = indexNameOf(imageFile);
-    File file(indexFile, FileRead);
+    const String indexFile = imageIndexName(imageFile);
     std::string text;
-    if (!file.isOpen() || !file.readWhole(text)) {
+    if (!readFile(indexFile, MaxIndexSize, text)) {
         log(String("loadLayout index ") + indexFile + " failed", Category, LogError);
         return;
     }

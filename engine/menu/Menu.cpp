@@ -263,11 +263,6 @@ void Menu::setMenuOverlay(bool isBackground, const String& image, const OverlayO
         before->removeUser();
 }
 
-void Menu::setOverlayBlend(Blend background, Blend foreground) {
-    backgroundBlend = background;
-    foregroundBlend = foreground;
-}
-
 bool Menu::hitWidget(const String& name) {
     Widget* widget = getWidget(name);
     const bool isIdle = StatesMachine::getInstance().getPhase() == StatesMachine::Idle;

@@ -60,7 +60,6 @@ public:
     const Theme* getTheme() const { return theme; }
     /// Replaces the state's own picture of that place. On error: log lines; the old one stays.
     void setMenuOverlay(bool isBackground, const String& image, const OverlayOptions& options);
-    void setOverlayBlend(Blend background, Blend foreground);
     /// For elements created from now on that have no alignment of their own.
     void setWidgetAlignment(int32_t bits) { widgetAlignment = bits; }
     void setTextAreaAlignment(int32_t bits) { textAreaAlignment = bits; }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include "engine/core/String.h"
+#include "engine/menu/MenuWords.h"
 
 namespace zel {
 
@@ -22,6 +24,23 @@ struct ScriptCall {
     /// The menu's own flags and strings are those of handled menus; null for any other.
     HandledMenu* handled() const;
 };
+
+/// Sets a value for each look that the words from `first` on name. The words before a wrong one
+/// take effect; the rest of the line is dropped.
+template <typename Values, typename Value>
+void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value) {
+    for (size_t i = first; i <= call.count(); ++i) {
+        const std::optional<int32_t> looks = looksOfWord(call[i]);
+        if (!looks) {
+            call.badWord = call[i];
+            return;
+        }
+        for (size_t look = 0; look < LookCount; ++look) {
+            if ((*looks >> look & 1) != 0)
+                values[look] = value;
+        }
+    }
+}
 
 constexpr int32_t OpenCount = 1024; // the most arguments where a command leaves the count open
 

@@ -22,22 +22,6 @@ int32_t indexOf(const ScriptCall& call, size_t argument) {
     return call.count() >= argument ? parseCoordinate(call[argument]) : -1;
 }
 
-/// Sets a value for each look that the words from `first` on name.
-template <typename Values, typename Value>
-void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value) {
-    for (size_t i = first; i <= call.count(); ++i) {
-        const std::optional<int32_t> looks = looksOfWord(call[i]);
-        if (!looks) {
-            call.badWord = call[i];
-            return;
-        }
-        for (size_t look = 0; look < LookCount; ++look) {
-            if ((*looks >> look & 1) != 0)
-                values[look] = value;
-        }
-    }
-}
-
 std::optional<uint32_t> colorOf(ScriptCall& call, size_t argument) {
     const std::optional<uint32_t> color = parseColor(call[argument]);
     if (!color)

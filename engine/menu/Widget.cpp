@@ -38,12 +38,6 @@ bool isSame(const Place& a, const Place& b) {
 
 Widget* Widget::lastWidgetHit = nullptr;
 
-Pointer Pointer::read() {
-    constexpr int32_t Far = 1 << 20;
-    return {Mouse::getX(), Mouse::getY(), Mouse::isButtonDown(MenuButton),
-            Mouse::wasTapped(MenuButton, -Far, -Far, 2 * Far, 2 * Far)};
-}
-
 Widget::Widget(const String& name) : name(name) {
     tints.fill(0xFFFFFFFF);
     textColors.fill(0xFFFFFFFF);

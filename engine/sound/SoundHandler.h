@@ -30,7 +30,6 @@ public:
     /// The player's switch, on at first. Off ends all sounds at once and closes the device; what
     /// was loaded stays for when it goes on again.
     void setEnabled(bool isOn);
-    bool isEnabled() const { return enabled; }
     /// 0 silent to 255 as recorded; 255 at first. Values outside are cut.
     void setVolume(int32_t volume);
     int32_t getVolume() const { return volume; }

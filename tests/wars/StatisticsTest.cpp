@@ -8,6 +8,7 @@
 #include "app/war/SquadronSimulator.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
+#include "tests/support/WarDraws.h"
 
 // The rules decide how many are shot down and how many die. One more reading of the same rules,
 // with data of its own, gave the figures below over seven seeds: ours may differ by a tenth.
@@ -44,14 +45,8 @@ void fight(MissionSimulator& simulator, int32_t limit, Figures& figures) {
 
 /// SquadronSimulator::advanceWar, put together from its parts in the order that they are to have.
 void advanceAndCount(Database& career, MissionGenerator& generator, Figures& figures) {
-    const struct {
-        int32_t from, to, least;
-    } bounds[] = {{16, 28, 16}, {16, 24, 16}, {16, 22, 14}, {14, 18, 12}};
-    const auto& [from, to, least] = bounds[career.year - 1915];
-    const int32_t upper = zel::random(from, to);
-    const int32_t lower = zel::random(1, least);
     Calendar date = career.calendar();
-    date.addDays(zel::random(lower, upper));
+    date.addDays(drawDays(career.year, zel::sharedRandom()));
     career.year = date.getYear();
     career.month = date.getMonth();
     career.day = date.getDay();

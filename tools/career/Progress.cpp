@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "engine/core/Clock.h"
 #include "engine/core/System.h"
 
 namespace {

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <vector>
 
 #include "app/career/Database.h"
 #include "app/mission/MissionGenerator.h"

@@ -29,7 +29,7 @@ void checkName(const Record& pilot, Faults& faults) {
 /// The squadron whose number is nearest, so that a slip of the pen is seen at once.
 zel::String nearestSquadron(const zel::String& unit, const std::vector<Record>& squadrons) {
     const auto away = [&](const Record& squadron) {
-        return std::abs(squadron.name.toInt() - unit.toInt());
+        return std::abs(int64_t(squadron.name.toInt()) - unit.toInt());
     };
     const auto nearest =
         std::min_element(squadrons.begin(), squadrons.end(),

@@ -1,7 +1,6 @@
 #include "tools/datacheck/Records.h"
 
 #include <algorithm>
-#include <map>
 
 #include "engine/core/Directory.h"
 #include "engine/core/System.h"

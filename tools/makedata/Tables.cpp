@@ -1,6 +1,7 @@
 #include "tools/makedata/Tables.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <map>

@@ -6,6 +6,7 @@
 #include "engine/core/File.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/ImageIndex.h"
 #include "engine/graphics/Language.h"
 #include "engine/sound/SoundHandler.h"
 #include "tools/menucheck/ScriptLines.h"
@@ -58,9 +59,8 @@ String withoutEnding(const String& file) {
 
 /// The images in a picture, by its index file; none if it has no such file.
 std::vector<zel::ImageDescription> imagesIn(const String& picture) {
-    zel::File file(withoutEnding(picture) + IndexEnding, zel::FileRead);
     std::string text;
-    if (!file.isOpen() || !file.readWhole(text))
+    if (!zel::readFile(zel::imageIndexName(picture), zel::MaxIndexSize, text))
         return {};
     return zel::parseImageIndex(text, zel::LifetimeShort, 1).images;
 }

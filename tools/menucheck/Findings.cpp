@@ -7,9 +7,20 @@
 
 namespace menucheck {
 
-Findings::Findings() : log(std::tmpfile()), wasConsoleShown(zel::isConsoleShown()) {
+namespace {
+
+// Lines of the log that nobody has taken yet; the log's sink has no object of its own.
+std::vector<zel::String>& heldLines() {
+    static std::vector<zel::String> lines;
+    return lines;
+}
+
+} // namespace
+
+Findings::Findings() : wasConsoleShown(zel::isConsoleShown()) {
+    heldLines().clear();
     zel::setConsoleShown(false);
-    zel::setLogStream(log);
+    zel::setLogSink([](const zel::String& line) { heldLines().push_back(line); });
     zel::setLogLevel(zel::LogWarning);
     zel::MenuConfigFile::setFaultSink([this](const zel::ScriptFault& fault) {
         add({fault.file, fault.line.toInt()}, fault.text);
@@ -24,9 +35,8 @@ Findings::Findings() : log(std::tmpfile()), wasConsoleShown(zel::isConsoleShown(
 Findings::~Findings() {
     zel::MenuConfigFile::setLineObserver(nullptr);
     zel::MenuConfigFile::setFaultSink(nullptr);
-    zel::setLogStream(stdout);
+    zel::setLogSink(nullptr);
     zel::setConsoleShown(wasConsoleShown);
-    std::fclose(log);
 }
 
 void Findings::put(const Source& source, const zel::String& what, bool isWarning) {
@@ -51,19 +61,12 @@ void Findings::setBetweenLines(const Source& source) {
 
 // Each line of the log reads mark, milliseconds, [category], message.
 void Findings::takeLog() {
-    std::fflush(log);
-    std::string text(static_cast<size_t>(std::ftell(log)), '\0');
-    std::rewind(log);
-    text.resize(std::fread(text.data(), 1, text.size(), log));
-    std::rewind(log);
-    std::string_view rest = text;
-    while (!rest.empty()) {
-        const size_t end = std::min(rest.find('\n'), rest.size() - 1);
-        const std::string_view line = rest.substr(0, end);
+    for (const zel::String& held : heldLines()) {
+        const std::string_view line = held.view();
         const size_t message = line.find("] ");
-        add(running, message == std::string_view::npos ? line : line.substr(message + 2));
-        rest.remove_prefix(end + 1);
+        add(running, message == line.npos ? line : line.substr(message + 2));
     }
+    heldLines().clear();
 }
 
 void Findings::noteElements() {

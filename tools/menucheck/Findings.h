@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdio>
 #include <map>
-#include <set>
 #include <tuple>
 
 #include "engine/menu/HandledMenu.h"
@@ -48,7 +46,6 @@ private:
     Source running;
     const zel::Menu* watched = nullptr;
     std::map<zel::String, Source> elements;
-    FILE* log;
     bool wasConsoleShown;
 };
 

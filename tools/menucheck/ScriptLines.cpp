@@ -11,14 +11,10 @@ using zel::String;
 
 namespace {
 
-// Those of a menu's events; "onhit NAME" besides.
-constexpr const char* EventSections[] = {"init",    "deinit",  "preload",   "onfirstenter",
-                                         "onenter", "reset",   "onentered", "onleaving",
-                                         "onleave", "onpause", "oncontinue"};
 constexpr std::string_view HitMark = "onhit ";
 
 bool isEventSection(const String& name) {
-    return std::any_of(std::begin(EventSections), std::end(EventSections),
+    return std::any_of(std::begin(zel::EventSections), std::end(zel::EventSections),
                        [&](const char* known) { return zel::equalsNoCase(known, name); });
 }
 

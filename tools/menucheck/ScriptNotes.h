@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "tools/menucheck/Findings.h"
 
 namespace menucheck {

@@ -1,7 +1,6 @@
 #include "tools/standin/CommandLine.h"
 
 #include <charconv>
-#include <iterator>
 
 namespace standin {
 

@@ -1,7 +1,6 @@
 #include "tools/standin/Dogfight.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace standin {
 

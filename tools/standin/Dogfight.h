@@ -11,7 +11,8 @@ namespace standin {
 
 constexpr int32_t TicksPerSecond = 50;
 constexpr double StepSeconds = 0.1;
-constexpr int32_t Nobody = -1; // the ground, fire, strain
+constexpr double BulletSpeed = 650; // m/s
+constexpr int32_t Nobody = -1;      // the ground, fire, strain
 constexpr int32_t FirstPositionTick = 58;
 
 enum class EventKind {

@@ -6,7 +6,6 @@ namespace standin {
 
 namespace {
 
-constexpr double BulletSpeed = 650;   // m/s
 constexpr double RoundsPerSecond = 8; // of one gun
 constexpr double Apart = 8;           // metres within which planes may collide
 constexpr int32_t BulletWound = 250;  // thousandths: four kill

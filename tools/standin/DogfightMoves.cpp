@@ -7,7 +7,6 @@ namespace standin {
 namespace {
 
 constexpr double Gravity = 9.81;    // m/s^2
-constexpr double BulletSpeed = 650; // m/s
 constexpr double TooNear = 35;      // metres from a target that is flown at
 constexpr double Idle = 0.3;        // throttle
 constexpr double Slip = -0.6;       // likewise, with the rudder for a brake

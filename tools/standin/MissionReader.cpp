@@ -17,6 +17,7 @@ namespace {
 constexpr std::string_view Seasons[] = {"su", "wi", "au", "sp"};
 // The ground of the front reaches some hundred metres; nobody starts a flight among the trees.
 constexpr double LowestStart = 200;
+constexpr size_t MostPlanes = 64;   // a fight takes the square of their number
 constexpr double OneSpot = 5;       // metres: wings are wider
 constexpr double MapEdge = 1000000; // metres; the simulator's largest map has not half of it
 
@@ -321,6 +322,9 @@ void Reader::readObjective(const Block& block) {
 bool Reader::checkPlanes() {
     if (mission.planes.empty())
         return refuse(1, "the mission holds no plane");
+    if (mission.planes.size() > MostPlanes)
+        return refuse(mission.planes[MostPlanes].line,
+                      "more than " + std::to_string(MostPlanes) + " planes in one mission");
     int32_t coalition = 0;
     bool hostile = false;
     for (size_t i = 0; i < mission.planes.size(); ++i) {

@@ -16,7 +16,11 @@ constexpr double SleepSlice = 0.1; // seconds after which an interrupt is heeded
 
 volatile std::sig_atomic_t interrupted = 0;
 
-void interrupt(int /*signal*/) { interrupted = 1; }
+/// The first one is heeded at the next wait; a second one ends the program at once.
+void interrupt(int signal) {
+    interrupted = 1;
+    std::signal(signal, SIG_DFL);
+}
 
 bool waitFor(double seconds) {
     for (; seconds > 0 && interrupted == 0; seconds -= SleepSlice)

@@ -31,10 +31,9 @@ protected:
 };
 
 TEST_F(CareerTexts, TellHowACareerBegins) {
-    EXPECT_EQ(serviceText(0), "Service: French");
-    EXPECT_EQ(serviceText(1), "Service: English");
-    EXPECT_EQ(serviceText(2), "Service: German");
-    EXPECT_EQ(serviceText(3), "Service: French");
+    constexpr const char* Services[] = {"French", "English", "German", "French"};
+    for (int32_t service = 0; service < 4; ++service)
+        EXPECT_EQ(serviceText(service), zel::String("Service: ") + Services[service]);
     EXPECT_EQ(startDateText(1917, 3), "Start date: March 1917");
     EXPECT_EQ(pilotNameText(career), "Your pilot's name: Pilot 2");
 }
@@ -77,16 +76,13 @@ TEST_F(CareerTexts, ListTheWarsAces) {
     career.pilots[4].shotdowns = 4;
     EXPECT_EQ(aceLines(career), expected);
 
-    const auto score = [this](size_t pilot, uint16_t shotdowns, uint16_t missions, uint8_t alive) {
-        career.pilots[pilot].shotdowns = shotdowns;
-        career.pilots[pilot].missions = missions;
-        career.pilots[pilot].alive = alive;
-    };
-    score(20, 80, 1, 0);
-    score(2, 12, 5, 0);
-    score(9, 12, 9, 1);
-    score(23, 5, 0, 1);
-    score(5, 5, 0, 1);
+    const int32_t scores[][4] = {
+        {20, 80, 1, 0}, {2, 12, 5, 0}, {9, 12, 9, 1}, {23, 5, 0, 1}, {5, 5, 0, 1}};
+    for (const auto& [pilot, shotdowns, missions, alive] : scores) {
+        career.pilots[size_t(pilot)].shotdowns = static_cast<uint16_t>(shotdowns);
+        career.pilots[size_t(pilot)].missions = static_cast<uint16_t>(missions);
+        career.pilots[size_t(pilot)].alive = static_cast<uint8_t>(alive);
+    }
     expected = {"Pilot 20: 80 RIP", "Pilot 9: 12", "Pilot 2 (you!): 12 RIP", "Pilot 5: 5",
                 "Pilot 23: 5"};
     expected.resize(10);

@@ -31,26 +31,21 @@ protected:
     Database career;
 };
 
+// What else they hold is in the hashes of DatabaseTest.
 TEST_F(DatabaseFiles, ReadsThePlayersOwnFilesBehindTheDelivered) {
     world.addHistory();
     const LogCapture log;
-    career.readDataFiles();
-    EXPECT_EQ(log.text(), "");
-    ASSERT_EQ(career.squadronFiles.size(), 4u);
-    ASSERT_EQ(career.pilotFiles.size(), 2u);
-    EXPECT_EQ(career.dataLines.size(), 10u);
-    EXPECT_STREQ(career.squadronFiles[0].key, "101003");
-    EXPECT_STREQ(career.squadronFiles[0].fileName, "101003");
-    EXPECT_STREQ(career.squadronFiles[3].key, "103094") << "new ones come last";
-    EXPECT_EQ(linesOf(career.squadronFiles[0]),
-              "date=19151101 until=19160501 action=skin aircraft=nieuport11 skin=stork|"
-              "date=19160301 aircraft=nieuport17|DATE=19151001 aircraft=spad7early|");
-    EXPECT_EQ(career.squadronFiles[0].lines[2], 5) << "in the order of reading";
-    EXPECT_STREQ(career.pilotFiles[0].name, "Karl Falke");
-    EXPECT_EQ(career.pilotFiles[0].pilotIndex, -1);
-    EXPECT_EQ(career.pilotFiles[0].joined, 0);
-    career.readDataFiles();
-    EXPECT_EQ(career.dataLines.size(), 10u) << "a second reading empties first";
+    for (int i = 0; i < 2; ++i) { // a second reading empties first
+        career.readDataFiles();
+        EXPECT_EQ(log.text(), "");
+        EXPECT_EQ(career.dataLines.size(), 10u);
+        ASSERT_EQ(career.squadronFiles.size(), 4u);
+        EXPECT_STREQ(career.squadronFiles[3].key, "103094") << "new ones come last";
+        EXPECT_EQ(linesOf(career.squadronFiles[0]),
+                  "date=19151101 until=19160501 action=skin aircraft=nieuport11 skin=stork|"
+                  "date=19160301 aircraft=nieuport17|DATE=19151001 aircraft=spad7early|");
+        EXPECT_EQ(career.squadronFiles[0].lines[2], 5) << "in the order of reading";
+    }
 }
 
 TEST_F(DatabaseFiles, CutsTheEndingFromAName) {

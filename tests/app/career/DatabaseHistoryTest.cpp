@@ -192,19 +192,15 @@ TEST_F(DatabaseHistory, NeitherThePlayerNorAnAceGivesUpHisPlace) {
         inSlot(0, slot).pilotFile = slot == 5 ? 0 : -1;
 }
 
-TEST_F(DatabaseHistory, TheDeadPlayersSlotIsForHisSuccessor) {
-    giveFile("date=19160101 unit=101001\n");
+TEST_F(DatabaseHistory, TheDeadPlayersSlotIsForHisSuccessorAndADeadPilotsFileForNobody) {
+    giveFile("date=19160101 unit=101001\ndate=19160801 unit=101002\n");
     kill(0, 0);
     career.applyHistory();
     EXPECT_EQ(place(), -1);
     EXPECT_EQ(career.playerPilot, 36);
     EXPECT_EQ(career.squadrons[0].slots[0], 36);
     EXPECT_EQ(career.player().pilotFile, -1);
-}
-
-TEST_F(DatabaseHistory, ADeadPilotsFileIsReadNoMore) {
-    giveFile("date=19160101 unit=101001\ndate=19160801 unit=101002\n");
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 2; ++i) { // the file's pilot joins, and falls
         kill(0, 3);
         career.applyHistory();
     }
@@ -231,8 +227,8 @@ TEST_F(DatabaseHistory, EveryVacantSlotGetsOneReplacement) {
             const Pilot& pilot = inSlot(squadron, slot);
             EXPECT_EQ(pilot.skill, skill);
             EXPECT_EQ(pilot.nation, career.squadrons[size_t(squadron)].nation);
-            EXPECT_TRUE(pilot.alive == 1 && pilot.historic == 0 && pilot.pilotFile == -1);
-            EXPECT_TRUE(pilot.missions == 0 && pilot.shotdowns == 0);
+            EXPECT_TRUE(pilot.alive == 1 && pilot.historic == 0 && pilot.pilotFile == -1 &&
+                        pilot.missions == 0 && pilot.shotdowns == 0);
             skills.insert(skill);
         }
         EXPECT_EQ(drawsBetween(reference, career.random), 0);
@@ -247,14 +243,13 @@ TEST_F(DatabaseHistory, SwappedPilotsChangeTheirSlots) {
     EXPECT_EQ(career.squadrons[0].slots[2], second);
     EXPECT_EQ(career.squadrons[2].slots[11], first);
     EXPECT_EQ(career.pilots[size_t(first)].squadron, 2);
-    EXPECT_FALSE(career.swapPilots(first, career.squadrons[2].slots[0])) << "of one squadron";
-    EXPECT_FALSE(career.swapPilots(first, first));
-    EXPECT_FALSE(career.swapPilots(-1, first));
-    EXPECT_FALSE(career.swapPilots(first, 36));
     kill(1, 0);
-    const int32_t dead = career.squadrons[1].slots[0];
+    const int32_t dead = career.squadrons[1].slots[0]; // who loses it
     career.applyHistory();
-    EXPECT_FALSE(career.swapPilots(dead, 5)) << "he has no slot any more";
+    const int32_t comrade = career.squadrons[2].slots[0];
+    for (const auto& [one, other] :
+         {std::pair{first, comrade}, {first, first}, {-1, first}, {first, 37}, {dead, 5}})
+        EXPECT_FALSE(career.swapPilots(one, other)) << one << " and " << other;
     EXPECT_EQ(career.squadrons[0].slots[5], 5);
     EXPECT_EQ(career.pilots[5].squadron, 0);
 }

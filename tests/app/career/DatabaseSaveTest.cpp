@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -65,15 +66,13 @@ protected:
 };
 
 int32_t numberAt(const std::string& bytes, size_t offset) {
-    const auto byte = [&](size_t i) {
-        return uint32_t(static_cast<unsigned char>(bytes[offset + i]));
-    };
-    return int32_t(byte(0) | byte(1) << 8 | byte(2) << 16 | byte(3) << 24);
+    int32_t value = 0;
+    std::memcpy(&value, &bytes[offset], sizeof value);
+    return value;
 }
 
 std::string with(std::string bytes, size_t offset, int32_t value) {
-    for (size_t i = 0; i < 4; ++i)
-        bytes[offset + i] = static_cast<char>(uint32_t(value) >> (8 * i));
+    std::memcpy(&bytes[offset], &value, sizeof value);
     return bytes;
 }
 
@@ -89,38 +88,24 @@ constexpr size_t SquadronFiles = Lines + 3 * 269 + 4;
 constexpr size_t PilotFiles = SquadronFiles + 1168 + 4;
 constexpr size_t Invitation = PilotFiles + 1120;
 
-// What a new career leaves at 0; all else is in the hashes of DatabaseTest.
+// What a new career leaves at 0 and no assertion of Records.h holds; all else is in the hashes of
+// DatabaseTest.
 TEST_F(DatabaseSave, LaysTheRecordsOutAsTheFormatSays) {
     career.unusedA = 5;
     career.unusedB = 6;
     career.previousInvitation = 1;
-    career.squadrons[1].onChannelMap = 1;
-    career.squadrons[1].baseX = 1.0F;
-    career.squadrons[1].active = 9;
-    Pilot& pilot = career.pilots[1];
-    pilot.skill = 11;
-    pilot.shotdowns = 0x1234;
-    pilot.missions = 0x5678;
-    pilot.historic = 1;
-    pilot.pilotFile = 0;
+    career.pilots[1].missions = 0x5678;
+    career.pilots[1].historic = 1;
     career.dataLines[1].applied = 1;
     career.pilotFiles[0].pilotIndex = 1;
     career.pilotFiles[0].joined = 1;
     const std::string bytes = stored();
     ASSERT_EQ(bytes.size(), Invitation + 16);
-    constexpr size_t Second = Squadrons + 360;
-    constexpr size_t Man = Pilots + 88;
     const std::pair<size_t, int32_t> expected[] = {
         {8, 13},
         {24, 5},
         {28, 6},
-        {Second + 192, 1},                                   // and three bytes of fill
-        {Second + 196, 0x3F800000},                          // 1.0
-        {Second + 225, 9 | 12 << 16 | int32_t(0xFFU << 24)}, // active, flagD, pilotCount, file -1
-        {Man + 68, 1 | 101 << 16},                           // alive, fill, nation
-        {Man + 72, 11 | 0x1234 << 16},                       // skill, fill, shotdowns
-        {Man + 76, 0x5678 | 1 << 16},                        // missions, historic, fill
-        {Man + 80, 0},
+        {Pilots + 88 + 76, 0x5678 | 1 << 16}, // missions, historic, fill
         {Lines + 269, 1},
         {PilotFiles + 64, 1},       // pilotIndex
         {PilotFiles + 68, 1 << 16}, // reserved, joined
@@ -141,19 +126,15 @@ TEST_F(DatabaseSave, RestoresEverythingBitForBit) {
     ASSERT_TRUE(loads(bytes));
     EXPECT_EQ(log.text(), "");
     EXPECT_EQ(careerFaults(other), "");
-    EXPECT_EQ(other.calendar().dateNumber(), 19170421);
-    EXPECT_EQ(other.careerNumber, 12345);
-    EXPECT_EQ(other.pilotFiles[0].pilotIndex, 24);
     EXPECT_TRUE(other.storeFile("Saves/other"));
     EXPECT_TRUE(world.folder.read("user/Saves/other") == bytes);
 }
 
 TEST_F(DatabaseSave, TellsWhyItRefusesAFile) {
     const std::string bytes = stored();
-    EXPECT_EQ(refusal("WTSW" + bytes.substr(4)), NoSave);
-    EXPECT_EQ(refusal("wtsv" + bytes.substr(4)), NoSave);
-    EXPECT_EQ(refusal(""), NoSave);
-    EXPECT_EQ(refusal(bytes.substr(0, 7)), NoSave);
+    for (const std::string& start :
+         {"WTSW" + bytes.substr(4), "wtsv" + bytes.substr(4), std::string(), bytes.substr(0, 7)})
+        EXPECT_EQ(refusal(start), NoSave);
     for (const int32_t version : {3, 1, 0, -1})
         EXPECT_EQ(refusal(with(bytes, 4, version)), Newer) << version;
     EXPECT_EQ(refusal(with(bytes, 4, 3).substr(0, 8)), Newer);
@@ -263,25 +244,20 @@ TEST_F(DatabaseSave, MendsWhatLeadsNowhere) {
     EXPECT_EQ(other.squadrons[0].pilotCount, 12);
 }
 
-TEST_F(DatabaseSave, KeepsTheFileBefore) {
+TEST_F(DatabaseSave, KeepsTheFileBeforeAndADamagedOneAside) {
     const LogCapture log(4);
     const std::string first = stored();
     EXPECT_TRUE(log.holds("   0 [Database] storeFile" + world.folder.path() +
                           "/user\\Saves/savegame_v03.wty\n"))
         << log.text();
     career.day = 22;
-    EXPECT_TRUE(stored() != first);
-    EXPECT_TRUE(beside(".bak") == first);
-}
+    const std::string second = stored();
+    EXPECT_TRUE(second != first && beside(".bak") == first);
 
-TEST_F(DatabaseSave, KeepsADamagedFileAside) {
-    const std::string whole = stored();
-    const std::string damaged = with(stored(), 8, -1);
-    const LogCapture log;
+    const std::string damaged = with(second, 8, -1);
     ASSERT_TRUE(loads(damaged));
     EXPECT_TRUE(other.writeSave(SaveFileName));
-    EXPECT_TRUE(beside(".damaged") == damaged);
-    EXPECT_TRUE(beside(".bak") == whole);
+    EXPECT_TRUE(beside(".damaged") == damaged && beside(".bak") == first);
     const std::string mended = world.savedBytes();
     EXPECT_TRUE(other.writeSave(SaveFileName));
     EXPECT_TRUE(beside(".bak") == mended) << "once";

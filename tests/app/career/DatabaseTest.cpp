@@ -7,12 +7,9 @@
 
 #include <gtest/gtest.h>
 
-#include "app/career/Aircraft.h"
-#include "app/war/SquadronSimulator.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/Draws.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
 #include "tests/support/SmallCareer.h"
 
@@ -114,10 +111,8 @@ TEST(Database, TakesTheLowestDateOfAFile) {
 TEST(Database, TakesBadKeysForNoNation) {
     SmallWorld world;
     world.addHistory();
-    world.addSquadron("10", "");
-    world.addSquadron("1o1003", "");
-    world.addSquadron("+12003", "");
-    world.addSquadron("300001", "");
+    for (const char* key : {"10", "1o1003", "+12003", "300001"})
+        world.addSquadron(key, "");
     world.addSquadron("101 Esc Cigogne", "aircraft=nieuport11");
     const LogCapture log;
     Database career;
@@ -181,33 +176,6 @@ TEST(Database, SeedsEachDayOfEachCareer) {
             for (career.day = 1; career.day <= 28; ++career.day)
                 seeds.insert(career.careerSeed());
     EXPECT_EQ(seeds.size(), 1 + 40u * 12 * 28) << "all differ, and none is 0";
-}
-
-// The delivered data: what they say is checked elsewhere, here that every service finds its place.
-TEST(Database, CreatesCareersFromTheDeliveredData) {
-    std::set<std::string> saves;
-    for (const auto& [service, nation] :
-         {std::pair{ServiceFrench, France}, {ServiceEnglish, England}, {ServiceGerman, Germany}}) {
-        for (const uint32_t seed : {5U, 5U, 6U}) {
-            const PinnedRun run(seed);
-            zel::Random planes;
-            setPlaneRandom(&planes);
-            Database career;
-            const LogCapture log;
-            career.createCareer(service);
-            EXPECT_EQ(careerFaults(career), "");
-            EXPECT_EQ(log.linesWith(" w ") + log.linesWith("!! "), 0) << log.text();
-            EXPECT_GE(career.squadrons.size(), 400u);
-            const Squadron& squadron = career.playerSquadron();
-            EXPECT_EQ(squadron.nation, nation);
-            EXPECT_TRUE(SquadronSimulator::hasDisplayName(
-                SquadronSimulator::squadronNumber(squadron.squadronFile)));
-            career.storeFile(SaveFileName);
-            saves.insert(run.save());
-            setPlaneRandom(nullptr);
-        }
-    }
-    EXPECT_EQ(saves.size(), 6u) << "the same seed gives the same bytes";
 }
 
 } // namespace

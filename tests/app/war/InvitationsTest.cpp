@@ -117,23 +117,17 @@ TEST(Invitations, PreferNamesAndTheTypeOfTheDay) {
         << "a name and the type by strength, a name, the type; never another nation's";
 }
 
-TEST(Invitations, NeverComeTwiceFromTheSquadronRefusedLast) {
-    InvitedCareer test;
-    squadronOf(test.career, France, {14});
-    squadronOf(test.career, France, {13});
-    for (const int32_t refused : {1, 2}) {
-        test.career.previousInvitation = refused;
-        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 3 - refused);
-    }
-}
-
-TEST(Invitations, NeverLeadToNothingBetter) {
+TEST(Invitations, NeverComeTwiceFromTheSquadronRefusedLastNorFromAnEqual) {
     InvitedCareer test(4);
     squadronOf(test.career, France, {4});
     for (int32_t i = 0; i < 8; ++i)
         EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), -1) << "his own came first";
-    test.career.pilots[1].shotdowns = 5;
-    EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 1);
+    test.career.pilots[1].shotdowns = 6;
+    squadronOf(test.career, France, {5});
+    for (const auto& [refused, inviting] : {std::pair{-2, 1}, {1, 2}, {2, 1}}) {
+        test.career.previousInvitation = refused;
+        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), inviting);
+    }
 }
 
 TEST(InvitationLetter, NamesTheLeaderAndTheAces) {
@@ -170,14 +164,6 @@ TEST(InvitationLetter, NamesTheLeaderAndTheAces) {
     }
 }
 
-TEST(InvitationLetter, IsEmptyWhenNoneIsPending) {
-    InvitedCareer test;
-    InvitationLetter letter;
-    EXPECT_FALSE(letter.open());
-    EXPECT_EQ(letter.text(), "");
-    EXPECT_FALSE(letter.accept());
-}
-
 TEST(InvitationLetter, StaysPendingWithNobodyToChangePlacesWith) {
     InvitedCareer test;
     emptySquadron(test.career, France);
@@ -187,6 +173,10 @@ TEST(InvitationLetter, StaysPendingWithNobodyToChangePlacesWith) {
     EXPECT_FALSE(letter.accept());
     EXPECT_EQ(test.career.invitationSquadron, 1);
     EXPECT_EQ(test.due(), 191512);
+    test.career.invitationSquadron = -1;
+    EXPECT_FALSE(letter.open()) << "none is pending";
+    EXPECT_EQ(letter.text(), "");
+    EXPECT_FALSE(letter.accept());
 }
 
 TEST(InvitationLetter, ChangesThePlaceOfThePlayerOrRemembersARefusal) {

@@ -25,16 +25,14 @@ std::vector<PlannedPlane> mixedPlan(int32_t allies, int32_t germans, uint32_t se
 }
 
 /// A simulator whose generator starts from that seed, with the current generator's plan.
-struct PinnedSimulator {
-    explicit PinnedSimulator(uint32_t seed) {
-        zel::setTickSource([] { return uint32_t(0); });
-        zel::Random::setStaticNumber(seed);
-        simulator = std::make_unique<MissionSimulator>();
-        zel::setTickSource(nullptr);
-        simulator->loadPlan();
-    }
-    std::unique_ptr<MissionSimulator> simulator;
-};
+std::unique_ptr<MissionSimulator> pinnedSimulator(uint32_t seed) {
+    zel::setTickSource([] { return uint32_t(0); });
+    zel::Random::setStaticNumber(seed);
+    auto simulator = std::make_unique<MissionSimulator>();
+    zel::setTickSource(nullptr);
+    simulator->loadPlan();
+    return simulator;
+}
 
 template <typename Value> void append(std::string& text, Value value) {
     text.append(reinterpret_cast<const char*>(&value), sizeof value);
@@ -43,13 +41,12 @@ template <typename Value> void append(std::string& text, Value value) {
 /// The course of a fight: after each step whether it is over and what every record has got, and
 /// behind all of them the values that the generator made.
 std::string courseOf(uint32_t seed, int32_t steps) {
-    const PinnedSimulator pinned(seed);
-    MissionSimulator& simulator = *pinned.simulator;
+    const auto simulator = pinnedSimulator(seed);
     std::string course;
     const uint64_t before = zel::Random::valuesMade();
     for (int32_t i = 0; i < steps; ++i) {
-        course += simulator.fightStep() ? '1' : '0';
-        for (const PilotReport& record : simulator.records()) {
+        course += simulator->fightStep() ? '1' : '0';
+        for (const PilotReport& record : simulator->records()) {
             append(course, record.damage);
             append(course, record.injury);
             course += std::to_string(record.shotDown + record.finished + record.killCount) +
@@ -62,8 +59,8 @@ std::string courseOf(uint32_t seed, int32_t steps) {
 }
 
 // Past the end of the fight, too: the steps go on drawing in the same way. Planes beyond the
-// sixteenth take no part. The hashes come from a
-// second reckoning of the rule, in 32-bit floats, written apart from this program.
+// sixteenth take no part. The hashes come from a second reckoning of the rule, in 32-bit floats,
+// written apart from this program.
 TEST(MissionSimulator, FightsByTheRule) {
     MissionGenerator generator;
     const struct {
@@ -87,11 +84,11 @@ TEST(MissionSimulator, FightsByTheRule) {
 TEST(MissionSimulator, RunsToItsLimitWithOneSide) {
     MissionGenerator generator;
     generator.plan = mixedPlan(6, 0, 1);
-    const PinnedSimulator pinned(1);
+    const auto simulator = pinnedSimulator(1);
     const uint64_t before = zel::Random::valuesMade();
-    pinned.simulator->fight(5 * BlockSize / 2);
+    simulator->fight(5 * BlockSize / 2);
     EXPECT_EQ(zel::Random::valuesMade() - before, 5 * BlockSize);
-    pinned.simulator->fight(1);
+    simulator->fight(1);
     EXPECT_EQ(zel::Random::valuesMade() - before, 6 * BlockSize);
 }
 

@@ -6,6 +6,7 @@
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/SmallCareer.h"
+#include "tests/support/WarDraws.h"
 
 namespace {
 
@@ -36,34 +37,29 @@ public:
     float lastShare = 0;
 };
 
-/// The days of a period that begins in that year: the upper bound, the lower, the days between.
-int32_t drawDays(int32_t year, zel::Random& draws) {
-    const struct {
-        int32_t year, from, to, least;
-    } bounds[] = {{1915, 16, 28, 16}, {1916, 16, 24, 16}, {1917, 16, 22, 14}, {1918, 14, 18, 12}};
-    for (const auto& [of, from, to, least] : bounds) {
-        if (of != year)
-            continue;
-        const int32_t upper = draws.getInt(from, to);
-        const int32_t lower = draws.getInt(1, least);
-        return draws.getInt(lower, upper);
+/// The draws of a period behind those of its days.
+struct Period {
+    /// The missions, and the limit of steps of each: three draws, each of which bounds the next.
+    int32_t missions(int32_t year) {
+        const int32_t count = draws.getInt(400, 750) / (year == 1915 ? 2 : 1);
+        for (int32_t i = 0; i < count; ++i)
+            draws.getInt(10, draws.getInt(10, draws.getInt(10, 30000)));
+        return count;
     }
-    return 0;
-}
-
-/// Each squadron's draw of one in thirty, and the two of a move: the map and the place.
-int32_t drawBases(const Database& career, zel::Random& draws) {
-    int32_t moves = 0;
-    for (const Squadron& squadron : career.squadrons) {
-        if (draws.getInt(0, 29) != 0)
-            continue;
-        ++moves;
-        draws.next();
-        const int32_t place = draws.getInt(0, 2); // which doesn't matter for the count
-        EXPECT_TRUE(place >= 0 && squadron.baseName[0] != 0);
+    /// Each squadron's draw of one in thirty, and the two of a move: the map and the place.
+    int32_t moves(const Database& career) {
+        int32_t count = 0;
+        for (size_t i = 0; i < career.squadrons.size(); ++i) {
+            if (draws.getInt(0, 29) != 0)
+                continue;
+            ++count;
+            draws.next();
+            draws.next();
+        }
+        return count;
     }
-    return moves;
-}
+    zel::Random draws = zel::sharedRandom();
+};
 
 TEST(WarAdvance, MovesTheDateByTheYear) {
     for (const int32_t year : {1914, 1915, 1916, 1917, 1918, 1919}) {
@@ -71,13 +67,13 @@ TEST(WarAdvance, MovesTheDateByTheYear) {
         int32_t moves = 0;
         for (int32_t i = 0; i < 40; ++i) {
             setDate(war.career, year, 1, 1);
-            zel::Random draws = zel::sharedRandom();
+            Period period;
             Calendar expected(year, 1, 1);
-            expected.addDays(drawDays(year, draws));
+            expected.addDays(drawDays(year, period.draws));
             SquadronSimulator::advanceWar();
             ASSERT_EQ(war.career.calendar().dateNumber(), expected.dateNumber());
-            moves += drawBases(war.career, draws);
-            ASSERT_EQ(drawsBetween(draws, zel::sharedRandom()), 0) << "in " << year;
+            moves += period.moves(war.career);
+            ASSERT_EQ(drawsBetween(period.draws, zel::sharedRandom()), 0) << "in " << year;
         }
         EXPECT_GT(moves, 0);
         for (const Pilot& pilot : war.career.pilots)
@@ -93,23 +89,16 @@ TEST(WarAdvance, FightsHundredsOfMissions) {
         int32_t flown = 0;
         for (const Pilot& pilot : war.career.pilots)
             flown -= pilot.missions;
-        zel::Random draws = zel::sharedRandom();
-        drawDays(year, draws);
-        int32_t missions = draws.getInt(400, 750);
-        if (year == 1915)
-            missions /= 2;
-        for (int32_t i = 0; i < missions; ++i) { // the limit of steps, each draw bounds the next
-            const int32_t outer = draws.getInt(10, 30000);
-            const int32_t middle = draws.getInt(10, outer);
-            EXPECT_GE(draws.getInt(10, middle), 10);
-        }
-        drawBases(war.career, draws);
+        Period period;
+        drawDays(year, period.draws);
+        const int32_t missions = period.missions(year);
+        period.moves(war.career);
         const Counter counter;
         SquadronSimulator::advanceWar();
         EXPECT_EQ(counter.missions, missions);
         EXPECT_FLOAT_EQ(counter.lastShare, 1);
         EXPECT_EQ(counter.lastDate, war.career.calendar().dateNumber());
-        EXPECT_EQ(drawsBetween(draws, zel::sharedRandom()), 0) << "in " << year;
+        EXPECT_EQ(drawsBetween(period.draws, zel::sharedRandom()), 0) << "in " << year;
         for (const Pilot& pilot : war.career.pilots)
             flown += pilot.missions;
         EXPECT_TRUE(flown >= missions * 2 && flown <= missions * 8) << "two to eight planes each";
@@ -120,7 +109,6 @@ TEST(WarAdvance, FightsHundredsOfMissions) {
     }
 }
 
-// His squadron flies on without him, and so does the war when he has fallen.
 TEST(WarAdvance, LeavesThePlayerOut) {
     SmallWar war;
     MissionGenerator generator;

@@ -25,15 +25,24 @@ const std::string GreyPng =
 // Two rows of two, bottom row first, blue first.
 const std::string FourPixels = "\x03\x02\x01\x06\x05\x04\x09\x08\x07\x0C\x0B\x0A";
 
+using Pixels = std::vector<uint32_t>;
+
 class BitmapTest : public testing::Test {
 protected:
     bool load(const std::string& content, bool powerOfTwo = false) {
         return bitmap.load(folder.write("picture", content), powerOfTwo);
     }
-    template <typename Reader> std::string openError(std::string_view content) {
-        Reader reader(false);
-        const char* error = reader.open(folder.write("picture", content));
-        return error != nullptr ? error : "";
+    std::string buffer() const {
+        const auto& bytes = bitmap.getData().pixels;
+        return {bytes.begin(), bytes.end()};
+    }
+    /// All pixels from the top.
+    Pixels pixels() const {
+        Pixels all;
+        for (int32_t y = 0; y < bitmap.height(); ++y)
+            for (int32_t x = 0; x < bitmap.width(); ++x)
+                all.push_back(bitmap.pixelAt(x, y));
+        return all;
     }
 
     TemporaryFolder folder;
@@ -44,10 +53,9 @@ TEST_F(BitmapTest, ReadsTheRawFormFromTheBottomUp) {
     ASSERT_TRUE(load(zelFile(2, 2, 24, FourPixels, 21)));
     EXPECT_EQ(bitmap.width(), 2);
     EXPECT_EQ(bitmap.height(), 2);
-    const auto& pixels = bitmap.getData().pixels;
-    EXPECT_EQ(std::string(pixels.begin(), pixels.end()), FourPixels) << "no swap";
-    EXPECT_EQ(bitmap.pixelAt(0, 1), 0xFF010203) << "the first pixel of the file is the lower left";
-    EXPECT_EQ(bitmap.pixelAt(1, 0), 0xFF0A0B0C);
+    EXPECT_EQ(buffer(), FourPixels) << "no swap";
+    EXPECT_EQ(pixels(), (Pixels{0xFF070809, 0xFF0A0B0C, 0xFF010203, 0xFF040506}))
+        << "the first pixel of the file is the lower left";
     for (const auto& [x, y] : {std::pair(-1, 0), {0, -1}, {2, 0}, {0, 2}})
         EXPECT_EQ(bitmap.pixelAt(x, y), 0u) << "outside";
     ASSERT_TRUE(load(zelFile(1, 1, 32, "\x10\x20\x30\x40")));
@@ -55,22 +63,18 @@ TEST_F(BitmapTest, ReadsTheRawFormFromTheBottomUp) {
 }
 
 TEST_F(BitmapTest, PlacesAPictureInPowersOfTwo) {
-    std::string pixels;
-    for (int row = 0; row < 50; ++row)
-        pixels += std::string(300, static_cast<char>(row + 1));
-    ASSERT_TRUE(load(zelFile(100, 50, 24, pixels), true));
-    const zel::BitmapData& data = bitmap.getData();
-    EXPECT_EQ(data.width, 128);
-    EXPECT_EQ(data.height, 64);
+    std::string file;
+    std::string expected(14 * 384, '\0');
+    for (char row = 1; row <= 50; ++row) {
+        file += std::string(300, row);
+        expected += std::string(300, row) + std::string(84, '\0');
+    }
+    ASSERT_TRUE(load(zelFile(100, 50, 24, file), true));
+    EXPECT_EQ(bitmap.getData().width, 128);
+    EXPECT_EQ(bitmap.getData().height, 64);
     EXPECT_EQ(bitmap.width(), 100);
     EXPECT_EQ(bitmap.height(), 50);
-    for (int row = 0; row < 64; ++row) {
-        const uint8_t* bytes = data.pixels.data() + row * 384;
-        EXPECT_EQ(bytes[0], row < 14 ? 0 : row - 13) << row;
-        EXPECT_EQ(bytes[299], row < 14 ? 0 : row - 13) << row;
-        EXPECT_EQ(bytes[300], 0) << row;
-        EXPECT_EQ(bytes[383], 0) << row;
-    }
+    EXPECT_EQ(buffer(), expected);
     EXPECT_EQ(bitmap.pixelAt(99, 0), 0xFF323232) << "the top line is the last one of the file";
     ASSERT_TRUE(load(zelFile(64, 32, 24, std::string(64 * 32 * 3, 'x')), true));
     EXPECT_EQ(bitmap.getData().width, 64);
@@ -80,65 +84,43 @@ TEST_F(BitmapTest, PlacesAPictureInPowersOfTwo) {
 TEST_F(BitmapTest, ReadsWindowsBitmapsWithTheirPadding) {
     // Three pixels are 9 bytes, padded to 12.
     const std::string rows = "abcdefghi\0\0\0jklmnopqr\0\0\0"s;
+    const Pixels bottomUp{0xFF6C6B6A, 0xFF6F6E6D, 0xFF727170, 0xFF636261, 0xFF666564, 0xFF696867};
+    const Pixels topDown{0xFF636261, 0xFF666564, 0xFF696867, 0xFF6C6B6A, 0xFF6F6E6D, 0xFF727170};
     ASSERT_TRUE(load(bmpFile(3, 2, 24, rows)));
-    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF6C6B6A) << "jkl, red last";
-    EXPECT_EQ(bitmap.pixelAt(2, 1), 0xFF696867) << "ghi";
+    EXPECT_EQ(pixels(), bottomUp) << "red last";
     ASSERT_TRUE(load(bmpFile(3, -2, 24, rows)));
-    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF636261) << "top down";
-    EXPECT_EQ(bitmap.pixelAt(2, 1), 0xFF727170);
+    EXPECT_EQ(pixels(), topDown);
     ASSERT_TRUE(load(bmpFile(3, 2, 24, rows.substr(0, 21)), true)) << "no padding at the end";
     EXPECT_EQ(bitmap.getData().width, 4);
-    EXPECT_EQ(bitmap.pixelAt(2, 0), 0xFF727170);
+    EXPECT_EQ(pixels(), bottomUp);
+    uint32_t line[3] = {};
+    bitmap.getData().lineArgb(1, line);
+    EXPECT_EQ(Pixels(line, line + 3), Pixels(bottomUp.begin() + 3, bottomUp.end()));
     ASSERT_TRUE(load(bmpFile(2, 1, 32, "abc\0def\0"s)));
-    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF636261) << "no alpha in it";
+    EXPECT_EQ(pixels(), (Pixels{0xFF636261, 0xFF666564})) << "no alpha in it";
     ASSERT_TRUE(load(bmpFile(2, 1, 32, "abc\0def\1"s)));
-    EXPECT_EQ(bitmap.pixelAt(0, 0), 0x00636261u);
+    EXPECT_EQ(pixels(), (Pixels{0x00636261, 0x01666564}));
 }
 
 TEST_F(BitmapTest, ReadsWhatTheDecoderKnows) {
     const LogCapture log(zel::LogDebug);
     ASSERT_TRUE(load(RgbaPng, true));
     EXPECT_EQ(bitmap.getData().depth, 4);
-    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF010203);
-    EXPECT_EQ(bitmap.pixelAt(1, 0), 0x800A141Eu);
-    EXPECT_EQ(bitmap.pixelAt(0, 1), 0x0028323Cu);
-    EXPECT_EQ(bitmap.pixelAt(1, 1), 0x07FF00FEu);
-    const auto& pixels = bitmap.getData().pixels;
-    EXPECT_EQ(std::string(pixels.begin(), pixels.begin() + 4), "\x28\x32\x3C\0"s)
-        << "bottom line first, red first";
+    EXPECT_EQ(pixels(), (Pixels{0xFF010203, 0x800A141E, 0x0028323C, 0x07FF00FE}));
+    EXPECT_EQ(buffer().substr(0, 4), "\x28\x32\x3C\0"s) << "bottom line first, red first";
+    uint32_t line[3] = {};
+    bitmap.getData().lineArgb(0, line);
+    EXPECT_EQ(line[1], 0x800A141Eu);
     ASSERT_TRUE(load(GreyPng));
     EXPECT_EQ(bitmap.getData().depth, 3);
-    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF070707);
-    EXPECT_EQ(bitmap.pixelAt(2, 0), 0xFFFAFAFA);
+    EXPECT_EQ(pixels(), (Pixels{0xFF070707, 0xFF080808, 0xFFFAFAFA}));
+    bitmap.getData().lineArgb(0, line);
+    EXPECT_EQ(line[1], 0xFF080808);
     EXPECT_EQ(log.linesWith("Not a ZEL graphics file"), 2);
     EXPECT_EQ(log.linesWith("Not a BMP file"), 2);
     EXPECT_EQ(log.linesWith("d  "), log.linesWith("Not a") + log.linesWith("Error for") +
                                         log.linesWith("detected as ANY") + log.linesWith("Mem]"))
         << "readers that don't know the file are no news";
-}
-
-TEST_F(BitmapTest, GivesLinesAsColours) {
-    uint32_t line[3] = {};
-    ASSERT_TRUE(load(bmpFile(3, 2, 24, "abcdefghi\0\0\0jklmnopqr\0\0\0"s), true));
-    bitmap.getData().lineArgb(1, line);
-    EXPECT_EQ(line[0], 0xFF636261);
-    EXPECT_EQ(line[2], 0xFF696867);
-    ASSERT_TRUE(load(RgbaPng));
-    bitmap.getData().lineArgb(0, line);
-    EXPECT_EQ(line[1], 0x800A141Eu);
-    ASSERT_TRUE(load(GreyPng));
-    bitmap.getData().lineArgb(0, line);
-    EXPECT_EQ(line[1], 0xFF080808);
-}
-
-TEST_F(BitmapTest, SaysInItsWordsWhatIsWrong) {
-    const LogCapture silence(0);
-    EXPECT_EQ(openError<zel::FormatZEL>("ZX"), "Illegal ZEL header");
-    EXPECT_EQ(openError<zel::FormatBMP>("BX"), "Illegal BMP header");
-    EXPECT_EQ(openError<zel::FormatANY>("text"), "Illegal ANY header");
-    EXPECT_EQ(openError<zel::FormatANY>(""), "Illegal ANY header");
-    zel::FormatANY reader(false);
-    EXPECT_STREQ(reader.open(folder.path() + "/none.png"), "Cannot load file");
 }
 
 TEST_F(BitmapTest, LogsWhatIsWrong) {
@@ -155,7 +137,10 @@ TEST_F(BitmapTest, LogsWhatIsWrong) {
         {bmpFile(-1, 1, 24, "abc\0"s), "[FormatBMP] BMP size unsupported"},
         {"", "[FormatANY] Cannot read file (filesize: 0)"},
         {zelFile(65, 1, 24, "ab"), "Read error for " + folder.path() + "/picture: Unable"},
+        {"", "Illegal ANY header"},
         {"nothing", "!! "},
+        {"nothing", "Illegal ZEL header"},
+        {"nothing", "Illegal BMP header"},
         {"nothing", "Error for " + folder.path() + "/picture: Illegal ANY header"},
     };
     for (const auto& [content, text] : cases) {
@@ -167,6 +152,7 @@ TEST_F(BitmapTest, LogsWhatIsWrong) {
     EXPECT_FALSE(bitmap.load(folder.path() + "/none", false));
     EXPECT_TRUE(log.holds("[Bitmap] File " + folder.path() + "/none does not exist"));
     EXPECT_FALSE(bitmap.isLoaded());
+    EXPECT_STREQ(zel::FormatANY(false).open(folder.path() + "/none"), "Cannot load file");
 }
 
 TEST_F(BitmapTest, RefusesFilesCutAtAnyLength) {
@@ -244,11 +230,7 @@ TEST_F(BitmapTest, GivesItsTextureBack) {
 }
 
 TEST_F(BitmapTest, TakesPicturesMadeInMemory) {
-    zel::BitmapData data;
-    data.width = data.pictureWidth = 2;
-    data.height = data.pictureHeight = 1;
-    data.depth = 3;
-    data.pixels.assign(6, 9);
+    zel::BitmapData data = plainPicture(2, 1, 3, 9);
     EXPECT_TRUE(bitmap.assign(data, "made"));
     EXPECT_EQ(bitmap.pixelAt(1, 0), 0xFF090909);
     const LogCapture log;

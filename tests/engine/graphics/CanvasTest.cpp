@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/engine/graphics/Pictures.h"
+
 namespace zel {
 
 namespace {
@@ -84,11 +86,7 @@ TEST(DrawBatch, KnowsTheSameFrameAgain) {
 class CanvasTest : public testing::Test {
 protected:
     CanvasTest() {
-        BitmapData data;
-        data.width = data.height = data.pictureWidth = data.pictureHeight = 4;
-        data.depth = 4;
-        data.pixels.assign(64, 255);
-        EXPECT_TRUE(picture.assign(std::move(data), "picture"));
+        EXPECT_TRUE(picture.assign(plainPicture(4, 4, 4, 255), "picture"));
         canvas.setRecorder(&list);
         canvas.clearWindow();
     }

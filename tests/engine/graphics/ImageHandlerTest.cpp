@@ -127,16 +127,6 @@ TEST_F(ImageHandlerTest, KeepsImagesUntilItIsCleared) {
     EXPECT_FALSE(handler.getQueue().hasWork());
 }
 
-TEST_F(ImageHandlerTest, ReportsWhatCannotBeLoaded) {
-    const zel::String file = folder.write("bad.zel", "no picture");
-    const LogCapture log;
-    EXPECT_FALSE(handler.loadBitmap(file));
-    EXPECT_FALSE(handler.loadBitmap(folder.path() + "/none.zel"));
-    EXPECT_TRUE(log.holds("Illegal ANY header"));
-    EXPECT_TRUE(log.holds("/none.zel does not exist"));
-    EXPECT_EQ(handler.getImage(file), nullptr);
-}
-
 TEST_F(ImageHandlerTest, TriesAndReportsEachNameOnce) {
     const zel::String broken = folder.write("broken.zel", "no picture");
     const zel::String none = folder.file("none.zel");
@@ -161,14 +151,7 @@ TEST_F(ImageHandlerTest, TriesAndReportsEachNameOnce) {
 /// An image of a bitmap of 8 x 4.
 class ImageTest : public testing::Test {
 protected:
-    ImageTest() {
-        zel::BitmapData data;
-        data.width = data.pictureWidth = 8;
-        data.height = data.pictureHeight = 4;
-        data.depth = 3;
-        data.pixels.assign(96, 0);
-        EXPECT_TRUE(bitmap.assign(data, "eight by four"));
-    }
+    ImageTest() { EXPECT_TRUE(bitmap.assign(plainPicture(8, 4, 3, 0), "eight by four")); }
     zel::Image image(const std::string& lines) const {
         return {bitmap, zel::parseImageIndex("image a\n" + lines, 0, 1).images.at(0)};
     }

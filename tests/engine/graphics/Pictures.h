@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/graphics/Bitmap.h"
+
 /// Numbers and texts as the bytes of a file, little-endian.
 class Bytes {
 public:
@@ -33,30 +35,52 @@ private:
 
 inline std::string zelFile(uint32_t width, uint32_t height, uint32_t bits, std::string_view pixels,
                            uint32_t offset = 16) {
-    return Bytes()
-        .text("ZG")
-        .u32(offset)
-        .u16(width)
-        .u16(height)
-        .u16(bits)
-        .u32(0)
-        .fill(offset - 16, '\x55')
-        .text(pixels);
+    Bytes header;
+    header.text("ZG").u32(offset).u16(width).u16(height).u16(bits).u32(0);
+    return header.fill(offset - 16, '\x55').text(pixels);
 }
 
 inline std::string bmpFile(int32_t width, int32_t height, uint32_t bits, std::string_view pixels,
                            uint32_t compression = 0) {
-    return Bytes()
-        .text("BM")
-        .u32(54 + static_cast<uint32_t>(pixels.size()))
-        .u32(0)
-        .u32(54)
-        .u32(40)
-        .u32(static_cast<uint32_t>(width))
-        .u32(static_cast<uint32_t>(height))
-        .u16(1)
-        .u16(bits)
-        .u32(compression)
-        .fill(20, '\0')
-        .text(pixels);
+    Bytes header;
+    header.text("BM").u32(54 + static_cast<uint32_t>(pixels.size())).u32(0).u32(54).u32(40);
+    header.u32(static_cast<uint32_t>(width)).u32(static_cast<uint32_t>(height)).u16(1).u16(bits);
+    return header.u32(compression).fill(20, '\0').text(pixels);
+}
+
+/// A picture in memory of which all bytes have that value.
+inline zel::BitmapData plainPicture(int32_t width, int32_t height, int32_t depth, uint8_t value) {
+    zel::BitmapData data;
+    data.width = data.pictureWidth = width;
+    data.height = data.pictureHeight = height;
+    data.depth = depth;
+    data.pixels.assign(data.rowSize() * static_cast<size_t>(height), value);
+    return data;
+}
+
+inline std::string fontBlock(uint32_t kind, const std::string& content) {
+    return Bytes().u8(kind).u32(static_cast<uint32_t>(content.size())).text(content);
+}
+
+/// A character of 8 by 9 at 10, 20 of its page, a pixel to the left and 3 down.
+inline std::string glyph(uint32_t code, uint32_t advance) {
+    Bytes bytes;
+    bytes.u32(code).u16(10).u16(20).u16(8).u16(9);
+    return bytes.u16(0xFFFF).u16(3).u16(advance).u8(0).u8(15);
+}
+
+inline std::string kerningPair(uint32_t first, uint32_t second, int32_t amount) {
+    return Bytes().u32(first).u32(second).u16(static_cast<uint32_t>(amount));
+}
+
+inline std::string fontFile(const std::string& glyphs, const std::string& kerning = "",
+                            const std::string& page = "page.zel", char version = 3) {
+    const std::string info = Bytes().u16(18).u8(0).u8(0).u16(100).u8(1).u32(0).u16(0).u8(2);
+    const std::string common = Bytes().u16(25).u16(17).u16(256).u16(128).u16(1).u8(1).u32(0);
+    std::string result = std::string("BMF") + version;
+    result += fontBlock(1, Bytes().text(info).zeroTerminated("seed"));
+    result += fontBlock(2, common);
+    result += fontBlock(3, Bytes().zeroTerminated(page));
+    result += fontBlock(4, glyphs);
+    return kerning.empty() ? result : result + fontBlock(5, kerning);
 }

@@ -19,9 +19,8 @@ FontDescription plainFont() {
     FontDescription font;
     font.lineHeight = 20;
     font.glyphIndex.assign(256, -1);
-    for (uint32_t code = 0; code < 256; ++code) {
-        const bool isThere = code >= 32 && code != '~';
-        if (!isThere)
+    for (uint32_t code = 32; code < 256; ++code) {
+        if (code == '~')
             continue;
         Glyph glyph{};
         glyph.id = code;

@@ -1,6 +1,7 @@
 // What is drawn of two screens while they fade into each other.
 #include <algorithm>
 #include <fstream>
+#include <numeric>
 
 #include <gtest/gtest.h>
 
@@ -30,14 +31,12 @@ std::string screen(const char* definitions, const char* entering) {
            entering + "onenter:\naddwidget b\nsetlocalflag entered on\n";
 }
 
-int32_t alphaOf(const Canvas::Record& record) { return static_cast<int32_t>(record.argb >> 24); }
-
 /// Two screens, A and B, that begin with A; and what each frame of the fade draws.
 class Fade : public testing::Test {
 protected:
     void start(const char* list, const std::string& a, const std::string& b) {
         driver = std::make_unique<ScreenDriver>(
-            std::initializer_list<ScreenDriver::Script>{{"A", a.c_str()}, {list, b.c_str()}});
+            std::initializer_list<ScreenDriver::Script>{{"A", a}, {list, b}});
         for (const char* name : {"desk", "lamp", "plate", "papersA", "papersB"})
             std::ofstream(name, std::ios::binary) << zelFile(1, 1, 24, "dot");
         ASSERT_TRUE(driver->untilIdle("A"));
@@ -65,17 +64,19 @@ protected:
     std::unique_ptr<ScreenDriver> driver;
 };
 
-/// The alphas of all calls that draw the picture, in their order.
-std::vector<int32_t> alphas(const std::vector<Canvas::Record>& frame, const char* picture) {
-    std::vector<int32_t> found;
+using Alphas = std::vector<int32_t>;
+
+/// The alphas of all calls that draw a picture whose name begins so, in their order.
+Alphas alphas(const std::vector<Canvas::Record>& frame, std::string_view picture) {
+    Alphas found;
     for (const Canvas::Record& record : frame) {
-        if (record.name == picture)
-            found.push_back(alphaOf(record));
+        if (record.name.rfind(picture, 0) == 0)
+            found.push_back(static_cast<int32_t>(record.argb >> 24));
     }
     return found;
 }
 
-using Alphas = std::vector<int32_t>;
+int32_t sum(const Alphas& values) { return std::accumulate(values.begin(), values.end(), 0); }
 
 } // namespace
 
@@ -91,17 +92,9 @@ TEST_F(Fade, LeavesTheSharedDeskAlone) {
                 EXPECT_EQ(alphas(frame, "lamp"), Alphas{255}) << list << " to " << target;
                 EXPECT_EQ(frame.front().name, "desk") << list << " to " << target;
                 EXPECT_EQ(frame.back().name, "lamp") << list << " to " << target;
-                int32_t papers = 0;
-                for (const Canvas::Record& record : frame)
-                    papers +=
-                        record.name == "papersA" || record.name == "papersB" ? alphaOf(record) : 0;
-                EXPECT_EQ(papers, 255) << "one goes as the other comes";
-                int32_t buttons = 0;
-                for (const int32_t alpha : alphas(frame, "plate"))
-                    buttons += alpha;
-                EXPECT_EQ(buttons, 255) << "widgets as well";
-                const Alphas now = alphas(frame, *target == 'A' ? "papersA" : "papersB");
-                coming.push_back(now.empty() ? 0 : now.front());
+                EXPECT_EQ(sum(alphas(frame, "papers")), 255) << "one goes as the other comes";
+                EXPECT_EQ(sum(alphas(frame, "plate")), 255) << "widgets as well";
+                coming.push_back(sum(alphas(frame, std::string("papers") + target)));
             }
             EXPECT_TRUE(std::is_sorted(coming.begin(), coming.end())) << list << " to " << target;
             EXPECT_LT(coming.front(), 64);
@@ -133,8 +126,7 @@ TEST_F(Fade, BringsUpUnsharedPicturesOverTheOldOnes) {
     std::vector<int32_t> coming;
     for (const std::vector<Canvas::Record>& frame : fadeTo("B")) {
         EXPECT_EQ(alphas(frame, "papersA"), Alphas{255});
-        const Alphas now = alphas(frame, "papersB");
-        coming.push_back(now.empty() ? 0 : now.front());
+        coming.push_back(sum(alphas(frame, "papersB")));
     }
     EXPECT_TRUE(std::is_sorted(coming.begin(), coming.end()));
     EXPECT_GT(coming.back(), 191);

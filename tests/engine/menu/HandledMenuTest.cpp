@@ -63,43 +63,33 @@ void attach(const char* who, const char* menuName) {
     ZelLoop::registerPersistent(std::make_unique<Witness>(who, menuName));
 }
 
-constexpr const char* Screen = R"(
-init:
-layout.definelayout l
-layout.definewidget b button
-layout.definewidgetposition 100 100
-layout.definewidgetsize 100 40
-layout.definewidget go button
-layout.definewidgetposition 100 200
-layout.definewidgetsize 100 40
-layout.definetextarea title
-layout.definetextareasize 10 10
-setlayout l
-
-onenter:
-addwidget b "text" Nowhere
-addwidget go " " B
-addtextarea title "by script"
-
-onhit go:
-setlocalstring order hit
-settransition A
-
-onevent:
-setlocalstring event seen
-)";
+const std::string Screen = scriptOf({{"b", "button", {100, 100, 100, 40}, "\"text\" Nowhere"},
+                                     {"go", "button", {100, 200, 100, 40}, "\" \" B"},
+                                     {"title", "textarea", {0, 0, 10, 10}, "\"by script\""}}) +
+                           "onhit go:\nsetlocalstring order hit\nsettransition A\n"
+                           "onevent:\nsetlocalstring event seen\n";
+constexpr const char* Empty = "init:\n";
 
 using Calls = std::vector<std::string>;
 
 class HandledMenuTest : public testing::Test {
 protected:
     HandledMenuTest() { calls().clear(); }
+    void start(const std::string& a, const std::string& b = Empty) {
+        driver = std::make_unique<ScreenDriver>(
+            std::initializer_list<ScreenDriver::Script>{{"A", a}, {"B", b}, {"C", Empty}});
+        ASSERT_TRUE(driver->untilIdle("A"));
+        menu = &driver->menu();
+    }
+
+    Listener listener; // beyond the driver's end
+    std::unique_ptr<ScreenDriver> driver;
+    HandledMenu* menu = nullptr; // A
 };
 
 } // namespace
 
 TEST_F(HandledMenuTest, TellsExtensionsInOrder) {
-    Listener listener;
     whenMenusAreLoaded() = [&] {
         attach("first", "A");
         attach("all", "");
@@ -107,110 +97,77 @@ TEST_F(HandledMenuTest, TellsExtensionsInOrder) {
         attach("lost", "NoSuchMenu");
         MenuEventHandler::addListener("A", &listener);
     };
-    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
+    start(Screen);
     EXPECT_EQ(calls(),
               (Calls{"first onFirstEnter A", "all onFirstEnter A", "second onFirstEnter A",
                      "first onEnter A", "all onEnter A", "second onEnter A", "first reset A",
                      "all reset A", "second reset A", "listener entered A", "first onEntered A",
                      "all onEntered A", "second onEntered A"}));
+    EXPECT_EQ(driver->text("title"), "by code") << "reset() comes after onEnter()";
+    EXPECT_FALSE(driver->widget("b")->isActive());
     calls().clear();
-    driver.press("go");
-    ASSERT_TRUE(driver.untilIdle("B"));
+    driver->press("go");
+    ASSERT_TRUE(driver->untilIdle("B"));
     EXPECT_EQ(calls(),
               (Calls{"listener event A", "first onEvent go A", "all onEvent go A",
                      "second onEvent go A", "first onLeaving A", "all onLeaving A",
                      "second onLeaving A", "all onFirstEnter B", "all onEnter B", "all reset B",
                      "first onLeave A", "all onLeave A", "second onLeave A", "all onEntered B"}));
-    EXPECT_EQ(driver.log.linesWith("Requested state NoSuchMenu is unknown"), 1);
-}
-
-TEST_F(HandledMenuTest, KeepsWhatCodeDidInOnEnter) {
-    whenMenusAreLoaded() = [] { attach("code", "A"); };
-    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    EXPECT_EQ(driver.text("title"), "by code") << "reset() comes after onEnter()";
-    EXPECT_FALSE(driver.widget("b")->isActive());
+    EXPECT_EQ(driver->log.linesWith("Requested state NoSuchMenu is unknown"), 1);
 }
 
 TEST_F(HandledMenuTest, RunsTheSectionThenTheTransition) {
-    ScreenDriver driver({{"A", Screen}, {"B", "onenter:\nsettransition A\nsettransition A\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    HandledMenu& menu = driver.menu();
-    driver.press("go");
-    EXPECT_EQ(menu.getLocalString("order"), "hit");
-    EXPECT_EQ(menu.getLocalString("event"), "seen");
+    start(Screen, "onenter:\nsettransition A\nsettransition A\n");
+    driver->press("go");
+    EXPECT_EQ(menu->getLocalString("order"), "hit");
+    EXPECT_EQ(menu->getLocalString("event"), "seen");
     EXPECT_EQ(StatesMachine::getInstance().getActiveState()->getName(), "B")
         << "the widget's change is immediate, the script's request waits and is lost";
-    EXPECT_TRUE(driver.untilIdle("A"));
-    EXPECT_TRUE(menu.getWidgets().count("go") == 1) << "the widgets came anew";
+    EXPECT_TRUE(driver->untilIdle("A"));
+    EXPECT_TRUE(menu->getWidgets().count("go") == 1) << "the widgets came anew";
 }
 
 TEST_F(HandledMenuTest, LosesItsElementsOnLeave) {
-    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    HandledMenu& menu = driver.menu();
-    EXPECT_TRUE(HighLevelScheduler::getInstance().hasTask(&menu));
-    driver.press("go");
-    EXPECT_EQ(menu.getWidgets().size(), 2U) << "still there while it fades";
-    ASSERT_TRUE(driver.untilIdle("B"));
-    EXPECT_TRUE(menu.getWidgets().empty());
-    EXPECT_TRUE(menu.getTextAreas().empty());
+    start(Screen);
+    EXPECT_TRUE(HighLevelScheduler::getInstance().hasTask(menu));
+    driver->press("go");
+    EXPECT_EQ(menu->getWidgets().size(), 2U) << "still there while it fades";
+    ASSERT_TRUE(driver->untilIdle("B"));
+    EXPECT_TRUE(menu->getWidgets().empty());
+    EXPECT_TRUE(menu->getTextAreas().empty());
 }
 
 TEST_F(HandledMenuTest, StartsAfreshWhenAFadeWasOvertaken) {
-    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}, {"C", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
+    start(Screen);
     StatesMachine& machine = StatesMachine::getInstance();
-    driver.menu().setText("b", "old");
+    menu->setText("b", "old");
     machine.setActiveState(machine.getState("B"));
     for (int32_t frame = 0; frame < 5; ++frame)
-        driver.step();
+        driver->step();
     machine.setActiveState(machine.getState("C")); // A is dropped without onLeave()
-    ASSERT_TRUE(driver.untilIdle("C"));
+    ASSERT_TRUE(driver->untilIdle("C"));
     machine.setActiveState(machine.getState("A"));
-    ASSERT_TRUE(driver.untilIdle("A"));
-    EXPECT_EQ(driver.text("b"), "text");
-    EXPECT_EQ(driver.log.linesWith("already exists"), 0);
+    ASSERT_TRUE(driver->untilIdle("A"));
+    EXPECT_EQ(driver->text("b"), "text");
+    EXPECT_EQ(driver->log.linesWith("already exists"), 0);
 }
 
 TEST_F(HandledMenuTest, SurvivesWidgetsThatRemoveThemselves) {
-    ScreenDriver driver({{"A", R"(
-init:
-layout.definelayout l
-layout.definewidget a button
-layout.definewidgetsize 100 40
-layout.definewidget b button
-layout.definewidgetposition 300 0
-layout.definewidgetsize 100 40
-setlayout l
-
-onenter:
-addwidget a
-addwidget b " " B
-
-onhit a:
-removewidget a
-removewidget missing
-
-onhit b:
-clearwidgets
-)"},
-                         {"B", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    driver.press("a");
-    EXPECT_EQ(driver.widget("a"), nullptr);
+    start(scriptOf(
+              {{"a", "button", {0, 0, 100, 40}}, {"b", "button", {300, 0, 100, 40}, "\" \" B"}}) +
+          "onhit a:\nremovewidget a\nremovewidget missing\nonhit b:\nclearwidgets\n");
+    driver->press("a");
+    EXPECT_EQ(driver->widget("a"), nullptr);
     EXPECT_EQ(Widget::lastWidgetHit, nullptr);
-    EXPECT_TRUE(driver.log.holds("removewidget of unknown widget missing"));
-    EXPECT_TRUE(driver.menu().hitWidget("b"));
-    EXPECT_TRUE(driver.untilIdle("B")) << "its transition is followed all the same";
+    EXPECT_TRUE(driver->log.holds("removewidget of unknown widget missing"));
+    EXPECT_TRUE(menu->hitWidget("b"));
+    EXPECT_TRUE(driver->untilIdle("B")) << "its transition is followed all the same";
 }
 
 TEST_F(HandledMenuTest, SaysWhyAnElementCannotBeMade) {
-    ScreenDriver driver({{"A", "onenter:\naddwidget x\naddtextarea y\nlayout.definelayout L\n"
-                               "layout.definewidget x\nsetlayout l\naddwidget x\naddwidget x\n"
-                               "addwidget z\naddtextarea z\nsetlayout none\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
+    start("onenter:\naddwidget x\naddtextarea y\nlayout.definelayout L\n"
+          "layout.definewidget x\nsetlayout l\naddwidget x\naddwidget x\n"
+          "addwidget z\naddtextarea z\nsetlayout none\n");
     for (const char* line :
          {"[Menu] No layout set in state A before creating widget x",
           "[StandardMenu] Failed to create Widget x",
@@ -219,45 +176,29 @@ TEST_F(HandledMenuTest, SaysWhyAnElementCannotBeMade) {
           "[Menu] Widget z does not exist in layout L",
           "[Menu] TextArea z does not exist in layout L", "[Menu] Layout identifier unknown",
           "[StandardMenu] Added widget=x text= transition="})
-        EXPECT_TRUE(driver.log.holds(line)) << line;
+        EXPECT_TRUE(driver->log.holds(line)) << line;
 }
 
 TEST_F(HandledMenuTest, RunsAOneLineSectionOnce) {
-    ScreenDriver driver({{"A", "init:\nonenter:\nsetlocalflag entered on\n"}, {"B", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    HandledMenu& menu = driver.menu();
-    EXPECT_TRUE(menu.getLocalFlag("entered"));
-    menu.setLocalFlag("entered", false);
-    menu.onEnter();
-    EXPECT_FALSE(menu.getLocalFlag("entered")) << "its answer says that there is no section";
+    start("init:\nonenter:\nsetlocalflag entered on\n");
+    EXPECT_TRUE(menu->getLocalFlag("entered"));
+    menu->setLocalFlag("entered", false);
+    menu->onEnter();
+    EXPECT_FALSE(menu->getLocalFlag("entered")) << "its answer says that there is no section";
 }
 
 TEST_F(HandledMenuTest, KeepsElementsOverAPause) {
-    ScreenDriver driver({{"A", Screen}, {"B", "init:\n"}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    driver.menu().setText("b", "changed");
-    driver.widget("b")->setActive(false);
+    start(Screen);
+    menu->setText("b", "changed");
+    driver->widget("b")->setActive(false);
     ZelLoop::onPause();
     ZelLoop::onContinue();
-    EXPECT_EQ(driver.text("b"), "changed");
-    EXPECT_FALSE(driver.widget("b")->isActive());
-    EXPECT_EQ(driver.widget("go")->getTransition(), "B");
-    driver.key(KeyTab);
-    ASSERT_TRUE(driver.widget("go")->isFocused());
+    EXPECT_EQ(driver->text("b"), "changed");
+    EXPECT_FALSE(driver->widget("b")->isActive());
+    EXPECT_EQ(driver->widget("go")->getTransition(), "B");
+    driver->key(KeyTab);
+    ASSERT_TRUE(driver->widget("go")->isFocused());
     ZelLoop::onPause();
     ZelLoop::onContinue();
-    EXPECT_TRUE(driver.widget("go")->isFocused()) << "as the keyboard believes";
-}
-
-TEST_F(HandledMenuTest, LeavesNothingBehind) {
-    for (int32_t round = 0; round < 2; ++round) {
-        whenMenusAreLoaded() = [] { attach("code", "A"); };
-        calls().clear();
-        ScreenDriver driver({{"A", Screen}, {"B", "init:\nsetglobalflag g on\n"}});
-        ASSERT_TRUE(driver.untilIdle("A"));
-        EXPECT_EQ(calls().size(), 4U) << "no extension of the loop before hears it";
-        EXPECT_EQ(driver.log.linesWith("is unknown"), 0);
-    }
-    ScreenDriver driver({{"A", "init:\n"}});
-    EXPECT_FALSE(HandledMenu::getMenus()[0]->getGlobalFlag("g"));
+    EXPECT_TRUE(driver->widget("go")->isFocused()) << "as the keyboard believes";
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/graphics/Bitmap.h"
 #include "engine/menu/LayoutHandler.h"
+#include "tests/engine/graphics/Pictures.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TemporaryFolder.h"
@@ -25,24 +25,20 @@ constexpr std::string_view GoodIndex = "layout main\r\n"
 
 /// A picture out of letters, the top line first: r, g, b are colours, "." is transparent.
 BitmapData painted(const std::vector<std::string>& lines) {
-    BitmapData data;
-    data.width = data.pictureWidth = static_cast<int32_t>(lines.front().size());
-    data.height = data.pictureHeight = static_cast<int32_t>(lines.size());
-    data.depth = 4;
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line) {
-        for (const char letter : *line) {
-            data.pixels.push_back(letter == 'r' ? 255 : 0);
-            data.pixels.push_back(letter == 'g' ? 255 : 0);
-            data.pixels.push_back(letter == 'b' ? 255 : 0);
-            data.pixels.push_back(letter == '.' ? 0 : 255);
-        }
+    const auto height = static_cast<int32_t>(lines.size());
+    BitmapData data = plainPicture(static_cast<int32_t>(lines.front().size()), height, 4, 0);
+    for (int32_t y = 0; y < height; ++y) {
+        uint8_t* byte = data.line(y);
+        for (const char letter : lines[static_cast<size_t>(y)])
+            for (const char channel : {'r', 'g', 'b', '.'})
+                *byte++ = (letter == channel) != (channel == '.') ? 255 : 0;
     }
     return data;
 }
 
-std::vector<int32_t> numbers(const PaintedBox& box) {
-    return {box.place.x, box.place.y, box.place.width, box.place.height};
-}
+using Numbers = std::vector<int32_t>;
+
+Numbers numbers(const Place& place) { return {place.x, place.y, place.width, place.height}; }
 
 } // namespace
 
@@ -69,12 +65,12 @@ TEST(LayoutIndex, TellsFaultsAndGoesOn) {
                                                "x.idx");
     EXPECT_EQ(index.elements.size(), 2U);
     EXPECT_FALSE(index.elements[0].color);
-    EXPECT_TRUE(log.holds("!! ") && log.holds("[LayoutHandler] loadLayout index x.idx pickcolor "
-                                              "without element"));
-    EXPECT_TRUE(log.holds("loadLayout index x.idx pickcolor must start with #"));
-    EXPECT_TRUE(log.holds("loadLayout index x.idx pickcolor expects # with a 6-digit hex"));
-    EXPECT_TRUE(log.holds("Unknown line align up"));
-    EXPECT_TRUE(log.holds("Unknown line nonsense"));
+    for (const char* line :
+         {"!! ", "[LayoutHandler] loadLayout index x.idx pickcolor without element",
+          "loadLayout index x.idx pickcolor must start with #",
+          "loadLayout index x.idx pickcolor expects # with a 6-digit hex", "Unknown line align up",
+          "Unknown line nonsense"})
+        EXPECT_TRUE(log.holds(line)) << line;
 }
 
 TEST(LayoutIndex, GivesNothingToARefusedElement) {
@@ -91,24 +87,15 @@ TEST(LayoutIndex, GivesNothingToARefusedElement) {
     EXPECT_EQ(log.linesWith("Unknown line scrollin 7 8 9"), 1);
 }
 
-TEST(LayoutIndex, ReadsACutFile) {
-    const LogCapture log;
-    for (size_t length = 0; length <= GoodIndex.size(); ++length) {
-        const LayoutIndex index = parseLayoutIndex(GoodIndex.substr(0, length), "cut");
-        EXPECT_LE(index.elements.size(), 2U) << length;
-        EXPECT_LE(index.width, 1024) << length;
-    }
-}
-
 TEST(LayoutImage, FindsBoxesFromTheUpperLeftCorner) {
     const BitmapData data = painted({"........", ".rr.....", ".rr..g..", ".....r..", ".....bb."});
     const std::vector<PaintedBox> boxes =
         findBoxes(data, {0xFF0000, 0x00FF00, 0x0000FF, 0xFF0000, 0x123456, 0x000000});
-    using Numbers = std::vector<int32_t>;
-    EXPECT_EQ(numbers(boxes[0]), (Numbers{1, 1, 5, 3}));
-    EXPECT_EQ(numbers(boxes[1]), (Numbers{5, 2, 1, 1})) << "one pixel is one by one";
-    EXPECT_EQ(numbers(boxes[2]), (Numbers{5, 4, 2, 1}));
-    EXPECT_EQ(numbers(boxes[3]), numbers(boxes[0])) << "a shared colour gives the same box";
+    EXPECT_EQ(numbers(boxes[0].place), (Numbers{1, 1, 5, 3}));
+    EXPECT_EQ(numbers(boxes[1].place), (Numbers{5, 2, 1, 1})) << "one pixel is one by one";
+    EXPECT_EQ(numbers(boxes[2].place), (Numbers{5, 4, 2, 1}));
+    EXPECT_EQ(numbers(boxes[3].place), numbers(boxes[0].place))
+        << "a shared colour gives the same box";
     EXPECT_FALSE(boxes[4].isFound);
     EXPECT_FALSE(boxes[5].isFound) << "transparent black is no colour";
 }
@@ -123,9 +110,8 @@ TEST(LayoutImage, TellsWhatIsMissing) {
     handler.defineLayout("Main");
     handler.loadLayout(folder.file("none.png"));
     EXPECT_TRUE(log.holds("loadLayout image " + folder.file("none.png") + " failed: "));
-    // A 24-bit bitmap of 2 by 1: a red and a green pixel, the row padded to 8 bytes.
-    std::string bitmap("BM\x3e\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\1\0\0\0\1\0\x18\0", 30);
-    bitmap += std::string(24, '\0') + std::string("\0\0\xff\0\xff\0\0\0", 8);
+    // A red and a green pixel, the row padded to 8 bytes.
+    const std::string bitmap = bmpFile(2, 1, 24, std::string_view("\0\0\xff\0\xff\0\0\0", 8));
     const std::string image = folder.write("two.bmp", bitmap);
     handler.loadLayout(image);
     EXPECT_TRUE(log.holds("loadLayout index " + folder.file("two.idx") + " failed"));
@@ -137,9 +123,7 @@ TEST(LayoutImage, TellsWhatIsMissing) {
     const Layout* layout = handler.find("main");
     ASSERT_NE(layout, nullptr);
     ASSERT_EQ(layout->widgets.count("b"), 1U);
-    const Place place = layout->widgets.at("b").place;
-    EXPECT_EQ(place.x, 10) << "20 design pixels over 2 of the image";
-    EXPECT_EQ(place.width, 10);
-    EXPECT_EQ(place.height, 30);
+    EXPECT_EQ(numbers(layout->widgets.at("b").place), (Numbers{10, 0, 10, 30}))
+        << "20 design pixels over 2 of the image";
     LayoutHandler::release();
 }

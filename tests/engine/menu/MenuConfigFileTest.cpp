@@ -33,7 +33,11 @@ TEST(MenuConfigFile, ReportsWithTheLineOfTheFile) {
                      "layout.definelayout",
                      "Syntax Error: 7 layout.definelayout", "Syntax Error: 8 \"\""}));
     EXPECT_EQ(driver.faults[0].file, "Menus/A.ini");
-    EXPECT_TRUE(HandledMenu::getMenus()[0]->getLocalFlag("X")) << "the good line ran";
+    HandledMenu& menu = *HandledMenu::getMenus()[0];
+    EXPECT_TRUE(menu.getLocalFlag("X")) << "the good line ran";
+    menu.getScript().executeLine("nonsense 1", &menu);
+    EXPECT_EQ(driver.faults.back().text, "Syntax Error: nonsense 1") << "a line of no section";
+    EXPECT_EQ(driver.faults.back().line, "");
 }
 
 TEST(MenuConfigFile, NamesTheWordThatIsWrong) {
@@ -90,7 +94,7 @@ TEST(MenuConfigFile, JoinsIncludedFiles) {
         folder.write("sections.inc", "setlocalstring b head\nother:\nsetlocalstring c other\n");
     const std::string script = "init:\ninclude " + block + "\ninclude " + sections +
                                "\nsetlocalstring d behind\ninclude none.inc\n";
-    ScreenDriver driver({{"A", script.c_str()}});
+    ScreenDriver driver({{"A", script}});
     HandledMenu& menu = *HandledMenu::getMenus()[0];
     EXPECT_EQ(menu.getLocalString("a"), "block");
     EXPECT_EQ(menu.getLocalString("b"), "head");
@@ -128,52 +132,27 @@ TEST(MenuConfigFile, TellsOfLinesBeyondTheMost) {
     EXPECT_EQ(driver.log.linesWith("long has more than 100000 lines; the rest is dropped"), 1);
 }
 
-TEST(MenuConfigFile, ReportsALineOutsideOfSections) {
-    ScreenDriver driver({{"A", "init:\n"}});
-    HandledMenu& menu = *HandledMenu::getMenus()[0];
-    menu.getScript().executeLine("nonsense 1", &menu);
-    ASSERT_EQ(driver.faults.size(), 1U);
-    EXPECT_EQ(driver.faults[0].text, "Syntax Error: nonsense 1");
-    EXPECT_EQ(driver.faults[0].line, "");
-}
-
-TEST(MenuConfigFile, ReadsACutScript) {
-    const std::string script = "include Menus/A.ini\ninit:\n@tablet addwidget \"a b\"\n"
-                               "layout.definelayout x\nonhit ok:\nsettransition A\n";
-    ScreenDriver driver({{"A", "init:\n"}});
-    HandledMenu& menu = *HandledMenu::getMenus()[0];
-    for (size_t length = 0; length <= script.size(); ++length) {
-        MenuConfigFile file;
-        file.loadText(std::string_view(script).substr(0, length), "cut");
-        for (const MenuConfigFile::Section& section : file.getSections()) {
-            EXPECT_LT(section.last, static_cast<int32_t>(file.getLines().size()));
-            file.executeSection(section.name, &menu);
-        }
-    }
-}
-
 TEST(MenuConfigFile, KeepsVariablesInThePreferences) {
     ScreenDriver driver({{"A", "init:\nsetlocalflag F on\nsetglobalstring S \"two words\"\n"
-                               "setglobalflag g yes\nsetlocalstring l here\n"}});
+                               "setglobalflag g yes\nsetlocalstring l here\n"
+                               "store:\nstorelocalflag f\nstoreglobalstring S\n"
+                               "storeglobalflag G\nstorelocalstring L\n"
+                               "change:\nsetlocalflag f off\nsetglobalflag g off\n"
+                               "setglobalstring s changed\nsetlocalstring l gone\n"
+                               "restore:\nrestorelocalflag F\nrestoreglobalflag g\n"
+                               "restoreglobalstring s\nrestorelocalstring l\n"
+                               "setlocalflag never on\nrestorelocalflag never\n"}});
     HandledMenu& menu = *HandledMenu::getMenus()[0];
-    const auto run = [&](const char* line) { menu.getScript().executeLine(line, &menu); };
-    for (const char* line : {"storelocalflag f", "storeglobalstring S", "storeglobalflag G",
-                             "storelocalstring L", "setlocalflag f off", "setglobalflag g off",
-                             "setglobalstring s changed", "setlocalstring l gone"})
-        run(line);
+    menu.getScript().executeSection("store", &menu);
+    menu.getScript().executeSection("change", &menu);
     EXPECT_FALSE(menu.getLocalFlag("f"));
-    run("restorelocalflag F");
-    run("restoreglobalflag g");
-    run("restoreglobalstring s");
-    run("restorelocalstring l");
+    menu.getScript().executeSection("restore", &menu);
     EXPECT_TRUE(menu.getLocalFlag("f"));
     EXPECT_TRUE(menu.getGlobalFlag("g"));
     EXPECT_EQ(menu.getGlobalString("s"), "two words");
     EXPECT_EQ(menu.getLocalString("l"), "here");
-    run("setlocalflag never on");
-    run("restorelocalflag never");
     EXPECT_TRUE(menu.getLocalFlag("never")) << "an absent key changes nothing";
-    EXPECT_TRUE(driver.log.holds("d  ") && driver.log.holds("[MenuConfigFile] setLocalFlag f to "
-                                                            "true"));
-    EXPECT_TRUE(driver.log.holds("setGlobalString s to two words"));
+    for (const char* line :
+         {"d  ", "[MenuConfigFile] setLocalFlag f to true", "setGlobalString s to two words"})
+        EXPECT_TRUE(driver.log.holds(line)) << line;
 }

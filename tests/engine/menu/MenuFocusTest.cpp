@@ -12,47 +12,14 @@ using namespace zel;
 namespace {
 
 // Two columns: a over c on the left, b over d on the right; a label and an input below.
-constexpr const char* Grid = R"(
-init:
-layout.definelayout l
-layout.definewidget a button
-layout.definewidgetposition 100 100
-layout.definewidgetsize 100 40
-layout.definewidget b button
-layout.definewidgetposition 300 100
-layout.definewidgetsize 100 40
-layout.definewidget c button
-layout.definewidgetposition 100 200
-layout.definewidgetsize 100 40
-layout.definewidget d button
-layout.definewidgetposition 300 200
-layout.definewidgetsize 100 40
-layout.definewidget label widget
-layout.definewidgetposition 100 300
-layout.definewidgetsize 100 40
-layout.definewidget name textinput
-layout.definewidgetposition 100 400
-layout.definewidgetsize 100 40
-layout.definewidget menuBack button
-layout.definewidgetposition 100 700
-layout.definewidgetsize 100 40
-setlayout l
-
-onenter:
-addwidget a
-addwidget b
-addwidget c
-addwidget d
-addwidget label
-addwidget name
-addwidget menuBack " " B
-
-onhit a:
-setlocalstring hit a
-
-onhit d:
-setlocalstring hit d
-)";
+const std::string Grid = scriptOf({{"a", "button", {100, 100, 100, 40}},
+                                   {"b", "button", {300, 100, 100, 40}},
+                                   {"c", "button", {100, 200, 100, 40}},
+                                   {"d", "button", {300, 200, 100, 40}},
+                                   {"label", "widget", {100, 300, 100, 40}},
+                                   {"name", "textinput", {100, 400, 100, 40}},
+                                   {"menuBack", "button", {100, 700, 100, 40}, "\" \" B"}}) +
+                         "onhit a:\nsetlocalstring hit a\nonhit d:\nsetlocalstring hit d\n";
 
 class MenuFocusTest : public testing::Test {
 protected:

@@ -1,5 +1,6 @@
 // docs/menu-scripts.md against the interpreter: what it shows runs, and it shows every command.
 #include <fstream>
+#include <regex>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -15,14 +16,12 @@ using Lines = std::vector<std::string>;
 
 /// The examples of a table's row: what stands in backticks in its second cell.
 Lines examplesOf(const std::string& row) {
-    Lines examples;
+    static const std::regex quoted("`([^`]*)`");
     const size_t begin = row.find(" | ");
-    const size_t end = row.find(" |", begin + 1);
-    for (size_t at = row.find('`', begin); at < end; at = row.find('`', at)) {
-        const size_t close = row.find('`', at + 1);
-        examples.push_back(row.substr(at + 1, close - at - 1));
-        at = close + 1;
-    }
+    const std::string cell = row.substr(begin, row.find(" |", begin + 1) - begin);
+    Lines examples;
+    for (std::sregex_iterator at(cell.begin(), cell.end(), quoted), end; at != end; ++at)
+        examples.push_back((*at)[1]);
     return examples;
 }
 

@@ -1,7 +1,5 @@
 #include "tests/engine/menu/ScreenDriver.h"
 
-#include <SDL.h>
-
 #include "engine/core/Clock.h"
 #include "engine/core/Platform.h"
 #include "engine/core/Registry.h"
@@ -11,6 +9,7 @@
 #include "engine/menu/TextArea.h"
 #include "engine/menu/Widget.h"
 #include "tests/engine/menu/TestApp.h"
+#include "tests/engine/window/Events.h"
 
 namespace {
 
@@ -39,11 +38,27 @@ std::function<void()>& whenMenusAreLoaded() {
     return call;
 }
 
+std::string scriptOf(std::initializer_list<ScriptElement> elements) {
+    std::string script = "init:\nlayout.definelayout l\n";
+    std::string entering = "setlayout l\nonenter:\n";
+    for (const auto& [name, kind, place, added] : elements) {
+        const bool isText = std::string_view(kind) == "textarea";
+        const std::string element = isText ? "textarea" : "widget";
+        const std::string define = "layout.define" + element;
+        script += define + " " + name + (isText ? "" : std::string(" ") + kind) + "\n";
+        script += define + "position " + std::to_string(place.x) + " " + std::to_string(place.y);
+        script += "\n" + define + "size " + std::to_string(place.width) + " " +
+                  std::to_string(place.height) + "\n";
+        entering += "add" + element + " " + name + " " + added + "\n";
+    }
+    return script + entering;
+}
+
 ScreenDriver::ScreenDriver(std::initializer_list<Script> scripts) : log(LevelOfAll) {
     std::string list;
     for (const Script& script : scripts) {
-        list += std::string(script.menu) + "\n";
-        const std::string name = std::string(script.menu);
+        const std::string name = script.menu;
+        list += name + "\n";
         temporary.write("Menus/" + name.substr(0, name.find(' ')) + ".ini", script.text);
     }
     temporary.write("Menus/init.lst", list);
@@ -92,51 +107,31 @@ bool ScreenDriver::untilIdle(const char* state) {
     return false;
 }
 
-void ScreenDriver::moveTo(int32_t x, int32_t y) {
-    SDL_Event event{};
-    event.type = SDL_MOUSEMOTION;
-    event.motion.x = static_cast<Uint16>(x);
-    event.motion.y = static_cast<Uint16>(y);
-    send(event);
-}
+void ScreenDriver::moveTo(int32_t x, int32_t y) { send(motionEvent(x, y)); }
 
-void ScreenDriver::button(bool down) {
-    SDL_Event event{};
-    event.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-    event.button.button = SDL_BUTTON_LEFT;
-    send(event);
-}
+void ScreenDriver::button(bool down) { send(buttonEvent(SDL_BUTTON_LEFT, down)); }
 
 void ScreenDriver::wheel(bool up) {
-    SDL_Event event{};
-    event.button.button = up ? SDL_BUTTON_WHEELUP : SDL_BUTTON_WHEELDOWN;
-    for (const int type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
-        event.type = static_cast<Uint8>(type);
-        send(event);
+    for (const bool down : {true, false})
+        send(buttonEvent(up ? SDL_BUTTON_WHEELUP : SDL_BUTTON_WHEELDOWN, down));
+    step();
+}
+
+void ScreenDriver::press(const char* name) {
+    const zel::Place place = widget(name)->getPlacing().placeNow();
+    moveTo(place.x + place.width / 2, place.y + place.height / 2);
+    step();
+    for (const bool down : {true, false}) {
+        button(down);
+        step();
     }
     step();
 }
 
-void ScreenDriver::pressAtWindow(const char* name, int32_t offsetX) {
-    const zel::Place place = widget(name)->getPlacing().placeNow();
-    moveTo(offsetX + place.x + place.width / 2, place.y + place.height / 2);
-    step();
-    button(true);
-    step();
-    button(false);
-    step();
-    step();
-}
-
 void ScreenDriver::key(int32_t symbol, char character, bool shift) {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.keysym.sym = static_cast<SDLKey>(symbol);
-    event.key.keysym.unicode = static_cast<Uint8>(character);
-    event.key.keysym.mod = shift ? KMOD_LSHIFT : KMOD_NONE;
-    send(event);
-    event.type = SDL_KEYUP;
-    send(event);
+    const int32_t modifiers = shift ? KMOD_LSHIFT : KMOD_NONE;
+    for (const bool down : {true, false})
+        send(keyEvent(symbol, static_cast<Uint8>(character), down, modifiers));
     step();
 }
 

@@ -7,15 +7,28 @@
 
 #include "engine/core/ZelLoop.h"
 #include "engine/menu/HandledMenu.h"
+#include "engine/menu/Layout.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
+
+/// An element of a script that a test writes.
+struct ScriptElement {
+    const char* name;
+    const char* kind; // "textarea", or a kind of widgets
+    zel::Place place;
+    const char* added = ""; // what stands behind its name where it is added
+};
+
+/// A script of a layout "l" of these elements, which are added in this order: its last section is
+/// onenter.
+std::string scriptOf(std::initializer_list<ScriptElement> elements);
 
 /// Runs a menu program without a window, on a clock of its own, by the names of its widgets.
 class ScreenDriver {
 public:
     struct Script {
         const char* menu; // each becomes a line of the list, in this order
-        const char* text; // of Menus/NAME.ini
+        std::string text; // of Menus/NAME.ini
     };
     /// A program of these scripts alone, in a folder of its own.
     explicit ScreenDriver(std::initializer_list<Script> scripts);
@@ -33,9 +46,7 @@ public:
     void button(bool down);
     void wheel(bool up); // one step, and a frame
     /// Moves the pointer to the widget's middle, presses, releases: four frames.
-    void press(const char* widget) { pressAtWindow(widget, 0); }
-    /// The same in a window whose picture begins that many pixels from its left.
-    void pressAtWindow(const char* widget, int32_t offsetX);
+    void press(const char* widget);
     void key(int32_t symbol, char character = 0, bool shift = false);
 
     zel::HandledMenu& menu() const; // the active one

@@ -10,21 +10,12 @@
 #include "engine/menu/Widget.h"
 #include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/menu/ScreenDriver.h"
+#include "tests/engine/menu/TestApp.h"
 #include "tests/support/Printers.h"
 
 using namespace zel;
 
 namespace {
-
-std::string imageOf(const Widget& widget, WidgetLook look) {
-    const Image* image = widget.getImage(look);
-    return image != nullptr ? image->getName().c_str() : "";
-}
-
-void addPictures() {
-    for (const char* name : {"rest", "press", "own", "desk"})
-        std::ofstream(name, std::ios::binary) << zelFile(1, 1, 24, "dot");
-}
 
 constexpr const char* Styled = R"(
 onenter:
@@ -50,60 +41,71 @@ addwidget own
 addwidget other
 )";
 
+class ThemeTest : public testing::Test {
+protected:
+    void start(const char* script) {
+        driver = std::make_unique<ScreenDriver>(
+            std::initializer_list<ScreenDriver::Script>{{"A", script}});
+        for (const char* name : {"rest", "press", "own", "desk"})
+            std::ofstream(name, std::ios::binary) << zelFile(1, 1, 24, "dot");
+        ASSERT_TRUE(driver->untilIdle("A"));
+        menu = &driver->menu();
+    }
+    std::string image(const char* widget, WidgetLook look) const {
+        const Image* found = driver->widget(widget)->getImage(look);
+        return found != nullptr ? found->getName().c_str() : "";
+    }
+
+    std::unique_ptr<ScreenDriver> driver;
+    HandledMenu* menu = nullptr;
+};
+
 } // namespace
 
-TEST(Theme, FillsWhatTheLayoutLeavesOpen) {
-    ScreenDriver driver({{"A", Styled}});
-    addPictures();
-    ASSERT_TRUE(driver.untilIdle("A"));
-    EXPECT_EQ(driver.log.linesWith("[Menu] Theme identifier unknown"), 1);
-    EXPECT_EQ(driver.log.linesWith("[ThemeHandler] Added theme T"), 1);
-    EXPECT_EQ(driver.menu().getTheme()->name, "T") << "an unknown one changes nothing";
-    const Widget& plain = *driver.widget("plain");
-    EXPECT_EQ(imageOf(plain, LookActive), "rest");
-    EXPECT_EQ(imageOf(plain, LookDown), "press") << "a later word overrides all";
-    EXPECT_EQ(imageOf(*driver.widget("own"), LookActive), "own") << "the layout's goes first";
-    EXPECT_EQ(imageOf(*driver.widget("own"), LookOver), "rest");
-    EXPECT_EQ(imageOf(*driver.widget("other"), LookActive), "") << "another kind";
-    ASSERT_NE(driver.menu().getThemeBackground(), nullptr);
+TEST_F(ThemeTest, FillsWhatTheLayoutLeavesOpen) {
+    start(Styled);
+    EXPECT_EQ(driver->log.linesWith("[Menu] Theme identifier unknown"), 1);
+    EXPECT_EQ(driver->log.linesWith("[ThemeHandler] Added theme T"), 1);
+    EXPECT_EQ(menu->getTheme()->name, "T") << "an unknown one changes nothing";
+    EXPECT_EQ(image("plain", LookActive), "rest");
+    EXPECT_EQ(image("plain", LookDown), "press") << "a later word overrides all";
+    EXPECT_EQ(image("own", LookActive), "own") << "the layout's goes first";
+    EXPECT_EQ(image("own", LookOver), "rest");
+    EXPECT_EQ(image("other", LookActive), "") << "another kind";
+    ASSERT_NE(menu->getThemeBackground(), nullptr);
 }
 
-TEST(Theme, GivesAWidgetAnotherKind) {
-    ScreenDriver driver({{"A", Styled}});
-    addPictures();
-    ASSERT_TRUE(driver.untilIdle("A"));
-    Menu& menu = driver.menu();
+TEST_F(ThemeTest, GivesAWidgetAnotherKind) {
+    start(Styled);
     for (const char* name : {"plain", "own"}) {
-        Widget& widget = *driver.widget(name);
+        Widget& widget = *driver->widget(name);
         widget.setText("text");
         widget.setTransition("B");
         widget.setActive(false);
-        ASSERT_TRUE(menu.setWidgetKind(name, "Switch"));
+        ASSERT_TRUE(menu->setWidgetKind(name, "Switch"));
         EXPECT_EQ(widget.getText(), "text");
         EXPECT_EQ(widget.getTransition(), "B");
         EXPECT_FALSE(widget.isActive());
     }
-    EXPECT_EQ(imageOf(*driver.widget("plain"), LookActive), "press");
-    EXPECT_EQ(imageOf(*driver.widget("plain"), LookOver), "") << "nothing of the old kind stays";
-    EXPECT_EQ(imageOf(*driver.widget("own"), LookActive), "own") << "but what the layout says";
-    menu.onPause();
-    menu.onContinue();
-    EXPECT_EQ(imageOf(*driver.widget("plain"), LookActive), "press") << "over a pause too";
+    EXPECT_EQ(image("plain", LookActive), "press");
+    EXPECT_EQ(image("plain", LookOver), "") << "nothing of the old kind stays";
+    EXPECT_EQ(image("own", LookActive), "own") << "but what the layout says";
+    menu->onPause();
+    menu->onContinue();
+    EXPECT_EQ(image("plain", LookActive), "press") << "over a pause too";
 
-    EXPECT_FALSE(menu.setWidgetKind("plain", "nokind"));
-    EXPECT_FALSE(menu.setWidgetKind("nowidget", "button"));
-    EXPECT_TRUE(driver.log.holds("[Menu] setWidgetKind() to unknown kind nokind"));
-    EXPECT_TRUE(driver.log.holds("[Menu] setWidgetKind() of unknown widget nowidget"));
-    EXPECT_EQ(driver.widget("plain")->getKind(), "switch");
+    EXPECT_FALSE(menu->setWidgetKind("plain", "nokind"));
+    EXPECT_FALSE(menu->setWidgetKind("nowidget", "button"));
+    EXPECT_TRUE(driver->log.holds("[Menu] setWidgetKind() to unknown kind nokind"));
+    EXPECT_TRUE(driver->log.holds("[Menu] setWidgetKind() of unknown widget nowidget"));
+    EXPECT_EQ(driver->widget("plain")->getKind(), "switch");
 }
 
-TEST(Theme, TintsImages) {
-    ScreenDriver driver({{"A", Styled}});
-    addPictures();
-    ASSERT_TRUE(driver.untilIdle("A"));
+TEST_F(ThemeTest, TintsImages) {
+    start(Styled);
     std::vector<Canvas::Record> records;
     Canvas::getInstance().setRecorder(&records);
-    driver.menu().render();
+    menu->render();
     Canvas::getInstance().setRecorder(nullptr);
     ASSERT_GE(records.size(), 2U);
     EXPECT_EQ(records[0].target, (Rect{128, 0, 768, 768})) << "the background, its aspect kept";
@@ -113,7 +115,7 @@ TEST(Theme, TintsImages) {
     EXPECT_TRUE(isTinted);
 }
 
-TEST(Theme, TakesARegisteredOverlayFirst) {
+TEST_F(ThemeTest, TakesARegisteredOverlayFirst) {
     constexpr const char* Script = R"(
 onenter:
 theme.definetheme both
@@ -130,22 +132,20 @@ theme.definebackgroundmenuoverlay none
         void update() override {}
         void render() override {}
     };
-    ScreenDriver driver({{"A", Script}});
-    addPictures();
-    MenuOverlay* lamp = MenuOverlay::add(std::make_unique<Lamp>());
-    ASSERT_TRUE(driver.untilIdle("A"));
-    Menu& menu = driver.menu();
-    ASSERT_TRUE(menu.setTheme("both"));
-    EXPECT_EQ(menu.getThemeBackground(), lamp);
-    const StateOverlay* desk = menu.getThemeForeground();
+    MenuOverlay* lamp = nullptr;
+    whenMenusAreLoaded() = [&lamp] { lamp = MenuOverlay::add(std::make_unique<Lamp>()); };
+    start(Script);
+    ASSERT_TRUE(menu->setTheme("both"));
+    EXPECT_EQ(menu->getThemeBackground(), lamp);
+    const StateOverlay* desk = menu->getThemeForeground();
     EXPECT_NE(desk, nullptr) << "no overlay of that name: the image's";
-    ASSERT_TRUE(menu.setTheme("missing"));
-    EXPECT_NE(menu.getThemeBackground(), nullptr) << "the theme's image is still there";
-    EXPECT_NE(menu.getThemeBackground(), desk) << "without that one's option";
-    EXPECT_EQ(driver.log.linesWith("Did not find image none"), 1);
+    ASSERT_TRUE(menu->setTheme("missing"));
+    EXPECT_NE(menu->getThemeBackground(), nullptr) << "the theme's image is still there";
+    EXPECT_NE(menu->getThemeBackground(), desk) << "without that one's option";
+    EXPECT_EQ(driver->log.linesWith("Did not find image none"), 1);
 }
 
-TEST(Theme, StartsOver) {
+TEST(ThemeHandler, StartsOver) {
     const LogCapture log;
     ThemeHandler::release();
     ThemeHandler& handler = ThemeHandler::getInstance();

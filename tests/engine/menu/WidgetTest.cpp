@@ -13,27 +13,45 @@ using namespace zel;
 namespace {
 
 // A widget from 200, 100 to 300, 140: its right edge's first pixel outside is 300.
-constexpr const char* OneButton = R"(
-init:
-layout.definelayout l
-layout.definewidget b button
-layout.definewidgetposition 200 100
-layout.definewidgetsize 100 40
-layout.definewidget go button
-layout.definewidgetposition 500 100
-layout.definewidgetsize 100 40
-setlayout l
+const std::string OneButton =
+    scriptOf({{"b", "button", {200, 100, 100, 40}}, {"go", "button", {500, 100, 100, 40}}}) +
+    "setlocalstring hits none\nonhit b:\nsetlocalstring hits once\n";
 
-onenter:
-addwidget b
-addwidget go "" "<B"
-setlocalstring hits none
+class WidgetTest : public testing::Test {
+protected:
+    WidgetTest() { start(); }
+    void start() {
+        driver.reset();
+        driver = std::make_unique<ScreenDriver>(
+            std::initializer_list<ScreenDriver::Script>{{"A", OneButton}, {"B", "init:\n"}});
+        EXPECT_TRUE(driver->untilIdle("A"));
+        widget = driver->widget("b");
+    }
+    void steps(int32_t count) {
+        for (; count > 0; --count)
+            driver->step();
+    }
+    void moveTo(int32_t x) {
+        driver->moveTo(x, 120);
+        driver->step();
+    }
+    void button(bool down) {
+        driver->button(down);
+        driver->step();
+    }
+    /// Within one frame.
+    void tap() {
+        driver->moveTo(250, 120);
+        driver->button(true);
+        driver->button(false);
+    }
+    std::string hits() const { return screen().getLocalString("hits").c_str(); }
+    HandledMenu& screen() const { return *HandledMenu::getMenus()[0]; } // though it is left
 
-onhit b:
-setlocalstring hits once
-)";
-
-constexpr const char* Empty = "init:\n";
+    std::unique_ptr<ScreenDriver> driver;
+    StatesMachine& machine = StatesMachine::getInstance();
+    Widget* widget = nullptr;
+};
 
 enum Step { Move, Down, Up };
 
@@ -57,210 +75,137 @@ const std::vector<Gesture> Gestures = {
     {"drag out too far and back", {{Down, 250}, {Move, 400}, {Move, 250}, {Up, 250}}, false, false},
 };
 
-std::string hits(const ScreenDriver& driver) {
-    return driver.menu().getLocalString("hits").c_str();
-}
-
-void perform(ScreenDriver& driver, const Gesture& gesture) {
-    driver.moveTo(10, 10);
-    driver.step();
-    for (const auto& [step, x] : gesture.steps) {
-        driver.moveTo(x, 120);
-        driver.step();
-        if (step != Move)
-            driver.button(step == Down);
-        driver.step();
-    }
-}
-
 } // namespace
 
-TEST(Widget, AnswersTheMouse) {
+TEST_F(WidgetTest, AnswersTheMouse) {
     for (const Gesture& gesture : Gestures) {
-        ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-        ASSERT_TRUE(driver.untilIdle("A"));
-        perform(driver, gesture);
-        EXPECT_EQ(hits(driver), gesture.isHit ? "once" : "none") << gesture.what;
-        EXPECT_EQ(driver.widget("b")->isArmed(), gesture.isArmed) << gesture.what;
-        EXPECT_EQ(driver.widget("b")->wasHit(), gesture.isHit) << gesture.what;
+        start();
+        for (const auto& [step, x] : gesture.steps) {
+            moveTo(x);
+            if (step != Move)
+                driver->button(step == Down);
+            driver->step();
+        }
+        EXPECT_EQ(hits(), gesture.isHit ? "once" : "none") << gesture.what;
+        EXPECT_EQ(widget->isArmed(), gesture.isArmed) << gesture.what;
+        EXPECT_EQ(widget->wasHit(), gesture.isHit) << gesture.what;
     }
 }
 
-TEST(Widget, ShowsWhatIsDoneToIt) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    Widget& widget = *driver.widget("b");
-    EXPECT_EQ(widget.currentLook(), LookActive);
-    driver.moveTo(250, 120);
-    driver.step();
-    EXPECT_EQ(widget.currentLook(), LookOver);
-    driver.button(true);
-    driver.step();
-    EXPECT_EQ(widget.currentLook(), LookDown);
-    driver.button(false);
-    driver.step();
-    EXPECT_EQ(widget.currentLook(), LookDown) << "a hit one stays down";
-    EXPECT_EQ(Widget::lastWidgetHit, &widget);
-    widget.reset();
-    EXPECT_EQ(widget.currentLook(), LookActive);
-    widget.setActive(false);
-    driver.step();
-    EXPECT_EQ(widget.currentLook(), LookInactive);
-    EXPECT_FALSE(widget.isOver()) << "an inactive one is never over";
+TEST_F(WidgetTest, ShowsWhatIsDoneToIt) {
+    EXPECT_EQ(widget->currentLook(), LookActive);
+    moveTo(250);
+    EXPECT_EQ(widget->currentLook(), LookOver);
+    button(true);
+    EXPECT_EQ(widget->currentLook(), LookDown);
+    button(false);
+    EXPECT_EQ(widget->currentLook(), LookDown) << "a hit one stays down";
+    EXPECT_EQ(Widget::lastWidgetHit, widget);
+    widget->reset();
+    EXPECT_EQ(widget->currentLook(), LookActive);
+    widget->setActive(false);
+    driver->step();
+    EXPECT_EQ(widget->currentLook(), LookInactive);
+    EXPECT_FALSE(widget->isOver()) << "an inactive one is never over";
+    driver->press("b");
+    EXPECT_FALSE(widget->wasHit()) << "nor hit";
 }
 
-TEST(Widget, ForgetsEverythingWhenHidden) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    driver.moveTo(250, 120);
-    driver.button(true);
-    driver.step();
-    ASSERT_TRUE(driver.widget("b")->isArmed());
-    driver.widget("b")->setVisible(false);
-    driver.step();
-    driver.widget("b")->setVisible(true);
-    driver.button(false);
-    driver.step();
-    EXPECT_EQ(hits(driver), "none");
+TEST_F(WidgetTest, ForgetsEverythingWhenHidden) {
+    moveTo(250);
+    button(true);
+    ASSERT_TRUE(widget->isArmed());
+    widget->setVisible(false);
+    driver->step();
+    widget->setVisible(true);
+    button(false);
+    EXPECT_EQ(hits(), "none");
 }
 
-TEST(Widget, TakesATapBetweenTwoFrames) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    driver.moveTo(250, 120);
-    driver.button(true);
-    driver.button(false);
-    driver.step();
-    EXPECT_EQ(hits(driver), "once");
-    driver.menu().setLocalString("hits", "none");
-    driver.step();
-    driver.step();
-    EXPECT_EQ(hits(driver), "none") << "a tap counts once";
+TEST_F(WidgetTest, TakesATapBetweenTwoFrames) {
+    tap();
+    driver->step();
+    EXPECT_EQ(hits(), "once");
+    screen().setLocalString("hits", "none");
+    steps(2);
+    EXPECT_EQ(hits(), "none") << "a tap counts once";
 
-    driver.moveTo(250, 120);
-    driver.button(true);
-    driver.button(false);
-    driver.moveTo(10, 10);
-    driver.step();
-    EXPECT_EQ(hits(driver), "once") << "though the pointer has left again";
-    EXPECT_FALSE(driver.widget("b")->isOver());
+    tap();
+    driver->moveTo(10, 10);
+    driver->step();
+    EXPECT_EQ(hits(), "once") << "though the pointer has left again";
+    EXPECT_FALSE(widget->isOver());
 }
 
-TEST(Widget, IsDeafDuringAFade) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    StatesMachine& machine = StatesMachine::getInstance();
-    HandledMenu& menu = driver.menu();
+TEST_F(WidgetTest, IsDeafDuringAFade) {
     machine.setActiveState(machine.getState("B"));
-    for (int32_t frame = 0; frame < 4; ++frame) // four calls come first
-        driver.step();
-    driver.moveTo(250, 120);
-    driver.step();
+    steps(4); // four calls come first
+    moveTo(250);
     ASSERT_NE(machine.getPhase(), StatesMachine::Idle);
-    driver.button(true);
-    driver.step();
-    EXPECT_FALSE(menu.getWidget("b")->isArmed());
-    driver.button(false);
-    driver.step();
-    menu.getWidget("b")->setSound("none.wav");
-    menu.getWidget("b")->performHit();
-    EXPECT_EQ(menu.getLocalString("hits"), "none") << "the screen isn't told";
-    EXPECT_EQ(driver.log.linesWith("none.wav"), 0) << "nor does it sound";
-    EXPECT_TRUE(menu.getWidget("b")->wasHit());
+    button(true);
+    EXPECT_FALSE(widget->isArmed());
+    button(false);
+    widget->setSound("none.wav");
+    widget->performHit();
+    EXPECT_EQ(hits(), "none") << "the screen isn't told";
+    EXPECT_EQ(driver->log.linesWith("none.wav"), 0) << "nor does it sound";
+    EXPECT_TRUE(widget->wasHit());
 
-    machine.setActiveState(&menu);
-    ASSERT_TRUE(driver.untilIdle("A"));
-    driver.widget("b")->setSound("none.wav");
-    driver.press("b");
-    EXPECT_EQ(hits(driver), "once");
-    EXPECT_GE(driver.log.linesWith("none.wav"), 1) << "it is missed where it is to sound";
+    machine.setActiveState(&screen());
+    ASSERT_TRUE(driver->untilIdle("A"));
+    driver->widget("b")->setSound("none.wav");
+    driver->press("b");
+    EXPECT_EQ(hits(), "once");
+    EXPECT_GE(driver->log.linesWith("none.wav"), 1) << "it is missed where it is to sound";
 }
 
-TEST(Widget, KeepsAPressThatAFadeOvertakes) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    StatesMachine& machine = StatesMachine::getInstance();
-    HandledMenu& menu = driver.menu();
-    driver.moveTo(250, 120);
-    driver.button(true);
-    driver.step();
+TEST_F(WidgetTest, KeepsAPressThatAFadeOvertakes) {
+    moveTo(250);
+    button(true);
     machine.setActiveState(machine.getState("B"));
-    for (int32_t frame = 0; frame < 6; ++frame)
-        driver.step();
+    steps(6);
     ASSERT_NE(machine.getPhase(), StatesMachine::Idle);
-    EXPECT_TRUE(menu.getWidget("b")->isArmed());
-    EXPECT_FALSE(menu.getWidget("b")->wasHit()) << "a hit is the release, not the fade";
-    driver.button(false);
-    driver.step();
-    EXPECT_TRUE(menu.getWidget("b")->wasHit());
-    EXPECT_EQ(menu.getLocalString("hits"), "none");
+    EXPECT_TRUE(widget->isArmed());
+    EXPECT_FALSE(widget->wasHit()) << "a hit is the release, not the fade";
+    button(false);
+    EXPECT_TRUE(widget->wasHit());
+    EXPECT_EQ(hits(), "none");
 }
 
-TEST(Widget, FollowsItsTransition) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    Widget& widget = *driver.widget("b");
-    widget.setTransition("Nowhere");
-    driver.press("b");
-    EXPECT_TRUE(driver.log.holds("!! ") &&
-                driver.log.holds("[Widget] b sets unknown state transition to: Nowhere"));
-    EXPECT_TRUE(driver.untilIdle("A"));
-    EXPECT_TRUE(widget.wasHit()) << "it leads nowhere and stays down";
-    driver.widget("go")->setTransition("<B");
-    driver.press("go");
+TEST_F(WidgetTest, FollowsItsTransition) {
+    widget->setTransition("Nowhere");
+    driver->press("b");
+    EXPECT_TRUE(driver->log.holds("!! ") &&
+                driver->log.holds("[Widget] b sets unknown state transition to: Nowhere"));
+    EXPECT_TRUE(driver->untilIdle("A"));
+    EXPECT_TRUE(widget->wasHit()) << "it leads nowhere and stays down";
+    driver->widget("go")->setTransition("<B");
+    driver->press("go");
     EXPECT_FALSE(Widget::lastWidgetHit->wasHit()) << "reset before the change";
-    EXPECT_TRUE(driver.untilIdle("B"));
-    EXPECT_EQ(driver.log.linesWith("[Widget] go sets state transition to: <B"), 1);
+    EXPECT_TRUE(driver->untilIdle("B"));
+    EXPECT_EQ(driver->log.linesWith("[Widget] go sets state transition to: <B"), 1);
     EXPECT_EQ(Widget::lastWidgetHit, nullptr) << "it went with its screen";
 }
 
-TEST(Widget, TellsWhatItLacksOnce) {
-    ScreenDriver driver({{"A", OneButton}, {"B", Empty}});
-    ASSERT_TRUE(driver.untilIdle("A"));
-    driver.widget("b")->setText("Text");
-    for (int32_t frame = 0; frame < 3; ++frame)
-        driver.step();
-    EXPECT_EQ(driver.log.linesWith("[Widget] Widget b has no active image"), 1);
-    EXPECT_EQ(driver.log.linesWith("[Widget] b has text but no font assigned"), 1);
-    driver.widget("b")->setActive(false);
-    driver.step();
-    driver.step();
-    EXPECT_EQ(driver.log.linesWith("Widget b has no inactive image"), 1);
+TEST_F(WidgetTest, TellsWhatItLacksOnce) {
+    widget->setText("Text");
+    steps(3);
+    EXPECT_EQ(driver->log.linesWith("[Widget] Widget b has no active image"), 1);
+    EXPECT_EQ(driver->log.linesWith("[Widget] b has text but no font assigned"), 1);
+    widget->setActive(false);
+    steps(2);
+    EXPECT_EQ(driver->log.linesWith("Widget b has no inactive image"), 1);
 }
 
 namespace {
 
 // An area from 100, 100 to 300, 200; its content ends at 290.
-constexpr const char* List = R"(
-init:
-layout.definelayout l
-layout.definewidget list scrollingarea
-layout.definewidgetposition 100 100
-layout.definewidgetsize 200 100
-layout.definewidget list.a button
-layout.definewidgetposition 100 100
-layout.definewidgetsize 200 40
-layout.definetextarea list.b
-layout.definetextareaposition 100 150
-layout.definetextareasize 200 40
-layout.definewidget list.c button
-layout.definewidgetposition 100 250
-layout.definewidgetsize 200 40
-setlayout l
-
-onenter:
-addwidget list.c
-addwidget list
-addwidget list.a
-addtextarea list.b
-setlocalstring hit none
-
-onhit list.a:
-setlocalstring hit a
-
-onhit list.c:
-setlocalstring hit c
-)";
+const std::string List = scriptOf({{"list.c", "button", {100, 250, 200, 40}},
+                                   {"list", "scrollingarea", {100, 100, 200, 100}},
+                                   {"list.a", "button", {100, 100, 200, 40}},
+                                   {"list.b", "textarea", {100, 150, 200, 40}}}) +
+                         "setlocalstring hit none\nonhit list.a:\nsetlocalstring hit a\n"
+                         "onhit list.c:\nsetlocalstring hit c\n";
 
 class ScrollingAreaTest : public testing::Test {
 protected:
@@ -355,14 +300,10 @@ TEST_F(ScrollingAreaTest, HoldsOntoWhatIsLeft) {
 
 TEST_F(ScrollingAreaTest, HitsNoTapBeyondItsEdge) {
     area().setOffset(60); // list.c from 190 to 230, of which ten pixels are seen
-    driver.moveTo(150, 215);
-    driver.button(true);
-    driver.button(false);
-    driver.step();
-    EXPECT_EQ(hit(), "none");
-    driver.moveTo(150, 195);
-    driver.button(true);
-    driver.button(false);
-    driver.step();
-    EXPECT_EQ(hit(), "c");
+    for (const auto& [y, hitThere] : {std::pair(215, "none"), {195, "c"}}) {
+        driver.moveTo(150, y);
+        driver.button(true);
+        button(false);
+        EXPECT_EQ(hit(), hitThere) << y;
+    }
 }

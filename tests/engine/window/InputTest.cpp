@@ -1,10 +1,13 @@
-#include <SDL.h>
+#include <functional>
+#include <map>
+
 #include <gtest/gtest.h>
 
 #include "engine/core/Keyboard.h"
 #include "engine/core/Mouse.h"
 #include "engine/core/Platform.h"
 #include "engine/core/Window.h"
+#include "tests/engine/window/Events.h"
 #include "tests/engine/window/ManualClock.h"
 
 namespace zel {
@@ -13,44 +16,39 @@ namespace {
 
 class InputTest : public testing::Test {
 protected:
-    InputTest() { platform.clearInput(); }
+    InputTest() {
+        platform.clearInput();
+        motion(100, 100);
+    }
     ~InputTest() override {
         platform.clearInput();
         platform.setAppState(-1);
     }
 
-    void motion(uint16_t x, uint16_t y) {
-        SDL_Event event{};
-        event.type = SDL_MOUSEMOTION;
-        event.motion.x = x;
-        event.motion.y = y;
-        event.motion.xrel = 3;
-        event.motion.yrel = -2;
-        platform.handleEvent(event);
-    }
-    void button(uint8_t number, bool down) {
-        SDL_Event event{};
-        event.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-        event.button.button = number;
-        platform.handleEvent(event);
-    }
+    void motion(int32_t x, int32_t y) { platform.handleEvent(motionEvent(x, y, 3, -2)); }
+    void button(int32_t number, bool down) { platform.handleEvent(buttonEvent(number, down)); }
     void key(SDLKey symbol, uint16_t unicode, bool down, int32_t modifiers = KMOD_NONE) {
-        SDL_Event event{};
-        event.type = down ? SDL_KEYDOWN : SDL_KEYUP;
-        event.key.keysym.sym = symbol;
-        event.key.keysym.unicode = unicode;
-        event.key.keysym.mod = static_cast<SDLMod>(modifiers);
-        platform.handleEvent(event);
+        platform.handleEvent(keyEvent(symbol, unicode, down, modifiers));
     }
-    /// A frame's look at the input, as the state machine takes it.
-    void look() {
-        platform.beginLook();
-        platform.endLook();
+    /// Each letter is one of the actions.
+    void perform(std::string_view steps) {
+        for (const char step : steps)
+            actions.at(step)();
     }
-    static bool tapped() { return Mouse::wasTapped(1, 90, 90, 20, 20); }
+    static bool tapped(int32_t width = 20) { return Mouse::wasTapped(1, 90, 90, width, 20); }
 
     ManualClock clock;
     Platform& platform = Platform::getInstance();
+    const std::map<char, std::function<void()>> actions = {
+        {'d', [this] { button(1, true); }},
+        {'u', [this] { button(1, false); }},
+        {'m', [this] { motion(120, 100); }}, // 20 pixels to the right
+        {'h', [this] { motion(100, 100); }}, // home again
+        {'(', [this] { platform.beginLook(); }},
+        {')', [this] { platform.endLook(); }},
+        {'f', [this] { platform.forgetPresses(); }},
+        {'b', [this] { clock.advance(1500); }}, // the program is busy
+    };
 };
 
 TEST_F(InputTest, NumbersTheButtons) {
@@ -86,6 +84,8 @@ TEST_F(InputTest, AHitIsAPressAndARelease) {
 }
 
 TEST_F(InputTest, FollowsTheMouse) {
+    Mouse::getMoveX();
+    Mouse::getMoveY();
     motion(10, 20);
     motion(30, 40);
     EXPECT_EQ(Mouse::getX(), 30);
@@ -102,9 +102,7 @@ TEST_F(InputTest, FollowsTheMouse) {
 }
 
 TEST_F(InputTest, AClickThatNoFrameSawIsATap) {
-    motion(100, 100);
-    button(1, true);
-    button(1, false);
+    perform("du");
     EXPECT_FALSE(tapped()) << "not before the next look";
     platform.beginLook();
     EXPECT_TRUE(tapped());
@@ -114,70 +112,36 @@ TEST_F(InputTest, AClickThatNoFrameSawIsATap) {
     Mouse::consumeHits();
     EXPECT_FALSE(tapped()) << "until somebody takes it";
     platform.endLook();
-    platform.beginLook();
-    EXPECT_FALSE(tapped());
-    platform.endLook();
 }
 
-TEST_F(InputTest, ATapMustBeginAndEndInTheSamePlace) {
-    motion(100, 100);
-    button(1, true);
-    motion(120, 100);
-    button(1, false);
-    platform.beginLook();
-    EXPECT_FALSE(tapped());
-    EXPECT_TRUE(Mouse::wasTapped(1, 90, 90, 40, 40));
-    platform.endLook();
-}
-
-TEST_F(InputTest, AClickThatAFrameSawIsNoTap) {
-    motion(100, 100);
-    button(1, true);
-    look();
-    button(1, false);
-    platform.beginLook();
-    EXPECT_FALSE(tapped());
-    platform.endLook();
-}
-
-TEST_F(InputTest, AClickThatEndsAmidTheLookIsNotLost) {
-    motion(100, 100);
-    button(1, true);
-    platform.beginLook();
-    button(1, false); // while half of the widgets had their turn
-    platform.endLook();
-    platform.beginLook();
-    EXPECT_TRUE(tapped());
-    platform.endLook();
-}
-
-TEST_F(InputTest, WhatWasPressedInAFadeIsForgotten) {
-    motion(100, 100);
-    button(1, true);
-    button(1, false);
+TEST_F(InputTest, KnowsATapFromOtherClicks) {
+    const struct {
+        const char* steps;
+        int32_t width; // of what is tapped, from ten pixels left of the press
+        bool isTap;
+        const char* what;
+    } cases[] = {
+        {"du()", 20, false, "the look before took it"},
+        {"dmu", 20, false, "it ends elsewhere"},
+        {"mdhu", 20, false, "it begins elsewhere"},
+        {"dmu", 40, true, "in the same place still"},
+        {"d()u", 20, false, "a frame saw it"},
+        {"d(u)", 20, true, "it ends while half of the widgets had their turn"},
+        {"duf", 20, false, "pressed in a fade"},
+        {"dfu", 20, false, "begun in a fade, ended after it"},
+        {"()dub", 20, false, "tapped while the program was busy"},
+    };
+    for (const auto& [steps, width, isTap, what] : cases) {
+        platform.clearInput();
+        motion(100, 100);
+        perform(steps);
+        platform.beginLook();
+        EXPECT_EQ(tapped(width), isTap) << what;
+        platform.endLook();
+    }
     key(SDLK_ESCAPE, 27, true);
     platform.forgetPresses();
-    platform.beginLook();
-    EXPECT_FALSE(tapped());
-    platform.endLook();
     EXPECT_TRUE(Keyboard::takeKeys().empty());
-    button(1, true);
-    platform.forgetPresses();
-    button(1, false); // begun in the fade, ended after it
-    platform.beginLook();
-    EXPECT_FALSE(tapped());
-    platform.endLook();
-}
-
-TEST_F(InputTest, WhatWasTappedWhileTheProgramWasBusyIsForgotten) {
-    look();
-    motion(100, 100);
-    button(1, true);
-    button(1, false);
-    clock.advance(1500);
-    platform.beginLook();
-    EXPECT_FALSE(tapped());
-    platform.endLook();
 }
 
 TEST_F(InputTest, GivesTheLastKeyOnce) {
@@ -196,19 +160,25 @@ TEST_F(InputTest, GivesTheLastKeyOnce) {
 }
 
 TEST_F(InputTest, AKeyThatIsLetGoIsNoLongerTheLast) {
-    key(SDLK_x, 'x', true);
-    key(SDLK_x, 0, false);
-    EXPECT_EQ(Keyboard::getKey().symbol, 0) << "its symbol";
-    key(SDLK_x, 'x', true);
-    key(SDLK_y, 'x', false);
-    EXPECT_EQ(Keyboard::getKey().symbol, 0) << "its character";
-    key(SDLK_x, 0, false);
-    key(SDLK_x, 'x', true);
-    key(SDLK_y, 0, false);
-    EXPECT_EQ(Keyboard::getKey().symbol, SDLK_x) << "another key";
-    key(SDLK_LEFT, 0, true);
-    key(SDLK_y, 0, false);
-    EXPECT_EQ(Keyboard::getKey().symbol, 0) << "no character is the same as no character";
+    const struct {
+        SDLKey pressed;
+        uint16_t pressedCharacter;
+        SDLKey released;
+        uint16_t releasedCharacter;
+        int32_t last;
+        const char* what;
+    } cases[] = {
+        {SDLK_x, 'x', SDLK_x, 0, 0, "its symbol"},
+        {SDLK_x, 'x', SDLK_y, 'x', 0, "its character"},
+        {SDLK_x, 'x', SDLK_y, 0, SDLK_x, "another key"},
+        {SDLK_LEFT, 0, SDLK_y, 0, 0, "no character is the same as no character"},
+    };
+    for (const auto& step : cases) {
+        platform.clearInput();
+        key(step.pressed, step.pressedCharacter, true);
+        key(step.released, step.releasedCharacter, false);
+        EXPECT_EQ(Keyboard::getKey().symbol, step.last) << step.what;
+    }
 }
 
 TEST_F(InputTest, AKeyThatIsHeldIsPressedOnce) {
@@ -224,17 +194,12 @@ TEST_F(InputTest, AKeyThatIsHeldIsPressedOnce) {
 }
 
 TEST_F(InputTest, KnowsWhatIsPrintable) {
-    const auto isPrintable = [this](uint16_t unicode) {
-        key(SDLK_UNKNOWN, unicode, true);
-        const bool printable = Keyboard::getKey().printable;
+    for (const auto& [unicode, isPrintable] :
+         {std::pair(0, false), {31, false}, {32, true}, {255, true}, {256, false}}) {
+        key(SDLK_UNKNOWN, static_cast<uint16_t>(unicode), true);
+        EXPECT_EQ(Keyboard::getKey().printable, isPrintable) << unicode;
         key(SDLK_UNKNOWN, 0, false);
-        return printable;
-    };
-    EXPECT_FALSE(isPrintable(31));
-    EXPECT_TRUE(isPrintable(32));
-    EXPECT_TRUE(isPrintable(255));
-    EXPECT_FALSE(isPrintable(256));
-    EXPECT_FALSE(isPrintable(0));
+    }
 }
 
 TEST_F(InputTest, QueuesWhatIsTyped) {
@@ -260,11 +225,9 @@ TEST_F(InputTest, AltEnterIsNotAKeyOfTheScreens) {
 }
 
 TEST_F(InputTest, CountsQuitEvents) {
-    SDL_Event event{};
-    event.type = SDL_QUIT;
     EXPECT_FALSE(Window::pollQuit());
     for (int32_t count = 0; count < 200; ++count)
-        platform.handleEvent(event);
+        platform.handleEvent(quitEvent());
     EXPECT_EQ(platform.getQuitEvents(), 127);
     EXPECT_TRUE(Window::pollQuit());
 }
@@ -279,9 +242,7 @@ TEST_F(InputTest, TellsWhereTheAttentionIs) {
 }
 
 TEST_F(InputTest, TakesEventsFromTheQueue) {
-    SDL_Event event{};
-    event.type = SDL_MOUSEMOTION;
-    event.motion.x = 77;
+    SDL_Event event = motionEvent(77, 0);
     ASSERT_EQ(SDL_PushEvent(&event), 0);
     EXPECT_EQ(Mouse::getX(), 77);
 }

@@ -1,6 +1,5 @@
 #include "engine/core/LongWork.h"
 
-#include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "engine/core/HighLevelScheduler.h"
@@ -8,6 +7,7 @@
 #include "engine/core/Mouse.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/core/Window.h"
+#include "tests/engine/window/Events.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
 #include "tests/support/LogCapture.h"
@@ -61,17 +61,9 @@ protected:
             machine.update();
         }
     }
-    static void push(uint8_t type, SDLKey symbol = SDLK_UNKNOWN, uint16_t unicode = 0) {
-        SDL_Event event{};
-        event.type = type;
-        if (type == SDL_MOUSEBUTTONDOWN || type == SDL_MOUSEBUTTONUP) {
-            event.button.button = 1;
-        } else {
-            event.key.keysym.sym = symbol;
-            event.key.keysym.unicode = unicode;
-        }
-        ASSERT_EQ(SDL_PushEvent(&event), 0);
-    }
+    static void push(SDL_Event event) { ASSERT_EQ(SDL_PushEvent(&event), 0); }
+    static void press(bool down = true) { push(buttonEvent(1, down)); }
+    static void type(char letter) { push(keyEvent(letter, static_cast<Uint8>(letter), true)); }
 
     LogCapture log;
     ManualClock clock;
@@ -95,36 +87,34 @@ TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
     platform.beginLook();
     {
         LongWork work;
-        push(SDL_KEYDOWN, SDLK_a, 'a');
-        push(SDL_MOUSEBUTTONDOWN);
-        push(SDL_MOUSEBUTTONUP);
+        type('a');
+        press();
+        press(false);
         work.showPicture();
-        push(SDL_KEYDOWN, SDLK_b, 'b');
-        push(SDL_MOUSEBUTTONDOWN); // and still held behind it
+        type('b');
+        press(); // and still held behind it
     }
     EXPECT_FALSE(Mouse::isButtonDown(1));
     EXPECT_FALSE(Mouse::isButtonHit(1));
     EXPECT_TRUE(Keyboard::takeKeys().empty());
     EXPECT_EQ(Keyboard::getKey().symbol, 0);
     platform.endLook();
-    push(SDL_MOUSEBUTTONUP);
+    press(false);
     platform.beginLook();
     EXPECT_FALSE(Mouse::isButtonHit(1));
     EXPECT_FALSE(Mouse::wasTapped(1, -10, -10, 2000, 2000));
     platform.endLook();
-    push(SDL_MOUSEBUTTONDOWN);
+    press();
     EXPECT_TRUE(Mouse::isButtonDown(1)) << "what comes later counts";
-    push(SDL_MOUSEBUTTONUP);
+    press(false);
     EXPECT_TRUE(Mouse::isButtonHit(1));
 }
 
 TEST_F(LongWorkTest, KeepsTheWishToQuit) {
     {
         LongWork work;
-        EXPECT_FALSE(LongWork::isQuitWanted());
-        push(SDL_QUIT);
+        push(quitEvent());
         work.showPicture();
-        EXPECT_TRUE(LongWork::isQuitWanted());
     }
     EXPECT_TRUE(Window::pollQuit());
     EXPECT_EQ(platform.getQuitEvents(), 1);

@@ -1,5 +1,4 @@
 // The sample program, run by its loop on a real display and the real clock.
-#include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "engine/core/Clock.h"
@@ -9,11 +8,11 @@
 #include "engine/core/StatesMachine.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/core/Window.h"
 #include "engine/core/ZelLoop.h"
-#include "engine/graphics/Canvas.h"
 #include "engine/menu/HandledMenuExtension.h"
 #include "tests/engine/menu/TestApp.h"
+#include "tests/engine/window/Events.h"
+#include "tests/engine/window/Shot.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/ProcessorTime.h"
 #include "tests/support/TemporaryFolder.h"
@@ -83,53 +82,36 @@ TEST_F(ProgramScreenTest, RestsWhileNobodyDoesAnything) {
     EXPECT_FALSE(ZelLoop::isFinished());
 }
 
-/// A window's size, and where the picture must lie in it by hand reckoning.
-struct Boxed {
-    int32_t width, height;
-    int32_t left, top; // of the picture
-    double scale;
-};
-
-class Picture {
-public:
-    Picture() : pixels(Canvas::getInstance().readPixels()) {}
-    bool isBlack(int32_t x, int32_t y) const {
-        const uint8_t* pixel = at(x, y);
-        return pixel[0] == 0 && pixel[1] == 0 && pixel[2] == 0;
-    }
-    int32_t red(int32_t x, int32_t y) const { return *at(x, y); }
-
-private:
-    const uint8_t* at(int32_t x, int32_t y) const {
-        return &pixels.at(static_cast<size_t>((y * Window::current()->getRealWidth() + x) * 3));
-    }
-    std::vector<uint8_t> pixels;
-};
-
 TEST_F(ProgramScreenTest, KeepsItsShapeInEveryWindow) {
-    for (const Boxed& box : {Boxed{1600, 900, 200, 0, 1.171875},  // bars at the sides
-                             Boxed{800, 600, 0, 0, 0.78125},      // none
-                             Boxed{800, 900, 0, 150, 0.78125}}) { // above and below
-        SCOPED_TRACE(testing::Message() << box.width << " by " << box.height);
-        Window::current()->resize(box.width, box.height);
-        ASSERT_EQ(Window::current()->getRealWidth(), box.width);
+    const struct {
+        size_t width, height;
+        size_t left, top; // of the picture
+        double scale;
+    } cases[] = {
+        {1600, 900, 200, 0, 1.171875}, // bars at the sides
+        {800, 600, 0, 0, 0.78125},     // none
+        {800, 900, 0, 150, 0.78125},   // above and below
+    };
+    for (const auto& [width, height, left, top, scale] : cases) {
+        SCOPED_TRACE(testing::Message() << width << " by " << height);
+        Window::current()->resize(static_cast<int32_t>(width), static_cast<int32_t>(height));
+        ASSERT_EQ(Window::current()->getRealWidth(), static_cast<int32_t>(width));
         loop->step();
-        const Picture picture;
-        for (int32_t y = 0; y < box.height; y += 7)
-            for (int32_t x = 0; x < box.width; x += 7) {
-                const bool isBar = x < box.left || x >= box.width - box.left || y < box.top ||
-                                   y >= box.height - box.top;
-                ASSERT_EQ(picture.isBlack(x, y), isBar) << x << ", " << y;
+        const Shot shot;
+        for (size_t y = 0; y < height; y += 7)
+            for (size_t x = 0; x < width; x += 7) {
+                const bool isBar = x < left || x >= width - left || y < top || y >= height - top;
+                ASSERT_EQ(shot.at(x, y) == 0xFF000000, isBar) << x << ", " << y;
             }
-        // The first button begins at 392, 160: light from two pixels on, the desk before it dark.
-        const auto redAt = [&](double x, double y) {
-            return picture.red(box.left + static_cast<int32_t>(x * box.scale),
-                               box.top + static_cast<int32_t>(y * box.scale));
+        // The first button's light goes from 394 to 630, with the dark desk at either side.
+        const auto redAt = [&, left = left, top = top, scale = scale](double x) {
+            return shot.red(left + static_cast<size_t>(x * scale),
+                            top + static_cast<size_t>(184 * scale));
         };
-        EXPECT_NEAR(redAt(400, 184), 198, 24);
-        EXPECT_LT(redAt(386, 184), 90);
-        EXPECT_NEAR(redAt(624, 184), 198, 24);
-        EXPECT_LT(redAt(638, 184), 90);
+        for (const double light : {400, 624})
+            EXPECT_NEAR(redAt(light), 198, 24) << light;
+        for (const double dark : {386, 638})
+            EXPECT_LT(redAt(dark), 90) << dark;
     }
 }
 
@@ -149,13 +131,12 @@ public:
                 continue;
             done += 100;
             work.showPicture([&] { canvas.fill({0, 0, done, 10}, 0xFFFF0000); });
-            SDL_Event event{};
-            event.type = SDL_QUIT;
-            if (!LongWork::isQuitWanted())
+            SDL_Event event = quitEvent();
+            if (done < 150) // at the first picture
                 SDL_PushEvent(&event);
         }
         pictures = canvas.getFramesSent() - before;
-        isRed = Picture().red(static_cast<int32_t>(done) - 5, 5) > 240;
+        isRed = Shot().red(static_cast<size_t>(done) - 5, 5) > 240;
     }
     float done = 0;
     int32_t pictures = 0;

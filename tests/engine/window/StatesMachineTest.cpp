@@ -38,11 +38,25 @@ protected:
         machine.update();
         return told;
     }
+    void frames(int32_t count, uint32_t milliseconds = 0) {
+        for (; count > 0; --count)
+            frame(milliseconds);
+    }
     void enter(State& state) {
         machine.setActiveState(&state);
         for (int32_t count = 0; count < 100 && !machine.isSettled(); ++count)
             frame(50);
         ASSERT_TRUE(machine.isSettled());
+    }
+    void leaveFirst() {
+        enter(first);
+        machine.setActiveState(&second);
+    }
+    /// What is drawn.
+    Told drawn() {
+        told.clear();
+        machine.render();
+        return told;
     }
 
     ManualClock clock;
@@ -53,8 +67,7 @@ protected:
 };
 
 TEST_F(StatesMachineTest, DeliversOneCallAFrameAndFadesInBetween) {
-    enter(first);
-    machine.setActiveState(&second);
+    leaveFirst();
     EXPECT_EQ(frame(20), (Told{"first.onLeaving"}));
     EXPECT_EQ(frame(20), (Told{"second.onFirstEnter"}));
     EXPECT_EQ(frame(500), (Told{"second.onEnter", "second.reset"})) << "a slow load costs no fade";
@@ -112,14 +125,10 @@ TEST_F(StatesMachineTest, ASecondEnteringHasNoFirst) {
 TEST_F(StatesMachineTest, PhasesOfNoLengthEndAtOnce) {
     first.setFadeTimes(0, 0, -1); // less than nothing is no length either
     second.setFadeTimes(0, 0, 0);
-    enter(first);
-    machine.setActiveState(&second);
-    for (int32_t call = 0; call < 4; ++call)
-        frame();
-    frame();
+    leaveFirst();
+    frames(5);
     EXPECT_EQ(first.getContentProgress(), 0) << "a division of 0 by 0 is the end, not no number";
-    for (int32_t count = 0; count < 8; ++count)
-        frame(1);
+    frames(8, 1);
     EXPECT_TRUE(machine.isSettled());
     EXPECT_EQ(second.getContentProgress(), 1);
 }
@@ -130,34 +139,24 @@ TEST_F(StatesMachineTest, AStateOnTopComesFromAboveAndGoesUpwards) {
     machine.setActiveState(&top);
     EXPECT_TRUE(machine.isNewStateOnTop());
     enter(top);
-    for (int32_t count = 0; count < 40; ++count)
-        frame(50);
+    frames(40, 50);
     machine.setActiveState(&second);
     EXPECT_FALSE(machine.isNewStateOnTop()) << "the leaving one lies above the new one";
-    for (int32_t call = 0; call < 4; ++call)
-        frame();
+    frames(4);
     frame(101);
     EXPECT_EQ(second.getOpacity(), 1);
     frame(83);
     EXPECT_NEAR(top.getOpacity(), 0.5, 0.01) << "and dissolves";
-    told.clear();
-    machine.render();
-    EXPECT_EQ(told, (Told{"second.render", "top.render"}));
+    EXPECT_EQ(drawn(), (Told{"second.render", "top.render"}));
 }
 
 TEST_F(StatesMachineTest, DrawsTheOldStateFirstAndLeavesOutTheInvisible) {
-    enter(first);
-    machine.setActiveState(&second);
-    told.clear();
-    machine.render();
-    EXPECT_EQ(told, (Told{"first.render"})) << "the new one is at opacity 0";
-    for (int32_t call = 0; call < 4; ++call)
-        frame();
+    leaveFirst();
+    EXPECT_EQ(drawn(), (Told{"first.render"})) << "the new one is at opacity 0";
+    frames(4);
     frame(101);
     frame(80);
-    told.clear();
-    machine.render();
-    EXPECT_EQ(told, (Told{"first.render", "second.render"}));
+    EXPECT_EQ(drawn(), (Told{"first.render", "second.render"}));
 }
 
 TEST_F(StatesMachineTest, FollowsARequestOnlyWhenIdle) {
@@ -180,20 +179,17 @@ TEST_F(StatesMachineTest, SaysOnceWhatItCannotFollow) {
     enter(first);
     LogCapture log;
     first.setTransition("nowhere");
-    for (int32_t count = 0; count < 5; ++count)
-        frame(20);
-    EXPECT_EQ(log.linesWith("Requested state nowhere is unknown"), 1);
-    EXPECT_EQ(log.linesWith("New state: NULL"), 1);
-    EXPECT_EQ(machine.getActiveState(), &first);
+    frames(5, 20);
     first.setTransition("first");
-    for (int32_t count = 0; count < 5; ++count)
-        frame(20);
-    EXPECT_EQ(log.linesWith("New active state is already current state"), 1);
+    frames(5, 20);
     first.setAutoTransition("nobody", 0);
-    for (int32_t count = 0; count < 5; ++count)
-        frame(20);
-    EXPECT_EQ(log.linesWith("Requested state nobody is unknown"), 1);
+    frames(5, 20);
     EXPECT_EQ(machine.getActiveState(), &first);
+    EXPECT_EQ(log.linesWith("New state: NULL"), 2);
+    for (const char* line :
+         {"Requested state nowhere is unknown", "Requested state nobody is unknown",
+          "New active state is already current state"})
+        EXPECT_EQ(log.linesWith(line), 1) << line;
 }
 
 TEST_F(StatesMachineTest, FindsStatesByName) {
@@ -207,21 +203,17 @@ TEST_F(StatesMachineTest, FindsStatesByName) {
 }
 
 TEST_F(StatesMachineTest, ATransitionUnderWayStandsWhenItsTargetIsSetAgain) {
-    enter(first);
-    machine.setActiveState(&second);
-    for (int32_t call = 0; call < 4; ++call)
-        frame();
+    leaveFirst();
+    frames(4);
     frame(50);
     const float progress = first.getContentProgress();
     machine.setActiveState(&second);
     frame();
     EXPECT_EQ(first.getContentProgress(), progress);
     EXPECT_EQ(machine.getPreviousState(), &first);
-    {
-        LogCapture log;
-        machine.setActiveState(nullptr);
-        EXPECT_EQ(log.linesWith("New state: NULL"), 1);
-    }
+    const LogCapture log;
+    machine.setActiveState(nullptr);
+    EXPECT_EQ(log.linesWith("New state: NULL"), 1);
     EXPECT_EQ(machine.getActiveState(), &second);
 }
 
@@ -270,8 +262,7 @@ TEST_F(StatesMachineTest, ForgetsAStateThatEnds) {
     EXPECT_EQ(machine.findState("passing"), nullptr);
     EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 0U);
     machine.setActiveState(&second);
-    for (int32_t count = 0; count < 40; ++count)
-        frame(50);
+    frames(40, 50);
     EXPECT_TRUE(machine.isSettled());
 }
 
@@ -293,12 +284,10 @@ TEST_F(StatesMachineTest, TellsAPictureThatTwoStatesShareOnce) {
     CountingOverlay picture(seen);
     first.setBackgroundOverlay(&picture);
     second.setBackgroundOverlay(&picture);
-    enter(first);
-    machine.setActiveState(&second);
+    leaveFirst();
     EXPECT_TRUE(machine.sharesBackgroundOverlay());
     EXPECT_FALSE(machine.sharesForegroundOverlay()) << "none isn't the same as none";
-    for (int32_t count = 0; count < 40; ++count)
-        frame(50);
+    frames(40, 50);
     EXPECT_FALSE(machine.sharesBackgroundOverlay()) << "only during a transition";
     EXPECT_EQ(picture.getUserCount(), 1);
     EXPECT_EQ(seen, (Told{"overlay.onFirstEnter", "activate"})) << "its users never fell to 0";

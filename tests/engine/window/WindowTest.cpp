@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/System.h"
-#include "engine/graphics/Bitmap.h"
+#include "tests/engine/graphics/Pictures.h"
 #include "tests/support/LogCapture.h"
 
 namespace zel {
@@ -11,29 +11,26 @@ namespace zel {
 namespace {
 
 TEST(Letterbox, KeepsTheDesignsShape) {
-    const Letterbox wide = letterbox(1600, 900, 1024, 768, true);
-    EXPECT_FLOAT_EQ(wide.scale, 900.0F / 768);
-    EXPECT_EQ(wide.offsetX, 200) << "(1600 - 1024 * 900 / 768) / 2";
-    EXPECT_EQ(wide.offsetY, 0);
-    EXPECT_FALSE(wide.barsAtTop);
-
-    const Letterbox tall = letterbox(1280, 1024, 1024, 768, true);
-    EXPECT_FLOAT_EQ(tall.scale, 1.25F);
-    EXPECT_EQ(tall.offsetX, 0);
-    EXPECT_EQ(tall.offsetY, 32) << "(1024 - 768 * 1.25) / 2";
-    EXPECT_TRUE(tall.barsAtTop);
-
-    const Letterbox same = letterbox(1024, 768, 1024, 768, true);
-    EXPECT_EQ(same.scale, 1);
-    EXPECT_EQ(same.offsetX, 0);
-    EXPECT_EQ(same.offsetY, 0);
-}
-
-TEST(Letterbox, RoundsUpAndCentresOnRequest) {
-    EXPECT_EQ(letterbox(1025, 768, 1024, 768, true).offsetX, 1) << "half a pixel";
-    const Letterbox corner = letterbox(1600, 900, 1024, 768, false);
-    EXPECT_EQ(corner.offsetX, 0);
-    EXPECT_FLOAT_EQ(corner.scale, 900.0F / 768);
+    const struct {
+        int32_t width, height;
+        bool centre;
+        float scale, offsetX, offsetY;
+        bool barsAtTop;
+        const char* what;
+    } cases[] = {
+        {1600, 900, true, 900.0F / 768, 200, 0, false, "(1600 - 1024 * 900 / 768) / 2"},
+        {1280, 1024, true, 1.25F, 0, 32, true, "(1024 - 768 * 1.25) / 2"},
+        {1024, 768, true, 1, 0, 0, false, "no bars"},
+        {1025, 768, true, 1, 1, 0, false, "half a pixel, rounded up"},
+        {1600, 900, false, 900.0F / 768, 0, 0, false, "in the corner"},
+    };
+    for (const auto& window : cases) {
+        const Letterbox box = letterbox(window.width, window.height, 1024, 768, window.centre);
+        EXPECT_FLOAT_EQ(box.scale, window.scale) << window.what;
+        EXPECT_EQ(box.offsetX, window.offsetX) << window.what;
+        EXPECT_EQ(box.offsetY, window.offsetY) << window.what;
+        EXPECT_EQ(box.barsAtTop, window.barsAtTop) << window.what;
+    }
 }
 
 TEST(Window, IsNotThereWithoutADisplay) {
@@ -56,10 +53,7 @@ TEST(Window, OpensWebAddressesOnly) {
 
 /// A picture that is opaque on its upper left to lower right line alone.
 void makeDiagonal(Bitmap& picture, int32_t side) {
-    BitmapData data;
-    data.width = data.height = data.pictureWidth = data.pictureHeight = side;
-    data.depth = 4;
-    data.pixels.assign(data.rowSize() * static_cast<size_t>(side), 127);
+    BitmapData data = plainPicture(side, side, 4, 127);
     for (int32_t place = 0; place < side; ++place)
         data.line(place)[place * 4 + 3] = 128;
     ASSERT_TRUE(picture.assign(std::move(data), "diagonal"));

@@ -34,37 +34,27 @@ struct SessionTest : testing::Test {
     Database& career = *Database::instance();
 };
 
+// What missions do to a career over whole wars is looked at in tests/wars.
 TEST_F(SessionTest, GoesThroughTheCareersCycle) {
     makeSimulator();
     ASSERT_TRUE(session.newCareer(ServiceEnglish, 1916, 1)) << session.problem().c_str();
     const int32_t start = career.calendar().dateNumber();
-    EXPECT_GE(start, 19160101);
-    EXPECT_EQ(career.playerSquadron().nation, England);
     EXPECT_TRUE(session.status() && session.squadron() && session.aces());
     EXPECT_TRUE(session.showInvitation());
-
     const int32_t player = career.playerPilot;
     const int32_t missions = career.player().missions;
     ASSERT_TRUE(session.mission()) << session.problem().c_str();
     EXPECT_NE(missionFile().find(zel::arrayText(career.player().name)), std::string::npos);
-    ASSERT_TRUE(session.fly()) << session.problem().c_str();
-    ASSERT_TRUE(session.report()) << session.problem().c_str();
-    EXPECT_GT(career.calendar().dateNumber(), start);
+    ASSERT_TRUE(session.fly() && session.report()) << session.problem().c_str();
+    const int32_t saved = career.calendar().dateNumber();
+    EXPECT_GT(saved, start);
     EXPECT_EQ(career.pilots[static_cast<size_t>(player)].missions, missions + 1);
-    EXPECT_EQ(careerFaults(career), "");
     expectProblem(session.report(), "mission comes before report");
 
-    ASSERT_TRUE(session.save());
-    const std::string name(zel::arrayText(career.player().name));
-    const int32_t saved = career.calendar().dateNumber();
-    const std::string bytes = run.save();
-    ASSERT_TRUE(session.advance(2));
+    ASSERT_TRUE(session.save() && session.advance(2));
     EXPECT_GT(career.calendar().dateNumber(), saved);
     ASSERT_TRUE(session.load()) << session.problem().c_str();
     EXPECT_EQ(career.calendar().dateNumber(), saved);
-    EXPECT_EQ(zel::arrayText(career.player().name), name);
-    ASSERT_TRUE(session.save());
-    EXPECT_EQ(run.save(), bytes);
 }
 
 TEST_F(SessionTest, GoesOnUntilADay) {
@@ -89,20 +79,18 @@ TEST_F(SessionTest, AnswersInvitations) {
     for (int32_t i = 0; i < 20 && !SquadronSimulator::invitationDue(); ++i)
         ASSERT_TRUE(session.advance(1));
     const int32_t inviting = career.invitationSquadron;
-    const int32_t own = career.player().squadron;
     ASSERT_GE(inviting, 0);
+    EXPECT_NE(career.player().squadron, inviting);
     ASSERT_TRUE(session.refuseInvitation());
     EXPECT_EQ(career.previousInvitation, inviting);
-    expectProblem(session.acceptInvitation(), "No invitation waits");
-    expectProblem(session.refuseInvitation(), "No invitation waits");
-    career.invitationYear = 1917;
-    career.invitationMonth = 1;
+    for (const auto answer : {&Session::acceptInvitation, &Session::refuseInvitation})
+        expectProblem((session.*answer)(), "No invitation waits");
+    career.invitationYear = career.year - 1;
     career.invitationSquadron = inviting;
     ASSERT_TRUE(session.showInvitation());
     EXPECT_EQ(career.invitationSquadron, inviting) << "left unanswered it stays";
     ASSERT_TRUE(session.acceptInvitation()) << session.problem().c_str();
     EXPECT_EQ(career.player().squadron, inviting);
-    EXPECT_NE(own, inviting);
     EXPECT_EQ(careerFaults(career), "");
 }
 
@@ -136,7 +124,6 @@ TEST_F(SessionTest, NeedsTheSimulator) {
 TEST_F(SessionTest, WaitsForALogInVain) {
     makeSimulator();
     ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
-    expectProblem(session.report(), "mission comes before report");
     ASSERT_TRUE(session.mission());
     expectProblem(session.report(), "No log of a finished flight");
     run.folder.write("sim/data/missionReport(x)[0].txt", "T:0 AType:15 VER:18\r\n");

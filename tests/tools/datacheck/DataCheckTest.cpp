@@ -25,12 +25,6 @@ constexpr const char* Template = "# Mission File Version = 1.0;\r\n\r\n"
                                  "MCU_TR_MissionBegin\r\n{\r\n  Index = 2;\r\n  Name = \"B\";\r\n"
                                  "}\r\n\r\n# end of file\r\n";
 
-::testing::AssertionResult holds(const std::string& text, const std::string& part) {
-    if (text.find(part) != std::string::npos)
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "no \"" << part << "\" in \"" << text << "\"";
-}
-
 /// A data folder without a fault, for a test to spoil.
 class DataCheck : public ::testing::Test {
 protected:
@@ -55,21 +49,20 @@ protected:
         return text;
     }
 
-    /// A line, and what is told of it behind the file's name. A text with a line feed is all that
-    /// is told, another one a part of it; an empty one stands for no fault.
-    struct Case {
-        std::string line;
-        const char* fault;
-    };
-    /// Puts each line behind the good one of a file and an empty one: as the third.
-    void expectFaults(const char* file, const char* good, const std::vector<Case>& cases) const {
+    /// A text that is empty or ends with a line feed is all that is told, another one a part of it.
+    void expectFault(const std::string& wanted) const {
+        const std::string told = faults();
+        const bool isAll = wanted.empty() || wanted.back() == '\n';
+        EXPECT_TRUE(isAll ? told == wanted : told.find(wanted) != told.npos)
+            << "told: " << told << "\nwanted: " << wanted;
+    }
+    /// Puts each line behind the good one of a file and an empty one: as the third. With it stands
+    /// what is told of it behind the file's name; nothing for no fault.
+    void expectFaults(const std::string& file, const std::string& good,
+                      const std::vector<std::pair<std::string, std::string>>& cases) const {
         for (const auto& [line, fault] : cases) {
-            folder.write(file, good + ("\r\n" + line + "\r\n"));
-            const std::string wanted = *fault == 0 ? "" : std::string(file) + ":" + fault;
-            if (wanted.empty() || wanted.back() == '\n')
-                EXPECT_EQ(faults(), wanted) << line;
-            else
-                EXPECT_TRUE(holds(faults(), wanted)) << line;
+            folder.write(file, good + "\r\n" + line + "\r\n");
+            expectFault(fault.empty() ? "" : file + ":" + fault);
         }
         folder.write(file, good);
     }
@@ -157,6 +150,8 @@ TEST_F(DataCheck, TellsWhatIsWrongInAPilotsLine) {
              "3: there is no squadron file for unit=501010; the nearest is 501011\n"},
             {"date=19170501 unit=501011-jasta",
              "3: unit=501011-jasta has more than 11 characters and matches no squadron\n"},
+            {"date=19170501 unit=-9999999999",
+             "3: there is no squadron file for unit=-9999999999; the nearest is 501011\n"},
             {"unit=501011", "3: unit= without date= never applies: write the day of the posting\n"},
             {"date=19170501 unit=501013", ""}, // a player's squadron counts
             {posting + "acelevel=2 acepotential=255", ""},
@@ -209,11 +204,7 @@ TEST_F(DataCheck, TellsWhatIsWrongWithAFile) {
     };
     for (const auto& [file, content, fault] : cases) {
         const std::string path = folder.write("Custom/" + file, content);
-        const std::string wanted = "Custom/" + file + ":1: " + fault;
-        if (wanted.back() == '\n')
-            EXPECT_EQ(faults(), wanted);
-        else
-            EXPECT_TRUE(holds(faults(), wanted));
+        expectFault("Custom/" + file + ":1: " + fault);
         std::filesystem::remove(path);
     }
 }
@@ -287,7 +278,7 @@ TEST_F(DataCheck, ReportsAFaultyTemplate) {
     for (const auto& [part, other, fault] : edits) {
         std::string text = Template;
         folder.write(TemplateFile, text.replace(text.find(part), std::string(part).size(), other));
-        EXPECT_TRUE(holds(faults(), fault));
+        expectFault(fault);
     }
     std::filesystem::remove(folder.file(TemplateFile));
     EXPECT_EQ(faults(), std::string(TemplateFile) + ":1: the file is missing or can't be read\n");

@@ -90,9 +90,10 @@ TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
     std::string fault;
     ASSERT_TRUE(tables::writeFiles(files, folder.path(), fault)) << fault;
     folder.write("Historical/Squadrons/501099.txt", "a squadron that left the tables");
-    folder.write("Historical/Squadrons/mine/note.txt", "a folder is not ours");
-    folder.write("Historical/note.txt", "beside the folders");
-    folder.write("Custom/Squadrons/501098.txt", "the player's");
+    const char* const others[] = {"Historical/Squadrons/mine/note.txt", "Historical/note.txt",
+                                  "Custom/Squadrons/501098.txt"};
+    for (const char* other : others)
+        folder.write(other, "not ours");
     folder.write("Names/USA_1st.txt", "broken");
     const std::string kept = "Historical/Squadrons/501011.txt";
     const auto longAgo =
@@ -101,9 +102,8 @@ TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
 
     ASSERT_TRUE(tables::writeFiles(files, folder.path(), fault)) << fault;
     EXPECT_FALSE(std::filesystem::exists(folder.file("Historical/Squadrons/501099.txt")));
-    EXPECT_TRUE(std::filesystem::exists(folder.file("Historical/Squadrons/mine/note.txt")));
-    EXPECT_TRUE(std::filesystem::exists(folder.file("Historical/note.txt")));
-    EXPECT_TRUE(std::filesystem::exists(folder.file("Custom/Squadrons/501098.txt")));
+    for (const char* other : others)
+        EXPECT_EQ(folder.read(other), "not ours");
     EXPECT_EQ(folder.read("Names/USA_1st.txt"), files.at("Names/USA_1st.txt"));
     EXPECT_EQ(std::filesystem::last_write_time(folder.file(kept)), longAgo)
         << "an unchanged file is left alone";

@@ -1,10 +1,10 @@
 #include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "app/war/SquadronSimulator.h"
+#include "tests/support/Texts.h"
 #include "tools/datacheck/DataCheck.h"
 #include "tools/datacheck/Records.h"
 
@@ -40,8 +40,7 @@ TEST(ShippedData, GivesEverySquadronSomethingToFlyInEveryMonth) {
 // Time and sky are drawn when their lines are met, so their order is part of every mission; the
 // simulator wants CR LF.
 TEST(ShippedData, KeepsTheFormOfTheTemplate) {
-    std::ifstream stream("Data/Missions/GenericTemplate.Mission", std::ios::binary);
-    const std::string text(std::istreambuf_iterator<char>(stream), {});
+    const std::string text = fileText("Data/Missions/GenericTemplate.Mission");
     EXPECT_LT(text.find("  Time = "), text.find("  CloudConfig = "));
     EXPECT_LT(text.find("  CloudConfig = "), text.find("MCU_"));
     EXPECT_EQ(text.rfind("# Mission File Version = 1.0;\r\n", 0), 0u);

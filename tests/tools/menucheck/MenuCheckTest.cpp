@@ -22,45 +22,6 @@ Lines faultsOf(const std::string& folder) {
     return lines;
 }
 
-/// What all screens below begin with: elements, and images that are none in the eyes of a check.
-constexpr const char* Base = R"(#check stretch dot.bmp
-init:
-theme.definetheme t
-theme.definefont Fonts/type17
-theme.definewidgetimage widget dot.bmp all
-theme.definewidgetimage button dot.bmp all
-theme.definewidgetimage lamp dot.bmp all
-theme.definewidgettextborderoffset button 40 0
-layout.definelayout l
-layout.definewidget back button
-layout.definewidgetposition 0 700
-layout.definewidgetsize 200 40
-layout.definewidgettransition quitApp
-layout.definewidget ok button
-layout.definewidgetposition 0 100
-layout.definewidgetsize 200 40
-layout.definewidget other button
-layout.definewidgetposition 60 110
-layout.definewidgetsize 200 40
-layout.definewidget far button
-layout.definewidgetposition 1000 0
-layout.definewidgetsize 100 40
-layout.definewidget lamp lamp
-layout.definewidgetposition 600 400
-layout.definewidgetsize 200 40
-layout.definewidget label
-layout.definewidgetposition 0 200
-layout.definewidgetsize 200 40
-layout.definewidget flat
-layout.definewidgetposition 0 300
-layout.definewidgetsize 200 10
-layout.definetextarea area
-layout.definetextareaposition 400 0
-layout.definetextareasize 100 60
-setlayout l
-settheme t
-)";
-
 /// A bitmap file of one blue pixel.
 std::string dot() {
     std::string bytes("BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0", 30);
@@ -68,13 +29,14 @@ std::string dot() {
 }
 
 /// Writes a program of one screen, A. Its script is the body, from line 2 on; what stands there
-/// before the first section joins the base's "init".
+/// before the first section joins the "init" of base.inc: elements, and images that are none in the
+/// eyes of a check.
 void writeProgram(const TemporaryFolder& folder, const std::string& body) {
     folder.write("dot.bmp", dot());
     for (const char* name : {"Fonts/type17.fnt", "Fonts/type17.png"})
         std::filesystem::copy_file(std::string(SAMPLE_FOLDER "/") + name, folder.file(name));
     folder.write("Menus/init.lst", "A\n");
-    folder.write("Menus/base.inc", Base);
+    std::filesystem::copy_file(BASE_SCRIPT, folder.file("Menus/base.inc"));
     folder.write("Menus/A.ini", "include Menus/base.inc\n" + body);
 }
 

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <set>
 #include <sstream>
 #include <tuple>
 
 #include <gtest/gtest.h>
+
+#include "tests/support/Texts.h"
 
 namespace standin {
 
@@ -199,6 +202,16 @@ void checkPieces(const std::vector<std::string>& pieces) {
 int32_t LogLine::number(const std::string& key) const {
     const auto found = values.find(key);
     return found == values.end() ? 0 : std::atoi(found->second.c_str());
+}
+
+std::vector<std::string> readPieces(const std::string& path) {
+    std::vector<std::string> pieces;
+    for (;;) {
+        const std::string file = path + "[" + std::to_string(pieces.size()) + "].txt";
+        if (!std::filesystem::exists(file))
+            return pieces;
+        pieces.push_back(fileText(file));
+    }
 }
 
 std::vector<LogLine> linesOf(const std::vector<std::string>& pieces) {

@@ -16,6 +16,9 @@ struct LogLine {
     int32_t number(const std::string& key) const;
 };
 
+/// The files PATH[0].txt, PATH[1].txt and so on up to the first gap.
+std::vector<std::string> readPieces(const std::string& path);
+
 /// All lines of the pieces but those of type 15.
 std::vector<LogLine> linesOf(const std::vector<std::string>& pieces);
 

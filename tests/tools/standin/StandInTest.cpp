@@ -21,44 +21,40 @@ bool has(const TemporaryFolder& folder, const std::string& name) {
     return std::filesystem::exists(folder.path() + "/" + name);
 }
 
-std::string pieceName(const std::string& stamp, size_t piece) {
-    return "data/missionReport(" + stamp + ")[" + std::to_string(piece) + "].txt";
-}
-
-/// The pieces of a log, in order, without gaps.
+/// The pieces of a log.
 std::vector<std::string> piecesOf(const TemporaryFolder& folder, const std::string& stamp = Stamp) {
-    std::vector<std::string> pieces;
-    while (has(folder, pieceName(stamp, pieces.size())))
-        pieces.push_back(folder.read(pieceName(stamp, pieces.size())));
-    return pieces;
+    return readPieces(folder.path() + "/data/missionReport(" + stamp + ")");
 }
 
-FlightOptions pinned(uint32_t seed) {
+FlightOptions pinned(uint32_t seed, const std::string& stamp = Stamp) {
     FlightOptions options;
     options.seed = seed;
-    options.stamp = Stamp;
+    options.stamp = stamp;
     return options;
 }
 
-void prepare(const TemporaryFolder& folder) {
-    zel::String error;
-    ASSERT_TRUE(makeSimulatorFolder(folder.path(), error)) << error.c_str();
-    folder.write(MissionPath, missionText(sixPlanes()));
-}
+/// A simulator's folder with the mission of six planes.
+struct StandInFlights : testing::Test {
+    StandInFlights() {
+        zel::String error;
+        EXPECT_TRUE(makeSimulatorFolder(folder.path(), error)) << error.c_str();
+        folder.write(MissionPath, missionText(sixPlanes()));
+    }
+    FlightSummary flown(const FlightOptions& options,
+                        const std::string& mission = "WingtallyMission.Mission") const {
+        FlightSummary summary;
+        zel::String error;
+        EXPECT_TRUE(flyMission(folder.path(), mission, options, error, &summary)) << error.c_str();
+        return summary;
+    }
+    std::string errorOf(const FlightOptions& options,
+                        const std::string& mission = "WingtallyMission.Mission") const {
+        zel::String error;
+        return flyMission(folder.path(), mission, options, error, nullptr) ? "" : error.c_str();
+    }
 
-FlightSummary flown(const TemporaryFolder& folder, const FlightOptions& options) {
-    FlightSummary summary;
-    zel::String error;
-    EXPECT_TRUE(flyMission(folder.path(), "WingtallyMission.Mission", options, error, &summary))
-        << error.c_str();
-    return summary;
-}
-
-std::string errorOf(const TemporaryFolder& folder, const std::string& mission,
-                    const FlightOptions& options) {
-    zel::String error;
-    return flyMission(folder.path(), mission, options, error, nullptr) ? "" : error.c_str();
-}
+    TemporaryFolder folder;
+};
 
 } // namespace
 
@@ -78,10 +74,8 @@ TEST(StandIn, MakesASimulatorFolder) {
     EXPECT_FALSE(makeSimulatorFolder("", error));
 }
 
-TEST(StandIn, FliesTheSameMissionTheSameWay) {
-    const TemporaryFolder folder;
-    prepare(folder);
-    const FlightSummary summary = flown(folder, pinned(9));
+TEST_F(StandInFlights, FliesTheSameMissionTheSameWay) {
+    const FlightSummary summary = flown(pinned(9));
     EXPECT_TRUE(summary.finished);
     EXPECT_EQ(summary.seed, 9U);
     EXPECT_EQ(summary.logName, "missionReport(2024-05-02_20-15-33)[0].txt");
@@ -89,28 +83,22 @@ TEST(StandIn, FliesTheSameMissionTheSameWay) {
     EXPECT_EQ(pieces.size(), static_cast<size_t>(summary.pieces));
     expectRules(pieces, true);
     // The second log may not touch the first; it takes the next second.
-    EXPECT_EQ(flown(folder, pinned(9)).logName, "missionReport(2024-05-02_20-15-34)[0].txt");
+    EXPECT_EQ(flown(pinned(9)).logName, "missionReport(2024-05-02_20-15-34)[0].txt");
     EXPECT_EQ(piecesOf(folder, "2024-05-02_20-15-34"), pieces);
-    FlightOptions other = pinned(10);
-    flown(folder, other);
+    flown(pinned(10));
     EXPECT_NE(piecesOf(folder, "2024-05-02_20-15-35"), pieces);
     zel::setWallTimeSource([] { return zel::WallTime{2017, 12, 31, 23, 59, 59}; });
-    other.stamp.clear();
-    EXPECT_EQ(flown(folder, other).logName, "missionReport(2017-12-31_23-59-59)[0].txt");
-    EXPECT_EQ(flown(folder, other).logName, "missionReport(2018-01-01_00-00-00)[0].txt");
+    EXPECT_EQ(flown(pinned(10, "")).logName, "missionReport(2017-12-31_23-59-59)[0].txt");
+    EXPECT_EQ(flown(pinned(10, "")).logName, "missionReport(2018-01-01_00-00-00)[0].txt");
     zel::setWallTimeSource(nullptr);
 }
 
-TEST(StandIn, SumsTheFlightUp) {
-    const TemporaryFolder folder;
-    prepare(folder);
+TEST_F(StandInFlights, SumsTheFlightUp) {
     int32_t victories = 0;
     for (uint32_t seed = 1; seed <= 20; ++seed) {
-        FlightOptions options = pinned(seed);
-        options.stamp = "2024-01-01_00-00-" + std::to_string(10 + seed);
-        const FlightSummary summary = flown(folder, options);
-        const std::vector<LogLine> lines = linesOf(piecesOf(folder, options.stamp));
-        const HumanPart human = humanPartOf(lines);
+        const std::string stamp = "2024-01-01_00-00-" + std::to_string(10 + seed);
+        const FlightSummary summary = flown(pinned(seed, stamp));
+        const HumanPart human = humanPartOf(linesOf(piecesOf(folder, stamp)));
         ASSERT_EQ(summary.planes.size(), 6U);
         EXPECT_TRUE(summary.planes[0].isPlayer);
         EXPECT_EQ(summary.planes[0].dead, human.dead) << "seed " << seed;
@@ -122,15 +110,12 @@ TEST(StandIn, SumsTheFlightUp) {
 }
 
 // What was asked for stands in the log, although it breaks off.
-TEST(StandIn, HeedsItsOptions) {
-    const TemporaryFolder folder;
-    prepare(folder);
+TEST_F(StandInFlights, HeedsItsOptions) {
     for (uint32_t seed = 1; seed <= 20; ++seed) {
-        FlightOptions options = pinned(seed);
-        options.stamp = "2024-05-02_21-00-" + std::to_string(10 + seed);
+        FlightOptions options = pinned(seed, "2024-05-02_21-00-" + std::to_string(10 + seed));
         options.killPlayer = seed % 2 == 0;
         options.woundPlayer = options.breakOff = true;
-        EXPECT_FALSE(flown(folder, options).finished);
+        EXPECT_FALSE(flown(options).finished);
         const HumanPart human = humanPartOf(linesOf(piecesOf(folder, options.stamp)));
         EXPECT_EQ(human.dead, options.killPlayer) << "death goes before a wound";
         EXPECT_GT(human.wounds, 0) << seed;
@@ -138,13 +123,11 @@ TEST(StandIn, HeedsItsOptions) {
     }
     FlightOptions options = pinned(4);
     options.truncateLastPiece = true;
-    flown(folder, options);
+    flown(options);
     EXPECT_NE(piecesOf(folder).back().back(), '\n');
 }
 
-TEST(StandIn, WritesPieceByPieceUntilItIsInterrupted) {
-    const TemporaryFolder folder;
-    prepare(folder);
+TEST_F(StandInFlights, WritesPieceByPieceUntilItIsInterrupted) {
     std::vector<double> waits;
     size_t interruption = 999; // the wait in which it is interrupted
     FlightOptions options = pinned(5);
@@ -156,7 +139,7 @@ TEST(StandIn, WritesPieceByPieceUntilItIsInterrupted) {
         waits.push_back(seconds);
         return waits.size() < interruption;
     };
-    FlightSummary summary = flown(folder, options);
+    FlightSummary summary = flown(options);
     ASSERT_EQ(waits.size(), static_cast<size_t>(summary.pieces) + 1);
     EXPECT_DOUBLE_EQ(waits[0], 7);
     EXPECT_DOUBLE_EQ(waits[1], 1.5);
@@ -164,48 +147,35 @@ TEST(StandIn, WritesPieceByPieceUntilItIsInterrupted) {
         options.stamp = pieces == 0 ? "2024-05-02_21-00-00" : "2024-05-02_22-00-00";
         interruption = pieces == 0 ? 1 : static_cast<size_t>(pieces) + 2;
         waits.clear();
-        summary = flown(folder, options);
+        summary = flown(options);
         EXPECT_TRUE(summary.interrupted && !summary.finished);
         EXPECT_EQ(summary.pieces, pieces);
         EXPECT_EQ(piecesOf(folder, options.stamp).size(), static_cast<size_t>(pieces));
     }
 }
 
-TEST(StandIn, SaysWhyItDoesNotFly) {
-    const TemporaryFolder folder;
-    prepare(folder);
+TEST_F(StandInFlights, SaysWhyItDoesNotFly) {
     const std::string data = folder.path() + "/data";
-    EXPECT_EQ(errorOf(folder, "Other.Mission", pinned(1)),
+    EXPECT_EQ(errorOf(pinned(1), "Other.Mission"),
               data + "/Missions: no mission Other.Mission lies there");
     folder.write("data/Missions/Broken.Mission",
                  replaced(smallMission(), "AILevel = 2", "AILevel = 7"));
-    const std::string broken = errorOf(folder, "Broken.Mission", pinned(1));
+    const std::string broken = errorOf(pinned(1), "Broken.Mission");
     EXPECT_EQ(broken.rfind(data + "/Missions/Broken.Mission:", 0), 0U) << broken;
     EXPECT_NE(broken.find(": AILevel lies outside of 0 to 4"), broken.npos) << broken;
-    for (const char* stamp : {"today", "2024-05-02", "2024-5-2_20-15-33", "2024-05-02_20-15-33x"}) {
-        FlightOptions options = pinned(1);
-        options.stamp = stamp;
-        EXPECT_NE(errorOf(folder, "WingtallyMission.Mission", options), "") << stamp;
-    }
+    for (const char* stamp : {"today", "2024-05-02", "2024-5-2_20-15-33", "2024-05-02_20-15-33x"})
+        EXPECT_NE(errorOf(pinned(1, stamp)), "") << stamp;
     folder.write("data/startup.cfg", "[KEY = system]\r\nmission_text_log = 0\r\n[END]\r\n");
-    EXPECT_NE(errorOf(folder, "WingtallyMission.Mission", pinned(1)).find("mission_text_log"),
-              std::string::npos);
+    EXPECT_NE(errorOf(pinned(1)).find("mission_text_log"), std::string::npos);
     EXPECT_TRUE(piecesOf(folder).empty()) << "nothing is written without a flight";
 }
 
-TEST(StandIn, FindsMissionsByEitherName) {
-    const TemporaryFolder folder;
-    prepare(folder);
+TEST_F(StandInFlights, FindsMissionsByEitherName) {
     folder.write("other/Second.Mission", smallMission());
-    zel::String error;
-    FlightSummary summary;
-    EXPECT_TRUE(flyMission(folder.path(), "other/Second.Mission", pinned(1), error, &summary));
-    EXPECT_EQ(summary.mission, "Second.Mission");
+    EXPECT_EQ(flown(pinned(1), "other/Second.Mission").mission, "Second.Mission");
     EXPECT_NE(piecesOf(folder)[0].find("MFile:Missions/Second.mission "), std::string::npos);
-    EXPECT_TRUE(flyMission(folder.path(), "data\\Missions\\WingtallyMission.Mission", pinned(1),
-                           error, &summary))
-        << error.c_str();
-    EXPECT_EQ(summary.mission, "WingtallyMission.Mission");
+    EXPECT_EQ(flown(pinned(1), "data\\Missions\\WingtallyMission.Mission").mission,
+              "WingtallyMission.Mission");
 }
 
 } // namespace standin
