@@ -8,11 +8,16 @@ anchors() {
     sed -n 's/^##* //p' "$1" | tr '[:upper:]' '[:lower:]' | sed 's/[^a-z0-9 _-]//g; s/ /-/g'
 }
 
+# The targets of a document's links, which may be broken between two lines and have a title.
+links() {
+    tr '\n' ' ' <"$1" | grep -o '\](\([^()]*\))' | sed 's/^](//; s/)$//; s/^ *//; s/ .*//; s/^<//; s/>$//'
+    sed -n 's/^\[[^]]*\]: *\([^ ]*\).*/\1/p' "$1"
+}
+
 status=0
 for document in "$@"; do
     [ -f "$document" ] || { echo "$document isn't there" >&2; exit 1; }
-    # A link may be broken between two lines.
-    for link in $(tr '\n' ' ' <"$document" | grep -o '](\([^() ]*\))' | sed 's/^](//; s/)$//'); do
+    for link in $(links "$document"); do
         case "$link" in *://*) continue ;; esac
         file=${link%%#*}
         target=$document

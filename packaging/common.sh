@@ -34,15 +34,20 @@ need_packages() {
         { tail -n 20 build/packages.log >&2; fail "apt-get could not install$missing"; }
 }
 
-# quietly LOG COMMAND...: the command's words go to the log; only if it fails are they shown.
+# quietly LOG COMMAND...: the command's words go to the log; only if it fails are they shown. A
+# function ends at its first failure, which it would not do in front of "||".
 quietly() {
     log=$1
     shift
     mkdir -p "$(dirname "$log")"
-    "$@" >"$log" 2>&1 || {
+    set +e
+    (set -e && "$@") >"$log" 2>&1
+    status=$?
+    set -e
+    if [ $status -ne 0 ]; then
         tail -n 40 "$log" >&2
         fail "failed: $* (all of it is in $log)"
-    }
+    fi
 }
 
 # What building takes, and what testing takes besides.

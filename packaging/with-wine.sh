@@ -16,6 +16,8 @@ if [ ! -d "$LOCPATH/$LC_ALL" ]; then
     localedef -i en_GB -f UTF-8 "$LOCPATH/$LC_ALL"
 fi
 trap 'wineserver -k >/dev/null 2>&1 || true' EXIT
+trap 'exit 130' INT # without these a signal ends the shell and leaves the server
+trap 'exit 143' TERM
 # Its services would hold the output of whatever started them open, and a reader of it would wait
 # for them after each program: they are started here, with none.
 wineboot -i >/dev/null 2>&1 </dev/null

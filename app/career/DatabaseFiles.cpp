@@ -41,13 +41,16 @@ public:
     /// A folder that isn't there is an empty one.
     void readFolder(const zel::String& folder) {
         const zel::Directory directory(folder, "*.*");
-        int32_t i = 0;
-        for (; i < directory.count() && records.size() < MostRecords; ++i)
-            if (!directory.isDirectory(i))
-                readFile(folder + directory.name(i), baseName(directory.name(i).c_str()));
-        if (i < directory.count())
-            logFile(folder + directory.name(i),
-                    "is one file too many; it and the rest are left out");
+        for (int32_t i = 0; i < directory.count(); ++i) {
+            if (directory.isDirectory(i))
+                continue;
+            if (records.size() == MostRecords) {
+                logFile(folder + directory.name(i),
+                        "is one file too many; it and the rest are left out");
+                return;
+            }
+            readFile(folder + directory.name(i), baseName(directory.name(i).c_str()));
+        }
     }
 
 private:

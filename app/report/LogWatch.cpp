@@ -32,6 +32,7 @@ void LogWatch::settle() {
 std::vector<zel::String> LogWatch::look(const zel::String& folder) {
     std::vector<zel::String> names;
     growing = false;
+    bool hasNews = false;
     zel::Directory present;
     if (!present.list(folder, FirstPiecePattern))
         return names;
@@ -45,6 +46,7 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
         const Extent now = measure(folder, name);
         if (earlier == lookedAt.end()) {
             lookedAt.push_back(now);
+            hasNews = true;
         } else {
             const bool hasGrown = now.pieces > earlier->pieces || now.bytes > earlier->bytes;
             growing = growing || hasGrown;
@@ -55,7 +57,7 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
         names.push_back(name);
     }
     known = present;
-    quiet = lookedAt.empty() || !names.empty() ? 0 : quiet + 1;
+    quiet = lookedAt.empty() || hasNews || growing ? 0 : quiet + 1;
     return names;
 }
 

@@ -24,8 +24,10 @@ void enterRunDirectory() {
 void keepLog() {
     zel::setApplicationTitle(ZelAppInfo::getAppName());
     const zel::String folder = zel::getUserDirectory();
-    if (zel::Directory::create(folder))
-        zel::startLogFile(folder + "wingtally.log");
+    const bool hasFolder = zel::Directory::create(folder);
+    zel::startLogFile((hasFolder ? folder : zel::String()) + "wingtally.log");
+    if (!hasFolder)
+        zel::log("Nothing can be kept: there is no folder " + folder, "Wingtally", zel::LogError);
 }
 
 } // namespace

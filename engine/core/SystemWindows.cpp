@@ -42,9 +42,9 @@ DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); 
 
 /// Whether the last error may pass: somebody holds the file. To replace a file that is open is
 /// "access denied", as is what will never be allowed: a folder and a file that is read-only.
-bool isHeld(const String& path) {
+bool isHeld(const String& path, DWORD error) {
     constexpr DWORD Lasting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
-    switch (GetLastError()) {
+    switch (error) {
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
     case ERROR_UNABLE_TO_REMOVE_REPLACED:
@@ -64,8 +64,11 @@ bool isHeld(const String& path) {
 template <typename Operation>
 bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
     for (int32_t attempt = 1; !operation(); ++attempt) {
-        if (attempt == attempts || !isHeld(path))
+        const DWORD error = GetLastError(); // asking for the file would change it
+        if (attempt == attempts || !isHeld(path, error)) {
+            SetLastError(error);
             return false;
+        }
         Sleep(AttemptPause);
     }
     return true;
@@ -207,6 +210,7 @@ FILE* openFile(const String& path, const char* mode) {
     FILE* stream = nullptr;
     const bool reads = std::string_view(mode).find_first_of("wa+") == std::string_view::npos;
     const auto open = [&] {
+        _doserrno = 0; // fopen may fail before it asks the system
         stream = std::fopen(path.c_str(), mode);
         if (stream == nullptr)
             SetLastError(_doserrno);

@@ -13,6 +13,7 @@ key=$uninstall'\{1101370E-0BBC-4939-8037-2AED92A5C15C}_is1'
 roaming=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Roaming)
 user=$roaming/Wingtally
 log=$user/wingtally.log
+preferences=$user/prefs.dat
 export LIBGL_ALWAYS_SOFTWARE=1 SDL_AUDIODRIVER=dummy
 
 program=
@@ -80,14 +81,24 @@ quits() {
 windows_program() { exec wine64 "$build/bin/wingtally.exe" >/dev/null 2>&1 </dev/null; }
 linux_program() { cd "$results" && XDG_DATA_HOME=$results/linux exec "$linux/bin/wingtally" >"$log" </dev/null; }
 
+# turn X Y KEY: a click on a switch, and the preference that it saves.
+turn() {
+    click "$1" "$2"
+    for _ in $(seq 100); do
+        grep -qas "$3" "$preferences" && return 0
+        sleep 0.1
+    done
+    fail "$3 was not saved"
+}
+
 turn_switches() {
     press 780 421 MenuConfiguration
-    click 336 460 # sound
+    turn 336 460 soundOn
     press 336 163 MenuConfigurationMaps
-    click 848 497
+    turn 848 497 mapChannel
     press 132 730 MenuConfiguration
     press 336 245 MenuConfigurationPlanes1
-    click 336 200
+    turn 336 200 dh2
     press 132 730 MenuConfiguration
     press 132 730 MenuMain
 }
@@ -118,10 +129,10 @@ words=$(grep -c . "$log")
 
 printf 'rof.directory = %s\n' "$simulator" >"$results/wtysettings.ini"
 log=$results/linux.log
+preferences=$results/linux/Wingtally/prefs.dat
 : >"$log"
 start linux_program
 turn_switches
 quits
-cmp "$user/prefs.dat" "$results/linux/Wingtally/prefs.dat"
-[ "$(stat -c %s "$user/prefs.dat")" -gt 40 ] || fail "not all switches were turned"
+cmp "$user/prefs.dat" "$preferences" || fail "the two programs save different switches"
 echo "A cycle by pointer: $words lines of log; the switches are saved as on Linux"

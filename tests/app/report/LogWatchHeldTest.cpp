@@ -48,6 +48,7 @@ TEST_P(HeldPieceTest, IsReadAgain) {
         EXPECT_FALSE(findCombatReport(watch));
         EXPECT_TRUE(report.pilots.empty() && report.lines.lines.empty()) << "half a flight";
         EXPECT_FALSE(watch.isGrowing()) << "the flight is over";
+        EXPECT_EQ(watch.quietLooks(), looks - 1) << "nothing has come, read or not";
         EXPECT_EQ(lines.linesWith("cannot be read"), looks);
     }
     held.release();
