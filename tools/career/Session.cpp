@@ -64,7 +64,7 @@ bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
 
 bool Session::load() {
     missionWritten = false;
-    const zel::String path = zel::getUserDirectory() + SaveFileName;
+    const zel::String path = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     if (career.loadFile(SaveFileName)) {
         say("Loaded " + path);
         return true;
@@ -81,7 +81,7 @@ bool Session::load() {
 bool Session::save() {
     if (!needCareer())
         return false;
-    const zel::String path = zel::getUserDirectory() + SaveFileName;
+    const zel::String path = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     if (!career.writeSave(SaveFileName))
         return fail("The career can't be written to " + path);
     say("Saved " + path);
