@@ -51,7 +51,10 @@ private:
         write("l.bmp", dots);
         write("l.idx", "resolution 1024 768\nwidget a\npickcolor #ff0000\nscrollin 9 9 1\n"
                        "textarea t\npickcolor #0000ff\nalign right\nwidget lost\n");
-        write("f.fnt", fontFile(glyph(' ', 7) + glyph('a', 7) + glyph('b', 7), "", "dot.bmp"));
+        std::string letters;
+        for (const char letter : {' ', 'a', 'b'})
+            letters += glyph(static_cast<uint8_t>(letter), 7, {0, 0, 1, 1});
+        write("f.fnt", fontFile(letters, "", "dot.bmp"));
         write("block.inc", "setlayout l\nsettheme t\n");
         std::filesystem::create_directories(folder.file("Language"));
         write("Language/en.txt", "1: a b\\na\n2: $1\n");

@@ -42,8 +42,10 @@ struct Mark {
     int32_t active = 0;
 };
 
-/// A whole career from that month to the end of the war, looked at after each period.
-void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month) {
+/// A whole career from that month to the end of the war, looked at after each period. `result`:
+/// what is saved then.
+void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
+                 std::string* result = nullptr) {
     War war(seed);
     ASSERT_TRUE(war.session.newCareer(service, year, month)) << war.session.problem().c_str();
     ASSERT_EQ(careerFaults(war.career), "");
@@ -88,6 +90,8 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month) {
     EXPECT_EQ(careerFaults(war.career), "");
     ASSERT_TRUE(war.session.save());
     EXPECT_TRUE(war.run.save() == saved) << "a saved career comes back whole";
+    if (result != nullptr)
+        *result = saved;
 }
 
 TEST(Wars, AreFoughtToTheirEndByTheFrench) {
@@ -108,7 +112,18 @@ TEST(Wars, AreFoughtToTheirEndByTheGermans) {
     fightTheWar(301, ServiceGerman, 1915, 12);
     fightTheWar(302, ServiceGerman, 1916, 12);
     fightTheWar(303, ServiceGerman, 1917, 1);
-    fightTheWar(304, ServiceGerman, 1918, 10);
+}
+
+TEST(Wars, FollowFromTheirSeed) {
+    std::string first;
+    std::string second;
+    std::string other;
+    fightTheWar(304, ServiceGerman, 1918, 10, &first);
+    fightTheWar(304, ServiceGerman, 1918, 10, &second);
+    fightTheWar(305, ServiceGerman, 1918, 10, &other);
+    EXPECT_GT(first.size(), 500000U);
+    EXPECT_TRUE(second == first) << "the second career of a process is another";
+    EXPECT_FALSE(other == first);
 }
 
 } // namespace

@@ -21,7 +21,8 @@ namespace {
 
 constexpr int32_t LookTime = 9000; // milliseconds
 constexpr int32_t MostWidgets = 64;
-constexpr float QuickFades = 100; // nobody looks at them here
+constexpr float QuickFades = 100;        // nobody looks at them here
+constexpr const char* Locale = "LC_ALL"; // goes before all others
 
 } // namespace
 
@@ -34,7 +35,9 @@ std::string PlayerHome::mission() const {
     return folder.read(simulator + "/data/Missions/" + MissionFileName);
 }
 
-CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow) : home(home) {
+CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow, const char* locale)
+    : home(home), localeBefore(zel::system::environment(Locale)) {
+    zel::system::setEnvironment(Locale, locale);
     Configuration::reset();
     Configuration::set("rof.directory", home.simulatorFolder());
     setWindowWanted(inWindow);
@@ -55,6 +58,7 @@ CareerDriver::~CareerDriver() {
     zel::setWallTimeSource(nullptr);
     Configuration::reset();
     zel::Registry::reset();
+    zel::system::setEnvironment(Locale, localeBefore);
 }
 
 void CareerDriver::press(const std::string& name, How how) {

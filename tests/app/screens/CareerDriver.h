@@ -23,12 +23,14 @@ struct PlayerHome {
 };
 
 /// The application over the delivered data, driven by the names of its widgets; all that is left to
-/// chance follows from the seed.
+/// chance follows from the seed. As long as it lives the player is of that locale, whatever the
+/// machine's is.
 class CareerDriver {
 public:
     enum class How { Pointer, Keys, Name };
 
-    explicit CareerDriver(const PlayerHome& home, uint32_t seed = 1, bool inWindow = false);
+    explicit CareerDriver(const PlayerHome& home, uint32_t seed = 1, bool inWindow = false,
+                          const char* locale = "en_GB.UTF-8");
     ~CareerDriver();
     CareerDriver(const CareerDriver&) = delete;
     CareerDriver& operator=(const CareerDriver&) = delete;
@@ -67,6 +69,7 @@ private:
     void press(const std::string& widget, How how);
 
     const PlayerHome& home;
+    zel::String localeBefore;
 };
 
 /// As long as it lives the window is as a player holds it: in front, the pointer in it.

@@ -5,7 +5,6 @@
 #include "app/career/Aircraft.h"
 #include "app/mission/DailyMission.h"
 #include "engine/core/Registry.h"
-#include "engine/core/System.h"
 #include "engine/menu/TextArea.h"
 #include "tests/app/screens/CareerDriver.h"
 
@@ -15,15 +14,12 @@ constexpr const char* Beginning = "menuButton3>MenuNewYear menuButton1>MenuNewCa
 
 /// The program for a player of that locale.
 struct Speaking {
-    explicit Speaking(const char* locale) {
-        zel::system::setEnvironment("LC_ALL", locale);
-        driver = std::make_unique<CareerDriver>(home);
-        EXPECT_TRUE(driver->screens->untilIdle("MenuMain"));
-        zel::system::setEnvironment("LC_ALL", "");
+    explicit Speaking(const char* locale) : driver(home, 1, false, locale) {
+        EXPECT_TRUE(driver.screens->untilIdle("MenuMain"));
     }
 
     PlayerHome home;
-    std::unique_ptr<CareerDriver> driver;
+    CareerDriver driver;
 };
 
 TEST(LanguageOfTheScreens, IsThatOfTheSwitches) {
@@ -33,8 +29,8 @@ TEST(LanguageOfTheScreens, IsThatOfTheSwitches) {
           {"fr_FR", "Son\xA0: oui", "Son\xA0: non",
            "Plein \xE9"
            "cran\xA0: non"}}) {
-        const Speaking program(locale);
-        CareerDriver& driver = *program.driver;
+        Speaking program(locale);
+        CareerDriver& driver = program.driver;
         ASSERT_TRUE(driver.walk("menuButton3>MenuConfiguration"));
         EXPECT_EQ(driver.text("sound"), on);
         EXPECT_EQ(driver.text("fullScreen"), window);
@@ -46,8 +42,8 @@ TEST(LanguageOfTheScreens, IsThatOfTheSwitches) {
 }
 
 TEST(LanguageOfTheScreens, IsThatOfWhatStoppedTheMission) {
-    const Speaking program("de_DE");
-    CareerDriver& driver = *program.driver;
+    Speaking program("de_DE");
+    CareerDriver& driver = program.driver;
     ASSERT_TRUE(driver.begin(Beginning));
     const std::string missions = program.home.simulatorFolder() + "/data/Missions";
     std::filesystem::remove_all(missions);
@@ -71,8 +67,8 @@ TEST(LanguageOfTheScreens, GivesAnExampleOfThePlayersSystem) {
 }
 
 TEST(LanguageOfTheScreens, TellsWhatToDoWhenThereIsNothingToFly) {
-    const Speaking program("en_GB");
-    CareerDriver& driver = *program.driver;
+    Speaking program("en_GB");
+    CareerDriver& driver = program.driver;
     const auto isShown = [&](const char* line) {
         return driver.screens->menu().getTextArea(line)->isVisible();
     };

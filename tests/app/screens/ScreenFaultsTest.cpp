@@ -102,6 +102,7 @@ TEST(ScreenFaultsInFlight, TheLogIsStillGrowingOrSomebodyElses) {
             pieces[name] = home.folder.read(name);
     for (const auto& [name, content] : pieces)
         std::filesystem::remove(home.folder.file(name));
+    ASSERT_FALSE(pieces.empty());
     const auto& [first, whole] = *pieces.begin();
     for (const size_t length : {200U, 400U}) {
         home.folder.write(first, whole.substr(0, length));

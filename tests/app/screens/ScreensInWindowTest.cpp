@@ -13,7 +13,6 @@
 #include "app/career/Database.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Platform.h"
-#include "engine/core/System.h"
 #include "engine/core/Window.h"
 #include "engine/core/ZelLoop.h"
 #include "engine/menu/Widget.h"
@@ -26,7 +25,10 @@ namespace {
 
 class ScreensInWindow : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(driver.screens->untilIdle("MenuMain")); }
+    void SetUp() override {
+        ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+        ASSERT_NE(everyButton.find('>'), everyButton.npos) << "no steps in " << BUTTONS_FILE;
+    }
 
     const InFront inFront;
     const PlayerHome home;
@@ -96,12 +98,10 @@ TEST_F(ScreensInWindow, EndWhenTheyAreClosedWhileTheWarIsFought) {
 }
 
 TEST_P(ScreenLanguages, LookAsTheyWereKept) {
-    zel::system::setEnvironment("LC_ALL", std::string(GetParam()) + ".UTF-8");
     const std::string language = std::string(GetParam()).substr(0, 2);
     const InFront inFront;
     const PlayerHome home;
-    CareerDriver driver(home, 1, true);
-    zel::system::setEnvironment("LC_ALL", "");
+    CareerDriver driver(home, 1, true, GetParam());
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     const auto visit = [&](const std::string& name) {
         const std::string file = language + "/" + name + ".jpg";
@@ -112,6 +112,7 @@ TEST_P(ScreenLanguages, LookAsTheyWereKept) {
     EXPECT_TRUE(tourScreens(driver, visit));
 }
 
-INSTANTIATE_TEST_SUITE_P(Tables, ScreenLanguages, testing::Values("en_GB", "de_DE", "fr_FR"));
+INSTANTIATE_TEST_SUITE_P(Tables, ScreenLanguages,
+                         testing::Values("en_GB.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"));
 
 } // namespace

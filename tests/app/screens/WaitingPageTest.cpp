@@ -78,6 +78,7 @@ TEST_F(WaitingPage, SaysThatTheFlightGoesOnUntilItIsOver) {
 TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
     ASSERT_TRUE(driver.fly());
     const Pieces pieces = takeLog();
+    ASSERT_FALSE(pieces.empty());
     const auto& [first, beginning] = *pieces.begin();
     for (const size_t length : {200U, 400U}) {
         write(first, beginning.substr(0, length));

@@ -64,6 +64,12 @@ TEST(SquadronSimulator, GradesPilotsByTheRule) {
             for (int32_t missions = 0; missions <= 90; ++missions)
                 levels += std::to_string(SquadronSimulator::pilotLevel(skill, shotdowns, missions));
     EXPECT_EQ(hashOf(levels), 0xB232AA5CAD6FDF91U);
+    // Some of them, reckoned by hand: skill, victories, missions, level.
+    const int32_t cases[][4] = {
+        {0, 0, 8, 2}, {6, 0, 1, 1}, {0, 2, 8, 3}, {0, 0, 75, 4}, {10, 5, 0, 4}};
+    for (const auto& [skill, shotdowns, missions, level] : cases)
+        EXPECT_EQ(SquadronSimulator::pilotLevel(skill, shotdowns, missions), level)
+            << skill << ' ' << shotdowns << ' ' << missions;
 }
 
 struct Place {

@@ -62,10 +62,18 @@ inline std::string fontBlock(uint32_t kind, const std::string& content) {
     return Bytes().u8(kind).u32(static_cast<uint32_t>(content.size())).text(content);
 }
 
-/// A character of 8 by 9 at 10, 20 of its page, a pixel to the left and 3 down.
-inline std::string glyph(uint32_t code, uint32_t advance) {
+/// Where a character is on its page, in pixels.
+struct GlyphPlace {
+    uint32_t x = 10;
+    uint32_t y = 20;
+    uint32_t width = 8;
+    uint32_t height = 9;
+};
+
+/// A character that is drawn a pixel to the left and 3 down.
+inline std::string glyph(uint32_t code, uint32_t advance, const GlyphPlace& place = {}) {
     Bytes bytes;
-    bytes.u32(code).u16(10).u16(20).u16(8).u16(9);
+    bytes.u32(code).u16(place.x).u16(place.y).u16(place.width).u16(place.height);
     return bytes.u16(0xFFFF).u16(3).u16(advance).u8(0).u8(15);
 }
 
