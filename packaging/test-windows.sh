@@ -84,7 +84,7 @@ start_window() {
     printf 'rof.directory=%s\r\n' "$simulator" >"$1/wtysettings.ini"
     log=$careers/wingtally.log
     rm -f "$log"
-    (cd "$1" && windows 90 wingtally.exe >/dev/null 2>&1) &
+    (cd "$1" && windows 300 wingtally.exe >/dev/null 2>&1) &
     window=$!
     tries=0
     until grep -q "MenuMain: onEntered" "$log" 2>/dev/null || [ $((tries += 1)) -gt 60 ]; do
@@ -123,20 +123,22 @@ check_installed() {
     strings -el "$shortcut" | grep -q 'Programs\\Wingtally$' || fail "the shortcut's working folder isn't the program's"
 }
 
-# stops_at_once PROGRAM...: it ends with the exit code for "I can't now".
-stops_at_once() {
+# gives_up PROGRAM...: it ends with the exit code for "I can't now".
+gives_up() {
     code=0
-    windows 60 "$@" >/dev/null 2>&1 || code=$?
-    [ $code -eq 2 ] || fail "$1 beside a running Wingtally: exit code $code"
+    windows 120 "$@" >/dev/null 2>&1 || code=$?
+    [ $code -eq 2 ] || fail "$* should have given up: exit code $code"
 }
 
 # A running program can't be replaced: all of it stays as it was.
 check_in_use() {
     start_window "$installed"
     cp -R "$installed" "$work/before"
-    stops_at_once "$setup" /S
-    stops_at_once "$setup" /S '/D=C:\Flights\Wingtally'
-    stops_at_once "$installed/Uninstall.exe" /S "_?=C:${installed#*/drive_c}"
+    gives_up "$setup" /S
+    gives_up "$setup" /S '/D=C:\Flights\Wingtally'
+    # With slashes it would end with the same exit code before it does anything.
+    gives_up "$installed/Uninstall.exe" /S "_?=C:$(echo "${installed#*/drive_c}" | sed 's|/|\\|g')"
+    kill -0 $window 2>/dev/null || fail "Wingtally ended before the installers did"
     stop_window
     same "$work/before" "$installed" "an installation in use was changed"
     [ ! -e "$WINEPREFIX/drive_c/Flights" ] || fail "something was installed beside a running Wingtally"
@@ -164,12 +166,25 @@ only_own() {
 }
 
 # An update into another folder leaves no second installation, and the player's own files come along.
+# Older ones lie there already, and somebody else's uninstaller, which isn't to be run: this one would
+# fail.
 check_moved() {
+    target=$WINEPREFIX/drive_c/Flights/Wingtally
+    mkdir -p "$target/Data/Custom/Pilots"
+    echo old >"$target/wtysettings.ini"
+    echo old >"$target/Data/Custom/Pilots/Old.txt"
+    cp "$unpacked/wingtally-menucheck.exe" "$target/Uninstall.exe"
     windows 300 "$setup" /S '/D=C:\Flights\Wingtally' >/dev/null 2>&1 || fail "the installer failed in another folder"
     only_own "$installed"
+    for file in wtysettings.ini Data/Custom; do
+        same "$installed/$file" "$target/$file" "$file didn't come along"
+    done
+    grep -q old "$target/wtysettings.ini.bak" || fail "older settings weren't kept"
+    [ "$(list "$target/Data/Custom.bak")" = ./Pilots/Old.txt ] || fail "older pilots weren't kept"
+    rm -r "$target/wtysettings.ini.bak" "$target/Data/Custom.bak"
     rm -rf "$installed"
-    installed=$WINEPREFIX/drive_c/Flights/Wingtally
-    for file in wtysettings.ini "Data/Custom/Pilots/Erich Sommer.txt" wingtally.exe Uninstall.exe; do
+    installed=$target
+    for file in wingtally.exe Uninstall.exe; do
         [ -s "$installed/$file" ] || fail "in the new folder there is no $file"
     done
     wine64 reg query "$entry" /v InstallLocation </dev/null 2>/dev/null | grep -qF 'C:\Flights\Wingtally' ||
@@ -177,7 +192,7 @@ check_moved() {
 }
 
 check_uninstalled() {
-    windows 300 "$installed/Uninstall.exe" /S >/dev/null 2>&1
+    windows 300 "$installed/Uninstall.exe" /S >/dev/null 2>&1 || fail "the uninstaller failed"
     tries=0 # it works on in a copy of itself, and its entry is the last that goes
     while wine64 reg query "$entry" >/dev/null 2>&1 </dev/null; do
         [ $((tries += 1)) -le 60 ] || fail "the uninstaller left its entry"
@@ -186,6 +201,13 @@ check_uninstalled() {
     only_own "$installed"
     [ ! -e "$shortcut" ] || fail "the uninstaller left the shortcut"
     [ -s "$careers/Saves/savegame_v03.wty" ] || fail "the uninstaller took the career"
+}
+
+# A file that can't be written: what isn't whole doesn't count as installed.
+check_unwritable() {
+    mkdir -p "$WINEPREFIX/drive_c/Flights/Wingtally/README.md"
+    gives_up "$setup" /S '/D=C:\Flights\Wingtally'
+    ! wine64 reg query "$entry" >/dev/null 2>&1 </dev/null || fail "half an installation has an entry"
 }
 
 say "ZIP: unpacked, running from there"
@@ -201,5 +223,7 @@ check_in_use
 check_again
 check_moved
 check_uninstalled
+remove_old
+check_unwritable
 remove_old
 rm -rf "$careers" "$work"

@@ -8,6 +8,8 @@
 Target amd64-unicode
 SetCompressor /SOLID lzma
 RequestExecutionLevel user
+ManifestDPIAware true
+AllowSkipFiles off ; it needs all of its files
 
 !include MUI2.nsh
 !include LogicLib.nsh
@@ -39,12 +41,25 @@ VIAddVersionKey "LegalCopyright" "The Wingtally developers, MIT licence"
 !insertmacro MUI_LANGUAGE "German"
 !insertmacro MUI_LANGUAGE "French"
 
-LangString InUse ${LANG_ENGLISH} "Close this program first; then try again:"
-LangString InUse ${LANG_GERMAN} "Bitte erst dieses Programm schließen, dann wiederholen:"
-LangString InUse ${LANG_FRENCH} "Fermez d'abord ce programme, puis recommencez :"
+LangString InUse ${LANG_ENGLISH} "This program is running, or write-protected. Close it or lift the protection; then try again:"
+LangString InUse ${LANG_GERMAN} "Dieses Programm läuft noch oder ist schreibgeschützt. Bitte schließen oder den Schutz aufheben, dann wiederholen:"
+LangString InUse ${LANG_FRENCH} "Ce programme est ouvert ou protégé en écriture. Fermez-le ou levez la protection, puis recommencez :"
+LangString NotRemoved ${LANG_ENGLISH} "The earlier version could not be removed; nothing was installed:"
+LangString NotRemoved ${LANG_GERMAN} "Die frühere Fassung ließ sich nicht entfernen; es wurde nichts installiert:"
+LangString NotRemoved ${LANG_FRENCH} "La version précédente n'a pas pu être supprimée ; rien n'a été installé :"
+LangString NotWritten ${LANG_ENGLISH} "Not all files could be written; try again with more space or in another folder:"
+LangString NotWritten ${LANG_GERMAN} "Nicht alle Dateien ließen sich schreiben; bitte mit mehr Platz oder in einem anderen Ordner wiederholen:"
+LangString NotWritten ${LANG_FRENCH} "Certains fichiers n'ont pas pu être écrits ; recommencez avec plus d'espace ou dans un autre dossier :"
 
-; Goes on when the PROGRAM in the folder $0 isn't running: Windows lets nobody write to one that is.
-; Otherwise the player is asked; if he gives up, or can't be asked (/S), all ends with exit code 2.
+; Tells the player WHY it can't be done in FOLDER, and ends with exit code 2.
+!macro GIVE_UP WHY FOLDER
+  MessageBox MB_OK|MB_ICONSTOP "${WHY}$\r$\n${FOLDER}" /SD IDOK
+  SetErrorLevel 2
+  Abort
+!macroend
+
+; Goes on when the PROGRAM in the folder $0 can be written to: Windows lets nobody write to one that
+; runs. Otherwise the player is asked; if he gives up, or can't be asked (/S), all ends with exit code 2.
 !macro WAIT_FOR PROGRAM
   ${DoWhile} ${FileExists} "$0\${PROGRAM}"
     ClearErrors
@@ -73,19 +88,51 @@ FunctionEnd
 !insertmacro WAIT_FOR_PROGRAMS "un."
 
 ; An earlier version in the folder $0 takes away its own files, or those that this one no longer has
-; would stay.
+; would stay. An Uninstall.exe without our program is somebody else's. Ours may not start, then the new
+; files go over the old ones.
 Function removeEarlier
   ${If} ${FileExists} "$0\Uninstall.exe"
+  ${AndIf} ${FileExists} "$0\wingtally.exe"
+    ClearErrors
+    StrCpy $1 0
     ExecWait '"$0\Uninstall.exe" /S _?=$0' $1
-    ${If} $1 <> 0
-      SetErrorLevel 2
-      Abort
+    ${IfNot} ${Errors}
+      ${If} $1 <> 0
+        !insertmacro GIVE_UP "$(NotRemoved)" $0
+      ${EndIf}
+      Delete "$0\Uninstall.exe" ; it can't take itself away
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; Copies the player's own files from the folder $0 to $INSTDIR; in $0 they stay too. What lies in
+; $INSTDIR already, of an installation before that one, is older, and is kept as .bak. A copy that
+; fails doesn't count, and $0 may be $INSTDIR in another spelling.
+Function bringOwnFiles
+  ${If} ${FileExists} "$0\wtysettings.ini"
+    ClearErrors
+    CopyFiles /SILENT "$0\wtysettings.ini" "$INSTDIR\wtysettings.ini.new"
+    ${IfNot} ${Errors}
+      Delete "$INSTDIR\wtysettings.ini.bak"
+      Rename "$INSTDIR\wtysettings.ini" "$INSTDIR\wtysettings.ini.bak"
+      Rename "$INSTDIR\wtysettings.ini.new" "$INSTDIR\wtysettings.ini"
+    ${EndIf}
+  ${EndIf}
+  ${If} ${FileExists} "$0\Data\Custom\*.*"
+    RMDir /r "$INSTDIR\Data\Custom.new"
+    CreateDirectory "$INSTDIR\Data\Custom.new"
+    ClearErrors
+    CopyFiles /SILENT "$0\Data\Custom\*.*" "$INSTDIR\Data\Custom.new"
+    ${IfNot} ${Errors}
+      RMDir /r "$INSTDIR\Data\Custom.bak"
+      Rename "$INSTDIR\Data\Custom" "$INSTDIR\Data\Custom.bak"
+      Rename "$INSTDIR\Data\Custom.new" "$INSTDIR\Data\Custom"
     ${EndIf}
   ${EndIf}
 FunctionEnd
 
 Section
-  ; Nothing is touched before all of it can be done. The earlier version may lie in another folder.
+  ; Nothing is touched while one of the programs runs. The earlier version may lie in another folder.
   ReadRegStr $2 HKCU "${ENTRY}" "InstallLocation"
   StrCpy $0 $INSTDIR
   Call waitForPrograms
@@ -94,24 +141,20 @@ Section
     StrCpy $0 $2
     Call waitForPrograms
     Call removeEarlier
-    ; What the player made himself comes along; there it stays too.
-    CreateDirectory "$INSTDIR\Data"
-    ${IfNot} ${FileExists} "$INSTDIR\wtysettings.ini"
-      CopyFiles /SILENT "$0\wtysettings.ini" "$INSTDIR"
-    ${EndIf}
-    ${IfNot} ${FileExists} "$INSTDIR\Data\Custom\*"
-    ${AndIf} ${FileExists} "$0\Data\Custom\*"
-      CopyFiles /SILENT "$0\Data\Custom" "$INSTDIR\Data"
-    ${EndIf}
-    Delete "$0\Uninstall.exe" ; it can't take itself away
+    CreateDirectory "$INSTDIR"
+    Call bringOwnFiles
     RMDir "$0"
   ${EndIf}
   StrCpy $0 $INSTDIR
   Call removeEarlier
 
   SetOutPath "$INSTDIR" ; which is the working folder of the shortcut too
+  ClearErrors
   File /r "${FILES}/*"
   WriteUninstaller "$INSTDIR\Uninstall.exe"
+  ${If} ${Errors}
+    !insertmacro GIVE_UP "$(NotWritten)" $INSTDIR
+  ${EndIf}
   CreateShortcut "${SHORTCUT}" "$INSTDIR\wingtally.exe"
 
   WriteRegStr HKCU "${ENTRY}" "DisplayName" "Wingtally"
