@@ -21,8 +21,7 @@ namespace {
 
 constexpr int32_t LookTime = 9000; // milliseconds
 constexpr int32_t MostWidgets = 64;
-constexpr float QuickFades = 100;        // nobody looks at them here
-constexpr const char* Locale = "LC_ALL"; // goes before all others
+constexpr float QuickFades = 100; // nobody looks at them here
 
 } // namespace
 
@@ -36,8 +35,7 @@ std::string PlayerHome::mission() const {
 }
 
 CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow, const char* locale)
-    : home(home), localeBefore(zel::system::environment(Locale)) {
-    zel::system::setEnvironment(Locale, locale);
+    : home(home) {
     Configuration::reset();
     Configuration::set("rof.directory", home.simulatorFolder());
     setWindowWanted(inWindow);
@@ -46,7 +44,7 @@ CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow,
     zel::sharedRandom(); // built at its first use, which takes a static number
     zel::Random::setStaticNumber(seed);
     zel::seedSharedRandom(0);
-    screens = std::make_unique<ScreenDriver>(zel::system::currentDirectory().c_str());
+    screens = std::make_unique<ScreenDriver>(zel::system::currentDirectory().c_str(), locale);
     zel::setUserDirectory(home.folder.file("user"));
     zel::Registry::reset();
     zel::State::setFadeSpeed(QuickFades);
@@ -58,7 +56,6 @@ CareerDriver::~CareerDriver() {
     zel::setWallTimeSource(nullptr);
     Configuration::reset();
     zel::Registry::reset();
-    zel::system::setEnvironment(Locale, localeBefore);
 }
 
 void CareerDriver::press(const std::string& name, How how) {

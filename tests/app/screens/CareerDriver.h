@@ -23,8 +23,7 @@ struct PlayerHome {
 };
 
 /// The application over the delivered data, driven by the names of its widgets; all that is left to
-/// chance follows from the seed. As long as it lives the player is of that locale, whatever the
-/// machine's is.
+/// chance follows from the seed.
 class CareerDriver {
 public:
     enum class How { Pointer, Keys, Name };
@@ -69,7 +68,6 @@ private:
     void press(const std::string& widget, How how);
 
     const PlayerHome& home;
-    zel::String localeBefore;
 };
 
 /// As long as it lives the window is as a player holds it: in front, the pointer in it.

@@ -121,6 +121,16 @@ TEST_F(SampleProgram, PlacesElementsAndPictures) {
     EXPECT_NE(driver->menu().getForegroundOverlay(), nullptr);
 }
 
+TEST_F(SampleProgram, SpeaksThePlayersLanguage) {
+    EXPECT_EQ(driver->text("title"), "Sample program");
+    driver.reset();
+    driver = std::make_unique<ScreenDriver>(SAMPLE_FOLDER, "de_AT.UTF-8");
+    ASSERT_TRUE(driver->untilIdle("Start"));
+    EXPECT_EQ(driver->text("title"), "Beispielprogramm");
+    go("toTexts", "Texts");
+    EXPECT_EQ(driver->text("number").substr(0, 11), "Text Nummer");
+}
+
 TEST_F(SampleProgram, MovesElementsInAndOut) {
     driver->press("toMoving");
     StatesMachine& machine = StatesMachine::getInstance();

@@ -16,7 +16,8 @@ namespace {
 // A clock that stands still would hold up whoever waits for it: after so many readings in one frame
 // it creeps. Before, it stands still, so that what is drawn from the time is the same in every run.
 uint32_t now = 0;
-uint32_t readings = 0; // in this frame
+uint32_t readings = 0;                   // in this frame
+constexpr const char* Locale = "LC_ALL"; // goes before all others
 constexpr uint32_t PatientReadings = 20000;
 constexpr uint32_t ReadingsPerMillisecond = 1000;
 
@@ -65,9 +66,13 @@ ScreenDriver::ScreenDriver(std::initializer_list<Script> scripts) : log(LevelOfA
     start(temporary.path());
 }
 
-ScreenDriver::ScreenDriver(const std::string& folder) : log(LevelOfAll) { start(folder); }
+ScreenDriver::ScreenDriver(const std::string& folder, const char* locale) : log(LevelOfAll) {
+    start(folder, locale);
+}
 
-void ScreenDriver::start(const std::string& folder) {
+void ScreenDriver::start(const std::string& folder, const char* locale) {
+    localeBefore = zel::system::environment(Locale);
+    zel::system::setEnvironment(Locale, locale);
     zel::Platform::getInstance().clearInput();
     now = 0;
     readings = 0;
@@ -86,6 +91,7 @@ ScreenDriver::~ScreenDriver() {
     whenMenusAreLoaded() = nullptr;
     zel::MenuConfigFile::setFaultSink(nullptr);
     zel::setUserDirectory("");
+    zel::system::setEnvironment(Locale, localeBefore);
     zel::system::changeDirectory(folderBefore);
     zel::setTickSource(nullptr);
 }

@@ -23,7 +23,8 @@ struct ScriptElement {
 /// onenter.
 std::string scriptOf(std::initializer_list<ScriptElement> elements);
 
-/// Runs a menu program without a window, on a clock of its own, by the names of its widgets.
+/// Runs a menu program without a window, on a clock of its own, by the names of its widgets. As
+/// long as it lives the player is of that locale, whatever the machine's is.
 class ScreenDriver {
 public:
     struct Script {
@@ -33,7 +34,7 @@ public:
     /// A program of these scripts alone, in a folder of its own.
     explicit ScreenDriver(std::initializer_list<Script> scripts);
     /// The program in that folder.
-    explicit ScreenDriver(const std::string& folder);
+    explicit ScreenDriver(const std::string& folder, const char* locale = "en_GB.UTF-8");
     ~ScreenDriver();
 
     /// One frame after that many milliseconds.
@@ -59,9 +60,10 @@ public:
     static constexpr int32_t LevelOfAll = 7;
 
 private:
-    void start(const std::string& folder);
+    void start(const std::string& folder, const char* locale = "en_GB.UTF-8");
 
     TemporaryFolder temporary; // the scripts' folder, and the player's
+    zel::String localeBefore;
     std::string folderBefore;
     std::unique_ptr<zel::ZelLoop> loop;
 };
