@@ -2,17 +2,7 @@
 
 #include <algorithm>
 
-#include "app/mission/Configuration.h"
-#include "app/report/CombatReport.h"
-#include "engine/core/Log.h"
-
-namespace {
-
-void logLook(const zel::String& message) {
-    zel::log(message, "MenuGameFinishMission", zel::LogInfo);
-}
-
-} // namespace
+#include "engine/core/System.h"
 
 // A folder that can't be read just now looks empty: forgetting its logs would make all of them new
 // at the next look, and an old report could be carried into the career once more.
@@ -78,34 +68,4 @@ LogWatch::Extent LogWatch::measure(const zel::String& folder, const zel::String&
             return log;
         log.bytes += status.size;
     }
-}
-
-LogWatch& missionLogs() {
-    static LogWatch logs;
-    return logs;
-}
-
-bool findCombatReport(LogWatch& watch) {
-    CombatReport* report = CombatReport::instance();
-    if (report == nullptr)
-        return false;
-    const zel::String folder = Configuration::getRofDirectory() + "data\\";
-    logLook("Update directory: " + folder);
-    const std::vector<zel::String> names = watch.look(folder);
-    logLook(zel::String("New files found: ") + static_cast<int32_t>(names.size()));
-    for (const zel::String& name : names) {
-        logLook("File found: " + name);
-        report->clear();
-        if (report->readMission(folder, name)) {
-            report->applyToCareer();
-            watch.settle();
-            logLook("---");
-            return true;
-        }
-        if (report->hasUnreadPiece())
-            watch.readAgain(name);
-        report->clear();
-    }
-    logLook("---");
-    return false;
 }

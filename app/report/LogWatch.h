@@ -44,11 +44,3 @@ private:
     bool growing = false;
     int32_t quiet = 0; // looks
 };
-
-/// The program's one watch: begun when the mission is written, asked when the player comes back.
-LogWatch& missionLogs();
-
-/// Looks for the log of the mission that was flown and reads it into the current combat report.
-/// True when a finished mission was found: it is then carried into the career. Otherwise the report
-/// is empty.
-bool findCombatReport(LogWatch& watch);

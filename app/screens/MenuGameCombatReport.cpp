@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/career/Database.h"
-#include "app/report/CombatReport.h"
+#include "app/report/Flight.h"
 #include "app/report/ReportText.h"
 #include "app/screens/WarProgress.h"
 #include "engine/core/Log.h"
@@ -37,14 +37,14 @@ void MenuGameCombatReport::onEnter() {
         showDate();
         logReport("Combat Report: " + career->calendar().displayText());
     }
-    CombatReport* report = CombatReport::instance();
-    if (report != nullptr && !report->pilots.empty()) {
-        logReport(zel::String("Number of Pilots: ") + static_cast<int32_t>(report->pilots.size()));
-        const ReportColumns columns = combatReportColumns(report->pilots);
+    CombatReport& report = flight.report();
+    if (!report.pilots.empty()) {
+        logReport(zel::String("Number of Pilots: ") + static_cast<int32_t>(report.pilots.size()));
+        const ReportColumns columns = combatReportColumns(report.pilots);
         fillColumn("left", columns.left);
         fillColumn("right", columns.right);
         sheetCount = sheetsFor(columns);
-        report->clear();
+        report.clear();
     }
     showSheet(1);
 }

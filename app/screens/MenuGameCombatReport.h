@@ -4,13 +4,15 @@
 
 #include "app/screens/CareerScreen.h"
 
+class Flight;
 struct ReportEntry;
 
 /// What became of everybody in the mission flown last, a column for each side. Leaving it, whatever
 /// the way, moves the war on.
 class MenuGameCombatReport : public CareerScreen {
 public:
-    MenuGameCombatReport() : CareerScreen("MenuGameCombatReport") {}
+    explicit MenuGameCombatReport(Flight& flight)
+        : CareerScreen("MenuGameCombatReport"), flight(flight) {}
 
     void onEnter() override;
     void onLeave() override;
@@ -21,5 +23,6 @@ private:
     void fillColumn(const char* column, const std::vector<ReportEntry>& entries);
     void showSheet(int32_t sheet); // from 1 on
 
+    Flight& flight;
     int32_t sheetCount = 1;
 };

@@ -1,7 +1,7 @@
 #include "app/screens/MenuGameFinishMission.h"
 
-#include "app/report/CombatReport.h"
-#include "app/report/LogWatch.h"
+#include "app/career/Database.h"
+#include "app/report/Flight.h"
 #include "app/screens/ScreenSounds.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/core/Window.h"
@@ -19,26 +19,21 @@ bool isPlayerHere() {
 
 } // namespace
 
-MenuGameFinishMission::MenuGameFinishMission() : CareerScreen("MenuGameFinishMission") {}
-
-MenuGameFinishMission::~MenuGameFinishMission() = default;
-
 void MenuGameFinishMission::onEnter() {
     showDate();
     timer.reset();
     hasGrown = false;
     showProgress();
-    if (CombatReport::instance() == nullptr)
-        report = std::make_unique<CombatReport>();
-    CombatReport::instance()->clear();
+    flight.report().clear();
 }
 
 void MenuGameFinishMission::update() {
-    if (runningCareer() == nullptr || timer.getSeconds() <= LookInterval || !isPlayerHere())
+    Database* career = runningCareer();
+    if (career == nullptr || timer.getSeconds() <= LookInterval || !isPlayerHere())
         return;
     if (!zel::StatesMachine::getInstance().isSettled())
         return; // he is just going away: a report that is found now would never be shown
-    if (findCombatReport(missionLogs())) {
+    if (flight.findReport(*career)) {
         playScreenSound("telephone");
         setTransition("MenuGameCombatReport");
     } else {
@@ -48,8 +43,8 @@ void MenuGameFinishMission::update() {
 }
 
 void MenuGameFinishMission::showProgress() {
-    const bool isQuiet = missionLogs().quietLooks() >= QuietLooks;
-    hasGrown = hasGrown || missionLogs().isGrowing();
+    const bool isQuiet = flight.logs().quietLooks() >= QuietLooks;
+    hasGrown = hasGrown || flight.logs().isGrowing();
     setVisible("growing", hasGrown && !isQuiet);
     setVisible("ended", isQuiet);
 }

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "app/screens/CareerScreen.h"
 #include "engine/core/Timer.h"
 
-class CombatReport;
+class Flight;
 
 /// Waits while the player flies. Every eight seconds, as long as he has the window in front of him,
 /// it looks for the log of his flight; once that tells of the end of his mission it goes on to the
@@ -13,8 +11,8 @@ class CombatReport;
 /// that have come tells of an end ("ended").
 class MenuGameFinishMission : public CareerScreen {
 public:
-    MenuGameFinishMission();
-    ~MenuGameFinishMission() override;
+    explicit MenuGameFinishMission(Flight& flight)
+        : CareerScreen("MenuGameFinishMission"), flight(flight) {}
 
     void update() override;
     void onEnter() override;
@@ -22,7 +20,7 @@ public:
 private:
     void showProgress();
 
+    Flight& flight;
     zel::Timer timer; // since the last look
     bool hasGrown = false;
-    std::unique_ptr<CombatReport> report;
 };

@@ -1,10 +1,8 @@
 #include "app/screens/MenuGameStartMission.h"
 
 #include "app/career/Database.h"
-#include "app/mission/Configuration.h"
 #include "app/mission/DailyMission.h"
-#include "app/mission/MissionGenerator.h"
-#include "app/report/LogWatch.h"
+#include "app/report/Flight.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/ScreenSounds.h"
 #include "engine/core/System.h"
@@ -26,19 +24,13 @@ zel::String reasonFor(const DailyMission& mission) {
 
 } // namespace
 
-MenuGameStartMission::MenuGameStartMission()
-    : CareerScreen("MenuGameStartMission"), generator(std::make_unique<MissionGenerator>()) {}
-
-MenuGameStartMission::~MenuGameStartMission() = default;
-
 void MenuGameStartMission::onEnter() {
     showWhatToDo(true);
     Database* career = runningCareer();
     if (career == nullptr)
         return;
     showDate();
-    missionLogs().begin(Configuration::getRofDirectory() + "data\\");
-    const DailyMission today = writeDailyMission(*career, *generator);
+    const DailyMission today = flight.begin(*career);
     int32_t line = FirstRosterLine;
     for (const zel::String& plane : today.roster)
         setText(zel::String("line") + line++, plane);

@@ -1,17 +1,15 @@
 #pragma once
 
-#include <memory>
-
 #include "app/screens/CareerScreen.h"
 
-class MissionGenerator;
+class Flight;
 
 /// The orders of the day. Entering it writes the mission into the simulator's folder, anew each
 /// time; the player then flies it there. Without a machine of his it tells how to get one.
 class MenuGameStartMission : public CareerScreen {
 public:
-    MenuGameStartMission();
-    ~MenuGameStartMission() override;
+    explicit MenuGameStartMission(Flight& flight)
+        : CareerScreen("MenuGameStartMission"), flight(flight) {}
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
@@ -19,5 +17,5 @@ public:
 private:
     void showWhatToDo(bool isFlyable);
 
-    std::unique_ptr<MissionGenerator> generator;
+    Flight& flight;
 };

@@ -5,6 +5,7 @@
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
 #include "app/mission/Settings.h"
+#include "app/report/Flight.h"
 #include "app/screens/Application.h"
 #include "app/screens/ConfigurationScreen.h"
 #include "app/screens/MenuGameCombatReport.h"
@@ -45,6 +46,11 @@ std::unique_ptr<Database>& database() {
     return instance;
 }
 
+std::unique_ptr<Flight>& flight() {
+    static std::unique_ptr<Flight> instance;
+    return instance;
+}
+
 void openWindow() {
     if (!windowWanted)
         return;
@@ -60,7 +66,7 @@ void openWindow() {
     preferences::applyFullScreen();
 }
 
-template <typename Screen, typename... Arguments> void addScreen(const Arguments&... arguments) {
+template <typename Screen, typename... Arguments> void addScreen(Arguments&... arguments) {
     zel::ZelLoop::registerPersistent(std::make_unique<Screen>(arguments...));
 }
 
@@ -92,13 +98,14 @@ void ZelApp::beforeMenus() {}
 
 void ZelApp::initMenus() {
     zel::HandledMenu::loadMenuList("Menus/init.lst");
-    addScreen<MenuGameStartMission>();
-    addScreen<MenuGameFinishMission>();
+    flight() = std::make_unique<Flight>();
+    addScreen<MenuGameStartMission>(*flight());
+    addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>();
     addScreen<MenuGameMain>();
     addScreen<MenuGameViewSquadron>();
     addScreen<MenuGameTopAces>();
-    addScreen<MenuGameCombatReport>();
+    addScreen<MenuGameCombatReport>(*flight());
     addScreen<MenuConfigurationMaps>();
     addScreen<MenuConfigurationPlanes1>();
     addScreen<MenuConfigurationPlanes2>();
@@ -116,5 +123,8 @@ void ZelApp::onPause() {}
 void ZelApp::onContinue() {}
 void ZelApp::onShutdown() {}
 void ZelApp::onDestroy() {}
-void ZelApp::releaseDatabase() { database().reset(); }
+void ZelApp::releaseDatabase() {
+    flight().reset();
+    database().reset();
+}
 void ZelApp::releaseMenus() { zel::HandledMenu::releaseMenus(); }

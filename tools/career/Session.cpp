@@ -5,7 +5,6 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/mission/Configuration.h"
-#include "app/mission/DailyMission.h"
 #include "app/mission/SimulatorCheck.h"
 #include "app/report/ReportText.h"
 #include "app/war/SquadronSimulator.h"
@@ -124,8 +123,7 @@ bool Session::mission() {
     missionWritten = false;
     SquadronSimulator::keepPlayerOnAllowedMap();
     say(career.calendar().displayText());
-    watch.begin(Configuration::getRofDirectory() + "data\\");
-    const DailyMission today = writeDailyMission(career, generator);
+    const DailyMission today = flight.begin(career);
     if (!today.problem.empty())
         return fail(today.problem);
     missionWritten = true;
@@ -154,10 +152,10 @@ bool Session::report() {
         return false;
     if (!missionWritten)
         return fail("There is no mission of this run to report on: mission comes before report");
-    bool found = findCombatReport(watch);
+    bool found = flight.findReport(career);
     for (int32_t waited = 0; !found && waited < waitSeconds; ++waited) {
         zel::system::sleepMilliseconds(LookInterval);
-        found = findCombatReport(watch);
+        found = flight.findReport(career);
     }
     if (!found)
         return fail("No log of a finished flight has come into " +
@@ -165,15 +163,15 @@ bool Session::report() {
     missionWritten = false;
     say("Combat Report: " + career.calendar().displayText());
     sayReport();
-    combatReport.clear();
+    flight.report().clear();
     advanceOnePeriod();
     return true;
 }
 
-void Session::sayReport() const {
+void Session::sayReport() {
     if (quiet)
         return;
-    const ReportColumns columns = combatReportColumns(combatReport.pilots);
+    const ReportColumns columns = combatReportColumns(flight.report().pilots);
     if (columns.left.empty() && columns.right.empty())
         printColumns(NoMissionPlayed, "");
     for (size_t i = 0; i < std::max(columns.left.size(), columns.right.size()); ++i) {

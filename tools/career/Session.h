@@ -3,9 +3,7 @@
 #include <cstdint>
 
 #include "app/career/Database.h"
-#include "app/mission/MissionGenerator.h"
-#include "app/report/CombatReport.h"
-#include "app/report/LogWatch.h"
+#include "app/report/Flight.h"
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
 #include "tools/career/Progress.h"
@@ -43,7 +41,7 @@ private:
     bool needCareer();
     bool needSimulator();
     void say(const zel::String& line) const;
-    void sayReport() const;
+    void sayReport();
     void advanceOnePeriod();
     zel::String nextStep() const;
 
@@ -51,10 +49,8 @@ private:
     int32_t waitSeconds;
     zel::String trouble;
     Database career;
-    MissionGenerator generator;
-    CombatReport combatReport;
+    Flight flight;
     InvitationLetter letter;
-    LogWatch watch;
     Progress progress;
     bool missionWritten = false; // by this run, whose plan the report needs
 };

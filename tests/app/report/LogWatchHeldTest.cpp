@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/mission/Configuration.h"
-#include "app/report/CombatReport.h"
-#include "app/report/LogWatch.h"
+#include "app/report/Flight.h"
 #include "tests/app/report/FlightLog.h"
 #include "tests/support/HeldFile.h"
 #include "tests/support/LogCapture.h"
@@ -14,7 +13,7 @@ namespace {
 struct LogWatchHeldTest : testing::Test {
     LogWatchHeldTest() {
         squadronOf(career, France, std::vector<int32_t>(20, 0));
-        generator.plan = flightPlan();
+        flight.generator().plan = flightPlan();
         Configuration::reset();
         Configuration::set("rof.directory", world.folder.path());
         world.folder.write("data/old[0].txt", FlightPieces[0]);
@@ -31,9 +30,9 @@ struct LogWatchHeldTest : testing::Test {
     SmallWorld world;
     LogCapture lines{zel::LogInfo};
     Database career;
-    MissionGenerator generator;
-    CombatReport report;
-    LogWatch watch;
+    Flight flight;
+    CombatReport& report = flight.report();
+    LogWatch& watch = flight.logs();
     const zel::String data{world.folder.path() + "/data/"};
 };
 
@@ -45,21 +44,21 @@ TEST_P(HeldPieceTest, IsReadAgain) {
     if (!held.isHeld())
         GTEST_SKIP() << "no file can be held here";
     for (int32_t looks = 1; looks <= 2; ++looks) {
-        EXPECT_FALSE(findCombatReport(watch));
+        EXPECT_FALSE(flight.findReport(career));
         EXPECT_TRUE(report.pilots.empty() && report.lines.lines.empty()) << "half a flight";
         EXPECT_FALSE(watch.isGrowing()) << "the flight is over";
         EXPECT_EQ(watch.quietLooks(), looks - 1) << "nothing has come, read or not";
         EXPECT_EQ(lines.linesWith("cannot be read"), looks);
     }
     held.release();
-    EXPECT_TRUE(findCombatReport(watch)) << "though not a byte has come";
+    EXPECT_TRUE(flight.findReport(career)) << "though not a byte has come";
     EXPECT_EQ(career.pilots[10].missions, 10);
-    EXPECT_FALSE(findCombatReport(watch));
+    EXPECT_FALSE(flight.findReport(career));
 }
 
 TEST_F(LogWatchHeldTest, TakesAFolderInAPiecesPlaceForTheEnd) {
     world.folder.write(nameOf(4) + "/x", "");
-    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_TRUE(flight.findReport(career));
     EXPECT_EQ(lines.linesWith("cannot be read"), 0);
 }
 
@@ -67,10 +66,10 @@ TEST_F(LogWatchHeldTest, TakesAFolderInAPiecesPlaceForTheEnd) {
 TEST_F(LogWatchHeldTest, KeepsWhatItKnowsWhileTheFolderIsHeld) {
     HeldFile held(world.folder.file("data"));
     ASSERT_TRUE(held.isHeld());
-    const bool isFound = findCombatReport(watch);
+    const bool isFound = flight.findReport(career);
     watch.begin(data);
     held.release();
-    EXPECT_NE(findCombatReport(watch), isFound) << "found once, whether the folder could be read";
+    EXPECT_NE(flight.findReport(career), isFound) << "found once, whether the folder could be read";
     EXPECT_EQ(career.pilots[10].missions, 10);
     EXPECT_FALSE(lines.holds("old[0].txt")) << "a log from before";
 }

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "app/mission/Configuration.h"
-#include "app/report/CombatReport.h"
+#include "app/report/Flight.h"
 #include "tests/app/report/FlightLog.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
@@ -19,7 +19,7 @@ using Names = std::vector<zel::String>;
 struct LogWatchTest : testing::Test {
     LogWatchTest() {
         squadronOf(career, France, std::vector<int32_t>(20, 0));
-        generator.plan = flightPlan();
+        flight.generator().plan = flightPlan();
         Configuration::reset();
         Configuration::set("rof.directory", world.folder.path());
         write("missionReport(old)[0].txt", FlightPieces[0]);
@@ -42,9 +42,9 @@ struct LogWatchTest : testing::Test {
     SmallWorld world;
     LogCapture lines;
     Database career;
-    MissionGenerator generator;
-    CombatReport report;
-    LogWatch watch;
+    Flight flight;
+    CombatReport& report = flight.report();
+    LogWatch& watch = flight.logs();
     const zel::String data{world.folder.path() + "/data/"};
 };
 
@@ -80,23 +80,23 @@ TEST_F(LogWatchTest, ShowsALogAgainWhenItHasGrown) {
 }
 
 TEST_F(LogWatchTest, WaitsForTheEndOfTheFlight) {
-    EXPECT_FALSE(findCombatReport(watch));
+    EXPECT_FALSE(flight.findReport(career));
     for (int32_t piece = 0; piece < 3; ++piece) {
         writePiece("missionReport(a)", piece);
-        EXPECT_FALSE(findCombatReport(watch));
+        EXPECT_FALSE(flight.findReport(career));
         EXPECT_TRUE(report.pilots.empty() && report.lines.lines.empty()) << "nothing may show";
-        EXPECT_FALSE(findCombatReport(watch));
+        EXPECT_FALSE(flight.findReport(career));
     }
     EXPECT_EQ(missionsOf(10), 9);
     writePiece("missionReport(a)", 3);
-    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_TRUE(flight.findReport(career));
     EXPECT_EQ(report.pilots.size(), 5u);
     for (size_t pilot = 10; pilot < 14; ++pilot)
         EXPECT_EQ(missionsOf(pilot), 10);
     EXPECT_EQ(career.pilots[10].shotdowns, 1);
     EXPECT_EQ(career.pilots[13].shotdowns, 1);
     EXPECT_EQ(career.pilots[11].alive, 0);
-    EXPECT_FALSE(findCombatReport(watch)) << "it is carried into the career once";
+    EXPECT_FALSE(flight.findReport(career)) << "it is carried into the career once";
     EXPECT_EQ(missionsOf(10), 10);
 }
 
@@ -105,10 +105,10 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     other.replace(other.find("Erich Sommer"), 12, "Desk Jockey ");
     write("missionReport(a)[0].txt", other + "T:9 AType:16 BOTID:21503\n");
     write("missionReport(b)[0].txt", "no log at all\n");
-    EXPECT_FALSE(findCombatReport(watch));
+    EXPECT_FALSE(flight.findReport(career));
     EXPECT_TRUE(lines.holds("belongs to nobody of the plan")) << lines.text();
     writeFlight("missionReport(c)");
-    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_TRUE(flight.findReport(career));
     EXPECT_EQ(missionsOf(10), 10);
 }
 
@@ -116,16 +116,16 @@ TEST_F(LogWatchTest, TakesTheFirstFinishedOfTwo) {
     writePiece("missionReport(a)", 0);
     writeFlight("missionReport(b)");
     writeFlight("missionReport(c)");
-    EXPECT_TRUE(findCombatReport(watch));
+    EXPECT_TRUE(flight.findReport(career));
     EXPECT_EQ(missionsOf(10), 10);
     write("missionReport(c)[4].txt", "T:0 AType:15 VER:18\n");
     for (int32_t piece = 1; piece < 4; ++piece)
         writePiece("missionReport(a)", piece);
-    EXPECT_FALSE(findCombatReport(watch)) << "the rest is settled, whatever becomes of it";
+    EXPECT_FALSE(flight.findReport(career)) << "the rest is settled, whatever becomes of it";
     EXPECT_EQ(missionsOf(10), 10);
     Configuration::reset();
     Configuration::set("rof.directory", world.folder.path() + "/nowhere");
-    EXPECT_FALSE(findCombatReport(watch)) << "there is no such folder";
+    EXPECT_FALSE(flight.findReport(career)) << "there is no such folder";
 }
 
 TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
