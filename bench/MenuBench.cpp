@@ -16,6 +16,7 @@
 #include "engine/core/System.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/menu/HandledMenu.h"
+#include "engine/menu/LayoutHandler.h"
 #include "engine/menu/LayoutImage.h"
 #include "engine/menu/Widget.h"
 
@@ -165,6 +166,32 @@ void idleFrame(benchmark::State& state) {
     }
 }
 
+/// A list of as many rows, made one by one, and taken away.
+void makeRows(benchmark::State& state, int32_t count) {
+    zel::LayoutHandler& layouts = zel::LayoutHandler::getInstance();
+    layouts.defineLayout("rows");
+    layouts.defineWidget("list", "scrollingarea");
+    std::vector<zel::String> names{"list"};
+    for (int32_t index = 0; index < count; ++index) {
+        names.push_back("list.row" + std::to_string(index));
+        layouts.defineWidget(names.back(), "button");
+        layouts.currentWidget()->place = placeOf(index);
+    }
+    zel::HandledMenu menu("Rows", zel::State::None);
+    menu.setLayout("rows");
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        for (const zel::String& name : names)
+            menu.createWidget(name);
+        if (menu.getWidgets().size() != names.size())
+            state.SkipWithError("rows are missing");
+        menu.clearWidgets();
+    }
+}
+
+void makeManyRows(benchmark::State& state) { makeRows(state, 8000); }
+void makeFewRows(benchmark::State& state) { makeRows(state, 1000); }
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -187,6 +214,10 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("frame of 30 idle widgets/ours", idleFrame);
     benchmark::RegisterBenchmark("search of its 30 colours/ours", search);
     benchmark::RegisterBenchmark("search of its 30 colours/bare", searchBare);
+    benchmark::RegisterBenchmark("8000 list rows against 1000/ours", makeManyRows);
+    benchmark::RegisterBenchmark("8000 list rows against 1000/bare", makeFewRows);
+    // 8 would be linear in all, the caches included; 64 is what must not come back.
+    RatioReport::setLimit("8000 list rows against 1000", 20);
     RatioReport::setLimit("search of its 30 colours", 2);
     RatioReport::setLimit("drawn layout of 30 elements", 2);
     RatioReport::setTimeLimit("frame of 30 idle widgets", 20e-6);

@@ -7,10 +7,10 @@
 #include "engine/core/StatesMachine.h"
 #include "engine/menu/ElementStyle.h"
 #include "engine/menu/LayoutHandler.h"
-#include "engine/menu/ScrollingArea.h"
 #include "engine/menu/StandardMenuOverlay.h"
 #include "engine/menu/TextArea.h"
 #include "engine/menu/ThemeHandler.h"
+#include "engine/menu/Widget.h"
 
 namespace zel {
 
@@ -105,8 +105,8 @@ Widget* Menu::createWidget(const String& name) {
     std::unique_ptr<Widget> widget = createWidgetFromLayout(*layout, name, theme, widgetAlignment);
     Widget* made = widget.get();
     widgets[name] = std::move(widget);
-    linkScrollingAreas();
-    standElements();
+    linkWidget(name, widgets, textAreas);
+    stand(made->getPlacing());
     return made;
 }
 
@@ -121,8 +121,8 @@ TextArea* Menu::createTextArea(const String& name) {
         createTextAreaFromLayout(*layout, name, theme, textAreaAlignment);
     TextArea* made = area.get();
     textAreas[name] = std::move(area);
-    linkScrollingAreas();
-    standElements();
+    joinArea(name, made->getPlacing(), widgets);
+    stand(made->getPlacing());
     return made;
 }
 
@@ -158,26 +158,31 @@ void Menu::removeWidget(const String& name) {
     auto node = widgets.extract(name);
     if (node.empty())
         return;
+    unlinkWidget(*node.mapped(), widgets, textAreas);
     bury(std::move(node.mapped()));
-    linkScrollingAreas();
 }
 
 void Menu::removeTextArea(const String& name) {
-    textAreas.erase(name);
-    linkScrollingAreas();
+    const auto found = textAreas.find(name);
+    if (found == textAreas.end())
+        return;
+    leaveArea(found->second->getPlacing());
+    textAreas.erase(found);
 }
 
 void Menu::clearWidgets() {
-    std::map<String, std::unique_ptr<Widget>> gone;
+    for (const auto& [name, widget] : widgets)
+        unlinkWidget(*widget, widgets, textAreas);
+    Widgets gone;
     gone.swap(widgets);
-    linkScrollingAreas();
     for (auto& [name, widget] : gone)
         bury(std::move(widget));
 }
 
 void Menu::clearTextAreas() {
+    for (const auto& [name, area] : textAreas)
+        leaveArea(area->getPlacing());
     textAreas.clear();
-    linkScrollingAreas();
 }
 
 void Menu::resetWidgets() {
@@ -211,7 +216,9 @@ void Menu::recreateElements() {
         made->setActive(widget->isActive());
         made->setVisible(widget->isVisible());
         made->setFocused(widget->isFocused());
+        unlinkWidget(*widget, widgets, textAreas);
         std::swap(widget, made);
+        linkWidget(name, widgets, textAreas);
         bury(std::move(made));
     }
     for (auto& [name, area] : textAreas) {
@@ -221,9 +228,10 @@ void Menu::recreateElements() {
             continue;
         made->setText(area->getText());
         made->setVisible(area->isVisible());
+        leaveArea(area->getPlacing());
         area = std::move(made);
+        joinArea(name, area->getPlacing(), widgets);
     }
-    linkScrollingAreas();
     standElements();
 }
 
@@ -275,32 +283,6 @@ bool Menu::hitWidget(const String& name) {
     return true;
 }
 
-// The elements of an area are named after it: "list.row1" moves with "list".
-void Menu::linkScrollingAreas() {
-    std::map<ScrollingArea*, int32_t> bottoms; // of those without elements their own upper edges
-    for (const auto& [name, widget] : widgets) {
-        if (auto* area = dynamic_cast<ScrollingArea*>(widget.get()))
-            bottoms[area] = area->getPlacing().place.y;
-    }
-    const auto link = [&](const String& name, Placing& placing) {
-        placing.area = nullptr;
-        const int32_t point = name.find('.');
-        auto* area =
-            point < 1 ? nullptr : dynamic_cast<ScrollingArea*>(getWidget(name.left(point)));
-        if (area == nullptr)
-            return;
-        placing.area = area;
-        int32_t& bottom = bottoms[area];
-        bottom = std::max(bottom, placing.place.y + placing.place.height);
-    };
-    for (const auto& [name, widget] : widgets)
-        link(name, widget->getPlacing());
-    for (const auto& [name, area] : textAreas)
-        link(name, area->getPlacing());
-    for (const auto& [area, bottom] : bottoms)
-        area->setContentBottom(bottom);
-}
-
 void Menu::updateWidgets() {
     walk.clear();
     for (const auto& [name, widget] : widgets)
@@ -326,11 +308,13 @@ void Menu::update() {
     updateWidgets();
 }
 
+void Menu::stand(Placing& placing) const { placing.stand(getContentPhase(), getContentProgress()); }
+
 void Menu::standElements() {
     for (const auto& [name, widget] : widgets)
-        widget->getPlacing().stand(getContentPhase(), getContentProgress());
+        stand(widget->getPlacing());
     for (const auto& [name, area] : textAreas)
-        area->getPlacing().stand(getContentPhase(), getContentProgress());
+        stand(area->getPlacing());
 }
 
 StateOverlay* Menu::getThemeBackground() const { return themeBackground; }

@@ -1,19 +1,17 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <vector>
 
 #include "engine/core/State.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/menu/AreaLinks.h"
 #include "engine/menu/MenuWords.h"
 #include "engine/menu/OverlayOptions.h"
 
 namespace zel {
 
 class MenuOverlay;
-class TextArea;
-class Widget;
 struct Layout;
 struct Theme;
 
@@ -41,8 +39,8 @@ public:
     /// what the layout says of the widget itself. On error, no such widget or a kind that the theme
     /// doesn't have: false, a log line, and nothing changed.
     bool setWidgetKind(const String& name, const String& kind);
-    const std::map<String, std::unique_ptr<Widget>>& getWidgets() const { return widgets; }
-    const std::map<String, std::unique_ptr<TextArea>>& getTextAreas() const { return textAreas; }
+    const Widgets& getWidgets() const { return widgets; }
+    const TextAreas& getTextAreas() const { return textAreas; }
 
     /// Elements go at once, but for those that are at work just now: they go at its end.
     void removeWidget(const String& name);
@@ -93,7 +91,7 @@ private:
 
     void bury(std::unique_ptr<Widget> widget);
     void emptyGraveyard();
-    void linkScrollingAreas();
+    void stand(Placing& placing) const;
     void standElements();
     void drawBackground(Canvas& canvas);
     void drawForeground(Canvas& canvas);
@@ -101,8 +99,8 @@ private:
 
     Blend backgroundBlend = Blend::Normal;
     Blend foregroundBlend = Blend::Normal;
-    std::map<String, std::unique_ptr<Widget>> widgets;
-    std::map<String, std::unique_ptr<TextArea>> textAreas;
+    Widgets widgets;
+    TextAreas textAreas;
     const Layout* layout = nullptr;
     const Theme* theme = nullptr;
     MenuOverlay* themeBackground = nullptr;

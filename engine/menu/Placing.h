@@ -12,8 +12,8 @@ class ScrollingArea;
 struct Placing {
     Place place; // where it rests, in design pixels
     Scroll scrollIn, scrollOut;
-    const ScrollingArea* area = nullptr; // that it moves with; null for most
-    int32_t drawX = 0, drawY = 0;        // in this frame
+    ScrollingArea* area = nullptr; // that it moves with; null for most
+    int32_t drawX = 0, drawY = 0;  // in this frame
 
     /// contentPhase 0 comes, 1 goes; progress 1 is at rest.
     void stand(int32_t contentPhase, float progress);

@@ -14,6 +14,8 @@ namespace {
 constexpr int32_t WheelStep = 48;
 constexpr int32_t DragDistance = 8; // up to here a press is meant for what lies under it
 
+int32_t bottomOf(const Place& place) { return place.y + place.height; }
+
 } // namespace
 
 void ScrollingArea::reset() {
@@ -64,8 +66,20 @@ bool ScrollingArea::takeKey(const Key& key) {
 
 void ScrollingArea::setOffset(int32_t newOffset) { offset = std::clamp(newOffset, 0, furthest); }
 
-void ScrollingArea::setContentBottom(int32_t bottom) {
-    furthest = std::max(0, bottom - placing.place.y - placing.place.height);
+void ScrollingArea::addElement(const Place& element) {
+    bottoms.insert(bottomOf(element));
+    updateFurthest();
+}
+
+void ScrollingArea::removeElement(const Place& element) {
+    const auto found = bottoms.find(bottomOf(element));
+    if (found != bottoms.end())
+        bottoms.erase(found);
+    updateFurthest();
+}
+
+void ScrollingArea::updateFurthest() {
+    furthest = bottoms.empty() ? 0 : std::max(0, *bottoms.rbegin() - bottomOf(placing.place));
     setOffset(offset);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "engine/menu/Widget.h"
 
 namespace zel {
@@ -21,13 +23,17 @@ public:
     void setOffset(int32_t newOffset);
     /// A press in it moves its elements now, or did until this very look.
     bool isDragged() const { return dragged; }
-    /// The lower edge of the lowest element, at offset 0. Its own upper edge if it has none.
-    void setContentBottom(int32_t bottom);
+    /// Counts an element by where it rests; the lowest one decides how far the area scrolls.
+    void addElement(const Place& element);
+    /// Takes what addElement() was given.
+    void removeElement(const Place& element);
 
 private:
     void takePress(const Pointer& pointer, bool isInside);
     void drag(const Pointer& pointer);
+    void updateFurthest();
 
+    std::multiset<int32_t> bottoms; // lower edges of the elements at offset 0
     int32_t offset = 0;
     int32_t furthest = 0;        // offset at which the last element ends at the lower edge
     bool pressed = false;        // the button went down inside and still is
