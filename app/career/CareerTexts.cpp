@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "app/career/Database.h"
-#include "app/war/SquadronSimulator.h"
+#include "app/career/UnitNames.h"
 
 namespace {
 
@@ -45,10 +45,8 @@ zel::String baseText(const Database& career) {
 }
 
 zel::String squadronText(const Database& career) {
-    const int32_t number = SquadronSimulator::squadronNumber(career.playerSquadron().squadronFile);
-    return SquadronSimulator::hasDisplayName(number)
-               ? SquadronSimulator::squadronDisplayName(number)
-               : zel::String();
+    const int32_t number = unitNumber(career, career.playerSquadron().squadronFile);
+    return hasUnitName(number) ? unitName(number) : zel::String();
 }
 
 zel::String playerText(const Database& career, int32_t predecessor) {

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "app/career/Aircraft.h"
-#include "app/war/SquadronSimulator.h"
+#include "app/career/Bases.h"
+#include "app/career/InvitationSchedule.h"
+#include "app/career/UnitNames.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -131,7 +133,7 @@ int32_t Database::addSquadron(int32_t nation) {
         Squadron& squadron = squadrons.back();
         squadron.slots[squadron.pilotCount++] = pilotIndex;
     }
-    SquadronSimulator::assignBase(index, isAllied(nation), true);
+    assignBase(*this, index, isAllied(nation), true);
     return index;
 }
 
@@ -180,7 +182,7 @@ void Database::createCareer(int32_t service) {
     invitationSquadron = -2;
     previousInvitation = -2;
     const int32_t latest = random.getInt(2, 4);
-    SquadronSimulator::scheduleInvitation(random.getInt(1, latest));
+    scheduleInvitation(*this, random.getInt(1, latest));
 
     const size_t planned = std::max(squadronFiles.size(), SquadronsOfWar);
     squadrons.reserve(planned);
@@ -214,8 +216,7 @@ void Database::choosePlayer(int32_t service) {
         bool fits = squadron.nation == nation;
         const zel::String plane = chooseNationPlane(squadron.nation, year, month, day);
         if (fits && counter <= RoundsForNamedSquadron)
-            fits = SquadronSimulator::hasDisplayName(
-                SquadronSimulator::squadronNumber(squadron.squadronFile));
+            fits = hasUnitName(unitNumber(*this, squadron.squadronFile));
         // Asked only where the answer matters: no draw depends on it.
         const bool good = fits && (counter > RoundsForFlyingSquadron ||
                                    hasAircraft(zel::String(zel::arrayText(squadron.key)), plane));

@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "app/career/Aircraft.h"
+#include "app/career/PilotLevel.h"
 #include "app/mission/MissionGenerator.h"
-#include "app/war/SquadronSimulator.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -200,8 +200,7 @@ std::vector<int32_t> MissionGenerator::planeLevels() const {
     std::vector<int32_t> levels(plan.size(), 0);
     for (int32_t more = 0; plan.size() > 1; ++more) {
         for (size_t i = 1; i < plan.size(); ++i)
-            levels[i] = SquadronSimulator::pilotLevel(plan[i].skill, plan[i].shotdowns,
-                                                      plan[i].missions + more);
+            levels[i] = pilotLevel(plan[i].skill, plan[i].shotdowns, plan[i].missions + more);
         if (*std::max_element(levels.begin(), levels.end()) >= wanted)
             break;
     }

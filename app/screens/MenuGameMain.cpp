@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameMain.h"
 
+#include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/screens/MenuNotification.h"
@@ -9,9 +10,10 @@
 #include "engine/menu/Widget.h"
 
 void MenuGameMain::onEnter() {
-    if (runningCareer() == nullptr)
+    Database* career = runningCareer();
+    if (career == nullptr)
         return;
-    SquadronSimulator::keepPlayerOnAllowedMap();
+    keepPlayerOnAllowedMap(*career);
     onEntered();
 }
 

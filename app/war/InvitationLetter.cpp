@@ -1,6 +1,8 @@
 #include "app/war/InvitationLetter.h"
 
 #include "app/career/Database.h"
+#include "app/career/InvitationSchedule.h"
+#include "app/career/UnitNames.h"
 #include "app/war/SquadronSimulator.h"
 
 namespace {
@@ -43,9 +45,9 @@ void InvitationLetter::write(const Database& career) {
         return zel::String(zel::arrayText(career.pilots[static_cast<size_t>(pilot)].name));
     };
     // sic: the squadron's index; the first squadrons' files are their own indices.
-    const int32_t number = SquadronSimulator::squadronNumber(career.invitationSquadron);
-    const bool hasName = SquadronSimulator::hasDisplayName(number);
-    const zel::String name = SquadronSimulator::squadronDisplayName(number);
+    const int32_t number = unitNumber(career, career.invitationSquadron);
+    const bool hasName = hasUnitName(number);
+    const zel::String name = unitName(number);
     if (roster.empty())
         letter = "You have been invited to join " + (hasName ? name : "a new squadron") + ". ";
     else
@@ -73,7 +75,7 @@ bool InvitationLetter::accept() {
     career.swapPilots(career.playerPilot, roster.back());
     roster.clear(); // answered
     const int32_t lower = random.getInt(1, 3);
-    SquadronSimulator::scheduleInvitation(random.getInt(lower, 6));
+    scheduleInvitation(career, random.getInt(lower, 6));
     return true;
 }
 
@@ -82,5 +84,5 @@ void InvitationLetter::refuse() {
     career.previousInvitation = career.invitationSquadron;
     const int32_t upper = random.getInt(3, 6);
     const int32_t lower = random.getInt(1, 3);
-    SquadronSimulator::scheduleInvitation(random.getInt(lower, upper));
+    scheduleInvitation(career, random.getInt(lower, upper));
 }

@@ -2,6 +2,8 @@
 
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
+#include "app/career/InvitationSchedule.h"
+#include "app/career/UnitNames.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
@@ -12,8 +14,6 @@ constexpr int32_t Tries = 600;
 constexpr float BonusForName = 100000.0F; // named squadrons beat generated ones
 constexpr float BonusForPlane = 10000.0F; // and among these, those that fly the day's type
 
-zel::String yearAndMonth(int32_t year, int32_t month) { return zel::String(year) + "/" + month; }
-
 /// Whether the squadron would take the player at all: the stronger it is, the more it asks.
 bool wouldTake(const Pilot& player, float strength) {
     const int32_t limit = 5 + player.shotdowns + std::min<int32_t>(player.shotdowns, 5);
@@ -21,17 +21,6 @@ bool wouldTake(const Pilot& player, float strength) {
 }
 
 } // namespace
-
-void SquadronSimulator::scheduleInvitation(int32_t monthsAhead) {
-    Database& career = *Database::instance();
-    career.invitationYear = career.year;
-    career.invitationMonth = career.month + monthsAhead;
-    career.invitationSquadron = -2;
-    for (; career.invitationMonth > 12; career.invitationMonth -= 12)
-        ++career.invitationYear;
-    zel::console("PROGRESS INVITATION DATE TO " +
-                 yearAndMonth(career.invitationYear, career.invitationMonth));
-}
 
 bool SquadronSimulator::invitationDue() {
     Database& career = *Database::instance();
@@ -52,7 +41,7 @@ bool SquadronSimulator::invitationDue() {
         }
     }
     const int32_t latest = zel::random(2, 4);
-    scheduleInvitation(zel::random(1, latest));
+    ::scheduleInvitation(career, zel::random(1, latest));
     return false;
 }
 
@@ -74,7 +63,7 @@ int32_t SquadronSimulator::pickInvitationSquadron() {
             continue;
         float score = strength;
         // sic: the squadron's index; the first squadrons' files are their own indices.
-        if (hasDisplayName(squadronNumber(candidate)))
+        if (hasUnitName(unitNumber(career, candidate)))
             score += BonusForName;
         const zel::String plane =
             chooseNationPlane(player.nation, career.year, career.month, career.day);

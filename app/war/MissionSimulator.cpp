@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "app/career/Database.h"
+#include "app/career/PilotLevel.h"
 #include "app/mission/MissionGenerator.h"
-#include "app/war/SquadronSimulator.h"
 
 namespace {
 
@@ -13,8 +13,7 @@ constexpr float LuckRange = 0.305F;
 constexpr float LeastWoundingHit = 0.1F;
 
 float attackOf(const PilotReport& pilot) {
-    const int32_t level =
-        SquadronSimulator::pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
+    const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
     float attack = static_cast<float>(level) * 0.06F;
     if (level > 2)
         attack += static_cast<float>(pilot.skill) * 0.06F;
@@ -23,8 +22,7 @@ float attackOf(const PilotReport& pilot) {
 
 /// Few victories and few missions make a pilot easier to hit.
 float defenceOf(const PilotReport& pilot) {
-    const int32_t level =
-        SquadronSimulator::pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
+    const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
     float defence = static_cast<float>(level) * 0.092F + static_cast<float>(pilot.skill) * 0.01F;
     if (pilot.shotdowns == 0)
         defence /= 1.2F;

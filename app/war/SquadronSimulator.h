@@ -14,27 +14,20 @@ class SquadronSimulator {
 public:
     virtual ~SquadronSimulator() = default;
 
-    /// Gives a squadron one of its side's airfields, on the Channel map one time in five if that
-    /// may be drawn; the player's own squadron stays on a map that his preferences allow.
-    static void assignBase(int32_t squadron, bool allied, bool mayDrawChannel);
-    /// Moves the player's squadron if it stands on a map that his preferences have switched off.
-    static void keepPlayerOnAllowedMap();
+    // Forwards to app/career: Bases.h, UnitNames.h, PilotLevel.h, InvitationSchedule.h
 
-    /// The name of a unit by its number, such as "Jasta 11" for 501011; "(number)" for one that no
-    /// range holds.
+    static void assignBase(int32_t squadron, bool allied, bool mayDrawChannel);
     static zel::String squadronDisplayName(int32_t id);
     static bool hasDisplayName(int32_t id);
-    /// The number of a squadron file's unit; -1 for an index out of range.
     static int32_t squadronNumber(int32_t fileIndex);
+    static int32_t pilotLevel(int32_t skill, int32_t shotdowns, int32_t missions);
+    static void scheduleInvitation(int32_t monthsAhead);
+
     /// Weighted sum of the victories of a squadron's five best, the best counting five times.
     static float squadronStrength(int32_t squadron);
-    /// 1 (novice) to 4 (ace): how the simulator flies a pilot, and his class in unseen fights.
-    static int32_t pilotLevel(int32_t skill, int32_t shotdowns, int32_t missions);
 
     // Invitations.cpp
 
-    /// The next invitation falls due that many months from now; none is pending.
-    static void scheduleInvitation(int32_t monthsAhead);
     /// The best squadron of the player's nation out of 600 draws that would have him; -1 for none,
     /// and when his own is the best.
     static int32_t pickInvitationSquadron();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/SimulatorCheck.h"
@@ -121,7 +122,7 @@ bool Session::mission() {
     if (isWarOver(career))
         return fail(missionButtonText(career));
     missionWritten = false;
-    SquadronSimulator::keepPlayerOnAllowedMap();
+    keepPlayerOnAllowedMap(career);
     say(career.calendar().displayText());
     const DailyMission today = flight.begin(career);
     if (!today.problem.empty())
@@ -202,7 +203,7 @@ bool Session::until(int32_t date) {
     if (!needCareer())
         return false;
     while (!isWarOver(career) && career.calendar().dateNumber() < date) {
-        SquadronSimulator::keepPlayerOnAllowedMap();
+        keepPlayerOnAllowedMap(career);
         if (letter.open()) {
             say(letter.text());
             say(letter.accept() ? "Accepted" : "That squadron has no pilots");

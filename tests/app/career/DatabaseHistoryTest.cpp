@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
-#include "app/war/SquadronSimulator.h"
+#include "app/career/InvitationSchedule.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/Draws.h"
 #include "tests/support/LogCapture.h"
@@ -20,7 +20,7 @@ protected:
     DatabaseHistory() {
         world.pin(career);
         setDate(19160701);
-        SquadronSimulator::scheduleInvitation(1);
+        scheduleInvitation(career, 1);
         for (const auto& [nation, key] :
              {std::pair{France, "101001"}, {France, "101002"}, {Germany, "501011"}})
             zel::copyText(career.squadrons[size_t(career.addSquadron(nation))].key, key);

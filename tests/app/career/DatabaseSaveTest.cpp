@@ -6,7 +6,7 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/war/SquadronSimulator.h"
+#include "app/career/InvitationSchedule.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
@@ -33,7 +33,7 @@ protected:
         zel::copyText(career.squadrons[0].key, "101003");
         career.squadrons[0].squadronFile = 0;
         career.playerPilot = 13;
-        SquadronSimulator::scheduleInvitation(2);
+        scheduleInvitation(career, 2);
     }
 
     std::string stored() {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/war/SquadronSimulator.h"
+#include "app/career/UnitNames.h"
 #include "tests/support/Texts.h"
 #include "tools/datacheck/DataCheck.h"
 #include "tools/datacheck/Records.h"
@@ -62,7 +62,7 @@ TEST(ShippedData, NamesTheSquadronsAsTheScreensDo) {
         std::getline(fields, key, ',');
         std::getline(fields, nation, ',');
         std::getline(fields, name, ',');
-        EXPECT_EQ(SquadronSimulator::squadronDisplayName(std::stoi(key)), name) << row;
+        EXPECT_EQ(unitName(std::stoi(key)), name) << row;
     }
     EXPECT_GT(rows, 800);
 }

@@ -1,0 +1,83 @@
+#include "app/career/Bases.h"
+
+#include "app/career/Database.h"
+#include "engine/core/Random.h"
+#include "engine/core/Registry.h"
+
+namespace {
+
+/// An airfield: its name and its position in the simulator's coordinates (metres north, up, east).
+struct Airfield {
+    const char* name;
+    float x, y, z;
+};
+
+// In the order of the draw.
+// clang-format off
+constexpr Airfield AlliedChannel[] = {
+    {"Dunkerque",  78614.35F, 1050.25F, 173931.61F},
+    {"Ypres",      60611.08F, 1000.00F, 206677.56F},
+    {"St. Omer",   50427.86F, 1000.00F, 172919.00F},
+};
+constexpr Airfield GermanChannel[] = {
+    {"Zeebrugge", 106839.09F, 1000.00F, 229430.17F},
+    {"Ostende",   105220.32F,   41.84F, 225402.80F},
+    {"Roulers",    69558.71F,   62.60F, 234522.44F},
+};
+constexpr Airfield AlliedWestern[] = {
+    {"Arras",     213678.73F,    0.00F,  59607.41F},
+    {"Amiens",    165563.03F, 1276.63F,  29702.08F},
+    {"Reims",      94987.95F,    0.00F, 152875.84F},
+    {"Verdun",     85641.22F,    0.00F, 246236.73F},
+    {"Toul",       33006.23F,    0.00F, 288295.91F},
+};
+constexpr Airfield GermanWestern[] = {
+    {"Lille",     253890.89F,    0.00F,  78627.34F},
+    {"Cambrai",   200518.50F,    0.00F,  92959.45F},
+    {"Cappy",     170749.75F, 1062.99F,  59543.51F},
+    {"Metz",       85856.48F,    0.00F, 306784.62F},
+};
+// clang-format on
+
+template <size_t Count> const Airfield& drawAirfield(const Airfield (&airfields)[Count]) {
+    return airfields[zel::random(0, static_cast<int32_t>(Count) - 1)];
+}
+
+const Airfield& drawBase(bool allied, bool onChannelMap) {
+    if (onChannelMap)
+        return allied ? drawAirfield(AlliedChannel) : drawAirfield(GermanChannel);
+    return allied ? drawAirfield(AlliedWestern) : drawAirfield(GermanWestern);
+}
+
+bool isPlayersSquadron(const Database& career, int32_t squadron) {
+    return career.isPilot(career.playerPilot) && career.player().squadron == squadron;
+}
+
+} // namespace
+
+void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawChannel) {
+    if (!career.isSquadron(squadron))
+        return;
+    Squadron& moved = career.squadrons[static_cast<size_t>(squadron)];
+    bool onChannelMap = mayDrawChannel && zel::random(0, 4) == 0;
+    if (isPlayersSquadron(career, squadron)) {
+        const bool western = zel::Registry::isOn("mapWestern");
+        const bool channel = zel::Registry::isOn("mapChannel");
+        if (!western || !channel)
+            onChannelMap = channel;
+    }
+    moved.onChannelMap = onChannelMap ? 1 : 0;
+    const Airfield& airfield = drawBase(allied, onChannelMap);
+    zel::copyText(moved.baseName, airfield.name);
+    moved.baseX = airfield.x;
+    moved.baseY = airfield.y;
+    moved.baseZ = airfield.z;
+}
+
+void keepPlayerOnAllowedMap(Database& career) {
+    const Squadron& squadron = career.playerSquadron();
+    const bool western = zel::Registry::isOn("mapWestern");
+    const bool channel = zel::Registry::isOn("mapChannel");
+    if (squadron.onChannelMap == 0 ? !western && channel : !channel)
+        assignBase(career, career.player().squadron, isAllied(squadron.nation), false);
+}

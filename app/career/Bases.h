@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+class Database;
+
+/// Gives a squadron one of its side's airfields. If the Channel map may be drawn, one squadron in
+/// five goes there. The player's squadron stays on a map that his preferences allow. Draws from
+/// the engine's shared generator. An index out of range changes and draws nothing.
+void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawChannel);
+
+/// Moves the player's squadron if its base is on a map that his preferences have switched off.
+/// REQUIRES: a career.
+void keepPlayerOnAllowedMap(Database& career);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/core/String.h"
+
+class Database;
+
+// Units have six-digit numbers: three digits of nation, three digits of unit (501011 is Jasta 11).
+
+/// The name of a unit by its number, such as "Jasta 11"; "(number)" for a number outside all known
+/// ranges.
+zel::String unitName(int32_t number);
+/// Whether a known range holds the number.
+bool hasUnitName(int32_t number);
+/// The number of the unit that a squadron file is of; -1 for an index out of range.
+int32_t unitNumber(const Database& career, int32_t squadronFile);
