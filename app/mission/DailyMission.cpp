@@ -37,7 +37,7 @@ Outcome prepare(Database& career, MissionGenerator& generator, const zel::String
     generator.reseed(career.careerSeed());
     const bool loaded = generator.loadTemplate(MissionTemplateFile);
     generator.scanTemplate();
-    generator.planMission(true);
+    generator.planMission(career, true);
     const zel::String name = MissionTemplateFile;
     if (!loaded)
         return {MissionFault::TemplateUnread, "The mission template can't be read: " + name};
@@ -48,7 +48,7 @@ Outcome prepare(Database& career, MissionGenerator& generator, const zel::String
                 "The mission template's Index values are too high: " + name};
     if (generator.plan.empty())
         return {MissionFault::NothingPlanned, "No mission can be planned for today"};
-    generator.generateMission();
+    generator.generateMission(career);
     if (!generator.saveMission(file))
         return {MissionFault::FileUnwritten, "The mission can't be written to " + file};
     return {MissionFault::None, {}};

@@ -63,9 +63,9 @@ public:
     /// Fills the plan, grouped by side, and the season. With the player, his is the first plane;
     /// without, he is not in it. On error (no squadron of a side, no way to bring the player in): a
     /// log line at level 1 and an empty plan.
-    void planMission(bool withPlayer);
+    void planMission(Database& career, bool withPlayer);
     /// One attempt at a plan, the German group first. It may or may not hold the player.
-    void selectPlanes(bool withPlayer);
+    void selectPlanes(Database& career, bool withPlayer);
     /// "su", "wi" or "au"; in two half months one draw decides.
     zel::String seasonFor(int32_t year, int32_t month, int32_t day);
 
@@ -75,13 +75,20 @@ public:
     /// and how far it may lie from there; draws the offsets.
     void setMissionLocation(int32_t mapIndex, float x, float y, float z, float rangeX, float rangeY,
                             float rangeZ);
-    /// Rewrites the template's lines into the mission of the day and puts the planes in.
-    void generateMission();
+    /// Rewrites the template's lines into the mission of the career's day and puts the planes in.
+    void generateMission(const Database& career);
 
     // PlaneEmission.cpp
 
     /// Inserts the plan's planes in front of that line, the player's coming last in the file.
-    void emitPlanes(int32_t insertLine);
+    void emitPlanes(const Database& career, int32_t insertLine);
+
+    // The same for the running program's one career. REQUIRES: there is one.
+
+    void planMission(bool withPlayer) { planMission(*Database::instance(), withPlayer); }
+    void selectPlanes(bool withPlayer) { selectPlanes(*Database::instance(), withPlayer); }
+    void generateMission() { generateMission(*Database::instance()); }
+    void emitPlanes(int32_t insertLine) { emitPlanes(*Database::instance(), insertLine); }
 
     EntireFile lines;
     int32_t maxIndex = 0; // highest object Index in use
@@ -116,8 +123,8 @@ private:
                    int32_t& vacantDraws);
     int32_t findPlace(int32_t pilot) const;
     void groupBySide(int32_t playerPlace);
-    void rewriteOptions(float& originX, float& originZ);
-    void moveObjects(float originX, float originZ);
+    void rewriteOptions(const Calendar& date, float& originX, float& originZ);
+    void moveObjects(const Database& career, float originX, float originZ);
     std::vector<int32_t> planeLevels() const;
 };
 

@@ -52,13 +52,12 @@ PlannedPlane planeOf(const Database& career, int32_t pilotIndex, int32_t squadro
 
 } // namespace
 
-void MissionGenerator::planMission(bool withPlayer) {
-    Database& career = *Database::instance();
+void MissionGenerator::planMission(Database& career, bool withPlayer) {
     if (withPlayer && career.player().alive == 0)
         career.applyHistory(); // his successor flies
     int32_t player = -1;
     for (int32_t attempt = 0;; ++attempt) {
-        selectPlanes(withPlayer);
+        selectPlanes(career, withPlayer);
         player = findPlace(career.playerPilot);
         if (plan.empty() || withPlayer == (player >= 0))
             break;
@@ -103,8 +102,7 @@ void MissionGenerator::groupBySide(int32_t playerPlace) {
     });
 }
 
-void MissionGenerator::selectPlanes(bool withPlayer) {
-    Database& career = *Database::instance();
+void MissionGenerator::selectPlanes(Database& career, bool withPlayer) {
     plan.clear();
     Side german;
     Side allied;

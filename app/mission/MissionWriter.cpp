@@ -96,16 +96,15 @@ void MissionGenerator::setMissionLocation(int32_t newMapIndex, float x, float y,
                  " ; OFFSET Z: " + zel::formatFloat(offsetZ));
 }
 
-void MissionGenerator::generateMission() {
+void MissionGenerator::generateMission(const Database& career) {
     float originX = 0;
     float originZ = 0;
-    rewriteOptions(originX, originZ);
-    moveObjects(originX, originZ);
+    rewriteOptions(career.calendar(), originX, originZ);
+    moveObjects(career, originX, originZ);
 }
 
 /// First pass: landscape, weather, date and time; and the attack area's place in the template.
-void MissionGenerator::rewriteOptions(float& originX, float& originZ) {
-    const Calendar date = Database::instance()->calendar();
+void MissionGenerator::rewriteOptions(const Calendar& date, float& originX, float& originZ) {
     BlockStack blocks;
     for (int32_t i = 0; i < lines.lineCount(); ++i) {
         zel::String& text = lines.line(i);
@@ -143,13 +142,13 @@ void MissionGenerator::rewriteOptions(float& originX, float& originZ) {
 
 /// Second pass: the planes behind the options, the attack area's objects, and all logic moved so
 /// that the attack area comes to lie on the mission's place. Lines are inserted on the way.
-void MissionGenerator::moveObjects(float originX, float originZ) {
+void MissionGenerator::moveObjects(const Database& career, float originX, float originZ) {
     BlockStack blocks;
     for (int32_t i = 0; i < lines.lineCount(); ++i) {
         const MissionLine line = splitMissionLine(lines.line(i));
         const zel::String& key = line.key;
         if (key == "}" && blocks.top() == OptionsBlock)
-            emitPlanes(i + 1);
+            emitPlanes(career, i + 1);
         if (blocks.takeBrace(key, i > 0 ? &lines.line(i - 1) : nullptr))
             continue;
         if (key == "objects" && blocks.top() == AttackAreaBlock) {

@@ -161,10 +161,9 @@ zel::String missionName(const zel::String& name) {
     return zel::String(text);
 }
 
-void MissionGenerator::emitPlanes(int32_t insertLine) {
+void MissionGenerator::emitPlanes(const Database& career, int32_t insertLine) {
     if (plan.empty())
         return;
-    const Database& career = *Database::instance();
     const float areaHeight =
         attackArea >= 0 ? templateObjects[static_cast<size_t>(attackArea)].y : 0.0F;
     const Placing placing = drawPlacing(locationX + offsetX, locationY + offsetY + areaHeight,

@@ -98,9 +98,12 @@ void CombatReport::judgePilot(PilotReport& pilot, int32_t index) {
 
 int32_t CombatReport::mapPilots() {
     const MissionGenerator* generator = MissionGenerator::instance();
-    if (generator == nullptr || generator->plan.empty())
+    return generator != nullptr ? mapPilots(generator->plan) : 0;
+}
+
+int32_t CombatReport::mapPilots(const std::vector<PlannedPlane>& plan) {
+    if (plan.empty())
         return 0;
-    const std::vector<PlannedPlane>& plan = generator->plan;
     int32_t matches = 0;
     for (size_t i = 0; i < plan.size(); ++i) {
         const PlannedPlane& plane = plan[i];

@@ -9,6 +9,8 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
+struct PlannedPlane;
+
 /// The keys of a log line that tell something about a pilot.
 enum class LogKey : uint8_t { AType, Id, Pid, Name, Type, Country, Tid, Aid, Dmg, BotId, Count };
 
@@ -90,12 +92,15 @@ public:
 
     // CombatReport.cpp
 
-    /// Carries the records into the career. True if any was mapped to a pilot.
+    /// Carries the records into the running program's career (applyReports). True if any was mapped
+    /// to a pilot.
     bool applyToCareer();
     /// Who is credited, who is dead, how badly wounded. True when the player's mission has ended.
     bool judge();
-    /// Finds the plan's pilots among the records. The number of matches.
+    /// Finds the plan's pilots among the records; without an argument, those of the current mission
+    /// generator's plan. The number of matches.
     int32_t mapPilots();
+    int32_t mapPilots(const std::vector<PlannedPlane>& plan);
 
     EntireFile lines;
     std::vector<LogEvent> events;

@@ -6,6 +6,7 @@
 #include "app/report/Flight.h"
 #include "app/report/ReportText.h"
 #include "app/screens/WarProgress.h"
+#include "app/war/WarAdvance.h"
 #include "engine/core/Log.h"
 #include "engine/menu/Widget.h"
 
@@ -87,8 +88,9 @@ void MenuGameCombatReport::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
 }
 
 void MenuGameCombatReport::onLeave() {
-    if (runningCareer() == nullptr)
+    Database* career = runningCareer();
+    if (career == nullptr)
         return;
     const WarProgress progress;
-    SquadronSimulator::advanceWar();
+    advanceWar(*career, &flight.generator());
 }

@@ -3,19 +3,21 @@
 #include "engine/menu/Widget.h"
 
 void MenuGameInvite::onEnter() {
-    if (runningCareer() != nullptr && letter.open())
+    Database* career = runningCareer();
+    if (career != nullptr && letter.open(*career))
         setText("line2", letter.text());
 }
 
 void MenuGameInvite::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
-    if (runningCareer() == nullptr || menu->isTransitionRequested()) // or answered already
+    Database* career = runningCareer();
+    if (career == nullptr || menu->isTransitionRequested()) // or answered already
         return;
     const zel::String name = widget->getName();
     if (name == "menuButton4") {
-        letter.refuse();
+        letter.refuse(*career);
         setTransition("MenuGameMain");
     } else if (name == "menuButton3") {
-        if (letter.accept())
+        if (letter.accept(*career))
             setTransition("MenuGameMain");
         else
             widget->reset(); // nobody to change places with: the button stays usable

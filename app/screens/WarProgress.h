@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/war/SquadronSimulator.h"
+#include "app/war/WarAdvance.h"
 #include "engine/core/LongWork.h"
 
 namespace zel {

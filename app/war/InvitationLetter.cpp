@@ -3,7 +3,7 @@
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
 #include "app/career/UnitNames.h"
-#include "app/war/SquadronSimulator.h"
+#include "app/war/Invitations.h"
 
 namespace {
 
@@ -28,11 +28,10 @@ zel::String acesSentence(const std::vector<zel::String>& aces) {
 
 } // namespace
 
-bool InvitationLetter::open() {
+bool InvitationLetter::open(Database& career) {
     letter = "";
     roster.clear();
-    const Database& career = *Database::instance();
-    SquadronSimulator::invitationDue();
+    invitationDue(career);
     if (career.invitationSquadron < 0)
         return false;
     roster = career.squadronRoster(career.invitationSquadron);
@@ -68,10 +67,9 @@ void InvitationLetter::write(const Database& career) {
     letter += "Will you accept the invitation?";
 }
 
-bool InvitationLetter::accept() {
+bool InvitationLetter::accept(Database& career) {
     if (roster.empty())
         return false;
-    Database& career = *Database::instance();
     career.swapPilots(career.playerPilot, roster.back());
     roster.clear(); // answered
     const int32_t lower = random.getInt(1, 3);
@@ -79,8 +77,7 @@ bool InvitationLetter::accept() {
     return true;
 }
 
-void InvitationLetter::refuse() {
-    Database& career = *Database::instance();
+void InvitationLetter::refuse(Database& career) {
     career.previousInvitation = career.invitationSquadron;
     const int32_t upper = random.getInt(3, 6);
     const int32_t lower = random.getInt(1, 3);

@@ -13,14 +13,17 @@ class InvitationLetter {
 public:
     virtual ~InvitationLetter() = default;
 
-    /// Looks for an invitation. False if none is pending; the letter is then empty.
-    bool open();
+    /// Writes the letter if an invitation is due. False if none is pending; the letter is then
+    /// empty. REQUIRES: a career.
+    bool open(Database& career);
     const zel::String& text() const { return letter; }
+
+    // The answer. REQUIRES: the career for which the letter was opened.
 
     /// The player changes places with the inviting squadron's last pilot. False, changing nothing,
     /// if that squadron has no pilot.
-    bool accept();
-    void refuse();
+    bool accept(Database& career);
+    void refuse(Database& career);
 
 private:
     void write(const Database& career);

@@ -1,10 +1,11 @@
+#include "app/war/Invitations.h"
+
 #include <algorithm>
 
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
 #include "app/career/UnitNames.h"
-#include "app/war/SquadronSimulator.h"
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
 
@@ -22,8 +23,18 @@ bool wouldTake(const Pilot& player, float strength) {
 
 } // namespace
 
-bool SquadronSimulator::invitationDue() {
-    Database& career = *Database::instance();
+float squadronStrength(const Database& career, int32_t squadron) {
+    const std::vector<int32_t> roster = career.squadronRoster(squadron);
+    const int32_t best = std::min<int32_t>(static_cast<int32_t>(roster.size()), 5);
+    int32_t sum = 0;
+    for (int32_t i = 0; i < best; ++i) {
+        const int32_t pilot = roster[static_cast<size_t>(i)];
+        sum += career.pilots[static_cast<size_t>(pilot)].shotdowns * (5 - i);
+    }
+    return static_cast<float>(sum) / 14.0F; // sic: the weights sum up to 15
+}
+
+bool invitationDue(Database& career) {
     zel::console("NEXT INVITATION: " + yearAndMonth(career.invitationYear, career.invitationMonth));
     const auto year = static_cast<uint32_t>(career.year);
     const auto dueYear = static_cast<uint32_t>(career.invitationYear);
@@ -34,19 +45,18 @@ bool SquadronSimulator::invitationDue() {
     if (career.invitationSquadron >= 0)
         return true;
     if (career.invitationSquadron != -1) {
-        const int32_t found = pickInvitationSquadron();
+        const int32_t found = pickInvitationSquadron(career);
         if (found >= 0) {
             career.invitationSquadron = found;
             return true;
         }
     }
     const int32_t latest = zel::random(2, 4);
-    ::scheduleInvitation(career, zel::random(1, latest));
+    scheduleInvitation(career, zel::random(1, latest));
     return false;
 }
 
-int32_t SquadronSimulator::pickInvitationSquadron() {
-    Database& career = *Database::instance();
+int32_t pickInvitationSquadron(const Database& career) {
     const Pilot& player = career.player();
     const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
     float bestScore = -1.0F;
@@ -58,7 +68,7 @@ int32_t SquadronSimulator::pickInvitationSquadron() {
         const Squadron& squadron = career.squadrons[static_cast<size_t>(candidate)];
         if (squadron.nation != player.nation || candidate == career.previousInvitation)
             continue;
-        const float strength = squadronStrength(candidate);
+        const float strength = squadronStrength(career, candidate);
         if (!wouldTake(player, strength))
             continue;
         float score = strength;

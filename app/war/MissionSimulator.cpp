@@ -86,11 +86,13 @@ void MissionSimulator::reset() {
 }
 
 void MissionSimulator::loadPlan() {
-    const MissionGenerator* generator = MissionGenerator::instance();
-    if (generator == nullptr)
-        return;
-    pilots.reserve(pilots.size() + generator->plan.size());
-    for (const PlannedPlane& plane : generator->plan) {
+    if (const MissionGenerator* generator = MissionGenerator::instance())
+        loadPlan(generator->plan);
+}
+
+void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
+    pilots.reserve(pilots.size() + plan.size());
+    for (const PlannedPlane& plane : plan) {
         PilotReport& pilot = pilots.emplace_back();
         pilot.name = plane.name;
         pilot.type = plane.type;
@@ -198,5 +200,7 @@ bool MissionSimulator::takeOut(Draws& draws, int32_t attacker, int32_t target) {
 
 void MissionSimulator::applyResult() {
     if (Database* career = Database::instance())
-        applyReports(pilots, *career);
+        applyResult(*career);
 }
+
+void MissionSimulator::applyResult(Database& career) const { applyReports(pilots, career); }

@@ -7,6 +7,9 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/Random.h"
 
+class Database;
+struct PlannedPlane;
+
 /// Fights a planned mission in the abstract: random pairs of opposing pilots meet over a number of
 /// steps, and the outcome goes into the career. Its figures decide who becomes an ace.
 ///
@@ -17,15 +20,19 @@ public:
     virtual ~MissionSimulator() = default;
 
     void reset();
-    /// Appends one record for each plane of the current generator's plan, in the plan's order.
+    /// Appends one record for each plane of a plan, in the plan's order; without an argument, of
+    /// the current generator's plan if there is a generator.
     void loadPlan();
+    void loadPlan(const std::vector<PlannedPlane>& plan);
     /// One meeting, or none when the two draws hit no pair that can meet. True when the fight is
     /// over: one side has nobody left, or there are no records at all.
     bool fightStep();
     /// At most that many steps, up to the end of the fight.
     void fight(int32_t steps);
-    /// Carries victories, missions and deaths into the career.
+    /// Carries victories, missions and deaths into the career; without an argument, into the
+    /// running program's one if there is one.
     void applyResult();
+    void applyResult(Database& career) const;
 
     const std::vector<PilotReport>& records() const { return pilots; }
 

@@ -1,10 +1,12 @@
+#include "app/war/WarAdvance.h"
+
 #include <algorithm>
 #include <memory>
 
+#include "app/career/Bases.h"
 #include "app/career/Database.h"
 #include "app/mission/MissionGenerator.h"
 #include "app/war/MissionSimulator.h"
-#include "app/war/SquadronSimulator.h"
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
 
@@ -27,20 +29,24 @@ constexpr int32_t StartUpSteps = 1000;
 
 WarObserver* warObserver = nullptr;
 
-// The stretch that is being simulated, for the share that an observer is told: its first day and
-// its length in days; 0 while a single period is simulated.
-int32_t stretchStart = 0;
-int32_t stretchDays = 0;
+/// The days that simulateToDate has to cover, for the share that the observer hears of.
+struct Stretch {
+    int32_t firstDay; // as Calendar::dayNumber()
+    int32_t days;
+};
 
-void tellObserver(const Database& career, float shareOfPeriod) {
-    if (warObserver == nullptr)
-        return;
-    float share = shareOfPeriod;
-    if (stretchDays > 0) {
-        const int32_t done = career.calendar().dayNumber() - stretchStart;
-        share = std::clamp(static_cast<float>(done) / static_cast<float>(stretchDays), 0.0F, 1.0F);
-    }
-    warObserver->onWarProgress(career.calendar(), share);
+void reportProgress(const Database& career, float share) {
+    if (warObserver != nullptr)
+        warObserver->onWarProgress(career.calendar(), share);
+}
+
+/// The share of the stretch that is done; of the period while there is no stretch or it has no
+/// days.
+float shareDone(const Database& career, const Stretch* stretch, float shareOfPeriod) {
+    if (stretch == nullptr || stretch->days <= 0)
+        return shareOfPeriod;
+    const int32_t done = career.calendar().dayNumber() - stretch->firstDay;
+    return std::clamp(static_cast<float>(done) / static_cast<float>(stretch->days), 0.0F, 1.0F);
 }
 
 /// Days of the period that begins on that date: three draws, none outside the years of the war.
@@ -55,42 +61,52 @@ int32_t drawDays(int32_t year) {
     return 0;
 }
 
-void fightPeriod(Database& career, MissionGenerator& generator) {
+/// Fights a planned mission and carries the outcome into the career.
+void fightPlan(Database& career, const std::vector<PlannedPlane>& plan, MissionSimulator& simulator,
+               int32_t steps) {
+    simulator.reset();
+    simulator.loadPlan(plan);
+    simulator.fight(steps);
+    simulator.applyResult(career);
+}
+
+void fightPeriod(Database& career, MissionGenerator& generator, const Stretch* stretch) {
     MissionSimulator simulator;
     int32_t count = zel::random(400, 750);
     if (career.year == 1915)
         count /= 2;
     for (int32_t i = 0; i < count; ++i) {
-        generator.planMission(false);
-        simulator.reset();
-        simulator.loadPlan();
+        generator.planMission(career, false);
         const int32_t outer = zel::random(10, 30000);
         const int32_t middle = zel::random(10, outer);
         const int32_t steps = zel::random(10, middle);
-        simulator.fight(steps);
-        simulator.applyResult();
-        tellObserver(career, static_cast<float>(i + 1) / static_cast<float>(count));
+        fightPlan(career, generator.plan, simulator, steps);
+        const float share = static_cast<float>(i + 1) / static_cast<float>(count);
+        reportProgress(career, shareDone(career, stretch, share));
     }
 }
 
-} // namespace
-
-void setWarObserver(WarObserver* observer) { warObserver = observer; }
-
-void SquadronSimulator::advanceWar() {
-    Database& career = *Database::instance();
+void advancePeriod(Database& career, MissionGenerator* generator, const Stretch* stretch) {
     Calendar date = career.calendar();
     date.addDays(drawDays(date.getYear()));
     career.year = date.getYear();
     career.month = date.getMonth();
     career.day = date.getDay();
     career.activateSquadrons(career.year, career.month, career.day);
-    if (MissionGenerator* generator = MissionGenerator::instance())
-        fightPeriod(career, *generator);
+    if (generator != nullptr)
+        fightPeriod(career, *generator, stretch);
     for (size_t i = 0; i < career.squadrons.size(); ++i)
         if (zel::random(0, 29) == 0)
-            assignBase(static_cast<int32_t>(i), isAllied(career.squadrons[i].nation), true);
+            assignBase(career, static_cast<int32_t>(i), isAllied(career.squadrons[i].nation), true);
     career.applyHistory();
+}
+
+} // namespace
+
+void setWarObserver(WarObserver* observer) { warObserver = observer; }
+
+void advanceWar(Database& career, MissionGenerator* generator) {
+    advancePeriod(career, generator, nullptr);
 }
 
 void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
@@ -99,26 +115,22 @@ void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
         ownGenerator = std::make_unique<MissionGenerator>();
     MissionGenerator& generator = *MissionGenerator::instance();
     const Calendar target(toYear, toMonth, toDay);
-    stretchStart = calendar().dayNumber();
-    stretchDays = target.dayNumber() - stretchStart;
+    const int32_t firstDay = calendar().dayNumber();
+    const Stretch stretch = {firstDay, target.dayNumber() - firstDay};
 
     MissionSimulator simulator;
     const int32_t count = zel::random(200, 300);
     for (int32_t i = 0; i < count; ++i) {
-        generator.planMission(false);
-        simulator.reset();
-        simulator.loadPlan();
-        simulator.fight(StartUpSteps);
-        simulator.applyResult();
-        tellObserver(*this, 0);
+        generator.planMission(*this, false);
+        fightPlan(*this, generator.plan, simulator, StartUpSteps);
+        reportProgress(*this, shareDone(*this, &stretch, 0));
     }
     zel::console("SIMULATED MISSIONS");
 
     while (calendar().dateNumber() < target.dateNumber()) {
         const int32_t before = calendar().dateNumber();
-        SquadronSimulator::advanceWar();
+        advancePeriod(*this, &generator, &stretch);
         if (calendar().dateNumber() == before)
-            break; // outside the years of the war the date stands still
+            break; // outside the years of the war the date doesn't move
     }
-    stretchDays = 0;
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "app/career/UnitNames.h"
+#include "app/war/Invitations.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
@@ -16,7 +18,7 @@ struct War {
     }
     /// A flight and the period behind it. Invitations are accepted and refused by turns.
     bool goOn(int32_t period) {
-        if (SquadronSimulator::invitationDue() &&
+        if (invitationDue(career) &&
             !(period % 3 == 0 ? session.refuseInvitation() : session.acceptInvitation()))
             return false;
         return session.mission() && session.fly() && session.report();
@@ -54,8 +56,7 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
     const int32_t nation = war.career.playerSquadron().nation;
     constexpr int32_t Nations[] = {France, England, Germany};
     EXPECT_EQ(nation, Nations[service]);
-    EXPECT_TRUE(SquadronSimulator::hasDisplayName(
-        SquadronSimulator::squadronNumber(war.career.playerSquadron().squadronFile)));
+    EXPECT_TRUE(hasUnitName(unitNumber(war.career, war.career.playerSquadron().squadronFile)));
     EXPECT_GE(war.career.calendar().dateNumber(), year * 10000 + month * 100 + 1);
 
     int32_t periods = 0;

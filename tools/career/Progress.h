@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "app/war/SquadronSimulator.h"
+#include "app/war/WarAdvance.h"
 
 /// Shows on a terminal how far the war has come while it is simulated. Its line is taken away again
 /// at the end.

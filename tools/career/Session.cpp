@@ -8,7 +8,7 @@
 #include "app/mission/Configuration.h"
 #include "app/mission/SimulatorCheck.h"
 #include "app/report/ReportText.h"
-#include "app/war/SquadronSimulator.h"
+#include "app/war/WarAdvance.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
@@ -185,7 +185,7 @@ void Session::sayReport() {
 }
 
 void Session::advanceOnePeriod() {
-    SquadronSimulator::advanceWar();
+    advanceWar(career, &flight.generator());
     progress.clear();
 }
 
@@ -204,9 +204,9 @@ bool Session::until(int32_t date) {
         return false;
     while (!isWarOver(career) && career.calendar().dateNumber() < date) {
         keepPlayerOnAllowedMap(career);
-        if (letter.open()) {
+        if (letter.open(career)) {
             say(letter.text());
-            say(letter.accept() ? "Accepted" : "That squadron has no pilots");
+            say(letter.accept(career) ? "Accepted" : "That squadron has no pilots");
         }
         if (!mission() || !fly() || !report())
             return false;
@@ -240,17 +240,17 @@ bool Session::aces() {
 bool Session::showInvitation() {
     if (!needCareer())
         return false;
-    say(letter.open() ? letter.text() : zel::String("No invitation waits"));
+    say(letter.open(career) ? letter.text() : zel::String("No invitation waits"));
     return true;
 }
 
 bool Session::acceptInvitation() {
     if (!needCareer())
         return false;
-    if (!letter.open())
+    if (!letter.open(career))
         return fail("No invitation waits");
     say(letter.text());
-    if (!letter.accept())
+    if (!letter.accept(career))
         return fail("The inviting squadron has no pilot to change places with");
     say("Accepted");
     return true;
@@ -259,10 +259,10 @@ bool Session::acceptInvitation() {
 bool Session::refuseInvitation() {
     if (!needCareer())
         return false;
-    if (!letter.open())
+    if (!letter.open(career))
         return fail("No invitation waits");
     say(letter.text());
-    letter.refuse();
+    letter.refuse(career);
     say("Refused");
     return true;
 }

@@ -1,7 +1,9 @@
+#include "app/war/Invitations.h"
+
 #include <gtest/gtest.h>
 
+#include "app/career/InvitationSchedule.h"
 #include "app/war/InvitationLetter.h"
-#include "app/war/SquadronSimulator.h"
 #include "tests/support/Draws.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
@@ -36,7 +38,7 @@ TEST(Invitations, AreScheduledOverTheEndsOfYears) {
     for (const auto& [year, month, ahead, due] : cases) {
         setDate(test.career, year, month, 30);
         test.career.invitationSquadron = 3;
-        SquadronSimulator::scheduleInvitation(ahead);
+        scheduleInvitation(test.career, ahead);
         EXPECT_EQ(test.due(), due);
         EXPECT_EQ(test.career.invitationSquadron, -2);
     }
@@ -50,17 +52,17 @@ TEST(Invitations, AreLookedForWhenTheirMonthHasCome) {
 
     test.career.invitationYear = 1916;
     test.career.invitationMonth = 2;
-    EXPECT_FALSE(SquadronSimulator::invitationDue());
+    EXPECT_FALSE(invitationDue(test.career));
     EXPECT_EQ(test.lines.text(), "NEXT INVITATION: 1916/2\n");
     test.career.invitationSquadron = 1;
-    EXPECT_FALSE(SquadronSimulator::invitationDue()) << "also a pending one waits for its month";
+    EXPECT_FALSE(invitationDue(test.career)) << "also a pending one waits for its month";
     test.career.invitationMonth = 1;
-    EXPECT_TRUE(SquadronSimulator::invitationDue()) << "the day doesn't count";
+    EXPECT_TRUE(invitationDue(test.career)) << "the day doesn't count";
     EXPECT_TRUE(test.lines.holds("CURRENT DATE: 1916/1\n"));
     EXPECT_EQ(drawsBetween(before, zel::sharedRandom()), 0);
 
     test.career.invitationSquadron = -2;
-    EXPECT_TRUE(SquadronSimulator::invitationDue());
+    EXPECT_TRUE(invitationDue(test.career));
     EXPECT_EQ(test.career.invitationSquadron, 1);
     EXPECT_EQ(drawsBetween(before, zel::sharedRandom()), 600);
 }
@@ -70,7 +72,7 @@ TEST(Invitations, ArePutOffWhenNoneIsFound) {
         InvitedCareer test;
         test.career.invitationSquadron = state;
         zel::Random draws = zel::sharedRandom();
-        EXPECT_FALSE(SquadronSimulator::invitationDue());
+        EXPECT_FALSE(invitationDue(test.career));
         for (int32_t i = 0; state == -2 && i < 600; ++i)
             draws.next();
         const int32_t latest = draws.getInt(2, 4);
@@ -80,15 +82,29 @@ TEST(Invitations, ArePutOffWhenNoneIsFound) {
     }
 }
 
+TEST(Invitations, WeighTheFiveBestOfASquadron) {
+    const SmallWorld world;
+    Database career;
+    squadronOf(career, Germany, {14});
+    squadronOf(career, Germany, {1, 4, 10, 2, 8, 6});
+    emptySquadron(career, Germany);
+    EXPECT_FLOAT_EQ(squadronStrength(career, 0), 5.0F);
+    EXPECT_FLOAT_EQ(squadronStrength(career, 1), (10 * 5 + 8 * 4 + 6 * 3 + 4 * 2 + 2 * 1) / 14.0F);
+    EXPECT_EQ(squadronStrength(career, 2), 0);
+    EXPECT_EQ(squadronStrength(career, -1), 0);
+    career.pilots[0].alive = 0; // a dead man's victories count until his slot is given away
+    EXPECT_FLOAT_EQ(squadronStrength(career, 0), 5.0F);
+}
+
 // One pilot's victories weigh 5/14; the bar is 5, his victories, and the first five of them again.
 TEST(Invitations, ComeFromSquadronsThatWouldHaveHim) {
     const struct { int32_t shotdowns, strongest; } cases[] = {{0, 14}, {3, 30}, {5, 42}, {7, 47}};
     for (const auto& [shotdowns, strongest] : cases) {
         InvitedCareer test(shotdowns);
         squadronOf(test.career, France, {strongest});
-        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), 1) << shotdowns;
+        EXPECT_EQ(pickInvitationSquadron(test.career), 1) << shotdowns;
         test.career.pilots[1].shotdowns = static_cast<uint16_t>(strongest + 1);
-        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), -1) << shotdowns;
+        EXPECT_EQ(pickInvitationSquadron(test.career), -1) << shotdowns;
     }
 }
 
@@ -107,7 +123,7 @@ TEST(Invitations, PreferNamesAndTheTypeOfTheDay) {
     std::vector<int32_t> order;
     for (int32_t i = 0; i < 5; ++i) {
         const zel::Random before = zel::sharedRandom();
-        const int32_t found = SquadronSimulator::pickInvitationSquadron();
+        const int32_t found = pickInvitationSquadron(test.career);
         EXPECT_EQ(drawsBetween(before, zel::sharedRandom()), 600);
         order.push_back(found);
         if (found >= 0)
@@ -121,12 +137,12 @@ TEST(Invitations, NeverComeTwiceFromTheSquadronRefusedLastNorFromAnEqual) {
     InvitedCareer test(4);
     squadronOf(test.career, France, {4});
     for (int32_t i = 0; i < 8; ++i)
-        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), -1) << "his own came first";
+        EXPECT_EQ(pickInvitationSquadron(test.career), -1) << "his own came first";
     test.career.pilots[1].shotdowns = 6;
     squadronOf(test.career, France, {5});
     for (const auto& [refused, inviting] : {std::pair{-2, 1}, {1, 2}, {2, 1}}) {
         test.career.previousInvitation = refused;
-        EXPECT_EQ(SquadronSimulator::pickInvitationSquadron(), inviting);
+        EXPECT_EQ(pickInvitationSquadron(test.career), inviting);
     }
 }
 
@@ -157,7 +173,7 @@ TEST(InvitationLetter, NamesTheLeaderAndTheAces) {
         addFile(test.career, key, {});
         test.career.invitationSquadron = 1;
         InvitationLetter letter;
-        EXPECT_TRUE(letter.open());
+        EXPECT_TRUE(letter.open(test.career));
         EXPECT_EQ(letter.text(), zel::String(start) +
                                      " The pilots of the new squadron have a total number of " +
                                      sum + " shotdowns. Will you accept the invitation?");
@@ -169,14 +185,14 @@ TEST(InvitationLetter, StaysPendingWithNobodyToChangePlacesWith) {
     emptySquadron(test.career, France);
     test.career.invitationSquadron = 1;
     InvitationLetter letter;
-    ASSERT_TRUE(letter.open());
-    EXPECT_FALSE(letter.accept());
+    ASSERT_TRUE(letter.open(test.career));
+    EXPECT_FALSE(letter.accept(test.career));
     EXPECT_EQ(test.career.invitationSquadron, 1);
     EXPECT_EQ(test.due(), 191512);
     test.career.invitationSquadron = -1;
-    EXPECT_FALSE(letter.open()) << "none is pending";
+    EXPECT_FALSE(letter.open(test.career)) << "none is pending";
     EXPECT_EQ(letter.text(), "");
-    EXPECT_FALSE(letter.accept());
+    EXPECT_FALSE(letter.accept(test.career));
 }
 
 TEST(InvitationLetter, ChangesThePlaceOfThePlayerOrRemembersARefusal) {
@@ -188,11 +204,11 @@ TEST(InvitationLetter, ChangesThePlaceOfThePlayerOrRemembersARefusal) {
         zel::Random::setStaticNumber(seed);
         InvitationLetter letter;
         zel::Random draws(seed); // the letter's own
-        ASSERT_TRUE(letter.open());
+        ASSERT_TRUE(letter.open(test.career));
         if (accepts)
-            ASSERT_TRUE(letter.accept());
+            ASSERT_TRUE(letter.accept(test.career));
         else
-            letter.refuse();
+            letter.refuse(test.career);
         EXPECT_EQ(test.career.squadrons[0].slots[0], accepts ? 2 : 0) << "the worst of the three";
         EXPECT_EQ(test.career.squadrons[1].slots[1], accepts ? 0 : 2);
         EXPECT_EQ(test.career.player().squadron, accepts ? 1 : 0);
@@ -202,7 +218,7 @@ TEST(InvitationLetter, ChangesThePlaceOfThePlayerOrRemembersARefusal) {
         const int32_t upper = accepts ? 6 : draws.getInt(3, 6);
         const int32_t lower = draws.getInt(1, 3);
         EXPECT_EQ(test.due(), 191601 + draws.getInt(lower, upper));
-        EXPECT_TRUE(!accepts || !letter.accept()) << "it is answered";
+        EXPECT_TRUE(!accepts || !letter.accept(test.career)) << "it is answered";
     }
 }
 

@@ -1,7 +1,9 @@
+#include "app/war/WarAdvance.h"
+
 #include <gtest/gtest.h>
 
 #include "app/mission/MissionGenerator.h"
-#include "app/war/SquadronSimulator.h"
+#include "tests/support/CareerInvariants.h"
 #include "tests/support/Draws.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
@@ -70,7 +72,7 @@ TEST(WarAdvance, MovesTheDateByTheYear) {
             Period period;
             Calendar expected(year, 1, 1);
             expected.addDays(drawDays(year, period.draws));
-            SquadronSimulator::advanceWar();
+            advanceWar(war.career, nullptr);
             ASSERT_EQ(war.career.calendar().dateNumber(), expected.dateNumber());
             moves += period.moves(war.career);
             ASSERT_EQ(drawsBetween(period.draws, zel::sharedRandom()), 0) << "in " << year;
@@ -94,7 +96,7 @@ TEST(WarAdvance, FightsHundredsOfMissions) {
         const int32_t missions = period.missions(year);
         period.moves(war.career);
         const Counter counter;
-        SquadronSimulator::advanceWar();
+        advanceWar(war.career, &generator);
         EXPECT_EQ(counter.missions, missions);
         EXPECT_FLOAT_EQ(counter.lastShare, 1);
         EXPECT_EQ(counter.lastDate, war.career.calendar().dateNumber());
@@ -115,7 +117,7 @@ TEST(WarAdvance, LeavesThePlayerOut) {
     setDate(war.career, 1917, 5, 1);
     war.career.playerPilot = war.career.squadrons[2].slots[3];
     const uint16_t missions = war.career.player().missions;
-    SquadronSimulator::advanceWar();
+    advanceWar(war.career, &generator);
     EXPECT_EQ(war.career.player().missions, missions);
     EXPECT_EQ(war.career.player().alive, 1);
     EXPECT_EQ(war.career.playerPilot, 27);
@@ -146,6 +148,40 @@ TEST(WarAdvance, EndsWhenNoDayMoves) {
     war.career.simulateToDate(1925, 1, 1);
     EXPECT_GE(war.career.calendar().dateNumber(), 19190101);
     EXPECT_LT(war.career.calendar().dateNumber(), 19190120);
+}
+
+/// The save of a career that was led to March 1916 while another one is in the same process, which
+/// is or isn't the running program's one.
+std::string saveBesideAnother(bool otherIsCurrent) {
+    SmallWorld world;
+    world.addHistory();
+    std::unique_ptr<Database> databases[2];
+    for (std::unique_ptr<Database>& database : databases)
+        database = std::make_unique<Database>();
+    Database& career = *databases[otherIsCurrent ? 0 : 1];
+    Database& other = *databases[otherIsCurrent ? 1 : 0];
+    EXPECT_EQ(Database::instance(), otherIsCurrent ? &other : &career);
+    other.addSquadron(Germany);
+    setDate(other, 1916, 1, 1);
+    zel::copyText(other.squadrons[0].baseName, "Its own");
+
+    world.pin(career);
+    zel::seedSharedRandom(2);
+    career.createCareer(ServiceFrench);
+    career.simulateToDate(1916, 3, 1);
+    EXPECT_EQ(careerFaults(career), "");
+    EXPECT_STREQ(other.squadrons[0].baseName, "Its own");
+    EXPECT_EQ(other.calendar().dateNumber(), 19160101);
+    EXPECT_EQ(other.pilots.size(), 12u);
+    EXPECT_EQ(other.invitationSquadron, -2);
+    EXPECT_TRUE(career.storeFile(SaveFileName));
+    return world.savedBytes();
+}
+
+TEST(WarAdvance, KeepsTwoCareersApart) {
+    const std::string save = saveBesideAnother(false);
+    EXPECT_GT(save.size(), 400 * sizeof(Squadron));
+    EXPECT_EQ(hashOf(save), hashOf(saveBesideAnother(true)));
 }
 
 } // namespace

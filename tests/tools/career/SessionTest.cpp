@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "app/mission/DailyMission.h"
+#include "app/war/Invitations.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
@@ -76,7 +77,7 @@ TEST_F(SessionTest, GoesOnUntilADay) {
 TEST_F(SessionTest, AnswersInvitations) {
     makeSimulator();
     ASSERT_TRUE(session.newCareer(ServiceGerman, 1917, 3));
-    for (int32_t i = 0; i < 20 && !SquadronSimulator::invitationDue(); ++i)
+    for (int32_t i = 0; i < 20 && !invitationDue(career); ++i)
         ASSERT_TRUE(session.advance(1));
     const int32_t inviting = career.invitationSquadron;
     ASSERT_GE(inviting, 0);
