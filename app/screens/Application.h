@@ -1,5 +1,6 @@
 #pragma once
 
 /// Whether the application opens a window, as it does for players. Without one the same screens run
-/// by the names of their widgets. To be said before the loop is built; holds for later loops too.
+/// by the names of their widgets. Call it before the loop is built. It holds for later loops too.
 void setWindowWanted(bool wanted);
+bool isWindowWanted();

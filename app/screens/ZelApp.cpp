@@ -7,7 +7,10 @@
 #include "app/mission/Settings.h"
 #include "app/report/Flight.h"
 #include "app/screens/Application.h"
-#include "app/screens/ConfigurationScreen.h"
+#include "app/screens/MenuConfiguration.h"
+#include "app/screens/MenuConfigurationMaps.h"
+#include "app/screens/MenuConfigurationPlanes1.h"
+#include "app/screens/MenuConfigurationPlanes2.h"
 #include "app/screens/MenuGameCombatReport.h"
 #include "app/screens/MenuGameFinishMission.h"
 #include "app/screens/MenuGameInvite.h"
@@ -39,8 +42,6 @@ constexpr float CrossFadeSpeed = 3.0F;
 constexpr float FadeSpeed = 5.0F;
 constexpr const char* IconFile = "Pictures/icon.png";
 
-bool windowWanted = true;
-
 std::unique_ptr<Database>& database() {
     static std::unique_ptr<Database> instance;
     return instance;
@@ -52,7 +53,7 @@ std::unique_ptr<Flight>& flight() {
 }
 
 void openWindow() {
-    if (!windowWanted)
+    if (!isWindowWanted())
         return;
     zel::Bitmap icon;
     if (icon.load(IconFile, false))
@@ -71,8 +72,6 @@ template <typename Screen, typename... Arguments> void addScreen(Arguments&... a
 }
 
 } // namespace
-
-void setWindowWanted(bool wanted) { windowWanted = wanted; }
 
 ZelApp::ZelApp() = default;
 ZelApp::~ZelApp() { zel::Window::destroy(); }

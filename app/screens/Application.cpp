@@ -1,0 +1,11 @@
+#include "app/screens/Application.h"
+
+namespace {
+
+bool windowWanted = true;
+
+} // namespace
+
+void setWindowWanted(bool wanted) { windowWanted = wanted; }
+
+bool isWindowWanted() { return windowWanted; }

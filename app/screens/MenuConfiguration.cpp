@@ -1,0 +1,18 @@
+#include "app/screens/MenuConfiguration.h"
+
+#include "app/screens/Preferences.h"
+
+MenuConfiguration::MenuConfiguration()
+    : ConfigurationScreen("MenuConfiguration", {preferences::sound(), preferences::fullScreen()}) {}
+
+void MenuConfiguration::update() {
+    if (preferences::noteWindow()) // the keyboard has switched it
+        reset();
+}
+
+void MenuConfiguration::onTurned(const Switch& turned) {
+    if (turned.key == preferences::sound().key)
+        preferences::applySound();
+    else
+        preferences::applyFullScreen();
+}

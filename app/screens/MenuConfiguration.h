@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/screens/ConfigurationScreen.h"
+
+/// The program's own switches: sounds and full screen. They act at once.
+class MenuConfiguration : public ConfigurationScreen {
+public:
+    MenuConfiguration();
+
+    void update() override;
+
+protected:
+    void onTurned(const Switch& turned) override;
+};
