@@ -4,7 +4,8 @@
 
 namespace zel {
 
-/// The mouse at one moment of a frame. A menu reads it once for all its widgets.
+/// The mouse at one moment of a frame. A menu reads it once for all its widgets. A pointer that has
+/// left the window is far away from all of them, unless the button is held.
 struct Pointer {
     int32_t x = 0, y = 0;   // design pixels
     bool isDown = false;    // the left button

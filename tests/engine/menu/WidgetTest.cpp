@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/core/Platform.h"
 #include "engine/core/StatesMachine.h"
 #include "engine/menu/ScrollingArea.h"
 #include "engine/menu/TextArea.h"
@@ -96,6 +97,11 @@ TEST_F(WidgetTest, ShowsWhatIsDoneToIt) {
     EXPECT_EQ(widget->currentLook(), LookActive);
     moveTo(250);
     EXPECT_EQ(widget->currentLook(), LookOver);
+    for (const bool isThere : {false, true}) {
+        Platform::getInstance().setAppState(isThere ? 7 : 6);
+        driver->step();
+        EXPECT_EQ(widget->isOver(), isThere) << "the pointer leaves the window, and comes back";
+    }
     button(true);
     EXPECT_EQ(widget->currentLook(), LookDown);
     button(false);
