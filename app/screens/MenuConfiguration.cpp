@@ -5,8 +5,13 @@
 MenuConfiguration::MenuConfiguration()
     : ConfigurationScreen("MenuConfiguration", {preferences::sound(), preferences::fullScreen()}) {}
 
+void MenuConfiguration::reset() {
+    ConfigurationScreen::reset();
+    showsFullScreen = preferences::fullScreen().isOn();
+}
+
 void MenuConfiguration::update() {
-    if (preferences::noteWindow()) // the keyboard has switched it
+    if (showsFullScreen != preferences::fullScreen().isOn()) // the keyboard has switched it
         reset();
 }
 

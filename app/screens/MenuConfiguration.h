@@ -7,8 +7,12 @@ class MenuConfiguration : public ConfigurationScreen {
 public:
     MenuConfiguration();
 
+    void reset() override;
     void update() override;
 
 protected:
     void onTurned(const Switch& turned) override;
+
+private:
+    bool showsFullScreen = false;
 };

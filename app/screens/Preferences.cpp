@@ -25,12 +25,8 @@ void applyFullScreen() {
         window->setFullscreen(fullScreen().isOn());
 }
 
-bool noteWindow() {
-    const zel::Window* window = zel::Window::current();
-    if (window == nullptr || window->isFullscreen() == fullScreen().isOn())
-        return false;
-    zel::Registry::set(fullScreen().key, window->isFullscreen() ? "1" : "0");
-    return true;
+void noteFullScreen(bool isFullscreen) {
+    zel::Registry::set(fullScreen().key, isFullscreen ? "1" : "0");
 }
 
 } // namespace preferences

@@ -12,7 +12,7 @@ Switch fullScreen(); // off at first
 void applySound();
 /// The window follows the switch.
 void applyFullScreen();
-/// The switch follows the window. True if it had to.
-bool noteWindow();
+/// The switch follows the window, whose keys have switched it.
+void noteFullScreen(bool isFullscreen);
 
 } // namespace preferences

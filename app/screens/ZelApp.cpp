@@ -65,6 +65,7 @@ void openWindow() {
     zel::Window::current()->setSimulatedResolution(zel::DesignWidth, zel::DesignHeight, true);
     zel::Window::current()->setTitle(ZelAppInfo::getAppName());
     preferences::applyFullScreen();
+    zel::Window::setFullscreenListener(preferences::noteFullScreen);
 }
 
 template <typename Screen, typename... Arguments> void addScreen(Arguments&... arguments) {

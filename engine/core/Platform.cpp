@@ -46,6 +46,15 @@ bool isAltEnter(const SDL_keysym& pressed) {
            (pressed.sym == SDLK_RETURN || pressed.sym == SDLK_KP_ENTER);
 }
 
+/// Set by a signal, taken at the next look at the events.
+volatile std::sig_atomic_t signalCame = 0;
+
+/// A second signal ends the program at once, should it hang.
+void noteSignal(int number) {
+    signalCame = 1;
+    std::signal(number, SIG_DFL);
+}
+
 } // namespace
 
 Platform& Platform::getInstance() {
@@ -72,13 +81,7 @@ Platform::Platform() {
         log(String("SDL_Init failed: ") + SDL_GetError(), "Platform", LogError);
         return;
     }
-    // SDL turns an interrupt into the closing of the window. Where none can be, it shall interrupt.
-    char driver[16] = "";
-    if (SDL_VideoDriverName(driver, sizeof driver) != nullptr &&
-        std::string_view(driver) == "dummy") {
-        std::signal(SIGINT, SIG_DFL);
-        std::signal(SIGTERM, SIG_DFL);
-    }
+    takeSignals();
     const SDL_VideoInfo* info = SDL_GetVideoInfo();
     if (info != nullptr) {
         desktopWidth = std::max(0, info->current_w);
@@ -92,6 +95,18 @@ Platform::Platform() {
 Platform::~Platform() {
     console("SDL_Quit!");
     SDL_Quit();
+}
+
+// SDL makes a signal look like the closing of the window, which the application may refuse. A
+// signal that was ignored when the program started stays ignored, and without a window it ends the
+// program at once.
+void Platform::takeSignals() {
+    char driver[16] = "";
+    const bool hasWindows = SDL_VideoDriverName(driver, sizeof driver) != nullptr &&
+                            std::string_view(driver) != "dummy";
+    for (const int number : {SIGINT, SIGTERM})
+        if (std::signal(number, hasWindows ? noteSignal : SIG_DFL) == SIG_IGN)
+            std::signal(number, SIG_IGN);
 }
 
 Platform& Platform::drained() {
@@ -108,6 +123,11 @@ void Platform::handleEvents(bool wait) {
         handleEvent(event);
     while (SDL_PollEvent(&event) == 1)
         handleEvent(event);
+    if (signalCame != 0) {
+        signalCame = 0;
+        interrupted = true;
+        quitEvents = std::max(quitEvents, 1);
+    }
     applyWindowChanges();
 }
 
@@ -217,6 +237,7 @@ void Platform::applyWindowChanges() {
         return;
     if (toggles) {
         window->setFullscreen(!window->isFullscreen());
+        Window::tellFullscreenListener();
     } else if (newWidth > 0 && newHeight > 0) {
         window->resize(newWidth, newHeight);
     }
@@ -281,6 +302,7 @@ void Platform::clearInput() {
     presses = {};
     mouseX = mouseY = 0;
     quitEvents = 0;
+    interrupted = false;
 }
 
 } // namespace zel

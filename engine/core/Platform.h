@@ -62,6 +62,11 @@ public:
     /// What one event does. Tests call it in the place of the queue.
     void handleEvent(const SDL_Event& event);
     int32_t getQuitEvents() const { return quitEvents; } // at most 127
+    /// Whether a signal asks the program to end. It counts as a quit event, and nobody may refuse
+    /// it.
+    bool isInterrupted() const { return interrupted; }
+    /// The player stays after all: takes back all quit events but a signal's.
+    void forgetQuit() { quitEvents = interrupted ? 1 : 0; }
 
     /// The bits of SDL_GetAppState: 1 the pointer is in the window, 2 it has the keyboard, 4 it is
     /// not minimised. All three where there is no window system.
@@ -112,8 +117,10 @@ private:
     void buttonEvent(const SDL_Event& event);
     void applyWindowChanges();
     void dropInput();
+    static void takeSignals();
 
     int32_t quitEvents = 0;
+    bool interrupted = false;
     std::array<int32_t, ButtonCount> buttonDown{};
     std::array<int32_t, ButtonCount> buttonHit{};
     int32_t mouseX = 0; // window pixels

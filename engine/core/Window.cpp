@@ -50,6 +50,7 @@ bool hasState(int32_t bit) { return (Platform::getInstance().appState() & bit) !
 } // namespace
 
 Window* Window::currentWindow = nullptr;
+Window::FullscreenListener Window::fullscreenListener = nullptr;
 
 Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t designHeight,
                     bool centre) {
@@ -199,6 +200,13 @@ void Window::setFullscreen(bool wanted) {
     if (!setMode(newWidth, newHeight, wanted) && !setMode(windowedWidth, windowedHeight, false))
         ZelLoop::quit();
     platform.releaseKeys();
+}
+
+void Window::setFullscreenListener(FullscreenListener listener) { fullscreenListener = listener; }
+
+void Window::tellFullscreenListener() {
+    if (currentWindow != nullptr && fullscreenListener != nullptr)
+        fullscreenListener(currentWindow->isFullscreen());
 }
 
 void Window::setSimulatedResolution(int32_t designWidth, int32_t designHeight, bool centre) {

@@ -57,7 +57,7 @@ public:
     void swapBuffers();
     /// Whether frames wait until they are due; so they do at first.
     void setPaced(bool isPaced) { paced = isPaced; }
-    /// Takes the events that wait. True once the player, or the system, wants the program to end.
+    /// Takes the events that wait. True once the player closed the window or a signal came.
     static bool pollQuit();
     void setTitle(const String& title);
 
@@ -77,6 +77,11 @@ public:
     /// Full screen in the desktop's size, and back to the size before. On error: log lines, and a
     /// window of the size before.
     void setFullscreen(bool wanted);
+    /// Called after the keys Alt+Enter have switched, with what the window is then. Null for
+    /// nobody.
+    using FullscreenListener = void (*)(bool isFullscreen);
+    static void setFullscreenListener(FullscreenListener listener);
+    static void tellFullscreenListener();
     /// Follows the size that the player gave the window.
     void resize(int32_t newWidth, int32_t newHeight);
     /// The system has spoilt the window's content: the next frame is drawn in any case.
@@ -114,6 +119,7 @@ private:
     int32_t windowedHeight = 0;
 
     static Window* currentWindow;
+    static FullscreenListener fullscreenListener;
 };
 
 } // namespace zel

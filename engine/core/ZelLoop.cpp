@@ -75,6 +75,7 @@ ZelLoop* currentLoop = nullptr;
 bool ZelLoop::paused = false;
 int32_t ZelLoop::startupBlankFrames = BlankFrames;
 Timer ZelLoop::applicationTimer;
+ZelLoop::CloseAnswer ZelLoop::closeAnswer = nullptr;
 
 std::vector<std::unique_ptr<UpdateObject>>& ZelLoop::persistentObjects() {
     static std::vector<std::unique_ptr<UpdateObject>> objects;
@@ -89,6 +90,7 @@ ZelLoop::ZelLoop() {
     paused = false;
     quitRequested = false;
     restartRequested = false;
+    closeAnswer = nullptr;
     app = std::make_unique<ZelApp>();
     applicationTimer.stop();
     app->init();
@@ -155,8 +157,11 @@ void ZelLoop::update() {
 }
 
 bool ZelLoop::isFinished() {
-    return (Window::current() != nullptr && Window::pollQuit()) || restartRequested ||
-           quitRequested;
+    if (restartRequested || quitRequested)
+        return true;
+    if (Window::current() == nullptr || !Window::pollQuit())
+        return false;
+    return closeAnswer == nullptr || Platform::getInstance().isInterrupted() || closeAnswer();
 }
 
 void ZelLoop::registerPersistent(std::unique_ptr<UpdateObject> object) {

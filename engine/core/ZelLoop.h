@@ -29,7 +29,14 @@ public:
     /// One frame; what run() repeats.
     void step();
     void update() override; // the update half of a frame
+    /// Whether run() ends before the next frame. It may ask the close answer.
     static bool isFinished();
+
+    /// Answers the player who closes the window. True: the program ends. False: it goes on, and the
+    /// answer is asked for again before the next frame, until Platform::forgetQuit() takes the wish
+    /// back. Nobody is asked about a signal. Null, as at first: the program ends.
+    using CloseAnswer = bool (*)();
+    static void setCloseAnswer(CloseAnswer answer) { closeAnswer = answer; }
 
     static void quit();
     static void restart();
@@ -53,6 +60,7 @@ private:
     static bool restartRequested;
     static int32_t startupBlankFrames;
     static Timer applicationTimer;
+    static CloseAnswer closeAnswer;
 };
 
 } // namespace zel

@@ -13,12 +13,14 @@
 #include "app/career/Database.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Platform.h"
+#include "engine/core/Registry.h"
 #include "engine/core/Window.h"
 #include "engine/core/ZelLoop.h"
 #include "engine/menu/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/ScreenTour.h"
 #include "tests/engine/menu/GoldenPicture.h"
+#include "tests/engine/window/Events.h"
 #include "tests/support/Texts.h"
 
 namespace {
@@ -63,21 +65,19 @@ TEST_F(ScreensInWindow, AnswerTheKeys) {
     EXPECT_TRUE(driver.screens->untilIdle("quitApp"));
 }
 
-TEST_F(ScreensInWindow, TellOfTheFullScreenThatTheKeysChoose) {
+TEST_F(ScreensInWindow, RememberTheFullScreenThatTheKeysChoose) {
+    const auto toggle = [&] {
+        for (const bool down : {true, false})
+            zel::Platform::getInstance().handleEvent(keyEvent(SDLK_RETURN, 0, down, KMOD_LALT));
+        driver.screens->step();
+        driver.screens->step();
+        return zel::Registry::get("fullScreen", "0") == "1";
+    };
+    EXPECT_TRUE(toggle()) << "on a page without that switch";
     ASSERT_TRUE(driver.walk("menuButton3>MenuConfiguration"));
+    EXPECT_EQ(driver.text("fullScreen"), "Full screen: On");
+    EXPECT_FALSE(toggle());
     EXPECT_EQ(driver.text("fullScreen"), "Full screen: Off");
-    for (const char* text : {"Full screen: On", "Full screen: Off"}) {
-        SDL_Event event{};
-        event.type = SDL_KEYDOWN;
-        event.key.keysym.sym = SDLK_RETURN;
-        event.key.keysym.mod = KMOD_LALT;
-        zel::Platform::getInstance().handleEvent(event);
-        event.type = SDL_KEYUP;
-        zel::Platform::getInstance().handleEvent(event);
-        driver.screens->step();
-        driver.screens->step();
-        EXPECT_EQ(driver.text("fullScreen"), text);
-    }
     ASSERT_TRUE(driver.walk("fullScreen"));
     EXPECT_TRUE(zel::Window::current()->isFullscreen());
     ASSERT_TRUE(driver.walk("fullScreen"));
