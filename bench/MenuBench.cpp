@@ -10,15 +10,15 @@
 
 #include "bench/RatioReport.h"
 #include "bench/WorkFolder.h"
-#include "engine/core/HighLevelScheduler.h"
 #include "engine/core/Log.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/core/System.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/menu/HandledMenu.h"
-#include "engine/menu/LayoutHandler.h"
-#include "engine/menu/LayoutImage.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/style/LayoutHandler.h"
+#include "engine/menu/style/LayoutImage.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/StatesMachine.h"
 
 namespace {
 
@@ -27,7 +27,9 @@ constexpr int32_t Height = 768;
 constexpr int32_t ElementCount = 30;
 
 /// Where an element stands: five in a row.
-zel::Place placeOf(int32_t index) { return {20 + index % 5 * 200, 20 + index / 5 * 120, 180, 80}; }
+zel::PixelRect placeOf(int32_t index) {
+    return {20 + index % 5 * 200, 20 + index / 5 * 120, 180, 80};
+}
 
 uint32_t colorOf(int32_t index) { return 0x102030U + static_cast<uint32_t>(index) * 0x050301U; }
 
@@ -40,7 +42,7 @@ void appendNumber(std::string& bytes, uint32_t value, int32_t size) {
 std::string paintedBmp() {
     std::vector<uint32_t> pixels(size_t(Width) * Height, 0xFFFFFF);
     for (int32_t index = 0; index < ElementCount; ++index) {
-        const zel::Place place = placeOf(index);
+        const zel::PixelRect place = placeOf(index);
         for (int32_t y = place.y; y < place.y + place.height; ++y)
             for (int32_t x = place.x; x < place.x + place.width; ++x)
                 pixels[static_cast<size_t>(y * Width + x)] = colorOf(index);
@@ -72,7 +74,7 @@ std::string idleScript() {
     std::string layout = "init:\nlayout.definelayout idle\n";
     std::string enter = "setlayout idle\n\nonenter:\n";
     for (int32_t index = 0; index < ElementCount; ++index) {
-        const zel::Place place = placeOf(index);
+        const zel::PixelRect place = placeOf(index);
         const std::string name = "w" + std::to_string(index);
         layout += "layout.definewidget " + name + " button\nlayout.definewidgetposition " +
                   std::to_string(place.x) + " " + std::to_string(place.y) +

@@ -9,8 +9,8 @@
 
 #include "bench/RatioReport.h"
 #include "engine/core/Log.h"
-#include "engine/core/Window.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/window/Window.h"
 
 namespace {
 

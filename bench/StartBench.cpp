@@ -17,11 +17,11 @@
 
 #include "app/mission/Configuration.h"
 #include "engine/core/Log.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/core/Window.h"
-#include "engine/core/ZelLoop.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/Window.h"
+#include "engine/window/ZelLoop.h"
 
 namespace {
 

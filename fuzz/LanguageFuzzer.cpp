@@ -1,4 +1,4 @@
-#include "engine/graphics/Language.h"
+#include "engine/core/Language.h"
 #include "fuzz/FuzzFile.h"
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -1,4 +1,4 @@
-#include "engine/menu/LayoutImage.h"
+#include "engine/menu/style/LayoutImage.h"
 #include "fuzz/FuzzFile.h"
 #include "tests/engine/graphics/Pictures.h"
 

@@ -1,6 +1,6 @@
 #include "app/screens/ConfigurationScreen.h"
 
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 ConfigurationScreen::ConfigurationScreen(const char* menuName, std::vector<Switch> switches)
     : HandledMenuExtension(menuName), switches(std::move(switches)) {}

@@ -8,7 +8,7 @@
 #include "app/screens/WarProgress.h"
 #include "app/war/WarAdvance.h"
 #include "engine/core/Log.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
 #include "app/screens/ScreenSounds.h"
-#include "engine/core/StatesMachine.h"
-#include "engine/core/Window.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/Window.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/screens/CareerScreen.h"
-#include "engine/core/Timer.h"
+#include "engine/window/Timer.h"
 
 class Flight;
 

@@ -1,6 +1,6 @@
 #include "app/screens/MenuGameInvite.h"
 
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 void MenuGameInvite::onEnter() {
     Database* career = runningCareer();

@@ -7,7 +7,7 @@
 #include "app/war/SquadronSimulator.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 void MenuGameMain::onEnter() {
     Database* career = runningCareer();

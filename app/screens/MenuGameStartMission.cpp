@@ -5,9 +5,9 @@
 #include "app/report/Flight.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/ScreenSounds.h"
+#include "engine/core/Language.h"
 #include "engine/core/System.h"
-#include "engine/graphics/Language.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 namespace {
 

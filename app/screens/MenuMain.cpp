@@ -2,7 +2,7 @@
 
 #include "app/career/Database.h"
 #include "app/mission/SimulatorCheck.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 void MenuMain::onEnter() {
     switch (checkSimulator()) {

@@ -3,7 +3,7 @@
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/screens/WarProgress.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 void MenuNewCareer::reset() {
     Database* career = Database::instance();

@@ -1,10 +1,10 @@
 #include "app/screens/MenuNotification.h"
 
 #include "app/mission/Settings.h"
-#include "engine/core/StatesMachine.h"
+#include "engine/core/Language.h"
 #include "engine/core/System.h"
-#include "engine/graphics/Language.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/StatesMachine.h"
 
 namespace {
 

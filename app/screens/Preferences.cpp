@@ -1,8 +1,8 @@
 #include "app/screens/Preferences.h"
 
 #include "engine/core/Registry.h"
-#include "engine/core/Window.h"
 #include "engine/sound/SoundHandler.h"
+#include "engine/window/Window.h"
 
 namespace {
 

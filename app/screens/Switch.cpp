@@ -1,10 +1,10 @@
 #include "app/screens/Switch.h"
 
+#include "engine/core/Language.h"
 #include "engine/core/Registry.h"
-#include "engine/graphics/Language.h"
 #include "engine/menu/Menu.h"
-#include "engine/menu/Theme.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/style/Theme.h"
+#include "engine/menu/widgets/Widget.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "app/screens/WarProgress.h"
 
-#include "engine/core/StatesMachine.h"
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/Image.h"
 #include "engine/menu/Menu.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/StatesMachine.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ void WarProgress::drawBar(const zel::Menu& menu, float share) {
     if (bar == nullptr)
         return;
     zel::Canvas& canvas = zel::Canvas::getInstance();
-    const zel::Rect place = zel::rectOf(widget->getPlacing().place);
+    const zel::Rect place = zel::rectOf(widget->getBounds().rect);
     zel::Rect done = place;
     done.width *= share;
     canvas.pushClip(done);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/war/WarAdvance.h"
-#include "engine/core/LongWork.h"
+#include "engine/window/LongWork.h"
 
 namespace zel {
 class Menu;

@@ -1,4 +1,4 @@
-#include "engine/core/ZelApp.h"
+#include "engine/window/ZelApp.h"
 
 #include <memory>
 
@@ -24,14 +24,14 @@
 #include "app/screens/Preferences.h"
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Log.h"
-#include "engine/core/State.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/core/Window.h"
-#include "engine/core/ZelLoop.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/HandledMenu.h"
-#include "engine/menu/MenuWords.h"
+#include "engine/menu/script/MenuWords.h"
+#include "engine/window/State.h"
+#include "engine/window/Window.h"
+#include "engine/window/ZelLoop.h"
 
 namespace {
 

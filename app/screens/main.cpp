@@ -4,10 +4,10 @@
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Directory.h"
 #include "engine/core/Log.h"
-#include "engine/core/Platform.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/core/ZelLoop.h"
+#include "engine/window/Platform.h"
+#include "engine/window/ZelLoop.h"
 
 namespace {
 

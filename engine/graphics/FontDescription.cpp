@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "engine/core/Log.h"
+#include "engine/core/TextLines.h"
 #include "engine/graphics/ByteReader.h"
-#include "engine/graphics/TextLines.h"
 
 namespace zel {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/graphics/TextLines.h"
+#include "engine/core/TextLines.h"
 
 namespace zel {
 

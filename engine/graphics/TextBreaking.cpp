@@ -73,15 +73,6 @@ void breakParagraph(const Font& font, std::string_view paragraph, int32_t width,
 
 } // namespace
 
-String unescapeLineFeeds(const String& text) {
-    constexpr std::string_view Escaped = "\\n";
-    std::string result(text.view());
-    for (size_t place = result.find(Escaped); place != result.npos;
-         place = result.find(Escaped, place + 1))
-        result.replace(place, Escaped.size(), "\n");
-    return String(std::move(result));
-}
-
 std::string plainText(std::string_view text) {
     std::string result;
     result.reserve(text.size());

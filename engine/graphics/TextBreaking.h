@@ -11,10 +11,6 @@ namespace zel {
 
 class Font;
 
-/// The text with each pair of the characters `\` and `n` as one line feed. For texts that people
-/// write into scripts and language files, once, where they are read; never for names and paths.
-String unescapeLineFeeds(const String& text);
-
 /// The text without its carriage returns and zero bytes, and with every tab as a blank: only line
 /// feeds end lines. A backslash is a character like others.
 std::string plainText(std::string_view text);

@@ -3,10 +3,10 @@
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/core/Shutdown.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/menu/MenuEventHandler.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/StatesMachine.h"
 
 namespace zel {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "engine/menu/MenuConfigFile.h"
 #include "engine/menu/StandardMenu.h"
+#include "engine/menu/script/MenuConfigFile.h"
 
 namespace zel {
 

@@ -1,9 +1,9 @@
 #include "engine/menu/HandledMenuExtension.h"
 
-#include "engine/core/StatesMachine.h"
 #include "engine/menu/MenuEventHandler.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/StatesMachine.h"
 
 namespace zel {
 

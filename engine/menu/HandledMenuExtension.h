@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/core/UpdateObject.h"
 #include "engine/menu/HandledMenu.h"
+#include "engine/window/UpdateObject.h"
 
 namespace zel {
 

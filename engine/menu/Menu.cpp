@@ -3,14 +3,14 @@
 #include <algorithm>
 
 #include "engine/core/Log.h"
-#include "engine/core/Mouse.h"
-#include "engine/core/StatesMachine.h"
-#include "engine/menu/ElementStyle.h"
-#include "engine/menu/LayoutHandler.h"
 #include "engine/menu/StandardMenuOverlay.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/ThemeHandler.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/style/ElementStyle.h"
+#include "engine/menu/style/LayoutHandler.h"
+#include "engine/menu/style/ThemeHandler.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Mouse.h"
+#include "engine/window/StatesMachine.h"
 
 namespace zel {
 
@@ -106,7 +106,7 @@ Widget* Menu::createWidget(const String& name) {
     Widget* made = widget.get();
     widgets[name] = std::move(widget);
     linkWidget(name, widgets, textAreas);
-    stand(made->getPlacing());
+    moveToPhase(made->getBounds());
     return made;
 }
 
@@ -121,8 +121,8 @@ TextArea* Menu::createTextArea(const String& name) {
         createTextAreaFromLayout(*layout, name, theme, textAreaAlignment);
     TextArea* made = area.get();
     textAreas[name] = std::move(area);
-    joinArea(name, made->getPlacing(), widgets);
-    stand(made->getPlacing());
+    joinArea(name, made->getBounds(), widgets);
+    moveToPhase(made->getBounds());
     return made;
 }
 
@@ -159,14 +159,14 @@ void Menu::removeWidget(const String& name) {
     if (node.empty())
         return;
     unlinkWidget(*node.mapped(), widgets, textAreas);
-    bury(std::move(node.mapped()));
+    deferDeletion(std::move(node.mapped()));
 }
 
 void Menu::removeTextArea(const String& name) {
     const auto found = textAreas.find(name);
     if (found == textAreas.end())
         return;
-    leaveArea(found->second->getPlacing());
+    leaveArea(found->second->getBounds());
     textAreas.erase(found);
 }
 
@@ -176,12 +176,12 @@ void Menu::clearWidgets() {
     Widgets gone;
     gone.swap(widgets);
     for (auto& [name, widget] : gone)
-        bury(std::move(widget));
+        deferDeletion(std::move(widget));
 }
 
 void Menu::clearTextAreas() {
     for (const auto& [name, area] : textAreas)
-        leaveArea(area->getPlacing());
+        leaveArea(area->getBounds());
     textAreas.clear();
 }
 
@@ -190,15 +190,15 @@ void Menu::resetWidgets() {
         widget->reset();
 }
 
-void Menu::bury(std::unique_ptr<Widget> widget) {
+void Menu::deferDeletion(std::unique_ptr<Widget> widget) {
     std::replace(walk.begin(), walk.end(), widget.get(), static_cast<Widget*>(nullptr));
-    graveyard.push_back(std::move(widget));
-    emptyGraveyard();
+    deferred.push_back(std::move(widget));
+    deleteDeferred();
 }
 
-void Menu::emptyGraveyard() {
+void Menu::deleteDeferred() {
     if (working == 0)
-        graveyard.clear();
+        deferred.clear();
 }
 
 void Menu::recreateElements() {
@@ -219,7 +219,7 @@ void Menu::recreateElements() {
         unlinkWidget(*widget, widgets, textAreas);
         std::swap(widget, made);
         linkWidget(name, widgets, textAreas);
-        bury(std::move(made));
+        deferDeletion(std::move(made));
     }
     for (auto& [name, area] : textAreas) {
         std::unique_ptr<TextArea> made =
@@ -228,11 +228,11 @@ void Menu::recreateElements() {
             continue;
         made->setText(area->getText());
         made->setVisible(area->isVisible());
-        leaveArea(area->getPlacing());
+        leaveArea(area->getBounds());
         area = std::move(made);
-        joinArea(name, area->getPlacing(), widgets);
+        joinArea(name, area->getBounds(), widgets);
     }
-    standElements();
+    moveElements();
 }
 
 bool Menu::setLayout(const String& name) {
@@ -279,7 +279,7 @@ bool Menu::hitWidget(const String& name) {
     ++working;
     widget->performHit();
     --working;
-    emptyGraveyard();
+    deleteDeferred();
     return true;
 }
 
@@ -291,12 +291,12 @@ void Menu::updateWidgets() {
     const Pointer pointer = Pointer::read();
     for (size_t i = 0; i < walk.size(); ++i) {
         if (walk[i] != nullptr)
-            walk[i]->look(pointer);
+            walk[i]->handlePointer(pointer);
     }
     Mouse::takeWheel(); // what no area wanted now must not move one later
     --working;
     walk.clear();
-    emptyGraveyard();
+    deleteDeferred();
 }
 
 void Menu::update() {
@@ -308,13 +308,15 @@ void Menu::update() {
     updateWidgets();
 }
 
-void Menu::stand(Placing& placing) const { placing.stand(getContentPhase(), getContentProgress()); }
+void Menu::moveToPhase(Bounds& bounds) const {
+    bounds.moveTo(getContentPhase(), getContentProgress());
+}
 
-void Menu::standElements() {
+void Menu::moveElements() {
     for (const auto& [name, widget] : widgets)
-        stand(widget->getPlacing());
+        moveToPhase(widget->getBounds());
     for (const auto& [name, area] : textAreas)
-        stand(area->getPlacing());
+        moveToPhase(area->getBounds());
 }
 
 StateOverlay* Menu::getThemeBackground() const { return themeBackground; }
@@ -331,7 +333,7 @@ int32_t Menu::getDrawAlpha() const {
 void Menu::render() {
     Canvas& canvas = Canvas::getInstance();
     const int32_t alpha = getDrawAlpha();
-    standElements();
+    moveElements();
     drawBackground(canvas);
     renderMiddle();
     for (const auto& [name, widget] : widgets) {

@@ -3,11 +3,11 @@
 #include <memory>
 #include <vector>
 
-#include "engine/core/State.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/menu/AreaLinks.h"
-#include "engine/menu/MenuWords.h"
-#include "engine/menu/OverlayOptions.h"
+#include "engine/menu/script/MenuWords.h"
+#include "engine/menu/style/OverlayOptions.h"
+#include "engine/menu/widgets/AreaLinks.h"
+#include "engine/window/State.h"
 
 namespace zel {
 
@@ -89,10 +89,10 @@ private:
     /// Whether of two states it is the first one that draws a picture of both.
     using DrawsShared = bool (*)(const State& state, const State& partner);
 
-    void bury(std::unique_ptr<Widget> widget);
-    void emptyGraveyard();
-    void stand(Placing& placing) const;
-    void standElements();
+    void deferDeletion(std::unique_ptr<Widget> widget);
+    void deleteDeferred();
+    void moveToPhase(Bounds& bounds) const;
+    void moveElements();
     void drawBackground(Canvas& canvas);
     void drawForeground(Canvas& canvas);
     void drawPicture(Canvas& canvas, OverlayOf which, Blend blend, DrawsShared drawsShared);
@@ -111,7 +111,7 @@ private:
     int32_t textAreaAlignment = AlignLeft;
 
     std::vector<Widget*> walk; // of updateWidgets(); null for one that went meanwhile
-    std::vector<std::unique_ptr<Widget>> graveyard;
+    std::vector<std::unique_ptr<Widget>> deferred;
     int32_t working = 0; // widgets of this menu are at work, so deep
 };
 

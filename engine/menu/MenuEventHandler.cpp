@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "engine/core/StatesMachine.h"
 #include "engine/menu/HandledMenuExtension.h"
 #include "engine/menu/Menu.h"
+#include "engine/window/StatesMachine.h"
 
 namespace zel {
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "engine/core/StateOverlay.h"
 #include "engine/core/String.h"
+#include "engine/window/StateOverlay.h"
 
 namespace zel {
 

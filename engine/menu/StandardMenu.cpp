@@ -1,13 +1,13 @@
 #include "engine/menu/StandardMenu.h"
 
-#include "engine/core/HighLevelScheduler.h"
-#include "engine/core/Keyboard.h"
 #include "engine/core/Log.h"
-#include "engine/core/StateOverlay.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/graphics/ImageHandler.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/Keyboard.h"
+#include "engine/window/StateOverlay.h"
+#include "engine/window/StatesMachine.h"
 
 namespace zel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/menu/Menu.h"
-#include "engine/menu/MenuFocus.h"
+#include "engine/menu/widgets/MenuFocus.h"
 
 namespace zel {
 

@@ -4,7 +4,7 @@
 
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/ImageHandler.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 
 namespace zel {
 

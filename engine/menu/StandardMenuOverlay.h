@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "engine/menu/MenuOverlay.h"
-#include "engine/menu/OverlayOptions.h"
+#include "engine/menu/style/OverlayOptions.h"
 
 namespace zel {
 

@@ -2,11 +2,11 @@
 
 #include "app/career/UnitNames.h"
 #include "app/war/Invitations.h"
+#include "standin/StandIn.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
 #include "tools/career/Session.h"
-#include "tools/standin/StandIn.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "tools/standin/StandIn.h"
+#include "standin/StandIn.h"
 
 namespace {
 

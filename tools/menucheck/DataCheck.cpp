@@ -4,10 +4,10 @@
 
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
+#include "engine/core/Language.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/graphics/ImageIndex.h"
-#include "engine/graphics/Language.h"
 #include "engine/sound/SoundHandler.h"
 #include "tools/menucheck/ScriptLines.h"
 

@@ -6,21 +6,21 @@
 #include "engine/graphics/Font.h"
 #include "engine/graphics/Image.h"
 #include "engine/graphics/TextBreaking.h"
-#include "engine/menu/ScrollingArea.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Theme.h"
+#include "engine/menu/style/Theme.h"
+#include "engine/menu/widgets/ScrollingArea.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "tools/menucheck/ScriptLines.h"
 
 namespace menucheck {
 
-using zel::Place;
+using zel::PixelRect;
 using zel::String;
 
 namespace {
 
 struct Standing {
     String name;
-    const zel::Placing* placing;
+    const zel::Bounds* bounds;
     bool isLoose; // moves, or holds what moves: it overlaps by nature
     bool isShown; // now, or by code at another time
 };
@@ -28,7 +28,7 @@ struct Standing {
 constexpr const char* LookNames[] = {"active", "inactive", "over", "down"};
 constexpr float SizeTolerance = 1; // pixels by which an image may be drawn larger or smaller
 
-bool overlap(const Place& a, const Place& b) {
+bool overlap(const PixelRect& a, const PixelRect& b) {
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
            b.y < a.y + a.height;
 }
@@ -37,12 +37,12 @@ std::vector<Standing> elementsOf(const zel::HandledMenu& menu, const ScriptNotes
     std::vector<Standing> elements;
     for (const auto& [name, widget] : menu.getWidgets()) {
         const bool isArea = dynamic_cast<const zel::ScrollingArea*>(widget.get()) != nullptr;
-        const zel::Placing& placing = widget->getPlacing();
-        elements.push_back({name, &placing, isArea || placing.area != nullptr,
+        const zel::Bounds& bounds = widget->getBounds();
+        elements.push_back({name, &bounds, isArea || bounds.area != nullptr,
                             widget->isVisible() || notes.isAlternative(name)});
     }
     for (const auto& [name, area] : menu.getTextAreas())
-        elements.push_back({name, &area->getPlacing(), area->getPlacing().area != nullptr,
+        elements.push_back({name, &area->getBounds(), area->getBounds().area != nullptr,
                             area->isVisible() || notes.isAlternative(name)});
     return elements;
 }
@@ -54,7 +54,7 @@ void checkOverlaps(const std::vector<Standing>& elements, const ScriptNotes& not
             const Standing& a = elements[i];
             const Standing& b = elements[k];
             const bool canOverlap = !a.isLoose && !b.isLoose && a.isShown && b.isShown;
-            if (canOverlap && overlap(a.placing->place, b.placing->place) &&
+            if (canOverlap && overlap(a.bounds->rect, b.bounds->rect) &&
                 !notes.mayOverlap(a.name, b.name))
                 findings.add(findings.sourceOf(a.name), a.name + " overlaps " + b.name);
         }
@@ -64,11 +64,11 @@ void checkOverlaps(const std::vector<Standing>& elements, const ScriptNotes& not
 void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
     const std::vector<Standing> elements = elementsOf(menu, notes);
     for (const Standing& element : elements) {
-        const Place& place = element.placing->place;
+        const PixelRect& place = element.bounds->rect;
         const Source source = findings.sourceOf(element.name);
         if (place.width < 1 || place.height < 1)
             findings.add(source, element.name + " has no size");
-        else if (element.placing->area == nullptr &&
+        else if (element.bounds->area == nullptr &&
                  (place.x < 0 || place.y < 0 || place.x + place.width > zel::DesignWidth ||
                   place.y + place.height > zel::DesignHeight))
             findings.add(source, element.name + " reaches out of the screen");
@@ -127,7 +127,7 @@ void checkWords(const zel::TextArea& area, const Source& source, Findings& findi
     }
 }
 
-bool isDrawnAsItIs(const zel::Image& image, const Place& place) {
+bool isDrawnAsItIs(const zel::Image& image, const PixelRect& place) {
     const auto isNear = [](float drawn, int32_t given) {
         return std::abs(drawn - static_cast<float>(given)) <= SizeTolerance;
     };
@@ -136,7 +136,7 @@ bool isDrawnAsItIs(const zel::Image& image, const Place& place) {
 
 void checkImages(const zel::Widget& widget, const ScriptNotes& notes, const Source& source,
                  Findings& findings) {
-    const Place& place = widget.getPlacing().place;
+    const PixelRect& place = widget.getBounds().rect;
     const zel::Image* stretched = nullptr; // one is told: looks go together
     for (size_t i = 0; i < zel::LookCount; ++i) {
         const zel::Image* image = widget.getImage(static_cast<zel::WidgetLook>(i));

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/menu/Layout.h"
+#include "engine/menu/style/Layout.h"
 
 namespace menucheck {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "engine/core/File.h"
-#include "engine/graphics/TextBreaking.h"
+#include "engine/core/TextLines.h"
 #include "tools/menucheck/ScriptLines.h"
 
 namespace menucheck {

@@ -1,6 +1,6 @@
 #include "tools/menucheck/Ways.h"
 
-#include "engine/core/StatesMachine.h"
+#include "engine/window/StatesMachine.h"
 
 namespace menucheck {
 

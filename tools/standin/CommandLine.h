@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "engine/core/String.h"
-#include "tools/standin/StandIn.h"
+#include "standin/StandIn.h"
 
 namespace standin {
 

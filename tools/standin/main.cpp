@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "engine/core/System.h"
+#include "standin/MissionWatch.h"
+#include "standin/StandIn.h"
 #include "tools/standin/CommandLine.h"
-#include "tools/standin/MissionWatch.h"
-#include "tools/standin/StandIn.h"
 
 namespace {
 

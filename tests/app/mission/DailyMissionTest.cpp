@@ -8,12 +8,12 @@
 #include "app/career/Aircraft.h"
 #include "app/mission/Configuration.h"
 #include "engine/core/Registry.h"
+#include "standin/mission/MissionReader.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 #include "tests/support/SmallCareer.h"
 #include "tests/support/Texts.h"
-#include "tools/standin/MissionReader.h"
 
 namespace {
 

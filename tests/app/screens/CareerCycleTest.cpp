@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
-#include "engine/core/ZelLoop.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/ZelLoop.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

@@ -8,14 +8,14 @@
 #include "app/screens/Application.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/core/Clock.h"
-#include "engine/core/Platform.h"
 #include "engine/core/Random.h"
 #include "engine/core/Registry.h"
-#include "engine/core/State.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+#include "engine/window/State.h"
 
 namespace {
 

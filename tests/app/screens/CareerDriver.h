@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "standin/StandIn.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tools/standin/StandIn.h"
 
 /// Where one player's files are: what one run of the program leaves here the next one finds.
 struct PlayerHome {

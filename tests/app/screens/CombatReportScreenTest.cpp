@@ -1,6 +1,6 @@
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

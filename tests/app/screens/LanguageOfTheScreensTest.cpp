@@ -5,7 +5,7 @@
 #include "app/career/Aircraft.h"
 #include "app/mission/DailyMission.h"
 #include "engine/core/Registry.h"
-#include "engine/menu/TextArea.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "app/career/Nation.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/MenuNotification.h"
-#include "engine/core/Window.h"
+#include "engine/window/Window.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "engine/core/Clock.h"
 #include "engine/core/Registry.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/engine/menu/GoldenPicture.h"
 

@@ -5,8 +5,8 @@
 
 #include "app/career/Database.h"
 #include "app/mission/DailyMission.h"
-#include "engine/core/Platform.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/MenuNotification.h"
-#include "engine/graphics/Language.h"
-#include "engine/menu/Widget.h"
+#include "engine/core/Language.h"
+#include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/support/HandMade.h"
 

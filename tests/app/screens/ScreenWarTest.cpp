@@ -2,7 +2,7 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 
 // Every period of a war, from orders to report, through the screens.

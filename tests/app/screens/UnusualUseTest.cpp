@@ -4,8 +4,8 @@
 #include "app/report/CombatReport.h"
 #include "app/screens/Application.h"
 #include "engine/core/Registry.h"
-#include "engine/core/StatesMachine.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/StatesMachine.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

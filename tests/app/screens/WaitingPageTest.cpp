@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <map>
 
-#include "engine/menu/TextArea.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {

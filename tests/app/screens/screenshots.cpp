@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/core/Platform.h"
+#include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/ScreenTour.h"
 #include "tests/engine/menu/GoldenPicture.h"

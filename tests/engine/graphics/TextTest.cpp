@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/core/TextLines.h"
 #include "engine/graphics/Font.h"
-#include "engine/graphics/TextBreaking.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 

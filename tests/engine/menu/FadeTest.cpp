@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/core/StateOverlay.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/window/StateOverlay.h"
+#include "engine/window/StatesMachine.h"
 #include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/Printers.h"

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/core/HighLevelScheduler.h"
-#include "engine/core/Platform.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/menu/HandledMenuExtension.h"
 #include "engine/menu/MenuEventHandler.h"
 #include "engine/menu/MenuOverlay.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/Platform.h"
+#include "engine/window/StatesMachine.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/engine/menu/TestApp.h"
 #include "tests/support/Printers.h"

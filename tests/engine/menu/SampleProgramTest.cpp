@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/File.h"
-#include "engine/core/Platform.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/menu/ScriptCommand.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/script/ScriptCommand.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+#include "engine/window/StatesMachine.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/engine/menu/TestApp.h"
 #include "tests/support/Printers.h"
@@ -140,14 +140,14 @@ TEST_F(SampleProgram, MovesElementsInAndOut) {
         const Widget* widget = driver->widget("fromLeft");
         if (machine.getPhase() == StatesMachine::FadeIn && widget != nullptr) {
             driver->menu().render();
-            way.push_back(widget->getPlacing().drawX);
+            way.push_back(widget->getBounds().drawX);
         }
     }
     ASSERT_GT(way.size(), 5U);
     EXPECT_TRUE(std::is_sorted(way.begin(), way.end()));
     EXPECT_LT(way.front(), -150) << "it comes from 320 pixels to the left of 64";
     driver->menu().render();
-    EXPECT_EQ(driver->widget("fromLeft")->getPlacing().drawX, 64);
+    EXPECT_EQ(driver->widget("fromLeft")->getBounds().drawX, 64);
     go("menuBack", "Start");
 }
 

@@ -1,13 +1,13 @@
 #include "tests/engine/menu/ScreenDriver.h"
 
 #include "engine/core/Clock.h"
-#include "engine/core/Platform.h"
 #include "engine/core/Registry.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/menu/TextArea.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+#include "engine/window/StatesMachine.h"
 #include "tests/engine/menu/TestApp.h"
 #include "tests/engine/window/Events.h"
 
@@ -124,7 +124,7 @@ void ScreenDriver::wheel(bool up) {
 }
 
 void ScreenDriver::press(const char* name) {
-    const zel::Place place = widget(name)->getPlacing().placeNow();
+    const zel::PixelRect place = widget(name)->getBounds().currentRect();
     moveTo(place.x + place.width / 2, place.y + place.height / 2);
     step();
     for (const bool down : {true, false}) {

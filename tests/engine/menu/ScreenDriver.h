@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "engine/core/ZelLoop.h"
 #include "engine/menu/HandledMenu.h"
-#include "engine/menu/Layout.h"
+#include "engine/menu/style/Layout.h"
+#include "engine/window/ZelLoop.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -15,7 +15,7 @@
 struct ScriptElement {
     const char* name;
     const char* kind; // "textarea", or a kind of widgets
-    zel::Place place;
+    zel::PixelRect place;
     const char* added = ""; // what stands behind its name where it is added
 };
 

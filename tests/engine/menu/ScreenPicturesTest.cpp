@@ -4,10 +4,10 @@
 // run the test, look at the new picture, which it leaves beside the program, and copy it over.
 #include <gtest/gtest.h>
 
-#include "engine/core/Platform.h"
-#include "engine/core/Window.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+#include "engine/window/Window.h"
 #include "tests/engine/menu/GoldenPicture.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/engine/menu/TestApp.h"
@@ -59,7 +59,7 @@ TEST_F(ScreenPictures, AreTheKeptOnes) {
 
 TEST_F(ScreenPictures, ShowEveryLook) {
     visit("Looks");
-    const zel::Place place = driver->widget("shown")->getPlacing().place;
+    const zel::PixelRect place = driver->widget("shown")->getBounds().rect;
     driver->moveTo(place.x + 10, place.y + 10);
     driver->step();
     EXPECT_TRUE(driver->menu().hitWidget("own")); // its section removes it, and "bare" with it

@@ -1,9 +1,9 @@
 #include "tests/engine/menu/TestApp.h"
 
-#include "engine/core/State.h"
-#include "engine/core/Window.h"
-#include "engine/core/ZelApp.h"
 #include "engine/menu/HandledMenu.h"
+#include "engine/window/State.h"
+#include "engine/window/Window.h"
+#include "engine/window/ZelApp.h"
 
 // The smallest application: no window of its own, the menus of the working directory.
 

@@ -1,11 +1,11 @@
-#include "engine/core/HighLevelScheduler.h"
+#include "engine/window/HighLevelScheduler.h"
 
 #include <algorithm>
 #include <functional>
 
 #include <gtest/gtest.h>
 
-#include "engine/core/StatesMachine.h"
+#include "engine/window/StatesMachine.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
 #include "tests/support/LogCapture.h"

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/core/Keyboard.h"
-#include "engine/core/Mouse.h"
-#include "engine/core/Platform.h"
-#include "engine/core/Window.h"
+#include "engine/window/Keyboard.h"
+#include "engine/window/Mouse.h"
+#include "engine/window/Platform.h"
+#include "engine/window/Window.h"
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/ManualClock.h"
 

@@ -1,12 +1,12 @@
-#include "engine/core/LongWork.h"
+#include "engine/window/LongWork.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/core/HighLevelScheduler.h"
-#include "engine/core/Keyboard.h"
-#include "engine/core/Mouse.h"
-#include "engine/core/StatesMachine.h"
-#include "engine/core/Window.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/Keyboard.h"
+#include "engine/window/Mouse.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/Window.h"
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"

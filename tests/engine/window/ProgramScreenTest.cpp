@@ -2,14 +2,14 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/Clock.h"
-#include "engine/core/LongWork.h"
-#include "engine/core/Platform.h"
 #include "engine/core/Registry.h"
-#include "engine/core/StatesMachine.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
-#include "engine/core/ZelLoop.h"
 #include "engine/menu/HandledMenuExtension.h"
+#include "engine/window/LongWork.h"
+#include "engine/window/Platform.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/ZelLoop.h"
 #include "tests/engine/menu/TestApp.h"
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/Shot.h"

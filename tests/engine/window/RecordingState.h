@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/core/State.h"
+#include "engine/window/State.h"
 
 /// A state that writes down what it is told, "A.onEnter" and the like, into a list of the test's.
 class RecordingState : public zel::State {

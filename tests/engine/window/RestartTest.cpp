@@ -1,15 +1,15 @@
 // The sample program, twice in one process.
 #include <gtest/gtest.h>
 
-#include "engine/core/HighLevelScheduler.h"
-#include "engine/core/StatesMachine.h"
-#include "engine/core/Window.h"
-#include "engine/core/ZelLoop.h"
 #include "engine/menu/HandledMenuExtension.h"
-#include "engine/menu/LayoutHandler.h"
 #include "engine/menu/MenuOverlay.h"
-#include "engine/menu/ThemeHandler.h"
-#include "engine/menu/Widget.h"
+#include "engine/menu/style/LayoutHandler.h"
+#include "engine/menu/style/ThemeHandler.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/Window.h"
+#include "engine/window/ZelLoop.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/engine/menu/TestApp.h"
 #include "tests/support/Printers.h"

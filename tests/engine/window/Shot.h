@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "engine/core/Window.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/window/Window.h"
 
 /// The window's picture so far.
 class Shot {

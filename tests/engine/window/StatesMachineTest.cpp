@@ -1,11 +1,11 @@
-#include "engine/core/StatesMachine.h"
+#include "engine/window/StatesMachine.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/core/BackgroundWork.h"
-#include "engine/core/HighLevelScheduler.h"
-#include "engine/core/StateOverlay.h"
-#include "engine/core/ZelLoop.h"
+#include "engine/window/BackgroundWork.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/StateOverlay.h"
+#include "engine/window/ZelLoop.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
 #include "tests/support/LogCapture.h"

@@ -1,4 +1,4 @@
-#include "engine/core/Timer.h"
+#include "engine/window/Timer.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/System.h"
-#include "engine/core/Window.h"
+#include "engine/window/Window.h"
 
 namespace zel {
 

@@ -2,14 +2,14 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/Clock.h"
-#include "engine/core/Keyboard.h"
-#include "engine/core/Mouse.h"
-#include "engine/core/Platform.h"
 #include "engine/core/System.h"
-#include "engine/core/Window.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/window/Keyboard.h"
+#include "engine/window/Mouse.h"
+#include "engine/window/Platform.h"
+#include "engine/window/Window.h"
 #include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/Shot.h"

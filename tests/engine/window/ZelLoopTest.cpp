@@ -1,11 +1,11 @@
-#include "engine/core/ZelLoop.h"
+#include "engine/window/ZelLoop.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/core/HighLevelScheduler.h"
 #include "engine/core/Shutdown.h"
-#include "engine/core/StatesMachine.h"
-#include "engine/core/ZelApp.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/ZelApp.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
 #include "tests/support/LogCapture.h"

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "standin/StandIn.h"
 #include "tests/support/ProgramCall.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tools/standin/StandIn.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 
 #include "app/mission/DailyMission.h"
 #include "app/war/Invitations.h"
+#include "standin/StandIn.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
-#include "tools/standin/StandIn.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/standin/log/LogRules.h"
+#include "tests/standin/mission/TestMission.h"
 #include "tests/support/ProgramCall.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/tools/standin/LogRules.h"
-#include "tests/tools/standin/TestMission.h"
 
 // The program as a player calls it. STANDIN_PROGRAM is its path in the build tree.
 namespace standin {

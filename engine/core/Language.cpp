@@ -1,0 +1,117 @@
+#include "engine/core/Language.h"
+
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+#include "engine/core/Registry.h"
+#include "engine/core/System.h"
+#include "engine/core/TextLines.h"
+
+namespace zel {
+
+namespace {
+
+constexpr int32_t MaxFileSize = 1 << 24; // bytes
+constexpr const char* Preference = "_Language";
+constexpr const char* LastResort = "en";
+
+/// A code names a file of the language folder and nothing else.
+bool isPlainName(std::string_view name) {
+    return !name.empty() && name.find_first_of("/\\:") == name.npos && name != "..";
+}
+
+void replaceFirst(std::string& text, std::string_view mark, std::string_view value) {
+    const size_t place = text.find(mark);
+    if (place != text.npos)
+        text.replace(place, mark.size(), value);
+}
+
+} // namespace
+
+std::map<int32_t, String> Language::table;
+String Language::code;
+bool Language::initialised = false;
+
+std::map<int32_t, String> parseLanguage(std::string_view text) {
+    std::map<int32_t, String> result;
+    forEachLine(text, [&result](std::string_view line) {
+        const size_t colon = line.find(':');
+        if (colon == line.npos)
+            return;
+        const std::string_view number = trimmed(line.substr(0, colon), ' ');
+        if (!number.empty() && number.front() >= '0' && number.front() <= '9')
+            result[toInt(number)] = unescapeLineFeeds(trimmed(line.substr(colon + 1), ' '));
+    });
+    return result;
+}
+
+String findLanguageCode(std::string_view langcodes, std::string_view identifier) {
+    String result;
+    forEachLine(langcodes, [&result, identifier](std::string_view line) {
+        const auto words = splitAtBlanks(line);
+        for (size_t i = 1; i < words.size() && result.empty(); ++i)
+            if (words[i] == identifier)
+                result = String(words[0]);
+    });
+    return result;
+}
+
+String Language::getSystemLanguage() {
+    std::string content;
+    if (!readFile("Language/langcodes.dat", MaxFileSize, content))
+        return {};
+    return findLanguageCode(content, std::to_string(system::userLocale()));
+}
+
+bool Language::load(const String& newCode) {
+    std::string content;
+    if (!isPlainName(newCode) || !readFile("Language/" + newCode + ".txt", MaxFileSize, content))
+        return false;
+    table = parseLanguage(content);
+    code = newCode;
+    return true;
+}
+
+bool Language::setLanguage(const String& newCode) {
+    const bool isLoaded = load(newCode);
+    if (isLoaded)
+        log("Successfully read language " + newCode, "Language", LogInfo);
+    else
+        log("Failed to read language " + newCode, "Language", LogWarning);
+    return isLoaded;
+}
+
+void Language::init() {
+    if (initialised)
+        return;
+    initialised = true;
+    for (const String& candidate :
+         {getSystemLanguage(), Registry::get(Preference, ""), String(LastResort)})
+        if (!candidate.empty() && setLanguage(candidate))
+            return;
+}
+
+String Language::get(int32_t number, const String& a1, const String& a2, const String& a3,
+                     const String& a4, const String& a5, const String& a6, const String& a7,
+                     const String& a8) {
+    if (table.empty())
+        init();
+    const auto found = table.find(number);
+    if (found == table.end())
+        return "(String " + String(number) + ")";
+    std::string text(found->second.view());
+    const String* arguments[] = {&a1, &a2, &a3, &a4, &a5, &a6, &a7, &a8};
+    char mark[] = "$1";
+    for (const String* argument : arguments) {
+        replaceFirst(text, mark, *argument);
+        ++mark[1];
+    }
+    return String(std::move(text));
+}
+
+void Language::reset() {
+    table.clear();
+    code = {};
+    initialised = false;
+}
+
+} // namespace zel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/core/String.h"
+
+namespace zel {
+
+/// The text with each pair of the characters `\` and `n` as one line feed. For texts that people
+/// write into scripts and language files, once, where they are read; never for names and paths.
+String unescapeLineFeeds(const String& text);
+
+/// Calls `take` with each line of a text that isn't empty. A line ends at CR or LF; zero bytes, and
+/// a byte order mark in front, are passed over.
+template <typename Take> void forEachLine(std::string_view text, Take take) {
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    std::string cleaned;
+    if (text.find('\0') != text.npos) {
+        std::copy_if(text.begin(), text.end(), std::back_inserter(cleaned),
+                     [](char character) { return character != '\0'; });
+        text = cleaned;
+    }
+    if (text.substr(0, ByteOrderMark.size()) == ByteOrderMark)
+        text.remove_prefix(ByteOrderMark.size());
+    while (!text.empty()) {
+        const size_t end = std::min(text.find_first_of("\r\n"), text.size());
+        if (end > 0)
+            take(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+/// The parts between single blanks; two blanks in a row make an empty part. No text, no parts.
+inline std::vector<std::string_view> splitAtBlanks(std::string_view text) {
+    std::vector<std::string_view> parts;
+    if (text.empty())
+        return parts;
+    for (size_t end = text.find(' '); end != text.npos; end = text.find(' ')) {
+        parts.push_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    parts.push_back(text);
+    return parts;
+}
+
+} // namespace zel

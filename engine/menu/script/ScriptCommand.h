@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "engine/core/String.h"
+#include "engine/menu/script/MenuWords.h"
+
+namespace zel {
+
+class Menu;
+class HandledMenu;
+
+/// One line of a script on its way through a command.
+struct ScriptCall {
+    Menu& menu;
+    const std::vector<String>& words; // the command, then its arguments
+    String badWord;                   // set by a command that met a word it doesn't know
+
+    size_t count() const { return words.size() - 1; }
+    /// Argument `index`, from 1; empty if there are fewer.
+    const String& operator[](size_t index) const;
+    /// The menu's own flags and strings are those of handled menus; null for any other.
+    HandledMenu* handled() const;
+};
+
+/// Sets a value for each look that the words from `first` on name. The words before a wrong one
+/// take effect; the rest of the line is dropped.
+template <typename Values, typename Value>
+void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value) {
+    for (size_t i = first; i <= call.count(); ++i) {
+        const std::optional<int32_t> looks = looksOfWord(call[i]);
+        if (!looks) {
+            call.badWord = call[i];
+            return;
+        }
+        for (size_t look = 0; look < LookCount; ++look) {
+            if ((*looks >> look & 1) != 0)
+                values[look] = value;
+        }
+    }
+}
+
+constexpr int32_t OpenCount = 1024; // the most arguments where a command leaves the count open
+
+struct ScriptCommand {
+    const char* name;         // lowered
+    int32_t minimum, maximum; // arguments
+    void (*run)(ScriptCall& call);
+};
+
+/// A table of commands.
+struct ScriptCommands {
+    const ScriptCommand* first;
+    size_t count;
+};
+
+/// The tables, each beside what its commands act on.
+ScriptCommands menuCommands();
+ScriptCommands layoutCommands();
+ScriptCommands themeCommands();
+
+/// Null for an unknown name. REQUIRES: the name is lowered.
+const ScriptCommand* findCommand(std::string_view name);
+
+} // namespace zel

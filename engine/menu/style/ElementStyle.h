@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+
+#include "engine/menu/style/Layout.h"
+
+namespace zel {
+
+class Font;
+class TextArea;
+class Widget;
+struct Theme;
+
+struct FontResult {
+    const Font* font = nullptr;
+    bool isUnknownIndex = false; // no name helped, and the theme's list has no such place
+};
+/// The font of the choice's name; should that not load, the one at its place in the list.
+FontResult chooseFont(const FontChoice& choice, const std::vector<String>& themeFonts);
+
+/// Gives the widget the images, tints, font, colours, offsets and sound of its kind. What its
+/// layout says of it goes before them.
+void styleWidget(Widget& widget, const Layout& layout, const Theme* theme);
+
+/// Builds the element that a layout defines. What the layout leaves open comes from the theme by
+/// the element's kind, then from the theme's defaults; a null theme has none. `alignment` holds
+/// where the element has none of its own. On error: null, and a log line.
+std::unique_ptr<Widget> createWidgetFromLayout(const Layout& layout, const String& name,
+                                               const Theme* theme, int32_t alignment);
+std::unique_ptr<TextArea> createTextAreaFromLayout(const Layout& layout, const String& name,
+                                                   const Theme* theme, int32_t alignment);
+
+} // namespace zel

@@ -1,0 +1,234 @@
+#include "engine/menu/style/LayoutImage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+#include "engine/graphics/Bitmap.h"
+#include "engine/graphics/ImageIndex.h"
+
+namespace zel {
+
+namespace {
+
+constexpr const char* Category = "LayoutHandler";
+constexpr uint32_t ColorMask = 0x00FFFFFF;
+constexpr uint32_t NoColor = 0xFF000000; // fits no pixel
+constexpr size_t MostElements = 4096;
+
+/// Reads the lines of an index, one after the other.
+class IndexReader {
+public:
+    explicit IndexReader(const String& fileName) : fileName(fileName) {}
+
+    void take(const String& line);
+    LayoutIndex result;
+
+private:
+    PaintedElement* current() { return hasElement ? &result.elements.back() : nullptr; }
+    bool begin(const std::vector<String>& words, bool isTextArea);
+    void pickColor(const std::vector<String>& words);
+    bool takeElementLine(const String& keyword, const std::vector<String>& words);
+    void fail(const char* what) {
+        log(String("loadLayout index ") + fileName + " " + what, Category, LogError);
+    }
+
+    const String& fileName;
+    bool hasElement = false; // the last one is what lines are about: its own line was no fault
+};
+
+int32_t numberAt(const std::vector<String>& words, size_t index) {
+    return index < words.size() ? parseCoordinate(words[index]) : 0;
+}
+
+Scroll scrollOf(const std::vector<String>& words) {
+    return {numberAt(words, 1), numberAt(words, 2),
+            static_cast<float>(std::max(0, numberAt(words, 3)))};
+}
+
+void IndexReader::take(const String& line) {
+    const std::vector<String> words = splitWords(line);
+    if (words.empty())
+        return;
+    const String keyword = words[0].toLower();
+    bool isKnown = true;
+    if (keyword == "widget" || keyword == "textarea") {
+        isKnown = begin(words, keyword == "textarea");
+    } else if (keyword == "pickcolor") {
+        pickColor(words);
+    } else if (keyword == "resolution") {
+        result.width = std::max(0, numberAt(words, 1));
+        result.height = std::max(0, numberAt(words, 2));
+    } else {
+        isKnown = keyword == "layout" || takeElementLine(keyword, words);
+    }
+    if (!isKnown)
+        log(String("Unknown line ") + line, Category, LogError);
+}
+
+bool IndexReader::begin(const std::vector<String>& words, bool isTextArea) {
+    hasElement = words.size() > 1 && result.elements.size() < MostElements;
+    if (!hasElement)
+        return false;
+    PaintedElement element;
+    element.isTextArea = isTextArea;
+    element.definition.name = words[1];
+    if (isTextArea)
+        element.definition.kind = "textarea";
+    result.elements.push_back(std::move(element));
+    return true;
+}
+
+void IndexReader::pickColor(const std::vector<String>& words) {
+    constexpr size_t Length = 7; // "#" and six digits
+    const std::string_view word = words.size() > 1 ? words[1].view() : std::string_view();
+    const std::optional<uint32_t> color = parseColor(word);
+    if (current() == nullptr)
+        fail("pickcolor without element");
+    else if (word.empty() || word.front() != '#')
+        fail("pickcolor must start with #");
+    else if (word.size() != Length || !color)
+        fail("pickcolor expects # with a 6-digit hex");
+    else
+        current()->color = *color & ColorMask;
+}
+
+bool IndexReader::takeElementLine(const String& keyword, const std::vector<String>& words) {
+    PaintedElement* element = current();
+    if (element == nullptr)
+        return false;
+    if (keyword == "scrollin") {
+        element->definition.scrollIn = scrollOf(words);
+        return true;
+    }
+    if (keyword == "scrollout") {
+        element->definition.scrollOut = scrollOf(words);
+        return true;
+    }
+    if (keyword != "align" && keyword != "alignment")
+        return false;
+    const std::optional<int32_t> bits =
+        words.size() > 1 ? alignmentOfWord(words[1], false) : std::nullopt;
+    if (bits)
+        element->definition.alignment = *bits;
+    return bits.has_value();
+}
+
+/// A box that grows with each run of pixels.
+void extend(PaintedBox& box, int32_t fromX, int32_t toX, int32_t y) {
+    PixelRect& place = box.place; // width and height hold the far edges until the end
+    if (!box.isFound)
+        place = {fromX, y, toX, y};
+    box.isFound = true;
+    place.x = std::min(place.x, fromX);
+    place.width = std::max(place.width, toX);
+    place.height = y;
+}
+
+int32_t scaled(int32_t length, float factor) {
+    return static_cast<int32_t>(std::lround(static_cast<float>(length) * factor));
+}
+
+void define(const PaintedElement& element, const PaintedBox& box, float scaleX, float scaleY,
+            Layout& layout) {
+    ElementDefinition definition = element.definition;
+    definition.place = {scaled(box.place.x, scaleX), scaled(box.place.y, scaleY),
+                        scaled(box.place.width, scaleX), scaled(box.place.height, scaleY)};
+    auto& list = element.isTextArea ? layout.textAreas : layout.widgets;
+    list[definition.name] = std::move(definition);
+}
+
+void logScale(const LayoutIndex& index, float scaleX, float scaleY) {
+    log(String("Resolution: ") + index.width + "x" + index.height, Category, LogInfo);
+    log(String("Scale: ") + formatFloat(scaleX) + "x" + formatFloat(scaleY), Category, LogInfo);
+}
+
+/// Defines what is found in the image, and tells what isn't.
+void addPainted(const LayoutIndex& index, const Bitmap& image, Layout& layout) {
+    float scaleX = 1.0F;
+    float scaleY = 1.0F;
+    if (index.width > 0 && index.height > 0) {
+        scaleX = static_cast<float>(index.width) / static_cast<float>(image.width());
+        scaleY = static_cast<float>(index.height) / static_cast<float>(image.height());
+        logScale(index, scaleX, scaleY);
+    }
+    std::vector<uint32_t> colors;
+    for (const PaintedElement& element : index.elements)
+        colors.push_back(element.color.value_or(NoColor));
+    const std::vector<PaintedBox> boxes = findBoxes(image.getData(), colors);
+    for (size_t i = 0; i < boxes.size(); ++i) {
+        if (boxes[i].isFound)
+            define(index.elements[i], boxes[i], scaleX, scaleY, layout);
+        else
+            log(String("layout=") + layout.name + " element=" + index.elements[i].definition.name +
+                    " defined, but not found in layout image",
+                Category, LogWarning);
+    }
+}
+
+} // namespace
+
+LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName) {
+    IndexReader reader(fileName);
+    constexpr std::string_view Ends("\r\n\0", 3);
+    while (!text.empty()) {
+        const size_t end = std::min(text.find_first_of(Ends), text.size());
+        const std::string_view line = trimmed(text.substr(0, end), ' ');
+        if (!line.empty())
+            reader.take(line);
+        text.remove_prefix(std::min(text.size(), end + 1));
+    }
+    return std::move(reader.result);
+}
+
+// Painted rectangles make long runs of one colour: only where the colour changes is it looked up.
+std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<uint32_t>& colors) {
+    std::vector<PaintedBox> boxes(colors.size());
+    std::unordered_map<uint32_t, size_t> first; // box of each colour
+    for (size_t i = 0; i < colors.size(); ++i)
+        first.emplace(colors[i], i);
+    std::vector<uint32_t> line(static_cast<size_t>(picture.pictureWidth));
+    for (int32_t y = 0; y < picture.pictureHeight; ++y) {
+        picture.lineArgb(y, line.data());
+        const uint32_t* const end = line.data() + line.size();
+        for (const uint32_t* run = line.data(); run != end;) {
+            const uint32_t pixel = *run;
+            const uint32_t* next = run + 1;
+            while (next != end && *next == pixel)
+                ++next;
+            const auto found = pixel >> 24 == 0 ? first.end() : first.find(pixel & ColorMask);
+            if (found != first.end())
+                extend(boxes[found->second], static_cast<int32_t>(run - line.data()),
+                       static_cast<int32_t>(next - line.data()) - 1, y);
+            run = next;
+        }
+    }
+    for (PaintedBox& box : boxes) {
+        box.place.width += 1 - box.place.x;
+        box.place.height += 1 - box.place.y;
+    }
+    for (size_t i = 0; i < colors.size(); ++i)
+        boxes[i] = boxes[first.at(colors[i])];
+    return boxes;
+}
+
+void loadLayoutImage(const String& imageFile, Layout& layout) {
+    Bitmap image;
+    if (!image.load(imageFile, false)) {
+        log(String("loadLayout image ") + imageFile +
+                " failed: " + (File::exists(imageFile) ? "no picture" : "no such file"),
+            Category, LogError);
+        return;
+    }
+    const String indexFile = imageIndexName(imageFile);
+    std::string text;
+    if (!readFile(indexFile, MaxIndexSize, text)) {
+        log(String("loadLayout index ") + indexFile + " failed", Category, LogError);
+        return;
+    }
+    addPainted(parseLayoutIndex(text, indexFile), image, layout);
+}
+
+} // namespace zel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "engine/menu/style/Layout.h"
+
+namespace zel {
+
+struct BitmapData;
+
+/// An element of a drawn layout: the definition, and the colour in which it is painted.
+struct PaintedElement {
+    ElementDefinition definition;
+    bool isTextArea = false;
+    std::optional<uint32_t> color; // 00RRGGBB; without one it is never found
+};
+
+/// The text file beside a layout image.
+struct LayoutIndex {
+    std::vector<PaintedElement> elements;
+    int32_t width = 0, height = 0; // design resolution; 0 if not given or out of reason
+};
+
+/// Reads an index. Faults are logged, with the file's name, and their lines skipped.
+LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName);
+
+/// The box around all pixels of a colour, in pixels of the image from its upper left corner.
+struct PaintedBox {
+    bool isFound = false;
+    PixelRect place;
+};
+/// Looks at each pixel of the picture once, at transparent ones not at all. One box for each
+/// colour (00RRGGBB); equal colours get equal boxes.
+std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<uint32_t>& colors);
+
+/// Adds the elements of a drawn layout, image and index, to the layout. On error: log lines.
+void loadLayoutImage(const String& imageFile, Layout& layout);
+
+} // namespace zel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "engine/core/String.h"
+
+namespace zel {
+
+class TextArea;
+class Widget;
+struct Bounds;
+
+using Widgets = std::map<String, std::unique_ptr<Widget>>;
+using TextAreas = std::map<String, std::unique_ptr<TextArea>>;
+
+/// The elements of a scrolling area are named after it: "list.row1" moves with "list". The links
+/// between them change one element at a time, so that making a long list takes linear time.
+
+/// Links the element of that name to its area, if there is one.
+void joinArea(const String& name, Bounds& bounds, const Widgets& widgets);
+/// The same for a widget; if it is an area itself, also links the elements that are already there.
+void linkWidget(const String& name, const Widgets& widgets, const TextAreas& textAreas);
+
+/// The area, if any, no longer counts the element.
+void leaveArea(Bounds& bounds);
+/// The same for a widget that goes away; its elements, if it is an area, stop moving with it.
+void unlinkWidget(Widget& widget, const Widgets& widgets, const TextAreas& textAreas);
+
+} // namespace zel

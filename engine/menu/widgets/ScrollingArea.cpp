@@ -1,0 +1,86 @@
+#include "engine/menu/widgets/ScrollingArea.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "engine/window/Mouse.h"
+#include "engine/window/Platform.h"
+
+namespace zel {
+
+namespace {
+
+// In design pixels.
+constexpr int32_t WheelStep = 48;
+constexpr int32_t DragDistance = 8; // up to here a press is meant for what lies under it
+
+int32_t bottomOf(const PixelRect& place) { return place.y + place.height; }
+
+} // namespace
+
+void ScrollingArea::reset() {
+    Widget::reset();
+    setOffset(0);
+    pressed = dragged = false;
+}
+
+// It is no button: a press inside begins to drag, a release hits nothing.
+void ScrollingArea::handlePointer(const Pointer& pointer) {
+    if (!isActive() || !isVisible()) {
+        pressed = dragged = false;
+        return;
+    }
+    const bool isInside = isWithin(bounds.rect, pointer.x, pointer.y);
+    if (isInside) {
+        if (const int32_t steps = Mouse::takeWheel())
+            setOffset(offset - steps * WheelStep);
+    }
+    if (pressed)
+        drag(pointer);
+    else
+        takePress(pointer, isInside);
+}
+
+void ScrollingArea::takePress(const Pointer& pointer, bool isInside) {
+    dragged = false;
+    pressed = pointer.isDown && isInside && !pressedOutside;
+    pressedOutside = pointer.isDown && !pressed;
+    pressY = pointer.y;
+    offsetAtPress = offset;
+}
+
+// The look that finds the button up again counts as well: the way there may have been one leap.
+void ScrollingArea::drag(const Pointer& pointer) {
+    dragged = dragged || std::abs(pointer.y - pressY) > DragDistance;
+    if (dragged)
+        setOffset(offsetAtPress + pressY - pointer.y);
+    pressed = pointer.isDown;
+}
+
+bool ScrollingArea::takeKey(const Key& key) {
+    if (key.symbol != KeyPageUp && key.symbol != KeyPageDown)
+        return false;
+    setOffset(offset + (key.symbol == KeyPageDown ? 1 : -1) * bounds.rect.height);
+    return true;
+}
+
+void ScrollingArea::setOffset(int32_t newOffset) { offset = std::clamp(newOffset, 0, furthest); }
+
+void ScrollingArea::addElement(const PixelRect& element) {
+    bottoms.insert(bottomOf(element));
+    updateFurthest();
+}
+
+void ScrollingArea::removeElement(const PixelRect& element) {
+    const auto found = bottoms.find(bottomOf(element));
+    if (found != bottoms.end())
+        bottoms.erase(found);
+    updateFurthest();
+}
+
+void ScrollingArea::updateFurthest() {
+    furthest = bottoms.empty() ? 0 : std::max(0, *bottoms.rbegin() - bottomOf(bounds.rect));
+    setOffset(offset);
+}
+
+} // namespace zel

@@ -1,0 +1,127 @@
+#pragma once
+
+#include <array>
+
+#include "engine/graphics/Text.h"
+#include "engine/menu/style/Bounds.h"
+#include "engine/menu/widgets/Pointer.h"
+#include "engine/window/UpdateObject.h"
+
+namespace zel {
+
+class Image;
+struct Key;
+
+/// The interactive element of the menus: a rectangle with an image for each of its looks and a
+/// text. A press and release of the mouse over it, or a key while it has the focus, hits it: it
+/// tells the active state, then follows its transition.
+///
+/// Owned by its menu, from the entering of the screen to its leaving.
+class Widget : public UpdateAndRenderObject {
+public:
+    static constexpr int32_t EventHit = 1;
+
+    explicit Widget(const String& name);
+    ~Widget() override;
+    Widget(const Widget&) = delete;
+    Widget& operator=(const Widget&) = delete;
+
+    void update() override { handlePointer(Pointer::read()); }
+    void render() override;
+
+    virtual String getName() const { return name; }
+    virtual void setText(const String& newText);
+    virtual String getText() const { return text; }
+    virtual String getTransition() const { return transition; }
+    /// Forgets pointer and hits: it is drawn at rest again. Text, images, active and visible stay.
+    virtual void reset();
+    virtual void setAlpha(int32_t newAlpha) { alpha = newAlpha; } // 0 to 255, for the next render
+    /// One frame with the pointer there.
+    virtual void handlePointer(const Pointer& pointer);
+    /// Whether typed characters are its own while it has the focus.
+    virtual bool wantsKeys() const { return false; }
+    /// A key while it has the focus; false if it has no use for it.
+    virtual bool takeKey(const Key&) { return false; }
+
+    /// What a release of the button over it does. It doesn't ask whether the widget is active. In a
+    /// fade the screen hears nothing of it, and the player no sound. All but the widget itself go
+    /// by Menu::hitWidget(), which keeps a widget alive that its own section removes.
+    void performHit();
+
+    void setVisible(bool isVisible) { visible = isVisible; }
+    bool isVisible() const { return visible; }
+    /// An inactive widget shows its inactive image and doesn't react.
+    void setActive(bool isActive) { active = isActive; }
+    bool isActive() const { return active; }
+    /// The focus of the keyboard, drawn like the pointer's.
+    void setFocused(bool isFocused) { focused = isFocused; }
+    bool isFocused() const { return focused; }
+    /// Whether the keyboard's focus can come to it: not to labels.
+    bool canFocus() const { return active && visible && (kind != "widget" || !transition.empty()); }
+    bool isArmed() const { return armed; }
+    bool isOver() const { return over; }
+    bool wasHit() const { return hit; } // until reset()
+
+    /// A state's name, or an address that begins "http://". Empty for none.
+    void setTransition(const String& target) { transition = target; }
+    void setKind(const String& newKind) { kind = newKind; }
+    const String& getKind() const { return kind; }
+    void setFont(const Font* font) { label.setFont(font); }
+    const Font* getFont() const { return label.getFont(); }
+    void setImage(WidgetLook look, const Image* image) { images[look] = image; }
+    const Image* getImage(WidgetLook look) const { return images[look]; }
+    void setTint(WidgetLook look, uint32_t argb) { tints[look] = argb; }
+    void setTextColor(WidgetLook look, uint32_t argb) { textColors[look] = argb; }
+    void setAlignment(int32_t bits);
+    /// The text stays within the rectangle less the border, and is moved by the offset.
+    void setTextOffset(int32_t x, int32_t y, int32_t borderX, int32_t borderY);
+    void setSound(const String& file) { sound = file; }
+
+    Bounds& getBounds() { return bounds; }
+    const Bounds& getBounds() const { return bounds; }
+    /// What it shows now.
+    WidgetLook currentLook() const;
+    /// The laid-out text.
+    const Text& getLabel() const { return label; }
+
+    /// The widget hit last; null once it is gone.
+    static Widget* lastWidgetHit;
+
+protected:
+    /// Sets what the label shows, which may be more than the text.
+    void showText(const String& shown);
+    uint32_t withAlpha(uint32_t argb) const;
+
+    Bounds bounds;
+    int32_t alpha = 255;
+
+private:
+    bool wasTappedWithin(PixelRect place) const;
+    void placeLabel();
+    void drawImage(Canvas& canvas);
+    void drawText(Canvas& canvas);
+    void followTransition();
+
+    std::array<const Image*, LookCount> images{};
+    std::array<uint32_t, LookCount> tints;
+    std::array<uint32_t, LookCount> textColors;
+    std::array<bool, LookCount> warned{}; // of the missing image
+    bool warnedFont = false;
+    bool active = true;
+    bool visible = true;
+    bool armed = false;            // pressed on this widget
+    bool hit = false;              // stays until reset()
+    bool over = false;             // the pointer is over it
+    bool pressedElsewhere = false; // the button went down outside and still is
+    bool focused = false;
+    String transition;
+    String name;
+    String kind = "widget";
+    String text;
+    String sound;
+    Text label;
+    PixelRect labelRect; // the rectangle for which the label was set last
+    int32_t textX = 0, textY = 0, borderX = 0, borderY = 0;
+};
+
+} // namespace zel

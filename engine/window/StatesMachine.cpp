@@ -1,0 +1,374 @@
+#include "engine/window/StatesMachine.h"
+
+#include <algorithm>
+
+#include "engine/core/Log.h"
+#include "engine/graphics/Canvas.h"
+#include "engine/window/BackgroundWork.h"
+#include "engine/window/HighLevelScheduler.h"
+#include "engine/window/Platform.h"
+#include "engine/window/State.h"
+#include "engine/window/StateOverlay.h"
+#include "engine/window/ZelLoop.h"
+
+namespace zel {
+
+namespace {
+
+constexpr const char* Category = "StatesMachine";
+constexpr size_t HistoryLength = 128;
+
+bool beginsBackwards(const String& name) { return name.length() > 1 && name.view().front() == '<'; }
+
+/// The state that is meant, without the sign for backwards.
+String plainName(const String& name) {
+    return beginsBackwards(name) ? String(name.view().substr(1)) : name;
+}
+
+/// How far a phase has come, 0 to 1, and above 1 once it is over. A phase of no length that has
+/// only just begun is at its end, not over.
+float progressOf(double seconds, float length) {
+    if (length <= 0)
+        return seconds > 0 ? 2 : 1;
+    const double progress = seconds / static_cast<double>(length);
+    return progress > 1 ? 2.0F : std::max(0.0F, static_cast<float>(progress));
+}
+
+/// Tells both overlays of the state, the one behind it first.
+template <typename Call> void tellOverlays(const State& state, Call call) {
+    for (StateOverlay* overlay : {state.getBackgroundOverlay(), state.getForegroundOverlay()})
+        if (overlay != nullptr)
+            call(*overlay);
+}
+
+void tell(const State& state, const char* what) {
+    log(state.getName() + ": " + what, Category, LogInfo);
+}
+
+void enter(State& state) {
+    tell(state, "onEnter()");
+    state.onEnter();
+    state.reset();
+    tellOverlays(state, [](StateOverlay& overlay) {
+        overlay.reset();
+        overlay.addUser();
+        overlay.onEnter();
+    });
+}
+
+void leave(State& state) {
+    tell(state, "onLeave()");
+    state.onLeave();
+    tellOverlays(state, [](StateOverlay& overlay) {
+        overlay.onLeave();
+        overlay.removeUser();
+    });
+}
+
+bool areSame(const StateOverlay* first, const StateOverlay* second) {
+    return first != nullptr && first == second;
+}
+
+} // namespace
+
+StatesMachine& StatesMachine::getInstance() {
+    static StatesMachine machine;
+    return machine;
+}
+
+void StatesMachine::registerState(State* state) {
+    const String name = state->getName();
+    log("registerState " + name, Category, LogInfo);
+    states.emplace(name, state);
+}
+
+void StatesMachine::unregisterState(State* state) {
+    for (auto entry = states.begin(); entry != states.end();)
+        entry = entry->second == state ? states.erase(entry) : std::next(entry);
+    for (const auto& [name, other] : states)
+        if (other->autoTransitionState == state)
+            other->setAutoTransition(nullptr, 0);
+    for (State** holder : {&activeState, &previousState, &defaultState})
+        if (*holder == state)
+            *holder = nullptr;
+    stateCalls.erase(std::remove_if(stateCalls.begin(), stateCalls.end(),
+                                    [state](const StateCall& call) { return call.state == state; }),
+                     stateCalls.end());
+}
+
+State* StatesMachine::findState(const String& name) const {
+    const auto found = states.find(plainName(name));
+    return found != states.end() ? found->second : nullptr;
+}
+
+State* StatesMachine::getState(const String& name) const {
+    State* state = findState(name);
+    if (state == nullptr)
+        log("Requested state " + plainName(name) + " is unknown", Category, LogWarning);
+    return state;
+}
+
+void StatesMachine::setActiveState(State* state, bool /*backwards*/) {
+    if (state != nullptr && state == activeState) {
+        log("New active state is already current state", Category, LogWarning);
+        return;
+    }
+    changeState(state);
+    if (state != nullptr)
+        log("New state: " + state->getName(), Category, LogInfo);
+}
+
+void StatesMachine::changeState(State* target) {
+    if (target == nullptr) {
+        log("New state: NULL", Category, LogError);
+        return;
+    }
+    previousState = activeState;
+    activeState = target;
+    newStateOnTop =
+        target->isDrawnOnTop() || previousState == nullptr || !previousState->isDrawnOnTop();
+    phase = FadeOut;
+    phaseTime0 = 0;
+    phaseTime1 = 0;
+    if (previousState != nullptr) {
+        previousState->setOpacity(1, 1);
+        phaseTime0 = previousState->fadeOutTime / State::fadeSpeed;
+        phaseTime1 = previousState->crossFadeTime / State::crossFadeSpeed;
+        addStateCall(STATECALL_ON_LEAVING, previousState);
+    }
+    target->setOpacity(0, 0);
+    target->setTransition({});
+    addStateCall(STATECALL_ON_FIRST_ENTER, target);
+    addStateCall(STATECALL_ON_ENTER, target);
+    addStateCall(STATECALL_START_TIMER, target, previousState);
+    phaseTime2 = target->fadeInTime / State::fadeSpeed;
+    transitionTimer.reset();
+    transitionTimer.stop();
+    stateTimer.reset();
+    remember(target->getName());
+}
+
+void StatesMachine::remember(const String& name) {
+    history.push_back(name);
+    if (history.size() > HistoryLength)
+        history.erase(history.begin());
+    if (!isLogged(Category, LogInfo))
+        return;
+    for (size_t place = 0; place < history.size(); ++place)
+        log("history " + String(static_cast<int32_t>(place)) + ": " + history[place], Category,
+            LogInfo);
+}
+
+void StatesMachine::setInputSettings(int32_t a, int32_t b, int32_t c, int32_t d) {
+    inputSettings = {a, b, c, d};
+}
+
+bool StatesMachine::sharesBackgroundOverlay() const {
+    return activeState != nullptr && previousState != nullptr &&
+           (areSame(activeState->getBackgroundOverlay(), previousState->getBackgroundOverlay()) ||
+            areSame(activeState->getThemeBackground(), previousState->getThemeBackground()));
+}
+
+bool StatesMachine::sharesForegroundOverlay() const {
+    return activeState != nullptr && previousState != nullptr &&
+           (areSame(activeState->getForegroundOverlay(), previousState->getForegroundOverlay()) ||
+            areSame(activeState->getThemeForeground(), previousState->getThemeForeground()));
+}
+
+void StatesMachine::addStateCall(int32_t type, State* state, State* otherState) {
+    // By type; the timer and the schedulers have no name of their own in the log.
+    static constexpr const char* Names[] = {"ON_FIRST_ENTER", "ON_ENTER", nullptr, "ON_ENTERED",
+                                            "ON_LEAVING",     "ON_LEAVE", nullptr};
+    if (state != nullptr)
+        stateCalls.push_back({state, otherState, type});
+    else if (Names[type] != nullptr)
+        log(String("addStateCall STATECALL_") + Names[type] + " without state", Category,
+            LogWarning);
+}
+
+void StatesMachine::firstEnter(State& state) {
+    tell(state, "onFirstEnter()");
+    if (!state.firstEnterDone) {
+        state.firstEnterDone = true;
+        state.onFirstEnter();
+    }
+    tellOverlays(state, [](StateOverlay& overlay) {
+        if (overlay.takeFirstEnter())
+            overlay.onFirstEnter();
+    });
+}
+
+void StatesMachine::processStateCall(const StateCall& call) {
+    if (call.state == nullptr) {
+        log("processStateCall() for invalid state", Category, LogFatal);
+        return;
+    }
+    State& state = *call.state;
+    switch (call.type) {
+    case STATECALL_ON_FIRST_ENTER:
+        return firstEnter(state);
+    case STATECALL_ON_ENTER:
+        return enter(state);
+    case STATECALL_START_TIMER:
+        log("Transition timer started", Category, LogInfo);
+        return transitionTimer.reset();
+    case STATECALL_ON_ENTERED:
+        tell(state, "onEntered()");
+        state.onEntered();
+        return tellOverlays(state, [](StateOverlay& overlay) { overlay.onEntered(); });
+    case STATECALL_ON_LEAVING:
+        tell(state, "onLeaving()");
+        state.onLeaving();
+        return tellOverlays(state, [](StateOverlay& overlay) { overlay.onLeaving(); });
+    case STATECALL_ON_LEAVE:
+        return leave(state);
+    default:
+        log("updateSchedulersActive()", Category, LogInfo);
+    }
+}
+
+void StatesMachine::update() {
+    if (backgroundWork != nullptr && backgroundWork->hasWork())
+        backgroundWork->step();
+    if (!stateCalls.empty()) {
+        const StateCall call = stateCalls.front();
+        stateCalls.pop_front();
+        processStateCall(call);
+    } else {
+        if (activeState == nullptr && defaultState != nullptr) {
+            setActiveState(defaultState);
+        } else if (activeState == nullptr) {
+            log("Unknown state and no default state set", Category, LogFatal);
+            ZelLoop::quit();
+        }
+        advanceTransition();
+        Platform::getInstance().beginLook();
+        HighLevelScheduler::getInstance().run();
+        Platform::getInstance().endLook();
+        followRequest();
+    }
+    // What was pressed before the new screen stood still was not meant for it.
+    if (phase != Idle)
+        Platform::getInstance().forgetPresses();
+}
+
+void StatesMachine::advanceTransition() {
+    if (activeState == nullptr)
+        return;
+    switch (phase) {
+    case FadeOut:
+        return advanceFadeOut();
+    case CrossFade:
+        return advanceCrossFade();
+    case FadeIn:
+        return advanceFadeIn();
+    default:
+        return advanceIdle();
+    }
+}
+
+void StatesMachine::advanceIdle() {
+    State& state = *activeState;
+    if (!state.hasAutoTransition ||
+        !(stateTimer.getSeconds() > static_cast<double>(state.autoTransitionTime)))
+        return;
+    State* target = state.autoTransitionState;
+    if (target == nullptr)
+        target = getState(state.autoTransitionName);
+    // One that leads nowhere is said once, not in every frame from now on.
+    if (target == nullptr || target == activeState) {
+        state.setAutoTransition(nullptr, 0);
+        setActiveState(target);
+    } else {
+        changeState(target);
+    }
+}
+
+void StatesMachine::advanceFadeOut() {
+    const float progress = progressOf(transitionTimer.getSeconds(), phaseTime0);
+    if (progress <= 1 && previousState != nullptr) {
+        previousState->setContent(1, 1 - progress);
+        return;
+    }
+    phase = CrossFade;
+    activeState->setContent(0, 0);
+    activeState->setOpacity(0, newStateOnTop || previousState == nullptr ? 0.0F : 1.0F);
+    if (previousState != nullptr) {
+        previousState->setContent(1, 0);
+        previousState->setOpacity(1, 1);
+    }
+}
+
+void StatesMachine::advanceCrossFade() {
+    const double seconds = transitionTimer.getSeconds() - static_cast<double>(phaseTime0);
+    const float progress = progressOf(seconds, phaseTime1);
+    if (progress > 1 || previousState == nullptr)
+        return endCrossFade();
+    activeState->setOpacity(0, newStateOnTop ? progress : 1);
+    previousState->setOpacity(1, newStateOnTop ? 1 : 1 - progress);
+}
+
+void StatesMachine::endCrossFade() {
+    activeState->setOpacity(0, 1);
+    phase = FadeIn;
+    if (previousState != nullptr) {
+        previousState->setOpacity(1, newStateOnTop ? 1.0F : 0.0F);
+        addStateCall(STATECALL_ON_LEAVE, previousState);
+    }
+    addStateCall(STATECALL_ON_ENTERED, activeState);
+    addStateCall(STATECALL_UPDATE_SCHEDULERS, activeState);
+    previousState = nullptr;
+}
+
+void StatesMachine::advanceFadeIn() {
+    const double seconds = transitionTimer.getSeconds() - static_cast<double>(phaseTime0) -
+                           static_cast<double>(phaseTime1);
+    const float progress = progressOf(seconds, phaseTime2);
+    activeState->setContent(0, std::min(progress, 1.0F));
+    if (progress > 1) {
+        phase = Idle;
+        transitionTimer.stop();
+    }
+}
+
+// The request is taken back first: one that can't be followed is said once.
+void StatesMachine::followRequest() {
+    if (activeState == nullptr || phase != Idle || !activeState->transitionRequested)
+        return;
+    const String target = activeState->transitionTarget;
+    activeState->setTransition({});
+    setActiveState(getState(target), beginsBackwards(target));
+}
+
+bool StatesMachine::holdTransition() {
+    const bool wasRunning = !transitionTimer.isStopped();
+    transitionTimer.stop();
+    return wasRunning;
+}
+
+void StatesMachine::continueTransition() { transitionTimer.start(); }
+
+void StatesMachine::render() {
+    Canvas::getInstance().clearWindow();
+    State* const lower = newStateOnTop ? previousState : activeState;
+    State* const upper = newStateOnTop ? activeState : previousState;
+    for (State* state : {lower, upper})
+        if (state != nullptr && state->getOpacity() > 0)
+            state->render();
+}
+
+void StatesMachine::reset() {
+    activeState = nullptr;
+    previousState = nullptr;
+    defaultState = nullptr;
+    newStateOnTop = true;
+    phase = Idle;
+    transitionTimer.reset();
+    stateTimer.reset();
+    inputSettings = {1, 15, 120, 0};
+    states.clear();
+    stateCalls.clear();
+    backgroundWork = nullptr;
+}
+
+} // namespace zel

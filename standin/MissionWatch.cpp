@@ -1,0 +1,58 @@
+#include "standin/MissionWatch.h"
+
+#include <algorithm>
+
+#include "engine/core/Directory.h"
+#include "engine/core/System.h"
+#include "standin/StandIn.h"
+
+namespace standin {
+
+namespace {
+
+/// When the newest log was begun; 0 without any.
+int64_t newestLog(const zel::String& data) {
+    int64_t newest = 0;
+    if (!zel::system::isDirectory(data))
+        return newest;
+    const zel::Directory logs(data, "missionReport(*)[0].txt");
+    for (int32_t i = 0; i < logs.count(); ++i)
+        newest = std::max(newest, zel::system::fileStatus(data + "/" + logs.name(i)).changed);
+    return newest;
+}
+
+} // namespace
+
+MissionWatch::MissionWatch(const zel::String& dir) : dir(dir) {
+    const int64_t flownBefore = newestLog(dataFolder(dir));
+    const zel::Directory listing(missionsFolder(dir), "*.mission");
+    for (int32_t i = 0; i < listing.count(); ++i) {
+        const auto status = zel::system::fileStatus(missionsFolder(dir) + "/" + listing.name(i));
+        const Looks looks{status.size, status.changed};
+        if (status.exists && status.changed <= flownBefore)
+            missions[listing.name(i).c_str()] = {looks, looks};
+    }
+}
+
+zel::String MissionWatch::look() {
+    if (!zel::system::isDirectory(missionsFolder(dir)))
+        return {};
+    const zel::Directory listing(missionsFolder(dir), "*.mission");
+    zel::String ready;
+    for (int32_t i = 0; i < listing.count(); ++i) {
+        const auto status = zel::system::fileStatus(missionsFolder(dir) + "/" + listing.name(i));
+        if (!status.exists)
+            continue;
+        const Looks looks{status.size, status.changed};
+        Seen& seen = missions[listing.name(i).c_str()];
+        const bool steady = looks == seen.last;
+        seen.last = looks;
+        if (!steady || looks == seen.flown || !ready.empty())
+            continue;
+        seen.flown = looks;
+        ready = listing.name(i);
+    }
+    return ready;
+}
+
+} // namespace standin

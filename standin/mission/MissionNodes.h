@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "standin/mission/Mission.h"
+#include "standin/mission/MissionText.h"
+
+namespace standin {
+
+/// What takes part in the links of a mission: every block with an Index.
+struct Node {
+    std::string block; // name of the block
+    int32_t line = 0;
+    int32_t index = 0;
+    int32_t linkTrId = 0;         // index of the object's entity; 0 none
+    int32_t misObjId = 0;         // index of the entity's object; 0 if this is no entity
+    std::vector<int32_t> targets; // what it triggers; of an entity: its leader's entity
+    std::vector<int32_t> objects; // entities on which a command works
+    std::vector<int32_t> events;  // what the events of an entity trigger
+    int32_t targetsLine = 0;
+    int32_t objectsLine = 0;
+    double seconds = 0; // that a timer waits
+    bool fires = true;  // false for what is switched off
+
+    bool isLogic() const { return block.rfind("MCU_", 0) == 0; }
+    bool isEntity() const { return block == "MCU_TR_Entity"; }
+};
+
+/// Follows the links: objects and entities fit each other, lists name what exists, wing men have
+/// leaders, and the orders to attack are given. Fills the fields of the mission that come of links.
+/// On error: false with the first fault.
+[[nodiscard]] bool resolveLinks(const std::vector<Node>& nodes, Mission& mission, Fault& fault);
+
+} // namespace standin

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "standin/mission/MissionText.h"
+
+namespace standin {
+
+/// The values of a mission's text. Each reads the whole of `text` or fails.
+bool parseWhole(std::string_view text, int32_t& number);
+/// Digits with a point at most: the exponents of a C library never stood in a mission.
+bool parseNumber(std::string_view text, double& number);
+/// [1,2,3] or [].
+bool parseList(std::string_view text, std::vector<int32_t>& numbers);
+/// H:M:S and D.M.YYYY, into their three parts in that order.
+bool parseTime(std::string_view text, int32_t (&parts)[3]);
+bool parseDate(std::string_view text, int32_t (&parts)[3]);
+
+/// Values of blocks that were checked: 0 or empty for a key that isn't there.
+int32_t wholeOf(const Block& block, std::string_view key);
+double numberOf(const Block& block, std::string_view key, double otherwise = 0);
+std::string textOf(const Block& block, std::string_view key);
+std::vector<int32_t> listOf(const Block& block, std::string_view key);
+/// The line of the key; of the block, if it has none.
+int32_t lineOf(const Block& block, std::string_view key);
+
+} // namespace standin

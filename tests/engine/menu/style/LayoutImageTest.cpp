@@ -1,0 +1,129 @@
+#include "engine/menu/style/LayoutImage.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/menu/style/LayoutHandler.h"
+#include "tests/engine/graphics/Pictures.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/Printers.h"
+#include "tests/support/TemporaryFolder.h"
+
+using namespace zel;
+
+namespace {
+
+constexpr std::string_view GoodIndex = "layout main\r\n"
+                                       "resolution 1024 768\r\n"
+                                       "widget ok\n"
+                                       "PickColor #FF0000\n"
+                                       "scrollin -10 20 3\n"
+                                       "align right\n"
+                                       "\n"
+                                       "textarea story\n"
+                                       "pickcolor #00ff00\n"
+                                       "scrollout 1 2 3\n";
+
+/// A picture out of letters, the top line first: r, g, b are colours, "." is transparent.
+BitmapData painted(const std::vector<std::string>& lines) {
+    const auto height = static_cast<int32_t>(lines.size());
+    BitmapData data = plainPicture(static_cast<int32_t>(lines.front().size()), height, 4, 0);
+    for (int32_t y = 0; y < height; ++y) {
+        uint8_t* byte = data.line(y);
+        for (const char letter : lines[static_cast<size_t>(y)])
+            for (const char channel : {'r', 'g', 'b', '.'})
+                *byte++ = (letter == channel) != (channel == '.') ? 255 : 0;
+    }
+    return data;
+}
+
+using Numbers = std::vector<int32_t>;
+
+Numbers numbers(const PixelRect& place) { return {place.x, place.y, place.width, place.height}; }
+
+} // namespace
+
+TEST(LayoutIndex, ReadsElements) {
+    const LayoutIndex index = parseLayoutIndex(GoodIndex, "main.idx");
+    ASSERT_EQ(index.elements.size(), 2U);
+    EXPECT_EQ(index.width, 1024);
+    EXPECT_EQ(index.height, 768);
+    const PaintedElement& widget = index.elements[0];
+    EXPECT_EQ(widget.definition.name, "ok");
+    EXPECT_FALSE(widget.isTextArea);
+    EXPECT_EQ(widget.color, 0xFF0000U);
+    EXPECT_EQ(widget.definition.scrollIn.x, -10);
+    EXPECT_EQ(widget.definition.scrollIn.y, 20);
+    EXPECT_EQ(widget.definition.alignment, AlignRight);
+    EXPECT_TRUE(index.elements[1].isTextArea);
+    EXPECT_EQ(index.elements[1].definition.scrollOut.y, 2);
+}
+
+TEST(LayoutIndex, TellsFaultsAndGoesOn) {
+    const LogCapture log;
+    const LayoutIndex index = parseLayoutIndex("pickcolor #ff0000\nwidget a\npickcolor ff0000\n"
+                                               "pickcolor #ff00\nalign up\nnonsense\nwidget b\n",
+                                               "x.idx");
+    EXPECT_EQ(index.elements.size(), 2U);
+    EXPECT_FALSE(index.elements[0].color);
+    for (const char* line :
+         {"!! ", "[LayoutHandler] loadLayout index x.idx pickcolor without element",
+          "loadLayout index x.idx pickcolor must start with #",
+          "loadLayout index x.idx pickcolor expects # with a 6-digit hex", "Unknown line align up",
+          "Unknown line nonsense"})
+        EXPECT_TRUE(log.holds(line)) << line;
+}
+
+TEST(LayoutIndex, GivesNothingToARefusedElement) {
+    const LogCapture log;
+    const LayoutIndex index = parseLayoutIndex("widget a\nscrollin 1 2 3.9\nwidget\n"
+                                               "pickcolor #ff0000\nscrollin 7 8 9\n",
+                                               "x.idx");
+    ASSERT_EQ(index.elements.size(), 1U);
+    EXPECT_FALSE(index.elements[0].color);
+    EXPECT_EQ(index.elements[0].definition.scrollIn.x, 1);
+    EXPECT_EQ(index.elements[0].definition.scrollIn.time, 3.0F) << "an integer";
+    EXPECT_EQ(log.linesWith("Unknown line widget"), 1);
+    EXPECT_EQ(log.linesWith("pickcolor without element"), 1);
+    EXPECT_EQ(log.linesWith("Unknown line scrollin 7 8 9"), 1);
+}
+
+TEST(LayoutImage, FindsBoxesFromTheUpperLeftCorner) {
+    const BitmapData data = painted({"........", ".rr.....", ".rr..g..", ".....r..", ".....bb."});
+    const std::vector<PaintedBox> boxes =
+        findBoxes(data, {0xFF0000, 0x00FF00, 0x0000FF, 0xFF0000, 0x123456, 0x000000});
+    EXPECT_EQ(numbers(boxes[0].place), (Numbers{1, 1, 5, 3}));
+    EXPECT_EQ(numbers(boxes[1].place), (Numbers{5, 2, 1, 1})) << "one pixel is one by one";
+    EXPECT_EQ(numbers(boxes[2].place), (Numbers{5, 4, 2, 1}));
+    EXPECT_EQ(numbers(boxes[3].place), numbers(boxes[0].place))
+        << "a shared colour gives the same box";
+    EXPECT_FALSE(boxes[4].isFound);
+    EXPECT_FALSE(boxes[5].isFound) << "transparent black is no colour";
+}
+
+TEST(LayoutImage, TellsWhatIsMissing) {
+    const LogCapture log;
+    const TemporaryFolder folder;
+    LayoutHandler::release();
+    LayoutHandler& handler = LayoutHandler::getInstance();
+    handler.loadLayout("x.png");
+    EXPECT_TRUE(log.holds("[LayoutHandler] defineWidget() without layout"));
+    handler.defineLayout("Main");
+    handler.loadLayout(folder.file("none.png"));
+    EXPECT_TRUE(log.holds("loadLayout image " + folder.file("none.png") + " failed: "));
+    // A red and a green pixel, the row padded to 8 bytes.
+    const std::string bitmap = bmpFile(2, 1, 24, std::string_view("\0\0\xff\0\xff\0\0\0", 8));
+    const std::string image = folder.write("two.bmp", bitmap);
+    handler.loadLayout(image);
+    EXPECT_TRUE(log.holds("loadLayout index " + folder.file("two.idx") + " failed"));
+    folder.write("two.idx", "resolution 20 30\nwidget a\npickcolor #ff0000\nwidget b\n"
+                            "pickcolor #00ff00\nwidget c\npickcolor #0000ff\n");
+    handler.loadLayout(image);
+    EXPECT_TRUE(log.holds(" w ") &&
+                log.holds("layout=Main element=c defined, but not found in layout image"));
+    const Layout* layout = handler.find("main");
+    ASSERT_NE(layout, nullptr);
+    ASSERT_EQ(layout->widgets.count("b"), 1U);
+    EXPECT_EQ(numbers(layout->widgets.at("b").place), (Numbers{10, 0, 10, 30}))
+        << "20 design pixels over 2 of the image";
+    LayoutHandler::release();
+}

@@ -1,0 +1,76 @@
+#include "standin/MissionWatch.h"
+
+#include <chrono>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "standin/StandIn.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace standin {
+
+namespace {
+
+constexpr const char* Mission = "data/Missions/One.Mission";
+constexpr const char* Log = "data/missionReport(2024-05-02_20-15-33)[0].txt";
+
+/// Sets a file's time of change, in seconds from now.
+void setAge(const TemporaryFolder& folder, const std::string& name, int32_t seconds) {
+    std::filesystem::last_write_time(folder.path() + "/" + name,
+                                     std::filesystem::file_time_type::clock::now() +
+                                         std::chrono::seconds(seconds));
+}
+
+} // namespace
+
+TEST(MissionWatch, GivesOutEachMissionOnce) {
+    const TemporaryFolder folder;
+    folder.write("data/Missions/note.txt", "no mission");
+    MissionWatch watch(folder.path());
+    EXPECT_EQ(watch.look(), "");
+    folder.write(Mission, "half a mission");
+    EXPECT_EQ(watch.look(), "") << "it may still be written";
+    folder.write(Mission, "half a mission and the rest");
+    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.look(), "One.Mission") << "now it stood still";
+    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.look(), "");
+    setAge(folder, Mission, 5);
+    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.look(), "One.Mission") << "the same text written anew is a new mission";
+    folder.write("data/Missions/TWO.MISSION", "x");
+    folder.write("data/Missions/three.mission", "x");
+    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.look(), "three.mission");
+    EXPECT_EQ(watch.look(), "TWO.MISSION");
+    EXPECT_EQ(watch.look(), "");
+}
+
+TEST(MissionWatch, LeavesOutWhatWasFlownBefore) {
+    const TemporaryFolder folder;
+    folder.write(Mission, "a mission");
+    folder.write(Log, "its log");
+    setAge(folder, Mission, -60);
+    setAge(folder, Log, -30);
+    MissionWatch watch(folder.path());
+    watch.look();
+    EXPECT_EQ(watch.look(), "");
+    setAge(folder, Mission, -10);
+    MissionWatch later(folder.path());
+    later.look();
+    EXPECT_EQ(later.look(), "One.Mission") << "written after the last flight";
+}
+
+TEST(MissionWatch, FindsTheNewestMission) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(newestMission(folder.path()), "");
+    folder.write(Mission, "x");
+    folder.write("data/Missions/Two.Mission", "x");
+    setAge(folder, Mission, 10);
+    EXPECT_EQ(newestMission(folder.path()), "One.Mission");
+    setAge(folder, "data/Missions/Two.Mission", 20);
+    EXPECT_EQ(newestMission(folder.path()), "Two.Mission");
+}
+
+} // namespace standin
