@@ -4,52 +4,17 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "app/aircraft/AircraftTable.h"
 #include "app/career/Nation.h"
 #include "engine/core/Random.h"
 
 namespace {
 
-struct PlaneName {
-    const char* identifier;
-    const char* displayName;
-};
-
-// Allied types first: isAlliedPlane() goes by the place.
-// clang-format off
-constexpr PlaneName PlaneNames[PlaneCount] = {
-    {"dh2",            "Airco DH2"},
-    {"nieuport11",     "Nieuport 11"},
-    {"nieuport17",     "Nieuport 17"},
-    {"spad7early",     "SPAD VII Early"},
-    {"soppup",         "Sopwith Pup"},
-    {"soptriplane",    "Sopwith Triplane"},
-    {"se5a",           "SE5a"},
-    {"spad7",          "SPAD VII Late"},
-    {"sopcamel",       "Sopwith Camel"},
-    {"spad13",         "SPAD XIII"},
-    {"nieuport28",     "Nieuport 28"},
-    {"sopdolphin",     "Sopwith Dolphin"},
-    {"fokkere3",       "Fokker E. III"},
-    {"halberstadtd2",  "Halberstadt D. II"},
-    {"albatrosd2",     "Albatros D. II"},
-    {"albatrosd2late", "Albatros D. II Late"},
-    {"albatrosd3",     "Albatros D. III"},
-    {"albatrosd5",     "Albatros D. Va"},
-    {"pfalzd3a",       "Pfalz D. IIIa"},
-    {"fokkerdr1",      "Fokker Dr. I"},
-    {"fokkerd7",       "Fokker D. VII"},
-    {"pfalzd12",       "Pfalz D. XII"},
-    {"fokkerd7f",      "Fokker D. VIIf"},
-    {"fokkerd8",       "Fokker D. VIII"},
-};
-// clang-format on
-static_assert(PlaneNames[PlaneCount - 1].identifier != nullptr);
-
-/// Place of a type in the table above, found when the program is compiled. An unknown one has no
+/// Place of a type in AircraftRows, found when the program is compiled. An unknown one has no
 /// place: that does not compile.
 constexpr int32_t placeOf(std::string_view identifier) {
     int32_t place = 0;
-    while (identifier != PlaneNames[place].identifier)
+    while (identifier != AircraftRows[place].identifier)
         ++place;
     return place;
 }
@@ -124,19 +89,39 @@ template <size_t Count> constexpr bool ascend(const Period (&periods)[Count]) {
 }
 static_assert(ascend(AlliedPeriods) && ascend(CentralPeriods));
 
-/// A set of types: bit p for the type of place p.
-constexpr uint32_t setOf(std::initializer_list<std::string_view> identifiers) {
-    uint32_t set = 0;
-    for (const std::string_view identifier : identifiers)
-        set |= 1U << placeOf(identifier);
-    return set;
+/// The month from which on a type is drawn: the career's first one for those of the first row.
+constexpr int32_t FirstMonthOfCareer = 191512;
+template <size_t Count>
+constexpr int32_t firstMonthIn(const Period (&periods)[Count], int32_t plane) {
+    for (size_t i = 0; i < Count; ++i)
+        for (int32_t drawn = 0; drawn < periods[i].sum; ++drawn)
+            if (periods[i].planes[drawn] == plane) {
+                if (i == 0)
+                    return FirstMonthOfCareer;
+                const int32_t before = periods[i - 1].until;
+                return before % 100 == 12 ? before + 89 : before + 1;
+            }
+    return 0;
 }
-constexpr uint32_t RefusedByFrance =
-    setOf({"soppup", "soptriplane", "sopcamel", "sopdolphin", "se5a", "dh2", "nieuport28"});
-constexpr uint32_t TakenByUsa = setOf({"sopcamel", "nieuport28", "spad13"});
-constexpr uint32_t WithGunsAsPayload2 = setOf({"sopdolphin", "spad13", "sopcamel", "se5a"});
+constexpr bool haveTheirFirstMonths() {
+    for (size_t i = 0; i < std::size(AircraftRows); ++i) {
+        const auto plane = static_cast<int32_t>(i);
+        const int32_t month = AircraftRows[i].isAllied() ? firstMonthIn(AlliedPeriods, plane)
+                                                         : firstMonthIn(CentralPeriods, plane);
+        if (month != AircraftRows[i].firstMonth)
+            return false;
+    }
+    return true;
+}
+static_assert(haveTheirFirstMonths(), "a type is drawn from another month on than its row says");
 
-constexpr bool holds(uint32_t set, int32_t plane) { return (set >> plane & 1) != 0; }
+constexpr bool alliedComeFirst() {
+    for (size_t i = 1; i < std::size(AircraftRows); ++i)
+        if (AircraftRows[i].isAllied() && !AircraftRows[i - 1].isAllied())
+            return false;
+    return true;
+}
+static_assert(alliedComeFirst(), "the player's fallback goes back along the list of his side");
 
 // The rounds of chooseNationPlane: in these the month goes back by one, and in the last but four it
 // is put back.
@@ -163,9 +148,10 @@ int32_t drawPlane(const Period& period, zel::Random& random) {
 }
 
 bool accepts(int32_t nation, int32_t plane) {
+    const uint8_t nations = AircraftRows[plane].nations;
     if (nation == France)
-        return !holds(RefusedByFrance, plane);
-    return nation != Usa || holds(TakenByUsa, plane);
+        return (nations & French) != 0;
+    return nation != Usa || (nations & American) != 0;
 }
 
 bool goesBack(int32_t round) {
@@ -196,9 +182,9 @@ PlaneLists& planeLists() {
 void initPlaneNames() {
     PlaneLists& lists = planeLists();
     lists = PlaneLists();
-    for (const PlaneName& name : PlaneNames) {
-        lists.identifiers.emplace_back(name.identifier);
-        lists.displayNames.emplace_back(name.displayName);
+    for (const Aircraft& aircraft : AircraftTable::rows()) {
+        lists.identifiers.emplace_back(aircraft.identifier);
+        lists.displayNames.emplace_back(aircraft.displayName);
     }
 }
 
@@ -215,19 +201,26 @@ const std::vector<zel::String>& planeDisplayNames() {
 }
 
 int32_t planeIndex(std::string_view identifier) {
-    for (int32_t i = PlaneCount - 1; i >= 0; --i)
-        if (identifier == PlaneNames[i].identifier)
+    const std::vector<Aircraft>& rows = AircraftTable::rows();
+    for (auto i = static_cast<int32_t>(rows.size()) - 1; i >= 0; --i)
+        if (identifier == rows[static_cast<size_t>(i)].identifier)
             return i;
     return -1;
 }
 
+bool isAlliedPlane(int32_t index) {
+    return AircraftTable::rows()[static_cast<size_t>(index)].isAllied();
+}
+
 zel::String planeDisplayName(const zel::String& identifier) {
     const int32_t index = planeIndex(identifier);
-    return index >= 0 ? zel::String(PlaneNames[index].displayName) : identifier;
+    if (index < 0)
+        return identifier;
+    return AircraftTable::rows()[static_cast<size_t>(index)].displayName;
 }
 
 zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t /*day*/) {
-    return PlaneNames[drawPlane(periodAt(allied, year, month), planeRandom())].identifier;
+    return AircraftRows[drawPlane(periodAt(allied, year, month), planeRandom())].identifier;
 }
 
 zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t /*day*/) {
@@ -253,7 +246,7 @@ zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32
         if (accepts(nation, plane))
             break;
     }
-    return PlaneNames[plane].identifier;
+    return AircraftRows[plane].identifier;
 }
 
 std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t month) {
@@ -262,14 +255,14 @@ std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t mo
     for (int32_t i = 0; i < period.sum; ++i) {
         const bool isRepeated = i > 0 && period.planes[i] == period.planes[i - 1];
         if (!isRepeated && accepts(nation, period.planes[i]))
-            planes.push_back(PlaneNames[period.planes[i]].identifier);
+            planes.push_back(AircraftRows[period.planes[i]].identifier);
     }
     return planes;
 }
 
 zel::String payloadId(const zel::String& plane) {
     const int32_t index = planeIndex(plane);
-    return index >= 0 && holds(WithGunsAsPayload2, index) ? "2" : "0";
+    return index >= 0 ? AircraftTable::rows()[static_cast<size_t>(index)].payload : "0";
 }
 
 void setPlaneRandom(zel::Random* random) { currentRandom = random; }

@@ -8,12 +8,9 @@ namespace zel {
 class Random;
 }
 
-/// The fighter types that the career knows, by the simulator's own names in lower case. A type's
-/// identifier is also the preferences key that says whether the player has it.
-
-/// The number of types, and of those at the front of the list that fly for the Allies.
-constexpr int32_t PlaneCount = 24;
-constexpr int32_t AlliedPlaneCount = 12;
+// The fighter types of app/aircraft/AircraftTable.h as the career uses them, by the simulator's own
+// names in lower case. A type's identifier is also the preferences key that says whether the player
+// has it. Indices are those of the table's rows.
 
 /// Fills the two lists below; called once at the start, and harmless a second time.
 void initPlaneNames();
@@ -24,8 +21,8 @@ const std::vector<zel::String>& planeDisplayNames(); // in step with planeIdenti
 zel::String planeDisplayName(const zel::String& identifier);
 /// Index in planeIdentifiers() of the last entry of that name; -1 if there is none.
 int32_t planeIndex(std::string_view identifier);
-/// Whether the entry of that index flies for the Allies.
-constexpr bool isAlliedPlane(int32_t index) { return index < AlliedPlaneCount; }
+/// Whether the type of that index flies for the Allies. REQUIRES: a valid index.
+bool isAlliedPlane(int32_t index);
 
 /// Draws what a side flies in that month: one draw, whatever the row. The day plays no part.
 zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t day);

@@ -3,4 +3,4 @@
 #include "app/screens/PlaneSwitches.h"
 
 MenuConfigurationPlanes1::MenuConfigurationPlanes1()
-    : ConfigurationScreen("MenuConfigurationPlanes1", planeSwitches(0)) {}
+    : ConfigurationScreen("MenuConfigurationPlanes1", planeSwitches(true)) {}

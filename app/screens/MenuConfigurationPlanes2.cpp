@@ -1,7 +1,6 @@
 #include "app/screens/MenuConfigurationPlanes2.h"
 
-#include "app/career/Aircraft.h"
 #include "app/screens/PlaneSwitches.h"
 
 MenuConfigurationPlanes2::MenuConfigurationPlanes2()
-    : ConfigurationScreen("MenuConfigurationPlanes2", planeSwitches(AlliedPlaneCount)) {}
+    : ConfigurationScreen("MenuConfigurationPlanes2", planeSwitches(false)) {}

@@ -2,18 +2,11 @@
 
 #include "app/career/Aircraft.h"
 
-namespace {
-
-constexpr int32_t PlanesPerPage = 12;
-
-} // namespace
-
-std::vector<Switch> planeSwitches(int32_t first) {
+std::vector<Switch> planeSwitches(bool allied) {
     std::vector<Switch> switches;
-    for (int32_t i = 0; i < PlanesPerPage && first + i < PlaneCount; ++i) {
-        const auto plane = static_cast<size_t>(first) + static_cast<size_t>(i);
-        switches.push_back(
-            {zel::String("item") + (i + 1), planeDisplayNames()[plane], planeIdentifiers()[plane]});
-    }
+    for (size_t i = 0; i < planeIdentifiers().size(); ++i)
+        if (isAlliedPlane(static_cast<int32_t>(i)) == allied)
+            switches.push_back({zel::String("item") + (static_cast<int32_t>(switches.size()) + 1),
+                                planeDisplayNames()[i], planeIdentifiers()[i]});
     return switches;
 }

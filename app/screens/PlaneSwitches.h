@@ -4,5 +4,5 @@
 
 #include "app/screens/Switch.h"
 
-/// Switches "item1" to "item12" for at most twelve planes of the list, from that index on.
-std::vector<Switch> planeSwitches(int32_t first);
+/// A switch for each plane of a side, in the order of the list, as "item1", "item2" and so on.
+std::vector<Switch> planeSwitches(bool allied);

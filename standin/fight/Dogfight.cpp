@@ -225,7 +225,7 @@ bool Dogfight::areEnemies(size_t a, size_t b) const {
     return mission.planes[a].coalition != mission.planes[b].coalition;
 }
 
-const AircraftType& Dogfight::typeOf(size_t index) const {
+const StandInFigures& Dogfight::typeOf(size_t index) const {
     return aircraftType(mission.planes[index].aircraft);
 }
 

@@ -159,7 +159,7 @@ private:
     double draw(double from, double to);
     bool chance(double probability) { return draw(0, 1) < probability; }
     bool areEnemies(size_t a, size_t b) const;
-    const AircraftType& typeOf(size_t index) const;
+    const StandInFigures& typeOf(size_t index) const;
     const Skill& skill(size_t index) const { return skillOf(mission.planes[index].level); }
     int32_t bodyOf(size_t index) const { return static_cast<int32_t>(index + fighters.size()); }
     double topSpeed(size_t index) const { return typeOf(index).speed / 3.6; }

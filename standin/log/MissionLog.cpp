@@ -164,7 +164,7 @@ void Writer::nameObject(int32_t tick, int32_t object) {
     const Plane& plane = mission.planes[static_cast<size_t>(object % planes)];
     if (isBody)
         nameObject(tick, object - planes);
-    const std::string type = isBody ? "Common Bot" : aircraftType(plane.aircraft).type;
+    const std::string type = isBody ? "Common Bot" : aircraftType(plane.aircraft).logType;
     const std::string name = isBody ? "" : plane.name.substr(0, LongestName);
     put(tick, "12 ID:" + id(object) + " TYPE:" + type + " COUNTRY:" + number(plane.country) +
                   " NAME:" + name + " PID:" + (isBody ? id(object - planes) : "-1"));
@@ -215,7 +215,7 @@ std::string Writer::guid() {
 void Writer::writeHuman() {
     nameObject(HumanTick, human + planes);
     const Plane& plane = mission.planes[static_cast<size_t>(human)];
-    const AircraftType& type = aircraftType(plane.aircraft);
+    const StandInFigures& type = aircraftType(plane.aircraft);
     Vector start = plane.position;
     if (plane.inAir) // five ticks on
         start = start + levelDirection(plane.heading) *
@@ -230,7 +230,7 @@ void Writer::writeHuman() {
     put(HumanTick, "10 PLID:" + id(human) + " PID:" + id(human + planes) +
                        " BUL:" + number(type.rounds) + " SH:0 BOMB:0 RCT:0 " + place(start, ",") +
                        " IDS:" + account + " LOGIN:" + login + " NAME:" + Profiles[profile] +
-                       " TYPE:" + type.type + " COUNTRY:" + number(plane.country) +
+                       " TYPE:" + type.logType + " COUNTRY:" + number(plane.country) +
                        " FORM:" + number(plane.numberInFormation) + " FIELD:0 INAIR:" +
                        (plane.inAir ? "1" : "0") + " PARENT:-1 PAYLOAD:" + number(plane.payload) +
                        " FUEL:" + fuel + " SKIN:" + skin + " WM:1");

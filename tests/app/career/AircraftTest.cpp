@@ -5,17 +5,20 @@
 
 #include <gtest/gtest.h>
 
+#include "app/aircraft/AircraftTable.h"
+#include "app/career/Calendar.h"
 #include "app/career/Nation.h"
 #include "tests/support/Draws.h"
 #include "tests/support/Printers.h"
+#include "tests/support/Texts.h"
 
 namespace {
 
 /// Planes drawn from a generator of the test's own while it lives.
-class Aircraft : public testing::Test {
+class AircraftTest : public testing::Test {
 protected:
-    Aircraft() { setPlaneRandom(&random); }
-    ~Aircraft() override { setPlaneRandom(nullptr); }
+    AircraftTest() { setPlaneRandom(&random); }
+    ~AircraftTest() override { setPlaneRandom(nullptr); }
 
     /// The planes of a row in the order of the draw, each as often as its share, where the row's
     /// shares add up to `denominator`; a draw beside that leaves "?".
@@ -81,7 +84,7 @@ constexpr Row CentralRows[] = {
     {191901, 192112, 1, "fokkerd8 "},
 };
 
-TEST_F(Aircraft, DrawsEveryPeriodByItsShares) {
+TEST_F(AircraftTest, DrawsEveryPeriodByItsShares) {
     const auto check = [this](bool allied, const auto& rows) {
         for (const Row& expected : rows)
             for (const int32_t month : {expected.from, expected.to})
@@ -93,7 +96,7 @@ TEST_F(Aircraft, DrawsEveryPeriodByItsShares) {
     check(false, CentralRows);
 }
 
-TEST_F(Aircraft, GivesEachNationWhatItFlew) {
+TEST_F(AircraftTest, GivesEachNationWhatItFlew) {
     const zel::Random before(random);
     for (int i = 0; i < 50; ++i) {
         EXPECT_EQ(chooseNationPlane(France, 1916, 1, 1), "nieuport11");
@@ -114,7 +117,7 @@ TEST_F(Aircraft, GivesEachNationWhatItFlew) {
                      "England spad13,France spad13,nieuport28,sopcamel,spad13,");
 }
 
-TEST_F(Aircraft, LooksFurtherBackForANation) {
+TEST_F(AircraftTest, LooksFurtherBackForANation) {
     // All that these months offer is refused by France: the draws before November 1916 is reached.
     for (const auto& [month, refused] :
          {std::pair{191612, 200}, {191701, 225}, {191702, 250}, {191703, 275}}) {
@@ -128,7 +131,7 @@ TEST_F(Aircraft, LooksFurtherBackForANation) {
     }
 }
 
-TEST_F(Aircraft, EndsWithTheLastTypeDrawn) {
+TEST_F(AircraftTest, EndsWithTheLastTypeDrawn) {
     for (const auto& [year, month, allowed] :
          {std::tuple{1916, 1, "dh2 nieuport11 "}, {1917, 5, "se5a soppup soptriplane spad7 "}}) {
         for (int i = 0; i < 20; ++i) {
@@ -141,30 +144,40 @@ TEST_F(Aircraft, EndsWithTheLastTypeDrawn) {
     }
 }
 
-TEST_F(Aircraft, NamesTheTypes) {
-    initPlaneNames();
-    initPlaneNames(); // a second time clears first
-    ASSERT_EQ(planeIdentifiers().size(), 24u);
-    ASSERT_EQ(planeDisplayNames().size(), 24u);
-    for (const auto& [identifier, name] : {std::pair{"dh2", "Airco DH2"},
-                                           {"spad7", "SPAD VII Late"},
-                                           {"sopdolphin", "Sopwith Dolphin"},
-                                           {"fokkere3", "Fokker E. III"},
-                                           {"albatrosd5", "Albatros D. Va"}}) {
-        EXPECT_EQ(planeDisplayName(identifier), name);
-        EXPECT_EQ(planeDisplayNames().at(size_t(planeIndex(identifier))), name);
-    }
-    EXPECT_TRUE(isAlliedPlane(planeIndex("sopdolphin")) && !isAlliedPlane(planeIndex("fokkere3")));
-    EXPECT_EQ(planeDisplayName("gothag5"), "gothag5");
-    EXPECT_EQ(planeIndex("gothag5"), -1);
+std::string documentLine(const Aircraft& aircraft) {
+    std::string nations;
+    for (const auto& [flag, nation] : {std::pair{French, "France"},
+                                       {British, "England"},
+                                       {American, "USA"},
+                                       {German, "Germany"}})
+        if ((aircraft.nations & flag) != 0)
+            nations += (nations.empty() ? "" : ", ") + std::string(nation);
+    const zel::String month = Calendar::monthName(aircraft.firstMonth % 100);
+    return std::string("| `") + aircraft.identifier + "` | " + aircraft.displayName + " | " +
+           nations + " | " + month.c_str() + " " + std::to_string(aircraft.firstMonth / 100) +
+           " |\n";
 }
 
-TEST_F(Aircraft, CarriesNothingButGuns) {
-    std::string withTwo;
-    for (const zel::String& plane : planeIdentifiers())
-        withTwo += payloadId(plane) == "2" ? std::string(plane) + " " : "";
-    EXPECT_EQ(withTwo, "se5a sopcamel spad13 sopdolphin ");
-    EXPECT_EQ(payloadId("dh2") + payloadId("gothag5"), "00");
+TEST_F(AircraftTest, AreAllInTheDocument) {
+    std::string table = "| Type | Name | Flown by | From |\n|---|---|---|---|\n";
+    for (const Aircraft& aircraft : AircraftRows)
+        table += documentLine(aircraft);
+    EXPECT_NE(fileText(DOCS_FOLDER "/data-files.md").find(table + "\n"), std::string::npos)
+        << "docs/data-files.md must have this table:\n"
+        << table;
+}
+
+TEST_F(AircraftTest, NamesTheTypes) {
+    initPlaneNames();
+    initPlaneNames(); // a second time clears first
+    ASSERT_EQ(planeIdentifiers().size(), std::size(AircraftRows));
+    ASSERT_EQ(planeDisplayNames().size(), planeIdentifiers().size());
+    EXPECT_EQ(planeDisplayName("albatrosd5"), "Albatros D. Va");
+    EXPECT_TRUE(isAlliedPlane(planeIndex("sopdolphin")) && !isAlliedPlane(planeIndex("fokkere3")));
+    EXPECT_EQ(payloadId("se5a") + payloadId("dh2"), "20");
+    EXPECT_EQ(planeDisplayName("gothag5"), "gothag5");
+    EXPECT_EQ(planeIndex("gothag5"), -1);
+    EXPECT_EQ(payloadId("gothag5"), "0");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/aircraft/AircraftTable.h"
 #include "app/career/Aircraft.h"
 #include "app/mission/MissionGenerator.h"
 #include "engine/core/Registry.h"
@@ -164,8 +165,9 @@ TEST(MissionPlanning, GivesThePlayerATypeThatHeOwns) {
                 << "the others own everything";
         zel::Registry::set(type, "0");
     }
-    for (int32_t i = 0; i < AlliedPlaneCount; ++i)
-        zel::Registry::set(planeIdentifiers()[static_cast<size_t>(i)], "0");
+    for (const Aircraft& aircraft : AircraftTable::rows())
+        if (aircraft.isAllied())
+            zel::Registry::set(aircraft.identifier, "0");
     EXPECT_EQ(french.playersType(), "spad13") << "with none found the drawn type stands";
 
     TinyCareer german(Germany, France);

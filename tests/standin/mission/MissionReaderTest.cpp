@@ -168,7 +168,7 @@ TEST(MissionReader, ReadsPlanesLeadersAndOrders) {
     EXPECT_EQ(wingMan.name, "Albert Reed");
     EXPECT_EQ(wingMan.leader, 3);
     EXPECT_EQ(wingMan.area, 0) << "the order to his leader is his";
-    EXPECT_STREQ(aircraftType(wingMan.aircraft).type, "Sopwith Camel");
+    EXPECT_STREQ(aircraftType(wingMan.aircraft).logType, "Sopwith Camel");
     EXPECT_EQ(wingMan.coalition, 1);
     EXPECT_EQ(wingMan.level, 1);
     EXPECT_EQ(wingMan.skin, "sopcamel\\some_skin.dds");
@@ -182,9 +182,9 @@ TEST(MissionReader, ReadsPlanesLeadersAndOrders) {
 
 TEST(MissionReader, KnowsTheTypesOfTheSimulator) {
     // From the simulator's table of objects.
-    EXPECT_STREQ(aircraftType(findAircraft("albatrosd2late")).type, "Albatros D.II lt");
-    EXPECT_STREQ(aircraftType(findAircraft("SPAD7")).type, "SPAD 7.C1 180hp");
-    EXPECT_STREQ(aircraftType(findAircraft("fokkerd7f")).type, "Fokker D.VIIF");
+    EXPECT_STREQ(aircraftType(findAircraft("albatrosd2late")).logType, "Albatros D.II lt");
+    EXPECT_STREQ(aircraftType(findAircraft("SPAD7")).logType, "SPAD 7.C1 180hp");
+    EXPECT_STREQ(aircraftType(findAircraft("fokkerd7f")).logType, "Fokker D.VIIF");
     EXPECT_EQ(findAircraft("fokker"), -1);
 }
 

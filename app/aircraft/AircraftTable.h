@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+// Every fighter type that the program knows, one row each. Adding a type takes a row here; to be
+// flown in the career it also takes its shares in the months of app/career/Aircraft.cpp. Switches,
+// settings pages, checks of data files and the stand-in simulator derive from these rows, and a
+// test compares docs/data-files.md with them.
+
+enum class WarSide : uint8_t { Allied, Central };
+
+/// Nations that fly a type, as a set. England flies whatever its side has.
+enum FlownBy : uint8_t { French = 1, British = 2, American = 4, German = 8 };
+
+/// How a type fights in the stand-in simulator, and what the simulator's log calls it. The figures
+/// are round ones: speed and climb after the types' test reports, circles in the order in which
+/// pilots of the time put them. They are closer together than the real ones, since nobody there
+/// flies around his plane's weakness as those pilots learnt to.
+struct StandInFigures {
+    const char* logType; // the log's TYPE
+    int32_t speed;       // level, km/h
+    double climb;        // best, m/s
+    double turn;         // a full circle at fighting speed, s
+    int32_t guns;
+    int32_t rounds; // for all guns
+};
+
+struct Aircraft {
+    const char* identifier;  // the simulator's name in lower case, and the key of the preferences
+    const char* displayName; // on every page
+    WarSide side;
+    int32_t firstMonth;  // from which on the career gives it out, yyyymm
+    uint8_t nations;     // FlownBy
+    const char* payload; // the simulator's PayloadId for guns and nothing else
+    StandInFigures standIn;
+
+    constexpr bool isAllied() const { return side == WarSide::Allied; }
+};
+
+// The Allied types first, and those of a side in the order in which a player who does not own one
+// falls back to the one before. The order is part of the career: do not sort.
+// clang-format off
+inline constexpr Aircraft AircraftRows[] = {
+    // identifier, display name, side                                     from    nations                      payload  log type, km/h, m/s, s/turn, guns, rounds
+    {"dh2",            "Airco DH2",           WarSide::Allied,  191512, British,                     "0", {"Airco D.H.2",      140, 2.9, 13.5, 1,  470}},
+    {"nieuport11",     "Nieuport 11",         WarSide::Allied,  191512, French | British,            "0", {"Nieuport 11.C1",   156, 3.3, 13.2, 1,  291}},
+    {"nieuport17",     "Nieuport 17",         WarSide::Allied,  191603, French | British,            "0", {"Nieuport 17.C1",   165, 4.4, 13.4, 1,  500}},
+    {"spad7early",     "SPAD VII Early",      WarSide::Allied,  191608, French | British,            "0", {"SPAD 7.C1 150hp",  187, 4.0, 15.2, 1,  500}},
+    {"soppup",         "Sopwith Pup",         WarSide::Allied,  191610, British,                     "0", {"Sopwith Pup",      171, 3.8, 13.2, 1,  500}},
+    {"soptriplane",    "Sopwith Triplane",    WarSide::Allied,  191612, British,                     "0", {"Sopwith Triplane", 181, 5.3, 13.4, 1,  500}},
+    {"se5a",           "SE5a",                WarSide::Allied,  191703, British,                     "2", {"S.E.5a",           205, 5.3, 14.5, 2,  788}},
+    {"spad7",          "SPAD VII Late",       WarSide::Allied,  191704, French | British,            "0", {"SPAD 7.C1 180hp",  198, 4.8, 15.0, 1,  500}},
+    {"sopcamel",       "Sopwith Camel",       WarSide::Allied,  191706, British | American,          "2", {"Sopwith Camel",    185, 5.1, 13.0, 2, 1000}},
+    {"spad13",         "SPAD XIII",           WarSide::Allied,  191706, French | British | American, "2", {"SPAD 13.C1",       211, 5.3, 15.0, 2,  800}},
+    {"nieuport28",     "Nieuport 28",         WarSide::Allied,  191708, British | American,          "0", {"Nieuport 28.C1",   195, 4.9, 13.8, 2,  750}},
+    {"sopdolphin",     "Sopwith Dolphin",     WarSide::Allied,  191802, British,                     "2", {"Sopwith Dolphin",  200, 5.0, 14.0, 2, 1000}},
+    {"fokkere3",       "Fokker E. III",       WarSide::Central, 191512, German,                      "0", {"Fokker E.III",     138, 2.1, 15.4, 1,  500}},
+    {"halberstadtd2",  "Halberstadt D. II",   WarSide::Central, 191605, German,                      "0", {"Halberstadt D.II", 150, 3.6, 14.0, 1,  500}},
+    {"albatrosd2",     "Albatros D. II",      WarSide::Central, 191610, German,                      "0", {"Albatros D.II",    170, 4.0, 14.4, 2, 1000}},
+    {"albatrosd2late", "Albatros D. II Late", WarSide::Central, 191701, German,                      "0", {"Albatros D.II lt", 173, 4.2, 14.4, 2, 1000}},
+    {"albatrosd3",     "Albatros D. III",     WarSide::Central, 191703, German,                      "0", {"Albatros D.III",   172, 4.6, 14.2, 2, 1000}},
+    {"albatrosd5",     "Albatros D. Va",      WarSide::Central, 191707, German,                      "0", {"Albatros D.Va",    180, 4.6, 14.2, 2, 1000}},
+    {"pfalzd3a",       "Pfalz D. IIIa",       WarSide::Central, 191708, German,                      "0", {"Pfalz D.IIIa",     177, 4.2, 14.6, 2, 1000}},
+    {"fokkerdr1",      "Fokker Dr. I",        WarSide::Central, 191709, German,                      "0", {"Fokker Dr.I",      172, 5.7, 12.6, 2, 1000}},
+    {"fokkerd7",       "Fokker D. VII",       WarSide::Central, 191805, German,                      "0", {"Fokker D.VII",     184, 4.8, 13.7, 2, 1000}},
+    {"pfalzd12",       "Pfalz D. XII",        WarSide::Central, 191807, German,                      "0", {"Pfalz D.XII",      182, 4.5, 14.4, 2, 1000}},
+    {"fokkerd7f",      "Fokker D. VIIf",      WarSide::Central, 191807, German,                      "0", {"Fokker D.VIIF",    195, 6.2, 13.5, 2, 1000}},
+    {"fokkerd8",       "Fokker D. VIII",      WarSide::Central, 191809, German,                      "0", {"Fokker D.VIII",    190, 5.6, 13.2, 2, 1000}},
+};
+// clang-format on
+
+/// The rows in use: those above, unless a test has put others in their place.
+class AircraftTable {
+public:
+    static const std::vector<Aircraft>& rows() { return held(); }
+    /// For tests. Who keeps lists of his own, such as initPlaneNames(), has to make them again.
+    static void replace(std::vector<Aircraft> rows) { held() = std::move(rows); }
+
+private:
+    static std::vector<Aircraft>& held() {
+        static std::vector<Aircraft> rows(std::begin(AircraftRows), std::end(AircraftRows));
+        return rows;
+    }
+};
