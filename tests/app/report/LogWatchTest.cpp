@@ -84,7 +84,7 @@ TEST_F(LogWatchTest, WaitsForTheEndOfTheFlight) {
     for (int32_t piece = 0; piece < 3; ++piece) {
         writePiece("missionReport(a)", piece);
         EXPECT_FALSE(flight.findReport(career));
-        EXPECT_TRUE(report.pilots.empty() && report.lines.lines.empty()) << "nothing may show";
+        EXPECT_TRUE(report.pilots.empty() && report.lines.lineCount() == 0) << "nothing may show";
         EXPECT_FALSE(flight.findReport(career));
     }
     EXPECT_EQ(missionsOf(10), 9);

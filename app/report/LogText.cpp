@@ -1,0 +1,127 @@
+#include "app/report/LogText.h"
+
+#include <algorithm>
+
+#include "app/report/ByteMarks.h"
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+#include "engine/core/System.h"
+
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+void logReading(const zel::String& message, int32_t level = zel::LogInfo) {
+    zel::log(message, "CombatReport", level);
+}
+
+// The same lines as for every other text file that is read whole.
+void logFile(const char* operation, const zel::String& name) {
+    if (zel::isLogged("EntireFile", zel::LogInfo))
+        zel::log(operation + name, "EntireFile", zel::LogInfo);
+}
+
+/// Whether the piece is there and could not be read; otherwise the log has ended.
+bool isUnread(const zel::String& piece) {
+    if (!zel::system::fileStatus(piece).exists)
+        return false;
+    logReading("Piece cannot be read: " + piece, zel::LogWarning);
+    return true;
+}
+
+} // namespace
+
+bool LogText::loadFile(const zel::String& name) {
+    logFile("loadFile ", name);
+    clear();
+    return appendFile(name);
+}
+
+bool LogText::appendFile(const zel::String& name) {
+    logFile("appendFile ", name);
+    zel::File file(name, zel::FileRead);
+    if (file.hasFailed())
+        return false;
+    const int32_t bytes = file.fileSize();
+    if (!file.read(makeRoom(size_t(bytes)), bytes))
+        return false;
+    size += size_t(bytes);
+    splitFrom(size - size_t(bytes));
+    return true;
+}
+
+void LogText::add(std::string_view added) {
+    std::copy_n(added.data(), added.size(), makeRoom(added.size()));
+    size += added.size();
+    splitFrom(size - added.size());
+}
+
+void LogText::clear() {
+    size = 0;
+    lines.clear();
+}
+
+/// Room for that many bytes more, after those in use.
+char* LogText::makeRoom(size_t bytes) {
+    if (size + bytes > capacity) {
+        capacity = std::max(size + bytes, 2 * capacity);
+        std::unique_ptr<char[]> larger(new char[capacity]);
+        std::copy_n(text.get(), size, larger.get());
+        text = std::move(larger);
+    }
+    return text.get() + size;
+}
+
+bool LogText::readPieces(const zel::String& folder, const zel::String& name) {
+    unreadPiece = false;
+    if (!loadFile(folder + name)) {
+        unreadPiece = isUnread(folder + name);
+        return false;
+    }
+    // The bracket of the file's own name: the folder may have one too.
+    const std::string_view own = name.view();
+    const size_t open = own.find('[');
+    const size_t close = open != own.npos ? own.find(']', open) : own.npos;
+    const zel::String base = folder + own.substr(0, open);
+    const zel::String appendix(close != own.npos ? own.substr(close + 1) : std::string_view());
+    logReading("Base Filename: " + base);
+    logReading("Appendix Filename: " + appendix);
+    if (close != own.npos) {
+        int32_t piece = 1;
+        const auto file = [&] { return base + "[" + piece + "]" + appendix; };
+        while (appendFile(file()))
+            ++piece;
+        unreadPiece = isUnread(file());
+    }
+    logReading(zel::String("Total Lines Read: ") + lineCount());
+    return !unreadPiece;
+}
+
+/// Finds the lines of the text from `start` on, where a file begins.
+void LogText::splitFrom(size_t start) {
+    using Marks = ByteMarks<'\r', '\n'>;
+    const std::string_view all(text.get(), size);
+    if (all.substr(start, ByteOrderMark.size()) == ByteOrderMark)
+        start += ByteOrderMark.size();
+    size_t lineStart = start;
+    uint64_t endedBefore = 0; // bit 0: the byte in front of the present ones ends a line
+    for (; start < all.size(); start += Marks::Width) {
+        const Marks marks(all, start);
+        const uint64_t ends = marks.first | marks.second;
+        // Of a run of ends the first one.
+        for (uint64_t left = ends & ~(ends << 1 | endedBefore); left != 0; left &= left - 1) {
+            const size_t end = start + Marks::lowest(left);
+            addLine(lineStart, end);
+            lineStart = end + 1;
+        }
+        endedBefore = ends >> (Marks::Width - 1);
+    }
+    addLine(lineStart, all.size());
+}
+
+void LogText::addLine(size_t start, size_t end) {
+    while (start < end && (text[start] == '\0' || text[start] == '\n' || text[start] == '\r'))
+        ++start;
+    if (start < end)
+        lines.push_back({start, end - start});
+}
