@@ -162,11 +162,11 @@ testing::AssertionResult CareerDriver::comeBack() {
     return testing::AssertionSuccess();
 }
 
-std::vector<uint8_t> CareerDriver::shot() {
+Picture CareerDriver::shot() {
     screens->moveTo(5, 5);
     screens->step(); // draws
     screens->step(); // shows it and draws it again
-    return zel::Canvas::getInstance().readPixels();
+    return {1024, 768, zel::Canvas::getInstance().readPixels()};
 }
 
 InFront::InFront() { zel::Platform::getInstance().setAppState(7); }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "standin/StandIn.h"
+#include "tests/engine/menu/GoldenPicture.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -56,7 +57,7 @@ public:
     testing::AssertionResult comeBack();
 
     /// What the window shows, with the pointer out of the way.
-    std::vector<uint8_t> shot();
+    Picture shot();
 
     std::string text(const char* element) const { return screens->text(element); }
     std::string state() const { return screens->menu().getName().c_str(); }

@@ -24,9 +24,9 @@ int main(int argc, char** argv) {
     const auto visit = [&](const std::string& name) {
         if (std::find(wanted.begin(), wanted.end(), name) == wanted.end())
             return;
-        const std::vector<uint8_t> pixels = driver.shot();
-        written = !pixels.empty() &&
-                  writePicture(folder + "/" + name + ".png", pixels, 1024, 768) && written;
+        const Picture picture = driver.shot();
+        written = !picture.pixels.empty() && writePicture(folder + "/" + name + ".png", picture) &&
+                  written;
     };
     return tourScreens(driver, visit) && written ? 0 : 1;
 }

@@ -6,16 +6,24 @@
 
 #include <gtest/gtest.h>
 
-/// Whether the pixels (three bytes each, the top line first) are those of the kept picture, but for
-/// what other versions of the OpenGL library round differently at edges. If not, they are written
-/// as `newFile`, as PNG or JPEG by its ending, for somebody to look at.
-testing::AssertionResult isGoldenPicture(const std::vector<uint8_t>& pixels, int32_t width,
-                                         int32_t height, const std::string& goldenFile,
-                                         const std::string& newFile);
+#include "engine/menu/Menu.h"
 
-/// The picture at half its size, each pixel the mean of four. REQUIRES: even sides.
-std::vector<uint8_t> halved(const std::vector<uint8_t>& pixels, int32_t width, int32_t height);
+/// A picture of three bytes a pixel, the top line first.
+struct Picture {
+    int32_t width = 0, height = 0;
+    std::vector<uint8_t> pixels;
+};
 
-/// Writes three bytes a pixel as PNG or JPEG, by the ending. Folders on the way are made.
-bool writePicture(const std::string& file, const std::vector<uint8_t>& pixels, int32_t width,
-                  int32_t height);
+/// The rectangles of the menu's visible texts, in design pixels.
+std::vector<zel::PixelRect> textRects(const zel::Menu& menu);
+
+/// Whether the picture is the kept one, but for what other versions of the OpenGL library round
+/// differently at edges: at half the size over all, and at full size in each of the rectangles,
+/// where a single letter makes a difference. If not, it is written as `newFile`, as PNG or JPEG by
+/// its ending, for somebody to look at.
+testing::AssertionResult isGoldenPicture(const Picture& picture,
+                                         const std::vector<zel::PixelRect>& texts,
+                                         const std::string& goldenFile, const std::string& newFile);
+
+/// Writes PNG or JPEG, by the ending. Folders on the way are made.
+bool writePicture(const std::string& file, const Picture& picture);

@@ -31,7 +31,8 @@ protected:
     void expectPicture(const std::string& name) {
         driver->step(); // draws
         driver->step(); // shows it and draws it again
-        EXPECT_TRUE(isGoldenPicture(zel::Canvas::getInstance().readPixels(), Width, Height,
+        EXPECT_TRUE(isGoldenPicture({Width, Height, zel::Canvas::getInstance().readPixels()},
+                                    textRects(driver->menu()),
                                     std::string(GOLDEN_FOLDER) + "/" + name + ".png",
                                     std::string(NEW_PICTURES_FOLDER) + "/" + name + ".png"));
     }
