@@ -3,7 +3,7 @@
 #include <deque>
 
 #include "engine/core/String.h"
-#include "engine/window/BackgroundWork.h"
+#include "engine/core/BackgroundWork.h"
 
 namespace zel {
 

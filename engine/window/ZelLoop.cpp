@@ -6,7 +6,7 @@
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
-#include "engine/window/BackgroundWork.h"
+#include "engine/core/BackgroundWork.h"
 #include "engine/window/HighLevelScheduler.h"
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"

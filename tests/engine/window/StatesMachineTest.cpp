@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/window/BackgroundWork.h"
+#include "engine/core/BackgroundWork.h"
 #include "engine/window/HighLevelScheduler.h"
 #include "engine/window/StateOverlay.h"
 #include "engine/window/ZelLoop.h"
