@@ -52,7 +52,8 @@ quietly() {
 
 # What building takes, and what testing takes besides.
 build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev"
-test_packages="clang libclang-rt-14-dev libgtest-dev libbenchmark-dev xvfb xauth libgl1-mesa-dri"
+test_packages="clang libclang-rt-14-dev clang-format clang-tidy shellcheck git python3 libgtest-dev
+    libbenchmark-dev xvfb xauth libgl1-mesa-dri"
 
 # For Windows: the compiler with SDL's source, and what runs the programs here.
 windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev"

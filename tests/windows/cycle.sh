@@ -106,7 +106,8 @@ turn_switches() {
 rm -rf "$results" "$user"
 mkdir -p "$results"
 wine64 "$build/bin/wingtally-standin.exe" "$simulator" >/dev/null 2>&1 </dev/null
-wine64 reg add "$key" /v InstallLocation /t REG_SZ /d "Z:$(echo "$simulator" | tr / '\\')\\" /f >/dev/null 2>&1 </dev/null
+backslashed=$(printf '%s' "$simulator" | tr / '\134') # octal for the backslash
+wine64 reg add "$key" /v InstallLocation /t REG_SZ /d "Z:$backslashed\\" /f >/dev/null 2>&1 </dev/null
 wine64 "$build/bin/wingtally-standin.exe" "$simulator" --watch --seed 3 >"$results/standin" 2>&1 </dev/null &
 standin=$!
 cd "$build/run"

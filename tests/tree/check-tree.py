@@ -1,0 +1,113 @@
+#!/usr/bin/env python3
+"""Checks what a compiler doesn't: who may include whom, how long files and
+functions are, and that each source has its header.
+
+Run from the top of the tree: tests/tree/check-tree.py. Prints one line per finding, as
+"file:line: message", and exits with 1 if there is any.
+"""
+import re
+import subprocess
+import sys
+
+MOST_LINES_OF_A_FILE = 350
+MOST_LINES_OF_A_FUNCTION = 60
+
+# What a folder may include, apart from itself. The first row that matches a file decides.
+LAYERS = [
+    ("engine/core", []),
+    ("engine/graphics", ["engine/core"]),
+    ("engine/sound", ["engine/core"]),
+    ("engine/window", ["engine/core", "engine/graphics"]),
+    ("engine/menu", ["engine"]),
+    ("app/career", ["engine/core"]),
+    ("app/mission", ["engine/core", "app/career"]),
+    ("app/war", ["engine/core", "app/career", "app/mission"]),
+    ("app/report", ["engine/core", "app/career", "app/mission"]),
+    ("app/screens", ["engine", "app"]),
+    ("standin", ["engine/core", "tools/common"]),
+    ("tools/common", ["engine/core"]),
+    ("tools/menucheck", ["engine", "tools/common"]),
+    ("tools", ["engine/core", "app/career", "app/mission", "app/war", "app/report", "standin", "tools/common"]),
+    ("tests", ["engine", "app", "standin", "tools", "fuzz", "bench"]),
+    ("bench", ["engine", "app", "standin", "tools", "tests/support"]),
+    ("fuzz", ["engine", "app", "standin", "tools", "tests"]),
+]
+
+
+def within(path, folder):
+    return path.startswith(folder + "/")
+
+
+def layer_of(path):
+    return next((row for row in LAYERS if within(path, row[0])), None)
+
+
+def includes(path, lines):
+    """Yields a finding for each include against LAYERS."""
+    layer = layer_of(path)
+    if layer is None:
+        yield 1, "no layer names this folder"
+        return
+    for number, line in enumerate(lines, 1):
+        found = re.match(r'#include "(.+)"', line)
+        if found and not any(within(found[1], folder) for folder in [layer[0], *layer[1]]):
+            yield number, f"{layer[0]} may not include {found[1]}"
+        if layer[0] not in ("engine/window", "engine/sound", "app/screens", "tests", "bench") and re.match(
+                r"#include <SDL(_audio|_events)?\.h>", line):
+            yield number, "only the window, the sound and the screens may include SDL"
+
+
+def functions(lines):
+    """Yields first line and length of each function. The code is formatted: a function's last line
+    is the next brace that is indented as its first line is."""
+    start = indent = None
+    in_body = False
+    for number, line in enumerate(lines, 1):
+        line = line.rstrip()
+        if start is None:
+            head = re.match(r" {0,4}(?!namespace|class|struct|enum|union|extern|if|for|while|switch|#|//)[\w:~]", line)
+            if head and "(" in line:
+                start, indent, in_body = number, line[:len(line) - len(line.lstrip())], False
+        if start is not None and not in_body:
+            if line.endswith("{"):
+                in_body = True
+            elif line.endswith((";", "}")):
+                start = None
+        elif in_body and line.startswith(indent + "}"):
+            yield start, number - start + 1
+            start, in_body = None, False
+
+
+def sizes(path, lines):
+    """Yields a finding for each file or function that is too long."""
+    if len(lines) > MOST_LINES_OF_A_FILE:
+        yield 1, f"{len(lines)} lines, more than {MOST_LINES_OF_A_FILE}"
+    for start, length in functions(lines):
+        if length > MOST_LINES_OF_A_FUNCTION:
+            yield start, f"a function of {length} lines, more than {MOST_LINES_OF_A_FUNCTION}"
+
+
+def own_header(path, paths):
+    """Yields a finding for a source of a library or program that has no header of its name."""
+    # The two sides of the one seam between systems share engine/core/System.h.
+    alone = ("main.cpp", "SystemPosix.cpp", "SystemWindows.cpp")
+    if (path.startswith(("engine/", "app/", "standin/", "tools/")) and path.endswith(".cpp") and
+            not path.endswith(alone) and path[:-4] + ".h" not in paths):
+        yield 1, "has no header of its name"
+
+
+def main():
+    listed = subprocess.run(["git", "ls-files", "-z", "*.cpp", "*.h"], check=True, capture_output=True)
+    paths = set(filter(None, listed.stdout.decode().split("\0")))
+    findings = 0
+    for path in sorted(paths):
+        with open(path, encoding="latin-1") as file:
+            lines = file.read().splitlines()
+        for number, message in [*includes(path, lines), *sizes(path, lines), *own_header(path, paths)]:
+            print(f"{path}:{number}: {message}")
+            findings += 1
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
