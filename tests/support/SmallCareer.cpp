@@ -1,9 +1,12 @@
 #include "tests/support/SmallCareer.h"
 
+#include <gtest/gtest.h>
+
 #include "app/career/Aircraft.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Registry.h"
 #include "engine/core/UserDirectory.h"
+#include "tests/support/Texts.h"
 
 namespace fs = std::filesystem;
 
@@ -67,9 +70,8 @@ std::string SmallWorld::savedBytes() const {
     return folder.read(std::string("user/") + SaveFileName);
 }
 
-uint64_t hashOf(std::string_view bytes) {
-    uint64_t hash = 0xCBF29CE484222325U;
-    for (const char byte : bytes)
-        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
-    return hash;
+std::string referenceResult(const std::string& name) {
+    const std::string text = fileText(REFERENCE_FOLDER "/" + name);
+    EXPECT_FALSE(text.empty()) << name;
+    return text;
 }

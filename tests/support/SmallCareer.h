@@ -38,5 +38,5 @@ private:
     std::filesystem::path before;
 };
 
-/// FNV-1a of 64 bits, to pin long contents by one number.
-uint64_t hashOf(std::string_view bytes);
+/// What the script of that name in tests/reference has computed.
+std::string referenceResult(const std::string& name);

@@ -181,7 +181,7 @@ std::string saveBesideAnother(bool otherIsCurrent) {
 TEST(WarAdvance, KeepsTwoCareersApart) {
     const std::string save = saveBesideAnother(false);
     EXPECT_GT(save.size(), 400 * sizeof(Squadron));
-    EXPECT_EQ(hashOf(save), hashOf(saveBesideAnother(true)));
+    EXPECT_TRUE(save == saveBesideAnother(true));
 }
 
 } // namespace
