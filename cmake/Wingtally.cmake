@@ -37,6 +37,7 @@ endfunction()
 function(add_test_program name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
+  target_compile_options(${name} PRIVATE -O1) # what a test spends its time in is in the libraries
   target_link_libraries(${name} PRIVATE wingtally_flags ${ARG_LINKS} test_support GTest::gtest GTest::gtest_main)
   if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     target_precompile_headers(${name} REUSE_FROM test_headers)
