@@ -53,7 +53,7 @@ else()
   install(FILES data/Pictures/icon_256.png RENAME wingtally.png
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/256x256/apps)
 endif()
-install(FILES docs/manual.md docs/standin.md docs/data-files.md docs/history.md docs/menu-scripts.md
+install(FILES docs/manual.md docs/rules.md docs/standin.md docs/data-files.md docs/history.md docs/menu-scripts.md
   DESTINATION ${documents})
 install(DIRECTORY docs/pictures DESTINATION ${documents} OPTIONAL)
 

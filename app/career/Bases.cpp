@@ -12,6 +12,8 @@ struct Airfield {
     float x, y, z;
 };
 
+constexpr int32_t SquadronsPerChannel = 5; // one in so many goes there, where it may be drawn
+
 // In the order of the draw.
 // clang-format off
 constexpr Airfield AlliedChannel[] = {
@@ -59,7 +61,7 @@ void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawCha
     if (!career.isSquadron(squadron))
         return;
     Squadron& moved = career.squadrons[static_cast<size_t>(squadron)];
-    bool onChannelMap = mayDrawChannel && zel::random(0, 4) == 0;
+    bool onChannelMap = mayDrawChannel && zel::random(0, SquadronsPerChannel - 1) == 0;
     if (isPlayersSquadron(career, squadron)) {
         const bool western = zel::Registry::isOn("mapWestern");
         const bool channel = zel::Registry::isOn("mapChannel");

@@ -102,16 +102,16 @@ private:
     void repairInvitation() {
         int32_t faults = 0;
         int32_t& pending = career.invitationSquadron;
-        if (pending != -1)
-            checkIndex(pending, career.squadrons.size(), -2, faults);
+        if (pending != NoSearch)
+            checkIndex(pending, career.squadrons.size(), NoInvitation, faults);
         if (pending >= 0 &&
             (pending == career.player().squadron ||
              career.squadrons[static_cast<size_t>(pending)].nation != career.player().nation)) {
-            pending = -2;
+            pending = NoInvitation;
             ++faults;
         }
-        if (career.previousInvitation != -1)
-            checkIndex(career.previousInvitation, career.squadrons.size(), -2, faults);
+        if (career.previousInvitation != NoSearch)
+            checkIndex(career.previousInvitation, career.squadrons.size(), NoInvitation, faults);
         if (career.invitationMonth < 1 || career.invitationMonth > 12 ||
             career.invitationYear < FirstSaveYear || career.invitationYear > LastSaveYear + 1) {
             career.invitationYear = career.year;

@@ -15,6 +15,12 @@ constexpr int32_t StartMonth = 12;
 constexpr int32_t StartDay = 1;
 constexpr size_t SquadronsOfWar = 400; // generated ones fill up to this
 constexpr int32_t PilotsOfNewSquadron = 12;
+// A new pilot's skill goes up to a draw in this range; his missions to a draw, of a draw, of one in
+// this range.
+constexpr int32_t LeastHighestSkill = 2;
+constexpr int32_t MostHighestSkill = 10;
+constexpr int32_t LeastMissions = 5;
+constexpr int32_t MostMissions = 75;
 constexpr int32_t RoundsForNamedSquadron = 1249;
 constexpr int32_t RoundsForFlyingSquadron = 2499;
 
@@ -118,11 +124,11 @@ int32_t Database::addSquadron(int32_t nation) {
         Pilot pilot = blank<Pilot>();
         zel::copyText(pilot.name, drawPilotName(nation));
         pilot.squadron = index;
-        const int32_t highestSkill = random.getInt(2, 10);
+        const int32_t highestSkill = random.getInt(LeastHighestSkill, MostHighestSkill);
         pilot.skill = static_cast<uint8_t>(random.getInt(0, highestSkill));
         const auto pilotIndex = static_cast<int32_t>(pilots.size());
         if (pilotIndex != playerPilot) {
-            const int32_t widest = random.getInt(5, 75);
+            const int32_t widest = random.getInt(LeastMissions, MostMissions);
             const int32_t wide = random.getInt(0, widest);
             const int32_t narrow = random.getInt(0, wide);
             pilot.missions = static_cast<uint16_t>(random.getInt(0, narrow));
@@ -179,9 +185,9 @@ void Database::createCareer(int32_t service) {
     day = StartDay;
     invitationYear = 0;
     invitationMonth = 0;
-    invitationSquadron = -2;
-    previousInvitation = -2;
-    const int32_t latest = random.getInt(2, 4);
+    invitationSquadron = NoInvitation;
+    previousInvitation = NoInvitation;
+    const int32_t latest = random.getInt(LeastLatestMonth, MostLatestMonth);
     scheduleInvitation(*this, random.getInt(1, latest));
 
     const size_t planned = std::max(squadronFiles.size(), SquadronsOfWar);

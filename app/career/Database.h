@@ -15,6 +15,10 @@
 /// The services that a career can be begun in.
 enum Service : int32_t { ServiceFrench = 0, ServiceEnglish = 1, ServiceGerman = 2 };
 
+/// What invitationSquadron holds while none is pending. Both are in save files.
+constexpr int32_t NoInvitation = -2; // a search may run
+constexpr int32_t NoSearch = -1;     // put off without a search
+
 /// The most that careerNumber can be.
 constexpr int32_t LastCareerNumber = 0x7FFF5037;
 
@@ -129,9 +133,9 @@ public:
     std::vector<DataLine> dataLines;
     int32_t invitationYear = 0; // the first month in which an invitation may come
     int32_t invitationMonth = 0;
-    int32_t invitationSquadron = -2; // the pending one; -2 none and a search may run, -1 none
-    int32_t previousInvitation = -2; // the squadron last turned down
-    EntireFile firstNames[4];        // of France, England, Germany and the USA
+    int32_t invitationSquadron = NoInvitation; // the pending one, or NoInvitation or NoSearch
+    int32_t previousInvitation = NoInvitation; // the squadron last turned down, or one of these
+    EntireFile firstNames[4];                  // of France, England, Germany and the USA
     EntireFile lastNames[4];
     zel::Random random;
 

@@ -8,6 +8,13 @@ namespace {
 // Nations aim at a number of squadrons that grows by the month.
 constexpr int32_t MonthsBeforeWar = 22980; // year * 12 + month of December 1914
 
+// Named pilots: 9 or 10, or with acelevel 1 from 10 to 12.
+constexpr int32_t SkillOfNamed = 9;
+constexpr int32_t SkillOfAce = 10;
+// Replacements: a draw up to this, and one more for each 0 in a row of draws up to ExtraSkillDraw.
+constexpr int32_t HighestSkillOfReplacement = 9;
+constexpr int32_t ExtraSkillDraw = 3;
+
 /// Places in the counts of active squadrons; -1 for a nation that isn't counted.
 enum CountedNation : int32_t { CountedFrance, CountedEngland, CountedUsa, CountedGermany, Counted };
 
@@ -54,13 +61,13 @@ uint8_t drawHistoricSkill(int32_t aceLevel, int32_t acePotential, zel::Random& r
     int32_t skill = 0;
     if (aceLevel < 1) {
         const int32_t most = random.getInt(0, 1);
-        skill = 9 + random.getInt(0, most);
+        skill = SkillOfNamed + random.getInt(0, most);
     } else if (aceLevel == 1) {
-        skill = random.getInt(10, 11);
+        skill = random.getInt(SkillOfAce, SkillOfAce + 1);
         const int32_t most = random.getInt(0, 1);
         skill += random.getInt(0, most);
     } else {
-        skill = 9 + random.getInt(0, 1);
+        skill = SkillOfNamed + random.getInt(0, 1);
     }
     if (acePotential > 0)
         skill = std::min(acePotential, 255);
@@ -184,8 +191,8 @@ void Database::fillVacantSlots(int32_t squadron) {
         if (!isPilot(leaving) || pilots[static_cast<size_t>(leaving)].alive != 0)
             continue;
         Pilot pilot = makeReplacement(squadron);
-        int32_t skill = random.getInt(0, 9);
-        while (random.getInt(0, 3) == 0)
+        int32_t skill = random.getInt(0, HighestSkillOfReplacement);
+        while (random.getInt(0, ExtraSkillDraw) == 0)
             ++skill;
         pilot.skill = static_cast<uint8_t>(std::min(skill, 255));
         const auto coming = static_cast<int32_t>(pilots.size());

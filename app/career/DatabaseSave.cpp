@@ -229,7 +229,7 @@ bool Database::loadFile(const zel::String& name) {
     if (fault == nullptr && reader.hasEndedEarly()) {
         zel::log("File " + name + " ends early; what it holds is used", "Database",
                  zel::LogWarning);
-        invitationSquadron = previousInvitation = -2;
+        invitationSquadron = previousInvitation = NoInvitation;
     }
     const int32_t faults = fault == nullptr ? repairCareer(*this, soundness) : 0;
     if (faults < 0)

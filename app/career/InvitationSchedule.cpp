@@ -6,7 +6,7 @@
 void scheduleInvitation(Database& career, int32_t monthsAhead) {
     career.invitationYear = career.year;
     career.invitationMonth = career.month + monthsAhead;
-    career.invitationSquadron = -2;
+    career.invitationSquadron = NoInvitation;
     for (; career.invitationMonth > 12; career.invitationMonth -= 12)
         ++career.invitationYear;
     zel::console("PROGRESS INVITATION DATE TO " +

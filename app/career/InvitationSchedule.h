@@ -6,6 +6,10 @@
 
 class Database;
 
+/// Months until Wingtally looks for an invitation: a draw from 1 up to a draw in this range.
+constexpr int32_t LeastLatestMonth = 2;
+constexpr int32_t MostLatestMonth = 4;
+
 /// The next invitation falls due that many months after the career's date; none is pending.
 void scheduleInvitation(Database& career, int32_t monthsAhead);
 

@@ -1,46 +1,49 @@
 #include "app/career/PilotLevel.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-/// What a pilot's victories and missions are worth by his skill, 0 to 10.
-int32_t baseLevel(int32_t skill, int32_t shotdowns, int32_t missions) {
-    struct Divisors {
-        int32_t shotdowns, missions;
-    };
-    constexpr Divisors BySkill[] = {{3, 15}, {3, 12}, {3, 11}, {3, 10}, {3, 9}, {3, 8},
-                                    {3, 7},  {2, 6},  {2, 5},  {1, 5},  {1, 4}};
-    const Divisors& divisors = BySkill[skill];
-    return shotdowns / divisors.shotdowns + missions / divisors.missions;
-}
+enum Level : int32_t { Novice = 1, Trained = 2, Veteran = 3, Ace = 4 };
+
+/// What a pilot's victories and missions are divided by, for each skill from 0 on.
+struct Divisors {
+    int32_t shotdowns, missions;
+};
+constexpr Divisors DivisorsOfSkill[] = {{3, 15}, {3, 12}, {3, 11}, {3, 10}, {3, 9}, {3, 8},
+                                        {3, 7},  {2, 6},  {2, 5},  {1, 5},  {1, 4}};
+constexpr auto HighestSkill = static_cast<int32_t>(std::size(DivisorsOfSkill)) - 1;
+
+// The sums of the quotients from which on the level is certain.
+constexpr int32_t ValueOfAce = 5;
+constexpr int32_t ValueOfVeteran = 3;
+
+/// From that skill on, so many missions make a pilot experienced.
+struct Experience {
+    int32_t skill, missions;
+};
+constexpr Experience Experiences[] = {{0, 8}, {1, 6}, {2, 4}, {3, 3}, {5, 2}, {7, 1}};
+constexpr int32_t VictoriesOfVeteran = 2; // if he is experienced
 
 bool isExperienced(int32_t skill, int32_t missions) {
-    return missions > 7 || (skill > 0 && missions > 5) || (skill > 1 && missions > 3) ||
-           (skill > 2 && missions > 2) || (skill > 4 && missions > 1) ||
-           (skill > 6 && missions > 0);
+    return std::any_of(std::begin(Experiences), std::end(Experiences), [&](const Experience& row) {
+        return skill >= row.skill && missions >= row.missions;
+    });
 }
 
 } // namespace
 
 int32_t pilotLevel(int32_t skill, int32_t shotdowns, int32_t missions) {
-    skill = std::clamp(skill, 0, 10);
-    int32_t value = baseLevel(skill, shotdowns, missions);
-    if (value >= 5)
-        return 4;
-    if (value >= 3)
-        return 3;
-    if (shotdowns > 0) {
-        ++value;
-        if (value == 3)
-            return 3;
-        if (value == 1)
-            value = 2;
-    }
+    skill = std::clamp(skill, 0, HighestSkill);
+    const Divisors& divisors = DivisorsOfSkill[skill];
+    const int32_t value = shotdowns / divisors.shotdowns + missions / divisors.missions;
+    if (value >= ValueOfAce)
+        return Ace;
+    if (value >= ValueOfVeteran || (shotdowns > 0 && value + 1 == ValueOfVeteran))
+        return Veteran;
     const bool experienced = isExperienced(skill, missions);
-    if (shotdowns == 0 && experienced) // value is 0, 1 or 2 here
-        value = 2;
-    if (shotdowns >= 2 && experienced)
-        value = 3;
-    return std::max(value, 1);
+    if (experienced && shotdowns >= VictoriesOfVeteran)
+        return Veteran;
+    return value >= Trained || shotdowns > 0 || experienced ? Trained : Novice;
 }

@@ -7,6 +7,13 @@
 
 namespace {
 
+// An answer puts the next invitation off by months: a draw from a lower to an upper bound, which
+// are draws themselves, but for the upper one of who accepts.
+constexpr int32_t LeastLower = 1;
+constexpr int32_t MostLower = 3;
+constexpr int32_t LeastUpper = 3;
+constexpr int32_t MostUpper = 6;
+
 /// "A", "A and B", "A, B and C".
 zel::String enumeration(const std::vector<zel::String>& names) {
     zel::String text;
@@ -72,14 +79,14 @@ bool InvitationLetter::accept(Database& career) {
         return false;
     career.swapPilots(career.playerPilot, roster.back());
     roster.clear(); // answered
-    const int32_t lower = random.getInt(1, 3);
-    scheduleInvitation(career, random.getInt(lower, 6));
+    const int32_t lower = random.getInt(LeastLower, MostLower);
+    scheduleInvitation(career, random.getInt(lower, MostUpper));
     return true;
 }
 
 void InvitationLetter::refuse(Database& career) {
     career.previousInvitation = career.invitationSquadron;
-    const int32_t upper = random.getInt(3, 6);
-    const int32_t lower = random.getInt(1, 3);
+    const int32_t upper = random.getInt(LeastUpper, MostUpper);
+    const int32_t lower = random.getInt(LeastLower, MostLower);
     scheduleInvitation(career, random.getInt(lower, upper));
 }

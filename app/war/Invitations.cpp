@@ -12,12 +12,19 @@
 namespace {
 
 constexpr int32_t Tries = 600;
+// A squadron takes the player up to this strength, and one more for each of his victories, and one
+// more again for each of the first five.
+constexpr int32_t StrengthOpenToAll = 5;
+constexpr int32_t VictoriesCountedTwice = 5;
+constexpr int32_t PilotsOfStrength = 5;   // the best counts five times, the next four times ...
+constexpr float StrengthDivisor = 14.0F;  // sic: the weights sum up to 15
 constexpr float BonusForName = 100000.0F; // named squadrons beat generated ones
 constexpr float BonusForPlane = 10000.0F; // and among these, those that fly the day's type
 
 /// Whether the squadron would take the player at all: the stronger it is, the more it asks.
 bool wouldTake(const Pilot& player, float strength) {
-    const int32_t limit = 5 + player.shotdowns + std::min<int32_t>(player.shotdowns, 5);
+    const int32_t limit = StrengthOpenToAll + player.shotdowns +
+                          std::min<int32_t>(player.shotdowns, VictoriesCountedTwice);
     return strength <= static_cast<float>(limit);
 }
 
@@ -25,13 +32,13 @@ bool wouldTake(const Pilot& player, float strength) {
 
 float squadronStrength(const Database& career, int32_t squadron) {
     const std::vector<int32_t> roster = career.squadronRoster(squadron);
-    const int32_t best = std::min<int32_t>(static_cast<int32_t>(roster.size()), 5);
+    const int32_t best = std::min<int32_t>(static_cast<int32_t>(roster.size()), PilotsOfStrength);
     int32_t sum = 0;
     for (int32_t i = 0; i < best; ++i) {
         const int32_t pilot = roster[static_cast<size_t>(i)];
-        sum += career.pilots[static_cast<size_t>(pilot)].shotdowns * (5 - i);
+        sum += career.pilots[static_cast<size_t>(pilot)].shotdowns * (PilotsOfStrength - i);
     }
-    return static_cast<float>(sum) / 14.0F; // sic: the weights sum up to 15
+    return static_cast<float>(sum) / StrengthDivisor;
 }
 
 bool invitationDue(Database& career) {
@@ -44,14 +51,14 @@ bool invitationDue(Database& career) {
     zel::console("CURRENT DATE: " + yearAndMonth(career.year, career.month));
     if (career.invitationSquadron >= 0)
         return true;
-    if (career.invitationSquadron != -1) {
+    if (career.invitationSquadron != NoSearch) {
         const int32_t found = pickInvitationSquadron(career);
         if (found >= 0) {
             career.invitationSquadron = found;
             return true;
         }
     }
-    const int32_t latest = zel::random(2, 4);
+    const int32_t latest = zel::random(LeastLatestMonth, MostLatestMonth);
     scheduleInvitation(career, zel::random(1, latest));
     return false;
 }

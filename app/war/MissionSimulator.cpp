@@ -5,33 +5,33 @@
 #include "app/career/Database.h"
 #include "app/career/PilotLevel.h"
 #include "app/mission/MissionGenerator.h"
+#include "app/war/FightRules.h"
 
 namespace {
 
 constexpr int32_t SpareOfSimulator = 1000;
-constexpr float LuckRange = 0.305F;
-constexpr float LeastWoundingHit = 0.1F;
 
 float attackOf(const PilotReport& pilot) {
     const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
-    float attack = static_cast<float>(level) * 0.06F;
-    if (level > 2)
-        attack += static_cast<float>(pilot.skill) * 0.06F;
+    float attack = static_cast<float>(level) * fight::AttackOfLevel;
+    if (level >= fight::LevelThatUsesSkill)
+        attack += static_cast<float>(pilot.skill) * fight::AttackOfSkill;
     return attack;
 }
 
 /// Few victories and few missions make a pilot easier to hit.
 float defenceOf(const PilotReport& pilot) {
     const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
-    float defence = static_cast<float>(level) * 0.092F + static_cast<float>(pilot.skill) * 0.01F;
+    float defence = static_cast<float>(level) * fight::DefenceOfLevel +
+                    static_cast<float>(pilot.skill) * fight::DefenceOfSkill;
     if (pilot.shotdowns == 0)
-        defence /= 1.2F;
-    const int32_t penalties = pilot.shotdowns == 0 ? 4 : std::max(5 - pilot.shotdowns, 0);
-    for (int32_t i = 0; i < penalties; ++i)
-        defence /= 1.05F;
-    for (int32_t i = 0; i < 5; ++i)
-        if (i > pilot.missions)
-            defence /= 1.05F;
+        defence /= fight::NoVictoryDivisor;
+    const int32_t victoriesLacking =
+        std::min(fight::VictoriesNotGreen - pilot.shotdowns, fight::MostVictoriesLacking);
+    for (int32_t i = 0; i < victoriesLacking; ++i)
+        defence /= fight::GreenDivisor;
+    for (int32_t i = pilot.missions; i < fight::MissionsNotGreen; ++i)
+        defence /= fight::GreenDivisor;
     return defence;
 }
 
@@ -153,38 +153,37 @@ bool MissionSimulator::meetWith(Draws& draws, int32_t attackerPlace, int32_t tar
     value += draws.getFloat(attacker.attack);
     value -= draws.getFloat(target.defence);
     value -= draws.getFloat(target.defence);
-    const bool defendsWell = target.skill > draws.template getInt<13>();
+    const bool defendsWell = target.skill > draws.template getInt<fight::ThirdDefenceDraw>();
     value -= draws.getFloatIf(defendsWell, target.defence, 0);
     value = std::max(value, 0.0F);
-    for (int32_t i = 0; i < 7; ++i) {
-        const bool fumbles = draws.template getInt<15>() > attacker.skill;
+    for (int32_t i = 0; i < fight::Aims; ++i) {
+        const bool fumbles = draws.template getInt<fight::AimDraw>() > attacker.skill;
         value = draws.getFloatIf(fumbles, value, value);
     }
-    const float good = draws.getFloat(LuckRange);
-    const float bad = draws.getFloat(LuckRange);
+    const float good = draws.getFloat(fight::Luck);
+    const float bad = draws.getFloat(fight::Luck);
     const float chance = value + good - bad;
     if (chance < 0)
         return false;
     const float hit = draws.getFloat(chance);
     float injury = 0;
-    if (hit > LeastWoundingHit)
-        injury = static_cast<float>(draws.template getInt<4>()) * 0.25F;
+    if (hit > fight::LeastWoundingHit)
+        injury = static_cast<float>(draws.template getInt<fight::WoundDraw>()) * fight::WoundStep;
     PilotReport& victim = pilots[static_cast<size_t>(targetPlace)];
     victim.damage += hit;
     victim.injury += injury;
-    if (victim.damage >= 1.0F)
+    if (victim.damage >= fight::DamageThatDowns)
         return takeOut(draws, attackerPlace, targetPlace);
     return alliedLeft == 0 || centralLeft == 0;
 }
 
 template <typename Draws>
 bool MissionSimulator::takeOut(Draws& draws, int32_t attacker, int32_t target) {
-    draws.template getInt<12>(); // drawn and dropped: the sequence of draws is what careers are
-                                 // made of
+    draws.template getInt<fight::DroppedDraw>(); // the sequence of draws is part of every career
     PilotReport& victim = pilots[static_cast<size_t>(target)];
     victim.shotDown = 1;
     victim.finished = 1;
-    if (victim.injury >= 1.0F) {
+    if (victim.injury >= fight::InjuryThatKills) {
         victim.dead = 1;
         victim.killCount = 1;
     }

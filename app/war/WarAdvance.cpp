@@ -25,7 +25,16 @@ constexpr PeriodBounds PeriodsByYear[] = {
     {1918, 14, 18, 1, 12},
 };
 
+// Unseen missions at the start of a career, with the most steps of each, and in a period.
+constexpr int32_t LeastStartMissions = 200;
+constexpr int32_t MostStartMissions = 300;
 constexpr int32_t StartUpSteps = 1000;
+constexpr int32_t LeastMissions = 400;
+constexpr int32_t MostMissions = 750;
+// The steps of a period's mission: a draw of a draw of one up to MostSteps, none below LeastSteps.
+constexpr int32_t LeastSteps = 10;
+constexpr int32_t MostSteps = 30000;
+constexpr int32_t SquadronsPerMove = 30; // one in so many changes its base in a period
 
 WarObserver* warObserver = nullptr;
 
@@ -72,14 +81,14 @@ void fightPlan(Database& career, const std::vector<PlannedPlane>& plan, MissionS
 
 void fightPeriod(Database& career, MissionGenerator& generator, const Stretch* stretch) {
     MissionSimulator simulator;
-    int32_t count = zel::random(400, 750);
+    int32_t count = zel::random(LeastMissions, MostMissions);
     if (career.year == 1915)
         count /= 2;
     for (int32_t i = 0; i < count; ++i) {
         generator.planMission(career, false);
-        const int32_t outer = zel::random(10, 30000);
-        const int32_t middle = zel::random(10, outer);
-        const int32_t steps = zel::random(10, middle);
+        const int32_t outer = zel::random(LeastSteps, MostSteps);
+        const int32_t middle = zel::random(LeastSteps, outer);
+        const int32_t steps = zel::random(LeastSteps, middle);
         fightPlan(career, generator.plan, simulator, steps);
         const float share = static_cast<float>(i + 1) / static_cast<float>(count);
         reportProgress(career, shareDone(career, stretch, share));
@@ -96,7 +105,7 @@ void advancePeriod(Database& career, MissionGenerator* generator, const Stretch*
     if (generator != nullptr)
         fightPeriod(career, *generator, stretch);
     for (size_t i = 0; i < career.squadrons.size(); ++i)
-        if (zel::random(0, 29) == 0)
+        if (zel::random(0, SquadronsPerMove - 1) == 0)
             assignBase(career, static_cast<int32_t>(i), isAllied(career.squadrons[i].nation), true);
     career.applyHistory();
 }
@@ -119,7 +128,7 @@ void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
     const Stretch stretch = {firstDay, target.dayNumber() - firstDay};
 
     MissionSimulator simulator;
-    const int32_t count = zel::random(200, 300);
+    const int32_t count = zel::random(LeastStartMissions, MostStartMissions);
     for (int32_t i = 0; i < count; ++i) {
         generator.planMission(*this, false);
         fightPlan(*this, generator.plan, simulator, StartUpSteps);

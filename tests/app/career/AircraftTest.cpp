@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <map>
+#include <regex>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -40,60 +42,54 @@ protected:
     zel::Random random{21};
 };
 
-struct Row {
-    int32_t from, to; // yyyymm
-    uint32_t denominator;
-    const char* planes;
-};
+/// yyyymm of "March 1916".
+int32_t monthOf(const std::string& text) {
+    const size_t blank = text.find(' ');
+    int32_t month = 1;
+    while (month < 13 && Calendar::monthName(month) != zel::String(text.substr(0, blank)))
+        ++month;
+    return std::stoi(text.substr(blank + 1)) * 100 + month;
+}
 
-// The war of each side by months, from the first row's past to the last one's future.
-constexpr Row AlliedRows[] = {
-    {190001, 191602, 2, "dh2 nieuport11 "},
-    {191603, 191605, 3, "dh2 nieuport11 nieuport17 "},
-    {191606, 191607, 2, "dh2 nieuport17 "},
-    {191608, 191609, 2, "nieuport17 spad7early "},
-    {191610, 191611, 2, "soppup spad7early "},
-    {191612, 191702, 2, "soppup soptriplane "},
-    {191703, 191703, 4, "se5a se5a soppup soptriplane "},
-    {191704, 191705, 5, "se5a se5a soppup soptriplane spad7 "},
-    {191706, 191707, 10,
-     "se5a se5a se5a sopcamel sopcamel spad13 spad13 soppup soptriplane spad7 "},
-    {191708, 191801, 4, "nieuport28 se5a sopcamel spad13 "},
-    {191802, 192112, 6, "sopcamel sopcamel nieuport28 se5a sopdolphin spad13 "},
-};
-constexpr Row CentralRows[] = {
-    {190001, 191604, 1, "fokkere3 "},
-    {191605, 191606, 3, "fokkere3 fokkere3 halberstadtd2 "},
-    {191607, 191609, 3, "halberstadtd2 halberstadtd2 fokkere3 "},
-    {191610, 191610, 2, "albatrosd2 halberstadtd2 "},
-    {191611, 191612, 1, "albatrosd2 "},
-    {191701, 191701, 2, "albatrosd2 albatrosd2late "},
-    {191702, 191702, 1, "albatrosd2late "},
-    {191703, 191703, 2, "albatrosd2late albatrosd3 "},
-    {191704, 191706, 1, "albatrosd3 "},
-    {191707, 191707, 1, "albatrosd5 "},
-    {191708, 191708, 2, "albatrosd5 pfalzd3a "},
-    {191709, 191709, 3, "albatrosd5 fokkerdr1 pfalzd3a "},
-    {191710, 191712, 10,
-     "fokkerdr1 fokkerdr1 fokkerdr1 fokkerdr1 fokkerdr1 fokkerdr1 fokkerdr1 pfalzd3a pfalzd3a "
-     "albatrosd5 "},
-    {191801, 191804, 1, "fokkerdr1 "},
-    {191805, 191806, 1, "fokkerd7 "},
-    {191807, 191808, 3, "fokkerd7 fokkerd7f pfalzd12 "},
-    {191809, 191812, 3, "fokkerd7f fokkerd8 pfalzd12 "},
-    {191901, 192112, 1, "fokkerd8 "},
-};
+/// "SE5a 2/4, Sopwith Pup 1/4, ..." as row() gives it, with the denominator.
+std::pair<std::string, uint32_t> sharesOf(const std::string& cell) {
+    static const std::regex share("([^,]+) (\\d+)/(\\d+)(, )?");
+    std::string planes;
+    uint32_t denominator = 0;
+    for (std::sregex_iterator at(cell.begin(), cell.end(), share), end; at != end; ++at) {
+        const auto& names = planeDisplayNames();
+        const auto name = std::find(names.begin(), names.end(), zel::String((*at)[1].str()));
+        EXPECT_NE(name, names.end()) << (*at)[1];
+        if (name == names.end())
+            continue;
+        for (int32_t i = 0; i < std::stoi((*at)[2]); ++i)
+            planes += std::string(planeIdentifiers()[size_t(name - names.begin())]) + " ";
+        denominator = static_cast<uint32_t>(std::stoi((*at)[3]));
+    }
+    return {planes, denominator};
+}
 
-TEST_F(AircraftTest, DrawsEveryPeriodByItsShares) {
-    const auto check = [this](bool allied, const auto& rows) {
-        for (const Row& expected : rows)
-            for (const int32_t month : {expected.from, expected.to})
-                EXPECT_EQ(row(allied, month / 100, month % 100, expected.denominator),
-                          expected.planes)
-                    << month;
-    };
-    check(true, AlliedRows);
-    check(false, CentralRows);
+// The document has the figures in the order of the draw; in its tables the Allies come first.
+TEST_F(AircraftTest, DrawsWhatTheDocumentSays) {
+    static const std::regex line("\\| (\\w+ \\d{4}) \\| (\\w+ \\d{4}) \\| (.*) \\|");
+    std::istringstream document(fileText(DOCS_FOLDER "/rules.md"));
+    int32_t rows = 0;
+    bool allied = true;
+    std::smatch cells;
+    for (std::string text; std::getline(document, text);) {
+        allied = allied && text != "The Germans:";
+        if (!std::regex_match(text, cells, line))
+            continue;
+        ++rows;
+        const auto [planes, denominator] = sharesOf(cells[3]);
+        for (const int32_t month : {monthOf(cells[1]), monthOf(cells[2])})
+            EXPECT_EQ(row(allied, month / 100, month % 100, denominator), planes) << text;
+    }
+    EXPECT_EQ(rows, 28);
+    EXPECT_EQ(row(true, 1900, 1, 2) + row(true, 1921, 12, 6),
+              "dh2 nieuport11 sopcamel sopcamel nieuport28 se5a sopdolphin spad13 ");
+    EXPECT_EQ(row(false, 1900, 1, 1) + row(false, 1918, 12, 3) + row(false, 1919, 1, 1),
+              "fokkere3 fokkerd7f fokkerd8 pfalzd12 fokkerd8 ");
 }
 
 TEST_F(AircraftTest, GivesEachNationWhatItFlew) {

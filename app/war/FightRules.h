@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+
+/// The figures of an unseen fight, in the order in which a meeting uses them. docs/rules.md
+/// explains them to players. Changing one changes every career.
+namespace fight {
+
+// Each of the two draws for the attacker goes up to his level's part and, from a level on, his
+// skill's.
+constexpr float AttackOfLevel = 0.06F;
+constexpr float AttackOfSkill = 0.06F;
+constexpr int32_t LevelThatUsesSkill = 3;
+
+// Each of the draws for the target goes up to the sum of these, divided for what he lacks.
+constexpr float DefenceOfLevel = 0.092F;
+constexpr float DefenceOfSkill = 0.01F;
+constexpr float NoVictoryDivisor = 1.2F;
+constexpr float GreenDivisor = 1.05F;    // for each victory and each mission that he lacks
+constexpr int32_t VictoriesNotGreen = 5; // so many lack none
+constexpr int32_t MostVictoriesLacking = 4;
+constexpr int32_t MissionsNotGreen = 4;
+
+constexpr uint32_t ThirdDefenceDraw = 13; // a skill above the draw defends a third time
+constexpr int32_t Aims = 7;
+constexpr uint32_t AimDraw = 15; // a draw above the skill spoils the aim
+constexpr float Luck = 0.305F;   // up to this much is added, and up to this much taken off
+
+constexpr float LeastWoundingHit = 0.1F;
+constexpr uint32_t WoundDraw = 4;
+constexpr float WoundStep = 0.25F; // of each point of that draw
+constexpr float DamageThatDowns = 1.0F;
+constexpr float InjuryThatKills = 1.0F;
+constexpr uint32_t DroppedDraw = 12; // made when a plane goes down, and used for nothing
+
+} // namespace fight
