@@ -203,20 +203,18 @@ const std::vector<zel::String>& planeDisplayNames() {
 int32_t planeIndex(std::string_view identifier) {
     const std::vector<Aircraft>& rows = AircraftTable::rows();
     for (auto i = static_cast<int32_t>(rows.size()) - 1; i >= 0; --i)
-        if (identifier == rows[static_cast<size_t>(i)].identifier)
+        if (identifier == rows[i].identifier)
             return i;
     return -1;
 }
 
-bool isAlliedPlane(int32_t index) {
-    return AircraftTable::rows()[static_cast<size_t>(index)].isAllied();
-}
+bool isAlliedPlane(int32_t index) { return AircraftTable::rows()[index].isAllied(); }
 
 zel::String planeDisplayName(const zel::String& identifier) {
     const int32_t index = planeIndex(identifier);
     if (index < 0)
         return identifier;
-    return AircraftTable::rows()[static_cast<size_t>(index)].displayName;
+    return AircraftTable::rows()[index].displayName;
 }
 
 zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t /*day*/) {
@@ -262,7 +260,7 @@ std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t mo
 
 zel::String payloadId(const zel::String& plane) {
     const int32_t index = planeIndex(plane);
-    return index >= 0 ? AircraftTable::rows()[static_cast<size_t>(index)].payload : "0";
+    return index >= 0 ? AircraftTable::rows()[index].payload : "0";
 }
 
 void setPlaneRandom(zel::Random* random) { currentRandom = random; }

@@ -60,7 +60,7 @@ bool isPlayersSquadron(const Database& career, int32_t squadron) {
 void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawChannel) {
     if (!career.isSquadron(squadron))
         return;
-    Squadron& moved = career.squadrons[static_cast<size_t>(squadron)];
+    Squadron& moved = career.squadron(squadron);
     bool onChannelMap = mayDrawChannel && zel::random(0, SquadronsPerChannel - 1) == 0;
     if (isPlayersSquadron(career, squadron)) {
         const bool western = zel::Registry::isOn("mapWestern");

@@ -83,10 +83,10 @@ private:
             int32_t kept = 0;
             for (int32_t slot = 0; slot < listed; ++slot) {
                 const int32_t pilot = squadron.slots[slot];
-                if (!career.isPilot(pilot) || placed[static_cast<size_t>(pilot)])
+                if (!career.isPilot(pilot) || placed[pilot])
                     continue;
-                placed[static_cast<size_t>(pilot)] = true;
-                Pilot& holder = career.pilots[static_cast<size_t>(pilot)];
+                placed[pilot] = true;
+                Pilot& holder = career.pilot(pilot);
                 faults += holder.squadron != static_cast<int32_t>(i);
                 holder.squadron = static_cast<int32_t>(i);
                 squadron.slots[kept++] = pilot;
@@ -104,9 +104,8 @@ private:
         int32_t& pending = career.invitationSquadron;
         if (pending != NoSearch)
             checkIndex(pending, career.squadrons.size(), NoInvitation, faults);
-        if (pending >= 0 &&
-            (pending == career.player().squadron ||
-             career.squadrons[static_cast<size_t>(pending)].nation != career.player().nation)) {
+        if (pending >= 0 && (pending == career.player().squadron ||
+                             career.squadron(pending).nation != career.player().nation)) {
             pending = NoInvitation;
             ++faults;
         }

@@ -12,7 +12,7 @@ constexpr size_t AceRows = 10;
 constexpr const char* NoAces = "(NO PILOTS WITH MORE THAN 5 SHOTDOWNS)"; // sic: five are enough
 
 zel::String scoreLine(const Database& career, int32_t index) {
-    const Pilot& pilot = career.pilots[static_cast<size_t>(index)];
+    const Pilot& pilot = career.pilot(index);
     return zel::String(zel::arrayText(pilot.name)) +
            (index == career.playerPilot ? " (you!)" : "") + ": " + pilot.shotdowns;
 }
@@ -53,8 +53,7 @@ zel::String playerText(const Database& career, int32_t predecessor) {
     const Pilot& player = career.player();
     zel::String text = zel::arrayText(player.name);
     if (career.isPilot(predecessor))
-        text += zel::String(", successor to ") +
-                zel::arrayText(career.pilots[static_cast<size_t>(predecessor)].name);
+        text += zel::String(", successor to ") + zel::arrayText(career.pilot(predecessor).name);
     return text + ": victories " + player.shotdowns + ", missions " + player.missions;
 }
 
@@ -71,8 +70,8 @@ std::vector<int32_t> bestPilots(const std::vector<Pilot>& pilots, size_t count) 
     std::iota(best.begin(), best.end(), 0);
     const auto end = best.begin() + static_cast<std::ptrdiff_t>(std::min(count, best.size()));
     std::partial_sort(best.begin(), end, best.end(), [&](int32_t a, int32_t b) {
-        const Pilot& first = pilots[static_cast<size_t>(a)];
-        const Pilot& second = pilots[static_cast<size_t>(b)];
+        const Pilot& first = pilots[a];
+        const Pilot& second = pilots[b];
         if (first.shotdowns != second.shotdowns)
             return first.shotdowns > second.shotdowns;
         if (first.missions != second.missions)
@@ -86,7 +85,7 @@ std::vector<int32_t> bestPilots(const std::vector<Pilot>& pilots, size_t count) 
 std::vector<zel::String> aceLines(const Database& career) {
     std::vector<zel::String> lines;
     for (const int32_t index : bestPilots(career.pilots, AceRows)) {
-        const Pilot& pilot = career.pilots[static_cast<size_t>(index)];
+        const Pilot& pilot = career.pilot(index);
         if (pilot.shotdowns >= AceShotdowns)
             lines.push_back(scoreLine(career, index) + (pilot.alive == 0 ? " RIP" : ""));
         else

@@ -25,7 +25,7 @@ constexpr int32_t RoundsForNamedSquadron = 1249;
 constexpr int32_t RoundsForFlyingSquadron = 2499;
 
 /// Indices of the name lists.
-enum NameList : int32_t { FrenchNames = 0, EnglishNames = 1, GermanNames = 2, AmericanNames = 3 };
+enum NamesOf : int32_t { FrenchNames = 0, EnglishNames = 1, GermanNames = 2, AmericanNames = 3 };
 constexpr const char* NameListPrefixes[] = {"France", "England", "Germany", "USA"};
 
 constexpr int32_t NationsInTurn[] = {France, England, Germany}; // of generated squadrons
@@ -144,29 +144,29 @@ int32_t Database::addSquadron(int32_t nation) {
 }
 
 void Database::makeHistoricalSquadron(int32_t fileIndex) {
-    SquadronFile& file = squadronFiles[static_cast<size_t>(fileIndex)];
+    SquadronFile& file = squadronFiles[fileIndex];
     const int32_t nation = nationOfKey(zel::arrayText(file.key));
-    Squadron& squadron = squadrons[static_cast<size_t>(addSquadron(nation))];
-    squadron.squadronFile = static_cast<int16_t>(fileIndex);
-    zel::copyText(squadron.key, zel::arrayText(file.key).substr(0, 11));
+    Squadron& made = squadron(addSquadron(nation));
+    made.squadronFile = static_cast<int16_t>(fileIndex);
+    zel::copyText(made.key, zel::arrayText(file.key).substr(0, 11));
 
     std::vector<DataToken> tokens;
     for (const int32_t line : file.lines) {
         if (line < 0)
             continue;
-        splitDataLine(zel::arrayText(dataLines[static_cast<size_t>(line)].text), tokens);
+        splitDataLine(zel::arrayText(dataLine(line).text), tokens);
         for (const DataToken& token : tokens) {
             if (!token.is("date"))
                 continue;
             zel::copyText(file.lastDate, token.value);
-            const std::string_view earliest = zel::arrayText(squadron.earliestDate);
+            const std::string_view earliest = zel::arrayText(made.earliestDate);
             if (token.value.size() > 3 && (earliest.empty() || token.value < earliest))
-                zel::copyText(squadron.earliestDate, token.value);
+                zel::copyText(made.earliestDate, token.value);
         }
     }
     if (zel::isLogged("Database", zel::LogDebug))
-        zel::log(zel::String("Earliest date for squadron ") + zel::arrayText(squadron.key) +
-                     " is: " + zel::arrayText(squadron.earliestDate),
+        zel::log(zel::String("Earliest date for squadron ") + zel::arrayText(made.key) +
+                     " is: " + zel::arrayText(made.earliestDate),
                  "Database", zel::LogDebug);
 }
 
@@ -217,15 +217,15 @@ void Database::choosePlayer(int32_t service) {
 
     const auto lastSquadron = static_cast<int32_t>(squadrons.size()) - 1;
     for (int32_t counter = 1;; ++counter) {
-        const Squadron& squadron = squadrons[static_cast<size_t>(random.getInt(0, lastSquadron))];
-        playerPilot = squadron.slots[0];
-        bool fits = squadron.nation == nation;
-        const zel::String plane = chooseNationPlane(squadron.nation, year, month, day);
+        const Squadron& drawn = squadron(random.getInt(0, lastSquadron));
+        playerPilot = drawn.slots[0];
+        bool fits = drawn.nation == nation;
+        const zel::String plane = chooseNationPlane(drawn.nation, year, month, day);
         if (fits && counter <= RoundsForNamedSquadron)
-            fits = hasUnitName(unitNumber(*this, squadron.squadronFile));
+            fits = hasUnitName(unitNumber(*this, drawn.squadronFile));
         // Asked only where the answer matters: no draw depends on it.
         const bool good = fits && (counter > RoundsForFlyingSquadron ||
-                                   hasAircraft(zel::String(zel::arrayText(squadron.key)), plane));
+                                   hasAircraft(zel::String(zel::arrayText(drawn.key)), plane));
         if (good) {
             zel::console("Selected aircraft: " + plane);
             zel::console(zel::String("Counter: ") + counter);

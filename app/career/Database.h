@@ -8,6 +8,7 @@
 #include "app/career/DataTokens.h"
 #include "app/career/EntireFile.h"
 #include "app/career/Nation.h"
+#include "app/career/RecordAt.h"
 #include "app/career/Records.h"
 #include "engine/core/Random.h"
 #include "engine/core/String.h"
@@ -58,19 +59,36 @@ public:
     uint32_t careerSeed() const;
     bool hasCareer() const { return !squadrons.empty() && !pilots.empty(); }
     Calendar calendar() const { return {year, month, day}; }
-    /// REQUIRES, as playerSquadron() does: a career.
-    Pilot& player() { return pilots[static_cast<size_t>(playerPilot)]; }
-    const Pilot& player() const { return pilots[static_cast<size_t>(playerPilot)]; }
-    Squadron& playerSquadron() { return squadrons[static_cast<size_t>(player().squadron)]; }
-    const Squadron& playerSquadron() const {
-        return squadrons[static_cast<size_t>(player().squadron)];
-    }
     bool isPilot(int32_t index) const {
         return index >= 0 && static_cast<size_t>(index) < pilots.size();
     }
     bool isSquadron(int32_t index) const {
         return index >= 0 && static_cast<size_t>(index) < squadrons.size();
     }
+
+    // The records by their indices. On error: a log line at level 2 and a blank record, in which
+    // whatever is written is lost (RecordAt.h). So it is with player() and playerSquadron() while
+    // there is no career.
+
+    Pilot& pilot(int32_t index) { return recordAt(pilots, index, "pilot"); }
+    const Pilot& pilot(int32_t index) const { return recordAt(pilots, index, "pilot"); }
+    Squadron& squadron(int32_t index) { return recordAt(squadrons, index, "squadron"); }
+    const Squadron& squadron(int32_t index) const { return recordAt(squadrons, index, "squadron"); }
+    const SquadronFile& squadronFile(int32_t index) const {
+        return recordAt(squadronFiles, index, "squadron file");
+    }
+    PilotFile& pilotFile(int32_t index) { return recordAt(pilotFiles, index, "pilot file"); }
+    const PilotFile& pilotFile(int32_t index) const {
+        return recordAt(pilotFiles, index, "pilot file");
+    }
+    DataLine& dataLine(int32_t index) { return recordAt(dataLines, index, "data line"); }
+    const DataLine& dataLine(int32_t index) const {
+        return recordAt(dataLines, index, "data line");
+    }
+    Pilot& player() { return pilot(playerPilot); }
+    const Pilot& player() const { return pilot(playerPilot); }
+    Squadron& playerSquadron() { return squadron(player().squadron); }
+    const Squadron& playerSquadron() const { return squadron(player().squadron); }
 
     // DatabaseFiles.cpp: the historical data files and what they say of aeroplanes
 

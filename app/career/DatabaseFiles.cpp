@@ -57,13 +57,13 @@ private:
     // A squadron names its file by a number of 16 bits.
     static constexpr size_t MostRecords = 32767;
 
-    struct Entry {
+    struct KnownFile {
         size_t record;
         int32_t lineCount;
     };
 
-    Entry& entryOf(const std::string& name) {
-        const auto [place, isNew] = entries.try_emplace(name, Entry{records.size(), 0});
+    KnownFile& fileOf(const std::string& name) {
+        const auto [place, isNew] = knownFiles.try_emplace(name, KnownFile{records.size(), 0});
         if (isNew) {
             records.push_back(blank<Record>());
             setName(records.back(), name);
@@ -74,7 +74,7 @@ private:
     void readFile(const zel::String& path, const std::string& name) {
         if (name.size() > 63)
             logFile(path, "the name is cut to 63 characters");
-        Entry& entry = entryOf(name.substr(0, 63));
+        KnownFile& known = fileOf(name.substr(0, 63));
         zel::File file(path, zel::FileRead);
         if (file.hasFailed())
             logFile(path, "can't be read");
@@ -82,12 +82,12 @@ private:
         while (file.hasLine()) {
             const std::string_view text = file.lineView();
             hasLongLine = hasLongLine || text.size() > 255;
-            if (entry.lineCount < LineReferenceCount)
-                records[entry.record].lines[entry.lineCount] =
+            if (known.lineCount < LineReferenceCount)
+                records[known.record].lines[known.lineCount] =
                     static_cast<int32_t>(dataLines.size());
-            else if (entry.lineCount == LineReferenceCount)
+            else if (known.lineCount == LineReferenceCount)
                 logFile(path, "only the first 256 lines are used");
-            ++entry.lineCount;
+            ++known.lineCount;
             dataLines.push_back(blank<DataLine>());
             zel::copyText(dataLines.back().text, text);
         }
@@ -97,7 +97,7 @@ private:
 
     std::vector<Record>& records;
     std::vector<DataLine>& dataLines;
-    std::map<std::string, Entry> entries;
+    std::map<std::string, KnownFile> knownFiles;
 };
 
 bool namesPlane(const std::vector<DataToken>& tokens, std::string_view plane) {
@@ -125,8 +125,7 @@ bool anyLineOf(const Database& database, std::string_view key, const Use& use) {
         if (zel::arrayText(file.key) != key)
             continue;
         for (const int32_t line : file.lines)
-            if (line >= 0 &&
-                use(zel::arrayText(database.dataLines[static_cast<size_t>(line)].text)))
+            if (line >= 0 && use(zel::arrayText(database.dataLine(line).text)))
                 return true;
     }
     return false;
@@ -202,10 +201,10 @@ zel::String Database::pilotSkin(int32_t pilotFile, const zel::String& plane) con
     if (pilotFile < 0 || static_cast<size_t>(pilotFile) >= pilotFiles.size())
         return {};
     std::vector<DataToken> tokens;
-    for (const int32_t line : pilotFiles[static_cast<size_t>(pilotFile)].lines) {
+    for (const int32_t line : pilotFiles[pilotFile].lines) {
         if (line < 0)
             continue;
-        splitDataLine(zel::arrayText(dataLines[static_cast<size_t>(line)].text), tokens);
+        splitDataLine(zel::arrayText(dataLine(line).text), tokens);
         const DataToken* skin = findSkin(tokens);
         if (skin != nullptr && namesPlane(tokens, plane))
             return zel::String(skin->value);

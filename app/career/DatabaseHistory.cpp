@@ -136,8 +136,8 @@ void Database::activateSquadrons(int32_t atYear, int32_t atMonth, int32_t atDay)
 void Database::applyHistory() {
     const zel::String today = calendar().dateText();
     for (size_t i = 0; i < pilotFiles.size(); ++i) {
-        const int32_t pilot = pilotFiles[i].pilotIndex;
-        if (!isPilot(pilot) || pilots[static_cast<size_t>(pilot)].alive != 0)
+        const int32_t joined = pilotFiles[i].pilotIndex;
+        if (!isPilot(joined) || pilot(joined).alive != 0)
             applyPilotFile(static_cast<int32_t>(i), today);
     }
     for (size_t i = 0; i < squadrons.size(); ++i)
@@ -145,21 +145,21 @@ void Database::applyHistory() {
 }
 
 void Database::applyPilotFile(int32_t fileIndex, std::string_view today) {
-    const PilotFile& file = pilotFiles[static_cast<size_t>(fileIndex)];
+    const PilotFile& file = pilotFile(fileIndex);
     const zel::String name(zel::arrayText(file.name));
     std::vector<DataToken> tokens;
     for (int32_t place = 0; place < LineReferenceCount; ++place) {
         const int32_t line = file.lines[place];
-        if (line < 0 || dataLines[static_cast<size_t>(line)].applied != 0)
+        if (line < 0 || dataLine(line).applied != 0)
             continue;
-        splitDataLine(zel::arrayText(dataLines[static_cast<size_t>(line)].text), tokens);
+        splitDataLine(zel::arrayText(dataLine(line).text), tokens);
         bool usedUp = false;
         for (const DataToken& token : tokens)
             if (token.is("date") && token.value <= today)
                 usedUp = applyPilotEvent(name, tokens, fileIndex) || usedUp;
         if (!usedUp)
             continue;
-        dataLines[static_cast<size_t>(line)].applied = 1;
+        dataLine(line).applied = 1;
         useUpPostings(file, place);
     }
 }
@@ -168,9 +168,7 @@ void Database::applyPilotFile(int32_t fileIndex, std::string_view today) {
 /// to the squadron that he joined first. The player's own lines stand behind the delivered ones, so
 /// it is the date that counts, and the place only among equal dates.
 void Database::useUpPostings(const PilotFile& file, int32_t place) {
-    const auto lineAt = [&](int32_t at) -> DataLine& {
-        return dataLines[static_cast<size_t>(file.lines[at])];
-    };
+    const auto lineAt = [&](int32_t at) -> DataLine& { return dataLine(file.lines[at]); };
     std::vector<DataToken> tokens;
     splitDataLine(zel::arrayText(lineAt(place).text), tokens);
     const std::string_view moved = postingDate(tokens);
@@ -185,39 +183,39 @@ void Database::useUpPostings(const PilotFile& file, int32_t place) {
 }
 
 void Database::fillVacantSlots(int32_t squadron) {
-    const size_t index = static_cast<size_t>(squadron);
-    for (int32_t slot = 0; slot < squadrons[index].pilotCount; ++slot) {
-        const int32_t leaving = squadrons[index].slots[slot];
-        if (!isPilot(leaving) || pilots[static_cast<size_t>(leaving)].alive != 0)
+    Squadron& filled = squadrons[squadron];
+    for (int32_t slot = 0; slot < filled.pilotCount; ++slot) {
+        const int32_t leaving = filled.slots[slot];
+        if (!isPilot(leaving) || pilot(leaving).alive != 0)
             continue;
-        Pilot pilot = makeReplacement(squadron);
+        Pilot made = makeReplacement(squadron);
         int32_t skill = random.getInt(0, HighestSkillOfReplacement);
         while (random.getInt(0, ExtraSkillDraw) == 0)
             ++skill;
-        pilot.skill = static_cast<uint8_t>(std::min(skill, 255));
+        made.skill = static_cast<uint8_t>(std::min(skill, 255));
         const auto coming = static_cast<int32_t>(pilots.size());
-        pilots.push_back(pilot);
+        pilots.push_back(made);
         if (leaving == playerPilot)
             playerPilot = coming;
-        squadrons[index].slots[slot] = coming;
+        filled.slots[slot] = coming;
     }
 }
 
 /// A new man of the squadron with a name and no skill yet.
 Pilot Database::makeReplacement(int32_t squadron) {
-    const int32_t nation = squadrons[static_cast<size_t>(squadron)].nation;
-    Pilot pilot = blank<Pilot>();
-    zel::copyText(pilot.name, drawPilotName(nation));
-    pilot.squadron = squadron;
-    pilot.alive = 1;
-    pilot.nation = static_cast<uint16_t>(nation);
-    return pilot;
+    const int32_t nation = squadrons[squadron].nation;
+    Pilot made = blank<Pilot>();
+    zel::copyText(made.name, drawPilotName(nation));
+    made.squadron = squadron;
+    made.alive = 1;
+    made.nation = static_cast<uint16_t>(nation);
+    return made;
 }
 
 bool Database::applyPilotEvent(const zel::String& name, const std::vector<DataToken>& tokens,
                                int32_t fileIndex) {
     bool usedUp = false;
-    const PilotFile& file = pilotFiles[static_cast<size_t>(fileIndex)];
+    const PilotFile& file = pilotFile(fileIndex);
     for (const DataToken& token : tokens) {
         if (!token.is("unit") || token.value.empty())
             continue;
@@ -234,15 +232,14 @@ bool Database::joinSquadron(const zel::String& name, std::string_view key,
     const int32_t index = squadronOfKey(squadrons, key);
     if (index < 0)
         return false;
-    Squadron& squadron = squadrons[static_cast<size_t>(index)];
+    Squadron& joined = squadron(index);
     int32_t slot = 0;
-    for (; slot < squadron.pilotCount; ++slot) {
-        const int32_t holder = squadron.slots[slot];
-        if (isPilot(holder) && pilots[static_cast<size_t>(holder)].alive == 0 &&
-            holder != playerPilot)
+    for (; slot < joined.pilotCount; ++slot) {
+        const int32_t holder = joined.slots[slot];
+        if (isPilot(holder) && pilot(holder).alive == 0 && holder != playerPilot)
             break;
     }
-    if (slot == squadron.pilotCount)
+    if (slot == joined.pilotCount)
         return false; // he waits for a vacancy
 
     const int32_t aceLevel = tokenNumber(tokens, "acelevel", -1);
@@ -250,16 +247,16 @@ bool Database::joinSquadron(const zel::String& name, std::string_view key,
     if (aceLevel >= 3)
         zel::log("Pilot " + name + " has acelevel=" + aceLevel + ", taken for 2", "Database",
                  zel::LogWarning);
-    Pilot pilot = makeReplacement(index);
+    Pilot joining = makeReplacement(index);
     if (!name.empty())
-        zel::copyText(pilot.name, name);
-    pilot.skill = drawHistoricSkill(aceLevel, acePotential, random);
-    pilot.historic = 1;
-    pilot.pilotFile = fileIndex;
+        zel::copyText(joining.name, name);
+    joining.skill = drawHistoricSkill(aceLevel, acePotential, random);
+    joining.historic = 1;
+    joining.pilotFile = fileIndex;
     const auto pilotIndex = static_cast<int32_t>(pilots.size());
-    pilots.push_back(pilot);
-    squadron.slots[slot] = pilotIndex;
-    PilotFile& file = pilotFiles[static_cast<size_t>(fileIndex)];
+    pilots.push_back(joining);
+    joined.slots[slot] = pilotIndex;
+    PilotFile& file = pilotFile(fileIndex);
     file.joined = 1;
     file.pilotIndex = pilotIndex;
     if (zel::isLogged("Database", zel::LogInfo))
@@ -271,20 +268,20 @@ bool Database::joinSquadron(const zel::String& name, std::string_view key,
 /// Whether he moved; nothing if there is no such squadron or nobody there to change places with.
 std::optional<bool> Database::moveToSquadron(const zel::String& name, std::string_view key,
                                              int32_t fileIndex) {
-    const int32_t pilot = pilotFiles[static_cast<size_t>(fileIndex)].pilotIndex;
+    const int32_t moving = pilotFile(fileIndex).pilotIndex;
     const int32_t target = squadronOfKey(squadrons, key);
     if (target < 0)
         return std::nullopt;
     // The line by which he joined, read again: it has no effect as long as he stays.
-    if (target == pilots[static_cast<size_t>(pilot)].squadron)
+    if (target == pilot(moving).squadron)
         return false;
     const std::vector<int32_t> roster = squadronRoster(target);
     const auto partner = std::find_if(roster.rbegin(), roster.rend(), [&](int32_t candidate) {
-        return pilots[static_cast<size_t>(candidate)].pilotFile < 0 && candidate != playerPilot;
+        return pilot(candidate).pilotFile < 0 && candidate != playerPilot;
     });
     if (partner == roster.rend())
         return std::nullopt;
-    if (!swapPilots(pilot, *partner))
+    if (!swapPilots(moving, *partner))
         return false;
     if (zel::isLogged("Database", zel::LogInfo))
         zel::log("Pilot " + name + " moves to squadron " + key, "Database", zel::LogInfo);
@@ -294,12 +291,12 @@ std::optional<bool> Database::moveToSquadron(const zel::String& name, std::strin
 bool Database::swapPilots(int32_t first, int32_t second) {
     if (!isPilot(first) || !isPilot(second))
         return false;
-    Pilot& a = pilots[static_cast<size_t>(first)];
-    Pilot& b = pilots[static_cast<size_t>(second)];
+    Pilot& a = pilot(first);
+    Pilot& b = pilot(second);
     if (a.squadron == b.squadron || !isSquadron(a.squadron) || !isSquadron(b.squadron))
         return false;
-    int32_t* slotA = slotOf(squadrons[static_cast<size_t>(a.squadron)], first);
-    int32_t* slotB = slotOf(squadrons[static_cast<size_t>(b.squadron)], second);
+    int32_t* slotA = slotOf(squadron(a.squadron), first);
+    int32_t* slotB = slotOf(squadron(b.squadron), second);
     if (slotA == nullptr || slotB == nullptr)
         return false;
     std::swap(a.squadron, b.squadron);
@@ -312,11 +309,10 @@ std::vector<int32_t> Database::squadronRoster(int32_t squadron) const {
     std::vector<int32_t> roster;
     if (!isSquadron(squadron))
         return roster;
-    for (const int32_t pilot : squadrons[static_cast<size_t>(squadron)].slots)
-        if (isPilot(pilot))
-            roster.push_back(pilot);
-    std::stable_sort(roster.begin(), roster.end(), [&](int32_t a, int32_t b) {
-        return isBetter(pilots[static_cast<size_t>(a)], pilots[static_cast<size_t>(b)]);
-    });
+    for (const int32_t slot : squadrons[squadron].slots)
+        if (isPilot(slot))
+            roster.push_back(slot);
+    std::stable_sort(roster.begin(), roster.end(),
+                     [&](int32_t a, int32_t b) { return isBetter(pilots[a], pilots[b]); });
     return roster;
 }

@@ -25,8 +25,8 @@ public:
 
     int32_t lineCount() const { return static_cast<int32_t>(lines.size()); }
     /// REQUIRES: 0 <= index < lineCount().
-    zel::String& line(int32_t index) { return lines[static_cast<size_t>(index)]; }
-    const zel::String& line(int32_t index) const { return lines[static_cast<size_t>(index)]; }
+    zel::String& line(int32_t index) { return lines[index]; }
+    const zel::String& line(int32_t index) const { return lines[index]; }
 
     std::vector<zel::String> lines;
     zel::String fileName; // as given to the last loadFile

@@ -20,7 +20,7 @@ bool applyReports(const std::vector<PilotReport>& reports, Database& career) {
         if (!career.isPilot(report.pilot))
             continue;
         any = true;
-        Pilot& pilot = career.pilots[static_cast<size_t>(report.pilot)];
+        Pilot& pilot = career.pilot(report.pilot);
         pilot.shotdowns = raised(pilot.shotdowns, report.kills.size());
         pilot.missions = raised(pilot.missions, 1);
         if (report.dead != 0)

@@ -104,6 +104,7 @@ static_assert(std::is_trivial_v<Pilot> && std::is_trivial_v<Squadron> &&
 template <typename Record> Record blank() { return Record{}; }
 template <> inline Pilot blank<Pilot>() {
     Pilot pilot{};
+    pilot.squadron = -1;
     pilot.pilotFile = -1;
     return pilot;
 }

@@ -74,5 +74,5 @@ bool hasUnitName(int32_t number) {
 int32_t unitNumber(const Database& career, int32_t squadronFile) {
     if (squadronFile < 0 || static_cast<size_t>(squadronFile) >= career.squadronFiles.size())
         return -1;
-    return zel::toInt(zel::arrayText(career.squadronFiles[static_cast<size_t>(squadronFile)].key));
+    return zel::toInt(zel::arrayText(career.squadronFile(squadronFile).key));
 }

@@ -27,7 +27,7 @@ void logHopeless(const char* what) { zel::log(what, "Mission Generator", zel::Lo
 /// leaves him the drawn one.
 zel::String ownedType(const zel::String& drawn, bool allied) {
     for (int32_t i = planeIndex(drawn); i >= 0; --i) {
-        const zel::String& type = planeIdentifiers()[static_cast<size_t>(i)];
+        const zel::String& type = planeIdentifiers()[i];
         if (zel::Registry::isOn(type))
             return isAlliedPlane(i) == allied ? type : drawn;
     }
@@ -36,7 +36,7 @@ zel::String ownedType(const zel::String& drawn, bool allied) {
 
 PlannedPlane planeOf(const Database& career, int32_t pilotIndex, int32_t squadron,
                      const zel::String& type) {
-    const Pilot& pilot = career.pilots[static_cast<size_t>(pilotIndex)];
+    const Pilot& pilot = career.pilot(pilotIndex);
     PlannedPlane plane;
     plane.pilot = pilotIndex;
     plane.name = zel::String(zel::arrayText(pilot.name));
@@ -83,7 +83,7 @@ void MissionGenerator::planMission(Database& career, bool withPlayer) {
 /// The pilot's place in the plan; -1 if he isn't in it.
 int32_t MissionGenerator::findPlace(int32_t pilot) const {
     for (auto i = static_cast<int32_t>(plan.size()) - 1; i >= 0; --i)
-        if (plan[static_cast<size_t>(i)].pilot == pilot)
+        if (plan[i].pilot == pilot)
             return i;
     return -1;
 }
@@ -129,7 +129,7 @@ bool MissionGenerator::chooseSide(const Database& career, bool allied, bool with
             return false;
         if (!withPlayer)
             return true;
-        const Squadron& squadron = career.squadrons[static_cast<size_t>(side.squadron)];
+        const Squadron& squadron = career.squadron(side.squadron);
         if (squadron.squadronFile < 0) {
             if (isPlayers)
                 return true;
@@ -137,7 +137,7 @@ bool MissionGenerator::chooseSide(const Database& career, bool allied, bool with
         }
         if (isPlanningLogged())
             logPlanning(zel::String("Checking squadron ") + side.squadron);
-        const SquadronFile& file = career.squadronFiles[static_cast<size_t>(squadron.squadronFile)];
+        const SquadronFile& file = career.squadronFile(squadron.squadronFile);
         if (career.hasAircraft(zel::String(zel::arrayText(file.key)), side.type)) {
             if (isPlanningLogged())
                 logPlanning("Skin found");
@@ -154,11 +154,10 @@ int32_t MissionGenerator::drawSquadron(const Database& career, bool allied, bool
     const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
     for (int32_t attempt = 0; attempt < MostAttempts && last >= 0; ++attempt) {
         const int32_t candidate = isPlayers ? career.player().squadron : random.getInt(0, last);
-        const int32_t nation = career.squadrons[static_cast<size_t>(candidate)].nation;
+        const int32_t nation = career.squadron(candidate).nation;
         if (alliedType != nullptr)
             *alliedType = chooseNationPlane(nation, career.year, career.month, career.day);
-        if (isOfSide(nation, allied) &&
-            career.squadrons[static_cast<size_t>(candidate)].pilotCount > 0)
+        if (isOfSide(nation, allied) && career.squadron(candidate).pilotCount > 0)
             return candidate;
     }
     logHopeless(allied ? "No Allied squadron for a mission" : "No German squadron for a mission");
@@ -193,18 +192,18 @@ MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes(int32_t year) {
 /// replacements. False if it is hopeless.
 bool MissionGenerator::fillGroup(Database& career, bool allied, const Side& side, int32_t count,
                                  int32_t& vacantDraws) {
-    const auto squadron = static_cast<size_t>(side.squadron);
+    const Squadron& squadron = career.squadron(side.squadron);
     const size_t groupStart = plan.size();
-    const int32_t lastSlot = career.squadrons[squadron].pilotCount - 1;
+    const int32_t lastSlot = squadron.pilotCount - 1;
     count = std::min(count, lastSlot + 1);
     for (int32_t attempt = 0; count > 0 && attempt < MostAttempts; ++attempt) {
-        const int32_t pilot = career.squadrons[squadron].slots[random.getInt(0, lastSlot)];
+        const int32_t pilot = squadron.slots[random.getInt(0, lastSlot)];
         const bool drawnAlready =
             std::any_of(plan.begin() + static_cast<std::ptrdiff_t>(groupStart), plan.end(),
                         [pilot](const PlannedPlane& plane) { return plane.pilot == pilot; });
         if (drawnAlready)
             continue;
-        if (career.pilots[static_cast<size_t>(pilot)].alive == 0) {
+        if (career.pilot(pilot).alive == 0) {
             if (vacantDraws > MostVacantDraws) {
                 career.applyHistory();
                 vacantDraws = 0;

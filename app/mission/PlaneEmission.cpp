@@ -126,11 +126,10 @@ Placing drawPlacing(float x, float y, float z, zel::Random& random) {
 /// The paint in its quotes: the pilot's own, or else his squadron's, or none.
 zel::String skinText(const Database& career, const PlannedPlane& plane) {
     zel::String skin;
-    const int32_t file = career.squadrons[static_cast<size_t>(plane.squadron)].squadronFile;
+    const int32_t file = career.squadron(plane.squadron).squadronFile;
     if (file >= 0)
-        skin = career.squadronSkin(
-            zel::String(zel::arrayText(career.squadronFiles[static_cast<size_t>(file)].key)),
-            plane.type);
+        skin = career.squadronSkin(zel::String(zel::arrayText(career.squadronFile(file).key)),
+                                   plane.type);
     const zel::String own = career.pilotSkin(plane.pilotFile, plane.type);
     if (!own.empty()) {
         zel::log("INDIVIDUAL SKIN PILOT!!", "MissionGenerator", zel::LogDebug);
@@ -164,8 +163,7 @@ zel::String missionName(const zel::String& name) {
 void MissionGenerator::emitPlanes(const Database& career, int32_t insertLine) {
     if (plan.empty())
         return;
-    const float areaHeight =
-        attackArea >= 0 ? templateObjects[static_cast<size_t>(attackArea)].y : 0.0F;
+    const float areaHeight = attackArea >= 0 ? templateObjects[attackArea].y : 0.0F;
     const Placing placing = drawPlacing(locationX + offsetX, locationY + offsetY + areaHeight,
                                         locationZ + offsetZ, random);
     const std::vector<int32_t> levels = planeLevels();

@@ -48,7 +48,7 @@ bool InvitationLetter::open(Database& career) {
 
 void InvitationLetter::write(const Database& career) {
     const auto nameOf = [&](int32_t pilot) {
-        return zel::String(zel::arrayText(career.pilots[static_cast<size_t>(pilot)].name));
+        return zel::String(zel::arrayText(career.pilot(pilot).name));
     };
     // sic: the squadron's index; the first squadrons' files are their own indices.
     const int32_t number = unitNumber(career, career.invitationSquadron);
@@ -63,7 +63,7 @@ void InvitationLetter::write(const Database& career) {
     std::vector<zel::String> aces;
     int32_t shotdowns = 0;
     for (size_t i = 0; i < roster.size(); ++i) {
-        const Pilot& pilot = career.pilots[static_cast<size_t>(roster[i])];
+        const Pilot& pilot = career.pilot(roster[i]);
         shotdowns += pilot.shotdowns;
         if (i > 0 && pilot.shotdowns >= AceShotdowns)
             aces.push_back(nameOf(roster[i]));

@@ -35,8 +35,8 @@ float squadronStrength(const Database& career, int32_t squadron) {
     const int32_t best = std::min<int32_t>(static_cast<int32_t>(roster.size()), PilotsOfStrength);
     int32_t sum = 0;
     for (int32_t i = 0; i < best; ++i) {
-        const int32_t pilot = roster[static_cast<size_t>(i)];
-        sum += career.pilots[static_cast<size_t>(pilot)].shotdowns * (PilotsOfStrength - i);
+        const int32_t pilot = roster[i];
+        sum += career.pilot(pilot).shotdowns * (PilotsOfStrength - i);
     }
     return static_cast<float>(sum) / StrengthDivisor;
 }
@@ -72,7 +72,7 @@ int32_t pickInvitationSquadron(const Database& career) {
         int32_t candidate = zel::random(0, last);
         if (i == 0)
             candidate = player.squadron; // it sets the standard
-        const Squadron& squadron = career.squadrons[static_cast<size_t>(candidate)];
+        const Squadron& squadron = career.squadron(candidate);
         if (squadron.nation != player.nation || candidate == career.previousInvitation)
             continue;
         const float strength = squadronStrength(career, candidate);

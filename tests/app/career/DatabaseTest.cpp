@@ -164,6 +164,23 @@ TEST(Database, BeginsASecondCareerAnew) {
     EXPECT_EQ(careerFaults(career), "");
 }
 
+TEST(Database, GivesABlankRecordForABadIndex) {
+    const SmallWorld world;
+    Database career;
+    const LogCapture log;
+    EXPECT_EQ(career.playerSquadron().pilotCount, 0) << "without a career";
+    EXPECT_EQ(log.text(), "!! 0 [Database] There is no pilot 0\n"
+                          "!! 0 [Database] There is no squadron -1\n");
+    career.pilot(career.squadrons[size_t(career.addSquadron(France))].slots[3]).skill = 7;
+    EXPECT_EQ(career.pilots[3].skill, 7);
+    career.pilot(12).shotdowns = 99; // is lost
+    EXPECT_EQ(career.pilot(12).shotdowns, 0);
+    EXPECT_EQ(career.pilot(12).alive, 0);
+    EXPECT_EQ(career.squadron(INT32_MIN).slots[0], -1);
+    EXPECT_EQ(career.dataLine(0).text[0], 0);
+    EXPECT_EQ(log.linesWith("There is no pilot 12"), 3);
+}
+
 TEST(Database, SeedsEachDayOfEachCareer) {
     const SmallWorld world;
     Database career;
