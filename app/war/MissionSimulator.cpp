@@ -1,6 +1,7 @@
 #include "app/war/MissionSimulator.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "app/career/Database.h"
 #include "app/career/PilotLevel.h"
@@ -35,47 +36,6 @@ float defenceOf(const PilotReport& pilot) {
     return defence;
 }
 
-/// A generator's draws as a meeting takes them, one by one.
-class PlainDraws {
-public:
-    explicit PlainDraws(zel::Random& random) : random(random) {}
-    template <uint32_t Most> int32_t getInt() { return random.getIntUpTo<Most>(); } // from 0
-    float getFloat(float most) { return random.getFloat(0, most); }
-    /// A draw up to `most` if the condition holds, otherwise `otherwise` and no draw.
-    float getFloatIf(bool condition, float most, float otherwise) {
-        return condition ? getFloat(most) : otherwise;
-    }
-
-private:
-    zel::Random& random;
-};
-
-/// The same draws out of values that stand ready. Whether a draw is taken is as good as a coin's
-/// toss, which no processor can foresee: so both outcomes are reckoned and one is kept.
-class ReadyDraws {
-public:
-    ReadyDraws(zel::Random& random, const uint32_t* values)
-        : random(random), first(values), next(values) {}
-    ~ReadyDraws() { random.skip(static_cast<uint32_t>(next - first)); }
-    ReadyDraws(const ReadyDraws&) = delete;
-    ReadyDraws& operator=(const ReadyDraws&) = delete;
-
-    template <uint32_t Most> int32_t getInt() { return static_cast<int32_t>(*next++ % (Most + 1)); }
-    float getFloat(float most) { return static_cast<float>(*next++) * 0x1p-32F * most; }
-    float getFloatIf(bool condition, float most, float otherwise) {
-        const float drawn = static_cast<float>(*next) * 0x1p-32F * most;
-        next += condition ? 1 : 0;
-        return condition ? drawn : otherwise;
-    }
-
-private:
-    zel::Random& random;
-    const uint32_t* first;
-    const uint32_t* next;
-};
-
-constexpr uint32_t MostDrawsOfMeeting = 26;
-
 } // namespace
 
 void MissionSimulator::reset() {
@@ -106,7 +66,7 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
         ++(isAllied(plane.nation) ? alliedLeft : centralLeft);
     }
 
-    const auto places = std::min(static_cast<int32_t>(pilots.size()), Places);
+    const auto places = std::min(static_cast<int32_t>(pilots.size()), FightPlaces);
     uint16_t allied = 0;
     uint16_t central = 0;
     for (int32_t i = 0; i < places; ++i) {
@@ -117,36 +77,46 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
     }
     for (int32_t i = 0; i < places; ++i)
         opponents[static_cast<size_t>(i)] = (allied >> i & 1) != 0 ? central : allied;
+    const uint32_t firstSide = (allied & 1) != 0 ? allied : central;
+    front = 0;
+    while ((firstSide >> front & 1) != 0)
+        ++front;
+    if (firstSide >> front != 0)
+        front = 0;
 }
 
+// Nine steps of ten find no pair: these are found and passed over many at a time.
 void MissionSimulator::fight(int32_t steps) {
-    for (int32_t i = 0; i < steps; ++i)
-        if (fightStep())
+    const int32_t planes = std::min(static_cast<int32_t>(pilots.size()), FightPlaces);
+    while (steps > 0) {
+        const int32_t pairs = std::min(steps, static_cast<int32_t>(random.ready() / 2));
+        if (front > 0) {
+            const int32_t misses = missesBefore(random.ahead(0), pairs, front, planes);
+            random.skip(2 * static_cast<uint32_t>(misses));
+            steps -= misses;
+        }
+        if (steps-- > 0 && fightStep())
             return;
+    }
 }
 
-// Nine steps of ten find no pair, so this is all that they cost: two draws and the test of a bit.
 bool MissionSimulator::fightStep() {
     if (pilots.empty())
         return true;
-    const int32_t attacker = random.getIntUpTo<Places - 1>();
-    const int32_t target = random.getIntUpTo<Places - 1>();
+    const int32_t attacker = random.getIntUpTo<FightPlaces - 1>();
+    const int32_t target = random.getIntUpTo<FightPlaces - 1>();
     if ((opponents[static_cast<size_t>(attacker)] >> target & 1) == 0)
         return false;
-    return meet(attacker, target);
-}
-
-bool MissionSimulator::meet(int32_t attacker, int32_t target) {
-    if (const uint32_t* values = random.ahead(MostDrawsOfMeeting)) {
+    if (const uint32_t* values = random.ahead(ReadyDraws::MostOfMeeting)) {
         ReadyDraws draws(random, values);
-        return meetWith(draws, attacker, target);
+        return meet(draws, attacker, target);
     }
     PlainDraws draws(random);
-    return meetWith(draws, attacker, target);
+    return meet(draws, attacker, target);
 }
 
 template <typename Draws>
-bool MissionSimulator::meetWith(Draws& draws, int32_t attackerPlace, int32_t targetPlace) {
+bool MissionSimulator::meet(Draws& draws, int32_t attackerPlace, int32_t targetPlace) {
     const Fighter& attacker = fighters[static_cast<size_t>(attackerPlace)];
     const Fighter& target = fighters[static_cast<size_t>(targetPlace)];
     float value = draws.getFloat(attacker.attack);
@@ -154,27 +124,20 @@ bool MissionSimulator::meetWith(Draws& draws, int32_t attackerPlace, int32_t tar
     value -= draws.getFloat(target.defence);
     value -= draws.getFloat(target.defence);
     const bool defendsWell = target.skill > draws.template getInt<fight::ThirdDefenceDraw>();
-    value -= draws.getFloatIf(defendsWell, target.defence, 0);
-    value = std::max(value, 0.0F);
-    for (int32_t i = 0; i < fight::Aims; ++i) {
-        const bool fumbles = draws.template getInt<fight::AimDraw>() > attacker.skill;
-        value = draws.getFloatIf(fumbles, value, value);
-    }
+    value -= draws.getFloatIf(defendsWell, target.defence);
+    value = (value + std::abs(value)) / 2; // no less than 0, and no branch
+    value = draws.fumble(value, attacker.skill, fight::Aims);
     const float good = draws.getFloat(fight::Luck);
     const float bad = draws.getFloat(fight::Luck);
     const float chance = value + good - bad;
-    if (chance < 0)
-        return false;
-    const float hit = draws.getFloat(chance);
+    const float hit = draws.getFloatIf(chance >= 0, chance);
     float injury = 0;
     if (hit > fight::LeastWoundingHit)
         injury = static_cast<float>(draws.template getInt<fight::WoundDraw>()) * fight::WoundStep;
     PilotReport& victim = pilots[static_cast<size_t>(targetPlace)];
     victim.damage += hit;
     victim.injury += injury;
-    if (victim.damage >= fight::DamageThatDowns)
-        return takeOut(draws, attackerPlace, targetPlace);
-    return alliedLeft == 0 || centralLeft == 0;
+    return victim.damage >= fight::DamageThatDowns && takeOut(draws, attackerPlace, targetPlace);
 }
 
 template <typename Draws>

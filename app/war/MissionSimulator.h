@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/career/PilotReport.h"
+#include "app/war/FightDraws.h"
 #include "engine/core/Random.h"
 
 class Database;
@@ -37,8 +38,6 @@ public:
     const std::vector<PilotReport>& records() const { return pilots; }
 
 private:
-    static constexpr int32_t Places = 16; // only the first sixteen records of a mission can meet
-
     /// What a record brings into every meeting; it doesn't change while the fight lasts.
     struct Fighter {
         float attack = 0;  // each of the two attack draws goes up to this
@@ -46,14 +45,14 @@ private:
         int32_t skill = 0;
     };
 
-    bool meet(int32_t attacker, int32_t target);
-    template <typename Draws> bool meetWith(Draws& draws, int32_t attacker, int32_t target);
+    template <typename Draws> bool meet(Draws& draws, int32_t attacker, int32_t target);
     template <typename Draws> bool takeOut(Draws& draws, int32_t attacker, int32_t target);
 
     std::vector<PilotReport> pilots;
-    std::array<Fighter, Places> fighters;
-    std::array<uint16_t, Places> opponents{}; // bit t of place a: a may attack t
-    int32_t alliedLeft = 0;                   // records still in the fight, of all places
+    std::array<Fighter, FightPlaces> fighters;     // only the first sixteen records can meet
+    std::array<uint16_t, FightPlaces> opponents{}; // bit t of place a: a may attack t
+    int32_t front = 0;      // places of the first one's side if they come before all others, else 0
+    int32_t alliedLeft = 0; // records still in the fight, of all places
     int32_t centralLeft = 0;
     zel::Random random;
 };

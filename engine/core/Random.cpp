@@ -51,19 +51,19 @@ void Random::seed(uint32_t value) {
 
 void Random::fillState(uint32_t value) {
     state[0] = value;
-    for (uint32_t i = 1; i < Size; ++i)
+    for (uint32_t i = 1; i < BlockSize; ++i)
         state[i] = 1812433253U * (state[i - 1] ^ (state[i - 1] >> 30)) + i;
-    index = Size;
+    index = BlockSize;
 }
 
 void Random::makeBlock() {
     uint32_t i = 0;
-    for (; i < Size - Middle; ++i)
+    for (; i < BlockSize - Middle; ++i)
         state[i] = state[i + Middle] ^ twist(state[i], state[i + 1]);
-    for (; i < Size - 1; ++i)
-        state[i] = state[i + Middle - Size] ^ twist(state[i], state[i + 1]);
-    state[Size - 1] = state[Middle - 1] ^ twist(state[Size - 1], state[0]);
-    for (i = 0; i < Size; ++i)
+    for (; i < BlockSize - 1; ++i)
+        state[i] = state[i + Middle - BlockSize] ^ twist(state[i], state[i + 1]);
+    state[BlockSize - 1] = state[Middle - 1] ^ twist(state[BlockSize - 1], state[0]);
+    for (i = 0; i < BlockSize; ++i)
         block[i] = temper(state[i]);
     index = 0;
     ++blocksMade;
@@ -78,7 +78,7 @@ int32_t Random::getInt(int32_t a, int32_t b) {
     return static_cast<int32_t>((range != 0 ? value % range : value) + static_cast<uint32_t>(a));
 }
 
-uint64_t Random::valuesMade() { return blocksMade * Size; }
+uint64_t Random::valuesMade() { return blocksMade * BlockSize; }
 
 Random& sharedRandom() {
     static Random shared;

@@ -12,6 +12,9 @@ namespace zel {
 /// A career is a function of its draws: each draw below takes exactly one value.
 class Random {
 public:
+    /// Values are made in blocks of that many.
+    static constexpr uint32_t BlockSize = 624;
+
     Random() { seed(0); }
     explicit Random(uint32_t value) { seed(value); }
     virtual ~Random() = default;
@@ -24,7 +27,7 @@ public:
 
     /// The next 32-bit value of the published sequence.
     uint32_t next() {
-        if (index == Size)
+        if (index == BlockSize)
             makeBlock();
         return block[index++];
     }
@@ -42,9 +45,11 @@ public:
     /// The next `count` values, ready but not taken yet, for hot code that takes some of them and
     /// then says how many with skip(). Null when the present block holds fewer.
     const uint32_t* ahead(uint32_t count) const {
-        return Size - index >= count ? block.data() + index : nullptr;
+        return BlockSize - index >= count ? block.data() + index : nullptr;
     }
     void skip(uint32_t count) { index += count; }
+    /// How many values are left of the present block.
+    uint32_t ready() const { return BlockSize - index; }
 
     /// Pins what a seed of 0 starts from; together with the clock's tick source it makes a whole
     /// run reproducible. Unset, it comes from the system's entropy at the first use.
@@ -58,10 +63,9 @@ private:
     void fillState(uint32_t value);
     void makeBlock();
 
-    static constexpr uint32_t Size = 624;
-    std::array<uint32_t, Size> state{};
-    std::array<uint32_t, Size> block{}; // the values made of the state
-    uint32_t index = Size;              // of the next value; Size when a new block is due
+    std::array<uint32_t, BlockSize> state{};
+    std::array<uint32_t, BlockSize> block{}; // the values made of the state
+    uint32_t index = BlockSize;              // of the next value; BlockSize when a new block is due
 };
 
 /// The engine's shared generator, built at its first use.

@@ -94,6 +94,40 @@ TEST(MissionSimulator, FightsByTheRule) {
     EXPECT_EQ(courses, referenceResult("fights"));
 }
 
+std::string outcomeOf(const MissionSimulator& simulator) {
+    std::string outcome;
+    for (const PilotReport& record : simulator.records()) {
+        append(outcome, record.damage);
+        append(outcome, record.injury);
+        append(outcome, record.shotdownBy);
+    }
+    return outcome;
+}
+
+// A fight passes over steps without a meeting in bulk, within blocks of draws and up to its limit.
+// It also has to find the meetings of a plan that isn't grouped by side.
+TEST(MissionSimulator, FightsAsItsStepsDo) {
+    MissionGenerator generator;
+    for (uint32_t seed = 1; seed <= 60; ++seed) {
+        const auto allies = static_cast<int32_t>(seed % 9);
+        generator.plan = mixedPlan(allies, 8 - allies + static_cast<int32_t>(seed % 13), seed);
+        if (seed % 5 == 0)
+            std::reverse(generator.plan.begin() + 1, generator.plan.end());
+        const auto steps = static_cast<int32_t>(seed * seed);
+        const auto whole = pinnedSimulator(seed);
+        whole->fight(steps);
+        whole->fight(7);
+        const auto single = pinnedSimulator(seed);
+        for (int32_t i = 0; i < steps; ++i)
+            if (single->fightStep())
+                break;
+        for (int32_t i = 0; i < 7; ++i)
+            if (single->fightStep())
+                break;
+        EXPECT_EQ(outcomeOf(*whole), outcomeOf(*single)) << seed;
+    }
+}
+
 // Every step of theirs takes the two draws that pick a pair, and finds no enemies.
 TEST(MissionSimulator, RunsToItsLimitWithOneSide) {
     MissionGenerator generator;

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "engine/core/Random.h"
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+/// A draw of the fight names one of this many places by its remainder.
+constexpr int32_t FightPlaces = 16;
+
+/// Bit i is set when values[i] % FightPlaces is below the limit, for sixteen values.
+inline uint32_t placesBelow(const uint32_t* values, int32_t limit) {
+#ifdef __SSE2__
+    const auto placesAt = [values](int32_t index) {
+        const auto* four = reinterpret_cast<const __m128i*>(values + index);
+        return _mm_and_si128(_mm_loadu_si128(four), _mm_set1_epi32(FightPlaces - 1));
+    };
+    const __m128i places = _mm_packs_epi16(_mm_packs_epi32(placesAt(0), placesAt(4)),
+                                           _mm_packs_epi32(placesAt(8), placesAt(12)));
+    const __m128i limits = _mm_set1_epi8(static_cast<char>(limit));
+    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_cmplt_epi8(places, limits)));
+#else
+    uint32_t below = 0;
+    for (uint32_t i = 0; i < 16; ++i)
+        below |= (static_cast<int32_t>(values[i] % FightPlaces) < limit ? 1U : 0U) << i;
+    return below;
+#endif
+}
+
+/// How many of the pairs of values, from the first on, surely name no two planes that may meet: the
+/// places below `front` are one side's, those from there to `planes` the other's, and the rest is
+/// empty. Counts whole chunks of eight pairs at the end, so some more may follow.
+inline int32_t missesBefore(const uint32_t* values, int32_t pairs, int32_t front, int32_t planes) {
+    constexpr uint32_t FirstOfPairs = 0x5555;
+    int32_t misses = 0;
+    for (; misses + 8 <= pairs; misses += 8, values += 16) {
+        const uint32_t inFront = placesBelow(values, front);
+        const uint32_t known = placesBelow(values, planes);
+        const uint32_t opponents =
+            (inFront ^ inFront >> 1) & known & known >> 1 & FirstOfPairs; // bit 2p for pair p
+        if (opponents != 0)
+            return misses + __builtin_ctz(opponents) / 2;
+    }
+    return misses;
+}
+
+/// A generator's draws as a meeting takes them, one by one.
+class PlainDraws {
+public:
+    explicit PlainDraws(zel::Random& random) : random(random) {}
+    template <uint32_t Most> int32_t getInt() { return random.getIntUpTo<Most>(); } // from 0
+    float getFloat(float most) { return random.getFloat(0, most); }
+    /// A draw up to `most` if the condition holds, otherwise 0 and no draw.
+    float getFloatIf(bool condition, float most) { return condition ? getFloat(most) : 0; }
+    /// So many times, draws a place; where that is above the skill, a draw from 0 to the value
+    /// replaces the value.
+    float fumble(float value, int32_t skill, int32_t times) {
+        for (int32_t i = 0; i < times; ++i)
+            if (getInt<FightPlaces - 1>() > skill)
+                value = getFloat(value);
+        return value;
+    }
+
+private:
+    zel::Random& random;
+};
+
+/// The same draws out of values that are ready. Whether a draw is taken is as good as a coin's
+/// toss, which no processor can predict: both outcomes are computed and one is kept. Integers make
+/// the choice, because compilers turn one between floats into a branch.
+class ReadyDraws {
+public:
+    /// The most that a meeting takes: as many must be ready.
+    static constexpr uint32_t MostOfMeeting = 26;
+
+    ReadyDraws(zel::Random& random, const uint32_t* values)
+        : random(random), first(values), next(values) {}
+    ~ReadyDraws() { random.skip(static_cast<uint32_t>(next - first)); }
+    ReadyDraws(const ReadyDraws&) = delete;
+    ReadyDraws& operator=(const ReadyDraws&) = delete;
+
+    template <uint32_t Most> int32_t getInt() { return static_cast<int32_t>(*next++ % (Most + 1)); }
+    float getFloat(float most) { return fraction(*next++) * most; }
+    float getFloatIf(bool condition, float most) {
+        const uint32_t taken = condition ? 1 : 0;
+        const uint32_t value = *next & (0 - taken);
+        next += taken;
+        return fraction(value) * most;
+    }
+    float fumble(float value, int32_t skill, int32_t times) {
+        constexpr uint64_t One = uint64_t{1} << 32; // as a fraction, 1.0
+        uint32_t fumbles = ~placesBelow(next, std::min(skill, FightPlaces - 1) + 1);
+        for (int32_t i = 0; i < times; ++i) {
+            const uint32_t taken = fumbles & 1;
+            value *= fraction(One ^ ((next[1] ^ One) & (0 - uint64_t{taken})));
+            next += 1 + taken;
+            fumbles >>= 1 + taken;
+        }
+        return value;
+    }
+
+private:
+    static float fraction(uint64_t value) {
+        return static_cast<float>(static_cast<int64_t>(value)) * 0x1p-32F;
+    }
+
+    zel::Random& random;
+    const uint32_t* first;
+    const uint32_t* next;
+};
