@@ -123,12 +123,10 @@ constexpr bool alliedComeFirst() {
 }
 static_assert(alliedComeFirst(), "the player's fallback goes back along the list of his side");
 
-// The rounds of chooseNationPlane: in these the month goes back by one, and in the last but four it
-// is put back.
-constexpr int32_t FirstRound = 600;
-constexpr int32_t LastRound = 999;
-constexpr int32_t RoundsBack[] = {800, 825, 850, 875, 900, 910, 920, 930, 940, 950};
-constexpr int32_t RoundOfReturn = 995;
+// The tries of chooseNationPlane: in the month itself, then in each month before it, and at last in
+// the month itself again, where the last draw is taken whatever it is.
+constexpr int32_t TriesByMonthsBack[] = {200, 25, 25, 25, 25, 10, 10, 10, 10, 10, 45};
+constexpr int32_t LastTries = 5;
 
 const Period& periodAt(bool allied, int32_t year, int32_t month) {
     const auto reaches = [until = year * 100 + month](const Period& period) {
@@ -154,8 +152,20 @@ bool accepts(int32_t nation, int32_t plane) {
     return nation != Usa || (nations & American) != 0;
 }
 
-bool goesBack(int32_t round) {
-    return std::find(std::begin(RoundsBack), std::end(RoundsBack), round) != std::end(RoundsBack);
+/// Whether the nation accepts anything of that row.
+bool offers(const Period& period, int32_t nation) {
+    return std::any_of(period.planes, period.planes + period.sum,
+                       [nation](int32_t plane) { return accepts(nation, plane); });
+}
+
+/// The first type drawn that the nation accepts; -1 if so many draws give none.
+int32_t drawAccepted(const Period& period, int32_t nation, int32_t tries, zel::Random& random) {
+    for (int32_t i = 0; i < tries; ++i) {
+        const int32_t plane = drawPlane(period, random);
+        if (accepts(nation, plane))
+            return plane;
+    }
+    return -1;
 }
 
 zel::Random* currentRandom = nullptr;
@@ -226,25 +236,20 @@ zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32
     zel::Random& random = planeRandom();
     int32_t workingYear = year;
     int32_t workingMonth = month;
-    const Period* period = &periodAt(allied, year, month);
-    int32_t plane = 0;
-    for (int32_t round = FirstRound; round <= LastRound; ++round) {
-        if (round >= RoundsBack[0]) {
-            if (goesBack(round) && --workingMonth < 1) {
-                workingMonth = 12;
-                --workingYear;
-            }
-            if (round == RoundOfReturn) {
-                workingYear = year;
-                workingMonth = month;
-            }
-            period = &periodAt(allied, workingYear, workingMonth);
+    for (const int32_t tries : TriesByMonthsBack) {
+        const Period& period = periodAt(allied, workingYear, workingMonth);
+        if (!offers(period, nation))
+            random.discard(static_cast<uint32_t>(tries)); // none of them would be accepted
+        else if (const int32_t plane = drawAccepted(period, nation, tries, random); plane >= 0)
+            return AircraftRows[plane].identifier;
+        if (--workingMonth < 1) {
+            workingMonth = 12;
+            --workingYear;
         }
-        plane = drawPlane(*period, random);
-        if (accepts(nation, plane))
-            break;
     }
-    return AircraftRows[plane].identifier;
+    const Period& period = periodAt(allied, year, month);
+    const int32_t plane = drawAccepted(period, nation, LastTries - 1, random);
+    return AircraftRows[plane >= 0 ? plane : drawPlane(period, random)].identifier;
 }
 
 std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t month) {

@@ -97,9 +97,11 @@ void MissionGenerator::groupBySide(int32_t playerPlace) {
         ++rest;
     }
     const int32_t nation = plan.front().nation;
-    std::stable_partition(rest, plan.end(), [nation](const PlannedPlane& plane) {
+    const auto isOfFirstSide = [nation](const PlannedPlane& plane) {
         return isSameSide(plane.nation, nation);
-    });
+    };
+    if (!std::is_partitioned(rest, plan.end(), isOfFirstSide))
+        std::stable_partition(rest, plan.end(), isOfFirstSide);
 }
 
 void MissionGenerator::selectPlanes(Database& career, bool withPlayer) {

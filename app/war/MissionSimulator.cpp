@@ -12,8 +12,7 @@ namespace {
 
 constexpr int32_t SpareOfSimulator = 1000;
 
-float attackOf(const PilotReport& pilot) {
-    const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
+float attackOf(const PilotReport& pilot, int32_t level) {
     float attack = static_cast<float>(level) * fight::AttackOfLevel;
     if (level >= fight::LevelThatUsesSkill)
         attack += static_cast<float>(pilot.skill) * fight::AttackOfSkill;
@@ -21,8 +20,7 @@ float attackOf(const PilotReport& pilot) {
 }
 
 /// Few victories and few missions make a pilot easier to hit.
-float defenceOf(const PilotReport& pilot) {
-    const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
+float defenceOf(const PilotReport& pilot, int32_t level) {
     float defence = static_cast<float>(level) * fight::DefenceOfLevel +
                     static_cast<float>(pilot.skill) * fight::DefenceOfSkill;
     if (pilot.shotdowns == 0)
@@ -71,7 +69,9 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
     uint16_t central = 0;
     for (int32_t i = 0; i < places; ++i) {
         const PilotReport& pilot = pilots[static_cast<size_t>(i)];
-        fighters[static_cast<size_t>(i)] = {attackOf(pilot), defenceOf(pilot), pilot.skill};
+        const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
+        fighters[static_cast<size_t>(i)] = {attackOf(pilot, level), defenceOf(pilot, level),
+                                            pilot.skill};
         uint16_t& side = isAllied(pilot.country) ? allied : central;
         side = static_cast<uint16_t>(side | (1U << i));
     }

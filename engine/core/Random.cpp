@@ -1,6 +1,6 @@
 #include "engine/core/Random.h"
 
-#include <utility>
+#include <algorithm>
 
 #include "engine/core/Clock.h"
 #include "engine/core/System.h"
@@ -69,13 +69,14 @@ void Random::makeBlock() {
     ++blocksMade;
 }
 
-int32_t Random::getInt(int32_t a, int32_t b) {
-    if (a > b)
-        std::swap(a, b);
-    const uint32_t range = static_cast<uint32_t>(b) - static_cast<uint32_t>(a) + 1;
-    const uint32_t value = next();
-    // A range of 0 is the whole of int32.
-    return static_cast<int32_t>((range != 0 ? value % range : value) + static_cast<uint32_t>(a));
+void Random::discard(uint32_t count) {
+    while (count > 0) {
+        if (index == BlockSize)
+            makeBlock();
+        const uint32_t dropped = std::min(count, ready());
+        skip(dropped);
+        count -= dropped;
+    }
 }
 
 uint64_t Random::valuesMade() { return blocksMade * BlockSize; }

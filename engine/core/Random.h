@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 
 namespace zel {
 
@@ -32,7 +33,15 @@ public:
         return block[index++];
     }
     /// a to b, both included; exchanged when a is the greater.
-    int32_t getInt(int32_t a, int32_t b);
+    int32_t getInt(int32_t a, int32_t b) {
+        if (a > b)
+            std::swap(a, b);
+        const uint32_t range = static_cast<uint32_t>(b) - static_cast<uint32_t>(a) + 1;
+        const uint32_t value = next();
+        // A range of 0 is the whole of int32.
+        return static_cast<int32_t>((range != 0 ? value % range : value) +
+                                    static_cast<uint32_t>(a));
+    }
     /// getInt(0, Most), with a division that is settled when the program is compiled.
     template <uint32_t Most> int32_t getIntUpTo() {
         return static_cast<int32_t>(next() % (Most + 1));
@@ -48,6 +57,8 @@ public:
         return BlockSize - index >= count ? block.data() + index : nullptr;
     }
     void skip(uint32_t count) { index += count; }
+    /// Takes that many values and drops them.
+    void discard(uint32_t count);
     /// How many values are left of the present block.
     uint32_t ready() const { return BlockSize - index; }
 

@@ -29,6 +29,10 @@ TEST(Random, GivesThePublishedSequence) {
     for (int i = 2; i < 10000; ++i)
         random.next();
     EXPECT_EQ(random.next(), 4123659995U);
+    zel::Random dropping(5489);
+    dropping.discard(600);
+    dropping.discard(9399);
+    EXPECT_EQ(dropping.next(), 4123659995U) << "the 10000th again";
     for (const uint32_t seed : {1U, 42U, 0x80000000U, 0xFFFFFFFFU}) {
         random.seed(seed); // in the middle of a block
         EXPECT_TRUE(goesOnAs(random, seed)) << seed;
