@@ -13,6 +13,8 @@
 #include "engine/core/Random.h"
 #include "engine/core/String.h"
 
+class SquadronKeys;
+
 /// The services that a career can be begun in.
 enum Service : int32_t { ServiceFrench = 0, ServiceEnglish = 1, ServiceGerman = 2 };
 
@@ -162,11 +164,13 @@ private:
     Pilot makeReplacement(int32_t squadron);
     void makeHistoricalSquadron(int32_t fileIndex);
     void choosePlayer(int32_t service);
-    bool joinSquadron(const zel::String& name, std::string_view key,
+    bool applyPilotEvent(std::string_view name, const std::vector<DataToken>& tokens,
+                         int32_t fileIndex, const SquadronKeys& keys);
+    bool joinSquadron(std::string_view name, int32_t squadronIndex,
                       const std::vector<DataToken>& tokens, int32_t fileIndex);
-    std::optional<bool> moveToSquadron(const zel::String& name, std::string_view key,
-                                       int32_t fileIndex);
-    void applyPilotFile(int32_t fileIndex, std::string_view today);
+    std::optional<bool> moveToSquadron(std::string_view name, int32_t squadron, int32_t fileIndex);
+    void applyPilotFile(int32_t fileIndex, std::string_view today, const SquadronKeys& keys,
+                        std::vector<DataToken>& tokens);
     void useUpPostings(const PilotFile& file, int32_t place);
     void fillVacantSlots(int32_t squadron);
 

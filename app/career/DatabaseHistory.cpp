@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "app/career/Database.h"
+#include "app/career/SquadronKeys.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -74,14 +75,6 @@ uint8_t drawHistoricSkill(int32_t aceLevel, int32_t acePotential, zel::Random& r
     return static_cast<uint8_t>(skill);
 }
 
-/// Index of the first squadron of that key; -1 for none.
-int32_t squadronOfKey(const std::vector<Squadron>& squadrons, std::string_view key) {
-    const auto found = std::find_if(squadrons.begin(), squadrons.end(), [&](const Squadron& s) {
-        return zel::arrayText(s.key) == key;
-    });
-    return found != squadrons.end() ? static_cast<int32_t>(found - squadrons.begin()) : -1;
-}
-
 bool isBetter(const Pilot& a, const Pilot& b) {
     const bool aliveA = a.alive != 0;
     const bool aliveB = b.alive != 0;
@@ -135,19 +128,21 @@ void Database::activateSquadrons(int32_t atYear, int32_t atMonth, int32_t atDay)
 
 void Database::applyHistory() {
     const zel::String today = calendar().dateText();
+    const SquadronKeys keys(squadrons);
+    std::vector<DataToken> tokens;
     for (size_t i = 0; i < pilotFiles.size(); ++i) {
         const int32_t joined = pilotFiles[i].pilotIndex;
         if (!isPilot(joined) || pilot(joined).alive != 0)
-            applyPilotFile(static_cast<int32_t>(i), today);
+            applyPilotFile(static_cast<int32_t>(i), today, keys, tokens);
     }
     for (size_t i = 0; i < squadrons.size(); ++i)
         fillVacantSlots(static_cast<int32_t>(i));
 }
 
-void Database::applyPilotFile(int32_t fileIndex, std::string_view today) {
+/// `tokens` is memory that one file leaves to the next.
+void Database::applyPilotFile(int32_t fileIndex, std::string_view today, const SquadronKeys& keys,
+                              std::vector<DataToken>& tokens) {
     const PilotFile& file = pilotFile(fileIndex);
-    const zel::String name(zel::arrayText(file.name));
-    std::vector<DataToken> tokens;
     for (int32_t place = 0; place < LineReferenceCount; ++place) {
         const int32_t line = file.lines[place];
         if (line < 0 || dataLine(line).applied != 0)
@@ -156,7 +151,8 @@ void Database::applyPilotFile(int32_t fileIndex, std::string_view today) {
         bool usedUp = false;
         for (const DataToken& token : tokens)
             if (token.is("date") && token.value <= today)
-                usedUp = applyPilotEvent(name, tokens, fileIndex) || usedUp;
+                usedUp =
+                    applyPilotEvent(zel::arrayText(file.name), tokens, fileIndex, keys) || usedUp;
         if (!usedUp)
             continue;
         dataLine(line).applied = 1;
@@ -214,25 +210,30 @@ Pilot Database::makeReplacement(int32_t squadron) {
 
 bool Database::applyPilotEvent(const zel::String& name, const std::vector<DataToken>& tokens,
                                int32_t fileIndex) {
+    return applyPilotEvent(name, tokens, fileIndex, SquadronKeys(squadrons));
+}
+
+bool Database::applyPilotEvent(std::string_view name, const std::vector<DataToken>& tokens,
+                               int32_t fileIndex, const SquadronKeys& keys) {
     bool usedUp = false;
     const PilotFile& file = pilotFile(fileIndex);
     for (const DataToken& token : tokens) {
         if (!token.is("unit") || token.value.empty())
             continue;
+        const int32_t squadron = keys.find(token.value);
+        if (!isSquadron(squadron))
+            continue;
         if (file.joined == 0)
-            usedUp = joinSquadron(name, token.value, tokens, fileIndex) || usedUp;
+            usedUp = joinSquadron(name, squadron, tokens, fileIndex) || usedUp;
         if (file.joined != 0 && isPilot(file.pilotIndex))
-            usedUp = moveToSquadron(name, token.value, fileIndex).value_or(usedUp);
+            usedUp = moveToSquadron(name, squadron, fileIndex).value_or(usedUp);
     }
     return usedUp;
 }
 
-bool Database::joinSquadron(const zel::String& name, std::string_view key,
+bool Database::joinSquadron(std::string_view name, int32_t squadronIndex,
                             const std::vector<DataToken>& tokens, int32_t fileIndex) {
-    const int32_t index = squadronOfKey(squadrons, key);
-    if (index < 0)
-        return false;
-    Squadron& joined = squadron(index);
+    Squadron& joined = squadron(squadronIndex);
     int32_t slot = 0;
     for (; slot < joined.pilotCount; ++slot) {
         const int32_t holder = joined.slots[slot];
@@ -245,9 +246,9 @@ bool Database::joinSquadron(const zel::String& name, std::string_view key,
     const int32_t aceLevel = tokenNumber(tokens, "acelevel", -1);
     const int32_t acePotential = tokenNumber(tokens, "acepotential", -1);
     if (aceLevel >= 3)
-        zel::log("Pilot " + name + " has acelevel=" + aceLevel + ", taken for 2", "Database",
-                 zel::LogWarning);
-    Pilot joining = makeReplacement(index);
+        zel::log(zel::String("Pilot ") + name + " has acelevel=" + aceLevel + ", taken for 2",
+                 "Database", zel::LogWarning);
+    Pilot joining = makeReplacement(squadronIndex);
     if (!name.empty())
         zel::copyText(joining.name, name);
     joining.skill = drawHistoricSkill(aceLevel, acePotential, random);
@@ -260,22 +261,20 @@ bool Database::joinSquadron(const zel::String& name, std::string_view key,
     file.joined = 1;
     file.pilotIndex = pilotIndex;
     if (zel::isLogged("Database", zel::LogInfo))
-        zel::log("Pilot " + name + " joins squadron " + key + " with acelevel=" + aceLevel,
+        zel::log(zel::String("Pilot ") + name + " joins squadron " + zel::arrayText(squadron.key) +
+                     " with acelevel=" + aceLevel,
                  "Database", zel::LogInfo);
     return true;
 }
 
-/// Whether he moved; nothing if there is no such squadron or nobody there to change places with.
-std::optional<bool> Database::moveToSquadron(const zel::String& name, std::string_view key,
+/// Whether he moved; nothing if nobody is there to change places with.
+std::optional<bool> Database::moveToSquadron(std::string_view name, int32_t squadronIndex,
                                              int32_t fileIndex) {
     const int32_t moving = pilotFile(fileIndex).pilotIndex;
-    const int32_t target = squadronOfKey(squadrons, key);
-    if (target < 0)
-        return std::nullopt;
     // The line by which he joined, read again: it has no effect as long as he stays.
-    if (target == pilot(moving).squadron)
+    if (squadronIndex == pilot(moving).squadron)
         return false;
-    const std::vector<int32_t> roster = squadronRoster(target);
+    const std::vector<int32_t> roster = squadronRoster(squadronIndex);
     const auto partner = std::find_if(roster.rbegin(), roster.rend(), [&](int32_t candidate) {
         return pilot(candidate).pilotFile < 0 && candidate != playerPilot;
     });
@@ -284,7 +283,9 @@ std::optional<bool> Database::moveToSquadron(const zel::String& name, std::strin
     if (!swapPilots(moving, *partner))
         return false;
     if (zel::isLogged("Database", zel::LogInfo))
-        zel::log("Pilot " + name + " moves to squadron " + key, "Database", zel::LogInfo);
+        zel::log(zel::String("Pilot ") + name + " moves to squadron " +
+                     zel::arrayText(squadron(squadronIndex).key),
+                 "Database", zel::LogInfo);
     return true;
 }
 

@@ -58,6 +58,17 @@ protected:
     Database career;
 };
 
+TEST_F(DatabaseHistory, TheFirstSquadronOfAKeyIsMeant) {
+    giveFile("date=19160701 unit=101001\n");
+    zel::copyText(career.squadrons[1].key, "101001");
+    kill(1, 3);
+    career.applyHistory();
+    EXPECT_EQ(place(), -1) << "only the second one has a vacant slot";
+    kill(0, 3);
+    career.applyHistory();
+    EXPECT_EQ(place(), 0);
+}
+
 TEST_F(DatabaseHistory, APilotJoinsTheFirstVacantSlot) {
     giveFile("date=19160701 until=19161231 action=transfer unit=501011 acelevel=2\n");
     EXPECT_EQ(drawsOfHistory(), 0);
