@@ -12,7 +12,8 @@ namespace zel {
 namespace {
 
 constexpr const char* Modes[] = {"rb", "wb", "r+b", "a+b"};
-constexpr size_t LineBufferSize = 65536; // bytes; it stays in the processor's cache
+constexpr size_t LineBufferSize =
+    65536; // bytes at first, at most; it stays in the processor's cache
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 bool endsLine(char character) { return character == '\r' || character == '\n'; }
@@ -117,8 +118,10 @@ bool File::fillBuffer() {
     readPosition = 0;
     nextFeed = Unknown;
     filled = rest;
-    if (rest == buffer.size()) // a line longer than it was made for
-        buffer.resize(std::max(LineBufferSize, buffer.size() * 2));
+    if (buffer.empty()) // a byte more than a small file, so that its end needs no growing
+        buffer.resize(std::min(LineBufferSize, static_cast<size_t>(size) + 1));
+    else if (rest == buffer.size()) // a line longer than it was made for
+        buffer.resize(buffer.size() * 2);
     const size_t count =
         std::fread(buffer.data() + filled, 1, buffer.size() - filled, stream.get());
     failed = failed || std::ferror(stream.get()) != 0;
