@@ -11,6 +11,10 @@
 #include <string>
 #include <vector>
 
+#ifndef _WIN32
+#include <sys/resource.h>
+#endif
+
 #include <SDL.h>
 #include <SDL_opengl.h>
 #include <stb_image.h>
@@ -27,6 +31,7 @@ namespace {
 
 constexpr int Turns = 11;
 constexpr double Limit = 1.5;
+constexpr double MostWakeUps = 150; // a second
 constexpr int Width = 1024;
 constexpr int Height = 768;
 constexpr const char* ListFile = "start_bench.lst"; // the pictures that ours has loaded
@@ -57,10 +62,14 @@ void makeSimulator() {
     std::ofstream(std::string(Simulator) + "/data/startup.cfg") << "mission_text_log = 1\n";
 }
 
-int startOurs(bool atRest) {
+void prepareOurs() {
     zel::setLogSink(noteLine);
     zel::setUserDirectory(zel::system::absolutePath(UserFolder));
     Configuration::set("rof.directory", Simulator);
+}
+
+int startOurs(bool atRest) {
+    prepareOurs();
     zel::ZelLoop loop;
     const zel::StatesMachine& machine = zel::StatesMachine::getInstance();
     const auto isFull = [&] {
@@ -76,6 +85,39 @@ int startOurs(bool atRest) {
         list << file << '\n';
     list.close();
     std::_Exit(zel::Window::current() != nullptr ? 0 : 1);
+}
+
+/// How often all threads of the process have waited for something so far; 0 where the system
+/// doesn't tell.
+int64_t waits() {
+#ifdef _WIN32
+    return 0;
+#else
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_nvcsw;
+#endif
+}
+
+/// How often a second the program wakes up while nobody does anything. Exit code 1 if that breaks
+/// the limit, 2 on error.
+int idleOurs() {
+    using Clock = std::chrono::steady_clock;
+    constexpr double Seconds = 5;
+    prepareOurs();
+    zel::ZelLoop loop;
+    while (!zel::StatesMachine::getInstance().isSettled())
+        loop.step();
+    const Clock::time_point start = Clock::now();
+    const int64_t before = waits();
+    std::chrono::duration<double> passed{};
+    for (; passed.count() < Seconds; passed = Clock::now() - start)
+        loop.step();
+    const double rate = static_cast<double>(waits() - before) / passed.count();
+    std::printf("%-34s %7.1f a second %29.0f%s\n", "idle wake-ups", rate, MostWakeUps,
+                rate <= MostWakeUps ? "" : "  BROKEN");
+    std::fflush(stdout);
+    std::_Exit(zel::Window::current() == nullptr ? 2 : rate <= MostWakeUps ? 0 : 1);
 }
 
 int startBare() {
@@ -140,7 +182,8 @@ int compareAll(const std::string& program, bool enforce) {
     timed(program + " --ours"); // warms the caches up and tells the pictures
     const double full = compare(program, "start", "--ours", Limit);
     const double atRest = compare(program, "start, at rest", "--ours-at-rest", 0);
-    return full < 0 || atRest < 0 || (enforce && full > Limit) ? 1 : 0;
+    const bool isCalm = timed(program + " --idle") >= 0;
+    return full < 0 || atRest < 0 || (enforce && (full > Limit || !isCalm)) ? 1 : 0;
 }
 
 } // namespace
@@ -152,6 +195,8 @@ int main(int argc, char** argv) {
     };
     if (has("--ours") || has("--ours-at-rest"))
         return startOurs(has("--ours-at-rest"));
+    if (has("--idle"))
+        return idleOurs();
     if (has("--bare"))
         return startBare();
     return compareAll(argv[0], has("--enforce"));

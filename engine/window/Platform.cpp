@@ -81,6 +81,9 @@ Platform::Platform() {
         log(String("SDL_Init failed: ") + SDL_GetError(), "Platform", LogError);
         return;
     }
+    // Nothing uses SDL's timers, and their thread wakes up 900 times a second. SDL_GetTicks, which
+    // paces the repetition of keys, doesn't need them.
+    SDL_QuitSubSystem(SDL_INIT_TIMER);
     takeSignals();
     const SDL_VideoInfo* info = SDL_GetVideoInfo();
     if (info != nullptr) {

@@ -1,8 +1,10 @@
 #include "engine/window/Window.h"
 
+#include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "engine/core/System.h"
+#include "engine/window/Platform.h"
 #include "tests/engine/graphics/Pictures.h"
 #include "tests/support/LogCapture.h"
 
@@ -41,6 +43,14 @@ TEST(Window, IsNotThereWithoutADisplay) {
     EXPECT_FALSE(Window::create(1024, 768, 32));
     EXPECT_EQ(Window::current(), nullptr);
     EXPECT_TRUE(log.holds("[Window] SDL_SetVideoMode failed")) << log.text();
+}
+
+TEST(Platform, EndsTheTimersAndKeepsTheClock) {
+    Platform::getInstance();
+    EXPECT_EQ(SDL_WasInit(SDL_INIT_TIMER), 0U);
+    const Uint32 before = SDL_GetTicks();
+    system::sleepMilliseconds(50);
+    EXPECT_GE(SDL_GetTicks(), before + 20);
 }
 
 TEST(Window, OpensWebAddressesOnly) {
