@@ -9,7 +9,6 @@
 #include "engine/menu/style/ThemeHandler.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
-#include "engine/window/Mouse.h"
 #include "engine/window/StatesMachine.h"
 
 namespace zel {
@@ -293,7 +292,6 @@ void Menu::updateWidgets() {
         if (walk[i] != nullptr)
             walk[i]->handlePointer(pointer);
     }
-    Mouse::takeWheel(); // what no area wanted now must not move one later
     --working;
     walk.clear();
     deleteDeferred();

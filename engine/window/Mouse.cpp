@@ -25,6 +25,18 @@ bool isButton(int32_t button) { return button >= 0 && button < Platform::ButtonC
 
 } // namespace
 
+MouseState Mouse::read(int32_t button) {
+    Platform& platform = Platform::drained();
+    MouseState state;
+    state.x = toDesignX(platform.mouseX);
+    state.y = toDesignY(platform.mouseY);
+    state.isDown = isButton(button) && platform.buttonDown[static_cast<size_t>(button)] != 0;
+    state.wasTapped = std::any_of(platform.visibleTaps.begin(), platform.visibleTaps.end(),
+                                  [button](const Tap& tap) { return tap.button == button; });
+    state.wheel = std::exchange(platform.wheel, 0);
+    return state;
+}
+
 int32_t Mouse::getX() { return toDesignX(Platform::drained().mouseX); }
 int32_t Mouse::getY() { return toDesignY(Platform::drained().mouseY); }
 

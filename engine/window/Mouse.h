@@ -4,10 +4,21 @@
 
 namespace zel {
 
+/// The mouse at one moment: the events that waited have been taken once, for all of it.
+struct MouseState {
+    int32_t x = 0, y = 0;   // design pixels
+    bool isDown = false;    // the button asked for
+    bool wasTapped = false; // see Mouse::wasTapped(), anywhere
+    int32_t wheel = 0;      // steps turned since the last query, above 0 for up
+};
+
 /// The mouse as screens see it: positions in design pixels, buttons 1 (left), 2 (right), 3
-/// (middle), 4 and 5 (wheel up and down). Every query first takes the events that wait.
+/// (middle), 4 and 5 (wheel up and down). Every query first takes the events that wait. So a press
+/// may arrive between two queries: use read() where values must belong together.
 class Mouse {
 public:
+    /// Everything at once. It takes the wheel's steps, as takeWheel() does.
+    static MouseState read(int32_t button);
     static int32_t getX();
     static int32_t getY();
     static bool isButtonDown(int32_t button);

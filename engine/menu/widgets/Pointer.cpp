@@ -7,9 +7,9 @@ namespace zel {
 
 Pointer Pointer::read() {
     constexpr int32_t Far = 1 << 20;
-    Pointer pointer{Mouse::getX(), Mouse::getY(), Mouse::isButtonDown(MenuButton),
-                    Mouse::wasTapped(MenuButton, -Far, -Far, 2 * Far, 2 * Far)};
-    // The place known last is the one at which it left the window.
+    const MouseState mouse = Mouse::read(MenuButton);
+    Pointer pointer{mouse.x, mouse.y, mouse.isDown, mouse.wasTapped, mouse.wheel};
+    // The last known position is the one at which it left the window.
     if (!Window::hasMouseFocus() && !pointer.isDown)
         pointer.x = pointer.y = -Far;
     return pointer;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "engine/window/Mouse.h"
 #include "engine/window/Platform.h"
 
 namespace zel {
@@ -31,10 +30,8 @@ void ScrollingArea::handlePointer(const Pointer& pointer) {
         return;
     }
     const bool isInside = isWithin(bounds.rect, pointer.x, pointer.y);
-    if (isInside) {
-        if (const int32_t steps = Mouse::takeWheel())
-            setOffset(offset - steps * WheelStep);
-    }
+    if (isInside)
+        setOffset(offset - pointer.wheel * WheelStep);
     if (pressed)
         drag(pointer);
     else
