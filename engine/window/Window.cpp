@@ -51,6 +51,7 @@ bool hasState(int32_t bit) { return (Platform::getInstance().appState() & bit) !
 
 Window* Window::currentWindow = nullptr;
 Window::FullscreenListener Window::fullscreenListener = nullptr;
+Window::Browser Window::browser = nullptr;
 
 Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t designHeight,
                     bool centre) {
@@ -301,7 +302,7 @@ bool Window::isActive() { return hasState(SDL_APPACTIVE); }
 void Window::openUrl(const String& address) {
     if (!isWebAddress(address))
         log("Not a web address: " + address, Category, LogWarning);
-    else if (!system::openBrowser(address))
+    else if (browser != nullptr ? !browser(address) : !system::openBrowser(address))
         log("Cannot open " + address, Category, LogWarning);
 }
 

@@ -94,6 +94,10 @@ public:
 
     /// Opens the address in the player's browser. Only "http://" is followed. On error: a log line.
     static void openUrl(const String& address);
+    /// Opens addresses in place of the player's browser, for tests; null gives them back to it.
+    /// Answers whether the address could be opened.
+    using Browser = bool (*)(const String& address);
+    static void setBrowser(Browser newBrowser) { browser = newBrowser; }
 
 private:
     Window() = default;
@@ -120,6 +124,7 @@ private:
 
     static Window* currentWindow;
     static FullscreenListener fullscreenListener;
+    static Browser browser;
 };
 
 } // namespace zel

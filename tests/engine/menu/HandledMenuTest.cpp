@@ -127,6 +127,28 @@ TEST_F(HandledMenuTest, RunsTheSectionThenTheTransition) {
     EXPECT_TRUE(menu->getWidgets().count("go") == 1) << "the widgets came anew";
 }
 
+TEST_F(HandledMenuTest, RunsPreloadAtEveryEntering) {
+    start("preload:\nsetlocalstring a preload\nsetlocalstring b preload\n"
+          "onenter:\nsetlocalstring a enter\nsetlocalstring c enter\n");
+    for (const char* entering : {"first", "second"}) {
+        EXPECT_EQ(menu->getLocalString("a"), "enter") << "it runs before onenter: " << entering;
+        EXPECT_EQ(menu->getLocalString("b"), "preload") << entering;
+        menu->setLocalString("b", "");
+        menu->setTransition("B");
+        ASSERT_TRUE(driver->untilIdle("B"));
+        StatesMachine::getInstance().getActiveState()->setTransition("A");
+        ASSERT_TRUE(driver->untilIdle("A"));
+    }
+}
+
+TEST_F(HandledMenuTest, GoesOnByItself) {
+    start("onenter:\nsetautotransition 3 B\nsetlocalflag entered on\n");
+    driver->step(2000); // and less than a second before
+    EXPECT_EQ(&driver->menu(), menu);
+    driver->step(2000);
+    EXPECT_TRUE(driver->untilIdle("B"));
+}
+
 TEST_F(HandledMenuTest, LosesItsElementsOnLeave) {
     start(Screen);
     EXPECT_TRUE(HighLevelScheduler::getInstance().hasTask(menu));

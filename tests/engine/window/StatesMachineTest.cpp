@@ -126,9 +126,12 @@ TEST_F(StatesMachineTest, PhasesOfNoLengthEndAtOnce) {
     first.setFadeTimes(0, 0, -1); // less than nothing is no length either
     second.setFadeTimes(0, 0, 0);
     leaveFirst();
-    frames(5);
-    EXPECT_EQ(first.getContentProgress(), 0) << "a division of 0 by 0 is the end, not no number";
-    frames(8, 1);
+    frames(7); // four of them for the calls; no time passes
+    EXPECT_EQ(machine.getPhase(), StatesMachine::FadeOut) << "0 by 0 is the end and not beyond it";
+    EXPECT_EQ(first.getContentProgress(), 0);
+    frame(1);
+    EXPECT_EQ(machine.getPhase(), StatesMachine::CrossFade);
+    frames(7, 1);
     EXPECT_TRUE(machine.isSettled());
     EXPECT_EQ(second.getContentProgress(), 1);
 }
@@ -172,6 +175,14 @@ TEST_F(StatesMachineTest, FollowsARequestOnlyWhenIdle) {
     for (int32_t count = 0; count < 40 && machine.getActiveState() == &second; ++count)
         frame(50);
     EXPECT_EQ(machine.getActiveState(), &third) << "the later request counts, without its sign";
+    EXPECT_FALSE(second.isTransitionRequested());
+}
+
+TEST_F(StatesMachineTest, ForgetsAnOldRequestOnEntering) {
+    second.setTransition("first");
+    enter(second);
+    frames(3);
+    EXPECT_EQ(machine.getActiveState(), &second);
     EXPECT_FALSE(second.isTransitionRequested());
 }
 
@@ -225,6 +236,16 @@ TEST_F(StatesMachineTest, ChangesByItself) {
     first.setAutoTransition("second", 0);
     frame(1);
     EXPECT_EQ(machine.getActiveState(), &second);
+
+    // The time counts from the change, not from the end of the fade, of about half a second.
+    frames(40, 50);
+    first.setAutoTransition(&second, 2);
+    const uint32_t start = ManualClock::ticks();
+    machine.setActiveState(&first);
+    for (int32_t count = 0; count < 3000 && machine.getActiveState() == &first; ++count)
+        frame(1);
+    EXPECT_GT(ManualClock::ticks() - start, 2000U) << "only more than two seconds";
+    EXPECT_LT(ManualClock::ticks() - start, 2010U);
 }
 
 TEST_F(StatesMachineTest, KeepsTheLast128Names) {

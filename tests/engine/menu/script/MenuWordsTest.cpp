@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/menu/script/PlatformCondition.h"
+#include "engine/menu/style/Bounds.h"
 #include "engine/menu/style/Layout.h"
 #include "engine/menu/style/OverlayOptions.h"
 #include "tests/support/Printers.h"
@@ -78,8 +79,10 @@ TEST(MenuWords, TakesOneDirectionAtATime) {
 TEST(PlatformCondition, TellsTabletsBySize) {
     EXPECT_TRUE(isTabletSize(1024, 768));
     EXPECT_TRUE(isTabletSize(768, 1024));
-    EXPECT_FALSE(isTabletSize(800, 600)) << "600 is below 768";
-    EXPECT_FALSE(isTabletSize(1600, 900));
+    EXPECT_FALSE(isTabletSize(767, 800));
+    EXPECT_FALSE(isTabletSize(800, 767));
+    EXPECT_FALSE(isTabletSize(1025, 800));
+    EXPECT_FALSE(isTabletSize(800, 1025));
     // Without a window the design counts, and that has a tablet's size.
     EXPECT_EQ(resolveCondition({"@Tablet"}), ConditionResult::Holds);
     EXPECT_EQ(resolveCondition({"@(phone)"}), ConditionResult::Fails);
@@ -103,6 +106,27 @@ TEST(Layout, CountsPlacesFromOriginToHandle) {
     element.origin = element.handle = AlignHCenter | AlignVCenter;
     EXPECT_EQ(element.resting().x, 392);
     EXPECT_EQ(element.resting().y, 370);
+}
+
+TEST(Bounds, MovesInAndOutByTheirOwnOffsets) {
+    Bounds bounds;
+    bounds.rect = {10, 20, 30, 40};
+    bounds.scrollIn = {100, -200};
+    bounds.scrollOut = {-300, 500};
+    const struct {
+        int32_t phase;
+        float progress;
+        int32_t x, y;
+    } moments[] = {{0, 0, 110, -180},
+                   {0, 0.75F, 35, -30},
+                   {0, 1, 10, 20},
+                   {1, 1, 10, 20},
+                   {1, 0.5F, -140, 270}};
+    for (const auto& moment : moments) {
+        bounds.moveTo(moment.phase, moment.progress);
+        EXPECT_EQ(bounds.drawX, moment.x) << moment.phase << " at " << moment.progress;
+        EXPECT_EQ(bounds.drawY, moment.y) << moment.phase << " at " << moment.progress;
+    }
 }
 
 TEST(OverlayOptions, PlacesPictures) {

@@ -48,6 +48,8 @@ protected:
             std::initializer_list<ScreenDriver::Script>{{"A", script}});
         for (const char* name : {"rest", "press", "own", "desk"})
             std::ofstream(name, std::ios::binary) << zelFile(1, 1, 24, "dot");
+        std::ofstream("page.zel", std::ios::binary) << zelFile(1, 1, 24, "dot");
+        std::ofstream("seed.fnt", std::ios::binary) << fontFile(glyph('A', 10));
         ASSERT_TRUE(driver->untilIdle("A"));
         menu = &driver->menu();
     }
@@ -113,6 +115,48 @@ TEST_F(ThemeTest, TintsImages) {
     for (const Canvas::Record& record : records)
         isTinted = isTinted || (record.target == Rect{0, 0, 10, 10} && record.argb == 0x80FFFFFF);
     EXPECT_TRUE(isTinted);
+}
+
+TEST_F(ThemeTest, DrawsEachLookInItsColoursAndTheMissingPictureAsTheActiveOne) {
+    start(R"(
+onenter:
+theme.definetheme t
+theme.definefont seed
+theme.definewidgetimage button rest active
+theme.definewidgettextcolorargb button FF000001 active
+theme.definewidgettextcolorargb button FF000002 inactive
+theme.definewidgettextcolorargb button FF000003 over
+theme.definewidgettextcolorargb button FF000004 down
+theme.definewidgettextoffset button 3 -5
+layout.definelayout l
+layout.definewidget b button
+layout.definewidgetsize 100 25
+layout.definewidgetalignment left
+setlayout l
+settheme t
+addwidget b A
+)");
+    driver->moveTo(500, 500);
+    driver->step();
+    Widget& widget = *driver->widget("b");
+    const auto expectColor = [&](uint32_t color, const char* what) {
+        std::vector<Canvas::Record> records;
+        Canvas::getInstance().setRecorder(&records);
+        widget.render();
+        Canvas::getInstance().setRecorder(nullptr);
+        ASSERT_EQ(records.size(), 2U) << what;
+        EXPECT_EQ(records[0].name, "rest") << what;
+        EXPECT_EQ(records[1].argb, color) << what;
+        // The glyph itself is drawn one to the left and 3 down, and the line fills the height.
+        EXPECT_EQ(records[1].target, (Rect{2, -2, 8, 9})) << what;
+    };
+    expectColor(0xFF000001, "at rest");
+    widget.setFocused(true);
+    expectColor(0xFF000003, "over");
+    widget.performHit();
+    expectColor(0xFF000004, "down");
+    widget.setActive(false);
+    expectColor(0xFF000002, "inactive");
 }
 
 TEST_F(ThemeTest, TakesARegisteredOverlayFirst) {

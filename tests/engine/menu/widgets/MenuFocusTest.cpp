@@ -5,6 +5,7 @@
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "tests/engine/menu/ScreenDriver.h"
+#include "tests/engine/window/Events.h"
 #include "tests/support/Printers.h"
 
 using namespace zel;
@@ -61,6 +62,22 @@ TEST_F(MenuFocusTest, EnterAndSpaceHitWhatHasIt) {
     EXPECT_EQ(driver.menu().getLocalString("hit"), "a");
     keys({KeyRight, KeyDown, KeySpace});
     EXPECT_EQ(driver.menu().getLocalString("hit"), "d");
+}
+
+TEST_F(MenuFocusTest, AKeyThatIsHeldHitsOnce) {
+    keys({KeyTab});
+    const auto press = [this] {
+        Platform::getInstance().handleEvent(keyEvent(SDLK_RETURN, 13, true));
+        driver.step();
+        return driver.menu().getLocalString("hit");
+    };
+    EXPECT_EQ(press(), "a");
+    driver.menu().setLocalString("hit", "");
+    EXPECT_EQ(press() + press(), "") << "the system repeats it";
+    driver.key(KeyReturn);
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "") << "the first event of this one repeats too";
+    driver.key(KeyReturn);
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "a");
 }
 
 TEST_F(MenuFocusTest, SkipsWhatCannotBePressed) {

@@ -4,8 +4,10 @@
 
 #include "engine/menu/widgets/ScrollingArea.h"
 #include "engine/menu/widgets/TextArea.h"
+#include "engine/window/Mouse.h"
 #include "engine/window/Platform.h"
 #include "engine/window/StatesMachine.h"
+#include "engine/window/Window.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/Printers.h"
 
@@ -191,6 +193,35 @@ TEST_F(WidgetTest, FollowsItsTransition) {
     EXPECT_TRUE(driver->untilIdle("B"));
     EXPECT_EQ(driver->log.linesWith("[Widget] go sets state transition to: <B"), 1);
     EXPECT_EQ(Widget::lastWidgetHit, nullptr) << "it went with its screen";
+}
+
+TEST_F(WidgetTest, OpensAnAddressAndStaysWhereItIs) {
+    static std::vector<std::string> opened;
+    opened.clear();
+    Window::setBrowser([](const String& address) {
+        opened.emplace_back(address.view());
+        return true;
+    });
+    widget->setTransition("http://localhost/page");
+    driver->press("b");
+    Window::setBrowser(nullptr);
+    EXPECT_EQ(opened, std::vector<std::string>{"http://localhost/page"});
+    EXPECT_EQ(hits(), "once") << "the screen is told, too";
+    EXPECT_FALSE(widget->wasHit()) << "no fade follows that would end its being down";
+    EXPECT_TRUE(driver->untilIdle("A"));
+}
+
+// Where widgets overlap, each would find the same tap.
+TEST_F(WidgetTest, TakesAHitAwayFromTheOthers) {
+    widget->getBounds().rect = driver->widget("go")->getBounds().rect; // 500, 100
+    driver->moveTo(550, 120);
+    driver->button(true);
+    driver->button(false);
+    driver->step();
+    EXPECT_TRUE(widget->wasHit());
+    EXPECT_FALSE(driver->widget("go")->wasHit());
+    driver->press("b");
+    EXPECT_FALSE(Mouse::isButtonHit(1)) << "nor is it left to code that asks the mouse";
 }
 
 TEST_F(WidgetTest, TellsWhatItLacksOnce) {
