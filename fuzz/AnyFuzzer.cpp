@@ -1,6 +1,7 @@
 #include <stb_image.h>
 
 #include "engine/graphics/DecoderGuard.h"
+#include "engine/graphics/FormatANY.h"
 #include "fuzz/BitmapFuzz.h"
 
 namespace {

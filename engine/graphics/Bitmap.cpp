@@ -4,7 +4,9 @@
 
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
-#include "engine/graphics/BitmapReader.h"
+#include "engine/graphics/FormatANY.h"
+#include "engine/graphics/FormatBMP.h"
+#include "engine/graphics/FormatZEL.h"
 
 namespace zel {
 
@@ -39,6 +41,7 @@ bool isWhole(const BitmapData& data) {
            data.pixels.size() == data.rowSize() * static_cast<size_t>(data.height);
 }
 
+/// Reads the pixels. On error: false, and a log line.
 bool readInto(BitmapReader& reader, const String& fileName, BitmapData& data) {
     log("Header of " + fileName + " detected as " + reader.format(), "Bitmap", LogDebug);
     const char* error = reader.readPixels(data);
@@ -47,24 +50,29 @@ bool readInto(BitmapReader& reader, const String& fileName, BitmapData& data) {
     return error == nullptr;
 }
 
-/// Tries the readers in turn. A header that isn't theirs is worth a line only if it is nobody's.
-bool readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
+/// Tries the readers in turn. Returns what is wrong; empty for nothing. A header that isn't a
+/// reader's own is worth a line only if no reader knows it.
+String readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
     const std::unique_ptr<BitmapReader> readers[] = {std::make_unique<FormatZEL>(powerOfTwo),
                                                      std::make_unique<FormatBMP>(powerOfTwo),
                                                      std::make_unique<FormatANY>(powerOfTwo)};
     std::vector<String> refusals;
+    String fault = "no picture";
     for (const auto& reader : readers) {
         const char* error = reader->open(fileName);
         if (error == nullptr) {
             for (const String& refusal : refusals)
                 log(refusal, "Bitmap", LogDebug);
-            return readInto(*reader, fileName, data);
+            return readInto(*reader, fileName, data) ? String() : String("damaged");
         }
         refusals.push_back("Error for " + fileName + ": " + error);
+        if (!reader->getFault().empty())
+            fault = reader->getFault();
     }
     for (const String& refusal : refusals)
         log(refusal, "Bitmap", LogError);
-    return false;
+    log(fileName + " is " + fault, "Bitmap", LogError);
+    return fault;
 }
 
 uint32_t argb(const uint8_t* pixel, int32_t depth, ChannelOrder order) {
@@ -98,14 +106,17 @@ bool Bitmap::load(const String& fileName, bool powerOfTwo) {
     name = fileName;
     if (!system::fileStatus(fileName).exists) {
         log("File " + fileName + " does not exist", "Bitmap", LogError);
+        error = "no such file";
         return false;
     }
     if (!File::exists(fileName)) {
         log("Cannot open file " + fileName, "Bitmap", LogError);
+        error = "it cannot be opened";
         return false;
     }
     BitmapData read;
-    return readPicture(fileName, powerOfTwo, read) && adopt(read, fileName);
+    error = readPicture(fileName, powerOfTwo, read);
+    return error.empty() && adopt(read, fileName);
 }
 
 bool Bitmap::assign(BitmapData newData, const String& newName) {

@@ -55,6 +55,9 @@ public:
     /// that stb_image decodes. powerOfTwo: the buffer's sides become powers of two.
     /// On error: false and a log line; the bitmap is without pixels, and drawing it draws nothing.
     bool load(const String& fileName, bool powerOfTwo);
+    /// Why the last load() failed: "no such file", "too large: ..." and the like; empty if it
+    /// didn't.
+    const String& getError() const { return error; }
     /// Takes a picture made in memory; `name` stands for the file name. On error (a depth other
     /// than 3 and 4, a side out of range, a buffer of another size): false and a log line.
     bool assign(BitmapData newData, const String& name);
@@ -94,6 +97,7 @@ private:
     bool adopt(BitmapData& newData, const String& newName);
 
     String name;
+    String error;
     BitmapData data;
     mutable Texture texture;
 };

@@ -1,11 +1,10 @@
-#include <cstring>
-#include <memory>
+#include "engine/graphics/FormatANY.h"
 
-#include <stb_image.h>
+#include <cstring>
 
 #include "engine/core/Log.h"
-#include "engine/graphics/BitmapReader.h"
 #include "engine/graphics/DecoderGuard.h"
+#include "engine/graphics/StbImage.h"
 
 namespace zel {
 
@@ -18,26 +17,14 @@ constexpr int32_t MaxFileSize = 1 << 28; // bytes
 constexpr int64_t MaxPixelsPerByte = 4096;
 constexpr int64_t SmallPicture = 1 << 20; // pixels
 
-struct Decoded {
-    int width = 0;
-    int height = 0;
-    int channels = 0;
-};
-
-const stbi_uc* start(const std::string& content) {
-    return reinterpret_cast<const stbi_uc*>(content.data());
-}
-
-bool isPlausible(const Decoded& picture, size_t fileSize) {
-    if (picture.width < 1 || picture.width > MaxPictureSide || picture.height < 1 ||
-        picture.height > MaxPictureSide)
-        return false;
+/// Whether a file of that many bytes can hold the picture.
+bool isPlausible(const StbInfo& picture, size_t fileSize) {
     const int64_t pixels = int64_t(picture.width) * picture.height;
     return pixels <= SmallPicture + MaxPixelsPerByte * static_cast<int64_t>(fileSize);
 }
 
 /// Copies a line; grey becomes three equal colours.
-void copyLine(const stbi_uc* from, int channels, int32_t width, uint8_t* to) {
+void copyLine(const uint8_t* from, int channels, int32_t width, uint8_t* to) {
     if (channels >= 3) {
         std::memcpy(to, from, static_cast<size_t>(width) * static_cast<size_t>(channels));
         return;
@@ -61,23 +48,21 @@ bool FormatANY::checkHeader() {
         log("Cannot read data from file", "FormatANY", LogError);
         return false;
     }
-    Decoded info;
-    return isSafeToDecode(content) &&
-           stbi_info_from_memory(start(content), static_cast<int>(content.size()), &info.width,
-                                 &info.height, &info.channels) != 0 &&
-           isPlausible(info, content.size());
+    StbInfo info;
+    if (!isSafeToDecode(content) || !readStbInfo(content, info) ||
+        !isSizeAccepted(info.width, info.height))
+        return false;
+    if (!isPlausible(info, content.size()))
+        fault = String("damaged: ") + info.width + " by " + info.height + " pixels in " +
+                std::to_string(content.size()) + " bytes";
+    return fault.empty();
 }
 
 bool FormatANY::decode(BitmapData& data) {
-    struct Release {
-        void operator()(stbi_uc* pixels) const { stbi_image_free(pixels); }
-    };
-    Decoded picture;
-    const std::unique_ptr<stbi_uc, Release> decoded(
-        stbi_load_from_memory(start(content), static_cast<int>(content.size()), &picture.width,
-                              &picture.height, &picture.channels, 0));
-    if (decoded == nullptr || !isPlausible(picture, content.size()) || picture.channels < 1 ||
-        picture.channels > 4) {
+    StbInfo picture;
+    const StbPixels decoded = decodeWithStb(content, picture);
+    if (decoded == nullptr || !isSizeAccepted(picture.width, picture.height) ||
+        !isPlausible(picture, content.size()) || picture.channels < 1 || picture.channels > 4) {
         log("Can't read data", "FormatANY", LogError);
         return false;
     }

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/Log.h"
-#include "engine/graphics/BitmapReader.h"
 #include "engine/graphics/DecoderGuard.h"
+#include "engine/graphics/FormatANY.h"
 #include "tests/engine/graphics/Pictures.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
@@ -24,6 +24,14 @@ const std::string GreyPng =
 
 // Two rows of two, bottom row first, blue first.
 const std::string FourPixels = "\x03\x02\x01\x06\x05\x04\x09\x08\x07\x0C\x0B\x0A";
+
+/// The part of a PNG file that gives its size, which is below 65536 pixels each way.
+std::string pngHead(uint32_t width, uint32_t height) {
+    const auto number = [](uint32_t value) {
+        return "\0\0"s + static_cast<char>(value >> 8) + static_cast<char>(value);
+    };
+    return RgbaPng.substr(0, 16) + number(width) + number(height) + RgbaPng.substr(24, 9);
+}
 
 using Pixels = std::vector<uint32_t>;
 
@@ -129,16 +137,20 @@ TEST_F(BitmapTest, LogsWhatIsWrong) {
         std::string text;
     } cases[] = {
         {zelFile(1, 1, 16, "ab"), "[FormatZEL] ZEL depth unsupported"},
-        {zelFile(0, 1, 24, ""), "[FormatZEL] ZEL size unsupported"},
-        {zelFile(8193, 1, 24, ""), "[FormatZEL] ZEL size unsupported"},
+        {zelFile(0, 1, 24, ""), "/picture is empty: 0 by 1 pixels"},
+        {zelFile(8193, 1, 24, ""), "/picture is too large: 8193 by 1 pixels, at most 8192 by 8192"},
+        {bmpFile(8193, 1, 24, ""), "/picture is too large: 8193 by 1 pixels"},
+        {pngHead(2, 8193), "/picture is too large: 2 by 8193 pixels"},
+        {pngHead(8000, 8000), "/picture is damaged: 8000 by 8000 pixels in 33 bytes"},
         {bmpFile(1, 1, 24, "abc\0"s, 1), "[FormatBMP] Unsupported compression"},
         {bmpFile(1, 1, 16, "ab\0\0"s), "[FormatBMP] BMP depth unsupported"},
-        {bmpFile(1, 0, 24, ""), "[FormatBMP] BMP size unsupported"},
-        {bmpFile(-1, 1, 24, "abc\0"s), "[FormatBMP] BMP size unsupported"},
+        {bmpFile(1, 0, 24, ""), "/picture is empty: 1 by 0 pixels"},
+        {bmpFile(-1, 1, 24, "abc\0"s), "/picture is empty: -1 by 1 pixels"},
         {"", "[FormatANY] Cannot read file (filesize: 0)"},
         {zelFile(65, 1, 24, "ab"), "Read error for " + folder.path() + "/picture: Unable"},
         {"", "Illegal ANY header"},
         {"nothing", "!! "},
+        {"nothing", "/picture is no picture"},
         {"nothing", "Illegal ZEL header"},
         {"nothing", "Illegal BMP header"},
         {"nothing", "Error for " + folder.path() + "/picture: Illegal ANY header"},

@@ -1,0 +1,34 @@
+#include "engine/graphics/FormatZEL.h"
+
+#include "engine/core/Log.h"
+#include "engine/graphics/ByteReader.h"
+
+namespace zel {
+
+namespace {
+
+constexpr int32_t HeaderSize = 16; // bytes
+
+} // namespace
+
+bool FormatZEL::checkHeader() {
+    char bytes[HeaderSize] = {};
+    const bool isLongEnough = file->read(bytes, sizeof bytes);
+    ByteReader header({bytes, sizeof bytes});
+    if (!isLongEnough || header.bytes(2) != "ZG") {
+        log("Not a ZEL graphics file", "FormatZEL", LogDebug);
+        return false;
+    }
+    pixelOffset = header.u32();
+    width = header.u16();
+    height = header.u16();
+    const int32_t bits = header.u16();
+    if (!isDepth(bits)) {
+        log("ZEL depth unsupported", "FormatZEL", LogWarning);
+        return false;
+    }
+    depth = bits / 8;
+    return isSizeAccepted(width, height);
+}
+
+} // namespace zel
