@@ -4,6 +4,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/Registry.h"
 #include "engine/core/System.h"
+#include "engine/core/TextEncoding.h"
 #include "engine/core/TextLines.h"
 
 namespace zel {
@@ -64,7 +65,8 @@ String Language::getSystemLanguage() {
 
 bool Language::load(const String& newCode) {
     std::string content;
-    if (!isPlainName(newCode) || !readFile("Language/" + newCode + ".txt", MaxFileSize, content))
+    if (!isPlainName(newCode) ||
+        !readTextFile("Language/" + newCode + ".txt", MaxFileSize, content))
         return false;
     table = parseLanguage(content);
     code = newCode;

@@ -13,9 +13,10 @@ namespace zel {
 /// write into scripts and language files, once, where they are read; never for names and paths.
 String unescapeLineFeeds(const String& text);
 
-/// Calls `take` with each line of a text that isn't empty. A line ends at CR or LF; zero bytes, and
-/// a byte order mark in front, are passed over.
-template <typename Take> void forEachLine(std::string_view text, Take take) {
+/// Calls `take` with each line of a text that isn't empty, and with its number as an editor counts:
+/// from 1, empty lines included. A line ends at CR, LF or both; zero bytes, and a byte order mark
+/// in front, are left out.
+template <typename Take> void forEachNumberedLine(std::string_view text, Take take) {
     constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
     std::string cleaned;
     if (text.find('\0') != text.npos) {
@@ -25,12 +26,18 @@ template <typename Take> void forEachLine(std::string_view text, Take take) {
     }
     if (text.substr(0, ByteOrderMark.size()) == ByteOrderMark)
         text.remove_prefix(ByteOrderMark.size());
-    while (!text.empty()) {
+    for (int32_t number = 1; !text.empty(); ++number) {
         const size_t end = std::min(text.find_first_of("\r\n"), text.size());
         if (end > 0)
-            take(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+            take(text.substr(0, end), number);
+        const size_t ending = text.substr(end, 2) == "\r\n" ? 2 : 1;
+        text.remove_prefix(std::min(end + ending, text.size()));
     }
+}
+
+/// The same without the numbers.
+template <typename Take> void forEachLine(std::string_view text, Take take) {
+    forEachNumberedLine(text, [&take](std::string_view line, int32_t) { take(line); });
 }
 
 /// The parts between single blanks; two blanks in a row make an empty part. No text, no parts.

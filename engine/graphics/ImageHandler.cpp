@@ -4,6 +4,7 @@
 
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/TextEncoding.h"
 #include "engine/graphics/Canvas.h"
 
 namespace zel {
@@ -16,7 +17,7 @@ bool readIndex(const String& bitmapName, int32_t lifetime, float scale, ImageInd
     if (!File::exists(name))
         return false;
     std::string text;
-    if (!readFile(name, MaxIndexSize, text))
+    if (!readTextFile(name, MaxIndexSize, text))
         log("Cannot read " + name, "ImageHandler", LogError);
     else
         index = parseImageIndex(text, lifetime, scale);

@@ -5,6 +5,8 @@
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Language.h"
+#include "engine/core/TextEncoding.h"
+#include "engine/core/TextLines.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/graphics/ImageIndex.h"
@@ -17,6 +19,7 @@ using zel::String;
 
 namespace {
 
+constexpr int32_t LargestTable = 1 << 24; // bytes
 constexpr const char* Tables = "Language/";
 constexpr const char* TableEnding = ".txt";
 constexpr const char* Codes = "Language/langcodes.dat";
@@ -60,7 +63,7 @@ String withoutEnding(const String& file) {
 /// The images in a picture, by its index file; none if it has no such file.
 std::vector<zel::ImageDescription> imagesIn(const String& picture) {
     std::string text;
-    if (!zel::readFile(zel::imageIndexName(picture), zel::MaxIndexSize, text))
+    if (!zel::readTextFile(zel::imageIndexName(picture), zel::MaxIndexSize, text))
         return {};
     return zel::parseImageIndex(text, zel::LifetimeShort, 1).images;
 }
@@ -68,16 +71,18 @@ std::vector<zel::ImageDescription> imagesIn(const String& picture) {
 /// The line of each number in a table.
 std::map<int32_t, int32_t> readTable(const String& name, Findings& findings) {
     std::map<int32_t, int32_t> lines;
-    zel::File file(name, zel::FileRead);
-    while (file.isOpen() && file.hasLine()) {
-        const Source source{name, file.lineNumber()};
-        for (const auto& [number, text] : zel::parseLanguage(file.lineView())) {
+    std::string content;
+    if (!zel::readTextFile(name, LargestTable, content))
+        return lines;
+    zel::forEachNumberedLine(content, [&](std::string_view line, int32_t lineNumber) {
+        const Source source{name, lineNumber};
+        for (const auto& [number, text] : zel::parseLanguage(line)) {
             if (!lines.emplace(number, source.line).second)
                 findings.add(source, String("text ") + number + " is there twice");
             if (text.empty())
                 findings.add(source, String("text ") + number + " is empty");
         }
-    }
+    });
     return lines;
 }
 

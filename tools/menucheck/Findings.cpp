@@ -3,16 +3,42 @@
 #include <algorithm>
 
 #include "engine/core/Log.h"
+#include "engine/core/LogPlace.h"
 #include "engine/graphics/ImageHandler.h"
 
 namespace menucheck {
 
 namespace {
 
+/// A line of the log, and the line of a file that was being read then; an empty file name if none
+/// was.
+struct HeldLine {
+    zel::String text;
+    Source source;
+};
+
 // Lines of the log that nobody has taken yet; the log's sink has no object of its own.
-std::vector<zel::String>& heldLines() {
-    static std::vector<zel::String> lines;
+std::vector<HeldLine>& heldLines() {
+    static std::vector<HeldLine> lines;
     return lines;
+}
+
+/// What a log line says: mark, milliseconds and "[category] " are cut off, and so is the place, if
+/// the message names it itself.
+zel::String messageOf(std::string_view line) {
+    const size_t start = line.find("] ");
+    std::string_view message = start == line.npos ? line : line.substr(start + 2);
+    const zel::LogPlace* place = zel::LogPlace::current();
+    const zel::String prefix = place != nullptr ? place->prefix() : zel::String();
+    if (message.substr(0, prefix.view().size()) == prefix.view())
+        message.remove_prefix(prefix.view().size());
+    return message;
+}
+
+void hold(const zel::String& line) {
+    const zel::LogPlace* place = zel::LogPlace::current();
+    const Source source = place != nullptr ? Source{place->getFile(), place->getLine()} : Source();
+    heldLines().push_back({messageOf(line), source});
 }
 
 } // namespace
@@ -20,7 +46,7 @@ std::vector<zel::String>& heldLines() {
 Findings::Findings() : wasConsoleShown(zel::isConsoleShown()) {
     heldLines().clear();
     zel::setConsoleShown(false);
-    zel::setLogSink([](const zel::String& line) { heldLines().push_back(line); });
+    zel::setLogSink(hold);
     zel::setLogLevel(zel::LogWarning);
     zel::MenuConfigFile::setFaultSink([this](const zel::ScriptFault& fault) {
         add({fault.file, fault.line.toInt()}, fault.text);
@@ -59,13 +85,9 @@ void Findings::setBetweenLines(const Source& source) {
     betweenLines = running = source;
 }
 
-// Each line of the log reads mark, milliseconds, [category], message.
 void Findings::takeLog() {
-    for (const zel::String& held : heldLines()) {
-        const std::string_view line = held.view();
-        const size_t message = line.find("] ");
-        add(running, message == line.npos ? line : line.substr(message + 2));
-    }
+    for (const HeldLine& line : heldLines())
+        add(line.source.file.empty() ? running : line.source, line.text);
     heldLines().clear();
 }
 

@@ -45,6 +45,15 @@ void checkCondition(const MenuConfigFile::Line& line, bool isAllowed, const Sour
     }
 }
 
+// A script changes nothing and says nothing where it doesn't know the value.
+void checkFlag(const MenuConfigFile::Line& line, const Source& source, Findings& findings) {
+    const std::vector<String> words = commandWords(line);
+    const bool setsFlag =
+        words.size() == 3 && (words[0] == "setlocalflag" || words[0] == "setglobalflag");
+    if (setsFlag && !zel::parseFlag(words[2]))
+        findings.add(source, String("the value ") + words[2] + " has no effect: on or off");
+}
+
 void checkLines(const MenuConfigFile& script, bool mayHaveConditions, Findings& findings) {
     const size_t firstInSection = script.getSections().empty()
                                       ? script.getLines().size()
@@ -54,6 +63,7 @@ void checkLines(const MenuConfigFile& script, bool mayHaveConditions, Findings& 
         const Source source = sourceOf(script, line);
         if (line.text.find('\t') >= 0)
             findings.add(source, "a tab, which is no blank here");
+        checkFlag(line, source, findings);
         if (line.text.view().front() == '@')
             checkCondition(line, mayHaveConditions, source, findings);
         const bool includes = zel::equalsNoCase(line.text.left(8), "include ");

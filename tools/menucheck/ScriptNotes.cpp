@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "engine/core/File.h"
+#include "engine/core/TextEncoding.h"
 #include "engine/core/TextLines.h"
 #include "tools/menucheck/ScriptLines.h"
 
@@ -13,6 +13,7 @@ using zel::String;
 namespace {
 
 constexpr int32_t LongestRange = 1000;
+constexpr int32_t LargestFile = 1 << 24; // bytes
 constexpr const char* KindList =
     "code, leads, overlap, widest, kind, stretch, picture, text or conditions";
 
@@ -162,15 +163,17 @@ bool ScriptNotes::isAlternative(const String& element) const {
 ScriptNotes readNotes(const zel::MenuConfigFile& script, Findings& findings) {
     ScriptNotes notes;
     for (const String& name : filesOf(script)) {
-        zel::File file(name, zel::FileRead);
-        while (file.isOpen() && file.hasLine()) {
-            const std::vector<String> words = zel::splitWords(zel::trimmed(file.lineView(), ' '));
+        std::string text;
+        if (!zel::readTextFile(name, LargestFile, text))
+            continue;
+        zel::forEachNumberedLine(text, [&](std::string_view line, int32_t number) {
+            const std::vector<String> words = zel::splitWords(zel::trimmed(line, ' '));
             if (words.empty() || words[0] != "#check")
-                continue;
-            const auto behind =
+                return;
+            const auto rest =
                 words.begin() + std::min<ptrdiff_t>(2, static_cast<ptrdiff_t>(words.size()));
-            takeNote(words, {{behind, words.end()}, {name, file.lineNumber()}, notes, findings});
-        }
+            takeNote(words, {{rest, words.end()}, {name, number}, notes, findings});
+        });
     }
     return notes;
 }

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/LogPlace.h"
+#include "engine/core/TextEncoding.h"
+#include "engine/core/TextLines.h"
 #include "engine/menu/script/MenuWords.h"
 #include "engine/menu/script/PlatformCondition.h"
 #include "engine/menu/script/ScriptCommand.h"
@@ -17,6 +19,7 @@ namespace {
 
 constexpr const char* Category = "MenuConfigFile";
 constexpr size_t DeepestInclude = 64;
+constexpr int32_t LargestFile = 1 << 24; // bytes
 // Includes of includes multiply: a script that grows beyond this is a mistake.
 constexpr size_t MostLines = 100000;
 
@@ -32,8 +35,6 @@ LineObserver& lineObserver() {
     return observer;
 }
 
-bool isLineEnd(char character) { return character == '\r' || character == '\n'; }
-
 } // namespace
 
 MenuConfigFile::MenuConfigFile() {
@@ -48,36 +49,29 @@ bool MenuConfigFile::load(const String& name) {
 }
 
 bool MenuConfigFile::readInto(const String& name) {
-    File file(name, FileRead);
-    if (!file.isOpen())
+    std::string text;
+    if (!readTextFile(name, LargestFile, text))
         return false;
-    if (fileName.empty())
-        fileName = name;
-    const auto index = static_cast<int32_t>(files.size());
-    files.push_back(name);
-    opened.push_back(index);
-    while (file.hasLine())
-        takeLine(file.lineView(), file.lineNumber(), index);
-    opened.pop_back();
+    takeText(text, name);
     return true;
 }
 
 void MenuConfigFile::loadText(std::string_view text, const String& name) {
+    takeText(text, name);
+    closeLastSection();
+}
+
+void MenuConfigFile::takeText(std::string_view text, const String& name) {
     if (fileName.empty())
         fileName = name;
     const auto index = static_cast<int32_t>(files.size());
     files.push_back(name);
     opened.push_back(index);
-    int32_t number = 1;
-    while (!text.empty()) {
-        const auto end = std::find_if(text.begin(), text.end(), isLineEnd);
-        const auto length = static_cast<size_t>(end - text.begin());
-        takeLine(text.substr(0, length), number++, index);
-        const size_t endLength = text.substr(length, 2) == "\r\n" ? 2 : 1;
-        text.remove_prefix(std::min(text.size(), length + endLength));
-    }
+    forEachNumberedLine(text, [&](std::string_view line, int32_t number) {
+        const LogPlace place(name, number);
+        takeLine(line, number, index);
+    });
     opened.pop_back();
-    closeLastSection();
 }
 
 void MenuConfigFile::takeLine(std::string_view text, int32_t number, int32_t file) {
@@ -109,10 +103,16 @@ void MenuConfigFile::include(const String& name) {
     const bool isOpen = std::any_of(opened.begin(), opened.end(), [&](int32_t index) {
         return equalsNoCase(files[static_cast<size_t>(index)], name);
     });
-    if (isOpen || opened.size() >= DeepestInclude)
-        log(String("include of ") + name + " within itself", Category, LogError);
+    const char* reason = nullptr;
+    if (isOpen)
+        reason = "the file includes itself";
+    else if (opened.size() >= DeepestInclude)
+        reason = "includes are nested too deep";
     else if (!readInto(name))
-        log(String("include of ") + name + " failed", Category, LogError);
+        reason = "the file can't be read";
+    if (reason != nullptr)
+        log(LogPlace::current()->prefix() + "include of " + name + " failed: " + reason, Category,
+            LogError);
 }
 
 void MenuConfigFile::closeLastSection() {

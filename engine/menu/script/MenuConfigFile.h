@@ -64,6 +64,7 @@ public:
 
 private:
     bool readInto(const String& name);
+    void takeText(std::string_view text, const String& name);
     void takeLine(std::string_view text, int32_t number, int32_t file);
     void include(const String& name);
     void closeLastSection();

@@ -6,6 +6,9 @@
 
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/LogPlace.h"
+#include "engine/core/TextEncoding.h"
+#include "engine/core/TextLines.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/ImageIndex.h"
 
@@ -74,6 +77,7 @@ bool IndexReader::begin(const std::vector<String>& words, bool isTextArea) {
         return false;
     PaintedElement element;
     element.isTextArea = isTextArea;
+    element.line = LogPlace::current()->getLine();
     element.definition.name = words[1];
     if (isTextArea)
         element.definition.kind = "textarea";
@@ -145,8 +149,9 @@ void logScale(const LayoutIndex& index, float scaleX, float scaleY) {
     log(String("Scale: ") + formatFloat(scaleX) + "x" + formatFloat(scaleY), Category, LogInfo);
 }
 
-/// Defines what is found in the image, and tells what isn't.
-void addPainted(const LayoutIndex& index, const Bitmap& image, Layout& layout) {
+/// Defines what is found in the image, and logs what isn't.
+void addPainted(const LayoutIndex& index, const String& indexFile, const Bitmap& image,
+                Layout& layout) {
     float scaleX = 1.0F;
     float scaleY = 1.0F;
     if (index.width > 0 && index.height > 0) {
@@ -159,6 +164,7 @@ void addPainted(const LayoutIndex& index, const Bitmap& image, Layout& layout) {
         colors.push_back(element.color.value_or(NoColor));
     const std::vector<PaintedBox> boxes = findBoxes(image.getData(), colors);
     for (size_t i = 0; i < boxes.size(); ++i) {
+        const LogPlace place(indexFile, index.elements[i].line);
         if (boxes[i].isFound)
             define(index.elements[i], boxes[i], scaleX, scaleY, layout);
         else
@@ -172,14 +178,10 @@ void addPainted(const LayoutIndex& index, const Bitmap& image, Layout& layout) {
 
 LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName) {
     IndexReader reader(fileName);
-    constexpr std::string_view Ends("\r\n\0", 3);
-    while (!text.empty()) {
-        const size_t end = std::min(text.find_first_of(Ends), text.size());
-        const std::string_view line = trimmed(text.substr(0, end), ' ');
-        if (!line.empty())
-            reader.take(line);
-        text.remove_prefix(std::min(text.size(), end + 1));
-    }
+    forEachNumberedLine(text, [&](std::string_view line, int32_t number) {
+        const LogPlace place(fileName, number);
+        reader.take(trimmed(line, ' '));
+    });
     return std::move(reader.result);
 }
 
@@ -217,18 +219,17 @@ std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<u
 void loadLayoutImage(const String& imageFile, Layout& layout) {
     Bitmap image;
     if (!image.load(imageFile, false)) {
-        log(String("loadLayout image ") + imageFile +
-                " failed: " + (File::exists(imageFile) ? "no picture" : "no such file"),
-            Category, LogError);
+        log(String("loadLayout image ") + imageFile + " failed: " + image.getError(), Category,
+            LogError);
         return;
     }
     const String indexFile = imageIndexName(imageFile);
     std::string text;
-    if (!readFile(indexFile, MaxIndexSize, text)) {
+    if (!readTextFile(indexFile, MaxIndexSize, text)) {
         log(String("loadLayout index ") + indexFile + " failed", Category, LogError);
         return;
     }
-    addPainted(parseLayoutIndex(text, indexFile), image, layout);
+    addPainted(parseLayoutIndex(text, indexFile), indexFile, image, layout);
 }
 
 } // namespace zel

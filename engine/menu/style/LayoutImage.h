@@ -14,6 +14,7 @@ struct PaintedElement {
     ElementDefinition definition;
     bool isTextArea = false;
     std::optional<uint32_t> color; // 00RRGGBB; without one it is never found
+    int32_t line = 0;              // of the index that begins it
 };
 
 /// The text file beside a layout image.
@@ -22,7 +23,7 @@ struct LayoutIndex {
     int32_t width = 0, height = 0; // design resolution; 0 if not given or out of reason
 };
 
-/// Reads an index. Faults are logged, with the file's name, and their lines skipped.
+/// Reads an index. Faults are logged, at their LogPlace, and their lines skipped.
 LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName);
 
 /// The box around all pixels of a colour, in pixels of the image from its upper left corner.

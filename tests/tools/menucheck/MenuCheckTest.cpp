@@ -106,6 +106,30 @@ TEST(MenuCheck, NamesFileAndLineOfFaults) {
                      "Menus/A.ini:2: a line before the first section never runs"}));
 }
 
+TEST(MenuCheck, NamesTheLineOfWhateverFileIsRead) {
+    const TemporaryFolder folder;
+    writeProgram(folder, "include Menus/block.inc\ninclude Menus/none.inc\n"
+                         "layout.loadlayout painted.bmp\nsetlocalflag x maybe\n"
+                         "#check widest label \xC3\xBC\nsetglobalflag x 0\n"
+                         "onenter:\naddwidget back\naddwidget label \xC3\xBC\n");
+    folder.write("Menus/block.inc", "# itself\ninclude Menus/block.inc\n");
+    folder.write("painted.bmp", dot());
+    folder.write("painted.idx", "widget dot\npickcolor 0000ff\n\nwidget lost\npickcolor #00ff00\n");
+    folder.write("Language/en.txt", "# \xC3\xA9\n1: \xC5\x81\n");
+    EXPECT_EQ(
+        faultsOf(folder.path()),
+        (Lines{"Language/en.txt:2: Windows-1252 lacks the character U+0141",
+               "Language/en.txt:2: text 1 is not used (#check text allows it)",
+               "Menus/A.ini:3: include of Menus/none.inc failed: the file can't be read",
+               "Menus/A.ini:5: the value maybe has no effect: on or off",
+               "Menus/A.ini:7: the value 0 has no effect: on or off",
+               "Menus/block.inc:2: include of Menus/block.inc failed: the file includes "
+               "itself",
+               "painted.idx:1: layout=l element=dot defined, but not found in layout image",
+               "painted.idx:2: loadLayout index painted.idx pickcolor must start with #",
+               "painted.idx:4: layout=l element=lost defined, but not found in layout image"}));
+}
+
 TEST(MenuCheck, FollowsTargets) {
     expectFaults({
         {"onenter:\naddwidget back\naddwidget label\n", {}},

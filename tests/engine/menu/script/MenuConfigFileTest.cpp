@@ -101,14 +101,49 @@ TEST(MenuConfigFile, JoinsIncludedFiles) {
     EXPECT_EQ(menu.getLocalString("d"), "") << "it fell into the included file's last section";
     EXPECT_TRUE(menu.getScript().executeSection("other", &menu));
     EXPECT_EQ(menu.getLocalString("d"), "behind");
-    EXPECT_EQ(driver.log.linesWith("include of none.inc failed"), 1);
+    EXPECT_EQ(driver.log.linesWith("Menus/A.ini:5: include of none.inc failed: the file can't be "
+                                   "read"),
+              1);
 }
 
 TEST(MenuConfigFile, RefusesFilesThatIncludeThemselves) {
     ScreenDriver driver({{"A", "init:\nsetlocalflag x on\ninclude Menus/B.ini\n"},
                          {"B", "include Menus/A.ini\nsetlocalflag y on\n"}});
-    EXPECT_EQ(driver.log.linesWith("within itself"), 2) << "once from either side";
+    for (const char* line :
+         {"Menus/B.ini:1: include of Menus/A.ini failed: the file includes itself",
+          "Menus/A.ini:3: include of Menus/B.ini failed: the file includes itself"})
+        EXPECT_EQ(driver.log.linesWith(line), 1) << line; // of either screen
     EXPECT_TRUE(HandledMenu::getMenus()[0]->getLocalFlag("y"));
+}
+
+TEST(MenuConfigFile, RefusesIncludesThatAreNestedTooDeep) {
+    const TemporaryFolder folder;
+    for (int32_t depth = 0; depth < 70; ++depth)
+        folder.write("f" + std::to_string(depth),
+                     "# next\ninclude " + folder.file("f" + std::to_string(depth + 1)) + "\n");
+    const LogCapture log;
+    MenuConfigFile script;
+    ASSERT_TRUE(script.load(folder.file("f0")));
+    EXPECT_TRUE(log.holds("f63:2: include of " + folder.file("f64") +
+                          " failed: includes are nested too deep"))
+        << log.text();
+    EXPECT_EQ(log.linesWith("include of"), 1);
+}
+
+TEST(MenuConfigFile, ReadsUtf8AsWindows1252) {
+    const TemporaryFolder folder;
+    const LogCapture log;
+    for (const auto& [text, expected] :
+         {std::pair("init:\r\n\r\nsetlocalstring a \xC3\xA9\xE2\x82\xAC",
+                    "setlocalstring a \xE9\x80"),
+          {"init:\r\n\r\nsetlocalstring a \xE9\x80", "setlocalstring a \xE9\x80"},
+          {"init:\r\n\r\nsetlocalstring a \xC5\x81", "setlocalstring a ?"}}) {
+        MenuConfigFile script;
+        ASSERT_TRUE(script.load(folder.write("a.ini", text)));
+        EXPECT_EQ(script.getLines().back().text, expected);
+    }
+    EXPECT_EQ(log.linesWith("a.ini:3: Windows-1252 lacks the character U+0141"), 1) << log.text();
+    EXPECT_EQ(log.linesWith("lacks"), 1);
 }
 
 TEST(MenuConfigFile, NumbersTheLinesOfATextAsAnEditorDoes) {

@@ -1,0 +1,54 @@
+#include "engine/core/TextEncoding.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/LogCapture.h"
+
+using namespace std::string_literals;
+
+// The bytes of Windows-1252 that differ from Latin-1 are from the table that Unicode publishes.
+TEST(TextEncoding, KnowsTheBytesOfWindows1252) {
+    for (const auto& [character, byte] : {std::pair(0x41U, 'A'),
+                                          {0x7FU, '\x7F'},
+                                          {0xA0U, '\xA0'},
+                                          {0xFFU, '\xFF'},
+                                          {0x20ACU, '\x80'},
+                                          {0x201EU, '\x84'},
+                                          {0x160U, '\x8A'},
+                                          {0x17DU, '\x8E'},
+                                          {0x2014U, '\x97'},
+                                          {0x178U, '\x9F'},
+                                          {0x80U, '\0'},
+                                          {0x9DU, '\0'},
+                                          {0x100U, '\0'},
+                                          {0x141U, '\0'},
+                                          {0x1F600U, '\0'}})
+        EXPECT_EQ(zel::windows1252Of(character), byte) << std::hex << character;
+}
+
+TEST(TextEncoding, ConvertsWhatIsUtf8Throughout) {
+    const struct {
+        std::string text, decoded;
+        const char* what;
+    } cases[] = {
+        {"plain", "plain", "no byte above 127"},
+        {"\xC3\xA9\xE2\x82\xAC", "\xE9\x80", "two and three bytes"},
+        {"caf\xE9", "caf\xE9", "Windows-1252"},
+        {"\xC3\xA9 \xE9", "\xC3\xA9 \xE9", "one stray byte: all of it is Windows-1252"},
+        {"\xC3", "\xC3", "cut"},
+        {"\xC0\x80", "\xC0\x80", "overlong"},
+        {"\xED\xA0\x80", "\xED\xA0\x80", "half of a pair"},
+        {"\xF5\x80\x80\x80", "\xF5\x80\x80\x80", "beyond Unicode"},
+        {"\xEF\xBB\xBF\xC3\xA9", "\xE9", "with a byte order mark"},
+        {"\xC3\xA9\0\xC3\xA9"s, "\xE9\0\xE9"s, "with a zero byte"},
+        {"\xC5\x81\xF0\x9F\x98\x80", "??", "outside"},
+    };
+    const LogCapture log;
+    for (const auto& [text, decoded, what] : cases)
+        EXPECT_EQ(zel::decodedText(text, "a.txt"), decoded) << what;
+    EXPECT_EQ(log.linesWith("a.txt:1: Windows-1252 lacks the character U+0141"), 1);
+    EXPECT_EQ(log.linesWith("a.txt:1: Windows-1252 lacks the character U+1F600"), 1);
+    EXPECT_EQ(log.linesWith("lacks"), 2) << "only the last one lacks anything";
+    zel::decodedText("\n\r\n\r\xC5\x81", "b.txt");
+    EXPECT_EQ(log.linesWith("b.txt:4: "), 1) << log.text();
+}
