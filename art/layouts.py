@@ -31,6 +31,9 @@ def area(name, *rect, align=LEFT):
 
 
 BACK = widget('menuBack', 32, 704, 200, 52, lines=RAIL)
+# Plates that end the program are at places of their own: on no screen that leads there has another
+# plate the same place, so that pressing twice ends nothing.
+END = widget('menuBack', 412, 704, 200, 52, lines=RAIL)
 BACK_WIDE = widget('menuBack', 32, 704, 300, 52, lines=RAIL)
 
 
@@ -46,7 +49,7 @@ LAYOUTS = {
     'main': [
         *column(5, 584, 232, 78, 392),
         area('title', 692, 716, 300, 28, align=RIGHT),
-        BACK,
+        END,
     ],
     'service': [
         area('title', 206, 56, 752, 38),
@@ -87,7 +90,7 @@ LAYOUTS = {
         area('pilot', 80, 592, 492, 68),
         *column(3, 692, 148, 84, 300),
         BACK_WIDE,
-        onward('menuButton4'),
+        widget('menuButton4', 692, 612, 300, 52, lines=SIDE),  # it ends the program
     ],
     'letter': [
         area('title', 178, 130, 400, 26, align=CENTRE),
@@ -125,6 +128,7 @@ LAYOUTS = {
         area('line1', 132, 200, 556, 60),
         label('progressDate', 132, 300, 556, 30),
         widget('progress', 132, 340, 556, 36),
+        onward('menuButton1'),
     ],
     'roster': [
         area('title', 206, 56, 410, 38),

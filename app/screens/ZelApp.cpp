@@ -11,6 +11,7 @@
 #include "app/screens/MenuConfigurationMaps.h"
 #include "app/screens/MenuConfigurationPlanes1.h"
 #include "app/screens/MenuConfigurationPlanes2.h"
+#include "app/screens/MenuGameAdvance.h"
 #include "app/screens/MenuGameCombatReport.h"
 #include "app/screens/MenuGameFinishMission.h"
 #include "app/screens/MenuGameInvite.h"
@@ -112,6 +113,7 @@ void ZelApp::initMenus() {
     addScreen<MenuNewCareer>();
     addScreen<MenuGameInvite>();
     addScreen<MenuConfiguration>();
+    addScreen<MenuGameAdvance>();
     for (const char* page :
          {"MenuNotificationInstallDir", "MenuNotificationMission", "MenuNotificationSave"})
         addScreen<MenuNotification>(page);

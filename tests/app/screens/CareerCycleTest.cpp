@@ -62,7 +62,7 @@ void flyAMission(CareerDriver& driver) {
     for (const char* side : {"left1", "right1"})
         EXPECT_NE(driver.text(side).find(" - Kills: "), std::string::npos);
     EXPECT_EQ(dateNow(), before) << "the war moves on behind the report";
-    ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+    ASSERT_TRUE(driver.closeReport());
     EXPECT_GT(dateNow(), before);
     EXPECT_EQ(driver.text("date"), Database::instance()->calendar().displayText().c_str());
 }
@@ -173,7 +173,7 @@ TEST_F(CareerScreens, ShowNothingWithoutACareer) {
                 driver.screens->menu().hitWidget(button);
         driver.look();
     }
-    EXPECT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+    EXPECT_TRUE(driver.closeReport());
     EXPECT_EQ(home.save(), "");
 }
 

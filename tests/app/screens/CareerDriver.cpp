@@ -80,11 +80,26 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
     const std::string from = state();
     if (widget(name) == nullptr || !widget(name)->isVisible())
         return testing::AssertionFailure() << from << " shows no " << name;
+    const zel::PixelRect pressed = widget(name)->getBounds().currentRect();
     press(name, how);
-    if (screens->untilIdle(target.c_str()))
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure()
-           << name << " of " << from << " leads to " << state() << ", not to " << target;
+    if (!screens->untilIdle(target.c_str()))
+        return testing::AssertionFailure()
+               << name << " of " << from << " leads to " << state() << ", not to " << target;
+    if (const std::string end = target == "quitApp" ? "" : endAt(pressed); !end.empty())
+        return testing::AssertionFailure() << "A second press on " << name << " of " << from
+                                           << " would hit " << end << " of " << target;
+    return testing::AssertionSuccess();
+}
+
+std::string CareerDriver::endAt(const zel::PixelRect& place) const {
+    for (const auto& [name, shown] : screens->menu().getWidgets()) {
+        const zel::PixelRect other = shown->getBounds().currentRect();
+        if (shown->isVisible() && shown->getTransition() == "quitApp" &&
+            place.x < other.x + other.width && other.x < place.x + place.width &&
+            place.y < other.y + other.height && other.y < place.y + place.height)
+            return name.c_str();
+    }
+    return "";
 }
 
 testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
@@ -156,10 +171,11 @@ testing::AssertionResult CareerDriver::comeBack() {
     look();
     if (!screens->untilIdle("MenuGameCombatReport"))
         return testing::AssertionFailure() << "no report, but " << state();
-    press("menuButton1", How::Name);
-    if (!screens->untilIdle("MenuGameMain"))
-        return testing::AssertionFailure() << "not back, but in " << state();
-    return testing::AssertionSuccess();
+    return closeReport();
+}
+
+testing::AssertionResult CareerDriver::closeReport() {
+    return walk("menuButton1>MenuGameAdvance menuButton1>MenuGameMain");
 }
 
 Picture CareerDriver::shot() {

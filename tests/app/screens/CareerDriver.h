@@ -35,7 +35,8 @@ public:
     CareerDriver(const CareerDriver&) = delete;
     CareerDriver& operator=(const CareerDriver&) = delete;
 
-    /// Presses the widget and waits for the state; the words say what went wrong.
+    /// Presses the widget and waits for the state; the words say what went wrong. Where the widget
+    /// was, the new screen must have no plate that ends the program: players press twice.
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
     /// Steps "widget>State", parted by blanks; "widget" alone stays where it is, and is to show by
@@ -55,6 +56,8 @@ public:
     void look();
     /// From the waiting page over the report to the squadron office.
     testing::AssertionResult comeBack();
+    /// From the report over the war diary to the squadron office.
+    testing::AssertionResult closeReport();
 
     /// What the window shows, with the pointer out of the way.
     Picture shot();
@@ -67,6 +70,8 @@ public:
 
 private:
     void press(const std::string& widget, How how);
+    /// The plate that ends the program and shares a pixel with that place; empty for none.
+    std::string endAt(const zel::PixelRect& place) const;
 
     const PlayerHome& home;
 };

@@ -69,7 +69,7 @@ TEST_F(CombatReportScreen, SaysWhenThereWasNoMission) {
     showReport(0, 0);
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
     EXPECT_EQ(driver.text("right1"), "");
-    ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+    ASSERT_TRUE(driver.closeReport());
     EXPECT_GT(Database::instance()->calendar().dateNumber(), before)
         << "the war goes on all the same";
 }

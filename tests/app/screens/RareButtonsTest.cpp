@@ -40,7 +40,7 @@ constexpr Passage Passages[] = {
              "menuButton4>MenuGameMain"},
     {invite, "menuButton1>MenuGameInvite menuButton3>MenuGameMain"},
     {fillReport, "menuButton4>MenuGameCombatReport sheet2 sheet1 sheet2 sheet3 sheet2 "
-                 "menuButton1>MenuGameMain"},
+                 "menuButton1>MenuGameAdvance menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
      "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationSave"); },

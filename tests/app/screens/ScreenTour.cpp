@@ -25,17 +25,19 @@ constexpr const char* ToTheFlight =
     "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission! "
     "menuButton4>MenuGameFinishMission!";
 constexpr const char* ToTheNextFlight =
-    "menuButton1>MenuGameMain menuButton1>MenuGameStartMission menuButton4>MenuGameFinishMission";
+    "menuButton1>MenuGameAdvance menuButton1>MenuGameMain menuButton1>MenuGameStartMission "
+    "menuButton4>MenuGameFinishMission";
 constexpr const char* ToTheFullReport = "menuButton4>MenuGameCombatReport sheet2 sheet1!_Full";
 constexpr const char* ToTheEmptyReport =
-    "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameMain";
+    "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameAdvance! menuButton1>MenuGameMain";
 constexpr const char* ToTheEnd = "menuButton2>MenuGameViewSquadron "
                                  "menuButton1>MenuGameMain!_WarIsOver menuBack>MenuMain";
 constexpr const char* ThroughTheSettings =
     "menuButton3>MenuConfiguration! menuButton1>MenuConfigurationMaps! "
     "menuBack>MenuConfiguration menuButton2>MenuConfigurationPlanes1 item2 item11! "
     "menuButton1>MenuConfigurationPlanes2! menuBack>MenuConfiguration menuBack>MenuMain "
-    "menuButton4>MenuHelp1! menuButton1>MenuHelp2! menuBack>MenuMain "
+    "menuButton4>MenuHelp1! menuButton1>MenuHelp2! "
+    "menuBack>MenuHelp1 menuBack>MenuMain "
     "menuButton5>MenuCredits! menuBack>MenuMain";
 
 class Tour {
@@ -46,8 +48,7 @@ public:
         return go("MenuMain") && follow(ToTheInvitation) && driver.invite() >= 0 &&
                follow(ToTheFlight) && flight() && follow(ToTheNextFlight) && fillReport() &&
                follow(ToTheFullReport) && follow(ToTheNextFlight) && follow(ToTheEmptyReport) &&
-               go("MenuGameAdvance") && driver.screens->untilIdle("MenuGameMain") && endWar() &&
-               follow(ToTheEnd) && follow(ThroughTheSettings) && notices();
+               endWar() && follow(ToTheEnd) && follow(ThroughTheSettings) && notices();
     }
 
 private:
