@@ -1,9 +1,8 @@
 #include <algorithm>
-#include <map>
 #include <string>
 
+#include "app/career/DataFolders.h"
 #include "app/career/Database.h"
-#include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 
@@ -14,12 +13,6 @@ constexpr const char* CustomSquadrons = "Data\\Custom\\Squadrons\\";
 constexpr const char* DeliveredPilots = "Data\\Historical\\Pilots\\";
 constexpr const char* CustomPilots = "Data\\Custom\\Pilots\\";
 constexpr int32_t KnownNations[] = {France, England, Usa, Germany};
-
-/// The file's name without an ending of three letters.
-std::string baseName(const std::string& fileName) {
-    const size_t length = fileName.size();
-    return length > 4 && fileName[length - 4] == '.' ? fileName.substr(0, length - 4) : fileName;
-}
 
 void setName(SquadronFile& file, std::string_view name) {
     zel::copyText(file.fileName, name);
@@ -32,24 +25,19 @@ void logFile(const zel::String& path, const char* fault) {
     zel::log(path + ": " + fault, "Database", zel::LogWarning);
 }
 
-/// Reads one kind of data folders: each file's lines go behind those of the record of its name.
-template <typename Record> class FolderReader {
+/// Reads the files of a kind into records and lines.
+template <typename Record> class DataFileReader {
 public:
-    FolderReader(std::vector<Record>& records, std::vector<DataLine>& dataLines)
+    DataFileReader(std::vector<Record>& records, std::vector<DataLine>& dataLines)
         : records(records), dataLines(dataLines) {}
 
-    /// A folder that isn't there is an empty one.
-    void readFolder(const zel::String& folder) {
-        const zel::Directory directory(folder, "*.*");
-        for (int32_t i = 0; i < directory.count(); ++i) {
-            if (directory.isDirectory(i))
-                continue;
-            if (records.size() == MostRecords) {
-                logFile(folder + directory.name(i),
-                        "is one file too many; it and the rest are left out");
-                return;
-            }
-            readFile(folder + directory.name(i), baseName(directory.name(i).c_str()));
+    void read(const std::vector<DataFile>& files) {
+        for (const DataFile& file : files) {
+            if (file.record == MostRecords)
+                return logFile(file.path, "is one file too many; it and the rest are left out");
+            if (file.record == records.size())
+                addRecord(file);
+            readLines(file);
         }
     }
 
@@ -57,48 +45,41 @@ private:
     // A squadron names its file by a number of 16 bits.
     static constexpr size_t MostRecords = 32767;
 
-    struct KnownFile {
-        size_t record;
-        int32_t lineCount;
-    };
-
-    KnownFile& fileOf(const std::string& name) {
-        const auto [place, isNew] = knownFiles.try_emplace(name, KnownFile{records.size(), 0});
-        if (isNew) {
-            records.push_back(blank<Record>());
-            setName(records.back(), name);
-        }
-        return place->second;
+    void addRecord(const DataFile& file) {
+        records.push_back(blank<Record>());
+        setName(records.back(), file.name);
+        lineCounts.push_back(0);
     }
 
-    void readFile(const zel::String& path, const std::string& name) {
-        if (name.size() > 63)
-            logFile(path, "the name is cut to 63 characters");
-        KnownFile& known = fileOf(name.substr(0, 63));
-        zel::File file(path, zel::FileRead);
+    void readLines(const DataFile& source) {
+        if (source.name.size() > LongestRecordName)
+            logFile(source.path, "the name is cut to 63 characters");
+        zel::File file(source.path, zel::FileRead);
         if (file.hasFailed())
-            logFile(path, "can't be read");
+            logFile(source.path, "can't be read");
+        int32_t& lineCount = lineCounts[source.record];
         bool hasLongLine = false;
         while (file.hasLine()) {
             const std::string_view text = file.lineView();
-            hasLongLine = hasLongLine || text.size() > 255;
-            if (known.lineCount < LineReferenceCount)
-                records[known.record].lines[known.lineCount] =
-                    static_cast<int32_t>(dataLines.size());
-            else if (known.lineCount == LineReferenceCount)
-                logFile(path, "only the first 256 lines are used");
-            ++known.lineCount;
+            hasLongLine = hasLongLine || text.size() > LongestDataLine;
+            if (lineCount < LineReferenceCount)
+                records[source.record].lines[lineCount] = static_cast<int32_t>(dataLines.size());
+            else if (lineCount == LineReferenceCount)
+                logFile(source.path, "only the first 256 lines are used");
+            ++lineCount;
             dataLines.push_back(blank<DataLine>());
             zel::copyText(dataLines.back().text, text);
         }
         if (hasLongLine)
-            logFile(path, "lines are cut to 255 characters");
+            logFile(source.path, "lines are cut to 255 characters");
     }
 
     std::vector<Record>& records;
     std::vector<DataLine>& dataLines;
-    std::map<std::string, KnownFile> knownFiles;
+    std::vector<int32_t> lineCounts; // of each record
 };
+static_assert(sizeof(DataLine::text) == LongestDataLine + 1);
+static_assert(sizeof(SquadronFile::key) == LongestRecordName + 1);
 
 bool namesPlane(const std::vector<DataToken>& tokens, std::string_view plane) {
     return std::any_of(tokens.begin(), tokens.end(), [&](const DataToken& token) {
@@ -137,15 +118,9 @@ void Database::readDataFiles() {
     squadronFiles.clear();
     pilotFiles.clear();
     dataLines.clear();
-    // Most players have no folders of their own: that is worth no line in the log.
-    FolderReader<SquadronFile> squadronReader(squadronFiles, dataLines);
-    squadronReader.readFolder(DeliveredSquadrons);
-    if (zel::system::isDirectory(CustomSquadrons))
-        squadronReader.readFolder(CustomSquadrons);
-    FolderReader<PilotFile> pilotReader(pilotFiles, dataLines);
-    pilotReader.readFolder(DeliveredPilots);
-    if (zel::system::isDirectory(CustomPilots))
-        pilotReader.readFolder(CustomPilots);
+    DataFileReader(squadronFiles, dataLines)
+        .read(listDataFiles(DeliveredSquadrons, CustomSquadrons));
+    DataFileReader(pilotFiles, dataLines).read(listDataFiles(DeliveredPilots, CustomPilots));
 
     for (const SquadronFile& file : squadronFiles) {
         const int32_t nation = zel::toInt(zel::arrayText(file.key).substr(0, 3));
