@@ -51,12 +51,12 @@ quietly() {
 }
 
 # What building takes, and what testing takes besides.
-build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev"
+build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev libcli11-dev"
 test_packages="clang libclang-rt-14-dev clang-format clang-tidy shellcheck git python3 libgtest-dev
     libbenchmark-dev xvfb xauth libgl1-mesa-dri"
 
 # For Windows: the compiler with SDL's source, and what runs the programs here.
-windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev"
+windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev libcli11-dev"
 wine_packages="wine wine64 googletest libgl1 libgl1-mesa-dri xvfb xauth xdotool locales"
 
 # Whether all of that is installed.

@@ -36,7 +36,7 @@ expected() {
         echo "./$program.exe"
     done
     echo ./SDL.dll
-    for licence in README SDL Wingtally mingw-w64 stb; do
+    for licence in CLI11 README SDL Wingtally mingw-w64 stb; do
         echo "./Licenses/$licence.txt"
     done
     echo ./README.md
@@ -58,6 +58,7 @@ check_files() {
     done
     grep -q "LESSER GENERAL PUBLIC LICENSE" "$1/Licenses/SDL.txt" || fail "the licence of SDL is missing"
     grep -q "Sean Barrett" "$1/Licenses/stb.txt" || fail "the licence of stb is missing"
+    grep -q "University of Cincinnati" "$1/Licenses/CLI11.txt" || fail "the licence of CLI11 is missing"
     packaging/check-links.sh "$1/README.md" "$1"/docs/*.md
 }
 

@@ -1,6 +1,7 @@
 #include "tools/career/CommandLine.h"
 
 #include <charconv>
+#include <string_view>
 
 #include "app/career/Calendar.h"
 #include "app/career/Database.h"
@@ -8,10 +9,10 @@
 
 namespace {
 
-constexpr const char* Usage =
-    R"(usage: wingtally-career [OPTION]... COMMAND...
+constexpr const char* Description =
+    R"(Leads a career. The commands run in their order; the first that fails ends the call.
 
-Commands, which run in order:
+Commands:
   new SERVICE YEAR MONTH  begins a career; SERVICE is french, english or german,
                           from 1915 12 to 1918 10
   load | save             the career file in the user's folder
@@ -26,18 +27,11 @@ Commands, which run in order:
   squadron                the player's squadron
   aces                    the best pilots of the war
   invitation [accept|refuse]
-                          the invitation to another squadron, and the answer
+                          the invitation to another squadron, and the answer)";
+constexpr const char* Ending =
+    "Exit status: 0 all commands did their work, 1 one of them failed, 2 a wrong call.";
 
-Options:
-  --rof DIR     the simulator's folder
-  --user DIR    where the career and the preferences are kept
-  --data DIR    the folder that holds Data
-  --seed N      the same call gives the same career
-  --wait S      report waits up to S seconds for a log
-  --quiet       says nothing unless something fails
-  --verbose     shows the debug lines
-  --help        shows this
-)";
+constexpr int32_t LongestWait = 86400; // seconds
 
 struct ServiceName {
     std::string_view name;
@@ -46,96 +40,116 @@ struct ServiceName {
 constexpr ServiceName Services[] = {
     {"french", ServiceFrench}, {"english", ServiceEnglish}, {"german", ServiceGerman}};
 
-/// Goes through the arguments one by one.
-class Arguments {
+/// Reads commands with their arguments from the words of a call. Each step returns what is wrong,
+/// or an empty text.
+class CommandReader {
 public:
-    explicit Arguments(const std::vector<std::string_view>& words) : words(words) {}
+    CommandReader(const std::vector<std::string>& words, CareerCall& call)
+        : words(words), call(call) {}
 
-    bool atEnd() const { return next == words.size(); }
-    std::string_view take() { return words[next++]; }
-    std::string_view peek() const { return atEnd() ? std::string_view() : words[next]; }
-
-    /// A whole number of the range; false, taking nothing, if none follows.
-    template <typename Number> bool takeNumber(Number least, Number most, Number& value) {
-        const std::string_view word = peek();
-        Number number = 0;
-        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-        if (word.empty() || error != std::errc() || end != word.data() + word.size() ||
-            number < least || number > most)
-            return false;
-        value = number;
-        ++next;
-        return true;
-    }
+    std::string readAll();
 
 private:
-    const std::vector<std::string_view>& words;
+    std::string readNew();
+    std::string readUntil();
+    std::string readAdvance();
+    void readInvitation();
+    std::string readPlain(std::string_view command);
+
+    bool atEnd() const { return next == words.size(); }
+    std::string_view peek() const { return atEnd() ? std::string_view() : words[next]; }
+    /// A whole number of the range; false, taking nothing, if none follows.
+    bool takeNumber(int32_t least, int32_t most, int32_t& value);
+    void add(std::function<bool(Session&)> command) { call.commands.push_back(std::move(command)); }
+
+    const std::vector<std::string>& words;
+    CareerCall& call;
     size_t next = 0;
 };
 
-bool readNew(Arguments& arguments, CareerCall& call, std::string& error) {
-    const std::string_view name = arguments.atEnd() ? std::string_view() : arguments.take();
+bool CommandReader::takeNumber(int32_t least, int32_t most, int32_t& value) {
+    const std::string_view word = peek();
+    int32_t number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    if (word.empty() || error != std::errc() || end != word.data() + word.size() ||
+        number < least || number > most)
+        return false;
+    value = number;
+    ++next;
+    return true;
+}
+
+std::string CommandReader::readAll() {
+    if (words.empty())
+        return "no command given";
+    std::string wrong;
+    while (wrong.empty() && !atEnd()) {
+        const std::string_view command = words[next++];
+        if (command == "new")
+            wrong = readNew();
+        else if (command == "until")
+            wrong = readUntil();
+        else if (command == "advance")
+            wrong = readAdvance();
+        else if (command == "invitation")
+            readInvitation();
+        else
+            wrong = readPlain(command);
+    }
+    return wrong;
+}
+
+std::string CommandReader::readNew() {
+    const std::string_view name = atEnd() ? std::string_view() : words[next++];
     const ServiceName* service = nullptr;
     for (const ServiceName& known : Services)
         if (known.name == name)
             service = &known;
-    if (service == nullptr) {
-        error = "new wants french, english or german";
-        return false;
-    }
+    if (service == nullptr)
+        return "new wants french, english or german";
     int32_t year = 0;
     int32_t month = 0;
-    const bool isDate =
-        arguments.takeNumber(1915, 1918, year) && arguments.takeNumber(1, 12, month);
+    const bool isDate = takeNumber(1915, 1918, year) && takeNumber(1, 12, month);
     const int32_t start = year * 100 + month;
-    if (!isDate || start < 191512 || start > 191810) {
-        error = "new wants a year and a month from 1915 12 to 1918 10";
-        return false;
-    }
-    call.commands.emplace_back([=, chosen = service->service](Session& session) {
+    if (!isDate || start < 191512 || start > 191810)
+        return "new wants a year and a month from 1915 12 to 1918 10";
+    add([=, chosen = service->service](Session& session) {
         return session.newCareer(chosen, year, month);
     });
-    return true;
+    return {};
 }
 
-bool readUntil(Arguments& arguments, CareerCall& call, std::string& error) {
+std::string CommandReader::readUntil() {
     int32_t date = 0;
-    const bool isNumber = arguments.takeNumber(19151201, 19191231, date);
+    const bool isNumber = takeNumber(19151201, 19191231, date);
     const int32_t month = date / 100 % 100;
     const int32_t day = date % 100;
-    if (!isNumber || day < 1 || day > Calendar::daysInMonth(date / 10000, month)) {
-        error = "until wants a date as YYYYMMDD";
-        return false;
-    }
-    call.commands.emplace_back([=](Session& session) { return session.until(date); });
-    return true;
+    if (!isNumber || day < 1 || day > Calendar::daysInMonth(date / 10000, month))
+        return "until wants a date as YYYYMMDD";
+    add([=](Session& session) { return session.until(date); });
+    return {};
 }
 
-bool readAdvance(Arguments& arguments, CareerCall& call, std::string& error) {
+std::string CommandReader::readAdvance() {
     int32_t periods = 1;
-    const bool wantsNumber = arguments.peek().find_first_of("0123456789") == 0;
-    if (!arguments.takeNumber(1, 1000, periods) && wantsNumber) {
-        error = "advance wants 1 to 1000 periods";
-        return false;
-    }
-    call.commands.emplace_back([=](Session& session) { return session.advance(periods); });
-    return true;
+    const bool wantsNumber = peek().find_first_of("0123456789") == 0;
+    if (!takeNumber(1, 1000, periods) && wantsNumber)
+        return "advance wants 1 to 1000 periods";
+    add([=](Session& session) { return session.advance(periods); });
+    return {};
 }
 
-void readInvitation(Arguments& arguments, CareerCall& call) {
-    if (arguments.peek() == "accept")
-        call.commands.emplace_back(&Session::acceptInvitation);
-    else if (arguments.peek() == "refuse")
-        call.commands.emplace_back(&Session::refuseInvitation);
-    else {
-        call.commands.emplace_back(&Session::showInvitation);
-        return;
-    }
-    arguments.take();
+void CommandReader::readInvitation() {
+    if (peek() == "accept")
+        add(&Session::acceptInvitation);
+    else if (peek() == "refuse")
+        add(&Session::refuseInvitation);
+    else
+        return add(&Session::showInvitation);
+    ++next;
 }
 
-bool readCommand(std::string_view word, Arguments& arguments, CareerCall& call,
-                 std::string& error) {
+std::string CommandReader::readPlain(std::string_view command) {
     struct Plain {
         std::string_view name;
         bool (Session::*run)();
@@ -145,81 +159,39 @@ bool readCommand(std::string_view word, Arguments& arguments, CareerCall& call,
         {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
         {"squadron", &Session::squadron}, {"aces", &Session::aces},
     };
-    if (word == "new")
-        return readNew(arguments, call, error);
-    if (word == "until")
-        return readUntil(arguments, call, error);
-    if (word == "advance")
-        return readAdvance(arguments, call, error);
-    if (word == "invitation")
-        readInvitation(arguments, call);
-    else {
-        for (const Plain& command : PlainCommands) {
-            if (command.name != word)
-                continue;
-            call.commands.emplace_back(command.run);
-            return true;
-        }
-        error = "unknown command: " + std::string(word);
-        return false;
-    }
-    return true;
-}
-
-bool readOption(std::string_view word, Arguments& arguments, CareerCall& call, std::string& error) {
-    struct Folder {
-        std::string_view name;
-        zel::String CareerCall::*place;
-    };
-    constexpr Folder Folders[] = {{"--rof", &CareerCall::rofDirectory},
-                                  {"--user", &CareerCall::userDirectory},
-                                  {"--data", &CareerCall::dataDirectory}};
-    for (const Folder& folder : Folders) {
-        if (folder.name != word)
+    for (const Plain& known : PlainCommands) {
+        if (known.name != command)
             continue;
-        if (arguments.peek().empty() || arguments.peek().substr(0, 2) == "--") {
-            error = std::string(word) + " wants a folder";
-            return false;
-        }
-        call.*folder.place = zel::String(arguments.take());
-        return true;
+        add(known.run);
+        return {};
     }
-    uint32_t seed = 0;
-    if (word == "--quiet")
-        call.quiet = true;
-    else if (word == "--verbose")
-        call.verbose = true;
-    else if (word == "--help")
-        call.help = true;
-    else if (word == "--seed" && arguments.takeNumber<uint32_t>(0, UINT32_MAX, seed))
-        call.seed = seed;
-    else if (word == "--wait" && arguments.takeNumber(0, 86400, call.waitSeconds))
-        return true;
-    else {
-        error = word == "--seed" || word == "--wait" ? std::string(word) + " wants a number"
-                                                     : "unknown option: " + std::string(word);
-        return false;
-    }
-    return true;
+    return "unknown command: " + std::string(command);
 }
 
 } // namespace
 
-bool readCareerCall(const std::vector<std::string_view>& words, CareerCall& call,
-                    std::string& error) {
-    Arguments arguments(words);
-    while (!arguments.atEnd()) {
-        const std::string_view word = arguments.take();
-        const bool isOption = word.substr(0, 2) == "--";
-        if (isOption ? !readOption(word, arguments, call, error)
-                     : !readCommand(word, arguments, call, error))
-            return false;
-    }
-    if (call.commands.empty() && !call.help) {
-        error = "no command given";
-        return false;
-    }
-    return true;
-}
+tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerCall& call) {
+    tools::CommandLine line("wingtally-career", "[OPTION]... COMMAND...", Description, Ending);
+    const auto addFolder = [&](const char* name, std::string& folder, const char* what) {
+        line.add_option(name, folder, what)->type_name("DIR")->check(tools::nameOfFile());
+    };
+    addFolder("--rof", call.rofDirectory, "the simulator's folder");
+    addFolder("--user", call.userDirectory, "where the career and the preferences are kept");
+    addFolder("--data", call.dataDirectory, "the folder that holds Data");
+    line.add_option("--seed", call.seed, "the same call gives the same career")
+        ->type_name("N")
+        ->transform(tools::wholeNumber(0, UINT32_MAX));
+    line.add_option("--wait", call.waitSeconds, "report waits up to S seconds for a log")
+        ->type_name("S")
+        ->transform(tools::wholeNumber(0, LongestWait));
+    line.add_flag("--quiet", call.quiet, "says nothing unless something fails");
+    line.add_flag("--verbose", call.verbose, "shows the debug lines");
+    std::vector<std::string> commands;
+    line.add_option("COMMAND", commands)->take_all();
 
-const char* careerUsage() { return Usage; }
+    const tools::CallReading reading = line.read(words);
+    if (reading.kind != tools::CallKind::Run)
+        return reading;
+    const std::string wrong = CommandReader(commands, call).readAll();
+    return wrong.empty() ? reading : line.wrong(wrong);
+}

@@ -13,11 +13,6 @@
 
 namespace {
 
-int wrongCall(const std::string& error) {
-    std::fprintf(stderr, "wingtally-career: %s\n%s", error.c_str(), careerUsage());
-    return 2;
-}
-
 int failed(const zel::String& why) {
     std::fflush(stdout);
     std::fprintf(stderr, "wingtally-career: %s\n", why.c_str());
@@ -29,8 +24,7 @@ std::vector<zel::String>& heldLines() {
     return lines;
 }
 
-/// Warnings are held back until a command has done its work: one that fails says why in its one
-/// line.
+/// Holds warnings back until a command succeeds: one that fails reports why in its own line.
 void showLogs(bool verbose) {
     zel::setConsoleShown(verbose);
     if (verbose)
@@ -45,7 +39,7 @@ void releaseLines() {
     heldLines().clear();
 }
 
-/// Nothing of this run's time may show in its results.
+/// Makes the results independent of the time at which the program runs.
 void pin(uint32_t seed) {
     zel::Random::setStaticNumber(seed);
     zel::setTickSource([] { return uint32_t(0); });
@@ -58,7 +52,7 @@ bool enterRunDirectory(const zel::String& chosen) {
     if (folder.empty())
         folder = zel::findRunDirectory();
     else if (!zel::system::isDirectory(folder + "\\Data"))
-        folder = folder + "\\.."; // Data itself was named
+        folder = folder + "\\.."; // Data itself is named
     return !folder.empty() && zel::system::isDirectory(folder + "\\Data\\Historical") &&
            zel::system::changeDirectory(folder);
 }
@@ -68,20 +62,16 @@ bool enterRunDirectory(const zel::String& chosen) {
 int main(int argc, char** argv) {
     zel::setApplicationTitle("Wingtally");
     CareerCall call;
-    std::string error;
-    if (!readCareerCall({argv + 1, argv + argc}, call, error))
-        return wrongCall(error);
-    if (call.help) {
-        std::printf("%s", careerUsage());
-        return 0;
-    }
+    const tools::CallReading reading = readCareerCall(tools::argumentsOf(argc, argv), call);
+    if (const std::optional<int> status = tools::answer(reading))
+        return *status;
     showLogs(call.verbose);
     if (call.seed)
         pin(*call.seed);
 
     noteStartFolder();
-    if (!call.rofDirectory.empty())
-        call.rofDirectory = zel::system::absolutePath(call.rofDirectory);
+    const zel::String rofDirectory =
+        call.rofDirectory.empty() ? zel::String() : zel::system::absolutePath(call.rofDirectory);
     if (!call.userDirectory.empty())
         zel::setUserDirectory(zel::system::absolutePath(call.userDirectory));
     if (!enterRunDirectory(call.dataDirectory))
@@ -89,8 +79,8 @@ int main(int argc, char** argv) {
                           ? zel::String("The folder Data was not found beside the program")
                           : "There is no folder Data in " + call.dataDirectory);
     loadSettings();
-    if (!call.rofDirectory.empty())
-        Configuration::set("rof.directory", call.rofDirectory);
+    if (!rofDirectory.empty())
+        Configuration::set("rof.directory", rofDirectory);
 
     initPlaneNames();
     Session session(call.quiet, call.waitSeconds);

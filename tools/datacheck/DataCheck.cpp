@@ -6,9 +6,10 @@
 #include "app/career/Nation.h"
 #include "engine/core/System.h"
 #include "tools/datacheck/Months.h"
-#include "tools/datacheck/OtherFiles.h"
+#include "tools/datacheck/NameCheck.h"
 #include "tools/datacheck/PilotCheck.h"
 #include "tools/datacheck/SquadronCheck.h"
+#include "tools/datacheck/TemplateCheck.h"
 
 namespace datacheck {
 
@@ -21,18 +22,14 @@ struct NationName {
 constexpr NationName Nations[] = {
     {France, "France"}, {England, "England"}, {Usa, "USA"}, {Germany, "Germany"}};
 
-bool isBefore(const Fault& a, const Fault& b) {
-    return a.file != b.file ? a.file < b.file : a.line < b.line;
-}
-
-/// A row of the table; empty if the nation has no squadron then.
+/// A row of the table; empty if the nation has no squadron in that month.
 zel::String coverageRow(const NationName& nation, Month month,
-                        const std::vector<Record>& squadrons) {
+                        const std::vector<HistoryRecord>& squadrons) {
     const std::vector<const char*> planes = planesOf(nation.code, month);
     int32_t active = 0;
     int32_t withOne = 0;
     int32_t withEvery = 0;
-    for (const Record& squadron : squadrons) {
+    for (const HistoryRecord& squadron : squadrons) {
         const MonthRange months = activeMonths(squadron);
         if (nationOf(squadron) != nation.code || month < months.first || month > months.last)
             continue;
@@ -63,25 +60,25 @@ zel::String findDataFolder(const zel::String& folder) {
     return {};
 }
 
-Faults checkData(const zel::String& dataFolder) {
-    Faults faults;
-    const std::vector<Record> squadrons = readRecords(dataFolder, "Squadrons", faults);
+Findings checkData(const zel::String& dataFolder) {
+    Findings findings;
+    const std::vector<HistoryRecord> squadrons = readHistory(dataFolder, "Squadrons", findings);
     if (squadrons.empty())
-        faults.push_back({dataFolder + "/Historical/Squadrons", 1,
-                          "there are no squadrons: install the program's data again"});
-    for (const Record& squadron : squadrons)
-        checkSquadron(squadron, faults);
-    for (const Record& pilot : readRecords(dataFolder, "Pilots", faults))
-        checkPilot(pilot, squadrons, faults);
-    checkNames(dataFolder, faults);
-    checkTemplate(dataFolder, faults);
-    std::stable_sort(faults.begin(), faults.end(), isBefore);
-    return faults;
+        findings.emplace_back(dataFolder + "/Historical/Squadrons", 0, "there are no squadrons",
+                              "install the program's data again");
+    for (const HistoryRecord& squadron : squadrons)
+        checkSquadron(squadron, findings);
+    for (const HistoryRecord& pilot : readHistory(dataFolder, "Pilots", findings))
+        checkPilot(pilot, squadrons, findings);
+    checkNameLists(dataFolder, findings);
+    checkTemplate(dataFolder, findings);
+    tools::sortByPlace(findings);
+    return findings;
 }
 
 zel::String coverageTable(const zel::String& dataFolder) {
-    Faults ignored;
-    const std::vector<Record> squadrons = readRecords(dataFolder, "Squadrons", ignored);
+    Findings ignored;
+    const std::vector<HistoryRecord> squadrons = readHistory(dataFolder, "Squadrons", ignored);
     zel::String table = "nation   month   squadrons    one   every  in use\n";
     for (const NationName& nation : Nations)
         for (Month month = FirstMonth; month <= LastMonth; ++month)

@@ -22,16 +22,16 @@ zel::String monthText(Month month) {
     return zel::String(month / 12) + (number < 10 ? "-0" : "-") + number;
 }
 
-MonthRange activeMonths(const Record& squadron) {
+MonthRange activeMonths(const HistoryRecord& squadron) {
     std::string first;
     std::string last;
     bool open = false;
-    for (const Entry& entry : squadron.entries) {
-        if (isWarDate(entry.date) && (first.empty() || entry.date < first))
-            first = entry.date;
-        if (isWarDate(entry.until))
-            last = std::max(last, entry.until);
-        else if (!entry.aircraft.empty())
+    for (const HistoryLine& line : squadron.lines) {
+        if (isWarDate(line.date) && (first.empty() || line.date < first))
+            first = line.date;
+        if (isWarDate(line.until))
+            last = std::max(last, line.until);
+        else if (!line.aircraft.empty())
             open = true;
     }
     if (first.empty())
@@ -40,12 +40,12 @@ MonthRange activeMonths(const Record& squadron) {
             open || last.empty() ? LastMonth : std::min(LastMonth, monthOf(last))};
 }
 
-bool coversMonth(const Entry& entry, Month month) {
-    return !entry.aircraft.empty() && (!isWarDate(entry.date) || monthOf(entry.date) <= month) &&
-           (!isWarDate(entry.until) || month <= monthOf(entry.until));
+bool coversMonth(const HistoryLine& line, Month month) {
+    return !line.aircraft.empty() && (!isWarDate(line.date) || monthOf(line.date) <= month) &&
+           (!isWarDate(line.until) || month <= monthOf(line.until));
 }
 
-int32_t nationOf(const Record& squadron) {
+int32_t nationOf(const HistoryRecord& squadron) {
     const zel::String code = squadron.name.left(3);
     return code.length() == 3 && isDigits(code.view()) ? code.toInt() : 0;
 }
@@ -59,9 +59,9 @@ std::vector<const char*> planesOf(int32_t nation, Month month) {
     return {};
 }
 
-bool flies(const Record& squadron, const char* plane) {
-    return std::any_of(squadron.entries.begin(), squadron.entries.end(), [&](const Entry& entry) {
-        return zel::equalsNoCase(entry.aircraft, plane);
+bool flies(const HistoryRecord& squadron, const char* plane) {
+    return std::any_of(squadron.lines.begin(), squadron.lines.end(), [&](const HistoryLine& line) {
+        return zel::equalsNoCase(line.aircraft, plane);
     });
 }
 

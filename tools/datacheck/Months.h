@@ -3,39 +3,40 @@
 #include <string>
 #include <vector>
 
-#include "tools/datacheck/Records.h"
+#include "tools/datacheck/History.h"
 
 namespace datacheck {
 
 /// Months are counted as 12 times the year plus the month less one, so that the next is one more.
 using Month = int32_t;
 
-constexpr Month FirstMonth = 1915 * 12 + 11; // December 1915, where every career begins
-constexpr Month LastMonth = 1918 * 12 + 10;  // the Armistice
+constexpr Month FirstMonth = 1915 * 12 + 11; // December 1915, when every career begins
+constexpr Month LastMonth = 1918 * 12 + 10;  // November 1918, the Armistice
 
+/// REQUIRES: isWarDate(date).
 Month monthOf(const std::string& date);
 /// "1917-04".
 zel::String monthText(Month month);
 
-/// The months of the career in which a squadron is there: from its lowest date to its highest
-/// `until`, or to the Armistice when a type's line has none. first above last when it never is.
 struct MonthRange {
     Month first;
-    Month last;
+    Month last; // before first for an empty range
 };
-MonthRange activeMonths(const Record& squadron);
+/// The months of the career in which a squadron exists: from its lowest date to its highest until,
+/// or to the Armistice if a line with an aircraft has no until.
+MonthRange activeMonths(const HistoryRecord& squadron);
 
-/// Whether the line's type is flown in that month, by the line's own dates.
-bool coversMonth(const Entry& entry, Month month);
+/// Whether the line has an aircraft, and its dates include the month.
+bool coversMonth(const HistoryLine& line, Month month);
 
-/// The nation's code that a squadron's name begins with; 0 if it doesn't begin with three digits.
-int32_t nationOf(const Record& squadron);
+/// The code of the nation, the first three digits of a squadron's name; 0 without them.
+int32_t nationOf(const HistoryRecord& squadron);
 
-/// What the career draws for the nation in that month. A month that offers it nothing gives way to
-/// the last one before it that does, ten back at most, as in the career; then empty.
+/// The aircraft that the career draws for the nation in that month. Where the month offers none,
+/// the last month before it counts that does, at most ten back; otherwise the list is empty.
 std::vector<const char*> planesOf(int32_t nation, Month month);
 
-/// Whether one of the squadron's lines, of whatever date, holds the type. So the career asks it.
-bool flies(const Record& squadron, const char* plane);
+/// Whether a line of the squadron, of whatever date, has the aircraft: the career's own question.
+bool flies(const HistoryRecord& squadron, const char* plane);
 
 } // namespace datacheck

@@ -4,14 +4,13 @@
 #include <numeric>
 
 #include "app/career/Aircraft.h"
+#include "app/career/DataFolders.h"
 #include "app/career/Nation.h"
 #include "tools/datacheck/Months.h"
 
 namespace datacheck {
 
 namespace {
-
-constexpr int32_t LongestKey = 11;
 
 /// The number of characters to add, drop or change between the two texts.
 size_t editDistance(std::string_view a, std::string_view b) {
@@ -29,7 +28,7 @@ size_t editDistance(std::string_view a, std::string_view b) {
     return row.back();
 }
 
-/// A part of an identifier, such as "camel", is nearer than one that merely looks alike.
+/// A part of an identifier, such as "camel", is nearer than a text that merely looks like it.
 size_t distance(const zel::String& written, const zel::String& identifier) {
     const bool isPart = identifier.view().find(written.view()) != std::string_view::npos;
     return isPart ? 1 : 1 + editDistance(written, identifier);
@@ -52,133 +51,146 @@ bool isNation(int32_t code) {
     return code == France || code == England || code == Usa || code == Germany;
 }
 
-void checkKey(const Record& squadron, Faults& faults) {
+void checkKey(const HistoryRecord& squadron, Findings& findings) {
     const bool isKey =
         squadron.name.length() == 6 && isDigits(squadron.name) && isNation(nationOf(squadron));
     for (const zel::String& file : squadron.files) {
-        if (squadron.name.length() > LongestKey)
-            faults.push_back({file, 1,
-                              "the file's name has more than 11 characters, and no pilot's unit= "
-                              "would match it: name it by its six digits"});
+        if (squadron.name.view().size() > LongestSquadronKey)
+            findings.emplace_back(file, 0,
+                                  "the file's name has more than 11 characters, and no pilot's "
+                                  "unit= would match it",
+                                  "name it by its six digits");
         else if (!isKey)
-            faults.push_back(
-                {file, 1,
-                 "the file becomes a squadron, but its name isn't 101, 102, 103 or 501 "
-                 "and three digits: rename it, or take it out of the folder"});
+            findings.emplace_back(file, 0,
+                                  "the file becomes a squadron, but its name isn't 101, 102, 103 "
+                                  "or 501 and three digits",
+                                  "rename it, or move it out of the folder");
     }
 }
 
-void checkTokens(const Record& squadron, const Entry& entry, Faults& faults) {
-    const auto fault = [&](const char* what) {
-        faults.push_back({squadron.fileOf(entry), entry.line, what});
+void checkKeys(const HistoryRecord& squadron, const HistoryLine& line, Findings& findings) {
+    const auto report = [&](const char* message, const char* suggestion) {
+        findings.emplace_back(squadron.fileOf(line), line.number, message, suggestion);
     };
-    if (!entry.unit.empty() || !entry.aceLevel.empty() || !entry.acePotential.empty())
-        fault("unit=, acelevel= and acepotential= are read in pilot files only: take them out");
-    if (!entry.skin.empty() && entry.aircraft.empty())
-        fault("skin= is read beside aircraft= only: name the type");
-    checkPlane(squadron, entry, faults);
+    if (!line.unit.empty() || !line.aceLevel.empty() || !line.acePotential.empty())
+        report("unit=, acelevel= and acepotential= are only read in pilot files", "remove them");
+    if (!line.skin.empty() && line.aircraft.empty())
+        report("skin= is only read with aircraft=", "add the aircraft");
+    checkAircraft(squadron, line, findings);
 }
 
-/// The line behind which something is missing: of those that end before the month the last to end,
+/// The line after which something is missing: of those that end before the month the last to end,
 /// otherwise the first.
-const Entry& lineBefore(const Record& squadron, Month month) {
-    const Entry* found = &squadron.entries.front();
-    for (const Entry& entry : squadron.entries)
-        if (isWarDate(entry.until) && monthOf(entry.until) < month &&
+const HistoryLine& lineBefore(const HistoryRecord& squadron, Month month) {
+    const HistoryLine* found = &squadron.lines.front();
+    for (const HistoryLine& line : squadron.lines)
+        if (isWarDate(line.until) && monthOf(line.until) < month &&
             (!isWarDate(found->until) || monthOf(found->until) >= month ||
-             found->until < entry.until))
-            found = &entry;
+             found->until < line.until))
+            found = &line;
     return *found;
 }
 
-zel::String rangeText(Month first, Month last) {
-    return monthText(first) + (first == last ? zel::String() : " to " + monthText(last));
+zel::String rangeText(const MonthRange& range) {
+    return monthText(range.first) +
+           (range.first == range.last ? zel::String() : " to " + monthText(range.last));
 }
 
-void checkGaps(const Record& squadron, const MonthRange& months, Faults& faults) {
-    const auto isCovered = [&](Month month) {
-        return std::any_of(squadron.entries.begin(), squadron.entries.end(),
-                           [&](const Entry& entry) { return coversMonth(entry, month); });
-    };
+/// Calls report(range) for the runs of months that fail the test. Months after the first belong to
+/// its run while they are like it: alike(first, month).
+template <typename Fails, typename Alike, typename Report>
+void forEachRun(const MonthRange& months, const Fails& fails, const Alike& alike,
+                const Report& report) {
     for (Month first = months.first; first <= months.last; ++first) {
-        if (isCovered(first))
+        if (!fails(first))
             continue;
         Month last = first;
-        while (last < months.last && !isCovered(last + 1))
+        while (last < months.last && alike(first, last + 1))
             ++last;
-        const Entry& entry = lineBefore(squadron, first);
-        faults.push_back({squadron.fileOf(entry), entry.line,
-                          "no aircraft from " + rangeText(first, last) +
-                              ": carry this line's until= on, or add a line for these months"});
+        report(MonthRange{first, last});
         first = last;
     }
 }
 
-void checkDraws(const Record& squadron, const MonthRange& months, Faults& faults) {
+void checkGaps(const HistoryRecord& squadron, const MonthRange& months, Findings& findings) {
+    const auto isBare = [&](Month month) {
+        return std::none_of(squadron.lines.begin(), squadron.lines.end(),
+                            [&](const HistoryLine& line) { return coversMonth(line, month); });
+    };
+    const auto isBareToo = [&](Month /*first*/, Month month) { return isBare(month); };
+    forEachRun(months, isBare, isBareToo, [&](const MonthRange& range) {
+        const HistoryLine& line = lineBefore(squadron, range.first);
+        findings.emplace_back(squadron.fileOf(line), line.number,
+                              "no aircraft from " + rangeText(range),
+                              "extend the until= of this line, or add a line for these months");
+    });
+}
+
+void checkDraws(const HistoryRecord& squadron, const MonthRange& months, Findings& findings) {
     const int32_t nation = nationOf(squadron);
-    const auto isVain = [&](const std::vector<const char*>& planes) {
+    const auto isIdle = [&](Month month) {
+        const std::vector<const char*> planes = planesOf(nation, month);
         return !planes.empty() &&
                std::none_of(planes.begin(), planes.end(),
                             [&](const char* plane) { return flies(squadron, plane); });
     };
-    for (Month first = months.first; first <= months.last; ++first) {
-        const std::vector<const char*> planes = planesOf(nation, first);
-        if (!isVain(planes))
-            continue;
-        Month last = first;
-        while (last < months.last && planesOf(nation, last + 1) == planes)
-            ++last;
+    const auto hasSamePlanes = [&](Month first, Month month) {
+        return planesOf(nation, month) == planesOf(nation, first);
+    };
+    forEachRun(months, isIdle, hasSamePlanes, [&](const MonthRange& range) {
         zel::String list;
-        for (const char* plane : planes)
+        for (const char* plane : planesOf(nation, range.first))
             list = list + (list.empty() ? "" : ", ") + plane;
-        const Entry& entry = lineBefore(squadron, first);
-        faults.push_back({squadron.fileOf(entry), entry.line,
-                          "none of its aircraft is in use in the career in " +
-                              rangeText(first, last) + ": add a line with one of " + list});
-        first = last;
-    }
+        const HistoryLine& line = lineBefore(squadron, range.first);
+        findings.emplace_back(squadron.fileOf(line), line.number,
+                              "the career uses none of the squadron's aircraft in " +
+                                  rangeText(range),
+                              "add a line with one of " + list);
+    });
 }
 
-void checkMonths(const Record& squadron, Faults& faults) {
-    const auto fault = [&](const char* what) { faults.push_back({squadron.files[0], 1, what}); };
-    const auto any = [&](auto holds) {
-        return std::any_of(squadron.entries.begin(), squadron.entries.end(), holds);
+void checkMonths(const HistoryRecord& squadron, Findings& findings) {
+    const auto report = [&](const char* message, const char* suggestion) {
+        findings.emplace_back(squadron.files[0], 0, message, suggestion);
     };
-    if (squadron.entries.empty())
-        return; // the file as such was reported
-    if (!any([](const Entry& entry) { return isWarDate(entry.date); }))
-        return fault("no line has a date=, so the squadron never enters the war: add it");
-    if (!any([](const Entry& entry) { return !entry.aircraft.empty(); }))
-        return fault("no line has aircraft=: add the types that the squadron flies");
+    const auto any = [&](auto holds) {
+        return std::any_of(squadron.lines.begin(), squadron.lines.end(), holds);
+    };
+    if (squadron.lines.empty())
+        return; // the file as such is reported
+    if (!any([](const HistoryLine& line) { return isWarDate(line.date); }))
+        return report("no line has a date=, so the squadron never enters the war", "add it");
+    if (!any([](const HistoryLine& line) { return !line.aircraft.empty(); }))
+        return report("no line has aircraft=", "add what the squadron flies");
     const MonthRange months = activeMonths(squadron);
-    checkGaps(squadron, months, faults);
-    // A slip in a type's name is told already, and the type may be the one that is missing here.
-    const bool hasUnknown = any([](const Entry& entry) {
-        return !entry.aircraft.empty() && !isKnownPlane(entry.aircraft);
+    checkGaps(squadron, months, findings);
+    // An unknown aircraft is reported already, and may be a slip for the one that is missing here.
+    const bool hasUnknown = any([](const HistoryLine& line) {
+        return !line.aircraft.empty() && !isKnownPlane(line.aircraft);
     });
     if (isNation(nationOf(squadron)) && !hasUnknown)
-        checkDraws(squadron, months, faults);
+        checkDraws(squadron, months, findings);
 }
 
 } // namespace
 
-void checkPlane(const Record& record, const Entry& entry, Faults& faults) {
-    const auto fault = [&](const zel::String& what) {
-        faults.push_back({record.fileOf(entry), entry.line, what});
+void checkAircraft(const HistoryRecord& record, const HistoryLine& line, Findings& findings) {
+    const auto report = [&](const zel::String& message, const zel::String& suggestion) {
+        findings.emplace_back(record.fileOf(line), line.number, message, suggestion);
     };
-    if (!entry.aircraft.empty() && !isKnownPlane(entry.aircraft))
-        fault("aircraft=" + zel::String(entry.aircraft) + " is not known: the nearest is " +
-              nearestPlane(entry.aircraft));
-    if (entry.skin.find_first_of(";{}\"") != entry.skin.npos)
-        fault("skin=" + zel::String(entry.skin) +
-              " holds one of ; { } \" which the simulator can't read: rename the skin's file");
+    if (!line.aircraft.empty() && !isKnownPlane(line.aircraft))
+        report("aircraft=" + line.aircraft + " is not known",
+               "the nearest is " + nearestPlane(line.aircraft));
+    if (line.skin.find_first_of(";{}\"") != line.skin.npos)
+        report("skin=" + line.skin + " has one of ; { } \" which the simulator can't read",
+               "rename the skin's file");
 }
 
-void checkSquadron(const Record& squadron, Faults& faults) {
-    checkKey(squadron, faults);
-    for (const Entry& entry : squadron.entries)
-        checkTokens(squadron, entry, faults);
-    checkMonths(squadron, faults);
+void checkSquadron(const HistoryRecord& squadron, Findings& findings) {
+    checkKey(squadron, findings);
+    for (const HistoryLine& line : squadron.lines)
+        checkKeys(squadron, line, findings);
+    checkMonths(squadron, findings);
 }
 
 } // namespace datacheck

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "tools/datacheck/Records.h"
+#include "tools/datacheck/History.h"
 
 namespace datacheck {
 
-/// What the program could not use in a squadron's files: the name, unknown types, tokens that only
-/// pilot files have, and months in which the squadron is there and has nothing to fly.
-void checkSquadron(const Record& squadron, Faults& faults);
+/// Checks what the game could not use in a squadron's files: the name, unknown aircraft, keys that
+/// only pilot files have, and months in which the squadron exists and has nothing to fly.
+void checkSquadron(const HistoryRecord& squadron, Findings& findings);
 
-/// Reports a type that the career doesn't know, with the nearest that it does, and a skin's name
-/// that would break the mission.
-void checkPlane(const Record& record, const Entry& entry, Faults& faults);
+/// Reports an aircraft that the career doesn't know, with the nearest one that it does, and the
+/// name of a skin that would break the mission.
+void checkAircraft(const HistoryRecord& record, const HistoryLine& line, Findings& findings);
 
 } // namespace datacheck

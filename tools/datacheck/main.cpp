@@ -1,71 +1,57 @@
 #include <cstdio>
-#include <string_view>
+#include <string>
 
+#include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "tools/common/CommandLine.h"
 #include "tools/datacheck/DataCheck.h"
 
 namespace {
 
-constexpr const char* Usage =
-    "Usage: wingtally-datacheck [--coverage] [FOLDER]\n"
-    "Checks the squadron, pilot and name files and the mission template in FOLDER, the folder "
-    "Data\n"
-    "or the one that holds it; without FOLDER, those that the program itself would use. Prints "
-    "each\n"
-    "fault as file:line: what is wrong and what to write instead.\n"
-    "  --coverage  prints, for each nation and month, how many of the squadrons have one and\n"
-    "              every type that is then in use in the career\n"
-    "Exit status: 0 no fault, 1 faults, 2 a wrong call or no data.\n";
+constexpr const char* Program = "wingtally-datacheck";
+constexpr const char* Description =
+    R"(Checks the squadron, pilot and name files and the mission template in FOLDER, which is
+the folder Data or the one that holds it; without FOLDER, the files that the game itself
+uses. Prints each finding as file:line: what is wrong: what to write instead.)";
+constexpr const char* Ending = "Exit status: 0 no findings, 1 findings, 2 a wrong call or no data.";
 
 struct Call {
     bool coverage = false;
-    bool help = false;
-    bool isWrong = false;
-    zel::String folder;
+    std::string folder;
 };
 
-Call readCall(int argc, char** argv) {
-    Call call;
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view argument = argv[i];
-        if (argument == "--coverage")
-            call.coverage = true;
-        else if (argument == "--help" || argument == "-h")
-            call.help = true;
-        else if (argument.empty() || argument.front() == '-' || !call.folder.empty())
-            call.isWrong = true;
-        else
-            call.folder = zel::String(argument);
-    }
-    return call;
+tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
+    tools::CommandLine line(Program, "[--coverage] [FOLDER]", Description, Ending);
+    line.add_flag("--coverage", call.coverage,
+                  "print, for each nation and month, how many of the squadrons have one\n"
+                  "and how many have every aircraft that is then in use in the career");
+    line.add_option("FOLDER", call.folder)->check(tools::nameOfFile());
+    return line.read(words);
 }
 
 int run(const Call& call) {
+    zel::setConsoleShown(false); // a missing folder is a finding
     const zel::String found = call.folder.empty() ? zel::findRunDirectory() : zel::String();
-    const zel::String start = found.empty() ? call.folder : zel::system::absolutePath(found);
+    const zel::String start =
+        found.empty() ? zel::String(call.folder) : zel::system::absolutePath(found);
     const zel::String folder = start.empty() ? start : datacheck::findDataFolder(start);
     if (folder.empty()) {
-        std::fprintf(stderr, "wingtally-datacheck: no data in %s\n",
-                     start.empty() ? "the places where the program looks" : start.c_str());
+        std::fprintf(stderr, "%s: no data in %s\n", Program,
+                     start.empty() ? "the places where the game looks" : start.c_str());
         return 2;
     }
     if (call.coverage) {
         std::fputs(datacheck::coverageTable(folder).c_str(), stdout);
         return 0;
     }
-    const datacheck::Faults faults = datacheck::checkData(folder);
-    for (const datacheck::Fault& fault : faults)
-        std::printf("%s:%d: %s\n", fault.file.c_str(), fault.line, fault.what.c_str());
-    return faults.empty() ? 0 : 1;
+    return tools::printFindings(datacheck::checkData(folder), stdout);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const Call call = readCall(argc, argv);
-    if (call.help || call.isWrong) {
-        std::fputs(Usage, call.help ? stdout : stderr);
-        return call.help ? 0 : 2;
-    }
-    return run(call);
+    Call call;
+    const tools::CallReading reading = readCall(tools::argumentsOf(argc, argv), call);
+    const std::optional<int> status = tools::answer(reading);
+    return status ? *status : run(call);
 }

@@ -17,7 +17,7 @@ constexpr const char* PilotFolder = "Historical/Pilots";
 constexpr const char* NameFolder = "Names";
 constexpr const char* LineEnd = "\r\n";
 
-/// The lines of each file with the dates by which they are put in order.
+/// The lines of each file, with the dates that they are sorted by.
 using DatedLines = std::map<std::string, std::vector<std::pair<std::string, std::string>>>;
 
 std::string datedStart(const std::string& from, const std::string& until, const char* action) {
@@ -59,19 +59,21 @@ bool holdsAlready(const fs::path& path, const std::string& content) {
     return stream && std::string(std::istreambuf_iterator<char>(stream), {}) == content;
 }
 
-bool writeFile(const fs::path& path, const std::string& content, std::string& fault) {
+tools::Findings unwritable(const fs::path& path, const std::string& reason) {
+    return {{path.string(), 0, reason}};
+}
+
+tools::Findings writeFile(const fs::path& path, const std::string& content) {
     if (holdsAlready(path, content))
-        return true;
+        return {};
     std::ofstream stream(path, std::ios::binary | std::ios::trunc);
     stream << content;
     stream.close();
-    if (!stream)
-        fault = path.string() + " can't be written";
-    return !stream.fail();
+    return stream ? tools::Findings() : unwritable(path, "the file can't be written");
 }
 
-bool removeStale(const fs::path& folder, const std::string& name, const FileSet& files,
-                 std::string& fault) {
+/// Removes the files of the folder that are not in the set. name: the folder's name in the set.
+tools::Findings removeStale(const fs::path& folder, const std::string& name, const FileSet& files) {
     std::error_code error;
     std::vector<fs::path> stale;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
@@ -84,9 +86,7 @@ bool removeStale(const fs::path& folder, const std::string& name, const FileSet&
     for (const fs::path& path : stale)
         if (!error)
             fs::remove(path, error);
-    if (error)
-        fault = folder.string() + ": " + error.message();
-    return !error;
+    return error ? unwritable(folder, error.message()) : tools::Findings();
 }
 
 } // namespace
@@ -105,21 +105,21 @@ FileSet makeFiles(const Tables& tables) {
     return files;
 }
 
-bool writeFiles(const FileSet& files, const std::string& folder, std::string& fault) {
+tools::Findings writeFiles(const FileSet& files, const std::string& folder) {
     for (const char* name : {SquadronFolder, PilotFolder, NameFolder}) {
         const fs::path path = fs::path(folder) / name;
         std::error_code error;
         fs::create_directories(path, error);
-        if (error) {
-            fault = path.string() + ": " + error.message();
-            return false;
-        }
-        if (!removeStale(path, name, files, fault))
-            return false;
+        if (error)
+            return unwritable(path, error.message());
+        if (tools::Findings findings = removeStale(path, name, files); !findings.empty())
+            return findings;
     }
-    return std::all_of(files.begin(), files.end(), [&](const FileSet::value_type& file) {
-        return writeFile(fs::path(folder) / file.first, file.second, fault);
-    });
+    for (const auto& [name, content] : files)
+        if (tools::Findings findings = writeFile(fs::path(folder) / name, content);
+            !findings.empty())
+            return findings;
+    return {};
 }
 
 } // namespace tables

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <set>
+
+#include "tools/makedata/TableText.h"
 
 namespace tables {
 
@@ -19,7 +19,7 @@ struct NationCode {
 constexpr NationCode Nations[] = {
     {"France", "101"}, {"England", "102"}, {"USA", "103"}, {"Germany", "501"}};
 
-// Which pilots the lists serve, in the order in which the program loads them.
+// The lists of the names folder, in the order in which the game loads them.
 constexpr const char* NameFiles[] = {"France_1st.txt",  "England_1st.txt", "Germany_1st.txt",
                                      "USA_1st.txt",     "France_2nd.txt",  "England_2nd.txt",
                                      "Germany_2nd.txt", "USA_2nd.txt"};
@@ -41,84 +41,14 @@ std::string lowered(std::string text) {
     return text;
 }
 
-std::vector<std::string> split(const std::string& text, char delimiter) {
-    std::vector<std::string> parts(1);
-    for (char character : text) {
-        if (character == delimiter)
-            parts.emplace_back();
-        else
-            parts.back() += character;
-    }
-    return parts;
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+/// Whether the text can be the simulator's name of an aircraft.
+bool isIdentifier(const std::string& text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](char character) {
+        return isDigit(character) || isLower(character);
+    });
 }
-
-/// A file as lines, each with its number; where it stands is kept for the faults.
-class LineSource {
-public:
-    LineSource(const std::string& folder, const std::string& file, Faults& faults)
-        : file(file), faults(faults) {
-        std::ifstream stream(std::filesystem::path(folder) / file, std::ios::binary);
-        if (!stream)
-            faults.push_back(file + ":0: the file can't be read");
-        for (std::string text; std::getline(stream, text);) {
-            if (!text.empty() && text.back() == '\r')
-                text.pop_back();
-            lines.push_back(text);
-        }
-    }
-
-    /// Reports on the line of that index.
-    void fault(size_t index, const std::string& what) {
-        faults.push_back(file + ":" + std::to_string(index + 1) + ": " + what);
-    }
-
-    std::string file;
-    std::vector<std::string> lines;
-
-private:
-    Faults& faults;
-};
-
-/// The rows behind the header, each of as many fields as the header has; others are faults.
-class Table : public LineSource {
-public:
-    struct Row {
-        size_t line; // index
-        std::vector<std::string> fields;
-    };
-
-    Table(const std::string& folder, const std::string& file, std::string_view header,
-          Faults& faults)
-        : LineSource(folder, file, faults) {
-        if (lines.empty())
-            return;
-        if (lines[0] != header) {
-            fault(0, "the header must be \"" + std::string(header) + "\"");
-            return;
-        }
-        const size_t count = split(lines[0], ',').size();
-        for (size_t i = 1; i < lines.size(); ++i)
-            addRow(i, count);
-    }
-
-    std::vector<Row> rows;
-
-private:
-    void addRow(size_t index, size_t count) {
-        const std::string& line = lines[index];
-        const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
-        if (!std::all_of(line.begin(), line.end(), isPlain))
-            return fault(index, "only plain ASCII goes into a table");
-        std::vector<std::string> fields = split(line, ',');
-        if (fields.size() != count)
-            return fault(index, std::to_string(fields.size()) + " fields where the header has " +
-                                    std::to_string(count));
-        for (const std::string& field : fields)
-            if (!field.empty() && (field.front() == ' ' || field.back() == ' '))
-                return fault(index, "blanks around \"" + field + "\"");
-        rows.push_back({index, std::move(fields)});
-    }
-};
 
 bool isKeyOf(const std::string& key, const std::string& nation) {
     if (key.size() != 6 || !std::all_of(key.begin(), key.end(), isDigit))
@@ -133,7 +63,7 @@ bool isNation(const std::string& nation) {
                        [&](const NationCode& known) { return known.name == nation; });
 }
 
-// What the simulator can hold in a name and every system in a file's name.
+// What the simulator accepts in a name, and every system in the name of a file.
 bool isPilotName(const std::string& name) {
     const auto isAllowed = [](char character) {
         return isLetter(character) || std::string_view(" .'-").find(character) != std::string::npos;
@@ -142,41 +72,31 @@ bool isPilotName(const std::string& name) {
            name.find("  ") == std::string::npos && std::all_of(name.begin(), name.end(), isAllowed);
 }
 
-/// Reports what is wrong with the two dates; true if nothing is.
-bool checkDates(Table& table, size_t line, const std::string& from, const std::string& until) {
+void checkDates(Table& table, size_t line, const std::string& from, const std::string& until) {
     for (const std::string& date : {from, until})
-        if (!isDate(date)) {
-            table.fault(line, "\"" + date + "\" is no date: write yyyymmdd");
-            return false;
-        }
+        if (!isDate(date))
+            return table.report(line, quoted(date) + " is no date", "write yyyymmdd");
     if (until < from)
-        table.fault(line, "it ends on " + until + ", before it begins on " + from);
-    return until >= from;
+        table.report(line, "it ends on " + until + ", before it begins on " + from);
 }
 
-// The check that a type is one of the simulator's is made on the finished files, by the checker
-// that players have too: it knows the aircraft.
+// Whether the simulator has the aircraft is checked in the finished files, by wingtally-datacheck.
 void readSquadrons(Table& table, Tables& tables) {
     std::set<std::string> seen;
     for (const Table::Row& row : table.rows) {
         const std::vector<std::string>& f = row.fields;
         const SquadronRow squadron{f[0], f[3], f[4], f[5], f[6]};
         if (!isKeyOf(squadron.key, f[1]))
-            table.fault(row.line, "\"" + squadron.key + "\" is no key of " + f[1] +
-                                      ": write its code and three digits");
-        const auto isWord = [](const std::string& text) {
-            return !text.empty() && std::all_of(text.begin(), text.end(), [](char character) {
-                return isDigit(character) || isLower(character);
-            });
-        };
-        if (!isWord(squadron.aircraft))
-            table.fault(row.line, "\"" + squadron.aircraft + "\" can't be an aircraft");
+            table.report(row.line, quoted(squadron.key) + " is no key of " + f[1],
+                         "write its code and three digits");
+        if (!isIdentifier(squadron.aircraft))
+            table.report(row.line, quoted(squadron.aircraft) + " can't be an aircraft");
         if (squadron.skin.find_first_of(" =") != std::string::npos)
-            table.fault(row.line, "a skin's name holds no blank and no \"=\"");
-        static_cast<void>(checkDates(table, row.line, squadron.from, squadron.until));
+            table.report(row.line, "a blank or \"=\" in a skin's name");
+        checkDates(table, row.line, squadron.from, squadron.until);
         if (!seen.insert(squadron.key + squadron.aircraft + squadron.from).second)
-            table.fault(row.line, squadron.key + " has " + squadron.aircraft + " from " +
-                                      squadron.from + " twice");
+            table.report(row.line, squadron.key + " has " + squadron.aircraft + " from " +
+                                       squadron.from + " twice");
         tables.squadrons.push_back(squadron);
     }
 }
@@ -188,14 +108,14 @@ std::map<std::string, size_t> readAces(Table& table) {
     for (const Table::Row& row : table.rows) {
         const std::string& name = row.fields[0];
         if (!isPilotName(name))
-            table.fault(row.line, "\"" + name + "\" can't be a pilot's name: at most " +
-                                      std::to_string(LongestPilotName) +
-                                      " letters, blanks, points, apostrophes and hyphens");
+            table.report(row.line, quoted(name) + " can't be a pilot's name",
+                         "write at most " + std::to_string(LongestPilotName) +
+                             " letters, blanks, points, apostrophes and hyphens");
         if (!isNation(row.fields[1]))
-            table.fault(row.line, "there is no nation \"" + row.fields[1] + "\"");
-        // Names become files, and not every system tells capitals apart.
+            table.report(row.line, "there is no nation " + quoted(row.fields[1]));
+        // Names become files, and not every system distinguishes capitals.
         if (!seen.insert(lowered(name)).second)
-            table.fault(row.line, name + " is there twice");
+            table.report(row.line, name + " is there twice");
         aces.emplace(name, row.line);
     }
     return aces;
@@ -204,10 +124,10 @@ std::map<std::string, size_t> readAces(Table& table) {
 void checkPosting(Table& table, size_t line, const PostingRow& posting,
                   const std::set<std::string>& keys) {
     if (keys.count(posting.key) == 0)
-        table.fault(line, "there is no squadron " + posting.key);
+        table.report(line, "there is no squadron " + posting.key);
     if (posting.aceLevel.size() != 1 || posting.aceLevel[0] < '0' || posting.aceLevel[0] > '2')
-        table.fault(line, "\"" + posting.aceLevel + "\" is no acelevel: write 0, 1 or 2");
-    static_cast<void>(checkDates(table, line, posting.from, posting.until));
+        table.report(line, quoted(posting.aceLevel) + " is no acelevel", "write 0, 1 or 2");
+    checkDates(table, line, posting.from, posting.until);
 }
 
 void readPostings(Table& table, Table& aceTable, std::map<std::string, size_t> aces,
@@ -222,16 +142,17 @@ void readPostings(Table& table, Table& aceTable, std::map<std::string, size_t> a
         checkPosting(table, row.line, posting, keys);
         const auto before = last.find(posting.name);
         if (before == last.end() && aces.erase(posting.name) == 0)
-            table.fault(row.line, "\"" + posting.name + "\" is no ace of aces.csv");
+            table.report(row.line, quoted(posting.name) + " is no ace of aces.csv");
         if (before != last.end() && posting.from <= before->second.until)
-            table.fault(row.line, posting.name + " is with " + before->second.key + " until " +
-                                      before->second.until +
-                                      ": a posting begins behind the one before it");
+            table.report(row.line,
+                         posting.name + " is with " + before->second.key + " until " +
+                             before->second.until,
+                         "begin a posting after the end of the one before it");
         last[posting.name] = posting;
         tables.postings.push_back(posting);
     }
     for (const auto& [name, line] : aces)
-        aceTable.fault(line, name + " has no posting in postings.csv and would never join");
+        aceTable.report(line, name + " has no posting in postings.csv and would never join");
 }
 
 void readNames(LineSource& source, Tables& tables) {
@@ -244,13 +165,13 @@ void readNames(LineSource& source, Tables& tables) {
             return isLetter(character) || character == '\'' || character == '-';
         };
         if (name.empty() || !std::all_of(name.begin(), name.end(), isAllowed))
-            source.fault(i, "\"" + name + "\" can't be a name: letters, \"'\" and \"-\" alone");
+            source.report(i, quoted(name) + " can't be a name", "write letters, \"'\" and \"-\"");
         if (!seen.insert(lowered(name)).second)
-            source.fault(i, name + " is there twice");
+            source.report(i, name + " is there twice");
         list.names.push_back(name);
     }
     if (list.names.empty())
-        source.fault(0, "the list is empty");
+        source.report(0, "the list is empty");
     tables.nameLists.push_back(std::move(list));
 }
 
@@ -269,17 +190,18 @@ bool isDate(std::string_view text) {
     return number % 100 >= 1 && number % 100 <= Days[month] + (month == 2 && isLeap ? 1 : 0);
 }
 
-bool readTables(const std::string& folder, Tables& tables, Faults& faults) {
-    Table squadrons(folder, "history/squadrons.csv", SquadronHeader, faults);
+tools::Findings readTables(const std::string& folder, Tables& tables) {
+    tools::Findings findings;
+    Table squadrons(folder, "history/squadrons.csv", SquadronHeader, findings);
     readSquadrons(squadrons, tables);
-    Table aces(folder, "history/aces.csv", AceHeader, faults);
-    Table postings(folder, "history/postings.csv", PostingHeader, faults);
+    Table aces(folder, "history/aces.csv", AceHeader, findings);
+    Table postings(folder, "history/postings.csv", PostingHeader, findings);
     readPostings(postings, aces, readAces(aces), tables);
     for (const char* file : NameFiles) {
-        LineSource source(folder, std::string("names/") + file, faults);
+        LineSource source(folder, std::string("names/") + file, findings);
         readNames(source, tables);
     }
-    return faults.empty();
+    return findings;
 }
 
 } // namespace tables

@@ -4,13 +4,11 @@
 #include <string_view>
 #include <vector>
 
-/// The history as tables that a person can read and mend, checked as they are read. They are the
-/// one source of the program's squadron, pilot and name files; data/history/ and data/names/ hold
-/// them.
-namespace tables {
+#include "tools/common/Finding.h"
 
-/// What is wrong, a line each: "file:line: what".
-using Faults = std::vector<std::string>;
+/// The history as tables that a person can read and edit, checked as they are read. The tables in
+/// data/history/ and data/names/ are the one source of the game's squadron, pilot and name files.
+namespace tables {
 
 /// One type of one squadron. A squadron has several rows, which may overlap.
 struct SquadronRow {
@@ -21,7 +19,7 @@ struct SquadronRow {
     std::string skin;     // empty for the simulator's standard paint
 };
 
-/// One ace's time with one squadron; an ace's rows stand together, in the order of their dates.
+/// One ace's time with one squadron. An ace's rows are adjacent, in the order of their dates.
 struct PostingRow {
     std::string name;
     std::string key;
@@ -30,9 +28,9 @@ struct PostingRow {
     std::string aceLevel; // "0" to "2"
 };
 
-/// The first or last names of one nation, for the pilots whom the program invents.
+/// The first or last names of one nation, for the pilots that the game invents.
 struct NameList {
-    std::string file; // without the folder, as the program looks for it
+    std::string file; // its name in the folder Names
     std::vector<std::string> names;
 };
 
@@ -42,15 +40,15 @@ struct Tables {
     std::vector<NameList> nameLists;
 };
 
-/// The most characters of a named pilot: the simulator cuts a name at 31, and four of them go to
-/// the "/" and the victories behind it.
+/// The longest name of an ace, in characters: the simulator cuts names after 31, and the "/" and
+/// the victories that follow the name take up to four.
 constexpr size_t LongestPilotName = 27;
 
-/// Whether the text is eight digits that name a day.
+/// Whether the text is eight digits, yyyymmdd, that name a day of the calendar.
 bool isDate(std::string_view text);
 
-/// Reads history/squadrons.csv, aces.csv and postings.csv and the eight lists of names/ under the
-/// folder. On error: false, the tables as far as they could be read, and every fault found.
-[[nodiscard]] bool readTables(const std::string& folder, Tables& tables, Faults& faults);
+/// Reads history/squadrons.csv, aces.csv and postings.csv and the eight lists of names/ in the
+/// folder. Returns all that is wrong; the tables are of use if that is nothing.
+[[nodiscard]] tools::Findings readTables(const std::string& folder, Tables& tables);
 
 } // namespace tables

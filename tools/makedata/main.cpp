@@ -1,27 +1,32 @@
 #include <cstdio>
+#include <optional>
+#include <string>
 
+#include "tools/common/CommandLine.h"
 #include "tools/makedata/DataFiles.h"
 
-// Status 0: the folder holds what the tables say; 1: a fault; 2: a wrong call.
+namespace {
+
+int run(const std::string& source, const std::string& output) {
+    tables::Tables tables;
+    tools::Findings findings = tables::readTables(source, tables);
+    if (findings.empty())
+        findings = tables::writeFiles(tables::makeFiles(tables), output);
+    return tools::printFindings(findings, stderr);
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fputs("Usage: wingtally-makedata SOURCE_DIR OUTPUT_DIR\n"
-                   "Turns the tables in SOURCE_DIR/history and SOURCE_DIR/names into the data\n"
-                   "files of the program, in OUTPUT_DIR/Historical and OUTPUT_DIR/Names.\n",
-                   stderr);
-        return 2;
-    }
-    tables::Tables read;
-    tables::Faults faults;
-    if (!tables::readTables(argv[1], read, faults)) {
-        for (const std::string& fault : faults)
-            std::fprintf(stderr, "%s/%s\n", argv[1], fault.c_str());
-        return 1;
-    }
-    std::string fault;
-    if (!tables::writeFiles(tables::makeFiles(read), argv[2], fault)) {
-        std::fprintf(stderr, "%s\n", fault.c_str());
-        return 1;
-    }
-    return 0;
+    std::string source;
+    std::string output;
+    tools::CommandLine line("wingtally-makedata", "SOURCE_DIR OUTPUT_DIR",
+                            "Makes the data files of the game, in OUTPUT_DIR/Historical and "
+                            "OUTPUT_DIR/Names, from the\n"
+                            "tables in SOURCE_DIR/history and SOURCE_DIR/names.",
+                            "Exit status: 0 the files are up to date, 1 findings, 2 a wrong call.");
+    line.add_option("SOURCE_DIR", source)->required();
+    line.add_option("OUTPUT_DIR", output)->required();
+    const std::optional<int> status = tools::answer(line.read(tools::argumentsOf(argc, argv)));
+    return status ? *status : run(source, output);
 }

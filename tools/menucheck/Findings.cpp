@@ -117,10 +117,13 @@ Source Findings::sourceOf(const zel::String& element) const {
     return found != elements.end() ? found->second : betweenLines;
 }
 
-Faults Findings::sorted() const {
-    Faults result;
-    for (const auto& [fault, isWarning] : faults)
-        result.push_back({std::get<0>(fault), std::get<1>(fault), std::get<2>(fault), isWarning});
+tools::Findings Findings::sorted() const {
+    tools::Findings result;
+    for (const auto& [fault, isWarning] : faults) {
+        const auto& [file, line, what] = fault;
+        result.emplace_back(file, line, what);
+        result.back().isWarning = isWarning;
+    }
     return result;
 }
 

@@ -33,8 +33,8 @@ public:
     void watch(const zel::Menu* menu);
     /// Where the watched menu's element was made last.
     Source sourceOf(const zel::String& element) const;
-    /// All faults, sorted, each once.
-    Faults sorted() const;
+    /// All findings, sorted, each once.
+    tools::Findings sorted() const;
 
 private:
     void put(const Source& source, const zel::String& what, bool isWarning);

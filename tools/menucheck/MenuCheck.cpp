@@ -226,7 +226,7 @@ void checkAll(const Screens& screens, Findings& findings) {
 
 } // namespace
 
-Faults checkMenus(const String& folder) {
+tools::Findings checkMenus(const String& folder) {
     Findings findings;
     if (!zel::system::changeDirectory(folder)) {
         findings.add({folder, 0}, "no such folder");

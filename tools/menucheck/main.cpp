@@ -1,42 +1,39 @@
 #include <cstdio>
-#include <string_view>
+#include <string>
 
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "tools/common/CommandLine.h"
 #include "tools/menucheck/MenuCheck.h"
 
 namespace {
 
-constexpr const char* Usage =
-    "Usage: wingtally-menucheck [FOLDER]\n"
-    "Runs every screen's script in FOLDER, which holds Menus/init.lst, without a window; without\n"
-    "FOLDER, those that the program itself would use. Prints each fault as file:line: what is\n"
-    "wrong.\n"
-    "Exit status: 0 no fault or warnings only, 1 faults, 2 a wrong call or no screens.\n";
+constexpr const char* Program = "wingtally-menucheck";
+constexpr const char* Description =
+    R"(Runs the script of every screen in FOLDER, which holds Menus/init.lst, without a window;
+without FOLDER, those that the game itself uses. Prints each finding as file:line: what is
+wrong.)";
+constexpr const char* Ending =
+    "Exit status: 0 no findings or warnings only, 1 findings, 2 a wrong call or no screens.";
+
+int run(const std::string& chosen) {
+    zel::setConsoleShown(false);
+    zel::system::setEnvironment("SDL_AUDIODRIVER", "dummy"); // sounds are loaded, never played
+    const zel::String folder = chosen.empty() ? zel::findRunDirectory() : zel::String(chosen);
+    if (folder.empty() || !zel::system::fileStatus(folder + "/Menus/init.lst").exists) {
+        std::fprintf(stderr, "%s: no Menus/init.lst in %s\n", Program,
+                     folder.empty() ? "the places where the game looks" : folder.c_str());
+        return 2;
+    }
+    return tools::printFindings(menucheck::checkMenus(folder), stdout);
+}
 
 } // namespace
 
 int main(int argc, char** argv) {
-    const std::string_view argument = argc > 1 ? argv[1] : "";
-    const bool isHelp = argument == "--help" || argument == "-h";
-    if (argc > 2 || isHelp || (!argument.empty() && argument.front() == '-')) {
-        std::fputs(Usage, isHelp ? stdout : stderr);
-        return isHelp ? 0 : 2;
-    }
-    zel::setConsoleShown(false);
-    zel::system::setEnvironment("SDL_AUDIODRIVER", "dummy"); // sounds are loaded, never played
-    const zel::String folder = argument.empty() ? zel::findRunDirectory() : zel::String(argument);
-    if (folder.empty() || !zel::system::fileStatus(folder + "/Menus/init.lst").exists) {
-        std::fprintf(stderr, "wingtally-menucheck: no Menus/init.lst in %s\n",
-                     folder.empty() ? "the places where the program looks" : folder.c_str());
-        return 2;
-    }
-    const menucheck::Faults faults = menucheck::checkMenus(folder);
-    bool hasFault = false;
-    for (const menucheck::Fault& fault : faults) {
-        std::printf("%s:%d: %s%s\n", fault.file.c_str(), static_cast<int>(fault.line),
-                    fault.isWarning ? "warning: " : "", fault.what.c_str());
-        hasFault = hasFault || !fault.isWarning;
-    }
-    return hasFault ? 1 : 0;
+    std::string folder;
+    tools::CommandLine line(Program, "[FOLDER]", Description, Ending);
+    line.add_option("FOLDER", folder)->check(tools::nameOfFile());
+    const std::optional<int> status = tools::answer(line.read(tools::argumentsOf(argc, argv)));
+    return status ? *status : run(folder);
 }

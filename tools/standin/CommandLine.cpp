@@ -1,177 +1,82 @@
 #include "tools/standin/CommandLine.h"
 
-#include <charconv>
-
 namespace standin {
 
 namespace {
 
-constexpr double PieceSeconds = 30; // of flight, that one piece of a log tells
+constexpr const char* Usage = "DIR [--watch [--once] | --fly [--mission NAME]] [OPTION]...";
+constexpr const char* Description =
+    "Takes the place of the simulator: makes DIR a simulator folder, flies the missions in its\n"
+    "data/Missions and leaves their logs in data.";
+constexpr const char* Ending = "Exit status: 0 all went well, also after Ctrl+C; 1 something could "
+                               "not be done; 2 a wrong call.";
 
-bool readSeed(const std::string& text, uint32_t& seed) {
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seed);
-    return error == std::errc() && end == text.data() + text.size() && seed != 0;
-}
+constexpr double PieceSeconds = 30; // of flight, in one piece of a log
+constexpr double MostSeconds = 100000;
+constexpr double LowestSpeed = 0.001;
+constexpr double HighestSpeed = 100000;
 
-/// 0 to 100000, without exponents.
-bool readNumber(const std::string& text, double& number) {
-    const char* last = text.data() + text.size();
-    const auto [end, error] = std::from_chars(text.data(), last, number, std::chars_format::fixed);
-    return error == std::errc() && end == last && number >= 0 && number <= 100000;
-}
-
-struct Switch {
-    const char* word;
-    bool CommandLine::*value;
-};
-constexpr Switch Switches[] = {
-    {"--watch", &CommandLine::watch}, {"--once", &CommandLine::once}, {"--fly", &CommandLine::fly},
-    {"--quiet", &CommandLine::quiet}, {"--help", &CommandLine::help},
-};
-
-struct FlightSwitch {
-    const char* word;
-    bool FlightOptions::*value;
-};
-constexpr FlightSwitch FlightSwitches[] = {
-    {"--break-off", &FlightOptions::breakOff},
-    {"--kill-player", &FlightOptions::killPlayer},
-    {"--wound-player", &FlightOptions::woundPlayer},
-    {"--truncate", &FlightOptions::truncateLastPiece},
-};
-
-class Parser {
-public:
-    Parser(const std::vector<std::string>& words, CommandLine& line, std::string& error)
-        : words(words), line(line), error(error) {}
-
-    bool parse();
-
-private:
-    bool takeWord(const std::string& word);
-    bool takeSwitch(const std::string& word);
-    bool takeValue(const std::string& word);
-    bool takeDirectory(const std::string& word);
-    bool checkWhole();
-    bool refuse(const std::string& reason) {
-        error = reason;
-        return false;
-    }
-
-    const std::vector<std::string>& words;
-    CommandLine& line;
-    std::string& error;
-    size_t next = 0;
-    bool slow = false;
-    bool aboutFlight = false; // an option that only a flight can heed
+/// The options that only a flight uses.
+struct FlightParts {
+    std::vector<CLI::Option*> options;
+    CLI::Option* slow = nullptr;
     double speed = 1;
-    bool speedGiven = false;
 };
 
-bool Parser::parse() {
-    line = CommandLine();
-    while (next < words.size())
-        if (!takeWord(words[next++]))
-            return false;
-    if (line.help)
-        return true;
-    if (slow)
-        line.flight.piecePause = PieceSeconds / speed;
-    return checkWhole();
-}
-
-bool Parser::takeWord(const std::string& word) {
-    if (takeSwitch(word))
-        return true;
-    if (word == "--slow") {
-        slow = aboutFlight = true;
-        return true;
-    }
-    for (const char* known : {"--seed", "--delay", "--speed", "--mission"})
-        if (word == known)
-            return next < words.size() ? takeValue(word) : refuse(word + " needs a value");
-    return takeDirectory(word);
-}
-
-bool Parser::takeSwitch(const std::string& word) {
-    for (const Switch& known : Switches)
-        if (word == known.word)
-            return line.*known.value = true;
-    for (const FlightSwitch& known : FlightSwitches)
-        if (word == known.word)
-            return aboutFlight = line.flight.*known.value = true;
-    return false;
-}
-
-bool Parser::takeValue(const std::string& word) {
-    const std::string& value = words[next++];
-    aboutFlight = true;
-    if (word == "--mission") {
-        line.mission = value;
-        return !value.empty() || refuse("--mission needs a file's name");
-    }
-    if (word == "--seed")
-        return readSeed(value, line.flight.seed) ||
-               refuse("--seed needs a number from 1 to 4294967295, not '" + value + "'");
-    if (word == "--delay")
-        return readNumber(value, line.flight.delay) ||
-               refuse("--delay needs a number of seconds, not '" + value + "'");
-    speedGiven = true;
-    return (readNumber(value, speed) && speed > 0) ||
-           refuse("--speed needs a number above 0, not '" + value + "'");
-}
-
-bool Parser::takeDirectory(const std::string& word) {
-    if (word.empty() || word.front() == '-')
-        return refuse("unknown option '" + word + "'");
-    if (!line.dir.empty())
-        return refuse("two folders, '" + std::string(line.dir.view()) + "' and '" + word + "'");
-    line.dir = word;
-    return true;
-}
-
-bool Parser::checkWhole() {
-    if (line.dir.empty())
-        return refuse("no folder is given");
-    if (line.watch && line.fly)
-        return refuse("--watch and --fly exclude each other");
-    if (line.once && !line.watch)
-        return refuse("--once belongs to --watch");
-    if (!line.mission.empty() && !line.fly)
-        return refuse("--mission belongs to --fly");
-    if (speedGiven && !slow)
-        return refuse("--speed belongs to --slow");
-    if (line.flight.killPlayer && line.flight.woundPlayer)
-        return refuse("--kill-player and --wound-player exclude each other");
-    if (aboutFlight && !line.watch && !line.fly)
-        return refuse("options of a flight need --fly or --watch");
-    return true;
+void addFlightOptions(tools::CommandLine& line, FlightOptions& flight, FlightParts& parts) {
+    const auto add = [&](CLI::Option* option) {
+        parts.options.push_back(option);
+        return option;
+    };
+    add(line.add_option("--seed", flight.seed,
+                        "pin what is left to chance; further flights count on from N"))
+        ->type_name("N")
+        ->transform(tools::wholeNumber(1, UINT32_MAX));
+    add(line.add_option("--delay", flight.delay, "wait S seconds before a flight"))
+        ->type_name("S")
+        ->check(tools::decimalNumber(0, MostSeconds));
+    parts.slow =
+        add(line.add_flag("--slow", "write the log piece by piece, 30 seconds of flight each"));
+    add(line.add_option("--speed", parts.speed, "with --slow: X times as fast"))
+        ->type_name("X")
+        ->check(tools::decimalNumber(LowestSpeed, HighestSpeed))
+        ->needs(parts.slow);
+    add(line.add_flag("--break-off", flight.breakOff,
+                      "the player leaves the flight before its end"));
+    CLI::Option* kill = add(line.add_flag("--kill-player", flight.killPlayer, "the player dies"));
+    add(line.add_flag("--wound-player", flight.woundPlayer, "the player is wounded and lives"))
+        ->excludes(kill);
+    add(line.add_flag("--truncate", flight.truncateLastPiece,
+                      "the last piece of the log breaks off inside a line"));
 }
 
 } // namespace
 
-bool parseCommandLine(const std::vector<std::string>& words, CommandLine& line,
-                      std::string& error) {
-    return Parser(words, line, error).parse();
-}
+tools::CallReading readStandInCall(const std::vector<std::string>& words, StandInCall& call) {
+    tools::CommandLine line("wingtally-standin", Usage, Description, Ending);
+    FlightParts parts;
+    line.add_option("DIR", call.dir)->required()->check(tools::nameOfFile());
+    CLI::Option* watch = line.add_flag("--watch", call.watch, "fly each new mission until Ctrl+C");
+    line.add_flag("--once", call.once, "with --watch: end after the first flight")->needs(watch);
+    CLI::Option* fly =
+        line.add_flag("--fly", call.fly, "fly the newest mission, once")->excludes(watch);
+    parts.options.push_back(
+        line.add_option("--mission", call.mission, "with --fly: fly that mission")
+            ->type_name("NAME")
+            ->check(tools::nameOfFile())
+            ->needs(fly));
+    addFlightOptions(line, call.flight, parts);
+    line.add_flag("--quiet", call.quiet, "print errors only");
 
-const char* usage() {
-    return "Usage: wingtally-standin DIR [--watch [--once] | --fly [--mission NAME]] [OPTION...]\n"
-           "Stands in for the simulator: makes DIR a simulator folder and flies the missions that\n"
-           "lie in its data/Missions, leaving their logs in data.\n"
-           "  --watch          fly each new mission until Ctrl+C\n"
-           "  --once           with --watch: end after the first flight\n"
-           "  --fly            fly the newest mission that lies there, once\n"
-           "  --mission NAME   with --fly: that one\n"
-           "  --seed N         pin what is left to chance; further flights count on from N\n"
-           "  --delay S        wait S seconds before a flight\n"
-           "  --slow           write the log piece by piece, 30 seconds of flight each\n"
-           "  --speed X        with --slow: X times as fast\n"
-           "  --break-off      the player leaves the flight before its end\n"
-           "  --kill-player    the player dies\n"
-           "  --wound-player   the player is wounded and lives\n"
-           "  --truncate       the log's last piece breaks off inside a line\n"
-           "  --quiet          say nothing but errors\n";
+    const tools::CallReading reading = line.read(words);
+    if (reading.kind != tools::CallKind::Run)
+        return reading;
+    for (const CLI::Option* option : parts.options)
+        if (option->count() > 0 && !call.watch && !call.fly)
+            return line.wrong(option->get_name() + " requires --fly or --watch");
+    if (parts.slow->count() > 0)
+        call.flight.piecePause = PieceSeconds / parts.speed;
+    return reading;
 }
 
 } // namespace standin

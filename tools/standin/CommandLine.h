@@ -3,27 +3,23 @@
 #include <string>
 #include <vector>
 
-#include "engine/core/String.h"
 #include "standin/StandIn.h"
+#include "tools/common/CommandLine.h"
 
 namespace standin {
 
-/// What the program is to do.
-struct CommandLine {
-    zel::String dir;
-    bool watch = false; // fly each new mission until interrupted
-    bool once = false;  // until the first
-    bool fly = false;   // the mission that lies there
-    bool quiet = false; // say nothing but errors
-    bool help = false;
-    zel::String mission; // of --fly; empty: the one that was changed last
+/// What one call of the program asks for.
+struct StandInCall {
+    std::string dir;
+    bool watch = false;  // fly each new mission until interrupted
+    bool once = false;   // until the first one is flown
+    bool fly = false;    // fly the newest mission
+    bool quiet = false;  // print errors only
+    std::string mission; // of fly; empty: the one that was changed last
     FlightOptions flight;
 };
 
-/// The words behind the program's name. On error: false with one line.
-bool parseCommandLine(const std::vector<std::string>& words, CommandLine& line, std::string& error);
-
-/// How to call the program, a few lines.
-const char* usage();
+/// Reads the words after the program's name. The call is of use if the reading says Run.
+tools::CallReading readStandInCall(const std::vector<std::string>& words, StandInCall& call);
 
 } // namespace standin

@@ -12,11 +12,11 @@
 namespace {
 
 constexpr double LookPause = 0.5;  // seconds between two looks for missions
-constexpr double SleepSlice = 0.1; // seconds after which an interrupt is heeded at the latest
+constexpr double SleepSlice = 0.1; // seconds until an interrupt is noticed, at most
 
 volatile std::sig_atomic_t interrupted = 0;
 
-/// The first one is heeded at the next wait; a second one ends the program at once.
+/// The first one ends the next wait, a second one the program.
 void interrupt(int signal) {
     interrupted = 1;
     std::signal(signal, SIG_DFL);
@@ -33,37 +33,37 @@ bool fail(const zel::String& error) {
     return false;
 }
 
-void say(const standin::CommandLine& line, const std::string& text) {
-    if (line.quiet)
+void say(const standin::StandInCall& call, const std::string& text) {
+    if (call.quiet)
         return;
     std::fputs(text.c_str(), stdout);
     std::fflush(stdout);
 }
 
-bool fly(const standin::CommandLine& line, const zel::String& mission,
+bool fly(const standin::StandInCall& call, const zel::String& mission,
          const standin::FlightOptions& options) {
     zel::String error;
     standin::FlightSummary summary;
-    if (!standin::flyMission(line.dir, mission, options, error, &summary))
+    if (!standin::flyMission(call.dir, mission, options, error, &summary))
         return fail(error);
-    say(line, standin::describe(summary));
+    say(call, standin::describe(summary));
     return true;
 }
 
-/// The mission that is meant, if there is one.
-bool flyOnce(const standin::CommandLine& line) {
+/// Flies the mission that the call names, or the newest one.
+bool flyOnce(const standin::StandInCall& call) {
     const zel::String mission =
-        line.mission.empty() ? standin::newestMission(line.dir) : line.mission;
+        call.mission.empty() ? standin::newestMission(call.dir) : zel::String(call.mission);
     if (mission.empty())
-        return fail(standin::missionsFolder(line.dir) + ": no mission lies there");
-    return fly(line, mission, line.flight);
+        return fail(standin::missionsFolder(call.dir) + ": there is no mission");
+    return fly(call, mission, call.flight);
 }
 
-/// Until somebody interrupts. A refused mission ends it only where one flight was wanted.
-bool watch(const standin::CommandLine& line) {
-    standin::MissionWatch missions(line.dir);
-    standin::FlightOptions options = line.flight;
-    say(line, "Waiting for missions in " + std::string(standin::missionsFolder(line.dir).view()) +
+/// Flies until it is interrupted. A refused mission ends it only if the call asks for one flight.
+bool watch(const standin::StandInCall& call) {
+    standin::MissionWatch missions(call.dir);
+    standin::FlightOptions options = call.flight;
+    say(call, "Waiting for missions in " + std::string(standin::missionsFolder(call.dir).view()) +
                   " (Ctrl+C ends)\n");
     while (interrupted == 0) {
         const zel::String mission = missions.look();
@@ -71,8 +71,8 @@ bool watch(const standin::CommandLine& line) {
             waitFor(LookPause);
             continue;
         }
-        const bool flown = fly(line, mission, options);
-        if (line.once)
+        const bool flown = fly(call, mission, options);
+        if (call.once)
             return flown;
         if (options.seed != 0 && ++options.seed == 0)
             options.seed = 1;
@@ -83,31 +83,24 @@ bool watch(const standin::CommandLine& line) {
 } // namespace
 
 int main(int count, char** words) {
-    standin::CommandLine line;
-    std::string wrong;
-    if (!standin::parseCommandLine(std::vector<std::string>(words + 1, words + count), line,
-                                   wrong)) {
-        std::fprintf(stderr, "wingtally-standin: %s\n%s", wrong.c_str(), standin::usage());
-        return 2;
-    }
-    if (line.help) {
-        std::fputs(standin::usage(), stdout);
-        return 0;
-    }
+    standin::StandInCall call;
+    const tools::CallReading reading =
+        standin::readStandInCall(tools::argumentsOf(count, words), call);
+    if (const std::optional<int> status = tools::answer(reading))
+        return *status;
     std::signal(SIGINT, interrupt);
     std::signal(SIGTERM, interrupt);
-    line.flight.wait = waitFor;
+    call.flight.wait = waitFor;
     zel::String error;
-    if (!standin::makeSimulatorFolder(line.dir, error)) {
+    if (!standin::makeSimulatorFolder(call.dir, error)) {
         fail(error);
         return 1;
     }
-    if (line.watch)
-        return watch(line) ? 0 : 1;
-    if (line.fly)
-        return flyOnce(line) ? 0 : 1;
-    say(line, std::string(line.dir.view()) +
-                  " is a simulator folder now: set rof.directory of wtysettings.ini to it, and "
-                  "start again with --watch\n");
+    if (call.watch)
+        return watch(call) ? 0 : 1;
+    if (call.fly)
+        return flyOnce(call) ? 0 : 1;
+    say(call, call.dir + " is a simulator folder now: set rof.directory of wtysettings.ini to it, "
+                         "and start again with --watch\n");
     return 0;
 }

@@ -9,7 +9,6 @@
 
 namespace {
 
-using tables::Faults;
 using tables::FileSet;
 using tables::Tables;
 
@@ -42,32 +41,34 @@ std::map<std::string, std::string> goodTables() {
 
 struct Reading {
     Tables tables;
-    Faults faults;
+    std::string findings; // a line each, without the folder
 };
+
+Reading readFrom(const TemporaryFolder& folder) {
+    Reading reading;
+    for (tools::Finding& finding : tables::readTables(folder.path(), reading.tables)) {
+        finding.file.erase(0, folder.path().size() + 1);
+        reading.findings += finding.text() + "\n";
+    }
+    return reading;
+}
 
 /// Reads the good tables with one file replaced.
 Reading readWith(const std::string& file, const std::string& content) {
     const TemporaryFolder folder;
     for (const auto& [name, good] : goodTables())
         folder.write(name, name == file ? content : good);
-    Reading reading;
-    const bool isGood = tables::readTables(folder.path(), reading.tables, reading.faults);
-    EXPECT_EQ(isGood, reading.faults.empty());
-    return reading;
+    return readFrom(folder);
 }
 
-/// The faults, a line each.
-std::string faultsWith(const std::string& file, const std::string& content) {
-    std::string text;
-    for (const std::string& fault : readWith(file, content).faults)
-        text += fault + "\n";
-    return text;
+std::string findingsWith(const std::string& file, const std::string& content) {
+    return readWith(file, content).findings;
 }
 
-/// The faults when a row follows the good ones of a table.
-std::string faultsOfRow(const std::string& table, const std::string& row) {
+/// The findings when a row follows the good ones of a table.
+std::string findingsOfRow(const std::string& table, const std::string& row) {
     const std::string file = "history/" + table + ".csv";
-    return faultsWith(file, goodTables().at(file) + row + "\n");
+    return findingsWith(file, goodTables().at(file) + row + "\n");
 }
 
 Tables readGoodTables() { return readWith("", "").tables; }
@@ -87,8 +88,7 @@ TEST(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
 TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
     const TemporaryFolder folder;
     FileSet files = tables::makeFiles(readGoodTables());
-    std::string fault;
-    ASSERT_TRUE(tables::writeFiles(files, folder.path(), fault)) << fault;
+    ASSERT_TRUE(tables::writeFiles(files, folder.path()).empty());
     folder.write("Historical/Squadrons/501099.txt", "a squadron that left the tables");
     const char* const others[] = {"Historical/Squadrons/mine/note.txt", "Historical/note.txt",
                                   "Custom/Squadrons/501098.txt"};
@@ -100,7 +100,7 @@ TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
         std::filesystem::last_write_time(folder.file(kept)) - std::chrono::hours(24);
     std::filesystem::last_write_time(folder.file(kept), longAgo);
 
-    ASSERT_TRUE(tables::writeFiles(files, folder.path(), fault)) << fault;
+    ASSERT_TRUE(tables::writeFiles(files, folder.path()).empty());
     EXPECT_FALSE(std::filesystem::exists(folder.file("Historical/Squadrons/501099.txt")));
     for (const char* other : others)
         EXPECT_EQ(folder.read(other), "not ours");
@@ -109,12 +109,13 @@ TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
         << "an unchanged file is left alone";
 }
 
-TEST(MakeData, TellsWhereItCannotWrite) {
+TEST(MakeData, ReportsWhereItCannotWrite) {
     const TemporaryFolder folder;
     folder.write("Historical", "a file where the folder should be");
-    std::string fault;
-    EXPECT_FALSE(tables::writeFiles(tables::makeFiles(readGoodTables()), folder.path(), fault));
-    EXPECT_NE(fault.find("Historical"), std::string::npos) << fault;
+    const tools::Findings findings =
+        tables::writeFiles(tables::makeFiles(readGoodTables()), folder.path());
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_NE(findings[0].file.find("Historical"), std::string::npos) << findings[0].text();
 }
 
 TEST(MakeData, ReportsFaultyRowsWithTheirLines) {
@@ -126,15 +127,15 @@ TEST(MakeData, ReportsFaultyRowsWithTheirLines) {
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180401,,general",
          "5: it ends on 19180401, before it begins on 19180501"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,general",
-         "5: 7 fields where the header has 8"},
+         "5: 7 fields instead of 8"},
         {"squadrons", "501012,Germany,x,Fokker D7,19180501,19180601,,general",
          "5: \"Fokker D7\" can't be an aircraft"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,a skin,general",
-         "5: a skin's name holds no blank and no \"=\""},
+         "5: a blank or \"=\" in a skin's name"},
         {"squadrons", "501011,Germany,x,fokkerdr1,19170828,19180101,,general",
          "5: 501011 has fokkerdr1 from 19170828 twice"},
         {"squadrons", "501012,Germany,J\xE4ger,fokkerd7,19180501,19180601,,general",
-         "5: only plain ASCII goes into a table"},
+         "5: a character outside of ASCII"},
         {"squadrons", "501012,Germany,x, fokkerd7,19180501,19180601,,general",
          "5: blanks around \" fokkerd7\""},
         {"aces", "Viktor von Pressentin von Rautter,Germany,,15,survived,,general", // 33 characters
@@ -154,37 +155,35 @@ TEST(MakeData, ReportsFaultyRowsWithTheirLines) {
         {"postings", "Lothar von Richthofen,501011,19180229,19180813,1",
          "5: \"19180229\" is no date: write yyyymmdd"},
         {"postings", "Lothar von Richthofen,501011,19180313,19180813,1",
-         "5: Lothar von Richthofen is with 501011 until 19180313: a posting begins behind the one "
-         "before it"},
+         "5: Lothar von Richthofen is with 501011 until 19180313: begin a posting after the end of "
+         "the one before it"},
     };
     for (const auto& [table, row, fault] : cases) {
         const std::string wanted = std::string("history/") + table + ".csv:" + fault;
-        EXPECT_EQ(faultsOfRow(table, row).substr(0, wanted.size()), wanted);
+        EXPECT_EQ(findingsOfRow(table, row).substr(0, wanted.size()), wanted);
     }
 }
 
 TEST(MakeData, ReportsFaultyNameListsAndMissingFiles) {
-    EXPECT_EQ(faultsWith("names/USA_1st.txt", ""), "names/USA_1st.txt:1: the list is empty\n");
-    EXPECT_EQ(faultsWith("names/USA_1st.txt", "Adam\n Bert\nadam\n"),
-              "names/USA_1st.txt:2: \" Bert\" can't be a name: letters, \"'\" and \"-\" alone\n"
+    EXPECT_EQ(findingsWith("names/USA_1st.txt", ""), "names/USA_1st.txt:1: the list is empty\n");
+    EXPECT_EQ(findingsWith("names/USA_1st.txt", "Adam\n Bert\nadam\n"),
+              "names/USA_1st.txt:2: \" Bert\" can't be a name: write letters, \"'\" and \"-\"\n"
               "names/USA_1st.txt:3: adam is there twice\n");
-    EXPECT_EQ(faultsWith("history/squadrons.csv", "key;nation\n").substr(0, 44),
+    EXPECT_EQ(findingsWith("history/squadrons.csv", "key;nation\n").substr(0, 44),
               "history/squadrons.csv:1: the header must be ");
-    const TemporaryFolder empty;
-    Tables read;
-    Faults faults;
-    EXPECT_FALSE(tables::readTables(empty.path(), read, faults));
-    EXPECT_EQ(faults.at(0), "history/squadrons.csv:0: the file can't be read");
+    const std::string ofNothing = readFrom(TemporaryFolder()).findings;
+    EXPECT_EQ(ofNothing.rfind("history/squadrons.csv: the file can't be read\n", 0), 0u)
+        << ofNothing;
 }
 
-// A table that was cut is either told of, or a good one of fewer rows.
+// A table that was cut is either reported, or a good one of fewer rows.
 TEST(MakeData, SurvivesATableCutAnywhere) {
     const FileSet whole = tables::makeFiles(readGoodTables());
     for (const char* file : {"history/squadrons.csv", "history/aces.csv", "history/postings.csv"}) {
         const std::string table = goodTables().at(file);
         for (size_t length = 0; length < table.size(); ++length) {
             const Reading reading = readWith(file, table.substr(0, length));
-            if (!reading.faults.empty())
+            if (!reading.findings.empty())
                 continue;
             EXPECT_GT(length, table.find('\n')) << file << " without its header";
             for (const auto& [name, content] : tables::makeFiles(reading.tables))

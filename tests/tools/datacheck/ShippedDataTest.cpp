@@ -6,25 +6,25 @@
 #include "app/career/UnitNames.h"
 #include "tests/support/Texts.h"
 #include "tools/datacheck/DataCheck.h"
-#include "tools/datacheck/Records.h"
+#include "tools/datacheck/History.h"
 
-// The program runs in the staged run folder, where the data lies as it is delivered.
+// The program runs in the staged run folder, which has the data as it is delivered.
 
 namespace {
 
 TEST(ShippedData, HasNoFault) {
-    for (const datacheck::Fault& fault : datacheck::checkData("Data"))
-        ADD_FAILURE() << fault.file.c_str() << ":" << fault.line << ": " << fault.what.c_str();
+    for (const tools::Finding& finding : datacheck::checkData("Data"))
+        ADD_FAILURE() << finding.text();
 }
 
-// As many as docs/history.md tells of.
+// The numbers of docs/history.md.
 TEST(ShippedData, HoldsTheWholeHistory) {
-    datacheck::Faults faults;
-    EXPECT_EQ(datacheck::readRecords("Data", "Squadrons", faults).size(), 284u);
-    EXPECT_EQ(datacheck::readRecords("Data", "Pilots", faults).size(), 873u);
+    tools::Findings findings;
+    EXPECT_EQ(datacheck::readHistory("Data", "Squadrons", findings).size(), 284u);
+    EXPECT_EQ(datacheck::readHistory("Data", "Pilots", findings).size(), 873u);
 }
 
-// Otherwise the planning of a mission tries in vain a hundred times.
+// Otherwise the planning of a mission tries a hundred times for nothing.
 TEST(ShippedData, GivesEverySquadronSomethingToFlyInEveryMonth) {
     std::istringstream table(datacheck::coverageTable("Data").c_str());
     std::string row;

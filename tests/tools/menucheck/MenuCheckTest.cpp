@@ -15,9 +15,8 @@ using Lines = std::vector<std::string>;
 Lines faultsOf(const std::string& folder) {
     const zel::String before = zel::system::currentDirectory();
     Lines lines;
-    for (const menucheck::Fault& fault : menucheck::checkMenus(folder))
-        lines.push_back(std::string(fault.file.view()) + ":" + std::to_string(fault.line) + ": " +
-                        (fault.isWarning ? "warning: " : "") + std::string(fault.what.view()));
+    for (const tools::Finding& finding : menucheck::checkMenus(folder))
+        lines.push_back(finding.text());
     zel::system::changeDirectory(before);
     return lines;
 }
@@ -59,15 +58,15 @@ TEST(MenuCheck, FindsNothingInTheSampleProgram) { EXPECT_EQ(faultsOf(SAMPLE_FOLD
 
 TEST(MenuCheck, ReadsTheListOfScreens) {
     const TemporaryFolder folder;
-    EXPECT_EQ(faultsOf(folder.path()), Lines{"Menus/init.lst:0: no such file"});
+    EXPECT_EQ(faultsOf(folder.path()), Lines{"Menus/init.lst: no such file"});
     folder.write("Menus/init.lst", "A\n\nB\nA\nC\n");
     folder.write("Menus/A.ini", "onenter:\nsetautotransition 1 quitApp\nsettransition C\n");
     folder.write("Menus/B.ini", "onenter:\nsettransition A\nsettransition <quitApp\n");
     folder.write("Menus/Lost.ini", "");
     EXPECT_EQ(
         faultsOf(folder.path()),
-        (Lines{"Menus/Lost.ini:0: no line of Menus/init.lst names it",
-               "Menus/init.lst:0: Menu script Menus/C.ini not found",
+        (Lines{"Menus/Lost.ini: no line of Menus/init.lst names it",
+               "Menus/init.lst: Menu script Menus/C.ini not found",
                "Menus/init.lst:3: B can't be reached", "Menus/init.lst:4: A is named twice",
                "Menus/init.lst:5: C has no way out", "Menus/init.lst:5: no script Menus/C.ini"}));
 }
@@ -276,6 +275,6 @@ TEST(MenuCheck, LoadsWhatNoScreenUses) {
         (Lines{"Menus/A.ini:2: Did not find image wax", "Menus/A.ini:3: Cannot load sound s.wav",
                "Menus/A.ini:3: no sound s.wav", "Menus/A.ini:4: Font Fonts/none not found",
                "Menus/A.ini:4: Invalid font Fonts/none", "Menus/A.ini:4: no font Fonts/none",
-               "Pictures/idle.bmp:0: warning: nothing shows it (#check picture allows it)",
-               "Pictures/lost.bmp:0: warning: nothing shows it (#check picture allows it)"}));
+               "Pictures/idle.bmp: warning: nothing shows it (#check picture allows it)",
+               "Pictures/lost.bmp: warning: nothing shows it (#check picture allows it)"}));
 }

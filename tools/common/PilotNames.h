@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstddef>
+
+namespace tools {
+
+/// The longest name of a pilot, in characters: the simulator cuts names after 31, and the "/" and
+/// the victories that follow an ace's name take up to four.
+constexpr size_t LongestPilotName = 27;
+
+} // namespace tools
