@@ -111,17 +111,16 @@ bool findMission(const zel::String& dir, const zel::String& missionFile, zel::St
     return false;
 }
 
-bool readMissionFile(const zel::String& path, Mission& mission, zel::String& error) {
+bool readMissionFile(const zel::String& path, Mission& mission, tools::Finding& finding) {
     zel::File file(path, zel::FileRead);
     std::string text;
     if (file.hasFailed() || file.fileSize() > LargestMission || !file.readWhole(text)) {
-        error = path + ": the mission can't be read";
+        finding = {path, 0, "the mission can't be read"};
         return false;
     }
-    Fault fault;
-    if (readMissionText(text, mission, fault))
+    if (readMissionText(text, mission, finding))
         return true;
-    error = path + ":" + fault.line + ": " + fault.reason;
+    finding.file = path.view();
     return false;
 }
 
@@ -165,23 +164,23 @@ int32_t tickOfFate(const Mission& mission, const Flight& flight, const FightOpti
 
 /// Everything that can be wrong before a flight begins, and the mission.
 bool prepare(const zel::String& dir, const zel::String& missionFile, const FlightOptions& options,
-             Mission& mission, std::string& name, zel::String& error) {
+             Mission& mission, std::string& name, tools::Finding& finding) {
     zel::String path;
     zel::WallTime time;
     if (!findMission(dir, missionFile, path, name)) {
-        error = missionsFolder(dir) + ": no mission " + missionFile + " lies there";
+        finding = {missionsFolder(dir), 0, zel::String("there is no mission ") + missionFile};
         return false;
     }
     const zel::String startup = dataFolder(dir) + "/startup.cfg";
     if (!hasTextLog(startup)) {
-        error = startup + ": without the line 'mission_text_log = 1' no log is written";
+        finding = {startup, 0, "without the line 'mission_text_log = 1' no log is written"};
         return false;
     }
     if (!options.stamp.empty() && !readStamp(options.stamp, time)) {
-        error = zel::String("the stamp '") + options.stamp + "' is not YYYY-MM-DD_HH-MM-SS";
+        finding.message = "the stamp '" + options.stamp + "' is not YYYY-MM-DD_HH-MM-SS";
         return false;
     }
-    return readMissionFile(path, mission, error);
+    return readMissionFile(path, mission, finding);
 }
 
 /// The first free stamp from the wanted one on.
@@ -196,7 +195,7 @@ std::string freeStamp(const zel::String& data, const FlightOptions& options) {
 
 /// Writes them one by one. An interruption leaves a log that stops, as with the simulator.
 bool writePieces(const zel::String& data, const std::vector<std::string>& pieces,
-                 const FlightOptions& options, FlightSummary& summary, zel::String& error) {
+                 const FlightOptions& options, FlightSummary& summary, tools::Finding& finding) {
     const Wait& wait = options.wait ? options.wait : Wait(sleepFor);
     summary.interrupted = options.delay > 0 && !wait(options.delay);
     const std::string stamp = freeStamp(data, options);
@@ -207,7 +206,7 @@ bool writePieces(const zel::String& data, const std::vector<std::string>& pieces
         }
         const std::string name = pieceName(stamp, i);
         if (!writeFile(data + "/" + name, pieces[i])) {
-            error = data + "/" + name + ": the log can't be written";
+            finding = {data + "/" + name, 0, "the log can't be written"};
             return false;
         }
         if (i == 0)
@@ -229,15 +228,15 @@ zel::String dataFolder(const zel::String& dir) {
 
 zel::String missionsFolder(const zel::String& dir) { return dataFolder(dir) + "/Missions"; }
 
-bool makeSimulatorFolder(const zel::String& dir, zel::String& error) {
+bool makeSimulatorFolder(const zel::String& dir, tools::Finding& finding) {
     if (dir.empty() || !zel::Directory::create(missionsFolder(dir))) {
-        error = missionsFolder(dir) + ": the folder can't be made";
+        finding = {missionsFolder(dir), 0, "the folder can't be made"};
         return false;
     }
     const zel::String startup = dataFolder(dir) + "/startup.cfg";
     if (zel::File::exists(startup) || writeFile(startup, StartupText))
         return true;
-    error = startup + ": the file can't be written";
+    finding = {startup, 0, "the file can't be written"};
     return false;
 }
 
@@ -258,10 +257,10 @@ zel::String newestMission(const zel::String& dir) {
 }
 
 bool flyMission(const zel::String& dir, const zel::String& missionFile,
-                const FlightOptions& options, zel::String& error, FlightSummary* summary) {
+                const FlightOptions& options, tools::Finding& finding, FlightSummary* summary) {
     Mission mission;
     std::string name;
-    if (!prepare(dir, missionFile, options, mission, name, error))
+    if (!prepare(dir, missionFile, options, mission, name, finding))
         return false;
     const uint32_t seed = options.seed != 0 ? options.seed : std::max(zel::Random(0).next(), 1U);
     zel::Random random(seed);
@@ -278,7 +277,7 @@ bool flyMission(const zel::String& dir, const zel::String& missionFile,
     result.seed = seed;
     result.mission = name;
     result.finished = !options.breakOff;
-    const bool written = writePieces(dataFolder(dir), pieces, options, result, error);
+    const bool written = writePieces(dataFolder(dir), pieces, options, result, finding);
     if (summary != nullptr)
         *summary = std::move(result);
     return written;

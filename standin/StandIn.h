@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/core/String.h"
+#include "tools/common/Finding.h"
 
 /// A stand-in for the simulator: it takes a mission file from a folder that looks like the
 /// simulator's, flies it, and leaves the log there that the simulator would leave.
@@ -52,8 +53,8 @@ zel::String dataFolder(const zel::String& dir);
 zel::String missionsFolder(const zel::String& dir);
 
 /// Makes `dir` a simulator folder: data/startup.cfg with the text log switched on, data/Missions.
-/// What is there already stays as it is. On error: false with one line.
-[[nodiscard]] bool makeSimulatorFolder(const zel::String& dir, zel::String& error);
+/// What is there already stays as it is. On error: false with the finding.
+[[nodiscard]] bool makeSimulatorFolder(const zel::String& dir, tools::Finding& finding);
 
 /// The mission file that was changed last, its name alone; empty if there is none.
 zel::String newestMission(const zel::String& dir);
@@ -62,10 +63,10 @@ zel::String newestMission(const zel::String& dir);
 /// same mission, options and stamp the log is the same to the byte.
 ///
 /// A log of the same name isn't touched: the stamp moves on by seconds to a free one. On error:
-/// false with one line, `FILE:LINE: reason` for a mission that is refused; nothing is written then.
-/// summary may be null.
+/// false with the finding, which names the line of a mission that is refused; nothing is written
+/// then. summary may be null.
 [[nodiscard]] bool flyMission(const zel::String& dir, const zel::String& missionFile,
-                              const FlightOptions& options, zel::String& error,
+                              const FlightOptions& options, tools::Finding& finding,
                               FlightSummary* summary);
 
 /// A line on the flight and, if it was finished, one for each plane, for people.

@@ -133,8 +133,8 @@ std::string missing(Kind kind, std::string_view value) {
     return {};
 }
 
-bool refuse(Fault& fault, int32_t line, std::string reason) {
-    fault = {line, std::move(reason)};
+bool refuse(tools::Finding& finding, int32_t line, std::string reason) {
+    finding = {"", line, reason};
     return false;
 }
 
@@ -149,17 +149,17 @@ const KeyRule* findRule(const BlockRule* own, bool common, std::string_view key)
     return common && rule != std::end(CommonKeys) ? rule : nullptr;
 }
 
-bool checkEntries(const Block& block, const BlockRule* own, bool common, Fault& fault) {
+bool checkEntries(const Block& block, const BlockRule* own, bool common, tools::Finding& finding) {
     for (const Entry& entry : block.entries) {
         const KeyRule* rule = findRule(own, common, entry.key);
         if (rule == nullptr && own != nullptr)
-            return refuse(fault, entry.line, block.name + " has no key " + entry.key);
+            return refuse(finding, entry.line, block.name + " has no key " + entry.key);
         if (rule == nullptr)
             continue;
         if (block.find(entry.key) != &entry)
-            return refuse(fault, entry.line, entry.key + " stands twice in " + block.name);
+            return refuse(finding, entry.line, entry.key + " stands twice in " + block.name);
         if (const std::string wanted = missing(rule->kind, entry.value); !wanted.empty())
-            return refuse(fault, entry.line,
+            return refuse(finding, entry.line,
                           entry.key + " is " + entry.value + " and not " + wanted);
     }
     return true;
@@ -189,25 +189,25 @@ bool mayHold(const std::string& block, const std::string& child) {
 
 } // namespace
 
-bool checkBlock(const Block& block, Fault& fault) {
+bool checkBlock(const Block& block, tools::Finding& finding) {
     const auto found =
         std::find_if(std::begin(ExactBlocks), std::end(ExactBlocks),
                      [&](const BlockRule& exact) { return block.name == exact.name; });
     const BlockRule* own = found == std::end(ExactBlocks) ? nullptr : found;
     const bool common = block.name != "Options";
     if (own == nullptr && block.name.rfind("MCU_", 0) != 0 && !holds(OtherObjects, block.name))
-        return refuse(fault, block.line, "the simulator has no block " + block.name);
-    if (!checkEntries(block, own, common, fault))
+        return refuse(finding, block.line, "the simulator has no block " + block.name);
+    if (!checkEntries(block, own, common, finding))
         return false;
     if (const std::string absent = absentKey(block, own, common); !absent.empty())
-        return refuse(fault, block.line, block.name + " without " + absent);
+        return refuse(finding, block.line, block.name + " without " + absent);
     if (own == nullptr)
         return true;
     for (const Block& child : block.children)
         if (!mayHold(block.name, child.name))
-            return refuse(fault, child.line, block.name + " has no block " + child.name);
+            return refuse(finding, child.line, block.name + " has no block " + child.name);
     return block.rows.empty() ||
-           refuse(fault, block.rows.front().line, block.name + " has no rows");
+           refuse(finding, block.rows.front().line, block.name + " has no rows");
 }
 
 } // namespace standin

@@ -11,8 +11,8 @@ std::string number(int32_t value) { return std::to_string(value); }
 
 class Resolver {
 public:
-    Resolver(const std::vector<Node>& nodes, Mission& mission, Fault& fault)
-        : nodes(nodes), mission(mission), fault(fault) {}
+    Resolver(const std::vector<Node>& nodes, Mission& mission, tools::Finding& finding)
+        : nodes(nodes), mission(mission), finding(finding) {}
 
     bool resolve() {
         return collect() && checkPairs() && checkLists() && findLeaders() && giveOrders();
@@ -20,7 +20,7 @@ public:
 
 private:
     bool refuse(int32_t line, std::string reason) {
-        fault = {line, std::move(reason)};
+        finding = {"", line, reason};
         return false;
     }
     const Node* find(int32_t index) const {
@@ -41,7 +41,7 @@ private:
 
     const std::vector<Node>& nodes;
     Mission& mission;
-    Fault& fault;
+    tools::Finding& finding;
     std::map<int32_t, const Node*> byIndex;
 };
 
@@ -205,8 +205,8 @@ bool Resolver::commandPlanes() {
 
 } // namespace
 
-bool resolveLinks(const std::vector<Node>& nodes, Mission& mission, Fault& fault) {
-    return Resolver(nodes, mission, fault).resolve();
+bool resolveLinks(const std::vector<Node>& nodes, Mission& mission, tools::Finding& finding) {
+    return Resolver(nodes, mission, finding).resolve();
 }
 
 } // namespace standin

@@ -29,7 +29,8 @@ struct Node {
 
 /// Follows the links: objects and entities fit each other, lists name what exists, wing men have
 /// leaders, and the orders to attack are given. Fills the fields of the mission that come of links.
-/// On error: false with the first fault.
-[[nodiscard]] bool resolveLinks(const std::vector<Node>& nodes, Mission& mission, Fault& fault);
+/// On error: false with the first finding.
+[[nodiscard]] bool resolveLinks(const std::vector<Node>& nodes, Mission& mission,
+                                tools::Finding& finding);
 
 } // namespace standin

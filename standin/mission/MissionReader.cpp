@@ -37,13 +37,13 @@ std::string folderOf(const std::string& path) { return path.substr(0, path.rfind
 
 class Reader {
 public:
-    Reader(Mission& mission, Fault& fault) : mission(mission), fault(fault) {}
+    Reader(Mission& mission, tools::Finding& finding) : mission(mission), finding(finding) {}
 
     bool read(std::string_view text);
 
 private:
     bool refuse(int32_t line, std::string reason) {
-        fault = {line, std::move(reason)};
+        finding = {"", line, reason};
         return false;
     }
     bool checkObject(const Block& block);
@@ -62,14 +62,14 @@ private:
     bool checkSpots();
 
     Mission& mission;
-    Fault& fault;
+    tools::Finding& finding;
     std::vector<Node> nodes;
 };
 
 bool Reader::read(std::string_view text) {
     mission = Mission();
     std::vector<Block> blocks;
-    if (!parseMissionText(text, blocks, fault))
+    if (!parseMissionText(text, blocks, finding))
         return false;
     if (blocks.empty())
         return refuse(1, "the mission holds no block");
@@ -78,11 +78,11 @@ bool Reader::read(std::string_view text) {
     if (!readOptions(blocks.front()))
         return false;
     blocks.erase(blocks.begin());
-    return readObjects(blocks) && checkPlanes() && resolveLinks(nodes, mission, fault);
+    return readObjects(blocks) && checkPlanes() && resolveLinks(nodes, mission, finding);
 }
 
 bool Reader::readOptions(const Block& block) {
-    if (!checkBlock(block, fault) || !checkLandscape(block) || !readWind(block) ||
+    if (!checkBlock(block, finding) || !checkLandscape(block) || !readWind(block) ||
         !readCountries(block))
         return false;
     int32_t parts[3] = {};
@@ -173,7 +173,7 @@ bool Reader::readObjects(const std::vector<Block>& blocks) {
 }
 
 bool Reader::checkObject(const Block& block) {
-    if (!checkBlock(block, fault))
+    if (!checkBlock(block, finding))
         return false;
     if (wholeOf(block, "Index") < 1)
         return refuse(lineOf(block, "Index"), "Index is not above 0");
@@ -364,8 +364,8 @@ int32_t Mission::coalitionOf(int32_t country) const {
     return found == countries.end() ? -1 : found->coalition;
 }
 
-bool readMissionText(std::string_view text, Mission& mission, Fault& fault) {
-    return Reader(mission, fault).read(text);
+bool readMissionText(std::string_view text, Mission& mission, tools::Finding& finding) {
+    return Reader(mission, finding).read(text);
 }
 
 } // namespace standin

@@ -10,7 +10,8 @@ namespace standin {
 /// Reads a mission's text as strictly as the simulator does, or more so: where that one would load
 /// something and then fly another fight than the one that was meant, this one refuses.
 ///
-/// On error: false with the first fault; `mission` is of no use then.
-[[nodiscard]] bool readMissionText(std::string_view text, Mission& mission, Fault& fault);
+/// On error: false with the first finding; `mission` is of no use then.
+[[nodiscard]] bool readMissionText(std::string_view text, Mission& mission,
+                                   tools::Finding& finding);
 
 } // namespace standin

@@ -30,7 +30,7 @@ std::string_view trimmed(std::string_view text) {
 
 std::string quotedName(std::string_view name) { return "'" + std::string(name) + "'"; }
 
-/// Builds the blocks line by line; each step answers with the reason of a fault, or nothing.
+/// Builds the blocks line by line. Each step returns what is wrong, or an empty text.
 class TextParser {
 public:
     explicit TextParser(std::vector<Block>& blocks) : blocks(blocks) {}
@@ -203,29 +203,29 @@ const Block* Block::child(std::string_view childName) const {
     return found == children.end() ? nullptr : &*found;
 }
 
-bool parseMissionText(std::string_view text, std::vector<Block>& blocks, Fault& fault) {
+bool parseMissionText(std::string_view text, std::vector<Block>& blocks, tools::Finding& finding) {
     blocks.clear();
     TextParser parser(blocks);
     int32_t number = 0;
     for (size_t start = 0; start < text.size();) {
-        fault.line = ++number;
+        finding.line = ++number;
         const size_t end = text.find('\n', start);
         const bool complete = end != text.npos && end > start && text[end - 1] == '\r';
         const size_t length = end == text.npos ? text.size() - start : end - start;
         const std::string_view line = text.substr(start, complete ? length - 1 : length);
-        fault.reason = checkCharacters(line);
-        if (fault.reason.empty() && !complete)
-            fault.reason = end == text.npos ? "the file breaks off inside a line"
-                                            : "the line ends in a bare line feed, not in CR LF";
-        if (fault.reason.empty())
-            fault.reason = parser.take(line, number);
-        if (!fault.reason.empty())
+        finding.message = checkCharacters(line);
+        if (finding.message.empty() && !complete)
+            finding.message = end == text.npos ? "the file breaks off inside a line"
+                                               : "the line ends in a bare line feed, not in CR LF";
+        if (finding.message.empty())
+            finding.message = parser.take(line, number);
+        if (!finding.message.empty())
             return false;
         start = end + 1;
     }
-    fault.line = std::max(number, 1);
-    fault.reason = number == 0 ? "the file is empty" : parser.finish(fault.line);
-    return fault.reason.empty();
+    finding.line = std::max(number, 1);
+    finding.message = number == 0 ? "the file is empty" : parser.finish(finding.line);
+    return finding.message.empty();
 }
 
 bool unquoted(std::string_view value, std::string& text) {

@@ -5,13 +5,9 @@
 #include <string_view>
 #include <vector>
 
-namespace standin {
+#include "tools/common/Finding.h"
 
-/// What is wrong with a mission's text, and where.
-struct Fault {
-    int32_t line = 0; // as an editor counts, from 1
-    std::string reason;
-};
+namespace standin {
 
 /// A line `Key = value;`. The value is as written, with its quotes, without the semicolon.
 struct Entry {
@@ -44,9 +40,9 @@ struct Block {
 ///
 /// The first line is `# Mission File Version = ...;`, the last `# end of file`; between them stand
 /// blocks and empty lines. Every line ends in CR LF and holds printable ASCII alone. On error:
-/// false with the first fault, and `blocks` is of no use.
+/// false with the first finding, and `blocks` is of no use.
 [[nodiscard]] bool parseMissionText(std::string_view text, std::vector<Block>& blocks,
-                                    Fault& fault);
+                                    tools::Finding& finding);
 
 /// The text between the quotes; false if the value isn't a quoted text.
 bool unquoted(std::string_view value, std::string& text);

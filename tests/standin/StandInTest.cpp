@@ -36,21 +36,22 @@ FlightOptions pinned(uint32_t seed, const std::string& stamp = Stamp) {
 /// A simulator's folder with the mission of six planes.
 struct StandInFlights : testing::Test {
     StandInFlights() {
-        zel::String error;
-        EXPECT_TRUE(makeSimulatorFolder(folder.path(), error)) << error.c_str();
+        tools::Finding finding;
+        EXPECT_TRUE(makeSimulatorFolder(folder.path(), finding)) << finding.text();
         folder.write(MissionPath, missionText(sixPlanes()));
     }
     FlightSummary flown(const FlightOptions& options,
                         const std::string& mission = "WingtallyMission.Mission") const {
         FlightSummary summary;
-        zel::String error;
-        EXPECT_TRUE(flyMission(folder.path(), mission, options, error, &summary)) << error.c_str();
+        tools::Finding finding;
+        EXPECT_TRUE(flyMission(folder.path(), mission, options, finding, &summary))
+            << finding.text();
         return summary;
     }
     std::string errorOf(const FlightOptions& options,
                         const std::string& mission = "WingtallyMission.Mission") const {
-        zel::String error;
-        return flyMission(folder.path(), mission, options, error, nullptr) ? "" : error.c_str();
+        tools::Finding finding;
+        return flyMission(folder.path(), mission, options, finding, nullptr) ? "" : finding.text();
     }
 
     TemporaryFolder folder;
@@ -60,18 +61,18 @@ struct StandInFlights : testing::Test {
 
 TEST(StandIn, MakesASimulatorFolder) {
     const TemporaryFolder folder;
-    zel::String error;
-    ASSERT_TRUE(makeSimulatorFolder(folder.path() + "/deep/rof", error)) << error.c_str();
+    tools::Finding finding;
+    ASSERT_TRUE(makeSimulatorFolder(folder.path() + "/deep/rof", finding)) << finding.text();
     EXPECT_TRUE(has(folder, "deep/rof/data/Missions"));
     const std::string startup = folder.read("deep/rof/data/startup.cfg");
     EXPECT_NE(startup.find("mission_text_log = 1\r\n"), startup.npos);
     const std::string own = "[KEY = system]\r\n\tmission_text_log = 0\r\n[END]";
     folder.write("deep/rof/data/startup.cfg", own);
-    ASSERT_TRUE(makeSimulatorFolder(folder.path() + "/deep/rof", error));
+    ASSERT_TRUE(makeSimulatorFolder(folder.path() + "/deep/rof", finding));
     EXPECT_EQ(folder.read("deep/rof/data/startup.cfg"), own) << "somebody's own stays as it is";
     folder.write("file", "");
-    EXPECT_FALSE(makeSimulatorFolder(folder.path() + "/file", error));
-    EXPECT_FALSE(makeSimulatorFolder("", error));
+    EXPECT_FALSE(makeSimulatorFolder(folder.path() + "/file", finding));
+    EXPECT_FALSE(makeSimulatorFolder("", finding));
 }
 
 TEST_F(StandInFlights, FliesTheSameMissionTheSameWay) {
@@ -157,7 +158,7 @@ TEST_F(StandInFlights, WritesPieceByPieceUntilItIsInterrupted) {
 TEST_F(StandInFlights, SaysWhyItDoesNotFly) {
     const std::string data = folder.path() + "/data";
     EXPECT_EQ(errorOf(pinned(1), "Other.Mission"),
-              data + "/Missions: no mission Other.Mission lies there");
+              data + "/Missions: there is no mission Other.Mission");
     folder.write("data/Missions/Broken.Mission",
                  replaced(smallMission(), "AILevel = 2", "AILevel = 7"));
     const std::string broken = errorOf(pinned(1), "Broken.Mission");

@@ -13,8 +13,8 @@ namespace {
 /// A career over the delivered data, with a simulator that the stand-in plays.
 struct War {
     explicit War(uint32_t seed) : run(seed), session(true, 0) {
-        zel::String error;
-        EXPECT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), error)) << error.c_str();
+        tools::Finding finding;
+        EXPECT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
     }
     /// A flight and the period behind it. Invitations are accepted and refused by turns.
     bool goOn(int32_t period) {

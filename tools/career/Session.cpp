@@ -140,10 +140,10 @@ bool Session::fly() {
     standin::FlightOptions options;
     options.seed = zel::Random().next();
     standin::FlightSummary summary;
-    zel::String error;
-    if (!standin::flyMission(Configuration::getRofDirectory(), MissionFileName, options, error,
+    tools::Finding finding;
+    if (!standin::flyMission(Configuration::getRofDirectory(), MissionFileName, options, finding,
                              &summary))
-        return fail(error);
+        return fail(finding.text());
     say("The stand-in simulator has flown the mission: " + summary.logName);
     return true;
 }

@@ -28,8 +28,8 @@ bool waitFor(double seconds) {
     return interrupted == 0;
 }
 
-bool fail(const zel::String& error) {
-    std::fprintf(stderr, "wingtally-standin: %s\n", error.c_str());
+bool fail(const tools::Finding& finding) {
+    std::fprintf(stderr, "wingtally-standin: %s\n", finding.text().c_str());
     return false;
 }
 
@@ -42,10 +42,10 @@ void say(const standin::StandInCall& call, const std::string& text) {
 
 bool fly(const standin::StandInCall& call, const zel::String& mission,
          const standin::FlightOptions& options) {
-    zel::String error;
+    tools::Finding finding;
     standin::FlightSummary summary;
-    if (!standin::flyMission(call.dir, mission, options, error, &summary))
-        return fail(error);
+    if (!standin::flyMission(call.dir, mission, options, finding, &summary))
+        return fail(finding);
     say(call, standin::describe(summary));
     return true;
 }
@@ -55,7 +55,7 @@ bool flyOnce(const standin::StandInCall& call) {
     const zel::String mission =
         call.mission.empty() ? standin::newestMission(call.dir) : zel::String(call.mission);
     if (mission.empty())
-        return fail(standin::missionsFolder(call.dir) + ": there is no mission");
+        return fail({standin::missionsFolder(call.dir), 0, "there is no mission"});
     return fly(call, mission, call.flight);
 }
 
@@ -91,9 +91,9 @@ int main(int count, char** words) {
     std::signal(SIGINT, interrupt);
     std::signal(SIGTERM, interrupt);
     call.flight.wait = waitFor;
-    zel::String error;
-    if (!standin::makeSimulatorFolder(call.dir, error)) {
-        fail(error);
+    tools::Finding finding;
+    if (!standin::makeSimulatorFolder(call.dir, finding)) {
+        fail(finding);
         return 1;
     }
     if (call.watch)

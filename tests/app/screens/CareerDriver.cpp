@@ -26,8 +26,8 @@ constexpr float QuickFades = 100; // nobody looks at them here
 } // namespace
 
 PlayerHome::PlayerHome(const std::string& simulator) : simulator(simulator) {
-    zel::String error;
-    EXPECT_TRUE(standin::makeSimulatorFolder(simulatorFolder(), error)) << error.c_str();
+    tools::Finding finding;
+    EXPECT_TRUE(standin::makeSimulatorFolder(simulatorFolder(), finding)) << finding.text();
 }
 
 std::string PlayerHome::mission() const {
@@ -138,13 +138,13 @@ testing::AssertionResult CareerDriver::takeOff() {
 }
 
 testing::AssertionResult CareerDriver::fly(const standin::FlightOptions& options) {
-    zel::String error;
+    tools::Finding finding;
     standin::FlightOptions flight = options;
     if (flight.seed == 0)
         flight.seed = 1;
-    if (standin::flyMission(home.simulatorFolder(), MissionFileName, flight, error, nullptr))
+    if (standin::flyMission(home.simulatorFolder(), MissionFileName, flight, finding, nullptr))
         return testing::AssertionSuccess();
-    return testing::AssertionFailure() << error.c_str();
+    return testing::AssertionFailure() << finding.text();
 }
 
 int32_t CareerDriver::invite() {

@@ -14,10 +14,10 @@ namespace {
 /// The fault as "line: reason"; empty if the text is accepted.
 std::string faultOf(const std::string& text) {
     Mission mission;
-    Fault fault;
-    if (readMissionText(text, mission, fault))
+    tools::Finding finding;
+    if (readMissionText(text, mission, finding))
         return {};
-    return std::to_string(fault.line) + ": " + fault.reason;
+    return std::to_string(finding.line) + ": " + finding.message;
 }
 
 /// Edits of smallMission(), each of which the simulator wouldn't load, or would fly differently.

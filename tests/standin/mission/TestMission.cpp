@@ -67,8 +67,8 @@ std::string objectiveText(int32_t index) {
 
 Mission readMission(const std::string& text) {
     Mission mission;
-    Fault fault;
-    EXPECT_TRUE(readMissionText(text, mission, fault)) << fault.line << ": " << fault.reason;
+    tools::Finding finding;
+    EXPECT_TRUE(readMissionText(text, mission, finding)) << finding.line << ": " << finding.message;
     return mission;
 }
 

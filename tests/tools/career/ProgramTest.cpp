@@ -13,8 +13,8 @@ namespace {
 struct CareerProgram : testing::Test {
     CareerProgram() { makeSimulator(); }
     void makeSimulator() const {
-        zel::String error;
-        EXPECT_TRUE(standin::makeSimulatorFolder(folder.path() + "/sim", error));
+        tools::Finding finding;
+        EXPECT_TRUE(standin::makeSimulatorFolder(folder.path() + "/sim", finding));
     }
     /// The program's exit status. What it says is in `out` and `errors` then.
     int call(const std::string& arguments, const std::string& from = ".") {

@@ -16,8 +16,8 @@ namespace {
 /// A quiet session over the delivered data.
 struct SessionTest : testing::Test {
     void makeSimulator() const {
-        zel::String error;
-        ASSERT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), error)) << error.c_str();
+        tools::Finding finding;
+        ASSERT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
     }
     /// The command failed, with one line that says so.
     void expectProblem(bool result, const char* part) const {
