@@ -189,7 +189,7 @@ tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerC
     std::vector<std::string> commands;
     line.add_option("COMMAND", commands)->take_all();
 
-    const tools::CallReading reading = line.read(words);
+    tools::CallReading reading = line.read(words);
     if (reading.kind != tools::CallKind::Run)
         return reading;
     const std::string wrong = CommandReader(commands, call).readAll();

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "tools/common/PilotNames.h"
 #include "tools/makedata/TableText.h"
 
 namespace tables {
@@ -50,6 +51,20 @@ bool isIdentifier(const std::string& text) {
     });
 }
 
+/// Whether the text is eight digits, yyyymmdd, that name a day of the calendar.
+bool isDate(std::string_view text) {
+    if (text.size() != 8 || !std::all_of(text.begin(), text.end(), isDigit))
+        return false;
+    const int32_t number = std::stoi(std::string(text));
+    const int32_t year = number / 10000;
+    const int32_t month = number / 100 % 100;
+    constexpr int32_t Days[] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (month < 1 || month > 12)
+        return false;
+    const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+    return number % 100 >= 1 && number % 100 <= Days[month] + (month == 2 && isLeap ? 1 : 0);
+}
+
 bool isKeyOf(const std::string& key, const std::string& nation) {
     if (key.size() != 6 || !std::all_of(key.begin(), key.end(), isDigit))
         return false;
@@ -68,7 +83,7 @@ bool isPilotName(const std::string& name) {
     const auto isAllowed = [](char character) {
         return isLetter(character) || std::string_view(" .'-").find(character) != std::string::npos;
     };
-    return !name.empty() && name.size() <= LongestPilotName && isLetter(name.front()) &&
+    return !name.empty() && name.size() <= tools::LongestPilotName && isLetter(name.front()) &&
            name.find("  ") == std::string::npos && std::all_of(name.begin(), name.end(), isAllowed);
 }
 
@@ -109,7 +124,7 @@ std::map<std::string, size_t> readAces(Table& table) {
         const std::string& name = row.fields[0];
         if (!isPilotName(name))
             table.report(row.line, quoted(name) + " can't be a pilot's name",
-                         "write at most " + std::to_string(LongestPilotName) +
+                         "write at most " + std::to_string(tools::LongestPilotName) +
                              " letters, blanks, points, apostrophes and hyphens");
         if (!isNation(row.fields[1]))
             table.report(row.line, "there is no nation " + quoted(row.fields[1]));
@@ -176,19 +191,6 @@ void readNames(LineSource& source, Tables& tables) {
 }
 
 } // namespace
-
-bool isDate(std::string_view text) {
-    if (text.size() != 8 || !std::all_of(text.begin(), text.end(), isDigit))
-        return false;
-    const int32_t number = std::stoi(std::string(text));
-    const int32_t year = number / 10000;
-    const int32_t month = number / 100 % 100;
-    constexpr int32_t Days[] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (month < 1 || month > 12)
-        return false;
-    const bool isLeap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-    return number % 100 >= 1 && number % 100 <= Days[month] + (month == 2 && isLeap ? 1 : 0);
-}
 
 tools::Findings readTables(const std::string& folder, Tables& tables) {
     tools::Findings findings;

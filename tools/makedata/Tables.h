@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tools/common/Finding.h"
@@ -39,13 +38,6 @@ struct Tables {
     std::vector<PostingRow> postings;
     std::vector<NameList> nameLists;
 };
-
-/// The longest name of an ace, in characters: the simulator cuts names after 31, and the "/" and
-/// the victories that follow the name take up to four.
-constexpr size_t LongestPilotName = 27;
-
-/// Whether the text is eight digits, yyyymmdd, that name a day of the calendar.
-bool isDate(std::string_view text);
 
 /// Reads history/squadrons.csv, aces.csv and postings.csv and the eight lists of names/ in the
 /// folder. Returns all that is wrong; the tables are of use if that is nothing.

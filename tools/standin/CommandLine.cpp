@@ -68,7 +68,7 @@ tools::CallReading readStandInCall(const std::vector<std::string>& words, StandI
     addFlightOptions(line, call.flight, parts);
     line.add_flag("--quiet", call.quiet, "print errors only");
 
-    const tools::CallReading reading = line.read(words);
+    tools::CallReading reading = line.read(words);
     if (reading.kind != tools::CallKind::Run)
         return reading;
     for (const CLI::Option* option : parts.options)

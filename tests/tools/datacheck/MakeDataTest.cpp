@@ -53,28 +53,27 @@ Reading readFrom(const TemporaryFolder& folder) {
     return reading;
 }
 
-/// Reads the good tables with one file replaced.
-Reading readWith(const std::string& file, const std::string& content) {
-    const TemporaryFolder folder;
-    for (const auto& [name, good] : goodTables())
-        folder.write(name, name == file ? content : good);
-    return readFrom(folder);
-}
+/// A folder with the good tables, for a test to spoil.
+struct MakeData : testing::Test {
+    MakeData() {
+        for (const auto& [name, content] : good)
+            folder.write(name, content);
+    }
+    /// Reads the tables with another content of one file, which then gets its own again.
+    Reading readWith(const std::string& file, const std::string& content) const {
+        folder.write(file, content);
+        Reading reading = readFrom(folder);
+        folder.write(file, good.at(file));
+        return reading;
+    }
+    FileSet goodFiles() const { return tables::makeFiles(readFrom(folder).tables); }
 
-std::string findingsWith(const std::string& file, const std::string& content) {
-    return readWith(file, content).findings;
-}
+    const std::map<std::string, std::string> good = goodTables();
+    TemporaryFolder folder;
+};
 
-/// The findings when a row follows the good ones of a table.
-std::string findingsOfRow(const std::string& table, const std::string& row) {
-    const std::string file = "history/" + table + ".csv";
-    return findingsWith(file, goodTables().at(file) + row + "\n");
-}
-
-Tables readGoodTables() { return readWith("", "").tables; }
-
-TEST(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
-    const FileSet files = tables::makeFiles(readGoodTables());
+TEST_F(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
+    const FileSet files = goodFiles();
     EXPECT_EQ(files.at("Historical/Squadrons/501011.txt"),
               "date=19170201 until=19170725 action=skin aircraft=albatrosd3\r\n"
               "date=19170828 until=19180515 action=skin aircraft=fokkerdr1 skin=501011\r\n");
@@ -85,9 +84,8 @@ TEST(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
     EXPECT_EQ(files.size(), 2u + 2u + 8u);
 }
 
-TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
-    const TemporaryFolder folder;
-    FileSet files = tables::makeFiles(readGoodTables());
+TEST_F(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
+    const FileSet files = goodFiles();
     ASSERT_TRUE(tables::writeFiles(files, folder.path()).empty());
     folder.write("Historical/Squadrons/501099.txt", "a squadron that left the tables");
     const char* const others[] = {"Historical/Squadrons/mine/note.txt", "Historical/note.txt",
@@ -109,21 +107,25 @@ TEST(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
         << "an unchanged file is left alone";
 }
 
-TEST(MakeData, ReportsWhereItCannotWrite) {
-    const TemporaryFolder folder;
+TEST_F(MakeData, ReportsWhereItCannotWrite) {
     folder.write("Historical", "a file where the folder should be");
-    const tools::Findings findings =
-        tables::writeFiles(tables::makeFiles(readGoodTables()), folder.path());
+    const tools::Findings findings = tables::writeFiles(goodFiles(), folder.path());
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_NE(findings[0].file.find("Historical"), std::string::npos) << findings[0].text();
 }
 
-TEST(MakeData, ReportsFaultyRowsWithTheirLines) {
+TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"squadrons", "502011,Germany,x,fokkerd7,19180501,19181111,,general",
          "5: \"502011\" is no key of Germany: write its code and three digits"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180532,19181111,,general",
          "5: \"19180532\" is no date: write yyyymmdd"},
+        {"squadrons", "501012,Germany,x,fokkerd7,19160229,19171301,,general", // a leap year
+         "5: \"19171301\" is no date"},
+        {"squadrons", "501012,Germany,x,fokkerd7,19180100,19181111,,general",
+         "5: \"19180100\" is no date"},
+        {"squadrons", "501012,Germany,x,fokkerd7,191805o1,19181111,,general",
+         "5: \"191805o1\" is no date"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180401,,general",
          "5: it ends on 19180401, before it begins on 19180501"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,general",
@@ -159,17 +161,20 @@ TEST(MakeData, ReportsFaultyRowsWithTheirLines) {
          "the one before it"},
     };
     for (const auto& [table, row, fault] : cases) {
-        const std::string wanted = std::string("history/") + table + ".csv:" + fault;
-        EXPECT_EQ(findingsOfRow(table, row).substr(0, wanted.size()), wanted);
+        const std::string file = std::string("history/") + table + ".csv";
+        const std::string wanted = file + ":" + fault;
+        const std::string found = readWith(file, good.at(file) + row + "\n").findings;
+        EXPECT_EQ(found.substr(0, wanted.size()), wanted);
     }
 }
 
-TEST(MakeData, ReportsFaultyNameListsAndMissingFiles) {
-    EXPECT_EQ(findingsWith("names/USA_1st.txt", ""), "names/USA_1st.txt:1: the list is empty\n");
-    EXPECT_EQ(findingsWith("names/USA_1st.txt", "Adam\n Bert\nadam\n"),
+TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
+    EXPECT_EQ(readWith("names/USA_1st.txt", "").findings,
+              "names/USA_1st.txt:1: the list is empty\n");
+    EXPECT_EQ(readWith("names/USA_1st.txt", "Adam\n Bert\nadam\n").findings,
               "names/USA_1st.txt:2: \" Bert\" can't be a name: write letters, \"'\" and \"-\"\n"
               "names/USA_1st.txt:3: adam is there twice\n");
-    EXPECT_EQ(findingsWith("history/squadrons.csv", "key;nation\n").substr(0, 44),
+    EXPECT_EQ(readWith("history/squadrons.csv", "key;nation\n").findings.substr(0, 44),
               "history/squadrons.csv:1: the header must be ");
     const std::string ofNothing = readFrom(TemporaryFolder()).findings;
     EXPECT_EQ(ofNothing.rfind("history/squadrons.csv: the file can't be read\n", 0), 0u)
@@ -177,10 +182,10 @@ TEST(MakeData, ReportsFaultyNameListsAndMissingFiles) {
 }
 
 // A table that was cut is either reported, or a good one of fewer rows.
-TEST(MakeData, SurvivesATableCutAnywhere) {
-    const FileSet whole = tables::makeFiles(readGoodTables());
+TEST_F(MakeData, SurvivesATableCutAnywhere) {
+    const FileSet whole = goodFiles();
     for (const char* file : {"history/squadrons.csv", "history/aces.csv", "history/postings.csv"}) {
-        const std::string table = goodTables().at(file);
+        const std::string table = good.at(file);
         for (size_t length = 0; length < table.size(); ++length) {
             const Reading reading = readWith(file, table.substr(0, length));
             if (!reading.findings.empty())
@@ -191,13 +196,6 @@ TEST(MakeData, SurvivesATableCutAnywhere) {
                     << file << " cut at " << length;
         }
     }
-}
-
-TEST(MakeData, KnowsTheDaysOfAYear) {
-    EXPECT_TRUE(tables::isDate("19160229")) << "1916 is a leap year";
-    for (const char* text : {"19170229", "19171301", "19170001", "19170100", "19170431", "1917043",
-                             "191704300", "1917o430", ""})
-        EXPECT_FALSE(tables::isDate(text)) << text;
 }
 
 } // namespace
