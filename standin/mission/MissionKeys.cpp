@@ -182,6 +182,21 @@ std::string absentKey(const Block& block, const BlockRule* own, bool common) {
     return block.find("Name") == nullptr && !holds(Nameless, block.name) ? "Name" : "";
 }
 
+/// The border of an area, a row for each point.
+bool checkBoundary(const Block& block, Fault& fault) {
+    if (!block.entries.empty())
+        return refuse(fault, block.entries.front().line, block.name + " holds rows, not keys");
+    for (const Row& row : block.rows) {
+        double number = 0;
+        const bool isPoint = row.separator == ',' && row.values.size() == 2 &&
+                             parseNumber(row.values[0], number) &&
+                             parseNumber(row.values[1], number);
+        if (!isPoint)
+            return refuse(fault, row.line, "a row of " + block.name + " is 'x, y;'");
+    }
+    return true;
+}
+
 bool mayHold(const std::string& block, const std::string& child) {
     return (block == "MCU_TR_Entity" && holds(EventBlocks, child)) ||
            (block == "Options" && holds(OptionsBlocks, child));
@@ -202,7 +217,9 @@ bool checkBlock(const Block& block, tools::Finding& finding) {
     if (const std::string absent = absentKey(block, own, common); !absent.empty())
         return refuse(finding, block.line, block.name + " without " + absent);
     if (own == nullptr)
-        return true;
+        return std::all_of(block.children.begin(), block.children.end(), [&](const Block& child) {
+            return child.name != "Boundary" || checkBoundary(child, fault);
+        });
     for (const Block& child : block.children)
         if (!mayHold(block.name, child.name))
             return refuse(finding, child.line, block.name + " has no block " + child.name);

@@ -132,7 +132,8 @@ bool Reader::readWind(const Block& block) {
     for (const Row& row : layers->rows) {
         double numbers[3] = {};
         for (size_t i = 0; i < row.values.size(); ++i)
-            if (row.values.size() != 3 || !parseNumber(row.values[i], numbers[i]))
+            if (row.separator != ':' || row.values.size() != 3 ||
+                !parseNumber(row.values[i], numbers[i]))
                 return refuse(row.line, "a wind layer is 'height : direction : speed;'");
         if (numbers[0] <= below)
             return refuse(row.line, "the heights of the wind layers don't rise");
@@ -149,7 +150,8 @@ bool Reader::readCountries(const Block& block) {
         return false;
     for (const Row& row : countries->rows) {
         Country country;
-        if (row.values.size() != 2 || !parseWhole(row.values[0], country.code) ||
+        if (row.separator != ':' || row.values.size() != 2 ||
+            !parseWhole(row.values[0], country.code) ||
             !parseWhole(row.values[1], country.coalition) || country.coalition < 0)
             return refuse(row.line, "a row of Countries is 'country : coalition;'");
         if (mission.coalitionOf(country.code) >= 0)

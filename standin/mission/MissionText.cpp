@@ -65,7 +65,7 @@ std::string TextParser::take(std::string_view line, int32_t lineNumber) {
     if (line.empty())
         return {};
     if (ended)
-        return "text behind '# end of file'";
+        return "text after '# end of file'";
     if (line == "{")
         return open();
     if (!pendingName.empty())
@@ -132,8 +132,9 @@ std::string TextParser::takeRow(std::string_view statement) {
         return "neither 'Key = value;' nor a row of numbers";
     Row row;
     row.line = number;
+    row.separator = statement.find(':') != statement.npos ? ':' : ',';
     for (size_t start = 0; start <= statement.size();) {
-        const size_t end = std::min(statement.find(':', start), statement.size());
+        const size_t end = std::min(statement.find(row.separator, start), statement.size());
         row.values.emplace_back(trimmed(statement.substr(start, end - start)));
         start = end + 1;
     }
@@ -208,15 +209,16 @@ bool parseMissionText(std::string_view text, std::vector<Block>& blocks, tools::
     TextParser parser(blocks);
     int32_t number = 0;
     for (size_t start = 0; start < text.size();) {
+        const size_t feed = text.find('\n', start);
+        const bool isLast = feed == text.npos;
+        const size_t end = isLast ? text.size() : feed;
+        const bool isComplete = !isLast && end > start && text[end - 1] == '\r';
+        const std::string_view line = text.substr(start, end - start - (isComplete ? 1 : 0));
         finding.line = ++number;
-        const size_t end = text.find('\n', start);
-        const bool complete = end != text.npos && end > start && text[end - 1] == '\r';
-        const size_t length = end == text.npos ? text.size() - start : end - start;
-        const std::string_view line = text.substr(start, complete ? length - 1 : length);
         finding.message = checkCharacters(line);
-        if (finding.message.empty() && !complete)
-            finding.message = end == text.npos ? "the file breaks off inside a line"
-                                               : "the line ends in a bare line feed, not in CR LF";
+        if (finding.message.empty() && !isComplete && !(isLast && trimmed(line) == LastLine))
+            finding.message = isLast ? "the file breaks off inside a line"
+                                  : "the line ends in a bare line feed, not in CR LF";
         if (finding.message.empty())
             finding.message = parser.take(line, number);
         if (!finding.message.empty())

@@ -16,9 +16,10 @@ struct Entry {
     int32_t line = 0;
 };
 
-/// A line such as `500 : 0 : 0;`.
+/// A line such as `500 : 0 : 0;` or `264998, 38650.7;`.
 struct Row {
     std::vector<std::string> values; // without the blanks around them
+    char separator = ':';            // or ','
     int32_t line = 0;
 };
 
@@ -35,12 +36,12 @@ struct Block {
     const Block* child(std::string_view childName) const;
 };
 
-/// Reads the simulator's grammar, which is all that this file knows: what blocks and keys mean is
-/// MissionReader's.
+/// Reads the simulator's grammar and nothing more: what blocks and keys mean is the job of
+/// MissionReader.
 ///
-/// The first line is `# Mission File Version = ...;`, the last `# end of file`; between them stand
-/// blocks and empty lines. Every line ends in CR LF and holds printable ASCII alone. On error:
-/// false with the first finding, and `blocks` is of no use.
+/// The first line is `# Mission File Version = ...;`, the last `# end of file`; between them are
+/// blocks and empty lines. Lines hold printable ASCII only and end in CR LF, which the last one may
+/// lack. On error: false with the first finding, and `blocks` is of no use.
 [[nodiscard]] bool parseMissionText(std::string_view text, std::vector<Block>& blocks,
                                     tools::Finding& finding);
 

@@ -20,6 +20,11 @@ std::string faultOf(const std::string& text) {
     return std::to_string(finding.line) + ": " + finding.message;
 }
 
+/// An area of influence as the simulator's editor writes it, before the last line.
+constexpr const char* AreaText = "MCU_TR_InfluenceArea\r\n{\r\n  Index = 90;\r\n  Name = \"A\";\r\n"
+                                 "  Boundary\r\n  {\r\n    264998, 38650.7;\r\n"
+                                 "    263000.5, -39000;\r\n  }\r\n}\r\n# end of file";
+
 /// Edits of smallMission(), each of which the simulator wouldn't load, or would fly differently.
 struct Edit {
     const char* from;
@@ -63,7 +68,7 @@ const Edit Faults[] = {
     {"{", {""}, "no '{' follows", "", "LCName"},
     {"Options", {""}, "without a block name", "", "{"},
     {"\r\n# end of file\r\n", {""}, "ends without", "Priority", "}"},
-    {"# end of file", {"# end of file\r\nFlag"}, "behind '# end", "", "Flag"},
+    {"# end of file", {"# end of file\r\nFlag"}, "after '# end", "", "Flag"},
     {"Plane\r\n", {"Index = 5;\r\nPlane\r\n"}, "outside of every block", "", "Index = 5"},
     {"LCName", {"# LCName"}, "begin with '#'"},
 
@@ -81,10 +86,10 @@ const Edit Faults[] = {
     {"CloudLevel = 1500", {"CloudLevl = 1500"}, "no key CloudLevl"},
     {"LCDesc = 1", {"LCName = 1"}, "stands twice"},
     {"WindLayers", {"WindLayer"}, "no block WindLayer"},
-    {"500 :     0 :     0", {"500 :     0"}, "wind layer"},
+    {"500 :     0 :     0", {"500 :     0", "500, 0, 0"}, "wind layer"},
     {"500 :     0 :     0", {"0 :     0 :     0"}, "don't rise", "", "0 :     0 :     0;\r\n  }"},
     {"    101 : 1;", {"    x = 1;"}, "rows, not keys"},
-    {"    101 : 1;", {"    101 : one;"}, "'country : coalition;'"},
+    {"    101 : 1;", {"    101 : one;", "    101, 1;"}, "'country : coalition;'"},
     {"    101 : 1;", {"    102 : 1;"}, "twice in Countries", "", "102 : 1;\r\n    103"},
     {"    102 : 1;\r\n", {""}, "no row for country 102", "", "Country = 102"},
     {"    501 : 2;\r\n", {"    501 : 1;\r\n"}, "one coalition", "", "Plane"},
@@ -188,9 +193,19 @@ TEST(MissionReader, TakesWhatTheSimulatorTakes) {
           {"graphics\\landscape\\height", "GRAPHICS/Landscape/height", "paths in any case"},
           {"  OnMessages\r\n  {\r\n  }\r\n", "", "no messages"},
           {"Erich Sommer", "Erich (J)  O'Sommer-Katzenellenbogen/12", "only the log cuts names"},
+          {"# end of file\r\n", "# end of file", "no line end after the last line"},
+          {"# end of file", AreaText, "the border of an area"},
           {"Skin = \"fokkerdr1\\some_skin.dds\"", "Skin = \"\"", "no paint"},
           {"Targets = [2]", "Targets = [3]", "begin goes straight to the command"}})
         EXPECT_EQ(faultOf(replaced(smallMission(), from, to)), "") << what;
+}
+
+TEST(MissionReader, ChecksBorders) {
+    const std::string text = replaced(smallMission(), "# end of file", AreaText);
+    for (const char* row : {"1, 2, 3;", "1 : 2;", "1, x;", "1, ;", "x = 1;"})
+        EXPECT_NE(faultOf(replaced(text, "264998, 38650.7;", row)).find(" Boundary"),
+                  std::string::npos)
+            << row;
 }
 
 TEST(MissionReader, LooksIntoGroupsAndNamelessBlocks) {
@@ -230,10 +245,12 @@ TEST(MissionReader, NeedsEveryOptionButThePlayersConfiguration) {
     }
 }
 
+// All but the end of its last line.
 TEST(MissionReader, RefusesAMissionCutAtAnyLength) {
     const std::string text = missionText(sixPlanes());
     for (size_t length = 0; length < text.size(); ++length)
-        ASSERT_NE(faultOf(text.substr(0, length)), "") << "cut after " << length << " bytes";
+        ASSERT_EQ(faultOf(text.substr(0, length)).empty(), length == text.size() - 2)
+            << "cut after " << length << " bytes";
 }
 
 TEST(MissionReader, RefusesMorePlanesThanItCanFly) {
