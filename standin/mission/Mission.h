@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "standin/fight/Vector.h"
+#include "standin/Vector.h"
 
 namespace standin {
 

@@ -133,11 +133,6 @@ std::string missing(Kind kind, std::string_view value) {
     return {};
 }
 
-bool refuse(tools::Finding& finding, int32_t line, std::string reason) {
-    finding = {"", line, reason};
-    return false;
-}
-
 /// The rule for a key, of the block's own or of the common ones; null for an unknown key.
 const KeyRule* findRule(const BlockRule* own, bool common, std::string_view key) {
     const auto named = [&](const KeyRule& rule) { return key == rule.key; };
@@ -184,8 +179,8 @@ std::string absentKey(const Block& block, const BlockRule* own, bool common) {
 
 /// The border of an area, a row for each point.
 bool checkBoundary(const Block& block, Fault& fault) {
-    if (!block.entries.empty())
-        return refuse(fault, block.entries.front().line, block.name + " holds rows, not keys");
+    if (!checkRowsOnly(block, fault))
+        return false;
     for (const Row& row : block.rows) {
         double number = 0;
         const bool isPoint = row.separator == ',' && row.values.size() == 2 &&
@@ -225,6 +220,13 @@ bool checkBlock(const Block& block, tools::Finding& finding) {
             return refuse(finding, child.line, block.name + " has no block " + child.name);
     return block.rows.empty() ||
            refuse(finding, block.rows.front().line, block.name + " has no rows");
+}
+
+bool checkRowsOnly(const Block& block, Fault& fault) {
+    if (!block.entries.empty())
+        return refuse(fault, block.entries.front().line, block.name + " holds rows, not keys");
+    return block.children.empty() ||
+           refuse(fault, block.children.front().line, block.name + " holds rows, not blocks");
 }
 
 } // namespace standin

@@ -1,7 +1,7 @@
+#include "standin/mission/MissionLinks.h"
+
 #include <algorithm>
 #include <map>
-
-#include "standin/mission/MissionNodes.h"
 
 namespace standin {
 

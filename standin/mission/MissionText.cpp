@@ -192,6 +192,11 @@ std::string checkCharacters(std::string_view line) {
 
 } // namespace
 
+bool refuse(Fault& fault, int32_t line, std::string reason) {
+    fault = {line, std::move(reason)};
+    return false;
+}
+
 const Entry* Block::find(std::string_view key) const {
     const auto found = std::find_if(entries.begin(), entries.end(),
                                     [&](const Entry& entry) { return entry.key == key; });

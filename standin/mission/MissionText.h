@@ -9,6 +9,9 @@
 
 namespace standin {
 
+/// Sets the fault. Always false, for `return refuse(...)`.
+bool refuse(Fault& fault, int32_t line, std::string reason);
+
 /// A line `Key = value;`. The value is as written, with its quotes, without the semicolon.
 struct Entry {
     std::string key;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "engine/core/String.h"
+
 namespace standin {
 
 namespace {
@@ -99,6 +101,17 @@ std::vector<int32_t> listOf(const Block& block, std::string_view key) {
     if (entry != nullptr && !parseList(entry->value, list))
         list.clear();
     return list;
+}
+
+Vector positionOf(const Block& block) {
+    return {numberOf(block, "XPos"), numberOf(block, "YPos"), numberOf(block, "ZPos")};
+}
+
+std::string plainPath(std::string_view path) {
+    std::string result(path);
+    for (char& character : result)
+        character = character == '\\' ? '/' : zel::lower(character);
+    return result;
 }
 
 int32_t lineOf(const Block& block, std::string_view key) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "standin/Vector.h"
 #include "standin/mission/MissionText.h"
 
 namespace standin {
@@ -23,6 +24,10 @@ int32_t wholeOf(const Block& block, std::string_view key);
 double numberOf(const Block& block, std::string_view key, double otherwise = 0);
 std::string textOf(const Block& block, std::string_view key);
 std::vector<int32_t> listOf(const Block& block, std::string_view key);
+/// XPos, YPos and ZPos.
+Vector positionOf(const Block& block);
+/// Lowered, with "/" between folders.
+std::string plainPath(std::string_view path);
 /// The line of the key; of the block, if it has none.
 int32_t lineOf(const Block& block, std::string_view key);
 

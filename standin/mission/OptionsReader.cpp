@@ -1,0 +1,94 @@
+#include "standin/mission/OptionsReader.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "standin/mission/MissionKeys.h"
+#include "standin/mission/MissionValues.h"
+
+namespace standin {
+
+namespace {
+
+constexpr std::string_view Seasons[] = {"su", "wi", "au", "sp"};
+
+std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
+
+bool checkLandscape(const Block& block, Fault& fault) {
+    const std::string folder = folderOf(plainPath(textOf(block, "HMap")));
+    if (folder.empty())
+        return refuse(fault, lineOf(block, "HMap"), "HMap names no folder of a landscape");
+    if (folderOf(plainPath(textOf(block, "Textures"))) != folder)
+        return refuse(fault, lineOf(block, "Textures"), "Textures and HMap are of two landscapes");
+    if (plainPath(textOf(block, "Forests")).rfind(folder, 0) != 0)
+        return refuse(fault, lineOf(block, "Forests"), "Forests and HMap are of two landscapes");
+    const std::string season = textOf(block, "SeasonPrefix");
+    return std::find(std::begin(Seasons), std::end(Seasons), season) != std::end(Seasons) ||
+           refuse(fault, lineOf(block, "SeasonPrefix"),
+                  "SeasonPrefix \"" + season + "\" is no season");
+}
+
+/// Rows height : direction : speed, rising.
+bool readWind(const Block& block, Fault& fault) {
+    const Block* layers = block.child("WindLayers");
+    if (layers == nullptr)
+        return refuse(fault, block.line, "Options without WindLayers");
+    if (layers->rows.empty())
+        return refuse(fault, layers->line, "WindLayers without a row");
+    if (!checkRowsOnly(*layers, fault))
+        return false;
+    double below = -1;
+    for (const Row& row : layers->rows) {
+        double numbers[3] = {};
+        for (size_t i = 0; i < row.values.size(); ++i)
+            if (row.separator != ':' || row.values.size() != 3 ||
+                !parseNumber(row.values[i], numbers[i]))
+                return refuse(fault, row.line, "a wind layer is 'height : direction : speed;'");
+        if (numbers[0] <= below)
+            return refuse(fault, row.line, "the heights of the wind layers don't rise");
+        below = numbers[0];
+    }
+    return true;
+}
+
+bool readCountries(const Block& block, Mission& mission, Fault& fault) {
+    const Block* countries = block.child("Countries");
+    if (countries == nullptr)
+        return refuse(fault, block.line, "Options without Countries");
+    if (!checkRowsOnly(*countries, fault))
+        return false;
+    for (const Row& row : countries->rows) {
+        Country country;
+        if (row.separator != ':' || row.values.size() != 2 ||
+            !parseWhole(row.values[0], country.code) ||
+            !parseWhole(row.values[1], country.coalition) || country.coalition < 0)
+            return refuse(fault, row.line, "a row of Countries is 'country : coalition;'");
+        if (mission.coalitionOf(country.code) >= 0)
+            return refuse(fault, row.line,
+                          "country " + row.values[0] + " stands twice in Countries");
+        mission.countries.push_back(country);
+    }
+    return true;
+}
+
+} // namespace
+
+bool readOptions(const Block& block, Mission& mission, Fault& fault) {
+    if (!checkBlock(block, fault) || !checkLandscape(block, fault) || !readWind(block, fault) ||
+        !readCountries(block, mission, fault))
+        return false;
+    int32_t parts[3] = {};
+    parseTime(block.find("Time")->value, parts);
+    mission.hour = parts[0];
+    mission.minute = parts[1];
+    mission.second = parts[2];
+    parseDate(block.find("Date")->value, parts);
+    mission.day = parts[0];
+    mission.month = parts[1];
+    mission.year = parts[2];
+    mission.missionType = wholeOf(block, "MissionType");
+    return mission.missionType == 0 || refuse(fault, lineOf(block, "MissionType"),
+                                              "MissionType is not 0, a single-player mission");
+}
+
+} // namespace standin

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "standin/mission/Mission.h"
+#include "standin/mission/MissionText.h"
+
+namespace standin {
+
+/// Reads the mission's first block: date, time, landscape, wind and the countries' coalitions. On
+/// error: false with the first fault.
+[[nodiscard]] bool readOptions(const Block& block, Mission& mission, Fault& fault);
+
+} // namespace standin

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "standin/mission/Mission.h"
+#include "standin/mission/MissionText.h"
+
+namespace standin {
+
+/// Adds the plane of a checked block to the mission. REQUIRES: the mission's countries are known.
+/// On error: false with the first fault.
+[[nodiscard]] bool readPlane(const Block& block, Mission& mission, Fault& fault);
+
+} // namespace standin
