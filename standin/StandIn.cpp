@@ -124,13 +124,13 @@ bool readMissionFile(const zel::String& path, Mission& mission, tools::Finding& 
     return false;
 }
 
-FlightSummary summarise(const Mission& mission, const Flight& flight) {
+FlightSummary summarise(const Mission& mission, const FlightCourse& flight) {
     FlightSummary summary;
     summary.seconds = flight.endTick / TicksPerSecond;
     const int32_t planes = static_cast<int32_t>(mission.planes.size());
     for (int32_t i = 0; i < planes; ++i) {
-        const Plane& plane = mission.planes[static_cast<size_t>(i)];
-        const PlaneEnd& end = flight.planes[static_cast<size_t>(i)];
+        const Plane& plane = mission.planes[i];
+        const PlaneEnd& end = flight.planes[i];
         summary.planes.push_back(
             {plane.name, plane.country, 0, i == mission.human, end.destroyed, !end.pilotAlive});
     }
@@ -153,7 +153,7 @@ FlightSummary summarise(const Mission& mission, const Flight& flight) {
 }
 
 /// When what the options ask for befalls the player; 0 if they ask for nothing.
-int32_t tickOfFate(const Mission& mission, const Flight& flight, const FightOptions& fight) {
+int32_t tickOfFate(const Mission& mission, const FlightCourse& flight, const FightOptions& fight) {
     const int32_t body = mission.human + static_cast<int32_t>(mission.planes.size());
     for (const Event& event : flight.events)
         if (event.target == body && ((fight.killHuman && event.kind == EventKind::Destroyed) ||
@@ -265,7 +265,7 @@ bool flyMission(const zel::String& dir, const zel::String& missionFile,
     const uint32_t seed = options.seed != 0 ? options.seed : std::max(zel::Random(0).next(), 1U);
     zel::Random random(seed);
     const FightOptions fight{options.killPlayer, options.woundPlayer && !options.killPlayer};
-    const Flight flight = Dogfight(mission, fight, random).run();
+    const FlightCourse flight = Dogfight(mission, fight, random).run();
     LogOptions log;
     log.missionName = name.substr(0, name.rfind('.'));
     log.breakOff = options.breakOff;

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "standin/fight/DogfightFire.h"
 
-#include "standin/fight/Dogfight.h"
+#include <algorithm>
 
 namespace standin {
 
@@ -17,7 +17,7 @@ constexpr int32_t Whole = 1000;
 
 } // namespace
 
-void Dogfight::fire(size_t index) {
+void DogfightFire::fire(size_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.task != Task::Attack || fighter.target == Nobody || fighter.rounds == 0)
         return;
@@ -53,7 +53,7 @@ void Dogfight::fire(size_t index) {
 }
 
 /// A bullet into a plane: the man, the works, or a hole.
-void Dogfight::hit(int32_t attacker, size_t target) {
+void DogfightFire::hit(int32_t attacker, size_t target) {
     Fighter& fighter = fighters[target];
     fighter.lastAttacker = attacker;
     const bool inBody = chance(PilotShare);
@@ -71,7 +71,7 @@ void Dogfight::hit(int32_t attacker, size_t target) {
         destroy(attacker, target);
 }
 
-void Dogfight::hurtPilot(int32_t attacker, size_t target, int32_t amount) {
+void DogfightFire::hurtPilot(int32_t attacker, size_t target, int32_t amount) {
     Fighter& fighter = fighters[target];
     const bool spared = options.woundHuman && !options.killHuman && target == human();
     if (!fighter.pilotAlive || (spared && fighter.wounds + amount >= Whole))
@@ -91,7 +91,7 @@ void Dogfight::hurtPilot(int32_t attacker, size_t target, int32_t amount) {
     loseControl(target);
 }
 
-void Dogfight::damagePlane(int32_t attacker, size_t target, int32_t amount) {
+void DogfightFire::damagePlane(int32_t attacker, size_t target, int32_t amount) {
     Fighter& fighter = fighters[target];
     if (fighter.destroyed)
         return;
@@ -105,12 +105,12 @@ void Dogfight::damagePlane(int32_t attacker, size_t target, int32_t amount) {
 }
 
 /// What is left of it goes at once: a wing, the tank, the engine.
-void Dogfight::destroy(int32_t attacker, size_t target) {
+void DogfightFire::destroy(int32_t attacker, size_t target) {
     const int32_t left = Whole - fighters[target].damage - random.getInt(0, 12);
     damagePlane(attacker, target, std::max(left, 5));
 }
 
-void Dogfight::loseControl(size_t index) {
+void DogfightFire::loseControl(size_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.task == Task::Fall || fighter.task == Task::Down)
         return;
@@ -120,7 +120,7 @@ void Dogfight::loseControl(size_t index) {
     fighter.side = random.getInt(0, 1) == 0 ? 1 : -1;
 }
 
-void Dogfight::crash(size_t index) {
+void DogfightFire::crash(size_t index) {
     Fighter& fighter = fighters[index];
     const int32_t plane = static_cast<int32_t>(index);
     const bool soft = fighter.gliding;
@@ -136,7 +136,7 @@ void Dogfight::crash(size_t index) {
         endHumanAfter(draw(5, 18));
 }
 
-void Dogfight::hurtInCrash(size_t index, bool soft) {
+void DogfightFire::hurtInCrash(size_t index, bool soft) {
     Fighter& fighter = fighters[index];
     bool dies = chance(soft ? 0.08 : 0.7);
     if (index == human() && (options.killHuman || options.woundHuman))
@@ -154,7 +154,7 @@ void Dogfight::hurtInCrash(size_t index, bool soft) {
 }
 
 /// Those who come too close may still miss each other.
-void Dogfight::collide() {
+void DogfightFire::collide() {
     for (size_t a = 0; a < fighters.size(); ++a)
         for (size_t b = 0; b < a; ++b) {
             if (distance(fighters[a].position, fighters[b].position) > Apart ||
@@ -166,7 +166,7 @@ void Dogfight::collide() {
 }
 
 /// What the one does to the other by flying into it.
-void Dogfight::ram(size_t other, size_t target) {
+void DogfightFire::ram(size_t other, size_t target) {
     const int32_t attacker = static_cast<int32_t>(other);
     if (chance(0.6))
         destroy(attacker, target);
@@ -175,7 +175,7 @@ void Dogfight::ram(size_t other, size_t target) {
 }
 
 /// Somewhere below the human's way home, of the nation that he fights.
-void Dogfight::placeGun() {
+void DogfightFire::placeGun() {
     const Fighter& fighter = fighters[human()];
     const Vector way = fighter.home - fighter.position;
     const double share = draw(0.1, 0.4);
@@ -190,7 +190,7 @@ void Dogfight::placeGun() {
         }
 }
 
-void Dogfight::fireGun() {
+void DogfightFire::fireGun() {
     if (flight.guns.empty() || gunHits == 0 || !isFlying(fighters[human()]) ||
         distance(flight.guns.back().position, fighters[human()].position) > GunRange)
         return;
@@ -201,7 +201,7 @@ void Dogfight::fireGun() {
     hit(static_cast<int32_t>(gun), human());
 }
 
-int32_t Dogfight::nearestEnemy(size_t index) const {
+int32_t DogfightFire::nearestEnemy(size_t index) const {
     int32_t nearest = Nobody;
     double best = 2500; // further away nobody is believed to have fired
     for (size_t i = 0; i < fighters.size(); ++i) {
@@ -215,7 +215,7 @@ int32_t Dogfight::nearestEnemy(size_t index) const {
 }
 
 /// Brings about what the options want, if it hasn't come of itself.
-void Dogfight::meddle() {
+void DogfightFire::meddle() {
     const Fighter& fighter = fighters[human()];
     if ((!options.killHuman && !options.woundHuman) || !isFlying(fighter) ||
         (time < meddleTime && fighter.task != Task::Home))
@@ -234,7 +234,7 @@ void Dogfight::meddle() {
     woundOrKill(attacker);
 }
 
-void Dogfight::woundOrKill(int32_t attacker) {
+void DogfightFire::woundOrKill(int32_t attacker) {
     Fighter& fighter = fighters[human()];
     fighter.lastAttacker = attacker;
     const int32_t bullets = options.killHuman ? Whole / BulletWound : random.getInt(1, 3);

@@ -1,6 +1,6 @@
-#include <algorithm>
+#include "standin/fight/DogfightMoves.h"
 
-#include "standin/fight/Dogfight.h"
+#include <algorithm>
 
 namespace standin {
 
@@ -20,7 +20,7 @@ Vector rightOf(const Vector& direction) { return normalized({-direction.z, 0, di
 
 } // namespace
 
-void Dogfight::fly(size_t index) {
+void DogfightMoves::fly(size_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.task == Task::Down)
         return;
@@ -36,7 +36,7 @@ void Dogfight::fly(size_t index) {
 }
 
 /// On the ground: a wait, a run, and off.
-void Dogfight::roll(size_t index) {
+void DogfightMoves::roll(size_t index) {
     Fighter& fighter = fighters[index];
     fighter.untilTask -= StepSeconds;
     if (fighter.untilTask > 0)
@@ -49,7 +49,7 @@ void Dogfight::roll(size_t index) {
     tell(EventKind::TakeOff, Nobody, static_cast<int32_t>(index), 0, fighter.position);
 }
 
-void Dogfight::steer(size_t index) {
+void DogfightMoves::steer(size_t index) {
     Fighter& fighter = fighters[index];
     fighter.throttle = 1;
     const Vector ahead = normalized({fighter.direction.x, 0, fighter.direction.z});
@@ -88,13 +88,13 @@ void Dogfight::steer(size_t index) {
 }
 
 /// After the target, ahead of it from near; never through it.
-void Dogfight::steerAttack(size_t index) {
+void DogfightMoves::steerAttack(size_t index) {
     Fighter& fighter = fighters[index];
     const int32_t area = std::max(mission.planes[index].area, 0);
-    const AttackArea& hunt = mission.areas[static_cast<size_t>(area)];
+    const AttackArea& hunt = mission.areas[area];
     Vector aim = hunt.position;
     if (fighter.target != Nobody) {
-        const Fighter& target = fighters[static_cast<size_t>(fighter.target)];
+        const Fighter& target = fighters[fighter.target];
         const double away = distance(target.position, fighter.position);
         const Vector towards = normalized(target.position - fighter.position);
         const Vector speeds = fighter.direction * fighter.speed - target.direction * target.speed;
@@ -120,7 +120,7 @@ void Dogfight::steerAttack(size_t index) {
 }
 
 /// Low over the lines, then down to the field.
-void Dogfight::steerHome(Fighter& fighter) const {
+void DogfightMoves::steerHome(Fighter& fighter) const {
     const Vector way = fighter.home - fighter.position;
     const double away = groundDistance(fighter.home, fighter.position);
     const double height =
@@ -131,7 +131,7 @@ void Dogfight::steerHome(Fighter& fighter) const {
 }
 
 /// A turn to one side, for that long.
-void Dogfight::breakOff(size_t index, double seconds) {
+void DogfightMoves::breakOff(size_t index, double seconds) {
     Fighter& fighter = fighters[index];
     fighter.task = Task::Evade;
     fighter.side = random.getInt(0, 1) == 0 ? 1 : -1;
@@ -140,7 +140,7 @@ void Dogfight::breakOff(size_t index, double seconds) {
 }
 
 /// Clear of the ground, as far as the pilot is careful, and of friends.
-void Dogfight::keepClear(size_t index) {
+void DogfightMoves::keepClear(size_t index) {
     Fighter& fighter = fighters[index];
     for (size_t i = 0; i < fighters.size(); ++i) {
         const Vector gap = fighter.position - fighters[i].position;
@@ -164,7 +164,7 @@ void Dogfight::keepClear(size_t index) {
 }
 
 /// Turns the nose as far as plane and pilot can in a step. The share of it, 0 to 1, is the load.
-double Dogfight::turnNose(size_t index) {
+double DogfightMoves::turnNose(size_t index) {
     Fighter& fighter = fighters[index];
     const double slow = topSpeed(index) * 0.2 + 15;
     if (fighter.speed < slow && fighter.task != Task::Fall)
@@ -187,7 +187,7 @@ double Dogfight::turnNose(size_t index) {
 
 /// The engine against drag, height and turns. Its pull is what gives the type's climb at 0.7 of its
 /// top speed.
-void Dogfight::changeSpeed(size_t index, double load) {
+void DogfightMoves::changeSpeed(size_t index, double load) {
     Fighter& fighter = fighters[index];
     const double top = topSpeed(index);
     const double pull = Gravity * typeOf(index).climb / (0.51 * 0.7 * top);
@@ -198,7 +198,7 @@ void Dogfight::changeSpeed(size_t index, double load) {
     fighter.speed = std::clamp(fighter.speed + change * StepSeconds, top * 0.4, top * 1.6);
 }
 
-void Dogfight::touchGround(size_t index) {
+void DogfightMoves::touchGround(size_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.position.y > ground)
         return;

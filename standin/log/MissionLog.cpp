@@ -6,15 +6,16 @@
 #include <numeric>
 
 #include "engine/core/String.h"
+#include "standin/log/LogPieces.h"
+#include "standin/log/ObjectIds.h"
+#include "standin/mission/AircraftTypes.h"
 
 namespace standin {
 
 namespace {
 
-constexpr std::string_view PieceHead = "T:0 AType:15 VER:18\r\n";
-constexpr int32_t PieceTicks = 1474; // about; the mean of the simulator's pieces
-constexpr size_t LongestName = 31;   // what comes back of a plane's Name
-constexpr int32_t HumanTick = 5;     // when the human takes his plane
+constexpr size_t LongestName = 31; // what comes back of a plane's Name
+constexpr int32_t HumanTick = 5;   // when the human takes his plane
 constexpr int32_t EarliestBreakOff = 500;
 
 /// What the guns of a nation fire.
@@ -51,18 +52,11 @@ std::string thousandths(int32_t value) {
 
 class Writer {
 public:
-    Writer(const Mission& mission, const Flight& flight, const LogOptions& options,
+    Writer(const Mission& mission, const FlightCourse& flight, const LogOptions& options,
            zel::Random& random);
     std::vector<std::string> write();
 
 private:
-    struct Line {
-        int32_t tick;
-        std::string text;
-    };
-
-    void drawIds();
-    int32_t drawId();
     void put(int32_t tick, const std::string& text);
     void nameObject(int32_t tick, int32_t object);
     void nameGun(int32_t tick, size_t gun);
@@ -75,38 +69,36 @@ private:
     void writeEnd();
     void writeSortieEnd(size_t plane, int32_t tick);
     int32_t breakOffTick();
-    std::vector<std::string> cutIntoPieces(int32_t lastTick);
-    void truncate(std::string& piece);
 
     bool concernsHuman(int32_t object) const { return object == human || object == human + planes; }
     std::string id(int32_t object) const {
-        return object == Nobody ? "-1" : number(ids[static_cast<size_t>(object)]);
+        return object == Nobody ? "-1" : number(ids.of(object));
     }
     int32_t countryOf(int32_t object) const {
-        return object < 2 * planes ? mission.planes[static_cast<size_t>(object % planes)].country
-                                   : flight.guns[static_cast<size_t>(object - 2 * planes)].country;
+        return object < 2 * planes ? mission.planes[object % planes].country
+                                   : flight.guns[object - 2 * planes].country;
     }
     std::string guid();
 
     const Mission& mission;
-    const Flight& flight;
+    const FlightCourse& flight;
     const LogOptions& options;
     zel::Random& random;
     const int32_t planes;
     const int32_t human;
-    std::vector<int32_t> ids; // by object: planes, bodies, guns
-    std::vector<bool> named;  // by object
-    std::vector<Line> lines;
+    ObjectIds ids;
+    std::vector<bool> named; // by object
+    std::vector<TickLine> lines;
 };
 
-Writer::Writer(const Mission& mission, const Flight& flight, const LogOptions& options,
+Writer::Writer(const Mission& mission, const FlightCourse& flight, const LogOptions& options,
                zel::Random& random)
     : mission(mission), flight(flight), options(options), random(random),
-      planes(static_cast<int32_t>(mission.planes.size())), human(mission.human),
+      planes(int32_t(mission.planes.size())), human(mission.human),
+      ids(planes, int32_t(flight.guns.size()), random),
       named(2 * mission.planes.size() + flight.guns.size()) {}
 
 std::vector<std::string> Writer::write() {
-    drawIds();
     writeStart();
     writeFlights();
     writeHuman();
@@ -118,33 +110,10 @@ std::vector<std::string> Writer::write() {
         while (lines.back().tick > lastTick)
             lines.pop_back();
     }
-    std::vector<std::string> pieces = cutIntoPieces(lastTick);
+    std::vector<std::string> pieces = cutIntoPieces(lines, lastTick, random);
     if (options.truncate)
-        truncate(pieces.back());
+        truncatePiece(pieces.back(), random);
     return pieces;
-}
-
-/// One less than a multiple of 1024, as planes have it; free of all drawn before.
-int32_t Writer::drawId() {
-    int32_t drawn = 0;
-    do
-        drawn = random.getInt(10, 2400) * 1024 - 1;
-    while (std::find(ids.begin(), ids.end(), drawn) != ids.end());
-    return drawn;
-}
-
-/// A body mostly has its plane's number and 1024, but not always: a reader mustn't count on it.
-void Writer::drawIds() {
-    for (int32_t plane = 0; plane < planes; ++plane)
-        ids.push_back(drawId());
-    for (int32_t plane = 0; plane < planes; ++plane) {
-        const int32_t usual = ids[static_cast<size_t>(plane)] + 1024;
-        const bool isFree = std::find(ids.begin(), ids.end(), usual) == ids.end();
-        const bool wanted = random.getInt(1, 100) <= 80;
-        ids.push_back(isFree && wanted ? usual : drawId());
-    }
-    for (size_t gun = 0; gun < flight.guns.size(); ++gun)
-        ids.push_back(drawId() + 1);
 }
 
 void Writer::put(int32_t tick, const std::string& text) {
@@ -153,15 +122,15 @@ void Writer::put(int32_t tick, const std::string& text) {
 
 /// The line of type 12, once; a body's plane goes before it.
 void Writer::nameObject(int32_t tick, int32_t object) {
-    if (object == Nobody || named[static_cast<size_t>(object)])
+    if (object == Nobody || named[object])
         return;
-    named[static_cast<size_t>(object)] = true;
+    named[object] = true;
     if (object >= 2 * planes) {
         nameGun(tick, static_cast<size_t>(object - 2 * planes));
         return;
     }
     const bool isBody = object >= planes;
-    const Plane& plane = mission.planes[static_cast<size_t>(object % planes)];
+    const Plane& plane = mission.planes[object % planes];
     if (isBody)
         nameObject(tick, object - planes);
     const std::string type = isBody ? "Common Bot" : aircraftType(plane.aircraft).logType;
@@ -192,13 +161,13 @@ void Writer::writeStart() {
 
 void Writer::writeFlights() {
     for (int32_t leader = 0; leader < planes; ++leader) {
-        if (mission.planes[static_cast<size_t>(leader)].leader != leader)
+        if (mission.planes[leader].leader != leader)
             continue;
         std::string members = id(leader);
         for (int32_t plane = 0; plane < planes; ++plane)
-            if (plane != leader && mission.planes[static_cast<size_t>(plane)].leader == leader)
+            if (plane != leader && mission.planes[plane].leader == leader)
                 members += "," + id(plane);
-        put(1, "11 GID:" + number(drawId()) + " IDS:" + members + " LID:" + id(leader));
+        put(1, "11 GID:" + number(ids.drawFree()) + " IDS:" + members + " LID:" + id(leader));
     }
 }
 
@@ -214,7 +183,7 @@ std::string Writer::guid() {
 
 void Writer::writeHuman() {
     nameObject(HumanTick, human + planes);
-    const Plane& plane = mission.planes[static_cast<size_t>(human)];
+    const Plane& plane = mission.planes[human];
     const StandInFigures& type = aircraftType(plane.aircraft);
     Vector start = plane.position;
     if (plane.inAir) // five ticks on
@@ -321,11 +290,10 @@ void Writer::writeEnd() {
     put(tick + 2, "7 ");
     std::vector<int32_t> order(mission.planes.size());
     std::iota(order.begin(), order.end(), 0);
-    std::sort(order.begin(), order.end(), [&](int32_t a, int32_t b) {
-        return ids[static_cast<size_t>(a)] < ids[static_cast<size_t>(b)];
-    });
+    std::sort(order.begin(), order.end(),
+              [&](int32_t a, int32_t b) { return ids.of(a) < ids.of(b); });
     for (const int32_t plane : order) {
-        if (plane == human || !flight.planes[static_cast<size_t>(plane)].pilotAlive)
+        if (plane == human || !flight.planes[plane].pilotAlive)
             continue;
         nameObject(tick + 2, plane);
         nameObject(tick + 2, plane + planes);
@@ -344,34 +312,9 @@ int32_t Writer::breakOffTick() {
     return std::clamp(tick, std::min(EarliestBreakOff, flight.endTick - 1), flight.endTick - 1);
 }
 
-std::vector<std::string> Writer::cutIntoPieces(int32_t lastTick) {
-    std::vector<std::string> pieces;
-    size_t next = 0;
-    for (int32_t end = 0; end <= lastTick;) {
-        end += PieceTicks + random.getInt(-20, 20);
-        std::string piece(PieceHead);
-        for (; next < lines.size() && lines[next].tick < end; ++next)
-            piece += lines[next].text;
-        pieces.push_back(std::move(piece));
-    }
-    return pieces;
-}
-
-/// Keeps the piece up to the middle of one of its lines.
-void Writer::truncate(std::string& piece) {
-    std::vector<size_t> starts{0};
-    for (size_t place = piece.find('\n'); place + 1 < piece.size();
-         place = piece.find('\n', place + 1))
-        starts.push_back(place + 1);
-    const int32_t last = static_cast<int32_t>(starts.size()) - 1;
-    const size_t start = starts[static_cast<size_t>(random.getInt(std::min(1, last), last))];
-    const size_t length = piece.find('\r', start) - start;
-    piece.resize(start + static_cast<size_t>(random.getInt(1, static_cast<int32_t>(length) - 1)));
-}
-
 } // namespace
 
-std::vector<std::string> writeLog(const Mission& mission, const Flight& flight,
+std::vector<std::string> writeLog(const Mission& mission, const FlightCourse& flight,
                                   const LogOptions& options, zel::Random& random) {
     return Writer(mission, flight, options, random).write();
 }

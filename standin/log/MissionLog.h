@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "engine/core/Random.h"
-#include "standin/fight/Dogfight.h"
+#include "standin/fight/FlightCourse.h"
 #include "standin/mission/Mission.h"
 
 namespace standin {
@@ -21,7 +21,7 @@ struct LogOptions {
 /// It tells what the simulator tells and no more: an object is named at the first event that names
 /// it, hits and damage only where the human is one of the two, landings his alone, and the
 /// computer's pilots who live at the end stand behind the line that ends the mission.
-std::vector<std::string> writeLog(const Mission& mission, const Flight& flight,
+std::vector<std::string> writeLog(const Mission& mission, const FlightCourse& flight,
                                   const LogOptions& options, zel::Random& random);
 
 } // namespace standin

@@ -14,8 +14,6 @@ int32_t findAircraft(std::string_view id) {
     return found != rows.end() ? static_cast<int32_t>(found - rows.begin()) : -1;
 }
 
-const StandInFigures& aircraftType(int32_t index) {
-    return AircraftTable::rows()[static_cast<size_t>(index)].standIn;
-}
+const StandInFigures& aircraftType(int32_t index) { return AircraftTable::rows()[index].standIn; }
 
 } // namespace standin

@@ -123,9 +123,9 @@ bool Resolver::findLeaders() {
         if (entity->targets.size() > 1 || leader < 0 || leader == static_cast<int32_t>(i))
             return refuse(entity->targetsLine,
                           "Targets of a plane's entity names its leader's entity and nothing else");
-        if (planes[static_cast<size_t>(leader)].coalition != planes[i].coalition)
+        if (planes[leader].coalition != planes[i].coalition)
             return refuse(entity->targetsLine, "the leader is an enemy");
-        if (!find(planes[static_cast<size_t>(leader)].entity)->targets.empty())
+        if (!find(planes[leader].entity)->targets.empty())
             return refuse(entity->targetsLine, "the leader follows a leader himself");
         planes[i].leader = leader;
     }
@@ -188,13 +188,13 @@ bool Resolver::commandPlanes() {
             for (Plane& follower : mission.planes)
                 if (follower.leader == plane && follower.area < 0)
                     follower.area = static_cast<int32_t>(i);
-            if (mission.planes[static_cast<size_t>(plane)].area < 0)
-                mission.planes[static_cast<size_t>(plane)].area = static_cast<int32_t>(i);
+            if (mission.planes[plane].area < 0)
+                mission.planes[plane].area = static_cast<int32_t>(i);
         }
     for (const Plane& plane : mission.planes) {
         if (plane.area < 0)
             continue;
-        const AttackArea& area = mission.areas[static_cast<size_t>(plane.area)];
+        const AttackArea& area = mission.areas[plane.area];
         const double away = groundDistance(plane.position, area.position);
         if (away > area.radius)
             return refuse(plane.line, "this plane starts " + number(static_cast<int32_t>(away)) +

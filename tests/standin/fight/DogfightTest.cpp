@@ -8,7 +8,7 @@ namespace standin {
 
 namespace {
 
-Flight fly(const Mission& mission, uint32_t seed) {
+FlightCourse fly(const Mission& mission, uint32_t seed) {
     zel::Random random(seed);
     return Dogfight(mission, {}, random).run();
 }
@@ -26,7 +26,7 @@ Tally tally(const Mission& mission, uint32_t seeds) {
     const int32_t planes = static_cast<int32_t>(mission.planes.size());
     const size_t human = static_cast<size_t>(mission.human);
     for (uint32_t seed = 1; seed <= seeds; ++seed) {
-        const Flight flight = fly(mission, seed);
+        const FlightCourse flight = fly(mission, seed);
         int32_t own = 0;
         int32_t enemies = 0;
         for (size_t i = 0; i < mission.planes.size(); ++i)
@@ -61,7 +61,7 @@ TEST(Dogfight, StaysInTheSky) {
     for (const bool inAir : {true, false}) {
         const Mission mission = readMission(missionText(sixPlanes(), inAir));
         for (uint32_t seed = 1; seed <= 40; ++seed) {
-            const Flight flight = fly(mission, seed);
+            const FlightCourse flight = fly(mission, seed);
             for (const Event& event : flight.events) {
                 EXPECT_LE(event.tick, flight.endTick);
                 EXPECT_GE(event.position.y, 45) << "under the ground";

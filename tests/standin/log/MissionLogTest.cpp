@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "standin/fight/Dogfight.h"
 #include "tests/standin/log/LogRules.h"
 #include "tests/standin/mission/TestMission.h"
 
@@ -16,7 +17,7 @@ std::vector<std::string> logOf(const Mission& mission, uint32_t seed, FightOptio
                                LogOptions options = {}) {
     options.missionName = "WingtallyMission";
     zel::Random random(seed);
-    const Flight flight = Dogfight(mission, fight, random).run();
+    const FlightCourse flight = Dogfight(mission, fight, random).run();
     return writeLog(mission, flight, options, random);
 }
 

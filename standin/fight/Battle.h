@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/core/Random.h"
+#include "standin/fight/FlightCourse.h"
+#include "standin/fight/Skill.h"
+#include "standin/mission/AircraftTypes.h"
+#include "standin/mission/Mission.h"
+
+namespace standin {
+
+constexpr double StepSeconds = 0.1;
+constexpr int32_t StepTicks = 5;
+constexpr double BulletSpeed = 650; // m/s
+constexpr int32_t FirstPositionTick = 58;
+
+struct FightOptions {
+    bool killHuman = false;  // he dies, somehow
+    bool woundHuman = false; // he is hurt and lives
+};
+
+/// The state of a fight, which the classes above it share: DogfightFire, DogfightMoves and
+/// Dogfight, each of which adds to the one before.
+class Battle {
+protected:
+    Battle(const Mission& mission, const FightOptions& options, zel::Random& random);
+
+    enum class Task { Ground, Climb, Formation, Attack, Evade, Home, Fall, Down };
+
+    struct Fighter {
+        Task task = Task::Formation;
+        Vector position;
+        Vector direction;    // of the nose and of the flight alike, length 1
+        double speed = 0;    // m/s
+        double throttle = 1; // share of the engine
+        Vector wanted;       // where the nose is to point
+        Vector home;         // on the ground, or where his flight ends
+        int32_t target = Nobody;
+        int32_t lastAttacker = Nobody;
+        double untilDecision = 0; // seconds
+        double untilTask = 0;     // seconds that an evasion or a wait still lasts
+        double burst = 0;         // seconds that the trigger is held; below 0: the pause after it
+        double partRound = 0;     // of the next bullet
+        int32_t side = 1;         // 1 turns right, -1 left
+        int32_t rounds = 0;
+        int32_t damage = 0; // thousandths
+        int32_t wounds = 0; // thousandths
+        bool pilotAlive = true;
+        bool destroyed = false;
+        bool gliding = false; // falls under control
+    };
+
+    bool isFlying(const Fighter& fighter) const;
+    void endHumanAfter(double seconds);
+    void tell(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
+              const Vector& position, bool armourPiercing = false);
+    double draw(double from, double to);
+    bool chance(double probability) { return draw(0, 1) < probability; }
+    bool areEnemies(size_t a, size_t b) const;
+    const StandInFigures& typeOf(size_t index) const;
+    const Skill& skill(size_t index) const { return skillOf(mission.planes[index].level); }
+    int32_t bodyOf(size_t index) const { return static_cast<int32_t>(index + fighters.size()); }
+    double topSpeed(size_t index) const { return typeOf(index).speed / 3.6; }
+    /// At which it circles best, m/s. The types differ less in it than in their top speed.
+    double fightingSpeed(size_t index) const { return topSpeed(index) * 0.2 + 31; }
+    size_t human() const { return static_cast<size_t>(mission.human); }
+
+    const Mission& mission;
+    const FightOptions options;
+    zel::Random& random;
+    std::vector<Fighter> fighters; // in the mission's order
+    FlightCourse flight;
+    int32_t tick = 0;     // at the step's begin
+    double time = 0;      // the same in seconds
+    int32_t lastTick = 0; // of the last event
+    int32_t nextPositionTick = FirstPositionTick;
+    double ground = 0;     // its height, all over
+    double fightLimit = 0; // seconds until everybody goes home
+    double meddleTime = 0; // when the options' wound or death is due
+    bool fightOver = false;
+    bool humanLands = true; // else his flight ends in the air
+    double attackTime = 0;  // seconds until the order to attack
+    int32_t gunHits = 0;    // that the gun on the ground still has in store
+};
+
+} // namespace standin

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "standin/Vector.h"
+
+namespace standin {
+
+constexpr int32_t TicksPerSecond = 50;
+constexpr int32_t Nobody = -1; // the ground, fire, strain
+
+enum class EventKind {
+    Hit, // a bullet arrives
+    Damage,
+    Destroyed, // a plane lost, or a man killed
+    TakeOff,
+    Landed,   // also a wreck that comes to rest
+    Position, // the human's plane, now and then
+};
+
+/// What happens in a flight, to everybody; what of it the simulator tells is MissionLog's.
+///
+/// Objects are numbered: the planes in the mission's order, then their pilots' bodies in the same
+/// order, then the guns on the ground.
+struct Event {
+    EventKind kind;
+    int32_t tick;
+    int32_t attacker; // Nobody for none
+    int32_t target;
+    int32_t damage; // thousandths; 1000 is the end
+    bool armourPiercing;
+    Vector position; // of the target
+};
+
+/// How a plane and its pilot stood at the flight's end.
+struct PlaneEnd {
+    bool pilotAlive;
+    bool destroyed;
+    bool onGround;
+    int32_t rounds; // left
+    Vector position;
+};
+
+struct Gun {
+    int32_t country;
+    Vector position;
+};
+
+struct FlightCourse {
+    std::vector<Event> events;    // by rising ticks
+    std::vector<PlaneEnd> planes; // in the mission's order
+    std::vector<Gun> guns;
+    int32_t endTick = 0; // the human ends his sortie
+};
+
+} // namespace standin

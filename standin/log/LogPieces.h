@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "engine/core/Random.h"
+
+namespace standin {
+
+/// A line of a log with its end, and its time.
+struct TickLine {
+    int32_t tick;
+    std::string text;
+};
+
+/// The lines up to a tick as the contents of files, a half minute of flight each. Each begins with
+/// the line that heads every file, and some hold nothing else. REQUIRES: rising ticks.
+std::vector<std::string> cutIntoPieces(const std::vector<TickLine>& lines, int32_t lastTick,
+                                       zel::Random& random);
+/// Cuts a piece in the middle of one of its lines.
+void truncatePiece(std::string& piece, zel::Random& random);
+
+} // namespace standin
