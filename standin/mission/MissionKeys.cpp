@@ -178,8 +178,8 @@ std::string absentKey(const Block& block, const BlockRule* own, bool common) {
 }
 
 /// The border of an area, a row for each point.
-bool checkBoundary(const Block& block, Fault& fault) {
-    if (!checkRowsOnly(block, fault))
+bool checkBoundary(const Block& block, tools::Finding& finding) {
+    if (!checkRowsOnly(block, finding))
         return false;
     for (const Row& row : block.rows) {
         double number = 0;
@@ -187,7 +187,7 @@ bool checkBoundary(const Block& block, Fault& fault) {
                              parseNumber(row.values[0], number) &&
                              parseNumber(row.values[1], number);
         if (!isPoint)
-            return refuse(fault, row.line, "a row of " + block.name + " is 'x, y;'");
+            return refuse(finding, row.line, "a row of " + block.name + " is 'x, y;'");
     }
     return true;
 }
@@ -213,7 +213,7 @@ bool checkBlock(const Block& block, tools::Finding& finding) {
         return refuse(finding, block.line, block.name + " without " + absent);
     if (own == nullptr)
         return std::all_of(block.children.begin(), block.children.end(), [&](const Block& child) {
-            return child.name != "Boundary" || checkBoundary(child, fault);
+            return child.name != "Boundary" || checkBoundary(child, finding);
         });
     for (const Block& child : block.children)
         if (!mayHold(block.name, child.name))
@@ -222,11 +222,11 @@ bool checkBlock(const Block& block, tools::Finding& finding) {
            refuse(finding, block.rows.front().line, block.name + " has no rows");
 }
 
-bool checkRowsOnly(const Block& block, Fault& fault) {
+bool checkRowsOnly(const Block& block, tools::Finding& finding) {
     if (!block.entries.empty())
-        return refuse(fault, block.entries.front().line, block.name + " holds rows, not keys");
+        return refuse(finding, block.entries.front().line, block.name + " holds rows, not keys");
     return block.children.empty() ||
-           refuse(fault, block.children.front().line, block.name + " holds rows, not blocks");
+           refuse(finding, block.children.front().line, block.name + " holds rows, not blocks");
 }
 
 } // namespace standin

@@ -25,7 +25,7 @@ public:
 
 private:
     bool refuse(int32_t line, std::string reason) {
-        return standin::refuse(fault, line, std::move(reason));
+        return standin::refuse(finding, line, std::move(reason));
     }
     bool checkObject(const Block& block);
     bool readObjects(const std::vector<Block>& blocks);
@@ -49,7 +49,7 @@ bool Reader::read(std::string_view text) {
         return refuse(1, "the mission holds no block");
     if (blocks.front().name != "Options")
         return refuse(blocks.front().line, "the first block is not Options");
-    if (!readOptions(blocks.front(), mission, fault))
+    if (!readOptions(blocks.front(), mission, finding))
         return false;
     blocks.erase(blocks.begin());
     return readObjects(blocks) && checkPlanes() && resolveLinks(nodes, mission, finding);
@@ -106,7 +106,7 @@ bool Reader::readObject(const Block& block) {
     }
     nodes.push_back(std::move(node));
     if (block.name == "Plane")
-        return readPlane(block, mission, fault);
+        return readPlane(block, mission, finding);
     if (block.name == "MCU_CMD_AttackArea")
         return readAttackArea(block);
     if (block.name == "MCU_TR_MissionObjective")

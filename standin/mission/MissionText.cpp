@@ -192,8 +192,8 @@ std::string checkCharacters(std::string_view line) {
 
 } // namespace
 
-bool refuse(Fault& fault, int32_t line, std::string reason) {
-    fault = {line, std::move(reason)};
+bool refuse(tools::Finding& finding, int32_t line, std::string reason) {
+    finding = {"", line, reason};
     return false;
 }
 

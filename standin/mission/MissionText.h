@@ -9,8 +9,8 @@
 
 namespace standin {
 
-/// Sets the fault. Always false, for `return refuse(...)`.
-bool refuse(Fault& fault, int32_t line, std::string reason);
+/// Sets the finding. Always false, for `return refuse(...)`.
+bool refuse(tools::Finding& finding, int32_t line, std::string reason);
 
 /// A line `Key = value;`. The value is as written, with its quotes, without the semicolon.
 struct Entry {

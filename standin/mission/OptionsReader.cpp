@@ -14,28 +14,28 @@ constexpr std::string_view Seasons[] = {"su", "wi", "au", "sp"};
 
 std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-bool checkLandscape(const Block& block, Fault& fault) {
+bool checkLandscape(const Block& block, tools::Finding& finding) {
     const std::string folder = folderOf(plainPath(textOf(block, "HMap")));
     if (folder.empty())
-        return refuse(fault, lineOf(block, "HMap"), "HMap names no folder of a landscape");
+        return refuse(finding, lineOf(block, "HMap"), "HMap names no folder of a landscape");
     if (folderOf(plainPath(textOf(block, "Textures"))) != folder)
-        return refuse(fault, lineOf(block, "Textures"), "Textures and HMap are of two landscapes");
+        return refuse(finding, lineOf(block, "Textures"), "Textures and HMap are of two landscapes");
     if (plainPath(textOf(block, "Forests")).rfind(folder, 0) != 0)
-        return refuse(fault, lineOf(block, "Forests"), "Forests and HMap are of two landscapes");
+        return refuse(finding, lineOf(block, "Forests"), "Forests and HMap are of two landscapes");
     const std::string season = textOf(block, "SeasonPrefix");
     return std::find(std::begin(Seasons), std::end(Seasons), season) != std::end(Seasons) ||
-           refuse(fault, lineOf(block, "SeasonPrefix"),
+           refuse(finding, lineOf(block, "SeasonPrefix"),
                   "SeasonPrefix \"" + season + "\" is no season");
 }
 
 /// Rows height : direction : speed, rising.
-bool readWind(const Block& block, Fault& fault) {
+bool readWind(const Block& block, tools::Finding& finding) {
     const Block* layers = block.child("WindLayers");
     if (layers == nullptr)
-        return refuse(fault, block.line, "Options without WindLayers");
+        return refuse(finding, block.line, "Options without WindLayers");
     if (layers->rows.empty())
-        return refuse(fault, layers->line, "WindLayers without a row");
-    if (!checkRowsOnly(*layers, fault))
+        return refuse(finding, layers->line, "WindLayers without a row");
+    if (!checkRowsOnly(*layers, finding))
         return false;
     double below = -1;
     for (const Row& row : layers->rows) {
@@ -43,28 +43,28 @@ bool readWind(const Block& block, Fault& fault) {
         for (size_t i = 0; i < row.values.size(); ++i)
             if (row.separator != ':' || row.values.size() != 3 ||
                 !parseNumber(row.values[i], numbers[i]))
-                return refuse(fault, row.line, "a wind layer is 'height : direction : speed;'");
+                return refuse(finding, row.line, "a wind layer is 'height : direction : speed;'");
         if (numbers[0] <= below)
-            return refuse(fault, row.line, "the heights of the wind layers don't rise");
+            return refuse(finding, row.line, "the heights of the wind layers don't rise");
         below = numbers[0];
     }
     return true;
 }
 
-bool readCountries(const Block& block, Mission& mission, Fault& fault) {
+bool readCountries(const Block& block, Mission& mission, tools::Finding& finding) {
     const Block* countries = block.child("Countries");
     if (countries == nullptr)
-        return refuse(fault, block.line, "Options without Countries");
-    if (!checkRowsOnly(*countries, fault))
+        return refuse(finding, block.line, "Options without Countries");
+    if (!checkRowsOnly(*countries, finding))
         return false;
     for (const Row& row : countries->rows) {
         Country country;
         if (row.separator != ':' || row.values.size() != 2 ||
             !parseWhole(row.values[0], country.code) ||
             !parseWhole(row.values[1], country.coalition) || country.coalition < 0)
-            return refuse(fault, row.line, "a row of Countries is 'country : coalition;'");
+            return refuse(finding, row.line, "a row of Countries is 'country : coalition;'");
         if (mission.coalitionOf(country.code) >= 0)
-            return refuse(fault, row.line,
+            return refuse(finding, row.line,
                           "country " + row.values[0] + " stands twice in Countries");
         mission.countries.push_back(country);
     }
@@ -73,9 +73,9 @@ bool readCountries(const Block& block, Mission& mission, Fault& fault) {
 
 } // namespace
 
-bool readOptions(const Block& block, Mission& mission, Fault& fault) {
-    if (!checkBlock(block, fault) || !checkLandscape(block, fault) || !readWind(block, fault) ||
-        !readCountries(block, mission, fault))
+bool readOptions(const Block& block, Mission& mission, tools::Finding& finding) {
+    if (!checkBlock(block, finding) || !checkLandscape(block, finding) || !readWind(block, finding) ||
+        !readCountries(block, mission, finding))
         return false;
     int32_t parts[3] = {};
     parseTime(block.find("Time")->value, parts);
@@ -87,7 +87,7 @@ bool readOptions(const Block& block, Mission& mission, Fault& fault) {
     mission.month = parts[1];
     mission.year = parts[2];
     mission.missionType = wholeOf(block, "MissionType");
-    return mission.missionType == 0 || refuse(fault, lineOf(block, "MissionType"),
+    return mission.missionType == 0 || refuse(finding, lineOf(block, "MissionType"),
                                               "MissionType is not 0, a single-player mission");
 }
 
