@@ -261,7 +261,7 @@ bool Database::joinSquadron(std::string_view name, int32_t squadronIndex,
     file.joined = 1;
     file.pilotIndex = pilotIndex;
     if (zel::isLogged("Database", zel::LogInfo))
-        zel::log(zel::String("Pilot ") + name + " joins squadron " + zel::arrayText(squadron.key) +
+        zel::log(zel::String("Pilot ") + name + " joins squadron " + zel::arrayText(joined.key) +
                      " with acelevel=" + aceLevel,
                  "Database", zel::LogInfo);
     return true;

@@ -2,8 +2,8 @@
 
 #include <deque>
 
-#include "engine/core/String.h"
 #include "engine/core/BackgroundWork.h"
+#include "engine/core/String.h"
 
 namespace zel {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "engine/core/BackgroundWork.h"
 #include "engine/core/Log.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/core/BackgroundWork.h"
 #include "engine/window/HighLevelScheduler.h"
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"

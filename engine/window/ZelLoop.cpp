@@ -1,12 +1,12 @@
 #include "engine/window/ZelLoop.h"
 
+#include "engine/core/BackgroundWork.h"
 #include "engine/core/Language.h"
 #include "engine/core/Log.h"
 #include "engine/core/Shutdown.h"
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
-#include "engine/core/BackgroundWork.h"
 #include "engine/window/HighLevelScheduler.h"
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"

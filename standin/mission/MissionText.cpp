@@ -223,7 +223,7 @@ bool parseMissionText(std::string_view text, std::vector<Block>& blocks, tools::
         finding.message = checkCharacters(line);
         if (finding.message.empty() && !isComplete && !(isLast && trimmed(line) == LastLine))
             finding.message = isLast ? "the file breaks off inside a line"
-                                  : "the line ends in a bare line feed, not in CR LF";
+                                     : "the line ends in a bare line feed, not in CR LF";
         if (finding.message.empty())
             finding.message = parser.take(line, number);
         if (!finding.message.empty())

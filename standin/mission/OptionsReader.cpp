@@ -19,7 +19,8 @@ bool checkLandscape(const Block& block, tools::Finding& finding) {
     if (folder.empty())
         return refuse(finding, lineOf(block, "HMap"), "HMap names no folder of a landscape");
     if (folderOf(plainPath(textOf(block, "Textures"))) != folder)
-        return refuse(finding, lineOf(block, "Textures"), "Textures and HMap are of two landscapes");
+        return refuse(finding, lineOf(block, "Textures"),
+                      "Textures and HMap are of two landscapes");
     if (plainPath(textOf(block, "Forests")).rfind(folder, 0) != 0)
         return refuse(finding, lineOf(block, "Forests"), "Forests and HMap are of two landscapes");
     const std::string season = textOf(block, "SeasonPrefix");
@@ -74,8 +75,8 @@ bool readCountries(const Block& block, Mission& mission, tools::Finding& finding
 } // namespace
 
 bool readOptions(const Block& block, Mission& mission, tools::Finding& finding) {
-    if (!checkBlock(block, finding) || !checkLandscape(block, finding) || !readWind(block, finding) ||
-        !readCountries(block, mission, finding))
+    if (!checkBlock(block, finding) || !checkLandscape(block, finding) ||
+        !readWind(block, finding) || !readCountries(block, mission, finding))
         return false;
     int32_t parts[3] = {};
     parseTime(block.find("Time")->value, parts);

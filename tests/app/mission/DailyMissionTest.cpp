@@ -54,10 +54,9 @@ TEST(DailyMission, IsOneThatTheSimulatorWouldLoad) {
             ASSERT_EQ(today.problem, "");
             const std::string text = test.text();
             standin::Mission mission;
-            standin::Fault fault;
-            ASSERT_TRUE(standin::readMissionText(text, mission, fault))
-                << fault.line << ": " << fault.reason.c_str() << "\n"
-                << text;
+            tools::Finding finding;
+            ASSERT_TRUE(standin::readMissionText(text, mission, finding)) << finding.text() << "\n"
+                                                                          << text;
             EXPECT_EQ(mission.year * 10000 + mission.month * 100 + mission.day,
                       test.career.calendar().dateNumber());
             EXPECT_TRUE(mission.hour >= 8 && mission.hour <= 17);

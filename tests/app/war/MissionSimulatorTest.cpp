@@ -97,9 +97,8 @@ TEST(MissionSimulator, FightsByTheRule) {
 std::string outcomeOf(const MissionSimulator& simulator) {
     std::string outcome;
     for (const PilotReport& record : simulator.records()) {
-        append(outcome, record.damage);
-        append(outcome, record.injury);
-        append(outcome, record.shotdownBy);
+        outcome +=
+            hexOf(record.damage) + hexOf(record.injury) + std::to_string(record.shotdownBy) + " ";
     }
     return outcome;
 }
