@@ -45,6 +45,22 @@ std::map<int32_t, String> parseLanguage(std::string_view text) {
     return result;
 }
 
+String fillMarks(std::string_view text, const std::vector<String>& arguments) {
+    std::string filled;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char digit = text[i] == '$' && i + 1 < text.size() ? text[i + 1] : '\0';
+        if (digit < '1' || digit > '8') {
+            filled += text[i];
+            continue;
+        }
+        const auto argument = static_cast<size_t>(digit - '1');
+        if (argument < arguments.size())
+            filled += arguments[argument].view();
+        ++i;
+    }
+    return String(std::move(filled));
+}
+
 String findLanguageCode(std::string_view langcodes, std::string_view identifier) {
     String result;
     forEachLine(langcodes, [&result, identifier](std::string_view line) {
@@ -97,10 +113,10 @@ String Language::get(int32_t number, const String& a1, const String& a2, const S
                      const String& a8) {
     if (table.empty())
         init();
-    const auto found = table.find(number);
-    if (found == table.end())
+    const String* found = find(number);
+    if (found == nullptr)
         return "(String " + String(number) + ")";
-    std::string text(found->second.view());
+    std::string text(found->view());
     const String* arguments[] = {&a1, &a2, &a3, &a4, &a5, &a6, &a7, &a8};
     char mark[] = "$1";
     for (const String* argument : arguments) {
@@ -108,6 +124,11 @@ String Language::get(int32_t number, const String& a1, const String& a2, const S
         ++mark[1];
     }
     return String(std::move(text));
+}
+
+const String* Language::find(int32_t number) {
+    const auto found = table.find(number);
+    return found == table.end() ? nullptr : &found->second;
 }
 
 void Language::reset() {

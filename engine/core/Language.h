@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string_view>
+#include <vector>
 
 #include "engine/core/String.h"
 
@@ -27,6 +28,8 @@ public:
     static String get(int32_t number, const String& a1 = {}, const String& a2 = {},
                       const String& a3 = {}, const String& a4 = {}, const String& a5 = {},
                       const String& a6 = {}, const String& a7 = {}, const String& a8 = {});
+    /// The text of a number as the table has it; null if it lacks it. Chooses no language.
+    static const String* find(int32_t number);
     /// Code of the language in use; empty if there is none.
     static const String& getCode() { return code; }
     /// As at the program's start.
@@ -41,6 +44,9 @@ private:
 /// Reads a language file's text: lines "NUMBER: TEXT", of two with one number the later one. The
 /// characters `\` and `n` in a text are a line feed.
 std::map<int32_t, String> parseLanguage(std::string_view text);
+/// The text with every "$1" replaced by the first argument, and so on up to "$8". A mark without an
+/// argument vanishes; marks within an argument stay.
+String fillMarks(std::string_view text, const std::vector<String>& arguments);
 /// The code in langcodes.dat for a locale identifier in decimal; empty if no line has it.
 String findLanguageCode(std::string_view langcodes, std::string_view identifier);
 

@@ -59,6 +59,10 @@ String nameFromUtf8(const String& text);
 /// what that lacks. For showing only: no file is found by it.
 String shownText(const String& text);
 
+/// A text in Windows-1252 as a terminal of the system shows it: in UTF-8, on Windows in the
+/// console's code page.
+String printedText(const String& text);
+
 /// The C library's fopen for regular files only: a folder, a pipe or a device gives null. A file
 /// that somebody holds is tried again for half a second before it is written, and for less than a
 /// tenth before it is read.

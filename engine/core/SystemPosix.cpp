@@ -134,12 +134,20 @@ String absolutePath(const String& path) {
 
 String nameFromUtf8(const String& text) { return text; }
 
-String shownText(const String& text) {
-    const iconv_t conversion = iconv_open("WINDOWS-1252", "UTF-8");
+namespace {
+
+constexpr const char* Utf8 = "UTF-8";
+constexpr const char* Drawn = "WINDOWS-1252";
+
+/// "?" replaces what the other coding lacks.
+String converted(const String& text, const char* fromCoding, const char* toCoding) {
+    const bool isUtf8 = fromCoding == Utf8;
+    const size_t growth = isUtf8 ? 1 : 3; // the most bytes that a byte becomes
+    const iconv_t conversion = iconv_open(toCoding, fromCoding);
     if (conversion == iconv_t(-1))
         return text;
     std::string source(text.view());
-    std::string shown(source.size(), '\0'); // no character takes more bytes than before
+    std::string shown(source.size() * growth, '\0');
     char* from = source.data();
     char* to = shown.data();
     size_t left = source.size();
@@ -150,12 +158,18 @@ String shownText(const String& text) {
         do { // a character, or one stray byte
             ++from;
             --left;
-        } while (left > 0 && (*from & 0xC0) == 0x80);
+        } while (left > 0 && isUtf8 && (*from & 0xC0) == 0x80);
     }
     iconv_close(conversion);
     shown.resize(static_cast<size_t>(to - shown.data()));
     return shown;
 }
+
+} // namespace
+
+String shownText(const String& text) { return converted(text, Utf8, Drawn); }
+
+String printedText(const String& text) { return converted(text, Drawn, Utf8); }
 
 FILE* openFile(const String& path, const char* mode) {
     const bool reads = mode[0] == 'r';

@@ -206,6 +206,12 @@ String shownText(const String& text) {
     return narrowed(widened(text, CP_ACP), Drawn, isWhole);
 }
 
+String printedText(const String& text) {
+    bool isWhole = false;
+    const UINT console = GetConsoleOutputCP();
+    return narrowed(widened(text, Drawn), console != 0 ? console : CP_ACP, isWhole);
+}
+
 FILE* openFile(const String& path, const char* mode) {
     FILE* stream = nullptr;
     const bool reads = std::string_view(mode).find_first_of("wa+") == std::string_view::npos;
