@@ -11,6 +11,7 @@
 #include "engine/graphics/ImageHandler.h"
 #include "engine/graphics/ImageIndex.h"
 #include "engine/sound/SoundHandler.h"
+#include "tools/menucheck/SaidTexts.h"
 #include "tools/menucheck/ScriptLines.h"
 
 namespace menucheck {
@@ -22,6 +23,7 @@ namespace {
 constexpr int32_t LargestTable = 1 << 24; // bytes
 constexpr const char* Tables = "Language/";
 constexpr const char* TableEnding = ".txt";
+constexpr const char* ModelCode = "en"; // of the table whose marks the others have to have
 constexpr const char* Codes = "Language/langcodes.dat";
 constexpr const char* Pictures = "Pictures/";
 constexpr const char* IndexEnding = ".idx";
@@ -68,22 +70,56 @@ std::vector<zel::ImageDescription> imagesIn(const String& picture) {
     return zel::parseImageIndex(text, zel::LifetimeShort, 1).images;
 }
 
-/// The line of each number in a table.
-std::map<int32_t, int32_t> readTable(const String& name, Findings& findings) {
-    std::map<int32_t, int32_t> lines;
+/// A text of a table, and its line.
+struct Entry {
+    String text;
+    int32_t line;
+};
+using Table = std::map<int32_t, Entry>;
+
+Table readTable(const String& name, Findings& findings) {
+    Table table;
     std::string content;
     if (!zel::readTextFile(name, LargestTable, content))
-        return lines;
+        return table;
     zel::forEachNumberedLine(content, [&](std::string_view line, int32_t lineNumber) {
         const Source source{name, lineNumber};
         for (const auto& [number, text] : zel::parseLanguage(line)) {
-            if (!lines.emplace(number, source.line).second)
+            if (!table.emplace(number, Entry{text, source.line}).second)
                 findings.add(source, String("text ") + number + " is there twice");
             if (text.empty())
                 findings.add(source, String("text ") + number + " is empty");
         }
     });
-    return lines;
+    return table;
+}
+
+/// The marks of a text as people read them: "$1 $2".
+String shownMarks(const std::set<char>& marks) {
+    String shown;
+    for (const char mark : marks)
+        shown += String(shown.empty() ? "$" : " $") + String(mark);
+    return shown.empty() ? "none" : shown;
+}
+
+/// Faults of texts whose marks differ from those in the table by which the others go. A mark that
+/// is there twice is replaced once only.
+void checkMarks(const String& name, const Table& table, const String& modelName, const Table& model,
+                Findings& findings) {
+    for (const auto& [number, entry] : table) {
+        const std::vector<char> marks = marksOf(entry.text);
+        const std::set<char> each(marks.begin(), marks.end());
+        if (each.size() < marks.size())
+            findings.add({name, entry.line}, String("text ") + number + " has a mark twice");
+        const auto other = model.find(number);
+        if (other == model.end())
+            continue;
+        const std::vector<char> wanted = marksOf(other->second.text);
+        if (const std::set<char> wantedEach(wanted.begin(), wanted.end()); each != wantedEach)
+            findings.add({name, entry.line}, String("text ") + number + " has the marks " +
+                                                 shownMarks(each) + ", in " + modelName + " " +
+                                                 shownMarks(wantedEach));
+    }
 }
 
 void checkCodes(Findings& findings) {
@@ -165,18 +201,28 @@ void NamedData::checkLanguages(Findings& findings) const {
     const std::vector<String> codes = languageCodes();
     if (codes.empty() && !texts.empty())
         findings.add(texts.begin()->second, String("no table in ") + Tables);
+    std::map<String, Table> tables; // by the names of their files
+    ScriptNotes notes;
     for (const String& code : codes) {
         const String name = String(Tables) + code + TableEnding;
-        const std::map<int32_t, int32_t> lines = readTable(name, findings);
-        for (const auto& [number, source] : texts) {
-            if (lines.count(number) == 0)
+        tables[name] = readTable(name, findings);
+        readNotesOf(name, notes, findings);
+    }
+    std::map<int32_t, Source> used = texts;
+    used.insert(notes.texts.begin(), notes.texts.end());
+    const auto english = tables.find(String(Tables) + ModelCode + TableEnding);
+    const auto model = english != tables.end() ? english : tables.begin();
+    for (const auto& [name, table] : tables) {
+        for (const auto& [number, source] : used) {
+            if (table.count(number) == 0)
                 findings.add(source, name + " has no text " + number);
         }
-        for (const auto& [number, line] : lines) {
-            if (texts.count(number) == 0)
-                findings.add({name, line},
+        for (const auto& [number, entry] : table) {
+            if (used.count(number) == 0)
+                findings.add({name, entry.line},
                              String("text ") + number + " is not used (#check text allows it)");
         }
+        checkMarks(name, table, model->first, model->second, findings);
     }
 }
 

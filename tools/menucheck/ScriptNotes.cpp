@@ -4,6 +4,7 @@
 
 #include "engine/core/TextEncoding.h"
 #include "engine/core/TextLines.h"
+#include "tools/menucheck/SaidTexts.h"
 #include "tools/menucheck/ScriptLines.h"
 
 namespace menucheck {
@@ -15,7 +16,7 @@ namespace {
 constexpr int32_t LongestRange = 1000;
 constexpr int32_t LargestFile = 1 << 24; // bytes
 constexpr const char* KindList =
-    "code, leads, overlap, widest, kind, stretch, picture, text or conditions";
+    "code, leads, overlap, widest, says, kind, stretch, picture, text or conditions";
 
 /// The words behind "#check KIND", and where they stand.
 struct Note {
@@ -86,6 +87,17 @@ void takeWidest(const Note& note) {
     elementsOf(note.words[0], note);
 }
 
+void takeSays(const Note& note) {
+    const SaidTexts said = readSaidTexts({std::next(note.words.begin()), note.words.end()});
+    if (!said.fault.empty())
+        note.findings.add(note.source, said.fault);
+    for (const String& element : elementsOf(note.words[0], note))
+        for (const String& text : said.texts)
+            note.notes.widest.push_back({element, text, note.source});
+    for (const int32_t number : said.numbers)
+        note.notes.texts[number] = note.source;
+}
+
 void takeKind(const Note& note) {
     for (size_t i = 1; i < note.words.size(); ++i)
         for (const String& name : elementsOf(note.words[i], note))
@@ -120,6 +132,7 @@ constexpr NoteKind Kinds[] = {
     {"leads", 1, takeLeads},
     {"overlap", 1, takeOverlap},
     {"widest", 2, takeWidest},
+    {"says", 2, takeSays},
     {"kind", 2, takeKind},
     {"stretch", 1, takeStretch},
     {"picture", 1, takePicture},
@@ -162,20 +175,23 @@ bool ScriptNotes::isAlternative(const String& element) const {
 
 ScriptNotes readNotes(const zel::MenuConfigFile& script, Findings& findings) {
     ScriptNotes notes;
-    for (const String& name : filesOf(script)) {
-        std::string text;
-        if (!zel::readTextFile(name, LargestFile, text))
-            continue;
-        zel::forEachNumberedLine(text, [&](std::string_view line, int32_t number) {
-            const std::vector<String> words = zel::splitWords(zel::trimmed(line, ' '));
-            if (words.empty() || words[0] != "#check")
-                return;
-            const auto rest =
-                words.begin() + std::min<ptrdiff_t>(2, static_cast<ptrdiff_t>(words.size()));
-            takeNote(words, {{rest, words.end()}, {name, number}, notes, findings});
-        });
-    }
+    for (const String& name : filesOf(script))
+        readNotesOf(name, notes, findings);
     return notes;
+}
+
+void readNotesOf(const String& name, ScriptNotes& notes, Findings& findings) {
+    std::string text;
+    if (!zel::readTextFile(name, LargestFile, text))
+        return;
+    zel::forEachNumberedLine(text, [&](std::string_view line, int32_t number) {
+        const std::vector<String> words = zel::splitWords(zel::trimmed(line, ' '));
+        if (words.empty() || words[0] != "#check")
+            return;
+        const auto after =
+            words.begin() + std::min<ptrdiff_t>(2, static_cast<ptrdiff_t>(words.size()));
+        takeNote(words, {{after, words.end()}, {name, number}, notes, findings});
+    });
 }
 
 } // namespace menucheck

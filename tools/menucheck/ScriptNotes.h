@@ -38,5 +38,7 @@ struct ScriptNotes {
 
 /// Notes that are unknown or name too little are faults.
 ScriptNotes readNotes(const zel::MenuConfigFile& script, Findings& findings);
+/// Adds the notes of one file.
+void readNotesOf(const zel::String& name, ScriptNotes& notes, Findings& findings);
 
 } // namespace menucheck

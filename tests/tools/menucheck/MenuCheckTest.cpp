@@ -164,7 +164,7 @@ TEST(MenuCheck, RunsTheSectionOfEachHitOnAFreshScreen) {
 TEST(MenuCheck, KnowsWhatCodeAnswers) {
     const std::string lamp = "onenter:\naddwidget back\naddwidget lamp x\n";
     const std::string known =
-        "code, leads, overlap, widest, kind, stretch, picture, text or conditions";
+        "code, leads, overlap, widest, says, kind, stretch, picture, text or conditions";
     expectFaults({
         {"#check code ok gone\nonenter:\naddwidget back\naddwidget ok \" \" quitApp\n",
          {"Menus/A.ini:2: no screen has the element gone",
@@ -256,6 +256,30 @@ TEST(MenuCheck, ReadsTheTablesOfAllLanguages) {
                   "Language/langcodes.dat:2: no table Language/fr.txt",
                   "Menus/A.ini:5: Language/de.txt has no text 2",
                   "Menus/A.ini:9: label: the text doesn't fit: Ein viel zu langer Text daf\xFCr",
+              }));
+}
+
+TEST(MenuCheck, FillsTheTextsThatCodeSays) {
+    const TemporaryFolder folder;
+    writeProgram(folder, "#check says label 1 ( 2..3 )\n#check says label ( 1 Max ) ( 4 )\n"
+                         "#check says label 1\n#check says label ( 4\n#check says label Max\n"
+                         "onenter:\naddwidget back\naddwidget label\n");
+    folder.write("Language/en.txt",
+                 "#check text 5..6\n1: He is $1\n2: of it\n3: of the Jagdstaffel\n"
+                 "4: and flies alone\n5: $1\n6: $1 $1\n");
+    folder.write("Language/de.txt", "1: Das ist er\n2: da\n3: davon\n4: fliegt\n5: $1\n6: $1\n");
+    const std::string marks = " has the marks none, in Language/en.txt $1";
+    EXPECT_EQ(faultsOf(folder.path()),
+              (Lines{
+                  "Language/de.txt:1: text 1" + marks,
+                  "Language/en.txt:7: text 6 has a mark twice",
+                  "Menus/A.ini:2: label: the text doesn't fit: He is of the Jagdstaffel",
+                  "Menus/A.ini:2: text 1 takes 0 arguments",
+                  "Menus/A.ini:3: label: the text doesn't fit: He is Max and flies alone",
+                  "Menus/A.ini:3: text 1 takes 0 arguments",
+                  "Menus/A.ini:4: text 1 takes 1 arguments",
+                  "Menus/A.ini:5: a parenthesis is missing",
+                  "Menus/A.ini:6: the number of a text is missing",
               }));
 }
 
