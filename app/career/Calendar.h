@@ -34,7 +34,7 @@ public:
     int32_t dayNumber() const;
     /// "yyyymmdd", as the data files write dates: the year as it is, month and day of two digits.
     zel::String dateText() const;
-    /// "1-December-1915", as every screen shows the date.
+    /// "1-December-1915", for the log; dateInLanguage (CareerTexts.h) is what the screens show.
     zel::String displayText() const;
 
 private:

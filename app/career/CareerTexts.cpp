@@ -5,43 +5,61 @@
 
 #include "app/career/Database.h"
 #include "app/career/UnitNames.h"
+#include "app/career/Wording.h"
 
 namespace {
 
 constexpr size_t AceRows = 10;
-constexpr const char* NoAces = "(NO PILOTS WITH MORE THAN 5 SHOTDOWNS)"; // sic: five are enough
 
-zel::String scoreLine(const Database& career, int32_t index) {
+/// `own`: the form for the player himself.
+zel::String scoreLine(const Database& career, int32_t index, const Wording& form,
+                      const Wording& own) {
     const Pilot& pilot = career.pilot(index);
-    return zel::String(zel::arrayText(pilot.name)) +
-           (index == career.playerPilot ? " (you!)" : "") + ": " + pilot.shotdowns;
+    return textOf(index == career.playerPilot ? own : form,
+                  {zel::arrayText(pilot.name), pilot.shotdowns});
+}
+
+zel::String aceLine(const Database& career, int32_t index) {
+    const bool isAlive = career.pilot(index).alive != 0;
+    return isAlive ? scoreLine(career, index, wording::Score, wording::OwnScore)
+                   : scoreLine(career, index, wording::LastScore, wording::OwnLastScore);
+}
+
+zel::String monthInLanguage(int32_t month) {
+    return month >= 1 && month <= 12 ? textOf(wording::Months[month - 1]) : zel::String();
 }
 
 } // namespace
 
 zel::String serviceText(int32_t service) {
-    const char* name = service == ServiceEnglish  ? "English"
-                       : service == ServiceGerman ? "German"
-                                                  : "French";
-    return zel::String("Service: ") + name;
+    const bool isKnown = service == ServiceEnglish || service == ServiceGerman;
+    return textOf(wording::Services[isKnown ? service : ServiceFrench]);
 }
 
 zel::String startDateText(int32_t year, int32_t month) {
-    return "Start date: " + Calendar::monthName(month) + " " + year;
+    return textOf(wording::StartDate, {monthInLanguage(month), year});
 }
 
 zel::String pilotNameText(const Database& career) {
-    return zel::String("Your pilot's name: ") + zel::arrayText(career.player().name);
+    return textOf(wording::PilotName, {zel::arrayText(career.player().name)});
+}
+
+zel::String dateInLanguage(const Calendar& date) {
+    const zel::String month = monthInLanguage(date.getMonth());
+    if (date.getDay() == 1)
+        return textOf(wording::FirstOfMonth, {month, date.getYear()});
+    return textOf(wording::Date, {date.getDay(), month, date.getYear()});
 }
 
 bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }
 
 zel::String missionButtonText(const Database& career) {
-    return isWarOver(career) ? "The War is over!" : "Next Mission";
+    return textOf(isWarOver(career) ? wording::WarIsOver : wording::NextMission);
 }
 
 zel::String baseText(const Database& career) {
-    return zel::String("Current base: Near ") + zel::arrayText(career.playerSquadron().baseName);
+    return textOf(wording::Base,
+                  {nameInLanguage(zel::arrayText(career.playerSquadron().baseName))});
 }
 
 zel::String squadronText(const Database& career) {
@@ -51,17 +69,19 @@ zel::String squadronText(const Database& career) {
 
 zel::String playerText(const Database& career, int32_t predecessor) {
     const Pilot& player = career.player();
-    zel::String text = zel::arrayText(player.name);
-    if (career.isPilot(predecessor))
-        text += zel::String(", successor to ") + zel::arrayText(career.pilot(predecessor).name);
-    return text + ": victories " + player.shotdowns + ", missions " + player.missions;
+    const zel::String name = zel::arrayText(player.name);
+    if (!career.isPilot(predecessor))
+        return textOf(wording::Player, {name, player.shotdowns, player.missions});
+    const Pilot& fallen = career.pilot(predecessor);
+    return textOf(wording::Successor,
+                  {name, zel::arrayText(fallen.name), player.shotdowns, player.missions});
 }
 
 std::vector<zel::String> squadronLines(const Database& career, size_t most) {
     std::vector<zel::String> lines;
     for (const int32_t pilot : career.squadronRoster(career.player().squadron))
         if (lines.size() < most)
-            lines.push_back(scoreLine(career, pilot));
+            lines.push_back(scoreLine(career, pilot, wording::Score, wording::OwnScore));
     return lines;
 }
 
@@ -87,9 +107,9 @@ std::vector<zel::String> aceLines(const Database& career) {
     for (const int32_t index : bestPilots(career.pilots, AceRows)) {
         const Pilot& pilot = career.pilot(index);
         if (pilot.shotdowns >= AceShotdowns)
-            lines.push_back(scoreLine(career, index) + (pilot.alive == 0 ? " RIP" : ""));
+            lines.push_back(aceLine(career, index));
         else
-            lines.emplace_back(lines.empty() ? NoAces : "");
+            lines.push_back(lines.empty() ? textOf(wording::NoAces) : zel::String());
     }
     return lines;
 }

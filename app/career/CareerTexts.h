@@ -4,10 +4,12 @@
 
 #include "engine/core/String.h"
 
+class Calendar;
 class Database;
 struct Pilot;
 
-// The fixed texts of the career's pages, for the screens and for the command line.
+// The texts of the career's pages in the language in use, for the screens and for the command line.
+// The examples are the English ones.
 
 constexpr int32_t FirstDayOfPeace = 19181111; // as Calendar::dateNumber()
 
@@ -17,6 +19,9 @@ zel::String serviceText(int32_t service);
 zel::String startDateText(int32_t year, int32_t month);
 /// "Your pilot's name: First Last".
 zel::String pilotNameText(const Database& career);
+
+/// "1-December-1915".
+zel::String dateInLanguage(const Calendar& date);
 
 bool isWarOver(const Database& career);
 /// "Next Mission" or "The War is over!".

@@ -4,72 +4,65 @@
 #include <iterator>
 
 #include "app/career/Database.h"
+#include "app/career/Wording.h"
 
 namespace {
 
-/// A range of unit numbers that share a form of name: prefix, number less base, suffix.
+/// A range of unit numbers that share a form of name, which takes the number less the base.
 struct NameRange {
     int32_t first, last;
     int32_t base;
-    const char* prefix;
-    const char* suffix;
+    const Wording* form;
 };
+// The first range that holds a number names it.
 // clang-format off
 constexpr NameRange NameRanges[] = {
-    {101001, 101227, 101000, "Esc ",                    ""},
-    {101901, 101999, 101900, "",                        "eme Esc de Chasse"},
-    {102001, 102100, 102000, "No ",                     " Squadron RFC"},
-    {102101, 102200, 102100, "No ",                     " Squadron AFC"},
-    {102201, 102299, 102200, "No ",                     " Squadron RNAS"},
-    {501001, 501100, 501000, "Jasta ",                  ""},
-    {501101, 501200, 501100, "Schlasta ",               ""},
-    {501201, 501300, 501200, "FA ",                     ""},
-    {501301, 501399, 501300, "Marine-Feldjagdstaffel ", ""},
-    {501400, 501500, 501200, "FA ",                     ""},
-    {501601, 501700, 501600, "SFL ",                    ""},
+    {101001, 101227, 101000, &wording::Escadrille},
+    {101901, 101901, 101900, &wording::FirstChasse},
+    {101903, 101903, 101900, &wording::Observation},
+    {101901, 101999, 101900, &wording::Chasse},
+    {102001, 102100, 102000, &wording::FlyingCorps},
+    {102101, 102200, 102100, &wording::AustralianCorps},
+    {102201, 102299, 102200, &wording::NavalService},
+    {103001, 103001, 103000, &wording::FirstAero},
+    {103001, 103999, 103000, &wording::Aero[0]},
+    {501001, 501100, 501000, &wording::Jasta},
+    {501101, 501200, 501100, &wording::Schlasta},
+    {501201, 501300, 501200, &wording::Fliegerabteilung},
+    {501301, 501399, 501300, &wording::MarineFeldjagdstaffel},
+    {501400, 501500, 501200, &wording::Fliegerabteilung},
+    {501601, 501700, 501600, &wording::Seefrontstaffel},
 };
 // clang-format on
-constexpr int32_t ObservationSquadron = 101903;
-constexpr int32_t FirstAmerican = 103001;
-constexpr int32_t LastAmerican = 103999;
 
-// From the whole number's digits, so that 103001 reads "1th": the screens always showed it so.
-const char* ordinalSuffix(int32_t number) {
+/// Null for a number outside all ranges.
+const NameRange* rangeOf(int32_t number) {
+    const auto* const range =
+        std::find_if(std::begin(NameRanges), std::end(NameRanges), [number](const NameRange& r) {
+            return number >= r.first && number <= r.last;
+        });
+    return range == std::end(NameRanges) ? nullptr : range;
+}
+
+/// Which English ending an American number has: th, st, nd or rd. From the whole number's digits,
+/// so that 103001 reads "1th": the screens always showed it so.
+int32_t aeroForm(int32_t number) {
     const int32_t tens = number / 10 % 10;
-    if (tens < 2)
-        return "th";
-    switch (number % 10) {
-    case 1:
-        return "st";
-    case 2:
-        return "nd";
-    case 3:
-        return "rd";
-    default:
-        return "th";
-    }
+    const int32_t ones = number % 10;
+    return tens >= 2 && ones <= 3 ? ones : 0;
 }
 
 } // namespace
 
 zel::String unitName(int32_t number) {
-    if (number == ObservationSquadron)
-        return "3eme Esc Observation";
-    if (number >= FirstAmerican && number <= LastAmerican)
-        return zel::String(number - (FirstAmerican - 1)) + ordinalSuffix(number) + " Aero";
-    const auto range =
-        std::find_if(std::begin(NameRanges), std::end(NameRanges), [number](const NameRange& r) {
-            return number >= r.first && number <= r.last;
-        });
-    if (range == std::end(NameRanges))
+    const NameRange* range = rangeOf(number);
+    if (range == nullptr)
         return zel::String("(") + number + ")";
-    return zel::String(range->prefix) + (number - range->base) + range->suffix;
+    const bool isAero = range->form == wording::Aero;
+    return textOf(isAero ? wording::Aero[aeroForm(number)] : *range->form, {number - range->base});
 }
 
-bool hasUnitName(int32_t number) {
-    const zel::String name = unitName(number);
-    return name.length() > 1 && name.left(1) != "(";
-}
+bool hasUnitName(int32_t number) { return rangeOf(number) != nullptr; }
 
 int32_t unitNumber(const Database& career, int32_t squadronFile) {
     if (squadronFile < 0 || static_cast<size_t>(squadronFile) >= career.squadronFiles.size())

@@ -8,8 +8,8 @@ class Database;
 
 // Units have six-digit numbers: three digits of nation, three digits of unit (501011 is Jasta 11).
 
-/// The name of a unit by its number, such as "Jasta 11"; "(number)" for a number outside all known
-/// ranges.
+/// The name of a unit by its number, such as "Jasta 11", in the language in use; "(number)" for a
+/// number outside all known ranges.
 zel::String unitName(int32_t number);
 /// Whether a known range holds the number.
 bool hasUnitName(int32_t number);

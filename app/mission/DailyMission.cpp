@@ -1,6 +1,7 @@
 #include "app/mission/DailyMission.h"
 
 #include "app/career/Aircraft.h"
+#include "app/career/Wording.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/MissionGenerator.h"
 #include "engine/core/Log.h"
@@ -23,7 +24,8 @@ std::vector<zel::String> rosterOf(const std::vector<PlannedPlane>& plan) {
     std::vector<zel::String> roster;
     for (const PlannedPlane& plane : plan)
         if (plane.nation == plan.front().nation)
-            roster.push_back(plane.name + " (" + planeDisplayName(plane.type) + ")");
+            roster.push_back(textOf(wording::PlaneOfPilot,
+                                    {plane.name, nameInLanguage(planeDisplayName(plane.type))}));
     return roster;
 }
 
@@ -73,5 +75,5 @@ DailyMission writeDailyMission(Database& career, MissionGenerator& generator) {
 }
 
 zel::String startLabel(const DailyMission& mission) {
-    return mission.isFlyable ? "Start Mission" : "Skip Mission (no flyable plane available)";
+    return textOf(mission.isFlyable ? wording::StartMission : wording::SkipMission);
 }

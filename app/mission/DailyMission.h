@@ -27,5 +27,5 @@ struct DailyMission {
 /// level 2 and `problem`.
 DailyMission writeDailyMission(Database& career, MissionGenerator& generator);
 
-/// The label of the button that leads on.
+/// The label of the button that leads on, in the language in use, as the roster is.
 zel::String startLabel(const DailyMission& mission);

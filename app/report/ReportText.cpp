@@ -1,6 +1,7 @@
 #include "app/report/ReportText.h"
 
 #include "app/career/Nation.h"
+#include "app/career/Wording.h"
 
 namespace {
 
@@ -12,24 +13,24 @@ constexpr float DestroyedPercent = 50.0F;
 zel::String fateText(const PilotReport& pilot) {
     const bool landed = pilot.flightStatus == 1;
     if (pilot.killCount != 0)
-        return "Died in the air";
+        return textOf(wording::DiedInTheAir);
     if (pilot.dead != 0)
-        return "Crashed and died";
+        return textOf(wording::CrashedAndDied);
     if (pilot.injuryPercent > 50)
-        return "Severe injuries";
+        return textOf(wording::SevereInjuries);
     if (pilot.injuryPercent > 25)
-        return "Injured";
+        return textOf(wording::Injured);
     if (pilot.injuryPercent > 0)
-        return "Slightly injured";
+        return textOf(wording::SlightInjuries);
     if (pilot.damage >= LeastDamage) {
         const bool destroyed = pilot.damage * 100 >= DestroyedPercent;
         if (landed)
-            return destroyed ? "Landed with destroyed plane" : "Landed with damaged plane";
-        return destroyed ? "Destroyed plane" : "Damaged plane";
+            return textOf(destroyed ? wording::LandedDestroyed : wording::LandedDamaged);
+        return textOf(destroyed ? wording::Destroyed : wording::Damaged);
     }
     if (landed)
-        return "Escaped and landed";
-    return pilot.shotdownBy >= 0 ? "Survived without injuries" : "No damage";
+        return textOf(wording::Escaped);
+    return textOf(pilot.shotdownBy >= 0 ? wording::Survived : wording::NoDamage);
 }
 
 zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& pilots) {
@@ -37,12 +38,12 @@ zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& 
         return {};
     const bool dead = pilot.dead != 0;
     if (pilot.shotdownBy >= 0)
-        return (dead ? "Killed By: " : "Shotdown By: ") +
-               pilots[static_cast<size_t>(pilot.shotdownBy)].name;
+        return textOf(dead ? wording::KilledBy : wording::ShotdownBy,
+                      {pilots[static_cast<size_t>(pilot.shotdownBy)].name});
     if (pilot.shotdownByOwn >= 0)
-        return (dead ? "Killed By Own: " : "Shotdown By Own: ") +
-               pilots[static_cast<size_t>(pilot.shotdownByOwn)].name;
-    return "Crashed";
+        return textOf(dead ? wording::KilledByOwn : wording::ShotdownByOwn,
+                      {pilots[static_cast<size_t>(pilot.shotdownByOwn)].name});
+    return textOf(wording::Crashed);
 }
 
 ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots) {
@@ -52,7 +53,8 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots) {
             continue;
         const bool isLeft = isSameSide(pilot.country, pilots.front().country);
         ReportEntry entry;
-        entry.pilot = pilot.name + " - " + "Kills: " + static_cast<int32_t>(pilot.kills.size());
+        entry.pilot =
+            textOf(wording::ReportedPilot, {pilot.name, static_cast<int32_t>(pilot.kills.size())});
         entry.fate = fateText(pilot);
         entry.cause = causeText(pilot, pilots);
         entry.isPlayer = pilot.human != 0;

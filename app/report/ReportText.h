@@ -5,8 +5,7 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
-/// What a mission without a report shows in its first line.
-constexpr const char* NoMissionPlayed = "(No mission played.)";
+// In the language in use; the examples are English.
 
 /// Three lines of the combat report: who, what became of him, who did it.
 struct ReportEntry {

@@ -10,7 +10,7 @@ Database* CareerScreen::runningCareer() {
 
 void CareerScreen::showDate() {
     if (const Database* career = runningCareer())
-        setText("date", career->calendar().displayText());
+        setText("date", dateInLanguage(career->calendar()));
 }
 
 void CareerScreen::showSquadron() {

@@ -1,6 +1,6 @@
 #include "app/screens/MenuConfigurationMaps.h"
 
 MenuConfigurationMaps::MenuConfigurationMaps()
-    : ConfigurationScreen("MenuConfigurationMaps", {{"menuButton1", "Western Front", "mapWestern"},
-                                                    {"menuButton2", "The Channel", "mapChannel"}}) {
-}
+    : ConfigurationScreen("MenuConfigurationMaps",
+                          {{"menuButton1", "mapWestern", &wording::WesternFront},
+                           {"menuButton2", "mapChannel", &wording::TheChannel}}) {}

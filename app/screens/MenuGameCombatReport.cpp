@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/career/Database.h"
+#include "app/career/Wording.h"
 #include "app/report/Flight.h"
 #include "app/report/ReportText.h"
 #include "app/screens/WarProgress.h"
@@ -52,7 +53,7 @@ void MenuGameCombatReport::onEnter() {
 
 void MenuGameCombatReport::clearColumns() {
     for (int32_t line = 1; line <= LineCount; ++line) {
-        setText(lineName("left", line), line == 1 ? NoMissionPlayed : "");
+        setText(lineName("left", line), line == 1 ? textOf(wording::NoMission) : "");
         setText(lineName("right", line), "");
     }
 }

@@ -7,6 +7,6 @@ std::vector<Switch> planeSwitches(bool allied) {
     for (size_t i = 0; i < planeIdentifiers().size(); ++i)
         if (isAlliedPlane(static_cast<int32_t>(i)) == allied)
             switches.push_back({zel::String("item") + (static_cast<int32_t>(switches.size()) + 1),
-                                planeDisplayNames()[i], planeIdentifiers()[i]});
+                                planeIdentifiers()[i], &wording::Plane, planeDisplayNames()[i]});
     return switches;
 }

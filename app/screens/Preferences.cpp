@@ -4,19 +4,11 @@
 #include "engine/sound/SoundHandler.h"
 #include "engine/window/Window.h"
 
-namespace {
-
-// Of the language tables.
-constexpr int32_t SoundTexts = 1404;
-constexpr int32_t FullScreenTexts = 1406;
-
-} // namespace
-
 namespace preferences {
 
-Switch sound() { return {"sound", {}, "soundOn", "1", SoundTexts}; }
+Switch sound() { return {"sound", "soundOn", &wording::Sound}; }
 
-Switch fullScreen() { return {"fullScreen", {}, "fullScreen", "0", FullScreenTexts}; }
+Switch fullScreen() { return {"fullScreen", "fullScreen", &wording::FullScreen, {}, "0"}; }
 
 void applySound() { zel::SoundHandler::getInstance().setEnabled(sound().isOn()); }
 

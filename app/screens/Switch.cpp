@@ -24,8 +24,7 @@ bool Switch::isOn() const { return zel::Registry::get(key, atFirst).toInt() != 0
 
 void Switch::show(zel::Menu& menu) const {
     const bool on = isOn();
-    menu.setText(widget, label.empty() ? zel::Language::get(on ? texts : texts + 1)
-                                       : label + ": " + (on ? "On" : "Off"));
+    menu.setText(widget, textOf(on ? texts->on : texts->off, {nameInLanguage(name)}));
     const zel::Widget* shown = menu.getWidget(widget);
     if (shown == nullptr)
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/screens/ScreenWording.h"
 #include "engine/core/String.h"
 
 namespace zel {
@@ -10,10 +11,10 @@ class Widget;
 /// A key of the preferences that a widget shows and turns.
 struct Switch {
     zel::String widget;
-    zel::String label; // of the career's own, which are English: "Label: On"
     zel::String key;
+    const SwitchForms* texts = nullptr;
+    zel::String name = {};     // of what it turns, for texts that name it; English
     const char* atFirst = "1"; // as long as the player has not turned it
-    int32_t texts = 0; // without a label: of the language tables, for On; the next one for Off
 
     bool isOn() const;
     /// Puts its text into the widget. A kind whose name ends so is exchanged for its other one, if

@@ -1,5 +1,6 @@
 #include "app/screens/WarProgress.h"
 
+#include "app/career/CareerTexts.h"
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/Image.h"
 #include "engine/menu/Menu.h"
@@ -40,7 +41,7 @@ void WarProgress::onWarProgress(const Calendar& date, float share) {
     zel::Menu* menu = activeMenu();
     if (menu == nullptr || !work.isDue())
         return;
-    menu->setText("progressDate", date.displayText());
+    menu->setText("progressDate", dateInLanguage(date));
     work.showPicture([&] { drawBar(*menu, share); });
 }
 

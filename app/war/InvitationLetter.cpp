@@ -3,6 +3,7 @@
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
 #include "app/career/UnitNames.h"
+#include "app/career/Wording.h"
 #include "app/war/Invitations.h"
 
 namespace {
@@ -14,23 +15,22 @@ constexpr int32_t MostLower = 3;
 constexpr int32_t LeastUpper = 3;
 constexpr int32_t MostUpper = 6;
 
-/// "A", "A and B", "A, B and C".
+/// "A", "A and B", "A, B and C". REQUIRES: a name.
 zel::String enumeration(const std::vector<zel::String>& names) {
-    zel::String text;
-    for (size_t i = 0; i < names.size(); ++i) {
-        if (i > 0)
-            text += i + 1 == names.size() ? " and " : ", ";
-        text += names[i];
-    }
+    zel::String text = names.front();
+    for (size_t i = 1; i < names.size(); ++i)
+        text = textOf(i + 1 == names.size() ? wording::ListEnds : wording::ListGoesOn,
+                      {text, names[i]});
     return text;
 }
 
-zel::String acesSentence(const std::vector<zel::String>& aces) {
-    if (aces.empty())
-        return {};
-    if (aces.size() == 1)
-        return "The squadron also includes the ace " + aces.front() + ". ";
-    return "The squadron also includes the following aces: " + enumeration(aces) + ". ";
+/// Both empty where there is none.
+zel::String firstSentence(const zel::String& leader, const zel::String& squadron) {
+    if (leader.empty())
+        return squadron.empty() ? textOf(wording::InvitedToANew)
+                                : textOf(wording::Invited, {squadron});
+    return squadron.empty() ? textOf(wording::LeaderInvitesToHis, {leader})
+                            : textOf(wording::LeaderInvites, {leader, squadron});
 }
 
 } // namespace
@@ -52,13 +52,9 @@ void InvitationLetter::write(const Database& career) {
     };
     // sic: the squadron's index; the first squadrons' files are their own indices.
     const int32_t number = unitNumber(career, career.invitationSquadron);
-    const bool hasName = hasUnitName(number);
-    const zel::String name = unitName(number);
-    if (roster.empty())
-        letter = "You have been invited to join " + (hasName ? name : "a new squadron") + ". ";
-    else
-        letter = nameOf(roster.front()) + " " + "has invited you to join " +
-                 (hasName ? name : zel::String("his squadron")) + ". ";
+    letter = firstSentence(roster.empty() ? zel::String() : nameOf(roster.front()),
+                           hasUnitName(number) ? unitName(number) : zel::String());
+    const auto add = [&](const zel::String& sentence) { letter += " " + sentence; };
 
     std::vector<zel::String> aces;
     int32_t shotdowns = 0;
@@ -68,10 +64,10 @@ void InvitationLetter::write(const Database& career) {
         if (i > 0 && pilot.shotdowns >= AceShotdowns)
             aces.push_back(nameOf(roster[i]));
     }
-    letter += acesSentence(aces);
-    letter += zel::String("The pilots of the new squadron have a total number of ") + shotdowns +
-              " shotdowns. ";
-    letter += "Will you accept the invitation?";
+    if (!aces.empty())
+        add(textOf(aces.size() == 1 ? wording::OneAce : wording::Aces, {enumeration(aces)}));
+    add(countText(wording::Shotdowns, shotdowns));
+    add(textOf(wording::WillYouAccept));
 }
 
 bool InvitationLetter::accept(Database& career) {

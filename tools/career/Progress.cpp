@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "app/career/CareerTexts.h"
 #include "engine/core/System.h"
 
 namespace {
@@ -27,8 +28,8 @@ void Progress::onWarProgress(const Calendar& date, float share) {
         return;
     lastShown = now;
     lineShown = true;
-    std::fprintf(stderr, "\r%-20s %3d %%", date.displayText().c_str(),
-                 static_cast<int>(share * 100));
+    const zel::String shown = zel::system::printedText(dateInLanguage(date));
+    std::fprintf(stderr, "\r%-20s %3d %%", shown.c_str(), static_cast<int>(share * 100));
     std::fflush(stderr);
 }
 

@@ -9,23 +9,29 @@
 #include "app/mission/SimulatorCheck.h"
 #include "app/report/ReportText.h"
 #include "app/war/WarAdvance.h"
+#include "engine/core/Language.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "standin/StandIn.h"
+#include "tools/career/SessionWording.h"
 
 namespace {
 
-constexpr int ColumnWidth = 46;         // of the report, in characters
+constexpr size_t ColumnWidth = 46;      // of the report, in characters
 constexpr uint32_t LookInterval = 1000; // milliseconds between two looks for a log
 
+void print(const zel::String& line) { std::printf("%s\n", line.c_str()); }
+
 void printColumns(const zel::String& left, const zel::String& right) {
-    if (left.empty() && right.empty())
-        std::printf("\n");
-    else if (right.empty())
-        std::printf("  %s\n", left.c_str());
-    else
-        std::printf("  %-*s%s\n", ColumnWidth, left.c_str(), right.c_str());
+    std::string line;
+    if (!left.empty() || !right.empty())
+        line = "  " + std::string(left.view());
+    if (!right.empty()) {
+        line.resize(std::max<size_t>(line.size(), 2 + ColumnWidth), ' ');
+        line += right.view();
+    }
+    print(zel::system::printedText(line));
 }
 
 } // namespace
@@ -37,7 +43,13 @@ bool Session::fail(const zel::String& why) {
 
 void Session::say(const zel::String& line) const {
     if (!quiet)
-        std::printf("%s\n", line.c_str());
+        print(zel::system::printedText(line));
+}
+
+// The name of a file is in the system's own coding already.
+void Session::sayFile(const Wording& wording, const zel::String& file) const {
+    if (!quiet)
+        print(zel::fillMarks(zel::system::printedText(textOf(wording, {"$1"})), {file}));
 }
 
 bool Session::needCareer() {
@@ -66,7 +78,7 @@ bool Session::load() {
     missionWritten = false;
     const zel::String path = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     if (career.loadFile(SaveFileName)) {
-        say("Loaded " + path);
+        sayFile(wording::Loaded, path);
         return true;
     }
     const zel::String backup = path + ".bak";
@@ -84,7 +96,7 @@ bool Session::save() {
     const zel::String path = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     if (!career.writeSave(SaveFileName))
         return fail("The career can't be written to " + path);
-    say("Saved " + path);
+    sayFile(wording::Saved, path);
     return true;
 }
 
@@ -93,27 +105,28 @@ bool Session::status() {
         return false;
     const Pilot& player = career.player();
     const zel::String squadron = squadronText(career);
-    say("Date: " + career.calendar().displayText());
-    say(zel::String("Pilot: ") + zel::arrayText(player.name) +
-        (player.alive == 0 ? " (fallen; his successor flies the next mission)" : ""));
-    say("Squadron: " + (squadron.empty() ? zel::String("without a name") : squadron));
+    say(textOf(wording::StatusDate, {dateInLanguage(career.calendar())}));
+    say(textOf(player.alive == 0 ? wording::StatusFallen : wording::StatusPilot,
+               {zel::arrayText(player.name)}));
+    say(squadron.empty() ? textOf(wording::StatusNoName)
+                         : textOf(wording::StatusSquadron, {squadron}));
     say(baseText(career));
-    say(zel::String("Victories: ") + player.shotdowns);
-    say(zel::String("Missions: ") + player.missions);
-    say("Next: " + nextStep());
+    say(textOf(wording::StatusVictories, {player.shotdowns}));
+    say(textOf(wording::StatusMissions, {player.missions}));
+    say(nextStep());
     return true;
 }
 
 zel::String Session::nextStep() const {
     if (isWarOver(career))
-        return missionButtonText(career);
-    if (zel::String advice = simulatorAdvice(checkSimulator()); !advice.empty())
-        return advice;
+        return textOf(wording::StatusNext, {missionButtonText(career)});
+    if (const zel::String advice = simulatorAdvice(checkSimulator()); !advice.empty())
+        return textOf(wording::StatusNext, {advice});
     if (missionWritten)
-        return "fly the mission WingtallyMission in Rise of Flight, then report";
+        return textOf(wording::StatusNextFly);
     if (career.invitationSquadron >= 0)
-        return "answer the invitation";
-    return "mission";
+        return textOf(wording::StatusNextAnswer);
+    return textOf(wording::StatusNext, {"mission"}); // the command's name
 }
 
 bool Session::mission() {
@@ -123,7 +136,7 @@ bool Session::mission() {
         return fail(missionButtonText(career));
     missionWritten = false;
     keepPlayerOnAllowedMap(career);
-    say(career.calendar().displayText());
+    say(dateInLanguage(career.calendar()));
     const DailyMission today = flight.begin(career);
     if (!today.problem.empty())
         return fail(today.problem);
@@ -144,7 +157,7 @@ bool Session::fly() {
     if (!standin::flyMission(Configuration::getRofDirectory(), MissionFileName, options, finding,
                              &summary))
         return fail(finding.text());
-    say("The stand-in simulator has flown the mission: " + summary.logName);
+    sayFile(wording::Flown, summary.logName);
     return true;
 }
 
@@ -162,7 +175,7 @@ bool Session::report() {
         return fail("No log of a finished flight has come into " +
                     Configuration::getRofDirectory() + "data\\");
     missionWritten = false;
-    say("Combat Report: " + career.calendar().displayText());
+    say(textOf(wording::ReportHead, {dateInLanguage(career.calendar())}));
     sayReport();
     flight.report().clear();
     advanceOnePeriod();
@@ -174,7 +187,7 @@ void Session::sayReport() {
         return;
     const ReportColumns columns = combatReportColumns(flight.report().pilots);
     if (columns.left.empty() && columns.right.empty())
-        printColumns(NoMissionPlayed, "");
+        printColumns(textOf(wording::NoMission), "");
     for (size_t i = 0; i < std::max(columns.left.size(), columns.right.size()); ++i) {
         const ReportEntry left = i < columns.left.size() ? columns.left[i] : ReportEntry();
         const ReportEntry right = i < columns.right.size() ? columns.right[i] : ReportEntry();
@@ -195,7 +208,7 @@ bool Session::advance(int32_t periods) {
     missionWritten = false;
     for (int32_t i = 0; i < periods; ++i)
         advanceOnePeriod();
-    say(career.calendar().displayText());
+    say(dateInLanguage(career.calendar()));
     return true;
 }
 
@@ -206,12 +219,12 @@ bool Session::until(int32_t date) {
         keepPlayerOnAllowedMap(career);
         if (letter.open(career)) {
             say(letter.text());
-            say(letter.accept(career) ? "Accepted" : "That squadron has no pilots");
+            say(textOf(letter.accept(career) ? wording::Accepted : wording::NobodyThere));
         }
         if (!mission() || !fly() || !report())
             return false;
     }
-    say(career.calendar().displayText());
+    say(dateInLanguage(career.calendar()));
     if (isWarOver(career))
         say(missionButtonText(career));
     return true;
@@ -240,7 +253,7 @@ bool Session::aces() {
 bool Session::showInvitation() {
     if (!needCareer())
         return false;
-    say(letter.open(career) ? letter.text() : zel::String("No invitation waits"));
+    say(letter.open(career) ? letter.text() : textOf(wording::NoInvitation));
     return true;
 }
 
@@ -252,7 +265,7 @@ bool Session::acceptInvitation() {
     say(letter.text());
     if (!letter.accept(career))
         return fail("The inviting squadron has no pilot to change places with");
-    say("Accepted");
+    say(textOf(wording::Accepted));
     return true;
 }
 
@@ -263,6 +276,6 @@ bool Session::refuseInvitation() {
         return fail("No invitation waits");
     say(letter.text());
     letter.refuse(career);
-    say("Refused");
+    say(textOf(wording::Refused));
     return true;
 }

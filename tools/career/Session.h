@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "app/career/Database.h"
+#include "app/career/Wording.h"
 #include "app/report/Flight.h"
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
@@ -41,6 +42,7 @@ private:
     bool needCareer();
     bool needSimulator();
     void say(const zel::String& line) const;
+    void sayFile(const Wording& wording, const zel::String& file) const;
     void sayReport();
     void advanceOnePeriod();
     zel::String nextStep() const;

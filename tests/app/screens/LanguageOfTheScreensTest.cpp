@@ -1,5 +1,4 @@
-// What the screens' code says for itself, it says in the player's language. What the career says is
-// English in all of them.
+// What code writes on the screens it writes in the player's language.
 #include <filesystem>
 
 #include "app/career/Aircraft.h"
@@ -23,12 +22,15 @@ struct Speaking {
 };
 
 TEST(LanguageOfTheScreens, IsThatOfTheSwitches) {
-    for (const auto& [locale, on, off, window] :
-         {std::array{"en_GB", "Sound: On", "Sound: Off", "Full screen: Off"},
-          {"de_DE", "Ton: Ein", "Ton: Aus", "Vollbild: Aus"},
+    for (const auto& [locale, on, off, window, map, plane] :
+         {std::array{"en_GB", "Sound: On", "Sound: Off", "Full screen: Off", "Western Front: On",
+                     "SPAD VII Early: On"},
+          {"de_DE", "Ton: Ein", "Ton: Aus", "Vollbild: Aus", "Westfront: Ein",
+           "SPAD VII fr\xFCh: Ein"},
           {"fr_FR", "Son\xA0: oui", "Son\xA0: non",
            "Plein \xE9"
-           "cran\xA0: non"}}) {
+           "cran\xA0: non",
+           "Front Ouest\xA0: oui", "SPAD VII 150 ch\xA0: oui"}}) {
         Speaking program(locale);
         CareerDriver& driver = program.driver;
         ASSERT_TRUE(driver.walk("menuButton3>MenuConfiguration"));
@@ -37,7 +39,9 @@ TEST(LanguageOfTheScreens, IsThatOfTheSwitches) {
         ASSERT_TRUE(driver.walk("sound"));
         EXPECT_EQ(driver.text("sound"), off);
         ASSERT_TRUE(driver.walk("menuButton1>MenuConfigurationMaps"));
-        EXPECT_EQ(driver.text("menuButton1"), "Western Front: On") << "the career's";
+        EXPECT_EQ(driver.text("menuButton1"), map);
+        ASSERT_TRUE(driver.walk("menuBack>MenuConfiguration menuButton2>MenuConfigurationPlanes1"));
+        EXPECT_EQ(driver.text("item4"), plane);
     }
 }
 

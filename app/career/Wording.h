@@ -1,0 +1,118 @@
+#pragma once
+
+#include <initializer_list>
+
+#include "engine/core/String.h"
+
+/// A text that code writes on a screen or on the command line. The language tables (data/Language)
+/// have it under its number; the English is here too, for a program without tables and for a table
+/// that lacks the text. check-texts.py compares the two.
+struct Wording {
+    int32_t number;
+    const char* english; // "$1", "$2" and so on mark where the arguments go
+};
+
+/// The text in the language in use, its marks replaced by the arguments in turn. English if no
+/// language is loaded, or its table lacks the text or has it empty.
+zel::String textOf(const Wording& wording, std::initializer_list<zel::String> arguments = {});
+
+/// The forms of a text for none, one and more of something; the count itself is "$1" of the last.
+using CountForms = Wording[3];
+zel::String countText(const CountForms& forms, int32_t count);
+
+/// A proper name, such as that of a town, as the language in use writes it; one that is the same in
+/// all languages comes back as it is.
+zel::String nameInLanguage(const zel::String& english);
+
+// In the order of the tables. Sentences are whole, so that each language has its own order of
+// words. A number that is written out belongs to a form that some language needs.
+// clang-format off
+namespace wording {
+
+inline constexpr Wording Date        {20, "$1-$2-$3"}; // day, month, year
+inline constexpr Wording FirstOfMonth{21, "1-$1-$2"};
+inline constexpr Wording Months[] = {
+    {31, "January"}, {32, "February"}, {33, "March"},     {34, "April"},   {35, "May"},      {36, "June"},
+    {37, "July"},    {38, "August"},   {39, "September"}, {40, "October"}, {41, "November"}, {42, "December"},
+};
+
+inline constexpr Wording Escadrille          {50, "Esc $1"};
+inline constexpr Wording FirstChasse         {51, "1eme Esc de Chasse"};
+inline constexpr Wording Chasse              {52, "$1eme Esc de Chasse"};
+inline constexpr Wording Observation         {53, "3eme Esc Observation"};
+inline constexpr Wording FlyingCorps         {54, "No $1 Squadron RFC"};
+inline constexpr Wording AustralianCorps     {55, "No $1 Squadron AFC"};
+inline constexpr Wording NavalService        {56, "No $1 Squadron RNAS"};
+inline constexpr Wording Jasta               {57, "Jasta $1"};
+inline constexpr Wording Schlasta            {58, "Schlasta $1"};
+inline constexpr Wording Fliegerabteilung    {59, "FA $1"};
+inline constexpr Wording MarineFeldjagdstaffel{60, "Marine-Feldjagdstaffel $1"};
+inline constexpr Wording Seefrontstaffel     {61, "SFL $1"};
+inline constexpr Wording FirstAero           {62, "1th Aero"}; // sic
+inline constexpr Wording Aero[] = {{63, "$1th Aero"}, {64, "$1st Aero"}, {65, "$1nd Aero"}, {66, "$1rd Aero"}};
+
+/// Names that some language writes otherwise.
+inline constexpr Wording Names[] = {
+    {70, "Dunkerque"},      {71, "Ypres"},         {72, "St. Omer"}, {73, "Zeebrugge"},
+    {74, "SPAD VII Early"}, {75, "SPAD VII Late"}, {76, "Albatros D. II Late"},
+};
+
+inline constexpr Wording Services[] = { // by the number of the service
+    {510, "Service: French"}, {511, "Service: English"}, {512, "Service: German"},
+};
+inline constexpr Wording StartDate{513, "Start date: $1 $2"}; // month, year
+inline constexpr Wording PilotName{514, "Your pilot's name: $1"};
+
+inline constexpr Wording NextMission{603, "Next Mission"};
+inline constexpr Wording WarIsOver  {608, "The War is over!"};
+inline constexpr Wording Base       {609, "Current base: Near $1"};
+inline constexpr Wording Player     {610, "$1: victories $2, missions $3"};
+inline constexpr Wording Successor  {611, "$1, successor to $2: victories $3, missions $4"};
+
+inline constexpr Wording LeaderInvites      {710, "$1 has invited you to join $2."};
+inline constexpr Wording LeaderInvitesToHis {711, "$1 has invited you to join his squadron."};
+inline constexpr Wording Invited            {712, "You have been invited to join $1."};
+inline constexpr Wording InvitedToANew      {713, "You have been invited to join a new squadron."};
+inline constexpr Wording OneAce             {714, "The squadron also includes the ace $1."};
+inline constexpr Wording Aces               {715, "The squadron also includes the following aces: $1."};
+inline constexpr Wording ListGoesOn         {716, "$1, $2"};
+inline constexpr Wording ListEnds           {717, "$1 and $2"};
+inline constexpr CountForms Shotdowns = {
+    {718, "The pilots of the new squadron have a total number of 0 shotdowns."},
+    {719, "The pilots of the new squadron have a total number of 1 shotdowns."},
+    {720, "The pilots of the new squadron have a total number of $1 shotdowns."},
+};
+inline constexpr Wording WillYouAccept{721, "Will you accept the invitation?"};
+
+inline constexpr Wording StartMission{804, "Start Mission"};
+inline constexpr Wording SkipMission {807, "Skip Mission (no flyable plane available)"};
+inline constexpr Wording PlaneOfPilot{808, "$1 ($2)"};
+
+inline constexpr Wording ReportedPilot {1010, "$1 - Kills: $2"};
+inline constexpr Wording NoMission     {1011, "(No mission played.)"};
+inline constexpr Wording DiedInTheAir  {1020, "Died in the air"};
+inline constexpr Wording CrashedAndDied{1021, "Crashed and died"};
+inline constexpr Wording SevereInjuries{1022, "Severe injuries"};
+inline constexpr Wording Injured       {1023, "Injured"};
+inline constexpr Wording SlightInjuries{1024, "Slightly injured"};
+inline constexpr Wording LandedDamaged {1025, "Landed with damaged plane"};
+inline constexpr Wording LandedDestroyed{1026, "Landed with destroyed plane"};
+inline constexpr Wording Damaged       {1027, "Damaged plane"};
+inline constexpr Wording Destroyed     {1028, "Destroyed plane"};
+inline constexpr Wording Escaped       {1029, "Escaped and landed"};
+inline constexpr Wording Survived      {1030, "Survived without injuries"};
+inline constexpr Wording NoDamage      {1031, "No damage"};
+inline constexpr Wording KilledBy      {1040, "Killed By: $1"};
+inline constexpr Wording ShotdownBy    {1041, "Shotdown By: $1"};
+inline constexpr Wording KilledByOwn   {1042, "Killed By Own: $1"};
+inline constexpr Wording ShotdownByOwn {1043, "Shotdown By Own: $1"};
+inline constexpr Wording Crashed       {1044, "Crashed"};
+
+inline constexpr Wording Score      {1210, "$1: $2"};
+inline constexpr Wording OwnScore   {1211, "$1 (you!): $2"};
+inline constexpr Wording LastScore  {1310, "$1: $2 RIP"};
+inline constexpr Wording OwnLastScore{1311, "$1 (you!): $2 RIP"};
+inline constexpr Wording NoAces     {1312, "(NO PILOTS WITH MORE THAN 5 SHOTDOWNS)"}; // sic: five are enough
+
+} // namespace wording
+// clang-format on
