@@ -178,6 +178,8 @@ tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerC
     addFolder("--rof", call.rofDirectory, "the simulator's folder");
     addFolder("--user", call.userDirectory, "where the career and the preferences are kept");
     addFolder("--data", call.dataDirectory, "the folder that holds Data");
+    line.add_option("--language", call.language, "the language of the results, English without it")
+        ->type_name("CODE");
     line.add_option("--seed", call.seed, "the same call gives the same career")
         ->type_name("N")
         ->transform(tools::wholeNumber(0, UINT32_MAX));

@@ -15,6 +15,7 @@ struct CareerCall {
     std::string rofDirectory;
     std::string userDirectory;
     std::string dataDirectory;    // the folder that holds Data, or Data itself
+    std::string language;         // code of a language table; empty for English
     std::optional<uint32_t> seed; // pins every generator and the clock
     int32_t waitSeconds = 0;      // how long report waits for a log
     bool quiet = false;

@@ -4,6 +4,7 @@
 #include "app/mission/Configuration.h"
 #include "app/mission/Settings.h"
 #include "engine/core/Clock.h"
+#include "engine/core/Language.h"
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
@@ -78,6 +79,9 @@ int main(int argc, char** argv) {
         return failed(call.dataDirectory.empty()
                           ? zel::String("The folder Data was not found beside the program")
                           : "There is no folder Data in " + call.dataDirectory);
+    if (!call.language.empty() && !zel::Language::load(call.language))
+        return failed("There is no language " + call.language + ": no file Language/" +
+                      call.language + ".txt beside Data");
     loadSettings();
     if (!rofDirectory.empty())
         Configuration::set("rof.directory", rofDirectory);

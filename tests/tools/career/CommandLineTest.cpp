@@ -76,6 +76,7 @@ TEST(CareerCommandLine, ReportsWhatIsWrong) {
           "--seed 0x10 status"}},
         {"--wait: ", {"--wait x report", "--wait -1 report", "--wait 86401 report"}},
         {"--rof: ", {"status --rof", "--rof --user a status"}},
+        {"--language: ", {"status --language"}},
     };
     for (const auto& [error, calls] : errors)
         for (const char* call : calls) {

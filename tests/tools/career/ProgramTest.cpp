@@ -27,12 +27,13 @@ struct CareerProgram : testing::Test {
         return " --rof \"" + folder.path() + "/sim\" --user \"" + folder.path() + "/user\" ";
     }
     /// A whole call's mission and save, on an empty disk.
-    std::pair<std::string, std::string> results(const std::string& seed) {
+    std::pair<std::string, std::string> results(const std::string& seed,
+                                                const std::string& options = "") {
         std::filesystem::remove_all(folder.path() + "/user");
         std::filesystem::remove_all(folder.path() + "/sim");
         makeSimulator();
         const std::string words = "new german 1916 3 mission fly report mission save";
-        EXPECT_EQ(call("--seed " + seed + folders() + words), 0) << errors;
+        EXPECT_EQ(call("--seed " + seed + options + folders() + words), 0) << errors;
         return {folder.read("sim/data/Missions/WingtallyMission.Mission"),
                 folder.read("user/Saves/savegame_v03.wty")};
     }
@@ -73,6 +74,18 @@ TEST_F(CareerProgram, ReportsByItsStatusHowItWent) {
         EXPECT_EQ(call(folders() + vain), 1) << vain;
         EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
         EXPECT_EQ(errors.rfind("wingtally-career: ", 0), 0u) << errors;
+    }
+}
+
+TEST_F(CareerProgram, SpeaksALanguageAndKeepsTheSameCareer) {
+    const auto english = results("7");
+    const auto german = results("7", " --language de");
+    EXPECT_TRUE(german == english);
+    EXPECT_NE(out.find("Dienstantritt: M\xC3\xA4rz 1916\n"), std::string::npos) << out;
+    EXPECT_EQ(out.find("Kills: "), std::string::npos) << out;
+    for (const char* code : {"xx", "../Language/de"}) {
+        EXPECT_EQ(call(folders() + "--language " + code + " load"), 1) << code;
+        EXPECT_NE(errors.find("There is no language"), std::string::npos) << errors;
     }
 }
 
