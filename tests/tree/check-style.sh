@@ -1,11 +1,12 @@
 #!/bin/sh
-# Fails where the tree's form is not what .clang-format, .clang-tidy, shellcheck and check-tree.py
-# ask for: tests/tree/check-style.sh BUILD, from the top of the tree. BUILD is a folder with
+# Fails where the tree's form is not what .clang-format, .clang-tidy, shellcheck, check-tree.py and
+# check-texts.py ask for: tests/tree/check-style.sh BUILD, from the top of the tree. BUILD is a folder with
 # compile_commands.json of a Clang build; its generated headers must be there.
 set -eu
 build=$1
 
 tests/tree/check-tree.py
+tests/tree/check-texts.py
 git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
 git ls-files | xargs grep -lE '^#!/(bin/|usr/bin/env )(ba)?sh' | xargs shellcheck -x
 

@@ -1,0 +1,142 @@
+#!/usr/bin/env python3
+"""Fails on a text of a screen that is not in the language tables.
+
+check-texts.py [FOLDER], the folder that holds app, tools and data; the tree itself without it.
+
+- A wording of the code (app/career/Wording.h and its like) must read in data/Language/en.txt as it
+  reads in the code, and some code must use it.
+- Code gives no literal to an element (setText), and the sources of screens and of the career's
+  texts hold no literal that reads like a text, but for those that go to the log.
+- A script in data/Menus gives no element a text with letters: layout.definewidgetlanguagetext does.
+
+Each finding is a line "file:line: what is wrong".
+"""
+import re
+import sys
+from pathlib import Path
+
+WORDINGS = ["app/career/Wording.h", "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
+# Whose literals are texts, if they hold a letter at all.
+TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
+                "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
+LITERAL = r'"((?:[^"\\\n]|\\.)*)"'
+# Calls whose literals no player sees on a screen.
+LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf)\s*\($")
+# A text in a script, by the command: which word, counted from 0.
+SCRIPT_TEXTS = {"addwidget": 2, "addtextarea": 2, "layout.definewidgettext": 1,
+                "layout.definetextareatext": 1}
+
+findings = []
+
+
+def find(path, line, what):
+    findings.append(f"{path}:{line}: {what}")
+
+
+def line_of(text, place):
+    return text.count("\n", 0, place) + 1
+
+
+def without_comments(text):
+    """The source with comments and preprocessor lines blanked, each character in its place."""
+    pattern = re.compile(LITERAL + r"|//[^\n]*|/\*.*?\*/|^#[^\n]*", re.S | re.M)
+    return pattern.sub(lambda m: m[0] if m[0].startswith('"') else re.sub(r"[^\n]", " ", m[0]), text)
+
+
+def calls_around(text, place):
+    """The calls that are open at a place, the innermost first, as "name("."""
+    depth = 0
+    for i in range(place - 1, -1, -1):
+        if text[i] in ";{}" and depth == 0:
+            return
+        if text[i] == ")":
+            depth += 1
+        elif text[i] == "(":
+            if depth == 0:
+                yield text[max(0, i - 60):i + 1]
+            depth = max(0, depth - 1)
+
+
+def arguments(text, start):
+    """The arguments of the call whose parenthesis is at `start`, each with its place."""
+    depth, begin, quoted = 0, start + 1, False
+    for i in range(start, len(text)):
+        if text[i] == '"' and text[i - 1] != "\\":
+            quoted = not quoted
+        if quoted:
+            continue
+        if text[i] in "([{":
+            depth += 1
+        elif text[i] in ")]}":
+            depth -= 1
+        if depth == 0 or (depth == 1 and text[i] == ","):
+            yield begin, text[begin:i]
+            begin = i + 1
+        if depth == 0:
+            return
+
+
+def check_wordings(root, sources):
+    table = {}
+    for line in (root / "data/Language/en.txt").read_text("cp1252").splitlines():
+        if match := re.match(r"(\d+): *(.*?) *$", line):
+            table[int(match[1])] = match[2]
+    for name in WORDINGS:
+        text = without_comments((root / name).read_text())
+        pairs = list(re.finditer(r"\{\s*(\d+)\s*,\s*" + LITERAL + r"\s*\}", text))
+        if not pairs:
+            find(name, 0, "no wording found")
+        for pair in pairs:
+            number, english = int(pair[1]), re.sub(r"\\(.)", r"\1", pair[2])
+            if table.get(number) != english:
+                find(name, line_of(text, pair.start()),
+                     f"text {number} is \"{english}\" here, \"{table.get(number)}\" in en.txt")
+        for constant in re.finditer(r"inline constexpr \w+\s+(\w+)", text):
+            if not any(re.search(rf"wording::{constant[1]}\b", source) for source in sources):
+                find(name, line_of(text, constant.start()), f"nothing uses {constant[1]}")
+
+
+def check_source(path, text):
+    for call in re.finditer(r"\bset(?:Widget|TextArea)?Text\s*\(", text):
+        for place, argument in list(arguments(text, call.end() - 1))[1:]:
+            # What only names an element or a variable is the argument of another call.
+            flat = re.sub(r"\b(?!String\b)\w+\s*\((?:[^()]|\([^()]*\))*\)",
+                          lambda m: re.sub(r"[^\n]", " ", m[0]), argument)
+            for literal in re.finditer(LITERAL, flat):
+                if re.search(r"[A-Za-z]", literal[1]):
+                    find(path, line_of(text, place + literal.start()),
+                         f"a literal for an element: \"{literal[1]}\"")
+    isText = path in TEXT_SOURCES
+    if not isText and not path.startswith("app/screens/"):
+        return
+    for literal in re.finditer(LITERAL, text):
+        reads = re.search(r"[A-Za-z]" if isText else r"[A-Za-z][,:!?]? |[A-Za-z][:!?]$| [A-Za-z]{2}",
+                          literal[1])
+        if reads and not any(LOG_CALL.search(call) for call in calls_around(text, literal.start())):
+            find(path, line_of(text, literal.start()), f"a text outside the tables: \"{literal[1]}\"")
+
+
+def check_script(path, text):
+    for number, line in enumerate(text.splitlines(), 1):
+        words = [quoted or plain for quoted, plain in re.findall(r'"([^"]*)"|(\S+)', line)]
+        if words and words[0].startswith("@"):
+            words = words[1:]
+        place = SCRIPT_TEXTS.get(words[0].lower()) if words else None
+        if place is not None and len(words) > place and re.search(r"[^\W\d_]", words[place]):
+            find(path, number, f"a text outside the tables: \"{words[place]}\"")
+
+
+def main():
+    root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent.parent)
+    paths = [path for folder in ("app", "tools") for path in sorted((root / folder).rglob("*.cpp"))]
+    sources = {str(path.relative_to(root)): without_comments(path.read_text()) for path in paths}
+    check_wordings(root, sources.values())
+    for path, text in sources.items():
+        check_source(path, text)
+    for path in sorted((root / "data/Menus").iterdir()):
+        check_script(str(path.relative_to(root)), path.read_text("cp1252"))
+    print("\n".join(findings), end="\n" if findings else "")
+    return 1 if findings else 0
+
+
+sys.exit(main())
