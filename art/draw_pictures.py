@@ -12,10 +12,11 @@ from PIL import Image
 
 import overlays_flying as flying
 import overlays_office as office
-from brass import PLATES, SWITCHES, plate_sheet
+from brass import GAP, PLATES, SWITCHES, plate_sheet
 from icon import large_icon, small_icon
 from outlines import fill, path, stroke, vector
 from pixels import empty, over, to_bytes
+from props import sweep_hand
 from sheets import INK, desk
 
 OVERLAYS = [
@@ -24,6 +25,7 @@ OVERLAYS = [
     office.over_notice, office.over_help, flying.over_hub, flying.over_roster, flying.over_aces,
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
 ]
+HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
 
 
@@ -47,6 +49,19 @@ def bar(is_full):
     return vector(w, h, draw)
 
 
+def hands():
+    """The hand of the watch on the waiting page: hand_0 at the top, one for each eighth of a round."""
+    columns, rows, r = HANDS
+    cell = 2 * r + GAP
+    sheet = empty(columns * cell - GAP, rows * cell - GAP)
+    index = ''
+    for i in range(columns * rows):
+        x, y = i % columns * cell, i // columns * cell
+        over(sheet, sweep_hand(r, i / (columns * rows)), x, y)
+        index += 'image hand_%d\ndims %d %d %d %d\n' % (i, x, y, 2 * r, 2 * r)
+    return sheet, index
+
+
 def whole(picture, name, lifetime=''):
     """A picture that is one image, and its index."""
     return picture, lifetime + 'image %s\n' % name
@@ -58,6 +73,7 @@ def pictures():
     table = {
         'desk': lambda: whole(desk(), 'desk', kept),
         'blank': lambda: whole(empty(4, 4), 'blank', kept),
+        'hands': hands,
         'progress_empty': lambda: whole(bar(False), 'progress_empty'),
         'progress_full': lambda: whole(bar(True), 'progress_full'),
         'icon': lambda: (small_icon(), ''),

@@ -227,6 +227,21 @@ def watch(r, hour, minute):
     return over(out, with_alpha(np.ones(3, np.float32), (glare * (d < r * .84)).astype(np.float32)))
 
 
+def sweep_hand(r, turn):
+    """The thin third hand of a watch of that radius at that part of its round, on nothing; 2 r square.
+    It lies over the watch's own hands."""
+    a = 2 * math.pi * turn
+
+    def draw(c):
+        c.set_line_cap(cairo.LINE_CAP_ROUND)
+        c.move_to(r - r * .24 * math.sin(a), r + r * .24 * math.cos(a))
+        c.line_to(r + r * .96 * math.sin(a), r - r * .96 * math.cos(a))
+        stroke(c, '#8E1F17', 1.8)
+        c.arc(r, r, 3.2, 0, 2 * math.pi)
+        fill(c, '#8E1F17')
+    return vector(2 * r, 2 * r, draw)
+
+
 # -- insignia
 
 RINGS = {'english': ('#2B4170', '#E9E0C8', '#A92E22'), 'french': ('#A92E22', '#E9E0C8', '#2B4170')}

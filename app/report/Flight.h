@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "app/mission/DailyMission.h"
 #include "app/mission/MissionGenerator.h"
 #include "app/report/CombatReport.h"
@@ -14,19 +16,36 @@ class Database;
 class Flight {
 public:
     /// Plans and writes the mission of the day. The logs that are in the simulator's folder count
-    /// as those of earlier flights. On error: as writeDailyMission.
+    /// as those of earlier flights; but where this day's mission is written again before its report
+    /// has come, those since the first time stay new. On error: as writeDailyMission.
     DailyMission begin(Database& career);
     /// Looks once for the log of the mission that was flown. True when a finished mission was
     /// found: it is in the report and has been carried into the career. Otherwise the report is
-    /// empty.
-    bool findReport(Database& career);
+    /// empty. A log with an end that doesn't name everybody of the plan may still be being written:
+    /// it is left to the next look, and taken once it grows no more, or if this is the last look.
+    bool findReport(Database& career, bool isLastLook = false);
+    /// What the looks since begin() have found.
+    LogNews news() const;
 
     MissionGenerator& generator() { return missionGenerator; }
     CombatReport& report() { return combatReport; }
     LogWatch& logs() { return watch; }
 
 private:
+    struct Day {
+        int32_t careerNumber = 0;
+        int32_t date = 0; // as Calendar::dateNumber()
+
+        bool operator==(const Day& other) const {
+            return careerNumber == other.careerNumber && date == other.date;
+        }
+    };
+    LogNews readLog(const zel::String& folder, const zel::String& name);
+    bool namesEverybody() const;
+
     MissionGenerator missionGenerator;
     CombatReport combatReport;
     LogWatch watch;
+    std::optional<Day> unreported; // the day whose mission is written and has no report yet
+    bool hasTextLog = true;        // at the last look that found no log
 };

@@ -2,7 +2,13 @@
 
 #include <algorithm>
 
-#include "engine/core/System.h"
+namespace {
+
+/// After that many looks without growth the simulator, which writes a piece every half minute, has
+/// stopped. The page looks every eight seconds.
+constexpr int32_t QuietLooks = 5;
+
+} // namespace
 
 // A folder that can't be read just now looks empty: forgetting its logs would make all of them new
 // at the next look, and an old report could be carried into the career once more.
@@ -11,61 +17,83 @@ void LogWatch::begin(const zel::String& folder) {
     if (present.list(folder, FirstPiecePattern))
         known = present;
     settle();
+    missingFolder = {};
+    newsTicks = zel::ticks();
 }
 
-void LogWatch::settle() {
-    lookedAt.clear();
-    growing = false;
-    quiet = 0;
+void LogWatch::resume() {
+    for (Log& log : logs)
+        log.isEarlier = true;
+    missingFolder = {};
+    newsTicks = zel::ticks();
 }
+
+void LogWatch::settle() { logs.clear(); }
 
 std::vector<zel::String> LogWatch::look(const zel::String& folder) {
     std::vector<zel::String> names;
-    growing = false;
-    bool hasNews = false;
     zel::Directory present;
-    if (!present.list(folder, FirstPiecePattern))
+    missingFolder = present.list(folder, FirstPiecePattern) ? zel::String() : folder;
+    if (!missingFolder.empty())
         return names;
     for (int32_t i = 0; i < present.count(); ++i) {
         const zel::String name = present.name(i);
-        const auto earlier = std::find_if(lookedAt.begin(), lookedAt.end(),
-                                          [&](const Extent& log) { return log.name == name; });
-        if (earlier == lookedAt.end() && known.holds(name))
+        const auto earlier = std::find_if(logs.begin(), logs.end(),
+                                          [&](const Log& log) { return log.name == name; });
+        const bool isNew = earlier == logs.end();
+        if (isNew && known.holds(name))
             continue;
-        // Measured before it is read: what is written meanwhile shows as growth at the next look.
-        const Extent now = measure(folder, name);
-        if (earlier == lookedAt.end()) {
-            lookedAt.push_back(now);
-            hasNews = true;
-        } else {
-            const bool hasGrown = now.pieces > earlier->pieces || now.bytes > earlier->bytes;
-            growing = growing || hasGrown;
-            if (!hasGrown && earlier->isRead)
-                continue;
-            *earlier = now;
-        }
-        names.push_back(name);
+        Log& log = isNew ? logs.emplace_back() : *earlier;
+        // Measured before it is read: what is written meanwhile shows as growth.
+        const LogExtent extent = measureLog(folder, name);
+        log.name = name;
+        log.hasGrown = !isNew && extent.isBeyond(log.extent);
+        log.extent = extent;
+        log.quietLooks = isNew || log.hasGrown ? 0 : log.quietLooks + 1;
+        if (isNew || log.hasGrown)
+            newsTicks = zel::ticks();
+        log.isEarlier = log.isEarlier && !log.hasGrown;
+        log.grows = log.grows || log.hasGrown;
+        if (isNew || log.hasGrown || log.news.state == LogState::Unread ||
+            log.news.state == LogState::Ending)
+            names.push_back(name);
     }
     known = present;
-    quiet = lookedAt.empty() || hasNews || growing ? 0 : quiet + 1;
     return names;
 }
 
-void LogWatch::readAgain(const zel::String& name) {
-    for (Extent& log : lookedAt)
-        if (log.name == name)
-            log.isRead = false;
+bool LogWatch::hasStoppedEnding(const zel::String& name) const {
+    return std::any_of(logs.begin(), logs.end(), [&](const Log& log) {
+        return log.name == name && log.news.state == LogState::Ending && !log.hasGrown;
+    });
 }
 
-LogWatch::Extent LogWatch::measure(const zel::String& folder, const zel::String& name) {
-    Extent log{name, 0, 0};
-    const size_t open = name.view().find("[0]");
-    for (;; ++log.pieces) {
-        const zel::String piece = zel::String(name.view().substr(0, open)) + "[" + log.pieces +
-                                  "]" + name.view().substr(open + 3);
-        const zel::system::FileStatus status = zel::system::fileStatus(folder + piece);
-        if (!status.exists)
-            return log;
-        log.bytes += status.size;
+void LogWatch::note(const zel::String& name, const LogNews& news) {
+    for (Log& log : logs)
+        if (log.name == name)
+            log.news = news;
+}
+
+int32_t LogWatch::quietMinutes() const {
+    constexpr uint32_t Minute = 60000; // milliseconds
+    return static_cast<int32_t>((zel::ticks() - newsTicks) / Minute);
+}
+
+LogNews LogWatch::news() const {
+    if (!missingFolder.empty())
+        return {LogState::NoFolder, missingFolder};
+    LogNews last;
+    for (const Log& log : logs) {
+        if (log.isEarlier)
+            continue;
+        last = log.news;
+        if (last.state == LogState::Ending)
+            return last;
+        if (last.state != LogState::Begun)
+            continue;
+        if (log.quietLooks < QuietLooks)
+            return {log.grows ? LogState::Growing : LogState::Begun, {}};
+        last.state = LogState::Stopped;
     }
+    return last;
 }

@@ -3,11 +3,32 @@
 #include <cstdint>
 #include <vector>
 
+#include "app/report/LogExtent.h"
+#include "engine/core/Clock.h"
 #include "engine/core/Directory.h"
 #include "engine/core/String.h"
 
 /// First pieces of the simulator's logs.
 constexpr const char* FirstPiecePattern = "*[0]*.txt";
+
+/// What became of the log that a mission waits for.
+enum class LogState {
+    None,         // none has come since the mission was written
+    NoTextLog,    // nor can one come: the simulator's text log is off
+    NoFolder,     // the simulator's folder is gone, or can't be read
+    Unread,       // a piece is there and can't be read; the next look tries again
+    Begun,        // it has come and has no end yet
+    Growing,      // nor has it one now, but it grows
+    Ending,       // its end is there and may still be being written
+    Stopped,      // it has no end and no longer grows
+    OtherMission, // it is the log of another mission
+    OtherPilot,   // WingtallyMission, but with a player whom the plan doesn't know
+};
+
+struct LogNews {
+    LogState state = LogState::None;
+    zel::String detail; // NoFolder: the folder; Unread: the log; OtherMission, OtherPilot: its name
+};
 
 /// Knows which of the simulator's logs are new since the mission was written.
 ///
@@ -17,30 +38,38 @@ class LogWatch {
 public:
     /// Takes the logs of that folder for known: whatever shows up later belongs to a later flight.
     void begin(const zel::String& folder);
+    /// The same mission is written again: the logs that have come since begin() stay as new as they
+    /// are, but news() waits for further ones.
+    void resume();
     /// The names of the first pieces that have come since the last look, and of those looked at
-    /// before whose logs have grown or are to be read again.
+    /// before whose logs have grown or have to be read again (Unread, Ending).
     std::vector<zel::String> look(const zel::String& folder);
-    /// That log, of the last look, couldn't be read whole: the next look names it in any case.
-    void readAgain(const zel::String& name);
-    /// Whether the last look found a log that had grown since the one before: a flight goes on.
-    bool isGrowing() const { return growing; }
-    /// How many looks on end have found nothing new in the logs that were looked at, of which none
-    /// told of the end of the mission; 0 as long as there is none.
-    int32_t quietLooks() const { return quiet; }
+    /// Whether a log of the last look had its end at the look before and hasn't grown since.
+    bool hasStoppedEnding(const zel::String& name) const;
+    /// What reading a log of the last look has shown: Unread, Begun, Ending, OtherMission or
+    /// OtherPilot.
+    void note(const zel::String& name, const LogNews& news);
     /// Whatever was looked at is done with, also if it grows.
     void settle();
 
+    /// A log that is under way before all others, else the one that came last.
+    LogNews news() const;
+    /// Whole minutes since the mission was written or a log has come or grown.
+    int32_t quietMinutes() const;
+
 private:
-    struct Extent {
+    struct Log {
         zel::String name;
-        int32_t pieces;
-        int64_t bytes; // of all pieces
-        bool isRead = true;
+        LogExtent extent;
+        LogNews news;
+        bool hasGrown = false;  // at the last look
+        bool grows = false;     // it has grown since it came
+        bool isEarlier = false; // it came before the mission was last written, and hasn't grown
+        int32_t quietLooks = 0; // since it came or grew
     };
-    static Extent measure(const zel::String& folder, const zel::String& name);
 
     zel::Directory known;
-    std::vector<Extent> lookedAt;
-    bool growing = false;
-    int32_t quiet = 0; // looks
+    std::vector<Log> logs; // in the order in which they were found
+    zel::String missingFolder;
+    uint32_t newsTicks = zel::ticks(); // when there was news, on the engine's clock
 };

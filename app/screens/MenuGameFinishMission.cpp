@@ -1,20 +1,50 @@
 #include "app/screens/MenuGameFinishMission.h"
 
+#include <cstdio>
+
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
 #include "app/screens/ScreenSounds.h"
+#include "engine/core/Clock.h"
+#include "engine/core/Language.h"
+#include "engine/core/System.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/widgets/Widget.h"
 #include "engine/window/StatesMachine.h"
 #include "engine/window/Window.h"
 
 namespace {
 
-constexpr double LookInterval = 8.0; // seconds
-/// After that many the simulator, which writes a piece every half minute, has stopped.
-constexpr int32_t QuietLooks = 5;
+constexpr double LookInterval = 8.0; // seconds, and once round for the hand of the watch
+constexpr int32_t HandPlaces = 8;
+
+// Of the language tables.
+constexpr int32_t NewsTexts = 910;   // that of a LogState is so much further on
+constexpr int32_t QuietText = 920;   // no log, for $1 minutes
+constexpr int32_t LooksText = 921;   // before the first look
+constexpr int32_t LookedText = 922;  // $1: the time of the last look
+constexpr int32_t PointerText = 923; // the pointer is elsewhere
+constexpr int32_t KeyboardText = 924;
 
 /// Never while the simulator is in front: it needs the machine for itself.
 bool isPlayerHere() {
     return zel::Window::hasMouseFocus() && zel::Window::hasInputFocus() && zel::Window::isActive();
+}
+
+zel::String timeOfDay() {
+    const zel::WallTime now = zel::wallTime();
+    char text[12];
+    std::snprintf(text, sizeof text, "%02d:%02d:%02d", now.hour, now.minute, now.second);
+    return text;
+}
+
+zel::String newsText(const LogNews& news, int32_t quietMinutes) {
+    if (news.state == LogState::None && quietMinutes > 0)
+        return zel::Language::get(QuietText, zel::String(quietMinutes));
+    const bool isFolder = news.state == LogState::NoFolder;
+    return zel::Language::get(
+        NewsTexts + static_cast<int32_t>(news.state),
+        isFolder ? zel::system::shownText(zel::system::absolutePath(news.detail)) : news.detail);
 }
 
 } // namespace
@@ -22,29 +52,63 @@ bool isPlayerHere() {
 void MenuGameFinishMission::onEnter() {
     showDate();
     timer.reset();
-    hasGrown = false;
-    showProgress();
+    lookedAt = {};
+    hand = -1;
     flight.report().clear();
+    showNews();
+    showWatch();
 }
 
 void MenuGameFinishMission::update() {
-    Database* career = runningCareer();
-    if (career == nullptr || timer.getSeconds() <= LookInterval || !isPlayerHere())
+    if (runningCareer() == nullptr)
         return;
-    if (!zel::StatesMachine::getInstance().isSettled())
-        return; // he is just going away: a report that is found now would never be shown
-    if (flight.findReport(*career)) {
-        playScreenSound("telephone");
+    // While he goes away from here a report that is found would never be shown.
+    if (timer.getSeconds() > LookInterval && isPlayerHere() &&
+        zel::StatesMachine::getInstance().isSettled() && look(false))
         setTransition("MenuGameCombatReport");
-    } else {
-        showProgress();
-    }
-    timer.reset();
+    showWatch();
 }
 
-void MenuGameFinishMission::showProgress() {
-    const bool isQuiet = flight.logs().quietLooks() >= QuietLooks;
-    hasGrown = hasGrown || flight.logs().isGrowing();
-    setVisible("growing", hasGrown && !isQuiet);
-    setVisible("ended", isQuiet);
+void MenuGameFinishMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    if (runningCareer() == nullptr || menu->isTransitionRequested())
+        return;
+    if (widget->getName() == "menuButton4") { // leads to the report, found or not
+        look(true);
+    } else if (widget->getName() == "lookNow") {
+        widget->reset();
+        if (look(false))
+            setTransition("MenuGameCombatReport");
+    }
+}
+
+bool MenuGameFinishMission::look(bool isLastLook) {
+    const bool isFound = flight.findReport(*runningCareer(), isLastLook);
+    if (isFound)
+        playScreenSound("telephone");
+    lookedAt = timeOfDay();
+    timer.reset();
+    showNews();
+    showWatch();
+    return isFound;
+}
+
+void MenuGameFinishMission::showNews() {
+    setText("log", newsText(flight.news(), flight.logs().quietMinutes()));
+}
+
+void MenuGameFinishMission::showWatch() {
+    zel::String text = zel::Language::get(lookedAt.empty() ? LooksText : LookedText, lookedAt);
+    if (!zel::Window::hasMouseFocus())
+        text = zel::Language::get(PointerText);
+    else if (!isPlayerHere())
+        text = zel::Language::get(KeyboardText);
+    setText("watch", text);
+    const int32_t second = static_cast<int32_t>(timer.getSeconds()) % HandPlaces;
+    zel::Widget* picture = getWidget("hand");
+    if (picture == nullptr || second == hand || !isPlayerHere())
+        return;
+    hand = second;
+    for (int32_t look = 0; look < zel::LookCount; ++look)
+        picture->setImage(zel::WidgetLook(look),
+                          zel::ImageHandler::getInstance().getImage(zel::String("hand_") + hand));
 }

@@ -167,7 +167,8 @@ bool Session::report() {
     if (!missionWritten)
         return fail("There is no mission of this run to report on: mission comes before report");
     bool found = flight.findReport(career);
-    for (int32_t waited = 0; !found && waited < waitSeconds; ++waited) {
+    const auto isEnding = [&] { return flight.news().state == LogState::Ending; };
+    for (int32_t waited = 0; !found && (waited < waitSeconds || isEnding()); ++waited) {
         zel::system::sleepMilliseconds(LookInterval);
         found = flight.findReport(career);
     }

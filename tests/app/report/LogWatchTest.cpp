@@ -88,6 +88,7 @@ TEST_F(LogWatchTest, WaitsForTheEndOfTheFlight) {
         EXPECT_FALSE(flight.findReport(career));
     }
     EXPECT_EQ(missionsOf(10), 9);
+    EXPECT_EQ(watch.news().state, LogState::Growing);
     writePiece("missionReport(a)", 3);
     EXPECT_TRUE(flight.findReport(career));
     EXPECT_EQ(report.pilots.size(), 5u);
@@ -107,9 +108,46 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     write("missionReport(b)[0].txt", "no log at all\n");
     EXPECT_FALSE(flight.findReport(career));
     EXPECT_TRUE(lines.holds("belongs to nobody of the plan")) << lines.text();
+    EXPECT_EQ(watch.news().state, LogState::Begun) << "the later one";
     writeFlight("missionReport(c)");
     EXPECT_TRUE(flight.findReport(career));
     EXPECT_EQ(missionsOf(10), 10);
+}
+
+// A pilot who was in no fight is named behind the end of the mission. Whatever part of that piece a
+// look finds, he has flown once it is carried into the career.
+TEST_F(LogWatchTest, LeavesAnEndThatIsBeingWritten) {
+    flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
+    const std::string end = FlightPieces[3] +
+                            "T:9313 AType:12 ID:61439 TYPE:Sopwith Camel COUNTRY:102 "
+                            "NAME:William Late PID:-1\r\nT:9313 AType:4 PLID:61439 PID:62463\r\n";
+    const size_t mark = end.find("AType:16");
+    ASSERT_NE(mark, end.npos);
+    for (size_t length = mark; length <= end.size(); length += 4) {
+        const std::string log = "missionReport(" + std::to_string(length) + ")";
+        const int32_t missions = missionsOf(14);
+        for (int32_t piece = 0; piece < 3; ++piece)
+            writePiece(log, piece);
+        write(log + "[3].txt", end.substr(0, length));
+        if (!flight.findReport(career)) {
+            write(log + "[3].txt", end);
+            ASSERT_TRUE(flight.findReport(career)) << length;
+        }
+        ASSERT_EQ(missionsOf(14), missions + 1) << length;
+    }
+}
+
+TEST_F(LogWatchTest, TakesAnEndThatNamesNotEverybodyOnceItGrowsNoMore) {
+    flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
+    writeFlight("missionReport(a)");
+    EXPECT_FALSE(flight.findReport(career));
+    EXPECT_EQ(watch.news().state, LogState::Ending);
+    write("missionReport(a)[4].txt", "T:0 AType:15 VER:18\n");
+    EXPECT_FALSE(flight.findReport(career)) << "it grows";
+    EXPECT_TRUE(flight.findReport(career));
+    EXPECT_EQ(missionsOf(10), 10);
+    writeFlight("missionReport(b)");
+    EXPECT_TRUE(flight.findReport(career, true)) << "the player doesn't wait";
 }
 
 TEST_F(LogWatchTest, TakesTheFirstFinishedOfTwo) {

@@ -2,6 +2,7 @@
 // alone, since the room of the texts is checked in every language (wingtally-menucheck).
 #include <filesystem>
 
+#include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "app/career/Aircraft.h"
@@ -11,6 +12,7 @@
 #include "engine/core/Registry.h"
 #include "engine/graphics/Canvas.h"
 #include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/engine/menu/GoldenPicture.h"
 
@@ -65,12 +67,31 @@ TEST_F(RareScreens, ThereIsNothingToFly) {
 TEST_F(RareScreens, TheLogIsGrowing) {
     ASSERT_TRUE(driver.begin(Beginning));
     ASSERT_TRUE(driver.takeOff());
-    for (const char* log :
-         {"T:0 AType:0 MFile:other.msnbin\n", "T:0 AType:0 MFile:other.msnbin\nT:9"}) {
+    for (const char* log : {"T:0 AType:0 MFile:WingtallyMission.mission\n",
+                            "T:0 AType:0 MFile:WingtallyMission.mission\nT:9"}) {
         home.folder.write(home.simulator + "/data/missionReport(2009-01-01_10-00-00)[0].txt", log);
         driver.look();
     }
     expectKept("MenuGameFinishMission_Growing");
+}
+
+TEST_F(RareScreens, ThePlayerIsElsewhereWhileItWaits) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.takeOff());
+    ASSERT_TRUE(driver.fly());
+    constexpr std::pair<int32_t, const char*> Absences[] = {
+        {SDL_APPINPUTFOCUS | SDL_APPACTIVE, "Put the pointer on this window."},
+        {SDL_APPMOUSEFOCUS | SDL_APPACTIVE, "Click into this window."},
+        {0, "Put the pointer on this window."}};
+    for (const auto& [state, text] : Absences) {
+        zel::Platform::getInstance().setAppState(state);
+        const zel::Image* hand = driver.widget("hand")->getImage(zel::LookActive);
+        driver.look();
+        EXPECT_EQ(driver.text("watch").find(text), 0U) << driver.text("watch");
+        EXPECT_EQ(driver.widget("hand")->getImage(zel::LookActive), hand);
+    }
+    EXPECT_EQ(driver.screens->log.linesWith("Update directory"), 0);
+    ASSERT_TRUE(driver.go("lookNow", "MenuGameCombatReport")) << "he presses, so he is here";
 }
 
 TEST_F(RareScreens, ThePlayerHasASuccessorAndNoSquadronOfAName) {

@@ -1,14 +1,29 @@
-// What the page that waits for a flight says of the logs that it finds, look by look.
+// The page that waits for a flight: what it says of the logs that it finds, look by look, and what
+// its buttons and keys do with a flight that has come.
 #include <filesystem>
 #include <map>
+#include <set>
+#include <sstream>
 
+#include "app/career/Database.h"
 #include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {
 
+using How = CareerDriver::How;
+
 constexpr int32_t QuietLooks = 5; // until it gives up; the simulator writes at every fourth look
-constexpr const char *Waits = "", *Grows = "growing", *Ended = "ended";
+constexpr const char* Waits = "No log of your flight has come yet.";
+constexpr const char* Begun = "The log of your flight has come. It has no end yet.";
+constexpr const char* Grows = "Your flight isn't over yet: the log is still growing.";
+constexpr const char* Stopped = "The log of your flight has stopped without an end. Finish the "
+                                "mission in the simulator, or fly it again.";
+constexpr const char* Other = "The newest log belongs to another mission, \"other\". Fly "
+                              "WingtallyMission.";
+constexpr const char* NoTextLog = "No log can come: the simulator's text log is off.";
 
 struct ByNumber {
     bool operator()(const std::string& a, const std::string& b) const {
@@ -27,7 +42,7 @@ protected:
     void write(const std::string& name, const std::string& content) {
         home.folder.write(path(name), content);
     }
-    /// The log's pieces and what is in them; the folder has none of them any more.
+    /// The log's pieces and what is in them, which are then gone from the folder.
     Pieces takeLog() {
         Pieces pieces;
         for (const auto& entry : std::filesystem::directory_iterator(home.folder.file(path(""))))
@@ -38,34 +53,30 @@ protected:
             std::filesystem::remove(home.folder.file(path(name)));
         return pieces;
     }
-    /// Which of its two lines the page shows; it never shows both.
-    std::string shown() {
-        const auto isShown = [&](const char* element) {
-            const zel::TextArea* area = driver.screens->menu().getTextArea(element);
-            return area != nullptr && area->isVisible() && !driver.text(element).empty();
-        };
-        EXPECT_FALSE(isShown(Grows) && isShown(Ended));
-        return isShown(Grows) ? Grows : isShown(Ended) ? Ended : Waits;
-    }
     std::string afterLook() {
         driver.look();
         EXPECT_EQ(driver.state(), "MenuGameFinishMission");
-        return shown();
+        return driver.text("log");
     }
     /// Expects that for so many looks, without a change of the logs.
     void expectQuietly(const std::string& line, int32_t looks) {
         for (int32_t look = 1; look <= looks; ++look)
             EXPECT_EQ(afterLook(), line) << "look " << look;
     }
+    /// On the report's page.
+    void expectReport() {
+        EXPECT_NE(driver.text("left1").find(" - Kills: "), std::string::npos)
+            << driver.text("left1");
+    }
 };
 
 TEST_F(WaitingPage, SaysThatTheFlightGoesOnUntilItIsOver) {
-    expectQuietly(Waits, 2 * QuietLooks);
+    expectQuietly(Waits, 6);
     ASSERT_TRUE(driver.fly());
     const Pieces pieces = takeLog();
     ASSERT_GE(pieces.size(), 4U);
     auto piece = pieces.begin();
-    for (const char* line : {Waits, Grows, Grows}) { // of the first one alone it can't know
+    for (const char* line : {Begun, Grows, Grows}) { // of the first one alone it can't know
         write(piece->first, piece->second);
         expectQuietly(line, 4);
         ++piece;
@@ -84,9 +95,9 @@ TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
         write(first, beginning.substr(0, length));
         driver.look();
     }
-    EXPECT_EQ(shown(), Grows);
+    EXPECT_EQ(driver.text("log"), Grows);
     expectQuietly(Grows, QuietLooks - 1);
-    expectQuietly(Ended, 3);
+    expectQuietly(Stopped, 3);
     write(first, beginning.substr(0, 600));
     EXPECT_EQ(afterLook(), Grows) << "it was only a rest";
 
@@ -98,17 +109,130 @@ TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
     EXPECT_TRUE(driver.comeBack()) << "flown again";
 }
 
-TEST_F(WaitingPage, GivesUpALogOfAnotherMission) {
-    const std::string other = "T:0 AType:0 GDate:1917.4.12 MFile:other.msnbin\n";
-    write("missionReport(2009-01-01_10-00-00)[0].txt", other);
-    EXPECT_EQ(afterLook(), Waits);
-    expectQuietly(Waits, QuietLooks - 1);
-    EXPECT_EQ(afterLook(), Ended) << "also if it came whole";
-    write("missionReport(2009-01-01_10-00-00)[1].txt", "T:9 AType:7\n");
-    expectQuietly(Grows, QuietLooks);
-    EXPECT_EQ(afterLook(), Ended);
+TEST_F(WaitingPage, SaysWhoseLogItIsOtherwise) {
+    const std::string log = "missionReport(2009-01-01_10-00-00)";
+    write(log + "[0].txt",
+          "T:0 AType:0 GDate:1917.4.12 MFile:Missions/other.msnbin MID: GType:0\n");
+    expectQuietly(Other, QuietLooks + 1);
+    write(log + "[1].txt", "T:9 AType:7 \n");
+    expectQuietly(Other, 2);
+    write("missionReport(2009-01-01_11-00-00)[0].txt",
+          "T:0 AType:0 MFile:Missions/WINGTALLYMISSION.mission MID:\n"
+          "T:5 AType:12 ID:1 TYPE:Fokker Dr.I COUNTRY:501 NAME:Erich Sommer/7 PID:-1\n"
+          "T:5 AType:12 ID:2 TYPE:Common Bot COUNTRY:501 NAME: PID:1\n"
+          "T:5 AType:10 PLID:1 PID:1\n");
+    EXPECT_NE(afterLook().find("to-day's don't name its pilot, Erich Sommer/7."), std::string::npos)
+        << driver.text("log");
     ASSERT_TRUE(driver.fly());
     EXPECT_TRUE(driver.comeBack());
+}
+
+TEST_F(WaitingPage, SaysWhatKeepsALogFromComing) {
+    for (int32_t look = 0; look < 7; ++look)
+        driver.look();
+    EXPECT_EQ(driver.text("log").find("No new log for 1 min. If you have flown: "), 0U)
+        << driver.text("log");
+    const std::string settings = home.folder.read(path("startup.cfg"));
+    write("startup.cfg", "mission_text_log = 0\n");
+    EXPECT_EQ(afterLook().find(NoTextLog), 0U) << driver.text("log");
+    write("startup.cfg", settings);
+    EXPECT_EQ(afterLook().find("No new log for 1 min."), 0U) << driver.text("log");
+
+    const std::string folder = home.folder.file(path(""));
+    const std::string there = folder.substr(0, folder.size() - 1);
+    std::filesystem::rename(there, there + ".away");
+    EXPECT_EQ(afterLook().find("This folder of the simulator is gone, or can't be read: "), 0U)
+        << driver.text("log");
+    std::filesystem::rename(there + ".away", there);
+    ASSERT_TRUE(driver.fly());
+    EXPECT_TRUE(driver.comeBack());
+}
+
+TEST_F(WaitingPage, LooksAtOnceWhenItIsTold) {
+    for (const How how : {How::Pointer, How::Keys}) {
+        ASSERT_TRUE(driver.go("lookNow", "MenuGameFinishMission", how));
+        EXPECT_EQ(driver.text("watch").find("Last look for the log at 12:00:00."), 0U);
+    }
+    EXPECT_EQ(driver.screens->log.linesWith("Update directory"), 2);
+    ASSERT_TRUE(driver.fly());
+    ASSERT_TRUE(driver.go("lookNow", "MenuGameCombatReport", How::Keys));
+    expectReport();
+}
+
+TEST_F(WaitingPage, MovesTheHandOfTheWatch) {
+    const auto hand = [&] { return driver.widget("hand")->getImage(zel::LookActive); };
+    std::set<const zel::Image*> places;
+    for (int32_t second = 0; second < 8; ++second) {
+        driver.screens->step(1000);
+        places.insert(hand());
+    }
+    EXPECT_EQ(places.size(), 8U);
+    EXPECT_EQ(places.count(nullptr), 0U);
+}
+
+// Whoever presses it in the first eight seconds, or while the window has no focus, has not seen the
+// report that waits for him.
+TEST_F(WaitingPage, GoesOnWithoutAReportOnlyWhereThereIsNone) {
+    for (const How how : {How::Pointer, How::Keys}) {
+        const Pilot& player = Database::instance()->player();
+        const int32_t missions = player.missions;
+        ASSERT_TRUE(driver.fly());
+        ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport", how));
+        expectReport();
+        EXPECT_EQ(player.missions, missions + 1);
+        ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+        ASSERT_TRUE(driver.takeOff());
+    }
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport", How::Keys));
+    EXPECT_EQ(driver.text("left1"), "(No mission played.)");
+}
+
+TEST_F(WaitingPage, HasNoDefaultForAKeyPressedTooOften) {
+    for (const int32_t key : {zel::KeyReturn, zel::KeySpace}) {
+        driver.screens->key(key);
+        driver.screens->step();
+        EXPECT_TRUE(driver.screens->untilIdle("MenuGameFinishMission"));
+    }
+    EXPECT_EQ(driver.text("menuBack"), "Back to the office");
+    driver.screens->key(zel::KeyEscape);
+    EXPECT_TRUE(driver.screens->untilIdle("MenuGameMain"));
+}
+
+// In the office he sees the date unchanged and presses "Next Mission" again.
+TEST_F(WaitingPage, FindsAFlightOfAMissionThatIsWrittenAgain) {
+    const auto planes = [&] {
+        std::string names;
+        std::istringstream mission(home.mission());
+        for (std::string line; std::getline(mission, line);)
+            if (line.find("Name = ") != line.npos || line.find("AILevel") != line.npos)
+                names += line + "\n";
+        return names;
+    };
+    for (const bool isLookedAt : {false, true}) {
+        const std::string planned = planes();
+        if (isLookedAt) {
+            ASSERT_TRUE(driver.fly());
+            const Pieces pieces = takeLog();
+            write(pieces.begin()->first, pieces.begin()->second);
+            driver.look(); // in flight
+            for (const auto& [name, content] : pieces)
+                write(name, content);
+        } else {
+            ASSERT_TRUE(driver.fly());
+        }
+        ASSERT_TRUE(driver.walk("menuBack>MenuGameMain menuButton1>MenuGameStartMission "
+                                "menuBack>MenuGameMain menuButton1>MenuGameStartMission "
+                                "menuButton4>MenuGameFinishMission"));
+        EXPECT_EQ(planes(), planned) << "the same plan, which the log is read by";
+        const int32_t missions = Database::instance()->player().missions;
+        driver.look();
+        ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
+        expectReport();
+        EXPECT_EQ(Database::instance()->player().missions, missions + 1);
+        ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+        ASSERT_TRUE(driver.takeOff());
+        EXPECT_EQ(afterLook(), Waits) << "the logs of yesterday are done with";
+    }
 }
 
 } // namespace

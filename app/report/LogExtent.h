@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/core/String.h"
+
+class LogText;
+
+/// How much of a flight's log is in the simulator's folder.
+struct LogExtent {
+    int32_t pieces = 0; // that follow one another from the first one on
+    int64_t bytes = 0;  // of all pieces
+
+    bool isBeyond(const LogExtent& earlier) const {
+        return pieces > earlier.pieces || bytes > earlier.bytes;
+    }
+};
+
+/// Measures the log whose first piece has that name. The folder ends in a separator.
+LogExtent measureLog(const zel::String& folder, const zel::String& firstPiece);
+
+/// The mission that the log names, without its folder and file ending; empty if it names none.
+zel::String loggedMission(const LogText& log);
