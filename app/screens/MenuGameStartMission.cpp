@@ -25,6 +25,7 @@ zel::String reasonFor(const DailyMission& mission) {
 } // namespace
 
 void MenuGameStartMission::onEnter() {
+    isSkipped = false;
     showWhatToDo(true);
     Database* career = runningCareer();
     if (career == nullptr)
@@ -35,7 +36,10 @@ void MenuGameStartMission::onEnter() {
     for (const zel::String& plane : today.roster)
         setText(zel::String("line") + line++, plane);
     setText("menuButton4", startLabel(today));
+    isSkipped = !today.isFlyable;
     showWhatToDo(today.isFlyable);
+    if (zel::Widget* button = getWidget("menuButton4"); button != nullptr && isSkipped)
+        button->setTransition("MenuGameCombatReport"); // there is no flight to wait for
     if (today.fault == MissionFault::None)
         playScreenSound("engine");
     else if (menu != nullptr)
@@ -50,6 +54,9 @@ void MenuGameStartMission::showWhatToDo(bool isFlyable) {
 }
 
 void MenuGameStartMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    Database* career = runningCareer();
     if (widget->getName() == "menuButton1")
         widget->reset(); // it leads nowhere, and stays usable
+    else if (widget->getName() == "menuButton4" && isSkipped && career != nullptr)
+        flight.findReport(*career, true); // he may have flown before he switched his machines off
 }

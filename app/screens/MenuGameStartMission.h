@@ -18,4 +18,5 @@ private:
     void showWhatToDo(bool isFlyable);
 
     Flight& flight;
+    bool isSkipped = false; // the player has no machine for it
 };
