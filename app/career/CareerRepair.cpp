@@ -20,8 +20,8 @@ template <typename Index> void checkIndex(Index& index, size_t count, Index none
 
 class CareerRepair {
 public:
-    CareerRepair(Database& career, const Soundness& soundness)
-        : career(career), soundness(soundness) {}
+    CareerRepair(Database& career, const Soundness& soundness, CareerRepairs& repairs)
+        : career(career), soundness(soundness), repairs(repairs) {}
 
     /// False if there is nothing that a career could go on from.
     bool run() {
@@ -36,7 +36,6 @@ public:
         repairInvitation();
         return true;
     }
-    int32_t faults() const { return allFaults; }
 
 private:
     void repairFiles() {
@@ -53,7 +52,7 @@ private:
             faults += file.joined != joined;
             file.joined = joined;
         }
-        report(faults, " references of the data files led nowhere");
+        report(repairs.references, faults, " references of the data files led nowhere");
     }
 
     void repairLines(int32_t (&lines)[LineReferenceCount], int32_t& faults) const {
@@ -70,7 +69,7 @@ private:
                 ++faults;
             }
         }
-        report(faults, " pilots had no such file or squadron");
+        report(repairs.pilots, faults, " pilots had no such file or squadron");
     }
 
     void repairSlots() {
@@ -95,7 +94,7 @@ private:
             squadron.pilotCount = static_cast<uint8_t>(kept);
             std::fill(squadron.slots + kept, squadron.slots + SlotCount, -1);
         }
-        report(faults, " places in squadrons were wrong");
+        report(repairs.places, faults, " places in squadrons were wrong");
     }
 
     /// REQUIRES: a player. Only a squadron of his nation other than his own can invite him.
@@ -117,7 +116,7 @@ private:
             career.invitationMonth = career.month;
             ++faults;
         }
-        report(faults, " values of the invitation were out of range");
+        report(repairs.invitation, faults, " values of the invitation were out of range");
     }
 
     bool repairPlayer() {
@@ -136,26 +135,25 @@ private:
         if (place == nullptr)
             return false;
         career.playerPilot = place->slots[0];
-        ++allFaults;
+        repairs.playerMoved = true;
         logRepair("Save file: the player stood in no squadron; he is now " +
                   zel::String(zel::arrayText(career.player().name)));
         return true;
     }
 
-    void report(int32_t faults, const char* what) {
-        allFaults += faults;
+    static void report(int32_t& kind, int32_t faults, const char* what) {
+        kind += faults;
         if (faults > 0)
             logRepair(zel::String("Save file: ") + faults + what + "; put right");
     }
 
     Database& career;
     Soundness soundness;
-    int32_t allFaults = 0;
+    CareerRepairs& repairs;
 };
 
 } // namespace
 
-int32_t repairCareer(Database& career, const Soundness& soundness) {
-    CareerRepair repair(career, soundness);
-    return repair.run() ? repair.faults() : -1;
+bool repairCareer(Database& career, const Soundness& soundness, CareerRepairs& repairs) {
+    return CareerRepair(career, soundness, repairs).run();
 }

@@ -14,7 +14,21 @@ struct Soundness {
     bool lines = true;   // the data files name lines that are there, or none
 };
 
-/// Puts right what breaks the invariants of a career that came from a file, with a line in the log
-/// for each kind of fault. The number of faults; -1 if there is nothing that a career could go on
-/// from. What is sound isn't looked at again.
-int32_t repairCareer(Database& career, const Soundness& soundness);
+/// What was put right in a career when it was loaded, as counts of faults.
+struct CareerRepairs {
+    bool endedEarly = false;  // the file was cut off
+    int32_t references = 0;   // of data files, that led nowhere
+    int32_t pilots = 0;       // without a squadron, or of a file that isn't there
+    int32_t places = 0;       // in squadrons
+    int32_t invitation = 0;   // values out of range
+    bool playerMoved = false; // the player was in no squadron, and is another pilot now
+
+    bool any() const {
+        return endedEarly || playerMoved || references + pilots + places + invitation > 0;
+    }
+};
+
+/// Fixes what breaks the invariants of a career that came from a file, with a line in the log for
+/// each kind of fault. Adds to `repairs`; what is sound is not checked again. False if there is
+/// nothing that a career could go on from.
+bool repairCareer(Database& career, const Soundness& soundness, CareerRepairs& repairs);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/career/Calendar.h"
+#include "app/career/CareerRepair.h"
 #include "app/career/DataTokens.h"
 #include "app/career/EntireFile.h"
 #include "app/career/Nation.h"
@@ -27,6 +28,8 @@ constexpr int32_t LastCareerNumber = 0x7FFF5037;
 
 /// Where the career lies in the user's folder.
 constexpr const char* SaveFileName = "Saves/savegame_v03.wty";
+constexpr const char* BackupEnding = ".bak";      // behind its name: the save before it
+constexpr const char* DamagedEnding = ".damaged"; // a damaged file that a save replaced
 
 /// A whole career in memory: every squadron of the war, every pilot who ever served, the text of
 /// the historical data files, the date, the player's pilot and his next invitation.
@@ -112,9 +115,16 @@ public:
     bool storeFile(const zel::String& name);
     /// The same, with the truth as its result. Without a career nothing is written.
     [[nodiscard]] bool writeSave(const zel::String& name);
-    /// Replaces the career by the file's. On error: a log line at level 3, no squadrons and no
-    /// pilots, and no way on from here but another load or a new career.
+    /// Whether the file of that name holds exactly this career, so that nothing is lost without
+    /// another save. True without a career.
+    bool isSaved(const zel::String& name) const;
+    /// Replaces the career by the file's. What is damaged is fixed, see `repairs`. On error: a log
+    /// line at level 3, no squadrons and no pilots, and no way on from here but another load or a
+    /// new career.
     [[nodiscard]] bool loadFile(const zel::String& name);
+    /// The same from the save before the one of that name, which the caller has found damaged: the
+    /// next save keeps it as ".damaged". On error: as loadFile.
+    [[nodiscard]] bool loadBackup(const zel::String& name);
 
     // DatabaseHistory.cpp: what a period of the war does to squadrons and pilots
 
@@ -158,8 +168,11 @@ public:
     EntireFile firstNames[4];                  // of France, England, Germany and the USA
     EntireFile lastNames[4];
     zel::Random random;
+    CareerRepairs repairs; // of the file that was loaded last; none if it was whole
 
 private:
+    std::string saveContent() const;
+    bool readSave(const zel::String& name);
     zel::String drawPilotName(int32_t nation);
     Pilot makeReplacement(int32_t squadron);
     void makeHistoricalSquadron(int32_t fileIndex);

@@ -2,7 +2,6 @@
 #include <cstring>
 #include <string>
 
-#include "app/career/CareerRepair.h"
 #include "app/career/Database.h"
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
@@ -178,15 +177,7 @@ bool Database::storeFile(const zel::String& name) {
     return true;
 }
 
-bool Database::writeSave(const zel::String& name) {
-    const zel::String path = zel::getUserDirectory() + name;
-    if (!hasCareer()) {
-        zel::log("There is no career to store in " + path, "Database", zel::LogError);
-        return false;
-    }
-    createSaveFolder();
-    zel::log("storeFile" + path, "Database", zel::LogInfo);
-
+std::string Database::saveContent() const {
     std::string content;
     content.reserve(squadrons.size() * sizeof(Squadron) + pilots.size() * sizeof(Pilot) +
                     dataLines.size() * sizeof(DataLine) +
@@ -204,11 +195,29 @@ bool Database::writeSave(const zel::String& name) {
     for (const int32_t value :
          {invitationYear, invitationMonth, invitationSquadron, previousInvitation})
         append(content, value);
+    return content;
+}
+
+bool Database::isSaved(const zel::String& name) const {
+    std::string saved;
+    zel::File file(zel::getUserDirectory() + name, zel::FileRead);
+    return !hasCareer() || (file.readWhole(saved) && saved == saveContent());
+}
+
+bool Database::writeSave(const zel::String& name) {
+    const zel::String path = zel::getUserDirectory() + name;
+    if (!hasCareer()) {
+        zel::log("There is no career to store in " + path, "Database", zel::LogError);
+        return false;
+    }
+    createSaveFolder();
+    zel::log("storeFile" + path, "Database", zel::LogInfo);
+    const std::string content = saveContent();
 
     // A damaged file doesn't push the last whole one out of its place as ".bak".
     const bool replacesDamaged = !damagedFile.empty() && damagedFile == path;
     const bool written =
-        zel::replaceFileSafely(path, content, replacesDamaged ? ".damaged" : ".bak");
+        zel::replaceFileSafely(path, content, replacesDamaged ? DamagedEnding : BackupEnding);
     if (written && replacesDamaged)
         damagedFile = "";
     if (!written)
@@ -218,9 +227,21 @@ bool Database::writeSave(const zel::String& name) {
 }
 
 bool Database::loadFile(const zel::String& name) {
+    const bool isLoaded = readSave(name);
+    damagedFile = isLoaded && !repairs.any() ? zel::String() : zel::getUserDirectory() + name;
+    return isLoaded;
+}
+
+bool Database::loadBackup(const zel::String& name) {
+    const bool isLoaded = readSave(name + BackupEnding);
+    damagedFile = zel::getUserDirectory() + name;
+    return isLoaded;
+}
+
+bool Database::readSave(const zel::String& name) {
     createSaveFolder();
-    const zel::String path = zel::getUserDirectory() + name;
-    zel::File file(path, zel::FileRead);
+    repairs = {};
+    zel::File file(zel::getUserDirectory() + name, zel::FileRead);
     SaveReader reader(file);
     Soundness soundness;
     const char* fault = readHeader(reader, *this);
@@ -230,12 +251,10 @@ bool Database::loadFile(const zel::String& name) {
         zel::log("File " + name + " ends early; what it holds is used", "Database",
                  zel::LogWarning);
         invitationSquadron = previousInvitation = NoInvitation;
+        repairs.endedEarly = true;
     }
-    const int32_t faults = fault == nullptr ? repairCareer(*this, soundness) : 0;
-    if (faults < 0)
+    if (fault == nullptr && !repairCareer(*this, soundness, repairs))
         fault = NoSaveGame;
-    const bool isWhole = fault == nullptr && faults == 0 && !reader.hasEndedEarly();
-    damagedFile = isWhole ? zel::String() : path;
     if (fault == nullptr)
         return true;
     clearRecords(*this);

@@ -24,6 +24,14 @@ Start& start() {
 
 zel::String startFile() { return start().folder + "\\" + FileName; }
 
+/// Reads the settings of the current folder, which is the start folder. A folder that they name is
+/// meant from there.
+void readStartFolder() {
+    Configuration::load(FileName);
+    const zel::String simulator = Configuration::get(SimulatorKey, "");
+    start().simulator = simulator.empty() ? simulator : zel::system::absolutePath(simulator);
+}
+
 bool canWriteHere() {
     FILE* trial = zel::system::openFile(FileName, "ab");
     if (trial == nullptr)
@@ -36,9 +44,7 @@ bool canWriteHere() {
 
 void noteStartFolder() {
     start().folder = zel::system::currentDirectory();
-    Configuration::load(FileName);
-    const zel::String simulator = Configuration::get(SimulatorKey, "");
-    start().simulator = simulator.empty() ? simulator : zel::system::absolutePath(simulator);
+    readStartFolder();
 }
 
 void loadSettings() {
@@ -49,6 +55,16 @@ void loadSettings() {
     Configuration::load(startFile());
     if (!start().simulator.empty())
         Configuration::set(SimulatorKey, start().simulator);
+}
+
+void reloadSettings() {
+    Configuration::reset();
+    const zel::String here = zel::system::currentDirectory();
+    if (!start().folder.empty() && zel::system::changeDirectory(start().folder)) {
+        readStartFolder();
+        zel::system::changeDirectory(here);
+    }
+    loadSettings();
 }
 
 zel::String settingsFileToWrite() {

@@ -9,6 +9,8 @@
 /// To be said before the program changes its working directory.
 void noteStartFolder();
 void loadSettings();
+/// Reads all of them again, after the player has edited one; what they no longer name is forgotten.
+void reloadSettings();
 /// The file that a player is to write or to mend, with its full path: the one in the start folder
 /// or else beside the program's files, if it exists; beside these too if they lie beside the
 /// program and he may write there; else one in his own folder, which is made.

@@ -2,6 +2,27 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/screens/MenuNotification.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+
+namespace {
+
+bool careerIsOpen = false;
+
+} // namespace
+
+bool CareerScreen::isOpen() { return careerIsOpen; }
+
+void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
+
+void CareerScreen::saveBefore(zel::Widget& leaving) {
+    Database* career = runningCareer();
+    if (career == nullptr || career->writeSave(SaveFileName))
+        return;
+    const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
+    MenuNotification::divert(leaving, "MenuNotificationSave", zel::system::shownText(file));
+}
 
 Database* CareerScreen::runningCareer() {
     Database* career = Database::instance();

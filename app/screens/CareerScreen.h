@@ -9,7 +9,15 @@ class CareerScreen : public zel::HandledMenuExtension {
 public:
     using zel::HandledMenuExtension::HandledMenuExtension;
 
+    /// Whether the player is in his career: from the squadron office on, until he is back in the
+    /// main menu. The career in memory is a draft before that, and saved after it.
+    static bool isOpen();
+    static void setOpen(bool open);
+
 protected:
+    /// Saves the career. On error the widget that was just hit leads to the page that says so, this
+    /// once: a player who goes on would lose what he has flown since the last save.
+    static void saveBefore(zel::Widget& leaving);
     /// Null while there is no career.
     static Database* runningCareer();
     /// The career's day, in the element "date".

@@ -3,16 +3,14 @@
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/screens/MenuNotification.h"
 #include "app/war/SquadronSimulator.h"
-#include "engine/core/System.h"
-#include "engine/core/UserDirectory.h"
 #include "engine/menu/widgets/Widget.h"
 
 void MenuGameMain::onEnter() {
     Database* career = runningCareer();
     if (career == nullptr)
         return;
+    setOpen(true);
     keepPlayerOnAllowedMap(*career);
     onEntered();
 }
@@ -49,12 +47,4 @@ void MenuGameMain::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
                                                          : "MenuGameStartMission");
     else if (name == "menuButton4" || name == "menuBack")
         saveBefore(*widget);
-}
-
-void MenuGameMain::saveBefore(zel::Widget& leaving) {
-    if (runningCareer()->writeSave(SaveFileName))
-        return;
-    // A player who goes on from here would lose what he has flown since the last save.
-    const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
-    MenuNotification::divert(leaving, "MenuNotificationSave", zel::system::shownText(file));
 }

@@ -14,7 +14,6 @@ public:
 
 private:
     void noteSuccession(const Database& career);
-    void saveBefore(zel::Widget& leaving);
 
     int32_t careerNumber = -1; // of the career that was shown last
     int32_t pilot = -1;        // the player's then

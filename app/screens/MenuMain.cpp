@@ -2,9 +2,12 @@
 
 #include "app/career/Database.h"
 #include "app/mission/SimulatorCheck.h"
+#include "app/screens/CareerScreen.h"
+#include "app/screens/MenuNotification.h"
 #include "engine/menu/widgets/Widget.h"
 
 void MenuMain::onEnter() {
+    CareerScreen::setOpen(false);
     switch (checkSimulator()) {
     case SimulatorState::NotFound:
         setTransition("MenuNotificationInstallDir");
@@ -24,6 +27,10 @@ void MenuMain::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
 
 void MenuMain::continueCareer() {
     Database* career = Database::instance();
-    const bool loaded = career != nullptr && career->loadFile(SaveFileName);
-    setTransition(loaded ? "MenuGameMain" : "BlackScreen");
+    if (career == nullptr || !career->loadFile(SaveFileName))
+        setTransition("BlackScreen");
+    else if (career->repairs.any() && MenuNotification::isPage("MenuNotificationRepair"))
+        setTransition("MenuNotificationRepair");
+    else
+        setTransition("MenuGameMain");
 }

@@ -2,15 +2,15 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
-/// A page that tells what went wrong: why, in the element "reason"; in "path" where the settings
-/// file is looked for, and in "example" what stands in it. The example's folder begins as the path
-/// does: at a drive, as the menu has it, or at the root.
+/// A page that reports what went wrong. It shows why in the element "reason".
 class MenuNotification : public zel::HandledMenuExtension {
 public:
     using zel::HandledMenuExtension::HandledMenuExtension;
 
     void onEnter() override;
 
+    /// Whether the menus have a page of that name.
+    static bool isPage(const char* name);
     /// Asks for the change from that menu to the page of that name. Without such a page nothing
     /// happens. The reason is drawn as it is.
     static void show(zel::Menu& menu, const char* page, const zel::String& why);

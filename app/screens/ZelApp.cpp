@@ -22,6 +22,9 @@
 #include "app/screens/MenuMain.h"
 #include "app/screens/MenuNewCareer.h"
 #include "app/screens/MenuNotification.h"
+#include "app/screens/MenuNotificationInstallDir.h"
+#include "app/screens/MenuNotificationRepair.h"
+#include "app/screens/MenuNotificationUnsaved.h"
 #include "app/screens/Preferences.h"
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Log.h"
@@ -114,8 +117,10 @@ void ZelApp::initMenus() {
     addScreen<MenuGameInvite>();
     addScreen<MenuConfiguration>();
     addScreen<MenuGameAdvance>();
-    for (const char* page :
-         {"MenuNotificationInstallDir", "MenuNotificationMission", "MenuNotificationSave"})
+    addScreen<MenuNotificationInstallDir>();
+    addScreen<MenuNotificationRepair>();
+    addScreen<MenuNotificationUnsaved>();
+    for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
         addScreen<MenuNotification>(page);
 }
 

@@ -75,7 +75,7 @@ ZelLoop* currentLoop = nullptr;
 bool ZelLoop::paused = false;
 int32_t ZelLoop::startupBlankFrames = BlankFrames;
 Timer ZelLoop::applicationTimer;
-ZelLoop::CloseAnswer ZelLoop::closeAnswer = nullptr;
+std::function<bool()> ZelLoop::closeAnswer;
 
 std::vector<std::unique_ptr<UpdateObject>>& ZelLoop::persistentObjects() {
     static std::vector<std::unique_ptr<UpdateObject>> objects;
@@ -107,6 +107,7 @@ ZelLoop::ZelLoop() {
 }
 
 ZelLoop::~ZelLoop() {
+    closeAnswer = nullptr; // it may belong to a screen
     app->onShutdown();
     app->onDestroy();
     auto& objects = persistentObjects();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -35,8 +36,7 @@ public:
     /// Answers the player who closes the window. True: the program ends. False: it goes on, and the
     /// answer is asked for again before the next frame, until Platform::forgetQuit() takes the wish
     /// back. Nobody is asked about a signal. Null, as at first: the program ends.
-    using CloseAnswer = bool (*)();
-    static void setCloseAnswer(CloseAnswer answer) { closeAnswer = answer; }
+    static void setCloseAnswer(std::function<bool()> answer) { closeAnswer = std::move(answer); }
 
     static void quit();
     static void restart();
@@ -60,7 +60,7 @@ private:
     static bool restartRequested;
     static int32_t startupBlankFrames;
     static Timer applicationTimer;
-    static CloseAnswer closeAnswer;
+    static std::function<bool()> closeAnswer;
 };
 
 } // namespace zel

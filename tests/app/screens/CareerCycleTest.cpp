@@ -156,8 +156,9 @@ TEST_F(CareerScreens, TellWhomASuccessorFollows) {
     flight.killPlayer = true;
     ASSERT_TRUE(driver.fly(flight));
     ASSERT_TRUE(driver.comeBack());
-    EXPECT_NE(driver.text("pilot").find(", successor to " + fallen + ": "), std::string::npos)
-        << driver.text("pilot");
+    EXPECT_EQ(driver.text("pilot"), fallen + " is dead. His place is taken by " +
+                                        Database::instance()->player().name +
+                                        ": victories 0, missions 0");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
     EXPECT_NE(driver.text("pilot").find(fallen), std::string::npos) << "also when he comes back";
 }

@@ -28,6 +28,7 @@ constexpr float QuickFades = 100; // nobody looks at them here
 PlayerHome::PlayerHome(const std::string& simulator) : simulator(simulator) {
     tools::Finding finding;
     EXPECT_TRUE(standin::makeSimulatorFolder(simulatorFolder(), finding)) << finding.text();
+    folder.write("user/wtysettings.ini", "rof.directory=" + simulatorFolder() + "\n");
 }
 
 std::string PlayerHome::mission() const {

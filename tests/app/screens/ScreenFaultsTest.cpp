@@ -29,6 +29,18 @@ TEST(ScreenFaultsAtTheStart, TheSimulatorIsNotThereOrKeepsNoLog) {
     ASSERT_TRUE(driver.go("menuButton1", "MenuMain"));
 }
 
+TEST(ScreenFaultsAtTheStart, TheSettingsAreReadAgain) {
+    PlayerHome home;
+    CareerDriver driver(home);
+    const std::string elsewhere = home.folder.file("elsewhere");
+    std::filesystem::rename(home.simulatorFolder(), elsewhere);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationInstallDir"));
+    home.folder.write("user/wtysettings.ini", "rof.directory=" + elsewhere + "\n");
+    ASSERT_TRUE(driver.go("menuButton1", "MenuMain"));
+    home.folder.write("user/wtysettings.ini", "# nothing\n");
+    ASSERT_TRUE(driver.walk("menuButton5>MenuCredits menuBack>MenuMain")) << "not by itself";
+}
+
 TEST_F(ScreenFaults, TheMissionCannotBeWritten) {
     ASSERT_TRUE(driver.begin(Beginning));
     const std::string missions = home.simulatorFolder() + "/data/Missions";
@@ -78,6 +90,34 @@ TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     EXPECT_EQ(home.save().substr(0, 4), "WTSV");
     EXPECT_EQ(home.folder.read("user/Saves/savegame_v03.wty.bak"), "the last whole one");
     EXPECT_EQ(home.folder.read("user/Saves/savegame_v03.wty.damaged"), "no career at all");
+}
+
+// Half a career must not pass for a whole one.
+TEST_F(ScreenFaults, TheSaveIsDamaged) {
+    const std::string save = "user/Saves/savegame_v03.wty";
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
+    const std::string whole = home.save();
+    const std::string damaged = whole.substr(0, whole.size() - 8);
+    home.folder.write(save, damaged);
+    ASSERT_TRUE(driver.go("menuButton2", "MenuNotificationRepair"));
+    EXPECT_EQ(driver.text("reason"), "The end of the file is missing.");
+    EXPECT_NE(driver.text("path").find("savegame_v03.wty.damaged"), std::string::npos);
+    EXPECT_FALSE(driver.widget("menuButton2")->isVisible()) << "there is no save before it";
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain"));
+    EXPECT_EQ(home.folder.read(save + ".damaged"), damaged);
+
+    home.folder.write(save + ".bak", whole);
+    std::string lost = whole;
+    lost.replace(8, 4, "\xFF\xFF\xFF\x7F"); // a player who isn't there
+    home.folder.write(save, lost);
+    ASSERT_TRUE(driver.go("menuButton2", "MenuNotificationRepair"));
+    EXPECT_EQ(driver.text("reason").find("Your pilot was in no squadron. You are now "), 0U);
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"));
+    EXPECT_EQ(home.save(), whole);
+    EXPECT_EQ(home.folder.read(save + ".bak"), whole) << "the damaged one doesn't replace it";
+    EXPECT_EQ(home.folder.read(save + ".damaged"), lost);
+    ASSERT_TRUE(driver.go("menuButton2", "MenuGameMain")) << "a whole one needs no page";
 }
 
 TEST(ScreenFaultsInFlight, TheSimulatorsFolderHasBracketsOfItsOwn) {

@@ -6,6 +6,7 @@
 #include "app/report/CombatReport.h"
 #include "app/screens/MenuNotification.h"
 #include "engine/core/Language.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/support/HandMade.h"
@@ -83,6 +84,13 @@ private:
         menu.setText("path", "C:\\Games\\Wingtally\\wtysettings.ini");
         if (driver.state() == "MenuNotificationInstallDir")
             menu.setText("example", zel::Language::get(2004));
+        if (driver.state() != "MenuNotificationRepair")
+            return;
+        menu.setText("path", "C:\\Users\\Albert Ball\\AppData\\Roaming\\Wingtally\\Saves\\"
+                             "savegame_v03.wty.damaged");
+        menu.getWidget("menuButton2")->setVisible(true); // as if there were a save before it
+        menu.getTextArea("text3")->setVisible(true);
+        menu.getTextArea("text4")->setVisible(false);
     }
 
     bool flight() {
@@ -124,7 +132,10 @@ private:
             {"MenuNotificationMissionTextLog", {}},
             {"MenuNotificationInstallDir", {}},
             {"BlackScreen", {}},
+            {"MenuNotificationRepair", {}},
+            {"MenuNotificationUnsaved", {}},
         };
+        Database::instance()->repairs = {true, 117, 12, 40, 1, true};
         for (const auto& [notice, reason] : notices) {
             MenuNotification::show(driver.screens->menu(), notice, reason);
             if (!go(notice))

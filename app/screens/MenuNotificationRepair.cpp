@@ -1,0 +1,57 @@
+#include "app/screens/MenuNotificationRepair.h"
+
+#include "app/career/Database.h"
+#include "engine/core/File.h"
+#include "engine/core/Language.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/menu/widgets/Widget.h"
+
+namespace {
+
+// Of the language tables.
+constexpr int32_t EndMissing = 2511;
+constexpr int32_t FirstCount = 2512; // the counts of CareerRepairs, in its order
+constexpr int32_t PlayerMoved = 2516;
+
+/// A line for each kind of repair.
+zel::String repairLines(const Database& career) {
+    const CareerRepairs& repairs = career.repairs;
+    zel::String lines;
+    const auto add = [&](const zel::String& line) { lines += (lines.empty() ? "" : "\n") + line; };
+    if (repairs.endedEarly)
+        add(zel::Language::get(EndMissing));
+    int32_t text = FirstCount;
+    for (const int32_t count :
+         {repairs.references, repairs.pilots, repairs.places, repairs.invitation}) {
+        if (count > 0)
+            add(zel::Language::get(text, count));
+        ++text;
+    }
+    if (repairs.playerMoved)
+        add(zel::Language::get(PlayerMoved, zel::arrayText(career.player().name)));
+    return lines;
+}
+
+zel::String savePath(const char* ending) { return zel::getUserDirectory() + SaveFileName + ending; }
+
+} // namespace
+
+void MenuNotificationRepair::onEnter() {
+    const Database* career = Database::instance();
+    if (career == nullptr || !career->hasCareer())
+        return;
+    setText("reason", repairLines(*career));
+    setText("path", zel::system::shownText(zel::system::absolutePath(savePath(DamagedEnding))));
+    const bool hasBackup = zel::File::exists(savePath(BackupEnding));
+    setVisible("text3", hasBackup);
+    setVisible("text4", !hasBackup);
+    setVisible("menuButton2", hasBackup);
+}
+
+void MenuNotificationRepair::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    Database* career = Database::instance();
+    if (career == nullptr || widget->getName() != "menuButton2")
+        return;
+    setTransition(career->loadBackup(SaveFileName) ? "MenuGameMain" : "BlackScreen");
+}

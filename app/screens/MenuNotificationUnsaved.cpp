@@ -1,0 +1,58 @@
+#include "app/screens/MenuNotificationUnsaved.h"
+
+#include "app/career/Database.h"
+#include "engine/core/Language.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+#include "engine/window/StatesMachine.h"
+#include "engine/window/ZelLoop.h"
+
+namespace {
+
+constexpr int32_t UnreportedFlight = 2604; // of the language tables: the title
+constexpr const char* WaitingPage = "MenuGameFinishMission";
+
+} // namespace
+
+MenuNotificationUnsaved::MenuNotificationUnsaved() : CareerScreen("MenuNotificationUnsaved") {
+    zel::ZelLoop::setCloseAnswer([this] { return mayClose(); });
+}
+
+// As zel::ZelLoop::setCloseAnswer() wants it. In the midst of a change of screens it waits: the
+// screen that is left must hear of it.
+bool MenuNotificationUnsaved::mayClose() {
+    zel::StatesMachine& machine = zel::StatesMachine::getInstance();
+    zel::State* page = machine.findState("MenuNotificationUnsaved");
+    if (page == nullptr || runningCareer() == nullptr || !isOpen())
+        return true;
+    if (!machine.isSettled())
+        return false;
+    const zel::String shown = machine.getActiveState()->getName();
+    isFlying = shown == WaitingPage;
+    isSaved = runningCareer()->isSaved(SaveFileName);
+    if (isSaved && !isFlying)
+        return true;
+    zel::Platform::getInstance().forgetQuit();
+    if (shown == page->getName())
+        return false; // it is the question that he closes
+    // Leaving the report moves the war on, and it is shown only once.
+    cameFrom = shown == "MenuGameCombatReport" ? "MenuGameAdvance" : shown;
+    machine.setActiveState(page);
+    return false;
+}
+
+void MenuNotificationUnsaved::onEnter() {
+    setVisible("text1", !isSaved);
+    setVisible("text2", isFlying);
+    if (isSaved)
+        setText("title", zel::Language::get(UnreportedFlight));
+    setVisible("menuButton2", !isSaved);
+}
+
+void MenuNotificationUnsaved::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    const zel::String name = widget->getName();
+    if (name == "menuBack")
+        setTransition(cameFrom);
+    else if (name == "menuButton1")
+        saveBefore(*widget);
+}
