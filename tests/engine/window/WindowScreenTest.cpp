@@ -97,18 +97,6 @@ TEST_F(WindowScreenTest, FillsToThePixel) {
     expect({{205, 55, 0xFF808080, "half of white over black"}});
 }
 
-TEST_F(WindowScreenTest, RoundsTheMouseToTheNearestPixelOfTheDesign) {
-    open(800, 600);                              // 1.28 pixels of the design to a window's one
-    SDL_EventState(SDL_MOUSEMOTION, SDL_IGNORE); // of the display's own pointer
-    for (const auto& [inWindow, inDesign] :
-         {std::pair(0, 0), {1, 1}, {2, 3}, {101, 129}, {102, 131}}) {
-        send(motionEvent(inWindow, inWindow));
-        EXPECT_EQ(Mouse::getX(), inDesign) << inWindow;
-        EXPECT_EQ(Mouse::getY(), inDesign) << inWindow;
-    }
-    SDL_EventState(SDL_MOUSEMOTION, SDL_ENABLE);
-}
-
 TEST_F(WindowScreenTest, DrawsBitmapsOfEveryKind) {
     Bitmap others[3];
     makePicture(others[0], ChannelOrder::Bgr, 3);
