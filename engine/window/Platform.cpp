@@ -9,6 +9,7 @@
 #include "engine/core/Clock.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "engine/core/TextEncoding.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/window/Window.h"
 
@@ -170,7 +171,7 @@ Key Platform::makeKey(int32_t symbol, int32_t unicode) {
     Key key;
     key.symbol = symbol;
     key.unicode = unicode;
-    key.character = unicode < 256 ? static_cast<char>(unicode) : '\0';
+    key.character = windows1252Of(static_cast<uint32_t>(unicode));
     key.printable = static_cast<uint32_t>(unicode) - 32 < 224;
     return key;
 }

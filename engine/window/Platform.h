@@ -14,7 +14,7 @@ struct Key {
     int32_t symbol = 0;     // 0 for no key
     char character = 0;     // in Windows-1252; 0 if it has none
     int32_t unicode = 0;    // 0 if it has none
-    bool printable = false; // the character can stand in a text
+    bool printable = false; // the Unicode value is of Latin-1 and not below 32
     bool shift = false;     // held with it
     bool repeated = false;  // held down, and reported again
 };

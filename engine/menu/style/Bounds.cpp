@@ -1,5 +1,6 @@
 #include "engine/menu/style/Bounds.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "engine/menu/widgets/ScrollingArea.h"
@@ -21,8 +22,16 @@ PixelRect Bounds::currentRect() const {
     return now;
 }
 
-bool Bounds::isShownAt(int32_t x, int32_t y) const {
-    return area == nullptr || isWithin(area->getBounds().rect, x, y);
+PixelRect Bounds::shownRect() const {
+    const PixelRect now = currentRect();
+    if (area == nullptr)
+        return now;
+    const PixelRect& clip = area->getBounds().rect;
+    const int32_t left = std::max(now.x, clip.x);
+    const int32_t top = std::max(now.y, clip.y);
+    const int32_t right = std::min(now.x + now.width, clip.x + clip.width);
+    const int32_t bottom = std::min(now.y + now.height, clip.y + clip.height);
+    return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
 } // namespace zel

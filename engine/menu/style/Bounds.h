@@ -19,8 +19,8 @@ struct Bounds {
     void moveTo(int32_t contentPhase, float progress);
     /// The rectangle moved with its area: what the pointer has to hit.
     PixelRect currentRect() const;
-    /// Whether its area shows the point; true without an area.
-    bool isShownAt(int32_t x, int32_t y) const;
+    /// The part of it that its area shows; without width or height if there is none.
+    PixelRect shownRect() const;
 };
 
 inline Rect rectOf(const PixelRect& rect) {

@@ -1,9 +1,10 @@
 #include "engine/menu/widgets/MenuFocus.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "engine/menu/Menu.h"
+#include "engine/menu/widgets/FocusOrder.h"
+#include "engine/menu/widgets/ScrollingArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Mouse.h"
 #include "engine/window/Platform.h"
@@ -13,6 +14,7 @@ namespace zel {
 namespace {
 
 constexpr const char* BackWidget = "menuBack";
+constexpr int32_t LineStep = 48; // design pixels by which an arrow key scrolls
 
 struct ArrowKey {
     int32_t symbol;
@@ -22,72 +24,64 @@ struct ArrowKey {
 constexpr ArrowKey ArrowKeys[] = {
     {KeyUp, 0, -1}, {KeyDown, 0, 1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}};
 
-struct Middle {
-    int32_t x, y;
-};
-
-Middle middleOf(const Widget& widget) {
-    const PixelRect place = widget.getBounds().currentRect();
-    return {place.x + place.width / 2, place.y + place.height / 2};
-}
-
-/// What the focus can reach, by rows from the top and within a row from the left.
-std::vector<Widget*> reachable(const Menu& menu) {
-    std::vector<Widget*> widgets;
-    for (const auto& [name, widget] : menu.getWidgets()) {
-        if (widget->canFocus())
-            widgets.push_back(widget.get());
-    }
-    std::stable_sort(widgets.begin(), widgets.end(), [](const Widget* a, const Widget* b) {
-        const Middle first = middleOf(*a);
-        const Middle second = middleOf(*b);
-        return first.y != second.y ? first.y < second.y : first.x < second.x;
-    });
-    return widgets;
-}
-
 /// The only widget besides "menuBack" that can be pressed; null if there are none or several.
 Widget* onlyWidget(const Menu& menu) {
-    std::vector<Widget*> widgets = reachable(menu);
+    std::vector<Widget*> widgets = focusOrder(menu);
     widgets.erase(std::remove(widgets.begin(), widgets.end(), menu.getWidget(BackWidget)),
                   widgets.end());
     return widgets.size() == 1 ? widgets.front() : nullptr;
 }
 
-} // namespace
-
-Widget* nextInOrder(const Menu& menu, const Widget* from, bool backwards) {
-    const std::vector<Widget*> widgets = reachable(menu);
-    if (widgets.empty())
-        return nullptr;
-    const auto found = std::find(widgets.begin(), widgets.end(), from);
-    if (found == widgets.end())
-        return backwards ? widgets.back() : widgets.front();
-    const auto index = static_cast<size_t>(found - widgets.begin());
-    const size_t step = backwards ? widgets.size() - 1 : 1;
-    return widgets[(index + step) % widgets.size()];
-}
-
-// The distance aside counts double, so that a column is walked before it is left.
-Widget* nextInDirection(const Menu& menu, const Widget* from, int32_t stepX, int32_t stepY) {
-    if (from == nullptr)
-        return nextInOrder(menu, nullptr, stepX + stepY < 0);
-    const Middle start = middleOf(*from);
-    Widget* best = nullptr;
-    int32_t bestDistance = 0;
-    for (Widget* widget : reachable(menu)) {
-        const Middle middle = middleOf(*widget);
-        const int32_t ahead = (middle.x - start.x) * stepX + (middle.y - start.y) * stepY;
-        const int32_t aside =
-            std::abs((middle.x - start.x) * stepY) + std::abs((middle.y - start.y) * stepX);
-        const int32_t distance = ahead + 2 * aside;
-        if (ahead > 0 && (best == nullptr || distance < bestDistance)) {
-            best = widget;
-            bestDistance = distance;
-        }
+/// The area that keys scroll: the widget's own, or else the first in reading order that can be
+/// used; null if there is none.
+ScrollingArea* areaFor(const Menu& menu, const Widget* widget) {
+    if (widget != nullptr && widget->getBounds().area != nullptr)
+        return widget->getBounds().area;
+    ScrollingArea* first = nullptr;
+    for (const auto& [name, element] : menu.getWidgets()) {
+        auto* area = dynamic_cast<ScrollingArea*>(element.get());
+        if (area == nullptr || !area->isActive() || !area->isVisible())
+            continue;
+        const PixelRect& rect = area->getBounds().rect;
+        if (first == nullptr || rect.y < first->getBounds().rect.y)
+            first = area;
     }
-    return best;
+    return first;
 }
+
+/// Where a key moves the focus from the widget, which may be null; null for nowhere.
+Widget* targetOf(const Menu& menu, const Widget* widget, const Key& key) {
+    for (const ArrowKey& arrow : ArrowKeys) {
+        if (key.symbol == arrow.symbol)
+            return nextInDirection(menu, widget, arrow.stepX, arrow.stepY);
+    }
+    if (key.symbol == KeyTab)
+        return nextInOrder(menu, widget, key.shift);
+    if (widget != nullptr && (key.symbol == KeyPageUp || key.symbol == KeyPageDown))
+        return nextPage(menu, *widget, key.symbol == KeyPageUp ? -1 : 1);
+    if (key.symbol == KeyHome || key.symbol == KeyEnd) {
+        const ScrollingArea* area = areaFor(menu, widget);
+        const bool isElsewhere =
+            area != nullptr && (widget == nullptr || widget->getBounds().area != area);
+        return isElsewhere ? nullptr : firstOrLast(menu, area, key.symbol == KeyEnd);
+    }
+    return nullptr;
+}
+
+/// What a key does to an area when the focus has nowhere to go.
+void scroll(ScrollingArea& area, const Key& key) {
+    const int32_t page = area.getBounds().rect.height;
+    if (key.symbol == KeyHome)
+        area.scrollToStart();
+    else if (key.symbol == KeyEnd)
+        area.scrollToEnd();
+    else if (key.symbol == KeyPageUp || key.symbol == KeyPageDown)
+        area.scrollBy(key.symbol == KeyPageUp ? -page : page);
+    else if (key.symbol == KeyUp || key.symbol == KeyDown)
+        area.scrollBy(key.symbol == KeyUp ? -LineStep : LineStep);
+}
+
+} // namespace
 
 void MenuFocus::takeKeys(Menu& menu, const std::vector<Key>& keys) {
     for (const Key& key : keys)
@@ -99,26 +93,27 @@ void MenuFocus::takeKey(Menu& menu, const Key& key) {
     if (widget != nullptr && key.symbol != KeyTab && key.symbol != KeyEscape &&
         key.symbol != KeyReturn && key.symbol != KeyEnter && widget->takeKey(key))
         return;
-    Widget* target = nullptr;
-    for (const ArrowKey& arrow : ArrowKeys) {
-        if (key.symbol == arrow.symbol)
-            target = nextInDirection(menu, widget, arrow.stepX, arrow.stepY);
-    }
-    if (key.symbol == KeyTab)
-        target = nextInOrder(menu, widget, key.shift);
-    if (target != nullptr)
+    if (const Widget* target = targetOf(menu, widget, key))
         give(menu, *target);
+    else if (ScrollingArea* area = areaFor(menu, widget))
+        scroll(*area, key);
     // A key that is held down hits once: the next screen must not be hit by its repetitions.
     if (!key.repeated)
         takeHitKey(menu, key);
 }
 
+// A row that the wheel has moved out of view is shown before it can be hit.
 void MenuFocus::takeHitKey(Menu& menu, const Key& key) {
     const bool isHit = key.symbol == KeyReturn || key.symbol == KeyEnter || key.symbol == KeySpace;
     const bool isEscape = key.symbol == KeyEscape;
-    if (isHit && menu.getWidget(name) != nullptr)
-        menu.hitWidget(name);
-    else if (isHit || (isEscape && !menu.hitWidget(BackWidget))) {
+    const Widget* widget = menu.getWidget(name);
+    if (isHit && widget != nullptr) {
+        const Bounds& bounds = widget->getBounds();
+        if (bounds.area == nullptr || bounds.area->isWhollyShown(bounds.rect))
+            menu.hitWidget(name);
+        else
+            bounds.area->show(bounds.rect);
+    } else if (isHit || (isEscape && !menu.hitWidget(BackWidget))) {
         if (const Widget* only = onlyWidget(menu))
             menu.hitWidget(only->getName());
     }
@@ -130,6 +125,9 @@ void MenuFocus::give(Menu& menu, const Widget& widget) {
     pointerX = Mouse::getX();
     pointerY = Mouse::getY();
     menu.getWidget(name)->setFocused(true);
+    const Bounds& bounds = widget.getBounds();
+    if (bounds.area != nullptr)
+        bounds.area->show(bounds.rect);
 }
 
 void MenuFocus::clear(Menu& menu) {

@@ -8,13 +8,16 @@
 namespace zel {
 
 class Menu;
+class ScrollingArea;
 class Widget;
 struct Key;
 
-/// The keyboard's way through a menu. Tab and the arrow keys move a focus from widget to widget,
-/// Enter and Space hit the one that has it, Escape hits "menuBack". Where there is nothing of the
-/// kind they hit the only widget besides "menuBack" that can be pressed. All of it ends in
-/// Menu::hitWidget, as the mouse does.
+/// The keyboard on a menu. Tab, the arrow keys, Home and End, and in a scrolling area page up and
+/// page down, move a focus from widget to widget; a row that is cut off scrolls into view. Where no
+/// widget can take the focus these keys scroll the menu's first area instead. Enter and Space hit
+/// the widget with the focus, Escape hits "menuBack". Without either they hit the only other widget
+/// that can be pressed, if there is exactly one. All hits go through Menu::hitWidget, as the
+/// mouse's do.
 class MenuFocus {
 public:
     /// Answers keys in the order in which they were typed.
@@ -22,9 +25,10 @@ public:
     /// Takes the focus from a widget that can't have it any more, and from any when the pointer
     /// has moved.
     void follow(Menu& menu);
-    /// Gives it to a widget that wants typed characters, when that is hit.
+    /// Gives the focus to a widget that wants typed characters, when that is hit.
     void takeHit(Menu& menu, Widget& widget);
     void clear(Menu& menu);
+    /// Name of the widget with the focus; empty for none.
     const String& getName() const { return name; }
 
 private:
@@ -32,13 +36,8 @@ private:
     void takeHitKey(Menu& menu, const Key& key);
     void give(Menu& menu, const Widget& widget);
 
-    String name; // of the widget; empty for none
-    int32_t pointerX = 0, pointerY = 0;
+    String name;                        // of the widget; empty for none
+    int32_t pointerX = 0, pointerY = 0; // design pixels, when the focus was given
 };
-
-/// Where the keyboard goes from a widget: to the next in reading order, or the nearest one in a
-/// direction. Null if there is nowhere to go; from null it goes to the first or last one.
-Widget* nextInOrder(const Menu& menu, const Widget* from, bool backwards);
-Widget* nextInDirection(const Menu& menu, const Widget* from, int32_t stepX, int32_t stepY);
 
 } // namespace zel

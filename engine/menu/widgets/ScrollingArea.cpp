@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "engine/window/Platform.h"
-
 namespace zel {
 
 namespace {
@@ -54,14 +52,18 @@ void ScrollingArea::drag(const Pointer& pointer) {
     pressed = pointer.isDown;
 }
 
-bool ScrollingArea::takeKey(const Key& key) {
-    if (key.symbol != KeyPageUp && key.symbol != KeyPageDown)
-        return false;
-    setOffset(offset + (key.symbol == KeyPageDown ? 1 : -1) * bounds.rect.height);
-    return true;
+void ScrollingArea::setOffset(int32_t newOffset) { offset = std::clamp(newOffset, 0, furthest); }
+
+void ScrollingArea::show(const PixelRect& element) {
+    const int32_t highest = bottomOf(element) - bottomOf(bounds.rect); // offsets between which all
+    const int32_t lowest = element.y - bounds.rect.y;                  // of it is shown
+    setOffset(std::min(std::max(offset, highest), lowest));
 }
 
-void ScrollingArea::setOffset(int32_t newOffset) { offset = std::clamp(newOffset, 0, furthest); }
+bool ScrollingArea::isWhollyShown(const PixelRect& element) const {
+    return element.y - offset >= bounds.rect.y &&
+           bottomOf(element) - offset <= bottomOf(bounds.rect);
+}
 
 void ScrollingArea::addElement(const PixelRect& element) {
     bottoms.insert(bottomOf(element));

@@ -1,44 +1,88 @@
 #include "engine/menu/widgets/TextInput.h"
 
+#include <algorithm>
+
 #include "engine/window/Platform.h"
 
 namespace zel {
 
 namespace {
 
-constexpr std::string_view Cursor = "_";
-constexpr int32_t MostCharacters = 128; // however wide the field
+constexpr std::string_view EndCursor = "_";    // behind the text
+constexpr std::string_view MiddleCursor = "|"; // within it, where it must not push letters far
+
+/// Whether the key's character can be typed: Windows-1252 knows more of them than Latin-1, which is
+/// what Key::printable tells.
+bool isTyped(const Key& key) {
+    constexpr uint8_t DeleteCode = 127;
+    const auto code = static_cast<uint8_t>(key.character);
+    return code >= ' ' && code != DeleteCode;
+}
 
 } // namespace
 
-void TextInput::setText(const String& newText) { typed = newText; }
+void TextInput::setText(const String& newText) {
+    typed = newText.left(lengthLimit);
+    cursor = typed.length();
+}
+
+void TextInput::setLengthLimit(int32_t count) {
+    lengthLimit = std::max(1, count);
+    setText(typed);
+}
+
+String TextInput::edited(int32_t start, int32_t count, const String& inserted) const {
+    return typed.left(start) + inserted + typed.right(typed.length() - start - count);
+}
 
 bool TextInput::takeKey(const Key& key) {
-    if (key.symbol == KeyBackspace) {
-        typed = typed.left(typed.length() - 1);
+    if (takeCursorKey(key.symbol))
+        return true;
+    if (key.symbol == KeyBackspace || key.symbol == KeyDelete) {
+        const int32_t start = key.symbol == KeyBackspace ? cursor - 1 : cursor;
+        if (start >= 0 && start < typed.length()) {
+            typed = edited(start, 1, {});
+            cursor = start;
+        }
         return true;
     }
-    if (key.symbol == KeyDelete) {
-        typed = String();
-        return true;
-    }
-    if (!key.printable || key.character == 0)
+    if (!isTyped(key))
         return false;
-    const String candidate = typed + String(key.character);
-    if (fits(candidate))
+    const String candidate = edited(cursor, 0, String(key.character));
+    if (fits(candidate)) {
         typed = candidate;
+        ++cursor;
+    }
+    return true;
+}
+
+bool TextInput::takeCursorKey(int32_t symbol) {
+    if (symbol == KeyLeft)
+        cursor = std::max(0, cursor - 1);
+    else if (symbol == KeyRight)
+        cursor = std::min(typed.length(), cursor + 1);
+    else if (symbol == KeyHome)
+        cursor = 0;
+    else if (symbol == KeyEnd)
+        cursor = typed.length();
+    else
+        return false;
     return true;
 }
 
 bool TextInput::fits(const String& candidate) const {
-    if (candidate.length() > MostCharacters)
+    if (candidate.length() > lengthLimit)
         return false;
-    const auto width = static_cast<float>(Text::widthOf(getFont(), candidate + Cursor));
+    const auto width = static_cast<float>(Text::widthOf(getFont(), candidate + EndCursor));
     return getFont() == nullptr || width <= getLabel().getRect().width;
 }
 
 void TextInput::render() {
-    showText(isFocused() ? typed + Cursor : typed);
+    const bool isAtEnd = cursor == typed.length();
+    if (!isFocused())
+        showText(typed);
+    else
+        showText(edited(cursor, 0, isAtEnd ? EndCursor : MiddleCursor));
     Widget::render();
 }
 

@@ -22,14 +22,6 @@ constexpr const char* LookNames[LookCount] = {"active", "inactive", "over", "dow
 
 bool isIdle() { return StatesMachine::getInstance().getPhase() == StatesMachine::Idle; }
 
-/// What both places hold; without width or height if there is nothing.
-PixelRect common(const PixelRect& a, const PixelRect& b) {
-    const int32_t x = std::max(a.x, b.x);
-    const int32_t y = std::max(a.y, b.y);
-    return {x, y, std::min(a.x + a.width, b.x + b.width) - x,
-            std::min(a.y + a.height, b.y + b.height) - y};
-}
-
 bool isSame(const PixelRect& a, const PixelRect& b) {
     return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
 }
@@ -57,12 +49,10 @@ void Widget::handlePointer(const Pointer& pointer) {
         Widget::reset();
         return;
     }
-    const PixelRect rect = bounds.currentRect();
-    const bool isInside =
-        isWithin(rect, pointer.x, pointer.y) && bounds.isShownAt(pointer.x, pointer.y);
-    const bool isNear = isWithin(rect, pointer.x, pointer.y, Slip);
+    const bool isInside = isWithin(bounds.shownRect(), pointer.x, pointer.y);
+    const bool isNear = isWithin(bounds.currentRect(), pointer.x, pointer.y, Slip);
     // A fast press and release can fall between two looks, and the pointer be gone by the second.
-    if (pointer.hasTapped && !pointer.isDown && !armed && isIdle() && wasTappedWithin(rect))
+    if (pointer.hasTapped && !pointer.isDown && !armed && isIdle() && wasTapped())
         performHit();
     const bool isDragged = bounds.area != nullptr && bounds.area->isDragged();
     if (isDragged || (!isInside && !(isNear && armed))) {
@@ -84,10 +74,9 @@ void Widget::handlePointer(const Pointer& pointer) {
         pressedElsewhere = false;
 }
 
-bool Widget::wasTappedWithin(PixelRect place) const {
-    if (bounds.area != nullptr)
-        place = common(place, bounds.area->getBounds().rect);
-    return Mouse::wasTapped(MenuButton, place.x, place.y, place.width, place.height);
+bool Widget::wasTapped() const {
+    const PixelRect shown = bounds.shownRect();
+    return Mouse::wasTapped(MenuButton, shown.x, shown.y, shown.width, shown.height);
 }
 
 void Widget::performHit() {

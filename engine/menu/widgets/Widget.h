@@ -57,7 +57,9 @@ public:
     void setFocused(bool isFocused) { focused = isFocused; }
     bool isFocused() const { return focused; }
     /// Whether the keyboard's focus can come to it: not to labels.
-    bool canFocus() const { return active && visible && (kind != "widget" || !transition.empty()); }
+    virtual bool canFocus() const {
+        return active && visible && (kind != "widget" || !transition.empty());
+    }
     bool isArmed() const { return armed; }
     bool isOver() const { return over; }
     bool wasHit() const { return hit; } // until reset()
@@ -96,7 +98,7 @@ protected:
     int32_t alpha = 255;
 
 private:
-    bool wasTappedWithin(PixelRect place) const;
+    bool wasTapped() const;
     void placeLabel();
     void drawImage(Canvas& canvas);
     void drawText(Canvas& canvas);

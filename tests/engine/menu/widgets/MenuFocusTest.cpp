@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/menu/widgets/ScrollingArea.h"
+#include "engine/menu/widgets/TextInput.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "tests/engine/menu/ScreenDriver.h"
@@ -128,6 +130,113 @@ TEST_F(MenuFocusTest, HitsTheOnlyWidgetThereIs) {
     driver.widget("a")->setActive(true);
     EXPECT_EQ(hitBy(KeyEscape), "");
     EXPECT_TRUE(driver.untilIdle("B")) << "but for Escape it comes first";
+}
+
+namespace {
+
+// An area from 100, 100 to 300, 200 whose five rows end at 300, and buttons around it. Names are
+// sorted, so the buttons' differ from their order.
+const std::string List = scriptOf({{"list", "scrollingarea", {100, 100, 200, 100}},
+                                   {"list.1", "button", {100, 100, 200, 40}},
+                                   {"list.2", "button", {100, 140, 200, 40}},
+                                   {"list.3", "button", {100, 180, 200, 40}},
+                                   {"list.4", "button", {100, 220, 200, 40}},
+                                   {"list.5", "button", {100, 260, 200, 40}},
+                                   {"zabove", "button", {100, 20, 200, 40}},
+                                   {"zaside", "button", {400, 100, 200, 40}},
+                                   {"zbelow", "button", {100, 230, 200, 40}}}) +
+                         "onhit list.1:\nsetlocalstring hit 1\n";
+
+class AreaFocusTest : public testing::Test {
+protected:
+    AreaFocusTest() : driver({{"A", List}}) {
+        driver.untilIdle("A");
+        driver.moveTo(10, 10);
+        driver.step();
+    }
+    ScrollingArea& area() { return dynamic_cast<ScrollingArea&>(*driver.widget("list")); }
+    /// Focus and offset after each key.
+    std::string keys(std::initializer_list<int32_t> symbols, bool shift = false) {
+        std::string way;
+        for (const int32_t symbol : symbols) {
+            driver.key(symbol, 0, shift);
+            const std::string name = driver.menu().getFocus().getName().c_str();
+            way += name + "@" + std::to_string(area().getOffset()) + " ";
+        }
+        return way;
+    }
+    ScreenDriver driver;
+};
+
+} // namespace
+
+TEST_F(AreaFocusTest, TabGoesThroughTheRowsAndShowsEach) {
+    EXPECT_EQ(keys({KeyTab, KeyTab, KeyTab, KeyTab, KeyTab, KeyTab, KeyTab, KeyTab, KeyTab}),
+              "zabove@0 list.1@0 list.2@0 list.3@20 list.4@60 list.5@100 zaside@100 zbelow@100 "
+              "zabove@100 ");
+    EXPECT_EQ(keys({KeyTab, KeyTab, KeyTab, KeyTab}, true),
+              "zbelow@100 zaside@100 list.5@100 list.4@100 ");
+    EXPECT_EQ(keys({KeyTab}, true), "list.3@80 ") << "no further than it takes";
+}
+
+TEST_F(AreaFocusTest, ArrowsStayInTheAreaAndComeToWhatIsSeen) {
+    EXPECT_EQ(keys({KeyTab, KeyDown, KeyDown, KeyDown, KeyDown, KeyDown, KeyDown, KeyUp}),
+              "zabove@0 list.1@0 list.2@0 list.3@20 list.4@60 list.5@100 zbelow@100 list.5@100 ");
+    EXPECT_EQ(keys({KeyUp, KeyUp, KeyUp, KeyRight, KeyLeft}),
+              "list.4@100 list.3@80 list.2@40 zaside@40 list.2@40 ");
+}
+
+TEST_F(AreaFocusTest, PageKeysHomeAndEndMoveTheFocusOrTheArea) {
+    EXPECT_EQ(keys({KeyPageDown, KeyEnd, KeyHome, KeyEnd, KeyPageUp}), "@100 @100 @0 @100 @0 ")
+        << "nothing has the focus: they scroll";
+    EXPECT_EQ(keys({KeyTab, KeyTab, KeyPageDown, KeyPageDown, KeyPageUp}),
+              "zabove@0 list.1@0 list.3@20 list.5@100 list.3@80 ");
+    EXPECT_EQ(keys({KeyEnd, KeyHome}), "list.5@100 list.1@0 ");
+    driver.menu().removeWidget("list");
+    driver.key(KeyEnd);
+    EXPECT_EQ(driver.menu().getFocus().getName(), "list.5") << "the lowest one of the screen";
+    driver.key(KeyHome);
+    EXPECT_EQ(driver.menu().getFocus().getName(), "zabove");
+}
+
+TEST_F(AreaFocusTest, ShowsARowBeforeItHitsIt) {
+    keys({KeyTab, KeyTab});
+    area().setOffset(30);
+    EXPECT_EQ(keys({KeyReturn}), "list.1@0 ");
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "");
+    keys({KeyReturn});
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "1");
+}
+
+TEST_F(MenuFocusTest, EditsTheTextOfAField) {
+    driver.press("name");
+    const auto type = [this](uint16_t unicode) {
+        for (const bool down : {true, false})
+            Platform::getInstance().handleEvent(keyEvent(SDLK_UNKNOWN, unicode, down));
+        driver.step();
+    };
+    for (const uint16_t letter : {0x20AC, 0x201E, 0x0160, 0x00FC, 0x0141, 0x007F})
+        type(letter);
+    EXPECT_EQ(driver.text("name"), "\x80\x84\x8A\xFC") << "all that Windows-1252 has";
+    driver.widget("name")->setText("abc");
+    driver.key(KeyHome);
+    type('x');
+    driver.key(KeyRight);
+    driver.key(KeyDelete);
+    EXPECT_EQ(driver.text("name"), "xac");
+    driver.key(KeyLeft);
+    driver.key(KeyBackspace, 8);
+    driver.key(KeyEnd);
+    type('d');
+    driver.key(KeyDelete);
+    EXPECT_EQ(driver.text("name"), "acd");
+    EXPECT_EQ(focus(), "name") << "none of these keys leaves it";
+    auto& field = dynamic_cast<TextInput&>(*driver.widget("name"));
+    field.setLengthLimit(2);
+    type('e');
+    EXPECT_EQ(driver.text("name"), "ac");
+    field.setText("xyz");
+    EXPECT_EQ(driver.text("name"), "xy");
 }
 
 TEST_F(MenuFocusTest, TypesIntoAField) {
