@@ -1,0 +1,72 @@
+#!/usr/bin/env python3
+"""Runs the benchmark report several times and prints the least, median and largest value of each line.
+
+usage: spread.py [--runs N] [--load N] -- COMMAND...
+
+COMMAND is one run of the report. With --load, that many processes keep the processor busy all the
+while. The exit code is 1 if a run broke a limit or failed.
+"""
+import argparse
+import re
+import statistics
+import subprocess
+import sys
+
+# The lines of RatioReport and start_bench: a ratio after two times, or a value with its unit.
+NAME = r"^(?P<name>\S.{33}) +"
+END = r"(?: {2}BROKEN)?$"
+RATIO = re.compile(NAME + r"[\d.]+ [mu]s +[\d.]+ [mu]s +(?P<value>[\d.]+)(?: +(?P<limit>[\d.]+))?" + END)
+VALUE = re.compile(NAME + r"(?P<value>[\d.]+) (?P<unit>[a-zA-Z ]+?) +(?P<limit>[\d.]+)(?: ?[a-zA-Z]+)?" + END)
+
+
+def values_of(report):
+    """Name to (value, unit, limit) for each line of a report that holds one."""
+    found = {}
+    for line in report.splitlines():
+        match = RATIO.match(line) or VALUE.match(line)
+        if match:
+            parts = match.groupdict()
+            found[parts["name"].strip()] = (float(parts["value"]), parts.get("unit") or "", parts["limit"] or "")
+    return found
+
+
+def run_all(command, runs):
+    """The values of all runs by line, and whether every run kept its limits."""
+    lines = {}
+    passed = True
+    for number in range(1, runs + 1):
+        print(f"run {number} of {runs}", file=sys.stderr)
+        result = subprocess.run(command, stdout=subprocess.PIPE, text=True, check=False)
+        passed = passed and result.returncode == 0
+        for name, (value, unit, limit) in values_of(result.stdout).items():
+            lines.setdefault(name, (unit, limit, []))[2].append(value)
+    return lines, passed
+
+
+def print_table(lines):
+    print("| Line | At most | Least | Median | Largest |")
+    print("|---|---|---|---|---|")
+    for name, (unit, limit, values) in lines.items():
+        cells = (f"{value:g}{' ' + unit if unit else ''}"
+                 for value in (min(values), statistics.median(values), max(values)))
+        print(f"| {name} | {limit} | " + " | ".join(cells) + " |")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--runs", type=int, default=5)
+    parser.add_argument("--load", type=int, default=0)
+    parser.add_argument("command", nargs="+")
+    options = parser.parse_args()
+    busy = [subprocess.Popen([sys.executable, "-c", "while True: pass"]) for _ in range(options.load)]
+    try:
+        lines, passed = run_all(options.command, options.runs)
+    finally:
+        for process in busy:
+            process.kill()
+    print_table(lines)
+    return 0 if passed and lines else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
