@@ -104,10 +104,11 @@ TEST_F(CareerScreens, FlyWhatIsSwitchedOn) {
     EXPECT_EQ(driver.text("menuButton4"), "Skip Mission (no flyable plane available)");
     ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport")) << "there is no flight to finish";
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
-    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain "
-                            "menuButton3>MenuConfiguration menuButton2>MenuConfigurationPlanes1 "
-                            "item1 item2 menuBack>MenuConfiguration menuBack>MenuMain "
-                            "menuButton2>MenuGameMain menuButton1>MenuGameStartMission"));
+    ASSERT_TRUE(
+        driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameMain menuBack>MenuMain "
+                    "menuButton3>MenuConfiguration menuButton2>MenuConfigurationPlanes1 "
+                    "item1 item2 menuBack>MenuConfiguration menuBack>MenuMain "
+                    "menuButton2>MenuGameMain menuButton1>MenuGameStartMission"));
     EXPECT_EQ(driver.text("menuButton4"), "Start Mission");
     EXPECT_TRUE(driver.text("line3").find("(Airco DH2)") != std::string::npos ||
                 driver.text("line3").find("(Nieuport 11)") != std::string::npos)
