@@ -81,17 +81,31 @@ def functions(lines):
 
 def sizes(path, lines):
     """Yields a finding for each file or function that is too long."""
-    if len(lines) > MOST_LINES_OF_A_FILE:
+    if len(lines) > MOST_LINES_OF_A_FILE and path not in TOO_LONG:
         yield 1, f"{len(lines)} lines, more than {MOST_LINES_OF_A_FILE}"
     for start, length in functions(lines):
         if length > MOST_LINES_OF_A_FUNCTION:
             yield start, f"a function of {length} lines, more than {MOST_LINES_OF_A_FUNCTION}"
 
 
+# Operations of a class whose header is another's: each is to become functions with a header of their
+# own, or a class. Nothing may be added here.
+PARTS_OF_CLASSES = (
+    "app/career/DatabaseFiles.cpp", "app/career/DatabaseHistory.cpp", "app/career/DatabaseSave.cpp",
+    "app/mission/MissionPlanning.cpp", "app/mission/MissionTemplate.cpp",
+    "app/mission/MissionWriter.cpp", "app/mission/PlaneEmission.cpp", "app/screens/ZelApp.cpp",
+    "engine/graphics/ImageDrawing.cpp", "engine/menu/HandledMenuVariables.cpp",
+    "engine/menu/script/LayoutCommands.cpp", "engine/menu/script/MenuCommands.cpp",
+    "engine/menu/script/ThemeCommands.cpp", "engine/window/ZelLoopFlags.cpp",
+)
+# Files to be split. Nothing may be added here.
+TOO_LONG = ("engine/menu/Menu.cpp", "engine/window/StatesMachine.cpp")
+
+
 def own_header(path, paths):
     """Yields a finding for a source of a library or program that has no header of its name."""
     # The two sides of the one seam between systems share engine/core/System.h.
-    alone = ("main.cpp", "SystemPosix.cpp", "SystemWindows.cpp")
+    alone = ("main.cpp", "SystemPosix.cpp", "SystemWindows.cpp", *PARTS_OF_CLASSES)
     if (path.startswith(("engine/", "app/", "standin/", "tools/")) and path.endswith(".cpp") and
             not path.endswith(alone) and path[:-4] + ".h" not in paths):
         yield 1, "has no header of its name"
