@@ -10,6 +10,7 @@ struct SwitchForms {
 // clang-format off
 namespace wording {
 
+inline constexpr Wording MovedOn         {1102, "The war has moved on to $1."}; // the date
 inline constexpr SwitchForms Sound       {{1404, "Sound: On"}, {1405, "Sound: Off"}};
 inline constexpr SwitchForms FullScreen  {{1406, "Full screen: On"}, {1407, "Full screen: Off"}};
 inline constexpr SwitchForms WesternFront{{1510, "Western Front: On"}, {1511, "Western Front: Off"}};
