@@ -30,8 +30,8 @@ zel::String missionButtonText(const Database& career);
 zel::String baseText(const Database& career);
 /// The name of the player's squadron; empty for one that has none.
 zel::String squadronText(const Database& career);
-/// "Name: victories 7, missions 23"; with the index of the pilot whose place he took, "Name is
-/// dead. His place is taken by Name: victories 0, missions 0". -1 for nobody.
+/// "Name: victories 7, missions 23"; with the index of the pilot whose place he took, "Name,
+/// successor to Name: ...". -1 for nobody.
 zel::String playerText(const Database& career, int32_t predecessor = -1);
 
 /// "Name (you!): 12" for each pilot of the player's squadron, best first, at most that many.

@@ -2,8 +2,8 @@
 
 namespace zel {
 
-/// Work that is cut into steps and done one step a frame, so that no frame waits for all of it. The
-/// state machine takes the steps; see StatesMachine::setBackgroundWork.
+/// Work done in steps, one a frame, so that no frame waits for all of it. The state machine takes
+/// the steps; see StatesMachine::setBackgroundWork.
 class BackgroundWork {
 public:
     virtual ~BackgroundWork() = default;

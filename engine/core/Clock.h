@@ -4,15 +4,15 @@
 
 namespace zel {
 
-/// A moment of the player's own clock, in his time zone.
+/// The time of the player's clock, in the local time zone.
 struct WallTime {
     int32_t year, month, day; // month 1 to 12, day from 1
     int32_t hour, minute, second;
 };
 
-/// The one place from which the program takes the time. A test replaces the source and thereby
-/// holds time still. Only the progress line of a terminal (tools/career/Progress.cpp) asks the
-/// system itself: it has to move on while the clock is held still.
+/// The only source of time in the program. A test replaces it and so stops the clock. Only the
+/// progress line of a terminal (tools/career/Progress.cpp) asks the system itself: it has to move
+/// on while the clock is stopped.
 ///
 /// Milliseconds since the program started.
 uint32_t ticks();

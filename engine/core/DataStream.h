@@ -4,11 +4,11 @@
 
 namespace zel {
 
-/// Bytes that can be read: a file, or a piece of one in memory.
+/// Bytes that can be read, of a file or of memory.
 class DataStream {
 public:
     virtual ~DataStream() = default;
-    /// Size of the buffer that holds the content, in bytes; 0 if none is held.
+    /// Size in bytes of the buffer that holds the content; 0 without one.
     virtual int32_t bufferSize() const = 0;
 };
 

@@ -26,7 +26,7 @@ bool fitsPattern(std::string_view name, std::string_view pattern) {
         return true;
     size_t n = 0;
     size_t p = 0;
-    size_t star = pattern.npos; // place of the last star met, and of the name where its run ends
+    size_t star = pattern.npos; // position of the last star, and in the name where its run ends
     size_t runEnd = 0;
     while (n < name.size()) {
         if (p < pattern.size() && pattern[p] == '*') {

@@ -15,41 +15,41 @@ enum FileMode : int32_t { FileRead = 0, FileWrite = 1, FileUpdate = 2, FileAppen
 
 /// A file as binary blocks and as lines of text.
 ///
-/// Only regular files open. A name may be written with backslashes on every system. Errors set
-/// hasFailed(), which stays set until the object dies; a caller looks at it once at the end.
+/// Only regular files open. A name may contain backslashes on every system. Errors set hasFailed(),
+/// which stays set for the life of the object; a caller checks it once at the end.
 class File : public DataStream {
 public:
     /// Opens the file in one of the modes above.
     File(const String& name, int32_t mode);
     ~File() override = default;
 
-    /// One block of `count` bytes. False, and hasFailed(), if it doesn't go through whole. A read
-    /// past the end leaves the block as it was.
+    /// One block of `count` bytes. False, and hasFailed(), unless all of it goes through. A read
+    /// past the end leaves the block unchanged.
     bool write(const void* block, int32_t count);
     bool read(void* block, int32_t count);
     /// whence: 0 from the start, 1 from here, 2 from the end.
     bool seek(int32_t offset, int32_t whence);
-    /// Flushes and closes; a write that only fails now sets hasFailed() too.
+    /// Flushes and closes; a write that fails only now also sets hasFailed().
     void close();
 
     bool isOpen() const { return stream != nullptr; }
     bool hasFailed() const { return failed; }
-    bool atEnd() const { return position >= size; }
-    int32_t fileSize() const { return size; }
+    bool atEnd() const { return position >= size; } // of blocks: everything has been read
+    int32_t fileSize() const { return size; }       // bytes, when it was opened
     int32_t bufferSize() const override { return static_cast<int32_t>(filled); }
 
     /// Finds the next line; false at the end of the file. A line ends at a carriage return, a line
-    /// feed or the end of the file; runs of these two and of zero bytes in front of a line are
-    /// skipped, so that no line is empty. A byte order mark in front of the first is skipped.
+    /// feed or the end of the file. These two and zero bytes are skipped before a line, so no line
+    /// is empty. A byte order mark before the first line is skipped.
     bool hasLine();
-    /// The line that hasLine() found, without its end.
+    /// The line that hasLine() found, without its line end.
     String getLine() const { return String(lineView()); }
     /// The same without a copy; valid until the next hasLine().
     std::string_view lineView() const;
-    /// Number of that line in the file, as an editor counts: from 1, empty lines included.
+    /// Number of that line in the file as an editor counts: from 1, empty lines included.
     int32_t lineNumber() const { return physicalLine; }
 
-    /// The rest of the file from the start on, read at once. False if it can't be read.
+    /// The whole file, read at once. False if it can't be read.
     bool readWhole(std::string& content);
 
     /// Whether the file opens for reading.
@@ -69,24 +69,24 @@ private:
     int32_t size = 0;
     bool failed = false;
 
-    // For lines: the part of the file that is being read, which moves on as lines are taken.
+    // For lines: a window of the file, which moves on as lines are taken.
     std::vector<char> buffer;
-    size_t filled = 0;       // bytes of it that are in use
-    size_t readPosition = 0; // where the next line is looked for
-    size_t lineStart = 0;    // of the present line, and its end
+    size_t filled = 0;       // bytes of it in use
+    size_t readPosition = 0; // where the search for the next line begins
+    size_t lineStart = 0;    // of the current line, and its end
     size_t lineEnd = 0;
     size_t nextFeed = Unknown; // the next line feed in the buffer, or its end
     bool readsLines = false;
-    bool afterReturn = false; // a line feed now belongs to the carriage return before it
+    bool afterReturn = false; // a line feed here belongs to the carriage return before it
     int32_t physicalLine = 1;
 };
 
-/// Reads a file of at most that many bytes. False, with nothing of use in `content`, if it is
-/// missing or longer or can't be read.
+/// Reads a file of at most `most` bytes. False, with `content` undefined, if it is missing or
+/// longer or can't be read.
 [[nodiscard]] bool readFile(const String& name, int32_t most, std::string& content);
 
-/// Writes the file whole beside its final name, flushes and checks it, and renames it over the old
-/// one, which stays behind under its name with `backupEnding`. False leaves the old file as it was.
+/// Writes the file whole under a temporary name, flushes and checks it, and renames it over the old
+/// file, which is kept under its name with `backupEnding`. False leaves the old file as it was.
 [[nodiscard]] bool replaceFileSafely(const String& name, std::string_view content,
                                      const char* backupEnding = ".bak");
 

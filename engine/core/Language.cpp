@@ -15,7 +15,7 @@ constexpr int32_t MaxFileSize = 1 << 24; // bytes
 constexpr const char* Preference = "_Language";
 constexpr const char* LastResort = "en";
 
-/// A code names a file of the language folder and nothing else.
+/// Whether a code names a file of the language folder and nothing else.
 bool isPlainName(std::string_view name) {
     return !name.empty() && name.find_first_of("/\\:") == name.npos && name != "..";
 }

@@ -13,14 +13,14 @@ class Language {
 public:
     virtual ~Language() = default;
 
-    /// Code of the user's language by "Language/langcodes.dat"; empty if that names it not.
+    /// Code of the user's language by "Language/langcodes.dat"; empty if the file doesn't list it.
     static String getSystemLanguage();
-    /// Takes the texts of "Language/CODE.txt" in place of those that are there. False, and nothing
-    /// changed, if there is no such file or the code isn't a plain name.
+    /// Replaces the texts by those of "Language/CODE.txt". False, with nothing changed, if there is
+    /// no such file or the code isn't a plain name.
     [[nodiscard]] static bool load(const String& newCode);
-    /// The same, and logs the outcome.
+    /// The same, and logs the result.
     static bool setLanguage(const String& newCode);
-    /// Chooses a language: the user's, that of the preference "_Language", "en"; the first whose
+    /// Chooses a language: the user's, then the preference "_Language", then "en"; the first whose
     /// file can be read. Runs once, until reset().
     static void init();
     /// The text of a number, with the first "$1" replaced by a1, and so on up to "$8". Chooses a
@@ -32,7 +32,7 @@ public:
     static const String* find(int32_t number);
     /// Code of the language in use; empty if there is none.
     static const String& getCode() { return code; }
-    /// As at the program's start.
+    /// Back to the state at the program's start.
     static void reset();
 
 private:
@@ -41,13 +41,13 @@ private:
     static bool initialised;
 };
 
-/// Reads a language file's text: lines "NUMBER: TEXT", of two with one number the later one. The
-/// characters `\` and `n` in a text are a line feed.
+/// Reads a language file's text: lines "NUMBER: TEXT"; of two lines with one number the later one
+/// counts. The characters `\` and `n` in a text become a line feed.
 std::map<int32_t, String> parseLanguage(std::string_view text);
 /// The text with every "$1" replaced by the first argument, and so on up to "$8". A mark without an
 /// argument vanishes; marks within an argument stay.
 String fillMarks(std::string_view text, const std::vector<String>& arguments);
-/// The code in langcodes.dat for a locale identifier in decimal; empty if no line has it.
+/// The code in langcodes.dat for a locale identifier in decimal; empty if no line lists it.
 String findLanguageCode(std::string_view langcodes, std::string_view identifier);
 
 } // namespace zel

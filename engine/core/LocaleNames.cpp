@@ -11,7 +11,7 @@ struct LocaleName {
 };
 
 // The languages of Europe and the larger ones elsewhere, from Microsoft's list of language
-// identifiers ([MS-LCID]). The first row of a language is the one without a known country.
+// identifiers ([MS-LCID]). The first row of a language is for unknown countries.
 // clang-format off
 constexpr LocaleName LocaleNames[] = {
     {"bg", "BG", 1026}, {"ca", "ES", 1027}, {"cs", "CZ", 1029}, {"da", "DK", 1030},

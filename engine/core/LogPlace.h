@@ -6,8 +6,8 @@
 
 namespace zel {
 
-/// The line of a data file that is being read, for as long as the object lives: whoever takes the
-/// log (setLogSink) learns from it what a log line is about. Places nest; the innermost counts.
+/// The line of a data file that is being read, for as long as the object lives: a log sink
+/// (setLogSink) asks it what a log line is about. Places nest; the innermost counts.
 class LogPlace {
 public:
     /// line as an editor counts, from 1. The file's name must outlive the place.

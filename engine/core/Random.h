@@ -22,8 +22,8 @@ public:
     Random(const Random&) = default;
     Random& operator=(const Random&) = default;
 
-    /// 0 stands for a fresh seed: the ticks of the clock plus a static number, which is then
-    /// replaced by a draw, so that two generators of one millisecond differ.
+    /// 0 means a fresh seed: the ticks of the clock plus a static number, which is then replaced by
+    /// a draw, so that two generators of the same millisecond differ.
     void seed(uint32_t value);
 
     /// The next 32-bit value of the published sequence.
@@ -32,42 +32,43 @@ public:
             makeBlock();
         return block[index++];
     }
-    /// a to b, both included; exchanged when a is the greater.
+    /// a to b inclusive; the bounds are exchanged if a is greater.
     int32_t getInt(int32_t a, int32_t b) {
         if (a > b)
             std::swap(a, b);
         const uint32_t range = static_cast<uint32_t>(b) - static_cast<uint32_t>(a) + 1;
         const uint32_t value = next();
-        // A range of 0 is the whole of int32.
+        // A range of 0 means all of int32.
         return static_cast<int32_t>((range != 0 ? value % range : value) +
                                     static_cast<uint32_t>(a));
     }
-    /// getInt(0, Most), with a division that is settled when the program is compiled.
+    /// getInt(0, Most) with a division that the compiler resolves.
     template <uint32_t Most> int32_t getIntUpTo() {
         return static_cast<int32_t>(next() % (Most + 1));
     }
     bool getBool() { return getInt(0, 1) == 1; }
-    /// 0 to 1, both included: the largest draws round up to 1.
+    /// 0 to 1 inclusive: the largest draws round up to 1.
     float getFloat() { return static_cast<float>(next()) * 0x1p-32F; }
     float getFloat(float a, float b) { return getFloat() * (b - a) + a; }
 
-    /// The next `count` values, ready but not taken yet, for hot code that takes some of them and
-    /// then says how many with skip(). Null when the present block holds fewer.
+    /// The next `count` values without taking them, for hot code that takes some of them and then
+    /// reports how many with skip(). Null if the current block holds fewer.
     const uint32_t* ahead(uint32_t count) const {
         return BlockSize - index >= count ? block.data() + index : nullptr;
     }
+    /// Takes `count` of the values that ahead() showed.
     void skip(uint32_t count) { index += count; }
     /// Takes that many values and drops them.
     void discard(uint32_t count);
     /// How many values are left of the present block.
     uint32_t ready() const { return BlockSize - index; }
 
-    /// Pins what a seed of 0 starts from; together with the clock's tick source it makes a whole
-    /// run reproducible. Unset, it comes from the system's entropy at the first use.
+    /// Sets the static number that a seed of 0 starts from; together with the clock's tick source
+    /// it makes a whole run reproducible. Unset, it comes from the system's entropy at first use.
     static void setStaticNumber(uint32_t number);
 
     /// How many values all generators of the program have made so far, in whole blocks of 624: for
-    /// measuring, at no cost to a draw.
+    /// measurements, at no cost per draw.
     static uint64_t valuesMade();
 
 private:
@@ -75,7 +76,7 @@ private:
     void makeBlock();
 
     std::array<uint32_t, BlockSize> state{};
-    std::array<uint32_t, BlockSize> block{}; // the values made of the state
+    std::array<uint32_t, BlockSize> block{}; // values made from the state
     uint32_t index = BlockSize;              // of the next value; BlockSize when a new block is due
 };
 
@@ -84,7 +85,7 @@ Random& sharedRandom();
 /// Draws of the shared generator. `random` exchanges its bounds like getInt.
 int32_t random(int32_t a, int32_t b);
 float randomFloat(float a, float b);
-/// Seeds the shared generator anew, for tests and pinned runs.
+/// Seeds the shared generator again, for tests and reproducible runs.
 void seedSharedRandom(uint32_t value);
 
 } // namespace zel

@@ -18,7 +18,7 @@ struct RegistryState {
     std::map<String, String> values; // in the order of the keys' bytes, as in the file
     bool loaded = false;
     bool deferSave = false;
-    String damagedFile; // the one that was read last, if it was not whole
+    String damagedFile; // the file read last, if it was not whole
 };
 
 RegistryState& registryState() {
@@ -36,7 +36,7 @@ void appendText(std::string& content, const String& text) {
     content += '\0';
 }
 
-/// Takes one text off the front. False, taking nothing, if the length doesn't fit what is left.
+/// Takes one text off the front. False, taking nothing, if the length exceeds the rest.
 bool takeText(std::string_view& content, String& text) {
     if (content.size() < 4)
         return false;
@@ -50,7 +50,7 @@ bool takeText(std::string_view& content, String& text) {
     return true;
 }
 
-/// Puts the entries of a file's content into the values. False if they end within one.
+/// Adds the entries of a file's content to the values. False if the content ends within one.
 bool takeEntries(std::string_view content, std::map<String, String>& values) {
     while (!content.empty()) {
         String key;
@@ -112,7 +112,7 @@ void Registry::save() {
         appendText(content, key);
         appendText(content, value);
     }
-    // A damaged file doesn't push the last whole one out of its place as ".bak".
+    // A damaged file doesn't replace the last whole one as ".bak".
     const String name = preferencesFile();
     String& damaged = registryState().damagedFile;
     const bool replacesDamaged = !damaged.empty() && damaged == name;

@@ -14,14 +14,15 @@ enum class ShutdownStep : int32_t {
     Count
 };
 
-/// A part tells what ends it, once it has something to end: the loop knows none of them by name.
-/// The call must be harmless when there is nothing left.
+/// Registers what ends a part, once it has something to end: the loop knows none of them by name.
+/// The call must be harmless when nothing is left.
 void setShutdownStep(ShutdownStep step, void (*call)());
-/// Makes all calls that were set, in order. They stay set: the next loop in the same process ends
-/// the same way.
+/// Makes all registered calls in order. They stay registered: the next loop of the process ends the
+/// same way.
 void runShutdownSteps();
 
-/// What those parts do while the application is suspended, and when it goes on; set like the above.
+/// What the parts do when the application is suspended and when it resumes; registered like the
+/// above.
 void setSuspendStep(ShutdownStep step, void (*suspend)(), void (*resume)());
 void runSuspendSteps();
 void runResumeSteps();

@@ -10,14 +10,14 @@
 
 namespace zel {
 
-/// For the operations below that take every kind of text as it is: String, std::string, literals.
+/// For the operations below that take any kind of text: String, std::string, literals.
 template <typename T>
 using IfText = std::enable_if_t<std::is_convertible_v<const T&, std::string_view>>;
 
 /// The engine's text: bytes of Windows-1252, compared, cut and lowered as bytes.
 ///
-/// A second text rides along with the first and is copied with it; it takes no part in
-/// comparing, joining or cutting.
+/// A second text is stored beside the first and copied with it; it takes no part in comparing,
+/// joining or cutting.
 class String {
 public:
     String() = default;
@@ -56,11 +56,11 @@ public:
         return result;
     }
 
-    // A single character would join as the number of its code: String('c') is what is meant.
+    // A single character would be joined as a number: write String('c').
     String& operator+=(char) = delete;
     friend String operator+(const String&, char) = delete;
 
-    /// By the bytes over the shorter length, then the shorter text is the lower one.
+    /// Compares bytes over the shorter length; on a tie the shorter text is lower.
     template <typename T, typename = IfText<T>>
     friend bool operator==(const String& a, const T& b) {
         return a.view().compare(b) == 0;
@@ -73,15 +73,15 @@ public:
         return a.view().compare(b) < 0;
     }
 
-    /// The C library's atoi, stopped at the ends of the number's range: leading blanks, a sign,
-    /// digits; 0 if there are none.
+    /// The C library's atoi, clamped to the range of the result: leading blanks, a sign, digits; 0
+    /// without digits.
     int32_t toInt() const;
-    /// A copy with A to Z lowered; bytes above 127 stay, whatever the system's locale.
+    /// A copy with A to Z lowered; bytes above 127 stay, in any locale.
     String toLower() const;
     /// A copy without that character at both ends.
     String trim(char character) const;
-    /// Fills `result` with the parts between the delimiters. Adjacent delimiters give empty parts,
-    /// a text without one gives one part, an empty delimiter cuts nothing.
+    /// Fills `result` with the parts between the delimiters. Adjacent delimiters give empty parts;
+    /// a text without one gives one part; an empty delimiter doesn't split.
     void split(std::string_view delimiter, std::vector<String>& result) const;
     String left(int32_t count) const;  // the first characters; all of them if there are fewer
     String right(int32_t count) const; // the last characters
@@ -98,14 +98,14 @@ public:
 
 private:
     std::string text;
-    // Hardly any text has one, and there are a hundred thousand texts in a long log.
+    // Few texts have one, and a long log has a hundred thousand texts.
     std::unique_ptr<std::string> companion;
 
     std::unique_ptr<std::string> copyOfCompanion() const;
     static const std::string& none();
 };
 
-/// The same operations on a part of a text, without a copy. `lower` touches A to Z alone.
+/// The same operations on a view, without a copy. `lower` changes only A to Z.
 char lower(char character);
 bool equalsNoCase(std::string_view a, std::string_view b);
 inline std::string_view trimmed(std::string_view text, char character) {
@@ -117,12 +117,11 @@ inline std::string_view trimmed(std::string_view text, char character) {
 }
 /// What String::toInt gives.
 int32_t toInt(std::string_view text);
-/// Leading blanks, sign, digits, point and exponent, on every system alike; 0 if there is no
-/// number.
+/// Leading blanks, sign, digits, point and exponent, the same on every system; 0 without a number.
 float toFloat(std::string_view text);
 /// Six significant digits and no forced point: 213679, 1050.25, 1e+06. The same on every system.
 String formatFloat(float value);
-/// The text of a fixed array, up to its first zero byte or its end.
+/// The text in a fixed array, up to its first zero byte or its end.
 std::string_view arrayText(const char* array, size_t size);
 template <size_t Size> std::string_view arrayText(const char (&array)[Size]) {
     return arrayText(array, Size);

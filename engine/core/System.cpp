@@ -4,7 +4,7 @@ namespace zel {
 
 String findRunDirectory() {
     const String program = system::executableDirectory();
-    // "." is there also where the current folder's path can't be named.
+    // "." works even where the current folder's path can't be named.
     const String candidates[] = {system::currentDirectory(), ".", program, program + "\\..\\run",
                                  program + "\\..\\share\\wingtally"};
     for (const String& candidate : candidates)

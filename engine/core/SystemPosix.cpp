@@ -31,7 +31,7 @@ bool exists(const std::string& path) {
     return stat(path.c_str(), &status) == 0;
 }
 
-/// The entry of `folder` that differs from `name` in case alone, the first by its bytes; `name`
+/// The entry of `folder` that differs from `name` only in case, the first by its bytes; `name`
 /// itself if there is none.
 std::string foundNoCase(const std::string& folder, const std::string& name) {
     std::string found;
@@ -45,7 +45,7 @@ std::string foundNoCase(const std::string& folder, const std::string& name) {
     return found.empty() ? name : found;
 }
 
-/// The path as the system knows it. What doesn't exist stays as it was written.
+/// The path as the system knows it. Components that don't exist stay as written.
 std::string nativePath(const String& path) {
     std::string wanted = withSlashes(path);
     if (exists(wanted))
@@ -91,7 +91,7 @@ uint32_t entropy() { return std::random_device{}(); }
 void sleepMilliseconds(uint32_t milliseconds) {
     const timespec duration{static_cast<time_t>(milliseconds / 1000),
                             static_cast<long>(milliseconds % 1000) * 1000000};
-    nanosleep(&duration, nullptr); // a signal may end it early, which is what an interrupt wants
+    nanosleep(&duration, nullptr); // a signal may end it early, as an interrupt should
 }
 
 String environment(const char* name) { return String(std::getenv(name)); }
@@ -240,9 +240,8 @@ bool replaceFileKeeping(const String& from, const String& to, const String& back
     if (!exists(present))
         return replaceFile(from, to);
     if (!fileStatus(to).exists)
-        return false; // a folder stays where it is
-    // The old backup goes only when the new one is there. Not every file system has links; one that
-    // hasn't gets by with a rename.
+        return false; // a folder is never moved
+    // The old backup is removed only when the new one exists. A file system without links renames.
     const std::string kept = nativePath(backup);
     const std::string draft = kept + ".tmp";
     unlink(draft.c_str());
@@ -276,14 +275,14 @@ bool hasTerminals() { return true; }
 
 Extent roomForWindow(Extent desktop) {
     if (environment("XDG_CURRENT_DESKTOP").empty())
-        return desktop;                  // nobody draws frames and bars
+        return desktop;                  // a bare display has no frames and bars
     constexpr int32_t FrameAndBars = 96; // rows
     return {desktop.width, std::max(0, desktop.height - FrameAndBars)};
 }
 
-// Without a shell, so that nothing in an address is more than an address.
+// Without a shell, so that nothing in an address is executed.
 bool openBrowser(const String& address) {
-    static pid_t last = 0; // the helper ends by itself; it is only cleared away here
+    static pid_t last = 0; // the helper ends by itself; this only reaps it
     if (last > 0)
         waitpid(last, nullptr, WNOHANG);
     std::string program = "xdg-open";

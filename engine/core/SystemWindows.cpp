@@ -13,17 +13,17 @@ namespace zel::system {
 
 namespace {
 
-// The simulator's installer is a 32-bit program, and the key path names its view in full.
+// The simulator's installer is a 32-bit program; the key path names its view in full.
 constexpr REGSAM KeyRead = 0x20019;
 constexpr DWORD RegistryBufferSize = 1024;
-// A virus scanner or an indexer holds a file for some moments after it was written. Nobody waits
-// for a file that is only to be read but the player.
+// Virus scanners and indexers hold a file for some moments after it was written. Reading waits for
+// less, because the player waits too.
 constexpr int32_t AttemptsToWrite = 25;
 constexpr int32_t AttemptsToRead = 5;
 constexpr DWORD AttemptPause = 20; // milliseconds
 constexpr UINT Drawn = 1252;       // the code page of shown texts
 
-/// Microseconds of the fine counter: the plain tick count moves in steps of 16 milliseconds.
+/// Microseconds of the high-resolution counter: the plain tick count moves in steps of 16 ms.
 int64_t counterTime() {
     LARGE_INTEGER frequency;
     LARGE_INTEGER counter;
@@ -40,8 +40,8 @@ int64_t programStart() {
 
 DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
 
-/// Whether the last error may pass: somebody holds the file. To replace a file that is open is
-/// "access denied", as is what will never be allowed: a folder and a file that is read-only.
+/// Whether the last error may pass because another program holds the file. Replacing an open file
+/// is "access denied", as is what is never allowed: a folder, a read-only file.
 bool isHeld(const String& path, DWORD error) {
     constexpr DWORD Lasting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
     switch (error) {
@@ -60,11 +60,11 @@ bool isHeld(const String& path, DWORD error) {
     }
 }
 
-/// Tries again while somebody else holds the file of that path.
+/// Tries again while another program holds the file of that path.
 template <typename Operation>
 bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
     for (int32_t attempt = 1; !operation(); ++attempt) {
-        const DWORD error = GetLastError(); // asking for the file would change it
+        const DWORD error = GetLastError(); // querying the file would change it
         if (attempt == attempts || !isHeld(path, error)) {
             SetLastError(error);
             return false;
@@ -78,7 +78,7 @@ bool copyFile(const String& from, const String& to) {
     return patiently(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0; });
 }
 
-/// Not every file system does what ReplaceFile needs.
+/// Whether ReplaceFile failed because the file system doesn't support it.
 bool isUnsupported(DWORD error) {
     return error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
            error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
@@ -92,11 +92,12 @@ std::wstring widened(std::string_view text, UINT page, DWORD flags = 0) {
     return wide;
 }
 
-/// In that code page, "?" for what it lacks instead of a character that looks alike: no file is
-/// found by that. `isWhole` tells whether nothing was lacking.
+/// In that code page, with "?" for characters that it lacks rather than similar ones: no file is
+/// found by that. `isWhole` returns whether nothing was lacking.
 std::string narrowed(const std::wstring& wide, UINT page, bool& isWhole) {
-    const bool isUtf8 = page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8); // lacks nothing
-    constexpr size_t MostBytes = 4; // of a character
+    const bool isUtf8 =
+        page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8); // has every character
+    constexpr size_t MostBytes = 4;                                 // of a character
     std::string text(wide.size() * MostBytes, '\0');
     BOOL lacking = FALSE;
     text.resize(static_cast<size_t>(WideCharToMultiByte(
@@ -107,8 +108,8 @@ std::string narrowed(const std::wstring& wide, UINT page, bool& isWhole) {
     return text;
 }
 
-/// What a function of Windows that fills a buffer with a text gives. It returns the text's length;
-/// if that doesn't fit, the room's size or the one that it needs.
+/// The text of a Windows function that fills a buffer. It returns the text's length or, if that
+/// doesn't fit, the buffer's size or the size that it needs.
 template <typename Query> std::wstring textOf(const Query& query) {
     std::wstring text(MAX_PATH, L'\0');
     DWORD length = query(text.data(), MAX_PATH);
@@ -216,7 +217,7 @@ FILE* openFile(const String& path, const char* mode) {
     FILE* stream = nullptr;
     const bool reads = std::string_view(mode).find_first_of("wa+") == std::string_view::npos;
     const auto open = [&] {
-        _doserrno = 0; // fopen may fail before it asks the system
+        _doserrno = 0; // fopen may fail before it calls the system
         stream = std::fopen(path.c_str(), mode);
         if (stream == nullptr)
             SetLastError(_doserrno);
@@ -322,7 +323,7 @@ Extent roomForWindow(Extent desktop) {
     if (SystemParametersInfoA(SPI_GETWORKAREA, 0, &clear, 0) == 0 ||
         AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE) == 0)
         return desktop;
-    // What a bar takes at one edge a window in the middle loses at both.
+    // A centred window loses a bar's size at both edges.
     const int width = GetSystemMetrics(SM_CXSCREEN);
     const int height = GetSystemMetrics(SM_CYSCREEN);
     const LONG bars[] = {std::max(clear.left, width - clear.right),
@@ -334,7 +335,7 @@ Extent roomForWindow(Extent desktop) {
 bool openBrowser(const String& address) {
     const HINSTANCE result =
         ShellExecuteA(nullptr, "open", address.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-    return reinterpret_cast<INT_PTR>(result) > 32; // up to there they are errors
+    return reinterpret_cast<INT_PTR>(result) > 32; // smaller values are errors
 }
 
 bool isTerminal(FILE* stream) { return _isatty(_fileno(stream)) != 0; }

@@ -10,7 +10,7 @@
 namespace zel {
 
 /// The text with each pair of the characters `\` and `n` as one line feed. For texts that people
-/// write into scripts and language files, once, where they are read; never for names and paths.
+/// write into scripts and language files, once, when they are read; never for names and paths.
 String unescapeLineFeeds(const String& text);
 
 /// Calls `take` with each line of a text that isn't empty, and with its number as an editor counts:
@@ -40,7 +40,8 @@ template <typename Take> void forEachLine(std::string_view text, Take take) {
     forEachNumberedLine(text, [&take](std::string_view line, int32_t) { take(line); });
 }
 
-/// The parts between single blanks; two blanks in a row make an empty part. No text, no parts.
+/// The parts between single blanks; two blanks in a row give an empty part. An empty text has no
+/// parts.
 inline std::vector<std::string_view> splitAtBlanks(std::string_view text) {
     std::vector<std::string_view> parts;
     if (text.empty())

@@ -50,8 +50,8 @@ bool readInto(BitmapReader& reader, const String& fileName, BitmapData& data) {
     return error == nullptr;
 }
 
-/// Tries the readers in turn. Returns what is wrong; empty for nothing. A header that isn't a
-/// reader's own is worth a line only if no reader knows it.
+/// Tries the readers in turn. Returns what is wrong; empty for nothing. The refusal of a header is
+/// logged as an error only if no reader accepts the file.
 String readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
     const std::unique_ptr<BitmapReader> readers[] = {std::make_unique<FormatZEL>(powerOfTwo),
                                                      std::make_unique<FormatBMP>(powerOfTwo),
@@ -87,7 +87,7 @@ uint32_t argb(const uint8_t* pixel, int32_t depth, ChannelOrder order) {
 
 void BitmapData::lineArgb(int32_t y, uint32_t* result) const {
     const uint8_t* pixel = line(y);
-    // Told apart once a line, not once a pixel: layouts read all of a screen's pixels this way.
+    // One check per line, not per pixel: layouts read all pixels of a screen this way.
     if (depth == 4 && order == ChannelOrder::Rgb)
         for (int32_t x = 0; x < pictureWidth; ++x, pixel += 4)
             result[x] = argb(pixel, 4, ChannelOrder::Rgb);

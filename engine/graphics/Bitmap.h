@@ -7,17 +7,17 @@
 
 namespace zel {
 
-/// In which order the three colours of a pixel lie; a fourth byte is always alpha.
+/// The order of the three colours in a pixel; a fourth byte is always alpha.
 enum class ChannelOrder : uint8_t { Rgb, Bgr };
 
 /// Longest side of a picture, in pixels, that any reader accepts.
 constexpr int32_t MaxPictureSide = 8192;
 
-/// What a reader makes of a file: a buffer of pixels with the picture in it.
+/// The result of a reader: a buffer of pixels with the picture in it.
 ///
-/// Row 0 is the bottom line, as OpenGL takes it, and rows follow each other without padding. Where
-/// the buffer is larger than the picture, the picture stands in the last rows and at the start of
-/// each, and the rest is 0; so line y of the picture, counted from the top, is row height - 1 - y.
+/// Row 0 is the bottom line, as OpenGL takes it; rows follow one another without padding. Where the
+/// buffer is larger than the picture, the picture is in the last rows and at the start of each, and
+/// the rest is 0; so line y of the picture, counted from the top, is row height - 1 - y.
 struct BitmapData {
     int32_t width = 0; // of the buffer
     int32_t height = 0;
@@ -35,15 +35,15 @@ struct BitmapData {
     uint8_t* line(int32_t y) {
         return pixels.data() + static_cast<size_t>(height - 1 - y) * rowSize();
     }
-    /// The same, as ARGB: one number a pixel, pictureWidth of them. Alpha is 255 where the picture
+    /// The same as ARGB: one number a pixel, pictureWidth of them. Alpha is 255 where the picture
     /// has none. REQUIRES: 0 <= y < pictureHeight.
     void lineArgb(int32_t y, uint32_t* result) const;
 };
 
-/// One picture: its pixels in memory, which stay there, and a texture once it was drawn.
+/// One picture: its pixels in memory, which stay there, and a texture once it has been drawn.
 ///
-/// The pixels need no window. The texture belongs to whoever draws: he makes it at the first
-/// drawing, tells of it by textureMade(), and sets the function that gives it back.
+/// The pixels need no window. The canvas makes the texture at the first drawing, reports it by
+/// textureMade(), and sets the function that releases it.
 class Bitmap {
 public:
     Bitmap() = default;
@@ -58,13 +58,13 @@ public:
     /// Why the last load() failed: "no such file", "too large: ..." and the like; empty if it
     /// didn't.
     const String& getError() const { return error; }
-    /// Takes a picture made in memory; `name` stands for the file name. On error (a depth other
-    /// than 3 and 4, a side out of range, a buffer of another size): false and a log line.
+    /// Takes a picture made in memory; `name` replaces the file name. On error (a depth other than
+    /// 3 and 4, a side out of range, a buffer of another size): false and a log line.
     bool assign(BitmapData newData, const String& name);
-    /// Lets go of pixels and texture.
+    /// Frees pixels and texture.
     void unload();
 
-    bool isLoaded() const { return !data.pixels.empty(); }
+    bool isLoaded() const { return !data.pixels.empty(); } // has pixels
     const String& getName() const { return name; }
     int32_t width() const { return data.pictureWidth; } // of the picture; 0 without pixels
     int32_t height() const { return data.pictureHeight; }
@@ -72,24 +72,25 @@ public:
     /// ARGB of a pixel, y counted from the top; 0 outside the picture.
     uint32_t pixelAt(int32_t x, int32_t y) const;
 
-    // The texture. A bitmap that is drawn is constant to all but the canvas.
+    // The texture. Drawing leaves everything else of a bitmap unchanged, so it is mutable.
     struct Texture {
         uint32_t handle = 0;     // 0: none
-        uint32_t generation = 0; // of the window that it was made in, as the canvas counts
-        bool refused = false;    // could not be made; said once, not tried again
+        uint32_t generation = 0; // of the OpenGL context, as the canvas counts them
+        bool refused = false;    // could not be made; logged once and not tried again
     };
     const Texture& getTexture() const { return texture; }
+    /// The canvas has made a texture of it. An earlier one is released.
     void textureMade(uint32_t handle, uint32_t generation) const;
-    /// Remembers that no texture can be made of it, until the next load.
+    /// Marks the bitmap as having no texture, until the next load.
     void refuseTexture() const { texture.refused = true; }
-    /// Gives the texture back. The next drawing makes a new one out of the pixels.
+    /// Releases the texture. The next drawing makes a new one from the pixels.
     void dropTexture() const;
-    /// Forgets a texture that died with its window.
+    /// Forgets a texture that was lost with its window.
     void textureLost() const;
-    /// The function that deletes a texture by its handle; null, as at the start, for none.
+    /// The function that deletes a texture by its handle; null, as initially, for none.
     static void setTextureRelease(void (*release)(uint32_t handle));
 
-    /// Bytes of all pixel buffers, and of all textures, at this moment.
+    /// Bytes of all pixel buffers, and of all textures, at present.
     static int64_t systemMemory();
     static int64_t graphicsMemory();
 

@@ -27,7 +27,7 @@ void BitmapLoadingQueue::step() {
         return;
     }
     log(entry.fileName + " is in the queue and exists", "BitmapLoadingQueue", LogInfo);
-    // What is wrong with the file is logged by the bitmap.
+    // The bitmap logs what is wrong with the file.
     static_cast<void>(
         ImageHandler::getInstance().loadBitmap(entry.fileName, entry.lifetime, entry.scale));
 }

@@ -7,16 +7,15 @@
 
 namespace zel {
 
-/// Bitmaps that are to be loaded in the background, one in each frame. The image handler owns the
-/// one there is.
+/// Bitmaps to load in the background, one each frame. The image handler owns the only queue.
 class BitmapLoadingQueue : public BackgroundWork {
 public:
-    /// Queues a bitmap file for the image handler. A file that waits already isn't queued twice.
+    /// Queues a bitmap file for the image handler, unless it is in the queue already.
     void add(const String& fileName, int32_t lifetime = 0, float scale = 1);
     bool hasWork() const override { return !entries.empty(); }
-    /// Loads the bitmap in front, if there is one. A missing file is a warning.
+    /// Loads the first bitmap, if there is one. A missing file is a warning.
     void step() override;
-    /// Loads all that wait.
+    /// Loads all bitmaps of the queue.
     void drain();
     void clear() { entries.clear(); }
 

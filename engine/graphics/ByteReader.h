@@ -5,8 +5,8 @@
 
 namespace zel {
 
-/// Takes little-endian numbers and texts off the front of a piece of memory. What goes past the end
-/// gives 0 or the empty text, takes what is left, and sets hasFailed().
+/// Takes little-endian numbers and texts off the front of a block of memory. A read past the end
+/// gives 0 or the empty text, consumes the rest, and sets hasFailed().
 class ByteReader {
 public:
     explicit ByteReader(std::string_view content) : rest(content) {}
@@ -28,7 +28,7 @@ public:
         rest.remove_prefix(count);
         return result;
     }
-    /// Up to the next zero byte, which is taken too.
+    /// Up to the next zero byte, which is consumed too.
     std::string_view zeroTerminated() {
         const size_t end = rest.find('\0');
         if (end == rest.npos)

@@ -30,8 +30,8 @@ uint32_t multiplied(uint32_t first, uint32_t second) {
     return result;
 }
 
-/// From pixels of a bitmap's picture to the coordinates of its texture. The picture's top line is
-/// the buffer's last one.
+/// Converts pixels of a bitmap's picture to texture coordinates. The picture's top line is the
+/// buffer's last one.
 struct TextureMap {
     explicit TextureMap(const Bitmap& bitmap)
         : u(1.0F / static_cast<float>(std::max(1, bitmap.getData().width))),
@@ -86,7 +86,7 @@ void releaseTexture(uint32_t handle) { Canvas::getInstance().releaseTexture(hand
 
 } // namespace
 
-// Never taken down: bitmaps that live as long as the program give their textures back to it.
+// Never destroyed: bitmaps that live as long as the program release their textures through it.
 Canvas& Canvas::getInstance() {
     static auto* const canvas = new Canvas;
     return *canvas;
@@ -119,7 +119,7 @@ void Canvas::clear(uint32_t argb) {
         return;
     const Rect design{0, 0, static_cast<float>(scissor.width) / globalScaleX,
                       static_cast<float>(scissor.height) / globalScaleY};
-    // What is covered wholly needn't be drawn, nor black on the window's own black.
+    // Nothing that is covered completely is drawn, nor black on the window's own black.
     const bool covers = shaded(argb) >> 24 == Opaque && blend == Blend::Normal && clips.empty();
     if (covers)
         frame.clear();
@@ -196,7 +196,7 @@ void Canvas::draw(const Bitmap& bitmap, const std::vector<Quad>& quads, Point of
     const TextureMap map(bitmap);
     std::vector<Vertex>& vertices = run(texture, toWindow(moved(around(quads))));
     vertices.reserve(vertices.size() + quads.size() * 4);
-    // Mostly all quads have one colour: it is reckoned anew where it changes.
+    // Mostly all quads have one colour: it is computed again only where it changes.
     uint32_t lastColor = quads.front().argb;
     Color color = colorOf(multiplied(lastColor, shade));
     for (const Quad& quad : quads) {
@@ -253,7 +253,7 @@ std::vector<Vertex>& Canvas::run(uint32_t texture, const Rect& bounds) {
 }
 
 void Canvas::setGlobalScale(float scaleX, float scaleY) {
-    // The window never shrinks to nothing, but a caller may reckon it so.
+    // The window is never empty, but a caller's arithmetic may say so.
     globalScaleX = scaleX > 0 ? scaleX : 1;
     globalScaleY = scaleY > 0 ? scaleY : 1;
     log("setGlobalScale " + formatFloat(scaleX) + " " + formatFloat(scaleY), "Canvas", LogInfo);

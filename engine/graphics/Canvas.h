@@ -16,8 +16,8 @@ struct Point {
     float y;
 };
 
-/// A corner of a drawn picture: where it goes, in design pixels, and which point of the bitmap's
-/// picture lies there, in pixels from its top left.
+/// A corner of a drawn picture: its position in design pixels, and the point of the bitmap's
+/// picture that is drawn there, in pixels from the top left.
 struct Corner {
     float x, y;
     float u, v;
@@ -32,38 +32,41 @@ struct Quad {
 
 /// The engine's drawing surface: design pixels, y down, colours as 0xAARRGGBB.
 ///
-/// There is one, whether a window exists or not. Without one, every drawing call returns at once;
-/// so nothing that draws need ask. With one, the calls of a frame are collected, those of the same
-/// texture are joined where the order of overlapping ones allows it, and all are sent when the
-/// window shows the frame: a texture run costs one draw call. A frame that is the same as the one
-/// before isn't sent at all.
+/// It exists whether there is a window or not. Without one, every drawing call returns at once, so
+/// callers need not check. With one, the calls of a frame are collected; those of the same texture
+/// are joined where the order of overlapping ones allows it, and all are sent when the window shows
+/// the frame: each run of a texture costs one draw call. A frame equal to the one before isn't sent
+/// at all.
 class Canvas {
 public:
     static Canvas& getInstance();
 
-    /// Begins a frame: what was drawn before is dropped, the whole window, bars included, is black.
+    /// Begins a frame: what was drawn before is dropped, and the whole window, bars included, is
+    /// black.
     void clearWindow();
-    /// Fills the design's rectangle. Under an alpha below 255 what lies there shines through.
+    /// Fills the design's rectangle. With an alpha below 255 it is blended over what is there.
     void clear(uint32_t argb);
+    /// Fills a rectangle (design pixels).
     void fill(const Rect& target, uint32_t argb);
     /// The whole picture, or a part of it, stretched into the target. A bitmap without pixels
     /// draws nothing, here and below.
     void draw(const Bitmap& bitmap, const Rect& target, uint32_t argb = 0xFFFFFFFF);
     void draw(const Bitmap& bitmap, const Rect& source, const Rect& target,
               uint32_t argb = 0xFFFFFFFF);
-    /// For turned and mirrored pictures; the corners in the order of the rim.
+    /// For turned and mirrored pictures; the corners in order around the edge.
     void draw(const Bitmap& bitmap, const Corner (&corners)[4], uint32_t argb = 0xFFFFFFFF);
     /// Many parts of one bitmap at once, moved by `offset`, their colours multiplied with `tint`.
     void draw(const Bitmap& bitmap, const std::vector<Quad>& quads, Point offset = {0, 0},
               uint32_t tint = 0xFFFFFFFF);
 
+    /// For everything drawn from now on; Normal at the start of a frame.
     void setBlend(Blend newBlend) { blend = newBlend; }
-    /// Multiplied with the alpha of all that is drawn, 0 to 255; 255 at the start of a frame.
+    /// The alpha of everything drawn from now on, 0 to 255; 255 at the start of a frame.
     void setAlpha(int32_t newAlpha);
     int32_t getAlpha() const { return alpha; }
-    /// Clips to the rectangle (design pixels) and to all those pushed before it.
+    /// Clips to the rectangle (design pixels) and to all those pushed before.
     void pushClip(const Rect& clip);
-    void popClip();
+    void popClip(); // without effect when there is none
 
     /// From design pixels to window pixels; the window sets them.
     void setGlobalScale(float scaleX, float scaleY);
@@ -75,12 +78,12 @@ public:
     float getGlobalOffsetX() const { return globalOffsetX; }
     float getGlobalOffsetY() const { return globalOffsetY; }
 
-    // The window's side. A context of OpenGL is current in all of them.
+    // For the window. An OpenGL context is current in all of them.
     void attach(int32_t windowWidth, int32_t windowHeight);
-    void detach(); // all textures leave the card; they are sent again when drawn again
-    /// Gives a bitmap's texture back.
+    void detach(); // frees all textures; they are made again when drawn again
+    /// Releases a bitmap's texture.
     void releaseTexture(uint32_t handle);
-    /// Whether the present frame, or between two frames the one shown last, has the bitmap in it.
+    /// Whether the current frame, or between two frames the one shown last, has the bitmap in it.
     bool shows(const Bitmap& bitmap) const;
     bool isAttached() const;
     int32_t getMaximumTextureSize() const; // 0 without a window
@@ -89,26 +92,26 @@ public:
     bool finishFrame();
     /// The next frame is sent in any case.
     void invalidate();
-    /// The window as drawn so far, three bytes a pixel (R, G, B), the top line first; empty without
-    /// a window.
+    /// The window as drawn so far, three bytes a pixel (R, G, B), top line first; empty without a
+    /// window.
     std::vector<uint8_t> readPixels();
 
-    /// What the last frame that was sent took.
+    /// Counts of the last frame that was sent.
     int32_t getStateChanges() const;
     int32_t getDrawCalls() const;
     /// Frames sent since the start.
     int32_t getFramesSent() const { return framesSent; }
 
-    /// One call of a draw list, for tests: "fill" or the bitmap's name, source, target (design
-    /// pixels; of a turned picture the rectangle around it), colour with the alpha taken in.
+    /// One drawing call, for tests: "fill" or the bitmap's name, source, target (design pixels; the
+    /// bounding rectangle of a turned picture), colour with the alpha applied.
     struct Record {
         std::string name;
         Rect source;
         Rect target;
         uint32_t argb;
     };
-    /// Writes every call into the list, with or without a window; clearWindow() empties it. Null
-    /// ends it.
+    /// Appends every call to the list, with or without a window; clearWindow() empties it. Null
+    /// ends the recording.
     void setRecorder(std::vector<Record>* list) { recorder = list; }
 
 private:
@@ -122,7 +125,7 @@ private:
     Canvas& operator=(const Canvas&) = delete;
 
     bool isIdle() const;
-    /// The colour with the alpha taken in; an alpha of 0 means that there is nothing to draw.
+    /// The colour with the alpha applied; an alpha of 0 means that nothing is drawn.
     uint32_t shaded(uint32_t argb) const;
     const ClipRect& currentClip() const;
     Rect toWindow(const Rect& target) const;
@@ -133,10 +136,10 @@ private:
     DrawBatch frame; // what has been drawn since the frame began
     DrawBatch shown; // what the window shows
     bool begun = false;
-    bool sent = false;  // the frame is in the card's hands already
-    bool spoilt = true; // what the window shows can't be relied on
+    bool sent = false;  // the frame has been sent already
+    bool spoilt = true; // the window's content is unknown
     std::vector<ClipRect> clips;
-    ClipRect scissor{0, 0, 1024, 768}; // without a window some screen's size, for draw lists
+    ClipRect scissor{0, 0, 1024, 768}; // window pixels; without a window the design's size
     Blend blend = Blend::Normal;
     int32_t alpha = 255;
     float globalScaleX = 1;

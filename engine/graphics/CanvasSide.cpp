@@ -31,8 +31,8 @@ GLuint newTexture() {
     return name;
 }
 
-/// Repeats the picture's lower and right edge one pixel into the buffer's rest, where there is one:
-/// a picture that is drawn larger would show the rest through at its edges.
+/// Repeats the picture's lower and right edge by one pixel into the rest of the buffer, if there is
+/// one: otherwise an enlarged picture would show the rest at its edges.
 void repeatEdges(const BitmapData& data) {
     const GLenum format = pixelFormat(data);
     const int32_t below = data.height - data.pictureHeight - 1; // row 0 is the bottom line
@@ -43,7 +43,7 @@ void repeatEdges(const BitmapData& data) {
         return;
     const auto depth = static_cast<size_t>(data.depth);
     const int32_t start = std::max(0, below);
-    std::vector<uint8_t> column; // from that row up, the corner taken in
+    std::vector<uint8_t> column; // from that row up, corner included
     for (int32_t row = start; row < data.height; ++row) {
         const int32_t y = std::min(data.height - 1 - row, data.pictureHeight - 1);
         const uint8_t* last = data.line(y) + (static_cast<size_t>(data.pictureWidth) - 1) * depth;
@@ -53,12 +53,12 @@ void repeatEdges(const BitmapData& data) {
                     GL_UNSIGNED_BYTE, column.data());
 }
 
-/// Where a part of a frame's corners lies, as OpenGL wants to be told.
+/// The address of a member of the first vertex, as OpenGL takes it.
 const void* at(const std::vector<Vertex>& vertices, size_t offset) {
     return reinterpret_cast<const uint8_t*>(vertices.data()) + offset;
 }
 
-/// What the driver says of itself: a slow renderer, such as "GDI Generic", shows in players' logs.
+/// A text of the driver: players' logs show a slow renderer such as "GDI Generic".
 String driverText(GLenum name) { return reinterpret_cast<const char*>(glGetString(name)); }
 
 } // namespace
@@ -149,7 +149,7 @@ uint32_t CanvasSide::textureOf(const Bitmap& bitmap) {
 }
 
 uint32_t CanvasSide::upload(const BitmapData& data) {
-    // Older errors are not this picture's. A lost context may answer with one for ever.
+    // Clears older errors, which aren't this picture's. A lost context may report them forever.
     for (int32_t i = 0; i < 16 && glGetError() != GL_NO_ERROR; ++i) {
     }
     const GLuint name = newTexture();
@@ -198,7 +198,7 @@ void CanvasSide::send(const DrawBatch& batch) {
     }
 }
 
-// The bars as well: after a swap nobody knows what is in them.
+// The bars as well: after a swap their content is undefined.
 void CanvasSide::clearWindow() {
     if (clipping) {
         glDisable(GL_SCISSOR_TEST);
@@ -223,7 +223,7 @@ bool CanvasSide::bind(uint32_t number) {
         return true;
     const auto found = textures.find(number);
     if (found == textures.end())
-        return false; // of a frame that is shown again, given back since
+        return false; // of a frame that is shown again, freed since
     glBindTexture(GL_TEXTURE_2D, found->second);
     boundNumber = number;
     ++stateChanges;

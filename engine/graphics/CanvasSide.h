@@ -10,26 +10,28 @@
 
 namespace zel {
 
-/// OpenGL's side of the canvas: textures, and the sending of a frame's batch. A context is current
-/// in every operation but the construction and release().
+/// The OpenGL side of the canvas: textures, and sending a frame's batch. A context is current in
+/// every operation except the constructor and release().
 class CanvasSide {
 public:
-    /// Takes over a fresh context. Sizes in pixels.
+    /// Takes over a new context. Sizes in pixels.
     void attach(int32_t windowWidth, int32_t windowHeight);
-    /// Gives all textures back.
+    /// Frees all textures.
     void detach();
     bool isAttached() const { return attached; }
     int32_t getMaximumTextureSize() const { return maximumTextureSize; }
 
-    /// The number of the bitmap's texture, made if need be; 0 if there can be none.
+    /// The number of the bitmap's texture, made if need be; 0 if there is none.
     uint32_t textureOf(const Bitmap& bitmap);
-    /// Gives one texture back, at the next deleteReleased(): a frame that waits to be sent may
-    /// still show it. Unknown numbers are of a context that is no more.
+    /// Frees one texture at the next deleteReleased(): a frame that waits to be sent may still show
+    /// it. Unknown numbers, of a context that is gone, are ignored.
     void release(uint32_t number);
-    /// REQUIRES: no frame waits.
+    /// REQUIRES: no frame waits to be sent.
     void deleteReleased();
 
+    /// Draws the batch on a black window. It isn't shown yet.
     void send(const DrawBatch& batch);
+    /// See Canvas::readPixels().
     std::vector<uint8_t> readPixels() const;
 
     int32_t getStateChanges() const { return stateChanges; } // of the last send()
@@ -48,19 +50,19 @@ private:
     int32_t height = 0;
     int32_t maximumTextureSize = 0;
     uint32_t generation = 0; // of the context
-    // OpenGL's names by our numbers, which are never given twice: so nothing that belongs to a
-    // context that is gone can hit a texture of this one.
+    // OpenGL's names by our numbers. A number is never used twice, so that one of an earlier
+    // context can't refer to a texture of this one.
     std::map<uint32_t, uint32_t> textures;
     std::vector<uint32_t> released; // numbers of textures that wait for deleteReleased()
     uint32_t lastNumber = 0;
 
-    // What the context is set to.
+    // The state of the context.
     uint32_t boundNumber = 0;
     uint32_t blend = 0;
     std::array<int32_t, 4> clip{};
     bool clipping = false;
 
-    std::vector<Vertex> vertices; // of a frame, run behind run
+    std::vector<Vertex> vertices; // of a frame, run after run
     int32_t stateChanges = 0;
     int32_t drawCalls = 0;
 };

@@ -7,7 +7,7 @@ namespace zel {
 
 namespace {
 
-// A run that is looked for further back than this is hardly there, and costs more than it saves.
+// A run further back than this is rarely found, and the search costs more than it saves.
 constexpr size_t LongestSearch = 64;
 // With more pieces than this a run counts as covering the rectangle around all of them.
 constexpr size_t MostPieces = 64;
@@ -44,7 +44,7 @@ bool operator==(const DrawKey& a, const DrawKey& b) {
 }
 
 std::vector<Vertex>& DrawBatch::add(const DrawKey& key, const Rect& bounds) {
-    // A pixel more all around: filtering may touch the neighbours of a corner that lies between.
+    // One pixel more all around: filtering may touch the neighbours of a corner between pixels.
     const Rect covered{bounds.x - 1, bounds.y - 1, bounds.width + 2, bounds.height + 2};
     const size_t last = used > LongestSearch ? used - LongestSearch : 0;
     for (size_t index = used; index > last; --index) {

@@ -8,7 +8,7 @@
 
 namespace zel {
 
-/// A corner as it is sent to the card: window pixels, texture coordinates, colour.
+/// A vertex as it is sent to the graphics card: window pixels, texture coordinates, colour.
 struct Vertex {
     float x, y;
     float u, v;
@@ -18,7 +18,7 @@ static_assert(sizeof(Vertex) == 20);
 
 /// What all corners of one draw call have in common.
 struct DrawKey {
-    uint32_t texture = 0; // the canvas's number of it; 0 is plain white
+    uint32_t texture = 0; // its number on the canvas; 0 is plain white
     uint32_t blend = 0;
     int32_t clipX = 0, clipY = 0, clipWidth = 0, clipHeight = 0; // window pixels
 };
@@ -27,8 +27,8 @@ inline bool operator!=(const DrawKey& a, const DrawKey& b) { return !(a == b); }
 
 /// The drawing of one frame: runs of rectangles, four corners each, that share a key.
 ///
-/// A rectangle joins an earlier run of its key as long as it touches nothing that was drawn since;
-/// so a screen of buttons, each with its text on it, makes two runs, not two a button, and looks
+/// A rectangle joins an earlier run of its key if it touches nothing that was drawn since. So a
+/// screen of buttons, each with its text on it, makes two runs instead of two a button, and looks
 /// the same.
 class DrawBatch {
 public:
@@ -40,12 +40,12 @@ public:
 
     void clear() { used = 0; }
     bool empty() const { return used == 0; }
-    /// The corners to which those of a thing within `bounds` (window pixels) are to be appended.
+    /// The list to which the corners of something within `bounds` (window pixels) must be appended.
     std::vector<Vertex>& add(const DrawKey& key, const Rect& bounds);
 
     /// Whether anything of that texture is drawn.
     bool shows(uint32_t texture) const;
-    size_t size() const { return used; }
+    size_t size() const { return used; } // runs
     const Run& operator[](size_t index) const { return runs[index]; }
     /// Whether both draw the same.
     bool operator==(const DrawBatch& other) const;
@@ -53,7 +53,7 @@ public:
 private:
     Run& newRun(const DrawKey& key);
 
-    std::vector<Run> runs; // those behind `used` only keep their memory
+    std::vector<Run> runs; // those after `used` only keep their memory
     size_t used = 0;
 };
 

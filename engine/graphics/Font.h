@@ -10,15 +10,15 @@ class Image;
 
 /// A bitmap font. Texts are bytes of Windows-1252, and a byte is its character's code.
 ///
-/// A line is set thus: the pen starts at 0; before each character but the first it moves by
+/// Layout of a line: the pen starts at 0; before each character but the first it moves by
 /// kerning(previous, code) and by charOffset; the glyph's picture goes to pen + xOffset, line top +
-/// yOffset; then the pen moves by xAdvance. Characters that the font lacks are passed over as if
-/// they weren't there. width() reckons like this.
+/// yOffset; then the pen moves by xAdvance. Characters that the font lacks are skipped as if they
+/// weren't there. width() computes the same.
 class Font {
 public:
-    /// Reads the description `name` (".fnt" is added to a name without an ending), its pages, which
-    /// lie in the same folder, and the metrics file of the same name with the ending "cfg".
-    /// On error: the font is invalid, and a log line says why.
+    /// Reads the description `name` (".fnt" is added to a name without an ending), its pages in the
+    /// same folder, and the metrics file of the same name with the ending "cfg". On error: the font
+    /// is invalid, and a log line says why.
     explicit Font(const String& name);
     /// A font without pages, for measuring.
     Font(const String& name, FontDescription description);
@@ -28,10 +28,10 @@ public:
     const String& getName() const { return name; }
     const FontDescription& getDescription() const { return description; }
 
-    int32_t lineHeight() const; // pixels, at least 1
-    int32_t base() const { return description.base; }
-    int32_t charOffset() const { return description.charOffset; }
-    /// Null for a code that the font doesn't have.
+    int32_t lineHeight() const;                       // pixels, at least 1
+    int32_t base() const { return description.base; } // pixels from a line's top to its baseline
+    int32_t charOffset() const { return description.charOffset; } // pixels
+    /// Null for a code that the font lacks.
     const Glyph* glyph(uint32_t code) const;
     const Glyph* glyph(char character) const { return glyph(uint32_t(uint8_t(character))); }
     /// Distance to add between two characters; 0 for most.
@@ -57,9 +57,10 @@ private:
 /// The fonts by name.
 class FontHandler {
 public:
-    /// The font of that name, read at the first use. It lives until clear().
-    /// On error: null, and once a warning, "Invalid font NAME".
+    /// The font of that name, read at first use. It lives until clear(). On error: null, and once a
+    /// warning, "Invalid font NAME".
     static const Font* getFont(const String& name);
+    /// Deletes all fonts and forgets failed ones.
     static void clear();
 };
 

@@ -8,7 +8,7 @@
 
 namespace zel {
 
-/// One character of a font, as it stands in the file. Distances in pixels.
+/// One character of a font, as in the file. Distances in pixels.
 struct Glyph {
     uint32_t id;   // character code
     uint16_t x, y; // of its picture on the page, from the top left
@@ -21,7 +21,7 @@ struct Glyph {
 };
 static_assert(sizeof(Glyph) == 20);
 
-/// The fixed fields of the info block; what the font was made from. Nothing depends on them.
+/// The fixed fields of the info block: what the font was made from. Nothing depends on them.
 struct FontInfo {
     int16_t size = 0; // pixels
     uint8_t bits = 0; // smooth, unicode, italic, bold, fixedHeight
@@ -50,11 +50,11 @@ struct FontDescription {
 };
 
 /// Reads a description. False if it doesn't begin as one of version 3; a file that is cut off or
-/// wrong further on is read as far as it goes.
+/// wrong further on is read as far as possible.
 [[nodiscard]] bool parseFontDescription(std::string_view content, FontDescription& font);
-/// Puts a metrics file's corrections into the font. A correction without its numbers, or of a
-/// character that the font doesn't have, changes nothing and gets a log line that names the file;
-/// lines that begin with any other word are comments.
+/// Applies the corrections of a metrics file to the font. A correction without its numbers, or of a
+/// character that the font lacks, changes nothing and is logged with the file's name; lines that
+/// begin with any other word are comments.
 void applyFontMetrics(std::string_view text, const String& fileName, FontDescription& font);
 
 } // namespace zel

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int32_t MaxFileSize = 1 << 28; // bytes
 
-// No format packs a picture tighter than LZW does, and that is below this many pixels a byte. Small
-// pictures may be as empty as they like.
+// No format compresses better than LZW, which stays below this many pixels a byte. Small pictures
+// may be as empty as they like.
 constexpr int64_t MaxPixelsPerByte = 4096;
 constexpr int64_t SmallPicture = 1 << 20; // pixels
 

@@ -50,7 +50,7 @@ bool FormatBMP::checkHeader() {
     else if (infoSize < InfoSize)
         error = "BMP header unsupported";
     if (error != nullptr) {
-        // Debug only: the last reader knows more kinds of these files.
+        // Debug only: FormatANY knows more kinds of these files.
         log(error, "FormatBMP", LogDebug);
         return false;
     }

@@ -8,14 +8,14 @@
 
 namespace zel {
 
-/// Where a frame goes on the canvas: its top left, top right, bottom right, bottom left corner.
+/// The corners of a frame on the canvas: top left, top right, bottom right, bottom left.
 struct ImageQuad {
     Corner corners[4];
 };
 
-/// A named picture: one or more frames of a bitmap, with what the index file says of them.
+/// A named picture: one or more frames of a bitmap, with the properties from the index file.
 ///
-/// Owned by the image handler; it lives, at one address, until the handler is cleared.
+/// Owned by the image handler; its address is valid until the handler is cleared.
 class Image {
 public:
     /// The bitmap must outlive the image.
@@ -27,19 +27,19 @@ public:
     const Bitmap& getBitmap() const { return *bitmap; }
     const ImageDescription& getDescription() const { return description; }
     int32_t frameCount() const { return static_cast<int32_t>(description.frames.size()); }
-    /// The rectangle of a frame; the whole bitmap's is resolved. An index out of range means the
-    /// nearest frame; the same holds wherever a frame is named.
+    /// The rectangle of a frame; the mark of the whole bitmap is resolved. An index out of range
+    /// means the nearest frame, here and below.
     FrameRect frameRect(int32_t frame = 0) const;
     /// Size as drawn, in pixels of the canvas, before rotation and transform; never negative.
     float width(int32_t frame = 0) const;
     float height(int32_t frame = 0) const;
 
-    /// Where the frame goes when the image's handle stands at x, y: scaled, transformed, turned.
+    /// The frame with the image's handle at x, y: scaled, transformed, turned.
     ImageQuad quad(float x, float y, int32_t frame = 0) const;
-    /// The frame stretched into a rectangle; handle, position, scale, rotation don't matter.
+    /// The frame stretched into a rectangle; handle, position, scale and rotation are ignored.
     ImageQuad quadInto(const Rect& target, int32_t frame = 0) const;
 
-    /// Draw these. argb tints, FFFFFFFF leaves the colours as they are.
+    /// Draw these. argb tints; FFFFFFFF leaves the colours as they are.
     void draw(Canvas& canvas, float x, float y, int32_t frame = 0,
               uint32_t argb = 0xFFFFFFFF) const;
     void drawInto(Canvas& canvas, const Rect& target, int32_t frame = 0,

@@ -11,7 +11,7 @@ namespace zel {
 
 namespace {
 
-/// False if there is no index file; one that cannot be read is an empty one.
+/// False if there is no index file; one that can't be read counts as empty.
 bool readIndex(const String& bitmapName, int32_t lifetime, float scale, ImageIndex& index) {
     const String name = imageIndexName(bitmapName);
     if (!File::exists(name))

@@ -10,12 +10,12 @@
 
 namespace zel {
 
-/// Bits of the global flags; the others are kept and mean nothing.
+/// Bits of the global flags; others are stored without effect.
 constexpr int32_t ImageFlagPowerOfTwo = 1;
 
 /// All bitmaps and named images of the program. Main thread only.
 ///
-/// Bitmaps, images and groups live until clear(); pointers to them hold until then.
+/// Bitmaps, images and groups live until clear(); pointers to them are valid until then.
 class ImageHandler {
 public:
     static ImageHandler& getInstance();
@@ -23,23 +23,22 @@ public:
     void setFlags(int32_t mask) { flags = mask; }
     int32_t getFlags() const { return flags; }
 
-    /// Loads a bitmap and its index file (same name, ending ".idx"), and registers what that names;
-    /// without an index file the bitmap is one image of its own name. A bitmap that is there
-    /// already is not loaded again, nor is one tried again that failed. lifetime and scale hold
-    /// until the index file says otherwise. On error: false; the bitmap's log lines, once, tell
-    /// why.
+    /// Loads a bitmap and its index file (same name, ending ".idx"), and registers the images that
+    /// it names; without an index file the bitmap is one image of its own name. A bitmap is loaded
+    /// only once, and one that failed isn't tried again. lifetime and scale apply until the index
+    /// file sets its own. On error: false, and once the bitmap's log lines.
     bool loadBitmap(const String& fileName, int32_t lifetime = LifetimeShort, float scale = 1);
 
-    /// The image of that name, exactly as written. What the loading queue still holds is loaded
-    /// first if need be; then a name that is a file is loaded as a bitmap. On error: null and, once
-    /// a name, "Did not find image NAME" (warning).
+    /// The image of that name, exactly as written. If it is unknown, the loading queue is worked
+    /// off, and then a file of that name is loaded as a bitmap. On error: null and, once a name,
+    /// "Did not find image NAME" (warning).
     const Image* getImage(const String& name);
     /// On error: null and "Map did not find imagegroup NAME" (warning).
     const ImageGroup* getImageGroup(const String& name);
 
     BitmapLoadingQueue& getQueue() { return queue; }
 
-    /// Gives back the textures of short-lived bitmaps that aren't on the screen. They are made anew
+    /// Frees the textures of short-lived bitmaps that aren't on the screen. They are made again
     /// when drawn again.
     void releaseShortLived();
     /// Drops everything, the queue's entries too, and forgets what could not be loaded.
@@ -60,7 +59,7 @@ private:
     std::map<String, const Image*> imagesByName;             // the last one of each name
     std::map<String, ImageGroup> groups;
     std::set<String> failedBitmaps; // by file name
-    std::set<String> missingImages; // names that were asked for in vain
+    std::set<String> missingImages; // names that were not found
     BitmapLoadingQueue queue;
 };
 

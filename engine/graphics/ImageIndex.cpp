@@ -168,7 +168,7 @@ void Parser::beginGroup(const Words& words) {
             group.members.emplace_back(words[i]);
 }
 
-// The group stays open until the next one, also when an image was finished since.
+// The group stays open until the next one, even if an image has been finished since.
 void Parser::takeAnimation(const Words& words) {
     if (group.name.empty())
         return;
@@ -185,7 +185,7 @@ void Parser::takeLifetime(std::string_view name) {
         lifetime = LifetimePersistent;
 }
 
-/// What says how the image is drawn. False for any other keyword.
+/// Takes a line about how the image is drawn. False for any other keyword.
 bool Parser::takePlacing(std::string_view keyword, const Words& words) {
     if (keyword == "position") {
         image.positionX = number(words, 0);

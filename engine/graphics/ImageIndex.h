@@ -7,7 +7,7 @@
 
 namespace zel {
 
-/// How long the bitmap of an image keeps its texture.
+/// How long an image's bitmap keeps its texture.
 enum ImageLifetime : int32_t { LifetimeShort = 0, LifetimeLong = 1, LifetimePersistent = 2 };
 
 /// A translation and a two-by-two matrix: x' = a x + b y + tx, y' = c x + d y + ty.
@@ -17,8 +17,8 @@ struct FrameTransform {
     float a = 1, b = 0, c = 0, d = 1;
 };
 
-/// A rectangle of a bitmap in pixels, from the top left. A negative width or height runs back from
-/// x or y: the frame is drawn mirrored. Four times -1 stands for the whole bitmap.
+/// A rectangle of a bitmap in pixels, from the top left. A negative width or height extends
+/// backwards from x or y: the frame is drawn mirrored. Four times -1 means the whole bitmap.
 struct FrameRect {
     int32_t x, y, width, height;
 };
@@ -27,7 +27,7 @@ inline bool operator==(const FrameRect& a, const FrameRect& b) {
     return a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
 }
 
-/// What an index file says of one image.
+/// The description of one image in an index file.
 struct ImageDescription {
     String name;
     String groupName;                       // empty: in none
@@ -62,12 +62,12 @@ struct ImageIndex {
 
 constexpr int32_t MaxIndexSize = 1 << 22; // bytes of an index file
 
-/// The index file beside a picture: "a/b.png" has "a/b.idx".
+/// The name of a picture's index file: "a/b.idx" for "a/b.png".
 String imageIndexName(const String& pictureFile);
 
-/// Reads the text of an index file. Nothing in it is an error: what cannot be understood is left
-/// out, and a bad number counts as 0. scale: factor for the numbers of "dims" until the file sets
-/// its own. The form is in docs/formats.md.
+/// Reads the text of an index file. Nothing in it is an error: unknown lines are ignored, and a bad
+/// number counts as 0. scale: factor for the numbers of "dims" until the file sets its own.
+/// docs/formats.md describes the file.
 ImageIndex parseImageIndex(std::string_view text, int32_t lifetime, float scale);
 
 } // namespace zel

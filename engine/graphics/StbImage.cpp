@@ -7,7 +7,7 @@
 
 namespace {
 
-// The decoder takes it for a constant. While only a header is read any size may be reported.
+// The decoder expects a constant. While only a header is read, any size may be reported.
 uint32_t longestSide = zel::MaxPictureSide;
 
 } // namespace

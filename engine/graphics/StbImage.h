@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-/// The decoder of FormatANY, compiled in one place. Ask zel::isSafeToDecode() first.
+/// The decoder of FormatANY, compiled in one place. Check zel::isSafeToDecode() first.
 namespace zel {
 
 struct StbInfo {

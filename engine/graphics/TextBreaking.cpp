@@ -15,7 +15,7 @@ class Pen {
 public:
     explicit Pen(const Font& font) : font(font) {}
 
-    /// Where the pen stands behind the character.
+    /// The pen's position after the character.
     int64_t add(char character) {
         const Glyph* glyph = font.glyph(character);
         if (glyph == nullptr)
@@ -35,14 +35,14 @@ private:
     bool hasPrevious = false;
 };
 
-/// How many characters of the paragraph make its first line; all of them if they fit.
+/// The number of characters of the paragraph that make its first line; all of them if they fit.
 size_t firstLine(const Font& font, std::string_view paragraph, int32_t width) {
     Pen pen(font);
-    size_t lastBlank = 0; // 0: none behind a word
+    size_t lastBlank = 0; // 0: none after a word
     bool hasWord = false;
     for (size_t place = 0; place < paragraph.size(); ++place) {
         const int64_t reached = pen.add(paragraph[place]);
-        if (paragraph[place] == ' ') { // blanks hang over the edge
+        if (paragraph[place] == ' ') { // blanks may extend past the edge
             if (hasWord && paragraph[place - 1] != ' ')
                 lastBlank = place;
             continue;
@@ -99,7 +99,7 @@ std::vector<std::string> brokenIntoLines(const Font& font, std::string_view text
 std::string shortenedTo(const Font& font, std::string_view text, int32_t width) {
     if (font.width(text) <= width)
         return std::string(text);
-    // The widths grow with the length, but for a kerning here and there: good enough to search by.
+    // The widths grow with the length except for some kerning: good enough for a binary search.
     size_t fits = 0;
     size_t tooLong = text.size();
     const auto candidate = [&](size_t length) {

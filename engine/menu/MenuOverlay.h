@@ -8,7 +8,7 @@
 namespace zel {
 
 /// A full-window picture behind or in front of menus, known by its identifier. Menus that show the
-/// same one share the object, and it stays at full strength in a fade between them.
+/// same one share the object, and it keeps full strength in a fade between them.
 ///
 /// The table of overlays owns them, from their creation to the end of the loop.
 class MenuOverlay : public StateOverlay {
@@ -17,12 +17,12 @@ public:
 
     const String& getIdentifier() const { return identifier; }
 
-    /// Adds it to the table. On error, an identifier that is taken: a log line, and the overlay
-    /// that was there is kept and returned.
+    /// Adds it to the table. On error, an identifier in use: a log line, and the existing overlay
+    /// is kept and returned.
     static MenuOverlay* add(std::unique_ptr<MenuOverlay> overlay);
     /// Null for an unknown identifier.
     static MenuOverlay* find(const String& identifier);
-    /// Drops them all. No menu may be alive.
+    /// Deletes all. No menu may be alive.
     static void release();
 
 private:

@@ -46,7 +46,7 @@ void StandardMenu::onFirstEnter() {
     scheduler.setTaskName(this, getName());
 }
 
-// A menu that a change of state overtook never left: what it had would stand in the way.
+// A change of state during its fade skips onLeave(): its old elements must go first.
 void StandardMenu::onEnter() {
     if (entered) {
         clearWidgets();
@@ -69,7 +69,7 @@ void StandardMenu::onLeave() {
     focus.clear(*this);
     clearWidgets();
     clearTextAreas();
-    entered = isOverlayUser = false; // the machine counts it down itself
+    entered = isOverlayUser = false; // the machine removes the user itself
     ImageHandler::getInstance().releaseShortLived();
 }
 
@@ -88,7 +88,7 @@ void StandardMenu::onEvent(Widget* widget, int32_t eventType) {
         focus.takeHit(*this, *widget);
 }
 
-// The machine counts it at the end of the entering; the first update is what comes after that.
+// The machine adds the user at the end of the entering, before the first update.
 void StandardMenu::update() {
     isOverlayUser = entered;
     Menu::update();

@@ -6,7 +6,7 @@
 namespace zel {
 
 /// A menu with the usual behaviour: it is a task of the scheduler, loses its elements when it is
-/// left, and answers the keyboard.
+/// left, and handles the keyboard.
 class StandardMenu : public Menu {
 public:
     using Menu::Menu;
@@ -15,11 +15,11 @@ public:
     TextArea* addTextArea(const String& name, const String& text) override;
 
     void reset() override { resetWidgets(); }
-    void onFirstEnter() override; // becomes a task, which runs while it is shown
+    void onFirstEnter() override; // registers it as a task, which runs while it is shown
     void onEnter() override;
     void onEntered() override {}
     void onLeaving() override {}
-    void onLeave() override; // all elements go
+    void onLeave() override; // removes all elements
     void onPause() override {}
     void onContinue() override;
     void onEvent(Widget* widget, int32_t eventType) override;
@@ -32,7 +32,7 @@ private:
 
     MenuFocus focus;
     bool isTask = false;
-    bool entered = false; // and not left since
+    bool entered = false; // between onEnter() and onLeave()
 };
 
 } // namespace zel

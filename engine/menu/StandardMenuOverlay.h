@@ -10,7 +10,7 @@ namespace zel {
 class Image;
 class Widget;
 
-/// The overlay of scripts and themes: an image, drawn by its options, and widgets upon it.
+/// The overlay of scripts and themes: an image, drawn by its options, with widgets on it.
 class StandardMenuOverlay : public MenuOverlay {
 public:
     StandardMenuOverlay(const String& identifier, const Image& image,
@@ -20,9 +20,10 @@ public:
     void update() override;
     void render() override;
     void reset() override;
+    /// Adds a widget that is drawn over the image.
     void addWidget(std::unique_ptr<Widget> widget);
 
-    /// The overlay of that image and those options, made if need be. On error: null, and the image
+    /// The overlay of that image with those options, made if need be. On error: null, and the image
     /// handler's log line.
     static MenuOverlay* of(const String& imageName, const OverlayOptions& options);
 

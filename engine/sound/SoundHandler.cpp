@@ -21,7 +21,7 @@ void fillBuffer(void* mixer, uint8_t* stream, int byteCount) {
                                          static_cast<size_t>(byteCount) / sizeof(int16_t));
 }
 
-/// The mixer belongs to the device's thread while this lives.
+/// Locks the device's thread out of the mixer.
 class DeviceLock {
 public:
     explicit DeviceLock(bool needed) : needed(needed) {
@@ -41,7 +41,7 @@ private:
 
 } // namespace
 
-// Never taken down by the process's end: the loop does it before SDL goes.
+// Not destroyed at the end of the process: the loop closes it before SDL ends.
 SoundHandler& SoundHandler::getInstance() {
     static auto* const handler = new SoundHandler;
     return *handler;
@@ -68,7 +68,7 @@ void SoundHandler::openDevice() {
     wanted.samples = BufferFrames;
     wanted.callback = fillBuffer;
     wanted.userdata = mixer.get();
-    // Without a place for what the device would take instead, SDL converts to it by itself.
+    // With null for the obtained format SDL converts to the device's by itself.
     if (SDL_OpenAudio(&wanted, nullptr) != 0) {
         log(String("No audio: ") + SDL_GetError(), Category, LogInfo);
         return;

@@ -11,10 +11,10 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t MostBytes = 64 << 20; // of a file, far more than a sound of a menu takes
+constexpr int32_t MostBytes = 64 << 20; // of a file, far more than a menu's sound needs
 constexpr int64_t MostFrames = int64_t(SoundRate) * 600;
 
-/// The frames of a recording, whatever its form.
+/// The frames of a recording of any format.
 class Recording {
 public:
     Recording(const SoundForm& form, std::string_view bytes) : form(form), bytes(bytes) {}
@@ -30,7 +30,7 @@ public:
 private:
     size_t sampleSize() const { return static_cast<size_t>(form.bits / 8); }
     size_t frameSize() const { return sampleSize() * static_cast<size_t>(form.channels); }
-    /// In the range of 16 bits with a sign.
+    /// Converted to 16 bits with a sign.
     int32_t sample(size_t place) const {
         const auto byte = [this](size_t at) { return int32_t(static_cast<uint8_t>(bytes[at])); };
         int32_t value = byte(place) << 8;
@@ -43,7 +43,7 @@ private:
     std::string_view bytes;
 };
 
-/// SDL has sign, order of bytes and bits of a sample in one number.
+/// SDL encodes sign, byte order and bits of a sample in one number.
 SoundForm formOf(const SDL_AudioSpec& spec) {
     return {spec.freq, spec.channels, spec.format & 0xFF, (spec.format & 0x8000) != 0,
             (spec.format & 0x1000) != 0};
@@ -51,8 +51,8 @@ SoundForm formOf(const SDL_AudioSpec& spec) {
 
 } // namespace
 
-// Not by SDL: where neither rate is twice the other it takes the nearest one that is, and the sound
-// comes out too high or too low.
+// Not by SDL: unless one rate is twice the other it takes the nearest that is, and the sound comes
+// out too high or too low.
 SoundSamples convertSound(const SoundForm& form, std::string_view recording) {
     if (form.rate < 1 || form.channels < 1 || (form.bits != 8 && form.bits != 16))
         return {};

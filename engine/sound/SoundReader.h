@@ -9,19 +9,19 @@
 
 namespace zel {
 
-/// How the samples of a recording stand in memory.
+/// The format of a recording's samples in memory.
 struct SoundForm {
     int32_t rate = SoundRate; // frames a second
     int32_t channels = 2;     // samples of a frame; the first two are left and right
     int32_t bits = 16;        // of a sample: 8 or 16
-    bool isSigned = true;     // else silence is in the middle of the range
+    bool isSigned = true;     // otherwise silence is the middle of the range
     bool isBigEndian = false;
 };
 
-/// Brings a recording into the form that is mixed. One channel is heard on both sides, of more than
-/// two the first two are taken; another rate is turned into SoundRate by straight lines between the
-/// samples, so that length and pitch stay. A part of a frame at the end is dropped. Empty for a
-/// form that makes no sense, and for what would last longer than ten minutes.
+/// Converts a recording into the form that is mixed. One channel is heard on both sides; of more
+/// than two the first two are taken. Other rates are converted to SoundRate by linear
+/// interpolation, so that length and pitch stay. A partial frame at the end is dropped. Empty for
+/// an invalid format, and for more than ten minutes.
 SoundSamples convertSound(const SoundForm& form, std::string_view recording);
 
 /// Reads a WAV file. On error: null; no log line.

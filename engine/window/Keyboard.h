@@ -7,15 +7,16 @@
 
 namespace zel {
 
-/// The keyboard as screens see it. Every query first takes the events that wait.
+/// The keyboard for screens. Every query first drains the event queue.
 class Keyboard {
 public:
-    static bool isKeyDown(int32_t symbol);
+    static bool isKeyDown(int32_t symbol); // false for symbols out of range
     /// The last key pressed; earlier ones of a burst are lost, and a second call gives symbol 0.
     static Key getKey();
-    /// All keys pressed since the last call, oldest first, at most the last 64. What was pressed
-    /// during a fade isn't among them. It leaves getKey() alone.
+    /// All keys pressed since the last call, oldest first, at most the last 64. Keys pressed during
+    /// a fade are left out. It doesn't affect getKey().
     static std::vector<Key> takeKeys();
+    /// Forgets pressed keys; held ones stay held.
     static void clearKeys();
 };
 

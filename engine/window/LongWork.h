@@ -6,9 +6,8 @@
 
 namespace zel {
 
-/// Work of seconds in the midst of a frame, such as weeks of the war: keeps the window alive, which
-/// the system would take for dead, and shows how far the work has come. It exists as long as the
-/// work:
+/// Work of several seconds within a frame, such as weeks of the war: keeps the window responsive
+/// and shows the progress. It exists as long as the work:
 ///
 ///     zel::LongWork work;
 ///     for (const Step& step : steps) {
@@ -17,12 +16,12 @@ namespace zel {
 ///             work.showPicture();
 ///     }
 ///
-/// What the player presses meanwhile is dropped, but for the wish to close the window: the loop
-/// ends behind the frame. The time counts neither for a running fade nor against the tasks of the
-/// frame. Without a window all goes on, and nothing is seen.
+/// Input during the work is dropped, except for closing the window, which ends the loop after the
+/// frame. The time counts neither for a running fade nor for the tasks of the frame. Without a
+/// window the work goes on unseen.
 ///
-/// REQUIRES: no drawing is under way; so it belongs into update() and the notifications of a state,
-/// not into render().
+/// REQUIRES: nothing is being drawn; so use it in update() and the notifications of a state, not in
+/// render().
 class LongWork {
 public:
     LongWork();
@@ -30,9 +29,9 @@ public:
     LongWork(const LongWork&) = delete;
     LongWork& operator=(const LongWork&) = delete;
 
-    /// Whether the last picture is a tenth of a second old. Cheap enough for every step.
+    /// Whether the last picture is a tenth of a second old. Cheap enough to ask at every step.
     bool isDue() const;
-    /// Shows the visible states as they are now, and what `drawAbove` adds to them.
+    /// Shows the visible states in their present form, and what `drawAbove` adds to them.
     void showPicture(const std::function<void()>& drawAbove = {});
 
 private:

@@ -4,36 +4,36 @@
 
 namespace zel {
 
-/// The mouse at one moment: the events that waited have been taken once, for all of it.
+/// The mouse at one moment: all values are of the same drain of the event queue.
 struct MouseState {
     int32_t x = 0, y = 0;   // design pixels
-    bool isDown = false;    // the button asked for
+    bool isDown = false;    // the given button
     bool wasTapped = false; // see Mouse::wasTapped(), anywhere
     int32_t wheel = 0;      // steps turned since the last query, above 0 for up
 };
 
-/// The mouse as screens see it: positions in design pixels, buttons 1 (left), 2 (right), 3
-/// (middle), 4 and 5 (wheel up and down). Every query first takes the events that wait. So a press
-/// may arrive between two queries: use read() where values must belong together.
+/// The mouse for screens: positions in design pixels, buttons 1 (left), 2 (right), 3 (middle), 4
+/// and 5 (wheel up and down). Every query first drains the event queue, so a press may arrive
+/// between two queries: use read() for values that belong together.
 class Mouse {
 public:
-    /// Everything at once. It takes the wheel's steps, as takeWheel() does.
+    /// Everything at once. It resets the wheel's steps, as takeWheel() does.
     static MouseState read(int32_t button);
     static int32_t getX();
     static int32_t getY();
-    static bool isButtonDown(int32_t button);
-    /// Whether it was released after a press since the last call that said so.
+    static bool isButtonDown(int32_t button); // false for buttons out of range
+    /// Whether it was released after a press since the last call that returned true.
     static bool isButtonHit(int32_t button);
-    /// Forgets what all buttons did, so that nobody else answers it.
+    /// Forgets presses, hits and taps of all buttons, so that nothing else handles them.
     static void consumeHits();
     /// Motion since the last call, in window pixels.
     static int32_t getMoveX();
     static int32_t getMoveY();
-    /// Steps that the wheel was turned since the last call; up is above 0.
+    /// Steps of the wheel since the last call, above 0 for up.
     static int32_t takeWheel();
 
     /// Whether the button was pressed and released within the rectangle so fast that no frame saw
-    /// it down. It is true for the frame in which the menus first can see it, until consumeHits().
+    /// it down. True in the first frame in which menus can handle it, until consumeHits().
     static bool wasTapped(int32_t button, int32_t x, int32_t y, int32_t width, int32_t height);
 };
 

@@ -6,15 +6,15 @@
 
 namespace zel {
 
-/// What the state machine knows of a full-window picture that lies behind or in front of a state
-/// and may be shared by several: how many states use it now, and the moments it is told of.
-/// zel::MenuOverlay is the class of them that menus use.
+/// A full-window picture behind or in front of a state, as the state machine sees it: it may be
+/// shared by several states, counts those that use it, and is notified as they are. Menus use
+/// zel::MenuOverlay.
 class StateOverlay : public UpdateAndRenderObject {
 public:
     virtual void activate() {}   // the first user has come
     virtual void deactivate() {} // the last user has gone
     virtual void reset() {}
-    virtual void onFirstEnter() {} // once in its life
+    virtual void onFirstEnter() {} // once
     virtual void onEnter() {}
     virtual void onEntered() {}
     virtual void onLeaving() {}
@@ -30,7 +30,7 @@ public:
         if (userCount > 0 && --userCount == 0)
             deactivate();
     }
-    /// True the first time that it is asked.
+    /// True at the first call only.
     bool takeFirstEnter() {
         const bool first = !firstEnterDone;
         firstEnterDone = true;

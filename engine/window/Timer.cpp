@@ -29,8 +29,7 @@ uint32_t Timer::getTicks() const {
     return paused ? pausedTicks : pausedTicks + (ticks() - startTicks);
 }
 
-// The delay creeps up to what the rest of the frame leaves free: half of the old one, half of the
-// one that would have been right.
+// The delay approaches the free rest of a frame: half of the old one, half of the right one.
 void Timer::regulate(int32_t wantedFps) {
     if (wantedFps < 1)
         return;

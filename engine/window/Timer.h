@@ -9,9 +9,9 @@ class Timer {
 public:
     Timer() { reset(); }
 
-    /// Starts again from 0, running.
+    /// Restarts from 0, running.
     void reset();
-    /// Goes on from the value at which it was stopped. A running timer just goes on.
+    /// Resumes from the value at which it was stopped. No effect on a running timer.
     void start();
     /// Freezes the value.
     void stop();
@@ -20,10 +20,10 @@ public:
     double getSeconds() const { return getTicks() / 1000.0; }
     bool isStopped() const { return paused; }
 
-    /// A frame limiter: waits until 1000 / fps milliseconds have passed since the last call. fps
-    /// below 1 waits for nothing.
+    /// A frame limiter: waits until 1000 / fps milliseconds have passed since the last call. It
+    /// doesn't wait for an fps below 1.
     void regulate(int32_t fps);
-    /// What the last two calls of regulate() gave, in frames a second; 0 before.
+    /// Frames a second between the last two calls of regulate(); initially 0.
     float getFps() const { return fps; }
 
 private:

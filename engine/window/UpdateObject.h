@@ -2,8 +2,8 @@
 
 namespace zel {
 
-/// Something that ticks: a task of the scheduler, a part of one, or an object whose life the loop
-/// ends.
+/// Something that is updated: a task of the scheduler, a part of one, or an object that the loop
+/// owns.
 class UpdateObject {
 public:
     virtual ~UpdateObject() = default;

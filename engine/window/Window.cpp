@@ -18,10 +18,10 @@ namespace zel {
 namespace {
 
 constexpr const char* Category = "Window";
-constexpr uint32_t FramePeriod = 15;     // milliseconds; a display of 60 pictures never waits
-constexpr uint32_t IdleFramePeriod = 50; // without the keyboard, and minimised
-constexpr uint32_t RepeatPeriod = 1000;  // of a picture that doesn't change
-constexpr int32_t IconSide = 32;         // Windows takes no other
+constexpr uint32_t FramePeriod = 15;     // milliseconds; shorter than a picture of a 60 Hz display
+constexpr uint32_t IdleFramePeriod = 50; // without keyboard focus, and minimised
+constexpr uint32_t RepeatPeriod = 1000;  // of an unchanged picture
+constexpr int32_t IconSide = 32;         // the only size that Windows takes
 
 void setAttributes(bool demanding) {
     SDL_GL_SetAttribute(SDL_GL_DOUBLEBUFFER, 1);
@@ -35,7 +35,7 @@ void setAttributes(bool demanding) {
 bool isWebAddress(const String& address) { return address.view().substr(0, 7) == "http://"; }
 
 /// The display reports a window's old size once more while it takes the new one: following that
-/// would throw the window to and fro. Reports of any other size stay in the queue.
+/// would make the window flicker between sizes. Reports of any other size stay in the queue.
 void dropResizesTo(int32_t width, int32_t height) {
     SDL_PumpEvents();
     SDL_Event reports[16];
@@ -139,7 +139,7 @@ void Window::destroy() {
 }
 
 // SDL keeps the window on the screen until the next one or its own end; closing the display in
-// between would cost the connection to it.
+// between would lose the connection to it.
 Window::~Window() {
     Canvas::getInstance().detach();
     if (surface != nullptr)
@@ -168,7 +168,7 @@ bool Window::setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen) {
         log(SDL_GetError(), Category, LogError);
         return false;
     }
-    width = std::max(1, surface->w); // full screen may come in another size
+    width = std::max(1, surface->w); // full screen may have another size
     height = std::max(1, surface->h);
     fullscreen = newFullscreen;
     if (oldWidth != width || oldHeight != height)
@@ -187,7 +187,7 @@ void Window::resize(int32_t newWidth, int32_t newHeight) {
         windowedWidth = width;
         windowedHeight = height;
     } else if (!setMode(oldWidth, oldHeight, false)) {
-        ZelLoop::quit(); // a program that nobody sees must not go on
+        ZelLoop::quit(); // an invisible program must not go on
     }
 }
 

@@ -3,16 +3,15 @@
 #include "engine/core/String.h"
 
 /// The application as the loop sees it. The engine only declares it: each program, and each test
-/// that runs a loop, defines these operations and thereby says what it is. One exists, from the
-/// start to the end of the loop.
+/// that runs a loop, defines these operations. There is one, from the start to the end of the loop.
 class ZelApp {
 public:
     ZelApp();
-    virtual ~ZelApp(); // the last of the loop's end: closes the window
+    virtual ~ZelApp(); // last, at the loop's end: closes the window
 
     void init(); // settings, window, data
 
-    // Four moments between the language and the menus, in this order.
+    // Four steps between the language and the menus, in this order.
     void onLanguageSet();
     void beforeServices();
     void afterServices();

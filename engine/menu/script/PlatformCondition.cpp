@@ -9,7 +9,7 @@ namespace zel {
 
 namespace {
 
-constexpr size_t MostWords = 7; // the condition and six behind it
+constexpr size_t MostWords = 7; // the condition and six more
 
 struct Condition {
     const char* word;

@@ -7,17 +7,18 @@ namespace zel {
 
 class ScrollingArea;
 
-/// An element's rectangle at rest, and where it is drawn while its screen comes or goes or while
-/// its area is scrolled.
+/// An element's rectangle at rest, and where it is drawn while its screen fades or its area
+/// scrolls.
 struct Bounds {
     PixelRect rect; // at rest
     Scroll scrollIn, scrollOut;
-    ScrollingArea* area = nullptr; // that it moves with; null for most
+    ScrollingArea* area = nullptr; // the area that it moves with; null for most
     int32_t drawX = 0, drawY = 0;  // in this frame, in design pixels
 
-    /// Sets drawX and drawY. contentPhase 0: the screen comes, 1: it goes; progress 1: at rest.
+    /// Sets drawX and drawY. contentPhase 0: the screen is entered, 1: it is left; progress 1: at
+    /// rest.
     void moveTo(int32_t contentPhase, float progress);
-    /// The rectangle moved with its area: what the pointer has to hit.
+    /// The rectangle moved with its area: where the pointer hits it.
     PixelRect currentRect() const;
     /// The part of it that its area shows; without width or height if there is none.
     PixelRect shownRect() const;

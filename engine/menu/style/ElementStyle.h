@@ -13,18 +13,18 @@ struct Theme;
 
 struct FontResult {
     const Font* font = nullptr;
-    bool isUnknownIndex = false; // no name helped, and the theme's list has no such place
+    bool isUnknownIndex = false; // no font by name, and the theme's list lacks the index
 };
-/// The font of the choice's name; should that not load, the one at its place in the list.
+/// The font of the choice's name, or else the one at its index in the list.
 FontResult chooseFont(const FontChoice& choice, const std::vector<String>& themeFonts);
 
-/// Gives the widget the images, tints, font, colours, offsets and sound of its kind. What its
-/// layout says of it goes before them.
+/// Gives the widget images, tints, font, colours, offsets and sound of its kind. What its layout
+/// defines overrides them.
 void styleWidget(Widget& widget, const Layout& layout, const Theme* theme);
 
 /// Builds the element that a layout defines. What the layout leaves open comes from the theme by
-/// the element's kind, then from the theme's defaults; a null theme has none. `alignment` holds
-/// where the element has none of its own. On error: null, and a log line.
+/// the element's kind, then from the theme's defaults; a null theme has none. `alignment` applies
+/// to elements without one. On error: null, and a log line.
 std::unique_ptr<Widget> createWidgetFromLayout(const Layout& layout, const String& name,
                                                const Theme* theme, int32_t alignment);
 std::unique_ptr<TextArea> createTextAreaFromLayout(const Layout& layout, const String& name,

@@ -12,7 +12,7 @@ namespace zel {
 
 using LookColors = std::array<std::optional<uint32_t>, LookCount>; // ARGB; empty: not given
 
-/// How widgets of one kind look.
+/// The style of widgets of one kind.
 struct WidgetStyle {
     std::array<String, LookCount> images;
     LookColors tints;
@@ -20,16 +20,16 @@ struct WidgetStyle {
     int32_t textX = 0, textY = 0;     // moves the text, in design pixels
     int32_t borderX = 0, borderY = 0; // margin within which the text stays
     FontChoice font;
-    String sound; // WAV file that a hit plays
+    String sound; // WAV file played by a hit
 };
 
-/// How text areas of one kind look.
+/// The style of text areas of one kind.
 struct TextAreaStyle {
     FontChoice font;
     std::optional<uint32_t> color;
 };
 
-/// An overlay behind or in front of all screens of a theme: one that is registered under the name,
+/// An overlay behind or in front of all screens of a theme: the registered one of that name, or
 /// else one of the image of that name.
 struct ThemeOverlay {
     String name; // empty: none
@@ -44,10 +44,10 @@ struct Theme {
     LookColors textColors;                     // of widgets whose kind has none
     std::optional<uint32_t> textAreaColor;
     std::vector<String> fonts;               // chosen by index
-    String backgroundImage, foregroundImage; // shown where there is no overlay
+    String backgroundImage, foregroundImage; // shown without an overlay
     ThemeOverlay backgroundOverlay, foregroundOverlay;
 
-    /// The style of a kind; an empty one if the theme doesn't know it.
+    /// The style of a kind; an empty one if the theme lacks it.
     const WidgetStyle& widgetStyle(const String& kind) const;
     const TextAreaStyle& textAreaStyle(const String& kind) const;
 };

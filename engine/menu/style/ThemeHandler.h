@@ -4,24 +4,25 @@
 
 namespace zel {
 
-/// All themes by name, and the one that definitions go to.
+/// All themes by name, and the current one, which the definition commands change.
 class ThemeHandler {
 public:
-    /// Built at the first use; lives until release().
+    /// Built at first use; lives until release().
     static ThemeHandler& getInstance();
-    /// Drops every theme. No menu may be alive.
+    /// Deletes all themes. No menu may be alive.
     static void release();
 
-    /// Starts the theme over, empty, and makes it the one that definitions go to.
+    /// Begins the theme, or clears the one of that name, and makes it current.
     void defineTheme(const String& name);
-    /// The theme that definitions go to; null, and a log line, if there is none yet.
+    /// The current theme; null, with a log line, without one.
     Theme* currentTheme();
     /// Empties the current theme, which keeps its name.
     void clearTheme();
-    /// Null for an unknown name. The address holds until release().
+    /// Null for an unknown name. The address is valid until release().
     const Theme* find(const String& name) const;
 
-    /// Puts a font at a place of the theme's list; -1 stands for its end.
+    /// Sets the font at an index of the theme's list; -1 means its end. On error, an index above
+    /// 255: a log line.
     void defineFont(const String& fontName, int32_t index);
 
 private:

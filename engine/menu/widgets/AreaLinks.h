@@ -22,9 +22,9 @@ void joinArea(const String& name, Bounds& bounds, const Widgets& widgets);
 /// The same for a widget; if it is an area itself, also links the elements that are already there.
 void linkWidget(const String& name, const Widgets& widgets, const TextAreas& textAreas);
 
-/// The area, if any, no longer counts the element.
+/// Removes the element from its area, if it has one.
 void leaveArea(Bounds& bounds);
-/// The same for a widget that goes away; its elements, if it is an area, stop moving with it.
+/// The same for a widget that is removed; if it is an area, its elements stop moving with it.
 void unlinkWidget(Widget& widget, const Widgets& widgets, const TextAreas& textAreas);
 
 } // namespace zel

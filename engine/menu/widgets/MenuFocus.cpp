@@ -97,7 +97,7 @@ void MenuFocus::takeKey(Menu& menu, const Key& key) {
         give(menu, *target);
     else if (ScrollingArea* area = areaFor(menu, widget))
         scroll(*area, key);
-    // A key that is held down hits once: the next screen must not be hit by its repetitions.
+    // A held key hits once: its repetitions must not hit the next screen.
     if (!key.repeated)
         takeHitKey(menu, key);
 }
@@ -136,7 +136,7 @@ void MenuFocus::clear(Menu& menu) {
     name = String();
 }
 
-// A field that is typed into keeps the focus while the mouse moves: only a hit elsewhere takes it.
+// A text input keeps the focus while the mouse moves: only a hit elsewhere takes it.
 void MenuFocus::follow(Menu& menu) {
     if (name.empty())
         return;

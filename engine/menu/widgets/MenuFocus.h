@@ -20,12 +20,11 @@ struct Key;
 /// mouse's do.
 class MenuFocus {
 public:
-    /// Answers keys in the order in which they were typed.
+    /// Handles keys in the order in which they were typed.
     void takeKeys(Menu& menu, const std::vector<Key>& keys);
-    /// Takes the focus from a widget that can't have it any more, and from any when the pointer
-    /// has moved.
+    /// Clears the focus if its widget can't have it any longer, or if the pointer has moved.
     void follow(Menu& menu);
-    /// Gives the focus to a widget that wants typed characters, when that is hit.
+    /// Gives the focus to a widget that takes typed characters when it is hit.
     void takeHit(Menu& menu, Widget& widget);
     void clear(Menu& menu);
     /// Name of the widget with the focus; empty for none.

@@ -13,10 +13,10 @@ struct Pointer {
     bool hasTapped = false; // it was pressed and released between two frames, anywhere
     int32_t wheel = 0;      // steps turned since the last frame, above 0 for up
 
-    /// Takes the wheel's steps.
+    /// Resets the wheel's steps.
     static Pointer read();
 };
 
-constexpr int32_t MenuButton = 1; // the mouse button that menus answer
+constexpr int32_t MenuButton = 1; // the mouse button of menus
 
 } // namespace zel

@@ -14,28 +14,28 @@ class ScrollingArea : public Widget {
 public:
     explicit ScrollingArea(const String& name) : Widget(name) {}
 
-    /// Shows the beginning again, too.
+    /// Also scrolls to the beginning.
     void reset() override;
     void handlePointer(const Pointer& pointer) override;
-    bool canFocus() const override { return false; } // its rows are what the keyboard goes to
+    bool canFocus() const override { return false; } // only its rows can
 
     /// How far the elements have moved up, in design pixels; 0 shows their beginning.
     int32_t getOffset() const { return offset; }
-    /// Held between 0 and the offset that shows the last element's end.
+    /// Clamped to 0 and the offset that shows the last element's end.
     void setOffset(int32_t newOffset);
     void scrollBy(int32_t distance) { setOffset(offset + distance); }
     void scrollToStart() { setOffset(0); }
     void scrollToEnd() { setOffset(furthest); }
-    /// Scrolls as little as it takes to show the element, given at offset 0, as a whole; of one
-    /// that is taller than the area its upper end.
+    /// Scrolls as little as needed to show the whole element, given at offset 0, or the top of one
+    /// that is taller than the area.
     void show(const PixelRect& element);
-    /// Whether all of the element, given at offset 0, can be seen now.
+    /// Whether the whole element, given at offset 0, is in view.
     bool isWhollyShown(const PixelRect& element) const;
-    /// A press in it moves its elements now, or did until this very look.
+    /// Whether a press drags its elements, or did so up to this frame.
     bool isDragged() const { return dragged; }
-    /// Counts an element by where it rests; the lowest one decides how far the area scrolls.
+    /// Counts an element by its rectangle at rest; the lowest one limits the scrolling.
     void addElement(const PixelRect& element);
-    /// Takes what addElement() was given.
+    /// Removes an element that addElement() got.
     void removeElement(const PixelRect& element);
 
 private:

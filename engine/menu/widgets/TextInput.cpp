@@ -8,11 +8,11 @@ namespace zel {
 
 namespace {
 
-constexpr std::string_view EndCursor = "_";    // behind the text
-constexpr std::string_view MiddleCursor = "|"; // within it, where it must not push letters far
+constexpr std::string_view EndCursor = "_";    // after the text
+constexpr std::string_view MiddleCursor = "|"; // within it, narrow so that letters hardly move
 
-/// Whether the key's character can be typed: Windows-1252 knows more of them than Latin-1, which is
-/// what Key::printable tells.
+/// Whether the key's character can be typed: all of Windows-1252, while Key::printable is about
+/// Latin-1.
 bool isTyped(const Key& key) {
     constexpr uint8_t DeleteCode = 127;
     const auto code = static_cast<uint8_t>(key.character);

@@ -4,17 +4,16 @@
 
 namespace zel {
 
-/// One line of keyboard input. Its text is what was typed, in Windows-1252; while it has the focus
-/// a cursor shows where the next character goes. A character that would exceed its length limit or
-/// its width isn't taken.
+/// A line of keyboard input, in Windows-1252. While it has the focus, a cursor shows where the next
+/// character goes. A character that exceeds its length limit or its width isn't taken.
 class TextInput : public Widget {
 public:
     explicit TextInput(const String& name) : Widget(name) {}
 
-    /// Cut at the length limit; the cursor goes behind it.
+    /// Cuts the text at the length limit; the cursor goes to its end.
     void setText(const String& newText) override;
     String getText() const override { return typed; }
-    /// The most characters that it takes, from 1; 128 at first. A longer text is cut.
+    /// The maximum of characters, from 1; initially 128. A longer text is cut.
     void setLengthLimit(int32_t count);
     void render() override;
     bool wantsKeys() const override { return true; }
@@ -24,7 +23,7 @@ public:
 private:
     bool takeCursorKey(int32_t symbol);
     bool fits(const String& candidate) const;
-    /// The text with that much of it replaced by `inserted`, from `start` on.
+    /// The text with `count` characters from `start` on replaced by `inserted`.
     String edited(int32_t start, int32_t count, const String& inserted) const;
 
     String typed;

@@ -16,7 +16,7 @@ namespace zel {
 namespace {
 
 constexpr const char* Category = "Widget";
-constexpr int32_t Slip = 40; // design pixels that an armed widget forgives
+constexpr int32_t Slip = 40; // design pixels outside that keep a widget armed
 constexpr std::string_view AddressMark = "http://";
 constexpr const char* LookNames[LookCount] = {"active", "inactive", "over", "down"};
 
@@ -51,7 +51,7 @@ void Widget::handlePointer(const Pointer& pointer) {
     }
     const bool isInside = isWithin(bounds.shownRect(), pointer.x, pointer.y);
     const bool isNear = isWithin(bounds.currentRect(), pointer.x, pointer.y, Slip);
-    // A fast press and release can fall between two looks, and the pointer be gone by the second.
+    // A fast press and release can fall between two frames, and the pointer be elsewhere by now.
     if (pointer.hasTapped && !pointer.isDown && !armed && isIdle() && wasTapped())
         performHit();
     const bool isDragged = bounds.area != nullptr && bounds.area->isDragged();
@@ -94,7 +94,7 @@ void Widget::performHit() {
         followTransition();
 }
 
-// The reset comes before the change: a widget that leads away itself isn't drawn down in the fade.
+// The reset comes before the change, so that the widget isn't drawn down during the fade.
 void Widget::followTransition() {
     if (transition.left(static_cast<int32_t>(AddressMark.size())) == AddressMark) {
         log(name + " opens url " + transition, Category, LogDebug);

@@ -12,9 +12,9 @@ namespace zel {
 class Image;
 struct Key;
 
-/// The interactive element of the menus: a rectangle with an image for each of its looks and a
+/// The interactive element of the menus: a rectangle with an image for each of its looks, and a
 /// text. A press and release of the mouse over it, or a key while it has the focus, hits it: it
-/// tells the active state, then follows its transition.
+/// notifies the active state, then follows its transition.
 ///
 /// Owned by its menu, from the entering of the screen to its leaving.
 class Widget : public UpdateAndRenderObject {
@@ -33,30 +33,31 @@ public:
     virtual void setText(const String& newText);
     virtual String getText() const { return text; }
     virtual String getTransition() const { return transition; }
-    /// Forgets pointer and hits: it is drawn at rest again. Text, images, active and visible stay.
+    /// Clears the states of pointer and hits: it is drawn at rest again. Text, images, active and
+    /// visible are kept.
     virtual void reset();
     virtual void setAlpha(int32_t newAlpha) { alpha = newAlpha; } // 0 to 255, for the next render
-    /// One frame with the pointer there.
+    /// Handles one frame of the pointer.
     virtual void handlePointer(const Pointer& pointer);
-    /// Whether typed characters are its own while it has the focus.
+    /// Whether it takes typed characters while it has the focus.
     virtual bool wantsKeys() const { return false; }
-    /// A key while it has the focus; false if it has no use for it.
+    /// Handles a key while it has the focus; false if it doesn't use it.
     virtual bool takeKey(const Key&) { return false; }
 
-    /// What a release of the button over it does. It doesn't ask whether the widget is active. In a
-    /// fade the screen hears nothing of it, and the player no sound. All but the widget itself go
-    /// by Menu::hitWidget(), which keeps a widget alive that its own section removes.
+    /// What a release of the button over it does, even if it is inactive. During a fade neither the
+    /// screen is notified nor a sound played. Code hits widgets by Menu::hitWidget(), which keeps a
+    /// widget alive that its own section removes.
     void performHit();
 
     void setVisible(bool isVisible) { visible = isVisible; }
     bool isVisible() const { return visible; }
-    /// An inactive widget shows its inactive image and doesn't react.
+    /// An inactive widget shows its inactive image and isn't hit.
     void setActive(bool isActive) { active = isActive; }
     bool isActive() const { return active; }
-    /// The focus of the keyboard, drawn like the pointer's.
+    /// The keyboard's focus, drawn like the pointer's.
     void setFocused(bool isFocused) { focused = isFocused; }
     bool isFocused() const { return focused; }
-    /// Whether the keyboard's focus can come to it: not to labels.
+    /// Whether it can have the keyboard's focus; labels can't.
     virtual bool canFocus() const {
         return active && visible && (kind != "widget" || !transition.empty());
     }
@@ -64,33 +65,36 @@ public:
     bool isOver() const { return over; }
     bool wasHit() const { return hit; } // until reset()
 
-    /// A state's name, or an address that begins "http://". Empty for none.
+    /// The name of a state, or an address that begins with "http://". Empty for none.
     void setTransition(const String& target) { transition = target; }
-    void setKind(const String& newKind) { kind = newKind; }
+    void setKind(const String& newKind) { kind = newKind; } // lowered; it changes no style
     const String& getKind() const { return kind; }
     void setFont(const Font* font) { label.setFont(font); }
     const Font* getFont() const { return label.getFont(); }
     void setImage(WidgetLook look, const Image* image) { images[look] = image; }
     const Image* getImage(WidgetLook look) const { return images[look]; }
-    void setTint(WidgetLook look, uint32_t argb) { tints[look] = argb; }
+    void setTint(WidgetLook look, uint32_t argb) {
+        tints[look] = argb;
+    } // multiplied with the image
     void setTextColor(WidgetLook look, uint32_t argb) { textColors[look] = argb; }
+    /// Bits of Alignment; without a direction the text is centred in it.
     void setAlignment(int32_t bits);
-    /// The text stays within the rectangle less the border, and is moved by the offset.
+    /// The text is moved by x, y and stays within the rectangle less the border.
     void setTextOffset(int32_t x, int32_t y, int32_t borderX, int32_t borderY);
-    void setSound(const String& file) { sound = file; }
+    void setSound(const String& file) { sound = file; } // WAV file of a hit; empty for none
 
     Bounds& getBounds() { return bounds; }
     const Bounds& getBounds() const { return bounds; }
-    /// What it shows now.
+    /// The look that it shows now.
     WidgetLook currentLook() const;
     /// The laid-out text.
     const Text& getLabel() const { return label; }
 
-    /// The widget hit last; null once it is gone.
+    /// The widget hit last; null once it is deleted.
     static Widget* lastWidgetHit;
 
 protected:
-    /// Sets what the label shows, which may be more than the text.
+    /// Sets the drawn text, which may differ from getText().
     void showText(const String& shown);
     uint32_t withAlpha(uint32_t argb) const;
 
@@ -107,14 +111,14 @@ private:
     std::array<const Image*, LookCount> images{};
     std::array<uint32_t, LookCount> tints;
     std::array<uint32_t, LookCount> textColors;
-    std::array<bool, LookCount> warned{}; // of the missing image
+    std::array<bool, LookCount> warned{}; // whether the missing image was logged
     bool warnedFont = false;
     bool active = true;
     bool visible = true;
     bool armed = false;            // pressed on this widget
     bool hit = false;              // stays until reset()
     bool over = false;             // the pointer is over it
-    bool pressedElsewhere = false; // the button went down outside and still is
+    bool pressedElsewhere = false; // the button was pressed outside and is still down
     bool focused = false;
     String transition;
     String name;
@@ -122,7 +126,7 @@ private:
     String text;
     String sound;
     Text label;
-    PixelRect labelRect; // the rectangle for which the label was set last
+    PixelRect labelRect; // the rectangle that the label was laid out for
     int32_t textX = 0, textY = 0, borderX = 0, borderY = 0;
 };
 
