@@ -37,13 +37,14 @@ zel::String savePath(const char* ending) { return zel::getUserDirectory() + Save
 
 } // namespace
 
-void MenuNotificationRepair::onEnter() {
+void MenuNotificationRepair::onEnter() { showRepairs(zel::File::exists(savePath(BackupEnding))); }
+
+void MenuNotificationRepair::showRepairs(bool hasBackup) {
     const Database* career = Database::instance();
     if (career == nullptr || !career->hasCareer())
         return;
     setText("reason", repairLines(*career));
     setText("path", zel::system::shownText(zel::system::absolutePath(savePath(DamagedEnding))));
-    const bool hasBackup = zel::File::exists(savePath(BackupEnding));
     setVisible("text3", hasBackup);
     setVisible("text4", !hasBackup);
     setVisible("menuButton2", hasBackup);
@@ -53,5 +54,10 @@ void MenuNotificationRepair::onEvent(zel::Widget* widget, int32_t /*eventType*/)
     Database* career = Database::instance();
     if (career == nullptr || widget->getName() != "menuButton2")
         return;
-    setTransition(career->loadBackup(SaveFileName) ? "MenuGameMain" : "BlackScreen");
+    if (!career->loadBackup(SaveFileName))
+        setTransition("BlackScreen");
+    else if (!career->repairs.any())
+        setTransition("MenuGameMain");
+    else
+        showRepairs(false); // it was damaged as well
 }

@@ -10,4 +10,7 @@ public:
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    void showRepairs(bool hasBackup);
 };

@@ -117,7 +117,15 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     EXPECT_EQ(home.save(), whole);
     EXPECT_EQ(home.folder.read(save + ".bak"), whole) << "the damaged one doesn't replace it";
     EXPECT_EQ(home.folder.read(save + ".damaged"), lost);
-    ASSERT_TRUE(driver.go("menuButton2", "MenuGameMain")) << "a whole one needs no page";
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"))
+        << "a whole one: no page";
+
+    home.folder.write(save, lost);
+    home.folder.write(save + ".bak", damaged);
+    ASSERT_TRUE(driver.walk("menuButton2>MenuNotificationRepair menuButton2"));
+    EXPECT_EQ(driver.text("reason"), "The end of the file is missing.") << "of the save before";
+    EXPECT_FALSE(driver.widget("menuButton2")->isVisible());
+    ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
 }
 
 TEST(ScreenFaultsInFlight, TheSimulatorsFolderHasBracketsOfItsOwn) {
