@@ -229,7 +229,7 @@ def watch(r, hour, minute):
 
 def sweep_hand(r, turn):
     """The thin third hand of a watch of that radius at that part of its round, on nothing; 2 r square.
-    It lies over the watch's own hands."""
+    It is drawn above the watch's own hands."""
     a = 2 * math.pi * turn
 
     def draw(c):

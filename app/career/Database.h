@@ -28,7 +28,7 @@ constexpr int32_t LastCareerNumber = 0x7FFF5037;
 
 /// Where the career lies in the user's folder.
 constexpr const char* SaveFileName = "Saves/savegame_v03.wty";
-constexpr const char* BackupEnding = ".bak";      // behind its name: the save before it
+constexpr const char* BackupEnding = ".bak";      // after its name: the save before it
 constexpr const char* DamagedEnding = ".damaged"; // a damaged file that a save replaced
 
 /// A whole career in memory: every squadron of the war, every pilot who ever served, the text of

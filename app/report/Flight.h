@@ -22,7 +22,7 @@ public:
     /// Looks once for the log of the mission that was flown. True when a finished mission was
     /// found: it is in the report and has been carried into the career. Otherwise the report is
     /// empty. A log with an end that doesn't name everybody of the plan may still be being written:
-    /// it is left to the next look, and taken once it grows no more, or if this is the last look.
+    /// it is left to the next look, and taken once it stops growing, or if this is the last look.
     bool findReport(Database& career, bool isLastLook = false);
     /// What the looks since begin() have found.
     LogNews news() const;

@@ -19,7 +19,7 @@ enum class EventKind {
     Position, // the human's plane, now and then
 };
 
-/// What happens in a flight, to everybody; what of it the simulator tells is MissionLog's.
+/// What happens in a flight, to everybody. MissionLog decides what of it the simulator writes.
 ///
 /// Objects are numbered: the planes in the mission's order, then their pilots' bodies in the same
 /// order, then the guns on the ground.

@@ -15,7 +15,7 @@ struct Skill {
     double caution;   // share of the height that a dive should keep
 };
 
-/// level 1 to 4; 0, the human, flies like 3 but for a sharper look behind him.
+/// level 1 to 4; 0, the human, flies like 3 but watches his tail better.
 const Skill& skillOf(int32_t level);
 
 } // namespace standin
