@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class DatabaseFiles : public testing::Test {
+class DataTables : public testing::Test {
 protected:
     /// The texts of a record's lines in its order, each followed by "|".
     template <typename Record> std::string linesOf(const Record& record) const {
@@ -32,7 +32,7 @@ protected:
 };
 
 // What else they hold is in the hashes of DatabaseTest.
-TEST_F(DatabaseFiles, ReadsThePlayersOwnFilesBehindTheDelivered) {
+TEST_F(DataTables, ReadsThePlayersOwnFilesBehindTheDelivered) {
     world.addHistory();
     const LogCapture log;
     for (int i = 0; i < 2; ++i) { // a second reading empties first
@@ -48,7 +48,7 @@ TEST_F(DatabaseFiles, ReadsThePlayersOwnFilesBehindTheDelivered) {
     }
 }
 
-TEST_F(DatabaseFiles, CutsTheEndingFromAName) {
+TEST_F(DataTables, CutsTheEndingFromAName) {
     for (const char* name : {"a.txt", "b", "c.jpeg", "d.x.dat", "e.t", ".hidden.txt",
                              "sub.dir/f.txt", "g.TXT", ".txt", "h.tx"})
         world.folder.write(std::string("Data/Historical/Pilots/") + name, "note\n");
@@ -59,7 +59,7 @@ TEST_F(DatabaseFiles, CutsTheEndingFromAName) {
     EXPECT_EQ(names, "a b c.jpeg d.x e.t g h.tx ");
 }
 
-TEST_F(DatabaseFiles, CutsWhatIsTooLong) {
+TEST_F(DataTables, CutsWhatIsTooLong) {
     std::string lines;
     for (int i = 0; i < 200; ++i)
         lines += "delivered\n";
@@ -80,7 +80,7 @@ TEST_F(DatabaseFiles, CutsWhatIsTooLong) {
     EXPECT_EQ(log.linesWith("the name is cut to 63"), 1);
 }
 
-TEST_F(DatabaseFiles, ReportsFoldersAndFilesItCannotRead) {
+TEST_F(DataTables, ReportsFoldersAndFilesItCannotRead) {
     fs::remove_all("Data/Historical");
     const LogCapture log;
     career.readDataFiles();
@@ -97,7 +97,7 @@ TEST_F(DatabaseFiles, ReportsFoldersAndFilesItCannotRead) {
 #endif
 }
 
-TEST_F(DatabaseFiles, LivesWithFilesOfAnyBytes) {
+TEST_F(DataTables, LivesWithFilesOfAnyBytes) {
     zel::Random noise(31);
     // clang-format off
     const std::string pieces[] = {
@@ -120,7 +120,7 @@ TEST_F(DatabaseFiles, LivesWithFilesOfAnyBytes) {
     EXPECT_EQ(careerFaults(career), "");
 }
 
-TEST_F(DatabaseFiles, FindsWhatASquadronFlies) {
+TEST_F(DataTables, FindsWhatASquadronFlies) {
     world.addHistory();
     career.readDataFiles();
     EXPECT_TRUE(career.hasAircraft("101003", "nieuport17")) << "dates play no part";
@@ -140,7 +140,7 @@ TEST_F(DatabaseFiles, FindsWhatASquadronFlies) {
               "d  0 [Database] Checking fokkere3 and fokkere3\nd  0 [Database] FOUND!\n");
 }
 
-TEST_F(DatabaseFiles, FindsThePaintOfSquadronsAndPilots) {
+TEST_F(DataTables, FindsThePaintOfSquadronsAndPilots) {
     world.addSquadron("102056", "aircraft=se5a\nskin=none\naircraft=SE5A skin=a skin=b\n"
                                 "skin=c aircraft=se5a\nAIRCRAFT=sopcamel SKIN=Pup\n");
     world.addPilot("Karl Falke", "aircraft=fokkerdr1\nskin=red aircraft=fokkerDR1\n"

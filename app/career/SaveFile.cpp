@@ -1,3 +1,5 @@
+#include "app/career/SaveFile.h"
+
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -46,7 +48,7 @@ void endTexts(SquadronFile& file) {
 }
 void endTexts(PilotFile& file) { terminate(file.name); }
 
-/// A save file while it is read. Behind its end everything reads as nothing.
+/// A save file while it is read. After its end everything reads as nothing.
 class SaveReader {
 public:
     explicit SaveReader(zel::File& file) : file(file), left(file.fileSize()) {}
@@ -58,13 +60,13 @@ public:
         return value;
     }
 
-    /// As many whole records as the count says and the file holds. Each is shown to `look`.
-    template <typename Record, typename Look>
-    void records(std::vector<Record>& result, const Look& look) {
+    /// As many whole records as the count says and the file holds. Each is passed to `check`.
+    template <typename Record, typename Check>
+    void records(std::vector<Record>& result, const Check& check) {
         const auto count = static_cast<uint32_t>(number());
         const auto held = std::min<size_t>(count, static_cast<size_t>(left) / sizeof(Record));
         result.resize(held); // those of a career before it are overwritten
-        // By pieces that are looked at while they are in the cache.
+        // In pieces that are checked while they are in the cache.
         constexpr size_t PieceLength = 131072 / sizeof(Record);
         for (size_t done = 0; done < held;) {
             const size_t end = std::min(done + PieceLength, held);
@@ -73,7 +75,7 @@ public:
                 return result.resize(done);
             for (; done < end; ++done) {
                 endTexts(result[done]);
-                look(result[done]);
+                check(result[done]);
             }
         }
         if (held < count)
@@ -129,7 +131,7 @@ void clearRecords(Database& career) {
     career.pilotFiles.clear();
 }
 
-/// What stands in front of the records. Null, or why they can't be used.
+/// What the file begins with, up to the records. Null, or why they can't be used.
 const char* readHeader(SaveReader& reader, Database& career) {
     const int32_t magic = reader.number();
     const int32_t version = reader.number();
@@ -144,7 +146,7 @@ const char* readHeader(SaveReader& reader, Database& career) {
     return couldBeOfThisWar(career) ? nullptr : NoSaveGame;
 }
 
-/// The records and the invitation behind them. False if it ends before the last pilot: no war can
+/// The records and the invitation after them. False if it ends before the last pilot: no war can
 /// go on without its men.
 bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
     reader.records(career.squadrons);
@@ -157,11 +159,11 @@ bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
     if (reader.hasEndedEarly())
         return false;
     reader.records(career.dataLines);
-    const auto lookAtLines = [&](const auto& record) {
+    const auto checkLines = [&](const auto& record) {
         soundness.lines = soundness.lines && areLines(record.lines, career.dataLines.size());
     };
-    reader.records(career.squadronFiles, lookAtLines);
-    reader.records(career.pilotFiles, lookAtLines);
+    reader.records(career.squadronFiles, checkLines);
+    reader.records(career.pilotFiles, checkLines);
     for (int32_t* value : {&career.invitationYear, &career.invitationMonth,
                            &career.invitationSquadron, &career.previousInvitation})
         *value = reader.number();
@@ -170,96 +172,94 @@ bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
     return true;
 }
 
-} // namespace
-
-bool Database::storeFile(const zel::String& name) {
-    static_cast<void>(writeSave(name));
-    return true;
-}
-
-std::string Database::saveContent() const {
+std::string saveContent(const Database& career) {
     std::string content;
-    content.reserve(squadrons.size() * sizeof(Squadron) + pilots.size() * sizeof(Pilot) +
-                    dataLines.size() * sizeof(DataLine) +
-                    squadronFiles.size() * sizeof(SquadronFile) +
-                    pilotFiles.size() * sizeof(PilotFile) + 128);
+    content.reserve(career.squadrons.size() * sizeof(Squadron) +
+                    career.pilots.size() * sizeof(Pilot) +
+                    career.dataLines.size() * sizeof(DataLine) +
+                    career.squadronFiles.size() * sizeof(SquadronFile) +
+                    career.pilotFiles.size() * sizeof(PilotFile) + 128);
     append(content, Magic);
-    for (const int32_t value :
-         {SaveVersion, playerPilot, year, month, day, unusedA, unusedB, careerNumber})
+    for (const int32_t value : {SaveVersion, career.playerPilot, career.year, career.month,
+                                career.day, career.unusedA, career.unusedB, career.careerNumber})
         append(content, value);
-    appendRecords(content, squadrons);
-    appendRecords(content, pilots);
-    appendRecords(content, dataLines);
-    appendRecords(content, squadronFiles);
-    appendRecords(content, pilotFiles);
-    for (const int32_t value :
-         {invitationYear, invitationMonth, invitationSquadron, previousInvitation})
+    appendRecords(content, career.squadrons);
+    appendRecords(content, career.pilots);
+    appendRecords(content, career.dataLines);
+    appendRecords(content, career.squadronFiles);
+    appendRecords(content, career.pilotFiles);
+    for (const int32_t value : {career.invitationYear, career.invitationMonth,
+                                career.invitationSquadron, career.previousInvitation})
         append(content, value);
     return content;
 }
 
-bool Database::isSaved(const zel::String& name) const {
-    std::string saved;
+/// Replaces the career by the file's, see readSave.
+bool readFile(Database& career, const zel::String& name) {
+    createSaveFolder();
+    career.repairs = {};
     zel::File file(zel::getUserDirectory() + name, zel::FileRead);
-    return !hasCareer() || (file.readWhole(saved) && saved == saveContent());
+    SaveReader reader(file);
+    Soundness soundness;
+    const char* fault = readHeader(reader, career);
+    if (fault == nullptr && !readRecords(reader, career, soundness))
+        fault = NoSaveGame;
+    if (fault == nullptr && reader.hasEndedEarly()) {
+        zel::log("File " + name + " ends early; what it holds is used", "Database",
+                 zel::LogWarning);
+        career.invitationSquadron = career.previousInvitation = NoInvitation;
+        career.repairs.endedEarly = true;
+    }
+    if (fault == nullptr && !repairCareer(career, soundness, career.repairs))
+        fault = NoSaveGame;
+    if (fault == nullptr)
+        return true;
+    clearRecords(career);
+    if (career.careerNumber == 0) // or every career to come would have this one
+        career.careerNumber = career.random.getInt(0, LastCareerNumber);
+    zel::log("File " + name + fault, "Database", zel::LogWarning);
+    return false;
 }
 
-bool Database::writeSave(const zel::String& name) {
+} // namespace
+
+bool isSaved(const Database& career, const zel::String& name) {
+    std::string saved;
+    zel::File file(zel::getUserDirectory() + name, zel::FileRead);
+    return !career.hasCareer() || (file.readWhole(saved) && saved == saveContent(career));
+}
+
+bool writeSave(Database& career, const zel::String& name) {
     const zel::String path = zel::getUserDirectory() + name;
-    if (!hasCareer()) {
+    if (!career.hasCareer()) {
         zel::log("There is no career to store in " + path, "Database", zel::LogError);
         return false;
     }
     createSaveFolder();
     zel::log("storeFile" + path, "Database", zel::LogInfo);
-    const std::string content = saveContent();
+    const std::string content = saveContent(career);
 
-    // A damaged file doesn't push the last whole one out of its place as ".bak".
-    const bool replacesDamaged = !damagedFile.empty() && damagedFile == path;
+    // A damaged file must not replace the last whole one as ".bak".
+    const bool replacesDamaged = !career.damagedSave.empty() && career.damagedSave == path;
     const bool written =
         zel::replaceFileSafely(path, content, replacesDamaged ? DamagedEnding : BackupEnding);
     if (written && replacesDamaged)
-        damagedFile = "";
+        career.damagedSave = "";
     if (!written)
         zel::log("The career can't be written to " + path + "; the file before it is kept",
                  "Database", zel::LogError);
     return written;
 }
 
-bool Database::loadFile(const zel::String& name) {
-    const bool isLoaded = readSave(name);
-    damagedFile = isLoaded && !repairs.any() ? zel::String() : zel::getUserDirectory() + name;
-    return isLoaded;
+bool readSave(Database& career, const zel::String& name) {
+    const bool isRead = readFile(career, name);
+    const bool isDamaged = !isRead || career.repairs.any();
+    career.damagedSave = isDamaged ? zel::getUserDirectory() + name : zel::String();
+    return isRead;
 }
 
-bool Database::loadBackup(const zel::String& name) {
-    const bool isLoaded = readSave(name + BackupEnding);
-    damagedFile = zel::getUserDirectory() + name;
-    return isLoaded;
-}
-
-bool Database::readSave(const zel::String& name) {
-    createSaveFolder();
-    repairs = {};
-    zel::File file(zel::getUserDirectory() + name, zel::FileRead);
-    SaveReader reader(file);
-    Soundness soundness;
-    const char* fault = readHeader(reader, *this);
-    if (fault == nullptr && !readRecords(reader, *this, soundness))
-        fault = NoSaveGame;
-    if (fault == nullptr && reader.hasEndedEarly()) {
-        zel::log("File " + name + " ends early; what it holds is used", "Database",
-                 zel::LogWarning);
-        invitationSquadron = previousInvitation = NoInvitation;
-        repairs.endedEarly = true;
-    }
-    if (fault == nullptr && !repairCareer(*this, soundness, repairs))
-        fault = NoSaveGame;
-    if (fault == nullptr)
-        return true;
-    clearRecords(*this);
-    if (careerNumber == 0) // or every career to come would have this one
-        careerNumber = random.getInt(0, LastCareerNumber);
-    zel::log("File " + name + fault, "Database", zel::LogWarning);
-    return false;
+bool readBackup(Database& career, const zel::String& name) {
+    const bool isRead = readFile(career, name + BackupEnding);
+    career.damagedSave = zel::getUserDirectory() + name;
+    return isRead;
 }

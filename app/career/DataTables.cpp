@@ -1,7 +1,10 @@
+#include "app/career/DataTables.h"
+
 #include <algorithm>
 #include <string>
 
 #include "app/career/DataFolders.h"
+#include "app/career/DataTokens.h"
 #include "app/career/Database.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
@@ -101,12 +104,12 @@ void logDebug(const char* first, std::string_view second, const char* third = ""
 
 /// Calls use(line text) for the lines of every squadron file of that key, until it answers true.
 template <typename Use>
-bool anyLineOf(const Database& database, std::string_view key, const Use& use) {
-    for (const SquadronFile& file : database.squadronFiles) {
+bool anyLineOf(const Database& career, std::string_view key, const Use& use) {
+    for (const SquadronFile& file : career.squadronFiles) {
         if (zel::arrayText(file.key) != key)
             continue;
         for (const int32_t line : file.lines)
-            if (line >= 0 && use(zel::arrayText(database.dataLine(line).text)))
+            if (line >= 0 && use(zel::arrayText(career.dataLine(line).text)))
                 return true;
     }
     return false;
@@ -114,15 +117,16 @@ bool anyLineOf(const Database& database, std::string_view key, const Use& use) {
 
 } // namespace
 
-void Database::readDataFiles() {
-    squadronFiles.clear();
-    pilotFiles.clear();
-    dataLines.clear();
-    DataFileReader(squadronFiles, dataLines)
+void readDataFiles(Database& career) {
+    career.squadronFiles.clear();
+    career.pilotFiles.clear();
+    career.dataLines.clear();
+    DataFileReader(career.squadronFiles, career.dataLines)
         .read(listDataFiles(DeliveredSquadrons, CustomSquadrons));
-    DataFileReader(pilotFiles, dataLines).read(listDataFiles(DeliveredPilots, CustomPilots));
+    DataFileReader(career.pilotFiles, career.dataLines)
+        .read(listDataFiles(DeliveredPilots, CustomPilots));
 
-    for (const SquadronFile& file : squadronFiles) {
+    for (const SquadronFile& file : career.squadronFiles) {
         const int32_t nation = zel::toInt(zel::arrayText(file.key).substr(0, 3));
         if (std::find(std::begin(KnownNations), std::end(KnownNations), nation) ==
             std::end(KnownNations))
@@ -132,12 +136,12 @@ void Database::readDataFiles() {
     }
 }
 
-bool Database::hasAircraft(const zel::String& key, const zel::String& plane) const {
+bool hasAircraft(const Database& career, const zel::String& key, const zel::String& plane) {
     if (key.empty())
         return false;
     logDebug("Scanning for aircraft ", plane, " at hsquadron ", key);
     std::vector<DataToken> tokens;
-    return anyLineOf(*this, key, [&](std::string_view line) {
+    return anyLineOf(career, key, [&](std::string_view line) {
         logDebug("LINE: ", line);
         splitDataLine(line, tokens);
         for (const DataToken& token : tokens) {
@@ -153,11 +157,11 @@ bool Database::hasAircraft(const zel::String& key, const zel::String& plane) con
     });
 }
 
-zel::String Database::squadronSkin(const zel::String& key, const zel::String& plane) const {
+zel::String squadronSkin(const Database& career, const zel::String& key, const zel::String& plane) {
     zel::String skin;
     logDebug("Scanning for aircraft ", plane, " at hsquadron ", key);
     std::vector<DataToken> tokens;
-    anyLineOf(*this, key, [&](std::string_view line) {
+    anyLineOf(career, key, [&](std::string_view line) {
         splitDataLine(line, tokens);
         if (!namesPlane(tokens, plane))
             return false;
@@ -172,14 +176,14 @@ zel::String Database::squadronSkin(const zel::String& key, const zel::String& pl
     return skin;
 }
 
-zel::String Database::pilotSkin(int32_t pilotFile, const zel::String& plane) const {
-    if (pilotFile < 0 || static_cast<size_t>(pilotFile) >= pilotFiles.size())
+zel::String pilotSkin(const Database& career, int32_t pilotFile, const zel::String& plane) {
+    if (!career.isPilotFile(pilotFile))
         return {};
     std::vector<DataToken> tokens;
-    for (const int32_t line : pilotFiles[pilotFile].lines) {
+    for (const int32_t line : career.pilotFile(pilotFile).lines) {
         if (line < 0)
             continue;
-        splitDataLine(zel::arrayText(dataLine(line).text), tokens);
+        splitDataLine(zel::arrayText(career.dataLine(line).text), tokens);
         const DataToken* skin = findSkin(tokens);
         if (skin != nullptr && namesPlane(tokens, plane))
             return zel::String(skin->value);

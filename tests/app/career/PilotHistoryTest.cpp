@@ -15,9 +15,9 @@ namespace {
 
 /// A career of three squadrons of twelve on 1 July 1916: A and B French, G German. The player is
 /// the first pilot of A.
-class DatabaseHistory : public testing::Test {
+class PilotHistory : public testing::Test {
 protected:
-    DatabaseHistory() {
+    PilotHistory() {
         world.pin(career);
         setDate(19160701);
         scheduleInvitation(career, 1);
@@ -25,7 +25,7 @@ protected:
              {std::pair{France, "101001"}, {France, "101002"}, {Germany, "501011"}})
             zel::copyText(career.squadrons[size_t(career.addSquadron(nation))].key, key);
     }
-    ~DatabaseHistory() override { EXPECT_EQ(careerFaults(career), ""); }
+    ~PilotHistory() override { EXPECT_EQ(careerFaults(career), ""); }
 
     void setDate(int32_t date) {
         career.year = date / 10000;
@@ -58,7 +58,7 @@ protected:
     Database career;
 };
 
-TEST_F(DatabaseHistory, TheFirstSquadronOfAKeyIsMeant) {
+TEST_F(PilotHistory, TheFirstSquadronOfAKeyIsMeant) {
     giveFile("date=19160701 unit=101001\n");
     zel::copyText(career.squadrons[1].key, "101001");
     kill(1, 3);
@@ -69,7 +69,7 @@ TEST_F(DatabaseHistory, TheFirstSquadronOfAKeyIsMeant) {
     EXPECT_EQ(place(), 0);
 }
 
-TEST_F(DatabaseHistory, APilotJoinsTheFirstVacantSlot) {
+TEST_F(PilotHistory, APilotJoinsTheFirstVacantSlot) {
     giveFile("date=19160701 until=19161231 action=transfer unit=501011 acelevel=2\n");
     EXPECT_EQ(drawsOfHistory(), 0);
     EXPECT_EQ(place(), -1) << "no slot is vacant";
@@ -95,7 +95,7 @@ TEST_F(DatabaseHistory, APilotJoinsTheFirstVacantSlot) {
     EXPECT_EQ(drawsOfHistory(), 0) << "without any further effect";
 }
 
-TEST_F(DatabaseHistory, TheSkillFollowsTheLevel) {
+TEST_F(PilotHistory, TheSkillFollowsTheLevel) {
     struct Case {
         const char* words;
         int64_t draws; // behind the two of the name
@@ -125,7 +125,7 @@ TEST_F(DatabaseHistory, TheSkillFollowsTheLevel) {
     }
 }
 
-TEST_F(DatabaseHistory, APilotMovesWithTheWorstOfTheOthers) {
+TEST_F(PilotHistory, APilotMovesWithTheWorstOfTheOthers) {
     giveFile("date=19160101 unit=101001\ndate=19160801 unit=101002\nnote\n");
     kill(0, 3);
     career.applyHistory();
@@ -147,7 +147,7 @@ TEST_F(DatabaseHistory, APilotMovesWithTheWorstOfTheOthers) {
     EXPECT_EQ(place(), 1) << "he isn't taken back";
 }
 
-TEST_F(DatabaseHistory, PostingsAreUsedUpByTheirDates) {
+TEST_F(PilotHistory, PostingsAreUsedUpByTheirDates) {
     const struct {
         const char *what, *file;
         const char* places;  // A, B or none, on the days below
@@ -186,7 +186,7 @@ TEST_F(DatabaseHistory, PostingsAreUsedUpByTheirDates) {
     }
 }
 
-TEST_F(DatabaseHistory, NeitherThePlayerNorAnAceGivesUpHisPlace) {
+TEST_F(PilotHistory, NeitherThePlayerNorAnAceGivesUpHisPlace) {
     giveFile("date=19160101 unit=101002\ndate=19160801 unit=101001\n");
     kill(1, 0);
     career.applyHistory();
@@ -203,7 +203,7 @@ TEST_F(DatabaseHistory, NeitherThePlayerNorAnAceGivesUpHisPlace) {
         inSlot(0, slot).pilotFile = slot == 5 ? 0 : -1;
 }
 
-TEST_F(DatabaseHistory, TheDeadPlayersSlotIsForHisSuccessorAndADeadPilotsFileForNobody) {
+TEST_F(PilotHistory, TheDeadPlayersSlotIsForHisSuccessorAndADeadPilotsFileForNobody) {
     giveFile("date=19160101 unit=101001\ndate=19160801 unit=101002\n");
     kill(0, 0);
     career.applyHistory();
@@ -220,7 +220,7 @@ TEST_F(DatabaseHistory, TheDeadPlayersSlotIsForHisSuccessorAndADeadPilotsFileFor
     EXPECT_FALSE(isApplied(1));
 }
 
-TEST_F(DatabaseHistory, EveryVacantSlotGetsOneReplacement) {
+TEST_F(PilotHistory, EveryVacantSlotGetsOneReplacement) {
     std::set<int32_t> skills;
     for (int round = 0; round < 60; ++round) {
         zel::Random reference(career.random);
@@ -247,7 +247,7 @@ TEST_F(DatabaseHistory, EveryVacantSlotGetsOneReplacement) {
     EXPECT_GT(*skills.rbegin(), 9) << "now and then one is better than ten";
 }
 
-TEST_F(DatabaseHistory, SwappedPilotsChangeTheirSlots) {
+TEST_F(PilotHistory, SwappedPilotsChangeTheirSlots) {
     const int32_t first = career.squadrons[0].slots[2];
     const int32_t second = career.squadrons[2].slots[11];
     EXPECT_TRUE(career.swapPilots(first, second));
@@ -265,7 +265,7 @@ TEST_F(DatabaseHistory, SwappedPilotsChangeTheirSlots) {
     EXPECT_EQ(career.pilots[5].squadron, 0);
 }
 
-TEST_F(DatabaseHistory, TheRosterHasTheBestFirst) {
+TEST_F(PilotHistory, TheRosterHasTheBestFirst) {
     for (int32_t slot = 0; slot < 12; ++slot) {
         Pilot& pilot = inSlot(0, slot);
         pilot.shotdowns = pilot.missions = pilot.skill = 1;
@@ -288,7 +288,7 @@ TEST_F(DatabaseHistory, TheRosterHasTheBestFirst) {
     squadron.slots[20] = squadron.slots[31] = -1;
 }
 
-TEST_F(DatabaseHistory, SquadronsAreActivatedByDateAndByStrength) {
+TEST_F(PilotHistory, SquadronsAreActivatedByDateAndByStrength) {
     // Months since December 1914: 12 give France 20 and Germany 40, 13 give 21 and 43.
     for (int i = 0; i < 30; ++i)
         career.addSquadron(France);

@@ -18,9 +18,9 @@ namespace {
 
 /// A career as small as can be: a French and a German squadron, one file of each kind, three data
 /// lines. The player is a German.
-class DatabaseSave : public testing::Test {
+class SaveFile : public testing::Test {
 protected:
-    DatabaseSave() {
+    SaveFile() {
         world.addSquadron("101003", "date=19151101 aircraft=nieuport11\ndate=19160301\n");
         world.addPilot("Karl Falke", "date=19151201 unit=101003\n");
         world.pin(career);
@@ -90,7 +90,7 @@ constexpr size_t Invitation = PilotFiles + 1120;
 
 // What a new career leaves at 0 and no assertion of Records.h holds; all else is in the hashes of
 // DatabaseTest.
-TEST_F(DatabaseSave, LaysTheRecordsOutAsTheFormatSays) {
+TEST_F(SaveFile, LaysTheRecordsOutAsTheFormatSays) {
     career.unusedA = 5;
     career.unusedB = 6;
     career.previousInvitation = 1;
@@ -118,7 +118,7 @@ TEST_F(DatabaseSave, LaysTheRecordsOutAsTheFormatSays) {
         EXPECT_EQ(numberAt(bytes, offset), value) << offset;
 }
 
-TEST_F(DatabaseSave, RestoresEverythingBitForBit) {
+TEST_F(SaveFile, RestoresEverythingBitForBit) {
     career.pilots[3].alive = 0;
     career.applyHistory();
     const std::string bytes = stored();
@@ -130,7 +130,7 @@ TEST_F(DatabaseSave, RestoresEverythingBitForBit) {
     EXPECT_TRUE(world.folder.read("user/Saves/other") == bytes);
 }
 
-TEST_F(DatabaseSave, TellsWhyItRefusesAFile) {
+TEST_F(SaveFile, TellsWhyItRefusesAFile) {
     const std::string bytes = stored();
     for (const std::string& start :
          {"WTSW" + bytes.substr(4), "wtsv" + bytes.substr(4), std::string(), bytes.substr(0, 7)})
@@ -152,7 +152,7 @@ TEST_F(DatabaseSave, TellsWhyItRefusesAFile) {
 }
 
 // Every length: without all its pilots a career is refused, otherwise what is there is used.
-TEST_F(DatabaseSave, ReadsAFileCutAtAnyLength) {
+TEST_F(SaveFile, ReadsAFileCutAtAnyLength) {
     const std::string bytes = stored();
     const LogCapture log(1);
     for (size_t length = bytes.size(); length-- > 0;) {
@@ -177,7 +177,7 @@ TEST_F(DatabaseSave, ReadsAFileCutAtAnyLength) {
     EXPECT_EQ(warnings.linesWith("Saves/savegame_v03.wty ends early"), 2) << warnings.text();
 }
 
-TEST_F(DatabaseSave, MendsWhateverAByteMayDo) {
+TEST_F(SaveFile, MendsWhateverAByteMayDo) {
     const std::string bytes = stored();
     const LogCapture log(0);
     size_t loaded = 0;
@@ -203,7 +203,7 @@ TEST_F(DatabaseSave, MendsWhateverAByteMayDo) {
     EXPECT_GT(loaded, bytes.size() - 40) << "nearly always there is a career to go on with";
 }
 
-TEST_F(DatabaseSave, MendsWhatLeadsNowhere) {
+TEST_F(SaveFile, MendsWhatLeadsNowhere) {
     constexpr const char* Player = "the player stood in no squadron";
     constexpr const char* Places = "places in squadrons were wrong";
     constexpr const char* PilotIndices = "pilots had no such file or squadron";
@@ -244,7 +244,7 @@ TEST_F(DatabaseSave, MendsWhatLeadsNowhere) {
     EXPECT_EQ(other.squadrons[0].pilotCount, 12);
 }
 
-TEST_F(DatabaseSave, KeepsTheFileBeforeAndADamagedOneAside) {
+TEST_F(SaveFile, KeepsTheFileBeforeAndADamagedOneAside) {
     const LogCapture log(4);
     const std::string first = stored();
     EXPECT_TRUE(log.holds("   0 [Database] storeFile" + world.folder.path() +
@@ -263,7 +263,7 @@ TEST_F(DatabaseSave, KeepsTheFileBeforeAndADamagedOneAside) {
     EXPECT_TRUE(beside(".bak") == mended) << "once";
 }
 
-TEST_F(DatabaseSave, LeavesTheOldFileWhenItCannotWrite) {
+TEST_F(SaveFile, LeavesTheOldFileWhenItCannotWrite) {
     const std::string whole = stored();
     const LogCapture log;
     EXPECT_TRUE(other.storeFile(SaveFileName)) << "always true";

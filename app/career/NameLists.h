@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/core/String.h"
+
+class Database;
+
+/// Loads the first and last names of all nations. On error: a missing or empty list is logged at
+/// level 3, and its names are empty.
+void loadNameLists(Database& career);
+/// A new pilot's name, "First Last": one draw each, the last name's first. A nation without names
+/// of its own is written to the console and gets those of its side.
+zel::String drawPilotName(Database& career, int32_t nation);
