@@ -4,6 +4,7 @@
 #include "app/career/Wording.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/MissionGenerator.h"
+#include "app/mission/MissionWriter.h"
 #include "engine/core/Log.h"
 #include "engine/core/Registry.h"
 
@@ -38,8 +39,8 @@ Outcome prepare(Database& career, MissionGenerator& generator, const zel::String
     placeMission(career.playerSquadron(), generator);
     generator.reseed(career.careerSeed());
     const bool loaded = generator.loadTemplate(MissionTemplateFile);
-    generator.scanTemplate();
-    generator.planMission(career, true);
+    scanTemplate(generator);
+    planMission(generator, career, true);
     const zel::String name = MissionTemplateFile;
     if (!loaded)
         return {MissionFault::TemplateUnread, "The mission template can't be read: " + name};
@@ -50,7 +51,7 @@ Outcome prepare(Database& career, MissionGenerator& generator, const zel::String
                 "The mission template's Index values are too high: " + name};
     if (generator.plan.empty())
         return {MissionFault::NothingPlanned, "No mission can be planned for today"};
-    generator.generateMission(career);
+    generateMission(generator, career);
     if (!generator.saveMission(file))
         return {MissionFault::FileUnwritten, "The mission can't be written to " + file};
     return {MissionFault::None, {}};

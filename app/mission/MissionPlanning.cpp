@@ -1,3 +1,5 @@
+#include "app/mission/MissionPlanning.h"
+
 #include <algorithm>
 
 #include "app/career/Aircraft.h"
@@ -9,7 +11,7 @@ namespace {
 
 constexpr int32_t TriesForType = 100;
 constexpr int32_t MostVacantDraws = 10;
-constexpr int32_t MostAttempts = 10000; // behind these a career is too odd to plan for
+constexpr int32_t MostAttempts = 10000; // after these a career is too odd to plan for
 
 bool isOfSide(int32_t nation, bool allied) {
     return isAllied(nation) == allied && !belongsToNobody(nation);
@@ -50,83 +52,56 @@ PlannedPlane planeOf(const Database& career, int32_t pilotIndex, int32_t squadro
     return plane;
 }
 
-} // namespace
+/// A side's part in a mission.
+struct PlannedSide {
+    int32_t squadron = -1;
+    zel::String type;
+};
 
-void MissionGenerator::planMission(Database& career, bool withPlayer) {
-    if (withPlayer && career.player().alive == 0)
-        career.applyHistory(); // his successor flies
-    int32_t player = -1;
-    for (int32_t attempt = 0;; ++attempt) {
-        selectPlanes(career, withPlayer);
-        player = findPlace(career.playerPilot);
-        if (plan.empty() || withPlayer == (player >= 0))
-            break;
-        if (attempt == MostAttempts) {
-            logHopeless("No plan comes out as it should with regard to the player");
-            if (withPlayer)
-                plan.clear();
-            else
-                plan.erase(std::remove_if(plan.begin(), plan.end(),
-                                          [&](const PlannedPlane& plane) {
-                                              return plane.pilot == career.playerPilot;
-                                          }),
-                           plan.end());
-            player = -1;
-            break;
-        }
-    }
-    if (!plan.empty())
-        groupBySide(player);
-    seasonPrefix = seasonFor(career.year, career.month, career.day);
-}
+/// Numbers of planes.
+struct GroupSizes {
+    int32_t german, allied;
+};
 
-/// The pilot's place in the plan; -1 if he isn't in it.
-int32_t MissionGenerator::findPlace(int32_t pilot) const {
-    for (auto i = static_cast<int32_t>(plan.size()) - 1; i >= 0; --i)
-        if (plan[i].pilot == pilot)
-            return i;
-    return -1;
-}
+/// One attempt at a plan.
+class PlanDraw {
+public:
+    PlanDraw(MissionGenerator& generator, Database& career)
+        : career(career), random(generator.random), plan(generator.plan) {}
 
-/// The player's plane first if there is one, then the first plane's side, then the other; within a
-/// side the order of drawing stands.
-void MissionGenerator::groupBySide(int32_t playerPlace) {
-    auto rest = plan.begin();
-    if (playerPlace >= 0) {
-        std::rotate(plan.begin(), plan.begin() + playerPlace, plan.begin() + playerPlace + 1);
-        ++rest;
-    }
-    const int32_t nation = plan.front().nation;
-    const auto isOfFirstSide = [nation](const PlannedPlane& plane) {
-        return isSameSide(plane.nation, nation);
-    };
-    if (!std::is_partitioned(rest, plan.end(), isOfFirstSide))
-        std::stable_partition(rest, plan.end(), isOfFirstSide);
-}
+    void run(bool withPlayer);
 
-void MissionGenerator::selectPlanes(Database& career, bool withPlayer) {
-    plan.clear();
-    Side german;
-    Side allied;
-    if (!chooseSide(career, false, withPlayer, german) ||
-        !chooseSide(career, true, withPlayer, allied))
-        return;
-    const GroupSizes sizes = drawGroupSizes(career.year);
+private:
+    bool chooseSide(bool allied, bool withPlayer, PlannedSide& side);
+    int32_t drawSquadron(bool allied, bool isPlayers, zel::String* alliedType);
+    GroupSizes drawGroupSizes();
+    bool fillGroup(bool allied, const PlannedSide& side, int32_t count);
+
+    Database& career;
+    zel::Random& random;
+    std::vector<PlannedPlane>& plan;
     int32_t vacantDraws = 0;
-    if (!fillGroup(career, false, german, sizes.german, vacantDraws) ||
-        !fillGroup(career, true, allied, sizes.allied, vacantDraws))
+};
+
+void PlanDraw::run(bool withPlayer) {
+    plan.clear();
+    PlannedSide german;
+    PlannedSide allied;
+    if (!chooseSide(false, withPlayer, german) || !chooseSide(true, withPlayer, allied))
+        return;
+    const GroupSizes sizes = drawGroupSizes();
+    if (!fillGroup(false, german, sizes.german) || !fillGroup(true, allied, sizes.allied))
         plan.clear();
 }
 
 /// Draws squadron and type of one side. For the player's mission up to a hundred tries go to a pair
-/// that history knows; behind them the last pair stands. False if the side has no squadron.
-bool MissionGenerator::chooseSide(const Database& career, bool allied, bool withPlayer,
-                                  Side& side) {
+/// that history knows; after them the last pair is taken. False if the side has no squadron.
+bool PlanDraw::chooseSide(bool allied, bool withPlayer, PlannedSide& side) {
     const bool isPlayers = withPlayer && isOfSide(career.playerSquadron().nation, allied);
     for (int32_t i = 0; i < TriesForType; ++i) {
         if (!allied)
             side.type = planeForSide(false, career.year, career.month, career.day);
-        side.squadron = drawSquadron(career, allied, isPlayers, allied ? &side.type : nullptr);
+        side.squadron = drawSquadron(allied, isPlayers, allied ? &side.type : nullptr);
         if (side.squadron < 0)
             return false;
         if (!withPlayer)
@@ -151,8 +126,7 @@ bool MissionGenerator::chooseSide(const Database& career, bool allied, bool with
 
 /// The player's squadron, or one of the side by repeated draws; an Allied candidate's type is drawn
 /// with him, whether he is taken or not. -1, with a log line, if no draw finds one.
-int32_t MissionGenerator::drawSquadron(const Database& career, bool allied, bool isPlayers,
-                                       zel::String* alliedType) {
+int32_t PlanDraw::drawSquadron(bool allied, bool isPlayers, zel::String* alliedType) {
     const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
     for (int32_t attempt = 0; attempt < MostAttempts && last >= 0; ++attempt) {
         const int32_t candidate = isPlayers ? career.player().squadron : random.getInt(0, last);
@@ -166,17 +140,17 @@ int32_t MissionGenerator::drawSquadron(const Database& career, bool allied, bool
     return -1;
 }
 
-MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes(int32_t year) {
+GroupSizes PlanDraw::drawGroupSizes() {
     for (int32_t attempt = 0; attempt < MostAttempts; ++attempt) {
         int32_t least = 2;
         int32_t most = 4;
-        if (year <= 1916) {
+        if (career.year <= 1916) {
             least = 1;
             most = random.getInt(0, 2) == 2 ? 3 : 2;
-        } else if (year == 1917) {
+        } else if (career.year == 1917) {
             if (random.getInt(0, 11) == 0)
                 return {1, 1};
-        } else if (year == 1918) {
+        } else if (career.year == 1918) {
             least = random.getInt(0, 1) == 0 ? 2 : 3;
         }
         const int32_t german = random.getInt(least, most);
@@ -192,8 +166,7 @@ MissionGenerator::GroupSizes MissionGenerator::drawGroupSizes(int32_t year) {
 /// Draws that many different pilots of the squadron. A German group also flies with men who are
 /// gone and not replaced yet, an Allied one draws again; in both, too many such draws call for
 /// replacements. False if it is hopeless.
-bool MissionGenerator::fillGroup(Database& career, bool allied, const Side& side, int32_t count,
-                                 int32_t& vacantDraws) {
+bool PlanDraw::fillGroup(bool allied, const PlannedSide& side, int32_t count) {
     const Squadron& squadron = career.squadron(side.squadron);
     const size_t groupStart = plan.size();
     const int32_t lastSlot = squadron.pilotCount - 1;
@@ -224,7 +197,66 @@ bool MissionGenerator::fillGroup(Database& career, bool allied, const Side& side
     return count == 0 && plan.size() > groupStart;
 }
 
-zel::String MissionGenerator::seasonFor(int32_t /*year*/, int32_t month, int32_t day) {
+/// The pilot's place in the plan; -1 if he isn't in it.
+int32_t findPlace(const std::vector<PlannedPlane>& plan, int32_t pilot) {
+    for (auto i = static_cast<int32_t>(plan.size()) - 1; i >= 0; --i)
+        if (plan[i].pilot == pilot)
+            return i;
+    return -1;
+}
+
+/// The player's plane first if there is one, then the first plane's side, then the other; within a
+/// side in the order of drawing.
+void groupBySide(std::vector<PlannedPlane>& plan, int32_t playerPlace) {
+    auto rest = plan.begin();
+    if (playerPlace >= 0) {
+        std::rotate(plan.begin(), plan.begin() + playerPlace, plan.begin() + playerPlace + 1);
+        ++rest;
+    }
+    const int32_t nation = plan.front().nation;
+    const auto isOfFirstSide = [nation](const PlannedPlane& plane) {
+        return isSameSide(plane.nation, nation);
+    };
+    if (!std::is_partitioned(rest, plan.end(), isOfFirstSide))
+        std::stable_partition(rest, plan.end(), isOfFirstSide);
+}
+
+} // namespace
+
+void planMission(MissionGenerator& generator, Database& career, bool withPlayer) {
+    std::vector<PlannedPlane>& plan = generator.plan;
+    if (withPlayer && career.player().alive == 0)
+        career.applyHistory(); // his successor flies
+    int32_t player = -1;
+    for (int32_t attempt = 0;; ++attempt) {
+        selectPlanes(generator, career, withPlayer);
+        player = findPlace(plan, career.playerPilot);
+        if (plan.empty() || withPlayer == (player >= 0))
+            break;
+        if (attempt == MostAttempts) {
+            logHopeless("No plan comes out as it should with regard to the player");
+            if (withPlayer)
+                plan.clear();
+            else
+                plan.erase(std::remove_if(plan.begin(), plan.end(),
+                                          [&](const PlannedPlane& plane) {
+                                              return plane.pilot == career.playerPilot;
+                                          }),
+                           plan.end());
+            player = -1;
+            break;
+        }
+    }
+    if (!plan.empty())
+        groupBySide(plan, player);
+    generator.seasonPrefix = drawSeason(generator.random, career.month, career.day);
+}
+
+void selectPlanes(MissionGenerator& generator, Database& career, bool withPlayer) {
+    PlanDraw(generator, career).run(withPlayer);
+}
+
+zel::String drawSeason(zel::Random& random, int32_t month, int32_t day) {
     const bool firstHalf = day <= 15;
     switch (month) {
     case 1:

@@ -1,4 +1,9 @@
+#include "app/mission/MissionTemplate.h"
+
+#include <algorithm>
+
 #include "app/mission/MissionGenerator.h"
+#include "app/mission/MissionLine.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -23,69 +28,46 @@ void widen(float value, bool& seen, float& least, float& most) {
 
 } // namespace
 
-MissionLine splitMissionLine(const zel::String& line) {
-    const std::string_view text = line.view();
-    const size_t equals = text.find('=');
-    const std::string_view key = zel::trimmed(zel::trimmed(text.substr(0, equals), ' '), '\t');
-    return {zel::String(key).toLower(),
-            equals == text.npos ? std::string_view() : text.substr(equals + 1)};
-}
-
-zel::String blockName(const zel::String& line) { return line.trim(' ').trim('\t'); }
-
-float missionFloat(std::string_view value) {
-    for (const char character : {' ', ';', ' '})
-        value = zel::trimmed(value, character);
-    return zel::toFloat(value);
-}
-
-bool MissionGenerator::loadTemplate(const zel::String& fileName) {
-    return lines.loadFile(fileName);
-}
-
-bool MissionGenerator::saveMission(const zel::String& fileName) const {
-    return lines.saveFile(fileName);
-}
-
-void MissionGenerator::scanTemplate() {
-    maxIndex = 0;
-    templateObjects.clear();
-    attackObjects.clear();
-    seenX = seenY = seenZ = false;
-    minX = maxX = minY = maxY = minZ = maxZ = 0;
-    attackArea = -1;
+void scanTemplate(MissionGenerator& generator) {
+    generator.maxIndex = 0;
+    generator.templateObjects.clear();
+    generator.attackObjects.clear();
+    generator.seenX = generator.seenY = generator.seenZ = false;
+    generator.minX = generator.maxX = generator.minY = generator.maxY = generator.minZ =
+        generator.maxZ = 0;
+    generator.attackArea = -1;
 
     std::vector<zel::String> blocks;
     TemplateObject object; // never cleared: an object without a name goes under the one before it
-    for (int32_t i = 0; i < lines.lineCount(); ++i) {
-        const MissionLine line = splitMissionLine(lines.line(i));
+    for (int32_t i = 0; i < generator.lines.lineCount(); ++i) {
+        const MissionLine line = splitMissionLine(generator.lines.line(i));
         const std::string_view value = bareValue(line.value);
         if (line.key == "{") {
             if (i > 0)
-                blocks.push_back(blockName(lines.line(i - 1)));
+                blocks.push_back(blockName(generator.lines.line(i - 1)));
         } else if (line.key == "}") {
             if (!blocks.empty())
                 blocks.pop_back();
         } else if (line.key == "index") {
-            maxIndex = std::max(maxIndex, zel::toInt(value));
+            generator.maxIndex = std::max(generator.maxIndex, zel::toInt(value));
         } else if (line.key == "name") {
             object.name = zel::String(zel::trimmed(zel::trimmed(value, ';'), '"'));
             object.type = blocks.empty() ? zel::String() : blocks.back();
         } else if (line.key == "xpos") {
             object.x = zel::toFloat(value);
-            widen(object.x, seenX, minX, maxX);
+            widen(object.x, generator.seenX, generator.minX, generator.maxX);
         } else if (line.key == "ypos") {
             object.y = zel::toFloat(value);
-            widen(object.y, seenY, minY, maxY);
+            widen(object.y, generator.seenY, generator.minY, generator.maxY);
         } else if (line.key == "zpos") {
             object.z = zel::toFloat(value);
-            widen(object.z, seenZ, minZ, maxZ);
-            templateObjects.push_back(object);
+            widen(object.z, generator.seenZ, generator.minZ, generator.maxZ);
+            generator.templateObjects.push_back(object);
             if (object.type.toLower() == AttackAreaBlock) {
                 zel::log("Attack area found", "MissionGenerator", zel::LogInfo);
-                attackArea = static_cast<int32_t>(templateObjects.size()) - 1;
+                generator.attackArea = static_cast<int32_t>(generator.templateObjects.size()) - 1;
             }
         }
     }
-    zel::log(zel::String("Index found: ") + maxIndex, "MissionGenerator", zel::LogInfo);
+    zel::log(zel::String("Index found: ") + generator.maxIndex, "MissionGenerator", zel::LogInfo);
 }

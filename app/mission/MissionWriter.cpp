@@ -1,4 +1,8 @@
+#include "app/mission/MissionWriter.h"
+
 #include "app/mission/MissionGenerator.h"
+#include "app/mission/MissionLine.h"
+#include "app/mission/PlaneEmission.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -75,57 +79,35 @@ private:
     std::vector<zel::String> names;
 };
 
-/// Whether the logic of the mission stands in such a block: it moves with the mission, while planes
-/// and their entities are placed where they belong.
+/// Whether such a block is the mission's logic: it moves with the mission, while planes and their
+/// entities are placed where they belong.
 bool isLogicBlock(const zel::String& name) { return name.left(4) == "mcu_" && name != EntityBlock; }
 
-} // namespace
-
-void MissionGenerator::setMissionLocation(int32_t newMapIndex, float x, float y, float z,
-                                          float rangeX, float rangeY, float rangeZ) {
-    mapIndex = newMapIndex;
-    locationX = x;
-    locationY = y;
-    locationZ = z;
-    offsetX = random.getFloat(-rangeX, rangeX);
-    offsetY = random.getFloat(-rangeY, rangeY);
-    offsetZ = random.getFloat(-rangeZ, rangeZ);
-    zel::console("LOCATION X: " + zel::formatFloat(locationX) +
-                 " ; LOCATION Y: " + zel::formatFloat(locationZ)); // sic
-    zel::console("OFFSET X: " + zel::formatFloat(offsetX) +
-                 " ; OFFSET Z: " + zel::formatFloat(offsetZ));
-}
-
-void MissionGenerator::generateMission(const Database& career) {
-    float originX = 0;
-    float originZ = 0;
-    rewriteOptions(career.calendar(), originX, originZ);
-    moveObjects(career, originX, originZ);
-}
-
 /// First pass: landscape, weather, date and time; and the attack area's place in the template.
-void MissionGenerator::rewriteOptions(const Calendar& date, float& originX, float& originZ) {
+void rewriteOptions(MissionGenerator& generator, const Calendar& date, float& originX,
+                    float& originZ) {
     BlockStack blocks;
-    for (int32_t i = 0; i < lines.lineCount(); ++i) {
-        zel::String& text = lines.line(i);
+    for (int32_t i = 0; i < generator.lines.lineCount(); ++i) {
+        zel::String& text = generator.lines.line(i);
         const MissionLine line = splitMissionLine(text);
         const zel::String& key = line.key;
-        if (blocks.takeBrace(key, i > 0 ? &lines.line(i - 1) : nullptr))
+        if (blocks.takeBrace(key, i > 0 ? &generator.lines.line(i - 1) : nullptr))
             continue;
         if (key == "playerconfig") {
             text = ""; // his plane is known by its AILevel
         } else if (const LandscapeLine* landscape = landscapeLine(key)) {
-            if (const char* value = landscapeValue(*landscape, mapIndex, seasonPrefix))
+            if (const char* value =
+                    landscapeValue(*landscape, generator.mapIndex, generator.seasonPrefix))
                 text = quotedLine(landscape->prefix, value);
         } else if (key == "cloudconfig") {
-            const bool clear = random.getInt(0, 1) == 0;
+            const bool clear = generator.random.getInt(0, 1) == 0;
             text = quotedLine("  CloudConfig = ", clear ? "clear\\sky.ini" : "AverageFog\\sky.ini");
         } else if (key == "date") {
             text = zel::String("  Date = ") + date.getDay() + "." + date.getMonth() + "." +
                    date.getYear() + ";";
         } else if (key == "time" && blocks.top() == OptionsBlock) {
-            const int32_t minute = random.getInt(0, 59);
-            const int32_t hour = random.getInt(8, 17);
+            const int32_t minute = generator.random.getInt(0, 59);
+            const int32_t hour = generator.random.getInt(8, 17);
             text = zel::String("  Time = ") + hour + ":" + minute + ":0;";
         } else if (blocks.top() == AttackAreaBlock &&
                    (key == "xpos" || key == "ypos" || key == "zpos")) {
@@ -140,39 +122,49 @@ void MissionGenerator::rewriteOptions(const Calendar& date, float& originX, floa
     }
 }
 
-/// Second pass: the planes behind the options, the attack area's objects, and all logic moved so
-/// that the attack area comes to lie on the mission's place. Lines are inserted on the way.
-void MissionGenerator::moveObjects(const Database& career, float originX, float originZ) {
+/// Second pass: the planes after the options, the attack area's objects, and all logic moved so
+/// that the attack area is at the mission's place. Lines are inserted on the way.
+void moveObjects(MissionGenerator& generator, const Database& career, float originX,
+                 float originZ) {
     BlockStack blocks;
-    for (int32_t i = 0; i < lines.lineCount(); ++i) {
-        const MissionLine line = splitMissionLine(lines.line(i));
+    for (int32_t i = 0; i < generator.lines.lineCount(); ++i) {
+        const MissionLine line = splitMissionLine(generator.lines.line(i));
         const zel::String& key = line.key;
         if (key == "}" && blocks.top() == OptionsBlock)
-            emitPlanes(career, i + 1);
-        if (blocks.takeBrace(key, i > 0 ? &lines.line(i - 1) : nullptr))
+            emitPlanes(generator, career, i + 1);
+        if (blocks.takeBrace(key, i > 0 ? &generator.lines.line(i - 1) : nullptr))
             continue;
         if (key == "objects" && blocks.top() == AttackAreaBlock) {
             zel::String list;
-            for (const int32_t object : attackObjects) {
+            for (const int32_t object : generator.attackObjects) {
                 if (!list.empty())
                     list += ",";
                 list += object;
             }
-            lines.line(i) = "    Objects = [" + list + "];";
+            generator.lines.line(i) = "    Objects = [" + list + "];";
         } else if (isLogicBlock(blocks.top()) &&
                    (key == "xpos" || key == "ypos" || key == "zpos")) {
             float value = missionFloat(line.value);
             const char* prefix = "    XPos = ";
             if (key == "xpos") {
-                value = value - originX + locationX + offsetX;
+                value = value - originX + generator.locationX + generator.offsetX;
             } else if (key == "ypos") {
-                value = value + locationY + offsetY;
+                value = value + generator.locationY + generator.offsetY;
                 prefix = "    YPos = ";
             } else {
-                value = value - originZ + locationZ + offsetZ;
+                value = value - originZ + generator.locationZ + generator.offsetZ;
                 prefix = "    ZPos = ";
             }
-            lines.line(i) = prefix + zel::formatFloat(value) + ";";
+            generator.lines.line(i) = prefix + zel::formatFloat(value) + ";";
         }
     }
+}
+
+} // namespace
+
+void generateMission(MissionGenerator& generator, const Database& career) {
+    float originX = 0;
+    float originZ = 0;
+    rewriteOptions(generator, career.calendar(), originX, originZ);
+    moveObjects(generator, career, originX, originZ);
 }

@@ -1,8 +1,11 @@
+#include "app/mission/PlaneEmission.h"
+
 #include <algorithm>
 
 #include "app/career/Aircraft.h"
 #include "app/career/PilotLevel.h"
 #include "app/mission/MissionGenerator.h"
+#include "app/mission/MissionLine.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -35,7 +38,7 @@ struct EmittedPlane {
 
 zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
 
-/// His name, and behind it the victories of an ace.
+/// His name, followed by the victories of an ace.
 zel::String nameOf(const PlannedPlane& plane) {
     const zel::String name = missionName(plane.name);
     return plane.shotdowns >= AceShotdowns ? name + "/" + plane.shotdowns : name;
@@ -152,47 +155,9 @@ EmittedPlane emittedPlane(const Database& career, const PlannedPlane& planned,
     return plane;
 }
 
-} // namespace
-
-zel::String missionName(const zel::String& name) {
-    std::string text(name.view());
-    std::replace(text.begin(), text.end(), '"', '\'');
-    return zel::String(text);
-}
-
-void MissionGenerator::emitPlanes(const Database& career, int32_t insertLine) {
-    if (plan.empty())
-        return;
-    const float areaHeight = attackArea >= 0 ? templateObjects[attackArea].y : 0.0F;
-    const Placing placing = drawPlacing(locationX + offsetX, locationY + offsetY + areaHeight,
-                                        locationZ + offsetZ, random);
-    const std::vector<int32_t> levels = planeLevels();
-    int32_t firstAllied = -1; // Index of the first plane of each side
-    int32_t firstGerman = -1;
-    int32_t position = 0; // in its group
-    for (size_t i = 0; i < plan.size(); ++i) {
-        const bool allied = isAllied(plan[i].nation);
-        const bool continuesGroup = i > 0 && isSameSide(plan[i].nation, plan[i - 1].nation);
-        position = continuesGroup ? position + 1 : 0;
-        EmittedPlane plane =
-            emittedPlane(career, plan[i], allied ? placing.allied : placing.german, position);
-        plane.index = maxIndex + 1;
-        maxIndex += 2; // one for the plane, one for its entity
-        int32_t& first = allied ? firstAllied : firstGerman;
-        if (first < 0) {
-            first = plane.index;
-            attackObjects.push_back(first + 1);
-        }
-        plane.level = levels[i];
-        plane.target = position == 0 ? 0 : first + 1;
-        const std::vector<zel::String> text = planeLines(plane);
-        lines.lines.insert(lines.lines.begin() + insertLine, text.begin(), text.end());
-    }
-}
-
 /// A level for each plane, 0 for the first. Everybody is given as many more missions as it takes
 /// for one to reach the level that makes the fight worth flying.
-std::vector<int32_t> MissionGenerator::planeLevels() const {
+std::vector<int32_t> planeLevels(const std::vector<PlannedPlane>& plan) {
     const int32_t wanted = plan.size() > 3 ? 3 : 2;
     std::vector<int32_t> levels(plan.size(), 0);
     for (int32_t more = 0; plan.size() > 1; ++more) {
@@ -202,4 +167,40 @@ std::vector<int32_t> MissionGenerator::planeLevels() const {
             break;
     }
     return levels;
+}
+
+} // namespace
+
+void emitPlanes(MissionGenerator& generator, const Database& career, int32_t insertLine) {
+    const std::vector<PlannedPlane>& plan = generator.plan;
+    if (plan.empty())
+        return;
+    const float areaHeight =
+        generator.attackArea >= 0 ? generator.templateObjects[generator.attackArea].y : 0.0F;
+    const Placing placing = drawPlacing(generator.locationX + generator.offsetX,
+                                        generator.locationY + generator.offsetY + areaHeight,
+                                        generator.locationZ + generator.offsetZ, generator.random);
+    const std::vector<int32_t> levels = planeLevels(plan);
+    int32_t firstAllied = -1; // Index of the first plane of each side
+    int32_t firstGerman = -1;
+    int32_t position = 0; // in its group
+    for (size_t i = 0; i < plan.size(); ++i) {
+        const bool allied = isAllied(plan[i].nation);
+        const bool continuesGroup = i > 0 && isSameSide(plan[i].nation, plan[i - 1].nation);
+        position = continuesGroup ? position + 1 : 0;
+        EmittedPlane plane =
+            emittedPlane(career, plan[i], allied ? placing.allied : placing.german, position);
+        plane.index = generator.maxIndex + 1;
+        generator.maxIndex += 2; // one for the plane, one for its entity
+        int32_t& first = allied ? firstAllied : firstGerman;
+        if (first < 0) {
+            first = plane.index;
+            generator.attackObjects.push_back(first + 1);
+        }
+        plane.level = levels[i];
+        plane.target = position == 0 ? 0 : first + 1;
+        const std::vector<zel::String> text = planeLines(plane);
+        generator.lines.lines.insert(generator.lines.lines.begin() + insertLine, text.begin(),
+                                     text.end());
+    }
 }

@@ -4,6 +4,7 @@
 
 #include "app/career/Database.h"
 #include "app/mission/MissionGenerator.h"
+#include "app/mission/MissionLine.h"
 #include "app/report/ReportRules.h"
 #include "engine/core/Log.h"
 

@@ -85,7 +85,7 @@ void fightPeriod(Database& career, MissionGenerator& generator, const Stretch* s
     if (career.year == 1915)
         count /= 2;
     for (int32_t i = 0; i < count; ++i) {
-        generator.planMission(career, false);
+        planMission(generator, career, false);
         const int32_t outer = zel::random(LeastSteps, MostSteps);
         const int32_t middle = zel::random(LeastSteps, outer);
         const int32_t steps = zel::random(LeastSteps, middle);
@@ -130,7 +130,7 @@ void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
     MissionSimulator simulator;
     const int32_t count = zel::random(LeastStartMissions, MostStartMissions);
     for (int32_t i = 0; i < count; ++i) {
-        generator.planMission(*this, false);
+        planMission(generator, *this, false);
         fightPlan(*this, generator.plan, simulator, StartUpSteps);
         reportProgress(*this, shareDone(*this, &stretch, 0));
     }

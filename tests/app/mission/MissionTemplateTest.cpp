@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "app/mission/MissionLine.h"
 #include "tests/app/mission/MissionLines.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
