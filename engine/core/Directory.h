@@ -7,7 +7,7 @@
 
 namespace zel {
 
-/// A folder's listing: files and sub-folders whose names fit a pattern, sorted by their lowered
+/// A folder's listing: files and sub-folders whose names match a pattern, sorted by their lowered
 /// bytes and then by their bytes. Names that begin with "." are left out.
 class Directory {
 public:
@@ -15,16 +15,16 @@ public:
     Directory(const String& path, const String& pattern) { list(path, pattern); }
     virtual ~Directory() = default;
 
-    /// Lists anew. False for a folder that doesn't exist or can't be read: it is logged ("Path not
+    /// Lists again. False for a folder that doesn't exist or can't be read: it is logged ("Path not
     /// found: ") and gives an empty list.
     bool list(const String& path, const String& pattern);
+    /// Empties the list.
     void clear() { entries.clear(); }
     int32_t count() const { return static_cast<int32_t>(entries.size()); }
     /// REQUIRES: 0 <= index < count().
-    String name(int32_t index) const { return String(entries[static_cast<size_t>(index)].name); }
-    bool isDirectory(int32_t index) const {
-        return entries[static_cast<size_t>(index)].isDirectory;
-    }
+    String name(int32_t index) const { return String(entries[index].name); }
+    bool isDirectory(int32_t index) const { return entries[index].isDirectory; }
+    /// Whether it lists exactly that name.
     bool holds(std::string_view name) const;
 
     /// Makes the folder, and its parents as needed. True if it is there afterwards.
@@ -34,8 +34,8 @@ private:
     std::vector<system::DirectoryEntry> entries;
 };
 
-/// "*" stands for any run of characters, "?" for one; all else, "[" too, for itself, without regard
-/// to case. "*.*" fits every name, also one without a dot.
+/// "*" matches any run of characters, "?" a single one; every other character, "[" too, matches
+/// itself without regard to case. "*.*" matches every name, also one without a dot.
 bool fitsPattern(std::string_view name, std::string_view pattern);
 
 } // namespace zel

@@ -60,7 +60,7 @@ bool File::write(const void* block, int32_t count) {
 }
 
 bool File::read(void* block, int32_t count) {
-    // Held against what is left first, so that a short file leaves the block untouched.
+    // Checked against the rest of the file first, so that a short file leaves the block unchanged.
     if (stream == nullptr || count < 0 || count > size - position ||
         std::fread(block, 1, static_cast<size_t>(count), stream.get()) !=
             static_cast<size_t>(count)) {
@@ -94,7 +94,7 @@ void File::close() {
 }
 
 bool File::readWhole(std::string& content) {
-    content.resize(static_cast<size_t>(size));
+    content.resize(size);
     return seek(0, 0) && read(content.data(), size);
 }
 
@@ -108,7 +108,7 @@ void File::beginLines() {
         readPosition = ByteOrderMark.size();
 }
 
-/// Drops what lies in front of readPosition and reads on behind the rest. False at the file's end.
+/// Drops everything before readPosition and reads on after the rest. False at the end of the file.
 bool File::fillBuffer() {
     if (stream == nullptr)
         return false;
@@ -120,7 +120,7 @@ bool File::fillBuffer() {
     filled = rest;
     if (buffer.empty()) // a byte more than a small file, so that its end needs no growing
         buffer.resize(std::min(LineBufferSize, static_cast<size_t>(size) + 1));
-    else if (rest == buffer.size()) // a line longer than it was made for
+    else if (rest == buffer.size()) // a line longer than the buffer
         buffer.resize(buffer.size() * 2);
     const size_t count =
         std::fread(buffer.data() + filled, 1, buffer.size() - filled, stream.get());
@@ -130,7 +130,7 @@ bool File::fillBuffer() {
     return count > 0;
 }
 
-/// Place of the first carriage return or line feed; the end of the buffer if there is none.
+/// Position of the first carriage return or line feed; the end of the buffer if there is none.
 size_t File::lineEndFrom(size_t start) {
     const char* text = buffer.data();
     const auto find = [text](size_t from, size_t to, char character) {

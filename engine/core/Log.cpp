@@ -26,7 +26,7 @@ LogState& logState() {
     return state;
 }
 
-const char* mark(int32_t level) {
+const char* prefixOf(int32_t level) {
     switch (level) {
     case LogFatal:
     case LogError:
@@ -42,7 +42,7 @@ const char* mark(int32_t level) {
 
 void writeLine(FILE* stream, const String& line) {
     std::fprintf(stream, "%s\n", line.c_str());
-    std::fflush(stream); // the last line before a crash is the one that tells
+    std::fflush(stream); // the last line before a crash matters most
 }
 
 } // namespace
@@ -51,7 +51,7 @@ void log(const String& message, const String& category, int32_t level) {
     if (!isLogged(category, level))
         return;
     const String line =
-        String(mark(level)) + std::to_string(ticks()) + " [" + category + "] " + message;
+        String(prefixOf(level)) + std::to_string(ticks()) + " [" + category + "] " + message;
     if (logState().file != nullptr)
         writeLine(logState().file.get(), line);
     if (logState().sink != nullptr)

@@ -76,9 +76,7 @@ void String::split(std::string_view delimiter, std::vector<String>& result) cons
     result.emplace_back(rest);
 }
 
-String String::left(int32_t count) const {
-    return String(view().substr(0, static_cast<size_t>(std::max(count, 0))));
-}
+String String::left(int32_t count) const { return String(view().substr(0, std::max(count, 0))); }
 
 String String::right(int32_t count) const {
     const auto kept = std::min(text.size(), static_cast<size_t>(std::max(count, 0)));
@@ -110,7 +108,7 @@ int32_t toInt(std::string_view text) {
     const bool negative = !text.empty() && text.front() == '-';
     if (negative || (!text.empty() && text.front() == '+'))
         text.remove_prefix(1);
-    constexpr int64_t Limit = int64_t(1) << 31; // what is larger stays there
+    constexpr int64_t Limit = int64_t(1) << 31; // larger numbers are clamped to it
     int64_t value = 0;
     for (const char character : text) {
         const int32_t digit = character - '0';
@@ -131,9 +129,9 @@ float toFloat(std::string_view text) {
         text.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error == std::errc::result_out_of_range) // even for a double: too large, or next to nothing
+    if (error == std::errc::result_out_of_range) // beyond a double: too large or too small
         value = std::strtod(std::string(text).c_str(), nullptr);
-    else if (error != std::errc() || !std::isfinite(value)) // "nan" is no number
+    else if (error != std::errc() || !std::isfinite(value)) // "nan" isn't a number
         return 0;
     constexpr double Most = std::numeric_limits<float>::max();
     return static_cast<float>(std::clamp(value, -Most, Most));

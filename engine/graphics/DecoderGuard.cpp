@@ -6,9 +6,9 @@ namespace zel {
 
 namespace {
 
-constexpr char JpegStart = '\xFF'; // any number of them may stand in front of the first marker
+constexpr char JpegStart = '\xFF'; // any number of them may precede the first marker
 constexpr std::string_view HuffmanMarker = "\xFF\xC4";
-constexpr int32_t MaxSymbols = 256; // of a Huffman table; the decoder has room for one byte more
+constexpr int32_t MaxSymbols = 256; // of a Huffman table; the decoder has room for one more
 
 constexpr std::string_view PngStart = "\x89PNG\r\n\x1A\n";
 
@@ -22,17 +22,17 @@ uint32_t bigEndian32(ByteReader& reader) {
     return high << 16 | static_cast<uint32_t>(bigEndian16(reader));
 }
 
-/// Whether every chunk ends within the file: the decoder allocates first and reads then.
+/// Whether every chunk ends within the file: the decoder allocates before it reads.
 bool areWholeChunks(ByteReader chunks) {
     while (chunks.left() > 0 && !chunks.hasFailed()) {
         const uint32_t length = bigEndian32(chunks);
-        const bool isLast = chunks.bytes(4) == "IEND"; // what stands behind it is no concern
+        const bool isLast = chunks.bytes(4) == "IEND"; // what follows it is ignored
         chunks.bytes(length);
         if (chunks.hasFailed())
             return false;
         if (isLast)
             return true;
-        chunks.bytes(4); // checksum, which the decoder doesn't look at
+        chunks.bytes(4); // checksum, which the decoder ignores
     }
     return true;
 }
@@ -49,13 +49,13 @@ bool areSoundTables(ByteReader segment) {
             symbols += segment.u8();
         if (symbols > MaxSymbols)
             return false;
-        segment.bytes(static_cast<size_t>(symbols));
+        segment.bytes(symbols);
         left -= 17 + symbols;
     }
     return true;
 }
 
-/// The marker is looked for everywhere: after damage the decoder may take up again anywhere.
+/// Searches for the marker everywhere: after damage the decoder may resume anywhere.
 bool areSoundTablesEverywhere(std::string_view content) {
     size_t place = content.find(HuffmanMarker);
     while (place != content.npos) {

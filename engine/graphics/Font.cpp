@@ -73,7 +73,7 @@ int32_t Font::lineHeight() const { return description.lineHeight > 0 ? descripti
 const Glyph* Font::glyph(uint32_t code) const {
     if (code >= description.glyphIndex.size() || description.glyphIndex[code] < 0)
         return nullptr;
-    return &description.glyphs[static_cast<size_t>(description.glyphIndex[code])];
+    return &description.glyphs[description.glyphIndex[code]];
 }
 
 int32_t Font::kerning(uint32_t first, uint32_t second) const {
@@ -100,7 +100,7 @@ int32_t Font::width(std::string_view line) const {
 
 const Image* Font::pageImage(int32_t page) const {
     const bool exists = page >= 0 && page < static_cast<int32_t>(pageImages.size());
-    return exists ? pageImages[static_cast<size_t>(page)] : nullptr;
+    return exists ? pageImages[page] : nullptr;
 }
 
 const Font* FontHandler::getFont(const String& name) {
@@ -112,7 +112,7 @@ const Font* FontHandler::getFont(const String& name) {
         log("Successfully created new font " + name, "FontHandler", LogInfo);
     } else {
         log("Invalid font " + name, "FontHandler", LogWarning);
-        font.reset(); // remembered as invalid, so that nobody is told every frame
+        font.reset(); // remembered as invalid, so that it isn't logged every frame
     }
     return (allFonts()[name] = std::move(font)).get();
 }

@@ -16,7 +16,7 @@ constexpr std::string_view Magic = "BMF\x03";
 constexpr size_t GlyphSize = 20;
 constexpr size_t KerningPairSize = 10;
 constexpr size_t KerningSize = 65536;
-constexpr uint32_t MaxCode = 65535; // above it stands only the mark of an invalid character
+constexpr uint32_t MaxCode = 65535; // above it is only the mark of an invalid character
 
 enum Block : uint8_t { InfoBlock = 1, CommonBlock, PagesBlock, CharactersBlock, KerningBlock };
 
@@ -69,7 +69,7 @@ void readGlyphs(ByteReader block, FontDescription& font) {
                 font.glyphIndex.resize(glyph.id + 1, -1);
             font.glyphIndex[glyph.id] = static_cast<int32_t>(font.glyphs.size());
         }
-        font.glyphs.push_back(glyph); // it counts for the kerning's index in any case
+        font.glyphs.push_back(glyph); // counts for the kerning's index in any case
     }
 }
 
@@ -94,7 +94,7 @@ int16_t sum(int16_t value, int32_t change) {
                                                     std::numeric_limits<int16_t>::max()));
 }
 
-/// Nothing unless all of the word is a number: 0 would be the code of a glyph.
+/// Empty unless all of the word is a number: 0 would be the code of a glyph.
 std::optional<int32_t> wholeNumber(std::string_view word) {
     const bool hasSign = !word.empty() && (word.front() == '-' || word.front() == '+');
     const std::string_view digits = word.substr(hasSign ? 1 : 0);
@@ -103,7 +103,7 @@ std::optional<int32_t> wholeNumber(std::string_view word) {
     return toInt(word);
 }
 
-/// A decimal code, or one character in round brackets. Null if the font doesn't have it.
+/// A decimal code, or one character in round brackets. Null if the font lacks it.
 Glyph* findGlyph(std::string_view character, FontDescription& font) {
     const bool isQuoted =
         character.size() == 3 && character.front() == '(' && character.back() == ')';
@@ -111,11 +111,11 @@ Glyph* findGlyph(std::string_view character, FontDescription& font) {
         isQuoted ? static_cast<unsigned char>(character[1]) : wholeNumber(character).value_or(-1);
     if (code < 0 || static_cast<size_t>(code) >= font.glyphIndex.size())
         return nullptr;
-    const int32_t index = font.glyphIndex[static_cast<size_t>(code)];
-    return index >= 0 ? &font.glyphs[static_cast<size_t>(index)] : nullptr;
+    const int32_t index = font.glyphIndex[code];
+    return index >= 0 ? &font.glyphs[index] : nullptr;
 }
 
-/// False if the line asks for a correction and doesn't say which.
+/// False if the line is an incomplete correction.
 bool applyMetricsLine(std::string_view line, FontDescription& font) {
     std::vector<std::string_view> words = splitAtBlanks(line);
     words.erase(std::remove(words.begin(), words.end(), std::string_view()), words.end());

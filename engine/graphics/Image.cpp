@@ -16,7 +16,7 @@ Point transformed(Point point, const FrameTransform& by) {
 } // namespace
 
 FrameRect Image::frameRect(int32_t frame) const {
-    const auto place = static_cast<size_t>(std::clamp(frame, 0, frameCount() - 1));
+    const int32_t place = std::clamp(frame, 0, frameCount() - 1);
     const FrameRect& rect = description.frames[place];
     return rect == WholeBitmap ? FrameRect{0, 0, bitmap->width(), bitmap->height()} : rect;
 }
@@ -70,6 +70,17 @@ ImageQuad Image::quad(float x, float y, int32_t frame) const {
         corner.y = point.y;
     }
     return result;
+}
+
+void Image::draw(Canvas& canvas, float x, float y, int32_t frame, uint32_t argb) const {
+    canvas.draw(*bitmap, quad(x, y, frame).corners, argb);
+}
+
+void Image::drawInto(Canvas& canvas, const Rect& target, int32_t frame, uint32_t argb) const {
+    const FrameRect rect = frameRect(frame);
+    const Rect source = {static_cast<float>(rect.x), static_cast<float>(rect.y),
+                         static_cast<float>(rect.width), static_cast<float>(rect.height)};
+    canvas.draw(*bitmap, source, target, argb);
 }
 
 const AnimationEntry* ImageGroup::animation(std::string_view name) const {

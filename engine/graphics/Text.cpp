@@ -12,14 +12,14 @@ namespace zel {
 
 namespace {
 
-// More than any rectangle holds: a height that was reckoned wrong must not cost a layout of hours.
+// More than any rectangle holds: a wrong height must not cost a layout of hours.
 constexpr int32_t MostLines = 4096;
 
 int32_t whole(float value) {
-    return static_cast<int32_t>(std::clamp(value, -1.0e6F, 1.0e6F)); // also for senseless sizes
+    return static_cast<int32_t>(std::clamp(value, -1.0e6F, 1.0e6F)); // bounds senseless sizes
 }
 
-/// Where something of that size begins in a room of another: 0, the middle, or the end.
+/// The start of something of that size in a room: 0, centred, or at the end.
 int32_t startOf(int32_t room, int32_t size, uint8_t alignment) {
     const int32_t rest = room - size;
     return alignment == 0 ? 0 : alignment == 1 ? (rest >= 0 ? rest / 2 : (rest - 1) / 2) : rest;
@@ -106,7 +106,7 @@ void Text::breakLines() const {
 void Text::placeGlyphs() const {
     std::set<char> missing;
     int32_t top = startOf(whole(rect.height), height(), static_cast<uint8_t>(alignY));
-    for (const Line& line : brokenLines) {
+    for (const BrokenLine& line : brokenLines) {
         int32_t pen = startOf(whole(rect.width), line.width, static_cast<uint8_t>(alignX));
         const Glyph* previous = nullptr;
         for (const char character : line.text) {
@@ -155,7 +155,7 @@ int32_t Text::lineCount() const {
 int32_t Text::width() const {
     layOut();
     int32_t widest = 0;
-    for (const Line& line : brokenLines)
+    for (const BrokenLine& line : brokenLines)
         widest = std::max(widest, line.width);
     return widest;
 }
@@ -170,7 +170,7 @@ bool Text::isCut() const {
 std::vector<String> Text::lines() const {
     layOut();
     std::vector<String> result;
-    for (const Line& line : brokenLines)
+    for (const BrokenLine& line : brokenLines)
         result.emplace_back(line.text);
     return result;
 }

@@ -15,24 +15,24 @@ struct Glyph;
 enum class AlignX : uint8_t { Left = 0, Centre = 1, Right = 2 };
 enum class AlignY : uint8_t { Top = 0, Centre = 1, Bottom = 2 };
 
-/// How a text takes to a rectangle that is too small for it.
+/// How a text is fitted into its rectangle.
 enum class TextFlow : uint8_t {
-    Wrap, // breaks at blanks, over-long words by characters; stops below the rectangle
-    Line, // one line; what is too wide ends in "..."
+    Wrap, // breaks at blanks, or within too long words; stops below the rectangle
+    Line, // one line; a text that is too wide ends in "..."
 };
 
-/// A text laid out in a rectangle with a font. It is laid out at the first draw, or question, after
-/// a change, and not before: drawing an unchanged text only sends its glyphs.
+/// A text laid out in a rectangle with a font. It is laid out at the first drawing or query after a
+/// change: drawing an unchanged text only sends its glyphs.
 ///
 /// Texts are bytes of Windows-1252. A line feed ends a line. A character that the font lacks is
-/// logged once a layout and skipped.
+/// logged once per layout and skipped.
 class Text {
 public:
     /// The font must outlive the text, or be replaced; null draws nothing.
     void setFont(const Font* font);
     void setText(const String& text);
     void setRect(const Rect& rect); // design pixels; a move alone doesn't lay out again
-    void setColor(uint32_t argb) { color = argb; }
+    void setColor(uint32_t argb) { color = argb; } // multiplied with the glyphs' colours
     void setAlign(AlignX x, AlignY y);
     void setFlow(TextFlow flow);
 
@@ -43,12 +43,12 @@ public:
     /// Draws at the rectangle, moved by `offset`.
     void draw(Canvas& canvas, Point offset = {0, 0}, int32_t alpha = 255) const;
 
-    int32_t lineCount() const;
+    int32_t lineCount() const; // lines that fit
     /// Of the widest line, in design pixels.
     int32_t width() const;
     /// Of all lines.
     int32_t height() const;
-    /// Whether something had to be left out, at the end of the line or below the rectangle.
+    /// Whether something was cut off, at the end of the line or below the rectangle.
     bool isCut() const;
     /// The lines as they were broken.
     std::vector<String> lines() const;
@@ -59,7 +59,7 @@ public:
     static int32_t widthOf(const Font* font, std::string_view text);
 
 private:
-    struct Line {
+    struct BrokenLine {
         std::string text;
         int32_t width;
     };
@@ -69,11 +69,12 @@ private:
         std::vector<Quad> quads;
     };
 
-    void layOut() const; // unless it is
+    void layOut() const; // unless done
     void breakLines() const;
     void placeGlyphs() const;
     std::vector<Quad>& quadsOf(int32_t page) const;
-    /// A glyph of a line that begins at that height, with the pen at that place.
+    /// A glyph of a line whose top is `top`, with the pen at `pen`; both in pixels of the
+    /// rectangle.
     static Quad glyphQuad(const Glyph& glyph, int32_t pen, int32_t top);
 
     const Font* font = nullptr;
@@ -87,7 +88,7 @@ private:
     mutable bool laidOut = false;
     mutable bool cut = false;
     mutable int32_t layouts = 0;
-    mutable std::vector<Line> brokenLines;
+    mutable std::vector<BrokenLine> brokenLines;
     mutable std::vector<Page> pages;
 };
 
