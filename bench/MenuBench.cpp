@@ -177,7 +177,7 @@ void makeRows(benchmark::State& state, int32_t count) {
     for (int32_t index = 0; index < count; ++index) {
         names.push_back("list.row" + std::to_string(index));
         layouts.defineWidget(names.back(), "button");
-        layouts.currentWidget()->place = placeOf(index);
+        layouts.currentWidget()->rect = placeOf(index);
     }
     zel::HandledMenu menu("Rows", zel::State::None);
     menu.setLayout("rows");

@@ -16,7 +16,8 @@ constexpr const char* Category = "HandledMenu";
 
 } // namespace
 
-HandledMenu::HandledMenu(const String& name, int32_t flags) : StandardMenu(name, flags) {
+HandledMenu::HandledMenu(const String& name, int32_t flags)
+    : StandardMenu(name, flags), locals(name) {
     static_assert(std::size(EventSections) == SectionCount);
     hasSection.fill(true);
     const String file = String("Menus/") + name + ".ini";
@@ -30,66 +31,66 @@ HandledMenu::~HandledMenu() {
     MenuEventHandler::forgetMenu(*this);
 }
 
-void HandledMenu::runSection(Section section) {
+void HandledMenu::runSection(EventSection section) {
     if (hasSection[section] && !script.executeSection(EventSections[section], this))
         hasSection[section] = false;
 }
 
 void HandledMenu::update() {
     StandardMenu::update();
-    MenuEventHandler::notify(*this, MenuNotification::Update);
+    MenuEventHandler::notify(*this, MenuCallback::Update);
 }
 
-void HandledMenu::renderMiddle() { MenuEventHandler::notify(*this, MenuNotification::Render); }
+void HandledMenu::renderMiddle() { MenuEventHandler::notify(*this, MenuCallback::Render); }
 
 void HandledMenu::reset() {
     StandardMenu::reset();
     runSection(ResetSection);
-    MenuEventHandler::notify(*this, MenuNotification::Reset);
+    MenuEventHandler::notify(*this, MenuCallback::Reset);
 }
 
 void HandledMenu::onFirstEnter() {
     runSection(Preload);
     StandardMenu::onFirstEnter();
     runSection(FirstEnter);
-    MenuEventHandler::notify(*this, MenuNotification::FirstEnter);
+    MenuEventHandler::notify(*this, MenuCallback::FirstEnter);
 }
 
 void HandledMenu::onEnter() {
     runSection(Preload);
     StandardMenu::onEnter();
     runSection(Enter);
-    MenuEventHandler::notify(*this, MenuNotification::Enter);
+    MenuEventHandler::notify(*this, MenuCallback::Enter);
 }
 
 void HandledMenu::onEntered() {
     StandardMenu::onEntered();
     runSection(Entered);
-    MenuEventHandler::notify(*this, MenuNotification::Entered);
+    MenuEventHandler::notify(*this, MenuCallback::Entered);
 }
 
 void HandledMenu::onLeaving() {
     StandardMenu::onLeaving();
     runSection(Leaving);
-    MenuEventHandler::notify(*this, MenuNotification::Leaving);
+    MenuEventHandler::notify(*this, MenuCallback::Leaving);
 }
 
 void HandledMenu::onLeave() {
     StandardMenu::onLeave();
     runSection(Leave);
-    MenuEventHandler::notify(*this, MenuNotification::Leave);
+    MenuEventHandler::notify(*this, MenuCallback::Leave);
 }
 
 void HandledMenu::onPause() {
     StandardMenu::onPause();
     runSection(Pause);
-    MenuEventHandler::notify(*this, MenuNotification::Pause);
+    MenuEventHandler::notify(*this, MenuCallback::Pause);
 }
 
 void HandledMenu::onContinue() {
     StandardMenu::onContinue();
     runSection(Continue);
-    MenuEventHandler::notify(*this, MenuNotification::Continue);
+    MenuEventHandler::notify(*this, MenuCallback::Continue);
 }
 
 void HandledMenu::onEvent(Widget* widget, int32_t eventType) {
@@ -102,6 +103,11 @@ void HandledMenu::onEvent(Widget* widget, int32_t eventType) {
 }
 
 bool HandledMenu::query() { return MenuEventHandler::query(*this); }
+
+ScriptVariables& HandledMenu::globals() {
+    static ScriptVariables variables{String()};
+    return variables;
+}
 
 std::vector<std::unique_ptr<HandledMenu>>& HandledMenu::ownedMenus() {
     static std::vector<std::unique_ptr<HandledMenu>> menus;
@@ -135,8 +141,7 @@ void HandledMenu::releaseMenus() {
 }
 
 void HandledMenu::releaseShared() {
-    globalFlags().clear();
-    globalStrings().clear();
+    globals().clear();
     MenuEventHandler::clear();
     Widget::lastWidgetHit = nullptr;
 }

@@ -1,8 +1,7 @@
 #include "engine/menu/Menu.h"
 
-#include <algorithm>
-
 #include "engine/core/Log.h"
+#include "engine/menu/MenuPictures.h"
 #include "engine/menu/StandardMenuOverlay.h"
 #include "engine/menu/style/ElementStyle.h"
 #include "engine/menu/style/LayoutHandler.h"
@@ -16,45 +15,6 @@ namespace zel {
 namespace {
 
 constexpr const char* Category = "Menu";
-
-template <typename Element>
-Element* findIn(const std::map<String, std::unique_ptr<Element>>& elements, const String& name) {
-    const auto found = elements.find(name);
-    return found != elements.end() ? found->second.get() : nullptr;
-}
-
-/// The theme's overlay; should it have none, or one of no known name, its image's.
-MenuOverlay* overlayOf(const ThemeOverlay& named, const String& image) {
-    MenuOverlay* overlay = nullptr;
-    if (!named.name.empty())
-        overlay = MenuOverlay::find(named.name);
-    if (overlay == nullptr && !named.name.empty())
-        overlay = StandardMenuOverlay::of(named.name, named.options);
-    if (overlay == nullptr && !image.empty())
-        overlay = StandardMenuOverlay::of(image, {});
-    return overlay;
-}
-
-/// The state that fades into or out of this one just now; null if there is none.
-const State* partnerOf(const State& state) {
-    const StatesMachine& machine = StatesMachine::getInstance();
-    const State* const active = machine.getActiveState();
-    const State* const previous = machine.getPreviousState();
-    if (&state == active)
-        return previous;
-    return &state == previous ? active : nullptr;
-}
-
-/// Whether a state that is drawn comes before its partner, which isn't drawn while it is invisible.
-bool isDrawnFirst(const State& state, const State& partner) {
-    const StatesMachine& machine = StatesMachine::getInstance();
-    const bool isLower = machine.isNewStateOnTop() == (&state == machine.getPreviousState());
-    return isLower || partner.getOpacity() <= 0;
-}
-
-bool isDrawnLast(const State& state, const State& partner) {
-    return !isDrawnFirst(state, partner) || partner.getOpacity() <= 0;
-}
 
 /// Why an element can't be made; empty if it can. `kind` is "Widget" or "TextArea".
 template <typename Element>
@@ -96,37 +56,28 @@ TextArea* Menu::addTextArea(const String& name, const String& text) {
 
 Widget* Menu::createWidget(const String& name) {
     const String reason =
-        reasonAgainst("Widget", name, getName(), layout, &Layout::widgets, widgets);
+        reasonAgainst("Widget", name, getName(), layout, &Layout::widgets, elements.getWidgets());
     if (!reason.empty()) {
         log(reason, Category, LogWarning);
         return nullptr;
     }
-    std::unique_ptr<Widget> widget = createWidgetFromLayout(*layout, name, theme, widgetAlignment);
-    Widget* made = widget.get();
-    widgets[name] = std::move(widget);
-    linkWidget(name, widgets, textAreas);
-    moveToPhase(made->getBounds());
-    return made;
+    Widget* widget = elements.put(createWidgetFromLayout(*layout, name, theme, widgetAlignment));
+    widget->getBounds().moveTo(getContentPhase(), getContentProgress());
+    return widget;
 }
 
 TextArea* Menu::createTextArea(const String& name) {
-    const String reason =
-        reasonAgainst("TextArea", name, getName(), layout, &Layout::textAreas, textAreas);
+    const String reason = reasonAgainst("TextArea", name, getName(), layout, &Layout::textAreas,
+                                        elements.getTextAreas());
     if (!reason.empty()) {
         log(reason, Category, LogWarning);
         return nullptr;
     }
-    std::unique_ptr<TextArea> area =
-        createTextAreaFromLayout(*layout, name, theme, textAreaAlignment);
-    TextArea* made = area.get();
-    textAreas[name] = std::move(area);
-    joinArea(name, made->getBounds(), widgets);
-    moveToPhase(made->getBounds());
-    return made;
+    TextArea* area =
+        elements.put(createTextAreaFromLayout(*layout, name, theme, textAreaAlignment));
+    area->getBounds().moveTo(getContentPhase(), getContentProgress());
+    return area;
 }
-
-Widget* Menu::getWidget(const String& name) const { return findIn(widgets, name); }
-TextArea* Menu::getTextArea(const String& name) const { return findIn(textAreas, name); }
 
 bool Menu::setText(const String& name, const String& text) {
     if (Widget* widget = getWidget(name)) {
@@ -153,85 +104,33 @@ bool Menu::setWidgetKind(const String& name, const String& kind) {
     return true;
 }
 
-void Menu::removeWidget(const String& name) {
-    auto node = widgets.extract(name);
-    if (node.empty())
-        return;
-    unlinkWidget(*node.mapped(), widgets, textAreas);
-    deferDeletion(std::move(node.mapped()));
-}
-
-void Menu::removeTextArea(const String& name) {
-    const auto found = textAreas.find(name);
-    if (found == textAreas.end())
-        return;
-    leaveArea(found->second->getBounds());
-    textAreas.erase(found);
-}
-
-void Menu::clearWidgets() {
-    for (const auto& [name, widget] : widgets)
-        unlinkWidget(*widget, widgets, textAreas);
-    Widgets gone;
-    gone.swap(widgets);
-    for (auto& [name, widget] : gone)
-        deferDeletion(std::move(widget));
-}
-
-void Menu::clearTextAreas() {
-    for (const auto& [name, area] : textAreas)
-        leaveArea(area->getBounds());
-    textAreas.clear();
-}
-
-void Menu::resetWidgets() {
-    for (const auto& [name, widget] : widgets)
-        widget->reset();
-}
-
-void Menu::deferDeletion(std::unique_ptr<Widget> widget) {
-    std::replace(walk.begin(), walk.end(), widget.get(), static_cast<Widget*>(nullptr));
-    deferred.push_back(std::move(widget));
-    deleteDeferred();
-}
-
-void Menu::deleteDeferred() {
-    if (working == 0)
-        deferred.clear();
-}
-
 void Menu::recreateElements() {
     if (layout == nullptr)
         return;
-    for (auto& [name, widget] : widgets) {
-        std::unique_ptr<Widget> made =
+    for (const auto& [name, before] : elements.getWidgets()) {
+        std::unique_ptr<Widget> widget =
             createWidgetFromLayout(*layout, name, theme, widgetAlignment);
-        if (!made)
+        if (!widget)
             continue;
-        made->setKind(widget->getKind());
-        styleWidget(*made, *layout, theme);
-        made->setText(widget->getText());
-        made->setTransition(widget->getTransition());
-        made->setActive(widget->isActive());
-        made->setVisible(widget->isVisible());
-        made->setFocused(widget->isFocused());
-        unlinkWidget(*widget, widgets, textAreas);
-        std::swap(widget, made);
-        linkWidget(name, widgets, textAreas);
-        deferDeletion(std::move(made));
+        widget->setKind(before->getKind());
+        styleWidget(*widget, *layout, theme);
+        widget->setText(before->getText());
+        widget->setTransition(before->getTransition());
+        widget->setActive(before->isActive());
+        widget->setVisible(before->isVisible());
+        widget->setFocused(before->isFocused());
+        elements.put(std::move(widget));
     }
-    for (auto& [name, area] : textAreas) {
-        std::unique_ptr<TextArea> made =
+    for (const auto& [name, before] : elements.getTextAreas()) {
+        std::unique_ptr<TextArea> area =
             createTextAreaFromLayout(*layout, name, theme, textAreaAlignment);
-        if (!made)
+        if (!area)
             continue;
-        made->setText(area->getText());
-        made->setVisible(area->isVisible());
-        leaveArea(area->getBounds());
-        area = std::move(made);
-        joinArea(name, area->getBounds(), widgets);
+        area->setText(before->getText());
+        area->setVisible(before->isVisible());
+        elements.put(std::move(area));
     }
-    moveElements();
+    elements.moveTo(getContentPhase(), getContentProgress());
 }
 
 bool Menu::setLayout(const String& name) {
@@ -246,8 +145,8 @@ bool Menu::setTheme(const String& name) {
     if (found == nullptr)
         return false;
     theme = found;
-    themeBackground = overlayOf(theme->backgroundOverlay, theme->backgroundImage);
-    themeForeground = overlayOf(theme->foregroundOverlay, theme->foregroundImage);
+    themeBackground = themePicture(theme->backgroundOverlay, theme->backgroundImage);
+    themeForeground = themePicture(theme->foregroundOverlay, theme->foregroundImage);
     return true;
 }
 
@@ -275,26 +174,8 @@ bool Menu::hitWidget(const String& name) {
     const bool isIdle = StatesMachine::getInstance().getPhase() == StatesMachine::Idle;
     if (widget == nullptr || !widget->isVisible() || !widget->isActive() || !isIdle)
         return false;
-    ++working;
-    widget->performHit();
-    --working;
-    deleteDeferred();
+    elements.hit(*widget);
     return true;
-}
-
-void Menu::updateWidgets() {
-    walk.clear();
-    for (const auto& [name, widget] : widgets)
-        walk.push_back(widget.get());
-    ++working;
-    const Pointer pointer = Pointer::read();
-    for (size_t i = 0; i < walk.size(); ++i) {
-        if (walk[i] != nullptr)
-            walk[i]->handlePointer(pointer);
-    }
-    --working;
-    walk.clear();
-    deleteDeferred();
 }
 
 void Menu::update() {
@@ -303,76 +184,31 @@ void Menu::update() {
         if (overlay != nullptr)
             overlay->update();
     }
-    updateWidgets();
-}
-
-void Menu::moveToPhase(Bounds& bounds) const {
-    bounds.moveTo(getContentPhase(), getContentProgress());
-}
-
-void Menu::moveElements() {
-    for (const auto& [name, widget] : widgets)
-        moveToPhase(widget->getBounds());
-    for (const auto& [name, area] : textAreas)
-        moveToPhase(area->getBounds());
+    elements.handlePointer(Pointer::read());
 }
 
 StateOverlay* Menu::getThemeBackground() const { return themeBackground; }
 StateOverlay* Menu::getThemeForeground() const { return themeForeground; }
 
-int32_t Menu::getDrawAlpha() const {
-    const State* partner = partnerOf(*this);
-    if (partner == nullptr || !StatesMachine::getInstance().sharesBackgroundOverlay() ||
-        !isDrawnFirst(*this, *partner))
-        return getOpacityByte();
-    return 255 - partner->getOpacityByte();
-}
-
 void Menu::render() {
     Canvas& canvas = Canvas::getInstance();
-    const int32_t alpha = getDrawAlpha();
-    moveElements();
+    elements.moveTo(getContentPhase(), getContentProgress());
     drawBackground(canvas);
     renderMiddle();
-    for (const auto& [name, widget] : widgets) {
-        widget->setAlpha(alpha);
-        widget->render();
-    }
-    for (const auto& [name, area] : textAreas) {
-        area->setAlpha(alpha);
-        area->render();
-    }
+    elements.render(drawAlphaOf(*this));
     drawForeground(canvas);
 }
 
 void Menu::drawBackground(Canvas& canvas) {
     if (themeBackground == nullptr && getBackgroundOverlay() == nullptr)
         canvas.clear(static_cast<uint32_t>(getOpacityByte()) << 24);
-    drawPicture(canvas, &State::getThemeBackground, themeBackgroundBlend, isDrawnFirst);
-    drawPicture(canvas, &State::getBackgroundOverlay, backgroundBlend, isDrawnFirst);
+    drawPictureBehind(canvas, *this, &State::getThemeBackground, themeBackgroundBlend);
+    drawPictureBehind(canvas, *this, &State::getBackgroundOverlay, backgroundBlend);
 }
 
 void Menu::drawForeground(Canvas& canvas) {
-    drawPicture(canvas, &State::getThemeForeground, themeForegroundBlend, isDrawnLast);
-    drawPicture(canvas, &State::getForegroundOverlay, foregroundBlend, isDrawnLast);
-}
-
-// A picture that both states show is drawn once and at full strength: two screens on one desk fade
-// what lies on it, not the desk.
-void Menu::drawPicture(Canvas& canvas, OverlayOf which, Blend blend, DrawsShared drawsShared) {
-    StateOverlay* overlay = (this->*which)();
-    if (overlay == nullptr)
-        return;
-    const State* partner = partnerOf(*this);
-    const bool isShared = partner != nullptr && (partner->*which)() == overlay;
-    if (isShared && !drawsShared(*this, *partner))
-        return;
-    const int32_t alphaBefore = canvas.getAlpha();
-    canvas.setBlend(blend);
-    canvas.setAlpha(isShared ? 255 : getDrawAlpha());
-    overlay->render();
-    canvas.setAlpha(alphaBefore);
-    canvas.setBlend(Blend::Normal);
+    drawPictureInFront(canvas, *this, &State::getThemeForeground, themeForegroundBlend);
+    drawPictureInFront(canvas, *this, &State::getForegroundOverlay, foregroundBlend);
 }
 
 } // namespace zel

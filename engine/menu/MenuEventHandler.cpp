@@ -30,7 +30,7 @@ struct Filter {
 
 template <typename Handler> struct Row {
     Filter filter;
-    Handler* handler; // null once it is removed while rows are walked
+    Handler* handler; // null if removed during a walk
 };
 
 template <typename Handler> class Table {
@@ -49,7 +49,7 @@ public:
         }
     }
 
-    /// Handlers may come and go in the calls: those that come are called from the next time on.
+    /// Handlers may be added and removed in the calls: added ones are called from the next time on.
     template <typename Call> void callMatching(const Menu& menu, const Call& call) {
         ++walks;
         const size_t count = rows.size();
@@ -93,27 +93,27 @@ Table<HandledMenuExtension>& extensions() {
 
 Filter filterFor(const String& menuName) { return {true, menuName}; }
 
-void tell(HandledMenuExtension& extension, MenuNotification what) {
+void notifyExtension(HandledMenuExtension& extension, MenuCallback what) {
     switch (what) {
-    case MenuNotification::Update:
+    case MenuCallback::Update:
         return extension.update();
-    case MenuNotification::Render:
+    case MenuCallback::Render:
         return extension.render();
-    case MenuNotification::Reset:
+    case MenuCallback::Reset:
         return extension.reset();
-    case MenuNotification::FirstEnter:
+    case MenuCallback::FirstEnter:
         return extension.onFirstEnter();
-    case MenuNotification::Enter:
+    case MenuCallback::Enter:
         return extension.onEnter();
-    case MenuNotification::Entered:
+    case MenuCallback::Entered:
         return extension.onEntered();
-    case MenuNotification::Leaving:
+    case MenuCallback::Leaving:
         return extension.onLeaving();
-    case MenuNotification::Leave:
+    case MenuCallback::Leave:
         return extension.onLeave();
-    case MenuNotification::Pause:
+    case MenuCallback::Pause:
         return extension.onPause();
-    case MenuNotification::Continue:
+    case MenuCallback::Continue:
         return extension.onContinue();
     }
 }
@@ -150,11 +150,11 @@ void MenuEventHandler::forgetMenu(const Menu& menu) {
     extensions().forgetMenu(menu);
 }
 
-void MenuEventHandler::notify(Menu& menu, MenuNotification what) {
+void MenuEventHandler::notify(Menu& menu, MenuCallback what) {
     listeners().callMatching(menu, [&](MenuListener& listener) { listener.notify(menu, what); });
     extensions().callMatching(menu, [&](HandledMenuExtension& extension) {
         extension.setMenu(&menu);
-        tell(extension, what);
+        notifyExtension(extension, what);
     });
 }
 

@@ -11,8 +11,8 @@ class Menu;
 class State;
 class Widget;
 
-/// What a menu tells those who listen to it.
-enum class MenuNotification {
+/// The notifications of a menu, one for each callback of its extensions.
+enum class MenuCallback {
     Update,
     Render,
     Reset,
@@ -25,34 +25,35 @@ enum class MenuNotification {
     Continue,
 };
 
-/// A plain listener to menus, for code that isn't a screen.
+/// A listener to menus, for code that isn't a screen.
 class MenuListener {
 public:
     virtual ~MenuListener() = default;
-    virtual void notify(Menu& menu, MenuNotification what) = 0;
-    virtual void onEvent(Menu& menu, Widget* widget, int32_t eventType) = 0;
+    virtual void notify(Menu& menu, MenuCallback what) = 0;
+    virtual void onEvent(Menu& menu, Widget* widget,
+                         int32_t eventType) = 0; // a hit: Widget::EventHit
 };
 
-/// Who listens to which menu: two tables, of plain listeners and of extensions. The listeners are
-/// called first, each table in the order of registration. It owns nobody.
+/// The registry of listeners and extensions, by menu. Listeners are called first, each table in the
+/// order of registration. It owns none of them.
 class MenuEventHandler {
 public:
-    /// To the menu of that name. A name that no state has is looked up once, and logged.
+    /// For the menu of that name. A name that no state has is looked up once and logged.
     static void addListener(const String& menuName, MenuListener* listener);
     static void addExtension(const String& menuName, HandledMenuExtension* extension);
-    /// To all menus.
+    /// For all menus.
     static void addListener(MenuListener* listener);
     static void addExtension(HandledMenuExtension* extension);
     static void remove(const MenuListener* listener);
     static void remove(const HandledMenuExtension* extension);
     /// Empties both tables.
     static void clear();
-    /// A menu that ends: rows that found it look it up again.
+    /// For a menu that is destroyed: its rows look the name up again.
     static void forgetMenu(const Menu& menu);
 
-    static void notify(Menu& menu, MenuNotification what);
+    static void notify(Menu& menu, MenuCallback what);
     static void onEvent(Menu& menu, Widget* widget, int32_t eventType);
-    /// True unless an extension of the menu says no.
+    /// True unless an extension of the menu returns false.
     static bool query(Menu& menu);
 };
 

@@ -37,7 +37,7 @@ void StandardMenuOverlay::reset() {
 void StandardMenuOverlay::render() {
     const auto width = static_cast<int32_t>(std::lround(image.width()));
     const auto height = static_cast<int32_t>(std::lround(image.height()));
-    image.drawInto(Canvas::getInstance(), rectOf(options.placeOf(width, height)));
+    image.drawInto(Canvas::getInstance(), rectOf(options.pictureRect(width, height)));
     for (const std::unique_ptr<Widget>& widget : widgets)
         widget->render();
 }

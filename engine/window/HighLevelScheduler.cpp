@@ -15,10 +15,10 @@ namespace {
 
 constexpr const char* Category = "HighLevelScheduler";
 constexpr int32_t LowestPriority = 6;
-constexpr int32_t FirstBudgetedPriority = 3; // those before it run whatever the time
-constexpr int32_t IdleFrames = 100;          // least distance that the lowest priority gets
-// How often the waiting for a deferred task may find the clock unchanged before it gives up: a
-// clock that stands still, as in a test, must not hold the program.
+constexpr int32_t FirstBudgetedPriority = 3; // those before it always run
+constexpr int32_t IdleFrames = 100;          // minimum for the lowest priority
+// How often waiting for a deferred task may find the clock unchanged before it gives up: a stopped
+// clock, as in a test, must not hang the program.
 constexpr int32_t StandstillRounds = 100000;
 
 std::unique_ptr<HighLevelScheduler> scheduler;
@@ -36,7 +36,7 @@ template <typename T> bool contains(const std::vector<T>& list, T value) {
     return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-/// A mean that follows the new value by that share.
+/// The mean moved towards the new value by that share.
 float smoothed(float mean, float value, float share) { return (1 - share) * mean + share * value; }
 
 } // namespace
@@ -65,7 +65,7 @@ void HighLevelScheduler::addTask(UpdateObject* object, State* ownerState) {
     nextOrder.push_back(index);
 }
 
-// Only emptied here: a pass may be walking the lists.
+// Only marked here: a pass may be iterating over the lists.
 void HighLevelScheduler::removeTask(const UpdateObject* object) {
     for (Task& task : tasks)
         if (object != nullptr && task.object == object) {
@@ -100,10 +100,10 @@ void HighLevelScheduler::dropEndedTasks() {
         tasks.end());
     for (std::vector<int32_t>* order : {&runOrder, &nextOrder}) {
         for (int32_t& index : *order)
-            index = newIndex[static_cast<size_t>(index)];
+            index = newIndex[index];
         removeAll(*order, -1);
     }
-    lastTask = lastTask >= 0 ? newIndex[static_cast<size_t>(lastTask)] : -1;
+    lastTask = lastTask >= 0 ? newIndex[lastTask] : -1;
 }
 
 size_t HighLevelScheduler::getTaskCount() const {
@@ -194,11 +194,11 @@ void HighLevelScheduler::run() {
     runOrder = nextOrder;
 }
 
-// By index throughout: a task may add others, which moves both lists.
+// By index throughout: a task may add others, which reallocates both lists.
 void HighLevelScheduler::runPriority(int32_t priority, std::vector<int32_t>& deferred) {
     for (size_t place = 0; place < runOrder.size(); ++place) {
         const int32_t index = runOrder[place];
-        const Task& task = tasks[static_cast<size_t>(index)];
+        const Task& task = tasks[index];
         if (task.ended || task.priority != priority ||
             task.minFrameDifference >= task.framesSinceRun || !isActiveNow(task) ||
             (priority >= FirstBudgetedPriority && !fitsFrame(task)))
@@ -212,13 +212,13 @@ void HighLevelScheduler::runPriority(int32_t priority, std::vector<int32_t>& def
     }
 }
 
-// Waits, trying over and over, for moments that come within this frame.
+// Spins for tasks whose moment comes within this frame.
 void HighLevelScheduler::runDeferred(std::vector<int32_t>& deferred) {
     int32_t standstill = 0;
     double lastTime = clock.getSeconds();
     while (!deferred.empty() && standstill < StandstillRounds) {
         const auto isDone = [this](int32_t index) {
-            const Task& task = tasks[static_cast<size_t>(index)];
+            const Task& task = tasks[index];
             return task.ended || !fitsFrame(task) || !canComeThisFrame(task) || tryToRun(index);
         };
         deferred.erase(std::remove_if(deferred.begin(), deferred.end(), isDone), deferred.end());
@@ -262,7 +262,7 @@ bool HighLevelScheduler::canComeThisFrame(const Task& task) const {
 bool HighLevelScheduler::tryToRun(int32_t index) {
     const double now = clock.getSeconds();
     {
-        Task& task = tasks[static_cast<size_t>(index)];
+        Task& task = tasks[index];
         if (now < task.lastRunTime + static_cast<double>(task.minimumTimeDifference))
             return false;
         task.lastRunTime = now;
@@ -277,7 +277,7 @@ bool HighLevelScheduler::tryToRun(int32_t index) {
         taskTimer.stop();
     }
     // Looked up again: the call may have added tasks.
-    Task& task = tasks[static_cast<size_t>(index)];
+    Task& task = tasks[index];
     const auto duration = static_cast<float>(taskTimer.getSeconds());
     task.framesSinceRun = 0;
     task.lastDuration = duration;
@@ -303,7 +303,7 @@ void HighLevelScheduler::checkOverrun() {
         log("Last unknown task took too long", Category, LogWarning);
         return;
     }
-    const Task& task = tasks[static_cast<size_t>(lastTask)];
+    const Task& task = tasks[lastTask];
     log("Last task " + task.name + " took too long: " + formatFloat(task.lastDuration) +
             " secs, total: " + formatFloat(static_cast<float>(passed)) + " secs",
         Category, LogWarning);

@@ -7,8 +7,7 @@ namespace zel {
 
 bool Keyboard::isKeyDown(int32_t symbol) {
     const Platform& platform = Platform::drained();
-    return symbol >= 0 && symbol < Platform::KeyCount &&
-           platform.keyDown[static_cast<size_t>(symbol)] != 0;
+    return symbol >= 0 && symbol < Platform::KeyCount && platform.keyDown[symbol] != 0;
 }
 
 Key Keyboard::getKey() {

@@ -30,7 +30,7 @@ MouseState Mouse::read(int32_t button) {
     MouseState state;
     state.x = toDesignX(platform.mouseX);
     state.y = toDesignY(platform.mouseY);
-    state.isDown = isButton(button) && platform.buttonDown[static_cast<size_t>(button)] != 0;
+    state.isDown = isButton(button) && platform.buttonDown[button] != 0;
     state.wasTapped = std::any_of(platform.visibleTaps.begin(), platform.visibleTaps.end(),
                                   [button](const Tap& tap) { return tap.button == button; });
     state.wheel = std::exchange(platform.wheel, 0);
@@ -42,13 +42,12 @@ int32_t Mouse::getY() { return toDesignY(Platform::drained().mouseY); }
 
 bool Mouse::isButtonDown(int32_t button) {
     const Platform& platform = Platform::drained();
-    return isButton(button) && platform.buttonDown[static_cast<size_t>(button)] != 0;
+    return isButton(button) && platform.buttonDown[button] != 0;
 }
 
 bool Mouse::isButtonHit(int32_t button) {
     Platform& platform = Platform::drained();
-    return isButton(button) &&
-           std::exchange(platform.buttonHit[static_cast<size_t>(button)], 0) != 0;
+    return isButton(button) && std::exchange(platform.buttonHit[button], 0) != 0;
 }
 
 void Mouse::consumeHits() {

@@ -22,8 +22,8 @@ constexpr size_t MostTypedKeys = 64;
 constexpr int32_t WheelUp = 4;
 constexpr int32_t WheelDown = 5;
 constexpr int32_t AllAppStates = SDL_APPMOUSEFOCUS | SDL_APPINPUTFOCUS | SDL_APPACTIVE;
-// What was tapped before the program was busy for so long isn't meant for what it shows now.
-constexpr uint32_t LongestLook = 1000; // milliseconds
+// After a longer pause between frames, earlier input isn't meant for what is shown now.
+constexpr uint32_t LongestInputPause = 1000; // milliseconds
 
 constexpr bool isSame(int32_t ours, int32_t sdls) { return ours == sdls; }
 static_assert(isSame(KeyUp, SDLK_UP) && isSame(KeyDown, SDLK_DOWN) &&
@@ -33,8 +33,8 @@ static_assert(isSame(KeyUp, SDLK_UP) && isSame(KeyDown, SDLK_DOWN) &&
               isSame(KeyPageDown, SDLK_PAGEDOWN) && isSame(KeyDelete, SDLK_DELETE) &&
               isSame(KeyBackspace, SDLK_BACKSPACE));
 
-/// The engine's number of an SDL button; -1 for those that it doesn't know. The right button is 2,
-/// the middle one 3.
+/// The engine's number of an SDL button; -1 for unknown ones. The right button is 2, the middle one
+/// 3.
 int32_t engineButton(int32_t sdlButton) {
     const int32_t button = sdlButton & 15;
     if (button >= Platform::ButtonCount)
@@ -47,10 +47,10 @@ bool isAltEnter(const SDL_keysym& pressed) {
            (pressed.sym == SDLK_RETURN || pressed.sym == SDLK_KP_ENTER);
 }
 
-/// Set by a signal, taken at the next look at the events.
+/// Set by a signal, handled when the event queue is drained next.
 volatile std::sig_atomic_t signalCame = 0;
 
-/// A second signal ends the program at once, should it hang.
+/// A second signal ends the program at once, in case it hangs.
 void noteSignal(int number) {
     signalCame = 1;
     std::signal(number, SIG_DFL);
@@ -59,7 +59,7 @@ void noteSignal(int number) {
 } // namespace
 
 Platform& Platform::getInstance() {
-    // The log is asked first, so that it outlives the platform, whose last act is a line.
+    // The log is built first, so that it outlives the platform, which logs as it ends.
     static const bool logIsThere = isConsoleShown();
     static Platform platform;
     static_cast<void>(logIsThere);
@@ -67,14 +67,14 @@ Platform& Platform::getInstance() {
 }
 
 Platform::Platform() {
-    // Without a display SDL would go for the terminal itself.
+    // Without a display SDL would use the terminal.
     if (!system::hasDisplay() && system::environment("SDL_VIDEODRIVER").empty())
         system::setEnvironment("SDL_VIDEODRIVER", "dummy");
-    // The first window stands in the middle; Window takes this back, so that later ones stay where
-    // the player put them.
+    // The first window is centred. Window resets this, so that later ones stay where the player put
+    // them.
     if (system::environment("SDL_VIDEO_WINDOW_POS").empty())
         system::setEnvironment("SDL_VIDEO_CENTERED", "1");
-    // A machine without audio or joysticks still has a screen.
+    // Without audio or joysticks the program still runs.
     hasVideo = SDL_Init(SDL_INIT_EVERYTHING | SDL_INIT_NOPARACHUTE) == 0 ||
                SDL_Init(SDL_INIT_VIDEO | SDL_INIT_TIMER | SDL_INIT_NOPARACHUTE) == 0;
     if (!hasVideo) {
@@ -181,14 +181,14 @@ void Platform::keyDownEvent(const SDL_Event& event) {
     Key key = makeKey(pressed.sym, pressed.unicode);
     key.shift = (pressed.mod & KMOD_SHIFT) != 0;
     if (key.symbol >= 0 && key.symbol < KeyCount) {
-        key.repeated = keyDown[static_cast<size_t>(key.symbol)] != 0;
-        keyDown[static_cast<size_t>(key.symbol)] = 1;
+        key.repeated = keyDown[key.symbol] != 0;
+        keyDown[key.symbol] = 1;
     }
     if (isAltEnter(pressed)) {
         wantsFullscreenToggle = wantsFullscreenToggle || !key.repeated;
         return;
     }
-    if (!key.repeated) { // it tells of presses; texts want repeated characters as well
+    if (!key.repeated) { // getKey() reports presses only; texts take repeated keys as well
         lastKey = key.symbol;
         lastUnicode = static_cast<int16_t>(key.unicode);
     }
@@ -201,7 +201,7 @@ void Platform::keyUpEvent(const SDL_Event& event) {
     const SDL_keysym& released = event.key.keysym;
     const int32_t symbol = released.sym;
     if (symbol >= 0 && symbol < KeyCount)
-        keyDown[static_cast<size_t>(symbol)] = 0;
+        keyDown[symbol] = 0;
     if (symbol == lastKey || static_cast<int16_t>(released.unicode) == lastUnicode) {
         lastKey = 0;
         lastUnicode = 0;
@@ -212,23 +212,22 @@ void Platform::buttonEvent(const SDL_Event& event) {
     const int32_t button = engineButton(event.button.button);
     if (button < 0)
         return;
-    const auto place = static_cast<size_t>(button);
-    Press& press = presses[place];
+    Press& press = presses[button];
     if (event.type == SDL_MOUSEBUTTONDOWN) {
-        buttonDown[place] = 1;
+        buttonDown[button] = 1;
         press = {true, false, false, mouseX, mouseY};
         wheel += button == WheelUp ? 1 : button == WheelDown ? -1 : 0;
         return;
     }
-    if (buttonDown[place] != 0)
-        buttonHit[place] = 1;
-    buttonDown[place] = 0;
+    if (buttonDown[button] != 0)
+        buttonHit[button] = 1;
+    buttonDown[button] = 0;
     if (press.held && !press.seen)
         pendingTaps.push_back({button, press.x, press.y, mouseX, mouseY});
     press.held = false;
 }
 
-// After all events: a window that is being drawn larger by its corner sends dozens of them.
+// After all events: dragging a window's corner sends dozens of them.
 void Platform::applyWindowChanges() {
     Window* window = Window::current();
     const bool toggles = wantsFullscreenToggle;
@@ -253,21 +252,21 @@ int32_t Platform::appState() const {
     return hasVideo && Window::current() != nullptr ? SDL_GetAppState() : AllAppStates;
 }
 
-void Platform::beginLook() {
+void Platform::beginInputFrame() {
     handleEvents();
     const uint32_t now = ticks();
-    if (now - lastLook > LongestLook) { // what was pressed while nobody looked is forgotten
+    if (now - lastInputFrame > LongestInputPause) { // drops input from before a long pause
         pendingTaps.clear();
         typedKeys.clear();
     }
-    lastLook = now;
+    lastInputFrame = now;
     visibleTaps = std::move(pendingTaps);
     pendingTaps.clear();
     for (Press& press : presses)
         press.wasVisible = press.held;
 }
 
-void Platform::endLook() {
+void Platform::endInputFrame() {
     visibleTaps.clear();
     for (Press& press : presses) {
         press.seen = press.seen || (press.held && press.wasVisible);

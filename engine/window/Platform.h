@@ -8,15 +8,14 @@ union SDL_Event;
 
 namespace zel {
 
-/// A key as it was pressed. Symbols are SDL's; those that have no character of their own stand
-/// below.
+/// A key press. Symbols are SDL's; those without a character are listed below.
 struct Key {
-    int32_t symbol = 0;     // 0 for no key
-    char character = 0;     // in Windows-1252; 0 if it has none
-    int32_t unicode = 0;    // 0 if it has none
+    int32_t symbol = 0;     // SDL's; 0 for no key
+    char character = 0;     // in Windows-1252; 0 without one
+    int32_t unicode = 0;    // 0 without a character
     bool printable = false; // the Unicode value is of Latin-1 and not below 32
-    bool shift = false;     // held with it
-    bool repeated = false;  // held down, and reported again
+    bool shift = false;     // pressed with it
+    bool repeated = false;  // repeated by the system while held
 };
 
 enum KeySymbol : int32_t {
@@ -26,7 +25,7 @@ enum KeySymbol : int32_t {
     KeyEscape = 27,
     KeySpace = 32,
     KeyDelete = 127,
-    KeyEnter = 271, // of the number block
+    KeyEnter = 271, // on the number pad
     KeyUp = 273,
     KeyDown = 274,
     KeyRight = 275,
@@ -37,19 +36,19 @@ enum KeySymbol : int32_t {
     KeyPageDown = 281,
 };
 
-/// A press and release of a mouse button that fell between two frames, so that nobody saw the
-/// button down: touchpads and slow frames make them. Window pixels.
+/// A press and release of a mouse button between two frames, so that no frame saw the button down:
+/// touchpads and slow frames cause them. Window pixels.
 struct Tap {
     int32_t button;
     int32_t pressX, pressY;
     int32_t releaseX, releaseY;
 };
 
-/// Owns SDL and the event queue, and keeps what the events told. Built at the first use, which must
-/// be the first thing that a program does with the engine; it ends with the process, so that the
-/// loop can be built again without the window system noticing.
+/// Owns SDL and the event queue, and keeps the state of the input. Built at first use, which must
+/// be the first thing that a program does with the engine; it ends with the process, so that
+/// rebuilding the loop doesn't affect the window.
 ///
-/// Screens ask zel::Mouse and zel::Keyboard.
+/// Screens use zel::Mouse and zel::Keyboard.
 class Platform {
 public:
     static constexpr int32_t KeyCount = 323;
@@ -57,41 +56,40 @@ public:
 
     static Platform& getInstance();
 
-    /// Takes all events that wait; with `wait` it first waits for one.
+    /// Drains the event queue; with `wait` it first waits for an event.
     void handleEvents(bool wait = false);
-    /// What one event does. Tests call it in the place of the queue.
+    /// Handles one event. Tests call it in place of the queue.
     void handleEvent(const SDL_Event& event);
     int32_t getQuitEvents() const { return quitEvents; } // at most 127
-    /// Whether a signal asks the program to end. It counts as a quit event, and nobody may refuse
-    /// it.
+    /// Whether a signal asks the program to end. It counts as a quit event, and can't be refused.
     bool isInterrupted() const { return interrupted; }
-    /// The player stays after all: takes back all quit events but a signal's.
+    /// Withdraws all quit events except a signal's.
     void forgetQuit() { quitEvents = interrupted ? 1 : 0; }
 
-    /// The bits of SDL_GetAppState: 1 the pointer is in the window, 2 it has the keyboard, 4 it is
-    /// not minimised. All three where there is no window system.
+    /// The bits of SDL_GetAppState: 1 pointer in the window, 2 keyboard focus, 4 not minimised. All
+    /// three without a window system.
     int32_t appState() const;
-    /// Replaces the answer, for tests; a negative value takes the system's again.
+    /// Replaces appState()'s result, for tests; a negative value restores the system's.
     void setAppState(int32_t bits) { fixedAppState = bits; }
     /// Size of the desktop in pixels when the program started; 0 if unknown.
     int32_t getDesktopWidth() const { return desktopWidth; }
     int32_t getDesktopHeight() const { return desktopHeight; }
 
-    /// Begins a frame's look at the input: the taps since the last look become visible.
-    void beginLook();
-    /// Ends it: whoever wanted them has seen them.
-    void endLook();
-    /// Forgets taps and typed keys that nobody may answer any more, as after a fade.
+    /// Begins a frame's input: drains the queue, and taps since the last frame become visible.
+    void beginInputFrame();
+    /// Ends it: the frame's taps have been handled.
+    void endInputFrame();
+    /// Forgets taps and typed keys that were not meant for the current screen, as after a fade.
     void forgetPresses();
 
-    /// Takes all events that wait and drops what the player pressed, turned and typed: nobody looks
-    /// for it. Kept are the wish to quit, the pointer's place, what became of the window, and which
-    /// keys are held. A press that it sees gives no hit later.
+    /// Drains the event queue and drops presses, wheel steps and typed keys. Quit events, the
+    /// pointer's position, changes of the window and held keys are kept. A press that it drops
+    /// gives no hit later.
     void pumpAndDrop();
-    /// Takes all keys for released: what happens to the window may swallow their releases.
+    /// Marks all keys as released: changes of the window may swallow their releases.
     void releaseKeys();
 
-    /// As at the start: nothing held, nothing hit, nothing typed.
+    /// Back to the initial state: nothing held, hit or typed.
     void clearInput();
 
 private:
@@ -100,8 +98,8 @@ private:
 
     struct Press {
         bool held = false;
-        bool seen = false;       // a whole look has passed with the button down
-        bool wasVisible = false; // the present look began with the button down
+        bool seen = false;       // a whole frame has passed with the button down
+        bool wasVisible = false; // the current frame began with the button down
         int32_t x = 0;
         int32_t y = 0;
     };
@@ -109,7 +107,7 @@ private:
     Platform();
     ~Platform();
 
-    /// The platform when it has taken the events that wait: every query begins so.
+    /// The platform after draining the event queue: every query starts with it.
     static Platform& drained();
     static Key makeKey(int32_t symbol, int32_t unicode);
     void keyDownEvent(const SDL_Event& event);
@@ -135,10 +133,10 @@ private:
     std::vector<Tap> pendingTaps;
     std::vector<Tap> visibleTaps;
     std::vector<Key> typedKeys;
-    uint32_t lastLook = 0; // ticks
-    int32_t wheel = 0;     // steps turned, up above 0
+    uint32_t lastInputFrame = 0; // ticks
+    int32_t wheel = 0;           // steps, above 0 for up
 
-    int32_t wantedWidth = 0; // of a resize that the drain has seen; 0 for none
+    int32_t wantedWidth = 0; // of a pending resize; 0 for none
     int32_t wantedHeight = 0;
     bool wantsFullscreenToggle = false;
 

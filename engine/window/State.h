@@ -12,54 +12,54 @@ namespace zel {
 class StateOverlay;
 class Widget;
 
-/// A screen or mode of the program. It stands in the state machine's map from its construction to
-/// its destruction; the machine doesn't own it.
+/// A screen or mode of the program. It is in the state machine's map from its construction to its
+/// destruction; the machine doesn't own it.
 ///
-/// A state never changes to another one by itself: it names a target by setTransition(), and the
-/// machine takes that up at the end of a frame.
+/// A state never changes to another by itself: it names a target by setTransition(), and the
+/// machine follows at the end of a frame.
 class State : public UpdateAndRenderObject {
 public:
     enum Flags : int32_t { None = 0, DrawnOnTop = 1 };
 
-    /// flags: DrawnOnTop makes it come up above the state that it replaces, and dissolve from above
-    /// the one that replaces it.
+    /// flags: DrawnOnTop draws it above the state that it replaces, and above the one that replaces
+    /// it.
     explicit State(const String& name, int32_t flags = None);
-    ~State() override; // leaves the state machine and the scheduler
+    ~State() override; // unregisters from state machine and scheduler
     State(const State&) = delete;
     State& operator=(const State&) = delete;
 
     virtual String getName() const { return name; }
     virtual void reset() = 0;        // after every onEnter()
-    virtual void onFirstEnter() = 0; // once in its life; may load whole screens
+    virtual void onFirstEnter() = 0; // once; may load whole screens
     virtual void onEnter() = 0;
     virtual void onEntered() = 0; // it is fully visible
     virtual void onLeaving() = 0; // the fade away from it begins
     virtual void onLeave() = 0;   // it is no longer visible
     virtual void onPause() = 0;
     virtual void onContinue() = 0;
-    virtual void onEvent(Widget* widget, int32_t eventType) = 0;
+    virtual void onEvent(Widget* widget, int32_t eventType) = 0; // a hit: Widget::EventHit
     virtual StateOverlay* getBackgroundOverlay() const { return backgroundOverlay; }
     virtual StateOverlay* getForegroundOverlay() const { return foregroundOverlay; }
-    virtual bool query() { return true; }
-    /// The pictures of the theme, for states that have one; null otherwise.
+    virtual bool query() { return true; } // no caller depends on it
+    /// The theme's pictures, for states with a theme; null otherwise.
     virtual StateOverlay* getThemeBackground() const { return nullptr; }
     virtual StateOverlay* getThemeForeground() const { return nullptr; }
 
-    /// Asks for a change to the state of that name; the empty name takes the request back. It is
-    /// followed in the first idle frame; until then a later request replaces it.
+    /// Requests a change to the state of that name; the empty name withdraws the request. The
+    /// machine follows it in the first idle frame; until then a later request replaces it.
     void setTransition(const String& target);
     const String& getTransition() const { return transitionTarget; }
     bool isTransitionRequested() const { return transitionRequested; }
     /// After that many seconds in this state the machine changes to the target. Null, or the empty
-    /// name, takes it back.
+    /// name, removes it.
     void setAutoTransition(State* target, float seconds);
     void setAutoTransition(const String& target, float seconds);
 
-    /// Lengths of the phases in seconds, before the division by the global speeds; 0.5 at first.
+    /// Lengths of the phases in seconds, before the division by the global speeds; initially 0.5.
     void setFadeTimes(float fadeOut, float crossFade, float fadeIn);
 
     /// The speeds of all states: fade-out and fade-in are divided by the first, cross-fades by the
-    /// other. 1.0 at first; a speed that isn't above 0 is taken as 1.0.
+    /// second. Initially 1.0; a speed that isn't above 0 counts as 1.0.
     static void setFadeSpeed(float speed);
     static void setCrossFadeSpeed(float speed);
 
@@ -70,7 +70,7 @@ public:
     int32_t getOpacityByte() const { return static_cast<int32_t>(opacity * 255); }
     bool isDrawnOnTop() const { return (flags & DrawnOnTop) != 0; }
 
-    /// Free pairs of key and value. An unset key reads empty.
+    /// Key-value pairs for any use. An unset key reads empty.
     void setProperty(const String& key, const String& value) { properties[key] = value; }
     String getProperty(const String& key) const;
 
@@ -78,6 +78,7 @@ public:
     void setForegroundOverlay(StateOverlay* overlay) { foregroundOverlay = overlay; }
 
 private:
+    friend class StateCalls;
     friend class StatesMachine;
 
     void setContent(int32_t newPhase, float progress);

@@ -20,49 +20,18 @@ constexpr size_t HistoryLength = 128;
 
 bool beginsBackwards(const String& name) { return name.length() > 1 && name.view().front() == '<'; }
 
-/// The state that is meant, without the sign for backwards.
+/// The state's name without the sign for backwards.
 String plainName(const String& name) {
     return beginsBackwards(name) ? String(name.view().substr(1)) : name;
 }
 
-/// How far a phase has come, 0 to 1, and above 1 once it is over. A phase of no length that has
-/// only just begun is at its end, not over.
+/// The progress of a phase, 0 to 1, and above 1 after its end. A phase of no length that has only
+/// just begun is at its end, not after it.
 float progressOf(double seconds, float length) {
     if (length <= 0)
         return seconds > 0 ? 2 : 1;
     const double progress = seconds / static_cast<double>(length);
     return progress > 1 ? 2.0F : std::max(0.0F, static_cast<float>(progress));
-}
-
-/// Tells both overlays of the state, the one behind it first.
-template <typename Call> void tellOverlays(const State& state, Call call) {
-    for (StateOverlay* overlay : {state.getBackgroundOverlay(), state.getForegroundOverlay()})
-        if (overlay != nullptr)
-            call(*overlay);
-}
-
-void tell(const State& state, const char* what) {
-    log(state.getName() + ": " + what, Category, LogInfo);
-}
-
-void enter(State& state) {
-    tell(state, "onEnter()");
-    state.onEnter();
-    state.reset();
-    tellOverlays(state, [](StateOverlay& overlay) {
-        overlay.reset();
-        overlay.addUser();
-        overlay.onEnter();
-    });
-}
-
-void leave(State& state) {
-    tell(state, "onLeave()");
-    state.onLeave();
-    tellOverlays(state, [](StateOverlay& overlay) {
-        overlay.onLeave();
-        overlay.removeUser();
-    });
 }
 
 bool areSame(const StateOverlay* first, const StateOverlay* second) {
@@ -91,9 +60,7 @@ void StatesMachine::unregisterState(State* state) {
     for (State** holder : {&activeState, &previousState, &defaultState})
         if (*holder == state)
             *holder = nullptr;
-    stateCalls.erase(std::remove_if(stateCalls.begin(), stateCalls.end(),
-                                    [state](const StateCall& call) { return call.state == state; }),
-                     stateCalls.end());
+    stateCalls.forget(state);
 }
 
 State* StatesMachine::findState(const String& name) const {
@@ -134,13 +101,13 @@ void StatesMachine::changeState(State* target) {
         previousState->setOpacity(1, 1);
         phaseTime0 = previousState->fadeOutTime / State::fadeSpeed;
         phaseTime1 = previousState->crossFadeTime / State::crossFadeSpeed;
-        addStateCall(STATECALL_ON_LEAVING, previousState);
+        stateCalls.add(STATECALL_ON_LEAVING, previousState);
     }
     target->setOpacity(0, 0);
     target->setTransition({});
-    addStateCall(STATECALL_ON_FIRST_ENTER, target);
-    addStateCall(STATECALL_ON_ENTER, target);
-    addStateCall(STATECALL_START_TIMER, target, previousState);
+    stateCalls.add(STATECALL_ON_FIRST_ENTER, target);
+    stateCalls.add(STATECALL_ON_ENTER, target);
+    stateCalls.add(STATECALL_START_TIMER, target, previousState);
     phaseTime2 = target->fadeInTime / State::fadeSpeed;
     transitionTimer.reset();
     transitionTimer.stop();
@@ -175,65 +142,14 @@ bool StatesMachine::sharesForegroundOverlay() const {
             areSame(activeState->getThemeForeground(), previousState->getThemeForeground()));
 }
 
-void StatesMachine::addStateCall(int32_t type, State* state, State* otherState) {
-    // By type; the timer and the schedulers have no name of their own in the log.
-    static constexpr const char* Names[] = {"ON_FIRST_ENTER", "ON_ENTER", nullptr, "ON_ENTERED",
-                                            "ON_LEAVING",     "ON_LEAVE", nullptr};
-    if (state != nullptr)
-        stateCalls.push_back({state, otherState, type});
-    else if (Names[type] != nullptr)
-        log(String("addStateCall STATECALL_") + Names[type] + " without state", Category,
-            LogWarning);
-}
-
-void StatesMachine::firstEnter(State& state) {
-    tell(state, "onFirstEnter()");
-    if (!state.firstEnterDone) {
-        state.firstEnterDone = true;
-        state.onFirstEnter();
-    }
-    tellOverlays(state, [](StateOverlay& overlay) {
-        if (overlay.takeFirstEnter())
-            overlay.onFirstEnter();
-    });
-}
-
-void StatesMachine::processStateCall(const StateCall& call) {
-    if (call.state == nullptr) {
-        log("processStateCall() for invalid state", Category, LogFatal);
-        return;
-    }
-    State& state = *call.state;
-    switch (call.type) {
-    case STATECALL_ON_FIRST_ENTER:
-        return firstEnter(state);
-    case STATECALL_ON_ENTER:
-        return enter(state);
-    case STATECALL_START_TIMER:
-        log("Transition timer started", Category, LogInfo);
-        return transitionTimer.reset();
-    case STATECALL_ON_ENTERED:
-        tell(state, "onEntered()");
-        state.onEntered();
-        return tellOverlays(state, [](StateOverlay& overlay) { overlay.onEntered(); });
-    case STATECALL_ON_LEAVING:
-        tell(state, "onLeaving()");
-        state.onLeaving();
-        return tellOverlays(state, [](StateOverlay& overlay) { overlay.onLeaving(); });
-    case STATECALL_ON_LEAVE:
-        return leave(state);
-    default:
-        log("updateSchedulersActive()", Category, LogInfo);
-    }
-}
-
 void StatesMachine::update() {
     if (backgroundWork != nullptr && backgroundWork->hasWork())
         backgroundWork->step();
     if (!stateCalls.empty()) {
-        const StateCall call = stateCalls.front();
-        stateCalls.pop_front();
-        processStateCall(call);
+        const StateCall call = stateCalls.takeFirst();
+        StateCalls::deliver(call);
+        if (call.type == STATECALL_START_TIMER)
+            transitionTimer.reset();
     } else {
         if (activeState == nullptr && defaultState != nullptr) {
             setActiveState(defaultState);
@@ -242,12 +158,12 @@ void StatesMachine::update() {
             ZelLoop::quit();
         }
         advanceTransition();
-        Platform::getInstance().beginLook();
+        Platform::getInstance().beginInputFrame();
         HighLevelScheduler::getInstance().run();
-        Platform::getInstance().endLook();
+        Platform::getInstance().endInputFrame();
         followRequest();
     }
-    // What was pressed before the new screen stood still was not meant for it.
+    // Input before the new screen is idle isn't meant for it.
     if (phase != Idle)
         Platform::getInstance().forgetPresses();
 }
@@ -275,7 +191,7 @@ void StatesMachine::advanceIdle() {
     State* target = state.autoTransitionState;
     if (target == nullptr)
         target = getState(state.autoTransitionName);
-    // One that leads nowhere is said once, not in every frame from now on.
+    // One that leads nowhere is removed, so that it is logged only once.
     if (target == nullptr || target == activeState) {
         state.setAutoTransition(nullptr, 0);
         setActiveState(target);
@@ -313,10 +229,10 @@ void StatesMachine::endCrossFade() {
     phase = FadeIn;
     if (previousState != nullptr) {
         previousState->setOpacity(1, newStateOnTop ? 1.0F : 0.0F);
-        addStateCall(STATECALL_ON_LEAVE, previousState);
+        stateCalls.add(STATECALL_ON_LEAVE, previousState);
     }
-    addStateCall(STATECALL_ON_ENTERED, activeState);
-    addStateCall(STATECALL_UPDATE_SCHEDULERS, activeState);
+    stateCalls.add(STATECALL_ON_ENTERED, activeState);
+    stateCalls.add(STATECALL_UPDATE_SCHEDULERS, activeState);
     previousState = nullptr;
 }
 
@@ -331,7 +247,7 @@ void StatesMachine::advanceFadeIn() {
     }
 }
 
-// The request is taken back first: one that can't be followed is said once.
+// The request is removed first: one that can't be followed is logged once.
 void StatesMachine::followRequest() {
     if (activeState == nullptr || phase != Idle || !activeState->transitionRequested)
         return;

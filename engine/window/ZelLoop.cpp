@@ -20,8 +20,8 @@ namespace {
 
 constexpr int32_t BlankFrames = 5;
 
-/// The state "quitApp": black, and the end of the program once it has faded in. Data can name it
-/// like any other.
+/// The state "quitApp": black, and the end of the program once it has faded in. Scripts can lead to
+/// it like any other.
 class QuitState : public State {
 public:
     QuitState() : State("quitApp") {}
@@ -39,20 +39,20 @@ public:
     void onEvent(Widget* /*widget*/, int32_t /*eventType*/) override {}
 };
 
-/// The bitmaps that wait, one a frame.
+/// The bitmaps of the loading queue, one a frame.
 class BitmapLoading : public BackgroundWork {
 public:
     bool hasWork() const override { return ImageHandler::getInstance().getQueue().hasWork(); }
     void step() override { ImageHandler::getInstance().getQueue().step(); }
 };
 
-/// The rare task of keeping values in step with a remote service. Scripts can steer it; this
-/// program has no such service, so its turn passes.
+/// A rare task for synchronising values with a remote service. Scripts can control it; this program
+/// has no such service, so it does nothing.
 class SyncHandler : public UpdateObject {
 public:
     void update() override {}
 
-    /// Takes its place, should it have none.
+    /// Registers as a task, unless it is one.
     void join(HighLevelScheduler& scheduler) {
         if (scheduler.hasTask(this))
             return;
@@ -84,7 +84,7 @@ std::vector<std::unique_ptr<UpdateObject>>& ZelLoop::persistentObjects() {
 
 ZelLoop::ZelLoop() {
     static BitmapLoading bitmapLoading;
-    Platform::getInstance(); // before anything takes the time or writes a line
+    Platform::getInstance(); // before anything uses the time or the log
     currentLoop = this;
     startupBlankFrames = BlankFrames;
     paused = false;
@@ -135,11 +135,11 @@ bool ZelLoop::run() {
 }
 
 void ZelLoop::step() {
-    // The player waits for the first screen: up to it no frame rests.
+    // The player waits for the first screen: until then frames don't wait.
     const StatesMachine& machine = StatesMachine::getInstance();
-    firstScreenStands = firstScreenStands || (machine.getActiveState() && machine.isSettled());
+    isFirstScreenShown = isFirstScreenShown || (machine.getActiveState() && machine.isSettled());
     if (Window* window = Window::current())
-        window->setPaced(firstScreenStands);
+        window->setPaced(isFirstScreenShown);
     HighLevelScheduler::getInstance().render();
     update();
 }

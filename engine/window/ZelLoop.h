@@ -12,9 +12,9 @@ class ZelApp;
 
 namespace zel {
 
-/// The life of the application: its construction builds everything, run() repeats frames, its
-/// destruction takes everything down in the reverse order. A program constructs one, runs it,
-/// destroys it, and does so again as long as run() returns true:
+/// The life of the application: the constructor builds everything, run() repeats frames, the
+/// destructor ends everything in the reverse order. A program constructs one, runs it, destroys it,
+/// and repeats that as long as run() returns true:
 ///
 ///     while (zel::ZelLoop().run()) {
 ///     }
@@ -25,39 +25,42 @@ public:
     ZelLoop(const ZelLoop&) = delete;
     ZelLoop& operator=(const ZelLoop&) = delete;
 
-    /// Frames until a quit or a restart. True: build a new loop and go again.
+    /// Repeats frames until a quit or a restart. True: build a new loop and run again.
     bool run();
-    /// One frame; what run() repeats.
+    /// One frame; run() repeats it.
     void step();
     void update() override; // the update half of a frame
-    /// Whether run() ends before the next frame. It may ask the close answer.
+    /// Whether run() ends before the next frame. It may call the close answer.
     static bool isFinished();
 
-    /// Answers the player who closes the window. True: the program ends. False: it goes on, and the
-    /// answer is asked for again before the next frame, until Platform::forgetQuit() takes the wish
-    /// back. Nobody is asked about a signal. Null, as at first: the program ends.
+    /// Decides when the player closes the window. True: the program ends. False: it goes on, and
+    /// the decision is asked for again before the next frame, until Platform::forgetQuit()
+    /// withdraws the request. Signals are not asked about. Null, as initially: the program ends.
     static void setCloseAnswer(std::function<bool()> answer) { closeAnswer = std::move(answer); }
 
-    static void quit();
-    static void restart();
+    // Defined here, so that the parts below the application can ask without linking it.
+    /// The loop ends before the next frame.
+    static void quit() { quitRequested = true; }
+    /// The same, and run() answers true.
+    static void restart() { restartRequested = true; }
     static bool isQuitRequested() { return quitRequested; }
 
-    /// Hands an object over to the loop, which ends it behind all later ones. REQUIRES: a loop.
+    /// Hands an object over to the loop, which destroys it after all later ones. REQUIRES: a loop.
     static void registerPersistent(std::unique_ptr<UpdateObject> object);
 
     /// For systems that suspend an application; nothing on a desktop calls them.
     static void onPause();
-    static void onContinue();
+    static void onContinue(); // without effect unless paused
 
 private:
     static std::vector<std::unique_ptr<UpdateObject>>& persistentObjects();
 
     std::unique_ptr<ZelApp> app;
-    bool firstScreenStands = false;
+    bool isFirstScreenShown = false;
 
     static bool paused;
-    static bool quitRequested;
-    static bool restartRequested;
+    inline static bool quitRequested = false;
+    inline static bool restartRequested = false;
     static int32_t startupBlankFrames;
     static Timer applicationTimer;
     static std::function<bool()> closeAnswer;

@@ -1,14 +1,15 @@
+#include "engine/menu/script/LayoutCommands.h"
+
 #include "engine/core/Language.h"
 #include "engine/core/TextLines.h"
-#include "engine/menu/script/ScriptCommand.h"
 #include "engine/menu/style/LayoutHandler.h"
 
 namespace zel {
 
 namespace {
 
-/// The commands for widgets and those for text areas differ only in what they act on. Null, and a
-/// log line, if nothing is being defined.
+/// The commands for widgets and those for text areas differ only in their target. Null, with a log
+/// line, if nothing is being defined.
 using Target = ElementDefinition* (LayoutHandler::*)();
 constexpr Target W = &LayoutHandler::currentWidget;
 constexpr Target T = &LayoutHandler::currentTextArea;
@@ -31,15 +32,15 @@ void defineFont(ScriptCall& call) {
 
 template <Target Of> void definePosition(ScriptCall& call) {
     if (ElementDefinition* element = target<Of>()) {
-        element->place.x = parseCoordinate(call[1]);
-        element->place.y = parseCoordinate(call[2]);
+        element->rect.x = parseCoordinate(call[1]);
+        element->rect.y = parseCoordinate(call[2]);
     }
 }
 
 template <Target Of> void defineSize(ScriptCall& call) {
     if (ElementDefinition* element = target<Of>()) {
-        element->place.width = parseCoordinate(call[1]);
-        element->place.height = parseCoordinate(call[2]);
+        element->rect.width = parseCoordinate(call[1]);
+        element->rect.height = parseCoordinate(call[2]);
     }
 }
 

@@ -1,3 +1,5 @@
+#include "engine/menu/script/MenuCommands.h"
+
 #include <algorithm>
 
 #include "engine/core/Log.h"
@@ -5,7 +7,6 @@
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/HandledMenu.h"
 #include "engine/menu/StandardMenuOverlay.h"
-#include "engine/menu/script/ScriptCommand.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/StatesMachine.h"
@@ -16,10 +17,10 @@ namespace {
 
 constexpr const char* Category = "MenuConfigFile";
 
-// Accepted where the engine has, or had, a service that this program doesn't use.
+// For commands of services that this program doesn't use.
 void nothing(ScriptCall&) {}
 
-/// Runs an operation of handled menus with the call's first argument.
+/// Runs an operation of handled menus with the first argument.
 template <void (HandledMenu::*Operation)(const String&)> void onName(ScriptCall& call) {
     if (HandledMenu* menu = call.handled())
         (menu->*Operation)(call[1]);
@@ -44,7 +45,7 @@ void setAutoTransition(ScriptCall& call) {
     call.menu.setAutoTransition(call[2], parseSeconds(call[1]));
 }
 
-/// The widget that the line names; null, and a warning, if the menu doesn't have it.
+/// The widget that the line names; null, with a warning, if the menu doesn't have it.
 Widget* widgetOf(ScriptCall& call) {
     Widget* widget = call.menu.getWidget(call[1]);
     if (widget == nullptr)
@@ -130,7 +131,7 @@ void preloadBitmap(ScriptCall& call) { ImageHandler::getInstance().getQueue().ad
 using H = HandledMenu;
 // clang-format off
 constexpr ScriptCommand Commands[] = {
-    {"include", 1, 1, nothing}, // done when the file is read
+    {"include", 1, 1, nothing}, // takes effect when the file is read
     {"setlocalflag", 2, 2, setFlag<&H::setLocalFlag>},
     {"setglobalflag", 2, 2, setFlag<&H::setGlobalFlag>},
     {"storelocalflag", 1, 1, onName<&H::storeLocalFlag>},

@@ -20,7 +20,7 @@ namespace {
 constexpr const char* Category = "MenuConfigFile";
 constexpr size_t DeepestInclude = 64;
 constexpr int32_t LargestFile = 1 << 24; // bytes
-// Includes of includes multiply: a script that grows beyond this is a mistake.
+// Nested includes multiply: a longer script is a mistake.
 constexpr size_t MostLines = 100000;
 
 std::function<void(const ScriptFault&)>& faultSink() {
@@ -98,10 +98,10 @@ void MenuConfigFile::takeLine(std::string_view text, int32_t number, int32_t fil
         include(words[1]);
 }
 
-// Only files that are open right now are refused: the same block may be included twice.
+// Only files that are being read are refused: a file may be included twice.
 void MenuConfigFile::include(const String& name) {
     const bool isOpen = std::any_of(opened.begin(), opened.end(), [&](int32_t index) {
-        return equalsNoCase(files[static_cast<size_t>(index)], name);
+        return equalsNoCase(files[index], name);
     });
     const char* reason = nullptr;
     if (isOpen)
@@ -127,12 +127,12 @@ bool MenuConfigFile::executeSection(const String& name, Menu* target) {
                      [&](const Section& section) { return equalsNoCase(section.name, name); });
     if (found == sections.rend())
         return false;
-    // A command may run a section of this very script, by hitting a widget for one.
+    // A copy: a command may run a section of this script, for instance by hitting a widget.
     const Section section = *found;
     const int32_t outerLine = currentLine;
     for (int32_t i = section.first; i <= section.last; ++i) {
         currentLine = i;
-        const Line& line = lines[static_cast<size_t>(i)];
+        const Line& line = lines[i];
         if (lineObserver())
             lineObserver()(*this, line);
         if (target != nullptr)
@@ -192,7 +192,7 @@ void MenuConfigFile::runWords(const std::vector<String>& words, Menu& target) {
 void MenuConfigFile::report(const String& text) const {
     ScriptFault fault{fileName, "", text + looseLine};
     if (currentLine >= 0) {
-        const Line& line = lines[static_cast<size_t>(currentLine)];
+        const Line& line = lines[currentLine];
         fault = {fileOf(line), line.number, text + line.number + " " + line.text};
     }
     if (faultSink())

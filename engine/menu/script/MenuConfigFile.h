@@ -9,56 +9,56 @@ namespace zel {
 
 class Menu;
 
-/// A fault that a script shows while it is read or run.
+/// A fault in a script, found while it is read or run.
 struct ScriptFault {
     String file;
     String line; // number in the file, as an editor counts
-    String text; // the whole report, as it goes to the console
+    String text; // the whole report, as on the console
 };
 
-/// The script of a screen: sections of commands, one a line, that run at the screen's events. The
-/// language is described in docs/menu-scripts.md.
+/// The script of a screen: sections of commands, one a line, that run at the screen's events.
+/// docs/menu-scripts.md describes the language.
 ///
 /// Bad lines are reported on the console and skipped. A menu owns the object.
 class MenuConfigFile {
 public:
-    /// A line that was kept: no comment and not empty. Headers and includes stay in.
+    /// A line of the script: not empty and no comment. Headers and includes are kept.
     struct Line {
         String text;   // trimmed
         String number; // in its file
-        int32_t file;  // index into the files read
+        int32_t file;  // index of the file
     };
     struct Section {
         String name;
         int32_t first, last; // indices of lines; last is below first if the section is empty
     };
 
-    /// Sees that the layouts and themes exist before any script names them.
+    /// Creates the handlers of layouts and themes, which scripts need.
     MenuConfigFile();
 
-    /// Reads a file and what it includes, behind what was read before. False, and nothing changed,
-    /// if it can't be opened.
+    /// Reads a file and its includes, after what was read before. False, with nothing changed, if
+    /// it can't be read.
     [[nodiscard]] bool load(const String& fileName);
     /// The same with the text in memory.
     void loadText(std::string_view text, const String& fileName);
 
-    /// Runs the last section of that name, whatever its case. True if it has more than one line:
-    /// a section of a single line runs too, but answers false.
+    /// Runs the last section of that name, in any case. True if it has more than one line: a
+    /// section of a single line runs too, but returns false.
     bool executeSection(const String& name, Menu* menu);
-    /// Runs one line, which needn't be the script's; a null menu and an empty line do nothing.
+    /// Runs one line, of the script or not; a null menu and an empty line do nothing.
     void executeLine(const String& line, Menu* menu);
 
     const std::vector<Section>& getSections() const { return sections; }
     const std::vector<Line>& getLines() const { return lines; }
-    const String& fileOf(const Line& line) const { return files[static_cast<size_t>(line.file)]; }
+    const String& fileOf(const Line& line) const { return files[line.file]; }
     const String& getFileName() const { return fileName; }
-    /// The screen on which a section ran last, or runs; null before.
+    /// The menu on which a section runs, or ran last; null before.
     Menu* getMenu() const { return menu; }
 
-    /// Where reports of all scripts go instead of the console; an empty function puts the console
-    /// back.
+    /// Receives the reports of all scripts in place of the console; an empty function restores the
+    /// console.
     static void setFaultSink(std::function<void(const ScriptFault&)> sink);
-    /// Called before each line that runs, for tools that must know what a line does.
+    /// Called before each line runs, for tools that must know what a line does.
     static void
     setLineObserver(std::function<void(const MenuConfigFile& script, const Line& line)> observer);
 
@@ -76,10 +76,10 @@ private:
     std::vector<String> files;
     std::vector<Line> lines;
     std::vector<Section> sections;
-    std::vector<int32_t> opened; // files that are being read just now, outermost first
+    std::vector<int32_t> opened; // files being read, outermost first
     Menu* menu = nullptr;
-    int32_t currentLine = -1; // index of the line that runs; -1: none of the script's
-    String looseLine;         // the one that runs then
+    int32_t currentLine = -1; // index of the running line; -1 for one that isn't the script's
+    String looseLine;         // the running line then
     bool isFull = false;      // lines were dropped
 };
 

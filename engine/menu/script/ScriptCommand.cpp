@@ -3,6 +3,9 @@
 #include <unordered_map>
 
 #include "engine/menu/HandledMenu.h"
+#include "engine/menu/script/LayoutCommands.h"
+#include "engine/menu/script/MenuCommands.h"
+#include "engine/menu/script/ThemeCommands.h"
 
 namespace zel {
 

@@ -12,21 +12,21 @@ namespace zel {
 class Menu;
 class HandledMenu;
 
-/// One line of a script on its way through a command.
+/// One line of a script that a command runs.
 struct ScriptCall {
     Menu& menu;
     const std::vector<String>& words; // the command, then its arguments
-    String badWord;                   // set by a command that met a word it doesn't know
+    String badWord;                   // set by a command to an unknown word
 
     size_t count() const { return words.size() - 1; }
     /// Argument `index`, from 1; empty if there are fewer.
     const String& operator[](size_t index) const;
-    /// The menu's own flags and strings are those of handled menus; null for any other.
+    /// The menu as a handled menu, which has flags and strings; null for any other.
     HandledMenu* handled() const;
 };
 
-/// Sets a value for each look that the words from `first` on name. The words before a wrong one
-/// take effect; the rest of the line is dropped.
+/// Sets a value for each look that the words from `first` on name. Words before an unknown one take
+/// effect; the rest of the line is dropped.
 template <typename Values, typename Value>
 void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value) {
     for (size_t i = first; i <= call.count(); ++i) {
@@ -42,7 +42,7 @@ void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value
     }
 }
 
-constexpr int32_t OpenCount = 1024; // the most arguments where a command leaves the count open
+constexpr int32_t OpenCount = 1024; // maximum of arguments of commands without a limit
 
 struct ScriptCommand {
     const char* name;         // lowered
@@ -55,11 +55,6 @@ struct ScriptCommands {
     const ScriptCommand* first;
     size_t count;
 };
-
-/// The tables, each beside what its commands act on.
-ScriptCommands menuCommands();
-ScriptCommands layoutCommands();
-ScriptCommands themeCommands();
 
 /// Null for an unknown name. REQUIRES: the name is lowered.
 const ScriptCommand* findCommand(std::string_view name);

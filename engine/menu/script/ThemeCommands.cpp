@@ -1,11 +1,12 @@
-#include "engine/menu/script/ScriptCommand.h"
+#include "engine/menu/script/ThemeCommands.h"
+
 #include "engine/menu/style/ThemeHandler.h"
 
 namespace zel {
 
 namespace {
 
-/// The current theme; null, and a log line, if there is none.
+/// The current theme; null, with a log line, without one.
 Theme* theme() { return ThemeHandler::getInstance().currentTheme(); }
 
 WidgetStyle* widgetStyle(const String& kind) {
@@ -61,7 +62,7 @@ template <int32_t WidgetStyle::*X, int32_t WidgetStyle::*Y> void defineOffset(Sc
     }
 }
 
-/// The name, and the index if one is given: an earlier one stays otherwise.
+/// Sets the name, and the index if there is one; otherwise an earlier index is kept.
 void setFont(FontChoice& font, ScriptCall& call) {
     font.name = call[2];
     if (const int32_t index = indexOf(call, 3); index >= 0)
@@ -78,7 +79,7 @@ void defineTextAreaFont(ScriptCall& call) {
         setFont(style->font, call);
 }
 
-// The second integer has no meaning in this engine.
+// The second integer has no effect.
 void defineWidgetFontIndex(ScriptCall& call) {
     if (WidgetStyle* style = widgetStyle(call[1]))
         style->font.index = indexOf(call, 2);

@@ -18,7 +18,7 @@ const Theme& orNone(const Theme* theme) {
     return theme != nullptr ? *theme : none;
 }
 
-/// The first choice that says anything; the theme's first font if none does.
+/// The first choice that is given; the theme's first font without any.
 FontChoice firstGiven(const FontChoice& own, const FontChoice& layout, const FontChoice& kind,
                       const Theme& theme) {
     for (const FontChoice* choice : {&own, &layout, &kind}) {
@@ -41,8 +41,8 @@ std::unique_ptr<Widget> makeWidget(const ElementDefinition& element) {
     return std::make_unique<Widget>(element.name);
 }
 
-void placeElement(Bounds& bounds, const ElementDefinition& element) {
-    bounds.rect = element.resting();
+void setBounds(Bounds& bounds, const ElementDefinition& element) {
+    bounds.rect = element.restingRect();
     bounds.scrollIn = element.scrollIn;
     bounds.scrollOut = element.scrollOut;
     bounds.moveTo(0, 1.0F);
@@ -109,7 +109,7 @@ std::unique_ptr<Widget> createWidgetFromLayout(const Layout& layout, const Strin
         return nullptr;
     std::unique_ptr<Widget> widget = makeWidget(*element);
     widget->setKind(element->kind);
-    placeElement(widget->getBounds(), *element);
+    setBounds(widget->getBounds(), *element);
     styleWidget(*widget, layout, theme);
     widget->setAlignment(alignmentOf(*element, alignment));
     widget->setText(element->text);
@@ -125,7 +125,7 @@ std::unique_ptr<TextArea> createTextAreaFromLayout(const Layout& layout, const S
     const Theme& theme = orNone(givenTheme);
     const TextAreaStyle& style = theme.textAreaStyle(element->kind);
     auto area = std::make_unique<TextArea>(element->name);
-    placeElement(area->getBounds(), *element);
+    setBounds(area->getBounds(), *element);
     area->setFont(firstGiven(element->font, layout.font, style.font, theme), theme.fonts);
     area->setColor(style.color.value_or(theme.textAreaColor.value_or(0xFFFFFFFF)));
     area->setAlignment(alignmentOf(*element, alignment));

@@ -13,12 +13,12 @@ int32_t pointOf(int32_t bits, int32_t middleBit, int32_t endBit, int32_t length)
 
 } // namespace
 
-PixelRect ElementDefinition::resting() const {
-    PixelRect result = place;
+PixelRect ElementDefinition::restingRect() const {
+    PixelRect result = rect;
     result.x += pointOf(origin, AlignHCenter, AlignRight, DesignWidth) -
-                pointOf(handle, AlignHCenter, AlignRight, place.width);
+                pointOf(handle, AlignHCenter, AlignRight, rect.width);
     result.y += pointOf(origin, AlignVCenter, AlignBottom, DesignHeight) -
-                pointOf(handle, AlignVCenter, AlignBottom, place.height);
+                pointOf(handle, AlignVCenter, AlignBottom, rect.height);
     return result;
 }
 

@@ -7,31 +7,31 @@
 
 namespace zel {
 
-/// A font as data names it: by its name and, should that one not load, by its place in the theme's
+/// A font as scripts name it: by its name or, if that one doesn't load, by its index in the theme's
 /// list.
 struct FontChoice {
     String name;
-    int32_t index = -1; // -1: no place given
+    int32_t index = -1; // -1: none given
     bool isGiven() const { return !name.empty() || index >= 0; }
 };
 
-/// How far an element stands from its place at the beginning of its way in or the end of its way
-/// out, in design pixels.
+/// An element's distance from its rest position, in design pixels, when its way in begins or its
+/// way out ends.
 struct Scroll {
     int32_t x = 0, y = 0;
-    float time = 0.0F; // seconds; the fade's own time is what counts
+    float time = 0.0F; // seconds; without effect, the way takes as long as the fade
 };
 
-/// A place on the screen, in design pixels.
+/// A rectangle on the screen, in design pixels.
 struct PixelRect {
     int32_t x = 0, y = 0, width = 0, height = 0;
 };
 
-/// What a layout says of one widget or text area. What it leaves open the theme fills in.
+/// A layout's definition of one widget or text area. The theme fills in what it leaves open.
 struct ElementDefinition {
     String name;
-    String kind = "widget"; // the theme's key; "textinput", "scrollingarea" are classes too
-    PixelRect place;        // x and y relative to the origin
+    String kind = "widget"; // key of the theme; "textinput" and "scrollingarea" are also classes
+    PixelRect rect;         // x and y relative to the origin
     Scroll scrollIn, scrollOut;
     String text;
     String transition;
@@ -41,12 +41,12 @@ struct ElementDefinition {
     std::array<String, LookCount> images;
     FontChoice font;
 
-    /// Where it rests on the design: its position counted from the origin's point of the design
-    /// to the handle's point of the element.
-    PixelRect resting() const;
+    /// The rectangle at rest: its position counts from the origin's point of the design to the
+    /// handle's point of the element.
+    PixelRect restingRect() const;
 };
 
-/// Where the elements of a screen lie, by name.
+/// The elements of a screen and their rectangles, by name.
 struct Layout {
     String name;
     std::map<String, ElementDefinition> widgets;

@@ -26,8 +26,8 @@ bool isForWidgets(const String& kind) {
                        [&](const char* known) { return equalsNoCase(known, kind); });
 }
 
-/// The element of that name in one list: the one that is there, or else the other list's, or a new
-/// one. An element that is in both stays in both.
+/// The element of that name in one list: the existing one, or else the other list's, or a new one.
+/// An element that is in both stays in both.
 ElementDefinition& moveTo(std::map<String, ElementDefinition>& to,
                           std::map<String, ElementDefinition>& from, const String& name) {
     if (const auto present = to.find(name); present != to.end())
@@ -82,8 +82,8 @@ void LayoutHandler::defineTextArea(const String& name) {
     Layout* layout = currentLayout();
     if (layout == nullptr)
         return;
-    const auto [place, isNew] = layout->textAreas.try_emplace(name);
-    textArea = &place->second;
+    const auto [entry, isNew] = layout->textAreas.try_emplace(name);
+    textArea = &entry->second;
     if (isNew) {
         textArea->name = name;
         textArea->kind = "textarea";

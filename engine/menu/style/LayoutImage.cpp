@@ -18,10 +18,10 @@ namespace {
 
 constexpr const char* Category = "LayoutHandler";
 constexpr uint32_t ColorMask = 0x00FFFFFF;
-constexpr uint32_t NoColor = 0xFF000000; // fits no pixel
+constexpr uint32_t NoColor = 0xFF000000; // matches no pixel
 constexpr size_t MostElements = 4096;
 
-/// Reads the lines of an index, one after the other.
+/// Interprets the lines of an index in order.
 class IndexReader {
 public:
     explicit IndexReader(const String& fileName) : fileName(fileName) {}
@@ -39,7 +39,7 @@ private:
     }
 
     const String& fileName;
-    bool hasElement = false; // the last one is what lines are about: its own line was no fault
+    bool hasElement = false; // whether lines apply to the last element: its own line had no fault
 };
 
 int32_t numberAt(const std::vector<String>& words, size_t index) {
@@ -120,15 +120,15 @@ bool IndexReader::takeElementLine(const String& keyword, const std::vector<Strin
     return bits.has_value();
 }
 
-/// A box that grows with each run of pixels.
+/// Extends a box by a run of pixels.
 void extend(PaintedBox& box, int32_t fromX, int32_t toX, int32_t y) {
-    PixelRect& place = box.place; // width and height hold the far edges until the end
+    PixelRect& rect = box.rect; // until the end width and height hold the far edges
     if (!box.isFound)
-        place = {fromX, y, toX, y};
+        rect = {fromX, y, toX, y};
     box.isFound = true;
-    place.x = std::min(place.x, fromX);
-    place.width = std::max(place.width, toX);
-    place.height = y;
+    rect.x = std::min(rect.x, fromX);
+    rect.width = std::max(rect.width, toX);
+    rect.height = y;
 }
 
 int32_t scaled(int32_t length, float factor) {
@@ -138,8 +138,8 @@ int32_t scaled(int32_t length, float factor) {
 void define(const PaintedElement& element, const PaintedBox& box, float scaleX, float scaleY,
             Layout& layout) {
     ElementDefinition definition = element.definition;
-    definition.place = {scaled(box.place.x, scaleX), scaled(box.place.y, scaleY),
-                        scaled(box.place.width, scaleX), scaled(box.place.height, scaleY)};
+    definition.rect = {scaled(box.rect.x, scaleX), scaled(box.rect.y, scaleY),
+                       scaled(box.rect.width, scaleX), scaled(box.rect.height, scaleY)};
     auto& list = element.isTextArea ? layout.textAreas : layout.widgets;
     list[definition.name] = std::move(definition);
 }
@@ -185,13 +185,13 @@ LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName) {
     return std::move(reader.result);
 }
 
-// Painted rectangles make long runs of one colour: only where the colour changes is it looked up.
+// Painted rectangles make long runs of one colour, so it is looked up only where it changes.
 std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<uint32_t>& colors) {
     std::vector<PaintedBox> boxes(colors.size());
     std::unordered_map<uint32_t, size_t> first; // box of each colour
     for (size_t i = 0; i < colors.size(); ++i)
         first.emplace(colors[i], i);
-    std::vector<uint32_t> line(static_cast<size_t>(picture.pictureWidth));
+    std::vector<uint32_t> line(picture.pictureWidth);
     for (int32_t y = 0; y < picture.pictureHeight; ++y) {
         picture.lineArgb(y, line.data());
         const uint32_t* const end = line.data() + line.size();
@@ -208,8 +208,8 @@ std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<u
         }
     }
     for (PaintedBox& box : boxes) {
-        box.place.width += 1 - box.place.x;
-        box.place.height += 1 - box.place.y;
+        box.rect.width += 1 - box.rect.x;
+        box.rect.height += 1 - box.rect.y;
     }
     for (size_t i = 0; i < colors.size(); ++i)
         boxes[i] = boxes[first.at(colors[i])];

@@ -52,7 +52,7 @@ String OverlayOptions::key() const {
     return text;
 }
 
-PixelRect OverlayOptions::placeOf(int32_t width, int32_t height) const {
+PixelRect OverlayOptions::pictureRect(int32_t width, int32_t height) const {
     if (width < 1 || height < 1)
         return {};
     float factorX = static_cast<float>(DesignWidth) / static_cast<float>(width);

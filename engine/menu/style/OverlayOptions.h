@@ -9,14 +9,14 @@ namespace zel {
 struct OverlayOptions {
     bool keepsAspect = true;       // otherwise stretched to the design's size
     bool scalesInIntegers = false; // only whole factors, 1 at least
-    bool isOversized = false;      // covers the design; what stands out is cut
+    bool isOversized = false;      // covers the design and is clipped to it
 
-    /// Takes an option's word; false if there is no such word.
+    /// Applies an option's word; false for an unknown one.
     bool take(std::string_view word);
-    /// Distinguishes the options in an overlay's identifier.
+    /// A text that identifies the options, for an overlay's identifier.
     String key() const;
-    /// Where a picture of that size is drawn, centred on the design.
-    PixelRect placeOf(int32_t width, int32_t height) const;
+    /// The rectangle of a picture of that size, centred on the design.
+    PixelRect pictureRect(int32_t width, int32_t height) const;
 };
 
 } // namespace zel

@@ -59,14 +59,14 @@ void ThemeHandler::defineFont(const String& fontName, int32_t index) {
     if (theme == nullptr)
         return;
     const auto count = static_cast<int32_t>(theme->fonts.size());
-    const int32_t place = index < 0 ? count : index;
-    if (place >= MostFonts) {
-        log(String("theme font index out of range: ") + place, "ThemeHandler", LogWarning);
+    const int32_t slot = index < 0 ? count : index;
+    if (slot >= MostFonts) {
+        log(String("theme font index out of range: ") + slot, "ThemeHandler", LogWarning);
         return;
     }
-    if (place >= count)
-        theme->fonts.resize(static_cast<size_t>(place) + 1);
-    theme->fonts[static_cast<size_t>(place)] = fontName;
+    if (slot >= count)
+        theme->fonts.resize(slot + 1);
+    theme->fonts[slot] = fontName;
 }
 
 } // namespace zel

@@ -22,19 +22,19 @@ Middle middleOf(const PixelRect& rect) {
 
 bool isAbove(const Middle& a, const Middle& b) { return std::tie(a.y, a.x) < std::tie(b.y, b.x); }
 
-/// The widget nearest in a direction among those that have come so far.
+/// The nearest widget in a direction among those offered.
 struct Nearest {
     Middle start;
     int32_t stepX, stepY;
     Widget* widget = nullptr;
     int32_t distance = 0;
 
-    /// isNarrow: only what is no further aside than ahead.
+    /// isNarrow: only candidates that are no further aside than ahead.
     void offer(Widget& candidate, const Middle& middle, bool isNarrow) {
         const int32_t ahead = (middle.x - start.x) * stepX + (middle.y - start.y) * stepY;
         const int32_t aside =
             std::abs((middle.x - start.x) * stepY) + std::abs((middle.y - start.y) * stepX);
-        // The distance aside counts double, so that a column is walked before it is left.
+        // The distance aside counts double, so that the focus stays in a column.
         const int32_t far = ahead + 2 * aside;
         if (ahead <= 0 || (isNarrow && aside > ahead) || (widget != nullptr && far >= distance))
             return;
@@ -46,34 +46,34 @@ struct Nearest {
 } // namespace
 
 std::vector<Widget*> focusOrder(const Menu& menu) {
-    struct Place {
+    struct Stop {
         Middle group; // of the first row of its area; its own without an area
         const ScrollingArea* area;
         Middle own;
         Widget* widget;
     };
-    std::vector<Place> places;
+    std::vector<Stop> stops;
     std::map<const ScrollingArea*, Middle> firstRows;
     for (const auto& [name, widget] : menu.getWidgets()) {
         if (!widget->canFocus())
             continue;
         const Bounds& bounds = widget->getBounds();
         const Middle own = middleOf(bounds.rect);
-        places.push_back({own, bounds.area, own, widget.get()});
+        stops.push_back({own, bounds.area, own, widget.get()});
         const auto [first, isNew] = firstRows.try_emplace(bounds.area, own);
         if (!isNew && isAbove(own, first->second))
             first->second = own;
     }
-    for (Place& place : places)
-        if (place.area != nullptr)
-            place.group = firstRows.at(place.area);
-    std::stable_sort(places.begin(), places.end(), [](const Place& a, const Place& b) {
+    for (Stop& stop : stops)
+        if (stop.area != nullptr)
+            stop.group = firstRows.at(stop.area);
+    std::stable_sort(stops.begin(), stops.end(), [](const Stop& a, const Stop& b) {
         return std::tie(a.group.y, a.group.x, a.own.y, a.own.x) <
                std::tie(b.group.y, b.group.x, b.own.y, b.own.x);
     });
     std::vector<Widget*> widgets;
-    for (const Place& place : places)
-        widgets.push_back(place.widget);
+    for (const Stop& stop : stops)
+        widgets.push_back(stop.widget);
     return widgets;
 }
 

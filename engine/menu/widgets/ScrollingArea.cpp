@@ -9,9 +9,9 @@ namespace {
 
 // In design pixels.
 constexpr int32_t WheelStep = 48;
-constexpr int32_t DragDistance = 8; // up to here a press is meant for what lies under it
+constexpr int32_t DragDistance = 8; // up to this a press is meant for the element under it
 
-int32_t bottomOf(const PixelRect& place) { return place.y + place.height; }
+int32_t bottomOf(const PixelRect& rect) { return rect.y + rect.height; }
 
 } // namespace
 
@@ -21,7 +21,7 @@ void ScrollingArea::reset() {
     pressed = dragged = false;
 }
 
-// It is no button: a press inside begins to drag, a release hits nothing.
+// It is no button: a press inside starts dragging, a release hits nothing.
 void ScrollingArea::handlePointer(const Pointer& pointer) {
     if (!isActive() || !isVisible()) {
         pressed = dragged = false;
@@ -44,7 +44,7 @@ void ScrollingArea::takePress(const Pointer& pointer, bool isInside) {
     offsetAtPress = offset;
 }
 
-// The look that finds the button up again counts as well: the way there may have been one leap.
+// The frame of the release counts as well: the pointer may have moved in it.
 void ScrollingArea::drag(const Pointer& pointer) {
     dragged = dragged || std::abs(pointer.y - pressY) > DragDistance;
     if (dragged)
@@ -55,8 +55,8 @@ void ScrollingArea::drag(const Pointer& pointer) {
 void ScrollingArea::setOffset(int32_t newOffset) { offset = std::clamp(newOffset, 0, furthest); }
 
 void ScrollingArea::show(const PixelRect& element) {
-    const int32_t highest = bottomOf(element) - bottomOf(bounds.rect); // offsets between which all
-    const int32_t lowest = element.y - bounds.rect.y;                  // of it is shown
+    const int32_t highest = bottomOf(element) - bottomOf(bounds.rect); // offsets between which
+    const int32_t lowest = element.y - bounds.rect.y;                  // all of it is shown
     setOffset(std::min(std::max(offset, highest), lowest));
 }
 

@@ -20,9 +20,9 @@ void TextArea::setText(const String& newText) {
     internalUpdate();
 }
 
-void TextArea::setRect(const PixelRect& place) {
-    bounds.rect = place;
-    text.setRect(rectOf(place));
+void TextArea::setRect(const PixelRect& rect) {
+    bounds.rect = rect;
+    text.setRect(rectOf(rect));
     internalUpdate();
 }
 
@@ -40,7 +40,7 @@ void TextArea::setFont(const FontChoice& choice, const std::vector<String>& them
     setFont(result.font);
 }
 
-// The text lays itself out when it is drawn next; what can be told now is a missing font.
+// The text is laid out when it is drawn next; a missing font is logged now.
 void TextArea::internalUpdate() {
     if (text.getFont() != nullptr || text.getText().empty() || warnedFont)
         return;

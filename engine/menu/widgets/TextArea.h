@@ -21,19 +21,21 @@ public:
     void render() override;
 
     virtual void setAlpha(int32_t newAlpha) { alpha = newAlpha; } // 0 to 255
-    /// Breaks the text anew. On error, no font or none that loads: a log line, and nothing is
-    /// drawn.
+    /// Breaks the text into lines again. On error, without a font that loads: a log line, and
+    /// nothing is drawn.
     virtual void internalUpdate();
 
     const String& getName() const { return name; }
     void setText(const String& newText);
     const String& getText() const { return text.getText(); }
-    void setRect(const PixelRect& place);
+    void setRect(const PixelRect& rect); // at rest, in design pixels
     void setFont(const Font* font);
-    /// The font by name, else by its place in the theme's list. On error: a log line, and none.
+    /// The font by name, or else by its index in the theme's list. On error: a log line, and no
+    /// font.
     void setFont(const FontChoice& choice, const std::vector<String>& themeFonts);
     const Font* getFont() const { return text.getFont(); }
     void setColor(uint32_t argb) { text.setColor(argb); }
+    /// Bits of Alignment; without a direction the text is at the left, or at the top.
     void setAlignment(int32_t bits);
     void setVisible(bool isVisible) { visible = isVisible; }
     bool isVisible() const { return visible; }

@@ -52,8 +52,8 @@ private:
 
 class Listener : public MenuListener {
 public:
-    void notify(Menu& menu, MenuNotification what) override {
-        if (what == MenuNotification::Entered)
+    void notify(Menu& menu, MenuCallback what) override {
+        if (what == MenuCallback::Entered)
             note("listener", "entered", &menu);
     }
     void onEvent(Menu& menu, Widget*, int32_t) override { note("listener", "event", &menu); }

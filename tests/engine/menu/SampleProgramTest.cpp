@@ -5,7 +5,9 @@
 
 #include "engine/core/File.h"
 #include "engine/graphics/Canvas.h"
-#include "engine/menu/script/ScriptCommand.h"
+#include "engine/menu/script/LayoutCommands.h"
+#include "engine/menu/script/MenuCommands.h"
+#include "engine/menu/script/ThemeCommands.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"

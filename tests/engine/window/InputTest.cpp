@@ -44,8 +44,8 @@ protected:
         {'u', [this] { button(1, false); }},
         {'m', [this] { motion(120, 100); }}, // 20 pixels to the right
         {'h', [this] { motion(100, 100); }}, // home again
-        {'(', [this] { platform.beginLook(); }},
-        {')', [this] { platform.endLook(); }},
+        {'(', [this] { platform.beginInputFrame(); }},
+        {')', [this] { platform.endInputFrame(); }},
         {'f', [this] { platform.forgetPresses(); }},
         {'b', [this] { clock.advance(1500); }}, // the program is busy
     };
@@ -104,14 +104,14 @@ TEST_F(InputTest, FollowsTheMouse) {
 TEST_F(InputTest, AClickThatNoFrameSawIsATap) {
     perform("du");
     EXPECT_FALSE(tapped()) << "not before the next look";
-    platform.beginLook();
+    platform.beginInputFrame();
     EXPECT_TRUE(tapped());
     EXPECT_TRUE(tapped()) << "for everybody who looks";
     EXPECT_FALSE(Mouse::wasTapped(2, 90, 90, 20, 20));
     EXPECT_FALSE(Mouse::wasTapped(1, 101, 90, 20, 20));
     Mouse::consumeHits();
     EXPECT_FALSE(tapped()) << "until somebody takes it";
-    platform.endLook();
+    platform.endInputFrame();
 }
 
 TEST_F(InputTest, KnowsATapFromOtherClicks) {
@@ -135,9 +135,9 @@ TEST_F(InputTest, KnowsATapFromOtherClicks) {
         platform.clearInput();
         motion(100, 100);
         perform(steps);
-        platform.beginLook();
+        platform.beginInputFrame();
         EXPECT_EQ(tapped(width), isTap) << what;
-        platform.endLook();
+        platform.endInputFrame();
     }
     key(SDLK_ESCAPE, 27, true);
     platform.forgetPresses();
@@ -191,15 +191,6 @@ TEST_F(InputTest, AKeyThatIsHeldIsPressedOnce) {
     key(SDLK_x, 0, false);
     key(SDLK_x, 'x', true);
     EXPECT_EQ(Keyboard::getKey().symbol, SDLK_x);
-}
-
-TEST_F(InputTest, KnowsWhatIsPrintable) {
-    for (const auto& [unicode, isPrintable] :
-         {std::pair(0, false), {31, false}, {32, true}, {255, true}, {256, false}}) {
-        key(SDLK_UNKNOWN, static_cast<uint16_t>(unicode), true);
-        EXPECT_EQ(Keyboard::getKey().printable, isPrintable) << unicode;
-        key(SDLK_UNKNOWN, 0, false);
-    }
 }
 
 TEST_F(InputTest, QueuesWhatIsTyped) {

@@ -84,7 +84,7 @@ TEST_F(LongWorkTest, ShowsTenPicturesASecond) {
 }
 
 TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
-    platform.beginLook();
+    platform.beginInputFrame();
     {
         LongWork work;
         type('a');
@@ -98,12 +98,12 @@ TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
     EXPECT_FALSE(Mouse::isButtonHit(1));
     EXPECT_TRUE(Keyboard::takeKeys().empty());
     EXPECT_EQ(Keyboard::getKey().symbol, 0);
-    platform.endLook();
+    platform.endInputFrame();
     press(false);
-    platform.beginLook();
+    platform.beginInputFrame();
     EXPECT_FALSE(Mouse::isButtonHit(1));
     EXPECT_FALSE(Mouse::wasTapped(1, -10, -10, 2000, 2000));
-    platform.endLook();
+    platform.endInputFrame();
     press();
     EXPECT_TRUE(Mouse::isButtonDown(1)) << "what comes later counts";
     press(false);

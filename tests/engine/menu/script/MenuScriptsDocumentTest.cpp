@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/menu/script/ScriptCommand.h"
+#include "engine/menu/script/LayoutCommands.h"
+#include "engine/menu/script/MenuCommands.h"
+#include "engine/menu/script/ThemeCommands.h"
 #include "tests/engine/menu/ScreenDriver.h"
 
 using namespace zel;

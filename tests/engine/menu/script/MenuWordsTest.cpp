@@ -20,7 +20,7 @@ std::string joined(std::string_view line) {
 }
 
 std::vector<int32_t> placeOf(const OverlayOptions& options, int32_t width, int32_t height) {
-    const PixelRect place = options.placeOf(width, height);
+    const PixelRect place = options.pictureRect(width, height);
     return {place.x, place.y, place.width, place.height};
 }
 
@@ -48,15 +48,6 @@ TEST(MenuWords, KnowsColours) {
     EXPECT_EQ(parseColor("#a0B1c2"), 0xFFA0B1C2U) << "six digits are opaque";
     for (const char* wrong : {"", "#", "12345", "1234567", "123456789", "12345g", "##123456"})
         EXPECT_FALSE(parseColor(wrong)) << wrong;
-}
-
-TEST(MenuWords, KnowsSwitches) {
-    for (const char* word : {"1", "on", "TRUE", "yes", "Active", "enabled"})
-        EXPECT_EQ(parseFlag(word), true) << word;
-    for (const char* word : {"off", "False", "no", "inactive", "disabled"})
-        EXPECT_EQ(parseFlag(word), false) << word;
-    EXPECT_FALSE(parseFlag("0")) << "not among the words";
-    EXPECT_FALSE(parseFlag("maybe"));
 }
 
 TEST(MenuWords, HoldsNumbersInReason) {
@@ -97,15 +88,15 @@ TEST(PlatformCondition, KeepsSixWordsBehindIt) {
 
 TEST(Layout, CountsPlacesFromOriginToHandle) {
     ElementDefinition element;
-    element.place = {-32, -32, 160, 48};
+    element.rect = {-32, -32, 160, 48};
     element.origin = element.handle = AlignRight | AlignBottom;
     // 1024 - 32 - 160 and 768 - 32 - 48
-    EXPECT_EQ(element.resting().x, 832);
-    EXPECT_EQ(element.resting().y, 688);
-    element.place = {0, 10, 240, 48};
+    EXPECT_EQ(element.restingRect().x, 832);
+    EXPECT_EQ(element.restingRect().y, 688);
+    element.rect = {0, 10, 240, 48};
     element.origin = element.handle = AlignHCenter | AlignVCenter;
-    EXPECT_EQ(element.resting().x, 392);
-    EXPECT_EQ(element.resting().y, 370);
+    EXPECT_EQ(element.restingRect().x, 392);
+    EXPECT_EQ(element.restingRect().y, 370);
 }
 
 TEST(Bounds, MovesInAndOutByTheirOwnOffsets) {

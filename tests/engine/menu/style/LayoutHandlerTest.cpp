@@ -25,19 +25,19 @@ protected:
 
 TEST_F(LayoutHandlerTest, KeepsAnElementInBothLists) {
     handler().defineWidget("note", "button");
-    handler().currentWidget()->place.x = 1;
+    handler().currentWidget()->rect.x = 1;
     handler().defineTextArea("note");
-    handler().currentTextArea()->place.x = 2;
+    handler().currentTextArea()->rect.x = 2;
     EXPECT_EQ(layout().widgets.count("note"), 1U);
     EXPECT_EQ(layout().textAreas.at("note").kind, "textarea");
 
     handler().defineWidget("note", "");
-    EXPECT_EQ(handler().currentWidget()->place.x, 1) << "the widget is taken up";
+    EXPECT_EQ(handler().currentWidget()->rect.x, 1) << "the widget is taken up";
     EXPECT_EQ(handler().currentWidget()->kind, "button");
     handler().defineWidget("note", "textarea");
-    EXPECT_EQ(handler().currentWidget()->place.x, 2) << "by this kind the text area";
-    EXPECT_EQ(layout().widgets.at("note").place.x, 1);
-    EXPECT_EQ(handler().currentTextArea()->place.x, 2) << "which is current here as well";
+    EXPECT_EQ(handler().currentWidget()->rect.x, 2) << "by this kind the text area";
+    EXPECT_EQ(layout().widgets.at("note").rect.x, 1);
+    EXPECT_EQ(handler().currentTextArea()->rect.x, 2) << "which is current here as well";
 }
 
 TEST_F(LayoutHandlerTest, LeavesATextAreaWhatItIs) {
@@ -51,12 +51,12 @@ TEST_F(LayoutHandlerTest, LeavesATextAreaWhatItIs) {
     EXPECT_EQ(layout().textAreas.at("note").kind, "letter");
     EXPECT_TRUE(layout().widgets.empty());
 
-    handler().currentTextArea()->place.x = 3;
+    handler().currentTextArea()->rect.x = 3;
     handler().defineWidget("note", "Button");
     EXPECT_TRUE(layout().textAreas.empty()) << "only widgets are buttons";
-    EXPECT_EQ(layout().widgets.at("note").place.x, 3) << "it takes along what was said of it";
+    EXPECT_EQ(layout().widgets.at("note").rect.x, 3) << "it takes along what was said of it";
     handler().defineWidget("note", "textarea");
-    EXPECT_EQ(layout().textAreas.at("note").place.x, 3);
+    EXPECT_EQ(layout().textAreas.at("note").rect.x, 3);
 }
 
 TEST_F(LayoutHandlerTest, NeedsAnElementForItsParts) {

@@ -91,10 +91,10 @@ TEST(LayoutImage, FindsBoxesFromTheUpperLeftCorner) {
     const BitmapData data = painted({"........", ".rr.....", ".rr..g..", ".....r..", ".....bb."});
     const std::vector<PaintedBox> boxes =
         findBoxes(data, {0xFF0000, 0x00FF00, 0x0000FF, 0xFF0000, 0x123456, 0x000000});
-    EXPECT_EQ(numbers(boxes[0].place), (Numbers{1, 1, 5, 3}));
-    EXPECT_EQ(numbers(boxes[1].place), (Numbers{5, 2, 1, 1})) << "one pixel is one by one";
-    EXPECT_EQ(numbers(boxes[2].place), (Numbers{5, 4, 2, 1}));
-    EXPECT_EQ(numbers(boxes[3].place), numbers(boxes[0].place))
+    EXPECT_EQ(numbers(boxes[0].rect), (Numbers{1, 1, 5, 3}));
+    EXPECT_EQ(numbers(boxes[1].rect), (Numbers{5, 2, 1, 1})) << "one pixel is one by one";
+    EXPECT_EQ(numbers(boxes[2].rect), (Numbers{5, 4, 2, 1}));
+    EXPECT_EQ(numbers(boxes[3].rect), numbers(boxes[0].rect))
         << "a shared colour gives the same box";
     EXPECT_FALSE(boxes[4].isFound);
     EXPECT_FALSE(boxes[5].isFound) << "transparent black is no colour";
@@ -123,7 +123,7 @@ TEST(LayoutImage, TellsWhatIsMissing) {
     const Layout* layout = handler.find("main");
     ASSERT_NE(layout, nullptr);
     ASSERT_EQ(layout->widgets.count("b"), 1U);
-    EXPECT_EQ(numbers(layout->widgets.at("b").place), (Numbers{10, 0, 10, 30}))
+    EXPECT_EQ(numbers(layout->widgets.at("b").rect), (Numbers{10, 0, 10, 30}))
         << "20 design pixels over 2 of the image";
     LayoutHandler::release();
 }
