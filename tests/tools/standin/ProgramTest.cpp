@@ -72,13 +72,26 @@ TEST(Program, FliesAndSaysSo) {
 }
 
 #ifndef _WIN32
+/// Interrupts a program once the log of its folder, the word after it, has a second piece; gives up
+/// after a minute.
+constexpr const char* InterruptInFlight = R"("$@" & program=$!
+tries=600
+until ls "$2"/data/*'[1].txt' >/dev/null 2>&1 || [ "$tries" = 0 ]; do
+    sleep 0.1
+    tries=$((tries - 1))
+done
+kill -INT "$program"
+wait "$program"
+)";
+
 TEST(Program, EndsCleanlyWhenInterrupted) {
     const TemporaryFolder folder;
     folder.write(MissionPath, missionText(sixPlanes()));
-    // Two looks half a second apart, then a piece each half second until the interrupt.
+    const std::string script = folder.write("interrupt.sh", InterruptInFlight);
+    // A piece each second: most of the flight is left when the interrupt comes.
     const ProgramCall result =
-        call(folder.path() + "/rof" + " --watch --seed 2 --slow --speed 60 --quiet",
-             "timeout --preserve-status -s INT 2.4 ");
+        call(folder.path() + "/rof" + " --watch --seed 2 --slow --speed 30 --quiet",
+             "sh " + script + " ");
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_EQ(result.output + result.errors, "");
     const std::vector<LogLine> log = onlyLog(folder);
