@@ -113,33 +113,6 @@ TEST_F(AircraftTest, GivesEachNationWhatItFlew) {
                      "England spad13,France spad13,nieuport28,sopcamel,spad13,");
 }
 
-TEST_F(AircraftTest, LooksFurtherBackForANation) {
-    // All that these months offer is refused by France: the draws before November 1916 is reached.
-    for (const auto& [month, refused] :
-         {std::pair{191612, 200}, {191701, 225}, {191702, 250}, {191703, 275}}) {
-        int64_t fewest = 1000;
-        for (int i = 0; i < 30; ++i) {
-            const zel::Random before(random);
-            EXPECT_EQ(chooseNationPlane(France, month / 100, month % 100, 1), "spad7early");
-            fewest = std::min(fewest, drawsBetween(before, random));
-        }
-        EXPECT_EQ(fewest, refused + 1) << month;
-    }
-}
-
-TEST_F(AircraftTest, EndsWithTheLastTypeDrawn) {
-    for (const auto& [year, month, allowed] :
-         {std::tuple{1916, 1, "dh2 nieuport11 "}, {1917, 5, "se5a soppup soptriplane spad7 "}}) {
-        for (int i = 0; i < 20; ++i) {
-            const zel::Random before(random);
-            const zel::String plane = chooseNationPlane(Usa, year, month, 1);
-            EXPECT_EQ(drawsBetween(before, random), 400) << "all of them refused";
-            EXPECT_NE(std::string(allowed).find(std::string(plane) + " "), std::string::npos)
-                << plane.c_str() << ": the last rounds are at the true date again";
-        }
-    }
-}
-
 std::string documentLine(const Aircraft& aircraft) {
     std::string nations;
     for (const auto& [flag, nation] : {std::pair{French, "France"},

@@ -30,14 +30,6 @@ protected:
     Database career;
 };
 
-TEST_F(CareerTexts, TellHowACareerBegins) {
-    constexpr const char* Services[] = {"French", "English", "German", "French"};
-    for (int32_t service = 0; service < 4; ++service)
-        EXPECT_EQ(serviceText(service), zel::String("Service: ") + Services[service]);
-    EXPECT_EQ(startDateText(1917, 3), "Start date: March 1917");
-    EXPECT_EQ(pilotNameText(career), "Your pilot's name: Pilot 2");
-}
-
 TEST_F(CareerTexts, TellWhenTheWarIsOver) {
     career.year = 1918;
     for (const auto& [month, day, isOver] :

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <set>
 #include <sstream>
 
@@ -17,21 +16,6 @@
 namespace {
 
 std::string nameOf(const Pilot& pilot) { return std::string(zel::arrayText(pilot.name)); }
-
-TEST(Database, IsReachedThroughItsInstance) {
-    const SmallWorld world; // which pins the number that the first generator starts from
-    EXPECT_EQ(Database::instance(), nullptr);
-    auto first = std::make_unique<Database>();
-    EXPECT_EQ(Database::instance(), first.get());
-    zel::Random reference(1);
-    EXPECT_EQ(first->careerNumber, int32_t(reference.next() % 2147438648U));
-    EXPECT_EQ(drawsBetween(reference, first->random), 0);
-    const Database second;
-    EXPECT_EQ(Database::instance(), &second);
-    first.reset();
-    EXPECT_EQ(Database::instance(), &second) << "it clears only itself";
-    EXPECT_FALSE(second.hasCareer());
-}
 
 TEST(Database, ReportsMissingNames) {
     const SmallWorld world;

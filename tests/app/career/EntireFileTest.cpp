@@ -39,15 +39,4 @@ TEST(EntireFile, KeepsItsLinesWhenNothingCanBeAdded) {
     EXPECT_TRUE(log.holds(" [EntireFile] appendFile none\n"));
 }
 
-TEST(EntireFile, WritesWindowsLines) {
-    const TemporaryFolder folder;
-    EntireFile file;
-    file.lines = {"one", "", " two"};
-    EXPECT_TRUE(file.saveFile(folder.file("out")));
-    EXPECT_EQ(folder.read("out"), "one\r\n\r\n two\r\n");
-    EXPECT_TRUE(file.loadFile(folder.file("out")));
-    EXPECT_EQ(file.lines, (List{"one", " two"}));
-    EXPECT_FALSE(file.saveFile(folder.path() + "/none/out"));
-}
-
 } // namespace

@@ -88,8 +88,7 @@ constexpr size_t SquadronFiles = Lines + 3 * 269 + 4;
 constexpr size_t PilotFiles = SquadronFiles + 1168 + 4;
 constexpr size_t Invitation = PilotFiles + 1120;
 
-// What a new career leaves at 0 and no assertion of Records.h holds; all else is in the hashes of
-// DatabaseTest.
+// What a new career leaves at 0; all else is in the saves that DatabaseTest compares.
 TEST_F(SaveFile, LaysTheRecordsOutAsTheFormatSays) {
     career.unusedA = 5;
     career.unusedB = 6;
