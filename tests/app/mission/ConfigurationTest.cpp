@@ -63,11 +63,24 @@ TEST_F(ConfigurationTest, MakesTheFolderAPrefix) {
 #endif
 }
 
+// As editors of today save it: Windows knows the folder by its code page, other systems by bytes.
+TEST_F(ConfigurationTest, NamesTheFolderThatIsMeant) {
+#ifdef _WIN32
+    const zel::String meant = "D:\\Spiele\\F\xFCr mich\\";
+#else
+    const zel::String meant = "D:\\Spiele\\F\u00FCr mich\\";
+#endif
+    for (const std::string mark : {"", "\xEF\xBB\xBF"}) {
+        const std::string text = mark + "rof.directory=D:\\Spiele\\F\u00FCr mich\r\n";
+        EXPECT_EQ(rofDirectoryOf(text.c_str()), meant);
+    }
+}
+
 TEST_F(ConfigurationTest, ChecksTheSimulator) {
     Configuration::set("rof.directory", folder.path());
     EXPECT_EQ(checkSimulator(), SimulatorState::NotFound);
-    const zel::String advice = simulatorAdvice(SimulatorState::NotFound);
-    EXPECT_NE(std::string(advice.view()).find(folder.path()), std::string::npos) << advice.c_str();
+    const std::string advice(simulatorAdvice(SimulatorState::NotFound));
+    EXPECT_NE(advice.find(folder.path()), std::string::npos) << advice;
 
     const std::pair<const char*, SimulatorState> cases[] = {
         {"", SimulatorState::NotFound},

@@ -149,16 +149,6 @@ TEST(MissionWriter, DrawsTheSkyAfterTheTime) {
                                  "ORG POSITION Z: 2000\n"));
 }
 
-TEST(MissionWriter, NamesNothingInAnAreaInFrontOfTheOptions) {
-    std::string text = Template;
-    const size_t area = text.find("MCU_CMD_AttackArea");
-    const size_t behind = text.find("MCU_Timer");
-    const std::string block = text.substr(area, behind - area);
-    text.erase(area, behind - area).insert(text.find("Options"), block);
-    WriterCareer test(text);
-    EXPECT_NE(test.generated().find("    Objects = [];"), std::string::npos);
-}
-
 TEST(MissionWriter, TakesASquadronsPaintWithoutOneOfHisOwn) {
     WriterCareer test;
     test.generator.plan[1].pilotFile = -1;
@@ -189,23 +179,6 @@ TEST(MissionWriter, MakesTheSkyWorthFlyingIn) {
         EXPECT_EQ(highest, best) << planes << " planes";
         EXPECT_EQ(players, 1);
     }
-}
-
-TEST(MissionWriter, DrawsItsPlaceAroundTheBase) {
-    WriterCareer test;
-    test.generator.reseed(12);
-    zel::Random draws(12);
-    test.generator.setMissionLocation(1, 78614.35F, 1050.25F, 173931.61F, 10000, 0, 10000);
-    EXPECT_EQ(test.generator.mapIndex, 1);
-    EXPECT_FLOAT_EQ(test.generator.locationX, 78614.35F);
-    EXPECT_FLOAT_EQ(test.generator.locationY, 1050.25F);
-    EXPECT_FLOAT_EQ(test.generator.locationZ, 173931.61F);
-    EXPECT_FLOAT_EQ(test.generator.offsetX, draws.getFloat(-10000, 10000));
-    draws.next();
-    EXPECT_EQ(test.generator.offsetY, 0);
-    EXPECT_FLOAT_EQ(test.generator.offsetZ, draws.getFloat(-10000, 10000));
-    EXPECT_EQ(test.generator.random.next(), draws.next());
-    EXPECT_TRUE(test.lines.holds("LOCATION X: 78614.4 ; LOCATION Y: 173932\n")) << "sic";
 }
 
 } // namespace
