@@ -8,7 +8,6 @@
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/SmallCareer.h"
-#include "tests/support/WarDraws.h"
 
 namespace {
 
@@ -39,8 +38,18 @@ public:
     float lastShare = 0;
 };
 
-/// The draws of a period behind those of its days.
+/// The draws of a period, in their order.
 struct Period {
+    /// Three draws: the upper bound, the lower, the days between. None outside the war.
+    int32_t days(int32_t year) {
+        constexpr int32_t Bounds[][3] = {{16, 28, 16}, {16, 24, 16}, {16, 22, 14}, {14, 18, 12}};
+        if (year < 1915 || year > 1918)
+            return 0;
+        const auto& [from, to, least] = Bounds[year - 1915];
+        const int32_t upper = draws.getInt(from, to);
+        const int32_t lower = draws.getInt(1, least);
+        return draws.getInt(lower, upper);
+    }
     /// The missions, and the limit of steps of each: three draws, each of which bounds the next.
     int32_t missions(int32_t year) {
         const int32_t count = draws.getInt(400, 750) / (year == 1915 ? 2 : 1);
@@ -71,7 +80,7 @@ TEST(WarAdvance, MovesTheDateByTheYear) {
             setDate(war.career, year, 1, 1);
             Period period;
             Calendar expected(year, 1, 1);
-            expected.addDays(drawDays(year, period.draws));
+            expected.addDays(period.days(year));
             advanceWar(war.career, nullptr);
             ASSERT_EQ(war.career.calendar().dateNumber(), expected.dateNumber());
             moves += period.moves(war.career);
@@ -92,7 +101,7 @@ TEST(WarAdvance, FightsHundredsOfMissions) {
         for (const Pilot& pilot : war.career.pilots)
             flown -= pilot.missions;
         Period period;
-        drawDays(year, period.draws);
+        period.days(year);
         const int32_t missions = period.missions(year);
         period.moves(war.career);
         const Counter counter;
