@@ -7,6 +7,7 @@
 #include "app/mission/Configuration.h"
 #include "app/report/Flight.h"
 #include "tests/app/report/FlightLog.h"
+#include "tests/support/HeldFile.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 #include "tests/support/SmallCareer.h"
@@ -176,5 +177,45 @@ TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
     std::filesystem::rename(there + ".away", there);
     EXPECT_EQ(watch.look(data), Names{}) << "an old report would be carried into the career again";
 }
+
+TEST_F(LogWatchTest, ReadsAPieceAgainThatSomebodyHeld) {
+    uint16_t missions = 9;
+    for (const int32_t piece : {0, 2, 3}) {
+        const std::string log = "missionReport(" + std::to_string(piece) + ")";
+        writeFlight(log);
+        HeldFile held(world.folder.file("data/" + log + "[" + std::to_string(piece) + "].txt"));
+        if (!held.isHeld())
+            GTEST_SKIP() << "no file can be held here";
+        for (int32_t looks = 1; looks <= 2; ++looks) {
+            EXPECT_FALSE(flight.findReport(career));
+            EXPECT_TRUE(report.pilots.empty() && report.lines.lineCount() == 0) << "half a flight";
+            EXPECT_EQ(watch.news().state, LogState::Unread);
+        }
+        held.release();
+        EXPECT_TRUE(flight.findReport(career)) << "though not a byte has come";
+        EXPECT_EQ(missionsOf(10), ++missions);
+    }
+    EXPECT_EQ(lines.linesWith("cannot be read"), 6);
+}
+
+TEST_F(LogWatchTest, TakesAFolderInAPiecesPlaceForTheEnd) {
+    writeFlight("missionReport(a)");
+    write("missionReport(a)[4].txt/x", "");
+    EXPECT_TRUE(flight.findReport(career));
+    EXPECT_EQ(lines.linesWith("cannot be read"), 0);
+}
+
+#ifdef _WIN32
+TEST_F(LogWatchTest, KeepsWhatItKnowsWhileTheFolderIsHeld) {
+    writeFlight("missionReport(a)");
+    HeldFile held(world.folder.file("data"));
+    ASSERT_TRUE(held.isHeld());
+    const bool isFound = flight.findReport(career);
+    watch.begin(data);
+    held.release();
+    EXPECT_NE(flight.findReport(career), isFound) << "found once, whether the folder could be read";
+    EXPECT_EQ(missionsOf(10), 10);
+}
+#endif
 
 } // namespace
