@@ -1,10 +1,12 @@
 // What goes wrong around the program ends in a page or a line that says what to do, and loses
 // nothing.
 #include <filesystem>
-#include <map>
 
+#include "app/career/Aircraft.h"
 #include "app/career/Database.h"
 #include "app/mission/DailyMission.h"
+#include "engine/core/Registry.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
@@ -25,6 +27,10 @@ TEST(ScreenFaultsAtTheStart, TheSimulatorIsNotThereOrKeepsNoLog) {
     std::filesystem::remove(home.folder.file(settings));
     ASSERT_TRUE(driver.go("menuButton1", "MenuNotificationInstallDir"));
     EXPECT_NE(driver.text("path").find("wtysettings.ini"), std::string::npos);
+    const std::string example = driver.text("example"); // a drive, or none, as the player's system
+    const std::string key = "rof.directory=";
+    ASSERT_EQ(example.find(key), 0U);
+    EXPECT_EQ(example[key.size()] == '/', driver.text("path")[0] == '/');
     home.folder.write(settings, good);
     ASSERT_TRUE(driver.go("menuButton1", "MenuMain"));
 }
@@ -51,6 +57,21 @@ TEST_F(ScreenFaults, TheMissionCannotBeWritten) {
     std::filesystem::remove(missions);
     std::filesystem::create_directory(missions);
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuButton1>MenuGameStartMission"));
+}
+
+TEST_F(ScreenFaults, ThereIsNothingToFly) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    for (const bool isFlyable : {true, false, true}) {
+        for (const zel::String& plane : planeIdentifiers())
+            zel::Registry::set(plane, isFlyable ? "1" : "0");
+        ASSERT_TRUE(driver.toOrders());
+        for (const auto& [line, isShown] : {std::pair{"line1", isFlyable},
+                                            {"line2", isFlyable},
+                                            {"skip1", !isFlyable},
+                                            {"skip2", !isFlyable}})
+            EXPECT_EQ(driver.screens->menu().getTextArea(line)->isVisible(), isShown) << line;
+        ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
+    }
 }
 
 TEST_F(ScreenFaults, TheCareerCannotBeSaved) {

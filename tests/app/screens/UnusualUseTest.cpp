@@ -3,7 +3,6 @@
 #include "app/mission/Configuration.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/Application.h"
-#include "engine/core/Registry.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/StatesMachine.h"
 #include "tests/app/screens/CareerDriver.h"
@@ -96,33 +95,6 @@ TEST(UnusualMenus, EveryElementMayBeMissing) {
         EXPECT_TRUE(screens.untilIdle("MenuMain"));
     }
     Configuration::reset();
-}
-
-TEST(UnusualMenus, SwitchesOfAnyKindAndNumberTurn) {
-    setWindowWanted(false);
-    ScreenDriver screens({{"MenuConfigurationMaps", "init:\n"
-                                                    "theme.definetheme t\n"
-                                                    "theme.definewidgettextoffset button 0 0\n"
-                                                    "layout.definelayout l\n"
-                                                    "layout.definewidget menuButton2 button\n"
-                                                    "onenter:\n"
-                                                    "settheme t\n"
-                                                    "setlayout l\n"
-                                                    "addwidget menuButton2\n"}});
-    ASSERT_TRUE(screens.untilIdle("MenuConfigurationMaps"));
-    EXPECT_EQ(screens.text("menuButton2"), "The Channel: On");
-    const auto turned = [&] {
-        screens.menu().hitWidget("menuButton2");
-        return std::string(zel::Registry::get("mapChannel", ""));
-    };
-    EXPECT_EQ(turned(), "0");
-    EXPECT_EQ(screens.text("menuButton2"), "The Channel: Off");
-    EXPECT_FALSE(screens.log.holds("unknown kind")) << "\"button\" is none of a pair";
-    zel::Registry::set("mapChannel", "5");
-    EXPECT_EQ(turned(), "-4");
-    EXPECT_EQ(screens.text("menuButton2"), "The Channel: On");
-    zel::Registry::set("mapChannel", "-2147483648");
-    EXPECT_NE(turned(), "0") << "whatever it is, it is no fault";
 }
 
 } // namespace
