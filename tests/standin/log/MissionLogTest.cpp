@@ -80,16 +80,6 @@ TEST(MissionLog, WritesItsLinesAsTheSimulatorDoes) {
     EXPECT_EQ(lineOfType(lines, 5), nullptr) << "no take-off in the air";
 }
 
-TEST(MissionLog, TellsTheTakeOff) {
-    const std::vector<LogLine> lines =
-        linesOf(logOf(readMission(missionText(sixPlanes(), false)), 5));
-    EXPECT_EQ(lineOfType(lines, 10)->values.at("INAIR"), "0");
-    const LogLine* takeOff = lineOfType(lines, 5);
-    ASSERT_NE(takeOff, nullptr);
-    EXPECT_GT(takeOff->tick, 500) << "engines want warming";
-    EXPECT_NE(takeOff->text.find(", 86.500, "), std::string::npos) << takeOff->text;
-}
-
 TEST(MissionLog, DrawsItsNumbersAnewAndCutsNames) {
     const Mission mission = readMission(missionText(sixPlanes()));
     std::set<int32_t> planes;

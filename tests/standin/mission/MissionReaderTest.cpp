@@ -179,14 +179,6 @@ TEST(MissionReader, ReadsPlanesLeadersAndOrders) {
     EXPECT_EQ(mission.countries.size(), 5U);
 }
 
-TEST(MissionReader, KnowsTheTypesOfTheSimulator) {
-    // From the simulator's table of objects.
-    EXPECT_STREQ(aircraftType(findAircraft("albatrosd2late")).logType, "Albatros D.II lt");
-    EXPECT_STREQ(aircraftType(findAircraft("SPAD7")).logType, "SPAD 7.C1 180hp");
-    EXPECT_STREQ(aircraftType(findAircraft("fokkerd7f")).logType, "Fokker D.VIIF");
-    EXPECT_EQ(findAircraft("fokker"), -1);
-}
-
 TEST(MissionReader, TakesWhatTheSimulatorTakes) {
     for (const auto& [from, to, what] :
          {std::tuple{"  LCDesc = 1;", "\r\n  LCDesc = 1;", "an empty line inside a block"},

@@ -1,7 +1,5 @@
 #include "tools/career/Session.h"
 
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
 #include "app/mission/DailyMission.h"
@@ -132,19 +130,6 @@ TEST_F(SessionTest, WaitsForALogInVain) {
     EXPECT_EQ(career.calendar().dateNumber(), 19151201) << "the war waits with him";
     ASSERT_TRUE(session.fly());
     EXPECT_TRUE(session.report()) << session.problem().c_str();
-}
-
-TEST_F(SessionTest, SavesAndLoadsInVain) {
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
-    ASSERT_TRUE(session.save() && session.save());
-    run.folder.write("user/Saves/savegame_v03.wty", "spoilt");
-    expectProblem(session.load(), "savegame_v03.wty.bak");
-    expectProblem(session.status(), "There is no career yet");
-    std::filesystem::remove_all(run.userFolder());
-    run.folder.write("user", "a file where the folder should be");
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
-    expectProblem(session.save(), "can't be written");
-    expectProblem(session.load(), "No career could be loaded");
 }
 
 } // namespace
