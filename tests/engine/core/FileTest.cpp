@@ -170,12 +170,6 @@ TEST_F(File, LeavesTheOldFileWhereAReplacementFails) {
     }
 }
 
-TEST_F(File, ReplacesNoFolder) {
-    folder.write("folder/x", "");
-    EXPECT_FALSE(zel::replaceFileSafely(folder.path() + "/folder", "new"));
-    EXPECT_EQ(names(), "folder ");
-}
-
 #ifdef __linux__
 TEST_F(File, LeavesTheOldFileOnAFullDisk) {
     const zel::String path(folder.write("save", "old"));

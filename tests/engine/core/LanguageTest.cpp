@@ -77,13 +77,6 @@ TEST_F(LanguageTest, GivesTextsByTheirNumber) {
     EXPECT_EQ(Language::get(-1), "(String -1)");
 }
 
-TEST_F(LanguageTest, FindsATextWithoutChoosingALanguage) {
-    EXPECT_EQ(Language::find(1), nullptr);
-    ASSERT_TRUE(Language::load("de"));
-    EXPECT_EQ(*Language::find(1), "Eins");
-    EXPECT_EQ(Language::find(2), nullptr);
-}
-
 TEST(LanguageMarks, AreFilledAtOnce) {
     const std::pair<const char*, const char*> texts[] = {
         {"$2 of $1", "y of $2"}, {"$1 $1", "$2 $2"}, {"$3|", "|"}, {"$9 $ $", "$9 $ $"}, {"", ""}};

@@ -41,19 +41,6 @@ TEST(Log, IsSwitchedOffForGood) {
     EXPECT_EXIT(silenced(), testing::ExitedWithCode(0), "") << "in a process of its own";
 }
 
-TEST(Log, GoesToASinkInstead) {
-    static std::string caught;
-    zel::setTickSource([] { return 5U; });
-    const LogCapture log;
-    zel::setLogSink([](const zel::String& line) { caught += line.c_str(); });
-    zel::log("shown", "Some", 2);
-    zel::log("not shown", "Some", 4);
-    zel::setLogSink(nullptr);
-    zel::setTickSource(nullptr);
-    EXPECT_EQ(caught, "!! 5 [Some] shown");
-    EXPECT_EQ(log.text(), "");
-}
-
 TEST(Log, GoesToAFileToo) {
     const TemporaryFolder folder;
     const LogCapture log;

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/Clock.h"
-#include "tests/support/Draws.h"
 
 namespace {
 
@@ -54,20 +53,6 @@ TEST(Random, KeepsToItsBounds) {
     }
     // The first value of this seed is 0xFFFFFF80 or more, which as a float is 2 to the 32.
     EXPECT_EQ(zel::Random(14784396).getFloat(), 1.0F);
-}
-
-TEST(Random, TakesOneValueForEachDraw) {
-    zel::seedSharedRandom(12);
-    zel::Random& random = zel::sharedRandom();
-    EXPECT_EQ(random.getInt(3, 3), 3);
-    random.getInt(Lowest, Highest);
-    random.getBool();
-    random.getFloat();
-    random.getFloat(2.0F, 2.0F);
-    zel::random(1, 6);
-    zel::randomFloat(0.0F, 1.0F);
-    EXPECT_EQ(drawsBetween(zel::Random(12), random), 7);
-    EXPECT_EQ(drawsBetween(zel::Random(13), random, 5000), -1) << "another sequence";
 }
 
 TEST(Random, SeedsZeroFromTheTicksAndTheStaticNumber) {

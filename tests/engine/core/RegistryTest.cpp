@@ -59,16 +59,6 @@ TEST_F(Registry, StoresNoDefaults) {
     EXPECT_FALSE(zel::Registry::isOn("mapWestern"));
 }
 
-TEST_F(Registry, TellsWhatIsStored) {
-    folder.write("user/prefs.dat", TwoEntries);
-    EXPECT_TRUE(zel::Registry::has("dh2a")) << "empty, and from the file that this call loads";
-    EXPECT_FALSE(zel::Registry::has("dh2"));
-    static_cast<void>(zel::Registry::get("dh2", "1"));
-    EXPECT_FALSE(zel::Registry::has("dh2")) << "asking with a default stores nothing";
-    zel::Registry::set("dh2", "");
-    EXPECT_TRUE(zel::Registry::has("dh2"));
-}
-
 TEST_F(Registry, DefersSaving) {
     zel::Registry::setDeferSave(true);
     zel::Registry::set("x", "10");
@@ -114,15 +104,6 @@ TEST_F(Registry, LosesNothingWhenItCannotWrite) {
     EXPECT_EQ(log.text().find(line), 0u) << "on the console";
     EXPECT_EQ(log.linesWith("[Registry] warning: cannot write "), 1);
     EXPECT_EQ(zel::Registry::get("x", "none"), "10");
-}
-
-TEST_F(Registry, WarnsOfAMissingTitle) {
-    zel::setApplicationTitle("");
-    const LogCapture log;
-    zel::Registry::get("x", "");
-    zel::Registry::get("x", "");
-    EXPECT_EQ(log.text(), "Warning: ZelAppInfo::getAppName() was not set\n");
-    zel::setApplicationTitle("Wingtally");
 }
 
 TEST_F(Registry, KeepsTheFileThatWasNotWhole) {

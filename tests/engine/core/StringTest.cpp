@@ -22,15 +22,6 @@ List parts(const String& text, std::string_view delimiter) {
     return result;
 }
 
-TEST(String, IsMadeFromTextsAndNumbers) {
-    EXPECT_EQ(String(static_cast<const char*>(nullptr)), "");
-    EXPECT_EQ(String('x') + String(Lowest), "x-2147483648");
-    String text = String("Jasta ") + 11;
-    text += " of ";
-    text += -1;
-    EXPECT_EQ(text, "Jasta 11 of -1");
-}
-
 // clang-format off
 TEST(String, ReadsNumbersAsAtoiDoes) {
     for (const auto& [text, number] : {

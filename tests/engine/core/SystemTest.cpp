@@ -2,33 +2,17 @@
 
 #include <filesystem>
 #ifdef _WIN32
-#include <thread>
 #include <windows.h>
 #endif
 
 #include <gtest/gtest.h>
 
-#include "engine/core/Clock.h"
 #include "engine/core/Directory.h"
 #include "engine/core/UserDirectory.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
-
-TEST(Clock, IsReplacedBySourcesOfATest) {
-    zel::setTickSource([] { return 123456U; });
-    zel::setWallTimeSource([] { return zel::WallTime{1917, 4, 21, 10, 35, 59}; });
-    EXPECT_EQ(zel::ticks(), 123456U);
-    EXPECT_EQ(zel::wallTime().year, 1917);
-    EXPECT_EQ(zel::wallTime().second, 59);
-    zel::setTickSource(nullptr);
-    zel::setWallTimeSource(nullptr);
-    EXPECT_GE(zel::wallTime().year, 2024);
-    const uint32_t before = zel::ticks();
-    zel::system::sleepMilliseconds(3);
-    EXPECT_GE(zel::ticks() - before, 3U);
-}
 
 TEST(UserDirectory, FollowsTheEnvironment) {
     using zel::system::setEnvironment;
@@ -130,23 +114,6 @@ TEST(System, ReadsTextsOfTheRegistry) {
     EXPECT_EQ(queryRegistryValue(TestKey, "Number"), "");
     EXPECT_EQ(queryRegistryValue(TestKey, "Nothing"), "");
     EXPECT_EQ(queryRegistryValue("SOFTWARE\\No such key", "Place"), "");
-}
-
-TEST(System, WaitsForFilesThatAreHeld) {
-    const TemporaryFolder folder;
-    const std::string save = folder.write("save", "old");
-    const std::string draft = folder.write("draft", "new");
-    FILE* held = zel::system::openFile(save, "rb");
-    EXPECT_FALSE(zel::system::replaceFileKeeping(draft, save, save + ".bak"));
-    EXPECT_FALSE(zel::system::replaceFile(draft, save));
-    EXPECT_EQ(folder.read("save") + folder.read("draft"), "oldnew") << "nothing is lost";
-    std::thread holder([held] {
-        zel::system::sleepMilliseconds(100);
-        std::fclose(held);
-    });
-    EXPECT_TRUE(zel::system::replaceFileKeeping(draft, save, save + ".bak"));
-    holder.join();
-    EXPECT_EQ(folder.read("save") + folder.read("save.bak"), "newold");
 }
 
 TEST(System, ListsFoldersByLongNames) {
