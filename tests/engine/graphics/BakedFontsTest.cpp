@@ -7,16 +7,9 @@
 
 namespace {
 
-struct BakedFont {
-    const char* name;
-    int32_t lineHeight; // as the screens were designed with
-    int32_t advance;    // of every letter; 0: each has its own
-};
-
-constexpr BakedFont BakedFonts[] = {
-    {"plate24", 25, 0},      {"plate20", 21, 0}, {"type20", 27, 12},   {"type20b", 27, 12},
-    {"type18", 25, 11},      {"type17", 22, 10}, {"report18", 25, 11}, {"report17", 22, 10},
-    {"report17red", 22, 10}, {"print30", 31, 0}, {"letter27", 32, 0},  {"board26", 27, 0},
+constexpr const char* BakedFonts[] = {
+    "plate24",  "plate20",  "type20",      "type20b", "type18",   "type17",
+    "report18", "report17", "report17red", "print30", "letter27", "board26",
 };
 
 // The bytes that Windows-1252 leaves free.
@@ -49,51 +42,25 @@ protected:
 
 TEST_F(BakedFontsTest, HoldEveryCharacter) {
     const LogCapture log;
-    for (const BakedFont& baked : BakedFonts) {
-        const zel::Font* found = font(baked.name);
-        ASSERT_NE(found, nullptr) << baked.name;
+    for (const char* name : BakedFonts) {
+        const zel::Font* found = font(name);
+        ASSERT_NE(found, nullptr) << name;
         const auto& description = found->getDescription();
-        EXPECT_EQ(description.fontName, baked.name);
-        EXPECT_EQ(found->lineHeight(), baked.lineHeight) << baked.name;
+        EXPECT_EQ(description.fontName, name);
         ASSERT_EQ(description.glyphs.size(), 256u) << "or kerning pairs would collide";
-        ASSERT_NE(found->pageImage(0), nullptr) << baked.name;
+        ASSERT_NE(found->pageImage(0), nullptr) << name;
         EXPECT_EQ(found->pageImage(0)->getBitmap().width(), description.scaleW);
         EXPECT_EQ(found->pageImage(0)->getBitmap().height(), description.scaleH);
         for (int byte = 0; byte < 256; ++byte) {
             const zel::Glyph* glyph = found->glyph(static_cast<char>(byte));
-            ASSERT_NE(glyph, nullptr) << baked.name << byte;
+            ASSERT_NE(glyph, nullptr) << name << byte;
             const bool isBlank = isFree(byte) || byte == ' ' || byte == 0xA0 || byte == 0xAD;
             EXPECT_TRUE(isBlank || darkest(*found, static_cast<char>(byte)) >> 24 > 128)
-                << baked.name << " " << byte;
-            const int32_t wanted = isFree(byte) ? 0 : baked.advance;
-            if (wanted > 0 || isFree(byte)) {
-                EXPECT_EQ(glyph->xAdvance, wanted) << baked.name << " " << byte;
-            }
-        }
-        if (baked.advance > 0) {
-            EXPECT_EQ(found->width("Allmenr\xF6"
-                                   "der (To!)"),
-                      17 * baked.advance)
-                << baked.name;
+                << name << " " << byte;
+            EXPECT_EQ(glyph->xAdvance == 0, isFree(byte)) << name << " " << byte;
         }
     }
     EXPECT_EQ(log.text(), "");
-}
-
-TEST_F(BakedFontsTest, KernWhatIsPrinted) {
-    for (const char* name : {"print30", "board26", "letter27", "plate24"}) {
-        EXPECT_LT(font(name)->kerning('T', 'o'), 0) << name;
-        EXPECT_EQ(font(name)->kerning('n', 'n'), 0) << name;
-    }
-}
-
-TEST_F(BakedFontsTest, CarryTheirInk) {
-    const auto inkOf = [](const char* name) { return darkest(*font(name), 'M') & 0xFFFFFF; };
-    EXPECT_EQ(inkOf("type20"), 0xFFFFFFu) << "takes its colour from the theme";
-    EXPECT_EQ(inkOf("report18"), 0x2A1E12u);
-    EXPECT_EQ(inkOf("report17"), 0x3A2C1Bu);
-    EXPECT_EQ(inkOf("report17red"), 0x8E1F17u);
-    EXPECT_EQ(inkOf("plate24"), 0x2A1805u);
 }
 
 } // namespace

@@ -55,18 +55,6 @@ TEST(DrawBatch, KeepsAnyNumberOfPieces) {
     EXPECT_EQ(batch[1].vertices.size(), 1000U);
 }
 
-TEST(DrawBatch, OtherClipsAndBlendsAreOtherRuns) {
-    DrawBatch batch;
-    DrawKey clipped = key(1);
-    clipped.clipWidth = 50;
-    DrawKey adding = key(1);
-    adding.blend = 1;
-    add(batch, 1, {0, 0, 5, 5});
-    batch.add(clipped, {10, 0, 5, 5});
-    batch.add(adding, {20, 0, 5, 5});
-    EXPECT_EQ(batch.size(), 3U);
-}
-
 TEST(DrawBatch, KnowsTheSameFrameAgain) {
     DrawBatch first;
     DrawBatch second;
@@ -124,16 +112,6 @@ TEST_F(CanvasTest, DrawsNothingThatIsNotSeen) {
     canvas.draw(Bitmap(), {10, 10, 8, 8});
     canvas.draw(picture, std::vector<Quad>(), {0, 0});
     EXPECT_TRUE(list.empty());
-}
-
-TEST_F(CanvasTest, IsHarmlessWithoutAWindow) {
-    canvas.setRecorder(nullptr);
-    canvas.clear(0xFFFFFFFF);
-    canvas.draw(picture, {10, 10, 8, 8});
-    canvas.popClip();
-    EXPECT_FALSE(canvas.finishFrame());
-    EXPECT_TRUE(canvas.readPixels().empty());
-    EXPECT_EQ(canvas.getMaximumTextureSize(), 0);
 }
 
 } // namespace

@@ -202,14 +202,4 @@ TEST_F(FontHandlerTest, SaysOnceWhatIsNoFont) {
     EXPECT_EQ(log.linesWith("[FontHandler] Invalid font " + folder.path() + "/none"), 1);
 }
 
-TEST_F(FontHandlerTest, KeepsAFontWhosePageIsMissing) {
-    folder.write("seed.fnt", fontFile(Letters));
-    const LogCapture log;
-    const zel::Font* font = zel::FontHandler::getFont(folder.path() + "/seed.fnt");
-    ASSERT_NE(font, nullptr);
-    EXPECT_EQ(font->pageImage(0), nullptr);
-    EXPECT_EQ(font->width("AB"), 22);
-    EXPECT_TRUE(log.holds("page.zel does not exist"));
-}
-
 } // namespace

@@ -77,19 +77,6 @@ TEST_F(ImageHandlerTest, LoadsWhatIsAskedFor) {
     EXPECT_EQ(handler.getImage(""), nullptr);
 }
 
-TEST_F(ImageHandlerTest, LoadsOneBitmapAStep) {
-    zel::BitmapLoadingQueue& queue = handler.getQueue();
-    queue.step();
-    queue.add(picture("a"));
-    queue.add(picture("b"));
-    queue.step();
-    EXPECT_TRUE(queue.hasWork());
-    const int64_t afterOne = zel::Bitmap::systemMemory();
-    queue.step();
-    EXPECT_FALSE(queue.hasWork());
-    EXPECT_EQ(zel::Bitmap::systemMemory() - afterOne, 96);
-}
-
 TEST_F(ImageHandlerTest, FindsGroupsByTheirMembers) {
     ASSERT_TRUE(handler.loadBitmap(picture(
         "groups",
@@ -187,14 +174,6 @@ TEST_F(ImageTest, StretchesIntoARectangle) {
            {{10, 20, 2, 3}, {110, 20, 6, 3}, {110, 70, 6, 1}, {10, 70, 2, 1}});
     EXPECT_EQ(drawn.width(), 36);
     EXPECT_EQ(drawn.height(), 18);
-}
-
-TEST_F(ImageTest, TakesTheNearestFrame) {
-    const zel::Image drawn = image("dims 1 0 1 1\ndims 2 0 1 1");
-    EXPECT_EQ(drawn.frameCount(), 2);
-    EXPECT_EQ(drawn.frameRect(-5).x, 1);
-    EXPECT_EQ(drawn.frameRect(1).x, 2);
-    EXPECT_EQ(drawn.frameRect(7).x, 2);
 }
 
 } // namespace

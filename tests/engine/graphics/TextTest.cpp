@@ -92,14 +92,6 @@ TEST_F(TextTest, StopsBelowTheRectangle) {
     EXPECT_LE(broken(flood.c_str(), 0, 1.0e9F).size(), 4096U);
 }
 
-TEST_F(TextTest, MeasuresWithKerning) {
-    EXPECT_EQ(Text::widthOf(&font, "AV"), 17);
-    EXPECT_EQ(Text::widthOf(&font, "VA"), 20);
-    EXPECT_EQ(Text::widthOf(nullptr, "VA"), 0);
-    EXPECT_EQ(broken("AV", 17), (Lines{"AV"}));
-    EXPECT_EQ(broken("AV", 16), (Lines{"A", "V"}));
-}
-
 TEST_F(TextTest, ALineThatIsTooWideEndsInDots) {
     text.setFlow(TextFlow::Line);
     EXPECT_EQ(broken("squadron", 80), (Lines{"squadron"}));
@@ -140,15 +132,6 @@ TEST_F(TextTest, MissingCharactersAreSkippedAndSaidOnce) {
               1);
     EXPECT_EQ(broken("\xFC\xE4", 40), (Lines{"\xFC\xE4"}));
     EXPECT_EQ(text.width(), 20) << "bytes above 127 are characters like others";
-}
-
-TEST_F(TextTest, WithoutAFontThereIsNothing) {
-    Text bare;
-    bare.setText("abc");
-    bare.draw(Canvas::getInstance());
-    EXPECT_EQ(bare.lineCount(), 0);
-    EXPECT_EQ(bare.width(), 0);
-    EXPECT_EQ(bare.height(), 0);
 }
 
 /// A delivered font, and the glyphs as they are drawn.
@@ -208,16 +191,6 @@ TEST_F(DrawnTextTest, TakesItsColourAndTheMenusAlpha) {
     EXPECT_EQ(list[0].argb, 0x1A102030U);
     text.draw(canvas, {3, 4}, 0);
     EXPECT_EQ(list.size(), 2U);
-}
-
-TEST_F(DrawnTextTest, AFontWithoutItsPagesDrawsNothing) {
-    Font pageless("pageless", font.getDescription());
-    text.setFont(&pageless);
-    text.setText("abc");
-    text.setRect({0, 0, 200, 100});
-    text.draw(canvas);
-    EXPECT_TRUE(list.empty());
-    EXPECT_EQ(text.lineCount(), 1);
 }
 
 } // namespace

@@ -218,13 +218,6 @@ TEST_F(SoundHandlerTest, TouchesNothingWhileItIsOff) {
     EXPECT_TRUE(handler.hasDevice()) << "also for a sound that was there";
 }
 
-TEST_F(SoundHandlerTest, TheDeviceTakesWhatPlays) {
-    handler.play(folder.write("short.wav", wavFile(500)));
-    for (int32_t count = 0; count < 200 && handler.getPlayingCount() > 0; ++count)
-        system::sleepMilliseconds(10);
-    EXPECT_EQ(handler.getPlayingCount(), 0);
-}
-
 TEST_F(SoundHandlerTest, SaysOnceWhatItCannotLoad) {
     const std::string missing = folder.file("missing.wav");
     LogCapture log;
