@@ -137,13 +137,6 @@ TEST_F(HighLevelSchedulerTest, TheLowestPriorityRunsOnceIn101Frames) {
     EXPECT_EQ(pass(1), "a");
 }
 
-TEST_F(HighLevelSchedulerTest, TheLowestPriorityKeepsADistanceThatWasSet) {
-    scheduler().addTask(&a, nullptr);
-    scheduler().setTaskMinFrameDifference(&a, 5);
-    scheduler().setTaskPriority(&a, 6);
-    EXPECT_EQ(pass(12), "aa") << "every sixth frame";
-}
-
 TEST_F(HighLevelSchedulerTest, TasksOfWhichOneFitsTakeTurns) {
     add(a, 4);
     add(b, 4);
@@ -169,15 +162,6 @@ TEST_F(HighLevelSchedulerTest, DoesNotWaitForAMomentFarAway) {
     EXPECT_EQ(ran, "");
     clock.advance(5000);
     EXPECT_EQ(pass(), "a");
-}
-
-TEST_F(HighLevelSchedulerTest, AClockThatStandsStillDoesNotHoldIt) {
-    add(a, 4);
-    scheduler().specifyTasMinimumTimeDifference(&a, 1.0F);
-    pass(51);
-    setTickSource([]() -> uint32_t { return 2030; });
-    scheduler().run();
-    SUCCEED();
 }
 
 TEST_F(HighLevelSchedulerTest, OwnedTasksRunWithTheirStates) {
@@ -228,41 +212,6 @@ TEST_F(HighLevelSchedulerTest, ReportsAnOverrunOnceAFrame) {
                           "0.03 secs"))
         << log.text();
     EXPECT_EQ(log.linesWith("took too long"), 1);
-}
-
-TEST_F(HighLevelSchedulerTest, NamesNoTwoTasksAlike) {
-    LogCapture log;
-    a.duration = b.duration = 30;
-    for (Task* task : {&a, &b}) { // one after the other, each the only one in the list
-        add(*task, 1);
-        pass();
-        scheduler().removeTask(task);
-        pass();
-    }
-    EXPECT_EQ(log.linesWith("Last task task 1 took too long"), 1) << log.text();
-    EXPECT_EQ(log.linesWith("Last task task 2 took too long"), 1);
-}
-
-TEST_F(HighLevelSchedulerTest, CountsNoTimeFromBeforeThatMoment) {
-    LogCapture log;
-    a.duration = 5000;
-    a.also = [this] { scheduler().countTimeFromHere(); };
-    add(a, 3);
-    add(b, 4);
-    EXPECT_EQ(pass(2), "abab") << "neither the second task nor the next frame is kept waiting";
-    EXPECT_EQ(log.linesWith("took too long"), 0);
-}
-
-TEST_F(HighLevelSchedulerTest, UnknownTasksAreIgnoredButForOne) {
-    LogCapture log;
-    scheduler().setTaskName(&a, "x");
-    scheduler().setTaskPriority(&a, 1);
-    scheduler().removeTask(&a);
-    scheduler().addIncludedState(&a, nullptr);
-    EXPECT_EQ(log.text(), "");
-    scheduler().specifyTasMinimumTimeDifference(&a, 1);
-    EXPECT_TRUE(log.holds(" w ")) << log.text();
-    EXPECT_TRUE(log.holds("specifyTasMinimumTimeDifference task not found"));
 }
 
 } // namespace

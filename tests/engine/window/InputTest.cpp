@@ -209,12 +209,6 @@ TEST_F(InputTest, QueuesWhatIsTyped) {
     EXPECT_EQ(Keyboard::takeKeys().size(), 64U) << "nobody took them";
 }
 
-TEST_F(InputTest, AltEnterIsNotAKeyOfTheScreens) {
-    key(SDLK_RETURN, 13, true, KMOD_LALT);
-    EXPECT_TRUE(Keyboard::takeKeys().empty());
-    EXPECT_EQ(Keyboard::getKey().symbol, 0);
-}
-
 TEST_F(InputTest, CountsQuitEvents) {
     EXPECT_FALSE(Window::pollQuit());
     for (int32_t count = 0; count < 200; ++count)
@@ -230,12 +224,6 @@ TEST_F(InputTest, TellsWhereTheAttentionIs) {
     EXPECT_TRUE(Window::hasMouseFocus());
     EXPECT_FALSE(Window::hasInputFocus());
     EXPECT_TRUE(Window::isActive());
-}
-
-TEST_F(InputTest, TakesEventsFromTheQueue) {
-    SDL_Event event = motionEvent(77, 0);
-    ASSERT_EQ(SDL_PushEvent(&event), 0);
-    EXPECT_EQ(Mouse::getX(), 77);
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "engine/window/Keyboard.h"
 #include "engine/window/Mouse.h"
 #include "engine/window/StatesMachine.h"
-#include "engine/window/Window.h"
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
@@ -108,16 +107,6 @@ TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
     EXPECT_TRUE(Mouse::isButtonDown(1)) << "what comes later counts";
     press(false);
     EXPECT_TRUE(Mouse::isButtonHit(1));
-}
-
-TEST_F(LongWorkTest, KeepsTheWishToQuit) {
-    {
-        LongWork work;
-        push(quitEvent());
-        work.showPicture();
-    }
-    EXPECT_TRUE(Window::pollQuit());
-    EXPECT_EQ(platform.getQuitEvents(), 1);
 }
 
 TEST_F(LongWorkTest, CostsTheOtherTasksNothing) {

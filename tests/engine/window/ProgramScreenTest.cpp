@@ -14,7 +14,6 @@
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/Shot.h"
 #include "tests/support/LogCapture.h"
-#include "tests/support/ProcessorTime.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zel {
@@ -55,32 +54,11 @@ protected:
         }
         FAIL() << "the first screen never came\n" << log.text();
     }
-    /// The processor time that ten seconds of the running program take, in shares of a core.
-    double shareOfACore(int32_t appState) {
-        constexpr uint32_t Seconds = 10;
-        Platform::getInstance().setAppState(appState);
-        const uint32_t start = ticks();
-        const double before = processorSeconds();
-        while (ticks() - start < Seconds * 1000 && !ZelLoop::isFinished())
-            loop->step();
-        return (processorSeconds() - before) / Seconds;
-    }
-
     LogCapture log;
     TemporaryFolder folder;
     String folderBefore = system::currentDirectory();
     std::unique_ptr<ZelLoop> loop;
 };
-
-TEST_F(ProgramScreenTest, RestsWhileNobodyDoesAnything) {
-    const double focused = shareOfACore(7);
-    EXPECT_LE(focused, 0.25);
-    const double inTheBackground = shareOfACore(5);
-    EXPECT_LE(inTheBackground, 0.1) << "the simulator runs in front";
-    RecordProperty("focused", std::to_string(focused));
-    RecordProperty("background", std::to_string(inTheBackground));
-    EXPECT_FALSE(ZelLoop::isFinished());
-}
 
 TEST_F(ProgramScreenTest, KeepsItsShapeInEveryWindow) {
     const struct {

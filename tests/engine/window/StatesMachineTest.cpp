@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/core/BackgroundWork.h"
 #include "engine/window/HighLevelScheduler.h"
 #include "engine/window/StateOverlay.h"
-#include "engine/window/ZelLoop.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
 #include "tests/support/LogCapture.h"
@@ -100,28 +98,6 @@ TEST_F(StatesMachineTest, DeliversOneCallAFrameAndFadesInBetween) {
     EXPECT_EQ(second.getContentProgress(), 1);
 }
 
-TEST_F(StatesMachineTest, TheFirstStateFadesInOnly) {
-    machine.setActiveState(&first);
-    EXPECT_EQ(frame(), (Told{"first.onFirstEnter"}));
-    EXPECT_EQ(frame(), (Told{"first.onEnter", "first.reset"}));
-    frame();
-    frame();
-    EXPECT_EQ(machine.getPhase(), StatesMachine::CrossFade) << "phase 0 takes one frame";
-    frame();
-    EXPECT_EQ(machine.getPhase(), StatesMachine::FadeIn);
-    EXPECT_EQ(first.getOpacity(), 1);
-    EXPECT_EQ(frame(), (Told{"first.onEntered"}));
-}
-
-TEST_F(StatesMachineTest, ASecondEnteringHasNoFirst) {
-    enter(first);
-    enter(second);
-    machine.setActiveState(&first);
-    EXPECT_EQ(frame(), (Told{"second.onLeaving"}));
-    EXPECT_EQ(frame(), Told{}) << "but the frame passes";
-    EXPECT_EQ(frame(), (Told{"first.onEnter", "first.reset"}));
-}
-
 TEST_F(StatesMachineTest, PhasesOfNoLengthEndAtOnce) {
     first.setFadeTimes(0, 0, -1); // less than nothing is no length either
     second.setFadeTimes(0, 0, 0);
@@ -213,21 +189,6 @@ TEST_F(StatesMachineTest, FindsStatesByName) {
     EXPECT_EQ(machine.getState("second"), &second) << "the first one keeps the name";
 }
 
-TEST_F(StatesMachineTest, ATransitionUnderWayStandsWhenItsTargetIsSetAgain) {
-    leaveFirst();
-    frames(4);
-    frame(50);
-    const float progress = first.getContentProgress();
-    machine.setActiveState(&second);
-    frame();
-    EXPECT_EQ(first.getContentProgress(), progress);
-    EXPECT_EQ(machine.getPreviousState(), &first);
-    const LogCapture log;
-    machine.setActiveState(nullptr);
-    EXPECT_EQ(log.linesWith("New state: NULL"), 1);
-    EXPECT_EQ(machine.getActiveState(), &second);
-}
-
 TEST_F(StatesMachineTest, ChangesByItself) {
     enter(first);
     first.setAutoTransition(&second, 3600);
@@ -253,23 +214,6 @@ TEST_F(StatesMachineTest, KeepsTheLast128Names) {
         machine.setActiveState(count % 2 == 0 ? &first : &second);
     ASSERT_EQ(machine.getHistory().size(), 128U);
     EXPECT_EQ(machine.getHistory().back(), "second");
-}
-
-TEST_F(StatesMachineTest, WithNothingToShowTheProgramEnds) {
-    LogCapture log;
-    frame();
-    EXPECT_TRUE(log.holds("!! "));
-    EXPECT_TRUE(log.holds("Unknown state and no default state set"));
-    EXPECT_TRUE(ZelLoop::isQuitRequested());
-}
-
-TEST_F(StatesMachineTest, TakesTheDefaultState) {
-    LogCapture log(LogInfo);
-    machine.setDefaultState(&second);
-    frame();
-    EXPECT_EQ(machine.getActiveState(), &second);
-    EXPECT_EQ(log.linesWith("New state: second"), 1);
-    EXPECT_EQ(frame(), (Told{"second.onFirstEnter"}));
 }
 
 TEST_F(StatesMachineTest, ForgetsAStateThatEnds) {
@@ -312,22 +256,6 @@ TEST_F(StatesMachineTest, TellsAPictureThatTwoStatesShareOnce) {
     EXPECT_FALSE(machine.sharesBackgroundOverlay()) << "only during a transition";
     EXPECT_EQ(picture.getUserCount(), 1);
     EXPECT_EQ(seen, (Told{"overlay.onFirstEnter", "activate"})) << "its users never fell to 0";
-}
-
-TEST_F(StatesMachineTest, DoesOneStepOfBackgroundWorkAFrame) {
-    struct Work : BackgroundWork {
-        int32_t left = 2;
-        bool hasWork() const override { return left > 0; }
-        void step() override { --left; }
-    } work;
-    enter(first);
-    machine.setBackgroundWork(&work);
-    frame();
-    EXPECT_EQ(work.left, 1);
-    frame();
-    frame();
-    EXPECT_EQ(work.left, 0);
-    machine.setBackgroundWork(nullptr);
 }
 
 } // namespace

@@ -89,14 +89,6 @@ protected:
     Bitmap picture;
 };
 
-TEST_F(WindowScreenTest, FillsToThePixel) {
-    canvas.fill({100, 50, 10, 20}, Red);
-    canvas.fill({200, 50, 10, 10}, 0x80FFFFFF);
-    expect({{100, 50, Red}, {109, 69, Red}});
-    expect({{99, 50, Black}, {110, 50, Black}, {100, 49, Black}, {100, 70, Black}});
-    expect({{205, 55, 0xFF808080, "half of white over black"}});
-}
-
 TEST_F(WindowScreenTest, DrawsBitmapsOfEveryKind) {
     Bitmap others[3];
     makePicture(others[0], ChannelOrder::Bgr, 3);
@@ -146,19 +138,6 @@ TEST_F(WindowScreenTest, TintsFadesAddsAndClips) {
     expect({{205, 105, 0xFF333333, "a fifth"}});
     expect({{304, 105, Black}, {305, 105, Blue}, {309, 109, Blue}, {310, 109, Black}});
     expect({{305, 99, Black}});
-}
-
-TEST_F(WindowScreenTest, KeepsTheOrderOfWhatOverlaps) {
-    canvas.fill({0, 0, 100, 100}, Red);
-    canvas.draw(picture, {10, 10, 50, 50});
-    canvas.fill({20, 20, 10, 10}, Blue); // on the picture: it can't join the first run
-    canvas.fill({500, 0, 10, 10}, Blue);
-    expect({{5, 5, Red},
-            {15, 55, Blue, "the picture's lower left"},
-            {55, 55, White},
-            {25, 25, Blue},
-            {505, 5, Blue}});
-    EXPECT_EQ(canvas.getDrawCalls(), 3);
 }
 
 TEST_F(WindowScreenTest, AScreenTakesOneCallATexture) {
@@ -329,15 +308,6 @@ TEST_F(WindowScreenTest, ABitmapOutlivesItsWindow) {
     canvas.clearWindow();
     canvas.draw(picture, {0, 0, 2.56F, 2.56F});
     expectPicture(0);
-}
-
-TEST_F(WindowScreenTest, RefusesATextureThatTheCardCannotTake) {
-    ASSERT_GE(canvas.getMaximumTextureSize(), 1024);
-    EXPECT_TRUE(log.holds("[Canvas] Maximum texture size: "));
-    Bitmap odd;
-    EXPECT_FALSE(odd.assign(plainPicture(2, 2, 2, 0), "odd"));
-    canvas.draw(odd, {0, 0, 10, 10});
-    expect({{5, 5, Black}});
 }
 
 } // namespace

@@ -35,16 +35,6 @@ TEST(Letterbox, KeepsTheDesignsShape) {
     }
 }
 
-TEST(Window, IsNotThereWithoutADisplay) {
-    system::setEnvironment("DISPLAY", "");
-    if (!system::hasDisplay()) // else it stays the one without pictures
-        system::setEnvironment("SDL_VIDEODRIVER", "");
-    LogCapture log;
-    EXPECT_FALSE(Window::create(1024, 768, 32));
-    EXPECT_EQ(Window::current(), nullptr);
-    EXPECT_TRUE(log.holds("[Window] SDL_SetVideoMode failed")) << log.text();
-}
-
 TEST(Platform, EndsTheTimersAndKeepsTheClock) {
     Platform::getInstance();
     EXPECT_EQ(SDL_WasInit(SDL_INIT_TIMER), 0U);

@@ -91,12 +91,6 @@ TEST_F(ZelLoopTest, BuildsAndEndsInOrder) {
     setShutdownStep(ShutdownStep::Sounds, nullptr);
 }
 
-TEST_F(ZelLoopTest, GivesTheRareTaskItsPlace) {
-    ZelLoop loop;
-    EXPECT_TRUE(log.holds("added SyncHandler to global scheduler"));
-    EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U);
-}
-
 TEST_F(ZelLoopTest, ShowsNothingForFiveFrames) {
     ZelLoop loop;
     taken();
@@ -123,26 +117,6 @@ TEST_F(ZelLoopTest, QuitsByAState) {
     EXPECT_EQ(taken().back(), "onShutdown");
 }
 
-TEST_F(ZelLoopTest, RestartsWithEverythingNew) {
-    {
-        ZelLoop loop;
-        steps(loop, 60);
-        StatesMachine::getInstance().getActiveState()->setTransition("other");
-        steps(loop, 2);
-        EXPECT_FALSE(StatesMachine::getInstance().isSettled()) << "in the midst of a change";
-        ZelLoop::restart();
-        EXPECT_TRUE(loop.run());
-    }
-    taken();
-    ZelLoop again;
-    EXPECT_EQ(taken().size(), 8U) << "the whole start once more";
-    EXPECT_FALSE(ZelLoop::isFinished());
-    steps(again, 5);
-    EXPECT_EQ(StatesMachine::getInstance().getActiveState(), nullptr);
-    steps(again, 1);
-    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"}));
-}
-
 TEST_F(ZelLoopTest, PausesOnce) {
     ZelLoop loop;
     steps(loop, 60);
@@ -165,17 +139,6 @@ TEST_F(ZelLoopTest, PausesOnce) {
     EXPECT_EQ(lines.linesWith("onContinue finished"), 1);
     EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U) << "the rare task is back";
     setSuspendStep(ShutdownStep::Sounds, nullptr, nullptr);
-}
-
-TEST_F(ZelLoopTest, GoesOnOnlyWhereSomethingRuns) {
-    {
-        ZelLoop loop;
-        ZelLoop::onPause();
-    }
-    ZelLoop::onContinue();
-    EXPECT_FALSE(HighLevelScheduler::exists());
-    ZelLoop loop;
-    EXPECT_EQ(HighLevelScheduler::getInstance().getTaskCount(), 1U) << "the rare task, once";
 }
 
 } // namespace
