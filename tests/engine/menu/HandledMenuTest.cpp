@@ -7,7 +7,6 @@
 #include "engine/menu/MenuOverlay.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
-#include "engine/window/HighLevelScheduler.h"
 #include "engine/window/Platform.h"
 #include "engine/window/StatesMachine.h"
 #include "tests/engine/menu/ScreenDriver.h"
@@ -149,16 +148,6 @@ TEST_F(HandledMenuTest, GoesOnByItself) {
     EXPECT_TRUE(driver->untilIdle("B"));
 }
 
-TEST_F(HandledMenuTest, LosesItsElementsOnLeave) {
-    start(Screen);
-    EXPECT_TRUE(HighLevelScheduler::getInstance().hasTask(menu));
-    driver->press("go");
-    EXPECT_EQ(menu->getWidgets().size(), 2U) << "still there while it fades";
-    ASSERT_TRUE(driver->untilIdle("B"));
-    EXPECT_TRUE(menu->getWidgets().empty());
-    EXPECT_TRUE(menu->getTextAreas().empty());
-}
-
 TEST_F(HandledMenuTest, StartsAfreshWhenAFadeWasOvertaken) {
     start(Screen);
     StatesMachine& machine = StatesMachine::getInstance();
@@ -199,14 +188,6 @@ TEST_F(HandledMenuTest, SaysWhyAnElementCannotBeMade) {
           "[Menu] TextArea z does not exist in layout L", "[Menu] Layout identifier unknown",
           "[StandardMenu] Added widget=x text= transition="})
         EXPECT_TRUE(driver->log.holds(line)) << line;
-}
-
-TEST_F(HandledMenuTest, RunsAOneLineSectionOnce) {
-    start("init:\nonenter:\nsetlocalflag entered on\n");
-    EXPECT_TRUE(menu->getLocalFlag("entered"));
-    menu->setLocalFlag("entered", false);
-    menu->onEnter();
-    EXPECT_FALSE(menu->getLocalFlag("entered")) << "its answer says that there is no section";
 }
 
 TEST_F(HandledMenuTest, KeepsElementsOverAPause) {

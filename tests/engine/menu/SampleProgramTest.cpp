@@ -102,37 +102,6 @@ TEST_F(SampleProgram, SetsTexts) {
     go("menuBack", "Start");
 }
 
-TEST_F(SampleProgram, LaysOutAnUnchangedTextOnce) {
-    go("toTexts", "Texts");
-    const Text& label = driver->menu().getTextArea("left")->getLabel();
-    const Text& onButton = driver->widget("menuBack")->getLabel();
-    const int32_t before = label.layoutCount() + onButton.layoutCount();
-    for (int32_t frame = 0; frame < 20; ++frame)
-        driver->step();
-    EXPECT_EQ(label.layoutCount() + onButton.layoutCount(), before);
-}
-
-TEST_F(SampleProgram, PlacesElementsAndPictures) {
-    go("toPlaces", "Places");
-    EXPECT_EQ(driver->text("onTablet"), "tablet") << "the design has a tablet's size";
-    const StateOverlay* before = driver->menu().getBackgroundOverlay();
-    EXPECT_NE(before, nullptr);
-    driver->press("corner");
-    EXPECT_NE(driver->menu().getBackgroundOverlay(), before) << "other options, another overlay";
-    driver->press("centre");
-    EXPECT_NE(driver->menu().getForegroundOverlay(), nullptr);
-}
-
-TEST_F(SampleProgram, SpeaksThePlayersLanguage) {
-    EXPECT_EQ(driver->text("title"), "Sample program");
-    driver.reset();
-    driver = std::make_unique<ScreenDriver>(SAMPLE_FOLDER, "de_AT.UTF-8");
-    ASSERT_TRUE(driver->untilIdle("Start"));
-    EXPECT_EQ(driver->text("title"), "Beispielprogramm");
-    go("toTexts", "Texts");
-    EXPECT_EQ(driver->text("number").substr(0, 11), "Text Nummer");
-}
-
 TEST_F(SampleProgram, MovesElementsInAndOut) {
     driver->press("toMoving");
     StatesMachine& machine = StatesMachine::getInstance();

@@ -130,32 +130,6 @@ TEST(MenuConfigFile, RefusesIncludesThatAreNestedTooDeep) {
     EXPECT_EQ(log.linesWith("include of"), 1);
 }
 
-TEST(MenuConfigFile, ReadsUtf8AsWindows1252) {
-    const TemporaryFolder folder;
-    const LogCapture log;
-    for (const auto& [text, expected] :
-         {std::pair("init:\r\n\r\nsetlocalstring a \xC3\xA9\xE2\x82\xAC",
-                    "setlocalstring a \xE9\x80"),
-          {"init:\r\n\r\nsetlocalstring a \xE9\x80", "setlocalstring a \xE9\x80"},
-          {"init:\r\n\r\nsetlocalstring a \xC5\x81", "setlocalstring a ?"}}) {
-        MenuConfigFile script;
-        ASSERT_TRUE(script.load(folder.write("a.ini", text)));
-        EXPECT_EQ(script.getLines().back().text, expected);
-    }
-    EXPECT_EQ(log.linesWith("a.ini:3: Windows-1252 lacks the character U+0141"), 1) << log.text();
-    EXPECT_EQ(log.linesWith("lacks"), 1);
-}
-
-TEST(MenuConfigFile, NumbersTheLinesOfATextAsAnEditorDoes) {
-    for (const std::string end : {"\n", "\r\n", "\r"}) {
-        MenuConfigFile file;
-        file.loadText("init:" + end + end + "onenter:" + end + end + "#" + end + "reset:", "ends");
-        ASSERT_EQ(file.getLines().size(), 3U);
-        EXPECT_EQ(file.getLines()[1].number, "3") << end.size();
-        EXPECT_EQ(file.getLines()[2].number, "6") << end.size();
-    }
-}
-
 TEST(MenuConfigFile, TellsOfLinesBeyondTheMost) {
     ScreenDriver driver({{"A", "init:\n"}});
     std::string text = "init:\n";

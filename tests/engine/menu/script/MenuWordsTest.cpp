@@ -4,7 +4,6 @@
 
 #include "engine/menu/script/PlatformCondition.h"
 #include "engine/menu/style/Bounds.h"
-#include "engine/menu/style/Layout.h"
 #include "engine/menu/style/OverlayOptions.h"
 #include "tests/support/Printers.h"
 
@@ -84,19 +83,6 @@ TEST(PlatformCondition, KeepsSixWordsBehindIt) {
     EXPECT_EQ(conditionalLine(splitWords("@(tablet) addwidget a b c d e f g")),
               "addwidget a b c d e");
     EXPECT_EQ(conditionalLine({"@tablet"}), "");
-}
-
-TEST(Layout, CountsPlacesFromOriginToHandle) {
-    ElementDefinition element;
-    element.rect = {-32, -32, 160, 48};
-    element.origin = element.handle = AlignRight | AlignBottom;
-    // 1024 - 32 - 160 and 768 - 32 - 48
-    EXPECT_EQ(element.restingRect().x, 832);
-    EXPECT_EQ(element.restingRect().y, 688);
-    element.rect = {0, 10, 240, 48};
-    element.origin = element.handle = AlignHCenter | AlignVCenter;
-    EXPECT_EQ(element.restingRect().x, 392);
-    EXPECT_EQ(element.restingRect().y, 370);
 }
 
 TEST(Bounds, MovesInAndOutByTheirOwnOffsets) {

@@ -6,7 +6,6 @@
 #include "engine/graphics/Image.h"
 #include "engine/menu/MenuOverlay.h"
 #include "engine/menu/style/ThemeHandler.h"
-#include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/menu/ScreenDriver.h"
@@ -103,20 +102,6 @@ TEST_F(ThemeTest, GivesAWidgetAnotherKind) {
     EXPECT_EQ(driver->widget("plain")->getKind(), "switch");
 }
 
-TEST_F(ThemeTest, TintsImages) {
-    start(Styled);
-    std::vector<Canvas::Record> records;
-    Canvas::getInstance().setRecorder(&records);
-    menu->render();
-    Canvas::getInstance().setRecorder(nullptr);
-    ASSERT_GE(records.size(), 2U);
-    EXPECT_EQ(records[0].target, (Rect{128, 0, 768, 768})) << "the background, its aspect kept";
-    bool isTinted = false;
-    for (const Canvas::Record& record : records)
-        isTinted = isTinted || (record.target == Rect{0, 0, 10, 10} && record.argb == 0x80FFFFFF);
-    EXPECT_TRUE(isTinted);
-}
-
 TEST_F(ThemeTest, DrawsEachLookInItsColoursAndTheMissingPictureAsTheActiveOne) {
     start(R"(
 onenter:
@@ -209,16 +194,4 @@ TEST(ThemeHandler, StartsOver) {
     handler.defineTheme("office");
     EXPECT_TRUE(handler.find("office")->fonts.empty()) << "a second definition starts over";
     ThemeHandler::release();
-}
-
-TEST(TextArea, TellsOfFonts) {
-    LogCapture log;
-    TextArea area("note");
-    area.setText("text");
-    area.setText("more");
-    EXPECT_EQ(log.linesWith("[TextArea] internalUpdate() has no font"), 1);
-    area.setFont({String(), 3}, {"a"});
-    EXPECT_TRUE(log.holds("Font with fontIndex=3 does not exist"));
-    area.setFont({"none/such", -1}, {});
-    EXPECT_TRUE(log.holds("Font cannot be loaded"));
 }

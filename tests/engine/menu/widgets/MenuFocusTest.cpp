@@ -82,30 +82,12 @@ TEST_F(MenuFocusTest, AKeyThatIsHeldHitsOnce) {
     EXPECT_EQ(driver.menu().getLocalString("hit"), "a");
 }
 
-TEST_F(MenuFocusTest, SkipsWhatCannotBePressed) {
-    driver.widget("b")->setActive(false);
-    driver.widget("c")->setVisible(false);
-    EXPECT_EQ(keys({KeyTab, KeyTab}), "a d ");
-    driver.widget("d")->setActive(false);
-    driver.step();
-    EXPECT_EQ(focus(), "") << "it loses the focus with its activity";
-}
-
 TEST_F(MenuFocusTest, GoesWithThePointer) {
     keys({KeyTab});
     driver.moveTo(700, 700);
     driver.step();
     EXPECT_EQ(focus(), "");
     EXPECT_FALSE(driver.widget("a")->isFocused());
-}
-
-TEST_F(MenuFocusTest, EscapeGoesBack) {
-    driver.widget("menuBack")->setActive(false);
-    driver.key(KeyEscape);
-    EXPECT_TRUE(driver.untilIdle("A"));
-    driver.widget("menuBack")->setActive(true);
-    driver.key(KeyEscape);
-    EXPECT_TRUE(driver.untilIdle("B"));
 }
 
 TEST_F(MenuFocusTest, HitsTheOnlyWidgetThereIs) {
@@ -237,19 +219,4 @@ TEST_F(MenuFocusTest, EditsTheTextOfAField) {
     EXPECT_EQ(driver.text("name"), "ac");
     field.setText("xyz");
     EXPECT_EQ(driver.text("name"), "xy");
-}
-
-TEST_F(MenuFocusTest, TypesIntoAField) {
-    driver.press("name");
-    EXPECT_EQ(focus(), "name");
-    for (const char letter : {'R', 'e', 'n', '\xe9', ' ', '!'})
-        driver.key(static_cast<uint8_t>(letter), letter);
-    driver.key(KeyBackspace, 8);
-    EXPECT_EQ(driver.text("name"), "Ren\xe9 ") << "a blank is typed, no hit";
-    driver.key(KeyTab);
-    EXPECT_EQ(focus(), "menuBack");
-    driver.key('x', 'x');
-    EXPECT_EQ(driver.text("name"), "Ren\xe9 ");
-    driver.widget("name")->setText("Other");
-    EXPECT_EQ(driver.text("name"), "Other");
 }

@@ -119,17 +119,6 @@ TEST_F(WidgetTest, ShowsWhatIsDoneToIt) {
     EXPECT_FALSE(widget->wasHit()) << "nor hit";
 }
 
-TEST_F(WidgetTest, ForgetsEverythingWhenHidden) {
-    moveTo(250);
-    button(true);
-    ASSERT_TRUE(widget->isArmed());
-    widget->setVisible(false);
-    driver->step();
-    widget->setVisible(true);
-    button(false);
-    EXPECT_EQ(hits(), "none");
-}
-
 TEST_F(WidgetTest, TakesATapBetweenTwoFrames) {
     tap();
     driver->step();
@@ -165,19 +154,6 @@ TEST_F(WidgetTest, IsDeafDuringAFade) {
     driver->press("b");
     EXPECT_EQ(hits(), "once");
     EXPECT_GE(driver->log.linesWith("none.wav"), 1) << "it is missed where it is to sound";
-}
-
-TEST_F(WidgetTest, KeepsAPressThatAFadeOvertakes) {
-    moveTo(250);
-    button(true);
-    machine.setActiveState(machine.getState("B"));
-    steps(6);
-    ASSERT_NE(machine.getPhase(), StatesMachine::Idle);
-    EXPECT_TRUE(widget->isArmed());
-    EXPECT_FALSE(widget->wasHit()) << "a hit is the release, not the fade";
-    button(false);
-    EXPECT_TRUE(widget->wasHit());
-    EXPECT_EQ(hits(), "none");
 }
 
 TEST_F(WidgetTest, FollowsItsTransition) {
