@@ -138,16 +138,14 @@ FlightSummary summarise(const Mission& mission, const FlightCourse& flight) {
     for (const Event& event : flight.events) {
         if (event.kind != EventKind::Destroyed || event.target >= 2 * planes)
             continue;
-        const size_t victim =
-            static_cast<size_t>(event.target < planes ? event.target : event.target - planes);
+        const int32_t victim = event.target < planes ? event.target : event.target - planes;
         if (counted[victim])
             continue; // the man counts with his plane
         counted[victim] = true;
         if (event.attacker < 0 || event.attacker >= planes)
             continue;
-        const size_t victor = static_cast<size_t>(event.attacker);
-        if (mission.planes[victor].coalition != mission.planes[victim].coalition)
-            ++summary.planes[victor].victories;
+        if (mission.planes[event.attacker].coalition != mission.planes[victim].coalition)
+            ++summary.planes[event.attacker].victories;
     }
     return summary;
 }

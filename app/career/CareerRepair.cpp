@@ -75,8 +75,8 @@ private:
     void repairSlots() {
         int32_t faults = 0;
         std::vector<bool> placed(career.pilots.size());
-        for (size_t i = 0; i < career.squadrons.size(); ++i) {
-            Squadron& squadron = career.squadrons[i];
+        for (int32_t i = 0; i < career.squadronCount(); ++i) {
+            Squadron& squadron = career.squadron(i);
             checkIndex(squadron.squadronFile, career.squadronFiles.size(), int16_t(-1), faults);
             const int32_t listed = std::min<int32_t>(squadron.pilotCount, SlotCount);
             int32_t kept = 0;
@@ -86,8 +86,8 @@ private:
                     continue;
                 placed[pilot] = true;
                 Pilot& holder = career.pilot(pilot);
-                faults += holder.squadron != static_cast<int32_t>(i);
-                holder.squadron = static_cast<int32_t>(i);
+                faults += holder.squadron != i;
+                holder.squadron = i;
                 squadron.slots[kept++] = pilot;
             }
             faults += kept != squadron.pilotCount;

@@ -52,14 +52,18 @@ public:
     uint32_t careerSeed() const;
     bool hasCareer() const { return !squadrons.empty() && !pilots.empty(); }
     Calendar calendar() const { return {year, month, day}; }
-    bool isPilot(int32_t index) const {
-        return index >= 0 && static_cast<size_t>(index) < pilots.size();
-    }
-    bool isSquadron(int32_t index) const {
-        return index >= 0 && static_cast<size_t>(index) < squadrons.size();
-    }
-    bool isPilotFile(int32_t index) const {
-        return index >= 0 && static_cast<size_t>(index) < pilotFiles.size();
+    int32_t pilotCount() const { return static_cast<int32_t>(pilots.size()); }
+    int32_t squadronCount() const { return static_cast<int32_t>(squadrons.size()); }
+    int32_t squadronFileCount() const { return static_cast<int32_t>(squadronFiles.size()); }
+    int32_t pilotFileCount() const { return static_cast<int32_t>(pilotFiles.size()); }
+    bool isPilot(int32_t index) const { return index >= 0 && index < pilotCount(); }
+    bool isSquadron(int32_t index) const { return index >= 0 && index < squadronCount(); }
+    bool isSquadronFile(int32_t index) const { return index >= 0 && index < squadronFileCount(); }
+    bool isPilotFile(int32_t index) const { return index >= 0 && index < pilotFileCount(); }
+    /// Adds a pilot, who is in no slot yet. Returns his index.
+    int32_t addPilot(const Pilot& pilot) {
+        pilots.push_back(pilot);
+        return pilotCount() - 1;
     }
 
     // The records by their indices. On error: a log line at level 2 and a blank record; what is

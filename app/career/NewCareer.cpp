@@ -91,7 +91,7 @@ void choosePlayer(Database& career, int32_t service) {
         return;
     }
 
-    const auto lastSquadron = static_cast<int32_t>(career.squadrons.size()) - 1;
+    const int32_t lastSquadron = career.squadronCount() - 1;
     for (int32_t counter = 1;; ++counter) {
         const Squadron& drawn = career.squadron(career.random.getInt(0, lastSquadron));
         career.playerPilot = drawn.slots[0];
@@ -115,7 +115,7 @@ void choosePlayer(Database& career, int32_t service) {
 } // namespace
 
 int32_t addSquadron(Database& career, int32_t nation) {
-    const auto index = static_cast<int32_t>(career.squadrons.size());
+    const int32_t index = career.squadronCount();
     career.squadrons.push_back(blank<Squadron>());
     career.squadrons.back().nation = static_cast<uint16_t>(nation);
     for (int32_t i = 0; i < PilotsOfNewSquadron; ++i) {
@@ -124,8 +124,7 @@ int32_t addSquadron(Database& career, int32_t nation) {
         pilot.squadron = index;
         const int32_t highestSkill = career.random.getInt(LeastHighestSkill, MostHighestSkill);
         pilot.skill = static_cast<uint8_t>(career.random.getInt(0, highestSkill));
-        const auto pilotIndex = static_cast<int32_t>(career.pilots.size());
-        if (pilotIndex != career.playerPilot) {
+        if (career.pilotCount() != career.playerPilot) {
             const int32_t widest = career.random.getInt(LeastMissions, MostMissions);
             const int32_t wide = career.random.getInt(0, widest);
             const int32_t narrow = career.random.getInt(0, wide);
@@ -133,9 +132,8 @@ int32_t addSquadron(Database& career, int32_t nation) {
         }
         pilot.alive = 1;
         pilot.nation = static_cast<uint16_t>(nation);
-        career.pilots.push_back(pilot);
         Squadron& squadron = career.squadrons.back();
-        squadron.slots[squadron.pilotCount++] = pilotIndex;
+        squadron.slots[squadron.pilotCount++] = career.addPilot(pilot);
     }
     assignBase(career, index, isAllied(nation), true);
     return index;
@@ -164,8 +162,8 @@ void createCareer(Database& career, int32_t service) {
     const size_t planned = std::max(career.squadronFiles.size(), SquadronsOfWar);
     career.squadrons.reserve(planned);
     career.pilots.reserve(planned * PilotsOfNewSquadron);
-    for (size_t i = 0; i < career.squadronFiles.size(); ++i)
-        makeHistoricalSquadron(career, static_cast<int32_t>(i));
+    for (int32_t i = 0; i < career.squadronFileCount(); ++i)
+        makeHistoricalSquadron(career, i);
     while (career.squadrons.size() < SquadronsOfWar)
         addSquadron(career, NationsInTurn[career.squadrons.size() % 3]);
 

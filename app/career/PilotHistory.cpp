@@ -138,8 +138,7 @@ private:
         joining.pilotFile = fileIndex;
         PilotFile& file = career.pilotFile(fileIndex);
         file.joined = 1;
-        file.pilotIndex = *slot = static_cast<int32_t>(career.pilots.size());
-        career.pilots.push_back(joining);
+        file.pilotIndex = *slot = career.addPilot(joining);
         if (zel::isLogged("Database", zel::LogInfo))
             zel::log(zel::String("Pilot ") + name + " joins squadron " +
                          zel::arrayText(career.squadron(squadron).key) +
@@ -188,13 +187,13 @@ private:
 void applyHistory(Database& career) {
     const zel::String today = career.calendar().dateText();
     PilotPostings postings(career);
-    for (size_t i = 0; i < career.pilotFiles.size(); ++i) {
-        const int32_t joined = career.pilotFiles[i].pilotIndex;
+    for (int32_t i = 0; i < career.pilotFileCount(); ++i) {
+        const int32_t joined = career.pilotFile(i).pilotIndex;
         if (!career.isPilot(joined) || career.pilot(joined).alive != 0)
-            postings.applyFile(static_cast<int32_t>(i), today);
+            postings.applyFile(i, today);
     }
-    for (size_t i = 0; i < career.squadrons.size(); ++i)
-        fillVacantSlots(career, static_cast<int32_t>(i));
+    for (int32_t i = 0; i < career.squadronCount(); ++i)
+        fillVacantSlots(career, i);
 }
 
 bool applyPilotEvent(Database& career, std::string_view name, const std::vector<DataToken>& tokens,

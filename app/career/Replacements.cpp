@@ -38,8 +38,7 @@ void fillVacantSlots(Database& career, int32_t squadron) {
             continue;
         Pilot made = makeReplacement(career, squadron);
         made.skill = drawSkill(career.random);
-        const auto coming = static_cast<int32_t>(career.pilots.size());
-        career.pilots.push_back(made);
+        const int32_t coming = career.addPilot(made);
         if (leaving == career.playerPilot)
             career.playerPilot = coming;
         filled.slots[slot] = coming;

@@ -65,7 +65,7 @@ zel::String unitName(int32_t number) {
 bool hasUnitName(int32_t number) { return rangeOf(number) != nullptr; }
 
 int32_t unitNumber(const Database& career, int32_t squadronFile) {
-    if (squadronFile < 0 || static_cast<size_t>(squadronFile) >= career.squadronFiles.size())
+    if (!career.isSquadronFile(squadronFile))
         return -1;
     return zel::toInt(zel::arrayText(career.squadronFile(squadronFile).key));
 }

@@ -127,7 +127,7 @@ bool PlanDraw::chooseSide(bool allied, bool withPlayer, PlannedSide& side) {
 /// The player's squadron, or one of the side by repeated draws; an Allied candidate's type is drawn
 /// with him, whether he is taken or not. -1, with a log line, if no draw finds one.
 int32_t PlanDraw::drawSquadron(bool allied, bool isPlayers, zel::String* alliedType) {
-    const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
+    const int32_t last = career.squadronCount() - 1;
     for (int32_t attempt = 0; attempt < MostAttempts && last >= 0; ++attempt) {
         const int32_t candidate = isPlayers ? career.player().squadron : random.getInt(0, last);
         const int32_t nation = career.squadron(candidate).nation;

@@ -39,10 +39,10 @@ zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& 
     const bool dead = pilot.dead != 0;
     if (pilot.shotdownBy >= 0)
         return textOf(dead ? wording::KilledBy : wording::ShotdownBy,
-                      {pilots[static_cast<size_t>(pilot.shotdownBy)].name});
+                      {pilots[pilot.shotdownBy].name});
     if (pilot.shotdownByOwn >= 0)
         return textOf(dead ? wording::KilledByOwn : wording::ShotdownByOwn,
-                      {pilots[static_cast<size_t>(pilot.shotdownByOwn)].name});
+                      {pilots[pilot.shotdownByOwn].name});
     return textOf(wording::Crashed);
 }
 

@@ -65,7 +65,7 @@ bool invitationDue(Database& career) {
 
 int32_t pickInvitationSquadron(const Database& career) {
     const Pilot& player = career.player();
-    const auto last = static_cast<int32_t>(career.squadrons.size()) - 1;
+    const int32_t last = career.squadronCount() - 1;
     float bestScore = -1.0F;
     int32_t best = -1;
     for (int32_t i = 0; i < Tries; ++i) {

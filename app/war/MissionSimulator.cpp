@@ -68,15 +68,14 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
     uint16_t allied = 0;
     uint16_t central = 0;
     for (int32_t i = 0; i < places; ++i) {
-        const PilotReport& pilot = pilots[static_cast<size_t>(i)];
+        const PilotReport& pilot = pilots[i];
         const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
-        fighters[static_cast<size_t>(i)] = {attackOf(pilot, level), defenceOf(pilot, level),
-                                            pilot.skill};
+        fighters[i] = {attackOf(pilot, level), defenceOf(pilot, level), pilot.skill};
         uint16_t& side = isAllied(pilot.country) ? allied : central;
         side = static_cast<uint16_t>(side | (1U << i));
     }
     for (int32_t i = 0; i < places; ++i)
-        opponents[static_cast<size_t>(i)] = (allied >> i & 1) != 0 ? central : allied;
+        opponents[i] = (allied >> i & 1) != 0 ? central : allied;
     const uint32_t firstSide = (allied & 1) != 0 ? allied : central;
     front = 0;
     while ((firstSide >> front & 1) != 0)
@@ -105,7 +104,7 @@ bool MissionSimulator::fightStep() {
         return true;
     const int32_t attacker = random.getIntUpTo<FightPlaces - 1>();
     const int32_t target = random.getIntUpTo<FightPlaces - 1>();
-    if ((opponents[static_cast<size_t>(attacker)] >> target & 1) == 0)
+    if ((opponents[attacker] >> target & 1) == 0)
         return false;
     if (const uint32_t* values = random.ahead(ReadyDraws::MostOfMeeting)) {
         ReadyDraws draws(random, values);
@@ -117,8 +116,8 @@ bool MissionSimulator::fightStep() {
 
 template <typename Draws>
 bool MissionSimulator::meet(Draws& draws, int32_t attackerPlace, int32_t targetPlace) {
-    const Fighter& attacker = fighters[static_cast<size_t>(attackerPlace)];
-    const Fighter& target = fighters[static_cast<size_t>(targetPlace)];
+    const Fighter& attacker = fighters[attackerPlace];
+    const Fighter& target = fighters[targetPlace];
     float value = draws.getFloat(attacker.attack);
     value += draws.getFloat(attacker.attack);
     value -= draws.getFloat(target.defence);
@@ -134,7 +133,7 @@ bool MissionSimulator::meet(Draws& draws, int32_t attackerPlace, int32_t targetP
     float injury = 0;
     if (hit > fight::LeastWoundingHit)
         injury = static_cast<float>(draws.template getInt<fight::WoundDraw>()) * fight::WoundStep;
-    PilotReport& victim = pilots[static_cast<size_t>(targetPlace)];
+    PilotReport& victim = pilots[targetPlace];
     victim.damage += hit;
     victim.injury += injury;
     return victim.damage >= fight::DamageThatDowns && takeOut(draws, attackerPlace, targetPlace);
@@ -143,7 +142,7 @@ bool MissionSimulator::meet(Draws& draws, int32_t attackerPlace, int32_t targetP
 template <typename Draws>
 bool MissionSimulator::takeOut(Draws& draws, int32_t attacker, int32_t target) {
     draws.template getInt<fight::DroppedDraw>(); // the sequence of draws is part of every career
-    PilotReport& victim = pilots[static_cast<size_t>(target)];
+    PilotReport& victim = pilots[target];
     victim.shotDown = 1;
     victim.finished = 1;
     if (victim.injury >= fight::InjuryThatKills) {
@@ -151,9 +150,9 @@ bool MissionSimulator::takeOut(Draws& draws, int32_t attacker, int32_t target) {
         victim.killCount = 1;
     }
     victim.shotdownBy = attacker;
-    pilots[static_cast<size_t>(attacker)].kills.push_back(target);
+    pilots[attacker].kills.push_back(target);
 
-    opponents[static_cast<size_t>(target)] = 0;
+    opponents[target] = 0;
     for (uint16_t& others : opponents)
         others = static_cast<uint16_t>(others & ~(1U << target));
     --(isAllied(victim.country) ? alliedLeft : centralLeft);

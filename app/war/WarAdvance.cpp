@@ -104,9 +104,9 @@ void advancePeriod(Database& career, MissionGenerator* generator, const Stretch*
     career.activateSquadrons(career.year, career.month, career.day);
     if (generator != nullptr)
         fightPeriod(career, *generator, stretch);
-    for (size_t i = 0; i < career.squadrons.size(); ++i)
+    for (int32_t i = 0; i < career.squadronCount(); ++i)
         if (zel::random(0, SquadronsPerMove - 1) == 0)
-            assignBase(career, static_cast<int32_t>(i), isAllied(career.squadrons[i].nation), true);
+            assignBase(career, i, isAllied(career.squadron(i).nation), true);
     career.applyHistory();
 }
 

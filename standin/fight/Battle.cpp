@@ -19,7 +19,7 @@ Battle::Battle(const Mission& mission, const FightOptions& options, zel::Random&
     fightLimit = std::min(orders, attackTime + draw(300, 1200));
     meddleTime = attackTime + draw(60, 240);
     humanLands = chance(0.75);
-    for (size_t i = 0; i < fighters.size(); ++i) {
+    for (int32_t i = 0; i < count(); ++i) {
         const Plane& plane = mission.planes[i];
         Fighter& fighter = fighters[i];
         fighter.position = plane.position;
@@ -56,11 +56,11 @@ double Battle::draw(double from, double to) {
     return from + (to - from) * static_cast<double>(random.getFloat());
 }
 
-bool Battle::areEnemies(size_t a, size_t b) const {
+bool Battle::areEnemies(int32_t a, int32_t b) const {
     return mission.planes[a].coalition != mission.planes[b].coalition;
 }
 
-const StandInFigures& Battle::typeOf(size_t index) const {
+const StandInFigures& Battle::typeOf(int32_t index) const {
     return aircraftType(mission.planes[index].aircraft);
 }
 

@@ -52,20 +52,23 @@ protected:
         bool gliding = false; // falls under control
     };
 
+    int32_t count() const { return static_cast<int32_t>(fighters.size()); }
     bool isFlying(const Fighter& fighter) const;
     void endHumanAfter(double seconds);
     void tell(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
               const Vector& position, bool armourPiercing = false);
     double draw(double from, double to);
     bool chance(double probability) { return draw(0, 1) < probability; }
-    bool areEnemies(size_t a, size_t b) const;
-    const StandInFigures& typeOf(size_t index) const;
-    const Skill& skill(size_t index) const { return skillOf(mission.planes[index].level); }
-    int32_t bodyOf(size_t index) const { return static_cast<int32_t>(index + fighters.size()); }
-    double topSpeed(size_t index) const { return typeOf(index).speed / 3.6; }
+    bool areEnemies(int32_t a, int32_t b) const;
+    const StandInFigures& typeOf(int32_t index) const;
+    const Skill& skill(int32_t index) const { return skillOf(mission.planes[index].level); }
+    // Object numbers, see Event.
+    int32_t bodyOf(int32_t index) const { return index + count(); }
+    int32_t lastGun() const { return 2 * count() + static_cast<int32_t>(flight.guns.size()) - 1; }
+    double topSpeed(int32_t index) const { return typeOf(index).speed / 3.6; }
     /// At which it circles best, m/s. The types differ less in it than in their top speed.
-    double fightingSpeed(size_t index) const { return topSpeed(index) * 0.2 + 31; }
-    size_t human() const { return static_cast<size_t>(mission.human); }
+    double fightingSpeed(int32_t index) const { return topSpeed(index) * 0.2 + 31; }
+    int32_t human() const { return mission.human; }
 
     const Mission& mission;
     const FightOptions options;

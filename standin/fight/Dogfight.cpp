@@ -24,11 +24,11 @@ FlightCourse Dogfight::run() {
 }
 
 void Dogfight::step() {
-    for (size_t i = 0; i < fighters.size(); ++i) {
+    for (int32_t i = 0; i < count(); ++i) {
         decide(i);
         fly(i);
     }
-    for (size_t i = 0; i < fighters.size(); ++i)
+    for (int32_t i = 0; i < count(); ++i)
         fire(i);
     collide();
     fireGun();
@@ -39,7 +39,7 @@ void Dogfight::step() {
     time = static_cast<double>(tick) / TicksPerSecond;
 }
 
-void Dogfight::decide(size_t index) {
+void Dogfight::decide(int32_t index) {
     Fighter& fighter = fighters[index];
     if (!isFighting(fighter) || fighter.task == Task::Climb)
         return;
@@ -64,11 +64,11 @@ void Dogfight::decide(size_t index) {
 }
 
 /// The nearest enemy, if he is in front and not already somebody else's.
-void Dogfight::chooseTarget(size_t index) {
+void Dogfight::chooseTarget(int32_t index) {
     Fighter& fighter = fighters[index];
     double best = 0;
     int32_t chosen = Nobody;
-    for (size_t i = 0; i < fighters.size(); ++i) {
+    for (int32_t i = 0; i < count(); ++i) {
         const Fighter& other = fighters[i];
         const double away = distance(fighter.position, other.position);
         if (!areEnemies(index, i) || !isFlying(other) ||
@@ -77,13 +77,13 @@ void Dogfight::chooseTarget(size_t index) {
         const Vector towards = normalized(other.position - fighter.position);
         double cost = away + 200 * angleBetween(fighter.direction, towards) + draw(0, 150);
         cost += other.task == Task::Home ? 600 : 0;
-        cost -= fighter.target == static_cast<int32_t>(i) ? 250 : 0;
-        for (size_t friendly = 0; friendly < fighters.size(); ++friendly)
-            if (friendly != index && fighters[friendly].target == static_cast<int32_t>(i) &&
+        cost -= fighter.target == i ? 250 : 0;
+        for (int32_t friendly = 0; friendly < count(); ++friendly)
+            if (friendly != index && fighters[friendly].target == i &&
                 fighters[friendly].task == Task::Attack)
                 cost += 250;
         if (chosen == Nobody || cost < best) {
-            chosen = static_cast<int32_t>(i);
+            chosen = i;
             best = cost;
         }
     }
@@ -91,16 +91,16 @@ void Dogfight::chooseTarget(size_t index) {
 }
 
 /// An enemy behind him whose guns point his way.
-int32_t Dogfight::threatTo(size_t index) const {
+int32_t Dogfight::threatTo(int32_t index) const {
     const Fighter& fighter = fighters[index];
-    for (size_t i = 0; i < fighters.size(); ++i) {
+    for (int32_t i = 0; i < count(); ++i) {
         const Fighter& other = fighters[i];
         if (!areEnemies(index, i) || other.task != Task::Attack ||
             distance(other.position, fighter.position) > 350)
             continue;
         const Vector line = normalized(fighter.position - other.position);
         if (angleBetween(other.direction, line) < 0.35 && dot(fighter.direction, line) > 0.2)
-            return static_cast<int32_t>(i);
+            return i;
     }
     return Nobody;
 }
@@ -112,9 +112,9 @@ bool Dogfight::isFighting(const Fighter& fighter) const {
 bool Dogfight::isOver() const {
     if (time > fightLimit)
         return true;
-    for (size_t a = 0; a < fighters.size(); ++a)
-        for (size_t b = 0; b < a; ++b) {
-            const auto stillIn = [&](size_t i) {
+    for (int32_t a = 0; a < count(); ++a)
+        for (int32_t b = 0; b < a; ++b) {
+            const auto stillIn = [&](int32_t i) {
                 return isFighting(fighters[i]) || fighters[i].task == Task::Ground;
             };
             if (areEnemies(a, b) && stillIn(a) && stillIn(b))
@@ -123,7 +123,7 @@ bool Dogfight::isOver() const {
     return true;
 }
 
-void Dogfight::sendHome(size_t index) {
+void Dogfight::sendHome(int32_t index) {
     fighters[index].task = Task::Home;
     fighters[index].target = Nobody;
     if (index != human())
@@ -146,7 +146,7 @@ void Dogfight::tellPosition() {
 void Dogfight::checkEnd() {
     if (!fightOver && tick % TicksPerSecond == 0 && time > attackTime && isOver()) {
         fightOver = true;
-        for (size_t i = 0; i < fighters.size(); ++i)
+        for (int32_t i = 0; i < count(); ++i)
             if (isFighting(fighters[i]))
                 sendHome(i);
     }

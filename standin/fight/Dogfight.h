@@ -15,14 +15,14 @@ public:
 
 private:
     void step();
-    void decide(size_t index);
-    void chooseTarget(size_t index);
+    void decide(int32_t index);
+    void chooseTarget(int32_t index);
     bool isFighting(const Fighter& fighter) const;
     bool isOver() const;
-    void sendHome(size_t index);
+    void sendHome(int32_t index);
     void checkEnd();
     void tellPosition();
-    int32_t threatTo(size_t index) const;
+    int32_t threatTo(int32_t index) const;
 };
 
 } // namespace standin

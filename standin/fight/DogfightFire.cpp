@@ -17,11 +17,11 @@ constexpr int32_t Whole = 1000;
 
 } // namespace
 
-void DogfightFire::fire(size_t index) {
+void DogfightFire::fire(int32_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.task != Task::Attack || fighter.target == Nobody || fighter.rounds == 0)
         return;
-    const size_t target = static_cast<size_t>(fighter.target);
+    const int32_t target = fighter.target;
     if (!isFlying(fighters[target])) {
         fighter.target = Nobody;
         return;
@@ -48,17 +48,17 @@ void DogfightFire::fire(size_t index) {
         fighter.partRound -= 1;
         --fighter.rounds;
         if (chance(odds) && isFlying(fighters[target]))
-            hit(static_cast<int32_t>(index), target);
+            hit(index, target);
     }
 }
 
 /// A bullet into a plane: the man, the works, or a hole.
-void DogfightFire::hit(int32_t attacker, size_t target) {
+void DogfightFire::hit(int32_t attacker, int32_t target) {
     Fighter& fighter = fighters[target];
     fighter.lastAttacker = attacker;
     const bool inBody = chance(PilotShare);
     const bool armourPiercing = chance(ApShare);
-    const int32_t struck = inBody ? bodyOf(target) : static_cast<int32_t>(target);
+    const int32_t struck = inBody ? bodyOf(target) : target;
     tell(EventKind::Hit, attacker, struck, 0, fighter.position, armourPiercing);
     if (inBody) {
         hurtPilot(attacker, target, BulletWound);
@@ -71,7 +71,7 @@ void DogfightFire::hit(int32_t attacker, size_t target) {
         destroy(attacker, target);
 }
 
-void DogfightFire::hurtPilot(int32_t attacker, size_t target, int32_t amount) {
+void DogfightFire::hurtPilot(int32_t attacker, int32_t target, int32_t amount) {
     Fighter& fighter = fighters[target];
     const bool spared = options.woundHuman && !options.killHuman && target == human();
     if (!fighter.pilotAlive || (spared && fighter.wounds + amount >= Whole))
@@ -91,26 +91,26 @@ void DogfightFire::hurtPilot(int32_t attacker, size_t target, int32_t amount) {
     loseControl(target);
 }
 
-void DogfightFire::damagePlane(int32_t attacker, size_t target, int32_t amount) {
+void DogfightFire::damagePlane(int32_t attacker, int32_t target, int32_t amount) {
     Fighter& fighter = fighters[target];
     if (fighter.destroyed)
         return;
     fighter.damage += amount;
-    tell(EventKind::Damage, attacker, static_cast<int32_t>(target), amount, fighter.position);
+    tell(EventKind::Damage, attacker, target, amount, fighter.position);
     if (fighter.damage < Whole - 15)
         return;
     fighter.destroyed = true;
-    tell(EventKind::Destroyed, attacker, static_cast<int32_t>(target), 0, fighter.position);
+    tell(EventKind::Destroyed, attacker, target, 0, fighter.position);
     loseControl(target);
 }
 
 /// What is left of it goes at once: a wing, the tank, the engine.
-void DogfightFire::destroy(int32_t attacker, size_t target) {
+void DogfightFire::destroy(int32_t attacker, int32_t target) {
     const int32_t left = Whole - fighters[target].damage - random.getInt(0, 12);
     damagePlane(attacker, target, std::max(left, 5));
 }
 
-void DogfightFire::loseControl(size_t index) {
+void DogfightFire::loseControl(int32_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.task == Task::Fall || fighter.task == Task::Down)
         return;
@@ -120,23 +120,22 @@ void DogfightFire::loseControl(size_t index) {
     fighter.side = random.getInt(0, 1) == 0 ? 1 : -1;
 }
 
-void DogfightFire::crash(size_t index) {
+void DogfightFire::crash(int32_t index) {
     Fighter& fighter = fighters[index];
-    const int32_t plane = static_cast<int32_t>(index);
     const bool soft = fighter.gliding;
     fighter.task = Task::Down;
     if (!fighter.destroyed)
         destroy(Nobody, index);
     else if (chance(0.03))
-        tell(EventKind::Destroyed, Nobody, plane, 0, fighter.position); // the wreck, once more
+        tell(EventKind::Destroyed, Nobody, index, 0, fighter.position); // the wreck, once more
     if (fighter.pilotAlive)
         hurtInCrash(index, soft);
-    tell(EventKind::Landed, Nobody, plane, 0, fighter.position);
+    tell(EventKind::Landed, Nobody, index, 0, fighter.position);
     if (index == human())
         endHumanAfter(draw(5, 18));
 }
 
-void DogfightFire::hurtInCrash(size_t index, bool soft) {
+void DogfightFire::hurtInCrash(int32_t index, bool soft) {
     Fighter& fighter = fighters[index];
     bool dies = chance(soft ? 0.08 : 0.7);
     if (index == human() && (options.killHuman || options.woundHuman))
@@ -155,8 +154,8 @@ void DogfightFire::hurtInCrash(size_t index, bool soft) {
 
 /// Those who come too close may still miss each other.
 void DogfightFire::collide() {
-    for (size_t a = 0; a < fighters.size(); ++a)
-        for (size_t b = 0; b < a; ++b) {
+    for (int32_t a = 0; a < count(); ++a)
+        for (int32_t b = 0; b < a; ++b) {
             if (distance(fighters[a].position, fighters[b].position) > Apart ||
                 !isFlying(fighters[a]) || !isFlying(fighters[b]) || !chance(0.05))
                 continue;
@@ -166,8 +165,7 @@ void DogfightFire::collide() {
 }
 
 /// What the one does to the other by flying into it.
-void DogfightFire::ram(size_t other, size_t target) {
-    const int32_t attacker = static_cast<int32_t>(other);
+void DogfightFire::ram(int32_t attacker, int32_t target) {
     if (chance(0.6))
         destroy(attacker, target);
     else
@@ -182,7 +180,7 @@ void DogfightFire::placeGun() {
     const Vector aside{draw(-200, 200), 0, draw(-200, 200)};
     Vector place = fighter.position + way * share + aside;
     place.y = ground;
-    for (size_t i = 0; i < fighters.size(); ++i)
+    for (int32_t i = 0; i < count(); ++i)
         if (areEnemies(i, human())) {
             flight.guns.push_back({mission.planes[i].country, place});
             gunHits += random.getInt(2, 14);
@@ -197,18 +195,17 @@ void DogfightFire::fireGun() {
     if (!chance(0.06))
         return;
     --gunHits;
-    const size_t gun = 2 * fighters.size() + flight.guns.size() - 1;
-    hit(static_cast<int32_t>(gun), human());
+    hit(lastGun(), human());
 }
 
-int32_t DogfightFire::nearestEnemy(size_t index) const {
+int32_t DogfightFire::nearestEnemy(int32_t index) const {
     int32_t nearest = Nobody;
     double best = 2500; // further away nobody is believed to have fired
-    for (size_t i = 0; i < fighters.size(); ++i) {
+    for (int32_t i = 0; i < count(); ++i) {
         const double away = distance(fighters[i].position, fighters[index].position);
         if (!areEnemies(i, index) || !isFlying(fighters[i]) || away > best)
             continue;
-        nearest = static_cast<int32_t>(i);
+        nearest = i;
         best = away;
     }
     return nearest;
@@ -229,7 +226,7 @@ void DogfightFire::meddle() {
     }
     if (attacker == Nobody) {
         placeGun();
-        attacker = static_cast<int32_t>(2 * fighters.size() + flight.guns.size() - 1);
+        attacker = lastGun();
     }
     woundOrKill(attacker);
 }

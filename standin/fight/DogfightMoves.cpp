@@ -20,7 +20,7 @@ Vector rightOf(const Vector& direction) { return normalized({-direction.z, 0, di
 
 } // namespace
 
-void DogfightMoves::fly(size_t index) {
+void DogfightMoves::fly(int32_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.task == Task::Down)
         return;
@@ -36,7 +36,7 @@ void DogfightMoves::fly(size_t index) {
 }
 
 /// On the ground: a wait, a run, and off.
-void DogfightMoves::roll(size_t index) {
+void DogfightMoves::roll(int32_t index) {
     Fighter& fighter = fighters[index];
     fighter.untilTask -= StepSeconds;
     if (fighter.untilTask > 0)
@@ -46,10 +46,10 @@ void DogfightMoves::roll(size_t index) {
     if (fighter.speed < topSpeed(index) * 0.55)
         return;
     fighter.task = Task::Climb;
-    tell(EventKind::TakeOff, Nobody, static_cast<int32_t>(index), 0, fighter.position);
+    tell(EventKind::TakeOff, Nobody, index, 0, fighter.position);
 }
 
-void DogfightMoves::steer(size_t index) {
+void DogfightMoves::steer(int32_t index) {
     Fighter& fighter = fighters[index];
     fighter.throttle = 1;
     const Vector ahead = normalized({fighter.direction.x, 0, fighter.direction.z});
@@ -88,7 +88,7 @@ void DogfightMoves::steer(size_t index) {
 }
 
 /// After the target, ahead of it from near; never through it.
-void DogfightMoves::steerAttack(size_t index) {
+void DogfightMoves::steerAttack(int32_t index) {
     Fighter& fighter = fighters[index];
     const int32_t area = std::max(mission.planes[index].area, 0);
     const AttackArea& hunt = mission.areas[area];
@@ -131,7 +131,7 @@ void DogfightMoves::steerHome(Fighter& fighter) const {
 }
 
 /// A turn to one side, for that long.
-void DogfightMoves::breakOff(size_t index, double seconds) {
+void DogfightMoves::breakOff(int32_t index, double seconds) {
     Fighter& fighter = fighters[index];
     fighter.task = Task::Evade;
     fighter.side = random.getInt(0, 1) == 0 ? 1 : -1;
@@ -140,9 +140,9 @@ void DogfightMoves::breakOff(size_t index, double seconds) {
 }
 
 /// Clear of the ground, as far as the pilot is careful, and of friends.
-void DogfightMoves::keepClear(size_t index) {
+void DogfightMoves::keepClear(int32_t index) {
     Fighter& fighter = fighters[index];
-    for (size_t i = 0; i < fighters.size(); ++i) {
+    for (int32_t i = 0; i < count(); ++i) {
         const Vector gap = fighter.position - fighters[i].position;
         if (i != index && !areEnemies(index, i) && length(gap) < FriendsApart)
             fighter.wanted = normalized(fighter.wanted + normalized(gap));
@@ -163,8 +163,9 @@ void DogfightMoves::keepClear(size_t index) {
     fighter.wanted = normalized(fighter.wanted);
 }
 
-/// Turns the nose as far as plane and pilot can in a step. The share of it, 0 to 1, is the load.
-double DogfightMoves::turnNose(size_t index) {
+/// Turns the nose as far as plane and pilot can in a step. Returns the share used, 0 to 1: the
+/// load.
+double DogfightMoves::turnNose(int32_t index) {
     Fighter& fighter = fighters[index];
     const double slow = topSpeed(index) * 0.2 + 15;
     if (fighter.speed < slow && fighter.task != Task::Fall)
@@ -187,7 +188,7 @@ double DogfightMoves::turnNose(size_t index) {
 
 /// The engine against drag, height and turns. Its pull is what gives the type's climb at 0.7 of its
 /// top speed.
-void DogfightMoves::changeSpeed(size_t index, double load) {
+void DogfightMoves::changeSpeed(int32_t index, double load) {
     Fighter& fighter = fighters[index];
     const double top = topSpeed(index);
     const double pull = Gravity * typeOf(index).climb / (0.51 * 0.7 * top);
@@ -198,7 +199,7 @@ void DogfightMoves::changeSpeed(size_t index, double load) {
     fighter.speed = std::clamp(fighter.speed + change * StepSeconds, top * 0.4, top * 1.6);
 }
 
-void DogfightMoves::touchGround(size_t index) {
+void DogfightMoves::touchGround(int32_t index) {
     Fighter& fighter = fighters[index];
     if (fighter.position.y > ground)
         return;
@@ -208,7 +209,7 @@ void DogfightMoves::touchGround(size_t index) {
         return;
     }
     fighter.task = Task::Down;
-    tell(EventKind::Landed, Nobody, static_cast<int32_t>(index), 0, fighter.position);
+    tell(EventKind::Landed, Nobody, index, 0, fighter.position);
     if (index == human())
         endHumanAfter(draw(5, 18));
 }

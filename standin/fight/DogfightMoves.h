@@ -9,18 +9,18 @@ class DogfightMoves : protected DogfightFire {
 protected:
     using DogfightFire::DogfightFire;
 
-    void fly(size_t index);
-    void breakOff(size_t index, double seconds);
+    void fly(int32_t index);
+    void breakOff(int32_t index, double seconds);
 
 private:
-    void steer(size_t index);
-    void steerAttack(size_t index);
+    void steer(int32_t index);
+    void steerAttack(int32_t index);
     void steerHome(Fighter& fighter) const;
-    void keepClear(size_t index);
-    double turnNose(size_t index);
-    void changeSpeed(size_t index, double load);
-    void roll(size_t index);
-    void touchGround(size_t index);
+    void keepClear(int32_t index);
+    double turnNose(int32_t index);
+    void changeSpeed(int32_t index, double load);
+    void roll(int32_t index);
+    void touchGround(int32_t index);
 };
 
 } // namespace standin

@@ -31,10 +31,10 @@ void truncatePiece(std::string& piece, zel::Random& random) {
     for (size_t place = piece.find('\n'); place + 1 < piece.size();
          place = piece.find('\n', place + 1))
         starts.push_back(place + 1);
-    const int32_t last = static_cast<int32_t>(starts.size()) - 1;
-    const size_t start = starts[static_cast<size_t>(random.getInt(std::min(1, last), last))];
-    const size_t length = piece.find('\r', start) - start;
-    piece.resize(start + static_cast<size_t>(random.getInt(1, static_cast<int32_t>(length) - 1)));
+    const auto last = static_cast<int32_t>(starts.size()) - 1;
+    const size_t start = starts[random.getInt(std::min(1, last), last)];
+    const auto length = static_cast<int32_t>(piece.find('\r', start) - start);
+    piece.resize(start + random.getInt(1, length - 1));
 }
 
 } // namespace standin

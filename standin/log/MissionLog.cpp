@@ -59,7 +59,7 @@ public:
 private:
     void put(int32_t tick, const std::string& text);
     void nameObject(int32_t tick, int32_t object);
-    void nameGun(int32_t tick, size_t gun);
+    void nameGun(int32_t tick, int32_t gun);
     void writeStart();
     void writeFlights();
     void writeHuman();
@@ -67,7 +67,7 @@ private:
     void writeEvent(const Event& event);
     void writeObjective(const Objective& objective);
     void writeEnd();
-    void writeSortieEnd(size_t plane, int32_t tick);
+    void writeSortieEnd(int32_t plane, int32_t tick);
     int32_t breakOffTick();
 
     bool concernsHuman(int32_t object) const { return object == human || object == human + planes; }
@@ -126,7 +126,7 @@ void Writer::nameObject(int32_t tick, int32_t object) {
         return;
     named[object] = true;
     if (object >= 2 * planes) {
-        nameGun(tick, static_cast<size_t>(object - 2 * planes));
+        nameGun(tick, object - 2 * planes);
         return;
     }
     const bool isBody = object >= planes;
@@ -139,11 +139,10 @@ void Writer::nameObject(int32_t tick, int32_t object) {
                   " NAME:" + name + " PID:" + (isBody ? id(object - planes) : "-1"));
 }
 
-void Writer::nameGun(int32_t tick, size_t gun) {
+void Writer::nameGun(int32_t tick, int32_t gun) {
     const int32_t country = flight.guns[gun].country;
     const std::string type = isGerman(country) ? "LMG08AAA" : "HotchkissAAA";
-    put(tick, "12 ID:" + id(2 * planes + static_cast<int32_t>(gun)) + " TYPE:" + type +
-                  " COUNTRY:" + number(country) +
+    put(tick, "12 ID:" + id(2 * planes + gun) + " TYPE:" + type + " COUNTRY:" + number(country) +
                   " NAME:" + std::string(zel::String(type).toLower().view()) + " PID:-1");
 }
 
@@ -270,21 +269,19 @@ void Writer::writeEvent(const Event& event) {
     }
 }
 
-void Writer::writeSortieEnd(size_t plane, int32_t tick) {
-    const int32_t object = static_cast<int32_t>(plane);
+void Writer::writeSortieEnd(int32_t plane, int32_t tick) {
     const PlaneEnd& end = flight.planes[plane];
-    put(tick, "4 PLID:" + id(object) + " PID:" + id(object + planes) +
-                  " BUL:" + number(end.rounds) + " SH:0 BOMB:0 RCT:0 " + place(end.position, ","));
+    put(tick, "4 PLID:" + id(plane) + " PID:" + id(plane + planes) + " BUL:" + number(end.rounds) +
+                  " SH:0 BOMB:0 RCT:0 " + place(end.position, ","));
 }
 
 /// The human's sortie, his body, the mission; then the computer's pilots who live, by their ids.
 void Writer::writeEnd() {
-    const size_t humanPlane = static_cast<size_t>(human);
-    const PlaneEnd& end = flight.planes[humanPlane];
+    const PlaneEnd& end = flight.planes[human];
     const int32_t tick = flight.endTick;
-    writeSortieEnd(humanPlane, tick);
+    writeSortieEnd(human, tick);
     if (!end.pilotAlive && random.getInt(1, 100) <= 15)
-        writeSortieEnd(humanPlane, tick); // it happens with the dead
+        writeSortieEnd(human, tick); // it happens with the dead
     put(tick + 1, "16 BOTID:" + id(human + planes) + " POS" +
                       place(end.position + Vector{0.25, -0.25, -0.375}, ","));
     put(tick + 2, "7 ");
@@ -297,7 +294,7 @@ void Writer::writeEnd() {
             continue;
         nameObject(tick + 2, plane);
         nameObject(tick + 2, plane + planes);
-        writeSortieEnd(static_cast<size_t>(plane), tick + 2);
+        writeSortieEnd(plane, tick + 2);
     }
 }
 
