@@ -14,8 +14,8 @@ template <typename Records> auto& recordAt(Records& records, int32_t index, cons
     if (index >= 0 && static_cast<uint32_t>(index) < records.size())
         return records[index];
     logMissingRecord(kind, index);
-    using Record = std::remove_reference_t<decltype(records[0])>;
-    static std::remove_const_t<Record> none;
-    none = blank<std::remove_const_t<Record>>();
-    return static_cast<Record&>(none);
+    using RecordType = std::remove_reference_t<decltype(records[0])>;
+    static std::remove_const_t<RecordType> none;
+    none = blank<std::remove_const_t<RecordType>>();
+    return static_cast<RecordType&>(none);
 }

@@ -86,7 +86,7 @@ size_t clauseLength(std::string_view key) {
 // finds the same without making tokens: for each first colon of a token, the key in front of it and
 // the end of the value before that key.
 LogEvent::LogEvent(std::string_view text, size_t length) : line(text.data()) {
-    using Marks = ByteMarks<' ', ':'>;
+    using TokenMarks = ByteMarks<' ', ':'>;
     length = std::min(length, MostBytes);
     LogKey key = LogKey::Count; // of the value that is being read
     size_t valueStart = 0;
@@ -95,15 +95,15 @@ LogEvent::LogEvent(std::string_view text, size_t length) : line(text.data()) {
         if (key != LogKey::Count)
             spans[size_t(key)] = {uint16_t(valueStart), uint16_t(end - valueStart)};
     };
-    for (size_t start = 0; start < length; start += Marks::Width) {
-        Marks marks(text, start);
-        if (length - start < Marks::Width)
+    for (size_t start = 0; start < length; start += TokenMarks::Width) {
+        TokenMarks marks(text, start);
+        if (length - start < TokenMarks::Width)
             marks.keep(length - start);
         for (uint64_t colons = marks.second; colons != 0; colons &= colons - 1) {
-            const size_t colon = start + Marks::lowest(colons);
+            const size_t colon = start + TokenMarks::lowest(colons);
             const uint64_t below = (colons & (0 - colons)) - 1;
             if (const uint64_t blanks = marks.first & below; blanks != 0)
-                token = start + Marks::highest(blanks) + 1;
+                token = start + TokenMarks::highest(blanks) + 1;
             if (token < valueStart)
                 continue; // a further colon of the same token
             endValue(token);
@@ -116,7 +116,7 @@ LogEvent::LogEvent(std::string_view text, size_t length) : line(text.data()) {
             valueStart = colon + 1;
         }
         if (marks.first != 0)
-            token = start + Marks::highest(marks.first) + 1;
+            token = start + TokenMarks::highest(marks.first) + 1;
     }
     endValue(length);
 }

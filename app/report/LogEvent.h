@@ -44,16 +44,16 @@ private:
     static constexpr size_t MostPlainDigits = 9; // always fit an int32_t
 
     /// Part of the line, in bytes.
-    struct Span {
+    struct ValueSpan {
         uint16_t start = 0;
         uint16_t length = 0;
     };
     /// With the blanks around it.
     std::string_view rawValue(LogKey key) const {
-        const Span& span = spans[size_t(key)];
+        const ValueSpan& span = spans[size_t(key)];
         return {line + span.start, span.length};
     }
 
     const char* line;
-    std::array<Span, size_t(LogKey::Count)> spans;
+    std::array<ValueSpan, size_t(LogKey::Count)> spans;
 };

@@ -99,22 +99,22 @@ bool LogText::readPieces(const zel::String& folder, const zel::String& name) {
 
 /// Finds the lines of the text from `start` on, where a file begins.
 void LogText::splitFrom(size_t start) {
-    using Marks = ByteMarks<'\r', '\n'>;
+    using LineMarks = ByteMarks<'\r', '\n'>;
     const std::string_view all(text.get(), size);
     if (all.substr(start, ByteOrderMark.size()) == ByteOrderMark)
         start += ByteOrderMark.size();
     size_t lineStart = start;
     uint64_t endedBefore = 0; // bit 0: the byte in front of the present ones ends a line
-    for (; start < all.size(); start += Marks::Width) {
-        const Marks marks(all, start);
+    for (; start < all.size(); start += LineMarks::Width) {
+        const LineMarks marks(all, start);
         const uint64_t ends = marks.first | marks.second;
         // Of a run of ends the first one.
         for (uint64_t left = ends & ~(ends << 1 | endedBefore); left != 0; left &= left - 1) {
-            const size_t end = start + Marks::lowest(left);
+            const size_t end = start + LineMarks::lowest(left);
             addLine(lineStart, end);
             lineStart = end + 1;
         }
-        endedBefore = ends >> (Marks::Width - 1);
+        endedBefore = ends >> (LineMarks::Width - 1);
     }
     addLine(lineStart, all.size());
 }

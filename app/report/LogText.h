@@ -42,7 +42,7 @@ public:
 
 private:
     /// Part of the text, in bytes.
-    struct Span {
+    struct LineSpan {
         size_t start;
         size_t length;
     };
@@ -54,6 +54,6 @@ private:
     std::unique_ptr<char[]> text;
     size_t size = 0;     // bytes of it that are in use
     size_t capacity = 0; // bytes
-    std::vector<Span> lines;
+    std::vector<LineSpan> lines;
     bool unreadPiece = false;
 };

@@ -70,7 +70,7 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
     for (int32_t i = 0; i < places; ++i) {
         const PilotReport& pilot = pilots[i];
         const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
-        fighters[i] = {attackOf(pilot, level), defenceOf(pilot, level), pilot.skill};
+        figures[i] = {attackOf(pilot, level), defenceOf(pilot, level), pilot.skill};
         uint16_t& side = isAllied(pilot.country) ? allied : central;
         side = static_cast<uint16_t>(side | (1U << i));
     }
@@ -116,8 +116,8 @@ bool MissionSimulator::fightStep() {
 
 template <typename Draws>
 bool MissionSimulator::meet(Draws& draws, int32_t attackerPlace, int32_t targetPlace) {
-    const Fighter& attacker = fighters[attackerPlace];
-    const Fighter& target = fighters[targetPlace];
+    const FightFigures& attacker = figures[attackerPlace];
+    const FightFigures& target = figures[targetPlace];
     float value = draws.getFloat(attacker.attack);
     value += draws.getFloat(attacker.attack);
     value -= draws.getFloat(target.defence);

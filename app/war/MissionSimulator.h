@@ -39,7 +39,7 @@ public:
 
 private:
     /// What a record brings into every meeting; it doesn't change while the fight lasts.
-    struct Fighter {
+    struct FightFigures {
         float attack = 0;  // each of the two attack draws goes up to this
         float defence = 0; // and each defence draw up to this
         int32_t skill = 0;
@@ -49,7 +49,7 @@ private:
     template <typename Draws> bool takeOut(Draws& draws, int32_t attacker, int32_t target);
 
     std::vector<PilotReport> pilots;
-    std::array<Fighter, FightPlaces> fighters;     // only the first sixteen records can meet
+    std::array<FightFigures, FightPlaces> figures; // only the first sixteen records can meet
     std::array<uint16_t, FightPlaces> opponents{}; // bit t of place a: a may attack t
     int32_t front = 0;      // places of the first one's side if they come before all others, else 0
     int32_t alliedLeft = 0; // records still in the fight, of all places

@@ -28,15 +28,15 @@ Battle::Battle(const Mission& mission, const FightOptions& options, zel::Random&
         fighter.home.y = ground;
         fighter.rounds = typeOf(i).rounds;
         fighter.speed = plane.inAir ? topSpeed(i) * 0.8 : 0;
-        fighter.task = plane.inAir ? Task::Formation : Task::Ground;
+        fighter.task = plane.inAir ? FighterTask::Formation : FighterTask::Ground;
         fighter.untilTask = plane.inAir ? 0 : draw(15, 45);
         fighter.untilDecision = draw(0, 0.5);
     }
 }
 
 bool Battle::isFlying(const Fighter& fighter) const {
-    return fighter.pilotAlive && !fighter.destroyed && fighter.task != Task::Ground &&
-           fighter.task != Task::Fall && fighter.task != Task::Down;
+    return fighter.pilotAlive && !fighter.destroyed && fighter.task != FighterTask::Ground &&
+           fighter.task != FighterTask::Fall && fighter.task != FighterTask::Down;
 }
 
 /// The first reason counts.

@@ -27,10 +27,10 @@ class Battle {
 protected:
     Battle(const Mission& mission, const FightOptions& options, zel::Random& random);
 
-    enum class Task { Ground, Climb, Formation, Attack, Evade, Home, Fall, Down };
+    enum class FighterTask { Ground, Climb, Formation, Attack, Evade, Home, Fall, Down };
 
     struct Fighter {
-        Task task = Task::Formation;
+        FighterTask task = FighterTask::Formation;
         Vector position;
         Vector direction;    // of the nose and of the flight alike, length 1
         double speed = 0;    // m/s

@@ -17,9 +17,10 @@ FlightCourse Dogfight::run() {
     while (flight.endTick == 0 || tick + StepTicks <= flight.endTick)
         step();
     for (const Fighter& fighter : fighters)
-        flight.planes.push_back({fighter.pilotAlive, fighter.destroyed,
-                                 fighter.task == Task::Down || fighter.task == Task::Ground,
-                                 fighter.rounds, fighter.position});
+        flight.planes.push_back(
+            {fighter.pilotAlive, fighter.destroyed,
+             fighter.task == FighterTask::Down || fighter.task == FighterTask::Ground,
+             fighter.rounds, fighter.position});
     return std::move(flight);
 }
 
@@ -41,7 +42,7 @@ void Dogfight::step() {
 
 void Dogfight::decide(int32_t index) {
     Fighter& fighter = fighters[index];
-    if (!isFighting(fighter) || fighter.task == Task::Climb)
+    if (!isFighting(fighter) || fighter.task == FighterTask::Climb)
         return;
     fighter.untilDecision -= StepSeconds;
     if (fighter.untilDecision > 0)
@@ -52,14 +53,14 @@ void Dogfight::decide(int32_t index) {
         return;
     }
     const bool ordered = mission.planes[index].area >= 0 || index == human();
-    if (fighter.task == Task::Formation && ordered && time >= attackTime)
-        fighter.task = Task::Attack;
-    if (fighter.task != Task::Evade && threatTo(index) != Nobody &&
+    if (fighter.task == FighterTask::Formation && ordered && time >= attackTime)
+        fighter.task = FighterTask::Attack;
+    if (fighter.task != FighterTask::Evade && threatTo(index) != Nobody &&
         chance(skill(index).awareness)) {
         breakOff(index, draw(2.5, 6));
         return;
     }
-    if (fighter.task == Task::Attack)
+    if (fighter.task == FighterTask::Attack)
         chooseTarget(index);
 }
 
@@ -72,15 +73,15 @@ void Dogfight::chooseTarget(int32_t index) {
         const Fighter& other = fighters[i];
         const double away = distance(fighter.position, other.position);
         if (!areEnemies(index, i) || !isFlying(other) ||
-            (other.task == Task::Home && away > ChaseRange))
+            (other.task == FighterTask::Home && away > ChaseRange))
             continue;
         const Vector towards = normalized(other.position - fighter.position);
         double cost = away + 200 * angleBetween(fighter.direction, towards) + draw(0, 150);
-        cost += other.task == Task::Home ? 600 : 0;
+        cost += other.task == FighterTask::Home ? 600 : 0;
         cost -= fighter.target == i ? 250 : 0;
         for (int32_t friendly = 0; friendly < count(); ++friendly)
             if (friendly != index && fighters[friendly].target == i &&
-                fighters[friendly].task == Task::Attack)
+                fighters[friendly].task == FighterTask::Attack)
                 cost += 250;
         if (chosen == Nobody || cost < best) {
             chosen = i;
@@ -95,7 +96,7 @@ int32_t Dogfight::threatTo(int32_t index) const {
     const Fighter& fighter = fighters[index];
     for (int32_t i = 0; i < count(); ++i) {
         const Fighter& other = fighters[i];
-        if (!areEnemies(index, i) || other.task != Task::Attack ||
+        if (!areEnemies(index, i) || other.task != FighterTask::Attack ||
             distance(other.position, fighter.position) > 350)
             continue;
         const Vector line = normalized(fighter.position - other.position);
@@ -106,7 +107,7 @@ int32_t Dogfight::threatTo(int32_t index) const {
 }
 
 bool Dogfight::isFighting(const Fighter& fighter) const {
-    return isFlying(fighter) && fighter.task != Task::Home;
+    return isFlying(fighter) && fighter.task != FighterTask::Home;
 }
 
 bool Dogfight::isOver() const {
@@ -115,7 +116,7 @@ bool Dogfight::isOver() const {
     for (int32_t a = 0; a < count(); ++a)
         for (int32_t b = 0; b < a; ++b) {
             const auto stillIn = [&](int32_t i) {
-                return isFighting(fighters[i]) || fighters[i].task == Task::Ground;
+                return isFighting(fighters[i]) || fighters[i].task == FighterTask::Ground;
             };
             if (areEnemies(a, b) && stillIn(a) && stillIn(b))
                 return false;
@@ -124,7 +125,7 @@ bool Dogfight::isOver() const {
 }
 
 void Dogfight::sendHome(int32_t index) {
-    fighters[index].task = Task::Home;
+    fighters[index].task = FighterTask::Home;
     fighters[index].target = Nobody;
     if (index != human())
         return;
@@ -135,7 +136,7 @@ void Dogfight::sendHome(int32_t index) {
 }
 
 void Dogfight::tellPosition() {
-    if (nextPositionTick >= tick + StepTicks || fighters[human()].task == Task::Down)
+    if (nextPositionTick >= tick + StepTicks || fighters[human()].task == FighterTask::Down)
         return;
     lastTick = std::max(lastTick, nextPositionTick);
     flight.events.push_back({EventKind::Position, lastTick, Nobody, mission.human, 0, false,

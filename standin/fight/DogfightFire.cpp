@@ -19,7 +19,7 @@ constexpr int32_t Whole = 1000;
 
 void DogfightFire::fire(int32_t index) {
     Fighter& fighter = fighters[index];
-    if (fighter.task != Task::Attack || fighter.target == Nobody || fighter.rounds == 0)
+    if (fighter.task != FighterTask::Attack || fighter.target == Nobody || fighter.rounds == 0)
         return;
     const int32_t target = fighter.target;
     if (!isFlying(fighters[target])) {
@@ -82,9 +82,9 @@ void DogfightFire::hurtPilot(int32_t attacker, int32_t target, int32_t amount) {
         return;
     tell(EventKind::Destroyed, attacker, bodyOf(target), 0, fighter.position);
     fighter.pilotAlive = false;
-    if (target == human() && fighter.task != Task::Down && chance(0.5))
+    if (target == human() && fighter.task != FighterTask::Down && chance(0.5))
         endHumanAfter(draw(3, 12)); // else when the wreck is down
-    if (fighter.task == Task::Down)
+    if (fighter.task == FighterTask::Down)
         return;
     if (!fighter.destroyed && chance(0.5))
         destroy(attacker, target);
@@ -112,9 +112,9 @@ void DogfightFire::destroy(int32_t attacker, int32_t target) {
 
 void DogfightFire::loseControl(int32_t index) {
     Fighter& fighter = fighters[index];
-    if (fighter.task == Task::Fall || fighter.task == Task::Down)
+    if (fighter.task == FighterTask::Fall || fighter.task == FighterTask::Down)
         return;
-    fighter.task = Task::Fall;
+    fighter.task = FighterTask::Fall;
     fighter.target = Nobody;
     fighter.gliding = fighter.pilotAlive && chance(0.3);
     fighter.side = random.getInt(0, 1) == 0 ? 1 : -1;
@@ -123,7 +123,7 @@ void DogfightFire::loseControl(int32_t index) {
 void DogfightFire::crash(int32_t index) {
     Fighter& fighter = fighters[index];
     const bool soft = fighter.gliding;
-    fighter.task = Task::Down;
+    fighter.task = FighterTask::Down;
     if (!fighter.destroyed)
         destroy(Nobody, index);
     else if (chance(0.03))
@@ -215,7 +215,7 @@ int32_t DogfightFire::nearestEnemy(int32_t index) const {
 void DogfightFire::meddle() {
     const Fighter& fighter = fighters[human()];
     if ((!options.killHuman && !options.woundHuman) || !isFlying(fighter) ||
-        (time < meddleTime && fighter.task != Task::Home))
+        (time < meddleTime && fighter.task != FighterTask::Home))
         return;
     if (!options.killHuman && fighter.wounds > 0)
         return;

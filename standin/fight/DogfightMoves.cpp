@@ -22,9 +22,9 @@ Vector rightOf(const Vector& direction) { return normalized({-direction.z, 0, di
 
 void DogfightMoves::fly(int32_t index) {
     Fighter& fighter = fighters[index];
-    if (fighter.task == Task::Down)
+    if (fighter.task == FighterTask::Down)
         return;
-    if (fighter.task == Task::Ground) {
+    if (fighter.task == FighterTask::Ground) {
         roll(index);
         return;
     }
@@ -45,7 +45,7 @@ void DogfightMoves::roll(int32_t index) {
     fighter.position = fighter.position + fighter.direction * (fighter.speed * StepSeconds);
     if (fighter.speed < topSpeed(index) * 0.55)
         return;
-    fighter.task = Task::Climb;
+    fighter.task = FighterTask::Climb;
     tell(EventKind::TakeOff, Nobody, index, 0, fighter.position);
 }
 
@@ -55,33 +55,33 @@ void DogfightMoves::steer(int32_t index) {
     const Vector ahead = normalized({fighter.direction.x, 0, fighter.direction.z});
     const Vector side = rightOf(fighter.direction) * fighter.side;
     switch (fighter.task) {
-    case Task::Formation:
+    case FighterTask::Formation:
         fighter.wanted = ahead;
         break;
-    case Task::Climb:
+    case FighterTask::Climb:
         fighter.wanted = normalized(ahead + Vector{0, typeOf(index).climb / topSpeed(index), 0});
         if (fighter.position.y > ground + 300)
-            fighter.task = Task::Formation;
+            fighter.task = FighterTask::Formation;
         return; // it can't climb any steeper
-    case Task::Attack:
+    case FighterTask::Attack:
         steerAttack(index);
         break;
-    case Task::Evade:
+    case FighterTask::Evade:
         fighter.wanted = normalized(side + ahead * 0.2 + Vector{0, -0.2, 0});
         fighter.throttle = fighter.speed > fightingSpeed(index) ? Idle : 1;
         fighter.untilTask -= StepSeconds;
         if (fighter.untilTask <= 0)
-            fighter.task = Task::Formation; // the next decision sees to the rest
+            fighter.task = FighterTask::Formation; // the next decision sees to the rest
         break;
-    case Task::Home:
+    case FighterTask::Home:
         steerHome(fighter);
         break;
-    case Task::Fall:
+    case FighterTask::Fall:
         fighter.wanted = fighter.gliding ? normalized(ahead + Vector{0, -0.18, 0})
                                          : normalized(side * 0.7 + Vector{0, -1, 0});
         return; // who falls keeps clear of nothing
-    case Task::Ground:
-    case Task::Down:
+    case FighterTask::Ground:
+    case FighterTask::Down:
         return;
     }
     keepClear(index);
@@ -133,7 +133,7 @@ void DogfightMoves::steerHome(Fighter& fighter) const {
 /// A turn to one side, for that long.
 void DogfightMoves::breakOff(int32_t index, double seconds) {
     Fighter& fighter = fighters[index];
-    fighter.task = Task::Evade;
+    fighter.task = FighterTask::Evade;
     fighter.side = random.getInt(0, 1) == 0 ? 1 : -1;
     fighter.untilTask = seconds;
     fighter.burst = 0;
@@ -147,7 +147,8 @@ void DogfightMoves::keepClear(int32_t index) {
         if (i != index && !areEnemies(index, i) && length(gap) < FriendsApart)
             fighter.wanted = normalized(fighter.wanted + normalized(gap));
     }
-    if (fighter.task == Task::Home && groundDistance(fighter.position, fighter.home) < Approach)
+    if (fighter.task == FighterTask::Home &&
+        groundDistance(fighter.position, fighter.home) < Approach)
         return;
     // What pulling out of the dive costs, twice, since the plane may have to roll first.
     const double turning = 2 * Pi / typeOf(index).turn * skill(index).turn;
@@ -168,12 +169,12 @@ void DogfightMoves::keepClear(int32_t index) {
 double DogfightMoves::turnNose(int32_t index) {
     Fighter& fighter = fighters[index];
     const double slow = topSpeed(index) * 0.2 + 15;
-    if (fighter.speed < slow && fighter.task != Task::Fall)
+    if (fighter.speed < slow && fighter.task != FighterTask::Fall)
         fighter.wanted.y = fighter.position.y < ground + 60 ? 0.01 : -0.1; // or it stalls
     const Vector wanted = normalized(fighter.wanted);
     const double angle = angleBetween(fighter.direction, wanted);
     const double bySpeed = std::min(1.0, fighter.speed / (topSpeed(index) * 0.2 + 20));
-    const double share = fighter.task == Task::Fall ? 0.5 : skill(index).turn;
+    const double share = fighter.task == FighterTask::Fall ? 0.5 : skill(index).turn;
     const double most = 2 * Pi / typeOf(index).turn * bySpeed * share * StepSeconds;
     const double turned = std::min(angle, most);
     if (turned < 1e-6)
@@ -204,11 +205,12 @@ void DogfightMoves::touchGround(int32_t index) {
     if (fighter.position.y > ground)
         return;
     fighter.position.y = ground;
-    if (fighter.task != Task::Home || groundDistance(fighter.position, fighter.home) > Approach) {
+    if (fighter.task != FighterTask::Home ||
+        groundDistance(fighter.position, fighter.home) > Approach) {
         crash(index);
         return;
     }
-    fighter.task = Task::Down;
+    fighter.task = FighterTask::Down;
     tell(EventKind::Landed, Nobody, index, 0, fighter.position);
     if (index == human())
         endHumanAfter(draw(5, 18));

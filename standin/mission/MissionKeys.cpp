@@ -144,8 +144,9 @@ const KeyRule* findRule(const BlockRule* own, bool common, std::string_view key)
     return common && rule != std::end(CommonKeys) ? rule : nullptr;
 }
 
-bool checkEntries(const Block& block, const BlockRule* own, bool common, tools::Finding& finding) {
-    for (const Entry& entry : block.entries) {
+bool checkEntries(const MissionBlock& block, const BlockRule* own, bool common,
+                  tools::Finding& finding) {
+    for (const MissionEntry& entry : block.entries) {
         const KeyRule* rule = findRule(own, common, entry.key);
         if (rule == nullptr && own != nullptr)
             return refuse(finding, entry.line, block.name + " has no key " + entry.key);
@@ -161,7 +162,7 @@ bool checkEntries(const Block& block, const BlockRule* own, bool common, tools::
 }
 
 /// The first key that isn't there and must be; empty if there is none.
-std::string absentKey(const Block& block, const BlockRule* own, bool common) {
+std::string absentKey(const MissionBlock& block, const BlockRule* own, bool common) {
     const auto isAbsent = [&](const KeyRule& rule) {
         return rule.required && block.find(rule.key) == nullptr;
     };
@@ -178,10 +179,10 @@ std::string absentKey(const Block& block, const BlockRule* own, bool common) {
 }
 
 /// The border of an area, a row for each point.
-bool checkBoundary(const Block& block, tools::Finding& finding) {
+bool checkBoundary(const MissionBlock& block, tools::Finding& finding) {
     if (!checkRowsOnly(block, finding))
         return false;
-    for (const Row& row : block.rows) {
+    for (const MissionRow& row : block.rows) {
         double number = 0;
         const bool isPoint = row.separator == ',' && row.values.size() == 2 &&
                              parseNumber(row.values[0], number) &&
@@ -199,7 +200,7 @@ bool mayHold(const std::string& block, const std::string& child) {
 
 } // namespace
 
-bool checkBlock(const Block& block, tools::Finding& finding) {
+bool checkBlock(const MissionBlock& block, tools::Finding& finding) {
     const auto found =
         std::find_if(std::begin(ExactBlocks), std::end(ExactBlocks),
                      [&](const BlockRule& exact) { return block.name == exact.name; });
@@ -212,17 +213,18 @@ bool checkBlock(const Block& block, tools::Finding& finding) {
     if (const std::string absent = absentKey(block, own, common); !absent.empty())
         return refuse(finding, block.line, block.name + " without " + absent);
     if (own == nullptr)
-        return std::all_of(block.children.begin(), block.children.end(), [&](const Block& child) {
-            return child.name != "Boundary" || checkBoundary(child, finding);
-        });
-    for (const Block& child : block.children)
+        return std::all_of(block.children.begin(), block.children.end(),
+                           [&](const MissionBlock& child) {
+                               return child.name != "Boundary" || checkBoundary(child, finding);
+                           });
+    for (const MissionBlock& child : block.children)
         if (!mayHold(block.name, child.name))
             return refuse(finding, child.line, block.name + " has no block " + child.name);
     return block.rows.empty() ||
            refuse(finding, block.rows.front().line, block.name + " has no rows");
 }
 
-bool checkRowsOnly(const Block& block, tools::Finding& finding) {
+bool checkRowsOnly(const MissionBlock& block, tools::Finding& finding) {
     if (!block.entries.empty())
         return refuse(finding, block.entries.front().line, block.name + " holds rows, not keys");
     return block.children.empty() ||

@@ -17,9 +17,10 @@ constexpr size_t MostPlanes = 64;   // a fight takes the square of their number
 constexpr double OneSpot = 5;       // metres: wings are wider
 constexpr double MapEdge = 1000000; // metres; the simulator's largest map has not half of it
 
-class Reader {
+class MissionFileReader {
 public:
-    Reader(Mission& mission, tools::Finding& finding) : mission(mission), finding(finding) {}
+    MissionFileReader(Mission& mission, tools::Finding& finding)
+        : mission(mission), finding(finding) {}
 
     bool read(std::string_view text);
 
@@ -27,11 +28,11 @@ private:
     bool refuse(int32_t line, std::string reason) {
         return standin::refuse(finding, line, std::move(reason));
     }
-    bool checkObject(const Block& block);
-    bool readObjects(const std::vector<Block>& blocks);
-    bool readObject(const Block& block);
-    bool readAttackArea(const Block& block);
-    void readObjective(const Block& block);
+    bool checkObject(const MissionBlock& block);
+    bool readObjects(const std::vector<MissionBlock>& blocks);
+    bool readObject(const MissionBlock& block);
+    bool readAttackArea(const MissionBlock& block);
+    void readObjective(const MissionBlock& block);
     bool checkPlanes();
     bool checkSpots();
 
@@ -40,9 +41,9 @@ private:
     std::vector<Node> nodes;
 };
 
-bool Reader::read(std::string_view text) {
+bool MissionFileReader::read(std::string_view text) {
     mission = Mission();
-    std::vector<Block> blocks;
+    std::vector<MissionBlock> blocks;
     if (!parseMissionText(text, blocks, finding))
         return false;
     if (blocks.empty())
@@ -56,8 +57,8 @@ bool Reader::read(std::string_view text) {
 }
 
 /// The blocks of the file, or those of a group, which count like any others.
-bool Reader::readObjects(const std::vector<Block>& blocks) {
-    for (const Block& block : blocks) {
+bool MissionFileReader::readObjects(const std::vector<MissionBlock>& blocks) {
+    for (const MissionBlock& block : blocks) {
         if (block.name == "Options")
             return refuse(block.line, "a second block Options");
         if (!checkObject(block) || !readObject(block))
@@ -68,7 +69,7 @@ bool Reader::readObjects(const std::vector<Block>& blocks) {
     return true;
 }
 
-bool Reader::checkObject(const Block& block) {
+bool MissionFileReader::checkObject(const MissionBlock& block) {
     if (!checkBlock(block, finding))
         return false;
     if (wholeOf(block, "Index") < 1)
@@ -81,7 +82,7 @@ bool Reader::checkObject(const Block& block) {
     return true;
 }
 
-bool Reader::readObject(const Block& block) {
+bool MissionFileReader::readObject(const MissionBlock& block) {
     Node node;
     node.block = block.name;
     node.line = block.line;
@@ -92,8 +93,8 @@ bool Reader::readObject(const Block& block) {
     node.targetsLine = lineOf(block, "Targets");
     node.objects = listOf(block, "Objects");
     node.objectsLine = lineOf(block, "Objects");
-    for (const Block& list : block.children)
-        for (const Block& event : list.children)
+    for (const MissionBlock& list : block.children)
+        for (const MissionBlock& event : list.children)
             if (event.find("TarId") != nullptr)
                 node.events.push_back(wholeOf(event, "TarId"));
     if (block.name == "MCU_Timer") {
@@ -101,7 +102,7 @@ bool Reader::readObject(const Block& block) {
         node.fires = wholeOf(block, "Random") > 0;
         if (node.seconds < 0)
             return refuse(lineOf(block, "Time"), "a timer can't wait for less than no time");
-    } else if (const Entry* enabled = block.find("Enabled")) {
+    } else if (const MissionEntry* enabled = block.find("Enabled")) {
         node.fires = enabled->value != "0";
     }
     nodes.push_back(std::move(node));
@@ -114,7 +115,7 @@ bool Reader::readObject(const Block& block) {
     return true;
 }
 
-bool Reader::readAttackArea(const Block& block) {
+bool MissionFileReader::readAttackArea(const MissionBlock& block) {
     AttackArea area;
     area.index = wholeOf(block, "Index");
     area.line = block.line;
@@ -138,7 +139,7 @@ bool Reader::readAttackArea(const Block& block) {
     return true;
 }
 
-void Reader::readObjective(const Block& block) {
+void MissionFileReader::readObjective(const MissionBlock& block) {
     Objective objective;
     objective.index = wholeOf(block, "Index");
     objective.position = positionOf(block);
@@ -150,7 +151,7 @@ void Reader::readObjective(const Block& block) {
 }
 
 /// What concerns the planes together: one human, two hostile coalitions, a place for each.
-bool Reader::checkPlanes() {
+bool MissionFileReader::checkPlanes() {
     if (mission.planes.empty())
         return refuse(1, "the mission holds no plane");
     if (mission.planes.size() > MostPlanes)
@@ -178,7 +179,7 @@ bool Reader::checkPlanes() {
     return checkSpots();
 }
 
-bool Reader::checkSpots() {
+bool MissionFileReader::checkSpots() {
     for (const Plane& plane : mission.planes)
         for (const Plane* other = mission.planes.data(); other != &plane; ++other)
             if (distance(plane.position, other->position) < OneSpot)
@@ -196,7 +197,7 @@ int32_t Mission::coalitionOf(int32_t country) const {
 }
 
 bool readMissionText(std::string_view text, Mission& mission, tools::Finding& finding) {
-    return Reader(mission, finding).read(text);
+    return MissionFileReader(mission, finding).read(text);
 }
 
 } // namespace standin

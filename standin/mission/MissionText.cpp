@@ -33,7 +33,7 @@ std::string quotedName(std::string_view name) { return "'" + std::string(name) +
 /// Builds the blocks line by line. Each step returns what is wrong, or an empty text.
 class TextParser {
 public:
-    explicit TextParser(std::vector<Block>& blocks) : blocks(blocks) {}
+    explicit TextParser(std::vector<MissionBlock>& blocks) : blocks(blocks) {}
 
     std::string take(std::string_view line, int32_t number);
     std::string finish(int32_t& line) const;
@@ -47,9 +47,9 @@ private:
     std::string close();
     std::string waitingName() const;
 
-    std::vector<Block>& blocks;
-    std::vector<Block> stack; // the blocks that are open, outermost first
-    std::string pendingName;  // a bare name whose "{" is still to come
+    std::vector<MissionBlock>& blocks;
+    std::vector<MissionBlock> stack; // the blocks that are open, outermost first
+    std::string pendingName;         // a bare name whose "{" is still to come
     int32_t pendingLine = 0;
     int32_t number = 0;
     bool ended = false;
@@ -130,7 +130,7 @@ std::string TextParser::takeEntry(std::string_view statement, size_t equals) {
 std::string TextParser::takeRow(std::string_view statement) {
     if (statement.find_first_of("\";{}") != statement.npos)
         return "neither 'Key = value;' nor a row of numbers";
-    Row row;
+    MissionRow row;
     row.line = number;
     row.separator = statement.find(':') != statement.npos ? ':' : ',';
     for (size_t start = 0; start <= statement.size();) {
@@ -149,7 +149,7 @@ std::string TextParser::open() {
         return "'{' without a block name in the line before";
     if (stack.size() == DeepestNesting)
         return "blocks are nested too deep";
-    Block block;
+    MissionBlock block;
     block.name = std::move(pendingName);
     block.line = pendingLine;
     pendingName.clear();
@@ -160,7 +160,7 @@ std::string TextParser::open() {
 std::string TextParser::close() {
     if (stack.empty())
         return "'}' without an open block";
-    Block block = std::move(stack.back());
+    MissionBlock block = std::move(stack.back());
     stack.pop_back();
     (stack.empty() ? blocks : stack.back().children).push_back(std::move(block));
     return {};
@@ -197,19 +197,21 @@ bool refuse(tools::Finding& finding, int32_t line, std::string reason) {
     return false;
 }
 
-const Entry* Block::find(std::string_view key) const {
+const MissionEntry* MissionBlock::find(std::string_view key) const {
     const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [&](const Entry& entry) { return entry.key == key; });
+                                    [&](const MissionEntry& entry) { return entry.key == key; });
     return found == entries.end() ? nullptr : &*found;
 }
 
-const Block* Block::child(std::string_view childName) const {
-    const auto found = std::find_if(children.begin(), children.end(),
-                                    [&](const Block& block) { return block.name == childName; });
+const MissionBlock* MissionBlock::child(std::string_view childName) const {
+    const auto found =
+        std::find_if(children.begin(), children.end(),
+                     [&](const MissionBlock& block) { return block.name == childName; });
     return found == children.end() ? nullptr : &*found;
 }
 
-bool parseMissionText(std::string_view text, std::vector<Block>& blocks, tools::Finding& finding) {
+bool parseMissionText(std::string_view text, std::vector<MissionBlock>& blocks,
+                      tools::Finding& finding) {
     blocks.clear();
     TextParser parser(blocks);
     int32_t number = 0;

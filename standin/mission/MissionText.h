@@ -13,30 +13,30 @@ namespace standin {
 bool refuse(tools::Finding& finding, int32_t line, std::string reason);
 
 /// A line `Key = value;`. The value is as written, with its quotes, without the semicolon.
-struct Entry {
+struct MissionEntry {
     std::string key;
     std::string value;
     int32_t line = 0;
 };
 
 /// A line such as `500 : 0 : 0;` or `264998, 38650.7;`.
-struct Row {
+struct MissionRow {
     std::vector<std::string> values; // without the blanks around them
     char separator = ':';            // or ','
     int32_t line = 0;
 };
 
 /// A name, and between its braces entries, rows and further blocks.
-struct Block {
+struct MissionBlock {
     std::string name;
     int32_t line = 0; // of the name
-    std::vector<Entry> entries;
-    std::vector<Row> rows;
-    std::vector<Block> children;
+    std::vector<MissionEntry> entries;
+    std::vector<MissionRow> rows;
+    std::vector<MissionBlock> children;
 
     /// Null if the block has no such key; the case counts.
-    const Entry* find(std::string_view key) const;
-    const Block* child(std::string_view childName) const;
+    const MissionEntry* find(std::string_view key) const;
+    const MissionBlock* child(std::string_view childName) const;
 };
 
 /// Reads the simulator's grammar and nothing more: what blocks and keys mean is the job of
@@ -45,7 +45,7 @@ struct Block {
 /// The first line is `# Mission File Version = ...;`, the last `# end of file`; between them are
 /// blocks and empty lines. Lines hold printable ASCII only and end in CR LF, which the last one may
 /// lack. On error: false with the first finding, and `blocks` is of no use.
-[[nodiscard]] bool parseMissionText(std::string_view text, std::vector<Block>& blocks,
+[[nodiscard]] bool parseMissionText(std::string_view text, std::vector<MissionBlock>& blocks,
                                     tools::Finding& finding);
 
 /// The text between the quotes; false if the value isn't a quoted text.

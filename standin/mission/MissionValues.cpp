@@ -77,33 +77,33 @@ bool parseDate(std::string_view text, int32_t (&parts)[3]) {
     return parseThree(text, '.', parts) && isDate(parts);
 }
 
-int32_t wholeOf(const Block& block, std::string_view key) {
+int32_t wholeOf(const MissionBlock& block, std::string_view key) {
     int32_t number = 0;
-    const Entry* entry = block.find(key);
+    const MissionEntry* entry = block.find(key);
     return entry != nullptr && parseWhole(entry->value, number) ? number : 0;
 }
 
-double numberOf(const Block& block, std::string_view key, double otherwise) {
+double numberOf(const MissionBlock& block, std::string_view key, double otherwise) {
     double number = 0;
-    const Entry* entry = block.find(key);
+    const MissionEntry* entry = block.find(key);
     return entry != nullptr && parseNumber(entry->value, number) ? number : otherwise;
 }
 
-std::string textOf(const Block& block, std::string_view key) {
+std::string textOf(const MissionBlock& block, std::string_view key) {
     std::string text;
-    const Entry* entry = block.find(key);
+    const MissionEntry* entry = block.find(key);
     return entry != nullptr && unquoted(entry->value, text) ? text : "";
 }
 
-std::vector<int32_t> listOf(const Block& block, std::string_view key) {
+std::vector<int32_t> listOf(const MissionBlock& block, std::string_view key) {
     std::vector<int32_t> list;
-    const Entry* entry = block.find(key);
+    const MissionEntry* entry = block.find(key);
     if (entry != nullptr && !parseList(entry->value, list))
         list.clear();
     return list;
 }
 
-Vector positionOf(const Block& block) {
+Vector positionOf(const MissionBlock& block) {
     return {numberOf(block, "XPos"), numberOf(block, "YPos"), numberOf(block, "ZPos")};
 }
 
@@ -114,8 +114,8 @@ std::string plainPath(std::string_view path) {
     return result;
 }
 
-int32_t lineOf(const Block& block, std::string_view key) {
-    const Entry* entry = block.find(key);
+int32_t lineOf(const MissionBlock& block, std::string_view key) {
+    const MissionEntry* entry = block.find(key);
     return entry != nullptr ? entry->line : block.line;
 }
 

@@ -20,15 +20,15 @@ bool parseTime(std::string_view text, int32_t (&parts)[3]);
 bool parseDate(std::string_view text, int32_t (&parts)[3]);
 
 /// Values of blocks that were checked: 0 or empty for a key that isn't there.
-int32_t wholeOf(const Block& block, std::string_view key);
-double numberOf(const Block& block, std::string_view key, double otherwise = 0);
-std::string textOf(const Block& block, std::string_view key);
-std::vector<int32_t> listOf(const Block& block, std::string_view key);
+int32_t wholeOf(const MissionBlock& block, std::string_view key);
+double numberOf(const MissionBlock& block, std::string_view key, double otherwise = 0);
+std::string textOf(const MissionBlock& block, std::string_view key);
+std::vector<int32_t> listOf(const MissionBlock& block, std::string_view key);
 /// XPos, YPos and ZPos.
-Vector positionOf(const Block& block);
+Vector positionOf(const MissionBlock& block);
 /// Lowered, with "/" between folders.
 std::string plainPath(std::string_view path);
 /// The line of the key; of the block, if it has none.
-int32_t lineOf(const Block& block, std::string_view key);
+int32_t lineOf(const MissionBlock& block, std::string_view key);
 
 } // namespace standin

@@ -14,7 +14,7 @@ constexpr std::string_view Seasons[] = {"su", "wi", "au", "sp"};
 
 std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
-bool checkLandscape(const Block& block, tools::Finding& finding) {
+bool checkLandscape(const MissionBlock& block, tools::Finding& finding) {
     const std::string folder = folderOf(plainPath(textOf(block, "HMap")));
     if (folder.empty())
         return refuse(finding, lineOf(block, "HMap"), "HMap names no folder of a landscape");
@@ -30,8 +30,8 @@ bool checkLandscape(const Block& block, tools::Finding& finding) {
 }
 
 /// Rows height : direction : speed, rising.
-bool readWind(const Block& block, tools::Finding& finding) {
-    const Block* layers = block.child("WindLayers");
+bool readWind(const MissionBlock& block, tools::Finding& finding) {
+    const MissionBlock* layers = block.child("WindLayers");
     if (layers == nullptr)
         return refuse(finding, block.line, "Options without WindLayers");
     if (layers->rows.empty())
@@ -39,7 +39,7 @@ bool readWind(const Block& block, tools::Finding& finding) {
     if (!checkRowsOnly(*layers, finding))
         return false;
     double below = -1;
-    for (const Row& row : layers->rows) {
+    for (const MissionRow& row : layers->rows) {
         double numbers[3] = {};
         for (size_t i = 0; i < row.values.size(); ++i)
             if (row.separator != ':' || row.values.size() != 3 ||
@@ -52,13 +52,13 @@ bool readWind(const Block& block, tools::Finding& finding) {
     return true;
 }
 
-bool readCountries(const Block& block, Mission& mission, tools::Finding& finding) {
-    const Block* countries = block.child("Countries");
+bool readCountries(const MissionBlock& block, Mission& mission, tools::Finding& finding) {
+    const MissionBlock* countries = block.child("Countries");
     if (countries == nullptr)
         return refuse(finding, block.line, "Options without Countries");
     if (!checkRowsOnly(*countries, finding))
         return false;
-    for (const Row& row : countries->rows) {
+    for (const MissionRow& row : countries->rows) {
         Country country;
         if (row.separator != ':' || row.values.size() != 2 ||
             !parseWhole(row.values[0], country.code) ||
@@ -74,7 +74,7 @@ bool readCountries(const Block& block, Mission& mission, tools::Finding& finding
 
 } // namespace
 
-bool readOptions(const Block& block, Mission& mission, tools::Finding& finding) {
+bool readOptions(const MissionBlock& block, Mission& mission, tools::Finding& finding) {
     if (!checkBlock(block, finding) || !checkLandscape(block, finding) ||
         !readWind(block, finding) || !readCountries(block, mission, finding))
         return false;

@@ -7,6 +7,7 @@ namespace standin {
 
 /// Reads the mission's first block: date, time, landscape, wind and the countries' coalitions. On
 /// error: false with the first finding.
-[[nodiscard]] bool readOptions(const Block& block, Mission& mission, tools::Finding& finding);
+[[nodiscard]] bool readOptions(const MissionBlock& block, Mission& mission,
+                               tools::Finding& finding);
 
 } // namespace standin

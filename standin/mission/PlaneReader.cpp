@@ -13,7 +13,7 @@ namespace {
 constexpr double LowestStart = 200;
 
 /// Script, model and skin, which all carry the type's id.
-bool readAircraft(const Block& block, Plane& plane, tools::Finding& finding) {
+bool readAircraft(const MissionBlock& block, Plane& plane, tools::Finding& finding) {
     constexpr std::string_view ScriptFolder = "luascripts/worldobjects/";
     constexpr std::string_view ScriptEnd = ".txt";
     const std::string script = plainPath(textOf(block, "Script"));
@@ -42,7 +42,7 @@ bool readAircraft(const Block& block, Plane& plane, tools::Finding& finding) {
 
 } // namespace
 
-bool readPlane(const Block& block, Mission& mission, tools::Finding& finding) {
+bool readPlane(const MissionBlock& block, Mission& mission, tools::Finding& finding) {
     Plane plane;
     plane.name = textOf(block, "Name");
     plane.index = wholeOf(block, "Index");

@@ -7,6 +7,6 @@ namespace standin {
 
 /// Adds the plane of a checked block to the mission. REQUIRES: the mission's countries are known.
 /// On error: false with the first finding.
-[[nodiscard]] bool readPlane(const Block& block, Mission& mission, tools::Finding& finding);
+[[nodiscard]] bool readPlane(const MissionBlock& block, Mission& mission, tools::Finding& finding);
 
 } // namespace standin

@@ -9,13 +9,13 @@ namespace datacheck {
 
 namespace {
 
-struct Key {
+struct HistoryKey {
     std::string_view name;
     std::string HistoryLine::*value;
 };
 
 // Every key of the delivered files.
-constexpr Key Keys[] = {
+constexpr HistoryKey HistoryKeys[] = {
     {"date", &HistoryLine::date},         {"until", &HistoryLine::until},
     {"action", &HistoryLine::action},     {"aircraft", &HistoryLine::aircraft},
     {"skin", &HistoryLine::skin},         {"unit", &HistoryLine::unit},
@@ -24,7 +24,7 @@ constexpr Key Keys[] = {
 
 std::string knownKeys() {
     std::string text;
-    for (const Key& key : Keys)
+    for (const HistoryKey& key : HistoryKeys)
         text += (text.empty() ? "" : " ") + std::string(key.name);
     return text;
 }
@@ -49,9 +49,10 @@ void readToken(std::string_view token, HistoryLine& line, const LinePlace& place
                             "write key=value; there are no comments, and a value has no blanks");
     const zel::String name = zel::String(token.substr(0, sign)).toLower();
     const std::string_view value = token.substr(sign + 1);
-    const auto* const key = std::find_if(std::begin(Keys), std::end(Keys),
-                                         [&](const Key& known) { return name == known.name; });
-    if (key == std::end(Keys))
+    const auto* const key =
+        std::find_if(std::begin(HistoryKeys), std::end(HistoryKeys),
+                     [&](const HistoryKey& known) { return name == known.name; });
+    if (key == std::end(HistoryKeys))
         return place.report(quoted + " has an unknown key", "the keys are " + knownKeys());
     if (value.empty())
         return place.report(quoted + " has no value", "write one or remove the token");

@@ -43,8 +43,8 @@ void LineSource::report(size_t index, const std::string& message, const std::str
     findings.emplace_back(path, static_cast<int32_t>(index) + 1, message, suggestion);
 }
 
-Table::Table(const std::string& folder, const std::string& file, std::string_view header,
-             tools::Findings& findings)
+CsvTable::CsvTable(const std::string& folder, const std::string& file, std::string_view header,
+                   tools::Findings& findings)
     : LineSource(folder, file, findings) {
     if (lines.empty())
         return;
@@ -57,7 +57,7 @@ Table::Table(const std::string& folder, const std::string& file, std::string_vie
         addRow(i, fieldCount);
 }
 
-void Table::addRow(size_t index, size_t fieldCount) {
+void CsvTable::addRow(size_t index, size_t fieldCount) {
     const std::string& line = lines[index];
     const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
     if (!std::all_of(line.begin(), line.end(), isPlain))

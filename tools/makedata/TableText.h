@@ -28,18 +28,18 @@ private:
 
 /// A file of comma-separated values. Rows without as many fields as the header are findings and
 /// left out.
-class Table : public LineSource {
+class CsvTable : public LineSource {
 public:
-    struct Row {
+    struct CsvRow {
         size_t line; // index into lines
         std::vector<std::string> fields;
     };
 
     /// header: the first line of the file. Another one is a finding, and the table has no rows.
-    Table(const std::string& folder, const std::string& file, std::string_view header,
-          tools::Findings& findings);
+    CsvTable(const std::string& folder, const std::string& file, std::string_view header,
+             tools::Findings& findings);
 
-    std::vector<Row> rows;
+    std::vector<CsvRow> rows;
 
 private:
     void addRow(size_t index, size_t fieldCount);

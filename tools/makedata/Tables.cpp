@@ -12,12 +12,12 @@ namespace tables {
 
 namespace {
 
-struct NationCode {
+struct NationRow {
     std::string_view name;
     std::string_view code;
 };
 
-constexpr NationCode Nations[] = {
+constexpr NationRow Nations[] = {
     {"France", "101"}, {"England", "102"}, {"USA", "103"}, {"Germany", "501"}};
 
 // The lists of the names folder, in the order in which the game loads them.
@@ -68,14 +68,14 @@ bool isDate(std::string_view text) {
 bool isKeyOf(const std::string& key, const std::string& nation) {
     if (key.size() != 6 || !std::all_of(key.begin(), key.end(), isDigit))
         return false;
-    return std::any_of(std::begin(Nations), std::end(Nations), [&](const NationCode& known) {
+    return std::any_of(std::begin(Nations), std::end(Nations), [&](const NationRow& known) {
         return known.name == nation && key.compare(0, 3, known.code) == 0;
     });
 }
 
 bool isNation(const std::string& nation) {
     return std::any_of(std::begin(Nations), std::end(Nations),
-                       [&](const NationCode& known) { return known.name == nation; });
+                       [&](const NationRow& known) { return known.name == nation; });
 }
 
 // What the simulator accepts in a name, and every system in the name of a file.
@@ -87,7 +87,7 @@ bool isPilotName(const std::string& name) {
            name.find("  ") == std::string::npos && std::all_of(name.begin(), name.end(), isAllowed);
 }
 
-void checkDates(Table& table, size_t line, const std::string& from, const std::string& until) {
+void checkDates(CsvTable& table, size_t line, const std::string& from, const std::string& until) {
     for (const std::string& date : {from, until})
         if (!isDate(date))
             return table.report(line, quoted(date) + " is no date", "write yyyymmdd");
@@ -96,9 +96,9 @@ void checkDates(Table& table, size_t line, const std::string& from, const std::s
 }
 
 // Whether the simulator has the aircraft is checked in the finished files, by wingtally-datacheck.
-void readSquadrons(Table& table, Tables& tables) {
+void readSquadrons(CsvTable& table, Tables& tables) {
     std::set<std::string> seen;
-    for (const Table::Row& row : table.rows) {
+    for (const CsvTable::CsvRow& row : table.rows) {
         const std::vector<std::string>& f = row.fields;
         const SquadronRow squadron{f[0], f[3], f[4], f[5], f[6]};
         if (!isKeyOf(squadron.key, f[1]))
@@ -117,10 +117,10 @@ void readSquadrons(Table& table, Tables& tables) {
 }
 
 /// The aces' names with the index of their line.
-std::map<std::string, size_t> readAces(Table& table) {
+std::map<std::string, size_t> readAces(CsvTable& table) {
     std::map<std::string, size_t> aces;
     std::set<std::string> seen;
-    for (const Table::Row& row : table.rows) {
+    for (const CsvTable::CsvRow& row : table.rows) {
         const std::string& name = row.fields[0];
         if (!isPilotName(name))
             table.report(row.line, quoted(name) + " can't be a pilot's name",
@@ -136,7 +136,7 @@ std::map<std::string, size_t> readAces(Table& table) {
     return aces;
 }
 
-void checkPosting(Table& table, size_t line, const PostingRow& posting,
+void checkPosting(CsvTable& table, size_t line, const PostingRow& posting,
                   const std::set<std::string>& keys) {
     if (keys.count(posting.key) == 0)
         table.report(line, "there is no squadron " + posting.key);
@@ -145,13 +145,13 @@ void checkPosting(Table& table, size_t line, const PostingRow& posting,
     checkDates(table, line, posting.from, posting.until);
 }
 
-void readPostings(Table& table, Table& aceTable, std::map<std::string, size_t> aces,
+void readPostings(CsvTable& table, CsvTable& aceTable, std::map<std::string, size_t> aces,
                   Tables& tables) {
     std::set<std::string> keys;
     for (const SquadronRow& row : tables.squadrons)
         keys.insert(row.key);
     std::map<std::string, PostingRow> last; // of each ace
-    for (const Table::Row& row : table.rows) {
+    for (const CsvTable::CsvRow& row : table.rows) {
         const std::vector<std::string>& f = row.fields;
         const PostingRow posting{f[0], f[1], f[2], f[3], f[4]};
         checkPosting(table, row.line, posting, keys);
@@ -194,10 +194,10 @@ void readNames(LineSource& source, Tables& tables) {
 
 tools::Findings readTables(const std::string& folder, Tables& tables) {
     tools::Findings findings;
-    Table squadrons(folder, "history/squadrons.csv", SquadronHeader, findings);
+    CsvTable squadrons(folder, "history/squadrons.csv", SquadronHeader, findings);
     readSquadrons(squadrons, tables);
-    Table aces(folder, "history/aces.csv", AceHeader, findings);
-    Table postings(folder, "history/postings.csv", PostingHeader, findings);
+    CsvTable aces(folder, "history/aces.csv", AceHeader, findings);
+    CsvTable postings(folder, "history/postings.csv", PostingHeader, findings);
     readPostings(postings, aces, readAces(aces), tables);
     for (const char* file : NameFiles) {
         LineSource source(folder, std::string("names/") + file, findings);
