@@ -11,7 +11,7 @@ namespace zel {
 
 namespace {
 
-struct LogState {
+struct LoggerState {
     int32_t level = LogWarning;
     std::map<std::string, int32_t, std::less<>> categoryLevels;
     bool enabled = true;
@@ -21,8 +21,8 @@ struct LogState {
     std::unique_ptr<FILE, int (*)(FILE*)> file{nullptr, std::fclose};
 };
 
-LogState& logState() {
-    static LogState state;
+LoggerState& logState() {
+    static LoggerState state;
     return state;
 }
 
@@ -61,7 +61,7 @@ void log(const String& message, const String& category, int32_t level) {
 }
 
 bool isLogged(std::string_view category, int32_t level) {
-    const LogState& state = logState();
+    const LoggerState& state = logState();
     if (!state.enabled)
         return false;
     if (state.categoryLevels.empty())
