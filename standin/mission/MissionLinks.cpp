@@ -19,7 +19,7 @@ public:
     }
 
 private:
-    bool refuse(int32_t line, std::string reason) {
+    bool refuse(int32_t line, std::string_view reason) {
         finding = {"", line, reason};
         return false;
     }

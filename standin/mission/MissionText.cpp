@@ -192,7 +192,7 @@ std::string checkCharacters(std::string_view line) {
 
 } // namespace
 
-bool refuse(tools::Finding& finding, int32_t line, std::string reason) {
+bool refuse(tools::Finding& finding, int32_t line, std::string_view reason) {
     finding = {"", line, reason};
     return false;
 }

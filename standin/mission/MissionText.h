@@ -10,7 +10,7 @@
 namespace standin {
 
 /// Sets the finding. Always false, for `return refuse(...)`.
-bool refuse(tools::Finding& finding, int32_t line, std::string reason);
+bool refuse(tools::Finding& finding, int32_t line, std::string_view reason);
 
 /// A line `Key = value;`. The value is as written, with its quotes, without the semicolon.
 struct MissionEntry {
