@@ -7,11 +7,11 @@
 
 namespace standin {
 
-/// Waits for missions: looks at data/Missions again and again for files that are new or were
-/// written anew. A file counts when it looks the same twice running, so that none is taken while it
-/// is still being written.
+/// Waits for missions: looks at data/Missions again and again for files that are new or
+/// have been written again. A file counts when it looks the same twice in a row, so that none is
+/// taken while it is still being written.
 ///
-/// What lay there before the newest log was begun counts as flown.
+/// Files older than the newest log count as flown.
 class MissionWatch {
 public:
     explicit MissionWatch(const zel::String& dir);

@@ -72,7 +72,7 @@ bool readStamp(const std::string& stamp, zel::WallTime& time) {
            static_cast<size_t>(used) == stamp.size() && stampOf(time) == stamp;
 }
 
-/// A second later. Months end with the 28th here: a stamp has to be free and well-formed, no more.
+/// A second later. Months end with the 28th here: a stamp only has to be free and well-formed.
 void moveOn(zel::WallTime& time) {
     struct Part {
         int32_t& value;
@@ -150,7 +150,7 @@ FlightSummary summarise(const Mission& mission, const FlightCourse& flight) {
     return summary;
 }
 
-/// When what the options ask for befalls the player; 0 if they ask for nothing.
+/// When the player's wound or death of the options happens; 0 if they ask for none.
 int32_t tickOfFate(const Mission& mission, const FlightCourse& flight, const FightOptions& fight) {
     const int32_t body = mission.human + static_cast<int32_t>(mission.planes.size());
     for (const Event& event : flight.events)

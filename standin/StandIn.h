@@ -12,14 +12,14 @@
 /// simulator's, flies it, and leaves the log there that the simulator would leave.
 namespace standin {
 
-/// Waits that many seconds; false if somebody wants an end of it.
+/// Waits that many seconds; false if it was interrupted.
 using Wait = std::function<bool(double seconds)>;
 
 struct FlightOptions {
-    uint32_t seed = 0;     // of all that is left to chance; 0 draws one
-    bool breakOff = false; // the player leaves early: the log stops and tells no end
+    uint32_t seed = 0;     // of all draws; 0 draws one
+    bool breakOff = false; // the player leaves early: the log stops without an end
     bool killPlayer = false;
-    bool woundPlayer = false;       // and he lives; killPlayer goes before
+    bool woundPlayer = false;       // and he lives; killPlayer overrides it
     bool truncateLastPiece = false; // in the middle of a line
     double delay = 0;               // seconds before the flight begins
     double piecePause = 0;          // seconds before each piece of the log; 0 writes all at once
@@ -42,7 +42,7 @@ struct FlightSummary {
     std::string logName;             // of the first piece, without folder
     int32_t pieces = 0;              // written
     int32_t seconds = 0;             // of flight, up to the player's end
-    bool finished = false;           // the log tells the end
+    bool finished = false;           // the log has its end
     bool interrupted = false;        // by the wait: fewer pieces than there are
     std::vector<PlaneResult> planes; // in the mission's order; of the flight flown to its end
 };

@@ -39,7 +39,7 @@ struct Period {
                 planes[sum++] = static_cast<int8_t>(share.plane);
     }
 
-    int32_t until; // yyyymm; the last row is taken whatever stands here
+    int32_t until; // yyyymm; the last row is taken whatever its value
     int32_t sum = 0;
     int8_t planes[LargestSum] = {}; // by the number drawn
 };

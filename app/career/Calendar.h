@@ -7,7 +7,7 @@
 /// A day of the Gregorian calendar from which days can be counted.
 ///
 /// A value: made from the career's date, moved, read back. It knows nothing of the war and
-/// checks nothing: a day beyond its month stands as given until the next step.
+/// checks nothing: a day beyond its month stays as given until the next step.
 class Calendar {
 public:
     /// month 1 to 12, day from 1.

@@ -8,16 +8,16 @@ class Database;
 constexpr int32_t FirstSaveYear = 1915;
 constexpr int32_t LastSaveYear = 1919;
 
-/// What was looked at while a save file's records were read.
+/// What was checked while a save file's records were read.
 struct Soundness {
     bool pilots = false; // each names a squadron, and a file or none
     bool lines = true;   // the data files name lines that are there, or none
 };
 
-/// What was put right in a career when it was loaded, as counts of faults.
+/// What was fixed in a career when it was loaded, as counts of faults.
 struct CareerRepairs {
     bool endedEarly = false;  // the file was cut off
-    int32_t references = 0;   // of data files, that led nowhere
+    int32_t references = 0;   // of data files, to nothing
     int32_t pilots = 0;       // without a squadron, or of a file that isn't there
     int32_t places = 0;       // in squadrons
     int32_t invitation = 0;   // values out of range

@@ -35,7 +35,7 @@ std::vector<DataFile> listDataFiles(const zel::String& delivered, const zel::Str
     RecordNumbers records;
     std::vector<DataFile> files;
     addFolder(delivered, false, records, files);
-    // Most players have no folders of their own: that is not worth a line in the log.
+    // Most players have no folder of their own, which is not worth a line in the log.
     if (zel::system::isDirectory(custom))
         addFolder(custom, true, records, files);
     return files;

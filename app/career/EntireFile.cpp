@@ -9,7 +9,7 @@ namespace {
 
 constexpr size_t BytesPerLine = 64; // about as in the simulator's logs
 
-// At least twice the room before: a log of many pieces would be moved anew with each of them.
+// At least twice the room before: otherwise each piece of a long log would move all lines again.
 void makeRoom(std::vector<zel::String>& lines, size_t more) {
     if (lines.size() + more > lines.capacity())
         lines.reserve(std::max(lines.size() + more, 2 * lines.capacity()));

@@ -18,7 +18,7 @@ public:
 
     /// Replaces the lines. On error: false and no lines.
     [[nodiscard]] bool loadFile(const zel::String& name);
-    /// Adds the file's lines behind those held. On error: false, and the lines stay as they were.
+    /// Adds the file's lines after those held. On error: false, and the lines stay as they were.
     [[nodiscard]] bool appendFile(const zel::String& name);
     /// Writes every line with carriage return and line feed. False if any of it failed.
     [[nodiscard]] bool saveFile(const zel::String& name) const;

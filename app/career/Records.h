@@ -6,8 +6,8 @@
 #include <iterator>
 #include <type_traits>
 
-// The career's records lie in the save file as they lie in memory: little-endian, with every fill
-// byte a named member that is zero from the record's creation on: blank() below makes them.
+// The career's records are in the save file as they are in memory: little-endian, with every fill
+// byte a named member that is zero from the record's creation on. blank() below makes them.
 // docs/formats.md shows the file.
 
 constexpr int32_t SlotCount = 32;
@@ -55,7 +55,7 @@ struct Squadron {
     uint8_t pilotCount;   // used slots; never falls
     int16_t squadronFile; // index of its file, -1 if generated
     uint8_t fillB[2];
-    int32_t slots[SlotCount]; // pilot indices, -1 behind the used ones
+    int32_t slots[SlotCount]; // pilot indices, -1 after the used ones
 };
 static_assert(sizeof(Squadron) == 360);
 static_assert(offsetof(Squadron, key) == 64 && offsetof(Squadron, onChannelMap) == 192);
@@ -100,7 +100,7 @@ static_assert(std::is_trivial_v<Pilot> && std::is_trivial_v<Squadron> &&
               std::is_trivial_v<DataLine> && std::is_trivial_v<SquadronFile> &&
               std::is_trivial_v<PilotFile>);
 
-/// Records with nothing in them: zeroes, and -1 where an index would stand.
+/// Records with nothing in them: zeroes, and -1 for each index.
 template <typename Record> Record blank() { return Record{}; }
 template <> inline Pilot blank<Pilot>() {
     Pilot pilot{};
@@ -126,5 +126,5 @@ template <> inline PilotFile blank<PilotFile>() {
     return file;
 }
 #ifdef __BYTE_ORDER__
-static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "the records are written as they lie");
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "the records are written as they are");
 #endif

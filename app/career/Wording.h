@@ -20,8 +20,8 @@ zel::String textOf(const Wording& wording, std::initializer_list<zel::String> ar
 using CountForms = Wording[3];
 zel::String countText(const CountForms& forms, int32_t count);
 
-/// A proper name, such as that of a town, as the language in use writes it; one that is the same in
-/// all languages comes back as it is.
+/// A proper name, such as a town's, as the language in use writes it; a name that is the same in
+/// all languages comes back unchanged.
 zel::String nameInLanguage(const zel::String& english);
 
 // In the order of the tables. Sentences are whole, so that each language has its own order of

@@ -3,13 +3,13 @@
 #include "engine/core/String.h"
 
 /// The settings that a player edits by hand, and the one place that knows where the simulator is.
-/// All of it is static; docs/manual.md tells the form of the file.
+/// All of it is static; docs/manual.md describes the file.
 class Configuration {
 public:
     virtual ~Configuration() = default;
 
     /// Adds a file's entries, `key=value` a line, to those held. A missing file is an empty one. On
-    /// Windows values may stand in UTF-8, as its editor saves them, or in the system's code page.
+    /// Windows values may be in UTF-8, as its editor saves them, or in the system's code page.
     static void load(const zel::String& fileName);
     /// The value, or `defaultValue` where it is missing or empty. Keys don't distinguish case.
     static zel::String get(const zel::String& key, const zel::String& defaultValue);

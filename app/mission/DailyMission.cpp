@@ -12,7 +12,7 @@ namespace {
 
 constexpr float WesternRange = 20000.0F; // metres around the base, north and east
 constexpr float ChannelRange = 10000.0F;
-constexpr int32_t HighestIndex = 1000000000; // of a template: there is room for planes behind it
+constexpr int32_t HighestIndex = 1000000000; // of a template: leaves room for the planes
 
 void placeMission(const Squadron& squadron, MissionGenerator& generator) {
     const float range = squadron.onChannelMap == 1 ? ChannelRange : WesternRange;

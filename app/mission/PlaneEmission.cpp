@@ -12,7 +12,7 @@ namespace {
 
 constexpr float Spacing = 100.0F; // metres between two planes of a group
 
-/// Where the planes of a side's group start: metres, one behind the other to the north.
+/// Where a side's group starts, in metres. Each plane is north of the one before it.
 struct GroupPlacing {
     float x, y, z;
     float heading; // degrees
@@ -57,7 +57,7 @@ void append(std::vector<zel::String>& lines, const std::vector<zel::String>& mor
     lines.insert(lines.end(), more.begin(), more.end());
 }
 
-/// The plane's block and that of its entity, with empty lines around them.
+/// The plane's block and its entity's block, with empty lines around them.
 std::vector<zel::String> planeLines(const EmittedPlane& plane) {
     const zel::String name = quoted(plane.shownName);
     const zel::String description = quoted(zel::String("ID") + plane.pilot);

@@ -2,16 +2,16 @@
 
 #include "engine/core/String.h"
 
-/// Where the settings file wtysettings.ini is looked for: in the player's folder, then in the
-/// program's working directory, then in the folder that the program was started from. A later one
-/// goes before an earlier one.
+/// The settings file wtysettings.ini is read from the player's folder, then from the program's
+/// working directory, then from the folder that the program was started from. A later one overrides
+/// an earlier one.
 
-/// To be said before the program changes its working directory.
+/// REQUIRES: the program has not changed its working directory yet.
 void noteStartFolder();
 void loadSettings();
-/// Reads all of them again, after the player has edited one; what they no longer name is forgotten.
+/// Reads all of them again, after the player has edited one; what they no longer name is gone.
 void reloadSettings();
-/// The file that a player is to write or to mend, with its full path: the one in the start folder
-/// or else beside the program's files, if it exists; beside these too if they lie beside the
-/// program and he may write there; else one in his own folder, which is made.
+/// The file that the player should write or fix, with its full path: the one in the start folder or
+/// else beside the program's files, if it exists; also beside these if they are beside the program
+/// and he may write there; otherwise one in his own folder, which is created.
 zel::String settingsFileToWrite();

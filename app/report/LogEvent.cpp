@@ -83,7 +83,7 @@ size_t clauseLength(std::string_view key) {
 
 // The rule is: split the line at blanks, and add each token without a colon to the token before it.
 // So a value extends from the first colon of its token to the next token that has a colon. This
-// finds the same without making tokens: for each first colon of a token, the key in front of it and
+// finds the same without making tokens: for each first colon of a token, the key before it and
 // the end of the value before that key.
 LogEvent::LogEvent(std::string_view text, size_t length) : line(text.data()) {
     using TokenMarks = ByteMarks<' ', ':'>;

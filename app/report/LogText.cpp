@@ -104,7 +104,7 @@ void LogText::splitFrom(size_t start) {
     if (all.substr(start, ByteOrderMark.size()) == ByteOrderMark)
         start += ByteOrderMark.size();
     size_t lineStart = start;
-    uint64_t endedBefore = 0; // bit 0: the byte in front of the present ones ends a line
+    uint64_t endedBefore = 0; // bit 0: the byte before the present ones ends a line
     for (; start < all.size(); start += LineMarks::Width) {
         const LineMarks marks(all, start);
         const uint64_t ends = marks.first | marks.second;

@@ -11,7 +11,7 @@
 /// buffer.
 ///
 /// A line ends at a carriage return or a line feed, and has neither. Empty lines and a file's byte
-/// order mark are left out, and so are zero bytes in front of a line; blanks stay.
+/// order mark are left out, and so are zero bytes before a line; blanks stay.
 class LogText {
 public:
     /// Replaces the lines. On error: false and no lines.
@@ -52,7 +52,7 @@ private:
 
     // No std::string: it would clear every piece's room before it is read into.
     std::unique_ptr<char[]> text;
-    size_t size = 0;     // bytes of it that are in use
+    size_t size = 0;     // bytes of the text in use
     size_t capacity = 0; // bytes
     std::vector<LineSpan> lines;
     bool unreadPiece = false;

@@ -14,7 +14,7 @@ constexpr float DeadlyInjury = 0.977F;
 /// or other object that the log names.
 class ReportRules {
 public:
-    /// REQUIRES: both outlive the rules, and the index is that of the records.
+    /// REQUIRES: both outlive the rules, and the index is of these records.
     ReportRules(std::vector<PilotReport>& pilots, ObjectIndex& objects)
         : pilots(pilots), objects(objects) {}
 

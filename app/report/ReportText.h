@@ -15,7 +15,7 @@ struct ReportEntry {
     bool isPlayer = false;
 };
 
-/// The report's two columns, a side each: the first record's side stands left.
+/// The report's two columns, a side each: the first record's side is on the left.
 struct ReportColumns {
     std::vector<ReportEntry> left;
     std::vector<ReportEntry> right;

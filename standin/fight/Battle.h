@@ -17,7 +17,7 @@ constexpr double BulletSpeed = 650; // m/s
 constexpr int32_t FirstPositionTick = 58;
 
 struct FightOptions {
-    bool killHuman = false;  // he dies, somehow
+    bool killHuman = false;  // he dies in any case
     bool woundHuman = false; // he is hurt and lives
 };
 
@@ -35,7 +35,7 @@ protected:
         Vector direction;    // of the nose and of the flight alike, length 1
         double speed = 0;    // m/s
         double throttle = 1; // share of the engine
-        Vector wanted;       // where the nose is to point
+        Vector wanted;       // where the nose should point
         Vector home;         // on the ground, or where his flight ends
         int32_t target = Nobody;
         int32_t lastAttacker = Nobody;
@@ -79,13 +79,13 @@ protected:
     double time = 0;      // the same in seconds
     int32_t lastTick = 0; // of the last event
     int32_t nextPositionTick = FirstPositionTick;
-    double ground = 0;     // its height, all over
+    double ground = 0;     // its height, everywhere
     double fightLimit = 0; // seconds until everybody goes home
-    double meddleTime = 0; // when the options' wound or death is due
+    double meddleTime = 0; // when the wound or death of the options is due
     bool fightOver = false;
     bool humanLands = true; // else his flight ends in the air
     double attackTime = 0;  // seconds until the order to attack
-    int32_t gunHits = 0;    // that the gun on the ground still has in store
+    int32_t gunHits = 0;    // that the gun on the ground still makes
 };
 
 } // namespace standin

@@ -104,7 +104,7 @@ void DogfightFire::damagePlane(int32_t attacker, int32_t target, int32_t amount)
     loseControl(target);
 }
 
-/// What is left of it goes at once: a wing, the tank, the engine.
+/// The rest of the plane fails at once: a wing, the tank, the engine.
 void DogfightFire::destroy(int32_t attacker, int32_t target) {
     const int32_t left = Whole - fighters[target].damage - random.getInt(0, 12);
     damagePlane(attacker, target, std::max(left, 5));
@@ -211,7 +211,7 @@ int32_t DogfightFire::nearestEnemy(int32_t index) const {
     return nearest;
 }
 
-/// Brings about what the options want, if it hasn't come of itself.
+/// Makes what the options ask for happen, if it hasn't happened yet.
 void DogfightFire::meddle() {
     const Fighter& fighter = fighters[human()];
     if ((!options.killHuman && !options.woundHuman) || !isFlying(fighter) ||

@@ -87,7 +87,7 @@ void DogfightMoves::steer(int32_t index) {
     keepClear(index);
 }
 
-/// After the target, ahead of it from near; never through it.
+/// Towards the target, from near ahead of it; never through it.
 void DogfightMoves::steerAttack(int32_t index) {
     Fighter& fighter = fighters[index];
     const int32_t area = std::max(mission.planes[index].area, 0);
@@ -181,7 +181,7 @@ double DogfightMoves::turnNose(int32_t index) {
         return 0;
     Vector across = wanted - fighter.direction * dot(wanted, fighter.direction);
     if (length(across) < 1e-6)
-        across = rightOf(fighter.direction) * fighter.side; // it lies straight behind
+        across = rightOf(fighter.direction) * fighter.side; // the aim is straight behind
     fighter.direction = normalized(fighter.direction * rounded(std::cos(turned)) +
                                    normalized(across) * rounded(std::sin(turned)));
     return turned / most;

@@ -36,7 +36,7 @@ bool isGerman(int32_t country) { return country >= FirstGermanCountry; }
 
 std::string number(int64_t value) { return std::to_string(value); }
 
-/// Three decimals; `comma` stands between the numbers.
+/// Three decimals; `comma` separates the numbers.
 std::string place(const Vector& position, const char* comma) {
     char buffer[128];
     std::snprintf(buffer, sizeof buffer, "(%.3f%s%.3f%s%.3f)", position.x, comma, position.y, comma,
@@ -120,7 +120,7 @@ void Writer::put(int32_t tick, const std::string& text) {
     lines.push_back({tick, "T:" + number(tick) + " AType:" + text + "\r\n"});
 }
 
-/// The line of type 12, once; a body's plane goes before it.
+/// The line of type 12, once; a body's plane comes first.
 void Writer::nameObject(int32_t tick, int32_t object) {
     if (object == Nobody || named[object])
         return;

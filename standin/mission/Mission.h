@@ -54,7 +54,7 @@ struct Country {
     int32_t coalition = 0;
 };
 
-/// What a mission's text tells, checked: every index below names what it should.
+/// The content of a mission's text, checked: every index below is valid.
 struct Mission {
     int32_t year = 0, month = 0, day = 0;
     int32_t hour = 0, minute = 0, second = 0;

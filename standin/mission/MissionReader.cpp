@@ -15,7 +15,7 @@ namespace {
 
 constexpr size_t MostPlanes = 64;   // a fight takes the square of their number
 constexpr double OneSpot = 5;       // metres: wings are wider
-constexpr double MapEdge = 1000000; // metres; the simulator's largest map has not half of it
+constexpr double MapEdge = 1000000; // metres; the simulator's largest map is less than half as wide
 
 class MissionFileReader {
 public:

@@ -44,7 +44,7 @@ struct MissionBlock {
 ///
 /// The first line is `# Mission File Version = ...;`, the last `# end of file`; between them are
 /// blocks and empty lines. Lines hold printable ASCII only and end in CR LF, which the last one may
-/// lack. On error: false with the first finding, and `blocks` is of no use.
+/// lack. On error: false with the first finding, and `blocks` must not be used.
 [[nodiscard]] bool parseMissionText(std::string_view text, std::vector<MissionBlock>& blocks,
                                     tools::Finding& finding);
 

@@ -11,7 +11,7 @@ namespace standin {
 
 /// The values of a mission's text. Each reads the whole of `text` or fails.
 bool parseWhole(std::string_view text, int32_t& number);
-/// Digits with a point at most: the exponents of a C library never stood in a mission.
+/// Digits with a point at most: no mission contains the exponents that a C library reads.
 bool parseNumber(std::string_view text, double& number);
 /// [1,2,3] or [].
 bool parseList(std::string_view text, std::vector<int32_t>& numbers);

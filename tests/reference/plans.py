@@ -103,7 +103,7 @@ class Planning:
 
 def main():
     database, shared = Random(1), Random(2)
-    generator = Random(Random(1).next())  # seeded by what the career's left behind
+    generator = Random(Random(1).next())  # seeded by the first draw of the career's
     database.integer(0, 0x7FFF5037)  # the career's number
     planning = Planning(Career(int(sys.argv[2]), database, shared, generator), generator)
     lines = []

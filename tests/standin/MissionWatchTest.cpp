@@ -33,12 +33,12 @@ TEST(MissionWatch, GivesOutEachMissionOnce) {
     EXPECT_EQ(watch.look(), "") << "it may still be written";
     folder.write(Mission, "half a mission and the rest");
     EXPECT_EQ(watch.look(), "");
-    EXPECT_EQ(watch.look(), "One.Mission") << "now it stood still";
+    EXPECT_EQ(watch.look(), "One.Mission") << "now it has stopped changing";
     EXPECT_EQ(watch.look(), "");
     EXPECT_EQ(watch.look(), "");
     setAge(folder, Mission, 5);
     EXPECT_EQ(watch.look(), "");
-    EXPECT_EQ(watch.look(), "One.Mission") << "the same text written anew is a new mission";
+    EXPECT_EQ(watch.look(), "One.Mission") << "the same text written again is a new mission";
     folder.write("data/Missions/TWO.MISSION", "x");
     folder.write("data/Missions/three.mission", "x");
     EXPECT_EQ(watch.look(), "");

@@ -110,7 +110,7 @@ TEST_F(StandInFlights, SumsTheFlightUp) {
     EXPECT_GT(victories, 0);
 }
 
-// What was asked for stands in the log, although it breaks off.
+// What was asked for is in the log, although it breaks off.
 TEST_F(StandInFlights, HeedsItsOptions) {
     for (uint32_t seed = 1; seed <= 20; ++seed) {
         FlightOptions options = pinned(seed, "2024-05-02_21-00-" + std::to_string(10 + seed));
@@ -118,7 +118,7 @@ TEST_F(StandInFlights, HeedsItsOptions) {
         options.woundPlayer = options.breakOff = true;
         EXPECT_FALSE(flown(options).finished);
         const HumanPart human = humanPartOf(linesOf(piecesOf(folder, options.stamp)));
-        EXPECT_EQ(human.dead, options.killPlayer) << "death goes before a wound";
+        EXPECT_EQ(human.dead, options.killPlayer) << "death overrides a wound";
         EXPECT_GT(human.wounds, 0) << seed;
         EXPECT_FALSE(human.finished || human.ended) << seed;
     }

@@ -23,5 +23,5 @@ struct CareerCall {
     std::vector<std::function<bool(Session&)>> commands; // in their order
 };
 
-/// Reads the words after the program's name. The call is of use if the reading says Run.
+/// Reads the words after the program's name. The call is valid if the reading is Run.
 tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerCall& call);

@@ -10,8 +10,7 @@
 #include "tools/career/Progress.h"
 
 /// One run of the career program: the objects that the window's program holds, and the commands on
-/// them. Each command returns true when it did what it says; otherwise problem() is the one line
-/// that tells why.
+/// them. Each command returns true on success; otherwise problem() is the one line that says why.
 class Session {
 public:
     /// waitSeconds: how long report() waits for the simulator's log.

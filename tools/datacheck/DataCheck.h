@@ -4,7 +4,7 @@
 
 namespace datacheck {
 
-/// The data folder that the user means: the folder itself, or Data inside of it. Empty if neither
+/// The data folder that the user means: the folder itself, or Data inside it. Empty if neither
 /// has squadrons or names.
 zel::String findDataFolder(const zel::String& folder);
 

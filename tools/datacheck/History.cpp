@@ -117,8 +117,8 @@ void readFile(const DataFile& file, HistoryRecord& record, Findings& findings) {
     }
 }
 
-/// Reports a file whose name is that of another file in its folder, or differs from that of
-/// another record in capitals only. records: those of the files before it.
+/// Reports a file with the same name as another one in its folder, or with a name that differs from
+/// another record's in capitals only. records: of the files before it.
 void checkName(const DataFile& file, const std::vector<DataFile>& files,
                const std::vector<HistoryRecord>& records, Findings& findings) {
     const auto isTwin = [&](const DataFile& other) {

@@ -19,7 +19,7 @@ struct StandInCall {
     FlightOptions flight;
 };
 
-/// Reads the words after the program's name. The call is of use if the reading says Run.
+/// Reads the words after the program's name. The call is valid if the reading is Run.
 tools::CallReading readStandInCall(const std::vector<std::string>& words, StandInCall& call);
 
 } // namespace standin

@@ -98,7 +98,7 @@ TEST_F(AircraftTest, GivesEachNationWhatItFlew) {
         EXPECT_EQ(chooseNationPlane(France, 1916, 1, 1), "nieuport11");
         EXPECT_EQ(chooseNationPlane(Germany, 1918, 5, 1), "fokkerd7");
     }
-    EXPECT_GT(drawsBetween(before, random), 100) << "refused types are drawn anew";
+    EXPECT_GT(drawsBetween(before, random), 100) << "refused types are drawn again";
 
     std::map<std::string, int> planes;
     for (int i = 0; i < 500; ++i) {

@@ -32,7 +32,7 @@ protected:
 };
 
 // What else they hold is in the saves that DatabaseTest compares.
-TEST_F(DataTables, ReadsThePlayersOwnFilesBehindTheDelivered) {
+TEST_F(DataTables, ReadsThePlayersOwnFilesAfterTheDelivered) {
     world.addHistory();
     const LogCapture log;
     for (int i = 0; i < 2; ++i) { // a second reading empties first

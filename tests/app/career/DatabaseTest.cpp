@@ -126,14 +126,14 @@ TEST(Database, AddsNoSquadronsBeyondTheFilesOfAWholeWar) {
     EXPECT_EQ(careerFaults(career), "");
 }
 
-TEST(Database, BeginsASecondCareerAnew) {
+TEST(Database, StartsASecondCareerFromScratch) {
     SmallWorld world;
     world.addHistory();
     Database career;
     career.careerNumber = 0;
     career.createCareer(ServiceGerman);
     const int32_t number = career.careerNumber;
-    EXPECT_NE(number, 0) << "0 stands for none";
+    EXPECT_NE(number, 0) << "0 means none";
     career.year = 1918;
     career.previousInvitation = 5;
     const int32_t player = career.playerPilot;

@@ -98,7 +98,7 @@ TEST_F(PilotHistory, APilotJoinsTheFirstVacantSlot) {
 TEST_F(PilotHistory, TheSkillFollowsTheLevel) {
     struct Case {
         const char* words;
-        int64_t draws; // behind the two of the name
+        int64_t draws; // after the two of the name
         std::set<int32_t> skills;
     };
     for (const Case& c :

@@ -47,7 +47,7 @@ protected:
         world.folder.write(std::string("user/") + SaveFileName, bytes);
         return other.loadFile(SaveFileName);
     }
-    /// What lies beside the save file under that ending.
+    /// The file beside the save file with that ending.
     std::string beside(const char* ending) const {
         return world.folder.read(std::string("user/") + SaveFileName + ending);
     }
@@ -80,7 +80,7 @@ constexpr const char* NoSave = " w 0 [Database] File Saves/savegame_v03.wty is n
 constexpr const char* Newer =
     " w 0 [Database] File Saves/savegame_v03.wty requires a newer version\n";
 
-// Where each part begins: each array behind its count.
+// Where each part begins: each array after its count.
 constexpr size_t Squadrons = 40;
 constexpr size_t Pilots = Squadrons + 2 * 360 + 4;
 constexpr size_t Lines = Pilots + 24 * 88 + 4;
@@ -129,7 +129,7 @@ TEST_F(SaveFile, RestoresEverythingBitForBit) {
     EXPECT_TRUE(world.folder.read("user/Saves/other") == bytes);
 }
 
-TEST_F(SaveFile, TellsWhyItRefusesAFile) {
+TEST_F(SaveFile, SaysWhyItRefusesAFile) {
     const std::string bytes = stored();
     for (const std::string& start :
          {"WTSW" + bytes.substr(4), "wtsv" + bytes.substr(4), std::string(), bytes.substr(0, 7)})
@@ -176,7 +176,7 @@ TEST_F(SaveFile, ReadsAFileCutAtAnyLength) {
     EXPECT_EQ(warnings.linesWith("Saves/savegame_v03.wty ends early"), 2) << warnings.text();
 }
 
-TEST_F(SaveFile, MendsWhateverAByteMayDo) {
+TEST_F(SaveFile, RepairsWhateverAByteMayDo) {
     const std::string bytes = stored();
     const LogCapture log(0);
     size_t loaded = 0;
@@ -202,7 +202,7 @@ TEST_F(SaveFile, MendsWhateverAByteMayDo) {
     EXPECT_GT(loaded, bytes.size() - 40) << "nearly always there is a career to go on with";
 }
 
-TEST_F(SaveFile, MendsWhatLeadsNowhere) {
+TEST_F(SaveFile, RepairsWhatLeadsNowhere) {
     constexpr const char* Player = "the player stood in no squadron";
     constexpr const char* Places = "places in squadrons were wrong";
     constexpr const char* PilotIndices = "pilots had no such file or squadron";
@@ -212,7 +212,7 @@ TEST_F(SaveFile, MendsWhatLeadsNowhere) {
         size_t offset;
         int32_t value;
         const char* line;
-        int32_t player = 13; // behind it
+        int32_t player = 13; // after it
         int32_t inviting = -2;
     };
     const std::string bytes = stored();

@@ -85,7 +85,7 @@ TEST(DailyMission, ShowsThePlayersFlight) {
     EXPECT_EQ(startLabel(test.write()), "Skip Mission (no flyable plane available)");
 }
 
-// The offsets move it as a whole; nothing else tells the second writing from the first.
+// The offsets move it as a whole; nothing else differs between the first and the second writing.
 TEST(DailyMission, IsTheSameAllDay) {
     DailyCareer test;
     setDate(test.career, 1917, 8, 9);
@@ -106,7 +106,7 @@ TEST(DailyMission, IsTheSameAllDay) {
     EXPECT_NE(withoutPlaces(), first);
 }
 
-TEST(DailyMission, TellsWhyThereIsNone) {
+TEST(DailyMission, SaysWhyThereIsNone) {
     const auto problemOf = [](const char* what, auto spoil) {
         DailyCareer test;
         spoil(test);

@@ -23,7 +23,7 @@ inline std::string textOf(const MissionGenerator& generator) {
     return text;
 }
 
-/// The values behind "key = " in a mission's text, in order, up to the end of the line.
+/// The values after "key = " in a mission's text, in order, up to the end of the line.
 inline std::vector<std::string> valuesOf(const std::string& text, const std::string& key) {
     std::vector<std::string> values;
     std::istringstream stream(text);

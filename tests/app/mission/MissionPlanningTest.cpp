@@ -134,7 +134,7 @@ TEST(MissionPlanning, DrawsTheSeasonWhereItIsOpen) {
     }
 }
 
-// In the list the Camel stands between the two SPADs, and the Germans behind the Dolphin. In
+// In the list the Camel is between the two SPADs, and the Germans come after the Dolphin. In
 // November 1917 the French fly nothing but the SPAD XIII, in December 1916 the Germans nothing but
 // the Albatros D. II.
 TEST(MissionPlanning, GivesThePlayerATypeThatHeOwns) {
@@ -151,7 +151,7 @@ TEST(MissionPlanning, GivesThePlayerATypeThatHeOwns) {
     for (const Aircraft& aircraft : AircraftTable::rows())
         if (aircraft.isAllied())
             zel::Registry::set(aircraft.identifier, "0");
-    EXPECT_EQ(french.playersType(), "spad13") << "with none found the drawn type stands";
+    EXPECT_EQ(french.playersType(), "spad13") << "with none found the drawn type is kept";
 
     TinyCareer german(Germany, France);
     setDate(german.career, 1916, 12, 1);
@@ -195,7 +195,7 @@ TEST(MissionPlanning, MakesDoWithTinySquadrons) {
         EXPECT_LE(test.generator.plan.size(), 2 * pilots);
         EXPECT_EQ(test.generator.plan.front().pilot, 0);
     }
-    // Without him there is nobody left on his side: he is dropped, and the plan is told of.
+    // Without him there is nobody left on his side: he is dropped, and the log says so.
     TinyCareer test(England, Germany, 1);
     test.generator.planMission(false);
     ASSERT_EQ(test.generator.plan.size(), 1u);
@@ -203,7 +203,7 @@ TEST(MissionPlanning, MakesDoWithTinySquadrons) {
     EXPECT_EQ(test.lines.linesWith("!! "), 1) << test.lines.text();
 }
 
-// He stands in a squadron without standing in its slots: no plan can hold him.
+// He is in a squadron but in none of its slots: no plan can hold him.
 TEST(MissionPlanning, GivesUpOnAPlayerWhoCannotBeDrawn) {
     TinyCareer test(England, Germany);
     test.career.squadrons[0].slots[0] = test.career.squadrons[0].slots[1];

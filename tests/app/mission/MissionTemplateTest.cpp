@@ -46,7 +46,7 @@ struct Scanned : MissionGenerator {
 
 TEST(MissionTemplate, CollectsTheObjects) {
     LogCapture lines(zel::LogInfo);
-    Scanned scanned("{\n" // opens nothing, for want of a line in front of it
+    Scanned scanned("{\n" // opens nothing without a line before it
                     "}\n"
                     "Group\n{\n  Index = 12;\n  XPos = 50;\n"
                     "  mcu_cmd_attackAREA\n  {\n"
@@ -106,7 +106,7 @@ TEST(MissionTemplate, IsReadWhereverItEnds) {
         cut.generateMission();
         const std::string text = textOf(cut);
         EXPECT_EQ(valuesOf(text, "AILevel").size(), count >= 8 ? 2u : 0u)
-            << "the planes stand behind the options, or nowhere";
+            << "the planes are after the options, or nowhere";
         EXPECT_EQ(cut.attackArea, count >= 16 ? 0 : -1);
         EXPECT_EQ(text.find("    Objects = [3,5];") != text.npos, count >= 13);
     }

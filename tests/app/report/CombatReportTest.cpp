@@ -16,7 +16,7 @@ std::vector<zel::String> parted(const std::string& text) {
     return parts;
 }
 
-/// The pilots that a plan's names find behind the names of a log, all of one nation; -1 for none.
+/// The pilots that a plan's names find for the names of a log, all of one nation; -1 for none.
 std::string mapped(const std::string& planned, const std::string& logged) {
     MissionGenerator generator;
     for (const zel::String& name : parted(planned))
@@ -75,7 +75,7 @@ TEST(CombatReport, FindsPilotsByTheStartOfTheirNames) {
     }
 }
 
-TEST(CombatReport, TellsTheNationsApart) {
+TEST(CombatReport, DistinguishesTheNations) {
     LogCapture lines;
     MissionGenerator generator;
     generator.plan = {plannedPlane(0, "Max", France), plannedPlane(1, "Max", Germany)};

@@ -6,7 +6,7 @@
 
 // A flight of four, made up: the player is Erich Sommer with one wing man, against two Camels. He
 // shoots down Reed, who lives; Brandt is shot down by Hall and dies of the fall; a machine gun on
-// the ground takes part; Hall never meets the player. Its log lies in the folder flight, a file for
+// the ground takes part; Hall never meets the player. Its log is in the folder flight, a file for
 // each piece.
 
 inline const std::vector<std::string> FlightPieces = [] {

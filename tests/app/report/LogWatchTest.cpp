@@ -74,7 +74,7 @@ TEST_F(LogWatchTest, ShowsALogAgainWhenItHasGrown) {
     EXPECT_EQ(watch.look(data), one) << "another piece";
     EXPECT_EQ(watch.look(data), Names{});
     write("missionReport(a)[3].txt", "x");
-    EXPECT_EQ(watch.look(data), Names{}) << "a piece behind a gap";
+    EXPECT_EQ(watch.look(data), Names{}) << "a piece after a gap";
     watch.settle();
     write("missionReport(a)[2].txt", "x");
     EXPECT_EQ(watch.look(data), Names{}) << "settled";
@@ -115,7 +115,7 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     EXPECT_EQ(missionsOf(10), 10);
 }
 
-// A pilot who was in no fight is named behind the end of the mission. Whatever part of that piece a
+// A pilot who was in no fight is named after the end of the mission. Whatever part of that piece a
 // look finds, he has flown once it is carried into the career.
 TEST_F(LogWatchTest, LeavesAnEndThatIsBeingWritten) {
     flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
@@ -138,7 +138,7 @@ TEST_F(LogWatchTest, LeavesAnEndThatIsBeingWritten) {
     }
 }
 
-TEST_F(LogWatchTest, TakesAnEndThatNamesNotEverybodyOnceItGrowsNoMore) {
+TEST_F(LogWatchTest, TakesAnEndThatDoesNotNameEverybodyOnceItStopsGrowing) {
     flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
     writeFlight("missionReport(a)");
     EXPECT_FALSE(flight.findReport(career));
@@ -160,7 +160,7 @@ TEST_F(LogWatchTest, TakesTheFirstFinishedOfTwo) {
     write("missionReport(c)[4].txt", "T:0 AType:15 VER:18\n");
     for (int32_t piece = 1; piece < 4; ++piece)
         writePiece("missionReport(a)", piece);
-    EXPECT_FALSE(flight.findReport(career)) << "the rest is settled, whatever becomes of it";
+    EXPECT_FALSE(flight.findReport(career)) << "the rest is settled, whatever happens to it";
     EXPECT_EQ(missionsOf(10), 10);
     Configuration::reset();
     Configuration::set("rof.directory", world.folder.path() + "/nowhere");

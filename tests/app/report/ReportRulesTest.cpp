@@ -94,7 +94,7 @@ TEST_F(ReportRulesTest, JoinsThePiecesUpToTheFirstGap) {
     EXPECT_FALSE(report.readMission(zel::String(folder.path() + "/data/"), "bare.txt"));
 }
 
-// Finished from the moment on when the end of the player's body is told.
+// Finished once the log has the end of the player's body.
 TEST_F(ReportRulesTest, ReadsALogWhereverItEnds) {
     std::string all;
     for (const std::string& piece : FlightPieces)

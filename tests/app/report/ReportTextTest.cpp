@@ -9,7 +9,7 @@
 namespace {
 
 // Only where one text ends and the next begins, and what overrides what.
-TEST(ReportText, TellsThePilotsFate) {
+TEST(ReportText, ReportsThePilotsFate) {
     const struct {
         int32_t killed, dead, percent;
         float damage;
@@ -42,7 +42,7 @@ TEST(ReportText, TellsThePilotsFate) {
     }
 }
 
-TEST(ReportText, TellsTheCause) {
+TEST(ReportText, ReportsTheCause) {
     std::vector<PilotReport> pilots(2);
     pilots[0].name = "Friend";
     pilots[1].name = "Enemy/7";

@@ -62,7 +62,7 @@ private:
         return [type](const LogLine& line) { return line.type == type; };
     }
 
-    /// 0, the flights, and at tick 5 the human's plane, body and sortie, one behind the other.
+    /// 0, the flights, and at tick 5 the human's plane, body and sortie, one after the other.
     void checkStart() const {
         ASSERT_GT(lines.size(), 5U);
         EXPECT_EQ(lines[0].type, 0);
@@ -83,7 +83,7 @@ private:
         EXPECT_EQ(first->tick, 58);
     }
 
-    /// Each object has one line of type 12, in front of the first that tells of it.
+    /// Each object has one line of type 12, before the first event that names it.
     void checkNames(const LogLine& line) {
         if (line.type != 12) {
             for (const char* key : {"AID", "TID", "ID", "PLID", "BOTID", "PID"}) {
@@ -177,7 +177,7 @@ private:
     std::map<int32_t, int32_t> losses; // by what was lost
 };
 
-/// Plain text in lines of CR LF behind the head. About 1474 ticks a piece, so the bounds widen with
+/// Plain text in lines of CR LF after the head. About 1474 ticks a piece, so the bounds widen with
 /// their number.
 void checkPieces(const std::vector<std::string>& pieces) {
     for (size_t i = 0; i < pieces.size(); ++i) {

@@ -67,7 +67,7 @@ TEST(MissionLog, WritesItsLinesAsTheSimulatorDoes) {
     const std::string id = start.values.at("PLID");
     const LogLine& flight = *lineOfType(lines, 11);
     EXPECT_EQ(flight.values.at("LID"), id);
-    EXPECT_EQ(flight.values.at("IDS").rfind(id + ",", 0), 0U) << "the leader stands first";
+    EXPECT_EQ(flight.values.at("IDS").rfind(id + ",", 0), 0U) << "the leader comes first";
     EXPECT_EQ(std::count(flight.text.begin(), flight.text.end(), ','), 2) << "three planes";
     const LogLine& plane = *lineOfType(lines, 12);
     EXPECT_EQ(plane.text,
@@ -80,7 +80,7 @@ TEST(MissionLog, WritesItsLinesAsTheSimulatorDoes) {
     EXPECT_EQ(lineOfType(lines, 5), nullptr) << "no take-off in the air";
 }
 
-TEST(MissionLog, DrawsItsNumbersAnewAndCutsNames) {
+TEST(MissionLog, DrawsFreshNumbersAndCutsNames) {
     const Mission mission = readMission(missionText(sixPlanes()));
     std::set<int32_t> planes;
     std::set<std::string> names;
@@ -97,13 +97,13 @@ TEST(MissionLog, DrawsItsNumbersAnewAndCutsNames) {
                 names.insert(line.values.at("NAME"));
     }
     EXPECT_GT(planes.size(), 50U);
-    EXPECT_TRUE(odd > 3 && odd < 30) << odd << ": a body's number isn't reckoned from its plane's";
+    EXPECT_TRUE(odd > 3 && odd < 30) << odd << ": a body's number isn't computed from its plane's";
     EXPECT_TRUE(guns > 2 && guns < 40) << guns << ": guns on the ground turn up now and then";
     EXPECT_EQ(names.count("Maximilian Freiherr von und zu "), 1U) << "31 characters, one a blank";
     EXPECT_EQ(names.count("John  O'Neil"), 1U);
 }
 
-TEST(MissionLog, TellsObjectives) {
+TEST(MissionLog, ReportsObjectives) {
     std::string text =
         replaced(missionText(sixPlanes()), "# end of file", objectiveText(90) + "# end of file");
     text = replaced(text, "Targets = [3]", "Targets = [3,90]");

@@ -30,8 +30,8 @@ struct Edit {
     const char* from;
     std::vector<const char*> to; // each in turn
     const char* reason;          // that the message must hold
-    const char* after = "";      // the first `from` behind this
-    const char* at = ""; // what the faulty line holds, behind `after`; empty: the edit itself
+    const char* after = "";      // the first `from` after this
+    const char* at = ""; // what the faulty line holds, after `after`; empty: the edit itself
 };
 
 void expectRefused(const Edit& edit, const char* to) {

@@ -77,7 +77,7 @@ std::string replaced(const std::string& text, const std::string& from, const std
     const size_t start = text.find(after);
     const size_t place = start == text.npos ? start : text.find(from, start);
     if (place == text.npos) {
-        ADD_FAILURE() << "'" << from << "' behind '" << after << "' isn't in the mission";
+        ADD_FAILURE() << "'" << from << "' after '" << after << "' isn't in the mission";
         return text;
     }
     std::string result = text;

@@ -18,7 +18,7 @@ struct TestPlane {
 
 /// A mission's whole text, as a generator for the simulator would write it: two flights head on,
 /// 2600 m apart, each led by its first plane. Planes get the indices 11, 13, 15 and so on, their
-/// entities the ones behind; the logic has 1 to 3.
+/// entities the ones after; the logic has 1 to 3.
 std::string missionText(const std::vector<TestPlane>& planes, bool inAir = true);
 
 /// Three against three of spring 1918, the human first.
@@ -26,13 +26,13 @@ std::vector<TestPlane> sixPlanes();
 /// missionText of a human and one enemy, for tests that edit it.
 std::string smallMission();
 
-/// An objective of that index at the place 1.5, 2, 3, to stand in front of the file's last line.
+/// An objective of that index at the place 1.5, 2, 3, for the place before the file's last line.
 std::string objectiveText(int32_t index);
 
 /// The mission of a text; fails the test if it is refused.
 Mission readMission(const std::string& text);
 
-/// The text with the first `from` behind `after` replaced; fails the test if there is none.
+/// The text with the first `from` after `after` replaced; fails the test if there is none.
 std::string replaced(const std::string& text, const std::string& from, const std::string& to,
                      const std::string& after = "");
 

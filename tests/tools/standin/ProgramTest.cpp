@@ -39,7 +39,7 @@ std::vector<LogLine> onlyLog(const TemporaryFolder& folder) {
 
 } // namespace
 
-TEST(Program, TellsWrongCallsFromFailures) {
+TEST(Program, DistinguishesWrongCallsFromFailures) {
     const TemporaryFolder folder;
     const std::string rof = folder.path() + "/rof";
     ProgramCall result = call("");
