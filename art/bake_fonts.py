@@ -24,6 +24,10 @@ FONTS = {
     'report18own': ('Courier Prime Bold.otf', 18.33, 11, 'ink:#23406B'),
     'report17': ('Courier Prime.otf', 16.67, 10, 'ink:#3A2C1B'),
     'report17red': ('Courier Prime Bold.otf', 16.67, 10, 'ink:#8E1F17'),
+    # For names that are too long for the three above.
+    'report15': ('Courier Prime Bold.otf', 15, 9, 'ink:#2A1E12'),
+    'report15own': ('Courier Prime Bold.otf', 15, 9, 'ink:#23406B'),
+    'report13red': ('Courier Prime Bold.otf', 13.33, 8, 'ink:#8E1F17'),
     'head34': ('OldStandard-Bold.ttf', 33, None, 'white'),
     'print30': ('OldStandard-Bold.ttf', 30, None, 'white'),
     'print20': ('OldStandard-Bold.ttf', 20, None, 'white'),

@@ -76,6 +76,7 @@ def pictures():
         'hands': hands,
         'progress_empty': lambda: whole(bar(False), 'progress_empty'),
         'progress_full': lambda: whole(bar(True), 'progress_full'),
+        'slip': lambda: whole(flying.slip(), 'slip'),
         'icon': lambda: (small_icon(), ''),
         'icon_256': lambda: (large_icon(), ''),
     }

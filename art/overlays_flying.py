@@ -9,7 +9,7 @@ from lettering import ink
 from outlines import fill, stroke, vector
 from pixels import blur, bump, empty, grid, lay, over, shade, smooth, with_alpha
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
-from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OLD_CARD, RED, W, book_page, heading,
+from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page, heading,
                     lay_pencil, lay_turned, numbers, office_sheet, open_book, ruled, rules)
 from textures import crease, foil, lamp, leather, paper, pressed, wood
 from theatremap import place, theatre_map
@@ -220,6 +220,13 @@ def over_report():
 
 
 # -- the war moves on
+
+
+def slip():
+    """A slip of paper below the ledger, for a note that a report seldom has."""
+    layer = empty(252, 104)
+    lay(layer, paper(244, 98, 73, base=OFFICE, rough=.6), 2, 1, 2, 3, 3, .5)
+    return layer
 
 
 def over_advance():

@@ -90,6 +90,7 @@ inline constexpr Wording PlaneOfPilot{808, "$1 ($2)"};
 
 inline constexpr Wording ReportedPilot {1010, "$1 - Kills: $2"};
 inline constexpr Wording NoMission     {1011, "(No mission played.)"};
+inline constexpr Wording UnknownPlayer {1012, "In the log you are \"$1\". Your orders don't name him: the flight is not counted."};
 inline constexpr Wording DiedInTheAir  {1020, "Died in the air"};
 inline constexpr Wording CrashedAndDied{1021, "Crashed and died"};
 inline constexpr Wording SevereInjuries{1022, "Severe injuries"};
@@ -107,6 +108,13 @@ inline constexpr Wording ShotdownBy    {1041, "Shotdown By: $1"};
 inline constexpr Wording KilledByOwn   {1042, "Killed By Own: $1"};
 inline constexpr Wording ShotdownByOwn {1043, "Shotdown By Own: $1"};
 inline constexpr Wording Crashed       {1044, "Crashed"};
+inline constexpr Wording MachineGun    {1050, "machine gun on the ground"};
+inline constexpr Wording AntiAircraftFire{1051, "anti-aircraft fire"};
+inline constexpr Wording FieldGun      {1052, "field gun"};
+inline constexpr Wording Lorry         {1053, "lorry"};
+inline constexpr Wording Tank          {1054, "tank"};
+inline constexpr Wording Balloon       {1055, "observation balloon"};
+inline constexpr Wording Searchlight   {1056, "searchlight"};
 
 inline constexpr Wording Score      {1210, "$1: $2"};
 inline constexpr Wording OwnScore   {1211, "$1 (you!): $2"};

@@ -2,11 +2,18 @@
 
 #include "app/career/Nation.h"
 #include "app/career/Wording.h"
+#include "app/report/GroundObjects.h"
 
 namespace {
 
 constexpr float LeastDamage = 0.01F;
 constexpr float DestroyedPercent = 50.0F;
+
+/// The name in the log; of what is on the ground, what it is.
+zel::String nameOf(const PilotReport& record) {
+    const Wording* ground = groundObject(record.type);
+    return ground != nullptr ? textOf(*ground) : record.name;
+}
 
 } // namespace
 
@@ -39,10 +46,10 @@ zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& 
     const bool dead = pilot.dead != 0;
     if (pilot.shotdownBy >= 0)
         return textOf(dead ? wording::KilledBy : wording::ShotdownBy,
-                      {pilots[pilot.shotdownBy].name});
+                      {nameOf(pilots[pilot.shotdownBy])});
     if (pilot.shotdownByOwn >= 0)
         return textOf(dead ? wording::KilledByOwn : wording::ShotdownByOwn,
-                      {pilots[pilot.shotdownByOwn].name});
+                      {nameOf(pilots[pilot.shotdownByOwn])});
     return textOf(wording::Crashed);
 }
 
@@ -53,12 +60,13 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots) {
             continue;
         const bool isLeft = isSameSide(pilot.country, pilots.front().country);
         ReportEntry entry;
-        entry.pilot =
-            textOf(wording::ReportedPilot, {pilot.name, static_cast<int32_t>(pilot.kills.size())});
+        entry.pilot = textOf(wording::ReportedPilot, {nameOf(pilot), int32_t(pilot.kills.size())});
         entry.fate = fateText(pilot);
         entry.cause = causeText(pilot, pilots);
         entry.isPlayer = pilot.human != 0;
         (isLeft ? columns.left : columns.right).push_back(entry);
+        if (entry.isPlayer && pilot.pilot < 0)
+            columns.note = textOf(wording::UnknownPlayer, {pilot.name});
     }
     return columns;
 }

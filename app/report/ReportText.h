@@ -19,10 +19,12 @@ struct ReportEntry {
 struct ReportColumns {
     std::vector<ReportEntry> left;
     std::vector<ReportEntry> right;
+    zel::String note; // explains a player's plane that no pilot of the plan has; usually empty
 };
 
-/// The records in their order, without those that have no name.
+/// The records in their order, without those that have no name. Objects on the ground have the
+/// names of groundObject() instead of those in the log.
 ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots);
 zel::String fateText(const PilotReport& pilot);
-/// REQUIRES: the record's indices are places in `pilots`.
+/// REQUIRES: the record's indices are valid in `pilots`.
 zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& pilots);

@@ -46,6 +46,7 @@ void MenuGameCombatReport::onEnter() {
         fillColumn("left", columns.left);
         fillColumn("right", columns.right);
         sheetCount = sheetsFor(columns);
+        showNote(columns.note);
         report.clear();
     }
     showSheet(1);
@@ -56,17 +57,42 @@ void MenuGameCombatReport::clearColumns() {
         setText(lineName("left", line), line == 1 ? textOf(wording::NoMission) : "");
         setText(lineName("right", line), "");
     }
+    showNote({});
+}
+
+/// On a slip of its own, which is there for nothing else.
+void MenuGameCombatReport::showNote(const zel::String& note) {
+    setVisible("slip", !note.empty());
+    setText("note", note);
 }
 
 void MenuGameCombatReport::fillColumn(const char* column, const std::vector<ReportEntry>& entries) {
     int32_t line = 1;
     for (const ReportEntry& entry : entries) {
-        const zel::Widget* own = entry.isPlayer ? getWidget("ownLine") : nullptr;
-        if (zel::Widget* widget = getWidget(lineName(column, line)); own != nullptr && widget)
-            widget->setFont(own->getFont());
-        for (const zel::String& text : {entry.pilot, entry.fate, entry.cause})
-            setText(lineName(column, line++), text);
+        if (entry.isPlayer)
+            takeFont(lineName(column, line), "ownLine");
+        setLine(lineName(column, line++), entry.pilot, entry.isPlayer ? "narrowOwn" : "narrowLine");
+        setText(lineName(column, line++), entry.fate);
+        setLine(lineName(column, line++), entry.cause, "narrowCause");
     }
+}
+
+/// Gives a line the font of another element.
+void MenuGameCombatReport::takeFont(const zel::String& line, const char* element) {
+    zel::Widget* widget = getWidget(line);
+    const zel::Widget* other = getWidget(element);
+    if (widget != nullptr && other != nullptr)
+        widget->setFont(other->getFont());
+}
+
+/// Sets a line's text, in the font of the element if its own makes the text wider than the line.
+void MenuGameCombatReport::setLine(const zel::String& line, const zel::String& text,
+                                   const char* narrowElement) {
+    const zel::Widget* widget = getWidget(line);
+    if (widget != nullptr &&
+        zel::Text::widthOf(widget->getFont(), text) > widget->getBounds().rect.width)
+        takeFont(line, narrowElement);
+    setText(line, text);
 }
 
 void MenuGameCombatReport::showSheet(int32_t sheet) {

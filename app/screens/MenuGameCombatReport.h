@@ -21,6 +21,9 @@ public:
 private:
     void clearColumns();
     void fillColumn(const char* column, const std::vector<ReportEntry>& entries);
+    void showNote(const zel::String& note);
+    void takeFont(const zel::String& line, const char* element);
+    void setLine(const zel::String& line, const zel::String& text, const char* narrowElement);
     void showSheet(int32_t sheet); // from 1 on
 
     Flight& flight;

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr size_t ColumnWidth = 46;      // of the report, in characters
+constexpr size_t ColumnWidth = 54;      // of the report: the longest name and its victories fit
 constexpr uint32_t LookInterval = 1000; // milliseconds between two looks for a log
 
 void print(const zel::String& line) { std::printf("%s\n", line.c_str()); }
@@ -196,6 +196,8 @@ void Session::sayReport() {
         printColumns(left.fate, right.fate);
         printColumns(left.cause, right.cause);
     }
+    if (!columns.note.empty())
+        say(columns.note);
 }
 
 void Session::advanceOnePeriod() {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/report/GroundObjects.h"
 #include "tests/support/Printers.h"
 
 namespace {
@@ -81,15 +82,38 @@ TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     pilots[2].human = 1;
     pilots[2].shotDown = 1;
     pilots[2].shotdownBy = 1;
+    pilots[4].type = "LMG08AAA";
     const ReportColumns columns = combatReportColumns(pilots);
     // A nameless record decides, and isn't shown.
     EXPECT_EQ(told(columns.left),
               "you: Brandt - Kills: 0, Survived without injuries, Shotdown By: Hall\n"
-              "gun - Kills: 0, No damage, \n");
+              "machine gun on the ground - Kills: 0, No damage, \n");
+    EXPECT_EQ(columns.note, "In the log you are \"Brandt\". Your orders don't name him: the flight "
+                            "is not counted.");
     EXPECT_EQ(told(columns.right), "Hall - Kills: 2, No damage, \n"
                                    "Young - Kills: 0, No damage, \n"
                                    "what - Kills: 0, No damage, \n");
     EXPECT_EQ(told(combatReportColumns({}).left), "");
+    pilots[2].pilot = 7;
+    pilots[2].shotdownBy = 4;
+    EXPECT_EQ(combatReportColumns(pilots).left[0].cause, "Shotdown By: machine gun on the ground");
+    EXPECT_EQ(combatReportColumns(pilots).note, "") << "the player is in the plan";
+}
+
+TEST(ReportText, CallsObjectsOnTheGroundWhatTheyAre) {
+    for (const auto& [type, name] : {std::pair{"hotchkissaaa", "machine gun on the ground"},
+                                     {"LMG08", "machine gun on the ground"},
+                                     {"77mmAAA", "anti-aircraft fire"},
+                                     {"Benz_Searchlight", "searchlight"},
+                                     {"benz_soft", "lorry"},
+                                     {"Mk4F", "tank"},
+                                     {"LMG", ""},
+                                     {"AAA gun", ""},
+                                     {"Albatros D.II", ""},
+                                     {"", ""}}) {
+        const Wording* ground = groundObject(type);
+        EXPECT_STREQ(ground != nullptr ? ground->english : "", name) << type;
+    }
 }
 
 } // namespace

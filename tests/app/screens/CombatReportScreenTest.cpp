@@ -19,6 +19,7 @@ protected:
                 zel::String(i < allied ? "Tommy " : "Fritz ") + (i < allied ? i : i - allied);
             pilot.country = i < allied ? 102 : 501;
             pilot.human = i == 0 ? 1 : 0;
+            pilot.pilot = i;
         }
         ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
     }
@@ -51,11 +52,37 @@ TEST_F(CombatReportScreen, TurnsItsSheets) {
 TEST_F(CombatReportScreen, HasNoSheetsToTurnWhenOneIsEnough) {
     showReport(7, 7);
     EXPECT_TRUE(isShown("left21"));
-    for (const char* plate : {"sheet1", "sheet2", "sheet3", "sheetlit1"})
+    for (const char* plate : {"sheet1", "sheet2", "sheet3", "sheetlit1", "slip"})
         EXPECT_FALSE(isShown(plate)) << plate;
     EXPECT_NE(driver.widget("left1")->getFont(), driver.widget("left4")->getFont())
         << "the player's own line stands out";
     EXPECT_EQ(driver.widget("left4")->getFont(), driver.widget("right1")->getFont());
+}
+
+// 31 letters and the victories in the log, which is what a name can have at most.
+TEST_F(CombatReportScreen, FitsTheLongestNames) {
+    const zel::String name("Wilhelmina-Karoline von Wuertte/12");
+    for (int32_t i = 0; i < 3; ++i) {
+        PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
+        pilot.name = i < 2 ? name : zel::String("Short");
+        pilot.country = 102;
+        pilot.human = i == 1 ? 1 : 0;
+        pilot.kills.assign(12, 0);
+        pilot.shotDown = 1;
+        pilot.shotdownByOwn = 0;
+    }
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    for (int32_t line = 1; line <= 9; ++line) {
+        const zel::Widget& widget = *driver.widget("left" + std::to_string(line));
+        EXPECT_LE(zel::Text::widthOf(widget.getFont(), widget.getText()),
+                  widget.getBounds().rect.width)
+            << widget.getText().c_str();
+    }
+    EXPECT_EQ(driver.widget("left7")->getFont(), driver.widget("left13")->getFont())
+        << "a short name keeps the usual type";
+    EXPECT_TRUE(isShown("slip"));
+    EXPECT_NE(driver.text("note").find(name.c_str()), std::string::npos)
+        << "it is nobody of the plan";
 }
 
 TEST_F(CombatReportScreen, KeepsTheFirstOfTooMany) {

@@ -107,8 +107,10 @@ private:
     static bool fillReport() {
         for (int32_t i = 0; i < 20; ++i) {
             PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
-            pilot.name = i % 2 == 0 ? "Friedrich-Karl von Preussen" : "Edward Mannock";
+            // The longest name of the log, and a player's that nobody of the plan has.
+            pilot.name = i % 2 == 0 ? "Wolfram-Friedrich von Hohenlohe/12" : "Edward Mannock";
             pilot.country = i % 2 == 0 ? Germany : England;
+            pilot.type = i == 4 ? "LMG08AAA" : "";
             pilot.shotDown = pilot.dead = i % 3 == 0 ? 1 : 0;
             pilot.shotdownBy = i == 0 ? 1 : 0;
             pilot.human = i == 1 ? 1 : 0;
