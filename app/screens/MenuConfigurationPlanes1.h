@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/screens/ConfigurationScreen.h"
+#include "app/screens/PlanesScreen.h"
 
 /// Which of the Allied planes the player has.
-class MenuConfigurationPlanes1 : public ConfigurationScreen {
+class MenuConfigurationPlanes1 : public PlanesScreen {
 public:
     MenuConfigurationPlanes1();
 };

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/screens/ConfigurationScreen.h"
+#include "app/screens/PlanesScreen.h"
 
 /// Which of the German planes the player has.
-class MenuConfigurationPlanes2 : public ConfigurationScreen {
+class MenuConfigurationPlanes2 : public PlanesScreen {
 public:
     MenuConfigurationPlanes2();
 };

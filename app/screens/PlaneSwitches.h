@@ -4,5 +4,11 @@
 
 #include "app/screens/Switch.h"
 
-/// A switch for each plane of a side, in the order of the list, as "item1", "item2" and so on.
-std::vector<Switch> planeSwitches(bool allied);
+/// How many switches a page has room for.
+constexpr int32_t PlanesPerSheet = 12;
+
+/// The sheets that the planes of a side fill, at least one.
+int32_t planeSheets(bool allied);
+/// The switches of a sheet (from 1 on) for the planes of a side, in the order of the list, as
+/// "item1" to "item12".
+std::vector<Switch> planeSwitches(bool allied, int32_t sheet);
