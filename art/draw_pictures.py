@@ -8,14 +8,16 @@ import argparse
 import os
 from functools import partial
 
+import numpy as np
 from PIL import Image
 
 import overlays_flying as flying
 import overlays_office as office
 from brass import GAP, PLATES, SWITCHES, plate_sheet
+from fieldmap import SECTORS
 from icon import large_icon, small_icon
 from outlines import fill, path, stroke, vector
-from pixels import empty, over, to_bytes
+from pixels import empty, over, rgb, to_bytes, with_alpha
 from props import sweep_hand
 from sheets import INK, desk
 
@@ -67,6 +69,18 @@ def whole(picture, name, lifetime=''):
     return picture, lifetime + 'image %s\n' % name
 
 
+def rows(name, count, h, **places):
+    """The numbered rows of a form, and the index that cuts them out: NAME_1 and so on."""
+    picture = flying.numbered_rows(count, h=h, **places)
+    index = ['image %s_%d\ndims 0 %d %d %d\n' % (name, i + 1, i * h, picture.shape[1], h) for i in range(count)]
+    return picture, ''.join(index)
+
+
+def shade_off():
+    """What lies over a map that is switched off."""
+    return with_alpha(np.broadcast_to(rgb('#2A1E12'), (4, 4, 3)), np.full((4, 4), .5, np.float32))
+
+
 def pictures():
     """name: function that gives the picture and the text of its image index ('' for none)."""
     kept = 'lifetime long\n'
@@ -77,11 +91,16 @@ def pictures():
         'progress_empty': lambda: whole(bar(False), 'progress_empty'),
         'progress_full': lambda: whole(bar(True), 'progress_full'),
         'slip': lambda: whole(flying.slip(), 'slip'),
+        'row_roster': lambda: rows('row_roster', 12, 44, w=552, right=34, baseline=30, line=40),
+        'row_orders': lambda: rows('row_orders', 8, 38, w=588, right=30, baseline=26, line=35),
+        'map_off': lambda: whole(shade_off(), 'map_off'),
         'icon': lambda: (small_icon(), ''),
         'icon_256': lambda: (large_icon(), ''),
     }
     for draw in OVERLAYS:
         table[draw.__name__] = partial(lambda draw: whole(draw(), draw.__name__), draw)
+    for sector in SECTORS:
+        table['sheet_' + sector] = partial(lambda s: whole(flying.sheet(s), 'sheet_' + s), sector)
     for name in list(PLATES) + list(SWITCHES):
         table[name] = partial(plate_sheet, name)
     return table

@@ -24,10 +24,33 @@ TRENCHES = [  # offset, sway, step of the sway, colour, depth of the traverses, 
     (0, 0, 0, OURS, 3.2, 7, 1.2), (-.055, 8, 2.6, OURS, 3.0, 8, 0.9),
     (.055, 6, 1.7, THEIRS, 3.6, 7, 1.3), (.11, 9, 2.1, THEIRS, 3.2, 7, 1.1),
 ]
-VILLAGES = [('Warlencourt', .15, .20), ('Le Sars', .31, .30), ('Ligny-Thilloy', .70, .16),
-            ('Flers', .20, .50),
-            ('Gueudecourt', .36, .78), ('Beaulencourt', .73, .40), ('Le Transloy', .66, .76),
-            ('Morval', .11, .86), ('Villers', .85, .66)]
+VILLAGES = [(.15, .20), (.31, .30), (.70, .16), (.20, .50), (.36, .78), (.73, .40), (.66, .76), (.11, .86),
+            (.85, .66)]
+# What is printed on the sheet of a sector: the three titles above the neat line, then the villages
+# in the order of their places.
+BRITISH, FRENCH = 'Scale 1 : 20,000', 'Échelle 1 : 20.000'
+SECTORS = {
+    'coast': ((BRITISH, 'NIEUPORT', '12 S.W.'),
+              ('Westende', 'St. Georges', 'Middelkerke', 'Ramscappelle', 'Dixmude', 'Schoore', 'Keyem',
+               'Pervyse', 'Leke')),
+    'ypres': ((BRITISH, 'YPRES', '28 N.W.'),
+              ('Boesinghe', 'St. Julien', 'Poelcappelle', 'Zillebeke', 'Gheluvelt', 'Passchendaele',
+               'Becelaere', 'Hooge', 'Moorslede')),
+    'arras': ((BRITISH, 'ARRAS', '51b N.W.'),
+              ('Neuville', 'Vimy', 'Gavrelle', 'Athies', 'Monchy', 'Oppy', 'Pelves', 'Feuchy', 'Biache')),
+    'bapaume': ((BRITISH, 'BAPAUME', '57c S.W.'),
+                ('Warlencourt', 'Le Sars', 'Ligny-Thilloy', 'Flers', 'Gueudecourt', 'Beaulencourt',
+                 'Le Transloy', 'Morval', 'Villers')),
+    'reims': ((FRENCH, 'REIMS', '34 S.E.'),
+              ('Courcy', 'Brimont', 'Bourgogne', 'Bétheny', 'Nogent', 'Berru', 'Moronvilliers', 'Sillery',
+               'Prosnes')),
+    'verdun': ((FRENCH, 'VERDUN', '35 N.O.'),
+               ('Samogneux', 'Louvemont', 'Bezonvaux', 'Bras', 'Fleury', 'Douaumont', 'Vaux', 'Belleville',
+                'Damloup')),
+    'toul': ((FRENCH, 'PONT-À-MOUSSON', '36 S.O.'),
+             ('Flirey', 'Limey', 'Thiaucourt', 'Regniéville', 'Norroy', 'Prény', 'Pagny', 'Mamey',
+              'Nomeny')),
+}
 
 
 def trench(c, points, color, depth=4, pitch=7, width=1.3):
@@ -65,22 +88,37 @@ def neat_line(c, x, y, w, h, gap, width):
     stroke(c, MAP_INK, 0.75, 0.85)
 
 
-def trench_map(w, h, seed, titles=('Scale 1 : 20,000', 'BAPAUME', '57c S.W.'), names=True):
-    """A trench map of w by h. titles: what stands above the neat line, left, middle and right."""
+def trench_map(w, h, seed, titles=('', '', '')):
+    """A trench map of w by h. titles: what is above the neat line, left, middle and right."""
     sheet = paper(w, h, seed, base='#E6D9B4', edge='#A98B56', foxing=9, rough=1.0, margin=14)
     body = empty(w, h)
     over(body, contours(w, h, seed + 1))
     over(body, vector(w, h, partial(_draw_country, w=w, h=h, rng=np.random.default_rng(seed + 2))))
-    for name, x, y in VILLAGES if names else []:
-        put(body, name, MAP_ITALIC, 17, w * x, h * y, MAP_INK)
     x, y = grid(w, h)
     m = MARGIN
     body[..., 3] *= (x > m) & (x < w - m) & (y > m + 10) & (y < h - m)
     over(sheet, ink(body, seed + 40, 0.22))
     over(sheet, vector(w, h, lambda c: neat_line(c, m, m + 10, w - 2 * m, h - 2 * m - 10, 4, 1.6)))
-    for text, at, align in zip(titles, (m, w / 2, w - m), ('left', 'center', 'right')):
-        put(sheet, text, MAP, 16.5, at, m, MAP_INK, align, 3 if align == 'center' else 1)
+    _print_titles(sheet, titles)
     return sheet
+
+
+def _print_titles(sheet, titles):
+    w, m = sheet.shape[1], MARGIN
+    for text, at, align in zip(titles, (m, w / 2, w - m), ('left', 'center', 'right')):
+        if text:
+            put(sheet, text, MAP, 16.5, at, m, MAP_INK, align, 3 if align == 'center' else 1)
+
+
+def sector_names(w, h, seed, sector):
+    """What a trench map of w by h and that seed bears in a sector, and nothing else."""
+    titles, villages = SECTORS[sector]
+    layer = empty(w, h)
+    for name, (x, y) in zip(villages, VILLAGES):
+        put(layer, name, MAP_ITALIC, 17, w * x, h * y, MAP_INK)
+    layer = ink(layer, seed + 40, 0.22)
+    _print_titles(layer, titles)
+    return layer
 
 
 def _draw_country(c, w, h, rng):

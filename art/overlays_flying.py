@@ -4,10 +4,10 @@ import math
 import numpy as np
 
 from aeroplane import photograph
-from fieldmap import OURS, THEIRS, trench_map
+from fieldmap import OURS, THEIRS, sector_names, trench_map
 from lettering import ink
 from outlines import fill, stroke, vector
-from pixels import blur, bump, empty, grid, lay, over, shade, smooth, with_alpha
+from pixels import blur, bump, empty, grid, lay, over, rotate, shade, smooth, with_alpha
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
 from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page, heading,
                     lay_pencil, lay_turned, numbers, office_sheet, open_book, ruled, rules)
@@ -26,7 +26,17 @@ def over_hub():
     for x in (208, 416):
         crease(field, x=x, strength=.07, seed=x)
     crease(field, y=250, strength=.07, seed=5)
-    lay_turned(ov, field, -2.2, 18, 28, 5, 7, 8, .6)
+    lay_turned(ov, field, *FIELD, 5, 7, 8, .6)
+    _lay_on_field(ov)
+    lay_pencil(ov, 300, GREEN_PENCIL, 14, 812, 560)
+    return ov
+
+
+FIELD = -2.2, 18, 28  # degrees, and the upper left corner of the map of the office
+
+
+def _lay_on_field(ov):
+    """What covers parts of the map: photograph, date block and the office's card."""
     machines = [dict(yaw=.5, pitch=.12, roll=-.35, size=16, cx=104, cy=80),
                 dict(yaw=.5, pitch=.12, roll=-.3, size=8, cx=180, cy=36)]
     lay_turned(ov, photograph(236, 176, 5, machines), 7, 412, 268)
@@ -36,8 +46,23 @@ def over_hub():
     lay(ov, paper(548, 228, 63, base=CARD, rough=.6), 52, 440, 4, 6, 6, .6)
     over(ov, ink(emblem_layer(150, 60, .52, INK), 3, .3), 68, 445)
     rules(ov, 80, 504, 492)
-    lay_pencil(ov, 300, GREEN_PENCIL, 14, 812, 560)
-    return ov
+
+
+SHEET = 660, 560  # px: the part of the office in which its map is
+
+
+def sheet(sector):
+    """The names on the office's map in a sector: nothing else, and none where something covers it."""
+    field = rotate(sector_names(624, 500, 21, sector), FIELD[0], PAD)
+    layer = empty(W, H)
+    over(layer, field, FIELD[1] - PAD, FIELD[2] - PAD)
+    above = empty(W, H)
+    _lay_on_field(above)
+    layer[..., 3] *= 1 - np.clip(above[..., 3] * 1.5, 0, 1)
+    return layer[:SHEET[1], :SHEET[0]]
+
+
+PAD = 40  # px, for the corners that turn
 
 
 def _lay_date_block(ov):
@@ -52,7 +77,7 @@ def _lay_date_block(ov):
 
 
 def over_roster():
-    """The nominal roll: twelve numbered rows; a photograph and a card for the squadron."""
+    """The nominal roll, with room for twelve rows; a photograph and a card for the squadron."""
     ov = empty(W, H)
     machines = [dict(yaw=.5, pitch=.06, roll=roll, size=size, cx=cx, cy=cy)
                 for roll, size, cx, cy in ((-.30, 15, 74, 118), (-.28, 13, 150, 78),
@@ -61,12 +86,17 @@ def over_roster():
     over(ov, office_sheet(32, 20, 616, 648, 91))
     lay(ov, paper(352, 184, 63, base=CARD, rough=.6), 632, 56, 4, 6, 6, .6)
     over(ov, pin(color='#28497E'), 796, 50)
-    rows = [112 + 45 * i for i in range(12)]
-    for y in rows:
-        ruled(ov, 64, y + 40, 552)
-    numbers(ov, [y + 30 for y in rows], 98)
     rules(ov, 658, 122, 300)
     return ov
+
+
+def numbered_rows(count, w, h, right, baseline, line):
+    """Numbered and ruled rows one below the other, each an image; a form shows as many as it needs.
+    right, baseline: where a row's number ends; line: where its rule is."""
+    layer = empty(w, count * h)
+    for i in range(count):
+        ruled(layer, 0, i * h + line, w)
+    return numbers(layer, [i * h + baseline for i in range(count)], right)
 
 
 def over_aces():
@@ -158,18 +188,14 @@ def _sign(c):
 
 
 def over_orders():
-    """The operation order: text above, eight numbered rows below; the target ringed on a map."""
+    """The operation order: text above, room for eight rows below; the target ringed on a map."""
     ov = empty(W, H)
-    field = trench_map(420, 400, 77, titles=('', '', ''), names=False)[60:380, 30:400]
+    field = trench_map(420, 400, 77)[60:380, 30:400]
     lay_turned(ov, field, 4, 674, 330, 5, 7, 7, .6)
     over(ov, ink(vector(W, H, _ring), 4, .35))
     machine = dict(yaw=2.7, pitch=-.02, roll=.45, size=19, kind='triplane', mark='cross', cx=135, cy=92)
     lay_turned(ov, photograph(300, 220, 25, [machine]), -4, 682, 32)
     over(ov, office_sheet(32, 20, 652, 648, 51, fold=.425))
-    rows = [340 + 40 * i for i in range(8)]
-    for y in rows:
-        ruled(ov, 64, y + 35, 588)
-    numbers(ov, [y + 26 for y in rows], 94)
     over(ov, stamp([('SECRET', 21)], RED, 5, 132, 46, -8), 488, 12)
     lay_pencil(ov, 260, RED, 47, 822, 592)
     return ov
@@ -186,7 +212,7 @@ def _ring(c):
 def over_wait():
     """The message form of the wait, a watch that says twenty to six, a flight on its way."""
     ov = empty(W, H)
-    field = trench_map(520, 420, 90, titles=('Scale 1 : 20,000', '', ''), names=False)
+    field = trench_map(520, 420, 90, titles=('Scale 1 : 20,000', '', ''))
     lay_turned(ov, field, 9, -20, 20, 5, 7, 8, .55)
     lay_turned(ov, paper(610, 600, 53, base='#D8CDA8'), -1.6, 96, 46, 5, 7, 7, .5)
     lay(ov, paper(620, 616, 52, base='#E4DDC0'), 100, 40)

@@ -149,7 +149,7 @@ def over_summary():
 def over_settings():
     """A form with room for plates above its rule and for switches below."""
     ov = empty(W, H)
-    field = trench_map(360, 300, 61, titles=('', '', '1 : 20,000'), names=False)
+    field = trench_map(360, 300, 61, titles=('', '', '1 : 20,000'))
     lay_turned(ov, field, -7, 640, 344, 5, 7, 7, .6)
     machine = dict(yaw=.62, pitch=.16, roll=.03, size=20, cx=128, cy=122)
     picture = photograph(292, 220, 47, [machine], ground=.34)

@@ -67,10 +67,10 @@ def heading(ov, x, y, w, seed):
 
 def numbers(ov, rows, right, color=FADED):
     """Typed row numbers. rows: the baselines, from number 1; right: where they end."""
-    layer = empty(W, H)
+    layer = empty(ov.shape[1], ov.shape[0])
     for i, y in enumerate(rows):
         put(layer, '%d.' % (i + 1), TYPE, 18, right, y, color, 'right')
-    over(ov, ink(layer, 2, .3), alpha=.9)
+    return over(ov, ink(layer, 2, .3), alpha=.9)
 
 
 # -- laying down

@@ -45,5 +45,10 @@ void CareerScreen::showSquadron() {
 
 void CareerScreen::showLines(const char* prefix, const std::vector<zel::String>& lines) {
     for (size_t i = 0; i < lines.size(); ++i)
-        setText(zel::String(prefix) + static_cast<int32_t>(i + 1), lines[i]);
+        setText(zel::String(prefix) + int32_t(i + 1), lines[i]);
+}
+
+void CareerScreen::showRows(int32_t first, size_t count, int32_t most) {
+    for (int32_t row = 0; row < most; ++row)
+        setVisible(zel::String("row") + (first + row), row < int32_t(count));
 }

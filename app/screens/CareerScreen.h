@@ -22,9 +22,12 @@ protected:
     static Database* runningCareer();
     /// The career's day, in the element "date".
     void showDate();
-    /// Where the player's squadron stands and what it is called, in "airport" and "squadron". A
+    /// The base and the name of the player's squadron, in "airport" and "squadron". A
     /// squadron without a name leaves the menu's own text.
     void showSquadron();
     /// lines[i] in the element PREFIX and i + 1. Elements beyond the lines stay as they are.
     void showLines(const char* prefix, const std::vector<zel::String>& lines);
+    /// Shows `count` of the `most` numbered rows of a form, and hides the others. The rows are the
+    /// elements "row" and a number from `first` on.
+    void showRows(int32_t first, size_t count, int32_t most);
 };

@@ -6,4 +6,6 @@
 class MenuConfigurationMaps : public ConfigurationScreen {
 public:
     MenuConfigurationMaps();
+
+    void reset() override;
 };

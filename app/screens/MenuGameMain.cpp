@@ -3,6 +3,7 @@
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/screens/MapSheets.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -24,7 +25,18 @@ void MenuGameMain::onEntered() {
     setText("menuButton1", missionButtonText(*career));
     setActive("menuButton1", !isWarOver(*career));
     showSquadron();
+    showSheet(*career);
     setText("pilot", playerText(*career, predecessor));
+}
+
+// The map on the desk is of the sector over which the squadron flies.
+void MenuGameMain::showSheet(const Database& career) {
+    const char* kind = sheetOfBase(zel::arrayText(career.playerSquadron().baseName));
+    const bool hasSheet = kind != nullptr && getWidget("sheet") != nullptr;
+    if (hasSheet)
+        menu->setWidgetKind("sheet", kind);
+    setVisible("sheet", hasSheet);
+    setActive("sheet", false); // it is no button
 }
 
 // A fallen player's successor becomes the player between two visits; the career itself doesn't
@@ -33,7 +45,7 @@ void MenuGameMain::noteSuccession(const Database& career) {
     if (careerNumber != career.careerNumber)
         predecessor = -1;
     else if (pilot != career.playerPilot)
-        predecessor = career.isPilot(pilot) && career.pilots[size_t(pilot)].alive == 0 ? pilot : -1;
+        predecessor = career.isPilot(pilot) && career.pilot(pilot).alive == 0 ? pilot : -1;
     careerNumber = career.careerNumber;
     pilot = career.playerPilot;
 }

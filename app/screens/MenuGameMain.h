@@ -2,17 +2,18 @@
 
 #include "app/screens/CareerScreen.h"
 
-/// The squadron office, to which a career returns between the flights. Leaving it by its buttons
-/// saves the career; nothing else does.
+/// The squadron office, to which a career returns between flights. Leaving it by its buttons saves
+/// the career; nothing else does.
 class MenuGameMain : public CareerScreen {
 public:
     MenuGameMain() : CareerScreen("MenuGameMain") {}
 
     void onEnter() override;
-    void onEntered() override; // fills in everything anew
+    void onEntered() override; // fills in everything again
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 private:
+    void showSheet(const Database& career);
     void noteSuccession(const Database& career);
 
     int32_t careerNumber = -1; // of the career that was shown last

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int32_t FirstRosterLine = 3; // the lines above belong to the menu
+constexpr int32_t RosterRows = 8;
 constexpr int32_t FaultTexts = 2210;   // of the language tables; that of a fault is so much farther
 
 /// What the player is told of a mission that there is not.
@@ -35,6 +36,7 @@ void MenuGameStartMission::onEnter() {
     int32_t line = FirstRosterLine;
     for (const zel::String& plane : today.roster)
         setText(zel::String("line") + line++, plane);
+    showRows(FirstRosterLine, today.roster.size(), RosterRows);
     setText("menuButton4", startLabel(today));
     isSkipped = !today.isFlyable;
     showWhatToDo(today.isFlyable);

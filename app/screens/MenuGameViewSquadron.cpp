@@ -3,10 +3,18 @@
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 
+namespace {
+
+constexpr int32_t RosterRows = 12;
+
+} // namespace
+
 void MenuGameViewSquadron::onEnter() {
     const Database* career = runningCareer();
     if (career == nullptr)
         return;
-    showLines("pilot", squadronLines(*career));
+    const std::vector<zel::String> lines = squadronLines(*career);
+    showLines("pilot", lines);
+    showRows(1, lines.size(), RosterRows);
     showSquadron();
 }

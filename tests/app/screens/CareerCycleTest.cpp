@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
+#include "app/screens/MapSheets.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/ZelLoop.h"
 #include "tests/app/screens/CareerDriver.h"
@@ -61,7 +62,7 @@ void flyAMission(CareerDriver& driver) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
     for (const char* side : {"left1", "right1"})
         EXPECT_NE(driver.text(side).find(" - Kills: "), std::string::npos);
-    EXPECT_EQ(dateNow(), before) << "the war moves on behind the report";
+    EXPECT_EQ(dateNow(), before) << "the war moves on after the report";
     ASSERT_TRUE(driver.closeReport());
     EXPECT_GT(dateNow(), before);
     EXPECT_EQ(driver.text("date"), Database::instance()->calendar().displayText().c_str());
@@ -121,14 +122,42 @@ TEST_F(CareerScreens, MoveTheSquadronToTheMapThatIsOn) {
     ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton3>MenuConfiguration "
                             "menuButton1>MenuConfigurationMaps"));
     EXPECT_EQ(driver.text("menuButton1"), "Western Front: On");
-    ASSERT_TRUE(driver.walk("menuButton1"));
+    ASSERT_TRUE(driver.walk("menuButton2 menuButton1"));
+    EXPECT_TRUE(driver.widget("channelOff")->isVisible());
+    EXPECT_FALSE(driver.widget("westernOff")->isVisible())
+        << "with both off the career stays there";
+    ASSERT_TRUE(driver.walk("menuButton2"));
     EXPECT_EQ(driver.text("menuButton1"), "Western Front: Off");
     EXPECT_EQ(driver.text("menuButton2"), "The Channel: On");
+    EXPECT_FALSE(driver.widget("channelOff")->isVisible());
+    EXPECT_TRUE(driver.widget("westernOff")->isVisible());
     ASSERT_TRUE(driver.walk("menuBack>MenuConfiguration menuBack>MenuMain "
                             "menuButton2>MenuGameMain"));
     EXPECT_EQ(Database::instance()->playerSquadron().onChannelMap, 1);
     EXPECT_EQ(driver.text("airport"),
               std::string("Current base: Near ") + Database::instance()->playerSquadron().baseName);
+    EXPECT_EQ(driver.widget("sheet")->getKind(),
+              sheetOfBase(Database::instance()->playerSquadron().baseName));
+    for (const Squadron& squadron : Database::instance()->squadrons)
+        EXPECT_NE(sheetOfBase(squadron.baseName), nullptr) << squadron.baseName;
+}
+
+TEST_F(CareerScreens, NumberOnlyRowsThatAreFilled) {
+    ASSERT_TRUE(driver.begin(German1918.way));
+    const auto expectRows = [&](const std::string& text, int32_t first, int32_t last) {
+        for (int32_t row = first; row <= last; ++row) {
+            const std::string number = std::to_string(row);
+            EXPECT_EQ(driver.widget("row" + number)->isVisible(),
+                      !driver.text((text + number).c_str()).empty())
+                << text << number;
+        }
+    };
+    ASSERT_TRUE(driver.go("menuButton2", "MenuGameViewSquadron"));
+    expectRows("pilot", 1, 12);
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
+    ASSERT_TRUE(driver.toOrders());
+    expectRows("line", 3, 10);
+    EXPECT_FALSE(driver.widget("row10")->isVisible());
 }
 
 TEST_F(CareerScreens, AnswerAnInvitation) {
