@@ -41,18 +41,3 @@ SimulatorState checkSimulator() {
         return SimulatorState::NotFound;
     return textLog == 0 ? SimulatorState::NoTextLog : SimulatorState::Ready;
 }
-
-zel::String simulatorAdvice(SimulatorState state) {
-    const zel::String folder = Configuration::getRofDirectory();
-    switch (state) {
-    case SimulatorState::NotFound:
-        return "Rise of Flight was not found" + (folder.empty() ? zel::String() : " in " + folder) +
-               ": there is no data\\startup.cfg. Name its folder as rof.directory in "
-               "wtysettings.ini";
-    case SimulatorState::NoTextLog:
-        return "Rise of Flight writes no text log: set mission_text_log = 1 in " + folder +
-               "data\\startup.cfg";
-    default:
-        return {};
-    }
-}

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "engine/core/String.h"
-
 /// What the program needs of the simulator's installation.
 enum class SimulatorState {
     Ready,
@@ -11,5 +9,3 @@ enum class SimulatorState {
 
 /// Looks into the simulator's data\startup.cfg.
 SimulatorState checkSimulator();
-/// What the player is to do; empty when all is well.
-zel::String simulatorAdvice(SimulatorState state);

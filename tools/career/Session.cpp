@@ -21,6 +21,15 @@ namespace {
 constexpr size_t ColumnWidth = 54;      // of the report: the longest name and its victories fit
 constexpr uint32_t LookInterval = 1000; // milliseconds between two looks for a log
 
+zel::String simulatorFolder() { return Configuration::getRofDirectory(); }
+
+/// What the player does about it; its mark is the simulator's folder. REQUIRES: not Ready.
+const Wording& adviceFor(SimulatorState state) {
+    if (state == SimulatorState::NoTextLog)
+        return wording::StatusNoTextLog;
+    return simulatorFolder().empty() ? wording::StatusNoSimulator : wording::StatusNotThere;
+}
+
 void print(const zel::String& line) { std::printf("%s\n", line.c_str()); }
 
 void printColumns(const zel::String& left, const zel::String& right) {
@@ -58,7 +67,8 @@ bool Session::needCareer() {
 
 bool Session::needSimulator() {
     const SimulatorState state = checkSimulator();
-    return state == SimulatorState::Ready || fail(simulatorAdvice(state));
+    return state == SimulatorState::Ready ||
+           fail(zel::fillMarks(adviceFor(state).english, {simulatorFolder()}));
 }
 
 bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
@@ -120,8 +130,8 @@ bool Session::status() {
 zel::String Session::nextStep() const {
     if (isWarOver(career))
         return textOf(wording::StatusNext, {missionButtonText(career)});
-    if (const zel::String advice = simulatorAdvice(checkSimulator()); !advice.empty())
-        return textOf(wording::StatusNext, {advice});
+    if (const SimulatorState state = checkSimulator(); state != SimulatorState::Ready)
+        return textOf(wording::StatusNext, {textOf(adviceFor(state), {simulatorFolder()})});
     if (missionWritten)
         return textOf(wording::StatusNextFly);
     if (career.invitationSquadron >= 0)
