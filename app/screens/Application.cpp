@@ -1,11 +1,141 @@
 #include "app/screens/Application.h"
 
+#include <memory>
+
+#include "app/career/Aircraft.h"
+#include "app/career/Database.h"
+#include "app/mission/Settings.h"
+#include "app/report/Flight.h"
+#include "app/screens/MenuConfiguration.h"
+#include "app/screens/MenuConfigurationMaps.h"
+#include "app/screens/MenuConfigurationPlanes1.h"
+#include "app/screens/MenuConfigurationPlanes2.h"
+#include "app/screens/MenuGameAdvance.h"
+#include "app/screens/MenuGameCombatReport.h"
+#include "app/screens/MenuGameFinishMission.h"
+#include "app/screens/MenuGameInvite.h"
+#include "app/screens/MenuGameMain.h"
+#include "app/screens/MenuGameStartMission.h"
+#include "app/screens/MenuGameTopAces.h"
+#include "app/screens/MenuGameViewSquadron.h"
+#include "app/screens/MenuMain.h"
+#include "app/screens/MenuNewCareer.h"
+#include "app/screens/MenuNotification.h"
+#include "app/screens/MenuNotificationInstallDir.h"
+#include "app/screens/MenuNotificationRepair.h"
+#include "app/screens/MenuNotificationUnsaved.h"
+#include "app/screens/Preferences.h"
+#include "app/screens/ZelAppInfo.h"
+#include "engine/core/Log.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/graphics/Bitmap.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/HandledMenu.h"
+#include "engine/menu/script/MenuWords.h"
+#include "engine/window/State.h"
+#include "engine/window/Window.h"
+#include "engine/window/ZelApp.h"
+#include "engine/window/ZelLoop.h"
+
 namespace {
 
+constexpr int32_t ColorDepth = 32;
+constexpr int32_t AllLevels = 7;
+constexpr int32_t ImageFlags = 0xAF;
+constexpr float CrossFadeSpeed = 3.0F;
+constexpr float FadeSpeed = 5.0F;
+constexpr const char* IconFile = "Pictures/icon.png";
+
 bool windowWanted = true;
+
+std::unique_ptr<Database>& database() {
+    static std::unique_ptr<Database> instance;
+    return instance;
+}
+
+std::unique_ptr<Flight>& flight() {
+    static std::unique_ptr<Flight> instance;
+    return instance;
+}
+
+void openWindow() {
+    if (!windowWanted)
+        return;
+    zel::Bitmap icon;
+    if (icon.load(IconFile, false))
+        zel::Window::setIcon(icon);
+    if (!zel::Window::create(zel::DesignWidth, zel::DesignHeight, ColorDepth)) {
+        zel::ZelLoop::quit(); // nobody could see or end the program
+        return;
+    }
+    zel::Window::current()->setSimulatedResolution(zel::DesignWidth, zel::DesignHeight, true);
+    zel::Window::current()->setTitle(ZelAppInfo::getAppName());
+    preferences::applyFullScreen();
+    zel::Window::setFullscreenListener(preferences::noteFullScreen);
+}
+
+template <typename Screen, typename... Arguments> void addScreen(Arguments&... arguments) {
+    zel::ZelLoop::registerPersistent(std::make_unique<Screen>(arguments...));
+}
 
 } // namespace
 
 void setWindowWanted(bool wanted) { windowWanted = wanted; }
 
-bool isWindowWanted() { return windowWanted; }
+ZelApp::ZelApp() = default;
+ZelApp::~ZelApp() { zel::Window::destroy(); }
+
+void ZelApp::init() {
+    zel::setLogLevel(AllLevels);
+    zel::setApplicationTitle(ZelAppInfo::getAppName());
+    loadSettings();
+    zel::setCategoryLogLevel("Performance", zel::LogWarning);
+    openWindow();
+    zel::ImageHandler::getInstance().setFlags(ImageFlags);
+    zel::State::setCrossFadeSpeed(CrossFadeSpeed);
+    zel::State::setFadeSpeed(FadeSpeed);
+    initPlaneNames();
+    database() = std::make_unique<Database>();
+    preferences::applySound();
+}
+
+void ZelApp::onLanguageSet() {}
+void ZelApp::beforeServices() {}
+void ZelApp::afterServices() {}
+void ZelApp::beforeMenus() {}
+
+void ZelApp::initMenus() {
+    zel::HandledMenu::loadMenuList("Menus/init.lst");
+    flight() = std::make_unique<Flight>();
+    addScreen<MenuGameStartMission>(*flight());
+    addScreen<MenuGameFinishMission>(*flight());
+    addScreen<MenuMain>();
+    addScreen<MenuGameMain>();
+    addScreen<MenuGameViewSquadron>();
+    addScreen<MenuGameTopAces>();
+    addScreen<MenuGameCombatReport>(*flight());
+    addScreen<MenuConfigurationMaps>();
+    addScreen<MenuConfigurationPlanes1>();
+    addScreen<MenuConfigurationPlanes2>();
+    addScreen<MenuNewCareer>();
+    addScreen<MenuGameInvite>();
+    addScreen<MenuConfiguration>();
+    addScreen<MenuGameAdvance>();
+    addScreen<MenuNotificationInstallDir>();
+    addScreen<MenuNotificationRepair>();
+    addScreen<MenuNotificationUnsaved>();
+    for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
+        addScreen<MenuNotification>(page);
+}
+
+void ZelApp::onStarted() {}
+zel::String ZelApp::getFirstStateName() { return ZelAppInfo::getFirstStateName(); }
+void ZelApp::onPause() {}
+void ZelApp::onContinue() {}
+void ZelApp::onShutdown() {}
+void ZelApp::onDestroy() {}
+void ZelApp::releaseDatabase() {
+    flight().reset();
+    database().reset();
+}
+void ZelApp::releaseMenus() { zel::HandledMenu::releaseMenus(); }

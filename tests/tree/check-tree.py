@@ -88,17 +88,10 @@ def sizes(path, lines):
             yield start, f"a function of {length} lines, more than {MOST_LINES_OF_A_FUNCTION}"
 
 
-# Operations of a class whose header is another's: each is to become functions with a header of their
-# own, or a class. Nothing may be added here.
-PARTS_OF_CLASSES = (
-    "app/screens/ZelApp.cpp",
-)
-
-
 def own_header(path, paths):
     """Yields a finding for a source of a library or program that has no header of its name."""
     # The two sides of the one seam between systems share engine/core/System.h.
-    alone = ("main.cpp", "SystemPosix.cpp", "SystemWindows.cpp", *PARTS_OF_CLASSES)
+    alone = ("main.cpp", "SystemPosix.cpp", "SystemWindows.cpp")
     if (path.startswith(("engine/", "app/", "standin/", "tools/")) and path.endswith(".cpp") and
             not path.endswith(alone) and path[:-4] + ".h" not in paths):
         yield 1, "has no header of its name"
