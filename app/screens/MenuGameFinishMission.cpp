@@ -5,8 +5,8 @@
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
 #include "app/screens/ScreenSounds.h"
+#include "app/screens/ScreenWording.h"
 #include "engine/core/Clock.h"
-#include "engine/core/Language.h"
 #include "engine/core/System.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/widgets/Widget.h"
@@ -17,14 +17,6 @@ namespace {
 
 constexpr double LookInterval = 8.0; // seconds, and once round for the hand of the watch
 constexpr int32_t HandPlaces = 8;
-
-// Of the language tables.
-constexpr int32_t NewsTexts = 910;   // that of a LogState is so much further on
-constexpr int32_t QuietText = 920;   // no log, for $1 minutes
-constexpr int32_t LooksText = 921;   // before the first look
-constexpr int32_t LookedText = 922;  // $1: the time of the last look
-constexpr int32_t PointerText = 923; // the pointer is elsewhere
-constexpr int32_t KeyboardText = 924;
 
 /// Never while the simulator is in front: it needs the machine for itself.
 bool isPlayerHere() {
@@ -40,11 +32,11 @@ zel::String timeOfDay() {
 
 zel::String newsText(const LogNews& news, int32_t quietMinutes) {
     if (news.state == LogState::None && quietMinutes > 0)
-        return zel::Language::get(QuietText, zel::String(quietMinutes));
+        return textOf(wording::QuietLog, {quietMinutes});
     const bool isFolder = news.state == LogState::NoFolder;
-    return zel::Language::get(
-        NewsTexts + static_cast<int32_t>(news.state),
-        isFolder ? zel::system::shownText(zel::system::absolutePath(news.detail)) : news.detail);
+    return textOf(
+        wording::LogNewsTexts[int32_t(news.state)],
+        {isFolder ? zel::system::shownText(zel::system::absolutePath(news.detail)) : news.detail});
 }
 
 } // namespace
@@ -97,13 +89,14 @@ void MenuGameFinishMission::showNews() {
 }
 
 void MenuGameFinishMission::showWatch() {
-    zel::String text = zel::Language::get(lookedAt.empty() ? LooksText : LookedText, lookedAt);
+    zel::String text =
+        textOf(lookedAt.empty() ? wording::LooksForLog : wording::LookedForLog, {lookedAt});
     if (!zel::Window::hasMouseFocus())
-        text = zel::Language::get(PointerText);
+        text = textOf(wording::PointerElsewhere);
     else if (!isPlayerHere())
-        text = zel::Language::get(KeyboardText);
+        text = textOf(wording::KeyboardElsewhere);
     setText("watch", text);
-    const int32_t second = static_cast<int32_t>(timer.getSeconds()) % HandPlaces;
+    const int32_t second = int32_t(timer.getSeconds()) % HandPlaces;
     zel::Widget* picture = getWidget("hand");
     if (picture == nullptr || second == hand || !isPlayerHere())
         return;

@@ -5,7 +5,7 @@
 #include "app/report/Flight.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/ScreenSounds.h"
-#include "engine/core/Language.h"
+#include "app/screens/ScreenWording.h"
 #include "engine/core/System.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -13,14 +13,13 @@ namespace {
 
 constexpr int32_t FirstRosterLine = 3; // the lines above belong to the menu
 constexpr int32_t RosterRows = 8;
-constexpr int32_t FaultTexts = 2210;   // of the language tables; that of a fault is so much farther
 
-/// What the player is told of a mission that there is not.
+/// Why there is no mission. REQUIRES: a fault.
 zel::String reasonFor(const DailyMission& mission) {
     const zel::String file =
         mission.fault == MissionFault::FileUnwritten ? mission.file : MissionTemplateFile;
-    return zel::Language::get(FaultTexts + static_cast<int32_t>(mission.fault),
-                              zel::system::shownText(zel::system::absolutePath(file)));
+    return textOf(wording::MissionFaults[int32_t(mission.fault) - 1],
+                  {zel::system::shownText(zel::system::absolutePath(file))});
 }
 
 } // namespace

@@ -1,18 +1,13 @@
 #include "app/screens/MenuNotificationRepair.h"
 
 #include "app/career/Database.h"
+#include "app/screens/ScreenWording.h"
 #include "engine/core/File.h"
-#include "engine/core/Language.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/menu/widgets/Widget.h"
 
 namespace {
-
-// Of the language tables.
-constexpr int32_t EndMissing = 2511;
-constexpr int32_t FirstCount = 2512; // the counts of CareerRepairs, in its order
-constexpr int32_t PlayerMoved = 2516;
 
 /// A line for each kind of repair.
 zel::String repairLines(const Database& career) {
@@ -20,16 +15,16 @@ zel::String repairLines(const Database& career) {
     zel::String lines;
     const auto add = [&](const zel::String& line) { lines += (lines.empty() ? "" : "\n") + line; };
     if (repairs.endedEarly)
-        add(zel::Language::get(EndMissing));
-    int32_t text = FirstCount;
+        add(textOf(wording::EndMissing));
+    const Wording* text = wording::RepairCounts;
     for (const int32_t count :
          {repairs.references, repairs.pilots, repairs.places, repairs.invitation}) {
         if (count > 0)
-            add(zel::Language::get(text, count));
+            add(textOf(*text, {count}));
         ++text;
     }
     if (repairs.playerMoved)
-        add(zel::Language::get(PlayerMoved, zel::arrayText(career.player().name)));
+        add(textOf(wording::PlayerMoved, {zel::arrayText(career.player().name)}));
     return lines;
 }
 

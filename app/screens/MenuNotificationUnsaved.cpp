@@ -1,7 +1,7 @@
 #include "app/screens/MenuNotificationUnsaved.h"
 
 #include "app/career/Database.h"
-#include "engine/core/Language.h"
+#include "app/screens/ScreenWording.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "engine/window/StatesMachine.h"
@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int32_t UnreportedFlight = 2604; // of the language tables: the title
 constexpr const char* WaitingPage = "MenuGameFinishMission";
 
 } // namespace
@@ -45,7 +44,7 @@ void MenuNotificationUnsaved::onEnter() {
     setVisible("text1", !isSaved);
     setVisible("text2", isFlying);
     if (isSaved)
-        setText("title", zel::Language::get(UnreportedFlight));
+        setText("title", textOf(wording::UnreportedFlight));
     setVisible("menuButton2", !isSaved);
 }
 
