@@ -125,8 +125,8 @@ int32_t CombatReport::mapPilots(const std::vector<PlannedPlane>& plan) {
     }
     for (const PilotReport& record : pilots)
         if (record.human != 0 && record.pilot < 0)
-            zel::log("The player's plane in the log, \"" + record.name +
-                         "\", belongs to nobody of the plan",
+            zel::log("The player's plane is \"" + record.name +
+                         "\" in the log, and no pilot of the plan has that name",
                      "CombatReport", zel::LogWarning);
     return matches;
 }

@@ -43,7 +43,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     const zel::String folder = logFolder();
     logLook("Update directory: " + folder);
     const std::vector<zel::String> names = watch.look(folder);
-    logLook(zel::String("New files found: ") + static_cast<int32_t>(names.size()));
+    logLook(zel::String("New files found: ") + int32_t(names.size()));
     bool isFound = false;
     for (const zel::String& name : names) {
         logLook("File found: " + name);

@@ -8,7 +8,7 @@
 namespace {
 
 struct GroundType {
-    std::string_view type; // in any case; a "*" at the front or the end stands for any letters
+    std::string_view type; // in any case; a "*" at the front or the end matches any letters
     const Wording& name;
 };
 

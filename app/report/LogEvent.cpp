@@ -25,7 +25,7 @@ struct KnownKey {
 };
 using KeyTable = std::array<KnownKey, 32>;
 
-/// A key's position in the table: first letter and length tell the known keys apart.
+/// A key's position in the table: the known keys differ in first letter or length.
 constexpr size_t slotOf(uint64_t letters, size_t length) {
     return size_t(letters + 4 * length) % std::tuple_size_v<KeyTable>;
 }

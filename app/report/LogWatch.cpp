@@ -76,7 +76,7 @@ void LogWatch::note(const zel::String& name, const LogNews& news) {
 
 int32_t LogWatch::quietMinutes() const {
     constexpr uint32_t Minute = 60000; // milliseconds
-    return static_cast<int32_t>((zel::ticks() - newsTicks) / Minute);
+    return int32_t((zel::ticks() - newsTicks) / Minute);
 }
 
 LogNews LogWatch::news() const {

@@ -24,7 +24,7 @@ void logReport(const zel::String& message) {
 }
 
 int32_t sheetsFor(const ReportColumns& columns) {
-    const auto entries = static_cast<int32_t>(std::max(columns.left.size(), columns.right.size()));
+    const auto entries = int32_t(std::max(columns.left.size(), columns.right.size()));
     return std::clamp((entries + EntriesPerSheet - 1) / EntriesPerSheet, 1, MostSheets);
 }
 
@@ -41,7 +41,7 @@ void MenuGameCombatReport::onEnter() {
     }
     CombatReport& report = flight.report();
     if (!report.pilots.empty()) {
-        logReport(zel::String("Number of Pilots: ") + static_cast<int32_t>(report.pilots.size()));
+        logReport(zel::String("Number of Pilots: ") + int32_t(report.pilots.size()));
         const ReportColumns columns = combatReportColumns(report.pilots);
         fillColumn("left", columns.left);
         fillColumn("right", columns.right);

@@ -7,8 +7,8 @@
 class Flight;
 struct ReportEntry;
 
-/// What became of everybody in the mission flown last, a column for each side. Leaving it, whatever
-/// the way, moves the war on.
+/// What happened to everybody in the last mission, a column for each side. Leaving the page moves
+/// the war on, whichever way it is left.
 class MenuGameCombatReport : public CareerScreen {
 public:
     explicit MenuGameCombatReport(Flight& flight)

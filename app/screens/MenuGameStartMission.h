@@ -4,8 +4,8 @@
 
 class Flight;
 
-/// The orders of the day. Entering it writes the mission into the simulator's folder, anew each
-/// time; the player then flies it there. Without a machine of his it tells how to get one.
+/// The orders of the day. Entering the page writes the mission into the simulator's folder, every
+/// time; the player then flies it there. If he has no machine for it, the page says how to get one.
 class MenuGameStartMission : public CareerScreen {
 public:
     explicit MenuGameStartMission(Flight& flight)

@@ -2,8 +2,8 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
-/// The main menu. At every entering it looks whether the simulator is there and keeps the log that
-/// reports are made from; where not, it leads to the notice that tells the player what to do.
+/// The main menu. Each time it is entered, it checks that the simulator is there and writes the log
+/// from which reports are made. Otherwise it leads to the notice that says what to do.
 class MenuMain : public zel::HandledMenuExtension {
 public:
     MenuMain() : HandledMenuExtension("MenuMain") {}

@@ -2,10 +2,10 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
-/// The last page of the way to a new career: it makes one, tells the player who he is, and on his
-/// word fights the war up to the day on which he begins.
+/// The last page on the way to a new career. It makes one, shows the player who he is, and at his
+/// press fights the war up to the day on which he begins.
 ///
-/// What was chosen on the pages before stands in the global strings `service` (0 French, 1 English,
+/// What was chosen on the pages before is in the global strings `service` (0 French, 1 English,
 /// 2 German), `startYear` and `startMonth`.
 class MenuNewCareer : public zel::HandledMenuExtension {
 public:

@@ -35,8 +35,8 @@ void Switch::show(zel::Menu& menu) const {
 }
 
 void Switch::turn(zel::Widget& pressed) const {
-    // Unsigned, since a number that was put in by hand may be any.
-    const auto position = static_cast<uint32_t>(zel::Registry::get(key, atFirst).toInt());
-    zel::Registry::set(key, static_cast<int32_t>(1 - position));
+    // Unsigned, since a player may have edited in any number, and 1 less the lowest overflows.
+    const auto position = uint32_t(zel::Registry::get(key, atFirst).toInt());
+    zel::Registry::set(key, int32_t(1 - position));
     pressed.reset();
 }

@@ -7,9 +7,9 @@ namespace zel {
 class Menu;
 }
 
-/// Shows that the program works while the war is fought, as long as it lives: the element
-/// "progressDate" of the active screen tells the date reached, and over the widget "progress" its
-/// pressed picture grows with the share that is done. Both are hidden before and after.
+/// Shows the progress while the war is fought, for as long as this object lives: the element
+/// "progressDate" of the active screen shows the date reached, and the pressed picture of the
+/// widget "progress" grows over it with the share that is done. Both are hidden before and after.
 class WarProgress : public WarObserver {
 public:
     WarProgress();

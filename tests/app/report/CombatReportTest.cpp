@@ -16,12 +16,11 @@ std::vector<zel::String> parted(const std::string& text) {
     return parts;
 }
 
-/// The pilots that a plan's names find for the names of a log, all of one nation; -1 for none.
+/// The planned pilots found for the names of a log, all of one nation; -1 for none.
 std::string mapped(const std::string& planned, const std::string& logged) {
     MissionGenerator generator;
     for (const zel::String& name : parted(planned))
-        generator.plan.push_back(
-            plannedPlane(static_cast<int32_t>(generator.plan.size()), name.view(), France));
+        generator.plan.push_back(plannedPlane(int32_t(generator.plan.size()), name.view(), France));
     CombatReport report;
     for (const zel::String& name : parted(logged)) {
         PilotReport& record = report.pilots.emplace_back();
@@ -46,7 +45,7 @@ TEST(CombatReport, FindsPilotsByTheirNames) {
         {"Luc Noir,Jean Petit", "Jean Petit/12,Luc Noir,gun", "1 0 -1", "in another order"},
         {"Luc Noir", "Luc Noi,Luc Noirs,luc noir", "-1 -1 -1", "by the whole name"},
         {"Luc Noir/a", "Luc Noir/6", "0", "cut in front of the stroke"},
-        {"/Luc", "/Luc", "0", "nothing stands in front of it"},
+        {"/Luc", "/Luc", "0", "nothing precedes the stroke"},
         {" Luc ", "Luc", "0", "without blanks around it"},
         {"Luc \"Ace\" Noir", "Luc 'Ace' Noir/7", "0", "missions hold no quotes"},
         {"", "Luc Noir", "-1", "nobody is planned"},
@@ -57,7 +56,7 @@ TEST(CombatReport, FindsPilotsByTheirNames) {
         {"Luc Noir,Luc Noir", "Luc Noir,Luc Noir,Luc Noir", "0 1 -1", "namesakes and a third"},
         {"Jean-Baptiste de la Montgolfiere I,Jean-Baptiste de la Montgolfiere II",
          "Jean-Baptiste de la Montgolfier,Jean-Baptiste de la Montgolfier", "0 1",
-         "the log has cut what told them apart"},
+         "the log has cut off the difference"},
         {"Jean-Baptiste Auguste Montgolf de la Tour", "Jean-Baptiste Auguste Montgolf", "0",
          "the log's value loses the blank at the cut"},
     };
@@ -75,7 +74,7 @@ TEST(CombatReport, FindsPilotsByTheStartOfTheirNames) {
     }
 }
 
-TEST(CombatReport, DistinguishesTheNations) {
+TEST(CombatReport, TellsTheNationsApart) {
     LogCapture lines;
     MissionGenerator generator;
     generator.plan = {plannedPlane(0, "Max", France), plannedPlane(1, "Max", Germany)};
@@ -92,7 +91,7 @@ TEST(CombatReport, DistinguishesTheNations) {
     EXPECT_EQ(report.pilots[1].pilot, 0);
     EXPECT_EQ(report.pilots[2].pilot, -1);
     EXPECT_EQ(lines.linesWith(" w "), 1) << "the human flew under no name of the plan";
-    EXPECT_TRUE(lines.holds("The player's plane in the log, \"Max\", belongs to nobody"));
+    EXPECT_TRUE(lines.holds("The player's plane is \"Max\" in the log, and no pilot of the plan"));
 }
 
 TEST(CombatReport, CarriesTheMissionIntoTheCareer) {
@@ -107,7 +106,7 @@ TEST(CombatReport, CarriesTheMissionIntoTheCareer) {
     EXPECT_FALSE(report.applyToCareer()) << "nobody flew";
     report.pilots.resize(5);
     for (const int32_t pilot : {0, 1, 2})
-        report.pilots[static_cast<size_t>(pilot)].pilot = pilot;
+        report.pilots[pilot].pilot = pilot;
     report.pilots[0].kills = {3, 4};
     report.pilots[1].kills = {3, 4, 4};
     report.pilots[2].dead = 1;

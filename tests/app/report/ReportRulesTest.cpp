@@ -42,7 +42,7 @@ struct ReportRulesTest : testing::Test {
 };
 
 /// "name, type: plane and body, the career's pilot, flight status; kills by whom dead".
-std::string told(const PilotReport& p) {
+std::string described(const PilotReport& p) {
     std::ostringstream text;
     text << p.name.c_str() << ", " << p.type.c_str() << ": " << p.planeId << ' ' << p.bodyId << ", "
          << p.pilot << ", " << p.flightStatus << "; " << p.kills.size() << ' ' << p.shotdownBy
@@ -57,7 +57,7 @@ TEST_F(ReportRulesTest, ReportsTheFlight) {
         ASSERT_EQ(report.lines.lineCount(), 7 + 8 + 1 + 13);
         std::string all;
         for (const PilotReport& pilot : report.pilots)
-            all += told(pilot);
+            all += described(pilot);
         ASSERT_EQ(all, "Erich Sommer/7, Fokker Dr.I: 20479 21503, 10, 1; 1 -1 0\n"
                        "Albert Reed, Sopwith Camel: 36863 37887, 12, 0; 0 0 0\n"
                        "Ernest M. Hall/11, Sopwith Camel: 45055 46079, 13, 0; 1 -1 0\n"
@@ -94,7 +94,7 @@ TEST_F(ReportRulesTest, JoinsThePiecesUpToTheFirstGap) {
     EXPECT_FALSE(report.readMission(zel::String(folder.path() + "/data/"), "bare.txt"));
 }
 
-// Finished once the log has the end of the player's body.
+// The mission is finished as soon as the log has the end of the player's body.
 TEST_F(ReportRulesTest, ReadsALogWhereverItEnds) {
     std::string all;
     for (const std::string& piece : FlightPieces)

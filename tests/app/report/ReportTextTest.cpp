@@ -61,7 +61,7 @@ TEST(ReportText, ReportsTheCause) {
 }
 
 /// The entries of a column, a line each.
-std::string told(const std::vector<ReportEntry>& column) {
+std::string described(const std::vector<ReportEntry>& column) {
     std::string text;
     for (const ReportEntry& entry : column)
         text += std::string(entry.isPlayer ? "you: " : "") + entry.pilot.c_str() + ", " +
@@ -85,15 +85,15 @@ TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     pilots[4].type = "LMG08AAA";
     const ReportColumns columns = combatReportColumns(pilots);
     // A nameless record decides, and isn't shown.
-    EXPECT_EQ(told(columns.left),
+    EXPECT_EQ(described(columns.left),
               "you: Brandt - Kills: 0, Survived without injuries, Shotdown By: Hall\n"
               "machine gun on the ground - Kills: 0, No damage, \n");
     EXPECT_EQ(columns.note, "In the log you are \"Brandt\". Your orders don't name him: the flight "
                             "is not counted.");
-    EXPECT_EQ(told(columns.right), "Hall - Kills: 2, No damage, \n"
-                                   "Young - Kills: 0, No damage, \n"
-                                   "what - Kills: 0, No damage, \n");
-    EXPECT_EQ(told(combatReportColumns({}).left), "");
+    EXPECT_EQ(described(columns.right), "Hall - Kills: 2, No damage, \n"
+                                        "Young - Kills: 0, No damage, \n"
+                                        "what - Kills: 0, No damage, \n");
+    EXPECT_EQ(described(combatReportColumns({}).left), "");
     pilots[2].pilot = 7;
     pilots[2].shotdownBy = 4;
     EXPECT_EQ(combatReportColumns(pilots).left[0].cause, "Shotdown By: machine gun on the ground");

@@ -151,7 +151,7 @@ testing::AssertionResult CareerDriver::fly(const standin::FlightOptions& options
 int32_t CareerDriver::invite() {
     Database& career = *Database::instance();
     int32_t best = -1;
-    for (int32_t i = 0; i < static_cast<int32_t>(career.squadrons.size()); ++i)
+    for (int32_t i = 0; i < int32_t(career.squadrons.size()); ++i)
         if (career.squadrons[size_t(i)].nation == career.player().nation &&
             i != career.player().squadron &&
             (best < 0 ||

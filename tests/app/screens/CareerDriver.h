@@ -12,7 +12,7 @@
 
 /// Where one player's files are: what one run of the program leaves here the next one finds.
 struct PlayerHome {
-    /// `simulator`: its folder's name; it is made as the stand-in makes it.
+    /// `simulator`: the name of the simulator's folder, which is made as the stand-in makes it.
     explicit PlayerHome(const std::string& simulator = "simulator");
 
     std::string simulatorFolder() const { return folder.path() + "/" + simulator; }

@@ -29,8 +29,8 @@ void fillReport(CareerDriver& driver) {
     }
 }
 
-/// What has come, and the steps from there. A plate of a sheet that lies open isn't shown: that one
-/// can be pressed again tells that another one was opened in between.
+/// What has come, and the steps from there. The plate of the open sheet is hidden: if it can be
+/// pressed again, another one was opened in between.
 struct Passage {
     void (*prepare)(CareerDriver& driver);
     const char* steps;

@@ -104,7 +104,7 @@ TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     home.folder.write("user/Saves/savegame_v03.wty", "no career at all");
     ASSERT_TRUE(driver.walk("menuButton2>BlackScreen menuBack>MenuMain"));
     EXPECT_EQ(home.save(), "no career at all");
-    // The page tells of the career before it, which a new one leaves alone.
+    // The page is about the career before it, which a new one leaves alone.
     home.folder.write("user/Saves/savegame_v03.wty.bak", "the last whole one");
     ASSERT_TRUE(driver.begin(Beginning));
     ASSERT_TRUE(driver.go("menuBack", "MenuMain"));

@@ -16,7 +16,7 @@ namespace {
 using Visit = std::function<void(const std::string& name)>;
 
 // The ways of the tour: steps as those of CareerDriver::walk. One with a "!" ends at a screen to be
-// shown, under its name and what stands behind the mark.
+// shown, under its name and what follows the mark.
 constexpr const char* ToTheInvitation =
     "menuButton1>MenuNewService! menuButton2>MenuNewYear! menuButton4>MenuNewMonth1918! "
     "menuBack>MenuNewYear menuButton3>MenuNewMonth! month4>MenuNewCareer! "

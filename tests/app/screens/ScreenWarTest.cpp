@@ -15,7 +15,7 @@ TEST(ScreenWar, LastsUntilTheArmistice) {
     while (!isWarOver(*Database::instance())) {
         const int32_t before = Database::instance()->calendar().dateNumber();
         ASSERT_TRUE(driver.takeOff());
-        flight.seed = static_cast<uint32_t>(++missions);
+        flight.seed = uint32_t(++missions);
         ASSERT_TRUE(driver.fly(flight));
         ASSERT_TRUE(driver.comeBack());
         ASSERT_GT(Database::instance()->calendar().dateNumber(), before);
