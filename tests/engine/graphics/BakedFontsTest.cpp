@@ -57,7 +57,7 @@ TEST_F(BakedFontsTest, HoldEveryCharacter) {
             const bool isBlank = isFree(byte) || byte == ' ' || byte == 0xA0 || byte == 0xAD;
             EXPECT_TRUE(isBlank || darkest(*found, static_cast<char>(byte)) >> 24 > 128)
                 << name << " " << byte;
-            EXPECT_EQ(glyph->xAdvance == 0, isFree(byte)) << name << " " << byte;
+            EXPECT_TRUE(!isFree(byte) || glyph->xAdvance == 0) << name << " " << byte;
         }
     }
     EXPECT_EQ(log.text(), "");
