@@ -82,6 +82,18 @@ TEST_F(MenuFocusTest, AKeyThatIsHeldHitsOnce) {
     EXPECT_EQ(driver.menu().getLocalString("hit"), "a");
 }
 
+TEST_F(MenuFocusTest, SkipsWhatCannotBePressed) {
+    driver.widget("menuBack")->setActive(false);
+    driver.key(KeyEscape);
+    EXPECT_TRUE(driver.untilIdle("A"));
+    driver.widget("b")->setActive(false);
+    driver.widget("c")->setVisible(false);
+    EXPECT_EQ(keys({KeyTab, KeyTab}), "a d ");
+    driver.widget("d")->setActive(false);
+    driver.step();
+    EXPECT_EQ(focus(), "") << "it loses the focus with its activity";
+}
+
 TEST_F(MenuFocusTest, GoesWithThePointer) {
     keys({KeyTab});
     driver.moveTo(700, 700);
