@@ -109,6 +109,7 @@ TEST_F(InputTest, AClickThatNoFrameSawIsATap) {
     EXPECT_TRUE(tapped()) << "for everybody who looks";
     EXPECT_FALSE(Mouse::wasTapped(2, 90, 90, 20, 20));
     EXPECT_FALSE(Mouse::wasTapped(1, 101, 90, 20, 20));
+    EXPECT_FALSE(Mouse::wasTapped(1, 80, 90, 20, 20)) << "it ends before 100";
     Mouse::consumeHits();
     EXPECT_FALSE(tapped()) << "until somebody takes it";
     platform.endInputFrame();

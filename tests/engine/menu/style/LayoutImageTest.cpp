@@ -61,30 +61,19 @@ TEST(LayoutIndex, ReadsElements) {
 TEST(LayoutIndex, TellsFaultsAndGoesOn) {
     const LogCapture log;
     const LayoutIndex index = parseLayoutIndex("pickcolor #ff0000\nwidget a\npickcolor ff0000\n"
-                                               "pickcolor #ff00\nalign up\nnonsense\nwidget b\n",
+                                               "pickcolor #ff00\nalign up\nnonsense\nwidget b\n"
+                                               "scrollin 1 2 3.9\nwidget\nscrollin 7 8 9\n",
                                                "x.idx");
-    EXPECT_EQ(index.elements.size(), 2U);
+    ASSERT_EQ(index.elements.size(), 2U);
     EXPECT_FALSE(index.elements[0].color);
+    EXPECT_EQ(index.elements[1].definition.scrollIn.x, 1) << "a refused element gives it nothing";
+    EXPECT_EQ(index.elements[1].definition.scrollIn.time, 3.0F) << "an integer";
     for (const char* line :
          {"!! ", "[LayoutHandler] loadLayout index x.idx pickcolor without element",
           "loadLayout index x.idx pickcolor must start with #",
           "loadLayout index x.idx pickcolor expects # with a 6-digit hex", "Unknown line align up",
-          "Unknown line nonsense"})
+          "Unknown line nonsense", "Unknown line widget", "Unknown line scrollin 7 8 9"})
         EXPECT_TRUE(log.holds(line)) << line;
-}
-
-TEST(LayoutIndex, GivesNothingToARefusedElement) {
-    const LogCapture log;
-    const LayoutIndex index = parseLayoutIndex("widget a\nscrollin 1 2 3.9\nwidget\n"
-                                               "pickcolor #ff0000\nscrollin 7 8 9\n",
-                                               "x.idx");
-    ASSERT_EQ(index.elements.size(), 1U);
-    EXPECT_FALSE(index.elements[0].color);
-    EXPECT_EQ(index.elements[0].definition.scrollIn.x, 1);
-    EXPECT_EQ(index.elements[0].definition.scrollIn.time, 3.0F) << "an integer";
-    EXPECT_EQ(log.linesWith("Unknown line widget"), 1);
-    EXPECT_EQ(log.linesWith("pickcolor without element"), 1);
-    EXPECT_EQ(log.linesWith("Unknown line scrollin 7 8 9"), 1);
 }
 
 TEST(LayoutImage, FindsBoxesFromTheUpperLeftCorner) {
