@@ -234,7 +234,7 @@ TEST_F(DataCheck, LooksForFrenchAircraftWhereTheCareerDoes) {
 TEST_F(DataCheck, ReportsFaultyNameLists) {
     std::filesystem::remove(folder.file("Names/France_1st.txt"));
     folder.write("Names/Germany_1st.txt", "Karl \nAdam\nadam\nJo=rg\n");
-    folder.write("Names/USA_1st.txt", "Bartholomew-Christopher\n");
+    folder.write("Names/USA_1st.txt", "Bartholomew-Matthew\n");
     EXPECT_EQ(findings(),
               "Names/France_1st.txt: the file is missing or can't be read\n"
               "Names/Germany_1st.txt:1: the name has a blank too many: write one blank between its "
@@ -242,7 +242,7 @@ TEST_F(DataCheck, ReportsFaultyNameLists) {
               "Names/Germany_1st.txt:3: adam is there twice: remove one\n"
               "Names/Germany_1st.txt:4: the name has one of ; = { } \" which the simulator can't "
               "read: leave it out\n"
-              "Names/USA_1st.txt:1: Bartholomew-Christopher von Kahr has 32 characters, of which "
+              "Names/USA_1st.txt:1: Bartholomew-Matthew von Kahr has 28 characters, of which "
               "the simulator keeps 27: remove the longest names\n");
 }
 

@@ -130,6 +130,7 @@ TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
          "5: it ends on 19180401, before it begins on 19180501"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,general",
          "5: 7 fields instead of 8"},
+        {"aces", "Nobody,USA,,5,survived,,general,more", "4: 8 fields instead of 7"},
         {"squadrons", "501012,Germany,x,Fokker D7,19180501,19180601,,general",
          "5: \"Fokker D7\" can't be an aircraft"},
         {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,a skin,general",

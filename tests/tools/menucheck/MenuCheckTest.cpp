@@ -187,10 +187,15 @@ TEST(MenuCheck, KnowsWhatCodeAnswers) {
 
 TEST(MenuCheck, MeasuresPlacesAndImages) {
     const std::string pair = "onenter:\naddwidget back\naddwidget ok\naddwidget other\n";
+    const std::string both = "onenter:\naddwidget back\naddwidget row1\naddwidget row2\n";
     const std::string rows = "layout.definewidget row1\nlayout.definewidgetsize 50 50\n"
-                             "layout.definewidget row2\nlayout.definewidgetsize 50 50\n"
-                             "onenter:\naddwidget back\naddwidget row1\naddwidget row2\n";
+                             "layout.definewidget row2\nlayout.definewidgetsize 50 50\n" +
+                             both;
+    const std::string touching = "layout.definewidget row1\nlayout.definewidgetsize 50 50\n"
+                                 "layout.definewidget row2\nlayout.definewidgetposition 50 0\n";
     expectFaults({
+        {touching + "layout.definewidgetsize 50 50\n" + both, {}},
+        {touching + "layout.definewidgetsize 50 0\n" + both, {"Menus/A.ini:10: row2 has no size"}},
         {"onenter:\naddwidget back\naddwidget far \" \" quitApp\n",
          {"Menus/A.ini:4: far reaches out of the screen"}},
         {"#check code ok other\n" + pair, {"Menus/A.ini:5: ok overlaps other"}},
