@@ -192,7 +192,7 @@ TEST(MenuCheck, MeasuresPlacesAndImages) {
                              "layout.definewidget row2\nlayout.definewidgetsize 50 50\n" +
                              both;
     const std::string touching = "layout.definewidget row1\nlayout.definewidgetsize 50 50\n"
-                                 "layout.definewidget row2\nlayout.definewidgetposition 50 0\n";
+                                 "layout.definewidgetposition 50 0\nlayout.definewidget row2\n";
     expectFaults({
         {touching + "layout.definewidgetsize 50 50\n" + both, {}},
         {touching + "layout.definewidgetsize 50 0\n" + both, {"Menus/A.ini:10: row2 has no size"}},

@@ -85,7 +85,7 @@ TEST_F(MenuFocusTest, AKeyThatIsHeldHitsOnce) {
 TEST_F(MenuFocusTest, SkipsWhatCannotBePressed) {
     driver.widget("menuBack")->setActive(false);
     driver.key(KeyEscape);
-    EXPECT_TRUE(driver.untilIdle("A"));
+    ASSERT_TRUE(driver.untilIdle("A"));
     driver.widget("b")->setActive(false);
     driver.widget("c")->setVisible(false);
     EXPECT_EQ(keys({KeyTab, KeyTab}), "a d ");
