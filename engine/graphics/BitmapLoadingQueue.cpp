@@ -9,9 +9,9 @@
 namespace zel {
 
 void BitmapLoadingQueue::add(const String& fileName, int32_t lifetime, float scale) {
-    const bool waits = std::any_of(entries.begin(), entries.end(), [&fileName](const Entry& entry) {
-        return entry.fileName == fileName;
-    });
+    const bool waits =
+        std::any_of(entries.begin(), entries.end(),
+                    [&fileName](const QueuedBitmap& entry) { return entry.fileName == fileName; });
     if (!waits)
         entries.push_back({fileName, lifetime, scale});
 }
@@ -19,7 +19,7 @@ void BitmapLoadingQueue::add(const String& fileName, int32_t lifetime, float sca
 void BitmapLoadingQueue::step() {
     if (entries.empty())
         return;
-    const Entry entry = entries.front();
+    const QueuedBitmap entry = entries.front();
     entries.pop_front();
     if (!File::exists(entry.fileName)) {
         log(entry.fileName + " is in the queue but does not exist", "BitmapLoadingQueue",

@@ -20,12 +20,12 @@ public:
     void clear() { entries.clear(); }
 
 private:
-    struct Entry {
+    struct QueuedBitmap {
         String fileName;
         int32_t lifetime;
         float scale;
     };
-    std::deque<Entry> entries;
+    std::deque<QueuedBitmap> entries;
 };
 
 } // namespace zel

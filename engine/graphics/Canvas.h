@@ -104,7 +104,7 @@ public:
 
     /// One drawing call, for tests: "fill" or the bitmap's name, source, target (design pixels; the
     /// bounding rectangle of a turned picture), colour with the alpha applied.
-    struct Record {
+    struct DrawRecord {
         std::string name;
         Rect source;
         Rect target;
@@ -112,7 +112,7 @@ public:
     };
     /// Appends every call to the list, with or without a window; clearWindow() empties it. Null
     /// ends the recording.
-    void setRecorder(std::vector<Record>* list) { recorder = list; }
+    void setRecorder(std::vector<DrawRecord>* list) { recorder = list; }
 
 private:
     struct ClipRect {
@@ -147,7 +147,7 @@ private:
     float globalOffsetX = 0;
     float globalOffsetY = 0;
     int32_t framesSent = 0;
-    std::vector<Record>* recorder = nullptr;
+    std::vector<DrawRecord>* recorder = nullptr;
 };
 
 } // namespace zel

@@ -18,7 +18,7 @@ constexpr size_t KerningPairSize = 10;
 constexpr size_t KerningSize = 65536;
 constexpr uint32_t MaxCode = 65535; // above it is only the mark of an invalid character
 
-enum Block : uint8_t { InfoBlock = 1, CommonBlock, PagesBlock, CharactersBlock, KerningBlock };
+enum FontBlock : uint8_t { InfoBlock = 1, CommonBlock, PagesBlock, CharactersBlock, KerningBlock };
 
 void readInfo(ByteReader block, FontDescription& font) {
     FontInfo& info = font.info;

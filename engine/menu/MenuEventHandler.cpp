@@ -28,22 +28,22 @@ struct Filter {
     }
 };
 
-template <typename Handler> struct Row {
+template <typename Handler> struct HandlerRow {
     Filter filter;
     Handler* handler; // null if removed during a walk
 };
 
-template <typename Handler> class Table {
+template <typename Handler> class HandlerTable {
 public:
     void add(const Filter& filter, Handler* handler) { rows.push_back({filter, handler}); }
     void clear() {
-        forget([](const Row<Handler>&) { return true; });
+        forget([](const HandlerRow<Handler>&) { return true; });
     }
     void remove(const Handler* handler) {
-        forget([&](const Row<Handler>& row) { return row.handler == handler; });
+        forget([&](const HandlerRow<Handler>& row) { return row.handler == handler; });
     }
     void forgetMenu(const Menu& menu) {
-        for (Row<Handler>& row : rows) {
+        for (HandlerRow<Handler>& row : rows) {
             if (row.filter.resolved == &menu)
                 row.filter = {row.filter.active, row.filter.menuName};
         }
@@ -63,7 +63,7 @@ public:
 
 private:
     template <typename Predicate> void forget(const Predicate& predicate) {
-        for (Row<Handler>& row : rows) {
+        for (HandlerRow<Handler>& row : rows) {
             if (predicate(row))
                 row.handler = nullptr;
         }
@@ -72,22 +72,23 @@ private:
     }
 
     void dropForgotten() {
-        rows.erase(std::remove_if(rows.begin(), rows.end(),
-                                  [](const Row<Handler>& row) { return row.handler == nullptr; }),
-                   rows.end());
+        rows.erase(
+            std::remove_if(rows.begin(), rows.end(),
+                           [](const HandlerRow<Handler>& row) { return row.handler == nullptr; }),
+            rows.end());
     }
 
-    std::vector<Row<Handler>> rows;
+    std::vector<HandlerRow<Handler>> rows;
     int32_t walks = 0;
 };
 
-Table<MenuListener>& listeners() {
-    static Table<MenuListener> table;
+HandlerTable<MenuListener>& listeners() {
+    static HandlerTable<MenuListener> table;
     return table;
 }
 
-Table<HandledMenuExtension>& extensions() {
-    static Table<HandledMenuExtension> table;
+HandlerTable<HandledMenuExtension>& extensions() {
+    static HandlerTable<HandledMenuExtension> table;
     return table;
 }
 

@@ -56,7 +56,7 @@ void HighLevelScheduler::addTask(UpdateAndRenderObject* object, State* ownerStat
 
 void HighLevelScheduler::addTask(UpdateObject* object, State* ownerState) {
     const auto index = static_cast<int32_t>(tasks.size());
-    Task task;
+    ScheduledTask task;
     task.object = object;
     task.name = "task " + String(++tasksMade);
     task.ownerState = ownerState;
@@ -67,7 +67,7 @@ void HighLevelScheduler::addTask(UpdateObject* object, State* ownerState) {
 
 // Only marked here: a pass may be iterating over the lists.
 void HighLevelScheduler::removeTask(const UpdateObject* object) {
-    for (Task& task : tasks)
+    for (ScheduledTask& task : tasks)
         if (object != nullptr && task.object == object) {
             task.object = nullptr;
             task.renderObject = nullptr;
@@ -78,7 +78,7 @@ void HighLevelScheduler::removeTask(const UpdateObject* object) {
 
 void HighLevelScheduler::removeState(const State* state) {
     removeTask(state);
-    for (Task& task : tasks) {
+    for (ScheduledTask& task : tasks) {
         if (state != nullptr && task.ownerState == state)
             removeTask(task.object);
         removeAll(task.includedStates, const_cast<State*>(state));
@@ -95,9 +95,9 @@ void HighLevelScheduler::dropEndedTasks() {
     for (size_t index = 0; index < tasks.size(); ++index)
         if (!tasks[index].ended)
             newIndex[index] = count++;
-    tasks.erase(
-        std::remove_if(tasks.begin(), tasks.end(), [](const Task& task) { return task.ended; }),
-        tasks.end());
+    tasks.erase(std::remove_if(tasks.begin(), tasks.end(),
+                               [](const ScheduledTask& task) { return task.ended; }),
+                tasks.end());
     for (std::vector<int32_t>* order : {&runOrder, &nextOrder}) {
         for (int32_t& index : *order)
             index = newIndex[index];
@@ -107,30 +107,31 @@ void HighLevelScheduler::dropEndedTasks() {
 }
 
 size_t HighLevelScheduler::getTaskCount() const {
-    return static_cast<size_t>(
-        std::count_if(tasks.begin(), tasks.end(), [](const Task& task) { return !task.ended; }));
+    return static_cast<size_t>(std::count_if(
+        tasks.begin(), tasks.end(), [](const ScheduledTask& task) { return !task.ended; }));
 }
 
-const HighLevelScheduler::Task* HighLevelScheduler::findTask(const UpdateObject* object) const {
+const HighLevelScheduler::ScheduledTask*
+HighLevelScheduler::findTask(const UpdateObject* object) const {
     const auto* const asRender = dynamic_cast<const RenderObject*>(object);
-    for (const Task& task : tasks)
+    for (const ScheduledTask& task : tasks)
         if (!task.ended && object != nullptr &&
             (task.object == object || (asRender != nullptr && task.renderObject == asRender)))
             return &task;
     return nullptr;
 }
 
-HighLevelScheduler::Task* HighLevelScheduler::findTask(const UpdateObject* object) {
-    return const_cast<Task*>(std::as_const(*this).findTask(object));
+HighLevelScheduler::ScheduledTask* HighLevelScheduler::findTask(const UpdateObject* object) {
+    return const_cast<ScheduledTask*>(std::as_const(*this).findTask(object));
 }
 
 void HighLevelScheduler::setTaskName(const UpdateObject* object, const String& name) {
-    if (Task* task = findTask(object))
+    if (ScheduledTask* task = findTask(object))
         task->name = name;
 }
 
 void HighLevelScheduler::setTaskPriority(const UpdateObject* object, int32_t priority) {
-    Task* task = findTask(object);
+    ScheduledTask* task = findTask(object);
     if (task == nullptr)
         return;
     task->priority = std::clamp(priority, 1, LowestPriority);
@@ -139,25 +140,25 @@ void HighLevelScheduler::setTaskPriority(const UpdateObject* object, int32_t pri
 }
 
 void HighLevelScheduler::setTaskMinFrameDifference(const UpdateObject* object, int32_t frames) {
-    if (Task* task = findTask(object))
+    if (ScheduledTask* task = findTask(object))
         task->minFrameDifference = frames;
 }
 
 void HighLevelScheduler::specifyTasMinimumTimeDifference(const UpdateObject* object,
                                                          float seconds) {
-    if (Task* task = findTask(object))
+    if (ScheduledTask* task = findTask(object))
         task->minimumTimeDifference = seconds;
     else
         log("specifyTasMinimumTimeDifference task not found", Category, LogWarning); // sic
 }
 
 void HighLevelScheduler::addIncludedState(const UpdateObject* object, State* state) {
-    if (Task* task = findTask(object))
+    if (ScheduledTask* task = findTask(object))
         addOnce(task->includedStates, state);
 }
 
 void HighLevelScheduler::addExcludedState(const UpdateObject* object, State* state) {
-    if (Task* task = findTask(object))
+    if (ScheduledTask* task = findTask(object))
         addOnce(task->excludedStates, state);
 }
 
@@ -180,7 +181,7 @@ void HighLevelScheduler::run() {
     overBudget = false;
     overrunReported = false;
     dropEndedTasks();
-    for (Task& task : tasks)
+    for (ScheduledTask& task : tasks)
         ++task.framesSinceRun;
     if (!started) {
         started = true;
@@ -198,7 +199,7 @@ void HighLevelScheduler::run() {
 void HighLevelScheduler::runPriority(int32_t priority, std::vector<int32_t>& deferred) {
     for (size_t place = 0; place < runOrder.size(); ++place) {
         const int32_t index = runOrder[place];
-        const Task& task = tasks[index];
+        const ScheduledTask& task = tasks[index];
         if (task.ended || task.priority != priority ||
             task.minFrameDifference >= task.framesSinceRun || !isActiveNow(task) ||
             (priority >= FirstBudgetedPriority && !fitsFrame(task)))
@@ -218,7 +219,7 @@ void HighLevelScheduler::runDeferred(std::vector<int32_t>& deferred) {
     double lastTime = clock.getSeconds();
     while (!deferred.empty() && standstill < StandstillRounds) {
         const auto isDone = [this](int32_t index) {
-            const Task& task = tasks[index];
+            const ScheduledTask& task = tasks[index];
             return task.ended || !fitsFrame(task) || !canComeThisFrame(task) || tryToRun(index);
         };
         deferred.erase(std::remove_if(deferred.begin(), deferred.end(), isDone), deferred.end());
@@ -228,7 +229,7 @@ void HighLevelScheduler::runDeferred(std::vector<int32_t>& deferred) {
     }
 }
 
-bool HighLevelScheduler::isActiveNow(const Task& task) const {
+bool HighLevelScheduler::isActiveNow(const ScheduledTask& task) const {
     const StatesMachine& machine = StatesMachine::getInstance();
     for (State* state : {machine.getActiveState(), machine.getPreviousState()}) {
         if (task.ownerState == nullptr
@@ -239,7 +240,7 @@ bool HighLevelScheduler::isActiveNow(const Task& task) const {
     return false;
 }
 
-bool HighLevelScheduler::fitsFrame(const Task& task) {
+bool HighLevelScheduler::fitsFrame(const ScheduledTask& task) {
     const double passed = clock.getSeconds() - frameStart;
     const int32_t late = std::max(0, task.framesSinceRun - 1 - task.minFrameDifference);
     const float share = 1 - static_cast<float>(late) / starvationFrames;
@@ -253,7 +254,7 @@ bool HighLevelScheduler::fitsFrame(const Task& task) {
     return false;
 }
 
-bool HighLevelScheduler::canComeThisFrame(const Task& task) const {
+bool HighLevelScheduler::canComeThisFrame(const ScheduledTask& task) const {
     const double moment = task.lastRunTime + static_cast<double>(task.minimumTimeDifference);
     return moment <= frameStart + static_cast<double>(frameBudget * budgetFraction) ||
            moment <= clock.getSeconds();
@@ -262,7 +263,7 @@ bool HighLevelScheduler::canComeThisFrame(const Task& task) const {
 bool HighLevelScheduler::tryToRun(int32_t index) {
     const double now = clock.getSeconds();
     {
-        Task& task = tasks[index];
+        ScheduledTask& task = tasks[index];
         if (now < task.lastRunTime + static_cast<double>(task.minimumTimeDifference))
             return false;
         task.lastRunTime = now;
@@ -277,7 +278,7 @@ bool HighLevelScheduler::tryToRun(int32_t index) {
         taskTimer.stop();
     }
     // Looked up again: the call may have added tasks.
-    Task& task = tasks[index];
+    ScheduledTask& task = tasks[index];
     const auto duration = static_cast<float>(taskTimer.getSeconds());
     task.framesSinceRun = 0;
     task.lastDuration = duration;
@@ -303,7 +304,7 @@ void HighLevelScheduler::checkOverrun() {
         log("Last unknown task took too long", Category, LogWarning);
         return;
     }
-    const Task& task = tasks[lastTask];
+    const ScheduledTask& task = tasks[lastTask];
     log("Last task " + task.name + " took too long: " + formatFloat(task.lastDuration) +
             " secs, total: " + formatFloat(static_cast<float>(passed)) + " secs",
         Category, LogWarning);

@@ -57,7 +57,7 @@ public:
     void countTimeFromHere();
 
 private:
-    struct Task {
+    struct ScheduledTask {
         UpdateObject* object = nullptr;
         RenderObject* renderObject = nullptr; // run if object is null
         String name;
@@ -80,13 +80,13 @@ private:
     ~HighLevelScheduler() = default;
     friend struct std::default_delete<HighLevelScheduler>;
 
-    const Task* findTask(const UpdateObject* object) const;
-    Task* findTask(const UpdateObject* object);
+    const ScheduledTask* findTask(const UpdateObject* object) const;
+    ScheduledTask* findTask(const UpdateObject* object);
     void runPriority(int32_t priority, std::vector<int32_t>& deferred);
     void runDeferred(std::vector<int32_t>& deferred);
-    bool isActiveNow(const Task& task) const;
-    bool fitsFrame(const Task& task);
-    bool canComeThisFrame(const Task& task) const;
+    bool isActiveNow(const ScheduledTask& task) const;
+    bool fitsFrame(const ScheduledTask& task);
+    bool canComeThisFrame(const ScheduledTask& task) const;
     bool tryToRun(int32_t index);
     void checkOverrun();
     void dropEndedTasks();
@@ -97,7 +97,7 @@ private:
     float starvationFrames = 100.0F; // frames of lateness at which a task no longer has to fit
     Timer clock;
     Timer taskTimer;
-    std::vector<Task> tasks;
+    std::vector<ScheduledTask> tasks;
     int32_t tasksMade = 0;          // since the start, for default names
     std::vector<int32_t> runOrder;  // indices of tasks, in the order of visiting
     std::vector<int32_t> nextOrder; // the same for the next frame

@@ -10,14 +10,16 @@ bool Keyboard::isKeyDown(int32_t symbol) {
     return symbol >= 0 && symbol < Platform::KeyCount && platform.keyDown[symbol] != 0;
 }
 
-Key Keyboard::getKey() {
+KeyPress Keyboard::getKey() {
     Platform& platform = Platform::drained();
     const int32_t symbol = std::exchange(platform.lastKey, 0);
     const auto unicode = static_cast<uint16_t>(std::exchange(platform.lastUnicode, int16_t(0)));
     return Platform::makeKey(symbol, unicode);
 }
 
-std::vector<Key> Keyboard::takeKeys() { return std::exchange(Platform::drained().typedKeys, {}); }
+std::vector<KeyPress> Keyboard::takeKeys() {
+    return std::exchange(Platform::drained().typedKeys, {});
+}
 
 void Keyboard::clearKeys() {
     Platform& platform = Platform::drained();

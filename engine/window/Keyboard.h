@@ -12,10 +12,10 @@ class Keyboard {
 public:
     static bool isKeyDown(int32_t symbol); // false for symbols out of range
     /// The last key pressed; earlier ones of a burst are lost, and a second call gives symbol 0.
-    static Key getKey();
+    static KeyPress getKey();
     /// All keys pressed since the last call, oldest first, at most the last 64. Keys pressed during
     /// a fade are left out. It doesn't affect getKey().
-    static std::vector<Key> takeKeys();
+    static std::vector<KeyPress> takeKeys();
     /// Forgets pressed keys; held ones stay held.
     static void clearKeys();
 };

@@ -167,8 +167,8 @@ void Platform::handleEvent(const SDL_Event& event) {
     }
 }
 
-Key Platform::makeKey(int32_t symbol, int32_t unicode) {
-    Key key;
+KeyPress Platform::makeKey(int32_t symbol, int32_t unicode) {
+    KeyPress key;
     key.symbol = symbol;
     key.unicode = unicode;
     key.character = windows1252Of(static_cast<uint32_t>(unicode));
@@ -178,7 +178,7 @@ Key Platform::makeKey(int32_t symbol, int32_t unicode) {
 
 void Platform::keyDownEvent(const SDL_Event& event) {
     const SDL_keysym& pressed = event.key.keysym;
-    Key key = makeKey(pressed.sym, pressed.unicode);
+    KeyPress key = makeKey(pressed.sym, pressed.unicode);
     key.shift = (pressed.mod & KMOD_SHIFT) != 0;
     if (key.symbol >= 0 && key.symbol < KeyCount) {
         key.repeated = keyDown[key.symbol] != 0;

@@ -9,7 +9,7 @@ union SDL_Event;
 namespace zel {
 
 /// A key press. Symbols are SDL's; those without a character are listed below.
-struct Key {
+struct KeyPress {
     int32_t symbol = 0;     // SDL's; 0 for no key
     char character = 0;     // in Windows-1252; 0 without one
     int32_t unicode = 0;    // 0 without a character
@@ -109,7 +109,7 @@ private:
 
     /// The platform after draining the event queue: every query starts with it.
     static Platform& drained();
-    static Key makeKey(int32_t symbol, int32_t unicode);
+    static KeyPress makeKey(int32_t symbol, int32_t unicode);
     void keyDownEvent(const SDL_Event& event);
     void keyUpEvent(const SDL_Event& event);
     void buttonEvent(const SDL_Event& event);
@@ -132,7 +132,7 @@ private:
     std::array<Press, ButtonCount> presses{};
     std::vector<Tap> pendingTaps;
     std::vector<Tap> visibleTaps;
-    std::vector<Key> typedKeys;
+    std::vector<KeyPress> typedKeys;
     uint32_t lastInputFrame = 0; // ticks
     int32_t wheel = 0;           // steps, above 0 for up
 

@@ -88,8 +88,7 @@ std::vector<uint8_t> iconMask(const Bitmap& picture) {
     for (int32_t y = 0; y < picture.height(); ++y)
         for (int32_t x = 0; x < picture.width(); ++x)
             if (picture.pixelAt(x, y) >> 31 != 0)
-                mask[static_cast<size_t>(y) * rowSize + static_cast<size_t>(x / 8)] |=
-                    static_cast<uint8_t>(0x80 >> x % 8);
+                mask[y * rowSize + x / 8] |= static_cast<uint8_t>(0x80 >> x % 8);
     return mask;
 }
 

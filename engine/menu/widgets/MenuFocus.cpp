@@ -50,7 +50,7 @@ ScrollingArea* areaFor(const Menu& menu, const Widget* widget) {
 }
 
 /// Where a key moves the focus from the widget, which may be null; null for nowhere.
-Widget* targetOf(const Menu& menu, const Widget* widget, const Key& key) {
+Widget* targetOf(const Menu& menu, const Widget* widget, const KeyPress& key) {
     for (const ArrowKey& arrow : ArrowKeys) {
         if (key.symbol == arrow.symbol)
             return nextInDirection(menu, widget, arrow.stepX, arrow.stepY);
@@ -69,7 +69,7 @@ Widget* targetOf(const Menu& menu, const Widget* widget, const Key& key) {
 }
 
 /// What a key does to an area when the focus has nowhere to go.
-void scroll(ScrollingArea& area, const Key& key) {
+void scroll(ScrollingArea& area, const KeyPress& key) {
     const int32_t page = area.getBounds().rect.height;
     if (key.symbol == KeyHome)
         area.scrollToStart();
@@ -83,12 +83,12 @@ void scroll(ScrollingArea& area, const Key& key) {
 
 } // namespace
 
-void MenuFocus::takeKeys(Menu& menu, const std::vector<Key>& keys) {
-    for (const Key& key : keys)
+void MenuFocus::takeKeys(Menu& menu, const std::vector<KeyPress>& keys) {
+    for (const KeyPress& key : keys)
         takeKey(menu, key);
 }
 
-void MenuFocus::takeKey(Menu& menu, const Key& key) {
+void MenuFocus::takeKey(Menu& menu, const KeyPress& key) {
     Widget* widget = menu.getWidget(name);
     if (widget != nullptr && key.symbol != KeyTab && key.symbol != KeyEscape &&
         key.symbol != KeyReturn && key.symbol != KeyEnter && widget->takeKey(key))
@@ -103,7 +103,7 @@ void MenuFocus::takeKey(Menu& menu, const Key& key) {
 }
 
 // A row that the wheel has moved out of view is shown before it can be hit.
-void MenuFocus::takeHitKey(Menu& menu, const Key& key) {
+void MenuFocus::takeHitKey(Menu& menu, const KeyPress& key) {
     const bool isHit = key.symbol == KeyReturn || key.symbol == KeyEnter || key.symbol == KeySpace;
     const bool isEscape = key.symbol == KeyEscape;
     const Widget* widget = menu.getWidget(name);

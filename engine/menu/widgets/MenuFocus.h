@@ -10,7 +10,7 @@ namespace zel {
 class Menu;
 class ScrollingArea;
 class Widget;
-struct Key;
+struct KeyPress;
 
 /// The keyboard on a menu. Tab, the arrow keys, Home and End, and in a scrolling area page up and
 /// page down, move a focus from widget to widget; a row that is cut off scrolls into view. Where no
@@ -21,7 +21,7 @@ struct Key;
 class MenuFocus {
 public:
     /// Handles keys in the order in which they were typed.
-    void takeKeys(Menu& menu, const std::vector<Key>& keys);
+    void takeKeys(Menu& menu, const std::vector<KeyPress>& keys);
     /// Clears the focus if its widget can't have it any longer, or if the pointer has moved.
     void follow(Menu& menu);
     /// Gives the focus to a widget that takes typed characters when it is hit.
@@ -31,8 +31,8 @@ public:
     const String& getName() const { return name; }
 
 private:
-    void takeKey(Menu& menu, const Key& key);
-    void takeHitKey(Menu& menu, const Key& key);
+    void takeKey(Menu& menu, const KeyPress& key);
+    void takeHitKey(Menu& menu, const KeyPress& key);
     void give(Menu& menu, const Widget& widget);
 
     String name;                        // of the widget; empty for none

@@ -11,9 +11,9 @@ namespace {
 constexpr std::string_view EndCursor = "_";    // after the text
 constexpr std::string_view MiddleCursor = "|"; // within it, narrow so that letters hardly move
 
-/// Whether the key's character can be typed: all of Windows-1252, while Key::printable is about
-/// Latin-1.
-bool isTyped(const Key& key) {
+/// Whether the key's character can be typed: all of Windows-1252, while KeyPress::printable is
+/// about Latin-1.
+bool isTyped(const KeyPress& key) {
     constexpr uint8_t DeleteCode = 127;
     const auto code = static_cast<uint8_t>(key.character);
     return code >= ' ' && code != DeleteCode;
@@ -35,7 +35,7 @@ String TextInput::edited(int32_t start, int32_t count, const String& inserted) c
     return typed.left(start) + inserted + typed.right(typed.length() - start - count);
 }
 
-bool TextInput::takeKey(const Key& key) {
+bool TextInput::takeKey(const KeyPress& key) {
     if (takeCursorKey(key.symbol))
         return true;
     if (key.symbol == KeyBackspace || key.symbol == KeyDelete) {

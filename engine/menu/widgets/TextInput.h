@@ -18,7 +18,7 @@ public:
     void render() override;
     bool wantsKeys() const override { return true; }
     /// Characters, Backspace and Delete; Left, Right, Home and End move the cursor.
-    bool takeKey(const Key& key) override;
+    bool takeKey(const KeyPress& key) override;
 
 private:
     bool takeCursorKey(int32_t symbol);

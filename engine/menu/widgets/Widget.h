@@ -10,7 +10,7 @@
 namespace zel {
 
 class Image;
-struct Key;
+struct KeyPress;
 
 /// The interactive element of the menus: a rectangle with an image for each of its looks, and a
 /// text. A press and release of the mouse over it, or a key while it has the focus, hits it: it
@@ -42,7 +42,7 @@ public:
     /// Whether it takes typed characters while it has the focus.
     virtual bool wantsKeys() const { return false; }
     /// Handles a key while it has the focus; false if it doesn't use it.
-    virtual bool takeKey(const Key&) { return false; }
+    virtual bool takeKey(const KeyPress&) { return false; }
 
     /// What a release of the button over it does, even if it is inactive. During a fade neither the
     /// screen is notified nor a sound played. Code hits widgets by Menu::hitWidget(), which keeps a

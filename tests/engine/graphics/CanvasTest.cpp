@@ -81,7 +81,7 @@ protected:
     ~CanvasTest() override { canvas.setRecorder(nullptr); }
 
     Canvas& canvas = Canvas::getInstance();
-    std::vector<Canvas::Record> list;
+    std::vector<Canvas::DrawRecord> list;
     Bitmap picture;
 };
 

@@ -148,14 +148,14 @@ protected:
         canvas.clearWindow();
         text.draw(canvas);
         Point least{1.0e9F, 1.0e9F};
-        for (const Canvas::Record& record : list)
+        for (const Canvas::DrawRecord& record : list)
             least = {std::min(least.x, record.target.x), std::min(least.y, record.target.y)};
         return least;
     }
 
     Font font{FONT_FOLDER "/type18"};
     Canvas& canvas = Canvas::getInstance();
-    std::vector<Canvas::Record> list;
+    std::vector<Canvas::DrawRecord> list;
     Text text;
 };
 

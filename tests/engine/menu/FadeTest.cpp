@@ -43,11 +43,11 @@ protected:
     }
 
     /// The draw lists of the frames in which both screens are seen.
-    std::vector<std::vector<Canvas::Record>> fadeTo(const char* state) {
+    std::vector<std::vector<Canvas::DrawRecord>> fadeTo(const char* state) {
         StatesMachine& machine = StatesMachine::getInstance();
         machine.setActiveState(machine.getState(state));
-        std::vector<std::vector<Canvas::Record>> frames;
-        std::vector<Canvas::Record> records;
+        std::vector<std::vector<Canvas::DrawRecord>> frames;
+        std::vector<Canvas::DrawRecord> records;
         Canvas::getInstance().setRecorder(&records);
         while (!machine.isSettled()) {
             driver->step();
@@ -67,9 +67,9 @@ protected:
 using Alphas = std::vector<int32_t>;
 
 /// The alphas of all calls that draw a picture whose name begins so, in their order.
-Alphas alphas(const std::vector<Canvas::Record>& frame, std::string_view picture) {
+Alphas alphas(const std::vector<Canvas::DrawRecord>& frame, std::string_view picture) {
     Alphas found;
-    for (const Canvas::Record& record : frame) {
+    for (const Canvas::DrawRecord& record : frame) {
         if (record.name.rfind(picture, 0) == 0)
             found.push_back(static_cast<int32_t>(record.argb >> 24));
     }
@@ -87,7 +87,7 @@ TEST_F(Fade, LeavesTheSharedDeskAlone) {
               screen("", "setmenuoverlay bg papersB\n"));
         for (const char* target : {"B", "A"}) {
             std::vector<int32_t> coming;
-            for (const std::vector<Canvas::Record>& frame : fadeTo(target)) {
+            for (const std::vector<Canvas::DrawRecord>& frame : fadeTo(target)) {
                 EXPECT_EQ(alphas(frame, "desk"), Alphas{255}) << list << " to " << target;
                 EXPECT_EQ(alphas(frame, "lamp"), Alphas{255}) << list << " to " << target;
                 EXPECT_EQ(frame.front().name, "desk") << list << " to " << target;
@@ -124,7 +124,7 @@ TEST_F(Fade, BringsUpUnsharedPicturesOverTheOldOnes) {
     };
     start("B", bare("setmenuoverlay bg papersA\n"), bare("setmenuoverlay bg papersB\n"));
     std::vector<int32_t> coming;
-    for (const std::vector<Canvas::Record>& frame : fadeTo("B")) {
+    for (const std::vector<Canvas::DrawRecord>& frame : fadeTo("B")) {
         EXPECT_EQ(alphas(frame, "papersA"), Alphas{255});
         coming.push_back(sum(alphas(frame, "papersB")));
     }
@@ -140,7 +140,7 @@ TEST_F(Fade, SharesOverlaysOfScripts) {
     ASSERT_NE(desk, nullptr);
     EXPECT_EQ(desk->getUserCount(), 1);
     EXPECT_TRUE(driver->log.holds("[Menu] setMenuOverlay background image none does not exist"));
-    for (const std::vector<Canvas::Record>& frame : fadeTo("B"))
+    for (const std::vector<Canvas::DrawRecord>& frame : fadeTo("B"))
         EXPECT_EQ(alphas(frame, "desk"), Alphas{255});
     EXPECT_EQ(driver->menu().getBackgroundOverlay(), desk);
     EXPECT_EQ(desk->getUserCount(), 1);

@@ -87,7 +87,7 @@ TEST_F(SampleProgram, SetsTexts) {
     EXPECT_EQ(driver->menu().getTextArea("short")->getLabel().lineCount(), 1) << "set by code";
     EXPECT_EQ(driver->text("number"), "Language text ");
     EXPECT_EQ(driver->text("asArea"), "Defined as a widget, made as a text area");
-    std::vector<Canvas::Record> glyphs;
+    std::vector<Canvas::DrawRecord> glyphs;
     Canvas::getInstance().setRecorder(&glyphs);
     driver->menu().getTextArea("right")->render();
     Canvas::getInstance().setRecorder(nullptr);

@@ -149,7 +149,7 @@ TEST_F(InputTest, GivesTheLastKeyOnce) {
     key(SDLK_a, 'a', true);
     key(SDLK_b, 'B', true, KMOD_LSHIFT);
     EXPECT_TRUE(Keyboard::isKeyDown(SDLK_a));
-    const Key last = Keyboard::getKey();
+    const KeyPress last = Keyboard::getKey();
     EXPECT_EQ(last.symbol, SDLK_b);
     EXPECT_EQ(last.character, 'B');
     EXPECT_TRUE(last.printable);
@@ -198,7 +198,7 @@ TEST_F(InputTest, QueuesWhatIsTyped) {
     key(SDLK_h, 'h', true);
     key(SDLK_h, 'h', true);
     key(SDLK_TAB, '\t', true, KMOD_RSHIFT);
-    const std::vector<Key> keys = Keyboard::takeKeys();
+    const std::vector<KeyPress> keys = Keyboard::takeKeys();
     ASSERT_EQ(keys.size(), 3U);
     EXPECT_FALSE(keys[0].repeated);
     EXPECT_TRUE(keys[1].repeated);

@@ -32,7 +32,7 @@ std::string texts(HandledMenu& menu) {
 
 /// Where the text area's letter begins.
 std::string letterX(HandledMenu& menu) {
-    std::vector<Canvas::Record> records;
+    std::vector<Canvas::DrawRecord> records;
     Canvas::getInstance().setRecorder(&records);
     menu.getTextArea("a")->render();
     Canvas::getInstance().setRecorder(nullptr);

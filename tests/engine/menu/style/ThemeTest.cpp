@@ -125,7 +125,7 @@ addwidget b A
     driver->step();
     Widget& widget = *driver->widget("b");
     const auto expectColor = [&](uint32_t color, const char* what) {
-        std::vector<Canvas::Record> records;
+        std::vector<Canvas::DrawRecord> records;
         Canvas::getInstance().setRecorder(&records);
         widget.render();
         Canvas::getInstance().setRecorder(nullptr);
