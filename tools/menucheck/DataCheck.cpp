@@ -23,7 +23,7 @@ namespace {
 constexpr int32_t LargestTable = 1 << 24; // bytes
 constexpr const char* Tables = "Language/";
 constexpr const char* TableEnding = ".txt";
-constexpr const char* ModelCode = "en"; // of the table whose marks the others have to have
+constexpr const char* ModelCode = "en"; // of the table whose marks are the model
 constexpr const char* Codes = "Language/langcodes.dat";
 constexpr const char* Pictures = "Pictures/";
 constexpr const char* IndexEnding = ".idx";
@@ -71,21 +71,21 @@ std::vector<zel::ImageDescription> imagesIn(const String& picture) {
 }
 
 /// A text of a table, and its line.
-struct Entry {
+struct LanguageEntry {
     String text;
     int32_t line;
 };
-using Table = std::map<int32_t, Entry>;
+using LanguageTable = std::map<int32_t, LanguageEntry>;
 
-Table readTable(const String& name, Findings& findings) {
-    Table table;
+LanguageTable readTable(const String& name, FindingLog& findings) {
+    LanguageTable table;
     std::string content;
     if (!zel::readTextFile(name, LargestTable, content))
         return table;
     zel::forEachNumberedLine(content, [&](std::string_view line, int32_t lineNumber) {
         const Source source{name, lineNumber};
         for (const auto& [number, text] : zel::parseLanguage(line)) {
-            if (!table.emplace(number, Entry{text, source.line}).second)
+            if (!table.emplace(number, LanguageEntry{text, source.line}).second)
                 findings.add(source, String("text ") + number + " is there twice");
             if (text.empty())
                 findings.add(source, String("text ") + number + " is empty");
@@ -102,10 +102,10 @@ String shownMarks(const std::set<char>& marks) {
     return shown.empty() ? "none" : shown;
 }
 
-/// Faults of texts whose marks differ from those in the table by which the others go. A mark that
-/// is there twice is replaced once only.
-void checkMarks(const String& name, const Table& table, const String& modelName, const Table& model,
-                Findings& findings) {
+/// Reports texts whose marks differ from the model table's. Of a mark that occurs twice only the
+/// first is replaced.
+void checkMarks(const String& name, const LanguageTable& table, const String& modelName,
+                const LanguageTable& model, FindingLog& findings) {
     for (const auto& [number, entry] : table) {
         const std::vector<char> marks = marksOf(entry.text);
         const std::set<char> each(marks.begin(), marks.end());
@@ -122,7 +122,7 @@ void checkMarks(const String& name, const Table& table, const String& modelName,
     }
 }
 
-void checkCodes(Findings& findings) {
+void checkCodes(FindingLog& findings) {
     zel::File file(Codes, zel::FileRead);
     while (file.isOpen() && file.hasLine()) {
         const std::vector<String> words = zel::splitWords(zel::trimmed(file.lineView(), ' '));
@@ -158,11 +158,11 @@ void NamedData::gather(const zel::MenuConfigFile& script, const ScriptNotes& not
     texts.insert(notes.texts.begin(), notes.texts.end());
 }
 
-void NamedData::checkFiles(Findings& findings) const {
+void NamedData::checkFiles(FindingLog& findings) const {
     for (const auto& [name, source] : images) {
         findings.setBetweenLines(source);
         if (zel::ImageHandler::getInstance().getImage(name) == nullptr)
-            findings.add(source, String("Did not find image ") + name); // as it is logged
+            findings.add(source, String("Did not find image ") + name); // worded as the log does
     }
     for (const auto& [name, source] : fonts) {
         findings.setBetweenLines(source);
@@ -177,7 +177,7 @@ void NamedData::checkFiles(Findings& findings) const {
     findings.endLine();
 }
 
-void NamedData::checkPictures(Findings& findings) const {
+void NamedData::checkPictures(FindingLog& findings) const {
     if (!zel::system::isDirectory("Pictures"))
         return;
     const zel::Directory folder("Pictures", "*.*");
@@ -196,12 +196,12 @@ void NamedData::checkPictures(Findings& findings) const {
     }
 }
 
-void NamedData::checkLanguages(Findings& findings) const {
+void NamedData::checkLanguages(FindingLog& findings) const {
     checkCodes(findings);
     const std::vector<String> codes = languageCodes();
     if (codes.empty() && !texts.empty())
         findings.add(texts.begin()->second, String("no table in ") + Tables);
-    std::map<String, Table> tables; // by the names of their files
+    std::map<String, LanguageTable> tables; // by the names of their files
     ScriptNotes notes;
     for (const String& code : codes) {
         const String name = String(Tables) + code + TableEnding;

@@ -4,17 +4,17 @@
 
 namespace menucheck {
 
-/// What all scripts together name besides elements: files, images, numbers of texts. They are read,
-/// not run, so that what no screen happens to use is checked too.
+/// Everything but elements that the scripts name: files, images, numbers of texts. Scripts are
+/// read, not run, so that data which no screen happens to use is checked too.
 class NamedData {
 public:
     void gather(const zel::MenuConfigFile& script, const ScriptNotes& notes);
-    /// Faults of images, fonts and sounds that don't load. REQUIRES: the scripts have run.
-    void checkFiles(Findings& findings) const;
-    /// Warnings of files in Pictures that nothing shows. One that is only preloaded isn't shown.
-    void checkPictures(Findings& findings) const;
-    /// Faults of the tables in Language: texts that are missing, empty, there twice or not used.
-    void checkLanguages(Findings& findings) const;
+    /// Reports images, fonts and sounds that don't load. REQUIRES: the scripts have run.
+    void checkFiles(FindingLog& findings) const;
+    /// Warns of files in Pictures that are never shown. Preloading alone doesn't count.
+    void checkPictures(FindingLog& findings) const;
+    /// Reports texts of the tables in Language that are missing, empty, duplicate or unused.
+    void checkLanguages(FindingLog& findings) const;
 
 private:
     std::map<zel::String, Source> images, fonts, sounds;
@@ -22,7 +22,7 @@ private:
     std::map<int32_t, Source> texts;
 };
 
-/// The codes of the tables in Language.
+/// The language codes of the tables in Language.
 std::vector<zel::String> languageCodes();
 
 } // namespace menucheck

@@ -21,12 +21,12 @@ namespace {
 struct Standing {
     String name;
     const zel::Bounds* bounds;
-    bool isLoose; // moves, or holds what moves: it overlaps by nature
+    bool isLoose; // moves, or holds what moves, so it may overlap
     bool isShown; // now, or by code at another time
 };
 
 constexpr const char* LookNames[] = {"active", "inactive", "over", "down"};
-constexpr float SizeTolerance = 1; // pixels by which an image may be drawn larger or smaller
+constexpr float SizeTolerance = 1; // design pixels by which the drawn size may differ
 
 bool overlap(const PixelRect& a, const PixelRect& b) {
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height &&
@@ -48,7 +48,7 @@ std::vector<Standing> elementsOf(const zel::HandledMenu& menu, const ScriptNotes
 }
 
 void checkOverlaps(const std::vector<Standing>& elements, const ScriptNotes& notes,
-                   Findings& findings) {
+                   FindingLog& findings) {
     for (size_t i = 0; i < elements.size(); ++i) {
         for (size_t k = i + 1; k < elements.size(); ++k) {
             const Standing& a = elements[i];
@@ -61,7 +61,7 @@ void checkOverlaps(const std::vector<Standing>& elements, const ScriptNotes& not
     }
 }
 
-void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
+void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, FindingLog& findings) {
     const std::vector<Standing> elements = elementsOf(menu, notes);
     for (const Standing& element : elements) {
         const PixelRect& place = element.bounds->rect;
@@ -77,12 +77,12 @@ void checkPlaces(const zel::HandledMenu& menu, const ScriptNotes& notes, Finding
 }
 
 bool hasAllGlyphs(const String& name, const zel::Text& label, const Source& source,
-                  Findings& findings) {
+                  FindingLog& findings) {
     const zel::Font& font = *label.getFont();
     bool hasAll = true;
     for (const char character : label.getText().view()) {
         const zel::Glyph* glyph = font.glyph(character);
-        // Fonts that have every code give those that mean nothing no width.
+        // Fonts with all codes give unused ones no width.
         if (character == '\n' || character == '\t' || (glyph != nullptr && glyph->xAdvance > 0))
             continue;
         hasAll = false;
@@ -93,9 +93,9 @@ bool hasAllGlyphs(const String& name, const zel::Text& label, const Source& sour
     return hasAll;
 }
 
-/// The font, the characters and the room of a text.
+/// Checks the font, the characters and the size of a text.
 void checkText(const String& name, const zel::Text& label, const Source& source,
-               Findings& findings) {
+               FindingLog& findings) {
     if (zel::trimmed(label.getText(), ' ').empty())
         return;
     if (label.getFont() == nullptr) {
@@ -112,8 +112,8 @@ void checkText(const String& name, const zel::Text& label, const Source& source,
                                  " pixels high in a room of " + height + ": " + label.getText());
 }
 
-/// A word that is wider than its text area is broken anywhere.
-void checkWords(const zel::TextArea& area, const Source& source, Findings& findings) {
+/// Reports words that are wider than their text area: they are broken anywhere.
+void checkWords(const zel::TextArea& area, const Source& source, FindingLog& findings) {
     const zel::Text& label = area.getLabel();
     if (label.getFont() == nullptr)
         return;
@@ -135,9 +135,9 @@ bool isDrawnAsItIs(const zel::Image& image, const PixelRect& place) {
 }
 
 void checkImages(const zel::Widget& widget, const ScriptNotes& notes, const Source& source,
-                 Findings& findings) {
+                 FindingLog& findings) {
     const PixelRect& place = widget.getBounds().rect;
-    const zel::Image* stretched = nullptr; // one is told: looks go together
+    const zel::Image* stretched = nullptr; // one is reported: looks share a size
     for (size_t i = 0; i < zel::LookCount; ++i) {
         const zel::Image* image = widget.getImage(static_cast<zel::WidgetLook>(i));
         if (image == nullptr)
@@ -154,8 +154,8 @@ void checkImages(const zel::Widget& widget, const ScriptNotes& notes, const Sour
                                  " (#check stretch allows it)");
 }
 
-/// Whether a player would take it for something to press: it answers to the pointer, or with a
-/// sound. Fields to type into and scrolling areas answer by themselves.
+/// Whether it looks pressable to a player: it reacts to the pointer, or has a sound. Text inputs
+/// and scrolling areas react by themselves.
 bool looksPressable(const zel::Widget& widget, const zel::Theme* theme) {
     const String& kind = widget.getKind();
     if (kind == "textinput" || kind == "scrollingarea")
@@ -176,7 +176,7 @@ bool looksPressable(const zel::Widget& widget, const zel::Theme* theme) {
 }
 
 void checkAnswer(const zel::Widget& widget, zel::HandledMenu& menu, const ScriptNotes& notes,
-                 const Source& source, Findings& findings) {
+                 const Source& source, FindingLog& findings) {
     const String name = widget.getName();
     const std::vector<zel::MenuConfigFile::Section>& sections = menu.getScript().getSections();
     const bool isCode = notes.code.count(name) != 0;
@@ -190,9 +190,9 @@ void checkAnswer(const zel::Widget& widget, zel::HandledMenu& menu, const Script
         findings.add(source, name + " can be pressed and does nothing");
 }
 
-/// Puts each text that code may set in its place for a moment.
-void checkWidest(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
-    for (const ScriptNotes::Text& note : notes.widest) {
+/// Checks each text that code may set, in its element.
+void checkWidest(zel::HandledMenu& menu, const ScriptNotes& notes, FindingLog& findings) {
+    for (const ScriptNotes::WidestText& note : notes.widest) {
         zel::Widget* widget = menu.getWidget(note.element);
         zel::TextArea* area = widget == nullptr ? menu.getTextArea(note.element) : nullptr;
         if (widget == nullptr && area == nullptr)
@@ -207,8 +207,8 @@ void checkWidest(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& fin
     }
 }
 
-/// Gives widgets the kinds that code may give them. They keep them.
-void checkKinds(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
+/// Checks widgets with each kind that code may give them. They keep the last one.
+void checkKinds(zel::HandledMenu& menu, const ScriptNotes& notes, FindingLog& findings) {
     for (const auto& [kind, names] : notes.kinds) {
         const zel::Theme* theme = menu.getTheme();
         const bool isKnown = theme != nullptr && theme->widgets.count(kind.toLower()) != 0;
@@ -228,7 +228,7 @@ void checkKinds(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& find
 
 } // namespace
 
-void checkElements(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings) {
+void checkElements(zel::HandledMenu& menu, const ScriptNotes& notes, FindingLog& findings) {
     checkPlaces(menu, notes, findings);
     for (const auto& [name, widget] : menu.getWidgets()) {
         const Source source = findings.sourceOf(name);

@@ -4,9 +4,9 @@
 
 namespace menucheck {
 
-/// Faults of the elements that the menu has now: places, overlaps, images and their sizes, fonts,
-/// texts and those that code may set, and widgets that do nothing. Widgets are left with the last
-/// of the kinds that code may give them.
-void checkElements(zel::HandledMenu& menu, const ScriptNotes& notes, Findings& findings);
+/// Reports faults of the menu's present elements: positions, overlaps, images and their sizes,
+/// fonts, texts, also those that code may set, and widgets without effect. Each widget ends up with
+/// the last of the kinds that code may give it.
+void checkElements(zel::HandledMenu& menu, const ScriptNotes& notes, FindingLog& findings);
 
 } // namespace menucheck

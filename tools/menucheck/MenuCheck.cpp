@@ -31,17 +31,18 @@ constexpr const char* ListFile = "Menus/init.lst";
 
 using Screens = std::map<String, Source>; // the lines of the list
 
-/// What the screens amount to together, in all languages.
+/// The results of all screens in all languages.
 struct Survey {
-    Findings& findings;
+    FindingLog& findings;
     Ways ways;
     NamedData data;
-    // A note in a file that several screens include speaks of any of them.
-    std::map<std::tuple<String, int32_t, String>, bool> noted{}; // elements; whether one has it
+    // A note in a file that several screens include may apply to any of them.
+    std::map<std::tuple<String, int32_t, String>, bool>
+        noted{}; // true once a screen has the element
     std::set<String> stretched{};
 };
 
-Screens checkList(Findings& findings) {
+Screens checkList(FindingLog& findings) {
     Screens screens;
     zel::File list(ListFile, zel::FileRead);
     if (!list.isOpen()) {
@@ -68,7 +69,7 @@ Screens checkList(Findings& findings) {
     return screens;
 }
 
-/// One screen, run from its entering to its leaving as often as something happens on it.
+/// One screen. It is entered, run and left once for each thing that can happen on it.
 class ScreenRun {
 public:
     ScreenRun(HandledMenu& menu, const ScriptNotes& notes, Survey& survey)
@@ -88,7 +89,7 @@ public:
     }
 
 private:
-    /// Enters the screen afresh, runs the sections and checks what is there then.
+    /// Enters the screen, runs the sections and checks the elements that result.
     void run(const std::vector<String>& sections) {
         survey.findings.watch(&menu);
         menu.onEnter();
@@ -128,7 +129,7 @@ private:
         const MenuConfigFile& script = menu.getScript();
         for (const MenuConfigFile::Section& section : script.getSections()) {
             for (int32_t i = section.first; i <= section.last && isInForce(script, section); ++i) {
-                const MenuConfigFile::Line& line = script.getLines()[static_cast<size_t>(i)];
+                const MenuConfigFile::Line& line = script.getLines()[i];
                 const std::vector<String> words = commandWords(line);
                 if (words.size() == 2 && words[0] == "settransition")
                     addWay(words[1], sourceOf(script, line));
@@ -142,7 +143,7 @@ private:
         survey.ways.add(menu.getName(), target, source, survey.findings);
     }
 
-    // Elements that notes and sections name, against those that ever were there.
+    // Compares the elements that notes and sections name with those that ever existed.
     void checkNames() {
         for (const ScriptNotes::Name& note : notes.named) {
             bool& isMet = survey.noted[{note.source.file, note.source.line, note.name}];
@@ -160,7 +161,7 @@ private:
     HandledMenu& menu;
     const ScriptNotes& notes;
     Survey& survey;
-    std::set<String> seen; // names of all elements that were ever there
+    std::set<String> seen; // names of all elements that ever existed
 };
 
 /// Loads all screens in the language that is set, and runs each.
@@ -171,7 +172,7 @@ void checkScreens(Survey& survey) {
     std::map<HandledMenu*, ScriptNotes> notes;
     for (HandledMenu* menu : HandledMenu::getMenus()) {
         const MenuConfigFile& script = menu->getScript();
-        if (script.getFileName().empty()) // its script is missing, which is told
+        if (script.getFileName().empty()) // a missing script is logged already
             continue;
         ScriptNotes& read = notes[menu] = readNotes(script, survey.findings);
         survey.stretched.insert(read.stretched.begin(), read.stretched.end());
@@ -186,8 +187,8 @@ void checkScreens(Survey& survey) {
     }
 }
 
-/// Ends the screens; images and fonts stay, since they are the same in every language.
-void releaseScreens(Findings& findings) {
+/// Deletes the screens. Images and fonts stay loaded: they are the same in every language.
+void releaseScreens(FindingLog& findings) {
     findings.watch(nullptr);
     HandledMenu::releaseMenus();
     HandledMenu::releaseShared();
@@ -198,7 +199,7 @@ void releaseScreens(Findings& findings) {
     zel::StatesMachine::getInstance().reset();
 }
 
-void checkAll(const Screens& screens, Findings& findings) {
+void checkAll(const Screens& screens, FindingLog& findings) {
     Survey survey{findings, {}, {}};
     std::vector<String> codes = languageCodes();
     if (codes.empty())
@@ -208,7 +209,7 @@ void checkAll(const Screens& screens, Findings& findings) {
         if (!code.empty())
             zel::Language::setLanguage(code);
         checkScreens(survey);
-        if (code == codes.back()) { // states must be there to be found
+        if (code == codes.back()) { // ways lead to registered states
             survey.ways.check(screens, HandledMenu::getFirstMenuName(), findings);
             survey.data.checkFiles(findings);
         }
@@ -227,12 +228,12 @@ void checkAll(const Screens& screens, Findings& findings) {
 } // namespace
 
 tools::Findings checkMenus(const String& folder) {
-    Findings findings;
+    FindingLog findings;
     if (!zel::system::changeDirectory(folder)) {
         findings.add({folder, 0}, "no such folder");
         return findings.sorted();
     }
-    zel::Registry::clear(); // a player's preferences play no part, and scripts don't change them
+    zel::Registry::clear(); // independent of a player's preferences
     zel::Registry::setDeferSave(true);
     zel::Language::reset();
     const Screens screens = checkList(findings);

@@ -37,9 +37,9 @@ std::vector<std::vector<String>> lengthened(const std::vector<std::vector<String
     return result;
 }
 
-class Reader {
+class NoteReader {
 public:
-    explicit Reader(const std::vector<String>& words) : words(words) {}
+    explicit NoteReader(const std::vector<String>& words) : words(words) {}
 
     SaidTexts read() {
         if (!isAt(Opening)) {
@@ -118,7 +118,7 @@ private:
 
 } // namespace
 
-SaidTexts readSaidTexts(const std::vector<String>& words) { return Reader(words).read(); }
+SaidTexts readSaidTexts(const std::vector<String>& words) { return NoteReader(words).read(); }
 
 std::vector<char> marksOf(std::string_view text) {
     std::vector<char> marks;

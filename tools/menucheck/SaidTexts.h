@@ -16,10 +16,10 @@ namespace menucheck {
 struct SaidTexts {
     std::vector<zel::String> texts; // all combinations, at most a thousand
     std::set<int32_t> numbers;      // of the table
-    zel::String fault;              // what is wrong with the words; empty if nothing is
+    zel::String fault;              // what is wrong with the words; empty if valid
 };
 
-/// Numbers that the table lacks give no text and are no fault here.
+/// Numbers that the table lacks give no text, and no fault either.
 SaidTexts readSaidTexts(const std::vector<zel::String>& words);
 
 /// The marks of a text, such as '1' and '2' for "$2 of $1", in the order of the text.

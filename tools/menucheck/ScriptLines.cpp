@@ -19,7 +19,7 @@ bool isEventSection(const String& name) {
 }
 
 void checkSection(const MenuConfigFile& script, const MenuConfigFile::Section& section,
-                  Findings& findings) {
+                  FindingLog& findings) {
     const Source source = headerOf(script, section);
     const int32_t length = section.last - section.first + 1;
     if (!isEventSection(section.name) && hitWidgetOf(section).empty() &&
@@ -30,9 +30,9 @@ void checkSection(const MenuConfigFile& script, const MenuConfigFile::Section& s
                                  " has one line: it would run at its first event only");
 }
 
-// The words behind a condition are joined anew, without their quotes.
+// Joins the words after a condition again, without their quotes.
 void checkCondition(const MenuConfigFile::Line& line, bool isAllowed, const Source& source,
-                    Findings& findings) {
+                    FindingLog& findings) {
     constexpr size_t MostWords = 7;
     const std::vector<String> words = zel::splitWords(line.text);
     if (!isAllowed)
@@ -45,8 +45,8 @@ void checkCondition(const MenuConfigFile::Line& line, bool isAllowed, const Sour
     }
 }
 
-// A script changes nothing and says nothing where it doesn't know the value.
-void checkFlag(const MenuConfigFile::Line& line, const Source& source, Findings& findings) {
+// A script ignores a value that it doesn't know, without a log line.
+void checkFlag(const MenuConfigFile::Line& line, const Source& source, FindingLog& findings) {
     const std::vector<String> words = commandWords(line);
     const bool setsFlag =
         words.size() == 3 && (words[0] == "setlocalflag" || words[0] == "setglobalflag");
@@ -54,7 +54,7 @@ void checkFlag(const MenuConfigFile::Line& line, const Source& source, Findings&
         findings.add(source, String("the value ") + words[2] + " has no effect: on or off");
 }
 
-void checkLines(const MenuConfigFile& script, bool mayHaveConditions, Findings& findings) {
+void checkLines(const MenuConfigFile& script, bool mayHaveConditions, FindingLog& findings) {
     const size_t firstInSection = script.getSections().empty()
                                       ? script.getLines().size()
                                       : static_cast<size_t>(script.getSections()[0].first) - 1;
@@ -88,7 +88,7 @@ Source sourceOf(const MenuConfigFile& script, const MenuConfigFile::Line& line) 
 }
 
 Source headerOf(const MenuConfigFile& script, const MenuConfigFile::Section& section) {
-    return sourceOf(script, script.getLines()[static_cast<size_t>(section.first) - 1]);
+    return sourceOf(script, script.getLines()[section.first - 1]);
 }
 
 std::vector<String> filesOf(const MenuConfigFile& script) {
@@ -117,7 +117,7 @@ bool isInForce(const MenuConfigFile& script, const MenuConfigFile::Section& sect
 }
 
 void checkSections(const zel::HandledMenu& menu, const MenuConfigFile& script,
-                   bool mayHaveConditions, Findings& findings) {
+                   bool mayHaveConditions, FindingLog& findings) {
     std::map<String, String> seen; // section, lowered, and the file of its last occurrence
     for (const MenuConfigFile::Section& section : script.getSections()) {
         checkSection(script, section, findings);

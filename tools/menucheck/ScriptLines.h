@@ -1,10 +1,10 @@
 #pragma once
 
-#include "tools/menucheck/Findings.h"
+#include "tools/menucheck/FindingLog.h"
 
 namespace menucheck {
 
-/// The words of a line as its command gets them: the condition is left out, the command lowered.
+/// The words of a line as its command gets them: without the condition, the command lowered.
 std::vector<zel::String> commandWords(const zel::MenuConfigFile::Line& line);
 Source sourceOf(const zel::MenuConfigFile& script, const zel::MenuConfigFile::Line& line);
 Source headerOf(const zel::MenuConfigFile& script, const zel::MenuConfigFile::Section& section);
@@ -12,12 +12,12 @@ Source headerOf(const zel::MenuConfigFile& script, const zel::MenuConfigFile::Se
 std::vector<zel::String> filesOf(const zel::MenuConfigFile& script);
 /// The widget of a section "onhit NAME"; empty for any other section.
 zel::String hitWidgetOf(const zel::MenuConfigFile::Section& section);
-/// Whether the section runs when that event comes: of several with one name the last one does.
+/// Whether the section runs at its event: only the last of a name does.
 bool isInForce(const zel::MenuConfigFile& script, const zel::MenuConfigFile::Section& section);
 
-/// Faults that can be seen without running: sections that never run, or once only, or twice, tabs,
-/// lines for some displays only, texts of a section that no widget has.
+/// Reports faults that show without running: sections that never run, or only once, or twice, tabs,
+/// lines for some displays only, texts of a section without a widget.
 void checkSections(const zel::HandledMenu& menu, const zel::MenuConfigFile& script,
-                   bool mayHaveConditions, Findings& findings);
+                   bool mayHaveConditions, FindingLog& findings);
 
 } // namespace menucheck

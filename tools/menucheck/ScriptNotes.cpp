@@ -18,12 +18,12 @@ constexpr int32_t LargestFile = 1 << 24; // bytes
 constexpr const char* KindList =
     "code, leads, overlap, widest, says, kind, stretch, picture, text or conditions";
 
-/// The words behind "#check KIND", and where they stand.
+/// The words after "#check KIND", and their source.
 struct Note {
     std::vector<String> words;
     Source source;
     ScriptNotes& notes;
-    Findings& findings;
+    FindingLog& findings;
 };
 
 /// Where the number at the end of a name begins.
@@ -173,14 +173,14 @@ bool ScriptNotes::isAlternative(const String& element) const {
                        [&](const Overlap& overlap) { return holds(overlap, element, String()); });
 }
 
-ScriptNotes readNotes(const zel::MenuConfigFile& script, Findings& findings) {
+ScriptNotes readNotes(const zel::MenuConfigFile& script, FindingLog& findings) {
     ScriptNotes notes;
     for (const String& name : filesOf(script))
         readNotesOf(name, notes, findings);
     return notes;
 }
 
-void readNotesOf(const String& name, ScriptNotes& notes, Findings& findings) {
+void readNotesOf(const String& name, ScriptNotes& notes, FindingLog& findings) {
     std::string text;
     if (!zel::readTextFile(name, LargestFile, text))
         return;

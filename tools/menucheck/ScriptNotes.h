@@ -2,43 +2,43 @@
 
 #include <set>
 
-#include "tools/menucheck/Findings.h"
+#include "tools/menucheck/FindingLog.h"
 
 namespace menucheck {
 
-/// What the authors of a screen's script and of the files that it includes tell the check, in
-/// comments: "#check code NAME..." and the like. docs/menu-scripts.md lists them.
+/// The notes for this check in a screen's script and the files that it includes: comments such as
+/// "#check code NAME...". docs/menu-scripts.md lists them.
 struct ScriptNotes {
     struct Name {
         zel::String name;
         Source source;
     };
-    struct Text {
+    struct WidestText {
         zel::String element, text;
         Source source;
     };
-    /// Groups of elements, each of which may lie over those of the other groups of its line.
+    /// Groups of elements; each element may overlap those of the other groups.
     using Overlap = std::vector<std::set<zel::String>>;
 
-    std::map<zel::String, Source> code;  // widgets that the program's code answers
+    std::map<zel::String, Source> code;  // widgets whose hits the program's code handles
     std::map<zel::String, Source> leads; // states to which the code leads from here
     std::vector<Overlap> overlaps;
-    std::vector<Text> widest;                       // texts that code may show
+    std::vector<WidestText> widest;                 // texts that code may show
     std::map<zel::String, std::vector<Name>> kinds; // widgets to which code may give that kind
-    std::vector<Name> named;                        // elements that notes name, wherever that is
+    std::vector<Name> named;                        // elements that any note names
     std::set<zel::String> stretched;                // images that are drawn in any size
     std::set<zel::String> pictures;                 // files and images that code draws, lowered
     std::map<int32_t, Source> texts;                // language texts that code takes
     bool mayHaveConditions = false;
 
     bool mayOverlap(const zel::String& a, const zel::String& b) const;
-    /// Whether a note of overlaps names it: then its place matters even while it is hidden.
+    /// Whether a note of overlaps names it: then its position matters even while it is hidden.
     bool isAlternative(const zel::String& element) const;
 };
 
-/// Notes that are unknown or name too little are faults.
-ScriptNotes readNotes(const zel::MenuConfigFile& script, Findings& findings);
+/// Unknown and incomplete notes are faults.
+ScriptNotes readNotes(const zel::MenuConfigFile& script, FindingLog& findings);
 /// Adds the notes of one file.
-void readNotesOf(const zel::String& name, ScriptNotes& notes, Findings& findings);
+void readNotesOf(const zel::String& name, ScriptNotes& notes, FindingLog& findings);
 
 } // namespace menucheck

@@ -22,7 +22,8 @@ String withoutMark(const String& target) {
 
 } // namespace
 
-void Ways::add(const String& from, const String& target, const Source& source, Findings& findings) {
+void Ways::add(const String& from, const String& target, const Source& source,
+               FindingLog& findings) {
     if (target.view().substr(0, AddressMark.size()) == AddressMark)
         return;
     const String to = withoutMark(target);
@@ -35,7 +36,7 @@ void Ways::add(const String& from, const String& target, const Source& source, F
 }
 
 void Ways::check(const std::map<String, Source>& screens, const String& first,
-                 Findings& findings) const {
+                 FindingLog& findings) const {
     std::set<String> reached{first};
     std::vector<String> waiting{first};
     while (!waiting.empty()) {

@@ -2,20 +2,20 @@
 
 #include <set>
 
-#include "tools/menucheck/Findings.h"
+#include "tools/menucheck/FindingLog.h"
 
 namespace menucheck {
 
 /// How a player gets from screen to screen.
 class Ways {
 public:
-    /// The target as scripts write it. One that is no state, or `from` itself, is a fault; an
-    /// address of the web is no way.
+    /// The target is as scripts write it. An unknown state, or `from` itself, is a fault; web
+    /// addresses are ignored.
     void add(const zel::String& from, const zel::String& target, const Source& source,
-             Findings& findings);
-    /// Faults of screens that the first one doesn't lead to, and of those that lead nowhere.
+             FindingLog& findings);
+    /// Reports screens that can't be reached from the first one, and dead ends.
     void check(const std::map<zel::String, Source>& screens, const zel::String& first,
-               Findings& findings) const;
+               FindingLog& findings) const;
 
 private:
     std::map<zel::String, std::set<zel::String>> targets;

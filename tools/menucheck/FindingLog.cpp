@@ -1,4 +1,4 @@
-#include "tools/menucheck/Findings.h"
+#include "tools/menucheck/FindingLog.h"
 
 #include <algorithm>
 
@@ -10,21 +10,20 @@ namespace menucheck {
 
 namespace {
 
-/// A line of the log, and the line of a file that was being read then; an empty file name if none
-/// was.
+/// A line of the log, and the line of the file that was being read; an empty file name if none was.
 struct HeldLine {
     zel::String text;
     Source source;
 };
 
-// Lines of the log that nobody has taken yet; the log's sink has no object of its own.
+// Lines of the log not attributed yet. Static, since the log's sink is a plain function.
 std::vector<HeldLine>& heldLines() {
     static std::vector<HeldLine> lines;
     return lines;
 }
 
-/// What a log line says: mark, milliseconds and "[category] " are cut off, and so is the place, if
-/// the message names it itself.
+/// The message of a log line, without mark, milliseconds, "[category] " and the file and line that
+/// it may begin with.
 zel::String messageOf(std::string_view line) {
     const size_t start = line.find("] ");
     std::string_view message = start == line.npos ? line : line.substr(start + 2);
@@ -43,7 +42,7 @@ void hold(const zel::String& line) {
 
 } // namespace
 
-Findings::Findings() : wasConsoleShown(zel::isConsoleShown()) {
+FindingLog::FindingLog() : wasConsoleShown(zel::isConsoleShown()) {
     heldLines().clear();
     zel::setConsoleShown(false);
     zel::setLogSink(hold);
@@ -58,40 +57,40 @@ Findings::Findings() : wasConsoleShown(zel::isConsoleShown()) {
         });
 }
 
-Findings::~Findings() {
+FindingLog::~FindingLog() {
     zel::MenuConfigFile::setLineObserver(nullptr);
     zel::MenuConfigFile::setFaultSink(nullptr);
     zel::setLogSink(nullptr);
     zel::setConsoleShown(wasConsoleShown);
 }
 
-void Findings::put(const Source& source, const zel::String& what, bool isWarning) {
-    std::string line(what.view()); // one, whatever text it tells of
+void FindingLog::put(const Source& source, const zel::String& what, bool isWarning) {
+    std::string line(what.view()); // a finding is one line
     std::replace_if(
         line.begin(), line.end(), [](char character) { return character >= 0 && character < ' '; },
         ' ');
     faults.emplace(std::make_tuple(source.file, source.line, zel::String(line)), isWarning);
 }
 
-void Findings::endLine() {
+void FindingLog::endLine() {
     zel::ImageHandler::getInstance().getQueue().drain();
     takeLog();
     noteElements();
     running = betweenLines;
 }
 
-void Findings::setBetweenLines(const Source& source) {
+void FindingLog::setBetweenLines(const Source& source) {
     endLine();
     betweenLines = running = source;
 }
 
-void Findings::takeLog() {
+void FindingLog::takeLog() {
     for (const HeldLine& line : heldLines())
         add(line.source.file.empty() ? running : line.source, line.text);
     heldLines().clear();
 }
 
-void Findings::noteElements() {
+void FindingLog::noteElements() {
     if (watched == nullptr)
         return;
     const auto& widgets = watched->getWidgets();
@@ -106,18 +105,18 @@ void Findings::noteElements() {
         elements.emplace(name, running);
 }
 
-void Findings::watch(const zel::Menu* menu) {
+void FindingLog::watch(const zel::Menu* menu) {
     endLine();
     watched = menu;
     elements.clear();
 }
 
-Source Findings::sourceOf(const zel::String& element) const {
+Source FindingLog::sourceOf(const zel::String& element) const {
     const auto found = elements.find(element);
     return found != elements.end() ? found->second : betweenLines;
 }
 
-tools::Findings Findings::sorted() const {
+tools::Findings FindingLog::sorted() const {
     tools::Findings result;
     for (const auto& [fault, isWarning] : faults) {
         const auto& [file, line, what] = fault;

@@ -13,25 +13,25 @@ struct Source {
     int32_t line = 0;
 };
 
-/// Gathers faults, and knows which line of which script is running, so that what goes wrong
-/// meanwhile is told of that line. It takes over the log, the reports of scripts and their line
-/// observer for as long as it lives.
-class Findings {
+/// Collects findings, and knows which line of which script is running, so that it can attribute log
+/// lines to it. During its lifetime it owns the log's sink, the scripts' fault sink and their line
+/// observer.
+class FindingLog {
 public:
-    Findings();
-    ~Findings();
-    Findings(const Findings&) = delete;
-    Findings& operator=(const Findings&) = delete;
+    FindingLog();
+    ~FindingLog();
+    FindingLog(const FindingLog&) = delete;
+    FindingLog& operator=(const FindingLog&) = delete;
 
     void add(const Source& source, const zel::String& what) { put(source, what, false); }
     void warn(const Source& source, const zel::String& what) { put(source, what, true); }
-    /// Ends what is told of the line that ran last.
+    /// Attributes the log so far to the line that ran last, which ends.
     void endLine();
-    /// What goes wrong while no line runs is told of this place.
+    /// Attributes what is logged while no line runs to this source.
     void setBetweenLines(const Source& source);
-    /// From now on the elements that lines make are remembered with their lines, for this menu.
+    /// Records from now on which line creates which element of this menu. Null ends that.
     void watch(const zel::Menu* menu);
-    /// Where the watched menu's element was made last.
+    /// The line that created the element of the watched menu last.
     Source sourceOf(const zel::String& element) const;
     /// All findings, sorted, each once.
     tools::Findings sorted() const;
@@ -41,7 +41,7 @@ private:
     void takeLog();
     void noteElements();
 
-    std::map<std::tuple<zel::String, int32_t, zel::String>, bool> faults; // to: only a warning
+    std::map<std::tuple<zel::String, int32_t, zel::String>, bool> faults; // true for a warning
     Source betweenLines;
     Source running;
     const zel::Menu* watched = nullptr;
