@@ -1,6 +1,6 @@
 // How long the player waits: from the start of the process to the first picture of the main menu at
 // full strength, against a bare program that opens the same window and decodes the same pictures.
-// Both are run as processes of their own, turn by turn. A second line tells when the plates, which
+// Both are run as processes of their own, turn by turn. A second line shows when the plates, which
 // slide in for a tenth of a second, have come to rest.
 #include <algorithm>
 #include <chrono>
@@ -179,7 +179,7 @@ double compare(const std::string& program, const char* name, const std::string& 
 
 int compareAll(const std::string& program, bool enforce) {
     makeSimulator();
-    timed(program + " --ours"); // warms the caches up and tells the pictures
+    timed(program + " --ours"); // warms the caches up and lists the pictures
     const double full = compare(program, "start", "--ours", Limit);
     const double atRest = compare(program, "start, at rest", "--ours-at-rest", 0);
     const bool isCalm = timed(program + " --idle") >= 0;
