@@ -36,7 +36,9 @@ String& String::operator=(const String& other) {
 }
 
 std::unique_ptr<std::string> String::copyOfCompanion() const {
-    return companion != nullptr ? std::make_unique<std::string>(*companion) : nullptr;
+    if (companion == nullptr)
+        return nullptr;
+    return std::make_unique<std::string>(*companion);
 }
 
 const std::string& String::none() {

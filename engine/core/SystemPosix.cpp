@@ -144,7 +144,7 @@ String converted(const String& text, const char* fromCoding, const char* toCodin
     const bool isUtf8 = fromCoding == Utf8;
     const size_t growth = isUtf8 ? 1 : 3; // the most bytes that a byte becomes
     const iconv_t conversion = iconv_open(toCoding, fromCoding);
-    if (conversion == iconv_t(-1))
+    if (reinterpret_cast<intptr_t>(conversion) == -1) // unknown codings
         return text;
     std::string source(text.view());
     std::string shown(source.size() * growth, '\0');

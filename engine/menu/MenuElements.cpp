@@ -1,6 +1,7 @@
 #include "engine/menu/MenuElements.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
@@ -23,26 +24,25 @@ Widget* MenuElements::getWidget(const String& name) const { return findIn(widget
 TextArea* MenuElements::getTextArea(const String& name) const { return findIn(textAreas, name); }
 
 Widget* MenuElements::put(std::unique_ptr<Widget> widget) {
-    Widget* added = widget.get();
-    const String name = added->getName();
-    std::unique_ptr<Widget>& place = widgets[name];
-    if (place)
-        unlinkWidget(*place, widgets, textAreas);
-    std::swap(place, widget);
+    const String name = widget->getName();
+    std::unique_ptr<Widget>& entry = widgets[name];
+    if (entry)
+        unlinkWidget(*entry, widgets, textAreas);
+    std::unique_ptr<Widget> replaced = std::exchange(entry, std::move(widget));
     linkWidget(name, widgets, textAreas);
-    if (widget)
-        deferDeletion(std::move(widget));
-    return added;
+    if (replaced)
+        deferDeletion(std::move(replaced));
+    return entry.get();
 }
 
 TextArea* MenuElements::put(std::unique_ptr<TextArea> textArea) {
     const String name = textArea->getName();
-    std::unique_ptr<TextArea>& place = textAreas[name];
-    if (place)
-        leaveArea(place->getBounds());
-    place = std::move(textArea);
-    joinArea(name, place->getBounds(), widgets);
-    return place.get();
+    std::unique_ptr<TextArea>& entry = textAreas[name];
+    if (entry)
+        leaveArea(entry->getBounds());
+    entry = std::move(textArea);
+    joinArea(name, entry->getBounds(), widgets);
+    return entry.get();
 }
 
 void MenuElements::removeWidget(const String& name) {

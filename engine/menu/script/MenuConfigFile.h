@@ -44,9 +44,9 @@ public:
 
     /// Runs the last section of that name, in any case. True if it has more than one line: a
     /// section of a single line runs too, but returns false.
-    bool executeSection(const String& name, Menu* menu);
-    /// Runs one line, of the script or not; a null menu and an empty line do nothing.
-    void executeLine(const String& line, Menu* menu);
+    bool executeSection(const String& name, Menu* target);
+    /// Runs one line, of the script or not; a null target and an empty line do nothing.
+    void executeLine(const String& line, Menu* target);
 
     const std::vector<Section>& getSections() const { return sections; }
     const std::vector<Line>& getLines() const { return lines; }
@@ -69,7 +69,7 @@ private:
     void include(const String& name);
     void closeLastSection();
     void report(const String& text) const;
-    void runLine(const String& text, Menu& target);
+    void runLine(const String& line, Menu& target);
     void runWords(const std::vector<String>& words, Menu& target);
 
     String fileName;

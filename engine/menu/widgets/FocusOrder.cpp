@@ -72,6 +72,7 @@ std::vector<Widget*> focusOrder(const Menu& menu) {
                std::tie(b.group.y, b.group.x, b.own.y, b.own.x);
     });
     std::vector<Widget*> widgets;
+    widgets.reserve(stops.size());
     for (const Stop& stop : stops)
         widgets.push_back(stop.widget);
     return widgets;
