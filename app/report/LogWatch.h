@@ -49,7 +49,7 @@ public:
     /// What reading a log of the last look has shown: Unread, Begun, Ending, OtherMission or
     /// OtherPilot.
     void note(const zel::String& name, const LogNews& news);
-    /// Whatever was looked at is done with, also if it grows.
+    /// Forgets the logs that were looked at: they count as known, even if they grow.
     void settle();
 
     /// A log that is under way before all others, else the one that came last.

@@ -20,6 +20,6 @@ struct Switch {
     /// Puts its text into the widget. A kind whose name ends so is exchanged for its other one, if
     /// the theme has it, so that the plate's lamp follows.
     void show(zel::Menu& menu) const;
-    /// Stores the other position, at once, and lets the widget come up again.
+    /// Stores the other position at once, and resets the widget, so that it can be pressed again.
     void turn(zel::Widget& pressed) const;
 };

@@ -25,7 +25,7 @@ struct ReportRulesTest : testing::Test {
         return report.readMission(
             zel::String(folder.path() + "/" + base.substr(0, base.find('/')) + "\\"), name);
     }
-    /// Reads a log of these lines. `isOver` hears whether the mission is.
+    /// Reads a log of these lines. Sets `isOver`.
     const std::vector<PilotReport>& readLines(const std::vector<std::string>& text) {
         report.clear();
         for (const std::string& line : text)

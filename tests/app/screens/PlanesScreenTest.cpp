@@ -32,6 +32,7 @@ TEST(PlanesScreen, HasASwitchForAThirteenthTypeOfASide) {
     const SnipeAdded added;
     const PlayerHome home;
     CareerDriver driver(home);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     const auto shown = [&] {
         std::string names;
         for (const char* name : {"item1", "item2", "item12", "sheet1", "sheet2", "sheet3",
