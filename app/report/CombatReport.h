@@ -12,9 +12,9 @@
 
 struct PlannedPlane;
 
-/// The program's memory of one flown mission: read from the simulator's log, judged, mapped to the
-/// career's pilots through the plan that the mission generator still holds, and carried into the
-/// career. instance() is the one made last.
+/// The report of one flown mission. It is read from the simulator's log and judged, its records are
+/// matched with the career's pilots through the plan that the mission generator still holds, and
+/// the results are carried into the career. instance() is the report made last.
 class CombatReport {
 public:
     CombatReport();

@@ -14,11 +14,11 @@ constexpr const char* FirstPiecePattern = "*[0]*.txt";
 /// What became of the log that a mission waits for.
 enum class LogState {
     None,         // none has come since the mission was written
-    NoTextLog,    // nor can one come: the simulator's text log is off
+    NoTextLog,    // none can come: the simulator's text log is off
     NoFolder,     // the simulator's folder is gone, or can't be read
     Unread,       // a piece is there and can't be read; the next look tries again
     Begun,        // it has come and has no end yet
-    Growing,      // nor has it one now, but it grows
+    Growing,      // it has no end yet, and grows
     Ending,       // its end is there and may still be being written
     Stopped,      // it has no end and no longer grows
     OtherMission, // it is the log of another mission
@@ -32,11 +32,11 @@ struct LogNews {
 
 /// Knows which of the simulator's logs are new since the mission was written.
 ///
-/// The simulator begins its log half a minute into the flight, and the player may look in before he
-/// has landed: a log that was looked at counts as new again once it has grown.
+/// The simulator begins its log half a minute into the flight, and the player may come back before
+/// he has landed: a log that was looked at counts as new again once it has grown.
 class LogWatch {
 public:
-    /// Takes the logs of that folder for known: whatever shows up later belongs to a later flight.
+    /// Notes the logs in that folder as known. Logs that come later belong to a later flight.
     void begin(const zel::String& folder);
     /// The same mission is written again: the logs that have come since begin() stay as new as they
     /// are, but news() waits for further ones.

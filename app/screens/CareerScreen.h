@@ -4,7 +4,7 @@
 
 class Database;
 
-/// What the screens of a running career share. Where none runs they show nothing and do nothing.
+/// What the screens of a running career share. Without a career they show and do nothing.
 class CareerScreen : public zel::HandledMenuExtension {
 public:
     using zel::HandledMenuExtension::HandledMenuExtension;
@@ -15,8 +15,8 @@ public:
     static void setOpen(bool open);
 
 protected:
-    /// Saves the career. On error the widget that was just hit leads to the page that says so, this
-    /// once: a player who goes on would lose what he has flown since the last save.
+    /// Saves the career. On error the widget that was just hit leads to the page that reports it,
+    /// this once: a player who went on would lose what he has flown since the last save.
     static void saveBefore(zel::Widget& leaving);
     /// Null while there is no career.
     static Database* runningCareer();
