@@ -108,7 +108,7 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     write("missionReport(a)[0].txt", other + "T:9 AType:16 BOTID:21503\n");
     write("missionReport(b)[0].txt", "no log at all\n");
     EXPECT_FALSE(flight.findReport(career));
-    EXPECT_TRUE(lines.holds("belongs to nobody of the plan")) << lines.text();
+    EXPECT_TRUE(lines.holds("no pilot of the plan has that name")) << lines.text();
     EXPECT_EQ(watch.news().state, LogState::Begun) << "the later one";
     writeFlight("missionReport(c)");
     EXPECT_TRUE(flight.findReport(career));
