@@ -8,7 +8,7 @@
 namespace {
 
 constexpr int32_t MostSheets = 3;
-static_assert(std::size(AircraftRows) <= PlanesPerSheet * MostSheets);
+static_assert(std::size(AircraftRows) <= size_t{PlanesPerSheet} * MostSheets);
 
 zel::String numbered(const char* name, int32_t number) { return zel::String(name) + number; }
 
