@@ -55,6 +55,8 @@ String absolutePath(const String& path);
 /// above 127 and is UTF-8 throughout is converted, any other is unchanged. Off Windows names are
 /// bytes, and none is changed.
 String nameFromUtf8(const String& text);
+/// The path from the root in UTF-8, for libraries that open files by such names.
+std::string pathInUtf8(const String& path);
 /// A text with file names of the system, in the Windows-1252 that is drawn; "?" for characters that
 /// it lacks. Only for showing: no file is found by it.
 String shownText(const String& text);

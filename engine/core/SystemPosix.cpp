@@ -134,6 +134,8 @@ String absolutePath(const String& path) {
 
 String nameFromUtf8(const String& text) { return text; }
 
+std::string pathInUtf8(const String& path) { return std::string(absolutePath(path).view()); }
+
 namespace {
 
 constexpr const char* Utf8 = "UTF-8";

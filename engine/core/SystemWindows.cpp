@@ -202,6 +202,11 @@ String nameFromUtf8(const String& text) {
     return wide.empty() ? text : named(wide);
 }
 
+std::string pathInUtf8(const String& path) {
+    bool isWhole = false;
+    return narrowed(widened(absolutePath(path), CP_ACP), CP_UTF8, isWhole);
+}
+
 String shownText(const String& text) {
     bool isWhole = false;
     return narrowed(widened(text, CP_ACP), Drawn, isWhole);

@@ -96,6 +96,40 @@ std::string decodedText(std::string text, const String& fileName) {
     return decoded;
 }
 
+std::string utf8Of(std::string_view windows1252) {
+    std::string text;
+    text.reserve(windows1252.size());
+    for (const char byte : windows1252) {
+        const auto value = static_cast<uint8_t>(byte);
+        const uint32_t character =
+            value >= 0x80 && value < 0xA0 ? UpperControls[value - 0x80] : value;
+        if (character == 0 && value != 0) {
+            text += '?';
+        } else if (character < 0x80) {
+            text += byte;
+        } else if (character < 0x800) {
+            text += static_cast<char>(0xC0 | character >> 6);
+            text += static_cast<char>(0x80 | (character & 0x3F));
+        } else {
+            text += static_cast<char>(0xE0 | character >> 12);
+            text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
+            text += static_cast<char>(0x80 | (character & 0x3F));
+        }
+    }
+    return text;
+}
+
+std::string fromUtf8(std::string_view utf8) {
+    std::string text;
+    text.reserve(utf8.size());
+    while (!utf8.empty()) {
+        const uint32_t character = takeCharacter(utf8);
+        const char byte = character == Invalid ? '\0' : windows1252Of(character);
+        text += byte == '\0' && character != 0 ? '?' : byte;
+    }
+    return text;
+}
+
 bool readTextFile(const String& name, int32_t most, std::string& text) {
     if (!readFile(name, most, text))
         return false;

@@ -52,3 +52,16 @@ TEST(TextEncoding, ConvertsWhatIsUtf8Throughout) {
     zel::decodedText("\n\r\n\r\xC5\x81", "b.txt");
     EXPECT_EQ(log.linesWith("b.txt:4: "), 1) << log.text();
 }
+
+TEST(TextEncoding, GoesToUtf8AndBack) {
+    std::string all;
+    for (int32_t byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    std::string known = all;
+    for (const uint8_t nothing : {0x81, 0x8D, 0x8F, 0x90, 0x9D})
+        known[nothing] = '?';
+    EXPECT_TRUE(zel::isUtf8(zel::utf8Of(all)));
+    EXPECT_EQ(zel::fromUtf8(zel::utf8Of(all)), known);
+    EXPECT_EQ(zel::utf8Of("\xE9\x80"), "\xC3\xA9\xE2\x82\xAC");
+    EXPECT_EQ(zel::fromUtf8("\xC5\x81 \xE9"), "? ?") << "what it lacks, and a stray byte";
+}
