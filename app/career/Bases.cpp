@@ -1,5 +1,6 @@
 #include "app/career/Bases.h"
 
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "engine/core/Random.h"
 #include "engine/core/Registry.h"
@@ -70,10 +71,13 @@ void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawCha
     }
     moved.onChannelMap = onChannelMap ? 1 : 0;
     const Airfield& airfield = drawBase(allied, onChannelMap);
+    const bool isElsewhere = zel::arrayText(moved.baseName) != airfield.name;
     zel::copyText(moved.baseName, airfield.name);
     moved.baseX = airfield.x;
     moved.baseY = airfield.y;
     moved.baseZ = airfield.z;
+    if (isElsewhere && career.observer != nullptr && isPlayersSquadron(career, squadron))
+        career.observer->onBaseChange(career);
 }
 
 void keepPlayerOnAllowedMap(Database& career) {

@@ -1,5 +1,6 @@
 #include "app/career/Database.h"
 
+#include "app/career/CareerEvents.h"
 #include "app/career/DataTables.h"
 #include "app/career/NameLists.h"
 #include "app/career/NewCareer.h"
@@ -80,7 +81,7 @@ bool Database::applyPilotEvent(const zel::String& name, const std::vector<DataTo
 }
 
 bool Database::swapPilots(int32_t first, int32_t second) {
-    return ::swapPilots(*this, first, second);
+    return ::swapPilots(*this, first, second, PostingCause::History);
 }
 
 std::vector<int32_t> Database::squadronRoster(int32_t squadron) const {

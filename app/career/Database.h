@@ -13,6 +13,8 @@
 #include "engine/core/Random.h"
 #include "engine/core/String.h"
 
+class CareerObserver;
+
 /// The services that a career can be begun in.
 enum Service : int32_t { ServiceFrench = 0, ServiceEnglish = 1, ServiceGerman = 2 };
 
@@ -140,6 +142,7 @@ public:
     EntireFile firstNames[4];                  // of France, England, Germany and the USA
     EntireFile lastNames[4];
     zel::Random random;
-    CareerRepairs repairs;   // of the file that was loaded last; none if it was whole
+    CareerObserver* observer = nullptr; // of what happens; null for nobody, and not owned
+    CareerRepairs repairs;              // of the file that was loaded last; none if it was whole
     zel::String damagedSave; // path of the save file that was read last, if it was not whole
 };

@@ -4,6 +4,7 @@
 
 #include "app/career/Aircraft.h"
 #include "app/career/Bases.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/DataTables.h"
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
@@ -169,4 +170,6 @@ void createCareer(Database& career, int32_t service) {
 
     choosePlayer(career, service);
     activateSquadrons(career, career.calendar());
+    if (career.observer != nullptr)
+        career.observer->onCareerBegun(career);
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "app/career/CareerEvents.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "app/career/Replacements.h"
 #include "app/career/SquadronKeys.h"
@@ -139,6 +141,9 @@ private:
         PilotFile& file = career.pilotFile(fileIndex);
         file.joined = 1;
         file.pilotIndex = *slot = career.addPilot(joining);
+        if (career.observer != nullptr)
+            career.observer->onPosting(
+                career, {PostingKind::Joined, PostingCause::History, file.pilotIndex, -1, -1, {}});
         if (zel::isLogged("Database", zel::LogInfo))
             zel::log(zel::String("Pilot ") + name + " joins squadron " +
                          zel::arrayText(career.squadron(squadron).key) +
@@ -168,7 +173,7 @@ private:
         });
         if (partner == roster.rend())
             return std::nullopt;
-        if (!swapPilots(career, moving, *partner))
+        if (!swapPilots(career, moving, *partner, PostingCause::History))
             return false;
         if (zel::isLogged("Database", zel::LogInfo))
             zel::log(zel::String("Pilot ") + name + " moves to squadron " +

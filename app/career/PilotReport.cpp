@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "app/career/CareerEvents.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 
 namespace {
@@ -12,9 +14,57 @@ uint16_t raised(uint16_t value, size_t by) {
         std::min<size_t>(value + by, std::numeric_limits<uint16_t>::max()));
 }
 
+const zel::String& aircraftOf(const PilotReport& report) {
+    return report.plannedType.empty() ? report.type : report.plannedType;
+}
+
+/// While everybody is as alive as he was before the fight.
+void tellVictories(const std::vector<PilotReport>& reports, const Database& career, bool isSeen) {
+    for (const PilotReport& report : reports) {
+        if (!career.isPilot(report.pilot))
+            continue;
+        for (const int32_t kill : report.kills) {
+            const PilotReport& fallen = reports[static_cast<size_t>(kill)];
+            const bool isKnown = career.isPilot(fallen.pilot);
+            Victory victory;
+            victory.victor = report.pilot;
+            victory.victim = isKnown ? fallen.pilot : -1;
+            if (!isKnown)
+                victory.victimName = fallen.name;
+            victory.victorAircraft = aircraftOf(report);
+            victory.victimAircraft = aircraftOf(fallen);
+            victory.hasDied =
+                fallen.dead != 0 && (!isKnown || career.pilot(fallen.pilot).alive != 0);
+            victory.isSeen = isSeen;
+            career.observer->onVictory(career, victory);
+        }
+    }
+}
+
+Posting deathOf(const PilotReport& report, const std::vector<PilotReport>& reports,
+                const Database& career) {
+    Posting death;
+    death.kind = PostingKind::Died;
+    death.pilot = report.pilot;
+    death.cause = report.shotdownBy >= 0      ? PostingCause::ShotDown
+                  : report.shotdownByOwn >= 0 ? PostingCause::OwnSide
+                                              : PostingCause::Crash;
+    const int32_t by = report.shotdownBy >= 0 ? report.shotdownBy : report.shotdownByOwn;
+    if (by < 0)
+        return death;
+    const PilotReport& killer = reports[static_cast<size_t>(by)];
+    if (career.isPilot(killer.pilot))
+        death.other = killer.pilot;
+    else
+        death.otherName = killer.name;
+    return death;
+}
+
 } // namespace
 
-bool applyReports(const std::vector<PilotReport>& reports, Database& career) {
+bool applyReports(const std::vector<PilotReport>& reports, Database& career, bool isSeen) {
+    if (career.observer != nullptr)
+        tellVictories(reports, career, isSeen);
     bool any = false;
     for (const PilotReport& report : reports) {
         if (!career.isPilot(report.pilot))
@@ -23,8 +73,11 @@ bool applyReports(const std::vector<PilotReport>& reports, Database& career) {
         Pilot& pilot = career.pilot(report.pilot);
         pilot.shotdowns = raised(pilot.shotdowns, report.kills.size());
         pilot.missions = raised(pilot.missions, 1);
+        const bool dies = report.dead != 0 && pilot.alive != 0;
         if (report.dead != 0)
             pilot.alive = 0;
+        if (dies && career.observer != nullptr)
+            career.observer->onPosting(career, deathOf(report, reports, career));
     }
     return any;
 }

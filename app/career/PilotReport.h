@@ -32,11 +32,12 @@ struct PilotReport {
     int32_t injuryPercent = 0;       // 0 to 100
     int32_t pilot = -1;              // index of the career's pilot, -1 for none
     zel::String plannedName;         // his name in the plan
+    zel::String plannedType;         // likewise his aircraft; empty in the simulated war
     int32_t skill = -1;              // his figures as planned
     int32_t shotdowns = -1;
     int32_t missions = -1;
 };
 
 /// Carries victories, a mission and death of each record with a pilot into the career. True if
-/// there was one.
-bool applyReports(const std::vector<PilotReport>& reports, Database& career);
+/// there was one. isSeen: it is the player's flight, for the career's observer.
+bool applyReports(const std::vector<PilotReport>& reports, Database& career, bool isSeen = false);

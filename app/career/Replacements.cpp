@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/career/CareerEvents.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "app/career/NameLists.h"
 
@@ -39,8 +41,17 @@ void fillVacantSlots(Database& career, int32_t squadron) {
         Pilot made = makeReplacement(career, squadron);
         made.skill = drawSkill(career.random);
         const int32_t coming = career.addPilot(made);
-        if (leaving == career.playerPilot)
+        const bool succeeds = leaving == career.playerPilot;
+        if (succeeds)
             career.playerPilot = coming;
         filled.slots[slot] = coming;
+        if (career.observer == nullptr)
+            continue;
+        career.observer->onPosting(
+            career, {PostingKind::Joined, PostingCause::Replacement, coming, -1, leaving, {}});
+        if (succeeds)
+            career.observer->onPosting(
+                career,
+                {PostingKind::Succeeded, PostingCause::Replacement, coming, -1, leaving, {}});
     }
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string>
 
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
@@ -238,6 +239,8 @@ bool writeSave(Database& career, const zel::String& name) {
     createSaveFolder();
     zel::log("storeFile" + path, "Database", zel::LogInfo);
     const std::string content = saveContent(career);
+    if (career.observer != nullptr)
+        career.observer->onSaving(career, content);
 
     // A damaged file must not replace the last whole one as ".bak".
     const bool replacesDamaged = !career.damagedSave.empty() && career.damagedSave == path;
@@ -255,11 +258,15 @@ bool readSave(Database& career, const zel::String& name) {
     const bool isRead = readFile(career, name);
     const bool isDamaged = !isRead || career.repairs.any();
     career.damagedSave = isDamaged ? zel::getUserDirectory() + name : zel::String();
+    if (isRead && career.observer != nullptr)
+        career.observer->onCareerLoaded(career, zel::getUserDirectory() + name);
     return isRead;
 }
 
 bool readBackup(Database& career, const zel::String& name) {
     const bool isRead = readFile(career, name + BackupEnding);
     career.damagedSave = zel::getUserDirectory() + name;
+    if (isRead && career.observer != nullptr)
+        career.observer->onCareerLoaded(career, zel::getUserDirectory() + name + BackupEnding);
     return isRead;
 }

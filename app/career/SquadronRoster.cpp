@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "app/career/CareerEvents.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 
 namespace {
@@ -26,7 +28,7 @@ int32_t* slotOf(Squadron& squadron, int32_t pilot) {
 
 } // namespace
 
-bool swapPilots(Database& career, int32_t first, int32_t second) {
+bool swapPilots(Database& career, int32_t first, int32_t second, PostingCause cause) {
     if (!career.isPilot(first) || !career.isPilot(second))
         return false;
     Pilot& a = career.pilot(first);
@@ -41,6 +43,14 @@ bool swapPilots(Database& career, int32_t first, int32_t second) {
     std::swap(a.squadron, b.squadron);
     *slotA = second;
     *slotB = first;
+    // A dead man changes his place on paper alone.
+    const auto report = [&](int32_t moved, PostingCause why, int32_t from, int32_t other) {
+        if (career.observer != nullptr && career.pilot(moved).alive != 0)
+            career.observer->onPosting(career,
+                                       {PostingKind::Transferred, why, moved, from, other, {}});
+    };
+    report(first, cause, b.squadron, -1);
+    report(second, PostingCause::Exchange, a.squadron, first);
     return true;
 }
 

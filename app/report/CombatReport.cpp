@@ -116,6 +116,7 @@ int32_t CombatReport::mapPilots(const std::vector<PlannedPlane>& plan) {
                 continue;
             record.pilot = plane->pilot;
             record.plannedName = plane->name;
+            record.plannedType = plane->type;
             record.skill = plane->skill;
             record.shotdowns = plane->shotdowns;
             record.missions = plane->missions;

@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "app/career/Calendar.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/SimulatorCheck.h"
+#include "app/report/FlightAccount.h"
 #include "engine/core/Log.h"
 
 namespace {
@@ -45,19 +47,25 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     const std::vector<zel::String> names = watch.look(folder);
     logLook(zel::String("New files found: ") + int32_t(names.size()));
     bool isFound = false;
+    zel::String found;
     for (const zel::String& name : names) {
         logLook("File found: " + name);
         const LogNews news = readLog(folder, name);
         isFound = news.state == LogState::Ending &&
                   (isLastLook || namesEverybody() || watch.hasStoppedEnding(name));
-        if (isFound)
+        if (isFound) {
+            found = name;
             break;
+        }
         watch.note(name, news);
         combatReport.clear();
     }
     logLook("---");
     if (isFound) {
-        applyReports(combatReport.pilots, career);
+        if (career.observer != nullptr)
+            career.observer->onFlight(career,
+                                      accountOf(combatReport, missionGenerator, folder + found));
+        applyReports(combatReport.pilots, career, true);
         watch.settle();
         unreported.reset();
     } else if (watch.news().state == LogState::None) {

@@ -1,20 +1,9 @@
 #include "app/report/ReportRules.h"
 
+#include "app/report/LogEventType.h"
 #include "engine/core/Log.h"
 
 namespace {
-
-/// The event types of the simulator's log that say something about a pilot.
-enum EventType : int32_t {
-    Hit = 1,
-    Damage = 2,
-    Destroyed = 3,
-    TakeOff = 5,
-    Landing = 6,
-    HumanPlane = 10,
-    ObjectCreated = 12,
-    CrewEnded = 16,
-};
 
 constexpr int32_t HasLanded = 1; // flight status
 constexpr int32_t HasTakenOff = 2;
@@ -33,32 +22,32 @@ void judgeWounds(PilotReport& pilot) {
 
 void ReportRules::take(const LogEvent& event) {
     switch (event.number(LogKey::AType)) {
-    case ObjectCreated:
+    case LogObject:
         takeObject(event);
         break;
-    case Destroyed:
+    case LogDestroyed:
         takeDestruction(event.number(LogKey::Aid), event.number(LogKey::Tid));
         break;
-    case Damage:
+    case LogDamage:
         takeHit(event.number(LogKey::Aid), event.number(LogKey::Tid),
                 zel::toFloat(event.value(LogKey::Dmg)));
         break;
-    case Hit:
+    case LogHit:
         takeHit(event.number(LogKey::Aid), event.number(LogKey::Tid), 0);
         break;
-    case TakeOff:
+    case LogTakeOff:
         if (PilotReport* record = recordOf(event.number(LogKey::Pid)))
             record->flightStatus = HasTakenOff;
         break;
-    case Landing:
+    case LogLanding:
         if (PilotReport* record = recordOf(event.number(LogKey::Pid)))
             record->flightStatus = HasLanded;
         break;
-    case HumanPlane:
+    case LogHumanPlane:
         if (PilotReport* record = recordOf(event.number(LogKey::Pid)))
             record->human = 1;
         break;
-    case CrewEnded:
+    case LogCrewEnded:
         if (PilotReport* record = recordOf(event.number(LogKey::BotId)))
             record->finished = 1;
         break;

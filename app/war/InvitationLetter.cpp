@@ -1,7 +1,9 @@
 #include "app/war/InvitationLetter.h"
 
+#include "app/career/CareerEvents.h"
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
+#include "app/career/SquadronRoster.h"
 #include "app/career/UnitNames.h"
 #include "app/career/Wording.h"
 #include "app/war/Invitations.h"
@@ -73,7 +75,7 @@ void InvitationLetter::write(const Database& career) {
 bool InvitationLetter::accept(Database& career) {
     if (roster.empty())
         return false;
-    career.swapPilots(career.playerPilot, roster.back());
+    swapPilots(career, career.playerPilot, roster.back(), PostingCause::Invitation);
     roster.clear(); // answered
     const int32_t lower = random.getInt(LeastLower, MostLower);
     scheduleInvitation(career, random.getInt(lower, MostUpper));

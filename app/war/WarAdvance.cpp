@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "app/career/Bases.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "app/mission/MissionGenerator.h"
 #include "app/war/MissionSimulator.h"
@@ -108,6 +109,8 @@ void advancePeriod(Database& career, MissionGenerator* generator, const Stretch*
         if (zel::random(0, SquadronsPerMove - 1) == 0)
             assignBase(career, i, isAllied(career.squadron(i).nation), true);
     career.applyHistory();
+    if (career.observer != nullptr)
+        career.observer->onWarAdvanced(career);
 }
 
 } // namespace

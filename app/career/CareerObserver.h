@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+class Database;
+struct FlownMission;
+struct Posting;
+struct Victory;
+namespace zel {
+class String;
+}
+
+/// Hears of what happens in a career (CareerEvents.h). It may not change the career nor take a draw
+/// from any generator: with and without an observer a seed gives the same career.
+///
+/// Each operation is called in the midst of the career's work, with the career's date already the
+/// day on which it happens. Database::observer names the one of a career.
+class CareerObserver {
+public:
+    virtual ~CareerObserver() = default;
+
+    /// A new career is whole, its player chosen.
+    virtual void onCareerBegun(const Database&) {}
+    /// A career was loaded from that file (with its full path), and fixed where it was damaged.
+    virtual void onCareerLoaded(const Database&, const zel::String& /*file*/) {}
+    /// The career is about to be written; `content` is the whole save file. It isn't known yet
+    /// whether that will succeed.
+    virtual void onSaving(const Database&, std::string_view /*content*/) {}
+
+    /// Before the victor's victories are raised and anybody is dead.
+    virtual void onVictory(const Database&, const Victory&) {}
+    /// After the records say so.
+    virtual void onPosting(const Database&, const Posting&) {}
+    /// The player's squadron has another base.
+    virtual void onBaseChange(const Database&) {}
+    /// A period of the war is over.
+    virtual void onWarAdvanced(const Database&) {}
+    /// A flight of the player is carried into the career, with the victories and deaths that
+    /// follow.
+    virtual void onFlight(const Database&, const FlownMission&) {}
+};
