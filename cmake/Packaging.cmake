@@ -34,7 +34,8 @@ if(WIN32)
   set(licences Licenses)
   install(FILES ${CMAKE_BINARY_DIR}/README.md DESTINATION .)
   install(FILES LICENSE DESTINATION ${licences} RENAME Wingtally.txt)
-  install(FILES packaging/licenses/README.txt packaging/licenses/CLI11.txt packaging/licenses/stb.txt
+  install(FILES packaging/licenses/README.txt packaging/licenses/CLI11.txt
+    packaging/licenses/nlohmann-json.txt packaging/licenses/stb.txt packaging/licenses/xxHash.txt
     DESTINATION ${licences})
   # What lies beside the programs or is linked into them brings its licence along.
   cmake_path(GET SDLMAIN_LIBRARY PARENT_PATH sdl)

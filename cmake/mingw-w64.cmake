@@ -7,8 +7,9 @@ set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${triple}-windres)
 
-# packaging/windows-sdl.sh has laid SDL into the second of these.
-list(APPEND CMAKE_FIND_ROOT_PATH /usr/${triple} ${CMAKE_CURRENT_LIST_DIR}/../build/windows-deps/sdl)
+# packaging/windows-sdl.sh and windows-sqlite.sh build what is in the second and third of these.
+set(deps ${CMAKE_CURRENT_LIST_DIR}/../build/windows-deps)
+list(APPEND CMAKE_FIND_ROOT_PATH /usr/${triple} ${deps}/sdl ${deps}/sqlite)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

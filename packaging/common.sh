@@ -51,13 +51,42 @@ quietly() {
 }
 
 # What building takes, and what testing takes besides.
-build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev libcli11-dev"
+build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev libcli11-dev libsqlite3-dev
+    libxxhash-dev nlohmann-json3-dev"
 test_packages="clang libclang-rt-14-dev clang-format clang-tidy shellcheck git python3 libgtest-dev
     libbenchmark-dev xvfb xauth libgl1-mesa-dri"
 
 # For Windows: the compiler with SDL's source, and what runs the programs here.
-windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev libcli11-dev"
+windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev libcli11-dev tcl
+    libxxhash-dev nlohmann-json3-dev"
 wine_packages="wine wine64 googletest libgl1 libgl1-mesa-dri xvfb xauth xdotool locales"
+
+# is_source_whole FOLDER TARBALL-SUM TARBALL PATCHES-SUM PATCHES: whether both are there, and as they
+# are known.
+is_source_whole() {
+    (cd "$1" && printf '%s  %s\n' "$2" "$3" "$4" "$5" | sha256sum --check --status) 2>/dev/null
+}
+
+# fetch_source FOLDER PACKAGE: Debian's source package into FOLDER/source, from the mirror that the
+# machine uses, without a change of its configuration.
+fetch_source() {
+    lists=$1/apt
+    package=$2
+    rm -rf "$lists"
+    mkdir -p "$lists/parts" "$lists/lists/partial" "$1/source"
+    : >"$lists/sources.list"
+    if [ -f /etc/apt/sources.list.d/debian.sources ]; then
+        sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$lists/parts/debian.sources"
+    else
+        sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$lists/sources.list"
+    fi
+    cd "$1/source"
+    set -- -qq -o "Dir::Etc::sourcelist=$lists/sources.list" -o "Dir::Etc::sourceparts=$lists/parts" \
+        -o "Dir::State::lists=$lists/lists" -o "Dir::Cache=$lists" -o APT::Sandbox::User=root
+    apt-get "$@" update
+    apt-get "$@" --download-only source "$package"
+    rm -rf "$lists"
+}
 
 # Whether all of that is installed.
 can_check_windows() {

@@ -36,7 +36,7 @@ expected() {
         echo "./$program.exe"
     done
     echo ./SDL.dll
-    for licence in CLI11 README SDL Wingtally mingw-w64 stb; do
+    for licence in CLI11 README SDL Wingtally mingw-w64 nlohmann-json stb xxHash; do
         echo "./Licenses/$licence.txt"
     done
     echo ./README.md

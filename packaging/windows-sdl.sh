@@ -30,28 +30,6 @@ if [ -f "$prefix/recipe" ] && [ "$(cat "$prefix/recipe")" = "$recipe" ]; then
     exit 0
 fi
 
-is_source_whole() {
-    (cd "$source" && printf '%s  %s\n' $tarball_sum $tarball $patches_sum $patches |
-        sha256sum --check --status) 2>/dev/null
-}
-
-# From the mirror that the machine uses, without a change of its configuration.
-fetch_source() {
-    lists=$deps/apt
-    rm -rf "$lists"
-    mkdir -p "$lists/parts" "$lists/lists/partial" "$source"
-    : >"$lists/sources.list"
-    if [ -f /etc/apt/sources.list.d/debian.sources ]; then
-        sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$lists/parts/debian.sources"
-    else
-        sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$lists/sources.list"
-    fi
-    set -- -qq -o "Dir::Etc::sourcelist=$lists/sources.list" -o "Dir::Etc::sourceparts=$lists/parts" \
-        -o "Dir::State::lists=$lists/lists" -o "Dir::Cache=$lists" -o APT::Sandbox::User=root
-    (cd "$source" && apt-get "$@" update && apt-get "$@" --download-only source $package)
-    rm -rf "$lists"
-}
-
 build_sdl() {
     made=$deps/sdl-made
     rm -rf "$deps/sdl-source" "$deps/sdl-build" "$made"
@@ -73,10 +51,11 @@ build_sdl() {
 }
 
 mkdir -p "$deps"
-if ! is_source_whole; then
+if ! is_source_whole "$source" $tarball_sum $tarball $patches_sum $patches; then
     say "Fetching the source of SDL"
-    quietly "$log" fetch_source
-    is_source_whole || fail "the source of SDL in $source isn't the one this script was written for"
+    quietly "$log" fetch_source "$deps" $package
+    is_source_whole "$source" $tarball_sum $tarball $patches_sum $patches ||
+        fail "the source of SDL in $source isn't the one this script was written for"
 fi
 say "Building SDL for Windows"
 quietly "$log" build_sdl

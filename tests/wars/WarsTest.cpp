@@ -1,6 +1,9 @@
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "app/career/UnitNames.h"
+#include "app/record/Sqlite.h"
 #include "app/war/Invitations.h"
 #include "standin/StandIn.h"
 #include "tests/support/CareerInvariants.h"
@@ -113,6 +116,53 @@ TEST(Wars, AreFoughtToTheirEndByTheGermans) {
     fightTheWar(301, ServiceGerman, 1915, 12);
     fightTheWar(302, ServiceGerman, 1916, 12);
     fightTheWar(303, ServiceGerman, 1917, 1);
+}
+
+// The record changes nothing, and knows all that the save has the sum of.
+TEST(Wars, AreRecordedToTheLastVictory) {
+    std::string saves[2];
+    for (const bool recorded : {false, true}) {
+        PinnedRun run(101);
+        Session session(true, 0, recorded);
+        tools::Finding finding;
+        ASSERT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
+        ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12)) << session.problem().c_str();
+        for (const int32_t day : {19160601, 19170601, 19181111})
+            ASSERT_TRUE(session.until(day) && session.save()) << session.problem().c_str();
+        saves[recorded] = run.save();
+        if (!recorded)
+            continue;
+        SqliteFile record;
+        ASSERT_TRUE(record.open(run.userFolder() + "/Saves/record.db", SqliteFile::MustExist));
+        const Database& career = *Database::instance();
+        std::vector<int32_t> victories(career.pilots.size());
+        std::vector<int32_t> deaths(career.pilots.size());
+        for (SqliteStatement row(record, "SELECT victor FROM victory"); row.next();)
+            ++victories.at(static_cast<size_t>(row.integer(0)));
+        for (SqliteStatement row(record, "SELECT pilot FROM posting WHERE kind = 'died'");
+             row.next();)
+            ++deaths.at(static_cast<size_t>(row.integer(0)));
+        int32_t wrong = 0;
+        for (size_t i = 0; i < career.pilots.size(); ++i)
+            wrong += victories[i] != career.pilots[i].shotdowns ||
+                     deaths[i] != (career.pilots[i].alive == 0 ? 1 : 0);
+        EXPECT_EQ(wrong, 0) << "of " << career.pilots.size() << " pilots";
+        EXPECT_GT(record.number("SELECT count(*) FROM victory"), 40000);
+        EXPECT_GT(record.number("SELECT count(*) FROM flight"), 50);
+        EXPECT_EQ(record.number("SELECT sum(kills) FROM flight"),
+                  record.number("SELECT count(*) FROM victory JOIN flight ON flight.number ="
+                                " victory.flight AND flight.pilot = victory.victor"));
+        EXPECT_EQ(record.number("SELECT count(*) FROM flight WHERE NOT EXISTS (SELECT 1 FROM"
+                                " flight_event WHERE flight = number AND x > 0)"),
+                  0)
+            << "each flight has a place";
+        EXPECT_EQ(record.number("SELECT count(*) FROM (SELECT pilot FROM posting WHERE kind ="
+                                " 'joined' GROUP BY pilot HAVING count(*) = 1)"),
+                  static_cast<int64_t>(career.pilots.size()))
+            << "everybody joins, and once";
+        EXPECT_LT(std::filesystem::file_size(run.userFolder() + "/Saves/record.db"), 25000000U);
+    }
+    EXPECT_TRUE(saves[0] == saves[1]) << "the record changes the career";
 }
 
 TEST(Wars, FollowFromTheirSeed) {

@@ -1,10 +1,13 @@
 #include "tools/career/CommandLine.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <string_view>
 
 #include "app/career/Calendar.h"
 #include "app/career/Database.h"
+#include "engine/core/System.h"
 #include "tools/career/Session.h"
 
 namespace {
@@ -27,7 +30,12 @@ Commands:
   squadron                the player's squadron
   aces                    the best pilots of the war
   invitation [accept|refuse]
-                          the invitation to another squadron, and the answer)";
+                          the invitation to another squadron, and the answer
+  flights                 the player's flights, from the record of the war
+  victories [NAME]        the player's victories, or those of the pilots of that
+                          name or a part of it
+  postings                who came to the player's squadron, left it or died
+  export FILE.json        writes the whole record)";
 constexpr const char* Ending =
     "Exit status: 0 all commands did their work, 1 one of them failed, 2 a wrong call.";
 
@@ -39,6 +47,25 @@ struct ServiceName {
 };
 constexpr ServiceName Services[] = {
     {"french", ServiceFrench}, {"english", ServiceEnglish}, {"german", ServiceGerman}};
+
+struct Plain {
+    std::string_view name;
+    bool (Session::*run)();
+};
+constexpr Plain PlainCommands[] = {
+    {"load", &Session::load},         {"save", &Session::save}, {"status", &Session::status},
+    {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
+    {"squadron", &Session::squadron}, {"aces", &Session::aces}, {"flights", &Session::flights},
+    {"postings", &Session::postings},
+};
+
+bool isCommand(std::string_view word) {
+    constexpr std::string_view Others[] = {"new",        "until",     "advance",
+                                           "invitation", "victories", "export"};
+    return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
+           std::any_of(std::begin(PlainCommands), std::end(PlainCommands),
+                       [&](const Plain& known) { return known.name == word; });
+}
 
 /// Reads commands with their arguments from the words of a call. Each step returns what is wrong,
 /// or an empty text.
@@ -54,6 +81,8 @@ private:
     std::string readUntil();
     std::string readAdvance();
     void readInvitation();
+    void readVictories();
+    std::string readExport();
     std::string readPlain(std::string_view command);
 
     bool atEnd() const { return next == words.size(); }
@@ -93,6 +122,10 @@ std::string CommandReader::readAll() {
             wrong = readAdvance();
         else if (command == "invitation")
             readInvitation();
+        else if (command == "victories")
+            readVictories();
+        else if (command == "export")
+            wrong = readExport();
         else
             wrong = readPlain(command);
     }
@@ -149,16 +182,22 @@ void CommandReader::readInvitation() {
     ++next;
 }
 
+void CommandReader::readVictories() {
+    const bool hasName = !atEnd() && !isCommand(peek());
+    const zel::String name = hasName ? zel::system::shownText(words[next++]) : zel::String();
+    add([=](Session& session) { return session.victories(name); });
+}
+
+std::string CommandReader::readExport() {
+    if (atEnd() || isCommand(peek()))
+        return "export wants the name of a file";
+    // Before the program changes its working directory.
+    const zel::String file = zel::system::absolutePath(words[next++]);
+    add([=](Session& session) { return session.exportRecord(file); });
+    return {};
+}
+
 std::string CommandReader::readPlain(std::string_view command) {
-    struct Plain {
-        std::string_view name;
-        bool (Session::*run)();
-    };
-    constexpr Plain PlainCommands[] = {
-        {"load", &Session::load},         {"save", &Session::save}, {"status", &Session::status},
-        {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
-        {"squadron", &Session::squadron}, {"aces", &Session::aces},
-    };
     for (const Plain& known : PlainCommands) {
         if (known.name != command)
             continue;
@@ -186,6 +225,8 @@ tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerC
     line.add_option("--wait", call.waitSeconds, "report waits up to S seconds for a log")
         ->type_name("S")
         ->transform(tools::wholeNumber(0, LongestWait));
+    line.add_flag_callback(
+        "--no-record", [&] { call.keepsRecord = false; }, "keeps no record of the war");
     line.add_flag("--quiet", call.quiet, "says nothing unless something fails");
     line.add_flag("--verbose", call.verbose, "shows the debug lines");
     std::vector<std::string> commands;

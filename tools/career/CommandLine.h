@@ -18,6 +18,7 @@ struct CareerCall {
     std::string language;         // code of a language table; empty for English
     std::optional<uint32_t> seed; // pins every generator and the clock
     int32_t waitSeconds = 0;      // how long report waits for a log
+    bool keepsRecord = true;      // of the war
     bool quiet = false;
     bool verbose = false;
     std::vector<std::function<bool(Session&)>> commands; // in their order

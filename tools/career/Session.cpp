@@ -7,13 +7,17 @@
 #include "app/career/CareerTexts.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/SimulatorCheck.h"
+#include "app/record/RecordExport.h"
+#include "app/record/RecordText.h"
 #include "app/report/ReportText.h"
 #include "app/war/WarAdvance.h"
+#include "engine/core/File.h"
 #include "engine/core/Language.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "standin/StandIn.h"
+#include "tools/career/RecordLines.h"
 #include "tools/career/SessionWording.h"
 
 namespace {
@@ -69,6 +73,10 @@ bool Session::needSimulator() {
     const SimulatorState state = checkSimulator();
     return state == SimulatorState::Ready ||
            fail(zel::fillMarks(adviceFor(state).english, {simulatorFolder()}));
+}
+
+bool Session::needRecord() {
+    return needCareer() && (career.observer != nullptr || fail("This call keeps no record"));
 }
 
 bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
@@ -290,5 +298,46 @@ bool Session::refuseInvitation() {
     say(letter.text());
     letter.refuse(career);
     say(textOf(wording::Refused));
+    return true;
+}
+
+bool Session::sayLines(const std::vector<zel::String>& lines) {
+    if (const zel::String& problem = record.read(career).problem(); !problem.empty())
+        return fail("The record of the war can't be read: " + problem);
+    for (const RecordGap& gap : record.gaps())
+        say(recordGapText(gap));
+    for (const zel::String& line : lines)
+        say(line);
+    if (lines.empty())
+        say(textOf(wording::NothingRecorded));
+    return true;
+}
+
+bool Session::flights() { return needRecord() && sayLines(flightLines(record.read(career))); }
+
+bool Session::victories(const zel::String& name) {
+    if (!needRecord())
+        return false;
+    SqliteFile& tables = record.read(career);
+    return sayLines(name.empty() ? ownVictoryLines(tables, career.playerPilot)
+                                 : victoryLines(tables, name));
+}
+
+bool Session::postings() {
+    return needRecord() && sayLines(postingLines(record.read(career), career.player().squadron));
+}
+
+bool Session::exportRecord(const zel::String& file) {
+    if (!needRecord())
+        return false;
+    const std::string text = recordAsJson(record.read(career));
+    if (text.empty())
+        return fail("The record of the war can't be read: " + record.read(career).problem());
+    zel::File target(file, zel::FileWrite);
+    target.write(text.data(), static_cast<int32_t>(text.size()));
+    target.close();
+    if (target.hasFailed())
+        return fail("The record can't be written to " + file);
+    sayFile(wording::Exported, file);
     return true;
 }

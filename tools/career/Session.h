@@ -4,6 +4,7 @@
 
 #include "app/career/Database.h"
 #include "app/career/Wording.h"
+#include "app/record/CareerRecord.h"
 #include "app/report/Flight.h"
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
@@ -13,9 +14,13 @@
 /// them. Each command returns true on success; otherwise problem() is the one line that says why.
 class Session {
 public:
-    /// waitSeconds: how long report() waits for the simulator's log.
-    Session(bool quiet, int32_t waitSeconds)
-        : quiet(quiet), waitSeconds(waitSeconds), progress(!quiet) {}
+    /// waitSeconds: how long report() waits for the simulator's log. keepsRecord: what happens is
+    /// written to the record of the war.
+    Session(bool quiet, int32_t waitSeconds, bool keepsRecord = true)
+        : quiet(quiet), waitSeconds(waitSeconds), progress(!quiet) {
+        if (keepsRecord)
+            career.observer = &record;
+    }
 
     bool newCareer(int32_t service, int32_t year, int32_t month);
     bool load();
@@ -33,6 +38,13 @@ public:
     bool showInvitation();
     bool acceptInvitation();
     bool refuseInvitation();
+    bool flights();
+    /// Of the pilots whose names hold that text; of the player and whom he followed for an empty
+    /// one.
+    bool victories(const zel::String& name);
+    bool postings();
+    /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
+    bool exportRecord(const zel::String& file);
 
     const zel::String& problem() const { return trouble; }
 
@@ -40,6 +52,8 @@ private:
     bool fail(const zel::String& why);
     bool needCareer();
     bool needSimulator();
+    bool needRecord();
+    bool sayLines(const std::vector<zel::String>& lines);
     void say(const zel::String& line) const;
     void sayFile(const Wording& wording, const zel::String& file) const;
     void sayReport();
@@ -50,6 +64,7 @@ private:
     int32_t waitSeconds;
     zel::String trouble;
     Database career;
+    CareerRecord record;
     Flight flight;
     InvitationLetter letter;
     Progress progress;

@@ -28,5 +28,17 @@ inline constexpr Wording Refused         {3023, "Refused"};
 inline constexpr Wording NobodyThere     {3024, "That squadron has no pilots"};
 inline constexpr Wording NoInvitation    {3025, "No invitation waits"};
 
+inline constexpr Wording RecordedFlight  {3030, "Flight $1: $2, near $3, $4. Victories: $5. $6"}; // aircraft, fate
+inline constexpr Wording RecordedVictory {3031, "$1: $2 ($3) shot down $4 ($5)"};
+inline constexpr Wording RecordedKill    {3032, "$1: $2 ($3) shot down $4 ($5), who died"};
+inline constexpr Wording PostedNew       {3033, "$1: $2 joined the squadron"};
+inline constexpr Wording PostedHere      {3034, "$1: $2 came from $3"};
+inline constexpr Wording PostedAway      {3035, "$1: $2 went to $3"};
+inline constexpr Wording PostedDead      {3036, "$1: $2 died"};
+inline constexpr Wording PostedKilled    {3037, "$1: $2 was killed by $3"};
+inline constexpr Wording PostedSuccessor {3038, "$1: $2 took the place of $3"};
+inline constexpr Wording NothingRecorded {3039, "Nothing of the kind is recorded"};
+inline constexpr Wording Exported        {3040, "Exported $1"};
+
 } // namespace wording
 // clang-format on

@@ -87,7 +87,7 @@ int main(int argc, char** argv) {
         Configuration::set("rof.directory", rofDirectory);
 
     initPlaneNames();
-    Session session(call.quiet, call.waitSeconds);
+    Session session(call.quiet, call.waitSeconds, call.keepsRecord);
     for (const auto& command : call.commands) {
         if (!command(session))
             return failed(session.problem());

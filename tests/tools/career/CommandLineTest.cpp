@@ -28,6 +28,7 @@ TEST(CareerCommandLine, ReadsCommandsInTheirOrder) {
         {"load status save", 3}, {"mission fly report", 3}, {"advance advance 5 advance", 3},
         {"until 19181111", 1}, {"until 19160229", 1}, {"squadron aces invitation", 3},
         {"invitation accept invitation refuse invitation status", 4},
+        {"flights victories postings export a.json save", 5}, {"victories Falke victories", 2},
     };
     // clang-format on
     for (const auto& [text, commands] : calls) {

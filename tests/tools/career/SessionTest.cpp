@@ -56,6 +56,29 @@ TEST_F(SessionTest, GoesThroughTheCareersCycle) {
     EXPECT_EQ(career.calendar().dateNumber(), saved);
 }
 
+TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
+    makeSimulator();
+    const zel::String file = run.folder.file("record.json");
+    expectProblem(session.flights(), "There is no career yet");
+    ASSERT_TRUE(session.newCareer(ServiceGerman, 1917, 3) && session.mission() && session.fly() &&
+                session.report())
+        << session.problem().c_str();
+    EXPECT_TRUE(session.flights() && session.victories("") && session.victories("von") &&
+                session.postings())
+        << session.problem().c_str();
+    ASSERT_TRUE(session.exportRecord(file)) << session.problem().c_str();
+    const std::string json = run.folder.read("record.json");
+    for (const char* part : {"\n\"flight\": [\n{\"number\":1,\"date\":", "\"log\":\"missionReport(",
+                             "\"kind\":\"landing\"", "\n\"victory\": [\n{\"id\":1,",
+                             "\"cause\":\"replacement\"", "\"from_squadron\":null"})
+        EXPECT_NE(json.find(part), std::string::npos) << part;
+    expectProblem(session.exportRecord(run.folder.path()), "can't be written");
+    Session unrecorded(true, 0, false);
+    ASSERT_TRUE(unrecorded.newCareer(ServiceGerman, 1915, 12));
+    EXPECT_FALSE(unrecorded.flights());
+    EXPECT_EQ(unrecorded.problem(), "This call keeps no record");
+}
+
 TEST_F(SessionTest, GoesOnUntilADay) {
     makeSimulator();
     ASSERT_TRUE(session.newCareer(ServiceFrench, 1918, 9));

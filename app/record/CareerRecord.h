@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/career/CareerObserver.h"
+#include "app/record/RecordFile.h"
+#include "app/record/RecordWriter.h"
+#include "app/record/Sqlite.h"
+#include "engine/core/String.h"
+
+/// Where the record is in the user's folder, beside the career.
+constexpr const char* RecordFileName = "Saves/record.db";
+
+/// The record of a career's war: what the observer hears waits in memory and is written with each
+/// save, in one transaction before the save itself. Whatever happens to the record, the career goes
+/// on: an error is a log line, and the next save tries again.
+///
+/// Made by the application or the session that owns the career, as its Database::observer. One
+/// record serves one career after another. docs/decisions.md explains how record and save stay
+/// together.
+class CareerRecord : public CareerObserver {
+public:
+    CareerRecord() = default;
+    CareerRecord(const CareerRecord&) = delete;
+    CareerRecord& operator=(const CareerRecord&) = delete;
+
+    void onCareerBegun(const Database& career) override;
+    void onCareerLoaded(const Database& career, const zel::String& file) override;
+    void onSaving(const Database& career, std::string_view content) override;
+    void onWarAdvanced(const Database& career) override;
+    void onVictory(const Database& career, const Victory& victory) override;
+    void onPosting(const Database& career, const Posting& posting) override;
+    void onBaseChange(const Database& career) override;
+    void onFlight(const Database& career, const FlownMission& mission) override;
+
+    /// The tables with all that has happened up to now, saved or not, for reading only. Where the
+    /// file can't be used they hold what has happened since. REQUIRES: the career that this
+    /// observes.
+    SqliteFile& read(const Database& career);
+    /// From when to when nothing is in the record; none for a whole one.
+    const std::vector<RecordGap>& gaps() const { return knownGaps; }
+    /// Closes the file, so that it can be moved. What is not saved is lost.
+    void close();
+
+private:
+    enum class Place {
+        None,     // no career
+        Memory,   // a career that has no file yet: the next save makes one
+        Unusable, // the file can't be used at present; a save tries again
+        File,
+    };
+
+    void attach(const Database& career, bool isFinal);
+    void cut(bool isFinal);
+    void beginAnew(RecordState why);
+    bool makeFile(const Database& career);
+    void writeEvents(const Database& career);
+    void giveUp();
+
+    SqliteFile file;
+    Place place = Place::None;
+    bool ownsFile = false; // what has the record's name is of this career
+    SavedPage lastSave;    // that the events follow
+    RecordEvents events;   // not saved yet
+    RecordWriter writer;   // of the events, in the open transaction
+    std::vector<RecordGap> knownGaps;
+};

@@ -1,0 +1,22 @@
+#include "app/record/Checksum.h"
+
+#include <cinttypes>
+#include <cstdio>
+
+#define XXH_INLINE_ALL
+#include <xxhash.h>
+
+#include "engine/core/File.h"
+
+zel::String checksumOf(std::string_view bytes) {
+    char text[20];
+    std::snprintf(text, sizeof text, "%016" PRIx64,
+                  static_cast<uint64_t>(XXH3_64bits(bytes.data(), bytes.size())));
+    return text;
+}
+
+zel::String checksumOfFile(const zel::String& name) {
+    std::string content;
+    zel::File file(name, zel::FileRead);
+    return file.readWhole(content) ? checksumOf(content) : zel::String();
+}

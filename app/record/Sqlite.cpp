@@ -1,0 +1,183 @@
+#include "app/record/Sqlite.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sqlite3.h>
+
+#include "engine/core/System.h"
+#include "engine/core/TextEncoding.h"
+
+namespace {
+
+// A player may be reading the file with a tool of his own.
+constexpr int PatienceMilliseconds = 500;
+
+bool isPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char character) { return static_cast<uint8_t>(character) < 0x80; });
+}
+
+/// Once, before the first use: one thread needs no locks, and nobody asks for the memory in use.
+void setUp() {
+    static const bool isDone = [] {
+        sqlite3_config(SQLITE_CONFIG_SINGLETHREAD);
+        sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+        return true;
+    }();
+    static_cast<void>(isDone);
+}
+
+} // namespace
+
+SqliteFile::~SqliteFile() { close(); }
+
+bool SqliteFile::open(const zel::String& path, Mode mode) {
+    const int creation = mode == MayCreate ? SQLITE_OPEN_CREATE : 0;
+    return openAs(zel::system::pathInUtf8(path).c_str(), SQLITE_OPEN_READWRITE | creation);
+}
+
+bool SqliteFile::openInMemory() { return openAs(":memory:", SQLITE_OPEN_READWRITE); }
+
+bool SqliteFile::openAs(const char* name, int flags) {
+    setUp();
+    close();
+    const int result = sqlite3_open_v2(
+        name, &handle, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    if (handle != nullptr)
+        sqlite3_busy_timeout(handle, PatienceMilliseconds);
+    return check(result);
+}
+
+void SqliteFile::close() {
+    sqlite3_close_v2(handle); // null does nothing
+    handle = nullptr;
+    code = SQLITE_OK;
+    message = "";
+}
+
+bool SqliteFile::check(int result) {
+    if (result == SQLITE_OK || result == SQLITE_ROW || result == SQLITE_DONE)
+        return !failed();
+    if (!failed()) {
+        code = result;
+        message = zel::String(handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(result));
+    }
+    return false;
+}
+
+bool SqliteFile::run(const char* sql) {
+    return !failed() && check(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr));
+}
+
+int64_t SqliteFile::number(const char* sql) {
+    SqliteStatement statement(*this, sql);
+    return statement.next() ? statement.number(0) : 0;
+}
+
+bool SqliteFile::begin() { return run("BEGIN IMMEDIATE"); }
+
+bool SqliteFile::commit() {
+    const bool done = run("COMMIT");
+    if (!done && isInTransaction())
+        sqlite3_exec(handle, "ROLLBACK", nullptr, nullptr, nullptr);
+    return done;
+}
+
+void SqliteFile::rollback() {
+    if (isInTransaction())
+        sqlite3_exec(handle, "ROLLBACK", nullptr, nullptr, nullptr);
+    code = SQLITE_OK;
+    message = "";
+}
+
+bool SqliteFile::isInTransaction() const {
+    return handle != nullptr && sqlite3_get_autocommit(handle) == 0;
+}
+
+int64_t SqliteFile::lastRow() const { return sqlite3_last_insert_rowid(handle); }
+
+bool SqliteFile::isDamaged() const {
+    const int kind = code & 0xFF;
+    return kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB;
+}
+
+SqliteStatement::SqliteStatement(SqliteFile& file, std::string_view sql) : file(file) {
+    if (!file.failed() && file.isOpen())
+        file.check(sqlite3_prepare_v2(file.handle, sql.data(), static_cast<int>(sql.size()),
+                                      &handle, nullptr));
+}
+
+SqliteStatement::~SqliteStatement() { sqlite3_finalize(handle); }
+
+void SqliteStatement::restart() {
+    if (handle != nullptr)
+        sqlite3_reset(handle); // an error of the last run is known already
+}
+
+bool SqliteStatement::next() {
+    if (handle == nullptr || file.failed())
+        return false;
+    const int result = sqlite3_step(handle);
+    if (result == SQLITE_ROW)
+        return true;
+    if (file.check(result))
+        restart();
+    return false;
+}
+
+void SqliteStatement::bind(int place, int64_t value) {
+    if (handle != nullptr)
+        file.check(sqlite3_bind_int64(handle, place, value));
+}
+
+void SqliteStatement::bind(int place, double value) {
+    if (handle != nullptr)
+        file.check(sqlite3_bind_double(handle, place, value));
+}
+
+void SqliteStatement::bind(int place, float value) {
+    bind(place, std::round(double{value} * 1000) / 1000);
+}
+
+void SqliteStatement::bind(int place, std::string_view value) {
+    if (handle == nullptr)
+        return;
+    const std::string converted = isPlain(value) ? std::string() : zel::utf8Of(value);
+    const std::string_view bytes = converted.empty() ? value : converted;
+    const char* start = bytes.data() != nullptr ? bytes.data() : ""; // null would be NULL
+    // Only what was converted is gone before the statement runs.
+    const sqlite3_destructor_type lifetime = converted.empty() ? SQLITE_STATIC : SQLITE_TRANSIENT;
+    file.check(sqlite3_bind_text(handle, place, start, static_cast<int>(bytes.size()), lifetime));
+}
+
+void SqliteStatement::bindNull(int place) {
+    if (handle != nullptr)
+        file.check(sqlite3_bind_null(handle, place));
+}
+
+int64_t SqliteStatement::number(int column) const { return sqlite3_column_int64(handle, column); }
+double SqliteStatement::real(int column) const { return sqlite3_column_double(handle, column); }
+bool SqliteStatement::isNull(int column) const {
+    return sqlite3_column_type(handle, column) == SQLITE_NULL;
+}
+bool SqliteStatement::isText(int column) const {
+    return sqlite3_column_type(handle, column) == SQLITE_TEXT;
+}
+bool SqliteStatement::isReal(int column) const {
+    return sqlite3_column_type(handle, column) == SQLITE_FLOAT;
+}
+int SqliteStatement::columnCount() const { return sqlite3_column_count(handle); }
+const char* SqliteStatement::columnName(int column) const {
+    return sqlite3_column_name(handle, column);
+}
+
+std::string_view SqliteStatement::rawText(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle, column));
+    const int length = sqlite3_column_bytes(handle, column);
+    return text != nullptr ? std::string_view(text, static_cast<size_t>(length))
+                           : std::string_view();
+}
+
+zel::String SqliteStatement::text(int column) const {
+    return zel::String(zel::fromUtf8(rawText(column)));
+}

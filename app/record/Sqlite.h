@@ -1,0 +1,133 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "engine/core/String.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/// An open SQLite database, for one thread of the program alone. The first error stays: whatever is
+/// asked for after it does nothing and gives nothing, so that a piece of work is checked once at
+/// its end.
+class SqliteFile {
+public:
+    enum Mode { MayCreate, MustExist };
+
+    SqliteFile() = default;
+    ~SqliteFile();
+    SqliteFile(const SqliteFile&) = delete;
+    SqliteFile& operator=(const SqliteFile&) = delete;
+
+    /// Opens the file of that path. On error: false and failed().
+    bool open(const zel::String& path, Mode mode);
+    /// Opens an empty database that lives in memory.
+    bool openInMemory();
+    /// Closes it, and forgets the error. An open transaction is rolled back.
+    void close();
+    bool isOpen() const { return handle != nullptr; }
+
+    /// Runs statements that give no rows.
+    bool run(const char* sql);
+    /// The first column of the first row as a number; 0 without a row.
+    int64_t number(const char* sql);
+    bool begin();
+    /// On error the transaction is rolled back.
+    bool commit();
+    /// Works after an error too, and forgets it.
+    void rollback();
+    bool isInTransaction() const;
+    /// Of the last row that was inserted.
+    int64_t lastRow() const;
+
+    bool failed() const { return code != 0; }
+    /// The file is no database, or its pages contradict one another.
+    bool isDamaged() const;
+    /// What went wrong, for a log line: "database or disk is full"; empty without an error.
+    const zel::String& problem() const { return message; }
+
+private:
+    friend class SqliteStatement;
+    bool openAs(const char* name, int flags);
+    bool check(int result);
+
+    sqlite3* handle = nullptr;
+    int code = 0; // of the first error
+    zel::String message;
+};
+
+/// A prepared statement. Texts are Windows-1252 in the program and UTF-8 in the file.
+class SqliteStatement {
+public:
+    SqliteStatement(SqliteFile& file, std::string_view sql);
+    ~SqliteStatement();
+    SqliteStatement(const SqliteStatement&) = delete;
+    SqliteStatement& operator=(const SqliteStatement&) = delete;
+
+    /// Binds the values to the marks in turn and starts anew. An empty optional is NULL. Texts must
+    /// stay as they are until the rows have been read.
+    template <typename... Values> SqliteStatement& with(const Values&... values) {
+        restart();
+        fill(0, values...);
+        return *this;
+    }
+    /// Binds the values to the marks after the first so many, and does not start anew.
+    template <typename... Values> void fill(int place, const Values&... values) {
+        (bind(++place, values), ...);
+    }
+    /// The same, and runs a statement that gives no rows.
+    template <typename... Values> void insert(const Values&... values) {
+        with(values...);
+        next();
+    }
+    /// Goes to the next row; false at the end.
+    bool next();
+
+    // Columns of the present row, from 0. NULL is 0, an empty text, or -1 as an index.
+    int64_t number(int column) const;
+    int32_t integer(int column) const { return static_cast<int32_t>(number(column)); }
+    int32_t index(int column) const { return isNull(column) ? -1 : integer(column); }
+    double real(int column) const;
+    zel::String text(int column) const;
+    bool isNull(int column) const;
+    int columnCount() const;
+    const char* columnName(int column) const;
+    /// As it is in the file, in UTF-8.
+    std::string_view rawText(int column) const;
+    bool isText(int column) const;
+    bool isReal(int column) const;
+
+private:
+    void restart();
+    void bind(int place, int64_t value);
+    void bind(int place, int32_t value) { bind(place, int64_t{value}); }
+    void bind(int place, bool value) { bind(place, int64_t{value}); }
+    void bind(int place, double value);
+    void bind(int place, float value); // to three decimals
+    void bind(int place, std::string_view value);
+    void bind(int place, const zel::String& value) { bind(place, value.view()); }
+    void bind(int place, const char* value) { bind(place, std::string_view(value)); }
+    template <typename Value> void bind(int place, const std::optional<Value>& value) {
+        if (value)
+            bind(place, *value);
+        else
+            bindNull(place);
+    }
+    void bindNull(int place);
+
+    SqliteFile& file;
+    sqlite3_stmt* handle = nullptr;
+};
+
+/// NULL for a negative index.
+inline std::optional<int32_t> orNull(int32_t index) {
+    return index >= 0 ? std::optional<int32_t>(index) : std::nullopt;
+}
+/// NULL for an empty text.
+inline std::optional<std::string_view> orNull(const zel::String& text) {
+    return text.empty() ? std::nullopt : std::optional<std::string_view>(text.view());
+}
