@@ -1,9 +1,13 @@
 #pragma once
 
-/// Register the benchmarks of the two files, and the ratios that they are held to.
+/// Register the benchmarks of the three files, and the ratios that they are held to.
 void registerCareerBenches();
 void registerFileBenches();
+void registerRecordBenches();
 
 /// Simulates a whole war and returns the most memory that the process has taken so far, in MB; 0
 /// where the system doesn't tell.
 double peakMemoryOfWar();
+
+/// Simulates a whole war and returns the size of its record, in MB.
+double recordSizeOfWar();

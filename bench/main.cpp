@@ -12,7 +12,9 @@ int main(int argc, char** argv) {
         return 1;
     // First: what the benchmarks take themselves isn't the war's.
     report.addFigure("Peak memory of a whole war", peakMemoryOfWar(), "MB", 64);
+    report.addFigure("Record of a whole war", recordSizeOfWar(), "MB", 25);
     registerCareerBenches();
     registerFileBenches();
+    registerRecordBenches();
     return report.run();
 }
