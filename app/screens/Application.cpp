@@ -5,6 +5,7 @@
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
 #include "app/mission/Settings.h"
+#include "app/record/CareerRecord.h"
 #include "app/report/Flight.h"
 #include "app/screens/MenuConfiguration.h"
 #include "app/screens/MenuConfigurationMaps.h"
@@ -53,6 +54,11 @@ std::unique_ptr<Database>& database() {
     return instance;
 }
 
+std::unique_ptr<CareerRecord>& record() {
+    static std::unique_ptr<CareerRecord> instance;
+    return instance;
+}
+
 std::unique_ptr<Flight>& flight() {
     static std::unique_ptr<Flight> instance;
     return instance;
@@ -96,6 +102,8 @@ void ZelApp::init() {
     zel::State::setFadeSpeed(FadeSpeed);
     initPlaneNames();
     database() = std::make_unique<Database>();
+    record() = std::make_unique<CareerRecord>();
+    database()->observer = record().get();
     preferences::applySound();
 }
 
@@ -110,7 +118,7 @@ void ZelApp::initMenus() {
     addScreen<MenuGameStartMission>(*flight());
     addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>();
-    addScreen<MenuGameMain>();
+    addScreen<MenuGameMain>(*record());
     addScreen<MenuGameViewSquadron>();
     addScreen<MenuGameTopAces>();
     addScreen<MenuGameCombatReport>(*flight());
@@ -137,5 +145,6 @@ void ZelApp::onDestroy() {}
 void ZelApp::releaseDatabase() {
     flight().reset();
     database().reset();
+    record().reset();
 }
 void ZelApp::releaseMenus() { zel::HandledMenu::releaseMenus(); }

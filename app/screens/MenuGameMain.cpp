@@ -3,6 +3,8 @@
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/record/CareerRecord.h"
+#include "app/record/RecordText.h"
 #include "app/screens/MapSheets.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/menu/widgets/Widget.h"
@@ -27,6 +29,11 @@ void MenuGameMain::onEntered() {
     showSquadron();
     showSheet(*career);
     setText("pilot", playerText(*career, predecessor));
+    showRecordGap();
+}
+
+void MenuGameMain::showRecordGap() {
+    setText("record", record.gaps().empty() ? "" : recordGapText(record.gaps().back()));
 }
 
 // The map on the desk is of the sector over which the squadron flies.

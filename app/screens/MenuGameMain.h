@@ -2,11 +2,15 @@
 
 #include "app/screens/CareerScreen.h"
 
+class CareerRecord;
+
 /// The squadron office, to which a career returns between flights. Leaving it by its buttons saves
 /// the career; nothing else does.
 class MenuGameMain : public CareerScreen {
 public:
-    MenuGameMain() : CareerScreen("MenuGameMain") {}
+    /// REQUIRES: the record outlives the screen.
+    explicit MenuGameMain(const CareerRecord& record)
+        : CareerScreen("MenuGameMain"), record(record) {}
 
     void onEnter() override;
     void onEntered() override; // fills in everything again
@@ -14,8 +18,10 @@ public:
 
 private:
     void showSheet(const Database& career);
+    void showRecordGap();
     void noteSuccession(const Database& career);
 
+    const CareerRecord& record;
     int32_t careerNumber = -1; // of the career that was shown last
     int32_t pilot = -1;        // the player's then
     int32_t predecessor = -1;  // whose place the player took, while this program watched; or -1
