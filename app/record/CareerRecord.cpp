@@ -82,7 +82,7 @@ void CareerRecord::attach(const Database& career, bool isFinal) {
     file.close();
     if (state != RecordState::Missing)
         ownsFile = moveAside(state);
-    beginAnew(state);
+    startOver(state);
 }
 
 void CareerRecord::cut(bool isFinal) {
@@ -105,7 +105,7 @@ void CareerRecord::cut(bool isFinal) {
 }
 
 /// The career goes on with a record that holds nothing of what was before.
-void CareerRecord::beginAnew(RecordState why) {
+void CareerRecord::startOver(RecordState why) {
     place = Place::Memory;
     if (lastSave.checksum.empty())
         return; // it began in this run: all of it is among the events

@@ -26,7 +26,7 @@ public:
     CareerRecord& operator=(const CareerRecord&) = delete;
 
     void onCareerBegun(const Database& career) override;
-    void onCareerLoaded(const Database& career, const zel::String& file) override;
+    void onCareerLoaded(const Database& career, const zel::String& loaded) override;
     void onSaving(const Database& career, std::string_view content) override;
     void onWarAdvanced(const Database& career) override;
     void onVictory(const Database& career, const Victory& victory) override;
@@ -53,7 +53,7 @@ private:
 
     void attach(const Database& career, bool isFinal);
     void cut(bool isFinal);
-    void beginAnew(RecordState why);
+    void startOver(RecordState why);
     bool makeFile(const Database& career);
     void writeEvents(const Database& career);
     void giveUp();

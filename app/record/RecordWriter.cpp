@@ -69,7 +69,7 @@ void insertMany(SqliteFile& file, const std::string& start, int columns,
             continue;
         std::string sql = start + " VALUES" + row;
         for (size_t i = 1; i < block; ++i)
-            sql += "," + row;
+            sql.append(",").append(row);
         SqliteStatement statement(file, sql);
         while (items.size() - next >= block && !file.failed()) {
             for (size_t i = 0; i < block; ++i)

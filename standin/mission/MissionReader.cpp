@@ -25,8 +25,8 @@ public:
     bool read(std::string_view text);
 
 private:
-    bool refuse(int32_t line, std::string reason) {
-        return standin::refuse(finding, line, std::move(reason));
+    bool refuse(int32_t line, std::string_view reason) {
+        return standin::refuse(finding, line, reason);
     }
     bool checkObject(const MissionBlock& block);
     bool readObjects(const std::vector<MissionBlock>& blocks);

@@ -18,7 +18,8 @@ import sys
 
 FOLDERS = ("app/", "engine/", "standin/", "tools/")
 # A name that is defined at the top level: "constexpr int32_t Rows = 8;", "void draw(", "struct Row {".
-DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (\w+)|(?!return |using )[\w:<>&*,][\w:<>&*, ]*[ &*](\w+)(?:\[\w*\])?(?: =|\(|\{)")
+DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (\w+)|"
+                        r"(?!return |using )\w[\w:<>&*, ]*[ &*(](\w+)(?:\[\w*\])?(?: =|[({)])")
 
 
 def definitions(source):

@@ -119,7 +119,7 @@ void readFile(const DataFile& file, HistoryRecord& record, Findings& findings) {
 
 /// Reports a file with the same name as another one in its folder, or with a name that differs from
 /// another record's in capitals only. records: of the files before it.
-void checkName(const DataFile& file, const std::vector<DataFile>& files,
+void checkHistoricName(const DataFile& file, const std::vector<DataFile>& files,
                const std::vector<HistoryRecord>& records, Findings& findings) {
     const auto isTwin = [&](const DataFile& other) {
         return other.isCustom == file.isCustom && other.name == file.name;
@@ -150,7 +150,7 @@ std::vector<HistoryRecord> readHistory(const zel::String& dataFolder, const zel:
                                                       dataFolder + "/Custom/" + kind + "/");
     std::vector<HistoryRecord> records;
     for (const DataFile& file : files) {
-        checkName(file, files, records, findings);
+        checkHistoricName(file, files, records, findings);
         if (file.record == records.size())
             records.push_back({zel::String(file.name), {}, {}});
         readFile(file, records[file.record], findings);
