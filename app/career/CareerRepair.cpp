@@ -136,7 +136,7 @@ private:
             return false;
         career.playerPilot = place->slots[0];
         repairs.playerMoved = true;
-        logRepair("Save file: the player stood in no squadron; he is now " +
+        logRepair("Save file: the player was in no squadron; he is now " +
                   zel::String(zel::arrayText(career.player().name)));
         return true;
     }

@@ -153,7 +153,7 @@ bool checkEntries(const MissionBlock& block, const BlockRule* own, bool common,
         if (rule == nullptr)
             continue;
         if (block.find(entry.key) != &entry)
-            return refuse(finding, entry.line, entry.key + " stands twice in " + block.name);
+            return refuse(finding, entry.line, entry.key + " is twice in " + block.name);
         if (const std::string wanted = missing(rule->kind, entry.value); !wanted.empty())
             return refuse(finding, entry.line,
                           entry.key + " is " + entry.value + " and not " + wanted);

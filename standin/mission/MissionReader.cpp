@@ -75,10 +75,10 @@ bool MissionFileReader::checkObject(const MissionBlock& block) {
     if (wholeOf(block, "Index") < 1)
         return refuse(lineOf(block, "Index"), "Index is not above 0");
     if (numberOf(block, "YPos") < 0)
-        return refuse(lineOf(block, "YPos"), "YPos lies below the ground");
+        return refuse(lineOf(block, "YPos"), "YPos is below the ground");
     for (const char* key : {"XPos", "YPos", "ZPos"})
         if (std::abs(numberOf(block, key)) > MapEdge)
-            return refuse(lineOf(block, key), std::string(key) + " lies outside of every map");
+            return refuse(lineOf(block, key), std::string(key) + " is outside every map");
     return true;
 }
 
@@ -134,7 +134,7 @@ bool MissionFileReader::readAttackArea(const MissionBlock& block) {
         return refuse(lineOf(block, "Time"), "the order to attack lasts for no time");
     const int32_t priority = wholeOf(block, "Priority");
     if (priority < 0 || priority > 2)
-        return refuse(lineOf(block, "Priority"), "Priority lies outside of 0 to 2");
+        return refuse(lineOf(block, "Priority"), "Priority is outside 0 to 2");
     mission.areas.push_back(std::move(area));
     return true;
 }
@@ -183,7 +183,7 @@ bool MissionFileReader::checkSpots() {
     for (const Plane& plane : mission.planes)
         for (const Plane* other = mission.planes.data(); other != &plane; ++other)
             if (distance(plane.position, other->position) < OneSpot)
-                return refuse(plane.line, "this plane stands on the spot of the one of line " +
+                return refuse(plane.line, "this plane is on the spot of the one in line " +
                                               std::to_string(other->line));
     return true;
 }

@@ -65,8 +65,7 @@ bool readCountries(const MissionBlock& block, Mission& mission, tools::Finding& 
             !parseWhole(row.values[1], country.coalition) || country.coalition < 0)
             return refuse(finding, row.line, "a row of Countries is 'country : coalition;'");
         if (mission.coalitionOf(country.code) >= 0)
-            return refuse(finding, row.line,
-                          "country " + row.values[0] + " stands twice in Countries");
+            return refuse(finding, row.line, "country " + row.values[0] + " is twice in Countries");
         mission.countries.push_back(country);
     }
     return true;

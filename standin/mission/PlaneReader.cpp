@@ -64,9 +64,9 @@ bool readPlane(const MissionBlock& block, Mission& mission, tools::Finding& find
         return refuse(finding, at("Country"),
                       "Countries has no row for country " + std::to_string(plane.country));
     if (plane.level < 0 || plane.level > 4)
-        return refuse(finding, at("AILevel"), "AILevel lies outside of 0 to 4");
+        return refuse(finding, at("AILevel"), "AILevel is outside 0 to 4");
     if (plane.fuel < 0 || plane.fuel > 1)
-        return refuse(finding, at("Fuel"), "Fuel lies outside of 0 to 1");
+        return refuse(finding, at("Fuel"), "Fuel is outside 0 to 1");
     if (std::abs(plane.heading) > 360)
         return refuse(finding, at("YOri"), "YOri is no heading");
     if (plane.inAir && plane.position.y < LowestStart)

@@ -163,7 +163,7 @@ TEST_F(StandInFlights, SaysWhyItDoesNotFly) {
                  replaced(smallMission(), "AILevel = 2", "AILevel = 7"));
     const std::string broken = errorOf(pinned(1), "Broken.Mission");
     EXPECT_EQ(broken.rfind(data + "/Missions/Broken.Mission:", 0), 0U) << broken;
-    EXPECT_NE(broken.find(": AILevel lies outside of 0 to 4"), broken.npos) << broken;
+    EXPECT_NE(broken.find(": AILevel is outside 0 to 4"), broken.npos) << broken;
     for (const char* stamp : {"today", "2024-05-02", "2024-5-2_20-15-33", "2024-05-02_20-15-33x"})
         EXPECT_NE(errorOf(pinned(1, stamp)), "") << stamp;
     folder.write("data/startup.cfg", "[KEY = system]\r\nmission_text_log = 0\r\n[END]\r\n");

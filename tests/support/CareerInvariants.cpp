@@ -138,4 +138,4 @@ std::string faultsOf(const Database& career, bool whole) {
 } // namespace
 
 std::string careerFaults(const Database& career) { return faultsOf(career, true); }
-std::string mendedCareerFaults(const Database& career) { return faultsOf(career, false); }
+std::string repairedCareerFaults(const Database& career) { return faultsOf(career, false); }

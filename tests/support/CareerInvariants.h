@@ -14,6 +14,6 @@ class Database;
 /// Returns the faults, a line each and the first ten at most; the empty text if all is well.
 std::string careerFaults(const Database& career);
 
-/// The same for a career that was mended after its file was damaged: what led nowhere may be lost
+/// The same for a career that was repaired after its file was damaged: what led nowhere may be lost
 /// (a living pilot out of all slots, a squadron's file), but nothing may lead astray.
-std::string mendedCareerFaults(const Database& career);
+std::string repairedCareerFaults(const Database& career);

@@ -104,7 +104,7 @@ bool Session::load() {
     if (!zel::system::fileStatus(path).exists)
         why += ": there is none";
     if (zel::system::fileStatus(backup).exists)
-        why += "; an earlier one lies in " + backup;
+        why += "; an earlier one is in " + backup;
     return fail(why);
 }
 

@@ -41,7 +41,7 @@ void checkCondition(const MenuConfigFile::Line& line, bool isAllowed, const Sour
         findings.add(source, "a condition carries six words, the rest is lost");
     for (const String& word : words) {
         if (word.find(' ') >= 0)
-            findings.add(source, String("falls apart behind a condition: ") + word);
+            findings.add(source, String("falls apart after a condition: ") + word);
     }
 }
 

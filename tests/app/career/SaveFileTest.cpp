@@ -158,7 +158,7 @@ TEST_F(SaveFile, ReadsAFileCutAtAnyLength) {
         fs::resize_file(savePath(), length);
         const bool loaded = other.loadFile(SaveFileName);
         EXPECT_EQ(loaded, length >= Pilots + 24 * 88) << length;
-        EXPECT_EQ(loaded ? mendedCareerFaults(other) : "", "") << length;
+        EXPECT_EQ(loaded ? repairedCareerFaults(other) : "", "") << length;
         EXPECT_EQ(other.hasCareer(), loaded) << length;
         EXPECT_NE(other.careerNumber, 0) << length;
         if (loaded && length >= Lines) {
@@ -186,7 +186,7 @@ TEST_F(SaveFile, RepairsWhateverAByteMayDo) {
         if (!loads(damaged))
             continue;
         ++loaded;
-        ASSERT_EQ(mendedCareerFaults(other), "") << place;
+        ASSERT_EQ(repairedCareerFaults(other), "") << place;
         if (place % 64 != 0)
             continue;
         // And the career goes on.
@@ -197,13 +197,13 @@ TEST_F(SaveFile, RepairsWhateverAByteMayDo) {
         career.applyHistory();
         aceLines(career);
         squadronLines(career);
-        ASSERT_EQ(mendedCareerFaults(career), "") << place;
+        ASSERT_EQ(repairedCareerFaults(career), "") << place;
     }
     EXPECT_GT(loaded, bytes.size() - 40) << "nearly always there is a career to go on with";
 }
 
 TEST_F(SaveFile, RepairsWhatLeadsNowhere) {
-    constexpr const char* Player = "the player stood in no squadron";
+    constexpr const char* Player = "the player was in no squadron";
     constexpr const char* Places = "places in squadrons were wrong";
     constexpr const char* PilotIndices = "pilots had no such file or squadron";
     constexpr const char* References = "references of the data files";
@@ -234,7 +234,7 @@ TEST_F(SaveFile, RepairsWhatLeadsNowhere) {
         ASSERT_TRUE(loads(with(bytes, c.offset, c.value)));
         EXPECT_TRUE(*c.line == 0 ? log.text().empty() : log.linesWith(c.line) == 1)
             << c.offset << ": " << log.text();
-        EXPECT_EQ(mendedCareerFaults(other), "") << c.offset;
+        EXPECT_EQ(repairedCareerFaults(other), "") << c.offset;
         EXPECT_EQ(other.playerPilot, c.player) << c.offset;
         EXPECT_EQ(other.invitationSquadron, c.inviting) << c.offset;
     }
@@ -257,9 +257,9 @@ TEST_F(SaveFile, KeepsTheFileBeforeAndADamagedOneAside) {
     ASSERT_TRUE(loads(damaged));
     EXPECT_TRUE(other.writeSave(SaveFileName));
     EXPECT_TRUE(beside(".damaged") == damaged && beside(".bak") == first);
-    const std::string mended = world.savedBytes();
+    const std::string repaired = world.savedBytes();
     EXPECT_TRUE(other.writeSave(SaveFileName));
-    EXPECT_TRUE(beside(".bak") == mended) << "once";
+    EXPECT_TRUE(beside(".bak") == repaired) << "once";
 }
 
 TEST_F(SaveFile, LeavesTheOldFileWhenItCannotWrite) {

@@ -27,7 +27,7 @@ std::string dot() {
     return bytes + std::string(24, '\0') + std::string("\xff\0\0\0", 4);
 }
 
-/// Writes a program of one screen, A. Its script is the body, from line 2 on; what stands there
+/// Writes a program of one screen, A. Its script is the body, from line 2 on; what is there
 /// before the first section joins the "init" of base.inc: elements, and images that are none in the
 /// eyes of a check.
 void writeProgram(const TemporaryFolder& folder, const std::string& body) {
@@ -92,7 +92,7 @@ TEST(MenuCheck, NamesFileAndLineOfFaults) {
                   "Menus/A.ini:10: the screen never has a widget c",
                   "Menus/A.ini:12: section onentr belongs to no event",
                   "Menus/A.ini:13: a line for some displays only (#check conditions allows them)",
-                  "Menus/A.ini:13: falls apart behind a condition: a b",
+                  "Menus/A.ini:13: falls apart after a condition: a b",
                   "Menus/A.ini:14: a second section onentr in one file: the first never runs",
                   "Menus/A.ini:14: section onentr belongs to no event",
                   "Menus/A.ini:15: a tab, which is no blank here",
