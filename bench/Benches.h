@@ -6,7 +6,7 @@ void registerFileBenches();
 void registerRecordBenches();
 
 /// Simulates a whole war and returns the most memory that the process has taken so far, in MB; 0
-/// where the system doesn't tell.
+/// where the system doesn't report it.
 double peakMemoryOfWar();
 
 /// Simulates a whole war and returns the size of its record, in MB.

@@ -26,7 +26,7 @@ constexpr int32_t Width = 1024;
 constexpr int32_t Height = 768;
 constexpr int32_t ElementCount = 30;
 
-/// Where an element stands: five in a row.
+/// Where an element is: five in a row.
 zel::PixelRect placeOf(int32_t index) {
     return {20 + index % 5 * 200, 20 + index / 5 * 120, 180, 80};
 }

@@ -8,7 +8,7 @@
 
 /// Collects pairs of benchmarks, "NAME/ours" and "NAME/bare", and prints their ratio: both ran
 /// within one process, turn by turn, so a noisy machine slows both. Where there is nothing to
-/// compare with, "NAME/ours" stands alone, with a time as its limit. All in processor time.
+/// compare with, "NAME/ours" is alone, with a time as its limit. All in processor time.
 class RatioReport : public benchmark::BenchmarkReporter {
 public:
     /// Takes the program's arguments. False, and a line on standard error, for an unknown one.

@@ -88,7 +88,7 @@ int startOurs(bool atRest) {
 }
 
 /// How often all threads of the process have waited for something so far; 0 where the system
-/// doesn't tell.
+/// doesn't report it.
 int64_t waits() {
 #ifdef _WIN32
     return 0;

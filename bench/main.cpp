@@ -1,4 +1,4 @@
-// Run in the run folder, where Data lies. Prints ratios, not times: see RatioReport.h.
+// Run in the run folder, where Data is. Prints ratios, not times: see RatioReport.h.
 
 #include "bench/Benches.h"
 #include "bench/RatioReport.h"

@@ -1,4 +1,4 @@
-# Fails if a Windows program lacks its one manifest or tells another version than the project's, or
+# Fails if a Windows program lacks its one manifest or has another version than the project's, or
 # if the one with the window lacks its icon:
 #   cmake -DWINDRES=windres -DVERSION=1.2.3 "-DPROGRAMS=a.exe;b.exe" -P CheckResources.cmake
 # Without dpiAware Windows blows a small picture of the window up; a second manifest, such as some

@@ -37,7 +37,7 @@ if(WIN32)
   install(FILES packaging/licenses/README.txt packaging/licenses/CLI11.txt
     packaging/licenses/nlohmann-json.txt packaging/licenses/stb.txt packaging/licenses/xxHash.txt
     DESTINATION ${licences})
-  # What lies beside the programs or is linked into them brings its licence along.
+  # What is beside the programs or is linked into them brings its licence along.
   cmake_path(GET SDLMAIN_LIBRARY PARENT_PATH sdl)
   cmake_path(GET sdl PARENT_PATH sdl)
   install(FILES ${sdl}/bin/SDL.dll DESTINATION .)

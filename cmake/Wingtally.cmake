@@ -10,7 +10,7 @@ target_compile_options(wingtally_flags INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-Wshadow>)
 
 if(WIN32)
-  # The compiler's own libraries go into each program; beside it lies SDL alone.
+  # The compiler's own libraries go into each program; beside it is SDL alone.
   target_link_options(wingtally_flags INTERFACE -static)
 endif()
 
@@ -46,7 +46,7 @@ function(add_test_program name)
 endfunction()
 
 # wingtally_test(NAME LABEL label SOURCES file... LINKS library...): one GoogleTest program, one
-# label. It runs in the staged run folder, where the delivered Data lies.
+# label. It runs in the staged run folder, where the delivered Data is.
 function(wingtally_test name)
   cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LINKS" ${ARGN})
   add_test_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS})

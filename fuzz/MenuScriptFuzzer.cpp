@@ -101,7 +101,7 @@ void runSections(zel::HandledMenu& menu) {
     const std::vector<zel::MenuConfigFile::Section> sections = script.getSections();
     for (const zel::MenuConfigFile::Section& section : sections) {
         require(section.first >= 1 && section.last < lines && section.first <= section.last + 1,
-                "a section lies within the lines");
+                "a section is within the lines");
         script.executeSection(section.name, &menu);
     }
 }

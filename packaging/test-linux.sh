@@ -30,7 +30,7 @@ check_data() {
     done
 }
 
-# Every program has its page, and the page every option that the program tells of.
+# Every program has its page, and the page every option that the program has.
 check_pages() {
     for program in "$1"/bin/*; do
         page=$1/share/man/man1/$(basename "$program").1.gz
@@ -109,7 +109,7 @@ done
 mkdir "$work/deb" "$work/any folder"
 dpkg-deb -x "$deb" "$work/deb"
 gzip -dc "$work/deb/usr/share/doc/wingtally/changelog.gz" | head -n 1 |
-    grep -qF "($(dpkg-deb -f "$deb" Version))" || fail "packaging/changelog tells of another version"
+    grep -qF "($(dpkg-deb -f "$deb" Version))" || fail "packaging/changelog has another version"
 check_installed deb "$work/deb/usr"
 tar -xzf "$tgz" -C "$work/any folder"
 check_installed tgz "$(echo "$work/any folder"/*)"

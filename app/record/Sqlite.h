@@ -68,14 +68,14 @@ public:
     SqliteStatement(const SqliteStatement&) = delete;
     SqliteStatement& operator=(const SqliteStatement&) = delete;
 
-    /// Binds the values to the marks in turn and starts anew. An empty optional is NULL. Texts must
+    /// Binds the values to the marks in turn and restarts it. An empty optional is NULL. Texts must
     /// stay as they are until the rows have been read.
     template <typename... Values> SqliteStatement& with(const Values&... values) {
         restart();
         fill(0, values...);
         return *this;
     }
-    /// Binds the values to the marks after the first so many, and does not start anew.
+    /// Binds the values to the marks after the first so many, without restarting it.
     template <typename... Values> void fill(int place, const Values&... values) {
         (bind(++place, values), ...);
     }

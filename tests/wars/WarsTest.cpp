@@ -19,7 +19,7 @@ struct War {
         tools::Finding finding;
         EXPECT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
     }
-    /// A flight and the period behind it. Invitations are accepted and refused by turns.
+    /// A flight and the period after it. Invitations are accepted and refused by turns.
     bool goOn(int32_t period) {
         if (invitationDue(career) &&
             !(period % 3 == 0 ? session.refuseInvitation() : session.acceptInvitation()))

@@ -1,5 +1,5 @@
 #!/bin/sh
-# One cycle of a career in the window of the Windows program, by pointer; its simulator stands in the
+# One cycle of a career in the window of the Windows program, by pointer; its simulator is in the
 # registry and nowhere else. Then some switches are turned there and in the Linux program, and both
 # have to save the same bytes. tests/windows/cycle.sh LINUX-BUILD WINDOWS-BUILD, to be run with
 # packaging/with-wine.sh.
@@ -32,7 +32,7 @@ fail() {
     exit 1
 }
 
-# says WORDS: waits until the log has them in a line behind those that were seen before.
+# says WORDS: waits until the log has them in a line after those that were seen before.
 seen=0
 says() {
     for _ in $(seq 600); do
@@ -124,7 +124,7 @@ press 842 730 MenuGameMain
 press 182 730 MenuMain
 turn_switches
 quits
-[ -f "$simulator/data/Missions/WingtallyMission.Mission" ] || fail "no mission lies in the simulator's folder"
+[ -f "$simulator/data/Missions/WingtallyMission.Mission" ] || fail "there is no mission in the simulator's folder"
 [ -f "$user/Saves/savegame_v03.wty" ] || fail "no career was saved"
 words=$(grep -c . "$log")
 

@@ -158,7 +158,7 @@ TEST_F(PilotHistory, PostingsAreUsedUpByTheirDates) {
          "ABBAA", "111"},
         {"the first joins, the second moves",
          "date=19160101 unit=101001\ndate=19160201 unit=101002\n", "BBBBB", "11"},
-        {"the player's own lines stand behind the delivered ones",
+        {"the player's own lines come after the delivered ones",
          "date=19160801 unit=101002\ndate=19160901 unit=101002\ndate=19160101 unit=101001\n",
          "ABBBB", "101"},
         {"they lead nowhere",

@@ -54,7 +54,7 @@ TEST(Directory, ReportsAFolderThatIsNotThere) {
     EXPECT_EQ(directory.count(), 1);
     const LogCapture log;
     directory.list("no/such folder", "*");
-    EXPECT_EQ(directory.count(), 0) << "it lists anew";
+    EXPECT_EQ(directory.count(), 0) << "it lists again";
     EXPECT_TRUE(log.holds(" [Directory] Path not found: no/such folder\n"));
 }
 

@@ -91,7 +91,7 @@ TEST_F(Registry, ReadsADamagedFileAsFarAsItGoes) {
         const LogCapture log;
         zel::Registry::reset();
         EXPECT_EQ(zel::Registry::get("x", "none"), "10") << "the last of two entries";
-        EXPECT_EQ(zel::Registry::get("", "none"), "none") << "nothing behind the damage";
+        EXPECT_EQ(zel::Registry::get("", "none"), "none") << "nothing after the damage";
         EXPECT_EQ(log.linesWith(" [Registry] "), 1);
     }
 }
@@ -114,10 +114,10 @@ TEST_F(Registry, KeepsTheFileThatWasNotWhole) {
     zel::Registry::set("x", "11");
     EXPECT_EQ(folder.read("user/prefs.dat.damaged"), damaged);
     EXPECT_EQ(folder.read("user/prefs.dat.bak"), "the one before");
-    const std::string mended = saved();
+    const std::string repaired = saved();
     zel::Registry::set("x", "12");
     EXPECT_EQ(folder.read("user/prefs.dat.damaged"), damaged) << "only that one is damaged";
-    EXPECT_EQ(folder.read("user/prefs.dat.bak"), mended);
+    EXPECT_EQ(folder.read("user/prefs.dat.bak"), repaired);
     // There, and not to be read: more than any player's choices.
     constexpr uintmax_t TooLong = (1 << 24) + 1;
     std::filesystem::resize_file(folder.file("user/prefs.dat"), TooLong);

@@ -107,7 +107,7 @@ TEST_F(FontMetrics, MeasuresALine) {
         const char* what;
     } cases[] = {
         {"", 0, 0, "nothing"},
-        {"A", 10, 10, "the distance is between characters, not behind the last"},
+        {"A", 10, 10, "the distance is between characters, not after the last"},
         {"BA", 22, 24, "two"},
         {"BAA", 32, 36, "three"},
         {"AB", 20, 22, "kerned"},

@@ -132,7 +132,7 @@ TEST_F(ImageHandlerTest, TriesAndReportsEachNameOnce) {
     picture("broken");
     EXPECT_EQ(handler.getImage(broken), nullptr);
     handler.clear();
-    EXPECT_NE(handler.getImage(broken), nullptr) << "mended, and asked for anew";
+    EXPECT_NE(handler.getImage(broken), nullptr) << "repaired, and asked for again";
 }
 
 /// An image of a bitmap of 8 x 4.

@@ -74,7 +74,7 @@ TEST(ImageIndex, ReadsHowAnImageIsPlaced) {
                             .images;
     ASSERT_EQ(images.size(), 3u);
     EXPECT_EQ(placing(images[0]), "1.5,-2,2,2,45,3,4");
-    EXPECT_EQ(placing(images[1]), "0,0,2,0,0,0,0") << "each image begins anew";
+    EXPECT_EQ(placing(images[1]), "0,0,2,0,0,0,0") << "each image begins again";
     EXPECT_EQ(placing(images[2]), "0,0,1,1,0,0,0");
     EXPECT_EQ(images[2].lifetime, zel::LifetimePersistent) << "but a lifetime stays";
     EXPECT_EQ(parse("lifetime forever\nimage a").images.at(0).lifetime, zel::LifetimeLong);

@@ -123,7 +123,7 @@ TEST_F(HandledMenuTest, RunsTheSectionThenTheTransition) {
     EXPECT_EQ(StatesMachine::getInstance().getActiveState()->getName(), "B")
         << "the widget's change is immediate, the script's request waits and is lost";
     EXPECT_TRUE(driver->untilIdle("A"));
-    EXPECT_TRUE(menu->getWidgets().count("go") == 1) << "the widgets came anew";
+    EXPECT_TRUE(menu->getWidgets().count("go") == 1) << "the widgets were made again";
 }
 
 TEST_F(HandledMenuTest, RunsPreloadAtEveryEntering) {

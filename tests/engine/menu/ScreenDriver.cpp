@@ -17,7 +17,7 @@ namespace {
 // it creeps. Before, it stands still, so that what is drawn from the time is the same in every run.
 uint32_t now = 0;
 uint32_t readings = 0;                   // in this frame
-constexpr const char* Locale = "LC_ALL"; // goes before all others
+constexpr const char* Locale = "LC_ALL"; // overrides all others
 constexpr uint32_t PatientReadings = 20000;
 constexpr uint32_t ReadingsPerMillisecond = 1000;
 

@@ -16,7 +16,7 @@ struct ScriptElement {
     const char* name;
     const char* kind; // "textarea", or a kind of widgets
     zel::PixelRect place;
-    const char* added = ""; // what stands behind its name where it is added
+    const char* added = ""; // what follows its name where it is added
 };
 
 /// A script of a layout "l" of these elements, which are added in this order: its last section is

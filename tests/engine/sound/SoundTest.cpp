@@ -115,7 +115,7 @@ TEST(SoundReader, KeepsLengthAndPitchAtEveryRate) {
                 const double margin =
                     Amplitude * std::pow(Omega / rate, 2) / 8 + (bits == 8 ? 129 : 2);
                 double worst = 0;
-                // Behind the last sample of the slowest rate there are no more lines.
+                // After the last sample of the slowest rate there are no more lines.
                 for (int32_t frame = 0; frame < SoundRate - 6; ++frame)
                     for (const int32_t side : {0, 1}) {
                         const auto place = static_cast<size_t>(frame * 2 + side);
@@ -141,7 +141,7 @@ TEST(SoundReader, TakesEveryFormOfSamples) {
         << "the first two of many channels";
     EXPECT_EQ(converted({SoundRate / 2, 1, 8, false, false}, bytes.substr(0, 2)),
               (Samples{0, 0, -16384, -16384, -32768, -32768, -32768, -32768}))
-        << "between two samples, and behind the last";
+        << "between two samples, and after the last";
 }
 
 TEST(SoundReader, RefusesWhatMakesNoSense) {
@@ -193,7 +193,7 @@ TEST_F(SoundHandlerTest, OpensTheDeviceForTheFirstSound) {
     EXPECT_FALSE(handler.hasDevice());
     EXPECT_EQ(handler.getPlayingCount(), 0);
     handler.play(file);
-    EXPECT_TRUE(handler.hasDevice()) << "it begins anew";
+    EXPECT_TRUE(handler.hasDevice()) << "it begins again";
 }
 
 TEST_F(SoundHandlerTest, TouchesNothingWhileItIsOff) {

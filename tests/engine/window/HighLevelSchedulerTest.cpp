@@ -87,7 +87,7 @@ TEST_F(HighLevelSchedulerTest, NobodyStarves) {
     a.duration = 40;
     // It falls due in the first pass; after 100 late ones the time no longer matters.
     const std::string all = pass(102);
-    EXPECT_EQ(all.find('b'), 102U) << "in the 102nd pass, behind 102 of the other's";
+    EXPECT_EQ(all.find('b'), 102U) << "in the 102nd pass, after 102 of the other's";
     EXPECT_EQ(std::count(all.begin(), all.end(), 'b'), 1);
 }
 

@@ -91,7 +91,7 @@ TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
         press(false);
         work.showPicture();
         type('b');
-        press(); // and still held behind it
+        press(); // and still held after it
     }
     EXPECT_FALSE(Mouse::isButtonDown(1));
     EXPECT_FALSE(Mouse::isButtonHit(1));

@@ -120,7 +120,7 @@ TEST_F(StatesMachineTest, AStateOnTopComesFromAboveAndGoesUpwards) {
     enter(top);
     frames(40, 50);
     machine.setActiveState(&second);
-    EXPECT_FALSE(machine.isNewStateOnTop()) << "the leaving one lies above the new one";
+    EXPECT_FALSE(machine.isNewStateOnTop()) << "the leaving one is above the new one";
     frames(4);
     frame(101);
     EXPECT_EQ(second.getOpacity(), 1);
@@ -182,7 +182,7 @@ TEST_F(StatesMachineTest, SaysOnceWhatItCannotFollow) {
 TEST_F(StatesMachineTest, FindsStatesByName) {
     EXPECT_EQ(machine.getState("<second"), &second);
     EXPECT_EQ(machine.getState("Second"), nullptr) << "names are case-sensitive";
-    EXPECT_EQ(machine.getState("<"), nullptr) << "looked up as it stands";
+    EXPECT_EQ(machine.getState("<"), nullptr) << "looked up as it is";
     RecordingState odd("<", told);
     EXPECT_EQ(machine.getState("<"), &odd);
     RecordingState twin("second", told);

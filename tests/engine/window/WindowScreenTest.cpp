@@ -194,7 +194,7 @@ TEST_F(WindowScreenTest, KeepsTheDesignWhenItIsResized) {
     canvas.clearWindow();
     canvas.draw(picture, {0, 0, 4, 4});
     expectPicture(10);
-    SDL_EventState(SDL_MOUSEMOTION, SDL_IGNORE); // of the pointer that lies on the display
+    SDL_EventState(SDL_MOUSEMOTION, SDL_IGNORE); // of the pointer that is on the display
     send(motionEvent(10 + 256, 192));
     EXPECT_EQ(Mouse::getX(), 512);
     EXPECT_EQ(Mouse::getY(), 384);

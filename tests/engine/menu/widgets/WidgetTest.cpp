@@ -243,7 +243,7 @@ protected:
 
 TEST_F(ScrollingAreaTest, MovesWhatIsNamedAfterIt) {
     driver.press("list.c");
-    EXPECT_EQ(hit(), "none") << "it lies below the area's edge";
+    EXPECT_EQ(hit(), "none") << "it is below the area's edge";
     moveTo(150, 180);
     button(true);
     moveTo(150, 120);
