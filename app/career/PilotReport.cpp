@@ -24,7 +24,7 @@ void tellVictories(const std::vector<PilotReport>& reports, const Database& care
         if (!career.isPilot(report.pilot))
             continue;
         for (const int32_t kill : report.kills) {
-            const PilotReport& fallen = reports[static_cast<size_t>(kill)];
+            const PilotReport& fallen = reports[kill];
             const bool isKnown = career.isPilot(fallen.pilot);
             Victory victory;
             victory.victor = report.pilot;
@@ -52,7 +52,7 @@ Posting deathOf(const PilotReport& report, const std::vector<PilotReport>& repor
     const int32_t by = report.shotdownBy >= 0 ? report.shotdownBy : report.shotdownByOwn;
     if (by < 0)
         return death;
-    const PilotReport& killer = reports[static_cast<size_t>(by)];
+    const PilotReport& killer = reports[by];
     if (career.isPilot(killer.pilot))
         death.other = killer.pilot;
     else

@@ -144,7 +144,7 @@ void RecordWriter::writeVictories(SqliteFile& file, const Database& career,
     const auto bindRow = [&](SqliteStatement& row, int place,
                              const RecordEvents::DatedVictory& won) {
         const Victory& victory = won.victory;
-        const int32_t flight = won.flight < 0 ? -1 : flightNumbers[static_cast<size_t>(won.flight)];
+        const int32_t flight = won.flight < 0 ? -1 : flightNumbers[won.flight];
         row.fill(place, won.date, orNull(flight), victory.victor, nameOf(career, victory.victor),
                  won.victorSquadron, victory.victorAircraft, orNull(victory.victim),
                  victory.victim >= 0 ? nameOf(career, victory.victim) : victory.victimName.view(),

@@ -85,7 +85,7 @@ public:
 private:
     Object objectOf(int32_t id) const {
         const int32_t index = report.findByObject(id);
-        return {index, index >= 0 && report.pilots[static_cast<size_t>(index)].planeId != id};
+        return {index, index >= 0 && report.pilots[index].planeId != id};
     }
 
     /// Bullets come many a second.
