@@ -15,8 +15,8 @@ public:
     static void setOpen(bool open);
 
 protected:
-    /// Saves the career. On error the widget that was just hit leads to the page that reports it,
-    /// this once: a player who went on would lose what he has flown since the last save.
+    /// Saves the career. On error the widget that was just hit leads, this once, to the page that
+    /// reports it: a player who continued would lose everything since the last save.
     static void saveBefore(zel::Widget& leaving);
     /// Null while there is no career.
     static Database* runningCareer();

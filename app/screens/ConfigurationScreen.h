@@ -14,7 +14,7 @@ public:
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 protected:
-    /// The page has these switches from the next reset() on.
+    /// Sets the page's switches, from the next reset() on.
     void setSwitches(std::vector<Switch> newSwitches) { switches = std::move(newSwitches); }
     /// A switch was just turned, and its new position is stored.
     virtual void onTurned(const Switch& /*turned*/) {}

@@ -2,8 +2,8 @@
 
 #include "app/screens/CareerScreen.h"
 
-/// The page of the war diary on which the war moves on. The combat report moves it as it is left;
-/// then this page shows the new date, until the player goes on.
+/// The war diary page. Leaving the combat report advances the war; this page then shows the new
+/// date until the player continues.
 class MenuGameAdvance : public CareerScreen {
 public:
     MenuGameAdvance() : CareerScreen("MenuGameAdvance") {}

@@ -60,7 +60,7 @@ void MenuGameCombatReport::clearColumns() {
     showNote({});
 }
 
-/// On a slip of its own, which is there for nothing else.
+/// Shown on its own slip, which has no other use.
 void MenuGameCombatReport::showNote(const zel::String& note) {
     setVisible("slip", !note.empty());
     setText("note", note);

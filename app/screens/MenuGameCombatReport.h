@@ -7,8 +7,8 @@
 class Flight;
 struct ReportEntry;
 
-/// What happened to everybody in the last mission, a column for each side. Leaving the page moves
-/// the war on, whichever way it is left.
+/// What happened to everybody in the last mission, one column per side. Leaving the page by any way
+/// advances the war.
 class MenuGameCombatReport : public CareerScreen {
 public:
     explicit MenuGameCombatReport(Flight& flight)

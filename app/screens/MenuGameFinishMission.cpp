@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double LookInterval = 8.0; // seconds, and once round for the hand of the watch
+constexpr double LookInterval = 8.0; // seconds; one turn of the watch's hand
 constexpr int32_t HandPlaces = 8;
 
 /// Never while the simulator is in front: it needs the machine for itself.
@@ -54,7 +54,7 @@ void MenuGameFinishMission::onEnter() {
 void MenuGameFinishMission::update() {
     if (runningCareer() == nullptr)
         return;
-    // While he goes away from here a report that is found would never be shown.
+    // A report that is found while the player leaves the page would never be shown.
     if (timer.getSeconds() > LookInterval && isPlayerHere() &&
         zel::StatesMachine::getInstance().isSettled() && look(false))
         setTransition("MenuGameCombatReport");

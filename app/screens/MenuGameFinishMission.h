@@ -5,10 +5,10 @@
 
 class Flight;
 
-/// Waits while the player flies. Every eight seconds, as long as the player has its window in
-/// front, it looks for the log of his flight; once that has the end of his mission it goes on to
-/// the combat report. Until then it says whether it looks ("watch", and the hand of the watch) and
-/// what it has found so far ("log"). "lookNow" looks at once; so does the way on without a report.
+/// Waits while the player flies. Every eight seconds, while the window is in front, it checks for
+/// the log of the flight. Once the log has the end of the mission, the combat report follows. Until
+/// then the page shows whether it is checking ("watch", and the watch's hand) and what it has found
+/// so far ("log"). "lookNow" checks at once; so does the button that continues without a report.
 class MenuGameFinishMission : public CareerScreen {
 public:
     explicit MenuGameFinishMission(Flight& flight)

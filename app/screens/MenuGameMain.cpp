@@ -46,8 +46,8 @@ void MenuGameMain::showSheet(const Database& career) {
     setActive("sheet", false); // it is no button
 }
 
-// A fallen player's successor becomes the player between two visits; the career itself doesn't
-// keep whom he follows.
+// A fallen player's successor takes over between two visits; the career itself doesn't record whom
+// he succeeds.
 void MenuGameMain::noteSuccession(const Database& career) {
     if (careerNumber != career.careerNumber)
         predecessor = -1;

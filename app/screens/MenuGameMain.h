@@ -24,5 +24,5 @@ private:
     const CareerRecord& record;
     int32_t careerNumber = -1; // of the career that was shown last
     int32_t pilot = -1;        // the player's then
-    int32_t predecessor = -1;  // whose place the player took, while this program watched; or -1
+    int32_t predecessor = -1;  // whom the player succeeded while the program ran; or -1
 };

@@ -57,7 +57,7 @@ void MenuGameStartMission::showWhatToDo(bool isFlyable) {
 void MenuGameStartMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     Database* career = runningCareer();
     if (widget->getName() == "menuButton1")
-        widget->reset(); // it leads nowhere, and stays usable
+        widget->reset(); // it leads nowhere and stays usable
     else if (widget->getName() == "menuButton4" && isSkipped && career != nullptr)
         flight.findReport(*career, true); // he may have flown before he switched his machines off
 }

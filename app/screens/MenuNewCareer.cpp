@@ -28,7 +28,7 @@ void MenuNewCareer::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
 void MenuNewCareer::startCareer() {
     Database* career = Database::instance();
     if (career == nullptr || !career->hasCareer() || menu->isTransitionRequested())
-        return; // the second of two quick presses comes when all is done
+        return; // the second of two quick presses arrives after the work is done
     {
         const WarProgress progress;
         career->simulateToDate(chosen("startYear"), chosen("startMonth"), 1);

@@ -2,8 +2,8 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
-/// The last page on the way to a new career. It makes one, shows the player who he is, and at his
-/// press fights the war up to the day on which he begins.
+/// The last page before a new career. It creates the career, shows the player who he is and, once
+/// he confirms, simulates the war up to his first day.
 ///
 /// What was chosen on the pages before is in the global strings `service` (0 French, 1 English,
 /// 2 German), `startYear` and `startMonth`.

@@ -11,11 +11,11 @@ public:
 
     /// Whether the menus have a page of that name.
     static bool isPage(const char* name);
-    /// Asks for the change from that menu to the page of that name. Without such a page nothing
-    /// happens. The reason is drawn as it is.
+    /// Requests the change from that menu to the named page. Does nothing if there is no such page.
+    /// The reason is drawn verbatim.
     static void show(zel::Menu& menu, const char* page, const zel::String& why);
-    /// The widget that was just hit leads to that page, this once. Without such a page it leads
-    /// where it always does.
+    /// Makes the widget that was just hit lead to that page, this once. If there is no such page,
+    /// it leads where it normally does.
     static void divert(zel::Widget& widget, const char* page, const zel::String& why);
 
 private:

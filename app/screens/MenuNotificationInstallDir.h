@@ -2,9 +2,9 @@
 
 #include "app/screens/MenuNotification.h"
 
-/// The page that reports that the simulator was not found. "path" shows where the settings file is
-/// looked for, and "example" what is in it. The example's folder begins as the path does: at a
-/// drive, as the menu has it, or at the root. "Check again" reads the settings again.
+/// Reports that the simulator was not found. "path" shows where the program looks for the settings
+/// file, "example" what the file contains. The example's folder starts like the path: with a drive,
+/// as in the menu's own text, or at the root. "Check again" reads the settings again.
 class MenuNotificationInstallDir : public MenuNotification {
 public:
     MenuNotificationInstallDir() : MenuNotification("MenuNotificationInstallDir") {}

@@ -2,8 +2,8 @@
 
 #include "app/screens/MenuNotification.h"
 
-/// The page that comes before the squadron office when the save file was damaged: what was fixed,
-/// where the damaged file is kept, and the way back to the save before it.
+/// Shown before the squadron office when the save file was damaged: what was fixed, where the
+/// damaged file is kept, and how to return to the previous save.
 class MenuNotificationRepair : public MenuNotification {
 public:
     MenuNotificationRepair() : MenuNotification("MenuNotificationRepair") {}

@@ -17,8 +17,8 @@ MenuNotificationUnsaved::MenuNotificationUnsaved() : CareerScreen("MenuNotificat
     zel::ZelLoop::setCloseAnswer([this] { return mayClose(); });
 }
 
-// As zel::ZelLoop::setCloseAnswer() wants it. In the midst of a change of screens it waits: the
-// screen that is left must hear of it.
+// The answer for zel::ZelLoop::setCloseAnswer(). During a change of screens it waits, so that the
+// screen that is left gets its onLeave().
 bool MenuNotificationUnsaved::mayClose() {
     zel::StatesMachine& machine = zel::StatesMachine::getInstance();
     zel::State* page = machine.findState("MenuNotificationUnsaved");
@@ -33,8 +33,8 @@ bool MenuNotificationUnsaved::mayClose() {
         return true;
     zel::Platform::getInstance().forgetQuit();
     if (shown == page->getName())
-        return false; // it is the question that he closes
-    // Leaving the report moves the war on, and it is shown only once.
+        return false; // he closes the question itself
+    // Leaving the report advances the war, and the report is shown only once.
     cameFrom = shown == "MenuGameCombatReport" ? "MenuGameAdvance" : shown;
     machine.setActiveState(page);
     return false;

@@ -2,9 +2,9 @@
 
 #include "app/screens/CareerScreen.h"
 
-/// The page that comes when the player closes the window and would lose something: what happened
-/// since the last save, or a mission whose report has not come. He goes back, saves and quits, or
-/// quits without saving.
+/// Shown when the player closes the window and would lose something: the changes since the last
+/// save, or a mission that has no report yet. He goes back, saves and quits, or quits without
+/// saving.
 class MenuNotificationUnsaved : public CareerScreen {
 public:
     MenuNotificationUnsaved();

@@ -7,7 +7,7 @@
 /// How many switches a page has room for.
 constexpr int32_t PlanesPerSheet = 12;
 
-/// The sheets that the planes of a side fill, at least one.
+/// The number of sheets that a side's planes need, at least 1.
 int32_t planeSheets(bool allied);
 /// The switches of a sheet (from 1 on) for the planes of a side, in the order of the list, as
 /// "item1" to "item12".

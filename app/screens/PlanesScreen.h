@@ -3,7 +3,7 @@
 #include "app/screens/ConfigurationScreen.h"
 
 /// The planes of a side that the player has, twelve a sheet. A side with more planes has plates
-/// that turn the sheets, three at most.
+/// that select the sheet, three at most.
 class PlanesScreen : public ConfigurationScreen {
 public:
     PlanesScreen(const char* menuName, bool allied);

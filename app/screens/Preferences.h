@@ -2,17 +2,17 @@
 
 #include "app/screens/Switch.h"
 
-/// The player's wishes that concern the program alone, not the career.
+/// The player's preferences for the program, not for the career.
 namespace preferences {
 
 Switch sound();      // on at first
 Switch fullScreen(); // off at first
 
-/// The sounds follow the switch.
+/// Applies the switch to the sounds.
 void applySound();
-/// The window follows the switch.
+/// Applies the switch to the window.
 void applyFullScreen();
-/// The switch follows the window, whose keys have switched it.
+/// Updates the switch after the window's keys have changed the mode.
 void noteFullScreen(bool isFullscreen);
 
 } // namespace preferences

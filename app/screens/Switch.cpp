@@ -35,7 +35,7 @@ void Switch::show(zel::Menu& menu) const {
 }
 
 void Switch::turn(zel::Widget& pressed) const {
-    // Unsigned, since a player may have edited in any number, and 1 less the lowest overflows.
+    // Unsigned, since an edited file may hold any number, and 1 minus the lowest overflows.
     const auto position = uint32_t(zel::Registry::get(key, atFirst).toInt());
     zel::Registry::set(key, int32_t(1 - position));
     pressed.reset();

@@ -8,18 +8,18 @@ class Menu;
 class Widget;
 } // namespace zel
 
-/// A key of the preferences that a widget shows and turns.
+/// A preference that a widget shows and toggles.
 struct Switch {
     zel::String widget;
     zel::String key;
     const SwitchForms* texts = nullptr;
-    zel::String name = {};     // of what it turns, for texts that name it; English
-    const char* atFirst = "1"; // as long as the player has not turned it
+    zel::String name = {};     // of the setting, for texts that name it; English
+    const char* atFirst = "1"; // until the player toggles it
 
     bool isOn() const;
-    /// Puts its text into the widget. A kind whose name ends so is exchanged for its other one, if
-    /// the theme has it, so that the plate's lamp follows.
+    /// Sets the widget's text. A kind whose name ends in a position changes to the kind for the
+    /// other position, if the theme has it, so that the plate's lamp matches.
     void show(zel::Menu& menu) const;
-    /// Stores the other position at once, and resets the widget, so that it can be pressed again.
+    /// Stores the other position at once and resets the widget, so that it can be pressed again.
     void turn(zel::Widget& pressed) const;
 };

@@ -9,7 +9,7 @@ class Menu;
 
 /// Shows the progress while the war is fought, for as long as this object lives: the element
 /// "progressDate" of the active screen shows the date reached, and the pressed picture of the
-/// widget "progress" grows over it with the share that is done. Both are hidden before and after.
+/// widget "progress" covers it in proportion to the work done. Both are hidden before and after.
 class WarProgress : public WarObserver {
 public:
     WarProgress();
@@ -17,7 +17,7 @@ public:
     WarProgress(const WarProgress&) = delete;
     WarProgress& operator=(const WarProgress&) = delete;
 
-    /// As long as there is nothing to show.
+    /// Hides both elements, for a page that has no progress to show yet.
     static void hide(const zel::Menu* menu) { show(menu, false); }
 
     void onWarProgress(const Calendar& date, float share) override;

@@ -2,10 +2,10 @@
 
 #include "engine/core/String.h"
 
-/// What the application is called and how it begins.
+/// The application's name and its first screen.
 class ZelAppInfo {
 public:
-    /// In the caption, and of the user's folder.
+    /// The window's caption and the name of the user's folder.
     static zel::String getAppName() { return "Wingtally"; }
     static zel::String getIdentifier() { return "wingtally"; }
     /// The first line of the list of screens; "blackScreen" if there is none.

@@ -1,4 +1,4 @@
-#include <SDL.h> // where SDL starts the program itself, it does so under a main of its own
+#include <SDL.h> // where SDL provides main itself, it renames ours
 
 #include "app/mission/Settings.h"
 #include "app/screens/ZelAppInfo.h"
@@ -11,8 +11,8 @@
 
 namespace {
 
-/// Goes where the program's files are, if it was started elsewhere, as from a menu or by a
-/// shortcut.
+/// Changes to the folder of the program's files if it was started elsewhere, for example from a
+/// menu or a shortcut.
 void enterRunDirectory() {
     if (zel::system::fileStatus("Menus\\init.lst").exists)
         return;
@@ -20,7 +20,7 @@ void enterRunDirectory() {
         zel::system::changeDirectory(folder);
 }
 
-/// Where nobody sees the program's words they can be read afterwards.
+/// Also writes the log to a file, since players usually see no console.
 void keepLog() {
     zel::setApplicationTitle(ZelAppInfo::getAppName());
     const zel::String folder = zel::getUserDirectory();
