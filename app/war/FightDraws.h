@@ -9,7 +9,7 @@
 #include <emmintrin.h>
 #endif
 
-/// A draw of the fight names one of this many places by its remainder.
+/// A draw selects one of this many places by its remainder.
 constexpr int32_t FightPlaces = 16;
 
 /// Bit i is set when values[i] % FightPlaces is below the limit, for sixteen values.
@@ -31,9 +31,9 @@ inline uint32_t placesBelow(const uint32_t* values, int32_t limit) {
 #endif
 }
 
-/// How many of the pairs of values, from the first on, surely name no two planes that may meet: the
-/// places below `front` are one side's, those from there to `planes` the other's, and the rest is
-/// empty. Counts whole chunks of eight pairs at the end, so some more may follow.
+/// The number of leading pairs of values that cannot select two planes that may meet. Places below
+/// `front` belong to one side, those from there to `planes` to the other; the rest are empty.
+/// Towards the end only whole chunks of eight pairs count, so a few more such pairs may follow.
 inline int32_t missesBefore(const uint32_t* values, int32_t pairs, int32_t front, int32_t planes) {
     constexpr uint32_t FirstOfPairs = 0x5555;
     int32_t misses = 0;
@@ -56,8 +56,8 @@ public:
     float getFloat(float most) { return random.getFloat(0, most); }
     /// A draw up to `most` if the condition holds, otherwise 0 and no draw.
     float getFloatIf(bool condition, float most) { return condition ? getFloat(most) : 0; }
-    /// So many times, draws a place; where that is above the skill, a draw from 0 to the value
-    /// replaces the value.
+    /// Repeated `times` times: draws a place and, if it is above the skill, replaces the value by a
+    /// draw from 0 to the value.
     float fumble(float value, int32_t skill, int32_t times) {
         for (int32_t i = 0; i < times; ++i)
             if (getInt<FightPlaces - 1>() > skill)
@@ -69,12 +69,12 @@ private:
     zel::Random& random;
 };
 
-/// The same draws out of values that are ready. Whether a draw is taken is as good as a coin's
-/// toss, which no processor can predict: both outcomes are computed and one is kept. Integers make
-/// the choice, because compilers turn one between floats into a branch.
+/// The same draws from values that are ready. Whether a draw is taken is a coin toss, which no
+/// processor can predict: both outcomes are computed and one is kept. Integers make the choice,
+/// because compilers turn one between floats into a branch.
 class ReadyDraws {
 public:
-    /// The most that a meeting takes: as many must be ready.
+    /// The most values that a meeting takes; this many must be ready.
     static constexpr uint32_t MostOfMeeting = 26;
 
     ReadyDraws(zel::Random& random, const uint32_t* values)

@@ -6,18 +6,18 @@
 /// explains them to players. Changing one changes every career.
 namespace fight {
 
-// Each of the two draws for the attacker goes up to his level's part and, from a level on, his
-// skill's.
+// The upper bound of the attacker's two draws is his level's part plus, from LevelThatUsesSkill on,
+// his skill's part.
 constexpr float AttackOfLevel = 0.06F;
 constexpr float AttackOfSkill = 0.06F;
 constexpr int32_t LevelThatUsesSkill = 3;
 
-// Each of the draws for the target goes up to the sum of these, divided for what he lacks.
+// The upper bound of the target's draws is the sum of these, divided for missing experience.
 constexpr float DefenceOfLevel = 0.092F;
 constexpr float DefenceOfSkill = 0.01F;
 constexpr float NoVictoryDivisor = 1.2F;
-constexpr float GreenDivisor = 1.05F;    // for each victory and each mission that he lacks
-constexpr int32_t VictoriesNotGreen = 5; // so many lack none
+constexpr float GreenDivisor = 1.05F;    // for each missing victory and each missing mission
+constexpr int32_t VictoriesNotGreen = 5; // from here on none is missing
 constexpr int32_t MostVictoriesLacking = 4;
 constexpr int32_t MissionsNotGreen = 4;
 
@@ -31,6 +31,6 @@ constexpr uint32_t WoundDraw = 4;
 constexpr float WoundStep = 0.25F; // of each point of that draw
 constexpr float DamageThatDowns = 1.0F;
 constexpr float InjuryThatKills = 1.0F;
-constexpr uint32_t DroppedDraw = 12; // made when a plane goes down, and used for nothing
+constexpr uint32_t DroppedDraw = 12; // drawn when a plane goes down, and not used
 
 } // namespace fight

@@ -10,8 +10,8 @@
 
 namespace {
 
-// An answer puts the next invitation off by months: a draw from a lower to an upper bound, which
-// are draws themselves, but for the upper one of who accepts.
+// An answer postpones the next invitation by months, drawn between a lower and an upper bound. The
+// bounds are draws too, except for the upper one after an acceptance.
 constexpr int32_t LeastLower = 1;
 constexpr int32_t MostLower = 3;
 constexpr int32_t LeastUpper = 3;

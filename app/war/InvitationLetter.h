@@ -8,7 +8,7 @@
 
 class Database;
 
-/// A pending invitation as it is put to the player: the letter, and what his answer does.
+/// A pending invitation as the player sees it: the letter, and the effect of his answer.
 class InvitationLetter {
 public:
     virtual ~InvitationLetter() = default;

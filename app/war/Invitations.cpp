@@ -12,16 +12,16 @@
 namespace {
 
 constexpr int32_t Tries = 600;
-// A squadron takes the player up to this strength, and one more for each of his victories, and one
-// more again for each of the first five.
+// A squadron accepts the player up to this strength, plus one for each of his victories, plus
+// another one for each of the first five.
 constexpr int32_t StrengthOpenToAll = 5;
 constexpr int32_t VictoriesCountedTwice = 5;
 constexpr int32_t PilotsOfStrength = 5;   // the best counts five times, the next four times ...
-constexpr float StrengthDivisor = 14.0F;  // sic: the weights sum up to 15
+constexpr float StrengthDivisor = 14.0F;  // sic: the weights add up to 15
 constexpr float BonusForName = 100000.0F; // named squadrons beat generated ones
 constexpr float BonusForPlane = 10000.0F; // and among these, those that fly the day's type
 
-/// Whether the squadron would take the player at all: the stronger it is, the more it asks.
+/// Whether the squadron would accept the player at all: a stronger one demands more.
 bool wouldTake(const Pilot& player, float strength) {
     const int32_t limit = StrengthOpenToAll + player.shotdowns +
                           std::min<int32_t>(player.shotdowns, VictoriesCountedTwice);

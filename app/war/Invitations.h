@@ -8,10 +8,10 @@ class Database;
 /// index out of range.
 float squadronStrength(const Database& career, int32_t squadron);
 
-/// The best squadron of the player's nation out of 600 draws that would have him; -1 for none, and
-/// when his own is the best. REQUIRES: a career.
+/// The best squadron of the player's nation, out of 600 draws, that would accept him; -1 for none,
+/// and when his own is the best. REQUIRES: a career.
 int32_t pickInvitationSquadron(const Database& career);
 
-/// Whether an invitation is pending, with invitationSquadron set. Searches for one when the month
-/// has come, and puts the month off when none is found. REQUIRES: a career.
+/// Whether an invitation is pending, with invitationSquadron set. Searches for one once the month
+/// is reached, and postpones the month if none is found. REQUIRES: a career.
 bool invitationDue(Database& career);

@@ -84,7 +84,7 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
         front = 0;
 }
 
-// Nine steps of ten find no pair: these are found and passed over many at a time.
+// Nine of ten steps find no pair; these are detected and skipped in bulk.
 void MissionSimulator::fight(int32_t steps) {
     const int32_t planes = std::min(static_cast<int32_t>(pilots.size()), FightPlaces);
     while (steps > 0) {

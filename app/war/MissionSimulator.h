@@ -28,17 +28,17 @@ public:
     /// One meeting, or none when the two draws hit no pair that can meet. True when the fight is
     /// over: one side has nobody left, or there are no records at all.
     bool fightStep();
-    /// At most that many steps, up to the end of the fight.
+    /// Runs at most that many steps and stops when the fight is over.
     void fight(int32_t steps);
-    /// Carries victories, missions and deaths into the career; without an argument, into the
-    /// running program's one if there is one.
+    /// Applies victories, missions and deaths to the career; without an argument, to the running
+    /// program's career if there is one.
     void applyResult();
     void applyResult(Database& career) const;
 
     const std::vector<PilotReport>& records() const { return pilots; }
 
 private:
-    /// What a record brings into every meeting; it doesn't change while the fight lasts.
+    /// A record's contribution to every meeting; constant during the fight.
     struct FightFigures {
         float attack = 0;  // each of the two attack draws goes up to this
         float defence = 0; // and each defence draw up to this

@@ -32,14 +32,15 @@ constexpr int32_t MostStartMissions = 300;
 constexpr int32_t StartUpSteps = 1000;
 constexpr int32_t LeastMissions = 400;
 constexpr int32_t MostMissions = 750;
-// The steps of a period's mission: a draw of a draw of one up to MostSteps, none below LeastSteps.
+// The steps of a period's mission: three draws from LeastSteps up, each bounded by the one before,
+// the first by MostSteps.
 constexpr int32_t LeastSteps = 10;
 constexpr int32_t MostSteps = 30000;
 constexpr int32_t SquadronsPerMove = 30; // one in so many changes its base in a period
 
 WarObserver* warObserver = nullptr;
 
-/// The days that simulateToDate has to cover, for the share that the observer hears of.
+/// The days that simulateToDate covers, for the fraction that the observer receives.
 struct Stretch {
     int32_t firstDay; // as Calendar::dayNumber()
     int32_t days;
@@ -50,7 +51,7 @@ void reportProgress(const Database& career, float share) {
         warObserver->onWarProgress(career.calendar(), share);
 }
 
-/// The share of the stretch that is done; of the period while there is no stretch or it has no
+/// The fraction of the stretch that is done; of the period if there is no stretch or it has no
 /// days.
 float shareDone(const Database& career, const Stretch* stretch, float shareOfPeriod) {
     if (stretch == nullptr || stretch->days <= 0)
@@ -71,7 +72,7 @@ int32_t drawDays(int32_t year) {
     return 0;
 }
 
-/// Fights a planned mission and carries the outcome into the career.
+/// Fights a planned mission and applies the outcome to the career.
 void fightPlan(Database& career, const std::vector<PlannedPlane>& plan, MissionSimulator& simulator,
                int32_t steps) {
     simulator.reset();

@@ -10,14 +10,14 @@ class MissionGenerator;
 /// than 1915 to 1918 the date stays as it is.
 void advanceWar(Database& career, MissionGenerator* generator);
 
-/// Hears of the progress of a long stretch of war, to show it. It may not touch the career.
+/// Receives the progress of a long simulation, to show it. It must not change the career.
 class WarObserver {
 public:
     virtual ~WarObserver() = default;
-    /// After each unseen mission: the date reached, and the share of the present stretch that is
-    /// done, 0 to 1.
+    /// Called after each unseen mission with the date reached and the fraction of the current
+    /// stretch that is done, 0 to 1.
     virtual void onWarProgress(const Calendar& date, float share) = 0;
 };
 
-/// Null, as at the start, for nobody. The observer must outlive its registration.
+/// Null, the default, for none. The observer must outlive its registration.
 void setWarObserver(WarObserver* observer);
