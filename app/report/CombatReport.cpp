@@ -20,12 +20,12 @@ std::string_view shortName(std::string_view name) {
     return front.empty() ? zel::trimmed(name, ' ') : front;
 }
 
-/// As much of a name as comes back in the log.
+/// The part of a name that the log repeats.
 std::string_view loggedPart(std::string_view name) {
     return zel::trimmed(name.substr(0, LongestLoggedName), ' ');
 }
 
-/// Whether a plane planned under one name can be the one that the log names so.
+/// Whether a plane planned under one name can be the one with the other name in the log.
 bool namesFit(std::string_view planned, std::string_view logged) {
     const std::string_view plannedShort = shortName(planned);
     const std::string_view loggedTrimmed = zel::trimmed(logged, ' ');

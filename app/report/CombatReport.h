@@ -12,9 +12,9 @@
 
 struct PlannedPlane;
 
-/// The report of one flown mission. It is read from the simulator's log and judged, its records are
+/// The report of one flown mission. It is read from the simulator's log and judged. Its records are
 /// matched with the career's pilots through the plan that the mission generator still holds, and
-/// the results are carried into the career. instance() is the report made last.
+/// the results are applied to the career. instance() is the most recent report.
 class CombatReport {
 public:
     CombatReport();
@@ -30,9 +30,9 @@ public:
 
     /// Reads a mission's log: the piece "[0]" of that name in the folder (which ends in a
     /// separator) and the pieces that continue it. True if the log shows a finished mission with at
-    /// least one pilot of the plan; otherwise the records must not be used. A piece that is there
-    /// and can't be read, as while another program holds it, is a log line and false: without it
-    /// the records would cover half of the flight.
+    /// least one pilot of the plan; otherwise the records must not be used. False, with a log line,
+    /// if an existing piece can't be read, for example because another program holds it: the
+    /// records would cover only part of the flight.
     [[nodiscard]] bool readMission(const zel::String& folder, const zel::String& name);
     /// Whether the last readMission met such a piece: reading the log again may give more, even if
     /// it hasn't grown.
@@ -40,7 +40,7 @@ public:
     /// Appends one event. REQUIRES: the line outlives the events.
     void parseLine(std::string_view line);
     void parseLine(zel::String&&) = delete;
-    /// Makes the events and records out of `lines`, judges and maps them. The result is that of
+    /// Makes the events and records from `lines`, judges and maps them. Returns the same as
     /// readMission.
     [[nodiscard]] bool analyse();
 
@@ -50,10 +50,10 @@ public:
     bool isBody(int32_t id) const;
 
     /// Finds the plan's pilots among the records; without an argument, those of the current mission
-    /// generator's plan. Gives the number of matches.
+    /// generator's plan. Returns the number of matches.
     int32_t mapPilots();
     int32_t mapPilots(const std::vector<PlannedPlane>& plan);
-    /// Carries the records into the running program's career (applyReports). True if any was mapped
+    /// Applies the records to the running program's career (applyReports). True if any was mapped
     /// to a pilot.
     bool applyToCareer();
 

@@ -74,7 +74,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     return isFound;
 }
 
-/// Reads a log into the report and says what it turned out to be.
+/// Reads a log into the report and returns what it turned out to be.
 LogNews Flight::readLog(const zel::String& folder, const zel::String& name) {
     combatReport.clear();
     if (combatReport.readMission(folder, name))
@@ -92,7 +92,7 @@ LogNews Flight::readLog(const zel::String& folder, const zel::String& name) {
     return {LogState::Begun, {}};
 }
 
-/// The simulator names those who were in no fight only after the mission's end.
+/// The simulator names pilots who saw no fight only after the mission's end.
 bool Flight::namesEverybody() const {
     const std::vector<PilotReport>& records = combatReport.pilots;
     const std::vector<PlannedPlane>& plan = missionGenerator.plan;

@@ -9,20 +9,20 @@
 
 class Database;
 
-/// A mission under way, from its orders to its report: the plan by which it was written, the watch
+/// A mission under way, from its orders to its report: the plan that it was written from, the watch
 /// for the simulator's logs, and the report that is read from them.
 ///
 /// The application, or a session of the command line, owns one and passes it to whatever needs it.
 class Flight {
 public:
-    /// Plans and writes the mission of the day. The logs that are in the simulator's folder count
-    /// as those of earlier flights; but where this day's mission is written again before its report
-    /// has come, those since the first time stay new. On error: as writeDailyMission.
+    /// Plans and writes the mission of the day. Logs already in the simulator's folder count as
+    /// earlier flights. If this day's mission is written again before its report arrives, logs
+    /// since the first time stay new. On error: as writeDailyMission.
     DailyMission begin(Database& career);
     /// Looks once for the log of the mission that was flown. True when a finished mission was
-    /// found: it is in the report and has been carried into the career. Otherwise the report is
-    /// empty. A log with an end that doesn't name everybody of the plan may still be being written:
-    /// it is left to the next look, and taken once it stops growing, or if this is the last look.
+    /// found: it is in the report and has been applied to the career. Otherwise the report is
+    /// empty. A log that has an end but doesn't name everybody of the plan may be incomplete: it is
+    /// left to the next look, and accepted once it stops growing or if this is the last look.
     bool findReport(Database& career, bool isLastLook = false);
     /// What the looks since begin() have found.
     LogNews news() const;

@@ -5,9 +5,10 @@
 class CombatReport;
 class MissionGenerator;
 
-/// All that is known of a flight whose report has been read: the plan, the report with its words,
-/// and what the log says happened when and where. `log` is the log's first piece, with its path.
-/// Bullets of one plane in another within a second are one event; of a log with far too many events
-/// those after the first thousands are left out, except for the ends of planes and men.
+/// Everything known about a flight whose report has been read: the plan, the report with its
+/// wording, and the log's events with time and place. `log` is the log's first piece, with its
+/// path. Bullets from one plane that hit another within a second are one event. If a log has far
+/// too many events, those after the first few thousand are dropped, except for losses of planes and
+/// men.
 FlownMission accountOf(const CombatReport& report, const MissionGenerator& generator,
                        const zel::String& log);

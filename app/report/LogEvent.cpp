@@ -73,7 +73,7 @@ inline LogKey keyAt(std::string_view text, size_t start, size_t length) {
 /// The length of a position clause glued to the front of a key without a colon of its own, as in
 /// "POS(1,2,3)ID"; 0 for none. The report has no use for the clause itself.
 size_t clauseLength(std::string_view key) {
-    for (const char character : key) // most keys are a few letters: no call is cheaper
+    for (const char character : key) // most keys are short: a loop beats a call
         if (character == '(')
             return key.find(')') + 1; // 0 without a ")"
     return 0;

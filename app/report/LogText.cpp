@@ -15,7 +15,7 @@ void logReading(const zel::String& message, int32_t level = zel::LogInfo) {
     zel::log(message, "CombatReport", level);
 }
 
-// The same lines as for every other text file that is read whole.
+// Gives the same lines as the reader of whole text files.
 void logFile(const char* operation, const zel::String& name) {
     if (zel::isLogged("EntireFile", zel::LogInfo))
         zel::log(operation + name, "EntireFile", zel::LogInfo);
@@ -61,7 +61,7 @@ void LogText::clear() {
     lines.clear();
 }
 
-/// Room for that many bytes more, after those in use.
+/// Reserves that many bytes after those in use.
 char* LogText::makeRoom(size_t bytes) {
     if (size + bytes > capacity) {
         capacity = std::max(size + bytes, 2 * capacity);
@@ -104,11 +104,11 @@ void LogText::splitFrom(size_t start) {
     if (all.substr(start, ByteOrderMark.size()) == ByteOrderMark)
         start += ByteOrderMark.size();
     size_t lineStart = start;
-    uint64_t endedBefore = 0; // bit 0: the byte before the present ones ends a line
+    uint64_t endedBefore = 0; // bit 0: the byte before the current ones ends a line
     for (; start < all.size(); start += LineMarks::Width) {
         const LineMarks marks(all, start);
         const uint64_t ends = marks.first | marks.second;
-        // Of a run of ends the first one.
+        // The first of each run of ends.
         for (uint64_t left = ends & ~(ends << 1 | endedBefore); left != 0; left &= left - 1) {
             const size_t end = start + LineMarks::lowest(left);
             addLine(lineStart, end);

@@ -26,8 +26,8 @@ public:
     /// (which ends in a separator), then "[1]", "[2]" and so on up to the first that is missing.
     /// False if there is no first piece, or if hasUnreadPiece().
     [[nodiscard]] bool readPieces(const zel::String& folder, const zel::String& name);
-    /// Whether a piece was there at the last readPieces and could not be read, as while another
-    /// program holds it: reading again may give more, even if the log hasn't grown.
+    /// Whether a piece was there at the last readPieces and could not be read, for example because
+    /// another program holds it: reading again may give more, even if the log hasn't grown.
     bool hasUnreadPiece() const { return unreadPiece; }
 
     int32_t lineCount() const { return int32_t(lines.size()); }

@@ -11,7 +11,7 @@
 /// First pieces of the simulator's logs.
 constexpr const char* FirstPiecePattern = "*[0]*.txt";
 
-/// What became of the log that a mission waits for.
+/// The state of the log that a mission waits for.
 enum class LogState {
     None,         // none has come since the mission was written
     NoTextLog,    // none can come: the simulator's text log is off
@@ -19,7 +19,7 @@ enum class LogState {
     Unread,       // a piece is there and can't be read; the next look tries again
     Begun,        // it has come and has no end yet
     Growing,      // it has no end yet, and grows
-    Ending,       // its end is there and may still be being written
+    Ending,       // its end is there and may still be incomplete
     Stopped,      // it has no end and no longer grows
     OtherMission, // it is the log of another mission
     OtherPilot,   // WingtallyMission, but with a player whom the plan doesn't know
@@ -38,8 +38,8 @@ class LogWatch {
 public:
     /// Notes the logs in that folder as known. Logs that come later belong to a later flight.
     void begin(const zel::String& folder);
-    /// The same mission is written again: the logs that have come since begin() stay as new as they
-    /// are, but news() waits for further ones.
+    /// Call it when the same mission is written again: logs since begin() stay new, but news()
+    /// waits for further ones.
     void resume();
     /// The names of the first pieces that have come since the last look, and of those looked at
     /// before whose logs have grown or have to be read again (Unread, Ending).
@@ -52,7 +52,7 @@ public:
     /// Forgets the logs that were looked at: they count as known, even if they grow.
     void settle();
 
-    /// A log that is under way before all others, else the one that came last.
+    /// The news of a log in progress if there is one, otherwise of the latest log.
     LogNews news() const;
     /// Whole minutes since the mission was written or a log has come or grown.
     int32_t quietMinutes() const;

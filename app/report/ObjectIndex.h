@@ -6,8 +6,8 @@
 #include "app/career/PilotReport.h"
 
 /// Finds the records of a flight by the simulator's ids of the planes and of the pilots' bodies,
-/// without a search through all records: a hash table with open addressing, since a long log asks
-/// some hundred thousand times.
+/// without a search through all records: a hash table with open addressing, since a long log needs
+/// some hundred thousand lookups.
 class ObjectIndex {
 public:
     /// Records may be appended at any time, or all be removed. REQUIRES: the records outlive the
@@ -20,7 +20,7 @@ public:
     int32_t findPlane(int32_t id);
     /// Gives the record a body, in place of the one it had. REQUIRES: a record's index.
     void setBody(int32_t record, int32_t body);
-    /// Forgets the records. Those that still exist are known again at the next search.
+    /// Clears the index. Records that still exist are indexed again at the next search.
     void clear();
 
 private:

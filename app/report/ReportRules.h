@@ -7,7 +7,7 @@
 #include "app/report/LogEvent.h"
 #include "app/report/ObjectIndex.h"
 
-/// From this injury on, if it is exceeded, a pilot is dead. 1.0 is the damage that kills.
+/// A pilot whose injury exceeds this is dead. 1.0 is the damage that kills.
 constexpr float DeadlyInjury = 0.977F;
 
 /// The rules by which the events of a log become the records of a flight, one for each plane, gun
@@ -18,8 +18,8 @@ public:
     ReportRules(std::vector<PilotReport>& pilots, ObjectIndex& objects)
         : pilots(pilots), objects(objects) {}
 
-    /// Takes the next event, in the order of the log. An event without meaning to the report, or
-    /// about an object that the log hasn't named, changes nothing.
+    /// Takes the next event, in the order of the log. Ignores events that don't matter to the
+    /// report and objects that the log hasn't named.
     void take(const LogEvent& event);
     /// After the last event: decides who is credited with each plane that was lost, who is dead and
     /// how badly the others are wounded. True if the player has finished his mission or is dead.

@@ -9,7 +9,7 @@ namespace {
 constexpr float LeastDamage = 0.01F;
 constexpr float DestroyedPercent = 50.0F;
 
-/// The name in the log; of what is on the ground, what it is.
+/// The name in the log; for an object on the ground, what it is.
 zel::String nameOf(const PilotReport& record) {
     const Wording* ground = groundObject(record.type);
     return ground != nullptr ? textOf(*ground) : record.name;

@@ -7,7 +7,7 @@
 
 // In the language in use; the examples are English.
 
-/// Three lines of the combat report: who, what became of him, who did it.
+/// Three lines of the combat report: who, his fate, who caused it.
 struct ReportEntry {
     zel::String pilot; // "Name - Kills: n"
     zel::String fate;
