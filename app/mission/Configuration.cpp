@@ -47,7 +47,7 @@ void Configuration::set(const zel::String& key, const zel::String& value) {
     configuration().values[key.toLower()] = value;
 }
 
-// Neither source is probed: a folder that can't be used shows where it is used, by its name.
+// Neither source is probed: an unusable folder is reported where it is used, with its name.
 zel::String Configuration::getRofDirectory() {
     zel::String& directory = configuration().rofDirectory;
     if (directory.empty()) {

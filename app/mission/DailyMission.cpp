@@ -20,7 +20,7 @@ void placeMission(const Squadron& squadron, MissionGenerator& generator) {
                                  squadron.baseZ, range, 0, range);
 }
 
-/// Only the player's own countrymen: the enemy is for him to find.
+/// Only the player's countrymen: he must find the enemy himself.
 std::vector<zel::String> rosterOf(const std::vector<PlannedPlane>& plan) {
     std::vector<zel::String> roster;
     for (const PlannedPlane& plane : plan)

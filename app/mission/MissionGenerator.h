@@ -36,8 +36,8 @@ public:
     /// False if the file can't be written whole.
     [[nodiscard]] bool saveMission(const zel::String& fileName) const;
 
-    // The work on it, for the running program's one career where it takes one. Each forwards to the
-    // function of the header named above it, which describes it. REQUIRES: a career.
+    // The operations on it; those that need a career use the running program's. Each forwards to
+    // the function of the same name in the header named above it. REQUIRES: a career.
 
     // MissionTemplate.h
     void scanTemplate();
@@ -57,7 +57,7 @@ public:
     bool seenX = false;      // the template has such a coordinate; so seenY and seenZ
     bool seenY = false;
     bool seenZ = false;
-    float minX = 0, maxX = 0, minY = 0, maxY = 0, minZ = 0, maxZ = 0; // its extent; no reader
+    float minX = 0, maxX = 0, minY = 0, maxY = 0, minZ = 0, maxZ = 0; // its extent; unused
     std::vector<int32_t> attackObjects; // what the attack area commands
     zel::Random random;
     std::vector<PlannedPlane> plan;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int32_t TriesForType = 100;
 constexpr int32_t MostVacantDraws = 10;
-constexpr int32_t MostAttempts = 10000; // after these a career is too odd to plan for
+constexpr int32_t MostAttempts = 10000; // after this many tries planning fails
 
 bool isOfSide(int32_t nation, bool allied) {
     return isAllied(nation) == allied && !belongsToNobody(nation);
@@ -25,8 +25,8 @@ void logPlanning(const zel::String& message) {
 
 void logHopeless(const char* what) { zel::log(what, "Mission Generator", zel::LogFatal); }
 
-/// The newest type up to the drawn one that the player owns; a type of the other side in its place
-/// leaves him the drawn one.
+/// The newest type that the player owns, up to the drawn one. He keeps the drawn one if that type
+/// belongs to the other side.
 zel::String ownedType(const zel::String& drawn, bool allied) {
     for (int32_t i = planeIndex(drawn); i >= 0; --i) {
         const zel::String& type = planeIdentifiers()[i];
@@ -94,8 +94,8 @@ void PlanDraw::run(bool withPlayer) {
         plan.clear();
 }
 
-/// Draws squadron and type of one side. For the player's mission up to a hundred tries go to a pair
-/// that history knows; after them the last pair is taken. False if the side has no squadron.
+/// Draws squadron and type of one side. For the player's mission it tries up to a hundred times to
+/// find a historical pair, then takes the last one. False if the side has no squadron.
 bool PlanDraw::chooseSide(bool allied, bool withPlayer, PlannedSide& side) {
     const bool isPlayers = withPlayer && isOfSide(career.playerSquadron().nation, allied);
     for (int32_t i = 0; i < TriesForType; ++i) {
@@ -125,7 +125,7 @@ bool PlanDraw::chooseSide(bool allied, bool withPlayer, PlannedSide& side) {
 }
 
 /// The player's squadron, or one of the side by repeated draws; an Allied candidate's type is drawn
-/// with him, whether he is taken or not. -1, with a log line, if no draw finds one.
+/// with it, whether it is accepted or not. -1, with a log line, if no draw finds one.
 int32_t PlanDraw::drawSquadron(bool allied, bool isPlayers, zel::String* alliedType) {
     const int32_t last = career.squadronCount() - 1;
     for (int32_t attempt = 0; attempt < MostAttempts && last >= 0; ++attempt) {
@@ -163,9 +163,9 @@ GroupSizes PlanDraw::drawGroupSizes() {
     return {0, 0};
 }
 
-/// Draws that many different pilots of the squadron. A German group also flies with men who are
-/// gone and not replaced yet, an Allied one draws again; in both, too many such draws call for
-/// replacements. False if it is hopeless.
+/// Draws that many different pilots of the squadron. A German group may include lost pilots who are
+/// not replaced yet, an Allied one draws again; in both, too many such draws trigger replacements.
+/// False if there are never enough pilots.
 bool PlanDraw::fillGroup(bool allied, const PlannedSide& side, int32_t count) {
     const Squadron& squadron = career.squadron(side.squadron);
     const size_t groupStart = plan.size();

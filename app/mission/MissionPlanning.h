@@ -24,9 +24,9 @@ struct PlannedPlane {
     zel::String type;       // aircraft identifier
 };
 
-/// Fills the generator's plan, grouped by side, and its season. With the player, his is the first
-/// plane; without, he is not in it. On error (no squadron of a side, no way to bring the player
-/// in): a log line at level 1 and an empty plan.
+/// Fills the generator's plan, grouped by side, and its season. With the player, his plane is the
+/// first; without, he is not in the plan. On error (no squadron of a side, no way to bring the
+/// player in): a log line at level 1 and an empty plan.
 void planMission(MissionGenerator& generator, Database& career, bool withPlayer);
 /// One attempt at a plan, the German group first. It may or may not hold the player.
 void selectPlanes(MissionGenerator& generator, Database& career, bool withPlayer);

@@ -8,14 +8,14 @@
 
 namespace {
 
-/// A value without ";", blanks, tabs, blanks and quotes around it, taken off in this order.
+/// A value without ";", blanks, tabs, blanks and quotes around it, removed in this order.
 std::string_view bareValue(std::string_view value) {
     for (const char character : {';', ' ', '\t', ' ', '"'})
         value = zel::trimmed(value, character);
     return value;
 }
 
-/// Takes a coordinate into an axis of the extent. What is not a number widens nothing.
+/// Extends an axis of the extent by a coordinate. Ignores text that is not a number.
 void widen(float value, bool& seen, float& least, float& most) {
     if (!seen)
         least = most = value;

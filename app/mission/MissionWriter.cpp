@@ -10,8 +10,8 @@ namespace {
 constexpr const char* EntityBlock = "mcu_tr_entity";
 constexpr const char* OptionsBlock = "options";
 
-/// A line of the landscape: what it reads on the Channel map, and on the western front in winter
-/// and autumn. Null leaves the template's line, which shows the western front in summer.
+/// A line of the landscape: its text on the Channel map, and on the western front in winter and
+/// autumn. Null keeps the template's line, which is the western front in summer.
 struct LandscapeLine {
     const char* key;
     const char* prefix;
@@ -71,7 +71,7 @@ public:
             names.pop_back();
         return true;
     }
-    /// In small letters; empty outside of all blocks.
+    /// In lower case; empty outside of all blocks.
     const zel::String& top() const { return names.empty() ? none : names.back(); }
 
 private:
@@ -94,7 +94,7 @@ void rewriteOptions(MissionGenerator& generator, const Calendar& date, float& or
         if (blocks.takeBrace(key, i > 0 ? &generator.lines.line(i - 1) : nullptr))
             continue;
         if (key == "playerconfig") {
-            text = ""; // his plane is known by its AILevel
+            text = ""; // AILevel identifies his plane
         } else if (const LandscapeLine* landscape = landscapeLine(key)) {
             if (const char* value =
                     landscapeValue(*landscape, generator.mapIndex, generator.seasonPrefix))

@@ -18,18 +18,18 @@ struct GroupPlacing {
     float heading; // degrees
 };
 
-/// What is drawn once for a mission.
+/// The values that are drawn once per mission.
 struct Placing {
     GroupPlacing allied, german;
 };
 
-/// What the lines of one plane are made of.
+/// The values in the lines of one plane.
 struct EmittedPlane {
     zel::String shownName;
     int32_t index; // the entity's is one higher
     int32_t pilot;
     int32_t nation;
-    int32_t level;  // 0 the player, 1 to 4 else
+    int32_t level;  // 0 the player, otherwise 1 to 4
     int32_t target; // entity of the group's first plane; 0 for that plane itself
     zel::String type;
     zel::String skin; // in its quotes

@@ -24,8 +24,8 @@ Start& start() {
 
 zel::String startFile() { return start().folder + "\\" + FileName; }
 
-/// Reads the settings of the current folder, which is the start folder. A folder that they name is
-/// meant from there.
+/// Reads the settings of the current folder, which is the start folder. A relative folder in them
+/// is relative to it.
 void readStartFolder() {
     Configuration::load(FileName);
     const zel::String simulator = Configuration::get(SimulatorKey, "");

@@ -9,7 +9,7 @@
 /// REQUIRES: the program has not changed its working directory yet.
 void noteStartFolder();
 void loadSettings();
-/// Reads all of them again, after the player has edited one; what they no longer name is gone.
+/// Reads all of them again after the player has edited one. Removed keys lose their values.
 void reloadSettings();
 /// The file that the player should write or fix, with its full path: the one in the start folder or
 /// else beside the program's files, if it exists; also beside these if they are beside the program
