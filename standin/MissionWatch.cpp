@@ -10,7 +10,7 @@ namespace standin {
 
 namespace {
 
-/// When the newest log was begun; 0 without any.
+/// The time at which the newest log was started; 0 if there is none.
 int64_t newestLog(const zel::String& data) {
     int64_t newest = 0;
     if (!zel::system::isDirectory(data))

@@ -8,15 +8,15 @@
 namespace standin {
 
 /// Waits for missions: looks at data/Missions again and again for files that are new or
-/// have been written again. A file counts when it looks the same twice in a row, so that none is
-/// taken while it is still being written.
+/// have been written again. A file counts once it looks the same twice in a row, so that no
+/// half-written file is flown.
 ///
-/// Files older than the newest log count as flown.
+/// Files older than the newest log count as already flown.
 class MissionWatch {
 public:
     explicit MissionWatch(const zel::String& dir);
 
-    /// One look. The name of a mission to fly, each once; empty if there is none.
+    /// Looks once. Returns the name of a mission to fly, each one once; empty if there is none.
     zel::String look();
 
 private:
@@ -29,7 +29,7 @@ private:
     };
     struct Seen {
         Looks last;  // at the last look
-        Looks flown; // when it was given out
+        Looks flown; // when it was returned
     };
 
     zel::String dir;

@@ -32,7 +32,7 @@ bool writeFile(const zel::String& name, std::string_view content) {
     zel::File file(name, zel::FileWrite);
     if (!file.hasFailed())
         file.write(content.data(), static_cast<int32_t>(content.size()));
-    file.close(); // says whether the disk took it all
+    file.close(); // reports whether everything was written
     return !file.hasFailed();
 }
 
@@ -140,7 +140,7 @@ FlightSummary summarise(const Mission& mission, const FlightCourse& flight) {
             continue;
         const int32_t victim = event.target < planes ? event.target : event.target - planes;
         if (counted[victim])
-            continue; // the man counts with his plane
+            continue; // a pilot counts with his plane
         counted[victim] = true;
         if (event.attacker < 0 || event.attacker >= planes)
             continue;
@@ -150,7 +150,7 @@ FlightSummary summarise(const Mission& mission, const FlightCourse& flight) {
     return summary;
 }
 
-/// When the player's wound or death of the options happens; 0 if they ask for none.
+/// When the player's wound or death of the options is due; 0 if they request none.
 int32_t tickOfFate(const Mission& mission, const FlightCourse& flight, const FightOptions& fight) {
     const int32_t body = mission.human + static_cast<int32_t>(mission.planes.size());
     for (const Event& event : flight.events)
@@ -160,7 +160,7 @@ int32_t tickOfFate(const Mission& mission, const FlightCourse& flight, const Fig
     return 0;
 }
 
-/// Everything that can be wrong before a flight begins, and the mission.
+/// Reads the mission and checks everything that can be wrong before a flight begins.
 bool prepare(const zel::String& dir, const zel::String& missionFile, const FlightOptions& options,
              Mission& mission, std::string& name, tools::Finding& finding) {
     zel::String path;
@@ -181,7 +181,7 @@ bool prepare(const zel::String& dir, const zel::String& missionFile, const Fligh
     return readMissionFile(path, mission, finding);
 }
 
-/// The first free stamp from the wanted one on.
+/// The first free stamp, starting with the requested one.
 std::string freeStamp(const zel::String& data, const FlightOptions& options) {
     zel::WallTime time = zel::wallTime();
     if (!options.stamp.empty())
@@ -191,7 +191,7 @@ std::string freeStamp(const zel::String& data, const FlightOptions& options) {
     return stampOf(time);
 }
 
-/// Writes them one by one. An interruption leaves a log that stops, as with the simulator.
+/// Writes them one by one. An interruption leaves a truncated log, as with the simulator.
 bool writePieces(const zel::String& data, const std::vector<std::string>& pieces,
                  const FlightOptions& options, FlightSummary& summary, tools::Finding& finding) {
     const Wait& wait = options.wait ? options.wait : Wait(sleepFor);

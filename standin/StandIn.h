@@ -8,8 +8,8 @@
 #include "engine/core/String.h"
 #include "tools/common/Finding.h"
 
-/// A stand-in for the simulator: it takes a mission file from a folder that looks like the
-/// simulator's, flies it, and leaves the log there that the simulator would leave.
+/// A stand-in for the simulator: it reads a mission file from a folder laid out like the
+/// simulator's, flies it, and writes the log that the simulator would write.
 namespace standin {
 
 /// Waits that many seconds; false if it was interrupted.
@@ -41,10 +41,10 @@ struct FlightSummary {
     std::string mission;             // the file's own name
     std::string logName;             // of the first piece, without folder
     int32_t pieces = 0;              // written
-    int32_t seconds = 0;             // of flight, up to the player's end
+    int32_t seconds = 0;             // of flight, until the player's end
     bool finished = false;           // the log has its end
-    bool interrupted = false;        // by the wait: fewer pieces than there are
-    std::vector<PlaneResult> planes; // in the mission's order; of the flight flown to its end
+    bool interrupted = false;        // during a wait: not all pieces are written
+    std::vector<PlaneResult> planes; // in the mission's order, at the end of the whole flight
 };
 
 /// The folders of the simulator below `dir`, which may end in a separator; below the current folder
@@ -53,23 +53,23 @@ zel::String dataFolder(const zel::String& dir);
 zel::String missionsFolder(const zel::String& dir);
 
 /// Makes `dir` a simulator folder: data/startup.cfg with the text log switched on, data/Missions.
-/// What is there already stays as it is. On error: false with the finding.
+/// Leaves existing files unchanged. On error: false with the finding.
 [[nodiscard]] bool makeSimulatorFolder(const zel::String& dir, tools::Finding& finding);
 
-/// The mission file that was changed last, its name alone; empty if there is none.
+/// The name, without folder, of the mission file that was changed last; empty if there is none.
 zel::String newestMission(const zel::String& dir);
 
-/// Flies a mission, named as in data/Missions or from `dir`, and writes the log into data. With the
-/// same mission, options and stamp the log is the same to the byte.
+/// Flies a mission, named as in data/Missions or from `dir`, and writes the log into data. The same
+/// mission, options and stamp give the same log, byte for byte.
 ///
-/// A log of the same name isn't touched: the stamp moves on by seconds to a free one. On error:
-/// false with the finding, which names the line of a mission that is refused; nothing is written
-/// then. summary may be null.
+/// An existing log is never overwritten: the stamp advances by seconds to a free one. On error:
+/// false with the finding, which names the faulty line of a refused mission, and nothing is
+/// written. summary may be null.
 [[nodiscard]] bool flyMission(const zel::String& dir, const zel::String& missionFile,
                               const FlightOptions& options, tools::Finding& finding,
                               FlightSummary* summary);
 
-/// A line on the flight and, if it was finished, one for each plane, for people.
+/// A readable line about the flight and, if it was finished, one for each plane.
 std::string describe(const FlightSummary& summary);
 
 } // namespace standin

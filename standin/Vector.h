@@ -7,8 +7,8 @@ namespace standin {
 
 constexpr double Pi = 3.14159265358979323846;
 
-/// A value of sin, pow and their like, to six decimals. Their last bits differ
-/// from system to system, and a fight drives the smallest difference apart.
+/// A value of sin, pow and their like, to six decimals. Their last bits differ between systems, and
+/// a fight amplifies the smallest difference.
 inline double rounded(double value) { return std::round(value * 1e6) * 1e-6; }
 
 /// A place on the map or a direction: x to the north, y up, z to the east, in metres.
@@ -30,7 +30,7 @@ inline Vector operator*(const Vector& a, double factor) {
 inline double dot(const Vector& a, const Vector& b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 inline double length(const Vector& a) { return std::sqrt(dot(a, a)); }
 inline double distance(const Vector& a, const Vector& b) { return length(a - b); }
-/// Over the ground, whatever the heights.
+/// The horizontal distance.
 inline double groundDistance(const Vector& a, const Vector& b) {
     return length({a.x - b.x, 0, a.z - b.z});
 }

@@ -21,8 +21,8 @@ struct FightOptions {
     bool woundHuman = false; // he is hurt and lives
 };
 
-/// The state of a fight, which the classes above it share: DogfightFire, DogfightMoves and
-/// Dogfight, each of which adds to the one before.
+/// The state of a fight. DogfightFire, DogfightMoves and Dogfight derive from it, each from the one
+/// before.
 class Battle {
 protected:
     Battle(const Mission& mission, const FightOptions& options, zel::Random& random);
@@ -32,15 +32,15 @@ protected:
     struct Fighter {
         FighterTask task = FighterTask::Formation;
         Vector position;
-        Vector direction;    // of the nose and of the flight alike, length 1
+        Vector direction;    // of both the nose and the flight, length 1
         double speed = 0;    // m/s
-        double throttle = 1; // share of the engine
+        double throttle = 1; // fraction of full power
         Vector wanted;       // where the nose should point
         Vector home;         // on the ground, or where his flight ends
         int32_t target = Nobody;
         int32_t lastAttacker = Nobody;
         double untilDecision = 0; // seconds
-        double untilTask = 0;     // seconds that an evasion or a wait still lasts
+        double untilTask = 0;     // seconds left of an evasion or a wait
         double burst = 0;         // seconds that the trigger is held; below 0: the pause after it
         double partRound = 0;     // of the next bullet
         int32_t side = 1;         // 1 turns right, -1 left
@@ -66,7 +66,7 @@ protected:
     int32_t bodyOf(int32_t index) const { return index + count(); }
     int32_t lastGun() const { return 2 * count() + static_cast<int32_t>(flight.guns.size()) - 1; }
     double topSpeed(int32_t index) const { return typeOf(index).speed / 3.6; }
-    /// At which it circles best, m/s. The types differ less in it than in their top speed.
+    /// The speed at which it turns best, m/s. It differs less between types than the top speed.
     double fightingSpeed(int32_t index) const { return topSpeed(index) * 0.2 + 31; }
     int32_t human() const { return mission.human; }
 
@@ -75,17 +75,17 @@ protected:
     zel::Random& random;
     std::vector<Fighter> fighters; // in the mission's order
     FlightCourse flight;
-    int32_t tick = 0;     // at the step's begin
+    int32_t tick = 0;     // at the start of the step
     double time = 0;      // the same in seconds
     int32_t lastTick = 0; // of the last event
     int32_t nextPositionTick = FirstPositionTick;
     double ground = 0;     // its height, everywhere
-    double fightLimit = 0; // seconds until everybody goes home
+    double fightLimit = 0; // seconds until all planes go home
     double meddleTime = 0; // when the wound or death of the options is due
     bool fightOver = false;
-    bool humanLands = true; // else his flight ends in the air
+    bool humanLands = true; // otherwise his flight ends in the air
     double attackTime = 0;  // seconds until the order to attack
-    int32_t gunHits = 0;    // that the gun on the ground still makes
+    int32_t gunHits = 0;    // left for the gun on the ground
 };
 
 } // namespace standin

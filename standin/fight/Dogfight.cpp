@@ -7,7 +7,7 @@ namespace standin {
 namespace {
 
 constexpr double LongestFlight = 2700; // seconds; nobody has more fuel
-constexpr double ChaseRange = 2500;    // metres after somebody who goes home
+constexpr double ChaseRange = 2500;    // metres of pursuit of a plane that goes home
 constexpr int32_t BadWound = 500;      // thousandths from which a pilot goes home
 constexpr int32_t BadDamage = 550;     // likewise
 
@@ -64,7 +64,7 @@ void Dogfight::decide(int32_t index) {
         chooseTarget(index);
 }
 
-/// The nearest enemy, if he is in front and not already somebody else's.
+/// The nearest enemy, if he is in front and not already somebody else's target.
 void Dogfight::chooseTarget(int32_t index) {
     Fighter& fighter = fighters[index];
     double best = 0;

@@ -5,8 +5,8 @@
 namespace standin {
 
 /// A fight of all planes of a mission, in steps of a tenth of a second, until the human is down or
-/// home. Everybody follows the same few rules and the figures of his type and level; who wins is
-/// left to them and to the generator.
+/// home. All pilots follow the same few rules and the figures of their type and level; only these
+/// and the random generator decide who wins.
 class Dogfight : private DogfightMoves {
 public:
     Dogfight(const Mission& mission, const FightOptions& options, zel::Random& random)

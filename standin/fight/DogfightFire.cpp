@@ -104,7 +104,7 @@ void DogfightFire::damagePlane(int32_t attacker, int32_t target, int32_t amount)
     loseControl(target);
 }
 
-/// The rest of the plane fails at once: a wing, the tank, the engine.
+/// Takes the plane's remaining strength at once: a wing, the tank or the engine fails.
 void DogfightFire::destroy(int32_t attacker, int32_t target) {
     const int32_t left = Whole - fighters[target].damage - random.getInt(0, 12);
     damagePlane(attacker, target, std::max(left, 5));
@@ -127,7 +127,8 @@ void DogfightFire::crash(int32_t index) {
     if (!fighter.destroyed)
         destroy(Nobody, index);
     else if (chance(0.03))
-        tell(EventKind::Destroyed, Nobody, index, 0, fighter.position); // the wreck, once more
+        tell(EventKind::Destroyed, Nobody, index, 0,
+             fighter.position); // reports the wreck again
     if (fighter.pilotAlive)
         hurtInCrash(index, soft);
     tell(EventKind::Landed, Nobody, index, 0, fighter.position);
@@ -152,7 +153,7 @@ void DogfightFire::hurtInCrash(int32_t index, bool soft) {
         hurtPilot(Nobody, index, amount);
 }
 
-/// Those who come too close may still miss each other.
+/// Planes that come too close may still miss each other.
 void DogfightFire::collide() {
     for (int32_t a = 0; a < count(); ++a)
         for (int32_t b = 0; b < a; ++b) {
@@ -164,7 +165,7 @@ void DogfightFire::collide() {
         }
 }
 
-/// What the one does to the other by flying into it.
+/// The damage that one plane does to the other in a collision.
 void DogfightFire::ram(int32_t attacker, int32_t target) {
     if (chance(0.6))
         destroy(attacker, target);
@@ -172,7 +173,7 @@ void DogfightFire::ram(int32_t attacker, int32_t target) {
         damagePlane(attacker, target, random.getInt(60, 500));
 }
 
-/// Somewhere below the human's way home, of the nation that he fights.
+/// Places an enemy gun somewhere below the human's way home.
 void DogfightFire::placeGun() {
     const Fighter& fighter = fighters[human()];
     const Vector way = fighter.home - fighter.position;
@@ -200,7 +201,7 @@ void DogfightFire::fireGun() {
 
 int32_t DogfightFire::nearestEnemy(int32_t index) const {
     int32_t nearest = Nobody;
-    double best = 2500; // further away nobody is believed to have fired
+    double best = 2500; // nobody is credited with a shot from farther away
     for (int32_t i = 0; i < count(); ++i) {
         const double away = distance(fighters[i].position, fighters[index].position);
         if (!areEnemies(i, index) || !isFlying(fighters[i]) || away > best)
@@ -211,7 +212,7 @@ int32_t DogfightFire::nearestEnemy(int32_t index) const {
     return nearest;
 }
 
-/// Makes what the options ask for happen, if it hasn't happened yet.
+/// Applies the wound or death of the options if it hasn't happened yet.
 void DogfightFire::meddle() {
     const Fighter& fighter = fighters[human()];
     if ((!options.killHuman && !options.woundHuman) || !isFlying(fighter) ||

@@ -4,8 +4,7 @@
 
 namespace standin {
 
-/// What the planes of a fight do to each other, and the ground to them: bullets, damage, wounds,
-/// crashes, collisions and the gun on the ground.
+/// Bullets, damage, wounds, crashes, collisions and the gun on the ground.
 class DogfightFire : protected Battle {
 protected:
     using Battle::Battle;

@@ -7,15 +7,15 @@ namespace standin {
 namespace {
 
 constexpr double Gravity = 9.81;    // m/s^2
-constexpr double TooNear = 35;      // metres from a target that is flown at
+constexpr double TooNear = 35;      // minimum distance in metres from a target
 constexpr double Idle = 0.3;        // throttle
-constexpr double Slip = -0.6;       // likewise, with the rudder for a brake
+constexpr double Slip = -0.6;       // likewise, with the rudder as a brake
 constexpr double FriendsApart = 40; // metres that friends keep
 constexpr double HomeHeight = 350;  // metres above the ground on the way home
-constexpr double Approach = 2500;   // metres before the field where the descent begins
-constexpr double DrawnTurn = 2.2;   // m/s^2 that the tightest turn costs
+constexpr double Approach = 2500;   // metres from the field where the descent begins
+constexpr double DrawnTurn = 2.2;   // m/s^2 lost in the tightest turn
 
-/// To the right of a nose, level.
+/// The horizontal direction to the right of a nose.
 Vector rightOf(const Vector& direction) { return normalized({-direction.z, 0, direction.x}); }
 
 } // namespace
@@ -35,7 +35,7 @@ void DogfightMoves::fly(int32_t index) {
     touchGround(index);
 }
 
-/// On the ground: a wait, a run, and off.
+/// On the ground: waits, rolls and takes off.
 void DogfightMoves::roll(int32_t index) {
     Fighter& fighter = fighters[index];
     fighter.untilTask -= StepSeconds;
@@ -71,7 +71,7 @@ void DogfightMoves::steer(int32_t index) {
         fighter.throttle = fighter.speed > fightingSpeed(index) ? Idle : 1;
         fighter.untilTask -= StepSeconds;
         if (fighter.untilTask <= 0)
-            fighter.task = FighterTask::Formation; // the next decision sees to the rest
+            fighter.task = FighterTask::Formation; // the next decision chooses a new task
         break;
     case FighterTask::Home:
         steerHome(fighter);
@@ -79,7 +79,7 @@ void DogfightMoves::steer(int32_t index) {
     case FighterTask::Fall:
         fighter.wanted = fighter.gliding ? normalized(ahead + Vector{0, -0.18, 0})
                                          : normalized(side * 0.7 + Vector{0, -1, 0});
-        return; // who falls keeps clear of nothing
+        return; // a falling plane avoids nothing
     case FighterTask::Ground:
     case FighterTask::Down:
         return;
@@ -87,7 +87,7 @@ void DogfightMoves::steer(int32_t index) {
     keepClear(index);
 }
 
-/// Towards the target, from near ahead of it; never through it.
+/// Towards the target, or ahead of it when near; never through it.
 void DogfightMoves::steerAttack(int32_t index) {
     Fighter& fighter = fighters[index];
     const int32_t area = std::max(mission.planes[index].area, 0);
@@ -104,7 +104,7 @@ void DogfightMoves::steerAttack(int32_t index) {
             breakOff(index, draw(1, 2.2));
             return;
         }
-        // Near the enemy a fast plane has to slow down, or it flies past him in wider circles.
+        // A fast plane must slow down near the enemy, or it overshoots in wider circles.
         if (away < 350 && closing > 3)
             fighter.throttle = Slip;
         else if (away < 600 && fighter.speed > fightingSpeed(index))
@@ -130,7 +130,7 @@ void DogfightMoves::steerHome(Fighter& fighter) const {
     fighter.wanted = normalized(level + Vector{0, slope, 0});
 }
 
-/// A turn to one side, for that long.
+/// Turns to one side for that long.
 void DogfightMoves::breakOff(int32_t index, double seconds) {
     Fighter& fighter = fighters[index];
     fighter.task = FighterTask::Evade;
@@ -139,7 +139,7 @@ void DogfightMoves::breakOff(int32_t index, double seconds) {
     fighter.burst = 0;
 }
 
-/// Clear of the ground, as far as the pilot is careful, and of friends.
+/// Keeps clear of friends, and of the ground as far as the pilot is careful.
 void DogfightMoves::keepClear(int32_t index) {
     Fighter& fighter = fighters[index];
     for (int32_t i = 0; i < count(); ++i) {
@@ -150,14 +150,14 @@ void DogfightMoves::keepClear(int32_t index) {
     if (fighter.task == FighterTask::Home &&
         groundDistance(fighter.position, fighter.home) < Approach)
         return;
-    // What pulling out of the dive costs, twice, since the plane may have to roll first.
+    // Twice the height lost in pulling out of the dive, since the plane may have to roll first.
     const double turning = 2 * Pi / typeOf(index).turn * skill(index).turn;
     const double sinking = std::max(0.0, -fighter.direction.y);
     const double loss = fighter.speed / turning * (1 - std::sqrt(1 - sinking * sinking));
     const double margin = (40 + 2 * loss + sinking * fighter.speed) * skill(index).caution;
     if (fighter.position.y - ground > margin)
         return;
-    // Straight out of a dive: a turn that starts upside down goes on downwards.
+    // Pulls straight out of a dive: a turn that starts upside down would continue downwards.
     if (sinking > 0.15)
         fighter.wanted = {fighter.direction.x, 0, fighter.direction.z};
     fighter.wanted.y = std::max(fighter.wanted.y, 0.3);

@@ -4,7 +4,7 @@
 
 namespace standin {
 
-/// How the planes of a fight fly: where each is steered, turned and moved in a step.
+/// How the planes of a fight fly: steers, turns and moves each plane in a step.
 class DogfightMoves : protected DogfightFire {
 protected:
     using DogfightFire::DogfightFire;

@@ -13,13 +13,13 @@ constexpr int32_t Nobody = -1; // the ground, fire, strain
 enum class EventKind {
     Hit, // a bullet arrives
     Damage,
-    Destroyed, // a plane lost, or a man killed
+    Destroyed, // a plane is lost, or a pilot killed
     TakeOff,
     Landed,   // also a wreck that comes to rest
-    Position, // the human's plane, now and then
+    Position, // the human's plane, at intervals
 };
 
-/// What happens in a flight, to everybody. MissionLog decides what of it the simulator writes.
+/// Everything that happens in a flight. MissionLog decides which of it the simulator logs.
 ///
 /// Objects are numbered: the planes in the mission's order, then their pilots' bodies in the same
 /// order, then the guns on the ground.
@@ -33,7 +33,7 @@ struct Event {
     Vector position; // of the target
 };
 
-/// How a plane and its pilot stood at the flight's end.
+/// The state of a plane and its pilot at the end of the flight.
 struct PlaneEnd {
     bool pilotAlive;
     bool destroyed;

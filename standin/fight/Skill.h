@@ -4,15 +4,15 @@
 
 namespace standin {
 
-/// What a pilot of a level can do.
+/// The abilities of a pilot of one level.
 struct Skill {
-    double turn;      // share of what his plane can turn
+    double turn;      // fraction of the plane's turn rate
     double cone;      // degrees off the aim at which he opens fire
     double range;     // metres at which he opens fire
-    double aim;       // chance of a bullet to hit at 100 m
+    double aim;       // hit chance of a bullet at 100 m
     double awareness; // chance to notice an attacker at a decision
     double decision;  // seconds between decisions
-    double caution;   // share of the height that a dive should keep
+    double caution;   // fraction of the height left after a dive
 };
 
 /// level 1 to 4; 0, the human, flies like 3 but watches his tail better.

@@ -15,7 +15,7 @@ struct TickLine {
 };
 
 /// The lines up to a tick as the contents of files, a half minute of flight each. Each begins with
-/// the line that heads every file, and some hold nothing else. REQUIRES: rising ticks.
+/// the head line that every file has; some contain nothing else. REQUIRES: rising ticks.
 std::vector<std::string> cutIntoPieces(const std::vector<TickLine>& lines, int32_t lastTick,
                                        zel::Random& random);
 /// Cuts a piece in the middle of one of its lines.

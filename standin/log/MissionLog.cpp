@@ -14,8 +14,8 @@ namespace standin {
 
 namespace {
 
-constexpr size_t LongestName = 31; // what comes back of a plane's Name
-constexpr int32_t HumanTick = 5;   // when the human takes his plane
+constexpr size_t LongestName = 31; // the part of a plane's Name that the log repeats
+constexpr int32_t HumanTick = 5;   // when the human enters his plane
 constexpr int32_t EarliestBreakOff = 500;
 
 /// What the guns of a nation fire.
@@ -23,12 +23,12 @@ struct Ammunition {
     const char* ball;
     const char* armourPiercing;
 };
-// French and American machines carried Vickers and Lewis guns as well.
+// French and American planes had Vickers and Lewis guns too.
 constexpr Ammunition AlliedAmmunition = {"BULLET_GBR_77x56R_MK7", "BULLET_GBR_77x56R_WMK1_AP"};
 constexpr Ammunition GermanAmmunition = {"BULLET_GER_792x57_SS", "BULLET_GER_792x57_SMK_AP"};
 constexpr int32_t FirstGermanCountry = 500;
 
-/// Profiles of players, with all that their names may hold.
+/// Players' profiles, with every kind of character that a name may contain.
 constexpr const char* Profiles[] = {"Desk Pilot", "Desk Pilot: Two", "Esc_Red Leader (B)",
                                     "O'Hara"};
 
@@ -233,7 +233,7 @@ void Writer::writeObjective(const Objective& objective) {
             " RES:" + number(objective.success) + " ICTYPE:" + number(objective.iconType));
 }
 
-/// Leaves out what the simulator keeps to itself.
+/// Leaves out what the simulator doesn't log.
 void Writer::writeEvent(const Event& event) {
     const bool aboutHuman = concernsHuman(event.attacker) || concernsHuman(event.target);
     if (!aboutHuman && event.kind != EventKind::Destroyed)
@@ -275,13 +275,14 @@ void Writer::writeSortieEnd(int32_t plane, int32_t tick) {
                   " SH:0 BOMB:0 RCT:0 " + place(end.position, ","));
 }
 
-/// The human's sortie, his body, the mission; then the computer's pilots who live, by their ids.
+/// The ends of the human's sortie, of his body and of the mission; then the computer's surviving
+/// pilots, sorted by id.
 void Writer::writeEnd() {
     const PlaneEnd& end = flight.planes[human];
     const int32_t tick = flight.endTick;
     writeSortieEnd(human, tick);
     if (!end.pilotAlive && random.getInt(1, 100) <= 15)
-        writeSortieEnd(human, tick); // it happens with the dead
+        writeSortieEnd(human, tick); // some logs repeat it for a dead pilot
     put(tick + 1, "16 BOTID:" + id(human + planes) + " POS" +
                       place(end.position + Vector{0.25, -0.25, -0.375}, ","));
     put(tick + 2, "7 ");
@@ -298,7 +299,7 @@ void Writer::writeEnd() {
     }
 }
 
-/// Somewhere in the flight.
+/// A random tick during the flight.
 int32_t Writer::breakOffTick() {
     const int32_t share = random.getInt(25, 85);
     int32_t tick = std::max(flight.endTick / 100 * share, options.notBefore);

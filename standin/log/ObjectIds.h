@@ -13,10 +13,10 @@ public:
     /// Draws them all.
     ObjectIds(int32_t planes, int32_t guns, zel::Random& random);
 
-    /// Of an object by its number: planes, bodies, guns.
+    /// The id of an object, by its number: planes, bodies, guns.
     int32_t of(int32_t object) const { return ids[object]; }
-    /// One that no object has, for a formation: one less than a multiple of 1024, as planes have
-    /// it. It isn't kept, so two calls may give the same.
+    /// An id that no object has, for a formation: one less than a multiple of 1024, like the
+    /// planes' ids. It isn't recorded, so two calls may return the same.
     int32_t drawFree();
 
 private:

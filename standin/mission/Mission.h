@@ -23,12 +23,12 @@ struct Plane {
     int32_t payload = 0;
     double fuel = 1;    // 0 to 1
     std::string skin;   // as in the mission, with its folder; empty for the type's own
-    bool inAir = true;  // else it starts on the ground
-    int32_t leader = 0; // place in Mission::planes; a leader names himself
-    int32_t area = -1;  // place in Mission::areas of his or his leader's order; -1 none
+    bool inAir = true;  // otherwise it starts on the ground
+    int32_t leader = 0; // index in Mission::planes; a leader has his own
+    int32_t area = -1;  // index in Mission::areas of his or his leader's order; -1 for none
 };
 
-/// An order to hunt: the planes that it names, and those that follow them.
+/// An order to attack, for the planes that it names and those that follow them.
 struct AttackArea {
     int32_t index = 0;
     int32_t line = 0;
@@ -61,7 +61,7 @@ struct Mission {
     int32_t missionType = 0;
     std::vector<Country> countries; // in the order of the text
     std::vector<Plane> planes;      // in the order of the text, two coalitions at least
-    int32_t human = -1;             // place in planes
+    int32_t human = -1;             // index in planes
     std::vector<AttackArea> areas;  // one at least
     std::vector<Objective> objectives;
 

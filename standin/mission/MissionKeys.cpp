@@ -31,7 +31,7 @@ constexpr KeyRule OptionsKeys[] = {
     {"Pressure", Kind::Number, true},
 };
 
-// Of every object and logic block; Name is asked for apart, since some have none.
+// The keys of every object and logic block. Name is checked separately, since some have none.
 constexpr KeyRule CommonKeys[] = {
     {"Index", Kind::Whole, true}, {"Name", Kind::Text, false}, {"Desc", Kind::Text, false},
     {"LinkTrId", Kind::Whole, false}, {"Targets", Kind::List, false},
@@ -78,7 +78,7 @@ constexpr KeyRule ObjectiveKeys[] = {
     {"Success", Kind::Whole, true}, {"IconType", Kind::Whole, false},
 };
 
-/// Blocks whose keys are known to the last: another one is a slip of the pen.
+/// Blocks whose keys are all known: any other key is a typo.
 struct BlockRule {
     const char* name;
     const KeyRule* keys;
@@ -94,7 +94,7 @@ constexpr BlockRule ExactBlocks[] = {
     {"MCU_TR_MissionObjective", ObjectiveKeys, std::size(ObjectiveKeys)},
 };
 
-// Further objects of the simulator, of which only the links are looked at.
+// Other objects of the simulator, of which only the links are checked.
 constexpr std::string_view OtherObjects[] = {
     "Airfield", "Block", "Bridge", "Effect", "Flag", "Ground", "Group", "Ship", "Train", "Vehicle",
 };
@@ -107,7 +107,7 @@ template <size_t Size> bool holds(const std::string_view (&list)[Size], std::str
     return std::find(std::begin(list), std::end(list), name) != std::end(list);
 }
 
-/// What a value of the kind looks like, for messages; empty if this one does.
+/// Describes a valid value of the kind, for messages; empty if this value is valid.
 std::string missing(Kind kind, std::string_view value) {
     int32_t whole = 0;
     double number = 0;
@@ -133,7 +133,7 @@ std::string missing(Kind kind, std::string_view value) {
     return {};
 }
 
-/// The rule for a key, of the block's own or of the common ones; null for an unknown key.
+/// The rule for a key, from the block's own or the common ones; null for an unknown key.
 const KeyRule* findRule(const BlockRule* own, bool common, std::string_view key) {
     const auto named = [&](const KeyRule& rule) { return key == rule.key; };
     if (own != nullptr)
@@ -161,7 +161,7 @@ bool checkEntries(const MissionBlock& block, const BlockRule* own, bool common,
     return true;
 }
 
-/// The first key that isn't there and must be; empty if there is none.
+/// The first required key that is missing; empty if there is none.
 std::string absentKey(const MissionBlock& block, const BlockRule* own, bool common) {
     const auto isAbsent = [&](const KeyRule& rule) {
         return rule.required && block.find(rule.key) == nullptr;

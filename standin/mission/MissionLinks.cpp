@@ -27,7 +27,7 @@ private:
         const auto found = byIndex.find(index);
         return found == byIndex.end() ? nullptr : found->second;
     }
-    /// Place in Mission::planes of the entity's plane; -1 if it is none of a plane.
+    /// Index in Mission::planes of the entity's plane; -1 if it isn't a plane's entity.
     int32_t planeOf(int32_t entity) const;
 
     bool collect();
@@ -111,7 +111,7 @@ bool Resolver::checkList(const Node& node, const std::vector<int32_t>& list, int
     return true;
 }
 
-/// A wing man's entity has his leader's in its Targets; that one leads nobody but himself.
+/// A wingman's entity has his leader's in its Targets; the leader's own has none.
 bool Resolver::findLeaders() {
     std::vector<Plane>& planes = mission.planes;
     for (size_t i = 0; i < planes.size(); ++i) {

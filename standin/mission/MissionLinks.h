@@ -8,7 +8,7 @@
 
 namespace standin {
 
-/// What takes part in the links of a mission: every block with an Index.
+/// A linked object of a mission: any block with an Index.
 struct Node {
     std::string block; // name of the block
     int32_t line = 0;
@@ -20,16 +20,16 @@ struct Node {
     std::vector<int32_t> events;  // what the events of an entity trigger
     int32_t targetsLine = 0;
     int32_t objectsLine = 0;
-    double seconds = 0; // that a timer waits
+    double seconds = 0; // of a timer's delay
     bool fires = true;  // false for what is switched off
 
     bool isLogic() const { return block.rfind("MCU_", 0) == 0; }
     bool isEntity() const { return block == "MCU_TR_Entity"; }
 };
 
-/// Follows the links: objects and entities fit each other, lists name what exists, wing men have
-/// leaders, and the orders to attack are given. Fills the fields of the mission that come of links.
-/// On error: false with the first finding.
+/// Follows and checks the links: objects and entities match, lists name existing blocks, wingmen
+/// have leaders, and the orders to attack are triggered. Fills the mission's fields that depend on
+/// links. On error: false with the first finding.
 [[nodiscard]] bool resolveLinks(const std::vector<Node>& nodes, Mission& mission,
                                 tools::Finding& finding);
 

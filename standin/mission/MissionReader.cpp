@@ -13,7 +13,7 @@ namespace standin {
 
 namespace {
 
-constexpr size_t MostPlanes = 64;   // a fight takes the square of their number
+constexpr size_t MostPlanes = 64;   // a fight takes time by the square of their number
 constexpr double OneSpot = 5;       // metres: wings are wider
 constexpr double MapEdge = 1000000; // metres; the simulator's largest map is less than half as wide
 
@@ -56,7 +56,7 @@ bool MissionFileReader::read(std::string_view text) {
     return readObjects(blocks) && checkPlanes() && resolveLinks(nodes, mission, finding);
 }
 
-/// The blocks of the file, or those of a group, which count like any others.
+/// The blocks of the file, including those inside groups.
 bool MissionFileReader::readObjects(const std::vector<MissionBlock>& blocks) {
     for (const MissionBlock& block : blocks) {
         if (block.name == "Options")
@@ -150,7 +150,7 @@ void MissionFileReader::readObjective(const MissionBlock& block) {
     mission.objectives.push_back(objective);
 }
 
-/// What concerns the planes together: one human, two hostile coalitions, a place for each.
+/// Checks the planes together: one human, two hostile coalitions, a separate position for each.
 bool MissionFileReader::checkPlanes() {
     if (mission.planes.empty())
         return refuse(1, "the mission holds no plane");

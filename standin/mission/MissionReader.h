@@ -7,8 +7,8 @@
 
 namespace standin {
 
-/// Reads a mission's text as strictly as the simulator does, or more so: where that one would load
-/// something and then fly another fight than the one that was meant, this one refuses.
+/// Reads a mission's text at least as strictly as the simulator: it also refuses a mission that the
+/// simulator would load but fly differently than intended.
 ///
 /// On error: false with the first finding; `mission` must not be used then.
 [[nodiscard]] bool readMissionText(std::string_view text, Mission& mission,

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::string_view FirstLine = "# Mission File Version";
 constexpr std::string_view LastLine = "# end of file";
-// What the loader of the newest game of the simulator's family chokes on inside quotes.
+// Characters inside quotes that break the loader of the newest game in the simulator's series.
 constexpr std::string_view Forbidden = ";={}";
 constexpr size_t DeepestNesting = 16; // editor files have four
 
@@ -30,7 +30,7 @@ std::string_view trimmed(std::string_view text) {
 
 std::string quotedName(std::string_view name) { return "'" + std::string(name) + "'"; }
 
-/// Builds the blocks line by line. Each step returns what is wrong, or an empty text.
+/// Builds the blocks line by line. Each step returns the fault, or an empty text.
 class TextParser {
 public:
     explicit TextParser(std::vector<MissionBlock>& blocks) : blocks(blocks) {}

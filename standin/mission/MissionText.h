@@ -34,7 +34,7 @@ struct MissionBlock {
     std::vector<MissionRow> rows;
     std::vector<MissionBlock> children;
 
-    /// Null if the block has no such key; the case counts.
+    /// Null if the block has no such key; case-sensitive.
     const MissionEntry* find(std::string_view key) const;
     const MissionBlock* child(std::string_view childName) const;
 };

@@ -11,7 +11,7 @@ namespace standin {
 
 /// The values of a mission's text. Each reads the whole of `text` or fails.
 bool parseWhole(std::string_view text, int32_t& number);
-/// Digits with a point at most: no mission contains the exponents that a C library reads.
+/// Digits and at most a point: missions contain no exponents, which a C library would accept.
 bool parseNumber(std::string_view text, double& number);
 /// [1,2,3] or [].
 bool parseList(std::string_view text, std::vector<int32_t>& numbers);
@@ -19,7 +19,7 @@ bool parseList(std::string_view text, std::vector<int32_t>& numbers);
 bool parseTime(std::string_view text, int32_t (&parts)[3]);
 bool parseDate(std::string_view text, int32_t (&parts)[3]);
 
-/// Values of blocks that were checked: 0 or empty for a key that isn't there.
+/// Values of blocks that were checked: 0 or empty for a missing key.
 int32_t wholeOf(const MissionBlock& block, std::string_view key);
 double numberOf(const MissionBlock& block, std::string_view key, double otherwise = 0);
 std::string textOf(const MissionBlock& block, std::string_view key);

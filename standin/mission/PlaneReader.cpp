@@ -9,10 +9,10 @@ namespace standin {
 
 namespace {
 
-// The ground of the front reaches some hundred metres; nobody starts a flight among the trees.
+// The ground at the front rises to some hundred metres; no flight starts among the trees.
 constexpr double LowestStart = 200;
 
-/// Script, model and skin, which all carry the type's id.
+/// Script, model and skin, which all contain the type's id.
 bool readAircraft(const MissionBlock& block, Plane& plane, tools::Finding& finding) {
     constexpr std::string_view ScriptFolder = "luascripts/worldobjects/";
     constexpr std::string_view ScriptEnd = ".txt";
