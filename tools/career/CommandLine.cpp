@@ -67,8 +67,8 @@ bool isCommand(std::string_view word) {
                        [&](const Plain& known) { return known.name == word; });
 }
 
-/// Reads commands with their arguments from the words of a call. Each step returns what is wrong,
-/// or an empty text.
+/// Reads commands with their arguments from the words of a call. Each step returns the fault, or an
+/// empty text.
 class CommandReader {
 public:
     CommandReader(const std::vector<std::string>& words, CareerCall& call)

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr uint32_t Interval = 100; // milliseconds between two pictures of the line
+constexpr uint32_t Interval = 100; // milliseconds between two updates of the line
 
 } // namespace
 
@@ -22,7 +22,7 @@ Progress::~Progress() {
 }
 
 void Progress::onWarProgress(const Calendar& date, float share) {
-    // The terminal's own time, which no pinned clock holds still.
+    // The real time, which a pinned clock doesn't stop.
     const uint32_t now = zel::system::ticks();
     if (lineShown && now - lastShown < Interval)
         return;

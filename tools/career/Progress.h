@@ -4,8 +4,7 @@
 
 #include "app/war/WarAdvance.h"
 
-/// Shows on a terminal how far the war has come while it is simulated. Its line is taken away again
-/// at the end.
+/// Shows the progress of a simulated war on a terminal. Its line is taken away again at the end.
 class Progress : public WarObserver {
 public:
     explicit Progress(bool wanted);

@@ -23,7 +23,7 @@
 namespace {
 
 constexpr size_t ColumnWidth = 54;      // of the report: the longest name and its victories fit
-constexpr uint32_t LookInterval = 1000; // milliseconds between two looks for a log
+constexpr uint32_t LookInterval = 1000; // milliseconds between two checks for a log
 
 zel::String simulatorFolder() { return Configuration::getRofDirectory(); }
 
@@ -59,7 +59,7 @@ void Session::say(const zel::String& line) const {
         print(zel::system::printedText(line));
 }
 
-// The name of a file is in the system's own coding already.
+// The file's name is already in the system's encoding.
 void Session::sayFile(const Wording& wording, const zel::String& file) const {
     if (!quiet)
         print(zel::fillMarks(zel::system::printedText(textOf(wording, {"$1"})), {file}));

@@ -39,7 +39,7 @@ public:
     bool acceptInvitation();
     bool refuseInvitation();
     bool flights();
-    /// Of the pilots whose names hold that text; of the player and whom he followed for an empty
+    /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.
     bool victories(const zel::String& name);
     bool postings();

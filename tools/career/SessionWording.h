@@ -2,7 +2,7 @@
 
 #include "app/career/Wording.h"
 
-// What the command line program prints about its results. Errors are English, as the log is.
+// What the command line program prints about its results. Errors are in English, like the log.
 // clang-format off
 namespace wording {
 

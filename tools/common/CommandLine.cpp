@@ -8,9 +8,9 @@ namespace tools {
 namespace {
 
 constexpr int WrongCall = 2;         // exit status
-constexpr size_t OptionsColumn = 20; // of the help, in characters: where the descriptions begin
+constexpr size_t OptionsColumn = 20; // column of the help at which the descriptions begin
 
-/// The help as our programs show it: usage, description, options, ending.
+/// The help of our programs: usage, description, options, ending.
 class HelpText : public CLI::Formatter {
 public:
     explicit HelpText(const std::string& usageLine) : usageLine(usageLine) {
@@ -22,7 +22,7 @@ public:
         return usageLine + app->get_description() + "\n" + make_groups(app, mode) + "\n" +
                make_footer(app);
     }
-    // What an option takes, and nothing of the relations that CLI11 would list here.
+    // An option's value, without the relations that CLI11 would list here.
     std::string make_option_opts(const CLI::Option* option) const override {
         return option->get_type_size() == 0 ? "" : " " + option->get_type_name();
     }

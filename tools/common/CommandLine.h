@@ -7,7 +7,7 @@
 
 namespace tools {
 
-/// What a program does once its arguments are read.
+/// What a program does after reading its arguments.
 enum class CallKind { Run, Help, Wrong };
 
 struct CallReading {
@@ -41,10 +41,10 @@ std::vector<std::string> argumentsOf(int count, char** words);
 std::optional<int> answer(const CallReading& reading);
 
 /// Accept decimal numbers within a range, both bounds included; for CLI::Option::transform.
-/// A whole number has digits and a sign at most, the other one a decimal point as well.
+/// A whole number has digits and at most a sign, the other one a decimal point too.
 CLI::Validator wholeNumber(int64_t least, int64_t most);
 CLI::Validator decimalNumber(double least, double most);
-/// Accepts anything except an empty text and what looks like an option.
+/// Accepts anything except an empty text and text that looks like an option.
 CLI::Validator nameOfFile();
 
 } // namespace tools

@@ -7,8 +7,8 @@
 #include <vector>
 
 /// What the programs of this folder and the stand-in simulator share: findings and the command
-/// line. It uses the standard library and CLI11 alone, because the program that makes the data
-/// files is also built by itself for the machine that cross-compiles.
+/// line. It uses only the standard library and CLI11, because a cross build compiles the program
+/// that makes the data files separately, for the build machine.
 namespace tools {
 
 /// Something that a person can fix, and where. docs/errors.md says when to report one.
@@ -18,11 +18,11 @@ struct Finding {
             std::string_view suggestion = {})
         : file(file), line(line), message(message), suggestion(suggestion) {}
 
-    std::string file;       // as the person names it; empty if no file is at fault
+    std::string file;       // as the user names it; empty if no file is at fault
     int32_t line = 0;       // as an editor counts, from 1; 0 for the file as a whole
     std::string message;    // what is wrong, without a full stop
     std::string suggestion; // what to do about it; empty if the message says it all
-    bool isWarning = false; // everything works all the same
+    bool isWarning = false; // everything still works
 
     /// "file:line: message: suggestion" without the parts that are empty. A warning's message is
     /// preceded by "warning: ".

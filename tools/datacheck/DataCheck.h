@@ -4,8 +4,8 @@
 
 namespace datacheck {
 
-/// The data folder that the user means: the folder itself, or Data inside it. Empty if neither
-/// has squadrons or names.
+/// The data folder for a folder that the user gives: the folder itself, or Data inside it. Empty if
+/// neither has squadrons or names.
 zel::String findDataFolder(const zel::String& folder);
 
 /// All findings of a data folder, in the order of files and lines.

@@ -13,7 +13,7 @@ namespace {
 constexpr int32_t FirstDate = 19140701;
 constexpr int32_t LastDate = 19181231;
 
-/// Why the bytes are not lines of text, with what to do about it; without a message if they are.
+/// Why the bytes are not lines of text, and what to do about it; the message is empty if they are.
 tools::Finding whyNoText(const zel::String& file, std::string_view bytes) {
     if (bytes.find_first_not_of("\r\n") == bytes.npos)
         return {file, 0, "the file is empty", "write its lines or delete it"};

@@ -18,8 +18,9 @@ struct TextLine {
 };
 
 /// The lines of a file as the game reads them: empty ones are left out. A file that isn't text
-/// (missing, empty, zero bytes, UTF-16, anything else that isn't lines of characters) is a finding
-/// and has no lines. A line with a tab or a character outside of ASCII is a finding too, and stays.
+/// (missing, empty, with zero bytes, UTF-16 or anything else that isn't lines of characters) is a
+/// finding and has no lines. A line with a tab or a non-ASCII character is a finding too, and is
+/// kept.
 std::vector<TextLine> readText(const zel::String& file, Findings& findings);
 
 /// Whether all characters are printable ASCII.

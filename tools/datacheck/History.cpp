@@ -14,7 +14,7 @@ struct HistoryKey {
     std::string HistoryLine::*value;
 };
 
-// Every key of the delivered files.
+// All keys of the delivered files.
 constexpr HistoryKey HistoryKeys[] = {
     {"date", &HistoryLine::date},         {"until", &HistoryLine::until},
     {"action", &HistoryLine::action},     {"aircraft", &HistoryLine::aircraft},
@@ -29,7 +29,7 @@ std::string knownKeys() {
     return text;
 }
 
-/// Where the text of a line is, so that findings can name it.
+/// The position of a line's text, for findings.
 struct LinePlace {
     const zel::String& file;
     int32_t number;
@@ -118,9 +118,9 @@ void readFile(const DataFile& file, HistoryRecord& record, Findings& findings) {
 }
 
 /// Reports a file with the same name as another one in its folder, or with a name that differs from
-/// another record's in capitals only. records: of the files before it.
+/// another record's only in case. records: those of the files before it.
 void checkHistoricName(const DataFile& file, const std::vector<DataFile>& files,
-               const std::vector<HistoryRecord>& records, Findings& findings) {
+                       const std::vector<HistoryRecord>& records, Findings& findings) {
     const auto isTwin = [&](const DataFile& other) {
         return other.isCustom == file.isCustom && other.name == file.name;
     };

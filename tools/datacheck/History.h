@@ -7,7 +7,7 @@
 
 namespace datacheck {
 
-/// A line of a squadron or pilot file, split into its values. Keys that it lacks are empty.
+/// A line of a squadron or pilot file, split into its values. The values of missing keys are empty.
 struct HistoryLine {
     size_t file;    // index into HistoryRecord::files
     int32_t number; // as an editor counts, from 1
@@ -32,9 +32,8 @@ struct HistoryRecord {
 };
 
 /// Reads the folders of one kind, "Squadrons" or "Pilots", in the data folder, as the game does.
-/// Reports what is wrong with the files and with the form of their lines, whatever they say: lines
-/// that are too long or too many, blanks, tokens, keys, dates, and names that differ in capitals
-/// only.
+/// Reports faults of the files and of the form of their lines: lines that are too long or too many,
+/// blanks, tokens, keys, dates, and names that differ in case only.
 std::vector<HistoryRecord> readHistory(const zel::String& dataFolder, const zel::String& kind,
                                        Findings& findings);
 

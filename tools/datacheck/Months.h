@@ -7,7 +7,7 @@
 
 namespace datacheck {
 
-/// Months are counted as 12 times the year plus the month less one, so that the next is one more.
+/// Months are counted as 12 * year + month - 1, so that the next month is one more.
 using Month = int32_t;
 
 constexpr Month FirstMonth = 1915 * 12 + 11; // December 1915, when every career begins

@@ -10,7 +10,7 @@ namespace datacheck {
 namespace {
 
 constexpr const char* Nations[] = {"France", "England", "Germany", "USA"};
-// The simulator refuses a whole mission for one of these in a name.
+// The simulator refuses a whole mission if a name contains one of these.
 constexpr std::string_view NotInNames = ";={}\"";
 
 /// The longest name of a list, as the line that it is in.

@@ -6,8 +6,8 @@
 
 namespace datacheck {
 
-/// What the simulator can't read in a name, or in a part of one, as a finding about that line.
-/// Without a message if nothing is wrong. REQUIRES: the name is not empty.
+/// A finding about what the simulator can't read in a name or a part of one. Its message is empty
+/// if nothing is wrong. REQUIRES: the name is not empty.
 tools::Finding checkName(std::string_view name, const zel::String& file, int32_t line);
 
 /// Checks the eight lists of first and last names in Names: missing files, names that come twice,

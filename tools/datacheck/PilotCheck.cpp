@@ -29,7 +29,7 @@ void checkPilotName(const HistoryRecord& pilot, Findings& findings) {
     }
 }
 
-/// The squadron with the nearest number, to point out a slip of the pen.
+/// The squadron with the nearest number, to point out a typo.
 zel::String nearestSquadron(const zel::String& unit, const std::vector<HistoryRecord>& squadrons) {
     const auto away = [&](const HistoryRecord& squadron) {
         return std::abs(int64_t{squadron.name.toInt()} - unit.toInt());

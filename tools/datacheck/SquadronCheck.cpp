@@ -28,7 +28,7 @@ size_t editDistance(std::string_view a, std::string_view b) {
     return row.back();
 }
 
-/// A part of an identifier, such as "camel", is nearer than a text that merely looks like it.
+/// A part of an identifier, such as "camel", is nearer than a text that only resembles it.
 size_t distance(const zel::String& written, const zel::String& identifier) {
     const bool isPart = identifier.view().find(written.view()) != std::string_view::npos;
     return isPart ? 1 : 1 + editDistance(written, identifier);
@@ -79,8 +79,8 @@ void checkKeys(const HistoryRecord& squadron, const HistoryLine& line, Findings&
     checkAircraft(squadron, line, findings);
 }
 
-/// The line after which something is missing: of those that end before the month the last to end,
-/// otherwise the first.
+/// The line after which something is missing: the last to end before the month, otherwise the
+/// first.
 const HistoryLine& lineBefore(const HistoryRecord& squadron, Month month) {
     const HistoryLine* found = &squadron.lines.front();
     for (const HistoryLine& line : squadron.lines)
@@ -96,8 +96,8 @@ zel::String rangeText(const MonthRange& range) {
            (range.first == range.last ? zel::String() : " to " + monthText(range.last));
 }
 
-/// Calls report(range) for the runs of months that fail the test. Months after the first belong to
-/// its run while they are like it: alike(first, month).
+/// Calls report(range) for the runs of months that fail the test. Later months belong to the run
+/// while alike(first, month) holds.
 template <typename Fails, typename Alike, typename Report>
 void forEachRun(const MonthRange& months, const Fails& fails, const Alike& alike,
                 const Report& report) {
@@ -157,14 +157,14 @@ void checkMonths(const HistoryRecord& squadron, Findings& findings) {
         return std::any_of(squadron.lines.begin(), squadron.lines.end(), holds);
     };
     if (squadron.lines.empty())
-        return; // the file as such is reported
+        return; // the file itself is reported
     if (!any([](const HistoryLine& line) { return isWarDate(line.date); }))
         return report("no line has a date=, so the squadron never enters the war", "add it");
     if (!any([](const HistoryLine& line) { return !line.aircraft.empty(); }))
         return report("no line has aircraft=", "add what the squadron flies");
     const MonthRange months = activeMonths(squadron);
     checkGaps(squadron, months, findings);
-    // An unknown aircraft is reported already, and may be a slip for the one that is missing here.
+    // An unknown aircraft is already reported, and may be a typo for the one that is missing here.
     const bool hasUnknown = any([](const HistoryLine& line) {
         return !line.aircraft.empty() && !isKnownPlane(line.aircraft);
     });

@@ -4,8 +4,8 @@
 
 namespace datacheck {
 
-/// Checks what the game could not use in a squadron's files: the name, unknown aircraft, keys that
-/// only pilot files have, and months in which the squadron exists and has nothing to fly.
+/// Reports what the game can't use in a squadron's files: a bad name, unknown aircraft, keys that
+/// only pilot files have, and months in which the squadron exists but has nothing to fly.
 void checkSquadron(const HistoryRecord& squadron, Findings& findings);
 
 /// Reports an aircraft that the career doesn't know, with the nearest one that it does, and the

@@ -17,7 +17,7 @@ struct TemplateBlock {
 };
 using TemplateBlocks = std::vector<TemplateBlock>;
 
-/// The blocks at the top level, in their order. Keys of blocks inside of a block are left out.
+/// The top-level blocks, in order, without the keys of nested blocks.
 TemplateBlocks readBlocks(const zel::String& file, Findings& findings) {
     TemplateBlocks blocks;
     int32_t depth = 0;
@@ -79,7 +79,7 @@ void checkAttackArea(const zel::String& file, const TemplateBlocks& blocks, Find
         if (area->keys.count(key) == 0)
             findings.emplace_back(file, area->line,
                                   zel::String("the attack area has no line ") + key, "add it");
-    // The generator takes a block without a name for another one of the kind before it.
+    // The generator gives an unnamed block the name and type of the one before it.
     if (area + 1 != blocks.end() && area[1].keys.count("name") == 0)
         findings.emplace_back(file, area[1].line,
                               "a block without Name follows the attack area and would be taken "

@@ -8,8 +8,7 @@
 
 namespace tables {
 
-/// A text file as lines. What is wrong with them is added to the findings that it is given, which
-/// must outlive it.
+/// A text file as lines. Faults are added to the given findings, which must outlive it.
 class LineSource {
 public:
     /// A file that can't be read is a finding and has no lines.
@@ -35,7 +34,8 @@ public:
         std::vector<std::string> fields;
     };
 
-    /// header: the first line of the file. Another one is a finding, and the table has no rows.
+    /// header: the expected first line of the file. A different one is a finding, and the table has
+    /// no rows.
     CsvTable(const std::string& folder, const std::string& file, std::string_view header,
              tools::Findings& findings);
 

@@ -78,7 +78,7 @@ bool isNation(const std::string& nation) {
                        [&](const NationRow& known) { return known.name == nation; });
 }
 
-// What the simulator accepts in a name, and every system in the name of a file.
+// Characters that the simulator accepts in a name and every system in a file name.
 bool isPilotName(const std::string& name) {
     const auto isAllowed = [](char character) {
         return isLetter(character) || std::string_view(" .'-").find(character) != std::string::npos;

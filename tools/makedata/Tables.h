@@ -40,7 +40,7 @@ struct Tables {
 };
 
 /// Reads history/squadrons.csv, aces.csv and postings.csv and the eight lists of names/ in the
-/// folder. Returns all that is wrong; the tables are valid if that is nothing.
+/// folder. Returns all findings; the tables are valid if there are none.
 [[nodiscard]] tools::Findings readTables(const std::string& folder, Tables& tables);
 
 } // namespace tables

@@ -30,7 +30,7 @@ constexpr const char* IndexEnding = ".idx";
 
 enum class Names { Image, Font, Sound, PaintedLayout, Text };
 
-/// What an argument of a command names.
+/// What kind of thing a command's argument names.
 struct NamingCommand {
     const char* command;
     size_t argument; // from 1

@@ -4,8 +4,8 @@
 
 namespace menucheck {
 
-/// Everything but elements that the scripts name: files, images, numbers of texts. Scripts are
-/// read, not run, so that data which no screen happens to use is checked too.
+/// Everything that scripts name except elements: files, images, text numbers. Scripts are read, not
+/// run, so that data which no screen happens to use is checked too.
 class NamedData {
 public:
     void gather(const zel::MenuConfigFile& script, const ScriptNotes& notes);

@@ -21,8 +21,8 @@ namespace {
 struct Standing {
     String name;
     const zel::Bounds* bounds;
-    bool isLoose; // moves, or holds what moves, so it may overlap
-    bool isShown; // now, or by code at another time
+    bool isLoose; // moves, or contains moving elements, so it may overlap
+    bool isShown; // now, or later by code
 };
 
 constexpr const char* LookNames[] = {"active", "inactive", "over", "down"};
@@ -82,7 +82,7 @@ bool hasAllGlyphs(const String& name, const zel::Text& label, const Source& sour
     bool hasAll = true;
     for (const char character : label.getText().view()) {
         const zel::Glyph* glyph = font.glyph(character);
-        // Fonts with all codes give unused ones no width.
+        // Fonts that have all codes give the unused ones no width.
         if (character == '\n' || character == '\t' || (glyph != nullptr && glyph->xAdvance > 0))
             continue;
         hasAll = false;
@@ -137,7 +137,7 @@ bool isDrawnAsItIs(const zel::Image& image, const PixelRect& place) {
 void checkImages(const zel::Widget& widget, const ScriptNotes& notes, const Source& source,
                  FindingLog& findings) {
     const PixelRect& place = widget.getBounds().rect;
-    const zel::Image* stretched = nullptr; // one is reported: looks share a size
+    const zel::Image* stretched = nullptr; // one report is enough: looks share a size
     for (size_t i = 0; i < zel::LookCount; ++i) {
         const zel::Image* image = widget.getImage(static_cast<zel::WidgetLook>(i));
         if (image == nullptr)

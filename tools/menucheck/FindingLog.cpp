@@ -16,7 +16,7 @@ struct HeldLine {
     Source source;
 };
 
-// Lines of the log not attributed yet. Static, since the log's sink is a plain function.
+// Log lines that are not attributed yet. Static, since the log's sink is a plain function.
 std::vector<HeldLine>& heldLines() {
     static std::vector<HeldLine> lines;
     return lines;

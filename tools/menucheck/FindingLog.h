@@ -13,9 +13,8 @@ struct Source {
     int32_t line = 0;
 };
 
-/// Collects findings, and knows which line of which script is running, so that it can attribute log
-/// lines to it. During its lifetime it owns the log's sink, the scripts' fault sink and their line
-/// observer.
+/// Collects findings and tracks which script line is running, so that it can attribute log lines to
+/// it. During its lifetime it owns the log's sink, the scripts' fault sink and their line observer.
 class FindingLog {
 public:
     FindingLog();

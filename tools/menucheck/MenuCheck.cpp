@@ -69,7 +69,7 @@ Screens checkList(FindingLog& findings) {
     return screens;
 }
 
-/// One screen. It is entered, run and left once for each thing that can happen on it.
+/// Checks one screen: enters it, runs it and leaves it once for each event that can happen on it.
 class ScreenRun {
 public:
     ScreenRun(HandledMenu& menu, const ScriptNotes& notes, Survey& survey)
@@ -143,7 +143,8 @@ private:
         survey.ways.add(menu.getName(), target, source, survey.findings);
     }
 
-    // Compares the elements that notes and sections name with those that ever existed.
+    // Compares the elements that notes and sections name with all elements that existed at some
+    // time.
     void checkNames() {
         for (const ScriptNotes::Name& note : notes.named) {
             bool& isMet = survey.noted[{note.source.file, note.source.line, note.name}];
@@ -161,7 +162,7 @@ private:
     HandledMenu& menu;
     const ScriptNotes& notes;
     Survey& survey;
-    std::set<String> seen; // names of all elements that ever existed
+    std::set<String> seen; // of all elements that existed at some time
 };
 
 /// Loads all screens in the language that is set, and runs each.
@@ -209,7 +210,7 @@ void checkAll(const Screens& screens, FindingLog& findings) {
         if (!code.empty())
             zel::Language::setLanguage(code);
         checkScreens(survey);
-        if (code == codes.back()) { // ways lead to registered states
+        if (code == codes.back()) { // transitions lead to registered states
             survey.ways.check(screens, HandledMenu::getFirstMenuName(), findings);
             survey.data.checkFiles(findings);
         }

@@ -3,8 +3,8 @@
 #include "engine/core/String.h"
 #include "tools/common/Finding.h"
 
-/// The check of the game's screens: it runs all their scripts without a window and reports what
-/// would trouble a player.
+/// The check of the game's screens: it runs all their scripts without a window and reports what a
+/// player would trip over.
 namespace menucheck {
 
 /// Checks the screens of Menus/init.lst in the folder, which becomes the current one. The findings

@@ -7,8 +7,8 @@
 
 namespace menucheck {
 
-/// What a note "says" describes: the texts that code may put into an element, in the language in
-/// use. "60..61 10" is two texts of the language table with one argument, "( 31..42 )" as an
+/// The texts that a "says" note describes: those that code may put into an element, in the current
+/// language. "60..61 10" is two texts of the language table with one argument, "( 31..42 )" as an
 /// argument is another text, and texts in parentheses one after the other are joined by blanks:
 ///
 ///     20 30 ( 31..42 ) 1918
@@ -16,7 +16,7 @@ namespace menucheck {
 struct SaidTexts {
     std::vector<zel::String> texts; // all combinations, at most a thousand
     std::set<int32_t> numbers;      // of the table
-    zel::String fault;              // what is wrong with the words; empty if valid
+    zel::String fault;              // the fault of the note; empty if it is valid
 };
 
 /// Numbers that the table lacks give no text, and no fault either.

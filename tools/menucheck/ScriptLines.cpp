@@ -30,7 +30,7 @@ void checkSection(const MenuConfigFile& script, const MenuConfigFile::Section& s
                                  " has one line: it would run at its first event only");
 }
 
-// Joins the words after a condition again, without their quotes.
+// Joins the words after a condition, without their quotes.
 void checkCondition(const MenuConfigFile::Line& line, bool isAllowed, const Source& source,
                     FindingLog& findings) {
     constexpr size_t MostWords = 7;

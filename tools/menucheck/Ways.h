@@ -9,7 +9,7 @@ namespace menucheck {
 /// How a player gets from screen to screen.
 class Ways {
 public:
-    /// The target is as scripts write it. An unknown state, or `from` itself, is a fault; web
+    /// The target is written as in scripts. An unknown state, or `from` itself, is a fault; web
     /// addresses are ignored.
     void add(const zel::String& from, const zel::String& target, const Source& source,
              FindingLog& findings);

@@ -12,10 +12,10 @@ namespace standin {
 struct StandInCall {
     std::string dir;
     bool watch = false;  // fly each new mission until interrupted
-    bool once = false;   // until the first one is flown
+    bool once = false;   // with watch: stop after the first flight
     bool fly = false;    // fly the newest mission
     bool quiet = false;  // print errors only
-    std::string mission; // of fly; empty: the one that was changed last
+    std::string mission; // for fly; empty: the one that was changed last
     FlightOptions flight;
 };
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double LookPause = 0.5;  // seconds between two looks for missions
+constexpr double LookPause = 0.5;  // seconds between two checks for missions
 constexpr double SleepSlice = 0.1; // seconds until an interrupt is noticed, at most
 
 volatile std::sig_atomic_t interrupted = 0;
@@ -59,7 +59,7 @@ bool flyOnce(const standin::StandInCall& call) {
     return fly(call, mission, call.flight);
 }
 
-/// Flies until it is interrupted. A refused mission ends it only if the call asks for one flight.
+/// Flies until interrupted. A refused mission ends it only if the call requests a single flight.
 bool watch(const standin::StandInCall& call) {
     standin::MissionWatch missions(call.dir);
     standin::FlightOptions options = call.flight;
