@@ -31,7 +31,7 @@ bool linesAreValid(const Record& file, const std::vector<DataLine>& dataLines) {
     return true;
 }
 
-/// How many slots each pilot stands in.
+/// The number of slots that each pilot is in.
 std::vector<int32_t> checkSquadrons(const Database& career, Faults& faults) {
     std::vector<int32_t> places(career.pilots.size());
     for (size_t i = 0; i < career.squadrons.size(); ++i) {

@@ -5,13 +5,13 @@
 class Database;
 
 /// What must hold of every career at every moment: the indices name something, each used slot's
-/// pilot names that squadron, no pilot stands in two slots, the slots behind the used ones are
-/// free, the player and every living pilot stand in a slot, historical squadrons are the first and
-/// have the files of their own indices, a joined pilot's file and record name each other, a pending
+/// pilot names that squadron, no pilot is in two slots, the slots after the used ones are free, the
+/// player and every living pilot are in a slot, historical squadrons are the first and have the
+/// files of their own indices, a joined pilot's file and record name each other, a pending
 /// invitation comes from the player's nation, the date is a day of the war, texts end within their
 /// arrays.
 ///
-/// Returns the faults, a line each and the first ten at most; the empty text if all is well.
+/// Returns at most the first ten faults, one per line; empty if there are none.
 std::string careerFaults(const Database& career);
 
 /// The same for a career that was repaired after its file was damaged: what led nowhere may be lost

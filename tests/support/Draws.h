@@ -6,10 +6,10 @@
 
 #include "engine/core/Random.h"
 
-/// How many values a generator has given between two states of it; -1 if it was seeded anew, or
-/// gave more than `most`.
+/// The number of values that a generator gave between two of its states; -1 if it was seeded again
+/// or gave more than `most`.
 inline int64_t drawsBetween(zel::Random before, zel::Random after, int64_t most = 50'000'000) {
-    // Eight values in a row stand for the state: that they agree by chance isn't to be feared.
+    // Eight values in a row identify the state: a match by chance is negligible.
     std::array<uint32_t, 8> wanted;
     std::array<uint32_t, 8> seen;
     for (uint32_t& value : wanted)

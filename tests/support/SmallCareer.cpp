@@ -27,7 +27,7 @@ SmallWorld::SmallWorld() : planes(3), before(fs::current_path()) {
     zel::Registry::reset();
     zel::setTickSource([] { return 0U; });
     zel::seedSharedRandom(2);
-    zel::Random::setStaticNumber(1); // behind it: a shared generator just built takes one
+    zel::Random::setStaticNumber(1); // after seeding: a newly built shared generator takes one
     setPlaneRandom(&planes);
 }
 

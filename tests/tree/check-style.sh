@@ -1,6 +1,6 @@
 #!/bin/sh
-# Fails where the tree's form is not what .clang-format, shellcheck, check-tree.py and check-texts.py
-# ask for. To be run from the top of the tree.
+# Fails if clang-format, shellcheck, check-tree.py or check-texts.py finds a fault. Run it from the
+# top of the tree.
 set -eu
 
 tests/tree/check-tree.py

@@ -9,15 +9,16 @@
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
 
-// The rules decide how many are shot down and how many die. One more reading of the same rules,
-// with data of its own, gave the figures below over seven seeds: ours may differ by a tenth.
+// The rules decide how many are shot down and how many die. An independent implementation of the
+// same rules, with its own data, gave the figures below over seven seeds; ours may differ by a
+// tenth.
 
 namespace {
 
-/// What the unseen missions of wars came to.
+/// The results of the wars' unseen missions.
 struct Figures : WarObserver {
     void onWarProgress(const Calendar& /*date*/, float /*share*/) override { ++missions; }
-    /// Adds the victories and deaths of a career; `sign` -1 takes them off.
+    /// Adds the victories and deaths of a career; `sign` -1 subtracts them.
     void add(const Database& career, double sign) {
         for (const Pilot& pilot : career.pilots) {
             shotDown += sign * pilot.shotdowns;
@@ -30,8 +31,8 @@ struct Figures : WarObserver {
     double dead = 0;
 };
 
-/// Seven wars of the English without flights of the player. Checks what a mission comes to; returns
-/// the mean of their best pilots' victories.
+/// Seven English wars without flights of the player. Checks the results per mission; returns the
+/// mean of the best pilots' victories.
 double checkSevenWars() {
     Figures figures;
     double best = 0;
@@ -80,7 +81,7 @@ TEST(WarStatistics, AreThoseOfTheRules) {
 }
 
 // History has nearly as many German squadrons as Allied ones: the same missions are spread over
-// more of them, and nobody comes to as many victories.
+// more of them, so nobody gets as many victories.
 TEST(WarStatistics, HoldForTheDeliveredHistory) {
     const double best = checkSevenWars();
     EXPECT_TRUE(best >= 70 && best <= 110) << best << " victories of the best pilot";

@@ -47,8 +47,8 @@ struct Mark {
     int32_t active = 0;
 };
 
-/// A whole career from that month to the end of the war, looked at after each period. `result`:
-/// what is saved then.
+/// A whole career from that month to the end of the war, checked after each period. `result`: what
+/// is saved then.
 void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
                  std::string* result = nullptr) {
     War war(seed);

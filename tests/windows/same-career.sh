@@ -1,6 +1,7 @@
 #!/bin/sh
 # The Linux and the Windows program make the same files, byte for byte, of the same seed and the same
-# flights: tests/windows/same-career.sh LINUX-BUILD WINDOWS-BUILD. To be run with packaging/with-wine.sh.
+# flights: tests/windows/same-career.sh LINUX-BUILD WINDOWS-BUILD. Run it with
+# packaging/with-wine.sh.
 set -eu
 linux=$1
 windows=$2

@@ -51,7 +51,7 @@ std::string expectedPlanes() {
 
 /// What the rules make of the template. 200000, 40, 60000 is the base, 1500 and -2500 the offsets.
 /// The draws of seed 6 (by another MT19937) are 50, 9 and 1 for minute, hour and sky, and then as
-/// they are in the planes' places.
+/// they are in the planes' positions.
 std::string expectedMission(const std::string& land) {
     const std::pair<std::string, std::string> edits[] = {
         {"  PlayerConfig = \"config\";", ""},

@@ -64,7 +64,7 @@ struct CareerRecordTest : testing::Test {
     PinnedRun run{11};
 };
 
-// What was saved, and only that, is there in the next process, also of the save's own day.
+// The next process finds exactly what was saved, including the day of the save.
 TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
     std::string first;
     std::string second;
@@ -109,7 +109,7 @@ TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
                      " WHERE date = 19151201 AND kind = 'joined' AND cause = 'start')"));
 }
 
-// Each way in which a record can be of no use.
+// Each way in which a record can be unusable.
 TEST_F(CareerRecordTest, BeginsAgainWhereItCantBeUsed) {
     int32_t date = 0;
     {

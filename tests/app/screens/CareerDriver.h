@@ -35,12 +35,12 @@ public:
     CareerDriver(const CareerDriver&) = delete;
     CareerDriver& operator=(const CareerDriver&) = delete;
 
-    /// Presses the widget and waits for the state; the words say what went wrong. Where the widget
-    /// was, the new screen must have no plate that ends the program: players press twice.
+    /// Presses the widget and waits for the state; the message reports what failed. The new screen
+    /// must have no plate that ends the program where the widget was: players press twice.
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
-    /// Steps "widget>State", parted by blanks; "widget" alone stays where it is, and is to show by
-    /// another text, or by going, that it was pressed.
+    /// Steps "widget>State", separated by blanks; "widget" alone stays on the screen and must
+    /// change its text or disappear when pressed.
     testing::AssertionResult walk(const std::string& steps, How how = How::Name);
     /// From the main menu to the squadron office. `way`: the steps up to the last page.
     testing::AssertionResult begin(const std::string& way);

@@ -17,10 +17,10 @@ struct Picture {
 /// The rectangles of the menu's visible texts, in design pixels.
 std::vector<zel::PixelRect> textRects(const zel::Menu& menu);
 
-/// Whether the picture is the kept one, but for what other versions of the OpenGL library round
-/// differently at edges: at half the size over all, and at full size in each of the rectangles,
-/// where a single letter makes a difference. If not, it is written as `newFile`, as PNG or JPEG by
-/// its ending, for somebody to look at.
+/// Whether the picture is the kept one, except for edges that other versions of the OpenGL library
+/// round differently: at half the size over all, and at full size in each of the rectangles, where
+/// a single letter makes a difference. If not, it is written as `newFile`, as PNG or JPEG by its
+/// ending, for somebody to look at.
 testing::AssertionResult isGoldenPicture(const Picture& picture,
                                          const std::vector<zel::PixelRect>& texts,
                                          const std::string& goldenFile, const std::string& newFile);

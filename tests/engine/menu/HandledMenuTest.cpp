@@ -26,7 +26,7 @@ void note(const std::string& who, const char* what, const Menu* menu) {
     calls().push_back(who + " " + what + " " + (menu != nullptr ? menu->getName().c_str() : "-"));
 }
 
-/// Writes down what it is told.
+/// Records its calls.
 class Witness : public HandledMenuExtension {
 public:
     Witness(const char* who, const char* menuName) : HandledMenuExtension(menuName), who(who) {}

@@ -13,8 +13,9 @@
 
 namespace {
 
-// A clock that stands still would hold up whoever waits for it: after so many readings in one frame
-// it creeps. Before, it stands still, so that what is drawn from the time is the same in every run.
+// A stopped clock would block code that waits for it, so it creeps after this many readings in one
+// frame. Until then it is stopped, so that pictures that depend on the time are the same in every
+// run.
 uint32_t now = 0;
 uint32_t readings = 0;                   // in this frame
 constexpr const char* Locale = "LC_ALL"; // overrides all others

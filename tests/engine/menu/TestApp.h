@@ -4,8 +4,8 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
-/// What the application of these tests does when its menus are due, besides loading the list: a
-/// test hangs its extensions in here. Emptied by ScreenDriver's end.
+/// What the tests' application does when it loads its menus, in addition to loading the list. A
+/// test adds its extensions here; ScreenDriver's destructor clears it.
 std::function<void()>& whenMenusAreLoaded();
 
 /// The code of the sample program's screen "Looks".

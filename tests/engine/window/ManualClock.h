@@ -4,9 +4,8 @@
 
 #include "engine/core/Clock.h"
 
-/// The engine's clock in a test's hands, as long as it lives: it stands still but for what the test
-/// adds, and for a millisecond every thousand readings, so that whoever waits for it comes to an
-/// end.
+/// Controls the engine's clock during its lifetime. Time only advances when the test adds some, and
+/// by a millisecond every thousand readings, so that waiting code finishes.
 class ManualClock {
 public:
     ManualClock() {

@@ -5,7 +5,7 @@
 
 #include "engine/window/State.h"
 
-/// A state that writes down what it is told, "A.onEnter" and the like, into a list of the test's.
+/// A state that records its calls, such as "A.onEnter", in the test's list.
 class RecordingState : public zel::State {
 public:
     RecordingState(const char* name, std::vector<std::string>& told, int32_t flags = None)

@@ -29,7 +29,7 @@ protected:
         machine.reset();
     }
 
-    /// One frame of that many milliseconds. Returns what was told in it.
+    /// One frame of that many milliseconds. Returns the calls made in it.
     Told frame(uint32_t milliseconds = 0) {
         clock.advance(milliseconds);
         told.clear();

@@ -22,7 +22,7 @@ std::vector<std::string> readPieces(const std::string& path);
 /// All lines of the pieces but those of type 15.
 std::vector<LogLine> linesOf(const std::vector<std::string>& pieces);
 
-/// What the human's part in a log comes to.
+/// The human's totals in a log.
 struct HumanPart {
     int32_t plane = 0;
     int32_t body = 0;
@@ -36,7 +36,7 @@ struct HumanPart {
 HumanPart humanPartOf(const std::vector<LogLine>& lines);
 
 /// Checks the rules that hold in every log of the simulator; each breach is a failure of the test.
-/// `finished` asks for the end lines, which a flight that was broken off has not.
+/// `finished` asks for the end lines, which an interrupted flight lacks.
 void expectRules(const std::vector<std::string>& pieces, bool finished);
 
 } // namespace standin

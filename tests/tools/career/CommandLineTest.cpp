@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What a call's words, parted by blanks, come to.
+/// The result of reading a call's words, separated by blanks.
 struct ReadCall {
     explicit ReadCall(const char* text) {
         std::istringstream stream(text);

@@ -33,7 +33,7 @@ struct SessionTest : testing::Test {
     Database& career = *Database::instance();
 };
 
-// What missions do to a career over whole wars is looked at in tests/wars.
+// tests/wars checks what missions do to a career over whole wars.
 TEST_F(SessionTest, GoesThroughTheCareersCycle) {
     makeSimulator();
     ASSERT_TRUE(session.newCareer(ServiceEnglish, 1916, 1)) << session.problem().c_str();

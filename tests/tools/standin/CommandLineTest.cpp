@@ -9,7 +9,7 @@ namespace standin {
 
 namespace {
 
-/// What a call's words, parted by blanks, come to.
+/// The result of reading a call's words, separated by blanks.
 tools::CallReading read(const char* text, StandInCall& call) {
     std::istringstream stream(text);
     return readStandInCall({std::istream_iterator<std::string>(stream), {}}, call);

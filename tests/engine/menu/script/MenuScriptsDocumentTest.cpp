@@ -16,7 +16,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-/// The examples of a table's row: what stands in backticks in its second cell.
+/// The examples of a table row: the text in backticks in its second cell.
 Lines examplesOf(const std::string& row) {
     static const std::regex quoted("`([^`]*)`");
     const size_t begin = row.find(" | ");
@@ -32,8 +32,8 @@ std::string commandOf(const std::string& line) {
     return words.empty() ? "" : words[0].toLower().c_str();
 }
 
-/// The lines that belong to scripts. Other languages stand in the document as well: an indented
-/// block counts if any of its lines is a command.
+/// The lines that belong to scripts. The document also has other languages: an indented block
+/// counts if any of its lines is a command.
 Lines scriptLines(std::istream& document) {
     Lines lines, block;
     bool isScript = false, isExampleTable = false;
