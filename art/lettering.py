@@ -19,7 +19,7 @@ TYPE = 'GNUTypewriter.ttf'  # no round brackets in it: for printed words only
 
 
 def put(dst, text, file, px, x, y, color, align='left', spacing=0.0):
-    """Sets a line on dst with its baseline at y. align tells which point of the line x is; spacing
+    """Sets a line on dst with its baseline at y. align says which point of the line x is; spacing
     is added between the letters, in pixels."""
     font = ImageFont.truetype(font_file(file), int(round(px * SCALE)))
     layer = _line(text, font, color, spacing)

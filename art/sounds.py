@@ -199,7 +199,7 @@ SOUNDS = {
 
 
 def finished(sound, peak):
-    """Without silence at its ends, with soft ends, and as loud as it is to be."""
+    """Without silence at its ends, with soft ends, and at the requested loudness."""
     sound = band(sound, 35, None)
     heard = np.flatnonzero(np.abs(sound) > SILENCE * np.max(np.abs(sound)))
     sound = sound[heard[0]:heard[-1] + 1]

@@ -13,7 +13,7 @@ LONGITUDES, LATITUDES = (1.15, 6.85), (48.30, 51.62)  # what the sheet shows, in
 MARGIN = 24  # px from the edge of the sheet to the neat line
 RED, BLUE = '#8E1F17', '#23406B'
 
-# Longitude, latitude, side on which the name stands, who holds it: '' for a town for orientation.
+# Longitude, latitude, side of the name, who holds it: '' for a town for orientation.
 TOWNS = {
     'Dunkerque': (2.37, 51.03, 'nw', 'ours'), 'Ypres': (2.88, 50.85, 'nw', 'ours'),
     'St. Omer': (2.25, 50.75, 'nw', 'ours'), 'Zeebrugge': (3.20, 51.33, 'nw', 'theirs'),

@@ -12,7 +12,7 @@ from PIL import Image
 
 def plain(image):
     """A bitmap as icons hold it: from the bottom up, blue first, the mask of one bit left empty
-    since the alpha channel tells all."""
+    since the alpha channel has everything."""
     size = image.width
     header = struct.pack('<IiiHHIIiiII', 40, size, 2 * size, 1, 32, 0, 0, 0, 0, 0, 0)
     pixels = image.transpose(Image.Transpose.FLIP_TOP_BOTTOM).tobytes('raw', 'BGRA')
