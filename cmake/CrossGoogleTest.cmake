@@ -1,4 +1,4 @@
-# GoogleTest for another system: of its sources, as Debian's package googletest lays them down.
+# GoogleTest for another system, built from the sources in Debian's package googletest.
 find_path(GOOGLETEST_SOURCES googletest/CMakeLists.txt PATHS /usr/src/googletest NO_CMAKE_FIND_ROOT_PATH)
 if(GOOGLETEST_SOURCES)
   set(BUILD_GMOCK OFF)

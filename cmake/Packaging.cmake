@@ -1,5 +1,5 @@
-# What players get besides programs and data, and what CPack makes of it. ./package does all of it
-# in one go, the installer for Windows too.
+# What players get besides programs and data, and the packages that CPack makes. ./package builds
+# all of them, including the installer for Windows.
 
 set(programs wingtally wingtally-career wingtally-standin wingtally-datacheck wingtally-menucheck)
 
@@ -28,7 +28,7 @@ execute_process(COMMAND sed "/^<!-- source tree only -->$/,/^<!-- end -->$/d" RE
   WORKING_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_FILE ${CMAKE_BINARY_DIR}/README.md
   COMMAND_ERROR_IS_FATAL ANY)
 
-# Where the documents, the licences and this system's own files come to lie.
+# The folders of the documents, the licences and this system's own files.
 if(WIN32)
   set(documents docs)
   set(licences Licenses)
