@@ -3,7 +3,7 @@
 # at links to files beside them and to headings; those into the web it leaves alone.
 set -eu
 
-# The names under which a document's headings can be reached.
+# The anchors of a document's headings.
 anchors() {
     sed -n 's/^##* //p' "$1" | tr '[:upper:]' '[:lower:]' | sed 's/[^a-z0-9 _-]//g; s/ /-/g'
 }

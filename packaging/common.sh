@@ -1,5 +1,5 @@
-# What ./play, ./check, ./package and the scripts of packaging share. To be sourced from the top of
-# the tree, with set -eu.
+# What ./play, ./check, ./package and the scripts of packaging share. Source it from the top of the
+# tree, with set -eu.
 
 say() { printf '%s\n' "$*"; }
 fail() {

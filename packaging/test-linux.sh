@@ -21,7 +21,7 @@ alone() {
         LC_ALL=C LIBGL_ALWAYS_SOFTWARE=1 SDL_AUDIODRIVER=dummy "$@"
 }
 
-# To the byte what was staged, and nothing else: no stamp, nothing of the player's.
+# Exactly the staged files, byte for byte: no stamp, nothing of the player's.
 check_data() {
     data=$1/share/wingtally
     diff -r --exclude=.staged --exclude=Custom "$run" "$data" || fail "$data isn't what was staged"

@@ -15,7 +15,7 @@ rm -rf "$work"
 mkdir -p "$work"
 (cd "$work" && cmake -E tar xf "$zip")
 
-# list_removals FOLDER: what takes just these files away again, folders from the inside outwards.
+# list_removals FOLDER: the commands that remove exactly these files, inner folders first.
 # shellcheck disable=SC2016 # a word of the installer's
 list_removals() {
     (cd "$1" && find . -type f | LC_ALL=C sort | sed 's|^\./|Delete "$INSTDIR/|')
