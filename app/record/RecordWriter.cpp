@@ -67,7 +67,8 @@ void insertMany(SqliteFile& file, const std::string& start, int columns,
     for (const size_t block : {size_t{16}, size_t{1}}) {
         if (items.size() - next < block)
             continue;
-        std::string sql = start + " VALUES" + row;
+        std::string sql = start;
+        sql.append(" VALUES").append(row);
         for (size_t i = 1; i < block; ++i)
             sql.append(",").append(row);
         SqliteStatement statement(file, sql);

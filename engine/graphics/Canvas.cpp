@@ -82,7 +82,7 @@ Rect around(const std::vector<Quad>& quads) {
     return {first.x, first.y, right - first.x, bottom - first.y};
 }
 
-void releaseTexture(uint32_t handle) { Canvas::getInstance().releaseTexture(handle); }
+void releaseOnCanvas(uint32_t handle) { Canvas::getInstance().releaseTexture(handle); }
 
 } // namespace
 
@@ -92,7 +92,7 @@ Canvas& Canvas::getInstance() {
     return *canvas;
 }
 
-Canvas::Canvas() { Bitmap::setTextureRelease(zel::releaseTexture); }
+Canvas::Canvas() { Bitmap::setTextureRelease(releaseOnCanvas); }
 
 bool Canvas::isAttached() const { return side.isAttached(); }
 int32_t Canvas::getMaximumTextureSize() const { return side.getMaximumTextureSize(); }
