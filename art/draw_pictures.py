@@ -77,7 +77,7 @@ def rows(name, count, h, **places):
 
 
 def shade_off():
-    """What lies over a map that is switched off."""
+    """The shade over a map that is switched off."""
     return with_alpha(np.broadcast_to(rgb('#2A1E12'), (4, 4, 3)), np.full((4, 4), .5, np.float32))
 
 

@@ -223,7 +223,7 @@ def over_notice():
 
 
 def over_help():
-    """A booklet that lies open; its heads are above double rules."""
+    """An open booklet; its heads are above double rules."""
     ov = empty(W, H)
     pages = [book_page(486, 640, seed, base=BOOKLET) for seed in (75, 76)]
     open_book(ov, 16, 14, cloth(992, 660, 4, '#2E3E4E'), pages, 24)
