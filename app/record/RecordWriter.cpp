@@ -64,7 +64,7 @@ void insertMany(SqliteFile& file, const std::string& start, int columns,
     for (int i = 1; i < columns; ++i)
         row += ",?";
     row += ")";
-    for (const size_t block : {size_t{16}, size_t{1}}) {
+    for (const size_t block : {size_t{64}, size_t{1}}) {
         if (items.size() - next < block)
             continue;
         std::string sql = start;

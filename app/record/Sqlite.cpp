@@ -1,8 +1,8 @@
 #include "app/record/Sqlite.h"
 
-#include <algorithm>
 #include <cmath>
 #include <sqlite3.h>
+#include <utility>
 
 #include "engine/core/System.h"
 #include "engine/core/TextEncoding.h"
@@ -13,8 +13,10 @@ namespace {
 constexpr int PatienceMilliseconds = 500;
 
 bool isPlain(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char character) { return static_cast<uint8_t>(character) < 0x80; });
+    uint8_t bits = 0; // of all characters: faster than to stop at the first
+    for (const char character : text)
+        bits |= static_cast<uint8_t>(character);
+    return bits < 0x80;
 }
 
 /// Once, before the first use: one thread needs no locks, and nobody asks for the memory in use.
@@ -49,6 +51,9 @@ bool SqliteFile::openAs(const char* name, int flags) {
 }
 
 void SqliteFile::close() {
+    for (const auto& [sql, statement] : idle)
+        sqlite3_finalize(statement);
+    idle.clear();
     sqlite3_close_v2(handle); // null does nothing
     handle = nullptr;
     code = SQLITE_OK;
@@ -101,13 +106,27 @@ bool SqliteFile::isDamaged() const {
     return kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB;
 }
 
-SqliteStatement::SqliteStatement(SqliteFile& file, std::string_view sql) : file(file) {
-    if (!file.failed() && file.isOpen())
-        file.check(sqlite3_prepare_v2(file.handle, sql.data(), static_cast<int>(sql.size()),
-                                      &handle, nullptr));
+SqliteStatement::SqliteStatement(SqliteFile& file, std::string_view sql) : file(file), sql(sql) {
+    if (file.failed() || !file.isOpen())
+        return;
+    const auto kept = file.idle.find(this->sql);
+    if (kept != file.idle.end()) {
+        handle = kept->second;
+        file.idle.erase(kept);
+        return;
+    }
+    file.check(sqlite3_prepare_v3(file.handle, sql.data(), static_cast<int>(sql.size()),
+                                  SQLITE_PREPARE_PERSISTENT, &handle, nullptr));
 }
 
-SqliteStatement::~SqliteStatement() { sqlite3_finalize(handle); }
+SqliteStatement::~SqliteStatement() {
+    if (handle == nullptr)
+        return;
+    restart(); // ends its reading
+    sqlite3_clear_bindings(handle);
+    if (!file.idle.emplace(std::move(sql), handle).second)
+        sqlite3_finalize(handle); // two of the same text were in use at once
+}
 
 void SqliteStatement::restart() {
     if (handle != nullptr)

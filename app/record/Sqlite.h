@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "engine/core/String.h"
 
@@ -56,11 +57,13 @@ private:
     bool check(int result);
 
     sqlite3* handle = nullptr;
-    int code = 0; // of the first error
+    std::unordered_map<std::string, sqlite3_stmt*> idle; // prepared, by their text
+    int code = 0;                                        // of the first error
     zel::String message;
 };
 
-/// A prepared statement. Texts are Windows-1252 in the program and UTF-8 in the file.
+/// A prepared statement, which the file keeps for the next one of the same text. REQUIRES: it ends
+/// before the file is closed. Texts are Windows-1252 in the program and UTF-8 in the file.
 class SqliteStatement {
 public:
     SqliteStatement(SqliteFile& file, std::string_view sql);
@@ -120,6 +123,7 @@ private:
     void bindNull(int place);
 
     SqliteFile& file;
+    std::string sql;
     sqlite3_stmt* handle = nullptr;
 };
 
