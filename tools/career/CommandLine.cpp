@@ -9,6 +9,7 @@
 #include "app/career/Database.h"
 #include "engine/core/System.h"
 #include "tools/career/Session.h"
+#include "tools/common/CommandLine.h"
 
 namespace {
 

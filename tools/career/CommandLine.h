@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/common/CommandLine.h"
+#include "tools/common/CallReading.h"
 
 class Session;
 

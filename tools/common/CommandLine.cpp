@@ -1,13 +1,12 @@
 #include "tools/common/CommandLine.h"
 
+#include <algorithm>
 #include <charconv>
-#include <cstdio>
 
 namespace tools {
 
 namespace {
 
-constexpr int WrongCall = 2;         // exit status
 constexpr size_t OptionsColumn = 20; // column of the help at which the descriptions begin
 
 /// The help of our programs: usage, description, options, ending.
@@ -71,18 +70,6 @@ CallReading CommandLine::read(std::vector<std::string> words) {
 CallReading CommandLine::wrong(const std::string& message) const {
     return {CallKind::Wrong, get_name() + ": " + message + "\n" + usageLine + get_name() +
                                  " --help lists the options\n"};
-}
-
-std::vector<std::string> argumentsOf(int count, char** words) {
-    return {words + (count > 0 ? 1 : 0), words + count};
-}
-
-std::optional<int> answer(const CallReading& reading) {
-    if (reading.kind == CallKind::Run)
-        return {};
-    const bool isHelp = reading.kind == CallKind::Help;
-    std::fputs(reading.text.c_str(), isHelp ? stdout : stderr);
-    return isHelp ? 0 : WrongCall;
 }
 
 // CLI11 would read "010" as an octal and "0x10" as a hexadecimal number: the text is made plain

@@ -1,19 +1,12 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "tools/common/CallReading.h"
+
 namespace tools {
-
-/// What a program does after reading its arguments.
-enum class CallKind { Run, Help, Wrong };
-
-struct CallReading {
-    CallKind kind = CallKind::Run;
-    std::string text; // to print, except for Run: the help, or why the call is wrong and the usage
-};
 
 /// A program's options and arguments: CLI11 with the help text, the error lines and the exit
 /// statuses that all our programs share. An option that comes twice keeps its last value.
@@ -32,13 +25,6 @@ public:
 private:
     std::string usageLine;
 };
-
-/// The words after the program's name.
-std::vector<std::string> argumentsOf(int count, char** words);
-
-/// Prints the text of a reading and returns the program's exit status: 0 after the help, which goes
-/// to standard output, and 2 after a wrong call, whose text goes to standard error. Empty for Run.
-std::optional<int> answer(const CallReading& reading);
 
 /// Accept decimal numbers within a range, both bounds included; for CLI::Option::transform.
 /// A whole number has digits and at most a sign, the other one a decimal point too.

@@ -1,5 +1,7 @@
 #include "tools/standin/CommandLine.h"
 
+#include "tools/common/CommandLine.h"
+
 namespace standin {
 
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "standin/StandIn.h"
-#include "tools/common/CommandLine.h"
+#include "tools/common/CallReading.h"
 
 namespace standin {
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tools {
+
+/// What a program does after reading its arguments.
+enum class CallKind { Run, Help, Wrong };
+
+struct CallReading {
+    CallKind kind = CallKind::Run;
+    std::string text; // to print, except for Run: the help, or why the call is wrong and the usage
+};
+
+/// The words after the program's name.
+std::vector<std::string> argumentsOf(int count, char** words);
+
+/// Prints the text of a reading and returns the program's exit status: 0 after the help, which goes
+/// to standard output, and 2 after a wrong call, whose text goes to standard error. Empty for Run.
+std::optional<int> answer(const CallReading& reading);
+
+} // namespace tools
