@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr uint32_t Seed = 20260;
+constexpr uint32_t FileSeed = 20260;
 constexpr int32_t LogLines = 100000;
 
 const std::string& workFolder() {
@@ -48,7 +48,7 @@ size_t readPlainly(const std::string& name, std::vector<char>& buffer) {
 }
 
 void createCareer(benchmark::State& state) {
-    zel::Random::setStaticNumber(Seed);
+    zel::Random::setStaticNumber(FileSeed);
     Database career;
     const MissionGenerator generator;
     for (auto unused : state) {
@@ -73,7 +73,7 @@ void createCareerBare(benchmark::State& state) {
 Database& grownCareer() {
     static const auto career = [] {
         zel::setUserDirectory(workFolder());
-        zel::Random::setStaticNumber(Seed);
+        zel::Random::setStaticNumber(FileSeed);
         auto grown = std::make_unique<Database>();
         const MissionGenerator generator;
         grown->createCareer(ServiceGerman);
@@ -136,7 +136,7 @@ const std::string& logFile() {
                 << "T:5 AType:12 ID:" << 30000 + i
                 << " TYPE:Common Bot COUNTRY:101 NAME: PID:" << 20000 + i << "\r\n";
         }
-        zel::Random random(Seed);
+        zel::Random random(FileSeed);
         int32_t from = 20000;
         int32_t to = 20004;
         for (int32_t i = 17; i < LogLines; ++i) {

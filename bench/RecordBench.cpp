@@ -22,19 +22,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr uint32_t Seed = 20260;
+constexpr uint32_t RecordSeed = 20260;
 
 /// A career with a user's folder of its own, and perhaps with a record.
 struct RecordedCareer {
     explicit RecordedCareer(bool hasRecord) {
         zel::setUserDirectory(folder.path);
         zel::setTickSource([] { return uint32_t(0); }); // seeds would differ with the time
-        zel::Random::setStaticNumber(Seed);
-        zel::seedSharedRandom(Seed);
+        zel::Random::setStaticNumber(RecordSeed);
+        zel::seedSharedRandom(RecordSeed);
         career = std::make_unique<Database>();
         generator = std::make_unique<MissionGenerator>();
-        generator->reseed(Seed);
-        career->random.seed(Seed);
+        generator->reseed(RecordSeed);
+        career->random.seed(RecordSeed);
         if (hasRecord)
             career->observer = &record;
         career->createCareer(ServiceEnglish);

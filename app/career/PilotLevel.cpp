@@ -13,7 +13,7 @@ struct Divisors {
 };
 constexpr Divisors DivisorsOfSkill[] = {{3, 15}, {3, 12}, {3, 11}, {3, 10}, {3, 9}, {3, 8},
                                         {3, 7},  {2, 6},  {2, 5},  {1, 5},  {1, 4}};
-constexpr auto HighestSkill = static_cast<int32_t>(std::size(DivisorsOfSkill)) - 1;
+constexpr auto LastSkill = static_cast<int32_t>(std::size(DivisorsOfSkill)) - 1;
 
 // The sums of the quotients from which on the level is certain.
 constexpr int32_t ValueOfAce = 5;
@@ -35,7 +35,7 @@ bool isExperienced(int32_t skill, int32_t missions) {
 } // namespace
 
 int32_t pilotLevel(int32_t skill, int32_t shotdowns, int32_t missions) {
-    skill = std::clamp(skill, 0, HighestSkill);
+    skill = std::clamp(skill, 0, LastSkill);
     const Divisors& divisors = DivisorsOfSkill[skill];
     const int32_t value = shotdowns / divisors.shotdowns + missions / divisors.missions;
     if (value >= ValueOfAce)

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int32_t FirstDayOfWar = 19151201;
-
 zel::String recordPath() {
     return zel::system::absolutePath(zel::getUserDirectory() + RecordFileName);
 }

@@ -8,9 +8,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr const char* Tables[] = {"meta",    "page",         "gap",           "squadron",
-                                  "flight",  "flight_plane", "flight_report", "flight_event",
-                                  "victory", "posting",      "base"};
+constexpr const char* ExportedTables[] = {
+    "meta",          "page",         "gap",     "squadron", "flight", "flight_plane",
+    "flight_report", "flight_event", "victory", "posting",  "base"};
 
 Json valueAt(const SqliteStatement& row, int column) {
     if (row.isNull(column))
@@ -35,7 +35,7 @@ Json rowOf(const SqliteStatement& row) {
 std::string recordAsJson(SqliteFile& record) {
     std::string text = "{";
     const char* separator = "\n";
-    for (const char* table : Tables) {
+    for (const char* table : ExportedTables) {
         text += separator + Json(table).dump() + ": [";
         separator = ",\n";
         const char* comma = "\n";

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int32_t FirstDayOfWar = 19151201;                        // of every career
 constexpr const char* Companions[] = {"-wal", "-shm", "-journal"}; // SQLite's own, beside the file
 
 // A commit is whole whenever the program is killed, and costs no sync. A file system that can't

@@ -6,6 +6,8 @@
 
 class SqliteFile;
 
+constexpr int32_t FirstDayOfWar = 19151201; // of every career
+
 /// What became of opening a record.
 enum class RecordState {
     Ready,

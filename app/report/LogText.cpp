@@ -6,10 +6,9 @@
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "engine/core/TextLines.h"
 
 namespace {
-
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 void logReading(const zel::String& message, int32_t level = zel::LogInfo) {
     zel::log(message, "CombatReport", level);
@@ -101,8 +100,8 @@ bool LogText::readPieces(const zel::String& folder, const zel::String& name) {
 void LogText::splitFrom(size_t start) {
     using LineMarks = ByteMarks<'\r', '\n'>;
     const std::string_view all(text.get(), size);
-    if (all.substr(start, ByteOrderMark.size()) == ByteOrderMark)
-        start += ByteOrderMark.size();
+    if (all.substr(start, zel::ByteOrderMark.size()) == zel::ByteOrderMark)
+        start += zel::ByteOrderMark.size();
     size_t lineStart = start;
     uint64_t endedBefore = 0; // bit 0: the byte before the current ones ends a line
     for (; start < all.size(); start += LineMarks::Width) {

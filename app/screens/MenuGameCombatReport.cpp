@@ -17,7 +17,7 @@ constexpr int32_t LineCount = 63; // of a column
 constexpr int32_t LinesPerEntry = 3;
 constexpr int32_t EntriesPerSheet = 7;
 constexpr int32_t LinesPerSheet = LinesPerEntry * EntriesPerSheet;
-constexpr int32_t MostSheets = LineCount / LinesPerSheet;
+constexpr int32_t MostReportSheets = LineCount / LinesPerSheet;
 
 void logReport(const zel::String& message) {
     zel::log(message, "MenuGameCombatReport", zel::LogInfo);
@@ -25,7 +25,7 @@ void logReport(const zel::String& message) {
 
 int32_t sheetsFor(const ReportColumns& columns) {
     const auto entries = int32_t(std::max(columns.left.size(), columns.right.size()));
-    return std::clamp((entries + EntriesPerSheet - 1) / EntriesPerSheet, 1, MostSheets);
+    return std::clamp((entries + EntriesPerSheet - 1) / EntriesPerSheet, 1, MostReportSheets);
 }
 
 zel::String lineName(const char* column, int32_t line) { return zel::String(column) + line; }
@@ -99,7 +99,7 @@ void MenuGameCombatReport::showSheet(int32_t sheet) {
     for (int32_t line = 1; line <= LineCount; ++line)
         for (const char* column : {"left", "right"})
             setVisible(lineName(column, line), (line - 1) / LinesPerSheet + 1 == sheet);
-    for (int32_t other = 1; other <= MostSheets; ++other) {
+    for (int32_t other = 1; other <= MostReportSheets; ++other) {
         const bool exists = sheetCount > 1 && other <= sheetCount;
         setVisible(zel::String("sheet") + other, exists && other != sheet);
         setVisible(zel::String("sheetlit") + other, exists && other == sheet);

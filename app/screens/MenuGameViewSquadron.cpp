@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int32_t RosterRows = 12;
+constexpr int32_t SquadronRows = 12;
 
 } // namespace
 
@@ -15,6 +15,6 @@ void MenuGameViewSquadron::onEnter() {
         return;
     const std::vector<zel::String> lines = squadronLines(*career);
     showLines("pilot", lines);
-    showRows(1, lines.size(), RosterRows);
+    showRows(1, lines.size(), SquadronRows);
     showSquadron();
 }

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr int32_t MostSheets = 3;
-static_assert(std::size(AircraftRows) <= size_t{PlanesPerSheet} * MostSheets);
+constexpr int32_t MostPlaneSheets = 3;
+static_assert(std::size(AircraftRows) <= size_t{PlanesPerSheet} * MostPlaneSheets);
 
 zel::String numbered(const char* name, int32_t number) { return zel::String(name) + number; }
 
@@ -25,7 +25,7 @@ void PlanesScreen::reset() {
         setVisible(numbered("item", item), item <= int32_t(planes.size()));
     setSwitches(std::move(planes));
     const int32_t sheets = planeSheets(allied);
-    for (int32_t other = 1; other <= MostSheets; ++other) {
+    for (int32_t other = 1; other <= MostPlaneSheets; ++other) {
         const bool exists = sheets > 1 && other <= sheets;
         setVisible(numbered("sheet", other), exists && other != sheet);
         setVisible(numbered("sheetlit", other), exists && other == sheet);
@@ -34,7 +34,7 @@ void PlanesScreen::reset() {
 }
 
 void PlanesScreen::onEvent(zel::Widget* widget, int32_t eventType) {
-    for (int32_t other = 1; other <= MostSheets; ++other)
+    for (int32_t other = 1; other <= MostPlaneSheets; ++other)
         if (widget->getName() == numbered("sheet", other)) {
             widget->reset();
             sheet = other;

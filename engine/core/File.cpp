@@ -6,6 +6,7 @@
 
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "engine/core/TextLines.h"
 
 namespace zel {
 
@@ -14,7 +15,6 @@ namespace {
 constexpr const char* Modes[] = {"rb", "wb", "r+b", "a+b"};
 constexpr size_t LineBufferSize =
     65536; // bytes at first, at most; it stays in the processor's cache
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 bool endsLine(char character) { return character == '\r' || character == '\n'; }
 

@@ -11,7 +11,7 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t MaxFileSize = 1 << 24; // bytes
+constexpr int32_t MaxLanguageSize = 1 << 24; // bytes
 constexpr const char* Preference = "_Language";
 constexpr const char* LastResort = "en";
 
@@ -74,7 +74,7 @@ String findLanguageCode(std::string_view langcodes, std::string_view identifier)
 
 String Language::getSystemLanguage() {
     std::string content;
-    if (!readFile("Language/langcodes.dat", MaxFileSize, content))
+    if (!readFile("Language/langcodes.dat", MaxLanguageSize, content))
         return {};
     return findLanguageCode(content, std::to_string(system::userLocale()));
 }
@@ -82,7 +82,7 @@ String Language::getSystemLanguage() {
 bool Language::load(const String& newCode) {
     std::string content;
     if (!isPlainName(newCode) ||
-        !readTextFile("Language/" + newCode + ".txt", MaxFileSize, content))
+        !readTextFile("Language/" + newCode + ".txt", MaxLanguageSize, content))
         return false;
     table = parseLanguage(content);
     code = newCode;

@@ -12,7 +12,7 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t MaxFileSize = 1 << 24; // bytes
+constexpr int32_t MaxPreferencesSize = 1 << 24; // bytes
 
 struct RegistryState {
     std::map<String, String> values; // in the order of the keys' bytes, as in the file
@@ -97,7 +97,7 @@ void Registry::load() {
     if (!system::fileStatus(name).exists)
         return; // the first run
     std::string content;
-    const bool isRead = readFile(name, MaxFileSize, content);
+    const bool isRead = readFile(name, MaxPreferencesSize, content);
     if (isRead && takeEntries(content, registryState().values))
         return;
     registryState().damagedFile = name;

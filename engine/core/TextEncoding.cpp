@@ -13,7 +13,7 @@ namespace zel {
 namespace {
 
 constexpr uint32_t Invalid = 0xFFFFFFFF;
-constexpr uint32_t ByteOrderMark = 0xFEFF;
+constexpr uint32_t ByteOrderMarkCode = 0xFEFF;
 
 // Unicode of the bytes 0x80 to 0x9F, in which Windows-1252 differs from Latin-1; 0 for the five
 // bytes that mean nothing.
@@ -81,7 +81,7 @@ std::string decodedText(std::string text, const String& fileName) {
     int32_t line = 1;
     for (std::string_view rest = text; !rest.empty();) {
         const uint32_t character = takeCharacter(rest);
-        if (character == ByteOrderMark && decoded.empty())
+        if (character == ByteOrderMarkCode && decoded.empty())
             continue;
         const bool endsPair = character == '\n' && !decoded.empty() && decoded.back() == '\r';
         line += character == '\r' || (character == '\n' && !endsPair) ? 1 : 0;

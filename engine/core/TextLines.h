@@ -9,6 +9,8 @@
 
 namespace zel {
 
+inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF"; // of UTF-8
+
 /// The text with each pair of the characters `\` and `n` as one line feed. For texts that people
 /// write into scripts and language files, once, when they are read; never for names and paths.
 String unescapeLineFeeds(const String& text);
@@ -17,7 +19,6 @@ String unescapeLineFeeds(const String& text);
 /// from 1, empty lines included. A line ends at CR, LF or both; zero bytes, and a byte order mark
 /// in front, are left out.
 template <typename Take> void forEachNumberedLine(std::string_view text, Take take) {
-    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
     std::string cleaned;
     if (text.find('\0') != text.npos) {
         std::copy_if(text.begin(), text.end(), std::back_inserter(cleaned),

@@ -11,7 +11,7 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t MaxFileSize = 1 << 24; // bytes, of a description or a metrics file
+constexpr int32_t MaxFontFileSize = 1 << 24; // bytes, of a description or a metrics file
 
 /// Where the file's folder ends; 0 without one.
 size_t folderEnd(std::string_view name) {
@@ -42,7 +42,7 @@ Font::Font(const String& name, FontDescription description)
 
 bool Font::read(const String& fileName) {
     std::string content;
-    if (!readFile(fileName, MaxFileSize, content)) {
+    if (!readFile(fileName, MaxFontFileSize, content)) {
         log("Font " + name + " not found", "Font", LogError);
         return false;
     }
@@ -52,7 +52,7 @@ bool Font::read(const String& fileName) {
     }
     const std::string_view path = fileName.view();
     const String metricsName = String(path.substr(0, endingStart(path))) + ".cfg";
-    if (readFile(metricsName, MaxFileSize, content))
+    if (readFile(metricsName, MaxFontFileSize, content))
         applyFontMetrics(content, metricsName, description);
     loadPages(fileName);
     return true;

@@ -10,7 +10,7 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t MaxFileSize = 1 << 28; // bytes
+constexpr int32_t MaxPictureSize = 1 << 28; // bytes
 
 // No format compresses better than LZW, which stays below this many pixels a byte. Small pictures
 // may be as empty as they like.
@@ -40,7 +40,7 @@ void copyLine(const uint8_t* from, int channels, int32_t width, uint8_t* to) {
 } // namespace
 
 bool FormatANY::checkHeader() {
-    if (file->fileSize() <= 0 || file->fileSize() > MaxFileSize) {
+    if (file->fileSize() <= 0 || file->fileSize() > MaxPictureSize) {
         log("Cannot read file (filesize: " + String(file->fileSize()) + ")", "FormatANY", LogError);
         return false;
     }

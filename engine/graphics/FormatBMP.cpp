@@ -9,8 +9,8 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t HeaderSize = 54; // bytes
-constexpr uint32_t InfoSize = 40;  // the least size of the second part of the header
+constexpr int32_t BmpHeaderSize = 54; // bytes
+constexpr uint32_t InfoSize = 40;     // the least size of the second part of the header
 
 void makeOpaqueIfInvisible(BitmapData& data) {
     if (data.depth != 4)
@@ -27,7 +27,7 @@ void makeOpaqueIfInvisible(BitmapData& data) {
 } // namespace
 
 bool FormatBMP::checkHeader() {
-    char bytes[HeaderSize] = {};
+    char bytes[BmpHeaderSize] = {};
     const bool isLongEnough = file->read(bytes, sizeof bytes);
     ByteReader header({bytes, sizeof bytes});
     if (!isLongEnough || header.bytes(2) != "BM") {

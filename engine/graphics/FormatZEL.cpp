@@ -7,12 +7,12 @@ namespace zel {
 
 namespace {
 
-constexpr int32_t HeaderSize = 16; // bytes
+constexpr int32_t ZelHeaderSize = 16; // bytes
 
 } // namespace
 
 bool FormatZEL::checkHeader() {
-    char bytes[HeaderSize] = {};
+    char bytes[ZelHeaderSize] = {};
     const bool isLongEnough = file->read(bytes, sizeof bytes);
     ByteReader header({bytes, sizeof bytes});
     if (!isLongEnough || header.bytes(2) != "ZG") {

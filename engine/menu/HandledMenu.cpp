@@ -12,7 +12,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "HandledMenu";
+constexpr const char* HandledMenuCategory = "HandledMenu";
 
 } // namespace
 
@@ -22,7 +22,7 @@ HandledMenu::HandledMenu(const String& name, int32_t flags)
     hasSection.fill(true);
     const String file = String("Menus/") + name + ".ini";
     if (!script.load(file))
-        log(String("Menu script ") + file + " not found", Category, LogError);
+        log(String("Menu script ") + file + " not found", HandledMenuCategory, LogError);
     runSection(Init);
 }
 
@@ -118,7 +118,7 @@ bool HandledMenu::loadMenuList(const String& fileName) {
     setShutdownStep(ShutdownStep::Menus, releaseShared);
     File file(fileName, FileRead);
     if (!file.isOpen()) {
-        log(String("Menu list ") + fileName + " not found", Category, LogError);
+        log(String("Menu list ") + fileName + " not found", HandledMenuCategory, LogError);
         return false;
     }
     while (file.hasLine()) {
@@ -127,8 +127,8 @@ bool HandledMenu::loadMenuList(const String& fileName) {
             continue;
         const String option = words.size() > 1 ? words[1].toLower() : String("noalpha");
         if (option != "alpha" && option != "noalpha")
-            log(fileName + ":" + file.lineNumber() + ": unknown word " + words[1], Category,
-                LogWarning);
+            log(fileName + ":" + file.lineNumber() + ": unknown word " + words[1],
+                HandledMenuCategory, LogWarning);
         const int32_t flags = option == "alpha" ? DrawnOnTop : None;
         ownedMenus().push_back(std::make_unique<HandledMenu>(words[0], flags));
     }

@@ -14,7 +14,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "Menu";
+constexpr const char* MenuCategory = "Menu";
 
 /// Why an element can't be made; empty if it can. `kind` is "Widget" or "TextArea".
 template <typename Element>
@@ -58,7 +58,7 @@ Widget* Menu::createWidget(const String& name) {
     const String reason =
         reasonAgainst("Widget", name, getName(), layout, &Layout::widgets, elements.getWidgets());
     if (!reason.empty()) {
-        log(reason, Category, LogWarning);
+        log(reason, MenuCategory, LogWarning);
         return nullptr;
     }
     Widget* widget = elements.put(createWidgetFromLayout(*layout, name, theme, widgetAlignment));
@@ -70,7 +70,7 @@ TextArea* Menu::createTextArea(const String& name) {
     const String reason = reasonAgainst("TextArea", name, getName(), layout, &Layout::textAreas,
                                         elements.getTextAreas());
     if (!reason.empty()) {
-        log(reason, Category, LogWarning);
+        log(reason, MenuCategory, LogWarning);
         return nullptr;
     }
     TextArea* area =
@@ -96,7 +96,7 @@ bool Menu::setWidgetKind(const String& name, const String& kind) {
     if (widget == nullptr || !isKnown) {
         log(widget == nullptr ? "setWidgetKind() of unknown widget " + name
                               : "setWidgetKind() to unknown kind " + kind,
-            Category, LogWarning);
+            MenuCategory, LogWarning);
         return false;
     }
     widget->setKind(kind.toLower());
@@ -153,7 +153,7 @@ bool Menu::setTheme(const String& name) {
 void Menu::setMenuOverlay(bool isBackground, const String& image, const OverlayOptions& options) {
     MenuOverlay* overlay = StandardMenuOverlay::of(image, options);
     if (overlay == nullptr) {
-        log(String("setMenuOverlay background image ") + image + " does not exist", Category,
+        log(String("setMenuOverlay background image ") + image + " does not exist", MenuCategory,
             LogWarning);
         return;
     }

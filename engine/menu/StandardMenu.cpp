@@ -13,7 +13,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "StandardMenu";
+constexpr const char* StandardMenuCategory = "StandardMenu";
 constexpr int32_t TaskPriority = 2; // runs in every frame
 
 } // namespace
@@ -21,18 +21,18 @@ constexpr int32_t TaskPriority = 2; // runs in every frame
 Widget* StandardMenu::addWidget(const String& name, const String& text, const String& transition) {
     Widget* widget = Menu::addWidget(name, text, transition);
     if (widget == nullptr)
-        log(String("Failed to create Widget ") + name, Category, LogWarning);
+        log(String("Failed to create Widget ") + name, StandardMenuCategory, LogWarning);
     else
         log(String("Added widget=") + name + " text=" + widget->getText() +
                 " transition=" + widget->getTransition(),
-            Category, LogInfo);
+            StandardMenuCategory, LogInfo);
     return widget;
 }
 
 TextArea* StandardMenu::addTextArea(const String& name, const String& text) {
     TextArea* area = Menu::addTextArea(name, text);
     if (area == nullptr)
-        log(String("Failed to create TextArea ") + name, Category, LogWarning);
+        log(String("Failed to create TextArea ") + name, StandardMenuCategory, LogWarning);
     return area;
 }
 
@@ -83,7 +83,7 @@ void StandardMenu::onEvent(Widget* widget, int32_t eventType) {
         return;
     log(String("onEvent: widget=") + widget->getName() + " et=" + eventType +
             " transition=" + widget->getTransition(),
-        Category, LogInfo);
+        StandardMenuCategory, LogInfo);
     if (eventType == Widget::EventHit)
         focus.takeHit(*this, *widget);
 }

@@ -13,7 +13,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "HighLevelScheduler";
+constexpr const char* SchedulerCategory = "HighLevelScheduler";
 constexpr int32_t LowestPriority = 6;
 constexpr int32_t FirstBudgetedPriority = 3; // those before it always run
 constexpr int32_t IdleFrames = 100;          // minimum for the lowest priority
@@ -21,7 +21,7 @@ constexpr int32_t IdleFrames = 100;          // minimum for the lowest priority
 // clock, as in a test, must not hang the program.
 constexpr int32_t StandstillRounds = 100000;
 
-std::unique_ptr<HighLevelScheduler> scheduler;
+std::unique_ptr<HighLevelScheduler> taskScheduler;
 
 template <typename T> void addOnce(std::vector<T>& list, T value) {
     if (std::find(list.begin(), list.end(), value) == list.end())
@@ -42,13 +42,13 @@ float smoothed(float mean, float value, float share) { return (1 - share) * mean
 } // namespace
 
 HighLevelScheduler& HighLevelScheduler::getInstance() {
-    if (scheduler == nullptr)
-        scheduler.reset(new HighLevelScheduler);
-    return *scheduler;
+    if (taskScheduler == nullptr)
+        taskScheduler.reset(new HighLevelScheduler);
+    return *taskScheduler;
 }
 
-bool HighLevelScheduler::exists() { return scheduler != nullptr; }
-void HighLevelScheduler::destroy() { scheduler.reset(); }
+bool HighLevelScheduler::exists() { return taskScheduler != nullptr; }
+void HighLevelScheduler::destroy() { taskScheduler.reset(); }
 
 void HighLevelScheduler::addTask(UpdateAndRenderObject* object, State* ownerState) {
     addTask(static_cast<UpdateObject*>(object), ownerState);
@@ -149,7 +149,7 @@ void HighLevelScheduler::specifyTasMinimumTimeDifference(const UpdateObject* obj
     if (ScheduledTask* task = findTask(object))
         task->minimumTimeDifference = seconds;
     else
-        log("specifyTasMinimumTimeDifference task not found", Category, LogWarning); // sic
+        log("specifyTasMinimumTimeDifference task not found", SchedulerCategory, LogWarning); // sic
 }
 
 void HighLevelScheduler::addIncludedState(const UpdateObject* object, State* state) {
@@ -301,13 +301,13 @@ void HighLevelScheduler::checkOverrun() {
         return;
     overrunReported = true;
     if (lastTask < 0) {
-        log("Last unknown task took too long", Category, LogWarning);
+        log("Last unknown task took too long", SchedulerCategory, LogWarning);
         return;
     }
     const ScheduledTask& task = tasks[lastTask];
     log("Last task " + task.name + " took too long: " + formatFloat(task.lastDuration) +
             " secs, total: " + formatFloat(static_cast<float>(passed)) + " secs",
-        Category, LogWarning);
+        SchedulerCategory, LogWarning);
 }
 
 } // namespace zel

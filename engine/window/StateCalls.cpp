@@ -10,7 +10,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "StatesMachine";
+constexpr const char* StateCallsCategory = "StatesMachine";
 
 /// Calls both overlays of the state, the background first.
 template <typename Call> void forOverlays(const State& state, Call call) {
@@ -20,7 +20,7 @@ template <typename Call> void forOverlays(const State& state, Call call) {
 }
 
 void logCall(const State& state, const char* what) {
-    log(state.getName() + ": " + what, Category, LogInfo);
+    log(state.getName() + ": " + what, StateCallsCategory, LogInfo);
 }
 
 void enter(State& state) {
@@ -52,7 +52,7 @@ void StateCalls::add(StateCallType type, State* state, State* otherState) {
     if (state != nullptr)
         calls.push_back({state, otherState, type});
     else if (Names[type] != nullptr)
-        log(String("addStateCall STATECALL_") + Names[type] + " without state", Category,
+        log(String("addStateCall STATECALL_") + Names[type] + " without state", StateCallsCategory,
             LogWarning);
 }
 
@@ -82,7 +82,7 @@ void StateCalls::firstEnter(State& state) {
 
 void StateCalls::deliver(const StateCall& call) {
     if (call.state == nullptr) {
-        log("processStateCall() for invalid state", Category, LogFatal);
+        log("processStateCall() for invalid state", StateCallsCategory, LogFatal);
         return;
     }
     State& state = *call.state;
@@ -92,7 +92,7 @@ void StateCalls::deliver(const StateCall& call) {
     case STATECALL_ON_ENTER:
         return enter(state);
     case STATECALL_START_TIMER:
-        return log("Transition timer started", Category, LogInfo);
+        return log("Transition timer started", StateCallsCategory, LogInfo);
     case STATECALL_ON_ENTERED:
         logCall(state, "onEntered()");
         state.onEntered();
@@ -104,7 +104,7 @@ void StateCalls::deliver(const StateCall& call) {
     case STATECALL_ON_LEAVE:
         return leave(state);
     default:
-        log("updateSchedulersActive()", Category, LogInfo);
+        log("updateSchedulersActive()", StateCallsCategory, LogInfo);
     }
 }
 

@@ -15,7 +15,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "StatesMachine";
+constexpr const char* StatesMachineCategory = "StatesMachine";
 constexpr size_t HistoryLength = 128;
 
 bool beginsBackwards(const String& name) { return name.length() > 1 && name.view().front() == '<'; }
@@ -47,7 +47,7 @@ StatesMachine& StatesMachine::getInstance() {
 
 void StatesMachine::registerState(State* state) {
     const String name = state->getName();
-    log("registerState " + name, Category, LogInfo);
+    log("registerState " + name, StatesMachineCategory, LogInfo);
     states.emplace(name, state);
 }
 
@@ -71,23 +71,24 @@ State* StatesMachine::findState(const String& name) const {
 State* StatesMachine::getState(const String& name) const {
     State* state = findState(name);
     if (state == nullptr)
-        log("Requested state " + plainName(name) + " is unknown", Category, LogWarning);
+        log("Requested state " + plainName(name) + " is unknown", StatesMachineCategory,
+            LogWarning);
     return state;
 }
 
 void StatesMachine::setActiveState(State* state, bool /*backwards*/) {
     if (state != nullptr && state == activeState) {
-        log("New active state is already current state", Category, LogWarning);
+        log("New active state is already current state", StatesMachineCategory, LogWarning);
         return;
     }
     changeState(state);
     if (state != nullptr)
-        log("New state: " + state->getName(), Category, LogInfo);
+        log("New state: " + state->getName(), StatesMachineCategory, LogInfo);
 }
 
 void StatesMachine::changeState(State* target) {
     if (target == nullptr) {
-        log("New state: NULL", Category, LogError);
+        log("New state: NULL", StatesMachineCategory, LogError);
         return;
     }
     previousState = activeState;
@@ -119,11 +120,11 @@ void StatesMachine::remember(const String& name) {
     history.push_back(name);
     if (history.size() > HistoryLength)
         history.erase(history.begin());
-    if (!isLogged(Category, LogInfo))
+    if (!isLogged(StatesMachineCategory, LogInfo))
         return;
     for (size_t place = 0; place < history.size(); ++place)
-        log("history " + String(static_cast<int32_t>(place)) + ": " + history[place], Category,
-            LogInfo);
+        log("history " + String(static_cast<int32_t>(place)) + ": " + history[place],
+            StatesMachineCategory, LogInfo);
 }
 
 void StatesMachine::setInputSettings(int32_t a, int32_t b, int32_t c, int32_t d) {
@@ -154,7 +155,7 @@ void StatesMachine::update() {
         if (activeState == nullptr && defaultState != nullptr) {
             setActiveState(defaultState);
         } else if (activeState == nullptr) {
-            log("Unknown state and no default state set", Category, LogFatal);
+            log("Unknown state and no default state set", StatesMachineCategory, LogFatal);
             ZelLoop::quit();
         }
         advanceTransition();

@@ -17,7 +17,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "Window";
+constexpr const char* WindowCategory = "Window";
 constexpr uint32_t FramePeriod = 15;     // milliseconds; shorter than a picture of a 60 Hz display
 constexpr uint32_t IdleFramePeriod = 50; // without keyboard focus, and minimised
 constexpr uint32_t RepeatPeriod = 1000;  // of an unchanged picture
@@ -117,7 +117,7 @@ bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscree
 void Window::setIcon(const Bitmap& picture) {
     Platform::getInstance();
     if (picture.width() != IconSide || picture.height() != IconSide) {
-        log("Icon " + picture.getName() + " is not 32 by 32 pixels", Category, LogWarning);
+        log("Icon " + picture.getName() + " is not 32 by 32 pixels", WindowCategory, LogWarning);
         return;
     }
     uint32_t pixels[IconSide * IconSide];
@@ -142,7 +142,7 @@ void Window::destroy() {
 Window::~Window() {
     Canvas::getInstance().detach();
     if (surface != nullptr)
-        log("closing window", Category, LogInfo);
+        log("closing window", WindowCategory, LogInfo);
 }
 
 bool Window::setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen) {
@@ -163,8 +163,8 @@ bool Window::setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen) {
             break;
     }
     if (surface == nullptr) {
-        log("SDL_SetVideoMode failed", Category, LogError);
-        log(SDL_GetError(), Category, LogError);
+        log("SDL_SetVideoMode failed", WindowCategory, LogError);
+        log(SDL_GetError(), WindowCategory, LogError);
         return false;
     }
     width = std::max(1, surface->w); // full screen may have another size
@@ -232,7 +232,7 @@ void Window::layOut() {
     const auto design = [](int32_t size, float scale) { return static_cast<float>(size) * scale; };
     log(box.barsAtTop ? "Horizontal black lines, top and bottom black border"
                       : "Vertical black lines, left and right black border",
-        Category, LogInfo);
+        WindowCategory, LogInfo);
     canvas.setGlobalScale(box.scale, box.scale);
     canvas.setGlobalOffset(box.offsetX, box.offsetY);
     canvas.setGlobalScissor(static_cast<int32_t>(box.offsetX), static_cast<int32_t>(box.offsetY),
@@ -242,14 +242,14 @@ void Window::layOut() {
     const float ratioY = static_cast<float>(height) / static_cast<float>(simulatedHeight);
     const float remainsX = (static_cast<float>(width) - design(simulatedWidth, ratioY)) * 0.5F;
     const float remainsY = (static_cast<float>(height) - design(simulatedHeight, ratioX)) * 0.5F;
-    log(String("height: ") + height + " ; width: " + width, Category, LogInfo);
+    log(String("height: ") + height + " ; width: " + width, WindowCategory, LogInfo);
     log(String("simulated height: ") + simulatedHeight + " ; simulated width: " + simulatedWidth,
-        Category, LogInfo);
-    log("ratioHeight: " + number(ratioY) + " ; horizontal remains: " + number(remainsX), Category,
-        LogInfo);
+        WindowCategory, LogInfo);
+    log("ratioHeight: " + number(ratioY) + " ; horizontal remains: " + number(remainsX),
+        WindowCategory, LogInfo);
     log("Offset from left: " + number(box.offsetX) + " ; vertical remains: " + number(remainsY),
-        Category, LogInfo);
-    log("Offset from top: " + number(box.offsetY), Category, LogInfo);
+        WindowCategory, LogInfo);
+    log("Offset from top: " + number(box.offsetY), WindowCategory, LogInfo);
 }
 
 float Window::toDesignX(int32_t x) const {
@@ -300,9 +300,9 @@ bool Window::isActive() { return hasState(SDL_APPACTIVE); }
 
 void Window::openUrl(const String& address) {
     if (!isWebAddress(address))
-        log("Not a web address: " + address, Category, LogWarning);
+        log("Not a web address: " + address, WindowCategory, LogWarning);
     else if (browser != nullptr ? !browser(address) : !system::openBrowser(address))
-        log("Cannot open " + address, Category, LogWarning);
+        log("Cannot open " + address, WindowCategory, LogWarning);
 }
 
 } // namespace zel

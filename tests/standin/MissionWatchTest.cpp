@@ -12,7 +12,7 @@ namespace standin {
 
 namespace {
 
-constexpr const char* Mission = "data/Missions/One.Mission";
+constexpr const char* MissionFile = "data/Missions/One.Mission";
 constexpr const char* Log = "data/missionReport(2024-05-02_20-15-33)[0].txt";
 
 /// Sets a file's time of change, in seconds from now.
@@ -29,14 +29,14 @@ TEST(MissionWatch, GivesOutEachMissionOnce) {
     folder.write("data/Missions/note.txt", "no mission");
     MissionWatch watch(folder.path());
     EXPECT_EQ(watch.look(), "");
-    folder.write(Mission, "half a mission");
+    folder.write(MissionFile, "half a mission");
     EXPECT_EQ(watch.look(), "") << "it may still be written";
-    folder.write(Mission, "half a mission and the rest");
+    folder.write(MissionFile, "half a mission and the rest");
     EXPECT_EQ(watch.look(), "");
     EXPECT_EQ(watch.look(), "One.Mission") << "now it has stopped changing";
     EXPECT_EQ(watch.look(), "");
     EXPECT_EQ(watch.look(), "");
-    setAge(folder, Mission, 5);
+    setAge(folder, MissionFile, 5);
     EXPECT_EQ(watch.look(), "");
     EXPECT_EQ(watch.look(), "One.Mission") << "the same text written again is a new mission";
     folder.write("data/Missions/TWO.MISSION", "x");
@@ -49,14 +49,14 @@ TEST(MissionWatch, GivesOutEachMissionOnce) {
 
 TEST(MissionWatch, LeavesOutWhatWasFlownBefore) {
     const TemporaryFolder folder;
-    folder.write(Mission, "a mission");
+    folder.write(MissionFile, "a mission");
     folder.write(Log, "its log");
-    setAge(folder, Mission, -60);
+    setAge(folder, MissionFile, -60);
     setAge(folder, Log, -30);
     MissionWatch watch(folder.path());
     watch.look();
     EXPECT_EQ(watch.look(), "");
-    setAge(folder, Mission, -10);
+    setAge(folder, MissionFile, -10);
     MissionWatch later(folder.path());
     later.look();
     EXPECT_EQ(later.look(), "One.Mission") << "written after the last flight";
@@ -65,9 +65,9 @@ TEST(MissionWatch, LeavesOutWhatWasFlownBefore) {
 TEST(MissionWatch, FindsTheNewestMission) {
     const TemporaryFolder folder;
     EXPECT_EQ(newestMission(folder.path()), "");
-    folder.write(Mission, "x");
+    folder.write(MissionFile, "x");
     folder.write("data/Missions/Two.Mission", "x");
-    setAge(folder, Mission, 10);
+    setAge(folder, MissionFile, 10);
     EXPECT_EQ(newestMission(folder.path()), "One.Mission");
     setAge(folder, "data/Missions/Two.Mission", 20);
     EXPECT_EQ(newestMission(folder.path()), "Two.Mission");

@@ -9,7 +9,7 @@ namespace datacheck {
 
 namespace {
 
-constexpr const char* Nations[] = {"France", "England", "Germany", "USA"};
+constexpr const char* NationsWithNames[] = {"France", "England", "Germany", "USA"};
 // The simulator refuses a whole mission if a name contains one of these.
 constexpr std::string_view NotInNames = ";={}\"";
 
@@ -49,7 +49,7 @@ tools::Finding checkName(std::string_view name, const zel::String& file, int32_t
 }
 
 void checkNameLists(const zel::String& dataFolder, Findings& findings) {
-    for (const char* nation : Nations) {
+    for (const char* nation : NationsWithNames) {
         const zel::String start = dataFolder + "/Names/" + nation;
         const LongestName first = checkList(start + "_1st.txt", findings);
         const LongestName last = checkList(start + "_2nd.txt", findings);

@@ -25,7 +25,7 @@ FontChoice fontOf(const ScriptCall& call) {
     return {call[1], call.count() > 1 ? parseCoordinate(call[2]) : -1};
 }
 
-void defineFont(ScriptCall& call) {
+void defineLayoutFont(ScriptCall& call) {
     if (Layout* layout = LayoutHandler::getInstance().currentLayout())
         layout->font = fontOf(call);
 }
@@ -50,7 +50,7 @@ template <Scroll ElementDefinition::*Which> void defineScroll(ScriptCall& call) 
                            call.count() > 2 ? parseSeconds(call[3]) : 1.0F};
 }
 
-void defineWidgetImage(ScriptCall& call) {
+void defineLayoutImage(ScriptCall& call) {
     if (ElementDefinition* element = target<W>())
         setLooks(call, 2, element->images, call[1]);
 }
@@ -98,16 +98,16 @@ template <Target Of, int32_t ElementDefinition::*Which> void definePoint(ScriptC
 
 using E = ElementDefinition;
 // clang-format off
-constexpr ScriptCommand Commands[] = {
+constexpr ScriptCommand LayoutCommandTable[] = {
     {"layout.definelayout", 1, 1, defineLayout},
     {"layout.loadlayout", 1, 1, loadLayout},
-    {"layout.definefont", 1, 2, defineFont},
+    {"layout.definefont", 1, 2, defineLayoutFont},
     {"layout.definewidget", 1, 2, defineWidget},
     {"layout.definewidgetposition", 2, 2, definePosition<W>},
     {"layout.definewidgetsize", 2, 2, defineSize<W>},
     {"layout.definewidgetscrollinoffset", 2, 3, defineScroll<&E::scrollIn>},
     {"layout.definewidgetscrolloutoffset", 2, 3, defineScroll<&E::scrollOut>},
-    {"layout.definewidgetimage", 2, OpenCount, defineWidgetImage},
+    {"layout.definewidgetimage", 2, OpenCount, defineLayoutImage},
     {"layout.definewidgetfont", 1, 2, defineElementFont<W>},
     {"layout.definewidgettext", 1, 1, defineText<W>},
     {"layout.definewidgetlanguagetext", 1, 1, defineLanguageText},
@@ -128,6 +128,8 @@ constexpr ScriptCommand Commands[] = {
 
 } // namespace
 
-ScriptCommands layoutCommands() { return {std::begin(Commands), std::size(Commands)}; }
+ScriptCommands layoutCommands() {
+    return {std::begin(LayoutCommandTable), std::size(LayoutCommandTable)};
+}
 
 } // namespace zel

@@ -15,7 +15,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "MenuConfigFile";
+constexpr const char* CommandsCategory = "MenuConfigFile";
 
 // For commands of services that this program doesn't use.
 void nothing(ScriptCall&) {}
@@ -49,7 +49,8 @@ void setAutoTransition(ScriptCall& call) {
 Widget* widgetOf(ScriptCall& call) {
     Widget* widget = call.menu.getWidget(call[1]);
     if (widget == nullptr)
-        log(call.words[0].toLower() + " of unknown widget " + call[1], Category, LogWarning);
+        log(call.words[0].toLower() + " of unknown widget " + call[1], CommandsCategory,
+            LogWarning);
     return widget;
 }
 
@@ -72,7 +73,7 @@ void removeTextArea(ScriptCall& call) {
     if (call.menu.getTextArea(call[1]) != nullptr)
         call.menu.removeTextArea(call[1]);
     else
-        log(String("removetextarea of unknown text area ") + call[1], Category, LogWarning);
+        log(String("removetextarea of unknown text area ") + call[1], CommandsCategory, LogWarning);
 }
 
 void addWidget(ScriptCall& call) {
@@ -130,7 +131,7 @@ void preloadBitmap(ScriptCall& call) { ImageHandler::getInstance().getQueue().ad
 
 using H = HandledMenu;
 // clang-format off
-constexpr ScriptCommand Commands[] = {
+constexpr ScriptCommand MenuCommandTable[] = {
     {"include", 1, 1, nothing}, // takes effect when the file is read
     {"setlocalflag", 2, 2, setFlag<&H::setLocalFlag>},
     {"setglobalflag", 2, 2, setFlag<&H::setGlobalFlag>},
@@ -181,6 +182,8 @@ constexpr ScriptCommand Commands[] = {
 
 } // namespace
 
-ScriptCommands menuCommands() { return {std::begin(Commands), std::size(Commands)}; }
+ScriptCommands menuCommands() {
+    return {std::begin(MenuCommandTable), std::size(MenuCommandTable)};
+}
 
 } // namespace zel

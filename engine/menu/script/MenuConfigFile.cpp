@@ -17,7 +17,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "MenuConfigFile";
+constexpr const char* ScriptCategory = "MenuConfigFile";
 constexpr size_t DeepestInclude = 64;
 constexpr int32_t LargestFile = 1 << 24; // bytes
 // Nested includes multiply: a longer script is a mistake.
@@ -82,7 +82,7 @@ void MenuConfigFile::takeLine(std::string_view text, int32_t number, int32_t fil
         if (!isFull)
             log(fileName + " has more than " + static_cast<int32_t>(MostLines) +
                     " lines; the rest is dropped",
-                Category, LogError);
+                ScriptCategory, LogError);
         isFull = true;
         return;
     }
@@ -111,8 +111,8 @@ void MenuConfigFile::include(const String& name) {
     else if (!readInto(name))
         reason = "the file can't be read";
     if (reason != nullptr)
-        log(LogPlace::current()->prefix() + "include of " + name + " failed: " + reason, Category,
-            LogError);
+        log(LogPlace::current()->prefix() + "include of " + name + " failed: " + reason,
+            ScriptCategory, LogError);
 }
 
 void MenuConfigFile::closeLastSection() {

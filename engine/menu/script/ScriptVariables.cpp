@@ -9,7 +9,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "MenuConfigFile";
+constexpr const char* VariablesCategory = "MenuConfigFile";
 constexpr const char* FlagKind = "flag";
 constexpr const char* StringKind = "string";
 
@@ -34,10 +34,10 @@ String ScriptVariables::keyOf(const char* kind, const String& name) const {
 
 // "setLocalFlag NAME to true" and the like.
 void ScriptVariables::logChange(const char* kind, const String& name, const String& value) const {
-    if (isLogged(Category, LogDebug))
+    if (isLogged(VariablesCategory, LogDebug))
         log(String(menuName.empty() ? "setGlobal" : "setLocal") + kind + " " + name.toLower() +
                 " to " + value,
-            Category, LogDebug);
+            VariablesCategory, LogDebug);
 }
 
 void ScriptVariables::setFlag(const String& name, bool value) {

@@ -32,11 +32,11 @@ std::optional<uint32_t> colorOf(ScriptCall& call, size_t argument) {
 
 void defineTheme(ScriptCall& call) { ThemeHandler::getInstance().defineTheme(call[1]); }
 void clearTheme(ScriptCall&) { ThemeHandler::getInstance().clearTheme(); }
-void defineFont(ScriptCall& call) {
+void defineThemeFont(ScriptCall& call) {
     ThemeHandler::getInstance().defineFont(call[1], indexOf(call, 2));
 }
 
-void defineWidgetImage(ScriptCall& call) {
+void defineThemeImage(ScriptCall& call) {
     if (WidgetStyle* style = widgetStyle(call[1]))
         setLooks(call, 3, style->images, call[2]);
 }
@@ -121,11 +121,11 @@ void defineWidgetSound(ScriptCall& call) {
 
 using S = WidgetStyle;
 // clang-format off
-constexpr ScriptCommand Commands[] = {
+constexpr ScriptCommand ThemeCommandTable[] = {
     {"theme.definetheme", 1, 1, defineTheme},
     {"theme.cleartheme", 0, 0, clearTheme},
-    {"theme.definefont", 1, 2, defineFont},
-    {"theme.definewidgetimage", 3, OpenCount, defineWidgetImage},
+    {"theme.definefont", 1, 2, defineThemeFont},
+    {"theme.definewidgetimage", 3, OpenCount, defineThemeImage},
     {"theme.definewidgetimagecolorargb", 3, OpenCount, defineWidgetColor<&S::tints>},
     {"theme.definetextcolorargb", 2, OpenCount, defineTextColor},
     {"theme.definewidgettextcolorargb", 3, OpenCount, defineWidgetColor<&S::textColors>},
@@ -146,6 +146,8 @@ constexpr ScriptCommand Commands[] = {
 
 } // namespace
 
-ScriptCommands themeCommands() { return {std::begin(Commands), std::size(Commands)}; }
+ScriptCommands themeCommands() {
+    return {std::begin(ThemeCommandTable), std::size(ThemeCommandTable)};
+}
 
 } // namespace zel

@@ -12,9 +12,9 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "LayoutHandler";
+constexpr const char* LayoutHandlerCategory = "LayoutHandler";
 
-std::unique_ptr<LayoutHandler>& instance() {
+std::unique_ptr<LayoutHandler>& layoutHandler() {
     static std::unique_ptr<LayoutHandler> handler;
     return handler;
 }
@@ -42,14 +42,14 @@ ElementDefinition& moveTo(std::map<String, ElementDefinition>& to,
 } // namespace
 
 LayoutHandler& LayoutHandler::getInstance() {
-    if (!instance()) {
-        instance() = std::make_unique<LayoutHandler>();
+    if (!layoutHandler()) {
+        layoutHandler() = std::make_unique<LayoutHandler>();
         setShutdownStep(ShutdownStep::Layouts, release);
     }
-    return *instance();
+    return *layoutHandler();
 }
 
-void LayoutHandler::release() { instance().reset(); }
+void LayoutHandler::release() { layoutHandler().reset(); }
 
 void LayoutHandler::defineLayout(const String& name) {
     current = &layouts[name.toLower()];
@@ -92,13 +92,13 @@ void LayoutHandler::defineTextArea(const String& name) {
 
 Layout* LayoutHandler::currentLayout() {
     if (current == nullptr)
-        log("defineWidget() without layout", Category, LogError);
+        log("defineWidget() without layout", LayoutHandlerCategory, LogError);
     return current;
 }
 
 ElementDefinition* LayoutHandler::partOf(ElementDefinition* element) {
     if (currentLayout() != nullptr && element == nullptr)
-        log("definition of a part without its element", Category, LogError);
+        log("definition of a part without its element", LayoutHandlerCategory, LogError);
     return element;
 }
 

@@ -16,7 +16,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "LayoutHandler";
+constexpr const char* LayoutImageCategory = "LayoutHandler";
 constexpr uint32_t ColorMask = 0x00FFFFFF;
 constexpr uint32_t NoColor = 0xFF000000; // matches no pixel
 constexpr size_t MostElements = 4096;
@@ -35,7 +35,7 @@ private:
     void pickColor(const std::vector<String>& words);
     bool takeElementLine(const String& keyword, const std::vector<String>& words);
     void fail(const char* what) {
-        log(String("loadLayout index ") + fileName + " " + what, Category, LogError);
+        log(String("loadLayout index ") + fileName + " " + what, LayoutImageCategory, LogError);
     }
 
     const String& fileName;
@@ -68,7 +68,7 @@ void IndexReader::take(const String& line) {
         isKnown = keyword == "layout" || takeElementLine(keyword, words);
     }
     if (!isKnown)
-        log(String("Unknown line ") + line, Category, LogError);
+        log(String("Unknown line ") + line, LayoutImageCategory, LogError);
 }
 
 bool IndexReader::begin(const std::vector<String>& words, bool isTextArea) {
@@ -145,8 +145,9 @@ void define(const PaintedElement& element, const PaintedBox& box, float scaleX, 
 }
 
 void logScale(const LayoutIndex& index, float scaleX, float scaleY) {
-    log(String("Resolution: ") + index.width + "x" + index.height, Category, LogInfo);
-    log(String("Scale: ") + formatFloat(scaleX) + "x" + formatFloat(scaleY), Category, LogInfo);
+    log(String("Resolution: ") + index.width + "x" + index.height, LayoutImageCategory, LogInfo);
+    log(String("Scale: ") + formatFloat(scaleX) + "x" + formatFloat(scaleY), LayoutImageCategory,
+        LogInfo);
 }
 
 /// Defines what is found in the image, and logs what isn't.
@@ -170,7 +171,7 @@ void addPainted(const LayoutIndex& index, const String& indexFile, const Bitmap&
         else
             log(String("layout=") + layout.name + " element=" + index.elements[i].definition.name +
                     " defined, but not found in layout image",
-                Category, LogWarning);
+                LayoutImageCategory, LogWarning);
     }
 }
 
@@ -219,14 +220,14 @@ std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<u
 void loadLayoutImage(const String& imageFile, Layout& layout) {
     Bitmap image;
     if (!image.load(imageFile, false)) {
-        log(String("loadLayout image ") + imageFile + " failed: " + image.getError(), Category,
-            LogError);
+        log(String("loadLayout image ") + imageFile + " failed: " + image.getError(),
+            LayoutImageCategory, LogError);
         return;
     }
     const String indexFile = imageIndexName(imageFile);
     std::string text;
     if (!readTextFile(indexFile, MaxIndexSize, text)) {
-        log(String("loadLayout index ") + indexFile + " failed", Category, LogError);
+        log(String("loadLayout index ") + indexFile + " failed", LayoutImageCategory, LogError);
         return;
     }
     addPainted(parseLayoutIndex(text, indexFile), indexFile, image, layout);

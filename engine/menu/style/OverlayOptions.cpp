@@ -28,7 +28,7 @@ constexpr OptionWord OptionWords[] = {
     {"nooverscan", &OverlayOptions::isOversized, false},
 };
 
-int32_t scaled(int32_t length, float factor) {
+int32_t scaledLength(int32_t length, float factor) {
     return static_cast<int32_t>(std::lround(static_cast<float>(length) * factor));
 }
 
@@ -63,8 +63,8 @@ PixelRect OverlayOptions::pictureRect(int32_t width, int32_t height) const {
         factorX = std::max(1.0F, isOversized ? std::ceil(factorX) : std::floor(factorX));
         factorY = std::max(1.0F, isOversized ? std::ceil(factorY) : std::floor(factorY));
     }
-    const int32_t wide = scaled(width, factorX);
-    const int32_t high = scaled(height, factorY);
+    const int32_t wide = scaledLength(width, factorX);
+    const int32_t high = scaledLength(height, factorY);
     return {(DesignWidth - wide) / 2, (DesignHeight - high) / 2, wide, high};
 }
 

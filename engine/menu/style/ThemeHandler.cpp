@@ -11,7 +11,7 @@ namespace {
 
 constexpr int32_t MostFonts = 256;
 
-std::unique_ptr<ThemeHandler>& instance() {
+std::unique_ptr<ThemeHandler>& themeHandler() {
     static std::unique_ptr<ThemeHandler> handler;
     return handler;
 }
@@ -19,14 +19,14 @@ std::unique_ptr<ThemeHandler>& instance() {
 } // namespace
 
 ThemeHandler& ThemeHandler::getInstance() {
-    if (!instance()) {
-        instance() = std::make_unique<ThemeHandler>();
+    if (!themeHandler()) {
+        themeHandler() = std::make_unique<ThemeHandler>();
         setShutdownStep(ShutdownStep::Themes, release);
     }
-    return *instance();
+    return *themeHandler();
 }
 
-void ThemeHandler::release() { instance().reset(); }
+void ThemeHandler::release() { themeHandler().reset(); }
 
 void ThemeHandler::defineTheme(const String& name) {
     current = &themes[name.toLower()];

@@ -9,7 +9,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "TextArea";
+constexpr const char* TextAreaCategory = "TextArea";
 
 } // namespace
 
@@ -34,9 +34,10 @@ void TextArea::setFont(const Font* font) {
 void TextArea::setFont(const FontChoice& choice, const std::vector<String>& themeFonts) {
     const FontResult result = chooseFont(choice, themeFonts);
     if (result.isUnknownIndex)
-        log(String("Font with fontIndex=") + choice.index + " does not exist", Category, LogError);
+        log(String("Font with fontIndex=") + choice.index + " does not exist", TextAreaCategory,
+            LogError);
     else if (result.font == nullptr && choice.isGiven())
-        log("Font cannot be loaded", Category, LogError);
+        log("Font cannot be loaded", TextAreaCategory, LogError);
     setFont(result.font);
 }
 
@@ -45,7 +46,7 @@ void TextArea::internalUpdate() {
     if (text.getFont() != nullptr || text.getText().empty() || warnedFont)
         return;
     warnedFont = true;
-    log("internalUpdate() has no font", Category, LogError);
+    log("internalUpdate() has no font", TextAreaCategory, LogError);
 }
 
 void TextArea::setAlignment(int32_t bits) {

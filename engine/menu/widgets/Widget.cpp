@@ -15,7 +15,7 @@ namespace zel {
 
 namespace {
 
-constexpr const char* Category = "Widget";
+constexpr const char* WidgetCategory = "Widget";
 constexpr int32_t Slip = 40; // design pixels outside that keep a widget armed
 constexpr std::string_view AddressMark = "http://";
 constexpr const char* LookNames[LookCount] = {"active", "inactive", "over", "down"};
@@ -80,7 +80,7 @@ bool Widget::wasTapped() const {
 }
 
 void Widget::performHit() {
-    log(name + " was hit", Category, LogInfo);
+    log(name + " was hit", WidgetCategory, LogInfo);
     hit = true;
     lastWidgetHit = this;
     State* state = StatesMachine::getInstance().getActiveState();
@@ -97,7 +97,7 @@ void Widget::performHit() {
 // The reset comes before the change, so that the widget isn't drawn down during the fade.
 void Widget::followTransition() {
     if (transition.left(static_cast<int32_t>(AddressMark.size())) == AddressMark) {
-        log(name + " opens url " + transition, Category, LogDebug);
+        log(name + " opens url " + transition, WidgetCategory, LogDebug);
         Window::openUrl(transition);
         reset();
         return;
@@ -105,10 +105,10 @@ void Widget::followTransition() {
     StatesMachine& machine = StatesMachine::getInstance();
     State* target = machine.getState(transition);
     if (target == nullptr) {
-        log(name + " sets unknown state transition to: " + transition, Category, LogError);
+        log(name + " sets unknown state transition to: " + transition, WidgetCategory, LogError);
         return;
     }
-    log(name + " sets state transition to: " + transition, Category, LogDebug);
+    log(name + " sets state transition to: " + transition, WidgetCategory, LogDebug);
     reset();
     machine.setActiveState(target, transition.view().front() == '<');
 }
@@ -183,7 +183,7 @@ void Widget::drawImage(Canvas& canvas) {
     WidgetLook look = currentLook();
     if (images[look] == nullptr) {
         if (!warned[look])
-            log(String("Widget ") + name + " has no " + LookNames[look] + " image", Category,
+            log(String("Widget ") + name + " has no " + LookNames[look] + " image", WidgetCategory,
                 LogWarning);
         warned[look] = true;
         look = LookActive;
@@ -199,7 +199,7 @@ void Widget::drawText(Canvas& canvas) {
         return;
     if (label.getFont() == nullptr) {
         if (!warnedFont)
-            log(name + " has text but no font assigned", Category, LogError);
+            log(name + " has text but no font assigned", WidgetCategory, LogError);
         warnedFont = true;
         return;
     }

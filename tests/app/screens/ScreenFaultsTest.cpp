@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr const char* Beginning = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+constexpr const char* FirstChoices = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
 
 using ScreenFaults = CareerScreens;
 
@@ -48,7 +48,7 @@ TEST(ScreenFaultsAtTheStart, TheSettingsAreReadAgain) {
 }
 
 TEST_F(ScreenFaults, TheMissionCannotBeWritten) {
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     const std::string missions = home.simulatorFolder() + "/data/Missions";
     std::filesystem::remove_all(missions);
     home.folder.write(home.simulator + "/data/Missions", "in the way");
@@ -60,7 +60,7 @@ TEST_F(ScreenFaults, TheMissionCannotBeWritten) {
 }
 
 TEST_F(ScreenFaults, ThereIsNothingToFly) {
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     for (const bool isFlyable : {true, false, true}) {
         for (const zel::String& plane : planeIdentifiers())
             zel::Registry::set(plane, isFlyable ? "1" : "0");
@@ -75,7 +75,7 @@ TEST_F(ScreenFaults, ThereIsNothingToFly) {
 }
 
 TEST_F(ScreenFaults, TheCareerCannotBeSaved) {
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     home.folder.write("user/Saves", "in the way");
     const zel::String pilot = Database::instance()->player().name;
     for (const char* button : {"menuButton4", "menuBack"}) {
@@ -90,7 +90,7 @@ TEST_F(ScreenFaults, TheCareerCannotBeSaved) {
 }
 
 TEST_F(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     home.folder.write("user/Saves", "in the way");
     ASSERT_TRUE(driver.go("menuButton4", "MenuNotificationSave"));
     driver.screens->key(zel::KeyEscape);
@@ -106,7 +106,7 @@ TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     EXPECT_EQ(home.save(), "no career at all");
     // The page is about the career before it, which a new one leaves alone.
     home.folder.write("user/Saves/savegame_v03.wty.bak", "the last whole one");
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     ASSERT_TRUE(driver.go("menuBack", "MenuMain"));
     EXPECT_EQ(home.save().substr(0, 4), "WTSV");
     EXPECT_EQ(home.folder.read("user/Saves/savegame_v03.wty.bak"), "the last whole one");
@@ -116,7 +116,7 @@ TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
 // Half a career must not pass for a whole one.
 TEST_F(ScreenFaults, TheSaveIsDamaged) {
     const std::string save = "user/Saves/savegame_v03.wty";
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     const std::string whole = home.save();
     const std::string damaged = whole.substr(0, whole.size() - 8);
@@ -152,7 +152,7 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
 TEST(ScreenFaultsInFlight, TheSimulatorsFolderHasBracketsOfItsOwn) {
     PlayerHome home("Rise of Flight [old]");
     CareerDriver driver(home);
-    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.begin(FirstChoices));
     ASSERT_TRUE(driver.takeOff());
     ASSERT_TRUE(driver.fly());
     ASSERT_TRUE(driver.comeBack());

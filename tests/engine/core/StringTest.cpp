@@ -12,8 +12,8 @@ namespace {
 using zel::String;
 using List = std::vector<String>;
 
-constexpr int32_t Lowest = std::numeric_limits<int32_t>::min();
-constexpr int32_t Highest = std::numeric_limits<int32_t>::max();
+constexpr int32_t LowestInt = std::numeric_limits<int32_t>::min();
+constexpr int32_t HighestInt = std::numeric_limits<int32_t>::max();
 constexpr float Largest = std::numeric_limits<float>::max();
 
 List parts(const String& text, std::string_view delimiter) {
@@ -27,9 +27,9 @@ TEST(String, ReadsNumbersAsAtoiDoes) {
     for (const auto& [text, number] : {
              std::pair{"", 0}, {"12abc", 12}, {"abc", 0}, {" \t\r\n\v\f 7", 7}, {"-5", -5},
              {"+5", 5}, {"+-5", 0}, {"- 5", 0}, {"-", 0}, {"007", 7}, {"1.9", 1}, {"0x10", 0},
-             {"\xA0 3", 0}, {"2147483647", Highest}, {"-2147483648", Lowest},
-             {"2147483648", Highest}, {"-2147483649", Lowest}, {"99999999999999999999", Highest},
-             {"-99999999999999999999", Lowest}})
+             {"\xA0 3", 0}, {"2147483647", HighestInt}, {"-2147483648", LowestInt},
+             {"2147483648", HighestInt}, {"-2147483649", LowestInt}, {"99999999999999999999", HighestInt},
+             {"-99999999999999999999", LowestInt}})
         EXPECT_EQ(String(text).toInt(), number) << text;
 }
 

@@ -213,16 +213,16 @@ TEST_F(WidgetTest, TellsWhatItLacksOnce) {
 namespace {
 
 // An area from 100, 100 to 300, 200; its content ends at 290.
-const std::string List = scriptOf({{"list.c", "button", {100, 250, 200, 40}},
-                                   {"list", "scrollingarea", {100, 100, 200, 100}},
-                                   {"list.a", "button", {100, 100, 200, 40}},
-                                   {"list.b", "textarea", {100, 150, 200, 40}}}) +
-                         "setlocalstring hit none\nonhit list.a:\nsetlocalstring hit a\n"
-                         "onhit list.c:\nsetlocalstring hit c\n";
+const std::string LongList = scriptOf({{"list.c", "button", {100, 250, 200, 40}},
+                                       {"list", "scrollingarea", {100, 100, 200, 100}},
+                                       {"list.a", "button", {100, 100, 200, 40}},
+                                       {"list.b", "textarea", {100, 150, 200, 40}}}) +
+                             "setlocalstring hit none\nonhit list.a:\nsetlocalstring hit a\n"
+                             "onhit list.c:\nsetlocalstring hit c\n";
 
 class ScrollingAreaTest : public testing::Test {
 protected:
-    ScrollingAreaTest() : driver({{"A", List}}) { EXPECT_TRUE(driver.untilIdle("A")); }
+    ScrollingAreaTest() : driver({{"A", LongList}}) { EXPECT_TRUE(driver.untilIdle("A")); }
 
     ScrollingArea& area() { return dynamic_cast<ScrollingArea&>(*driver.widget("list")); }
     std::string hit() const { return driver.menu().getLocalString("hit").c_str(); }
