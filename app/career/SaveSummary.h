@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "app/career/Database.h"
+#include "engine/core/Clock.h"
+#include "engine/core/String.h"
+
+/// How far a career has come.
+enum class CareerState { Serving, Fallen, WarOver };
+
+/// What a list shows of a save. It is read from some hundred bytes of the file, so that many
+/// careers are listed at once: a fault among the other bytes is not noticed here.
+struct SaveSummary {
+    bool isReadable = false; // otherwise only `file`, `fault` and `written` have a meaning
+    zel::String file;        // its path
+    zel::String fault;       // why it can't be used, in English: "is no save game"; else empty
+
+    int32_t careerNumber = 0; // Database::careerNumber
+    Calendar date{0, 0, 0};
+    zel::String pilot;    // the player's name
+    int32_t nation = 0;   // of his squadron (Nation.h)
+    zel::String squadron; // its name in the language in use; empty if it has none
+    zel::String base;     // the town near it, in the language in use
+    int32_t victories = 0;
+    int32_t missions = 0;                     // that the pilot has flown
+    CareerState state = CareerState::Serving; // Fallen also after the war
+
+    zel::WallTime written{}; // when the file was written; zeroes if there is none
+    int64_t order = 0;       // of the times of writing: the later file has the larger one
+};
+
+/// Reads the summary of the save at that path. On error: not readable, with the fault.
+SaveSummary summaryOf(const zel::String& path);
+
+/// Whether these bytes are a save file of the right length: its head and the counts of its records
+/// fit. Empty, or what is wrong as in SaveSummary::fault.
+zel::String saveFault(std::string_view content);
