@@ -1,7 +1,7 @@
 #include "app/record/CareerRecord.h"
 
+#include "app/career/Checksum.h"
 #include "app/career/Database.h"
-#include "app/record/Checksum.h"
 #include "app/record/RecordSchema.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"

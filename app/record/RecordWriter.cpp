@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "app/career/Checksum.h"
 #include "app/career/Database.h"
 #include "app/career/UnitNames.h"
-#include "app/record/Checksum.h"
 #include "app/record/RecordSchema.h"
 #include "app/record/Sqlite.h"
 

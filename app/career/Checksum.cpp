@@ -1,4 +1,4 @@
-#include "app/record/Checksum.h"
+#include "app/career/Checksum.h"
 
 #include <cinttypes>
 #include <cstdio>
