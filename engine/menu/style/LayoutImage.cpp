@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <unordered_map>
 
 #include "engine/core/File.h"
@@ -131,6 +132,17 @@ void extend(PaintedBox& box, int32_t fromX, int32_t toX, int32_t y) {
     rect.height = y;
 }
 
+/// Calls function(pixel, from x, to x) for each run of equal pixels.
+template <typename Function>
+void forEachRun(const std::vector<uint32_t>& line, const Function& function) {
+    const auto width = static_cast<int32_t>(line.size());
+    for (int32_t from = 0, next = 0; from < width; from = next) {
+        while (next < width && line[next] == line[from])
+            ++next;
+        function(line[from], from, next - 1);
+    }
+}
+
 int32_t scaled(int32_t length, float factor) {
     return static_cast<int32_t>(std::lround(static_cast<float>(length) * factor));
 }
@@ -186,27 +198,32 @@ LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName) {
     return std::move(reader.result);
 }
 
-// Painted rectangles make long runs of one colour, so it is looked up only where it changes.
+// Painted rectangles make long runs of one colour, so it is looked up only where it changes; and
+// most lines of them are equal to the line above, which adds a line to each box that was found in
+// that.
 std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<uint32_t>& colors) {
     std::vector<PaintedBox> boxes(colors.size());
     std::unordered_map<uint32_t, size_t> first; // box of each colour
     for (size_t i = 0; i < colors.size(); ++i)
         first.emplace(colors[i], i);
     std::vector<uint32_t> line(picture.pictureWidth);
+    const size_t lineSize = line.size() * static_cast<size_t>(picture.depth);
+    std::vector<size_t> found; // boxes in the last line that was read, perhaps more than once
     for (int32_t y = 0; y < picture.pictureHeight; ++y) {
-        picture.lineArgb(y, line.data());
-        const uint32_t* const end = line.data() + line.size();
-        for (const uint32_t* run = line.data(); run != end;) {
-            const uint32_t pixel = *run;
-            const uint32_t* next = run + 1;
-            while (next != end && *next == pixel)
-                ++next;
-            const auto found = pixel >> 24 == 0 ? first.end() : first.find(pixel & ColorMask);
-            if (found != first.end())
-                extend(boxes[found->second], static_cast<int32_t>(run - line.data()),
-                       static_cast<int32_t>(next - line.data()) - 1, y);
-            run = next;
+        if (y > 0 && std::memcmp(picture.line(y), picture.line(y - 1), lineSize) == 0) {
+            for (const size_t box : found)
+                boxes[box].rect.height = y;
+            continue;
         }
+        found.clear();
+        picture.lineArgb(y, line.data());
+        forEachRun(line, [&](uint32_t pixel, int32_t fromX, int32_t toX) {
+            const auto known = pixel >> 24 == 0 ? first.end() : first.find(pixel & ColorMask);
+            if (known == first.end())
+                return;
+            extend(boxes[known->second], fromX, toX, y);
+            found.push_back(known->second);
+        });
     }
     for (PaintedBox& box : boxes) {
         box.rect.width += 1 - box.rect.x;
