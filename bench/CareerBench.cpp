@@ -4,37 +4,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include "app/career/Database.h"
-#include "app/mission/MissionGenerator.h"
 #include "app/war/SquadronSimulator.h"
 #include "bench/Benches.h"
+#include "bench/PinnedCareer.h"
 #include "bench/RatioReport.h"
-#include "engine/core/Clock.h"
-#include "engine/core/Random.h"
 
 #ifndef _WIN32
 #include <sys/resource.h>
 #endif
 
 namespace {
-
-constexpr uint32_t Seed = 20260;
-
-/// A career and a generator, begun from one number so that every run draws the same.
-struct PinnedCareer {
-    PinnedCareer() {
-        zel::setTickSource([] { return uint32_t(0); }); // seeds would differ with the time
-        zel::Random::setStaticNumber(Seed);
-        zel::seedSharedRandom(Seed);
-        career = std::make_unique<Database>();
-        generator = std::make_unique<MissionGenerator>();
-        generator->reseed(Seed);
-        career->random.seed(Seed);
-        career->createCareer(ServiceEnglish);
-    }
-    std::unique_ptr<Database> career;
-    std::unique_ptr<MissionGenerator> generator;
-};
 
 /// How many values the work takes from all generators, to within a block of each.
 template <typename Work> uint64_t drawsOf(const Work& work) {
@@ -44,7 +23,7 @@ template <typename Work> uint64_t drawsOf(const Work& work) {
 }
 
 void drawOnly(benchmark::State& state, uint64_t draws) {
-    zel::Random random(Seed);
+    zel::Random random(PinnedSeed);
     for (auto unused : state) {
         static_cast<void>(unused);
         int64_t sum = 0;
@@ -75,10 +54,10 @@ struct PinnedPeriod {
         career.month = date.getMonth();
         career.day = date.getDay();
         career.playerPilot = player;
-        career.random.seed(Seed);
-        pinned.generator->reseed(Seed);
-        zel::seedSharedRandom(Seed);
-        zel::Random::setStaticNumber(Seed);
+        career.random.seed(PinnedSeed);
+        pinned.generator->reseed(PinnedSeed);
+        zel::seedSharedRandom(PinnedSeed);
+        zel::Random::setStaticNumber(PinnedSeed);
     }
     PinnedCareer pinned;
     std::vector<Squadron> squadrons;

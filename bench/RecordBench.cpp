@@ -7,15 +7,12 @@
 #include <benchmark/benchmark.h>
 
 #include "app/career/CareerEvents.h"
-#include "app/career/Database.h"
-#include "app/mission/MissionGenerator.h"
 #include "app/record/CareerRecord.h"
 #include "app/war/WarAdvance.h"
 #include "bench/Benches.h"
+#include "bench/PinnedCareer.h"
 #include "bench/RatioReport.h"
 #include "bench/WorkFolder.h"
-#include "engine/core/Clock.h"
-#include "engine/core/Random.h"
 #include "engine/core/UserDirectory.h"
 
 namespace fs = std::filesystem;
@@ -28,32 +25,24 @@ constexpr uint32_t RecordSeed = 20260;
 struct RecordedCareer {
     explicit RecordedCareer(bool hasRecord) {
         zel::setUserDirectory(folder.path);
-        zel::setTickSource([] { return uint32_t(0); }); // seeds would differ with the time
-        zel::Random::setStaticNumber(RecordSeed);
-        zel::seedSharedRandom(RecordSeed);
-        career = std::make_unique<Database>();
-        generator = std::make_unique<MissionGenerator>();
-        generator->reseed(RecordSeed);
-        career->random.seed(RecordSeed);
-        if (hasRecord)
-            career->observer = &record;
-        career->createCareer(ServiceEnglish);
+        pinned = std::make_unique<PinnedCareer>(hasRecord ? &record : nullptr);
     }
+    Database& career() const { return *pinned->career; }
+    MissionGenerator* generator() const { return pinned->generator.get(); }
     double recordSize() const { // in megabytes
         return static_cast<double>(fs::file_size(folder.path + "/" + "Saves/record.db")) / 1e6;
     }
 
     WorkFolder folder;
     CareerRecord record;
-    std::unique_ptr<Database> career;
-    std::unique_ptr<MissionGenerator> generator;
+    std::unique_ptr<PinnedCareer> pinned;
 };
 
 /// With a save after each period, as players save.
 void fightWar(RecordedCareer& war) {
-    while (war.career->calendar().dateNumber() < 19181111) {
-        advanceWar(*war.career, war.generator.get());
-        war.career->storeFile(SaveFileName);
+    while (war.career().calendar().dateNumber() < 19181111) {
+        advanceWar(war.career(), war.generator());
+        war.career().storeFile(SaveFileName);
     }
     war.record.close();
 }
@@ -80,11 +69,11 @@ struct PeriodEvents : CareerObserver {
 
 void saves(benchmark::State& state, bool hasRecord) {
     RecordedCareer war(hasRecord);
-    Database& career = *war.career;
+    Database& career = war.career();
     career.simulateToDate(1917, 6, 1);
     PeriodEvents period;
     career.observer = &period;
-    advanceWar(career, war.generator.get());
+    advanceWar(career, war.generator());
     career.observer = hasRecord ? &war.record : nullptr;
     career.storeFile(SaveFileName);
     for (auto unused : state) {

@@ -88,6 +88,27 @@ fetch_source() {
     rm -rf "$lists"
 }
 
+# need_source NAME FOLDER PACKAGE TARBALL-SUM TARBALL PATCHES-SUM PATCHES: the source package is in
+# FOLDER/source afterwards, fetched if it isn't there already. Shown in words as NAME; uses $log.
+need_source() {
+    name=$1
+    folder=$2
+    source_package=$3
+    shift 3
+    ! is_source_whole "$folder/source" "$@" || return 0
+    say "Fetching the source of $name"
+    mkdir -p "$folder"
+    quietly "$log" fetch_source "$folder" "$source_package"
+    is_source_whole "$folder/source" "$@" ||
+        fail "the source of $name in $folder/source isn't the one this script was written for"
+}
+
+# is_made FOLDER RECIPE: whether FOLDER holds what was made of just that. Another source, other flags or
+# a moved tree mean another result.
+is_made() {
+    [ -f "$1/recipe" ] && [ "$(cat "$1/recipe")" = "$2" ]
+}
+
 # Whether all of that is installed.
 can_check_windows() {
     for file in x86_64-w64-mingw32-g++-posix dpkg-source xvfb-run xdotool /usr/lib/wine/wine64; do

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds SDL 1.2 for Windows, once, of Debian's source package: packaging/windows-sdl.sh. It comes to
-# lie in build/windows-deps/sdl: bin/SDL.dll, headers and import libraries, and in share/licenses/SDL
+# Builds SDL 1.2 for Windows, once, from Debian's source package: packaging/windows-sdl.sh. The result is
+# in build/windows-deps/sdl: bin/SDL.dll, headers and import libraries, and in share/licenses/SDL
 # what its licence asks for. Its exact source, tarball and patches, stays in build/windows-deps/source.
 set -eu
 cd "$(dirname "$0")/.."
@@ -23,12 +23,9 @@ source=$deps/source
 prefix=$deps/sdl
 log=$deps/sdl.log
 
-# What the result was made of: another source, other flags or a moved tree mean another result.
 # shellcheck disable=SC2116,SC2086 # one line of all words
 recipe=$(echo $tarball_sum $patches_sum $options $flags "$prefix")
-if [ -f "$prefix/recipe" ] && [ "$(cat "$prefix/recipe")" = "$recipe" ]; then
-    exit 0
-fi
+! is_made "$prefix" "$recipe" || exit 0
 
 build_sdl() {
     made=$deps/sdl-made
@@ -50,12 +47,6 @@ build_sdl() {
     rm -rf sdl-source sdl-build sdl-made libsdl1.2_*
 }
 
-mkdir -p "$deps"
-if ! is_source_whole "$source" $tarball_sum $tarball $patches_sum $patches; then
-    say "Fetching the source of SDL"
-    quietly "$log" fetch_source "$deps" $package
-    is_source_whole "$source" $tarball_sum $tarball $patches_sum $patches ||
-        fail "the source of SDL in $source isn't the one this script was written for"
-fi
+need_source SDL "$deps" $package $tarball_sum $tarball $patches_sum $patches
 say "Building SDL for Windows"
 quietly "$log" build_sdl

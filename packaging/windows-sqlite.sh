@@ -1,6 +1,6 @@
 #!/bin/sh
-# Builds SQLite for Windows, once, of Debian's source package: packaging/windows-sqlite.sh. It comes to
-# be in build/windows-deps/sqlite: the header and a static library. Its exact source stays in
+# Builds SQLite for Windows, once, from Debian's source package: packaging/windows-sqlite.sh. The result
+# is in build/windows-deps/sqlite: the header and a static library. Its exact source stays in
 # build/windows-deps/sqlite-debian.
 set -eu
 cd "$(dirname "$0")/.."
@@ -22,9 +22,7 @@ log=$deps/sqlite.log
 
 # shellcheck disable=SC2116,SC2086 # one line of all words
 recipe=$(echo $tarball_sum $patches_sum $flags "$prefix")
-if [ -f "$prefix/recipe" ] && [ "$(cat "$prefix/recipe")" = "$recipe" ]; then
-    exit 0
-fi
+! is_made "$prefix" "$recipe" || exit 0
 
 build_sqlite() {
     made=$deps/sqlite-made
@@ -43,15 +41,9 @@ build_sqlite() {
     cd "$deps"
     rm -rf "$prefix"
     mv "$made" "$prefix"
-    rm -rf sqlite-source
+    rm -rf sqlite-source sqlite3_*
 }
 
-mkdir -p "$origin"
-if ! is_source_whole "$source" $tarball_sum $tarball $patches_sum $patches; then
-    say "Fetching the source of SQLite"
-    quietly "$log" fetch_source "$origin" $package
-    is_source_whole "$source" $tarball_sum $tarball $patches_sum $patches ||
-        fail "the source of SQLite in $source isn't the one this script was written for"
-fi
+need_source SQLite "$origin" $package $tarball_sum $tarball $patches_sum $patches
 say "Building SQLite for Windows"
 quietly "$log" build_sqlite

@@ -19,7 +19,7 @@ const zel::String& aircraftOf(const PilotReport& report) {
 }
 
 /// While everybody is as alive as he was before the fight.
-void tellVictories(const std::vector<PilotReport>& reports, const Database& career, bool isSeen) {
+void reportVictories(const std::vector<PilotReport>& reports, const Database& career, bool isSeen) {
     for (const PilotReport& report : reports) {
         if (!career.isPilot(report.pilot))
             continue;
@@ -64,7 +64,7 @@ Posting deathOf(const PilotReport& report, const std::vector<PilotReport>& repor
 
 bool applyReports(const std::vector<PilotReport>& reports, Database& career, bool isSeen) {
     if (career.observer != nullptr)
-        tellVictories(reports, career, isSeen);
+        reportVictories(reports, career, isSeen);
     bool any = false;
     for (const PilotReport& report : reports) {
         if (!career.isPilot(report.pilot))
