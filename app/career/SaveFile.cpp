@@ -10,6 +10,7 @@
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/core/UserDirectory.h"
+#include "engine/core/WholeFile.h"
 
 namespace {
 
@@ -244,14 +245,16 @@ bool writeSave(Database& career, const zel::String& name) {
 
     // A damaged file must not replace the last whole one as ".bak".
     const bool replacesDamaged = !career.damagedSave.empty() && career.damagedSave == path;
-    const bool written =
-        zel::replaceFileSafely(path, content, replacesDamaged ? DamagedEnding : BackupEnding);
-    if (written && replacesDamaged)
+    const zel::FileFault fault =
+        zel::writeFileWhole(path, content, path + (replacesDamaged ? DamagedEnding : BackupEnding));
+    const bool isWritten = fault == zel::FileFault::None;
+    if (isWritten && replacesDamaged)
         career.damagedSave = "";
-    if (!written)
-        zel::log("The career can't be written to " + path + "; the file before it is kept",
+    if (!isWritten)
+        zel::log("The career can't be written to " + path + ": " + zel::faultText(fault) +
+                     "; the file before it is kept",
                  "Database", zel::LogError);
-    return written;
+    return isWritten;
 }
 
 bool readSave(Database& career, const zel::String& name) {

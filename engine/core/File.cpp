@@ -184,18 +184,4 @@ bool readFile(const String& name, int32_t most, std::string& content) {
     return !file.hasFailed() && file.fileSize() <= most && file.readWhole(content);
 }
 
-bool replaceFileSafely(const String& name, std::string_view content, const char* backupEnding) {
-    const String draft = name + ".new";
-    File file(draft, FileWrite);
-    bool written = !file.hasFailed() &&
-                   content.size() <= static_cast<size_t>(std::numeric_limits<int32_t>::max()) &&
-                   file.write(content.data(), static_cast<int32_t>(content.size()));
-    file.close();
-    written = written && !file.hasFailed();
-    written = written && system::replaceFileKeeping(draft, name, name + backupEnding);
-    if (!written)
-        system::removeFile(draft);
-    return written;
-}
-
 } // namespace zel

@@ -85,9 +85,4 @@ private:
 /// longer or can't be read.
 [[nodiscard]] bool readFile(const String& name, int32_t most, std::string& content);
 
-/// Writes the file whole under a temporary name, flushes and checks it, and renames it over the old
-/// file, which is kept under its name with `backupEnding`. False leaves the old file as it was.
-[[nodiscard]] bool replaceFileSafely(const String& name, std::string_view content,
-                                     const char* backupEnding = ".bak");
-
 } // namespace zel

@@ -7,6 +7,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
+#include "engine/core/WholeFile.h"
 
 namespace zel {
 
@@ -116,9 +117,11 @@ void Registry::save() {
     const String name = preferencesFile();
     String& damaged = registryState().damagedFile;
     const bool replacesDamaged = !damaged.empty() && damaged == name;
-    if (!replaceFileSafely(name, content, replacesDamaged ? ".damaged" : ".bak")) {
+    const FileFault fault =
+        writeFileWhole(name, content, name + (replacesDamaged ? ".damaged" : ".bak"));
+    if (fault != FileFault::None) {
         console("warning: cannot write " + name);
-        log("warning: cannot write " + name, "Registry", LogError);
+        log("warning: cannot write " + name + ": " + faultText(fault), "Registry", LogError);
     } else if (replacesDamaged) {
         damaged = "";
     }

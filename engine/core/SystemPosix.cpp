@@ -2,12 +2,9 @@
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
-#include <dirent.h>
-#include <fcntl.h>
 #include <iconv.h>
 #include <random>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,52 +14,6 @@
 namespace zel::system {
 
 namespace {
-
-std::string withSlashes(const String& path) {
-    std::string result(path.view());
-    for (char& character : result)
-        if (character == '\\')
-            character = '/';
-    return result;
-}
-
-bool exists(const std::string& path) {
-    struct stat status;
-    return stat(path.c_str(), &status) == 0;
-}
-
-/// The entry of `folder` that differs from `name` only in case, the first by its bytes; `name`
-/// itself if there is none.
-std::string foundNoCase(const std::string& folder, const std::string& name) {
-    std::string found;
-    DIR* directory = opendir(folder.empty() ? "." : folder.c_str());
-    if (directory == nullptr)
-        return name;
-    while (const dirent* entry = readdir(directory))
-        if (equalsNoCase(entry->d_name, name) && (found.empty() || entry->d_name < found))
-            found = entry->d_name;
-    closedir(directory);
-    return found.empty() ? name : found;
-}
-
-/// The path as the system knows it. Components that don't exist stay as written.
-std::string nativePath(const String& path) {
-    std::string wanted = withSlashes(path);
-    if (exists(wanted))
-        return wanted;
-    std::string result = wanted.rfind('/', 0) == 0 ? "/" : "";
-    for (size_t start = 0; start < wanted.size();) {
-        const size_t end = std::min(wanted.find('/', start), wanted.size());
-        const std::string name = wanted.substr(start, end - start);
-        start = end + 1;
-        if (name.empty())
-            continue;
-        result += exists(result + name) ? name : foundNoCase(result, name);
-        if (start < wanted.size())
-            result += '/';
-    }
-    return result;
-}
 
 const std::chrono::steady_clock::time_point& programStart() {
     static const auto start = std::chrono::steady_clock::now();
@@ -124,14 +75,6 @@ String currentDirectory() {
     return String(getcwd(buffer, sizeof buffer));
 }
 
-bool changeDirectory(const String& path) { return chdir(nativePath(path).c_str()) == 0; }
-
-String absolutePath(const String& path) {
-    const std::string turned = nativePath(path);
-    return !turned.empty() && turned.front() == '/' ? String(turned)
-                                                    : currentDirectory() + "/" + turned;
-}
-
 String nameFromUtf8(const String& text) { return text; }
 
 std::string pathInUtf8(const String& path) { return std::string(absolutePath(path).view()); }
@@ -172,94 +115,6 @@ String converted(const String& text, const char* fromCoding, const char* toCodin
 String shownText(const String& text) { return converted(text, Utf8, Drawn); }
 
 String printedText(const String& text) { return converted(text, Drawn, Utf8); }
-
-FILE* openFile(const String& path, const char* mode) {
-    const bool reads = mode[0] == 'r';
-    // Non-blocking, so that a pipe under the name of a data file can't stop the program here.
-    const bool updates = std::string_view(mode).find('+') != std::string_view::npos;
-    const int access = updates ? O_RDWR : reads ? O_RDONLY : O_WRONLY;
-    const int creation = mode[0] == 'w'   ? O_CREAT | O_TRUNC
-                         : mode[0] == 'a' ? O_CREAT | O_APPEND
-                                          : 0;
-    const int flags = access | creation | O_NONBLOCK | O_CLOEXEC;
-    const std::string written = withSlashes(path);
-    int file = reads ? open(written.c_str(), flags) : -1;
-    if (file < 0)
-        file = open(nativePath(path).c_str(), flags, 0666);
-    if (file < 0)
-        return nullptr;
-    struct stat status;
-    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
-        close(file);
-        return nullptr;
-    }
-    return fdopen(file, mode);
-}
-
-FileStatus fileStatus(const String& path) {
-    struct stat status;
-    if (stat(nativePath(path).c_str(), &status) != 0 || !S_ISREG(status.st_mode))
-        return {};
-    return {true, status.st_size,
-            int64_t(status.st_mtim.tv_sec) * 1000000000 + status.st_mtim.tv_nsec};
-}
-
-bool isDirectory(const String& path) {
-    struct stat status;
-    return stat(nativePath(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
-    entries.clear();
-    const std::string folder = path.empty() ? "." : nativePath(path);
-    DIR* directory = opendir(folder.c_str());
-    if (directory == nullptr)
-        return false;
-    while (const dirent* entry = readdir(directory)) {
-        const std::string name = entry->d_name;
-        if (name == "." || name == "..")
-            continue;
-        bool isFolder = entry->d_type == DT_DIR;
-        if (entry->d_type == DT_UNKNOWN || entry->d_type == DT_LNK)
-            isFolder = isDirectory(String(folder) + "/" + name);
-        entries.push_back({name, isFolder});
-    }
-    closedir(directory);
-    return true;
-}
-
-bool createDirectory(const String& path) {
-    const std::string folder = nativePath(path);
-    return mkdir(folder.c_str(), 0777) == 0 || isDirectory(path);
-}
-
-bool replaceFile(const String& from, const String& to) {
-    return std::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0;
-}
-
-bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
-    const std::string present = nativePath(to);
-    if (!exists(present))
-        return replaceFile(from, to);
-    if (!fileStatus(to).exists)
-        return false; // a folder is never moved
-    // The old backup is removed only when the new one exists. A file system without links renames.
-    const std::string kept = nativePath(backup);
-    const std::string draft = kept + ".tmp";
-    unlink(draft.c_str());
-    const bool linked = link(present.c_str(), draft.c_str()) == 0;
-    if (std::rename(linked ? draft.c_str() : present.c_str(), kept.c_str()) != 0) {
-        unlink(draft.c_str());
-        return false;
-    }
-    if (replaceFile(from, to))
-        return true;
-    if (!exists(present))
-        std::rename(kept.c_str(), present.c_str());
-    return false;
-}
-
-bool removeFile(const String& path) { return unlink(nativePath(path).c_str()) == 0; }
 
 String queryRegistryValue(const String& /*keyPath*/, const String& /*valueName*/) { return {}; }
 

@@ -16,12 +16,7 @@ namespace {
 // The simulator's installer is a 32-bit program; the key path names its view in full.
 constexpr REGSAM KeyRead = 0x20019;
 constexpr DWORD RegistryBufferSize = 1024;
-// Virus scanners and indexers hold a file for some moments after it was written. Reading waits for
-// less, because the player waits too.
-constexpr int32_t AttemptsToWrite = 25;
-constexpr int32_t AttemptsToRead = 5;
-constexpr DWORD AttemptPause = 20; // milliseconds
-constexpr UINT Drawn = 1252;       // the code page of shown texts
+constexpr UINT Drawn = 1252; // the code page of shown texts
 
 /// Microseconds of the high-resolution counter: the plain tick count moves in steps of 16 ms.
 int64_t counterTime() {
@@ -36,52 +31,6 @@ int64_t counterTime() {
 int64_t programStart() {
     static const int64_t start = counterTime();
     return start;
-}
-
-DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
-
-/// Whether the last error may pass because another program holds the file. Replacing an open file
-/// is "access denied", as is what is never allowed: a folder, a read-only file.
-bool isHeld(const String& path, DWORD error) {
-    constexpr DWORD Lasting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
-    switch (error) {
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_UNABLE_TO_REMOVE_REPLACED:
-    case ERROR_UNABLE_TO_MOVE_REPLACEMENT:
-    case ERROR_USER_MAPPED_FILE:
-        return true;
-    case ERROR_ACCESS_DENIED: {
-        const DWORD found = attributes(path);
-        return found != INVALID_FILE_ATTRIBUTES && (found & Lasting) == 0;
-    }
-    default:
-        return false;
-    }
-}
-
-/// Tries again while another program holds the file of that path.
-template <typename Operation>
-bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
-    for (int32_t attempt = 1; !operation(); ++attempt) {
-        const DWORD error = GetLastError(); // querying the file would change it
-        if (attempt == attempts || !isHeld(path, error)) {
-            SetLastError(error);
-            return false;
-        }
-        Sleep(AttemptPause);
-    }
-    return true;
-}
-
-bool copyFile(const String& from, const String& to) {
-    return patiently(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0; });
-}
-
-/// Whether ReplaceFile failed because the file system doesn't support it.
-bool isUnsupported(DWORD error) {
-    return error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
-           error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
 }
 
 std::wstring widened(std::string_view text, UINT page, DWORD flags = 0) {
@@ -217,88 +166,6 @@ String printedText(const String& text) {
     const UINT console = GetConsoleOutputCP();
     return narrowed(widened(text, Drawn), console != 0 ? console : CP_ACP, isWhole);
 }
-
-FILE* openFile(const String& path, const char* mode) {
-    FILE* stream = nullptr;
-    const bool reads = std::string_view(mode).find_first_of("wa+") == std::string_view::npos;
-    const auto open = [&] {
-        _doserrno = 0; // fopen may fail before it calls the system
-        stream = std::fopen(path.c_str(), mode);
-        if (stream == nullptr)
-            SetLastError(_doserrno);
-        return stream != nullptr;
-    };
-    if (!patiently(path, open, reads ? AttemptsToRead : AttemptsToWrite))
-        return nullptr;
-    struct _stat64 status;
-    if (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)
-        return stream;
-    std::fclose(stream);
-    return nullptr;
-}
-
-FileStatus fileStatus(const String& path) {
-    WIN32_FILE_ATTRIBUTE_DATA data;
-    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0 ||
-        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        return {};
-    return {true, (int64_t(data.nFileSizeHigh) << 32) + data.nFileSizeLow,
-            (int64_t(data.ftLastWriteTime.dwHighDateTime) << 32) +
-                data.ftLastWriteTime.dwLowDateTime};
-}
-
-bool isDirectory(const String& path) {
-    const DWORD found = attributes(path);
-    return found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
-bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
-    entries.clear();
-    WIN32_FIND_DATAA data;
-    std::string folder(path.empty() ? "." : path.view());
-    if (folder.back() != '\\' && folder.back() != '/')
-        folder += '\\';
-    const HANDLE search = FindFirstFileA((folder + '*').c_str(), &data);
-    if (search == INVALID_HANDLE_VALUE)
-        return GetLastError() == ERROR_FILE_NOT_FOUND; // a drive without entries
-    do {
-        const std::string name = data.cFileName;
-        if (name != "." && name != "..")
-            entries.push_back({name, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
-    } while (FindNextFileA(search, &data) != 0);
-    const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
-    FindClose(search);
-    return isWhole;
-}
-
-bool createDirectory(const String& path) {
-    return CreateDirectoryA(path.c_str(), nullptr) != 0 || isDirectory(path);
-}
-
-bool replaceFile(const String& from, const String& to) {
-    return patiently(to, [&] {
-        return MoveFileExA(from.c_str(), to.c_str(),
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
-    });
-}
-
-bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
-    if (!fileStatus(to).exists)
-        return replaceFile(from, to);
-    const bool isReplaced = patiently(to, [&] {
-        return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(),
-                            REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;
-    });
-    if (isReplaced)
-        return true;
-    if (isUnsupported(GetLastError()))
-        return copyFile(to, backup) && replaceFile(from, to);
-    if (!fileStatus(to).exists) // it failed half way
-        replaceFile(backup, to);
-    return false;
-}
-
-bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
 
 String queryRegistryValue(const String& keyPath, const String& valueName) {
     HKEY key;

@@ -91,8 +91,8 @@ def sizes(path, lines):
 
 def own_header(path, paths):
     """Yields a finding for a source of a library or program that has no header of its name."""
-    # The two sides of the one seam between systems share engine/core/System.h.
-    alone = ("main.cpp", "SystemPosix.cpp", "SystemWindows.cpp")
+    # The two sides of the one seam between systems share the headers engine/core/System*.h.
+    alone = ("main.cpp", "Posix.cpp", "Windows.cpp")
     if (path.startswith(("engine/", "app/", "standin/", "tools/")) and path.endswith(".cpp") and
             not path.endswith(alone) and path[:-4] + ".h" not in paths):
         yield 1, "has no header of its name"

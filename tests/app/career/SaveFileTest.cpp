@@ -268,7 +268,8 @@ TEST_F(SaveFile, LeavesTheOldFileWhenItCannotWrite) {
     EXPECT_TRUE(other.storeFile(SaveFileName)) << "always true";
     EXPECT_FALSE(other.writeSave(SaveFileName));
     EXPECT_EQ(log.linesWith("!! 0 [Database] There is no career"), 2) << log.text();
-    world.folder.write("user/Saves/savegame_v03.wty.new/x", "a folder in the way");
+    for (const char* ending : {".bak/x", ".damaged/x"})
+        world.folder.write(std::string("user/") + SaveFileName + ending, "a folder in the way");
     career.day = 22;
     EXPECT_TRUE(career.storeFile(SaveFileName));
     EXPECT_FALSE(career.writeSave(SaveFileName));

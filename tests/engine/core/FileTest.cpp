@@ -1,9 +1,6 @@
 #include "engine/core/File.h"
 
-#include <csignal>
 #include <filesystem>
-#include <numeric>
-#include <set>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,7 +9,6 @@
 #include "tests/support/TemporaryFolder.h"
 
 #ifndef _WIN32
-#include <sys/resource.h>
 #include <sys/stat.h>
 #endif
 
@@ -34,14 +30,6 @@ protected:
         EXPECT_FALSE(file.hasFailed());
         EXPECT_FALSE(file.hasLine()) << "the end stays the end";
         return lines;
-    }
-
-    /// The names in the folder, each followed by a blank.
-    std::string names() const {
-        std::set<std::string> sorted;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
-            sorted.insert(entry.path().filename().string() + " ");
-        return std::accumulate(sorted.begin(), sorted.end(), std::string());
     }
 
     TemporaryFolder folder;
@@ -139,53 +127,6 @@ TEST_F(File, FindsNamesAsWindowsDoes) {
     created.write("new", 3);
     created.close();
     EXPECT_EQ(folder.read("Data/Missions/New.txt"), "new") << "no second folder beside the first";
-}
-#endif
-
-TEST_F(File, ReplacesAFileAndKeepsTheOneBefore) {
-    const zel::String path(folder.file("save"));
-    EXPECT_TRUE(zel::replaceFileSafely(path, "first"));
-    EXPECT_FALSE(fs::exists(folder.file("save.bak"))) << "there was none before";
-    EXPECT_TRUE(zel::replaceFileSafely(path, "second"));
-    EXPECT_TRUE(zel::replaceFileSafely(path, "third\0!"s));
-    EXPECT_EQ(folder.read("save"), "third\0!"s);
-    EXPECT_EQ(folder.read("save.bak"), "second");
-    fs::remove(folder.file("save"));
-    EXPECT_TRUE(zel::replaceFileSafely(path, "fourth"));
-    EXPECT_EQ(folder.read("save.bak"), "second") << "with none before it stays as it is";
-    EXPECT_EQ(names(), "save save.bak ");
-}
-
-TEST_F(File, LeavesTheOldFileWhereAReplacementFails) {
-    EXPECT_FALSE(zel::replaceFileSafely(zel::String(folder.path()) + "/none/save", "x"));
-    EXPECT_FALSE(fs::exists(folder.path() + "/none"));
-
-    const zel::String path(folder.write("save", "old"));
-    for (const char* obstacle : {"save.bak/x", "save.new/x"}) {
-        folder.write(obstacle, "in the way");
-        EXPECT_FALSE(zel::replaceFileSafely(path, "new")) << obstacle;
-        EXPECT_EQ(folder.read("save"), "old") << obstacle;
-        fs::remove_all(fs::path(folder.file(obstacle)).parent_path());
-        EXPECT_EQ(names(), "save ") << "no draft is left by " << obstacle;
-    }
-}
-
-#ifdef __linux__
-TEST_F(File, LeavesTheOldFileOnAFullDisk) {
-    const zel::String path(folder.write("save", "old"));
-    rlimit before;
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{100, before.rlim_max}; // no file grows beyond 100 bytes
-    setrlimit(RLIMIT_FSIZE, &small);
-    const bool written = zel::replaceFileSafely(path, std::string(101, 'x'));
-    const bool fits = zel::replaceFileSafely(path + "2", std::string(100, 'x'));
-    setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_FALSE(written);
-    EXPECT_TRUE(fits);
-    EXPECT_EQ(folder.read("save"), "old");
-    EXPECT_EQ(names(), "save save2 ");
-    EXPECT_TRUE(zel::File("/dev/full", zel::FileWrite).hasFailed()) << "a device is no file";
 }
 #endif
 

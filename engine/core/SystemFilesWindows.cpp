@@ -1,0 +1,324 @@
+#include <algorithm>
+#include <io.h>
+#include <string>
+#include <sys/stat.h>
+#include <utility>
+#include <windows.h>
+
+#include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
+
+namespace zel::system {
+
+namespace {
+
+// Virus scanners and indexers hold a file for some moments after it was written. Reading waits for
+// less, because the player waits too.
+constexpr int32_t AttemptsToWrite = 25;
+constexpr int32_t AttemptsToRead = 5;
+constexpr DWORD AttemptPause = 20; // milliseconds
+DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
+
+/// Whether the last error may pass because another program holds the file. Replacing an open file
+/// is "access denied", as is what is never allowed: a folder, a read-only file.
+bool isHeld(const String& path, DWORD error) {
+    constexpr DWORD Lasting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+    switch (error) {
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT:
+    case ERROR_USER_MAPPED_FILE:
+        return true;
+    case ERROR_ACCESS_DENIED: {
+        const DWORD found = attributes(path);
+        return found != INVALID_FILE_ATTRIBUTES && (found & Lasting) == 0;
+    }
+    default:
+        return false;
+    }
+}
+
+/// Tries again while another program holds the file of that path.
+template <typename Operation>
+bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
+    for (int32_t attempt = 1; !operation(); ++attempt) {
+        const DWORD error = GetLastError(); // querying the file would change it
+        if (attempt == attempts || !isHeld(path, error)) {
+            SetLastError(error);
+            return false;
+        }
+        Sleep(AttemptPause);
+    }
+    return true;
+}
+
+bool copyFile(const String& from, const String& to) {
+    return patiently(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0; });
+}
+
+/// Whether ReplaceFile failed because the file system doesn't support it.
+bool isUnsupported(DWORD error) {
+    return error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
+           error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
+}
+
+/// A handle as a number; -1 for none, as the system has it.
+intptr_t numberOf(HANDLE handle) { return reinterpret_cast<intptr_t>(handle); }
+HANDLE handleOf(intptr_t number) { return reinterpret_cast<HANDLE>(number); }
+
+/// Waits until a file that was replaced is on the disk under its new name.
+bool flushFile(const String& path) {
+    HANDLE file = INVALID_HANDLE_VALUE;
+    const bool isOpen = patiently(path, [&] {
+        file = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        return file != INVALID_HANDLE_VALUE;
+    });
+    if (!isOpen)
+        return false;
+    const bool isFlushed = FlushFileBuffers(file) != 0;
+    const DWORD error = GetLastError();
+    CloseHandle(file);
+    SetLastError(error);
+    return isFlushed;
+}
+
+bool writeAll(HANDLE file, std::string_view bytes) {
+    constexpr size_t MostAtOnce = 1 << 30;
+    while (!bytes.empty()) {
+        DWORD count = 0;
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), MostAtOnce));
+        if (WriteFile(file, bytes.data(), wanted, &count, nullptr) == 0 || count == 0)
+            return false;
+        bytes.remove_prefix(count);
+    }
+    return true;
+}
+
+} // namespace
+
+FileFault lastFault() {
+    switch (GetLastError()) {
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        return FileFault::NoSpace;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_PRIVILEGE_NOT_HELD:
+        return FileFault::NoPermission;
+    case ERROR_WRITE_PROTECT:
+        return FileFault::ReadOnly;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+        return FileFault::Missing;
+    case ERROR_DIRECTORY:
+    case ERROR_BAD_FILE_TYPE:
+        return FileFault::NotAFile;
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_LOCK_FAILED:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT:
+    case ERROR_UNABLE_TO_MOVE_REPLACEMENT_2:
+    case ERROR_USER_MAPPED_FILE:
+        return FileFault::Held;
+    case ERROR_CRC:
+    case ERROR_READ_FAULT:
+    case ERROR_WRITE_FAULT:
+    case ERROR_IO_DEVICE:
+    case ERROR_SECTOR_NOT_FOUND:
+    case ERROR_NOT_READY:
+    case ERROR_FILE_CORRUPT:
+    case ERROR_DISK_CORRUPT:
+        return FileFault::DiskError;
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_CANT_RESOLVE_FILENAME:
+        return FileFault::NameTooLong;
+    case ERROR_FILE_TOO_LARGE:
+        return FileFault::TooLarge;
+    case ERROR_TOO_MANY_OPEN_FILES:
+        return FileFault::TooManyOpen;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+        return FileFault::Exists;
+    default:
+        return FileFault::Other;
+    }
+}
+
+FILE* openFile(const String& path, const char* mode) {
+    FILE* stream = nullptr;
+    const bool reads = std::string_view(mode).find_first_of("wa+") == std::string_view::npos;
+    const auto open = [&] {
+        _doserrno = 0; // fopen may fail before it calls the system
+        stream = std::fopen(path.c_str(), mode);
+        if (stream == nullptr)
+            SetLastError(_doserrno);
+        return stream != nullptr;
+    };
+    if (!patiently(path, open, reads ? AttemptsToRead : AttemptsToWrite))
+        return nullptr;
+    struct _stat64 status;
+    if (_fstat64(_fileno(stream), &status) == 0 && (status.st_mode & _S_IFMT) == _S_IFREG)
+        return stream;
+    std::fclose(stream);
+    SetLastError(ERROR_DIRECTORY);
+    return nullptr;
+}
+
+FileStatus fileStatus(const String& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0 ||
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return {};
+    return {true, (int64_t(data.nFileSizeHigh) << 32) + data.nFileSizeLow,
+            (int64_t(data.ftLastWriteTime.dwHighDateTime) << 32) +
+                data.ftLastWriteTime.dwLowDateTime};
+}
+
+bool isDirectory(const String& path) {
+    const DWORD found = attributes(path);
+    return found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
+    entries.clear();
+    WIN32_FIND_DATAA data;
+    std::string folder(path.empty() ? "." : path.view());
+    if (folder.back() != '\\' && folder.back() != '/')
+        folder += '\\';
+    const HANDLE search = FindFirstFileA((folder + '*').c_str(), &data);
+    if (search == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_FILE_NOT_FOUND; // a drive without entries
+    do {
+        const std::string name = data.cFileName;
+        if (name != "." && name != "..")
+            entries.push_back({name, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    } while (FindNextFileA(search, &data) != 0);
+    const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
+    FindClose(search);
+    return isWhole;
+}
+
+bool createDirectory(const String& path) {
+    return CreateDirectoryA(path.c_str(), nullptr) != 0 || isDirectory(path);
+}
+
+bool replaceFile(const String& from, const String& to) {
+    return patiently(to, [&] {
+        return MoveFileExA(from.c_str(), to.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    });
+}
+
+bool replaceFileKeeping(const String& from, const String& to, const String& backup) {
+    if (!fileStatus(to).exists)
+        return replaceFile(from, to);
+    const bool isReplaced = patiently(to, [&] {
+        return ReplaceFileA(to.c_str(), from.c_str(), backup.c_str(),
+                            REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;
+    });
+    if (isReplaced) {
+        flushFile(to);
+        return true;
+    }
+    if (isUnsupported(GetLastError()))
+        return copyFile(to, backup) && flushFile(backup) && replaceFile(from, to);
+    if (!fileStatus(to).exists) // it failed half way
+        replaceFile(backup, to);
+    return false;
+}
+
+bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
+
+String linkTarget(const String& path) {
+    const DWORD found = attributes(path);
+    if (found == INVALID_FILE_ATTRIBUTES || (found & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return path;
+    const HANDLE file = CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return path;
+    char name[MAX_PATH + 8];
+    const DWORD length = GetFinalPathNameByHandleA(file, name, sizeof name, FILE_NAME_NORMALIZED);
+    CloseHandle(file);
+    if (length == 0 || length >= sizeof name)
+        return path;
+    const std::string_view target(name, length);
+    constexpr std::string_view Prefix = "\\\\?\\";
+    constexpr std::string_view Network = "\\\\?\\UNC\\";
+    if (target.substr(0, Network.size()) == Network)
+        return "\\\\" + String(target.substr(Network.size()));
+    return target.substr(0, Prefix.size()) == Prefix ? target.substr(Prefix.size()) : target;
+}
+
+// MOVEFILE_WRITE_THROUGH and the flush of a replaced file are what there is.
+bool syncFolder(const String& /*path*/) { return true; }
+
+uint32_t processId() { return GetCurrentProcessId(); }
+
+bool isProcessRunning(uint32_t id) {
+    const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
+    if (process == nullptr)
+        return GetLastError() == ERROR_ACCESS_DENIED;
+    DWORD status = 0;
+    const bool isRunning = GetExitCodeProcess(process, &status) != 0 && status == STILL_ACTIVE;
+    CloseHandle(process);
+    return isRunning;
+}
+
+bool NewFile::create(const String& path) {
+    handle = numberOf(CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    return handle != -1;
+}
+
+bool NewFile::copyPermissions(const String& /*from*/) { return true; }
+
+bool NewFile::write(std::string_view bytes) { return writeAll(handleOf(handle), bytes); }
+
+bool NewFile::sync() { return FlushFileBuffers(handleOf(handle)) != 0; }
+
+bool NewFile::close() {
+    return handle == -1 || CloseHandle(handleOf(std::exchange(handle, -1))) != 0;
+}
+
+// Windows lets nobody else open the file for writing. The locked byte is for programs of other
+// systems, under Wine.
+bool FileLock::take(const String& path, std::string_view text) {
+    const HANDLE file =
+        CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                    nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) {
+        if (GetLastError() == ERROR_ACCESS_DENIED && fileStatus(path).exists)
+            SetLastError(ERROR_SHARING_VIOLATION); // it is being removed
+        return false;
+    }
+    OVERLAPPED place{};
+    place.Offset = LockedByte;
+    const DWORD lockFlags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
+    if (LockFileEx(file, lockFlags, 0, 1, 0, &place) == 0 &&
+        GetLastError() == ERROR_LOCK_VIOLATION) {
+        CloseHandle(file);
+        SetLastError(ERROR_LOCK_VIOLATION);
+        return false;
+    }
+    SetEndOfFile(file);
+    writeAll(file, text); // without the text it is locked all the same
+    FlushFileBuffers(file);
+    handle = numberOf(file);
+    name = path;
+    return true;
+}
+
+void FileLock::release() {
+    if (!isHeld())
+        return;
+    DeleteFileA(name.c_str());
+    CloseHandle(handleOf(std::exchange(handle, -1)));
+}
+
+} // namespace zel::system
