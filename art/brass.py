@@ -156,9 +156,9 @@ def _looks_of(name):
     return [('%s_%s' % (name, look), plate(w, h, look, seed, screws=screws)) for look in LOOKS]
 
 
-def plate_sheet(name):
-    """All looks of a plate in two columns, and the text of the image index that cuts them out."""
-    looks = _looks_of(name)
+def looks_sheet(looks):
+    """Pictures of one size in two columns, and the text of the image index that cuts them out.
+    looks: name and picture of each."""
     h, w = looks[0][1].shape[:2]
     rows = (len(looks) + 1) // 2
     sheet = empty(2 * w + GAP, rows * (h + GAP) - GAP)
@@ -168,3 +168,8 @@ def plate_sheet(name):
         sheet[y:y + h, x:x + w] = picture
         lines += ['image ' + image, 'dims %d %d %d %d' % (x, y, w, h)]
     return sheet, '\n'.join(lines) + '\n'
+
+
+def plate_sheet(name):
+    """All looks of a plate, and the text of their image index."""
+    return looks_sheet(_looks_of(name))

@@ -15,16 +15,17 @@ import overlays_flying as flying
 import overlays_office as office
 from brass import GAP, PLATES, SWITCHES, plate_sheet
 from fieldmap import SECTORS
+from holders import BINDINGS, row_sheet, silk_ribbon, spine_sheet
 from icon import large_icon, small_icon
 from outlines import fill, path, stroke, vector
 from pixels import empty, over, rgb, to_bytes, with_alpha
-from props import sweep_hand
-from sheets import INK, desk
+from props import stamp, sweep_hand
+from sheets import BLUE, INK, RED, desk
 
 OVERLAYS = [
     office.over_main, office.over_service, office.over_year, office.over_month, office.over_summary,
     office.over_settings, office.over_maps, office.over_planes_allied, office.over_planes_german,
-    office.over_notice, office.over_help, flying.over_hub, flying.over_roster, flying.over_aces,
+    office.over_notice, office.over_help, office.over_careers, office.over_pages, flying.over_hub, flying.over_roster, flying.over_aces,
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
@@ -76,6 +77,11 @@ def rows(name, count, h, **places):
     return picture, ''.join(index)
 
 
+def book_stamp(text, color, w, px):
+    """What is stamped on the card of a log book, without the room around it."""
+    return stamp([(text, px)], color, 8, w, 54, -6, px)[20:-20, 20:-20]
+
+
 def shade_off():
     """The shade over a map that is switched off."""
     return with_alpha(np.broadcast_to(rgb('#2A1E12'), (4, 4, 3)), np.full((4, 4), .5, np.float32))
@@ -93,6 +99,10 @@ def pictures():
         'slip': lambda: whole(flying.slip(), 'slip'),
         'row_roster': lambda: rows('row_roster', 12, 44, w=552, right=34, baseline=30, line=40),
         'row_orders': lambda: rows('row_orders', 8, 38, w=588, right=30, baseline=26, line=35),
+        'toggle_slip': row_sheet,
+        'ribbon': lambda: whole(silk_ribbon(), 'ribbon'),
+        'stamp_service': lambda: whole(book_stamp('ON SERVICE', BLUE, 172, 20), 'stamp_service'),
+        'stamp_fallen': lambda: whole(book_stamp('FALLEN', RED, 136, 21), 'stamp_fallen'),
         'map_off': lambda: whole(shade_off(), 'map_off'),
         'icon': lambda: (small_icon(), ''),
         'icon_256': lambda: (large_icon(), ''),
@@ -101,6 +111,8 @@ def pictures():
         table[draw.__name__] = partial(lambda draw: whole(draw(), draw.__name__), draw)
     for sector in SECTORS:
         table['sheet_' + sector] = partial(lambda s: whole(flying.sheet(s), 'sheet_' + s), sector)
+    for service in BINDINGS:
+        table['spine_' + service] = partial(spine_sheet, service)
     for name in list(PLATES) + list(SWITCHES):
         table[name] = partial(plate_sheet, name)
     return table

@@ -7,11 +7,11 @@ from aeroplane import photograph
 from fieldmap import OURS, THEIRS, sector_names, trench_map
 from lettering import ink
 from outlines import fill, stroke, vector
-from pixels import blur, bump, empty, grid, lay, over, rotate, shade, smooth, with_alpha
+from pixels import bump, empty, lay, over, rotate, with_alpha
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
-from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page, heading,
-                    lay_pencil, lay_turned, numbers, office_sheet, open_book, ruled, rules)
-from textures import crease, foil, lamp, leather, paper, pressed, wood
+from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page,
+                    framed_board, heading, lay_pencil, lay_turned, numbers, office_sheet, open_book, ruled, rules)
+from textures import crease, foil, leather, paper, pressed
 from theatremap import place, theatre_map
 
 LETTERHEAD = '#3A4A63'
@@ -103,7 +103,7 @@ def over_aces():
     """A board of honour with a mitred frame."""
     ov = empty(W, H)
     w, h = 816, 652
-    board = _framed_board(w, h, 44)
+    board = framed_board(w, h, 44)
 
     def draw(c):
         c.rectangle(60, 60, w - 120, h - 120)
@@ -117,26 +117,6 @@ def over_aces():
         for y in (40, 648):
             lay(ov, screw(7), x - 10.5, y - 10.5, 1, 1, 1.5, .5)
     return ov
-
-
-def _framed_board(w, h, width):
-    """A panel in a frame of that width; RGB."""
-    x, y = grid(w, h)
-    dx, dy = np.minimum(x, w - x), np.minimum(y, h - y)
-    d = np.minimum(dx, dy)
-    tones = ('#2A120A', '#632F1C', '#91532F')
-    upright = np.swapaxes(wood(h, w, 58, *tones), 0, 1)
-    frame = np.where((dx < dy)[..., None], upright, wood(w, h, 57, *tones))
-    frame = frame * (1 - .5 * bump(dx - dy, 1.1) * (d < width))[..., None]
-    panel = wood(w, h, 55, '#1C0C07', '#40190F', '#5E2A1A')
-    board = np.where((d > width)[..., None], panel, frame)
-    height = 8 * smooth(d, 0, 7) - 5 * smooth(d, 10, 14) + 5 * smooth(d, 14, 26)
-    height -= 10 * smooth(d, width - 10, width)
-    board = board * (1 + .42 * shade(blur(height, .7)))[..., None]
-    inside = np.maximum(d - width, 0)
-    corner = .5 * np.exp(-np.abs(d - width - 1) / 1.6) * (d > width - 2)
-    board *= ((1 - corner) * (1 - .45 * np.exp(-inside / 7) * (d > width)))[..., None]
-    return np.clip(board * lamp(w, h, 330, 200, 640, 1.16, .66), 0, 1)
 
 
 def over_letter():

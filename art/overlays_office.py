@@ -10,7 +10,7 @@ from outlines import fill, path, rounded, rounded_mask, source, vector
 from pixels import blur, bump, empty, fbm, grid, lay, mix, over, rgb, shade, smooth, with_alpha
 from props import emblem, emblem_layer, insignia, pin, stamp, swatch
 from sheets import (BLUE, BOOKLET, CARD, GREEN_PENCIL, H, INK, MESSAGE, OLD_CARD, RED, RED_PENCIL, W,
-                    book_page, dotted, fringe, heading, lay_pencil, lay_turned, office_sheet, open_book,
+                    book_page, dotted, framed_board, fringe, heading, lay_pencil, lay_turned, office_sheet, open_book,
                     ruled, rules)
 from textures import cloth, crease, foil, lamp, leather, linen, paper, pressed, tape
 from theatremap import theatre_map
@@ -140,6 +140,42 @@ def over_summary():
     lines = [('ACCEPTED', 21), ('FOR FLYING', 16), ('DUTIES', 16)]
     over(ov, stamp(lines, BLUE, 8, 164, 92, -6, 20), 460, 526)
     over(ov, pin(), 812, 52)
+    return ov
+
+
+# -- log books
+
+
+DRAWER = (28, 14, 616, 660)  # x, y, w, h
+
+
+def over_careers():
+    """A drawer of the desk, pulled out, in which the log books lie on their sides; and a card."""
+    ov = empty(W, H)
+    x, y, w, h = DRAWER
+    board = framed_board(w, h, 26)
+    gx, gy = grid(w, h)
+    d = np.minimum(np.minimum(gx - 26, w - 26 - gx), np.minimum(gy - 26, h - 26 - gy))
+    deep = .52 + .40 * np.exp(-np.maximum(gy - 26, 0) / 26) + .22 * np.exp(-np.maximum(gx - 26, 0) / 16)
+    board = np.clip(board * np.clip(1 - smooth(d, 0, 1.5) * deep, .1, 1)[..., None], 0, 1)
+    lay(ov, with_alpha(board, np.ones((h, w), np.float32)), x, y, 6, 9, 9, .6)
+    lay_turned(ov, paper(312, 396, 38, base=OLD_CARD, rough=.6), 1.8, 676, 26, 4, 6, 6, .5)
+    lay(ov, paper(316, 404, 37, base=CARD, rough=.6), 674, 22, 4, 6, 6, .6)
+    rules(ov, 696, 116, 272)
+    over(ov, pin(), 824, 12)
+    return ov
+
+
+def over_pages():
+    """A form for the rows of a list; beside it a card, and a photograph."""
+    ov = office_sheet(32, 20, 644, 648, 50)
+    lay_turned(ov, paper(288, 250, 38, base=OLD_CARD, rough=.6), 2.6, 704, 42, 4, 6, 6, .5)
+    lay(ov, paper(292, 256, 37, base=CARD, rough=.6), 700, 36, 4, 6, 6, .6)
+    over(ov, pin(), 832, 26)
+    rules(ov, 720, 120, 252)
+    machine = dict(yaw=.62, pitch=.16, roll=.03, size=20, cx=128, cy=112)
+    lay_turned(ov, photograph(280, 210, 47, [machine], ground=.34), -4, 704, 380, 4, 6, 6, .6)
+    lay_pencil(ov, 230, RED_PENCIL, 14, 850, 632)
     return ov
 
 

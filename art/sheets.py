@@ -5,7 +5,7 @@ import numpy as np
 
 from lettering import TYPE, ink, put
 from outlines import fill, rounded_mask, stroke, vector
-from pixels import bump, empty, grid, lay, noise, over, rotate, smooth, with_alpha
+from pixels import blur, bump, empty, grid, lay, noise, over, rotate, shade, smooth, with_alpha
 from props import emblem_layer, pencil
 from textures import crease, lamp, paper, wood
 
@@ -114,6 +114,26 @@ def open_book(ov, x, y, cover, pages, top):
             leaf[..., :3] *= .86 - .10 * (k % 2)
             over(ov, leaf, page_x + 2 * k * outwards, top + k)
         over(ov, page, page_x, top)
+
+
+def framed_board(w, h, width):
+    """A panel in a frame of that width; RGB."""
+    x, y = grid(w, h)
+    dx, dy = np.minimum(x, w - x), np.minimum(y, h - y)
+    d = np.minimum(dx, dy)
+    tones = ('#2A120A', '#632F1C', '#91532F')
+    upright = np.swapaxes(wood(h, w, 58, *tones), 0, 1)
+    frame = np.where((dx < dy)[..., None], upright, wood(w, h, 57, *tones))
+    frame = frame * (1 - .5 * bump(dx - dy, 1.1) * (d < width))[..., None]
+    panel = wood(w, h, 55, '#1C0C07', '#40190F', '#5E2A1A')
+    board = np.where((d > width)[..., None], panel, frame)
+    height = 8 * smooth(d, 0, 7) - 5 * smooth(d, 10, 14) + 5 * smooth(d, 14, 26)
+    height -= 10 * smooth(d, width - 10, width)
+    board = board * (1 + .42 * shade(blur(height, .7)))[..., None]
+    inside = np.maximum(d - width, 0)
+    corner = .5 * np.exp(-np.abs(d - width - 1) / 1.6) * (d > width - 2)
+    board *= ((1 - corner) * (1 - .45 * np.exp(-inside / 7) * (d > width)))[..., None]
+    return np.clip(board * lamp(w, h, 330, 200, 640, 1.16, .66), 0, 1)
 
 
 book_page = partial(paper, rough=.35, margin=10, foxing=3, fibre=.3)
