@@ -59,6 +59,11 @@ void HandledMenuExtension::setWidgetKind(const String& name, const String& kind)
         menu->setWidgetKind(name, kind);
 }
 
+void HandledMenuExtension::setFocus(const String& name) {
+    if (auto* handled = dynamic_cast<HandledMenu*>(menu))
+        handled->setFocus(name);
+}
+
 void HandledMenuExtension::setTransition(const String& target) {
     if (menu != nullptr)
         menu->setTransition(target);

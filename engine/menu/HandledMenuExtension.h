@@ -47,6 +47,7 @@ public:
     void setActive(const String& name, bool active);            // of a widget
     void setVisible(const String& name, bool visible);          // of a widget or a text area
     void setWidgetKind(const String& name, const String& kind); // see Menu
+    void setFocus(const String& name);                          // see StandardMenu
     void setTransition(const String& target);
     /// The script's global variables.
     String getGlobalString(const String& variable) const;

@@ -66,6 +66,12 @@ Widget* Menu::createWidget(const String& name) {
     return widget;
 }
 
+Widget* Menu::createRow(const String& model, const String& name, int32_t down) {
+    if (layout != nullptr)
+        LayoutHandler::getInstance().defineLike(layout->name, model, name, 0, down);
+    return createWidget(name);
+}
+
 TextArea* Menu::createTextArea(const String& name) {
     const String reason = reasonAgainst("TextArea", name, getName(), layout, &Layout::textAreas,
                                         elements.getTextAreas());

@@ -24,6 +24,9 @@ public:
     virtual Widget* addWidget(const String& name, const String& text, const String& transition);
     virtual TextArea* addTextArea(const String& name, const String& text);
     virtual Widget* createWidget(const String& name);
+    /// Creates a widget like the layout's widget `model`, that much lower and without text: the
+    /// next row of a list. On error: as createWidget().
+    Widget* createRow(const String& model, const String& name, int32_t down);
     virtual TextArea* createTextArea(const String& name);
 
     /// Null for a name that the menu doesn't have now.

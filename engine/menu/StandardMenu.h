@@ -26,6 +26,9 @@ public:
     void update() override;
 
     const MenuFocus& getFocus() const { return focus; }
+    /// Gives the keyboard's focus to the widget of that name, until the pointer moves; false if
+    /// there is none that can have it.
+    bool setFocus(const String& name) { return focus.set(*this, name); }
 
 private:
     void leaveOverlays();

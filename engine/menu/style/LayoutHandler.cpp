@@ -90,6 +90,20 @@ void LayoutHandler::defineTextArea(const String& name) {
     }
 }
 
+bool LayoutHandler::defineLike(const String& layoutName, const String& model, const String& name,
+                               int32_t right, int32_t down) {
+    const auto layout = layouts.find(layoutName.toLower());
+    if (layout == layouts.end() || layout->second.widgets.count(model) == 0)
+        return false;
+    ElementDefinition element = layout->second.widgets[model];
+    element.name = name;
+    element.text = String();
+    element.rect.x += right;
+    element.rect.y += down;
+    layout->second.widgets[name] = std::move(element);
+    return true;
+}
+
 Layout* LayoutHandler::currentLayout() {
     if (current == nullptr)
         log("defineWidget() without layout", LayoutHandlerCategory, LogError);

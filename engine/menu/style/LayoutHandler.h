@@ -24,6 +24,11 @@ public:
     void defineWidget(const String& name, const String& kind);
     void defineTextArea(const String& name);
 
+    /// Adds a widget to that layout: like its widget `model`, but that much further right and down,
+    /// and without text. False for an unknown layout or model.
+    bool defineLike(const String& layout, const String& model, const String& name, int32_t right,
+                    int32_t down);
+
     /// What definition commands change; null, with a log line, without one.
     Layout* currentLayout();
     ElementDefinition* currentWidget();

@@ -130,6 +130,14 @@ void MenuFocus::give(Menu& menu, const Widget& widget) {
         bounds.area->show(bounds.rect);
 }
 
+bool MenuFocus::set(Menu& menu, const String& target) {
+    const Widget* widget = menu.getWidget(target);
+    if (widget == nullptr || !widget->canFocus())
+        return false;
+    give(menu, *widget);
+    return true;
+}
+
 void MenuFocus::clear(Menu& menu) {
     if (Widget* widget = menu.getWidget(name))
         widget->setFocused(false);

@@ -193,6 +193,15 @@ TEST_F(AreaFocusTest, PageKeysHomeAndEndMoveTheFocusOrTheArea) {
     EXPECT_EQ(driver.menu().getFocus().getName(), "zabove");
 }
 
+TEST_F(AreaFocusTest, CodeAddsRowsAndGivesOneTheFocus) {
+    EXPECT_NE(driver.menu().createRow("list.1", "list.6", 200), nullptr);
+    EXPECT_EQ(driver.menu().createRow("list.x", "list.7", 240), nullptr);
+    EXPECT_TRUE(driver.menu().setFocus("list.6"));
+    EXPECT_EQ(area().getOffset(), 140) << "the row comes into view";
+    EXPECT_FALSE(driver.menu().setFocus("list")) << "an area can't have it";
+    EXPECT_EQ(keys({KeyUp}), "list.5@100 ");
+}
+
 TEST_F(AreaFocusTest, ShowsARowBeforeItHitsIt) {
     keys({KeyTab, KeyTab});
     area().setOffset(30);
