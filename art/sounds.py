@@ -121,6 +121,19 @@ def stamp(random):
     return sound
 
 
+def drawer(random):
+    """A drawer is pulled out: wood slides on wood, in short rubs, and stops."""
+    seconds = 0.40
+    sound = np.zeros(frames(seconds))
+    t = times(seconds)
+    slide = band(random.standard_normal(len(t)), 180, 1400)
+    rub = 0.6 + 0.4 * smooth_chance(random, seconds, 45)[:len(t)]
+    sound += 0.35 * slide / np.std(slide) * rub * np.sin(np.pi * np.clip(t / 0.30, 0, 1)) ** 1.5
+    put(sound, burst(random, 0.5, 120, 900, 0.018), 0.285)
+    put(sound, ring(random, [(118, 0.9, 0.030), (236, 0.5, 0.020), (412, 0.25, 0.012)]), 0.285)
+    return sound
+
+
 def telephone(random):
     """The two gongs of a field telephone in its wooden box, cranked for one ring."""
     sound = np.zeros(frames(1.35))
@@ -195,6 +208,7 @@ SOUNDS = {
     'engine': (engine, -18, 14),
     'telephone': (telephone, -18, 15),
     'stamp': (stamp, -13, 16),
+    'drawer': (drawer, -15, 17),
 }
 
 
