@@ -1,9 +1,11 @@
 #include "app/career/EntireFile.h"
 
 #include <algorithm>
+#include <string>
 
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/WholeFile.h"
 
 namespace {
 
@@ -41,11 +43,14 @@ bool EntireFile::appendFile(const zel::String& name) {
 }
 
 bool EntireFile::saveFile(const zel::String& name) const {
-    zel::File file(name, zel::FileWrite);
+    return writeFile(name) == zel::FileFault::None;
+}
+
+zel::FileFault EntireFile::writeFile(const zel::String& name) const {
+    std::string content;
     for (const zel::String& line : lines) {
-        file.write(line.c_str(), line.length());
-        file.write("\r\n", 2);
+        content += line.view();
+        content += "\r\n";
     }
-    file.close();
-    return !file.hasFailed();
+    return zel::writeFileWhole(name, content);
 }

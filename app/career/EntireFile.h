@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 /// A whole text file in memory as a list of lines, without their ends. Empty lines don't appear;
@@ -20,8 +21,11 @@ public:
     [[nodiscard]] bool loadFile(const zel::String& name);
     /// Adds the file's lines after those held. On error: false, and the lines stay as they were.
     [[nodiscard]] bool appendFile(const zel::String& name);
-    /// Writes every line with carriage return and line feed. False if any of it failed.
+    /// Replaces the file by the lines, each with carriage return and line feed, as writeFileWhole
+    /// (WholeFile.h) does. False if that failed.
     [[nodiscard]] bool saveFile(const zel::String& name) const;
+    /// The same with the reason of a failure.
+    [[nodiscard]] zel::FileFault writeFile(const zel::String& name) const;
 
     int32_t lineCount() const { return static_cast<int32_t>(lines.size()); }
     /// REQUIRES: 0 <= index < lineCount().

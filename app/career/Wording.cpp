@@ -15,6 +15,10 @@ zel::String countText(const CountForms& forms, int32_t count) {
     return textOf(forms[std::clamp(count, 0, 2)], {count});
 }
 
+zel::String faultSentence(zel::FileFault fault) {
+    return textOf(wording::FileFaults[static_cast<int32_t>(fault) - 1]);
+}
+
 zel::String nameInLanguage(const zel::String& english) {
     const auto* const known =
         std::find_if(std::begin(wording::Names), std::end(wording::Names),

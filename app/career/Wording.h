@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 /// A text that code writes on a screen or on the command line. The language tables (data/Language)
@@ -23,6 +24,9 @@ zel::String countText(const CountForms& forms, int32_t count);
 /// A proper name, such as a town's, as the language in use writes it; a name that is the same in
 /// all languages comes back unchanged.
 zel::String nameInLanguage(const zel::String& english);
+
+/// Why an operation on a file failed, as a sentence. REQUIRES: not None.
+zel::String faultSentence(zel::FileFault fault);
 
 // In the order of the tables. Sentences are whole, so that each language has its own order of
 // words. A number that is written out belongs to a form that some language needs.
@@ -55,6 +59,21 @@ inline constexpr Wording Aero[] = {{63, "$1th Aero"}, {64, "$1st Aero"}, {65, "$
 inline constexpr Wording Names[] = {
     {70, "Dunkerque"},      {71, "Ypres"},         {72, "St. Omer"}, {73, "Zeebrugge"},
     {74, "SPAD VII Early"}, {75, "SPAD VII Late"}, {76, "Albatros D. II Late"},
+};
+
+inline constexpr Wording FileFaults[] = { // by FileFault, from the first fault on
+    {80, "The disk is full."},
+    {81, "You have no permission for it."},
+    {82, "The file or the disk is read-only."},
+    {83, "The file or its folder is missing."},
+    {84, "A folder or a device has its name."},
+    {85, "Another program is using it."},
+    {86, "The disk reports an error."},
+    {87, "Its name is too long."},
+    {88, "It is too large for the disk."},
+    {89, "Too many files are open."},
+    {90, "A file of that name exists already."},
+    {91, "The system refuses it."},
 };
 
 inline constexpr Wording Services[] = { // by the number of the service

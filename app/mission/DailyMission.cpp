@@ -33,6 +33,7 @@ std::vector<zel::String> rosterOf(const std::vector<PlannedPlane>& plan) {
 struct Outcome {
     MissionFault fault;
     zel::String problem;
+    zel::FileFault reason = zel::FileFault::None;
 };
 
 Outcome prepare(Database& career, MissionGenerator& generator, const zel::String& file) {
@@ -52,8 +53,10 @@ Outcome prepare(Database& career, MissionGenerator& generator, const zel::String
     if (generator.plan.empty())
         return {MissionFault::NothingPlanned, "No mission can be planned for today"};
     generateMission(generator, career);
-    if (!generator.saveMission(file))
-        return {MissionFault::FileUnwritten, "The mission can't be written to " + file};
+    if (const zel::FileFault reason = generator.lines.writeFile(file);
+        reason != zel::FileFault::None)
+        return {MissionFault::FileUnwritten,
+                "The mission can't be written to " + file + ": " + zel::faultText(reason), reason};
     return {MissionFault::None, {}};
 }
 
@@ -66,6 +69,7 @@ DailyMission writeDailyMission(Database& career, MissionGenerator& generator) {
     const Outcome outcome = prepare(career, generator, mission.file);
     mission.fault = outcome.fault;
     mission.problem = outcome.problem;
+    mission.reason = outcome.reason;
     if (mission.fault != MissionFault::None)
         zel::log(mission.problem, "MissionGenerator", zel::LogError);
     if (!generator.plan.empty()) {

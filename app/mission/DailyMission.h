@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 class Database;
@@ -12,13 +13,21 @@ constexpr const char* MissionTemplateFile = "Data/Missions/GenericTemplate.Missi
 constexpr const char* MissionFileName = "WingtallyMission.Mission";
 
 /// Why there is no mission.
-enum class MissionFault { None, TemplateUnread, TemplateUnfit, NothingPlanned, FileUnwritten };
+enum class MissionFault {
+    None,
+    TemplateUnread,
+    TemplateUnfit,
+    NothingPlanned,
+    FileUnwritten,
+    LogsUnlisted, // an earlier flight's log would count as this one's
+};
 
 /// The mission of the day, as it was written and as the start screen shows it.
 struct DailyMission {
-    zel::String file; // the mission file
+    zel::String file; // the mission file; with LogsUnlisted the folder of the logs
     MissionFault fault = MissionFault::None;
-    zel::String problem;             // the fault for the log; empty if all went well
+    zel::FileFault reason = zel::FileFault::None; // of the last two faults
+    zel::String problem;                          // the fault for the log; empty if all went well
     std::vector<zel::String> roster; // a line for each plane of the player's nation, his first
     bool isFlyable = true;           // the player owns a type that he can fly
 };

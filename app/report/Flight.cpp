@@ -23,6 +23,19 @@ bool isOurMission(const zel::String& name) {
     return zel::equalsNoCase(name.view(), file.substr(0, file.rfind('.')));
 }
 
+/// No mission is written while the logs of earlier flights are unknown: one of them could be
+/// carried into the career a second time.
+DailyMission withoutLogs(zel::FileFault reason) {
+    DailyMission mission;
+    mission.file = logFolder();
+    mission.fault = MissionFault::LogsUnlisted;
+    mission.reason = reason;
+    mission.problem = "The simulator's logs can't be listed in " + mission.file + ": " +
+                      zel::faultText(reason) + "; no mission is written";
+    logLook(mission.problem, zel::LogError);
+    return mission;
+}
+
 } // namespace
 
 DailyMission Flight::begin(Database& career) {
@@ -31,8 +44,8 @@ DailyMission Flight::begin(Database& career) {
     hasTextLog = true;
     if (unreported == today)
         watch.resume();
-    else
-        watch.begin(logFolder());
+    else if (const zel::FileFault reason = watch.begin(logFolder()); reason != zel::FileFault::None)
+        return withoutLogs(reason);
     DailyMission mission = writeDailyMission(career, missionGenerator);
     if (mission.fault == MissionFault::None)
         unreported = today;

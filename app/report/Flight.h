@@ -17,7 +17,8 @@ class Flight {
 public:
     /// Plans and writes the mission of the day. Logs already in the simulator's folder count as
     /// earlier flights. If this day's mission is written again before its report arrives, logs
-    /// since the first time stay new. On error: as writeDailyMission.
+    /// since the first time stay new. If the logs can't be listed, no mission is
+    /// written. On error: as writeDailyMission.
     DailyMission begin(Database& career);
     /// Looks once for the log of the mission that was flown. True when a finished mission was
     /// found: it is in the report and has been applied to the career. Otherwise the report is

@@ -10,15 +10,15 @@ constexpr int32_t QuietLooks = 5;
 
 } // namespace
 
-// A folder that can't be read just now looks empty: forgetting its logs would make all of them new
-// at the next look, and an old report could be carried into the career once more.
-void LogWatch::begin(const zel::String& folder) {
+zel::FileFault LogWatch::begin(const zel::String& folder) {
     zel::Directory present;
-    if (present.list(folder, FirstPiecePattern))
-        known = present;
+    if (!present.list(folder, FirstPiecePattern))
+        return present.fault();
+    known = present;
     settle();
     missingFolder = {};
     newsTicks = zel::ticks();
+    return zel::FileFault::None;
 }
 
 void LogWatch::resume() {

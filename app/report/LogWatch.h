@@ -36,8 +36,10 @@ struct LogNews {
 /// he has landed: a log that was looked at counts as new again once it has grown.
 class LogWatch {
 public:
-    /// Notes the logs in that folder as known. Logs that come later belong to a later flight.
-    void begin(const zel::String& folder);
+    /// Notes the logs in that folder as known. Logs that come later belong to a later flight. A
+    /// folder that can't be listed is an error, after which nothing is known for certain: all old
+    /// logs could count as new.
+    [[nodiscard]] zel::FileFault begin(const zel::String& folder);
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
     /// waits for further ones.
     void resume();

@@ -16,10 +16,11 @@ constexpr int32_t RosterRows = 8;
 
 /// Why there is no mission. REQUIRES: a fault.
 zel::String reasonFor(const DailyMission& mission) {
-    const zel::String file =
-        mission.fault == MissionFault::FileUnwritten ? mission.file : MissionTemplateFile;
-    return textOf(wording::MissionFaults[int32_t(mission.fault) - 1],
-                  {zel::system::shownText(zel::system::absolutePath(file))});
+    const bool hasReason = mission.reason != zel::FileFault::None;
+    const zel::String file = hasReason ? mission.file : MissionTemplateFile;
+    const zel::String text = textOf(wording::MissionFaults[int32_t(mission.fault) - 1],
+                                    {zel::system::shownText(zel::system::absolutePath(file))});
+    return hasReason ? text + "\n" + faultSentence(mission.reason) : text;
 }
 
 } // namespace

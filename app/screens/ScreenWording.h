@@ -40,6 +40,7 @@ inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first 
     {2212, "The mission template is damaged: $1"},
     {2213, "No mission can be planned for to-day."},
     {2214, "This file could not be written: $1"},
+    {2215, "The logs of the simulator can't be listed in this folder: $1"},
 };
 inline constexpr Wording EndMissing      {2511, "The end of the file is missing."};
 inline constexpr Wording RepairCounts[] = { // in the order of CareerRepairs

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/core/Log.h"
+#include "engine/core/SystemFiles.h"
 
 namespace zel {
 
@@ -50,6 +51,7 @@ bool fitsPattern(std::string_view name, std::string_view pattern) {
 
 bool Directory::list(const String& path, const String& pattern) {
     const bool isReadable = system::listDirectory(path, entries);
+    why = isReadable ? FileFault::None : system::lastFault();
     if (!isReadable)
         log("Path not found: " + path, "Directory", LogWarning);
     entries.erase(std::remove_if(entries.begin(), entries.end(),

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 #include "engine/core/System.h"
 
@@ -18,6 +19,8 @@ public:
     /// Lists again. False for a folder that doesn't exist or can't be read: it is logged ("Path not
     /// found: ") and gives an empty list.
     bool list(const String& path, const String& pattern);
+    /// Why the last listing failed.
+    FileFault fault() const { return why; }
     /// Empties the list.
     void clear() { entries.clear(); }
     int32_t count() const { return static_cast<int32_t>(entries.size()); }
@@ -32,6 +35,7 @@ public:
 
 private:
     std::vector<system::DirectoryEntry> entries;
+    FileFault why = FileFault::None;
 };
 
 /// "*" matches any run of characters, "?" a single one; every other character, "[" too, matches

@@ -24,10 +24,11 @@ struct LogWatchTest : testing::Test {
         Configuration::reset();
         Configuration::set("rof.directory", world.folder.path());
         write("missionReport(old)[0].txt", FlightPieces[0]);
-        watch.begin(data);
+        begin();
     }
     ~LogWatchTest() override { Configuration::reset(); }
 
+    void begin() { EXPECT_EQ(watch.begin(data), zel::FileFault::None); }
     void write(const std::string& name, const std::string& text) {
         world.folder.write("data/" + name, text);
     }
@@ -59,7 +60,7 @@ TEST_F(LogWatchTest, ShowsWhatCameSinceTheMissionWasWritten) {
     EXPECT_EQ(watch.look(data), Names{});
     write("missionReport(old)[1].txt", "x");
     EXPECT_EQ(watch.look(data), Names{}) << "an old log stays old";
-    watch.begin(data);
+    begin();
     writePiece("missionReport(a)", 1);
     EXPECT_EQ(watch.look(data), Names{}) << "known when the next mission was written";
 }
@@ -173,7 +174,10 @@ TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
     std::filesystem::rename(there, there + ".away");
     EXPECT_EQ(watch.look(data), Names{});
-    watch.begin(data);
+    EXPECT_EQ(watch.begin(data), zel::FileFault::Missing);
+    const DailyMission mission = flight.begin(career);
+    EXPECT_EQ(mission.fault, MissionFault::LogsUnlisted) << mission.problem.c_str();
+    EXPECT_EQ(mission.reason, zel::FileFault::Missing);
     std::filesystem::rename(there + ".away", there);
     EXPECT_EQ(watch.look(data), Names{}) << "an old report would be carried into the career again";
 }
@@ -211,7 +215,7 @@ TEST_F(LogWatchTest, KeepsWhatItKnowsWhileTheFolderIsHeld) {
     HeldFile held(world.folder.file("data"));
     ASSERT_TRUE(held.isHeld());
     const bool isFound = flight.findReport(career);
-    watch.begin(data);
+    static_cast<void>(watch.begin(data));
     held.release();
     EXPECT_NE(flight.findReport(career), isFound) << "found once, whether the folder could be read";
     EXPECT_EQ(missionsOf(10), 10);
