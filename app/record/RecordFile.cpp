@@ -29,6 +29,8 @@ RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
     const int64_t version = file.number("PRAGMA user_version");
     if (!file.failed() && version > RecordVersion)
         return RecordState::Newer;
+    if (!file.failed() && version < 1) // the number is signed, and 0 only in a file without tables
+        return RecordState::Damaged;
     if (file.failed() || !prepare(file))
         return file.isDamaged() ? RecordState::Damaged : RecordState::Unusable;
     if (!isWhole(file))

@@ -54,8 +54,10 @@ CREATE TABLE orders_log(name TEXT PRIMARY KEY, pieces INTEGER NOT NULL, bytes IN
 const int32_t RecordVersion = static_cast<int32_t>(std::size(RecordSteps));
 
 bool migrateRecord(SqliteFile& file, const char* const* steps, int32_t count) {
-    for (auto version = static_cast<int32_t>(file.number("PRAGMA user_version"));
-         version < count && !file.failed(); ++version) {
+    auto version = static_cast<int32_t>(file.number("PRAGMA user_version"));
+    if (version < 0)
+        return false;
+    for (; version < count && !file.failed(); ++version) {
         const std::string reached = "PRAGMA user_version = " + std::to_string(version + 1);
         if (!file.begin() || !file.run(steps[version]) || !file.run(reached.c_str()) ||
             !file.commit())

@@ -16,7 +16,7 @@ extern const char* const RecordSteps[];
 extern const int32_t RecordVersion; // number of the steps
 
 /// Brings the file to the version after those steps, each in a transaction of its own. False, with
-/// the file at the last version reached, on an error.
+/// the file at the last version reached, on an error. A version below 0 is one.
 bool migrateRecord(SqliteFile& file, const char* const* steps = RecordSteps,
                    int32_t count = RecordVersion);
 

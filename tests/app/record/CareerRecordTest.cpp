@@ -142,6 +142,8 @@ TEST_F(CareerRecordTest, BeginsAgainWhereItCantBeUsed) {
         {changed("UPDATE meta SET value = value + 1 WHERE key = 'career'"),
          "record-other-career.db", "is of another career"},
         {changed("PRAGMA user_version = 99"), "record-newer.db", "was written by a later version"},
+        {changed("PRAGMA user_version = -1"), "record-damaged-5.db", "is damaged"},
+        {changed("PRAGMA user_version = 0"), "record-damaged-6.db", "is damaged"},
     };
     for (const auto& [content, name, line] : cases) {
         const LogCapture lines;
