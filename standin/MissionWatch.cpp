@@ -34,7 +34,7 @@ MissionWatch::MissionWatch(const zel::String& dir) : dir(dir) {
     }
 }
 
-zel::String MissionWatch::look() {
+zel::String MissionWatch::poll() {
     if (!zel::system::isDirectory(missionsFolder(dir)))
         return {};
     const zel::Directory listing(missionsFolder(dir), "*.mission");

@@ -16,8 +16,9 @@ class MissionWatch {
 public:
     explicit MissionWatch(const zel::String& dir);
 
-    /// Looks once. Returns the name of a mission to fly, each one once; empty if there is none.
-    zel::String look();
+    /// Looks into the folder once. Returns the name of a mission to fly, each one once; empty if
+    /// there is none.
+    zel::String poll();
 
 private:
     struct Looks {

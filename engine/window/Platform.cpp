@@ -240,7 +240,7 @@ void Platform::applyWindowChanges() {
         return;
     if (toggles) {
         window->setFullscreen(!window->isFullscreen());
-        Window::tellFullscreenListener();
+        Window::notifyFullscreenListener();
     } else if (newWidth > 0 && newHeight > 0) {
         window->resize(newWidth, newHeight);
     }

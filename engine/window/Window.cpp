@@ -204,7 +204,7 @@ void Window::setFullscreen(bool wanted) {
 
 void Window::setFullscreenListener(FullscreenListener listener) { fullscreenListener = listener; }
 
-void Window::tellFullscreenListener() {
+void Window::notifyFullscreenListener() {
     if (currentWindow != nullptr && fullscreenListener != nullptr)
         fullscreenListener(currentWindow->isFullscreen());
 }

@@ -80,7 +80,7 @@ public:
     /// Called after Alt+Enter has switched, with the new state. Null for none.
     using FullscreenListener = void (*)(bool isFullscreen);
     static void setFullscreenListener(FullscreenListener listener);
-    static void tellFullscreenListener();
+    static void notifyFullscreenListener();
     /// Adapts to the size that the player gave the window.
     void resize(int32_t newWidth, int32_t newHeight);
     /// The system has damaged the window's content: the next frame is drawn in any case.

@@ -45,8 +45,8 @@ void Battle::endHumanAfter(double seconds) {
         flight.endTick = tick + StepTicks + static_cast<int32_t>(seconds * TicksPerSecond);
 }
 
-void Battle::tell(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
-                  const Vector& position, bool armourPiercing) {
+void Battle::writeEvent(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
+                        const Vector& position, bool armourPiercing) {
     const int32_t later = random.getInt(0, StepTicks - 1);
     lastTick = std::max(lastTick, tick + later);
     flight.events.push_back({kind, lastTick, attacker, target, damage, armourPiercing, position});

@@ -55,7 +55,7 @@ protected:
     int32_t count() const { return static_cast<int32_t>(fighters.size()); }
     bool isFlying(const Fighter& fighter) const;
     void endHumanAfter(double seconds);
-    void tell(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
+    void writeEvent(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
               const Vector& position, bool armourPiercing = false);
     double draw(double from, double to);
     bool chance(double probability) { return draw(0, 1) < probability; }

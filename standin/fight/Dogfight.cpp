@@ -34,7 +34,7 @@ void Dogfight::step() {
     collide();
     fireGun();
     meddle();
-    tellPosition();
+    writePosition();
     checkEnd();
     tick += StepTicks;
     time = static_cast<double>(tick) / TicksPerSecond;
@@ -135,7 +135,7 @@ void Dogfight::sendHome(int32_t index) {
         placeGun();
 }
 
-void Dogfight::tellPosition() {
+void Dogfight::writePosition() {
     if (nextPositionTick >= tick + StepTicks || fighters[human()].task == FighterTask::Down)
         return;
     lastTick = std::max(lastTick, nextPositionTick);

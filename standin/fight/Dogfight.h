@@ -21,7 +21,7 @@ private:
     bool isOver() const;
     void sendHome(int32_t index);
     void checkEnd();
-    void tellPosition();
+    void writePosition();
     int32_t threatTo(int32_t index) const;
 };
 

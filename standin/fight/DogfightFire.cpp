@@ -59,7 +59,7 @@ void DogfightFire::hit(int32_t attacker, int32_t target) {
     const bool inBody = chance(PilotShare);
     const bool armourPiercing = chance(ApShare);
     const int32_t struck = inBody ? bodyOf(target) : target;
-    tell(EventKind::Hit, attacker, struck, 0, fighter.position, armourPiercing);
+    writeEvent(EventKind::Hit, attacker, struck, 0, fighter.position, armourPiercing);
     if (inBody) {
         hurtPilot(attacker, target, BulletWound);
         damagePlane(attacker, target, random.getInt(30, 35));
@@ -77,10 +77,10 @@ void DogfightFire::hurtPilot(int32_t attacker, int32_t target, int32_t amount) {
     if (!fighter.pilotAlive || (spared && fighter.wounds + amount >= Whole))
         return;
     fighter.wounds += amount;
-    tell(EventKind::Damage, attacker, bodyOf(target), amount, fighter.position);
+    writeEvent(EventKind::Damage, attacker, bodyOf(target), amount, fighter.position);
     if (fighter.wounds < Whole)
         return;
-    tell(EventKind::Destroyed, attacker, bodyOf(target), 0, fighter.position);
+    writeEvent(EventKind::Destroyed, attacker, bodyOf(target), 0, fighter.position);
     fighter.pilotAlive = false;
     if (target == human() && fighter.task != FighterTask::Down && chance(0.5))
         endHumanAfter(draw(3, 12)); // else when the wreck is down
@@ -96,11 +96,11 @@ void DogfightFire::damagePlane(int32_t attacker, int32_t target, int32_t amount)
     if (fighter.destroyed)
         return;
     fighter.damage += amount;
-    tell(EventKind::Damage, attacker, target, amount, fighter.position);
+    writeEvent(EventKind::Damage, attacker, target, amount, fighter.position);
     if (fighter.damage < Whole - 15)
         return;
     fighter.destroyed = true;
-    tell(EventKind::Destroyed, attacker, target, 0, fighter.position);
+    writeEvent(EventKind::Destroyed, attacker, target, 0, fighter.position);
     loseControl(target);
 }
 
@@ -127,11 +127,11 @@ void DogfightFire::crash(int32_t index) {
     if (!fighter.destroyed)
         destroy(Nobody, index);
     else if (chance(0.03))
-        tell(EventKind::Destroyed, Nobody, index, 0,
-             fighter.position); // reports the wreck again
+        writeEvent(EventKind::Destroyed, Nobody, index, 0,
+                   fighter.position); // reports the wreck again
     if (fighter.pilotAlive)
         hurtInCrash(index, soft);
-    tell(EventKind::Landed, Nobody, index, 0, fighter.position);
+    writeEvent(EventKind::Landed, Nobody, index, 0, fighter.position);
     if (index == human())
         endHumanAfter(draw(5, 18));
 }
@@ -238,7 +238,7 @@ void DogfightFire::woundOrKill(int32_t attacker) {
     const int32_t bullets = options.killHuman ? Whole / BulletWound : random.getInt(1, 3);
     for (int32_t bullet = 0; bullet < bullets && fighter.pilotAlive; ++bullet) {
         const bool armourPiercing = chance(ApShare);
-        tell(EventKind::Hit, attacker, bodyOf(human()), 0, fighter.position, armourPiercing);
+        writeEvent(EventKind::Hit, attacker, bodyOf(human()), 0, fighter.position, armourPiercing);
         hurtPilot(attacker, human(), BulletWound);
     }
 }

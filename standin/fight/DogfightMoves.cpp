@@ -46,7 +46,7 @@ void DogfightMoves::roll(int32_t index) {
     if (fighter.speed < topSpeed(index) * 0.55)
         return;
     fighter.task = FighterTask::Climb;
-    tell(EventKind::TakeOff, Nobody, index, 0, fighter.position);
+    writeEvent(EventKind::TakeOff, Nobody, index, 0, fighter.position);
 }
 
 void DogfightMoves::steer(int32_t index) {
@@ -211,7 +211,7 @@ void DogfightMoves::touchGround(int32_t index) {
         return;
     }
     fighter.task = FighterTask::Down;
-    tell(EventKind::Landed, Nobody, index, 0, fighter.position);
+    writeEvent(EventKind::Landed, Nobody, index, 0, fighter.position);
     if (index == human())
         endHumanAfter(draw(5, 18));
 }

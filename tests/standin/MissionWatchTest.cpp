@@ -28,23 +28,23 @@ TEST(MissionWatch, GivesOutEachMissionOnce) {
     const TemporaryFolder folder;
     folder.write("data/Missions/note.txt", "no mission");
     MissionWatch watch(folder.path());
-    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.poll(), "");
     folder.write(MissionFile, "half a mission");
-    EXPECT_EQ(watch.look(), "") << "it may still be written";
+    EXPECT_EQ(watch.poll(), "") << "it may still be written";
     folder.write(MissionFile, "half a mission and the rest");
-    EXPECT_EQ(watch.look(), "");
-    EXPECT_EQ(watch.look(), "One.Mission") << "now it has stopped changing";
-    EXPECT_EQ(watch.look(), "");
-    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.poll(), "");
+    EXPECT_EQ(watch.poll(), "One.Mission") << "now it has stopped changing";
+    EXPECT_EQ(watch.poll(), "");
+    EXPECT_EQ(watch.poll(), "");
     setAge(folder, MissionFile, 5);
-    EXPECT_EQ(watch.look(), "");
-    EXPECT_EQ(watch.look(), "One.Mission") << "the same text written again is a new mission";
+    EXPECT_EQ(watch.poll(), "");
+    EXPECT_EQ(watch.poll(), "One.Mission") << "the same text written again is a new mission";
     folder.write("data/Missions/TWO.MISSION", "x");
     folder.write("data/Missions/three.mission", "x");
-    EXPECT_EQ(watch.look(), "");
-    EXPECT_EQ(watch.look(), "three.mission");
-    EXPECT_EQ(watch.look(), "TWO.MISSION");
-    EXPECT_EQ(watch.look(), "");
+    EXPECT_EQ(watch.poll(), "");
+    EXPECT_EQ(watch.poll(), "three.mission");
+    EXPECT_EQ(watch.poll(), "TWO.MISSION");
+    EXPECT_EQ(watch.poll(), "");
 }
 
 TEST(MissionWatch, LeavesOutWhatWasFlownBefore) {
@@ -54,12 +54,12 @@ TEST(MissionWatch, LeavesOutWhatWasFlownBefore) {
     setAge(folder, MissionFile, -60);
     setAge(folder, Log, -30);
     MissionWatch watch(folder.path());
-    watch.look();
-    EXPECT_EQ(watch.look(), "");
+    watch.poll();
+    EXPECT_EQ(watch.poll(), "");
     setAge(folder, MissionFile, -10);
     MissionWatch later(folder.path());
-    later.look();
-    EXPECT_EQ(later.look(), "One.Mission") << "written after the last flight";
+    later.poll();
+    EXPECT_EQ(later.poll(), "One.Mission") << "written after the last flight";
 }
 
 TEST(MissionWatch, FindsTheNewestMission) {

@@ -66,7 +66,7 @@ bool watch(const standin::StandInCall& call) {
     say(call, "Waiting for missions in " + std::string(standin::missionsFolder(call.dir).view()) +
                   " (Ctrl+C ends)\n");
     while (interrupted == 0) {
-        const zel::String mission = missions.look();
+        const zel::String mission = missions.poll();
         if (mission.empty()) {
             waitFor(LookPause);
             continue;

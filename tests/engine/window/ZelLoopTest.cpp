@@ -12,38 +12,38 @@
 
 namespace {
 
-std::vector<std::string> told;
-void tell(const char* what) { told.emplace_back(what); }
+std::vector<std::string> calls;
+void record(const char* what) { calls.emplace_back(what); }
 
 /// What the loop of these tests builds.
 class OwnedState : public RecordingState {
 public:
-    explicit OwnedState(const char* name) : RecordingState(name, ::told) {}
-    ~OwnedState() override { ::told.push_back("end of " + std::string(getName().view())); }
+    explicit OwnedState(const char* name) : RecordingState(name, ::calls) {}
+    ~OwnedState() override { ::calls.push_back("end of " + std::string(getName().view())); }
 };
 
 } // namespace
 
-ZelApp::ZelApp() { tell("ZelApp"); }
-ZelApp::~ZelApp() { tell("end of ZelApp"); }
-void ZelApp::init() { tell("init"); }
-void ZelApp::onLanguageSet() { tell("onLanguageSet"); }
-void ZelApp::beforeServices() { tell("beforeServices"); }
-void ZelApp::afterServices() { tell("afterServices"); }
-void ZelApp::beforeMenus() { tell("beforeMenus"); }
+ZelApp::ZelApp() { record("ZelApp"); }
+ZelApp::~ZelApp() { record("end of ZelApp"); }
+void ZelApp::init() { record("init"); }
+void ZelApp::onLanguageSet() { record("onLanguageSet"); }
+void ZelApp::beforeServices() { record("beforeServices"); }
+void ZelApp::afterServices() { record("afterServices"); }
+void ZelApp::beforeMenus() { record("beforeMenus"); }
 void ZelApp::initMenus() {
-    tell("initMenus");
+    record("initMenus");
     zel::ZelLoop::registerPersistent(std::make_unique<OwnedState>("start"));
     zel::ZelLoop::registerPersistent(std::make_unique<OwnedState>("other"));
 }
-void ZelApp::onStarted() { tell("onStarted"); }
+void ZelApp::onStarted() { record("onStarted"); }
 zel::String ZelApp::getFirstStateName() { return "start"; }
-void ZelApp::onPause() { tell("onPause"); }
-void ZelApp::onContinue() { tell("onContinue"); }
-void ZelApp::onShutdown() { tell("onShutdown"); }
-void ZelApp::onDestroy() { tell("onDestroy"); }
-void ZelApp::releaseDatabase() { tell("releaseDatabase"); }
-void ZelApp::releaseMenus() { tell("releaseMenus"); }
+void ZelApp::onPause() { record("onPause"); }
+void ZelApp::onContinue() { record("onContinue"); }
+void ZelApp::onShutdown() { record("onShutdown"); }
+void ZelApp::onDestroy() { record("onDestroy"); }
+void ZelApp::releaseDatabase() { record("releaseDatabase"); }
+void ZelApp::releaseMenus() { record("releaseMenus"); }
 
 namespace zel {
 
@@ -51,14 +51,14 @@ namespace {
 
 using Told = std::vector<std::string>;
 
-Told taken() { return std::exchange(told, {}); }
+Told taken() { return std::exchange(calls, {}); }
 
 class ZelLoopTest : public testing::Test {
 protected:
     ZelLoopTest() {
         StatesMachine::getInstance().reset();
         HighLevelScheduler::destroy();
-        told.clear();
+        calls.clear();
     }
     void steps(ZelLoop& loop, int32_t count, uint32_t milliseconds = 20) {
         for (; count > 0; --count) {
@@ -72,8 +72,8 @@ protected:
 };
 
 TEST_F(ZelLoopTest, BuildsAndEndsInOrder) {
-    setShutdownStep(ShutdownStep::Themes, [] { tell("themes"); });
-    setShutdownStep(ShutdownStep::Sounds, [] { tell("sounds"); });
+    setShutdownStep(ShutdownStep::Themes, [] { record("themes"); });
+    setShutdownStep(ShutdownStep::Sounds, [] { record("sounds"); });
     {
         ZelLoop loop;
         EXPECT_EQ(taken(), (Told{"ZelApp", "init", "onLanguageSet", "beforeServices",
@@ -98,7 +98,7 @@ TEST_F(ZelLoopTest, ShowsNothingForFiveFrames) {
     EXPECT_EQ(StatesMachine::getInstance().getActiveState(), nullptr);
     EXPECT_EQ(taken(), Told{});
     steps(loop, 1);
-    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"})) << "entered and told in the sixth";
+    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"})) << "entered and calls in the sixth";
 }
 
 TEST_F(ZelLoopTest, QuitsByAState) {
@@ -122,7 +122,7 @@ TEST_F(ZelLoopTest, PausesOnce) {
     steps(loop, 60);
     taken();
     setSuspendStep(
-        ShutdownStep::Sounds, [] { tell("suspend"); }, [] { tell("resume"); });
+        ShutdownStep::Sounds, [] { record("suspend"); }, [] { record("resume"); });
     ZelLoop::onPause();
     ZelLoop::onPause();
     EXPECT_EQ(taken(), (Told{"onPause", "start.onPause", "suspend"}));
