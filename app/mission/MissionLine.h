@@ -16,6 +16,9 @@ MissionLine splitMissionLine(const zel::String& line);
 zel::String blockName(const zel::String& line);
 /// A mission value without ";" and blanks around it, as a number; 0 for anything else.
 float missionFloat(std::string_view value);
-/// A name that is safe in the mission's text: a double quote, which would end it, becomes an
-/// apostrophe.
+/// The name as the simulator can hold it, in ASCII: ae for an umlaut, e for an accent, and for a
+/// character that would end or break its text ("\";={}", controls) one that resembles it.
 zel::String missionName(const zel::String& name);
+/// Whether the simulator can hold that name of a skin's file: printable ASCII without quotes,
+/// semicolons and braces, and no path.
+bool isMissionSkin(std::string_view skin);

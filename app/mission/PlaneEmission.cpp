@@ -38,9 +38,14 @@ struct EmittedPlane {
 
 zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
 
+void logChange(const zel::String& change) { zel::log(change, "MissionGenerator", zel::LogWarning); }
+
 /// His name, followed by the victories of an ace.
 zel::String nameOf(const PlannedPlane& plane) {
     const zel::String name = missionName(plane.name);
+    if (name != plane.name)
+        logChange("The simulator can't read the name \"" + plane.name + "\"; the mission has \"" +
+                  name + "\"");
     return plane.shotdowns >= AceShotdowns ? name + "/" + plane.shotdowns : name;
 }
 
@@ -126,14 +131,22 @@ Placing drawPlacing(float x, float y, float z, zel::Random& random) {
             {x, y + 100 + heightG, z + spread, headingG + 270}};
 }
 
+/// The skin if the simulator can hold its name, otherwise none.
+zel::String usableSkin(const zel::String& skin) {
+    if (isMissionSkin(skin.view()))
+        return skin;
+    logChange("The simulator can't read the skin \"" + skin + "\"; it is left out");
+    return {};
+}
+
 /// The paint in its quotes: the pilot's own, or else his squadron's, or none.
 zel::String skinText(const Database& career, const PlannedPlane& plane) {
     zel::String skin;
     const int32_t file = career.squadron(plane.squadron).squadronFile;
     if (file >= 0)
-        skin = career.squadronSkin(zel::String(zel::arrayText(career.squadronFile(file).key)),
-                                   plane.type);
-    const zel::String own = career.pilotSkin(plane.pilotFile, plane.type);
+        skin = usableSkin(career.squadronSkin(
+            zel::String(zel::arrayText(career.squadronFile(file).key)), plane.type));
+    const zel::String own = usableSkin(career.pilotSkin(plane.pilotFile, plane.type));
     if (!own.empty()) {
         zel::log("INDIVIDUAL SKIN PILOT!!", "MissionGenerator", zel::LogDebug);
         skin = own;

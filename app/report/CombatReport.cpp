@@ -102,13 +102,13 @@ int32_t CombatReport::mapPilots(const std::vector<PlannedPlane>& plan) {
     int32_t matches = 0;
     for (auto plane = plan.begin(); plane != plan.end(); ++plane) {
         // Pilots of one name and nation look alike in the log: each takes one record in turn.
+        const zel::String name = missionName(plane->name);
         const auto isNamesake = [&](const PlannedPlane& other) {
             return other.nation == plane->nation &&
-                   loggedPart(shortName(other.name)) == loggedPart(shortName(plane->name));
+                   loggedPart(shortName(missionName(other.name))) == loggedPart(shortName(name));
         };
         const bool alone = std::count_if(plan.begin(), plan.end(), isNamesake) == 1;
         auto skipped = std::count_if(plan.begin(), plane, isNamesake);
-        const zel::String name = missionName(plane->name);
         for (PilotReport& record : pilots) {
             if (record.country != plane->nation || !namesFit(name, record.name))
                 continue;

@@ -3,6 +3,7 @@
 #include <set>
 #include <string>
 
+#include "app/mission/MissionLine.h"
 #include "tools/common/PilotNames.h"
 
 namespace datacheck {
@@ -10,8 +11,6 @@ namespace datacheck {
 namespace {
 
 constexpr const char* NationsWithNames[] = {"France", "England", "Germany", "USA"};
-// The simulator refuses a whole mission if a name contains one of these.
-constexpr std::string_view NotInNames = ";={}\"";
 
 /// The longest name of a list, as the line that it is in.
 struct LongestName {
@@ -40,9 +39,9 @@ tools::Finding checkName(std::string_view name, const zel::String& file, int32_t
     if (!isPlain(name))
         return {file, line, "the name has a character outside of ASCII",
                 "write ae for an umlaut, e for an accent"};
-    if (name.find_first_of(NotInNames) != name.npos)
+    if (const zel::String held = missionName(zel::String(name)); held != name)
         return {file, line, "the name has one of ; = { } \" which the simulator can't read",
-                "leave it out"};
+                "leave it out, or missions have " + std::string(held.view())};
     if (name.front() == ' ' || name.back() == ' ' || name.find("  ") != name.npos)
         return {file, line, "the name has a blank too many", "write one blank between its parts"};
     return {};

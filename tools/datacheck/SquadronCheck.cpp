@@ -6,6 +6,7 @@
 #include "app/career/Aircraft.h"
 #include "app/career/DataFolders.h"
 #include "app/career/Nation.h"
+#include "app/mission/MissionLine.h"
 #include "tools/datacheck/Months.h"
 
 namespace datacheck {
@@ -181,9 +182,11 @@ void checkAircraft(const HistoryRecord& record, const HistoryLine& line, Finding
     if (!line.aircraft.empty() && !isKnownPlane(line.aircraft))
         report("aircraft=" + line.aircraft + " is not known",
                "the nearest is " + nearestPlane(line.aircraft));
-    if (line.skin.find_first_of(";{}\"") != line.skin.npos)
-        report("skin=" + line.skin + " has one of ; { } \" which the simulator can't read",
-               "rename the skin's file");
+    if (isPlain(line.skin) && !isMissionSkin(line.skin)) // the others are reported already
+        report("skin=" + line.skin +
+                   " is no file's name that the simulator can read, and missions "
+                   "leave it out",
+               "rename the skin's file: without quotes, ; { } / \\ : and ..");
 }
 
 void checkSquadron(const HistoryRecord& squadron, Findings& findings) {

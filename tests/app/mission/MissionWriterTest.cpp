@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/mission/MissionLine.h"
 #include "tests/app/mission/MissionLines.h"
 #include "tests/support/HandMade.h"
 #include "tests/support/LogCapture.h"
@@ -157,6 +158,22 @@ TEST(MissionWriter, TakesASquadronsPaintWithoutOneOfHisOwn) {
     const std::vector<std::string> skins = valuesOf(test.generated(), "Skin");
     EXPECT_EQ(skins, (std::vector<std::string>{"\"\"", "\"\"", "\"spad13\\stork.dds\"",
                                                "\"spad7\\old.dds\""}));
+}
+
+// One such character, and the simulator refuses the mission without a message.
+TEST(MissionWriter, WritesOnlyTextThatTheSimulatorCanHold) {
+    WriterCareer test;
+    test.generator.plan[0].name = "J\xFCrgen; = {\"\xC9mile\"}\x1B\x81\x7F";
+    zel::copyText(test.career.dataLines.back().text, "aircraft=spad13 skin=..\\own.dds");
+    const std::string text = test.generated();
+    EXPECT_NE(text.find("  Name = \"Juergen, - ('Emile')___/12\";\n"), text.npos);
+    EXPECT_EQ(valuesOf(text, "Skin")[2], "\"spad13\\stork.dds\"") << "his squadron's";
+    EXPECT_EQ(test.lines.linesWith(" w 0 [MissionGenerator] The simulator can't read the"), 2)
+        << test.lines.text();
+    for (const char* skin :
+         {"a;b", "a{b", "a}b", "a\"b", "a'b", "a/b", "a\\b", "c:b", "..", "a\tb", "a\x7F", "\xFC"})
+        EXPECT_FALSE(isMissionSkin(skin)) << skin;
+    EXPECT_TRUE(isMissionSkin("101003_a-(b).dds"));
 }
 
 TEST(MissionWriter, MakesTheSkyWorthFlyingIn) {

@@ -92,7 +92,10 @@ TEST_F(DataCheck, ReportsLinesOfSquadrons) {
             {"until=19170228 aircraft=camel",
              "3: aircraft=camel is not known: the nearest is sopcamel\n"},
             {"until=19170228 aircraft=albatrosd3 skin=red;blue",
-             "3: skin=red;blue has one of ; { } \" which the simulator can't read"},
+             "3: skin=red;blue is no file's name that the simulator can read"},
+            {"until=19170228 aircraft=albatrosd3 skin=..\\red",
+             "3: skin=..\\red is no file's name"},
+            {"until=19170228 aircraft=albatrosd3 skin=d:red/", "3: skin=d:red/ is no file's name"},
             // Tokens that are not read.
             {"until=19170228 #",
              "3: \"#\" is not read: write key=value; there are no comments, and a value has no "
@@ -241,7 +244,7 @@ TEST_F(DataCheck, ReportsFaultyNameLists) {
               "parts\n"
               "Names/Germany_1st.txt:3: adam is there twice: remove one\n"
               "Names/Germany_1st.txt:4: the name has one of ; = { } \" which the simulator can't "
-              "read: leave it out\n"
+              "read: leave it out, or missions have Jo-rg\n"
               "Names/USA_1st.txt:1: Bartholomew-Matthew von Kahr has 28 characters, of which "
               "the simulator keeps 27: remove the longest names\n");
 }
