@@ -49,6 +49,40 @@ SoundForm formOf(const SDL_AudioSpec& spec) {
             (spec.format & 0x1000) != 0};
 }
 
+uint32_t numberAt(std::string_view bytes, size_t place, size_t size) {
+    uint32_t number = 0;
+    for (size_t i = size; i-- > 0;)
+        number = number << 8 | static_cast<uint8_t>(bytes[place + i]);
+    return number;
+}
+
+/// The file with its two parts that matter, whose sizes are true: SDL allocates what a part claims
+/// before it reads it. Empty for another kind of file, a part that claims more than the file holds,
+/// and samples that are compressed.
+std::string soundParts(std::string_view file) {
+    constexpr size_t HeadSize = 8;    // of a part: name and size
+    constexpr size_t FormatSize = 16; // at least
+    constexpr uint32_t Uncompressed = 1;
+    if (file.size() < 12 || file.substr(0, 4) != "RIFF" || file.substr(8, 4) != "WAVE")
+        return {};
+    std::string parts(file.substr(0, 12));
+    for (std::string_view rest = file.substr(12); rest.size() >= HeadSize;) {
+        const std::string_view name = rest.substr(0, 4);
+        const size_t size = numberAt(rest, 4, 4);
+        if (size > rest.size() - HeadSize)
+            return {};
+        const bool isFormat = name == "fmt ";
+        if (isFormat && (size < FormatSize || numberAt(rest, HeadSize, 2) != Uncompressed))
+            return {};
+        if (isFormat || name == "data")
+            parts += rest.substr(0, HeadSize + size);
+        if (name == "data")
+            return parts;
+        rest.remove_prefix(std::min(HeadSize + size + size % 2, rest.size())); // even places
+    }
+    return {};
+}
+
 } // namespace
 
 // Not by SDL: unless one rate is twice the other it takes the nearest that is, and the sound comes
@@ -81,6 +115,7 @@ std::shared_ptr<const SoundSamples> readSound(const String& fileName) {
     std::string content;
     if (file.hasFailed() || file.fileSize() > MostBytes || !file.readWhole(content))
         return nullptr;
+    content = soundParts(content);
     SDL_RWops* source = SDL_RWFromConstMem(content.data(), static_cast<int>(content.size()));
     SDL_AudioSpec spec;
     uint8_t* data = nullptr;

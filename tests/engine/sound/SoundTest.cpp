@@ -158,6 +158,31 @@ TEST(SoundReader, RefusesWhatMakesNoSense) {
     EXPECT_EQ(convertSound({}, "abcdefg").samples.size(), 2U) << "one and a part of one";
 }
 
+// What SDL gets is never longer than the file: it allocates by these sizes.
+TEST(SoundReader, RefusesPartsThatClaimTooMuch) {
+    const TemporaryFolder folder;
+    const std::string whole = wavFile("1234567", 44100, 1, 8);
+    const auto frames = [&](std::string bytes, size_t place, std::string_view size) {
+        bytes.replace(place, size.size(), size);
+        const auto read = readSound(folder.write("claim.wav", bytes));
+        return read == nullptr ? 0 : static_cast<int32_t>(read->samples.size() / 2);
+    };
+    ASSERT_EQ(whole.size(), 51U);
+    EXPECT_EQ(frames(whole, 40, {"\x07\0\0\0", 4}), 7);
+    EXPECT_EQ(frames(whole, 40, {"\x06\0\0\0", 4}), 6);
+    EXPECT_EQ(frames(whole, 4, {"\xFF\xFF\xFF\xFF", 4}), 7) << "the size of all is not used";
+    for (const std::string_view size : {std::string_view("\x08\0\0\0", 4), {"\0\0\0\xFF", 4}}) {
+        EXPECT_EQ(frames(whole, 40, size), 0) << "samples";
+        EXPECT_EQ(frames(whole, 16, size), 0) << "format";
+    }
+    EXPECT_EQ(frames(whole, 20, {"\x02\0", 2}), 0) << "compressed";
+    const std::string list("LIST\x03\0\0\0abc\0", 12);
+    EXPECT_EQ(frames(whole.substr(0, 36) + list + whole.substr(36), 0, "RIFF"), 7)
+        << "a part of odd length is followed by a fill byte";
+    EXPECT_EQ(frames(whole.substr(0, 36) + list + whole.substr(36), 42, "\x01"), 0);
+    EXPECT_EQ(frames(whole + "LIST", 0, "RIFF"), 7);
+}
+
 class SoundHandlerTest : public testing::Test {
 protected:
     SoundHandlerTest() {
