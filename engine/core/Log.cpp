@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/core/Clock.h"
+#include "engine/core/Printable.h"
 #include "engine/core/System.h"
 
 namespace zel {
@@ -41,7 +42,7 @@ const char* prefixOf(int32_t level) {
 }
 
 void writeLine(FILE* stream, const String& line) {
-    std::fprintf(stream, "%s\n", line.c_str());
+    std::fprintf(stream, "%s\n", printable(line).c_str());
     std::fflush(stream); // the last line before a crash matters most
 }
 

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "app/career/CareerTexts.h"
+#include "engine/core/Printable.h"
 #include "engine/core/System.h"
 
 namespace {
@@ -29,7 +30,8 @@ void Progress::onWarProgress(const Calendar& date, float share) {
     lastShown = now;
     lineShown = true;
     const zel::String shown = zel::system::printedText(dateInLanguage(date));
-    std::fprintf(stderr, "\r%-20s %3d %%", shown.c_str(), static_cast<int>(share * 100));
+    std::fprintf(stderr, "\r%-20s %3d %%", zel::printable(shown).c_str(),
+                 static_cast<int>(share * 100));
     std::fflush(stderr);
 }
 

@@ -19,6 +19,7 @@
 #include "standin/StandIn.h"
 #include "tools/career/RecordLines.h"
 #include "tools/career/SessionWording.h"
+#include "tools/common/Print.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ const Wording& adviceFor(SimulatorState state) {
     return simulatorFolder().empty() ? wording::StatusNoSimulator : wording::StatusNotThere;
 }
 
-void print(const zel::String& line) { std::printf("%s\n", line.c_str()); }
+void print(const zel::String& line) { tools::print(stdout, line + "\n"); }
 
 void printColumns(const zel::String& left, const zel::String& right) {
     std::string line;

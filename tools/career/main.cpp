@@ -11,12 +11,13 @@
 #include "engine/core/UserDirectory.h"
 #include "tools/career/CommandLine.h"
 #include "tools/career/Session.h"
+#include "tools/common/Print.h"
 
 namespace {
 
 int failed(const zel::String& why) {
     std::fflush(stdout);
-    std::fprintf(stderr, "wingtally-career: %s\n", why.c_str());
+    tools::print(stderr, "wingtally-career: " + why + "\n");
     return 1;
 }
 
@@ -36,7 +37,7 @@ void showLogs(bool verbose) {
 
 void releaseLines() {
     for (const zel::String& line : heldLines())
-        std::fprintf(stderr, "%s\n", line.c_str());
+        tools::print(stderr, line + "\n");
     heldLines().clear();
 }
 

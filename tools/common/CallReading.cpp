@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "tools/common/Print.h"
+
 namespace tools {
 
 namespace {
@@ -18,7 +20,7 @@ std::optional<int> answer(const CallReading& reading) {
     if (reading.kind == CallKind::Run)
         return {};
     const bool isHelp = reading.kind == CallKind::Help;
-    std::fputs(reading.text.c_str(), isHelp ? stdout : stderr);
+    print(isHelp ? stdout : stderr, reading.text);
     return isHelp ? 0 : WrongCall;
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "tools/common/Print.h"
+
 namespace tools {
 
 std::string Finding::text() const {
@@ -25,7 +27,7 @@ void sortByPlace(Findings& findings) {
 
 int printFindings(const Findings& findings, std::FILE* stream) {
     for (const Finding& finding : findings)
-        std::fprintf(stream, "%s\n", finding.text().c_str());
+        print(stream, finding.text() + "\n");
     return std::all_of(findings.begin(), findings.end(),
                        [](const Finding& finding) { return finding.isWarning; })
                ? 0

@@ -4,6 +4,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "tools/common/CommandLine.h"
+#include "tools/common/Print.h"
 #include "tools/datacheck/DataCheck.h"
 
 namespace {
@@ -36,12 +37,13 @@ int run(const Call& call) {
         found.empty() ? zel::String(call.folder) : zel::system::absolutePath(found);
     const zel::String folder = start.empty() ? start : datacheck::findDataFolder(start);
     if (folder.empty()) {
-        std::fprintf(stderr, "%s: no data in %s\n", Program,
-                     start.empty() ? "the places where the game looks" : start.c_str());
+        tools::print(stderr, zel::String(Program) + ": no data in " +
+                                 (start.empty() ? "the places where the game looks" : start) +
+                                 "\n");
         return 2;
     }
     if (call.coverage) {
-        std::fputs(datacheck::coverageTable(folder).c_str(), stdout);
+        tools::print(stdout, datacheck::coverageTable(folder));
         return 0;
     }
     return tools::printFindings(datacheck::checkData(folder), stdout);

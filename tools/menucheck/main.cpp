@@ -4,6 +4,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "tools/common/CommandLine.h"
+#include "tools/common/Print.h"
 #include "tools/menucheck/MenuCheck.h"
 
 namespace {
@@ -21,8 +22,9 @@ int run(const std::string& chosen) {
     zel::system::setEnvironment("SDL_AUDIODRIVER", "dummy"); // sounds are loaded, never played
     const zel::String folder = chosen.empty() ? zel::findRunDirectory() : zel::String(chosen);
     if (folder.empty() || !zel::system::fileStatus(folder + "/Menus/init.lst").exists) {
-        std::fprintf(stderr, "%s: no Menus/init.lst in %s\n", Program,
-                     folder.empty() ? "the places where the game looks" : folder.c_str());
+        tools::print(stderr, zel::String(Program) + ": no Menus/init.lst in " +
+                                 (folder.empty() ? "the places where the game looks" : folder) +
+                                 "\n");
         return 2;
     }
     return tools::printFindings(menucheck::checkMenus(folder), stdout);

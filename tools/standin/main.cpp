@@ -7,6 +7,7 @@
 #include "engine/core/System.h"
 #include "standin/MissionWatch.h"
 #include "standin/StandIn.h"
+#include "tools/common/Print.h"
 #include "tools/standin/CommandLine.h"
 
 namespace {
@@ -29,14 +30,14 @@ bool waitFor(double seconds) {
 }
 
 bool fail(const tools::Finding& finding) {
-    std::fprintf(stderr, "wingtally-standin: %s\n", finding.text().c_str());
+    tools::print(stderr, "wingtally-standin: " + finding.text() + "\n");
     return false;
 }
 
 void say(const standin::StandInCall& call, const std::string& text) {
     if (call.quiet)
         return;
-    std::fputs(text.c_str(), stdout);
+    tools::print(stdout, text);
     std::fflush(stdout);
 }
 

@@ -29,8 +29,10 @@ TEST(Log, ShowsLinesUpToTheLevelOfTheirCategory) {
     EXPECT_FALSE(zel::isLogged("LogTestQuiet", 2));
     zel::log("not shown", "Some", 3);
     zel::log("percent %s stays", "LogTestLoud", 5);
-    EXPECT_EQ(log.linesWith(""), 1);
+    zel::log("\x1B[2J\x7F \xC2\x9B \xC3\x9B \x9B\t\n", "LogTestLoud", 5);
     EXPECT_TRUE(log.holds(" [LogTestLoud] percent %s stays\n"));
+    EXPECT_TRUE(log.holds(" [LogTestLoud] ?[2J? ? \xC3\x9B \x9B\t\n\n")) << log.text();
+    EXPECT_FALSE(log.holds("not shown"));
 }
 
 TEST(Log, IsSwitchedOffForGood) {

@@ -69,11 +69,12 @@ TEST_F(CareerProgram, ReportsByItsStatusHowItWent) {
 
     EXPECT_EQ(call("status fight"), 2) << "nothing runs before all of it is read";
     EXPECT_EQ(out, "");
-    for (const char* vain :
-         {"report", "save", "load report", "--data nowhere status", "load mission report save"}) {
+    for (const char* vain : {"report", "save", "load report", "--data \x1B]nowhere status",
+                             "load mission report save"}) {
         EXPECT_EQ(call(folders() + vain), 1) << vain;
         EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
         EXPECT_EQ(errors.rfind("wingtally-career: ", 0), 0u) << errors;
+        EXPECT_EQ(errors.find('\x1B'), std::string::npos) << "it could do anything to a terminal";
     }
 }
 
