@@ -1,5 +1,7 @@
 #include "app/career/Bases.h"
 
+#include <iterator>
+
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "engine/core/Random.h"
@@ -52,6 +54,14 @@ const Airfield& drawBase(bool allied, bool onChannelMap) {
     return allied ? drawAirfield(AlliedWestern) : drawAirfield(GermanWestern);
 }
 
+void putOn(Squadron& squadron, const Airfield& airfield, bool onChannelMap) {
+    squadron.onChannelMap = onChannelMap ? 1 : 0;
+    zel::copyText(squadron.baseName, airfield.name);
+    squadron.baseX = airfield.x;
+    squadron.baseY = airfield.y;
+    squadron.baseZ = airfield.z;
+}
+
 bool isPlayersSquadron(const Database& career, int32_t squadron) {
     return career.isPilot(career.playerPilot) && career.player().squadron == squadron;
 }
@@ -69,15 +79,37 @@ void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawCha
         if (!western || !channel)
             onChannelMap = channel;
     }
-    moved.onChannelMap = onChannelMap ? 1 : 0;
     const Airfield& airfield = drawBase(allied, onChannelMap);
     const bool isElsewhere = zel::arrayText(moved.baseName) != airfield.name;
-    zel::copyText(moved.baseName, airfield.name);
-    moved.baseX = airfield.x;
-    moved.baseY = airfield.y;
-    moved.baseZ = airfield.z;
+    putOn(moved, airfield, onChannelMap);
     if (isElsewhere && career.observer != nullptr && isPlayersSquadron(career, squadron))
         career.observer->onBaseChange(career);
+}
+
+void restoreBase(Squadron& squadron) {
+    struct Airfields {
+        const Airfield *begin, *end;
+        bool onChannelMap;
+        bool allied;
+    };
+    const Airfields all[] = {
+        {std::begin(AlliedChannel), std::end(AlliedChannel), true, true},
+        {std::begin(GermanChannel), std::end(GermanChannel), true, false},
+        {std::begin(AlliedWestern), std::end(AlliedWestern), false, true},
+        {std::begin(GermanWestern), std::end(GermanWestern), false, false},
+    };
+    const std::string_view name = zel::arrayText(squadron.baseName);
+    const Airfields* likely = &all[0]; // of its side and map
+    for (const Airfields& some : all) {
+        if (some.onChannelMap == (squadron.onChannelMap != 0) &&
+            some.allied == isAllied(squadron.nation))
+            likely = &some;
+        for (const Airfield* airfield = some.begin; airfield != some.end; ++airfield)
+            if (name == airfield->name ||
+                (squadron.baseX == airfield->x && squadron.baseZ == airfield->z))
+                return putOn(squadron, *airfield, some.onChannelMap);
+    }
+    putOn(squadron, *likely->begin, likely->onChannelMap);
 }
 
 void keepPlayerOnAllowedMap(Database& career) {

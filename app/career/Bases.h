@@ -3,11 +3,16 @@
 #include <cstdint>
 
 class Database;
+struct Squadron;
 
 /// Gives a squadron one of its side's airfields. If the Channel map may be drawn, one squadron in
 /// five goes there. The player's squadron stays on a map that his preferences allow. Draws from
 /// the engine's shared generator. An index out of range changes and draws nothing.
 void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawChannel);
+
+/// Puts a squadron whose base is damaged back on the airfield of that name or that place, otherwise
+/// on the first one of its side and map. Draws nothing.
+void restoreBase(Squadron& squadron);
 
 /// Moves the player's squadron if its base is on a map that his preferences have switched off.
 /// REQUIRES: a career.

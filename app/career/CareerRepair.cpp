@@ -1,17 +1,18 @@
 #include "app/career/CareerRepair.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "app/career/Database.h"
+#include "app/career/SlotRepair.h"
+#include "app/career/ValueRepair.h"
 #include "engine/core/Log.h"
 
 namespace {
 
 void logRepair(const zel::String& what) { zel::log(what, "Database", zel::LogWarning); }
 
-/// Sets an index that names nothing to `none` and counts it.
-template <typename Index> void checkIndex(Index& index, size_t count, Index none, int32_t& faults) {
+/// Sets an index that names nothing to -1 and counts it.
+void checkIndex(int32_t& index, size_t count, int32_t& faults, int32_t none = -1) {
     if (index != none && (index < 0 || static_cast<size_t>(index) >= count)) {
         index = none;
         ++faults;
@@ -27,10 +28,13 @@ public:
     bool run() {
         if (career.squadrons.empty() || career.pilots.empty())
             return false;
-        repairFiles();
         if (!soundness.pilots)
             repairPilots();
-        repairSlots();
+        repairFiles();
+        report(repairs.places, repairSlots(career), " places in squadrons were wrong");
+        for (Pilot& pilot : career.pilots)
+            pilot.squadron = std::max(pilot.squadron, 0); // in no slot, and counted above
+        report(repairs.values, repairValues(career), " names, nations and figures were impossible");
         if (!repairPlayer())
             return false;
         repairInvitation();
@@ -38,6 +42,15 @@ public:
     }
 
 private:
+    void repairPilots() {
+        int32_t faults = 0;
+        for (Pilot& pilot : career.pilots) {
+            checkIndex(pilot.pilotFile, career.pilotFiles.size(), faults);
+            checkIndex(pilot.squadron, career.squadrons.size(), faults); // his slot knows it
+        }
+        report(repairs.pilots, faults, " pilots had no such file or squadron");
+    }
+
     void repairFiles() {
         int32_t faults = 0;
         if (!soundness.lines) {
@@ -46,55 +59,55 @@ private:
             for (PilotFile& file : career.pilotFiles)
                 repairLines(file.lines, faults);
         }
-        for (PilotFile& file : career.pilotFiles) {
-            checkIndex(file.pilotIndex, career.pilots.size(), -1, faults);
-            const uint8_t joined = file.pilotIndex >= 0 ? 1 : 0;
-            faults += file.joined != joined;
-            file.joined = joined;
+        for (int32_t i = 0; i < career.squadronCount(); ++i) {
+            const auto own = static_cast<int16_t>(career.isSquadronFile(i) ? i : -1);
+            faults += career.squadrons[i].squadronFile != own;
+            career.squadrons[i].squadronFile = own;
         }
+        repairPilotFiles(faults);
         report(repairs.references, faults, " references of the data files led nowhere");
     }
 
     void repairLines(int32_t (&lines)[LineReferenceCount], int32_t& faults) const {
         for (int32_t& line : lines)
-            checkIndex(line, career.dataLines.size(), -1, faults);
+            checkIndex(line, career.dataLines.size(), faults);
     }
 
-    void repairPilots() {
-        int32_t faults = 0;
-        for (Pilot& pilot : career.pilots) {
-            checkIndex(pilot.pilotFile, career.pilotFiles.size(), -1, faults);
-            if (!career.isSquadron(pilot.squadron)) {
-                pilot.squadron = 0; // repairSlots gives him the squadron that lists him
-                ++faults;
-            }
+    /// A file and its pilot name each other. Where only one does, the pilot's mark as one of the
+    /// history decides.
+    void repairPilotFiles(int32_t& faults) {
+        for (PilotFile& file : career.pilotFiles)
+            checkIndex(file.pilotIndex, career.pilots.size(), faults);
+        const auto agrees = [&](int32_t pilot) {
+            const int32_t file = career.pilots[pilot].pilotFile;
+            return file >= 0 && career.pilotFiles[file].pilotIndex == pilot;
+        };
+        for (int32_t i = 0; i < career.pilotFileCount(); ++i) {
+            int32_t& index = career.pilotFiles[i].pilotIndex;
+            if (index < 0 || career.pilots[index].pilotFile == i)
+                continue;
+            ++faults;
+            if (career.pilots[index].historic != 0 && !agrees(index))
+                career.pilots[index].pilotFile = i;
+            else
+                index = -1;
         }
-        report(repairs.pilots, faults, " pilots had no such file or squadron");
-    }
-
-    void repairSlots() {
-        int32_t faults = 0;
-        std::vector<bool> placed(career.pilots.size());
-        for (int32_t i = 0; i < career.squadronCount(); ++i) {
-            Squadron& squadron = career.squadron(i);
-            checkIndex(squadron.squadronFile, career.squadronFiles.size(), int16_t(-1), faults);
-            const int32_t listed = std::min<int32_t>(squadron.pilotCount, SlotCount);
-            int32_t kept = 0;
-            for (int32_t slot = 0; slot < listed; ++slot) {
-                const int32_t pilot = squadron.slots[slot];
-                if (!career.isPilot(pilot) || placed[pilot])
-                    continue;
-                placed[pilot] = true;
-                Pilot& holder = career.pilot(pilot);
-                faults += holder.squadron != i;
-                holder.squadron = i;
-                squadron.slots[kept++] = pilot;
-            }
-            faults += kept != squadron.pilotCount;
-            squadron.pilotCount = static_cast<uint8_t>(kept);
-            std::fill(squadron.slots + kept, squadron.slots + SlotCount, -1);
+        for (int32_t i = 0; i < career.pilotCount(); ++i) {
+            Pilot& pilot = career.pilots[i];
+            if (pilot.pilotFile < 0 || agrees(i))
+                continue;
+            ++faults;
+            int32_t& index = career.pilotFiles[pilot.pilotFile].pilotIndex;
+            if (pilot.historic != 0 && index < 0)
+                index = i;
+            else
+                pilot.pilotFile = -1;
         }
-        report(repairs.places, faults, " places in squadrons were wrong");
+        for (PilotFile& file : career.pilotFiles) {
+            const uint8_t joined = file.pilotIndex >= 0 ? 1 : 0;
+            faults += file.joined != joined;
+            file.joined = joined;
+        }
     }
 
     /// REQUIRES: a player. Only a squadron of his nation other than his own can invite him.
@@ -102,14 +115,14 @@ private:
         int32_t faults = 0;
         int32_t& pending = career.invitationSquadron;
         if (pending != NoSearch)
-            checkIndex(pending, career.squadrons.size(), NoInvitation, faults);
+            checkIndex(pending, career.squadrons.size(), faults, NoInvitation);
         if (pending >= 0 && (pending == career.player().squadron ||
                              career.squadron(pending).nation != career.player().nation)) {
             pending = NoInvitation;
             ++faults;
         }
         if (career.previousInvitation != NoSearch)
-            checkIndex(career.previousInvitation, career.squadrons.size(), NoInvitation, faults);
+            checkIndex(career.previousInvitation, career.squadrons.size(), faults, NoInvitation);
         if (career.invitationMonth < 1 || career.invitationMonth > 12 ||
             career.invitationYear < FirstSaveYear || career.invitationYear > LastSaveYear + 1) {
             career.invitationYear = career.year;

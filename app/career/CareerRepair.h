@@ -17,15 +17,17 @@ struct Soundness {
 /// What was fixed in a career when it was loaded, as counts of faults.
 struct CareerRepairs {
     bool endedEarly = false;  // the file was cut off
-    int32_t references = 0;   // of data files, to nothing
+    int32_t references = 0;   // of data files, to nothing or to one another's pilots
     int32_t pilots = 0;       // without a squadron, or of a file that isn't there
     int32_t places = 0;       // in squadrons
     int32_t invitation = 0;   // values out of range
+    int32_t values = 0;       // names, nations and figures that can't be
     bool playerMoved = false; // the player was in no squadron, and is another pilot now
+    int32_t surplus = 0;      // bytes after the end
 
-    bool any() const {
-        return endedEarly || playerMoved || references + pilots + places + invitation > 0;
-    }
+    /// How many of the career's values were wrong.
+    int32_t faults() const { return references + pilots + places + invitation + values; }
+    bool any() const { return endedEarly || playerMoved || surplus > 0 || faults() > 0; }
 };
 
 /// Fixes what breaks the invariants of a career that came from a file, with a line in the log for

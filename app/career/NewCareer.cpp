@@ -19,7 +19,6 @@ constexpr int32_t StartYear = 1915;
 constexpr int32_t StartMonth = 12;
 constexpr int32_t StartDay = 1;
 constexpr size_t SquadronsOfWar = 400; // generated ones fill up to this
-constexpr int32_t PilotsOfNewSquadron = 12;
 // A new pilot's skill goes up to a draw in this range; his missions to a draw, of a draw, of one in
 // this range.
 constexpr int32_t LeastHighestSkill = 2;
@@ -40,15 +39,6 @@ int32_t nationOfService(int32_t service) {
     default:
         return France;
     }
-}
-
-/// The nation at the start of a squadron file's key; 0 if it does not start with three digits.
-int32_t nationOfKey(std::string_view key) {
-    const std::string_view digits = key.substr(0, 3);
-    const bool isNumber =
-        digits.size() == 3 &&
-        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
-    return isNumber ? zel::toInt(digits) : 0;
 }
 
 void makeHistoricalSquadron(Database& career, int32_t fileIndex) {
@@ -115,6 +105,16 @@ void choosePlayer(Database& career, int32_t service) {
 
 } // namespace
 
+int32_t nationOfKey(std::string_view key) {
+    const std::string_view digits = key.substr(0, 3);
+    const bool isNumber =
+        digits.size() == 3 &&
+        std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return isNumber ? zel::toInt(digits) : 0;
+}
+
+int32_t nationOfGenerated(int32_t squadron) { return NationsInTurn[squadron % 3]; }
+
 int32_t addSquadron(Database& career, int32_t nation) {
     const int32_t index = career.squadronCount();
     career.squadrons.push_back(blank<Squadron>());
@@ -166,7 +166,7 @@ void createCareer(Database& career, int32_t service) {
     for (int32_t i = 0; i < career.squadronFileCount(); ++i)
         makeHistoricalSquadron(career, i);
     while (career.squadrons.size() < SquadronsOfWar)
-        addSquadron(career, NationsInTurn[career.squadrons.size() % 3]);
+        addSquadron(career, nationOfGenerated(career.squadronCount()));
 
     choosePlayer(career, service);
     activateSquadrons(career, career.calendar());

@@ -1,13 +1,20 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 class Database;
+
+constexpr int32_t PilotsOfNewSquadron = 12; // and ever after: the dead are replaced
 
 /// Makes a new career on 1 December 1915 and gives the player the first slot of a squadron of his
 /// service, a named one that flies the type of the day if luck allows. On error: an unknown service
 /// is logged and taken for the French; a nation without any squadron is logged, and the player gets
 /// one of its side.
 void createCareer(Database& career, int32_t service);
+/// The nation at the start of a squadron file's key; 0 if it does not start with three digits.
+int32_t nationOfKey(std::string_view key);
+/// The nation of a generated squadron of that index.
+int32_t nationOfGenerated(int32_t squadron);
 /// Adds a squadron of twelve new pilots with a base. Returns its index.
 int32_t addSquadron(Database& career, int32_t nation);

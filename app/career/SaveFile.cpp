@@ -89,6 +89,7 @@ public:
     }
 
     bool hasEndedEarly() const { return endedEarly; }
+    int32_t bytesLeft() const { return left; }
 
 private:
     void take(void* place, int32_t size) {
@@ -214,6 +215,11 @@ bool readFile(Database& career, const zel::String& name) {
     }
     if (fault == nullptr && !repairCareer(career, soundness, career.repairs))
         fault = NoSaveGame;
+    if (fault == nullptr && reader.bytesLeft() > 0) {
+        career.repairs.surplus = reader.bytesLeft();
+        zel::log("File " + name + " has " + reader.bytesLeft() + " bytes after its end; left out",
+                 "Database", zel::LogWarning);
+    }
     if (fault == nullptr)
         return true;
     clearRecords(career);

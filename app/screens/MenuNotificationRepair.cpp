@@ -16,9 +16,11 @@ zel::String repairLines(const Database& career) {
     const auto add = [&](const zel::String& line) { lines += (lines.empty() ? "" : "\n") + line; };
     if (repairs.endedEarly)
         add(textOf(wording::EndMissing));
+    if (repairs.surplus > 0)
+        add(textOf(wording::EndExceeded, {repairs.surplus}));
     const Wording* text = wording::RepairCounts;
     for (const int32_t count :
-         {repairs.references, repairs.pilots, repairs.places, repairs.invitation}) {
+         {repairs.references, repairs.pilots, repairs.places, repairs.invitation, repairs.values}) {
         if (count > 0)
             add(textOf(*text, {count}));
         ++text;

@@ -48,8 +48,10 @@ inline constexpr Wording RepairCounts[] = { // in the order of CareerRepairs
     {2513, "Pilots without a squadron: $1"},
     {2514, "Wrong places in squadrons: $1"},
     {2515, "Impossible entries of an invitation: $1"},
+    {2517, "Impossible names, nations and figures: $1"},
 };
 inline constexpr Wording PlayerMoved     {2516, "Your pilot was in no squadron. You are now $1."}; // his name
+inline constexpr Wording EndExceeded     {2518, "Bytes after the end of the file: $1"}; // their number
 inline constexpr Wording UnreportedFlight{2604, "Your flight has not been reported"};
 
 } // namespace wording

@@ -1,8 +1,11 @@
 #include "tests/support/CareerInvariants.h"
 
+#include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "app/career/Database.h"
+#include "app/career/NewCareer.h"
 
 namespace {
 
@@ -98,7 +101,6 @@ void checkDates(const Database& career, Faults& faults) {
                      "an invitation's squadron", size_t(squadron));
 }
 
-/// What a damaged file may have lost.
 void checkCompleteness(const Database& career, const std::vector<int32_t>& places, Faults& faults) {
     for (size_t i = 0; i < career.pilots.size(); ++i)
         faults.check(career.pilots[i].alive == 0 || places[i] == 1,
@@ -122,7 +124,41 @@ void checkCompleteness(const Database& career, const std::vector<int32_t>& place
     faults.check(date >= 19151201, "the date lies behind the first of the war", size_t(date));
 }
 
-std::string faultsOf(const Database& career, bool whole) {
+template <size_t Size> bool isPlain(const char (&text)[Size]) {
+    const std::string_view plain = zel::arrayText(text);
+    return std::none_of(plain.begin(), plain.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; });
+}
+
+bool isNation(const Database& career, int32_t nation) {
+    return nation == France || nation == England || nation == Usa || nation == Germany ||
+           std::any_of(career.squadronFiles.begin(), career.squadronFiles.end(),
+                       [&](const auto& f) { return nationOfKey(zel::arrayText(f.key)) == nation; });
+}
+
+void checkValues(const Database& career, Faults& faults) {
+    for (size_t i = 0; i < career.squadrons.size(); ++i) {
+        const Squadron& squadron = career.squadrons[i];
+        faults.check(isNation(career, squadron.nation), "a squadron's nation", i);
+        faults.check(squadron.onChannelMap <= 1 && squadron.active <= 1, "a squadron's flags", i);
+        for (const float place : {squadron.baseX, squadron.baseY, squadron.baseZ})
+            faults.check(place > -1e6F && place < 1e6F, "a squadron's base", i);
+        faults.check(isPlain(squadron.key) && isPlain(squadron.baseName), "control characters", i);
+    }
+    for (size_t i = 0; i < career.pilots.size(); ++i) {
+        const Pilot& pilot = career.pilots[i];
+        faults.check(isNation(career, pilot.nation), "a pilot's nation", i);
+        faults.check(pilot.alive <= 1, "a pilot lives or doesn't", i);
+        faults.check(pilot.historic == (pilot.pilotFile >= 0 ? 1 : 0), "a pilot of the history", i);
+        faults.check(pilot.shotdowns < 1000 && pilot.missions < 4000, "a pilot's figures", i);
+        faults.check(pilot.skill < 32 || pilot.historic == 1, "a pilot's skill", i);
+        faults.check(isPlain(pilot.name), "control characters in a name", i);
+    }
+}
+
+} // namespace
+
+std::string careerFaults(const Database& career) {
     if (!career.hasCareer())
         return "no career\n";
     Faults faults;
@@ -130,12 +166,14 @@ std::string faultsOf(const Database& career, bool whole) {
     checkPilots(career, places, faults);
     checkFiles(career, faults);
     checkDates(career, faults);
-    if (whole && faults.text.empty()) // it goes by the indices
+    if (faults.text.empty()) // it goes by the indices
         checkCompleteness(career, places, faults);
     return faults.text;
 }
 
-} // namespace
-
-std::string careerFaults(const Database& career) { return faultsOf(career, true); }
-std::string repairedCareerFaults(const Database& career) { return faultsOf(career, false); }
+std::string loadedCareerFaults(const Database& career) {
+    Faults faults;
+    if (career.hasCareer())
+        checkValues(career, faults);
+    return careerFaults(career) + faults.text;
+}

@@ -14,6 +14,7 @@ class Database;
 /// Returns at most the first ten faults, one per line; empty if there are none.
 std::string careerFaults(const Database& career);
 
-/// The same for a career that was repaired after its file was damaged: what led nowhere may be lost
-/// (a living pilot out of all slots, a squadron's file), but nothing may lead astray.
-std::string repairedCareerFaults(const Database& career);
+/// The same for a career as the program itself makes it, or as it was loaded, whatever the file
+/// held: texts have no control characters either, nations are of the war or of a squadron file, and
+/// flags and figures are within what a war brings.
+std::string loadedCareerFaults(const Database& career);

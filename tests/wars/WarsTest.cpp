@@ -53,7 +53,7 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
                  std::string* result = nullptr) {
     War war(seed);
     ASSERT_TRUE(war.session.newCareer(service, year, month)) << war.session.problem().c_str();
-    ASSERT_EQ(careerFaults(war.career), "");
+    ASSERT_EQ(loadedCareerFaults(war.career), "");
     EXPECT_EQ(war.run.lines.linesWith(" w ") + war.run.lines.linesWith("!! "), 0)
         << "the delivered data leave nothing to warn of";
     const int32_t nation = war.career.playerSquadron().nation;
@@ -69,7 +69,7 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
         ASSERT_TRUE(war.goOn(periods)) << war.session.problem().c_str();
         ++periods;
         const Mark after(war.career);
-        ASSERT_EQ(careerFaults(war.career), "") << "on " << after.date;
+        ASSERT_EQ(loadedCareerFaults(war.career), "") << "on " << after.date;
         ASSERT_GT(after.date, before.date);
         ASSERT_GE(after.pilots, before.pilots);
         ASSERT_GE(after.applied, before.applied);
@@ -91,7 +91,7 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
     ASSERT_TRUE(war.session.save());
     const std::string saved = war.run.save();
     ASSERT_TRUE(war.session.load()) << war.session.problem().c_str();
-    EXPECT_EQ(careerFaults(war.career), "");
+    EXPECT_EQ(loadedCareerFaults(war.career), "");
     ASSERT_TRUE(war.session.save());
     EXPECT_TRUE(war.run.save() == saved) << "a saved career comes back whole";
     if (result != nullptr)

@@ -124,7 +124,7 @@ TEST_F(SaveFile, RestoresEverythingBitForBit) {
     const LogCapture log;
     ASSERT_TRUE(loads(bytes));
     EXPECT_EQ(log.text(), "");
-    EXPECT_EQ(careerFaults(other), "");
+    EXPECT_EQ(loadedCareerFaults(other), "");
     EXPECT_TRUE(other.storeFile("Saves/other"));
     EXPECT_TRUE(world.folder.read("user/Saves/other") == bytes);
 }
@@ -158,7 +158,7 @@ TEST_F(SaveFile, ReadsAFileCutAtAnyLength) {
         fs::resize_file(savePath(), length);
         const bool loaded = other.loadFile(SaveFileName);
         EXPECT_EQ(loaded, length >= Pilots + 24 * 88) << length;
-        EXPECT_EQ(loaded ? repairedCareerFaults(other) : "", "") << length;
+        EXPECT_EQ(loaded ? loadedCareerFaults(other) : "", "") << length;
         EXPECT_EQ(other.hasCareer(), loaded) << length;
         EXPECT_NE(other.careerNumber, 0) << length;
         if (loaded && length >= Lines) {
@@ -167,7 +167,8 @@ TEST_F(SaveFile, ReadsAFileCutAtAnyLength) {
         }
     }
     const LogCapture warnings;
-    EXPECT_TRUE(loads(bytes + "more")) << "what follows is left alone";
+    EXPECT_TRUE(loads(bytes + "more"));
+    EXPECT_EQ(other.repairs.surplus, 4);
     EXPECT_TRUE(loads(with(bytes, Lines - 4, -1))) << "no such count can be";
     EXPECT_EQ(other.dataLines.size(), (bytes.size() - Lines) / 269);
     EXPECT_TRUE(loads(bytes.substr(0, Invitation)));
@@ -186,7 +187,7 @@ TEST_F(SaveFile, RepairsWhateverAByteMayDo) {
         if (!loads(damaged))
             continue;
         ++loaded;
-        ASSERT_EQ(repairedCareerFaults(other), "") << place;
+        ASSERT_EQ(loadedCareerFaults(other), "") << place;
         if (place % 64 != 0)
             continue;
         // And the career goes on.
@@ -197,50 +198,113 @@ TEST_F(SaveFile, RepairsWhateverAByteMayDo) {
         career.applyHistory();
         aceLines(career);
         squadronLines(career);
-        ASSERT_EQ(repairedCareerFaults(career), "") << place;
+        ASSERT_EQ(loadedCareerFaults(career), "") << place;
     }
     EXPECT_GT(loaded, bytes.size() - 40) << "nearly always there is a career to go on with";
 }
 
-TEST_F(SaveFile, RepairsWhatLeadsNowhere) {
+/// A change of a file, and what repairs it.
+struct Damage {
+    size_t offset;
+    int32_t value;
+    const char* line;        // of the log; empty for none
+    bool isRestored = false; // bit for bit, since another record knows what was there
+};
+
+/// The career with a pilot of the history, in the first squadron, whose record is the last.
+class DamagedSaveFile : public SaveFile {
+protected:
+    DamagedSaveFile() {
+        career.pilots[3].alive = 0;
+        career.applyHistory();
+        bytes = stored();
+    }
+    int32_t flipped(size_t offset, int32_t bits) const { return numberAt(bytes, offset) ^ bits; }
+    void expectRepairs(const std::vector<Damage>& damages) {
+        for (const Damage& damage : damages) {
+            const LogCapture log;
+            ASSERT_TRUE(loads(with(bytes, damage.offset, damage.value)));
+            EXPECT_TRUE(*damage.line == 0 ? log.text().empty() : log.linesWith(damage.line) == 1)
+                << damage.offset << ": " << log.text();
+            EXPECT_EQ(loadedCareerFaults(other), "") << damage.offset;
+            EXPECT_TRUE(other.storeFile("Saves/other"));
+            EXPECT_TRUE(!damage.isRestored || world.folder.read("user/Saves/other") == bytes)
+                << damage.offset;
+        }
+    }
+
+    static constexpr size_t First = Squadrons;
+    static constexpr size_t Second = Squadrons + 360;
+    static constexpr size_t Falke = Pilots + 24 * 88;
+    static constexpr size_t DataLines = Falke + 88 + 4;
+    static constexpr size_t Files = DataLines + 3 * 269 + 4;
+    static constexpr size_t FalkesFile = Files + 1168 + 4;
+    static constexpr size_t Inviting = FalkesFile + 1120;
+    std::string bytes;
+};
+
+TEST_F(DamagedSaveFile, RepairsWhatLeadsNowhere) {
     constexpr const char* Player = "the player was in no squadron";
     constexpr const char* Places = "places in squadrons were wrong";
     constexpr const char* PilotIndices = "pilots had no such file or squadron";
     constexpr const char* References = "references of the data files";
     constexpr const char* Invitations = "values of the invitation";
-    struct Case {
-        size_t offset;
-        int32_t value;
-        const char* line;
-        int32_t player = 13; // after it
-        int32_t inviting = -2;
-    };
-    const std::string bytes = stored();
-    for (const Case& c : {
-             Case{8, 24, Player, 0}, // whose nation nobody knows
-             Case{8, -1, Player, 0},
-             Case{Squadrons + 360 + 232 + 4, -1, Player, 12}, // the first of his own squadron
-             Case{Squadrons + 227, -1, Places},               // 255 were said, twelve are there
-             Case{Squadrons + 232, 24, Places}, Case{Squadrons + 232, 1, Places},
-             Case{Pilots + 64, 2, PilotIndices}, Case{Pilots + 80, 1, PilotIndices},
-             Case{SquadronFiles + 144, 3, References}, Case{PilotFiles + 64, 24, References},
-             Case{Invitation + 4, 13, Invitations}, Case{Invitation + 8, 2, Invitations},
-             Case{Invitation + 8, 0, Invitations}, // an enemy squadron
-             Case{Invitation + 8, 1, Invitations}, // his own
-             Case{Invitation + 12, -3, Invitations}, Case{Invitation + 8, -1, "", 13, -1},
-             Case{32, 0, ""}, // no number: the next new career draws one
-         }) {
-        const LogCapture log;
-        ASSERT_TRUE(loads(with(bytes, c.offset, c.value)));
-        EXPECT_TRUE(*c.line == 0 ? log.text().empty() : log.linesWith(c.line) == 1)
-            << c.offset << ": " << log.text();
-        EXPECT_EQ(repairedCareerFaults(other), "") << c.offset;
-        EXPECT_EQ(other.playerPilot, c.player) << c.offset;
-        EXPECT_EQ(other.invitationSquadron, c.inviting) << c.offset;
-    }
+    expectRepairs({
+        {8, 25, Player},
+        {8, -1, Player}, // nobody knows his nation
+        // Slots and counts.
+        {Second + 232 + 4, -1, Places, true}, // the player's own
+        {First + 232, 25, Places, true},
+        {First + 232, 1, Places},
+        {First + 232, 14, Places, true},
+        {First + 232 + 12 * 4, 14, Places, true}, // a thirteenth
+        {First + 227, flipped(First + 227, 0xF3), Places, true},
+        {First + 227, flipped(First + 227, 0x08), Places, true},
+        {Pilots + 64, 1, Places, true},
+        {Pilots + 64, 2, PilotIndices, true},
+        {Pilots + 3 * 88 + 68, flipped(Pilots + 3 * 88 + 68, 1), Places, true}, // is dead
+        // Files and their pilots.
+        {Pilots + 80, 1, PilotIndices, true},
+        {Pilots + 80, 0, References, true},
+        {Falke + 80, -1, References, true},
+        {First + 228, flipped(First + 228, 0x7F), References, true},
+        {Files + 144, 3, References},
+        {FalkesFile + 64, 25, References, true},
+        {FalkesFile + 64, 2, References, true},
+        {FalkesFile + 68, 0, References, true}, // not joined
+        // The invitation.
+        {Inviting + 4, 13, Invitations},
+        {Inviting + 8, 2, Invitations},
+        {Inviting + 8, 0, Invitations}, // an enemy squadron
+        {Inviting + 8, 1, Invitations}, // his own
+        {Inviting + 12, -3, Invitations},
+        {Inviting + 8, -1, ""},
+        {32, 0, ""}, // no number: the next new career draws one
+    });
     EXPECT_EQ(other.careerNumber, 0) << "as saved: the last case";
-    ASSERT_TRUE(loads(with(bytes, Squadrons + 227, -1)));
-    EXPECT_EQ(other.squadrons[0].pilotCount, 12);
+}
+
+TEST_F(DamagedSaveFile, RepairsWhatNoCareerHolds) {
+    constexpr const char* Values = "names, nations and figures";
+    expectRepairs({
+        {First + 208, flipped(First + 208, 2), Values, true}, // an American squadron
+        {Second + 208, flipped(Second + 208, 8), Values},
+        {First + 64, flipped(First + 64, 1), Values, true}, // its key
+        {Files, flipped(Files, 1), Values, true},
+        {Files + 64, flipped(Files + 64, 1), Values, true},
+        {First + 128, flipped(First + 128, 0x40), Values, true}, // its base
+        {First + 192, flipped(First + 192, 4), Values, true},
+        {First + 196, -1, Values, true}, // no number
+        {First + 204, flipped(First + 204, 0x40000000), Values, true},
+        {Pilots + 70, flipped(Pilots + 70, 0x800), Values, true}, // nation
+        {Pilots + 72, flipped(Pilots + 72, 0x40), Values, true},  // skill
+        {Pilots + 74, flipped(Pilots + 74, 0x400), Values, true}, // victories
+        {Pilots + 76, flipped(Pilots + 76, 0x8000), Values, true},
+        {Pilots + 78, flipped(Pilots + 78, 1), Values, true}, // of the history
+        {Falke, 0x0A6C6C61, Values, true},                    // a line end in his name
+        {Pilots, 0x1B6C6C61, Values},
+        {DataLines, flipped(DataLines, 2), Values, true}, // applied
+    });
 }
 
 TEST_F(SaveFile, KeepsTheFileBeforeAndADamagedOneAside) {

@@ -1,0 +1,170 @@
+#include "app/career/ValueRepair.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <string>
+
+#include "app/career/Bases.h"
+#include "app/career/DataFolders.h"
+#include "app/career/Database.h"
+#include "app/career/NewCareer.h"
+
+namespace {
+
+// What no pilot reaches, in the form of the bits that remain of a higher figure: damage most often
+// flips a single bit, and so the true figure comes back.
+constexpr uint16_t VictoryBits = 0x03FF; // up to 1,023
+constexpr uint16_t MissionBits = 0x0FFF; // up to 4,095
+constexpr uint8_t SkillBits = 0x1F;      // up to 31, unless a data file says otherwise
+
+// The simulator's maps with a wide margin, in metres. No airfield is in their south-west corner.
+constexpr float LeastWay = 1000.0F;
+constexpr float LongestWay = 1000000.0F;
+constexpr float HighestBase = 10000.0F;
+
+/// Asked without a branch, since there are thousands of texts.
+template <size_t Size> bool isClean(const char (&text)[Size]) {
+    uint32_t wrong = 0;
+    for (const char character : text) {
+        const auto byte = static_cast<uint8_t>(character);
+        wrong |= uint32_t(byte != 0 && byte < 0x20) | uint32_t(byte == 0x7F);
+    }
+    for (size_t i = 1; i < Size; ++i)
+        wrong |= uint32_t(text[i - 1] == 0 && text[i] != 0);
+    return wrong == 0;
+}
+
+bool isOnMap(const Squadron& squadron) {
+    const auto isWay = [](float way) { return way >= LeastWay && way <= LongestWay; };
+    return isWay(squadron.baseX) && isWay(squadron.baseZ) &&
+           std::abs(squadron.baseY) <= HighestBase; // false for what is no number
+}
+
+bool isOfTheWar(int32_t nation) {
+    return nation == France || nation == England || nation == Usa || nation == Germany;
+}
+
+class ValueRepair {
+public:
+    explicit ValueRepair(Database& career) : career(career) {}
+
+    int32_t run() {
+        for (int32_t i = 0; i < career.squadronFileCount(); ++i)
+            repairSquadronFile(i);
+        for (int32_t i = 0; i < career.squadronCount(); ++i)
+            repairSquadron(i);
+        for (const Squadron& squadron : career.squadrons)
+            nations.insert(squadron.nation);
+        for (Pilot& pilot : career.pilots)
+            repairPilot(pilot);
+        for (PilotFile& file : career.pilotFiles)
+            cleanText(file.name);
+        for (DataLine& line : career.dataLines)
+            keepBits(line.applied, uint8_t(1));
+        return faults;
+    }
+
+private:
+    template <typename Value> void set(Value& value, Value right) {
+        faults += value != right;
+        value = right;
+    }
+    template <typename Value> void keepBits(Value& value, Value bits) {
+        set(value, static_cast<Value>(value & bits));
+    }
+
+    template <size_t Size> void setText(char (&text)[Size], std::string_view right) {
+        if (zel::arrayText(text) == right && isClean(text))
+            return;
+        zel::copyText(text, std::string(right)); // it may be a part of the same text
+        ++faults;
+    }
+
+    template <size_t Size> void cleanText(char (&text)[Size]) {
+        if (isClean(text))
+            return;
+        std::string cleaned(zel::arrayText(text));
+        for (char& character : cleaned)
+            if (static_cast<uint8_t>(character) < 0x20 || character == 0x7F)
+                character = '?';
+        setText(text, cleaned);
+    }
+
+    /// Its name is there twice, and for the most part a third time in its squadron.
+    void repairSquadronFile(int32_t index) {
+        SquadronFile& file = career.squadronFiles[index];
+        if (zel::arrayText(file.key) != zel::arrayText(file.fileName)) {
+            const std::string_view third = career.isSquadron(index)
+                                               ? zel::arrayText(career.squadrons[index].key)
+                                               : std::string_view();
+            const bool isKey = zel::arrayText(file.key).substr(0, LongestSquadronKey) == third;
+            isKey ? setText(file.fileName, zel::arrayText(file.key))
+                  : setText(file.key, zel::arrayText(file.fileName));
+        }
+        cleanText(file.fileName);
+        cleanText(file.key);
+        cleanText(file.lastDate);
+    }
+
+    void repairSquadron(int32_t index) {
+        Squadron& squadron = career.squadrons[index];
+        keepBits(squadron.onChannelMap, uint8_t(1));
+        keepBits(squadron.active, uint8_t(1));
+        cleanText(squadron.name);
+        cleanText(squadron.earliestDate);
+        int32_t nation = isOfTheWar(squadron.nation) ? squadron.nation : nationOfGenerated(index);
+        std::string_view key;
+        if (career.isSquadronFile(squadron.squadronFile)) {
+            key = zel::arrayText(career.squadronFile(squadron.squadronFile).key);
+            nation = nationOfKey(key);
+        }
+        setText(squadron.key, key.substr(0, LongestSquadronKey));
+        set(squadron.nation, static_cast<uint16_t>(nation));
+        if (!isOnMap(squadron) || !isClean(squadron.baseName)) {
+            restoreBase(squadron);
+            ++faults;
+        }
+    }
+
+    void repairPilot(Pilot& pilot) {
+        const bool hasFile = career.isPilotFile(pilot.pilotFile);
+        keepBits(pilot.alive, uint8_t(1));
+        set(pilot.historic, static_cast<uint8_t>(hasFile ? 1 : 0));
+        keepBits(pilot.shotdowns, VictoryBits);
+        keepBits(pilot.missions, MissionBits);
+        if (pilot.skill > SkillBits && !(hasFile && hasPotential(pilot)))
+            keepBits(pilot.skill, SkillBits);
+        if (!isOfTheWar(pilot.nation) && nations.count(pilot.nation) == 0)
+            set(pilot.nation, career.squadron(pilot.squadron).nation);
+        if (isClean(pilot.name))
+            return;
+        if (hasFile && isClean(career.pilotFile(pilot.pilotFile).name))
+            setText(pilot.name, zel::arrayText(career.pilotFile(pilot.pilotFile).name));
+        else
+            cleanText(pilot.name);
+    }
+
+    /// Whether a line of his file gives him that skill.
+    bool hasPotential(const Pilot& pilot) const {
+        std::vector<DataToken> tokens;
+        for (const int32_t line : career.pilotFile(pilot.pilotFile).lines) {
+            if (line < 0)
+                continue;
+            splitDataLine(zel::arrayText(career.dataLine(line).text), tokens);
+            for (const DataToken& token : tokens)
+                if (token.is("acepotential") &&
+                    std::min(zel::toInt(token.value), 255) == int32_t{pilot.skill})
+                    return true;
+        }
+        return false;
+    }
+
+    Database& career;
+    std::set<int32_t> nations; // of the squadrons
+    int32_t faults = 0;
+};
+
+} // namespace
+
+int32_t repairValues(Database& career) { return ValueRepair(career).run(); }
