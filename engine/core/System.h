@@ -32,6 +32,8 @@ struct FileStatus {
 
 uint32_t ticks(); // milliseconds since the program started
 WallTime wallTime();
+/// When a file was changed last, in the local time zone; zeroes for one that doesn't exist.
+WallTime wallTimeOf(const FileStatus& file);
 uint32_t entropy();                            // a number that differs at each start
 void sleepMilliseconds(uint32_t milliseconds); // a signal may end it early
 

@@ -15,6 +15,15 @@ namespace zel::system {
 
 namespace {
 
+constexpr int64_t Nanoseconds = 1000000000; // a second; FileStatus::changed counts in these
+
+WallTime localTime(time_t time) {
+    tm parts{};
+    localtime_r(&time, &parts);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
+            parts.tm_hour,        parts.tm_min,     parts.tm_sec};
+}
+
 const std::chrono::steady_clock::time_point& programStart() {
     static const auto start = std::chrono::steady_clock::now();
     return start;
@@ -29,12 +38,10 @@ uint32_t ticks() {
         std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
 }
 
-WallTime wallTime() {
-    const time_t now = time(nullptr);
-    tm parts{};
-    localtime_r(&now, &parts);
-    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
-            parts.tm_hour,        parts.tm_min,     parts.tm_sec};
+WallTime wallTime() { return localTime(time(nullptr)); }
+
+WallTime wallTimeOf(const FileStatus& file) {
+    return file.exists ? localTime(static_cast<time_t>(file.changed / Nanoseconds)) : WallTime{};
 }
 
 uint32_t entropy() { return std::random_device{}(); }

@@ -33,6 +33,10 @@ int64_t programStart() {
     return start;
 }
 
+WallTime partsOf(const SYSTEMTIME& time) {
+    return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
+}
+
 std::wstring widened(std::string_view text, UINT page, DWORD flags = 0) {
     const int length = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0'); // no character takes more units than bytes
@@ -98,7 +102,19 @@ uint32_t ticks() {
 WallTime wallTime() {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+    return partsOf(now);
+}
+
+WallTime wallTimeOf(const FileStatus& file) {
+    const auto changed = static_cast<uint64_t>(file.changed);
+    const FILETIME time{static_cast<DWORD>(changed & 0xFFFFFFFF),
+                        static_cast<DWORD>(changed >> 32)};
+    SYSTEMTIME universal;
+    SYSTEMTIME local;
+    if (!file.exists || FileTimeToSystemTime(&time, &universal) == 0 ||
+        SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local) == 0)
+        return {};
+    return partsOf(local);
 }
 
 uint32_t entropy() { return std::random_device{}(); }
