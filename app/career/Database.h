@@ -144,5 +144,6 @@ public:
     zel::Random random;
     CareerObserver* observer = nullptr; // of what happens; null for nobody, and not owned
     CareerRepairs repairs;              // of the file that was loaded last; none if it was whole
+    bool isUnsaved = false;             // begun in this run, and not saved yet
     zel::String damagedSave; // path of the save file that was read last, if it was not whole
 };

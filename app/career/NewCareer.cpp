@@ -147,6 +147,7 @@ void createCareer(Database& career, int32_t service) {
         zel::log(zel::String("Unknown service ") + service + ", taken for the French", "Database",
                  zel::LogWarning);
 
+    career.isUnsaved = true;
     readDataFiles(career);
     career.pilots.clear();
     career.squadrons.clear();

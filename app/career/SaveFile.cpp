@@ -6,6 +6,7 @@
 
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
+#include "app/career/SavePages.h"
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
@@ -220,6 +221,7 @@ bool readFile(Database& career, const zel::String& name) {
         zel::log("File " + name + " has " + reader.bytesLeft() + " bytes after its end; left out",
                  "Database", zel::LogWarning);
     }
+    career.isUnsaved = false;
     if (fault == nullptr)
         return true;
     clearRecords(career);
@@ -251,11 +253,15 @@ bool writeSave(Database& career, const zel::String& name) {
 
     // A damaged file must not replace the last whole one as ".bak".
     const bool replacesDamaged = !career.damagedSave.empty() && career.damagedSave == path;
+    if (!replacesDamaged && !keepBackupAsPage(path))
+        return false;
     const zel::FileFault fault =
         zel::writeFileWhole(path, content, path + (replacesDamaged ? DamagedEnding : BackupEnding));
     const bool isWritten = fault == zel::FileFault::None;
     if (isWritten && replacesDamaged)
         career.damagedSave = "";
+    if (isWritten)
+        career.isUnsaved = false;
     if (!isWritten)
         zel::log("The career can't be written to " + path + ": " + zel::faultText(fault) +
                      "; the file before it is kept",

@@ -11,13 +11,15 @@
 // any moment leaves each page whole and under one of its names. `save` is the path of a career's
 // save file, such as that of SaveFileName in the user's folder.
 
+constexpr const char* PagesFolder = "Pages";
+
 /// One save of a career.
 struct SavePage {
     enum Kind { Present, Backup, Earlier };
 
     Kind kind = Earlier;
     /// What the player calls it: its date as yyyymmdd; of several pages of one date the older ones
-    /// have "-2", "-3" and so on. "present" for the present save.
+    /// have "-2", "-3" and so on. "present" for the present save, "damaged" for one without a date.
     zel::String name;
     /// Whether the file is as it was when it became a page. Only a whole page may be offered to
     /// the player as a way back; one that is not is shown as damaged.

@@ -20,6 +20,12 @@ FileFault lastFault();
 /// be; the path itself for anything else. The file need not exist.
 String linkTarget(const String& path);
 
+/// Gives a file a second name in place of what has that name. A file system without second names
+/// gets a copy or, if that can't be made, the file is renamed.
+bool keepFileAs(const String& file, const String& name);
+/// Removes an empty folder. On error: false.
+bool removeFolder(const String& path);
+
 /// Waits until the folder's entries are on the disk: new names, renamed and removed ones. True
 /// where the system has no such operation. On error: false.
 bool syncFolder(const String& path);

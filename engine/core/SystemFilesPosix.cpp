@@ -224,6 +224,14 @@ bool replaceFileKeeping(const String& from, const String& to, const String& back
     return false;
 }
 
+bool keepFileAs(const String& file, const String& name) {
+    const std::string present = nativePath(file);
+    const std::string kept = nativePath(name);
+    return link(present.c_str(), kept.c_str()) == 0 || keepAs(present, kept);
+}
+
+bool removeFolder(const String& path) { return rmdir(nativePath(path).c_str()) == 0; }
+
 bool removeFile(const String& path) { return unlink(nativePath(path).c_str()) == 0; }
 
 } // namespace zel::system

@@ -232,6 +232,14 @@ bool replaceFileKeeping(const String& from, const String& to, const String& back
     return false;
 }
 
+bool keepFileAs(const String& file, const String& name) {
+    DeleteFileA(name.c_str());
+    return CreateHardLinkA(name.c_str(), file.c_str(), nullptr) != 0 ||
+           (copyFile(file, name) && flushFile(name)) || replaceFile(file, name);
+}
+
+bool removeFolder(const String& path) { return RemoveDirectoryA(path.c_str()) != 0; }
+
 bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
 
 String linkTarget(const String& path) {

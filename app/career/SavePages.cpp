@@ -1,0 +1,223 @@
+#include "app/career/SavePages.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <map>
+#include <string>
+
+#include "app/career/Checksum.h"
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+#include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
+
+namespace {
+
+constexpr const char* DamagedMark = "damaged"; // in place of the checksum
+constexpr size_t LastPages = 10;               // that are kept whatever their date
+
+/// A file of the folder Pages, by its name: "0012 19170610 0123456789abcdef.wty". The later page
+/// has the higher number.
+struct PageFile {
+    int32_t number = 0;
+    int32_t date = 0;     // yyyymmdd
+    std::string checksum; // or DamagedMark
+
+    bool wasWhole() const { return checksum != DamagedMark; }
+    int32_t month() const { return date / 100; }
+    zel::String name() const {
+        char text[64];
+        std::snprintf(text, sizeof text, "%04d %08d %.16s.wty", number, date, checksum.c_str());
+        return text;
+    }
+};
+
+zel::String folderOf(const zel::String& path) {
+    const std::string_view text = path;
+    return text.substr(0, text.find_last_of("\\/") + 1);
+}
+
+zel::String pagesFolder(const zel::String& save) { return folderOf(save) + PagesFolder + "/"; }
+
+bool readName(const std::string& name, PageFile& page) {
+    char checksum[17] = {};
+    if (std::sscanf(name.c_str(), "%d %8d %16[0-9a-z]", &page.number, &page.date, checksum) != 3)
+        return false;
+    page.checksum = checksum;
+    return page.name() == name;
+}
+
+/// The files of Pages, newest first; others in it are left alone.
+std::vector<PageFile> listPages(const zel::String& save) {
+    std::vector<zel::system::DirectoryEntry> entries;
+    zel::system::listDirectory(pagesFolder(save), entries);
+    std::vector<PageFile> pages;
+    for (const zel::system::DirectoryEntry& entry : entries)
+        if (PageFile page; !entry.isDirectory && readName(entry.name, page))
+            pages.push_back(page);
+    std::sort(pages.begin(), pages.end(),
+              [](const PageFile& a, const PageFile& b) { return a.number > b.number; });
+    return pages;
+}
+
+/// The content of a save; nothing if it can't be read, or is none.
+std::string contentOf(const zel::String& file) {
+    std::string content;
+    zel::File source(file, zel::FileRead);
+    return source.readWhole(content) && saveFault(content).empty() ? content : std::string();
+}
+
+bool isWholePage(const zel::String& file, const PageFile& page) {
+    const std::string content = page.wasWhole() ? contentOf(file) : std::string();
+    return !content.empty() && checksumOf(content) == page.checksum;
+}
+
+int32_t dateOf(std::string_view content) {
+    int32_t date[3] = {}; // year, month, day
+    if (content.size() >= 12 + sizeof date)
+        content.copy(reinterpret_cast<char*>(date), sizeof date, 12);
+    return Calendar(date[0], date[1], date[2]).dateNumber();
+}
+
+void logFault(const zel::String& what) {
+    zel::log(what + ": " + zel::faultText(zel::system::lastFault()), "Database", zel::LogError);
+}
+
+/// Gives an earlier save a name in Pages as well, or instead where the file system has no second
+/// names. A page of the same content is there already: then nothing is done. On error: false.
+bool keepAsPage(const zel::String& save, const zel::String& file, std::vector<PageFile>& pages) {
+    const std::string content = contentOf(file);
+    PageFile page;
+    page.date = content.empty() ? 0 : dateOf(content);
+    page.checksum = content.empty() ? DamagedMark : std::string(checksumOf(content).view());
+    if (!content.empty() && std::any_of(pages.begin(), pages.end(), [&](const PageFile& kept) {
+            return kept.checksum == page.checksum;
+        }))
+        return true;
+    page.number = pages.empty() ? 1 : pages.front().number + 1;
+    const zel::String folder = pagesFolder(save);
+    if (!zel::system::createDirectory(folder) ||
+        !zel::system::keepFileAs(file, folder + page.name())) {
+        logFault("The earlier save " + file + " can't be kept in " + folder);
+        return false;
+    }
+    pages.insert(pages.begin(), page);
+    return true;
+}
+
+/// Removes the pages that are neither among the last ones nor the last of their month. One that was
+/// damaged is never removed, and one is whole before it takes the place of another.
+void thinPages(const zel::String& save, const std::vector<PageFile>& pages) {
+    std::map<int32_t, const PageFile*> lastOfMonth;
+    size_t rank = 0;
+    for (const PageFile& page : pages) {
+        if (!page.wasWhole() || ++rank <= LastPages)
+            continue;
+        const auto [last, isNew] = lastOfMonth.try_emplace(page.month(), &page);
+        if (isNew)
+            continue;
+        if (isWholePage(pagesFolder(save) + last->second->name(), *last->second))
+            zel::system::removeFile(pagesFolder(save) + page.name());
+        else
+            last->second = &page;
+    }
+}
+
+SavePage pageOf(SavePage::Kind kind, const zel::String& file, bool isWhole) {
+    SavePage page;
+    page.kind = kind;
+    page.summary = summaryOf(file);
+    page.isWhole = isWhole && page.summary.isReadable;
+    return page;
+}
+
+/// Names the pages as the player calls them. Of one date the newest has the plain name.
+void namePages(std::vector<SavePage>& pages) {
+    std::map<int32_t, int32_t> counts;
+    for (SavePage& page : pages) {
+        const int32_t date = page.summary.date.dateNumber();
+        const int32_t count = page.kind == SavePage::Present ? 0 : ++counts[date];
+        const zel::String name = date == 0 ? zel::String("damaged") : zel::String(date);
+        page.name = count == 0 ? zel::String("present") : count == 1 ? name : name + "-" + count;
+    }
+}
+
+} // namespace
+
+std::vector<SavePage> savePages(const zel::String& save) {
+    std::vector<SavePage> pages;
+    zel::String backupChecksum;
+    if (zel::system::fileStatus(save).exists)
+        pages.push_back(pageOf(SavePage::Present, save, !contentOf(save).empty()));
+    const zel::String backup = save + BackupEnding;
+    if (zel::system::fileStatus(backup).exists) {
+        const std::string content = contentOf(backup);
+        backupChecksum = checksumOf(content);
+        pages.push_back(pageOf(SavePage::Backup, backup, !content.empty()));
+    }
+    for (const PageFile& kept : listPages(save)) {
+        const zel::String file = pagesFolder(save) + kept.name();
+        if (kept.checksum != backupChecksum.view())
+            pages.push_back(pageOf(SavePage::Earlier, file, isWholePage(file, kept)));
+    }
+    namePages(pages);
+    return pages;
+}
+
+zel::String newestWholePage(const zel::String& save) {
+    const zel::String backup = save + BackupEnding;
+    if (!contentOf(backup).empty())
+        return backup;
+    for (const PageFile& page : listPages(save)) {
+        const zel::String file = pagesFolder(save) + page.name();
+        if (isWholePage(file, page))
+            return file;
+    }
+    return {};
+}
+
+bool keepBackupAsPage(const zel::String& save) {
+    const zel::String backup = save + BackupEnding;
+    if (!zel::system::fileStatus(backup).exists)
+        return true;
+    std::vector<PageFile> pages = listPages(save);
+    if (!keepAsPage(save, backup, pages))
+        return false;
+    thinPages(save, pages);
+    return true;
+}
+
+bool returnToPage(const zel::String& save, const SavePage& page, zel::String& problem) {
+    const auto fail = [&](const zel::String& why) {
+        problem = why;
+        return false;
+    };
+    if (page.kind == SavePage::Present)
+        return fail("That page is the present one");
+    const zel::String backup = save + BackupEnding;
+    zel::String source = page.summary.file;
+    const std::string content = contentOf(source);
+    if (content.empty() || !page.isWhole)
+        return fail("The page " + source + " is damaged");
+    // A present save that is none any more must not become the one before.
+    const bool isDamaged = zel::system::fileStatus(save).exists && contentOf(save).empty();
+    const bool losesBackup = !isDamaged || page.kind == SavePage::Backup;
+    std::vector<PageFile> pages = listPages(save);
+    if ((isDamaged && !keepAsPage(save, save, pages)) ||
+        (losesBackup && zel::system::fileStatus(backup).exists && !keepAsPage(save, backup, pages)))
+        return fail("The present saves can't be kept as pages: " +
+                    zel::String(zel::faultText(zel::system::lastFault())));
+    if (page.kind == SavePage::Backup) {
+        const zel::String checksum = checksumOf(content);
+        for (const PageFile& kept : pages)
+            if (checksum == zel::String(kept.checksum))
+                source = pagesFolder(save) + kept.name();
+    }
+    const bool isReplaced = isDamaged ? zel::system::replaceFile(source, save)
+                                      : zel::system::replaceFileKeeping(source, save, backup);
+    if (!isReplaced || !zel::system::syncFolder(folderOf(save)) ||
+        !zel::system::syncFolder(pagesFolder(save)))
+        return fail("The page can't take the place of " + save + ": " +
+                    zel::faultText(zel::system::lastFault()));
+    return true;
+}
