@@ -9,10 +9,6 @@
 
 namespace {
 
-zel::String recordPath() {
-    return zel::system::absolutePath(zel::getUserDirectory() + RecordFileName);
-}
-
 void logRecord(const zel::String& message) { zel::log(message, "Record", zel::LogWarning); }
 
 int32_t today(const Database& career) { return career.calendar().dateNumber(); }
@@ -30,11 +26,11 @@ const char* stateText(RecordState state) {
     }
 }
 
-/// Moves what has the record's name to a name that says why. False if that can't be.
-bool moveAside(RecordState why) {
-    const zel::String moved = setRecordAside(recordPath(), why);
-    logRecord(moved.empty() ? recordPath() + " " + stateText(why) + " and can't be moved"
-                            : recordPath() + " " + stateText(why) + "; it is kept as " + moved);
+/// Moves a record to a name that says why. False if that can't be.
+bool moveAside(const zel::String& path, RecordState why) {
+    const zel::String moved = setRecordAside(path, why);
+    logRecord(moved.empty() ? path + " " + stateText(why) + " and can't be moved"
+                            : path + " " + stateText(why) + "; it is kept as " + moved);
     return !moved.empty();
 }
 
@@ -46,6 +42,24 @@ void CareerRecord::close() {
     events = {};
     knownGaps.clear();
     place = Place::None;
+    folder = nullptr;
+}
+
+void CareerRecord::release() {
+    file.close();
+    writer.reset();
+}
+
+void CareerRecord::reopen(const Database& career, const char* newFolder) {
+    folder = newFolder;
+    if (place == Place::File)
+        attach(career, true);
+}
+
+zel::String CareerRecord::recordPath() const {
+    const zel::String name =
+        folder != nullptr ? zel::String(folder) + "/record.db" : RecordFileName;
+    return zel::system::absolutePath(zel::getUserDirectory() + name);
 }
 
 void CareerRecord::onCareerBegun(const Database& career) {
@@ -79,7 +93,7 @@ void CareerRecord::attach(const Database& career, bool isFinal) {
         return giveUp();
     file.close();
     if (state != RecordState::Missing)
-        ownsFile = moveAside(state);
+        ownsFile = moveAside(recordPath(), state);
     startOver(state);
 }
 
@@ -126,7 +140,7 @@ bool CareerRecord::makeFile(const Database& career) {
     file.close();
     writer.reset();
     if (!ownsFile && zel::system::fileStatus(recordPath()).exists &&
-        !moveAside(RecordState::OtherCareer))
+        !moveAside(recordPath(), RecordState::OtherCareer))
         return false;
     const bool isMade = createRecord(file, recordPath()) && file.begin();
     if (isMade)

@@ -43,6 +43,16 @@ public:
     /// Closes the file, so that it can be moved. What is not saved is lost.
     void close();
 
+    // While a new career changes places with the one before it (Shelf):
+
+    /// The next save writes the record into that folder of the user's folder. REQUIRES: a career
+    /// that was not saved yet.
+    void keepIn(const char* newFolder) { folder = newFolder; }
+    /// Closes the file for a while, so that it can be moved. REQUIRES: all is saved.
+    void release();
+    /// Opens it again in that folder.
+    void reopen(const Database& career, const char* newFolder);
+
 private:
     enum class Place {
         None,     // no career
@@ -51,6 +61,7 @@ private:
         File,
     };
 
+    zel::String recordPath() const;
     void attach(const Database& career, bool isFinal);
     void cut(bool isFinal);
     void startOver(RecordState why);
@@ -59,6 +70,7 @@ private:
     void giveUp();
 
     SqliteFile file;
+    const char* folder = nullptr; // null for that of RecordFileName
     Place place = Place::None;
     bool ownsFile = false; // what has the record's name is of this career
     SavedPage lastSave;    // that the events follow

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "app/career/SavePages.h"
@@ -69,6 +70,14 @@ public:
     const zel::String& problem() const { return trouble; }
 
 private:
+    bool fail(const zel::String& why = {});
+    std::optional<ShelvedCareer> find(int32_t number);
+    zel::String shelve(const zel::String& folder, const char* place);
+    void leaveCurrent();
+    bool swapIn(const zel::String& incoming);
+    bool renumber(const zel::String& folder);
+    bool write(const char* folder);
+
     Database& career;
     CareerRecord& record;
     zel::String trouble;

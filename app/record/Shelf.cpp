@@ -1,0 +1,218 @@
+#include "app/record/Shelf.h"
+
+#include <algorithm>
+
+#include "app/career/Database.h"
+#include "app/record/CareerRecord.h"
+#include "app/record/ShelfFolders.h"
+#include "engine/core/Log.h"
+#include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
+
+namespace {
+
+zel::String currentFolder() { return userPath(CurrentFolder); }
+zel::String incomingFolder() { return userPath(IncomingFolder); }
+
+ShelvedCareer careerIn(const zel::String& folder, int32_t number) {
+    ShelvedCareer career;
+    career.number = number;
+    career.folder = folder;
+    career.summary = summaryOf(saveIn(folder));
+    return career;
+}
+
+/// Under what name a career goes to the shelf.
+zel::String pilotIn(const zel::String& folder) {
+    const zel::String save = saveIn(folder);
+    for (const zel::String& file : {save, save + BackupEnding})
+        if (const SaveSummary summary = summaryOf(file); summary.isReadable)
+            return summary.pilot;
+    return {};
+}
+
+/// Removes what is left of a career that was begun and never saved.
+void removeUnsaved(const zel::String& folder) {
+    std::vector<zel::system::DirectoryEntry> entries;
+    zel::system::listDirectory(folder, entries);
+    for (const zel::system::DirectoryEntry& entry : entries)
+        if (!entry.isDirectory && isCareerFile(entry.name))
+            zel::system::removeFile(folder + "/" + entry.name);
+    zel::system::removeFolder(folder);
+}
+
+} // namespace
+
+bool Shelf::fail(const zel::String& why) {
+    if (!why.empty())
+        trouble = why;
+    zel::log(trouble, "Shelf", zel::LogError);
+    return false;
+}
+
+/// Moves a folder to the shelf, or to the careers put away. Its new path; empty on error.
+zel::String Shelf::shelve(const zel::String& folder, const char* place) {
+    const int32_t number = claimNumber(folder, trouble);
+    const zel::String target = userPath(place) + "/" + shelfFolderName(number, pilotIn(folder));
+    const bool isMoved = number > 0 && makeFolder(userPath(ShelfFolder), trouble) &&
+                         makeFolder(userPath(place), trouble) &&
+                         moveFolder(folder, target, trouble);
+    return isMoved ? target : zel::String();
+}
+
+/// The career in memory must not be saved over the one that comes in its place.
+void Shelf::leaveCurrent() {
+    record.close();
+    career.squadrons.clear();
+    career.pilots.clear();
+    career.repairs = {};
+    career.damagedSave = "";
+    career.isUnsaved = false;
+}
+
+/// Puts the folder of an incoming career in the place of the current one, which goes to the shelf.
+bool Shelf::swapIn(const zel::String& incoming) {
+    zel::String shelved;
+    if (holdsCareer(currentFolder())) {
+        shelved = shelve(currentFolder(), ShelfFolder);
+        if (shelved.empty())
+            return false;
+    } else if (!clearFolder(currentFolder(), trouble)) {
+        return false;
+    }
+    if (moveFolder(incoming, currentFolder(), trouble))
+        return true;
+    zel::String other;
+    if (!shelved.empty() && !moveFolder(shelved, currentFolder(), other))
+        trouble += "; " + other;
+    return false;
+}
+
+bool Shelf::tidy() {
+    const zel::String incoming = incomingFolder();
+    if (zel::system::isDirectory(incoming)) {
+        zel::log("A career was on its way when the program ended", "Shelf", zel::LogWarning);
+        if (!holdsSave(incoming))
+            removeUnsaved(incoming);
+        else if (holdsCareer(currentFolder()) ? shelve(incoming, ShelfFolder).empty()
+                                              : !swapIn(incoming))
+            return fail();
+    }
+    std::vector<int32_t> numbers;
+    for (const CareerFolder& folder : shelfFolders()) {
+        const bool isTaken =
+            std::find(numbers.begin(), numbers.end(), folder.number) != numbers.end();
+        if ((folder.number == 0 || isTaken) && !renumber(folder.path))
+            return fail();
+        numbers.push_back(folder.number);
+    }
+    return true;
+}
+
+/// Gives a folder that the player has put on the shelf a number of its own.
+bool Shelf::renumber(const zel::String& folder) {
+    std::string_view name = nameOfFolder(folder);
+    const std::string_view parent = folder.view().substr(0, folder.view().size() - name.size());
+    if (numberOfFolder(name) > 0)
+        name = name.substr(std::min(name.find(' ') + 1, name.size()));
+    const int32_t number = nextNumber();
+    return keepNumber(folder, number, trouble) &&
+           moveFolder(folder, parent + shelfFolderName(number, name), trouble);
+}
+
+std::vector<ShelvedCareer> Shelf::careers() const {
+    std::vector<ShelvedCareer> careers;
+    const std::vector<CareerFolder> folders = shelfFolders();
+    if (holdsCareer(currentFolder())) {
+        const int32_t kept = keptNumber(currentFolder());
+        const bool isFree = std::none_of(folders.begin(), folders.end(),
+                                         [&](const auto& other) { return other.number == kept; });
+        careers.push_back(careerIn(currentFolder(), kept > 0 && isFree ? kept : nextNumber()));
+        careers.back().isCurrent = true;
+    }
+    for (const CareerFolder& folder : folders) {
+        careers.push_back(careerIn(folder.path, folder.number));
+        careers.back().isPutAway = folder.isPutAway;
+    }
+    std::stable_sort(careers.begin(), careers.end(), [](const auto& a, const auto& b) {
+        if (a.isCurrent != b.isCurrent)
+            return a.isCurrent;
+        if (a.isPutAway != b.isPutAway)
+            return b.isPutAway;
+        return a.summary.order > b.summary.order;
+    });
+    return careers;
+}
+
+std::vector<SavePage> Shelf::pages(const ShelvedCareer& of) { return savePages(saveIn(of.folder)); }
+
+std::optional<ShelvedCareer> Shelf::find(int32_t number) {
+    for (const ShelvedCareer& one : careers())
+        if (one.number == number)
+            return one;
+    fail("There is no career of the number " + zel::String(number));
+    return std::nullopt;
+}
+
+bool Shelf::take(int32_t number) {
+    const std::optional<ShelvedCareer> wanted = find(number);
+    if (!wanted || wanted->isCurrent)
+        return wanted.has_value();
+    if (!wanted->summary.isReadable)
+        return fail(wanted->summary.file + " " + wanted->summary.fault);
+    leaveCurrent();
+    if (!tidy() || !keepNumber(wanted->folder, number, trouble) ||
+        !moveFolder(wanted->folder, incomingFolder(), trouble))
+        return fail();
+    if (swapIn(incomingFolder()))
+        return true;
+    zel::String other;
+    if (!moveFolder(incomingFolder(), wanted->folder, other))
+        trouble += "; " + other;
+    return fail();
+}
+
+bool Shelf::putAway(int32_t number) {
+    const std::optional<ShelvedCareer> wanted = find(number);
+    if (!wanted || wanted->isPutAway)
+        return wanted.has_value();
+    if (wanted->isCurrent) {
+        leaveCurrent();
+        return !shelve(currentFolder(), PutAwayFolder).empty() || fail();
+    }
+    const zel::String target = userPath(PutAwayFolder) + "/" + nameOfFolder(wanted->folder);
+    return (makeFolder(userPath(PutAwayFolder), trouble) &&
+            moveFolder(wanted->folder, target, trouble)) ||
+           fail();
+}
+
+bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
+    if (of.isCurrent)
+        leaveCurrent();
+    return returnToPage(saveIn(of.folder), page, trouble) || fail();
+}
+
+bool Shelf::save() {
+    const bool isAnother = career.isUnsaved && holdsCareer(currentFolder());
+    if (!isAnother)
+        return write(CurrentFolder);
+    // The new career is written whole before the current one is moved.
+    if (!makeFolder(incomingFolder(), trouble))
+        return fail();
+    record.keepIn(IncomingFolder);
+    if (!write(IncomingFolder))
+        return false;
+    career.isUnsaved = true;
+    record.release();
+    const bool isIn = swapIn(incomingFolder());
+    record.reopen(career, isIn ? CurrentFolder : IncomingFolder);
+    career.isUnsaved = !isIn;
+    career.damagedSave = "";
+    return isIn || fail();
+}
+
+bool Shelf::write(const char* folder) {
+    const zel::String name = saveIn(folder);
+    return career.writeSave(name) ||
+           fail("The career can't be written to " + userPath(name.c_str()));
+}

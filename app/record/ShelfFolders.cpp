@@ -1,0 +1,203 @@
+#include "app/record/ShelfFolders.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <string>
+
+#include "app/career/Database.h"
+#include "app/record/Shelf.h"
+#include "engine/core/File.h"
+#include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
+#include "engine/core/TextEncoding.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/core/WholeFile.h"
+
+namespace {
+
+constexpr const char* NumberFile = "/number.txt";          // in a career's folder
+constexpr const char* LastNumberFile = "/last number.txt"; // on the shelf
+constexpr size_t LongestName = 40;                         // of a pilot in a folder's name
+constexpr const char* PutAwayName = "Put away";            // PutAwayFolder on the shelf
+
+int32_t readNumber(const zel::String& file) {
+    constexpr int32_t MostText = 32;
+    std::string text;
+    int32_t number = 0;
+    if (zel::readFile(file, MostText, text))
+        std::from_chars(text.data(), text.data() + text.size(), number);
+    return std::max(number, 0);
+}
+
+bool writeNumber(const zel::String& file, int32_t number, zel::String& problem) {
+    const zel::FileFault fault = zel::writeFileWhole(file, std::to_string(number) + "\n");
+    if (fault != zel::FileFault::None)
+        problem = file + " can't be written: " + zel::faultText(fault);
+    return fault == zel::FileFault::None;
+}
+
+void addFolders(const zel::String& parent, bool isPutAway, std::vector<CareerFolder>& folders) {
+    std::vector<zel::system::DirectoryEntry> entries;
+    zel::system::listDirectory(parent, entries);
+    for (const zel::system::DirectoryEntry& entry : entries) {
+        const zel::String path = parent + "/" + entry.name;
+        const bool isCareer = entry.isDirectory && !zel::equalsNoCase(entry.name, PutAwayName);
+        if (isCareer && (numberOfFolder(entry.name) > 0 || holdsSave(path)))
+            folders.push_back({numberOfFolder(entry.name), path, isPutAway});
+    }
+}
+
+zel::String parentOf(const zel::String& path) {
+    const std::string_view text = path;
+    return text.substr(0, text.find_last_of("\\/"));
+}
+
+bool startsWith(std::string_view text, std::string_view start) {
+    return zel::equalsNoCase(text.substr(0, start.size()), start);
+}
+
+zel::String reason() { return zel::faultText(zel::system::lastFault()); }
+
+bool exists(const zel::String& path) {
+    return zel::system::isDirectory(path) || zel::system::fileStatus(path).exists;
+}
+
+/// A link that leads from one folder into another may lead nowhere from a third.
+bool isLink(const zel::String& path) {
+    const zel::String target = zel::system::linkTarget(path);
+    return target.view() != path.view() && target.view() != zel::system::absolutePath(path).view();
+}
+
+} // namespace
+
+zel::String userPath(const char* folder) {
+    return zel::system::absolutePath(zel::getUserDirectory() + folder);
+}
+
+zel::String shelfFolderName(int32_t number, std::string_view pilot) {
+    constexpr std::string_view Reserved = "<>:\"/\\|?*";
+    const auto cleaned = [&](std::string text) {
+        for (char& character : text)
+            if (static_cast<uint8_t>(character) < ' ' || character == '\x7F' ||
+                Reserved.find(character) != Reserved.npos)
+                character = '_';
+        return text;
+    };
+    std::string name = cleaned(std::string(pilot.substr(0, LongestName)));
+    name.erase(name.find_last_not_of(" .") + 1);
+    if (name.empty())
+        name = "Unknown";
+    char start[16];
+    std::snprintf(start, sizeof start, "%04d ", number);
+    // What the system's names lack is "?", which no name may have.
+    return start + cleaned(std::string(zel::system::nameFromUtf8(zel::utf8Of(name)).view()));
+}
+
+int32_t numberOfFolder(std::string_view name) {
+    int32_t number = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+    const bool isWhole = end == name.data() + name.size() || *end == ' ';
+    return error == std::errc() && isWhole ? std::max(number, 0) : 0;
+}
+
+std::vector<CareerFolder> shelfFolders() {
+    std::vector<CareerFolder> folders;
+    addFolders(userPath(ShelfFolder), false, folders);
+    addFolders(userPath(PutAwayFolder), true, folders);
+    std::sort(folders.begin(), folders.end(), [](const CareerFolder& a, const CareerFolder& b) {
+        return std::pair(a.path.length(), a.path.view()) <
+               std::pair(b.path.length(), b.path.view());
+    });
+    return folders;
+}
+
+std::string_view nameOfFolder(std::string_view path) {
+    return path.substr(path.find_last_of("\\/") + 1);
+}
+
+bool isCareerFile(std::string_view name) {
+    return startsWith(name, nameOfFolder(SaveFileName)) || startsWith(name, "record") ||
+           zel::equalsNoCase(name, "number.txt") || zel::equalsNoCase(name, PagesFolder);
+}
+
+bool holdsCareer(const zel::String& folder) {
+    std::vector<zel::system::DirectoryEntry> entries;
+    zel::system::listDirectory(folder, entries);
+    return std::any_of(entries.begin(), entries.end(),
+                       [](const auto& entry) { return isCareerFile(entry.name); });
+}
+
+bool holdsSave(const zel::String& folder) {
+    const zel::String save = saveIn(folder);
+    return zel::system::fileStatus(save).exists ||
+           zel::system::fileStatus(save + BackupEnding).exists;
+}
+
+zel::String saveIn(const zel::String& folder) { return folder + "/" + nameOfFolder(SaveFileName); }
+
+int32_t keptNumber(const zel::String& folder) { return readNumber(folder + NumberFile); }
+
+int32_t nextNumber() {
+    int32_t last = readNumber(userPath(ShelfFolder) + LastNumberFile);
+    for (const char* folder : {CurrentFolder, IncomingFolder})
+        last = std::max(last, keptNumber(userPath(folder)));
+    for (const CareerFolder& folder : shelfFolders())
+        last = std::max({last, folder.number, keptNumber(folder.path)});
+    return last + 1;
+}
+
+bool keepNumber(const zel::String& folder, int32_t number, zel::String& problem) {
+    return keptNumber(folder) == number || writeNumber(folder + NumberFile, number, problem);
+}
+
+int32_t claimNumber(const zel::String& folder, zel::String& problem) {
+    const int32_t kept = keptNumber(folder);
+    const std::vector<CareerFolder> others = shelfFolders();
+    const bool isFree = std::none_of(others.begin(), others.end(), [&](const CareerFolder& other) {
+        return other.number == kept && other.path.view() != folder.view();
+    });
+    if (kept > 0 && isFree)
+        return kept;
+    const int32_t number = nextNumber();
+    const bool isKept = makeFolder(userPath(ShelfFolder), problem) &&
+                        writeNumber(userPath(ShelfFolder) + LastNumberFile, number, problem) &&
+                        keepNumber(folder, number, problem);
+    return isKept ? number : 0;
+}
+
+bool makeFolder(const zel::String& folder, zel::String& problem) {
+    if (zel::system::createDirectory(folder))
+        return true;
+    problem = "The folder " + folder + " can't be made: " + reason();
+    return false;
+}
+
+bool moveFolder(const zel::String& from, const zel::String& to, zel::String& problem) {
+    const zel::String failed = from + " can't be moved to " + to + ": ";
+    for (const zel::String& moved : {from, saveIn(from)})
+        if (isLink(moved)) {
+            problem = failed + moved + " is a link, which may lead nowhere from there";
+            return false;
+        }
+    if (exists(to)) {
+        problem = failed + "something has that name";
+        return false;
+    }
+    if (!zel::system::replaceFile(from, to)) {
+        problem = failed + reason();
+        return false;
+    }
+    if (zel::system::syncFolder(parentOf(to)) && zel::system::syncFolder(parentOf(from)))
+        return true;
+    problem = failed + reason();
+    zel::system::replaceFile(to, from);
+    return false;
+}
+
+bool clearFolder(const zel::String& folder, zel::String& problem) {
+    if (!exists(folder) || zel::system::removeFolder(folder))
+        return true;
+    problem = folder + " can't be removed: " + reason();
+    return false;
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "engine/core/String.h"
+
+/// In the user's folder: a career on its way to CurrentFolder.
+constexpr const char* IncomingFolder = "Saves.next";
+
+// The folders of the careers, for Shelf. Paths are in the system's encoding, without a separator at
+// their end. An operation that can't do its work says why in `problem` and leaves all as it was.
+
+/// The path of a folder in the user's folder, such as CurrentFolder.
+zel::String userPath(const char* folder);
+
+/// A career's folder on the shelf: "0003 Erich Sommer", with a name that every system takes.
+zel::String shelfFolderName(int32_t number, std::string_view pilot);
+/// The number that a folder's name begins with; 0 for none.
+int32_t numberOfFolder(std::string_view name);
+/// The last part of a path.
+std::string_view nameOfFolder(std::string_view path);
+
+struct CareerFolder {
+    int32_t number = 0;
+    zel::String path;
+    bool isPutAway = false;
+};
+/// The folders of careers on the shelf and of those put away, sorted by the length of their paths
+/// and then by their bytes: a copy made by hand comes after its original.
+std::vector<CareerFolder> shelfFolders();
+
+/// The path of the save in a career's folder.
+zel::String saveIn(const zel::String& folder);
+/// Whether a file or folder of that name belongs to a career: a save, an earlier one, a record,
+/// pages.
+bool isCareerFile(std::string_view name);
+/// Whether the folder has any of them.
+bool holdsCareer(const zel::String& folder);
+/// Whether it has a save or an earlier one.
+bool holdsSave(const zel::String& folder);
+
+/// The number that the folder keeps for its career; 0 for none.
+int32_t keptNumber(const zel::String& folder);
+/// The lowest number that no career has had.
+int32_t nextNumber();
+/// Makes the folder keep that number.
+[[nodiscard]] bool keepNumber(const zel::String& folder, int32_t number, zel::String& problem);
+/// The number of a career that isn't on the shelf. The folder gets a new one and keeps it if it has
+/// none, or one that a career on the shelf has. 0 on error.
+[[nodiscard]] int32_t claimNumber(const zel::String& folder, zel::String& problem);
+
+/// True if the folder is there afterwards.
+[[nodiscard]] bool makeFolder(const zel::String& folder, zel::String& problem);
+/// Renames a folder and syncs the folders around it. Nothing may have the new name.
+[[nodiscard]] bool moveFolder(const zel::String& from, const zel::String& to, zel::String& problem);
+/// Removes an empty folder. True if there is none afterwards.
+[[nodiscard]] bool clearFolder(const zel::String& folder, zel::String& problem);

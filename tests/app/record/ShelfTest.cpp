@@ -1,0 +1,251 @@
+#include "app/record/Shelf.h"
+
+#include <filesystem>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include "app/career/Database.h"
+#include "app/record/CareerRecord.h"
+#include "app/record/ShelfFolders.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/SmallCareer.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Program {
+    Program() { career.observer = &record; }
+    /// A new career whose player has that name, saved or not.
+    void begin(const char* name) {
+        career.createCareer(ServiceGerman);
+        zel::copyText(career.player().name, name);
+    }
+    /// Gives it another day, and something for the record.
+    void goOn(int32_t days = 1) {
+        Calendar date = career.calendar();
+        date.addDays(days);
+        career.year = date.getYear();
+        career.month = date.getMonth();
+        career.day = date.getDay();
+        career.observer->onBaseChange(career);
+    }
+    bool load() { return career.loadFile(SaveFileName); }
+    int64_t bases() { return record.read(career).number("SELECT count(*) FROM base"); }
+    /// "1 Hans Braun" for each career, the current one with "*", those put away with "-".
+    std::string list() const {
+        std::string text;
+        for (const ShelvedCareer& one : shelf.careers())
+            text += std::to_string(one.number) + " " + std::string(one.summary.pilot.view()) +
+                    (one.isCurrent   ? "*"
+                     : one.isPutAway ? "-"
+                                     : "") +
+                    "\n";
+        return text;
+    }
+
+    CareerRecord record;
+    Database career;
+    Shelf shelf{career, record};
+};
+
+struct ShelfTest : testing::Test {
+    ShelfTest() { world.addHistory(); }
+    std::string user(const std::string& name) const { return world.folder.file("user/" + name); }
+    SmallWorld world;
+};
+
+} // namespace
+
+// What every system takes: no reserved characters, no blank or full stop at the end, not too long.
+TEST_F(ShelfTest, NamesFoldersForEverySystem) {
+    const struct {
+        int32_t number;
+        std::string pilot, folder;
+    } cases[] = {
+        {3, "Erich Sommer", "0003 Erich Sommer"},
+        {12345, "Jean d'Aul. ..", "12345 Jean d'Aul"},
+        {1, "a/b\\c:d*e?f\"g<h>i|j\n", "0001 a_b_c_d_e_f_g_h_i_j_"},
+        {1, std::string(63, 'x'), "0001 " + std::string(40, 'x')},
+        {1, " .. ", "0001 Unknown"},
+        {1, "CON", "0001 CON"},
+#ifndef _WIN32
+        {1, "Ren\xE9", "0001 Ren\xC3\xA9"},
+#endif
+    };
+    for (const auto& [number, pilot, folder] : cases) {
+        EXPECT_EQ(shelfFolderName(number, pilot).view(), folder);
+        EXPECT_EQ(numberOfFolder(folder), number);
+    }
+    for (const char* other : {"", "x", "-3 a", "3a", "0 a", "99999999999 a"})
+        EXPECT_EQ(numberOfFolder(other), 0) << other;
+}
+
+// A new career never takes the place of one that is there. Each has its own record wherever it is.
+TEST_F(ShelfTest, KeepsEachCareerWhole) {
+    Program program;
+    program.begin("Hans Braun");
+    EXPECT_EQ(program.list(), "");
+    ASSERT_TRUE(program.shelf.save()) << program.shelf.problem().view();
+    program.goOn();
+    ASSERT_TRUE(program.shelf.save());
+    EXPECT_EQ(program.list(), "1 Hans Braun*\n");
+    const int64_t first = program.bases();
+
+    program.begin("Otto Klein");
+    EXPECT_EQ(program.list(), "1 Hans Braun*\n") << "nothing moves before it is saved";
+    ASSERT_TRUE(program.shelf.save());
+    EXPECT_EQ(program.list(), "2 Otto Klein*\n1 Hans Braun\n");
+    program.goOn();
+    program.goOn();
+    ASSERT_TRUE(program.shelf.save());
+    const int64_t second = program.bases();
+    EXPECT_NE(second, first);
+
+    ASSERT_TRUE(program.shelf.take(1)) << program.shelf.problem().view();
+    EXPECT_FALSE(program.career.hasCareer()) << "it could be saved over the other one";
+    ASSERT_TRUE(program.load());
+    EXPECT_STREQ(program.career.player().name, "Hans Braun");
+    EXPECT_EQ(program.bases(), first);
+    EXPECT_EQ(program.list(), "1 Hans Braun*\n2 Otto Klein\n");
+    EXPECT_TRUE(fs::exists(user("Careers/0002 Otto Klein/Pages")) ||
+                fs::exists(user("Careers/0002 Otto Klein/savegame_v03.wty.bak")));
+
+    ASSERT_TRUE(program.shelf.putAway(1) && program.shelf.putAway(2));
+    EXPECT_EQ(program.list(), "2 Otto Klein-\n1 Hans Braun-\n");
+    EXPECT_FALSE(fs::exists(user("Saves")));
+    ASSERT_TRUE(program.shelf.take(2) && program.load());
+    EXPECT_EQ(program.bases(), second);
+    EXPECT_TRUE(program.record.gaps().empty());
+    EXPECT_FALSE(program.shelf.take(3));
+    EXPECT_EQ(program.shelf.problem(), "There is no career of the number 3");
+
+    // A number is gone for good with its folder.
+    program.begin("Fritz Braun");
+    ASSERT_TRUE(program.shelf.save() && program.shelf.putAway(3));
+    fs::remove_all(user("Careers/Put away/0003 Fritz Braun"));
+    program.begin("Fritz Klein");
+    ASSERT_TRUE(program.shelf.save() && program.shelf.putAway(4));
+    EXPECT_TRUE(fs::exists(user("Careers/Put away/0004 Fritz Klein")));
+}
+
+// Killed between two renames, or changed by hand: afterwards each career is in one place.
+TEST_F(ShelfTest, EndsWhatWasInterrupted) {
+    Program program;
+    program.begin("Hans Braun");
+    ASSERT_TRUE(program.shelf.save());
+    program.begin("Otto Klein");
+    ASSERT_TRUE(program.shelf.save());
+    program.record.close();
+    const std::string both = "2 Otto Klein*\n1 Hans Braun\n";
+    const auto restart = [&] {
+        Program other;
+        EXPECT_TRUE(other.shelf.tidy()) << other.shelf.problem().view();
+        EXPECT_FALSE(fs::exists(user("Saves.next")));
+        return other.list();
+    };
+    EXPECT_EQ(restart(), both) << "nothing to do";
+    fs::rename(user("Careers/0001 Hans Braun"), user("Saves.next"));
+    EXPECT_EQ(restart(), both) << "taken, and the current one still there";
+    fs::rename(user("Careers/0001 Hans Braun"), user("Saves.next"));
+    fs::rename(user("Saves"), user("Careers/0002 Otto Klein"));
+    fs::create_directories(user("Saves")); // by an earlier version of the program
+    EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n") << "the current one already on the shelf";
+    world.folder.write("user/Saves.next/record.db", "a career that was never saved");
+    world.folder.write("user/Saves.next/savegame_v03.wty.77-1.new", "its draft");
+    EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n");
+    fs::copy(user("Careers/0002 Otto Klein"), user("Careers/0002 Otto Klein (copy)"));
+    fs::copy(user("Saves"), user("Careers/My other one"), fs::copy_options::recursive);
+    Program other;
+    EXPECT_TRUE(other.shelf.tidy());
+    EXPECT_TRUE(fs::exists(user("Careers/0003 My other one")));
+    EXPECT_TRUE(fs::exists(user("Careers/0004 Otto Klein (copy)")));
+    EXPECT_EQ(other.shelf.careers().size(), 4U);
+}
+
+// Each move that can't be made leaves all careers where they are, and says why.
+TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
+    Program program;
+    program.begin("Hans Braun");
+    ASSERT_TRUE(program.shelf.save());
+    world.folder.write("user/Careers", "a file in the place of the folder");
+    program.begin("Otto Klein");
+    EXPECT_FALSE(program.shelf.save());
+    EXPECT_FALSE(program.shelf.problem().empty());
+    EXPECT_EQ(program.list(), "1 Hans Braun*\n");
+    EXPECT_TRUE(program.career.hasCareer() && program.career.isUnsaved) << "it can be tried again";
+    program.goOn();
+    const int64_t bases = program.bases();
+    fs::remove(user("Careers"));
+    ASSERT_TRUE(program.shelf.save());
+    EXPECT_EQ(program.bases(), bases);
+    EXPECT_EQ(program.list(), "2 Otto Klein*\n1 Hans Braun\n");
+
+    fs::resize_file(user("Careers/0001 Hans Braun/savegame_v03.wty"), 1000);
+    EXPECT_FALSE(program.shelf.take(1));
+    EXPECT_NE(program.shelf.problem().view().find("ends early"), std::string_view::npos);
+    EXPECT_TRUE(program.career.hasCareer());
+#ifndef _WIN32
+    fs::rename(user("Saves"), user("elsewhere"));
+    fs::create_directory_symlink("elsewhere", user("Saves"));
+    EXPECT_FALSE(program.shelf.putAway(2));
+    EXPECT_NE(program.shelf.problem().view().find("is a link"), std::string_view::npos);
+#endif
+}
+
+// Pages: the last ten and the last of each month, each whole; going back loses none of them.
+TEST_F(ShelfTest, KeepsPages) {
+    Program program;
+    program.begin("Hans Braun");
+    constexpr int32_t Saves = 40;
+    for (int32_t save = 0; save < Saves; ++save) {
+        program.goOn(5); // from 6 December 1915 to 18 June 1916
+        ASSERT_TRUE(program.shelf.save());
+    }
+    const auto names = [&] {
+        std::string text;
+        for (const SavePage& page : program.shelf.pages(program.shelf.careers().front()))
+            text += std::string(page.name.view()) + (page.isWhole ? " " : "! ");
+        return text;
+    };
+    const std::string all =
+        "present 19160613 19160608 19160603 19160529 19160524 19160519 19160514 "
+        "19160509 19160504 19160429 19160424 "
+        "19160419 19160330 19160229 19160130 19151231 ";
+    EXPECT_EQ(names(), all);
+    const std::string save = user(SaveFileName);
+    const auto back = [&](const char* name) {
+        const ShelvedCareer career = program.shelf.careers().front();
+        for (const SavePage& page : program.shelf.pages(career))
+            if (page.name == name)
+                return program.shelf.turnBack(career, page) && program.load();
+        return false;
+    };
+    ASSERT_TRUE(back("19160130")) << program.shelf.problem().view();
+    EXPECT_EQ(program.career.calendar().dateNumber(), 19160130);
+    EXPECT_EQ(program.bases(), 13) << "the record is cut to the page";
+    EXPECT_EQ(names(), "present 19160618 19160613 19160608 19160603 19160529 19160524 19160519 "
+                       "19160514 19160509 19160504 19160429 19160424 "
+                       "19160419 19160330 19160229 19151231 ");
+    ASSERT_TRUE(back("19160618")) << "the page that is the save before";
+    EXPECT_EQ(program.career.calendar().dateNumber(), 19160618);
+    EXPECT_EQ(newestWholePage(save), save + ".bak");
+
+    // One that is damaged is shown as such, refused, and costs no other page its place.
+    for (const auto& entry : fs::directory_iterator(user("Saves/Pages")))
+        if (entry.path().filename().string().find(" 19160529 ") != std::string::npos) {
+            std::string content =
+                world.folder.read("user/Saves/Pages/" + entry.path().filename().string());
+            content[content.size() / 2] ^= 1;
+            world.folder.write("user/Saves/Pages/" + entry.path().filename().string(), content);
+        }
+    EXPECT_NE(names().find(" 19160529! "), std::string::npos) << names();
+    EXPECT_FALSE(back("19160529"));
+    world.folder.write("user/Saves/savegame_v03.wty.bak", "no save");
+    world.folder.write("user/Saves/savegame_v03.wty", "no save either");
+    EXPECT_NE(newestWholePage(save).view().find(" 19160613 "), std::string_view::npos);
+    ASSERT_TRUE(back("19160613")) << program.shelf.problem().view();
+    EXPECT_EQ(program.career.calendar().dateNumber(), 19160613);
+    EXPECT_EQ(names().find("present damaged! damaged-2! 19160608 "), 0U) << names();
+}
