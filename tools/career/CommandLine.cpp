@@ -36,7 +36,15 @@ Commands:
   victories [NAME]        the player's victories, or those of the pilots of that
                           name or a part of it
   postings                who came to the player's squadron, left it or died
-  export FILE.json        writes the whole record)";
+  export FILE.json        writes the whole record
+  careers                 all careers: the current one, those on the shelf, those
+                          put away
+  take NUMBER             makes a career of the shelf the current one and loads it;
+                          the current one goes to the shelf
+  putaway NUMBER          moves a career to those put away
+  pages                   the earlier saves of the current career
+  page NAME               goes back to the earlier save of that name, a date as
+                          YYYYMMDD or as pages writes it, and loads it)";
 constexpr const char* Ending =
     "Exit status: 0 all commands did their work, 1 one of them failed, 2 a wrong call.";
 
@@ -61,8 +69,9 @@ constexpr Plain PlainCommands[] = {
 };
 
 bool isCommand(std::string_view word) {
-    constexpr std::string_view Others[] = {"new",        "until",     "advance",
-                                           "invitation", "victories", "export"};
+    constexpr std::string_view Others[] = {"new",       "until",  "advance", "invitation",
+                                           "victories", "export", "careers", "take",
+                                           "putaway",   "pages",  "page"};
     return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
            std::any_of(std::begin(PlainCommands), std::end(PlainCommands),
                        [&](const Plain& known) { return known.name == word; });
@@ -84,6 +93,9 @@ private:
     void readInvitation();
     void readVictories();
     std::string readExport();
+    void addOnShelf(bool (ShelfCommands::*command)());
+    std::string readCareer(std::string_view command);
+    std::string readPage();
     std::string readPlain(std::string_view command);
 
     bool atEnd() const { return next == words.size(); }
@@ -127,6 +139,14 @@ std::string CommandReader::readAll() {
             readVictories();
         else if (command == "export")
             wrong = readExport();
+        else if (command == "careers")
+            addOnShelf(&ShelfCommands::careers);
+        else if (command == "pages")
+            addOnShelf(&ShelfCommands::pages);
+        else if (command == "take" || command == "putaway")
+            wrong = readCareer(command);
+        else if (command == "page")
+            wrong = readPage();
         else
             wrong = readPlain(command);
     }
@@ -195,6 +215,36 @@ std::string CommandReader::readExport() {
     // Before the program changes its working directory.
     const zel::String file = zel::system::absolutePath(words[next++]);
     add([=](Session& session) { return session.exportRecord(file); });
+    return {};
+}
+
+void CommandReader::addOnShelf(bool (ShelfCommands::*command)()) {
+    add([=](Session& session) {
+        return session.onShelf([=](ShelfCommands& shelf) { return (shelf.*command)(); });
+    });
+}
+
+std::string CommandReader::readCareer(std::string_view command) {
+    int32_t number = 0;
+    if (!takeNumber(1, INT32_MAX, number))
+        return std::string(command) + " wants the number of a career";
+    const bool takes = command == "take";
+    add([=](Session& session) {
+        return session.onShelf([=](ShelfCommands& shelf) {
+            return takes ? shelf.take(number) : shelf.putAway(number);
+        }) && (!takes || session.load());
+    });
+    return {};
+}
+
+std::string CommandReader::readPage() {
+    if (peek().find_first_of("0123456789") != 0)
+        return "page wants a date as YYYYMMDD, or the name of a page";
+    const zel::String name = words[next++];
+    add([=](Session& session) {
+        return session.onShelf([=](ShelfCommands& shelf) { return shelf.turnBack(name); }) &&
+               session.load();
+    });
     return {};
 }
 

@@ -112,10 +112,9 @@ bool Session::load() {
 bool Session::save() {
     if (!needCareer())
         return false;
-    const zel::String path = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
-    if (!career.writeSave(SaveFileName))
-        return fail("The career can't be written to " + path);
-    sayFile(wording::Saved, path);
+    if (!shelf.save())
+        return fail(shelf.problem());
+    sayFile(wording::Saved, zel::system::absolutePath(zel::getUserDirectory() + SaveFileName));
     return true;
 }
 
@@ -341,4 +340,11 @@ bool Session::exportRecord(const zel::String& file) {
         return fail("The record can't be written to " + file);
     sayFile(wording::Exported, file);
     return true;
+}
+
+bool Session::onShelf(const std::function<bool(ShelfCommands&)>& command) {
+    const bool isDone = command(shelf);
+    for (const zel::String& line : shelf.takeLines())
+        say(line);
+    return isDone || fail(shelf.problem());
 }

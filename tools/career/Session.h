@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "app/career/Database.h"
 #include "app/career/Wording.h"
@@ -9,6 +10,7 @@
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
 #include "tools/career/Progress.h"
+#include "tools/career/ShelfCommands.h"
 
 /// One run of the career program: the objects that the window's program holds, and the commands on
 /// them. Each command returns true on success; otherwise problem() is the one line that says why.
@@ -45,6 +47,11 @@ public:
     bool postings();
     /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
     bool exportRecord(const zel::String& file);
+    /// Ends what another run left half done among the careers; to be called first. What can't be
+    /// done is in the log.
+    void tidy() { shelf.tidy(); }
+    /// Runs a command on the shelf and prints its lines.
+    bool onShelf(const std::function<bool(ShelfCommands&)>& command);
 
     const zel::String& problem() const { return trouble; }
 
@@ -65,6 +72,7 @@ private:
     zel::String trouble;
     Database career;
     CareerRecord record;
+    ShelfCommands shelf{career, record};
     Flight flight;
     InvitationLetter letter;
     Progress progress;

@@ -40,5 +40,20 @@ inline constexpr Wording PostedSuccessor {3038, "$1: $2 took the place of $3"};
 inline constexpr Wording NothingRecorded {3039, "Nothing of the kind is recorded"};
 inline constexpr Wording Exported        {3040, "Exported $1"};
 
+inline constexpr Wording CareerOnShelf   {3070, "$1. $2, $3. Victories: $4. Missions: $5"}; // number, pilot, date
+inline constexpr Wording PilotOf         {3071, "$1, $2"}; // squadron
+inline constexpr Wording CareerIsCurrent {3072, "$1 (current)"};
+inline constexpr Wording CareerIsPutAway {3073, "$1 (put away)"};
+inline constexpr Wording CareerIsFallen  {3074, "$1 (fallen)"};
+inline constexpr Wording CareerIsOver    {3075, "$1 (the war is over)"};
+inline constexpr Wording CareerUnreadable{3076, "$1. $2: can't be used ($3)"}; // folder, reason
+inline constexpr Wording NoCareers       {3077, "There is no career yet"};
+inline constexpr Wording Taken           {3078, "Career $1 is the current one"};
+inline constexpr Wording HasPutAway      {3079, "Career $1 is put away"};
+inline constexpr Wording PageOfCareer    {3080, "$1: $2. Victories: $3. Missions: $4. Saved: $5"}; // name, date
+inline constexpr Wording PageIsDamaged   {3081, "$1 (damaged)"};
+inline constexpr Wording PageUnreadable  {3082, "$1: $2 is damaged. Saved: $3"}; // name, file
+inline constexpr Wording TurnedBack      {3083, "The page $1 is the present save"};
+
 } // namespace wording
 // clang-format on

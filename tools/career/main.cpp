@@ -89,6 +89,7 @@ int main(int argc, char** argv) {
 
     initPlaneNames();
     Session session(call.quiet, call.waitSeconds, call.keepsRecord);
+    session.tidy();
     for (const auto& command : call.commands) {
         if (!command(session))
             return failed(session.problem());
