@@ -13,6 +13,10 @@ public:
     /// month 1 to 12, day from 1.
     Calendar(int32_t year, int32_t month, int32_t day);
     virtual ~Calendar() = default;
+    /// The day of a dateNumber().
+    static Calendar ofNumber(int32_t number) {
+        return {number / 10000, number / 100 % 100, number % 100};
+    }
 
     /// Every fourth year; of the full centuries only those divisible by 400.
     static bool isLeapYear(int32_t year);

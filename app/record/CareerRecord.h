@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "app/career/CareerObserver.h"
+#include "app/career/MissionOrders.h"
 #include "app/record/RecordFile.h"
 #include "app/record/RecordWriter.h"
 #include "app/record/Sqlite.h"
@@ -16,10 +18,13 @@ constexpr const char* RecordFileName = "Saves/record.db";
 /// save, in one transaction before the save itself. Whatever happens to the record, the career goes
 /// on: an error is a log line, and the next save tries again.
 ///
+/// The orders of a mission are committed at once, if the career has a save. After a load the orders
+/// of the save's day are out.
+///
 /// Made by the application or the session that owns the career, as its Database::observer. One
 /// record serves one career after another. docs/decisions.md explains how record and save stay
 /// together.
-class CareerRecord : public CareerObserver {
+class CareerRecord : public CareerObserver, public OrdersBook {
 public:
     CareerRecord() = default;
     CareerRecord(const CareerRecord&) = delete;
@@ -33,6 +38,11 @@ public:
     void onPosting(const Database& career, const Posting& posting) override;
     void onBaseChange(const Database& career) override;
     void onFlight(const Database& career, const FlownMission& mission) override;
+
+    std::shared_ptr<const MissionOrders> ordersOut(const Database& career) const override;
+    bool keep(const Database& career, MissionOrders orders) override;
+    bool isReported(const zel::String& log, const zel::String& hash) override;
+    int32_t voidOrders(const Database& career) const override;
 
     /// The tables with all that has happened up to now, saved or not, for reading only. Where the
     /// file can't be used they hold what has happened since. REQUIRES: the career that this
@@ -64,6 +74,8 @@ private:
     zel::String recordPath() const;
     void attach(const Database& career, bool isFinal);
     void cut(bool isFinal);
+    void takeUpOrders(const Database& career);
+    bool commitOrders();
     void startOver(RecordState why);
     bool makeFile(const Database& career);
     void writeEvents(const Database& career);
@@ -74,7 +86,12 @@ private:
     Place place = Place::None;
     bool ownsFile = false; // what has the record's name is of this career
     SavedPage lastSave;    // that the events follow
+    bool isCut = true;     // what the loaded save doesn't hold has been removed for good
     RecordEvents events;   // not saved yet
     RecordWriter writer;   // of the events, in the open transaction
+    bool rowsWait = false; // a transaction with them was rolled back: the save inserts all
     std::vector<RecordGap> knownGaps;
+    std::shared_ptr<const MissionOrders> orders; // the last ones without a report; or null
+    bool ordersWait = false;                     // they aren't committed
+    int32_t voidDate = 0;                        // of orders in the file that don't apply; or 0
 };

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/record/OrdersTable.h"
 #include "app/record/RecordSchema.h"
 #include "app/record/RecordWriter.h"
 #include "app/record/Sqlite.h"
@@ -131,5 +132,6 @@ int32_t cutRecord(SqliteFile& file, const SavedPage& page) {
                                 " FROM page WHERE id = ?), 0)";
         SqliteStatement(file, sql).insert(id);
     }
+    cutOrders(file, page.date);
     return date;
 }

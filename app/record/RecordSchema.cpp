@@ -50,6 +50,19 @@ CREATE TABLE orders_plane(place INTEGER PRIMARY KEY, pilot INTEGER NOT NULL, nam
 CREATE TABLE orders_log(name TEXT PRIMARY KEY, pieces INTEGER NOT NULL, bytes INTEGER NOT NULL)
     WITHOUT ROWID;
 )",
+    // Nothing had written the orders yet.
+    R"(
+DROP TABLE orders;
+DROP TABLE orders_plane;
+DROP TABLE orders_log;
+CREATE TABLE orders(date INTEGER PRIMARY KEY, file TEXT NOT NULL, size INTEGER NOT NULL,
+    hash TEXT NOT NULL, flyable INTEGER NOT NULL, x REAL NOT NULL, z REAL NOT NULL, log TEXT);
+CREATE TABLE orders_plane(date INTEGER, place INTEGER, pilot INTEGER NOT NULL, name TEXT NOT NULL,
+    nation INTEGER NOT NULL, skill INTEGER NOT NULL, victories INTEGER NOT NULL,
+    missions INTEGER NOT NULL, squadron INTEGER NOT NULL, pilot_file INTEGER,
+    aircraft TEXT NOT NULL, PRIMARY KEY(date, place)) WITHOUT ROWID;
+CREATE TABLE orders_log(name TEXT PRIMARY KEY, since INTEGER NOT NULL) WITHOUT ROWID;
+)",
 };
 const int32_t RecordVersion = static_cast<int32_t>(std::size(RecordSteps));
 

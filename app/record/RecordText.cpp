@@ -6,8 +6,6 @@
 #include "app/record/RecordWriter.h"
 
 zel::String recordGapText(const RecordGap& gap) {
-    const auto dateText = [](int32_t date) {
-        return dateInLanguage({date / 10000, date / 100 % 100, date % 100});
-    };
-    return textOf(wording::RecordGap, {dateText(gap.since), dateText(gap.until)});
+    return textOf(wording::RecordGap, {dateInLanguage(Calendar::ofNumber(gap.since)),
+                                       dateInLanguage(Calendar::ofNumber(gap.until))});
 }

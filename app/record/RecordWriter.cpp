@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "app/career/Checksum.h"
 #include "app/career/Database.h"
 #include "app/career/UnitNames.h"
+#include "app/record/OrdersTable.h"
 #include "app/record/RecordSchema.h"
 #include "app/record/Sqlite.h"
 
@@ -13,11 +13,6 @@ namespace {
 
 std::string_view nameOf(const Database& career, int32_t pilot) {
     return zel::arrayText(career.pilot(pilot).name);
-}
-
-std::string_view withoutFolder(const zel::String& path) {
-    const std::string_view text = path;
-    return text.substr(text.find_last_of("/\\") + 1);
 }
 
 void writePlanes(SqliteFile& file, int32_t flight, const FlownMission& mission) {
@@ -119,17 +114,17 @@ void RecordWriter::writeFlights(SqliteFile& file, const Database& career,
         const auto figure = [&](auto value) {
             return isKnown ? std::optional(value(*report)) : std::nullopt;
         };
-        row.insert(
-            flown.date, own.pilot, nameOf(career, own.pilot), flown.squadron, flown.base,
-            flown.onChannelMap, mission.x, mission.z, own.aircraft, withoutFolder(mission.log),
-            checksumOfFile(mission.log), mission.seconds,
-            figure([](const PilotReport& r) { return static_cast<int32_t>(r.kills.size()); }),
-            figure([](const PilotReport& r) { return r.injuryPercent; }),
-            figure([](const PilotReport& r) { return r.damage; }),
-            figure([](const PilotReport& r) { return r.flightStatus == 1; }),
-            figure([](const PilotReport& r) { return r.dead != 0; }),
-            isKnown ? orNull(mission.fates[place]) : std::nullopt,
-            isKnown ? orNull(mission.causes[place]) : std::nullopt);
+        row.insert(flown.date, own.pilot, nameOf(career, own.pilot), flown.squadron, flown.base,
+                   flown.onChannelMap, mission.x, mission.z, own.aircraft, flown.log, flown.logHash,
+                   mission.seconds, figure([](const PilotReport& r) {
+                       return static_cast<int32_t>(r.kills.size());
+                   }),
+                   figure([](const PilotReport& r) { return r.injuryPercent; }),
+                   figure([](const PilotReport& r) { return r.damage; }),
+                   figure([](const PilotReport& r) { return r.flightStatus == 1; }),
+                   figure([](const PilotReport& r) { return r.dead != 0; }),
+                   isKnown ? orNull(mission.fates[place]) : std::nullopt,
+                   isKnown ? orNull(mission.causes[place]) : std::nullopt);
         if (file.failed())
             return;
         const auto number = static_cast<int32_t>(file.lastRow());
@@ -137,6 +132,7 @@ void RecordWriter::writeFlights(SqliteFile& file, const Database& career,
         writePlanes(file, number, mission);
         writeReports(file, number, mission);
         writeEvents(file, number, mission);
+        noteReportedLog(file, flown.date, flown.log);
     }
 }
 

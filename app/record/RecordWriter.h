@@ -21,6 +21,8 @@ struct RecordEvents {
     struct DatedFlight {
         int32_t date;
         FlownMission mission;
+        zel::String log; // its first piece, without folder
+        zel::String logHash;
         int32_t squadron; // the player's
         zel::String base;
         bool onChannelMap;

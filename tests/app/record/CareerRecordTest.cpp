@@ -266,4 +266,16 @@ TEST_F(CareerRecordTest, MovesOnToLaterSchemas) {
     EXPECT_EQ(looked.number("SELECT count(*) FROM gap"), 1);
 }
 
+TEST_F(CareerRecordTest, BringsTheFirstSchemaForward) {
+    SqliteFile file;
+    ASSERT_TRUE(file.openInMemory() && migrateRecord(file, RecordSteps, 1) &&
+                file.run("INSERT INTO gap(since, until) VALUES(19160101, 19160201)"));
+    EXPECT_TRUE(migrateRecord(file)) << file.problem().c_str();
+    EXPECT_EQ(file.number("PRAGMA user_version"), RecordVersion);
+    EXPECT_EQ(file.number("SELECT count(*) FROM gap"), 1);
+    EXPECT_EQ(file.number("SELECT count(x) + count(log) FROM orders"), 0);
+    EXPECT_EQ(file.number("SELECT count(since) FROM orders_log"), 0);
+    EXPECT_FALSE(file.failed()) << file.problem().c_str();
+}
+
 } // namespace
