@@ -232,6 +232,10 @@ bool keepFileAs(const String& file, const String& name) {
 
 bool removeFolder(const String& path) { return rmdir(nativePath(path).c_str()) == 0; }
 
+bool renameFolder(const String& from, const String& to) {
+    return std::rename(nativePath(from).c_str(), nativePath(to).c_str()) == 0;
+}
+
 bool removeFile(const String& path) { return unlink(nativePath(path).c_str()) == 0; }
 
 } // namespace zel::system

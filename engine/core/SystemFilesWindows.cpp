@@ -240,6 +240,19 @@ bool keepFileAs(const String& file, const String& name) {
 
 bool removeFolder(const String& path) { return RemoveDirectoryA(path.c_str()) != 0; }
 
+// A scanner that has opened a file of the folder makes it "access denied".
+bool renameFolder(const String& from, const String& to) {
+    for (int32_t attempt = 1;; ++attempt) {
+        if (MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0)
+            return true;
+        const DWORD error = GetLastError();
+        if (attempt == AttemptsToWrite ||
+            (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION))
+            return false;
+        Sleep(AttemptPause);
+    }
+}
+
 bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
 
 String linkTarget(const String& path) {
