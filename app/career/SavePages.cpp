@@ -14,7 +14,9 @@
 namespace {
 
 constexpr const char* DamagedMark = "damaged"; // in place of the checksum
-constexpr size_t LastPages = 10;               // that are kept whatever their date
+constexpr std::string_view RecordStart = "record ";
+constexpr std::string_view RecordEnding = ".db";
+constexpr size_t LastPages = 10; // that are kept whatever their date
 
 /// A file of the folder Pages, by its name: "0012 19170610 0123456789abcdef.wty". The later page
 /// has the higher number.
@@ -38,6 +40,13 @@ zel::String folderOf(const zel::String& path) {
 }
 
 zel::String pagesFolder(const zel::String& save) { return folderOf(save) + PagesFolder + "/"; }
+
+bool startsWith(std::string_view text, std::string_view start) {
+    return text.substr(0, start.size()) == start;
+}
+bool endsWith(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
 
 bool readName(const std::string& name, PageFile& page) {
     char checksum[17] = {};
@@ -116,10 +125,12 @@ void thinPages(const zel::String& save, const std::vector<PageFile>& pages) {
         const auto [last, isNew] = lastOfMonth.try_emplace(page.month(), &page);
         if (isNew)
             continue;
-        if (isWholePage(pagesFolder(save) + last->second->name(), *last->second))
+        if (isWholePage(pagesFolder(save) + last->second->name(), *last->second)) {
             zel::system::removeFile(pagesFolder(save) + page.name());
-        else
+            zel::system::removeFile(keptRecordOf(save, page.checksum));
+        } else {
             last->second = &page;
+        }
     }
 }
 
@@ -174,6 +185,27 @@ zel::String newestWholePage(const zel::String& save) {
             return file;
     }
     return {};
+}
+
+zel::String keptRecordOf(const zel::String& save, const zel::String& checksum) {
+    return pagesFolder(save) + RecordStart + checksum + RecordEnding;
+}
+
+std::vector<zel::String> keptRecords(const zel::String& save) {
+    std::vector<zel::system::DirectoryEntry> entries;
+    zel::system::listDirectory(pagesFolder(save), entries);
+    std::vector<std::pair<int64_t, zel::String>> found;
+    for (const zel::system::DirectoryEntry& entry : entries) {
+        const std::string_view name = entry.name;
+        const zel::String path = pagesFolder(save) + name;
+        if (startsWith(name, RecordStart) && endsWith(name, RecordEnding))
+            found.emplace_back(-zel::system::fileStatus(path).changed, path);
+    }
+    std::sort(found.begin(), found.end());
+    std::vector<zel::String> paths;
+    for (const auto& [age, path] : found)
+        paths.push_back(path);
+    return paths;
 }
 
 bool keepBackupAsPage(const zel::String& save) {

@@ -40,6 +40,13 @@ zel::String newestWholePage(const zel::String& save);
 /// false, a log line at level 2, and all files are as they were; the save must not go on.
 [[nodiscard]] bool keepBackupAsPage(const zel::String& save);
 
+/// Where a copy of the career's record is kept with the page of that checksum. It is removed with
+/// the page.
+zel::String keptRecordOf(const zel::String& save, const zel::String& checksum);
+/// All such copies that are there, the one changed last first. `save` may be any file of the
+/// career's folder.
+std::vector<zel::String> keptRecords(const zel::String& save);
+
 /// Makes the page the present save. The present one becomes the one before it (".bak"), as if the
 /// page had been saved after it; one that isn't a save any more is kept as a damaged page. The file
 /// alone is replaced: the caller loads it, and the record is cut then. On error: false, with the

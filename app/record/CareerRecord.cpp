@@ -6,6 +6,7 @@
 
 #include "app/career/Checksum.h"
 #include "app/career/Database.h"
+#include "app/record/KeptRecords.h"
 #include "app/record/OrdersTable.h"
 #include "app/record/RecordSchema.h"
 #include "engine/core/Log.h"
@@ -17,19 +18,6 @@ namespace {
 void logRecord(const zel::String& message) { zel::log(message, "Record", zel::LogWarning); }
 
 int32_t today(const Database& career) { return career.calendar().dateNumber(); }
-
-const char* stateText(RecordState state) {
-    switch (state) {
-    case RecordState::Damaged:
-        return "is damaged";
-    case RecordState::OtherCareer:
-        return "is of another career";
-    case RecordState::Newer:
-        return "was written by a later version";
-    default:
-        return "is missing";
-    }
-}
 
 /// Moves a record to a name that says why. False if that can't be.
 bool moveAside(const zel::String& path, RecordState why) {
@@ -98,7 +86,9 @@ void CareerRecord::onCareerLoaded(const Database& career, const zel::String& loa
 void CareerRecord::attach(const Database& career, bool isFinal) {
     file.close();
     writer.reset();
-    const RecordState state = openRecord(file, recordPath(), career.careerNumber);
+    RecordState state = openRecord(file, recordPath(), career.careerNumber);
+    if (state == RecordState::Ready && isFinal)
+        state = preferRestored(file, recordPath(), career.careerNumber, lastSave.checksum);
     if (state == RecordState::Ready)
         return cut(isFinal);
     if (state == RecordState::Unusable)

@@ -60,6 +60,19 @@ const char* reasonName(RecordState why) {
 
 } // namespace
 
+const char* stateText(RecordState state) {
+    switch (state) {
+    case RecordState::Damaged:
+        return "is damaged";
+    case RecordState::OtherCareer:
+        return "is of another career";
+    case RecordState::Newer:
+        return "was written by a later version";
+    default:
+        return "is missing";
+    }
+}
+
 RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber) {
     if (!zel::system::fileStatus(path).exists)
         return zel::system::isDirectory(path) ? RecordState::Unusable : RecordState::Missing;

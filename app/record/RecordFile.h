@@ -18,6 +18,9 @@ enum class RecordState {
     Unusable, // read-only, held by another program, no space: perhaps later
 };
 
+/// "is damaged": why a record can't be used. REQUIRES: neither Ready nor Unusable.
+const char* stateText(RecordState state);
+
 /// Opens the record of that career, checks its pages and brings it to the present schema. Only with
 /// Ready is the file of use; its problem() has the cause of Damaged and Unusable.
 RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber);

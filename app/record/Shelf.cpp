@@ -4,6 +4,7 @@
 
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
+#include "app/record/KeptRecords.h"
 #include "app/record/ShelfFolders.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
@@ -88,16 +89,22 @@ bool Shelf::swapIn(const zel::String& incoming) {
     return false;
 }
 
-bool Shelf::tidy() {
+/// Ends the move of a career that was on its way.
+bool Shelf::settleIncoming() {
     const zel::String incoming = incomingFolder();
-    if (zel::system::isDirectory(incoming)) {
-        zel::log("A career was on its way when the program ended", "Shelf", zel::LogWarning);
-        if (!holdsSave(incoming))
-            removeUnsaved(incoming);
-        else if (holdsCareer(currentFolder()) ? shelve(incoming, ShelfFolder).empty()
-                                              : !swapIn(incoming))
-            return fail();
+    if (!zel::system::isDirectory(incoming))
+        return true;
+    zel::log("A career was on its way when the program ended", "Shelf", zel::LogWarning);
+    if (!holdsSave(incoming)) {
+        removeUnsaved(incoming);
+        return true;
     }
+    return holdsCareer(currentFolder()) ? !shelve(incoming, ShelfFolder).empty() : swapIn(incoming);
+}
+
+bool Shelf::tidy() {
+    if (!settleIncoming())
+        return fail();
     std::vector<int32_t> numbers;
     for (const CareerFolder& folder : shelfFolders()) {
         const bool isTaken =
@@ -161,7 +168,7 @@ bool Shelf::take(int32_t number) {
     if (!wanted->summary.isReadable)
         return fail(wanted->summary.file + " " + wanted->summary.fault);
     leaveCurrent();
-    if (!tidy() || !keepNumber(wanted->folder, number, trouble) ||
+    if (!settleIncoming() || !keepNumber(wanted->folder, number, trouble) ||
         !moveFolder(wanted->folder, incomingFolder(), trouble))
         return fail();
     if (swapIn(incomingFolder()))
@@ -189,7 +196,8 @@ bool Shelf::putAway(int32_t number) {
 bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
     if (of.isCurrent)
         leaveCurrent();
-    return returnToPage(saveIn(of.folder), page, trouble) || fail();
+    return (keepRecord(of.folder, trouble) && returnToPage(saveIn(of.folder), page, trouble)) ||
+           fail();
 }
 
 bool Shelf::save() {

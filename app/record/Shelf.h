@@ -75,6 +75,7 @@ private:
     zel::String shelve(const zel::String& folder, const char* place);
     void leaveCurrent();
     bool swapIn(const zel::String& incoming);
+    bool settleIncoming();
     bool renumber(const zel::String& folder);
     bool write(const char* folder);
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/career/Database.h"
+#include "app/record/CareerRecord.h"
 #include "app/record/Shelf.h"
 #include "engine/core/File.h"
 #include "engine/core/System.h"
@@ -136,6 +137,10 @@ bool holdsSave(const zel::String& folder) {
 
 zel::String saveIn(const zel::String& folder) { return folder + "/" + nameOfFolder(SaveFileName); }
 
+zel::String recordIn(const zel::String& folder) {
+    return folder + "/" + nameOfFolder(RecordFileName);
+}
+
 int32_t keptNumber(const zel::String& folder) { return readNumber(folder + NumberFile); }
 
 int32_t nextNumber() {
@@ -184,14 +189,14 @@ bool moveFolder(const zel::String& from, const zel::String& to, zel::String& pro
         problem = failed + "something has that name";
         return false;
     }
-    if (!zel::system::replaceFile(from, to)) {
+    if (!zel::system::renameFolder(from, to)) {
         problem = failed + reason();
         return false;
     }
     if (zel::system::syncFolder(parentOf(to)) && zel::system::syncFolder(parentOf(from)))
         return true;
     problem = failed + reason();
-    zel::system::replaceFile(to, from);
+    zel::system::renameFolder(to, from);
     return false;
 }
 

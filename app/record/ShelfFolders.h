@@ -33,6 +33,8 @@ std::vector<CareerFolder> shelfFolders();
 
 /// The path of the save in a career's folder.
 zel::String saveIn(const zel::String& folder);
+/// The path of its record.
+zel::String recordIn(const zel::String& folder);
 /// Whether a file or folder of that name belongs to a career: a save, an earlier one, a record,
 /// pages.
 bool isCareerFile(std::string_view name);

@@ -228,8 +228,12 @@ TEST_F(ShelfTest, KeepsPages) {
     EXPECT_EQ(names(), "present 19160618 19160613 19160608 19160603 19160529 19160524 19160519 "
                        "19160514 19160509 19160504 19160429 19160424 "
                        "19160419 19160330 19160229 19151231 ");
-    ASSERT_TRUE(back("19160618")) << "the page that is the save before";
+    ASSERT_TRUE(back("19160613")) << "a page after the one that was gone back to";
+    EXPECT_EQ(program.bases(), 40) << "the record has what was cut before";
+    ASSERT_TRUE(back("19160130") && back("19160618")) << "the page that was left first";
     EXPECT_EQ(program.career.calendar().dateNumber(), 19160618);
+    EXPECT_EQ(program.bases(), 41);
+    EXPECT_TRUE(program.record.gaps().empty());
     EXPECT_EQ(newestWholePage(save), save + ".bak");
 
     // One that is damaged is shown as such, refused, and costs no other page its place.

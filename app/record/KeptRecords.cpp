@@ -1,0 +1,86 @@
+#include "app/record/KeptRecords.h"
+
+#include <string>
+
+#include "app/career/Checksum.h"
+#include "app/career/SavePages.h"
+#include "app/record/ShelfFolders.h"
+#include "app/record/Sqlite.h"
+#include "engine/core/File.h"
+#include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
+#include "engine/core/WholeFile.h"
+
+namespace {
+
+enum class Join { Done, Damaged, InUse };
+
+/// Brings what SQLite has beside the file into it: a copy of the file alone would not be the
+/// record.
+Join joinLog(const zel::String& record) {
+    SqliteFile file;
+    file.open(record, SqliteFile::MustExist);
+    const bool isBusy = file.number("PRAGMA wal_checkpoint(TRUNCATE)") != 0;
+    if (file.isDamaged())
+        return Join::Damaged;
+    return isBusy || file.failed() ? Join::InUse : Join::Done;
+}
+
+zel::FileFault copyRecord(const zel::String& from, const zel::String& to) {
+    std::string content;
+    zel::File source(from, zel::FileRead);
+    if (!source.readWhole(content))
+        return zel::system::lastFault();
+    return zel::writeFileWhole(to, content);
+}
+
+/// Whether the record has a page with the checksum of that save.
+bool knowsSave(SqliteFile& record, const zel::String& checksum) {
+    SqliteStatement page(record, "SELECT 1 FROM page WHERE checksum = ?");
+    return page.with(checksum).next();
+}
+
+/// Replaces the record by a copy of the newest one that was kept and knows the save, if there is
+/// one.
+void restoreRecord(const zel::String& record, const zel::String& checksum) {
+    for (const zel::String& kept : keptRecords(record)) {
+        SqliteFile file;
+        const bool isKnown = file.open(kept, SqliteFile::MustExist) && knowsSave(file, checksum);
+        file.close();
+        if (isKnown && joinLog(record) == Join::Done &&
+            copyRecord(kept, record) == zel::FileFault::None)
+            return;
+    }
+}
+
+} // namespace
+
+bool keepRecord(const zel::String& folder, zel::String& problem) {
+    const zel::String record = recordIn(folder);
+    if (!zel::system::fileStatus(record).exists)
+        return true;
+    const zel::String save = saveIn(folder);
+    const zel::String kept = keptRecordOf(save, checksumOfFile(save));
+    const Join joined = joinLog(record);
+    if (joined == Join::Damaged) // it is set aside when the career is loaded
+        return true;
+    if (joined == Join::InUse) {
+        problem = "The record of the war " + record + " can't be copied: another program uses it";
+        return false;
+    }
+    if (!makeFolder(folder + "/" + PagesFolder, problem))
+        return false;
+    const zel::FileFault fault = copyRecord(record, kept);
+    if (fault != zel::FileFault::None)
+        problem = "The record of the war can't be kept as " + kept + ": " + zel::faultText(fault);
+    return fault == zel::FileFault::None;
+}
+
+RecordState preferRestored(SqliteFile& file, const zel::String& path, int32_t careerNumber,
+                           const zel::String& checksum) {
+    if (knowsSave(file, checksum))
+        return RecordState::Ready;
+    file.close();
+    restoreRecord(path, checksum);
+    return openRecord(file, path, careerNumber);
+}
