@@ -108,6 +108,19 @@ inline constexpr Wording StartMission{804, "Start Mission"};
 inline constexpr Wording SkipMission {807, "Skip Mission (no flyable plane available)"};
 inline constexpr Wording PlaneOfPilot{808, "$1 ($2)"};
 
+inline constexpr Wording LogNewsTexts[] = { // by LogState
+    {910, "No log of your flight has come yet."},
+    {911, "No log can come: the simulator's text log is off. Set mission_text_log = 1 in its data\\startup.cfg, start it again, and fly the mission again."},
+    {912, "This folder of the simulator is gone, or can't be read: $1"},
+    {913, "A log has come, but another program holds it: $1"},
+    {914, "The log of your flight has come. It has no end yet."},
+    {915, "Your flight isn't over yet: the log is still growing."},
+    {916, "The end of your flight is being written: one more look, and the report is there."},
+    {917, "The log of your flight has stopped without an end. Finish the mission in the simulator, or fly it again."},
+    {918, "The newest log belongs to another mission, \"$1\". Fly WingtallyMission."},
+    {919, "The newest log belongs to other orders: to-day's don't name its pilot, $1. Fly WingtallyMission as it is now."},
+};
+
 inline constexpr Wording ReportedPilot {1010, "$1 - Kills: $2"};
 inline constexpr Wording NoMission     {1011, "(No mission played.)"};
 inline constexpr Wording UnknownPlayer {1012, "In the log you are \"$1\". Your orders don't name him: the flight is not counted."};
@@ -141,6 +154,8 @@ inline constexpr Wording OwnScore   {1211, "$1 (you!): $2"};
 inline constexpr Wording LastScore  {1310, "$1: $2 RIP"};
 inline constexpr Wording OwnLastScore{1311, "$1 (you!): $2 RIP"};
 inline constexpr Wording NoAces     {1312, "(NO PILOTS WITH MORE THAN 5 SHOTDOWNS)"}; // sic: five are enough
+
+inline constexpr Wording OrdersVoid {2714, "Your orders of $1 are void: the save is older."}; // the date
 
 } // namespace wording
 // clang-format on

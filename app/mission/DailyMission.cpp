@@ -62,10 +62,14 @@ Outcome prepare(Database& career, MissionGenerator& generator, const zel::String
 
 } // namespace
 
+zel::String missionFilePath() {
+    return Configuration::getRofDirectory() + "data\\Missions\\" + MissionFileName;
+}
+
 DailyMission writeDailyMission(Database& career, MissionGenerator& generator) {
     zel::log("Generating mission file", "MenuGameStartMission", zel::LogInfo);
     DailyMission mission;
-    mission.file = Configuration::getRofDirectory() + "data\\Missions\\" + MissionFileName;
+    mission.file = missionFilePath();
     const Outcome outcome = prepare(career, generator, mission.file);
     mission.fault = outcome.fault;
     mission.problem = outcome.problem;

@@ -12,6 +12,9 @@ constexpr const char* MissionTemplateFile = "Data/Missions/GenericTemplate.Missi
 /// In the folder data\Missions of the simulator.
 constexpr const char* MissionFileName = "WingtallyMission.Mission";
 
+/// The mission file with the simulator's folder.
+zel::String missionFilePath();
+
 /// Why there is no mission.
 enum class MissionFault {
     None,

@@ -1,14 +1,17 @@
 #include "app/report/Flight.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/career/Calendar.h"
 #include "app/career/CareerObserver.h"
+#include "app/career/Checksum.h"
 #include "app/career/Database.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/SimulatorCheck.h"
 #include "app/report/FlightAccount.h"
 #include "engine/core/Log.h"
+#include "engine/core/System.h"
 
 namespace {
 
@@ -36,26 +39,98 @@ DailyMission withoutLogs(zel::FileFault reason) {
     return mission;
 }
 
+/// What a report needs of the plan.
+void restorePlan(const MissionOrders& orders, MissionGenerator& generator) {
+    generator.plan = orders.planes;
+    generator.locationX = orders.x;
+    generator.locationZ = orders.z;
+    generator.offsetX = generator.offsetZ = 0;
+}
+
 } // namespace
 
+OrdersFile fileOf(const MissionOrders& orders) {
+    const zel::String path = missionFilePath();
+    const zel::system::FileStatus status = zel::system::fileStatus(path);
+    if (!status.exists)
+        return OrdersFile::Missing;
+    const bool isSame = status.size == orders.size && checksumOfFile(path) == orders.hash;
+    return isSame ? OrdersFile::Same : OrdersFile::Changed;
+}
+
 DailyMission Flight::begin(Database& career) {
-    const Day today{career.careerNumber, career.calendar().dateNumber()};
+    const MissionOrders* before = orders(career);
     combatReport.clear();
     hasTextLog = true;
-    if (unreported == today)
+    isTakenUp = false;
+    if (before != nullptr) {
         watch.resume();
-    else if (const zel::FileFault reason = watch.begin(logFolder()); reason != zel::FileFault::None)
+        // He went back to an earlier page, and chooses to fly again.
+        if (!before->reportedLog.empty())
+            watch.ignore(before->reportedLog);
+    } else if (const zel::FileFault reason = watch.begin(logFolder());
+               reason != zel::FileFault::None) {
         return withoutLogs(reason);
+    }
     DailyMission mission = writeDailyMission(career, missionGenerator);
     if (mission.fault == MissionFault::None)
-        unreported = today;
-    else if (!(unreported == today))
-        unreported.reset();
+        keepOrders(career, mission);
+    else if (before != nullptr)
+        restorePlan(*before, missionGenerator);
     return mission;
+}
+
+void Flight::keepOrders(const Database& career, const DailyMission& mission) {
+    MissionOrders orders;
+    orders.careerNumber = career.careerNumber;
+    orders.date = career.calendar().dateNumber();
+    orders.file = MissionFileName;
+    orders.size = zel::system::fileStatus(mission.file).size;
+    orders.hash = checksumOfFile(mission.file);
+    orders.isFlyable = mission.isFlyable;
+    orders.x = missionGenerator.locationX + missionGenerator.offsetX;
+    orders.z = missionGenerator.locationZ + missionGenerator.offsetZ;
+    orders.planes = missionGenerator.plan;
+    orders.knownLogs = watch.knownLogs();
+    if (book == nullptr) {
+        out = std::make_shared<const MissionOrders>(std::move(orders));
+        return;
+    }
+    areKept = book->keep(career, std::move(orders));
+    out = book->ordersOut(career);
+}
+
+const MissionOrders* Flight::orders(const Database& career) {
+    if (book == nullptr) {
+        const bool areOut = out != nullptr && out->careerNumber == career.careerNumber &&
+                            out->date == career.calendar().dateNumber();
+        return areOut ? out.get() : nullptr;
+    }
+    const std::shared_ptr<const MissionOrders> kept = book->ordersOut(career);
+    if (kept != out) {
+        out = kept;
+        if (out != nullptr)
+            takeUp();
+    }
+    return out.get();
+}
+
+void Flight::takeUp() {
+    restorePlan(*out, missionGenerator);
+    watch.begin(out->knownLogs);
+    combatReport.clear();
+    hasTextLog = true;
+    areKept = true;
+    isTakenUp = true;
+}
+
+int32_t Flight::voidOrders(const Database& career) const {
+    return book != nullptr ? book->voidOrders(career) : 0;
 }
 
 bool Flight::findReport(Database& career, bool isLastLook) {
     const zel::String folder = logFolder();
+    isTakenUp = false;
     logLook("Update directory: " + folder);
     const std::vector<zel::String> names = watch.look(folder);
     logLook(zel::String("New files found: ") + int32_t(names.size()));
@@ -66,7 +141,11 @@ bool Flight::findReport(Database& career, bool isLastLook) {
         const LogNews news = readLog(folder, name);
         isFound = news.state == LogState::Ending &&
                   (isLastLook || namesEverybody() || watch.hasStoppedEnding(name));
-        if (isFound) {
+        if (isFound && wasReported(folder, name)) {
+            isFound = false;
+            logLook(name + " was reported before", zel::LogWarning);
+            watch.ignore(name);
+        } else if (isFound) {
             found = name;
             break;
         }
@@ -80,7 +159,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
                                       accountOf(combatReport, missionGenerator, folder + found));
         applyReports(combatReport.pilots, career, true);
         watch.settle();
-        unreported.reset();
+        out.reset();
     } else if (watch.news().state == LogState::None) {
         hasTextLog = checkSimulator() != SimulatorState::NoTextLog;
     }
@@ -103,6 +182,10 @@ LogNews Flight::readLog(const zel::String& folder, const zel::String& name) {
         if (record.human != 0 && record.pilot < 0)
             return {LogState::OtherPilot, record.name};
     return {LogState::Begun, {}};
+}
+
+bool Flight::wasReported(const zel::String& folder, const zel::String& name) const {
+    return book != nullptr && book->isReported(name, checksumOfFile(folder + name));
 }
 
 /// The simulator names pilots who saw no fight only after the mission's end.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "engine/core/Directory.h"
+
 namespace {
 
 /// After that many looks without growth the simulator, which writes a piece every half minute, has
@@ -14,21 +16,45 @@ zel::FileFault LogWatch::begin(const zel::String& folder) {
     zel::Directory present;
     if (!present.list(folder, FirstPiecePattern))
         return present.fault();
-    known = present;
-    settle();
-    missingFolder = {};
-    newsTicks = zel::ticks();
+    logs.clear();
+    startNews();
+    known.clear();
+    for (int32_t i = 0; i < present.count(); ++i)
+        known.insert(present.name(i));
     return zel::FileFault::None;
+}
+
+void LogWatch::begin(const std::vector<zel::String>& knownLogs) {
+    logs.clear();
+    startNews();
+    known = std::set<zel::String>(knownLogs.begin(), knownLogs.end());
 }
 
 void LogWatch::resume() {
     for (Log& log : logs)
         log.isEarlier = true;
+    startNews();
+}
+
+void LogWatch::startNews() {
     missingFolder = {};
     newsTicks = zel::ticks();
 }
 
-void LogWatch::settle() { logs.clear(); }
+void LogWatch::settle() {
+    for (const Log& log : logs)
+        known.insert(log.name);
+    logs.clear();
+}
+
+void LogWatch::ignore(const zel::String& name) {
+    known.insert(name);
+    logs.erase(
+        std::remove_if(logs.begin(), logs.end(), [&](const Log& log) { return log.name == name; }),
+        logs.end());
+}
+
+std::vector<zel::String> LogWatch::knownLogs() const { return {known.begin(), known.end()}; }
 
 std::vector<zel::String> LogWatch::look(const zel::String& folder) {
     std::vector<zel::String> names;
@@ -41,7 +67,7 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
         const auto earlier = std::find_if(logs.begin(), logs.end(),
                                           [&](const Log& log) { return log.name == name; });
         const bool isNew = earlier == logs.end();
-        if (isNew && known.holds(name))
+        if (isNew && known.count(name) != 0)
             continue;
         Log& log = isNew ? logs.emplace_back() : *earlier;
         // Measured before it is read: what is written meanwhile shows as growth.
@@ -58,7 +84,6 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
             log.news.state == LogState::Ending)
             names.push_back(name);
     }
-    known = present;
     return names;
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <vector>
 
 #include "app/report/LogExtent.h"
 #include "engine/core/Clock.h"
-#include "engine/core/Directory.h"
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 /// First pieces of the simulator's logs.
@@ -40,6 +41,12 @@ public:
     /// folder that can't be listed is an error, after which nothing is known for certain: all old
     /// logs could count as new.
     [[nodiscard]] zel::FileFault begin(const zel::String& folder);
+    /// The same with the logs that an earlier run of the program has found.
+    void begin(const std::vector<zel::String>& knownLogs);
+    /// Forgets a log: it belongs to another flight, even if it grows.
+    void ignore(const zel::String& name);
+    /// The first pieces of the logs that are known, without those that were looked at.
+    std::vector<zel::String> knownLogs() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
     /// waits for further ones.
     void resume();
@@ -70,7 +77,9 @@ private:
         int32_t quietLooks = 0; // since it came or grew
     };
 
-    zel::Directory known;
+    void startNews();
+
+    std::set<zel::String> known;
     std::vector<Log> logs; // in the order in which they were found
     zel::String missingFolder;
     uint32_t newsTicks = zel::ticks(); // when there was news, on the engine's clock

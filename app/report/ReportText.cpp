@@ -3,6 +3,7 @@
 #include "app/career/Nation.h"
 #include "app/career/Wording.h"
 #include "app/report/GroundObjects.h"
+#include "app/report/LogWatch.h"
 
 namespace {
 
@@ -69,4 +70,8 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots) {
             columns.note = textOf(wording::UnknownPlayer, {pilot.name});
     }
     return columns;
+}
+
+const Wording& newsWording(LogState state) {
+    return wording::LogNewsTexts[static_cast<size_t>(state)];
 }

@@ -5,6 +5,9 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
+enum class LogState;
+struct Wording;
+
 // In the language in use; the examples are English.
 
 /// Three lines of the combat report: who, his fate, who caused it.
@@ -28,3 +31,6 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots);
 zel::String fateText(const PilotReport& pilot);
 /// REQUIRES: the record's indices are valid in `pilots`.
 zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& pilots);
+
+/// What a look for the log has found; its mark is LogNews::detail.
+const Wording& newsWording(LogState state);

@@ -4,6 +4,7 @@
 
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
+#include "app/report/ReportText.h"
 #include "app/screens/ScreenSounds.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/Clock.h"
@@ -35,7 +36,7 @@ zel::String newsText(const LogNews& news, int32_t quietMinutes) {
         return textOf(wording::QuietLog, {quietMinutes});
     const bool isFolder = news.state == LogState::NoFolder;
     return textOf(
-        wording::LogNewsTexts[int32_t(news.state)],
+        newsWording(news.state),
         {isFolder ? zel::system::shownText(zel::system::absolutePath(news.detail)) : news.detail});
 }
 
@@ -55,7 +56,7 @@ void MenuGameFinishMission::update() {
     if (runningCareer() == nullptr)
         return;
     // A report that is found while the player leaves the page would never be shown.
-    if (timer.getSeconds() > LookInterval && isPlayerHere() &&
+    if ((timer.getSeconds() > LookInterval || flight.isToBeSought()) && isPlayerHere() &&
         zel::StatesMachine::getInstance().isSettled() && look(false))
         setTransition("MenuGameCombatReport");
     showWatch();

@@ -8,7 +8,8 @@ class Flight;
 /// Waits while the player flies. Every eight seconds, while the window is in front, it checks for
 /// the log of the flight. Once the log has the end of the mission, the combat report follows. Until
 /// then the page shows whether it is checking ("watch", and the watch's hand) and what it has found
-/// so far ("log"). "lookNow" checks at once; so does the button that continues without a report.
+/// so far ("log"). "lookNow" checks at once; so does the button that continues without a report,
+/// and the page itself if an earlier run of the program has given the orders.
 class MenuGameFinishMission : public CareerScreen {
 public:
     explicit MenuGameFinishMission(Flight& flight)

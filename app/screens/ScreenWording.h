@@ -10,18 +10,6 @@ struct SwitchForms {
 // clang-format off
 namespace wording {
 
-inline constexpr Wording LogNewsTexts[] = { // by LogState
-    {910, "No log of your flight has come yet."},
-    {911, "No log can come: the simulator's text log is off. Set mission_text_log = 1 in its data\\startup.cfg, start it again, and fly the mission again."},
-    {912, "This folder of the simulator is gone, or can't be read: $1"},
-    {913, "A log has come, but another program holds it: $1"},
-    {914, "The log of your flight has come. It has no end yet."},
-    {915, "Your flight isn't over yet: the log is still growing."},
-    {916, "The end of your flight is being written: one more look, and the report is there."},
-    {917, "The log of your flight has stopped without an end. Finish the mission in the simulator, or fly it again."},
-    {918, "The newest log belongs to another mission, \"$1\". Fly WingtallyMission."},
-    {919, "The newest log belongs to other orders: to-day's don't name its pilot, $1. Fly WingtallyMission as it is now."},
-};
 inline constexpr Wording QuietLog        {920, "No new log for $1 min. If you have flown: was it WingtallyMission, and is mission_text_log = 1 in the simulator's data\\startup.cfg?"}; // minutes
 inline constexpr Wording LooksForLog     {921, "Wingtally looks for the log every eight seconds."};
 inline constexpr Wording LookedForLog    {922, "Last look for the log at $1. The next one follows within eight seconds."}; // the time of day

@@ -9,9 +9,7 @@
 
 namespace {
 
-zel::String dateText(int32_t date) {
-    return dateInLanguage({date / 10000, date / 100 % 100, date % 100});
-}
+zel::String dateText(int32_t date) { return dateInLanguage(Calendar::ofNumber(date)); }
 
 zel::String aircraftText(const zel::String& identifier) {
     return nameInLanguage(planeDisplayName(identifier));

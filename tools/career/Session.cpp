@@ -1,6 +1,5 @@
 #include "tools/career/Session.h"
 
-#include <algorithm>
 #include <cstdio>
 
 #include "app/career/Bases.h"
@@ -9,7 +8,6 @@
 #include "app/mission/SimulatorCheck.h"
 #include "app/record/RecordExport.h"
 #include "app/record/RecordText.h"
-#include "app/report/ReportText.h"
 #include "app/war/WarAdvance.h"
 #include "engine/core/File.h"
 #include "engine/core/Language.h"
@@ -18,12 +16,12 @@
 #include "engine/core/UserDirectory.h"
 #include "standin/StandIn.h"
 #include "tools/career/RecordLines.h"
+#include "tools/career/ReportLines.h"
 #include "tools/career/SessionWording.h"
 #include "tools/common/Print.h"
 
 namespace {
 
-constexpr size_t ColumnWidth = 54;      // of the report: the longest name and its victories fit
 constexpr uint32_t LookInterval = 1000; // milliseconds between two checks for a log
 
 zel::String simulatorFolder() { return Configuration::getRofDirectory(); }
@@ -35,18 +33,9 @@ const Wording& adviceFor(SimulatorState state) {
     return simulatorFolder().empty() ? wording::StatusNoSimulator : wording::StatusNotThere;
 }
 
-void print(const zel::String& line) { tools::print(stdout, line + "\n"); }
+int32_t today(const Database& career) { return career.calendar().dateNumber(); }
 
-void printColumns(const zel::String& left, const zel::String& right) {
-    std::string line;
-    if (!left.empty() || !right.empty())
-        line = "  " + std::string(left.view());
-    if (!right.empty()) {
-        line.resize(std::max<size_t>(line.size(), 2 + ColumnWidth), ' ');
-        line += right.view();
-    }
-    print(zel::system::printedText(line));
-}
+void print(const zel::String& line) { tools::print(stdout, line + "\n"); }
 
 } // namespace
 
@@ -84,7 +73,6 @@ bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
     career.createCareer(service);
     if (!career.hasCareer())
         return fail("No squadron could be made");
-    missionWritten = false;
     say(serviceText(service));
     say(startDateText(year, month));
     say(pilotNameText(career));
@@ -94,7 +82,6 @@ bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
 }
 
 bool Session::load() {
-    missionWritten = false;
     const zel::String path = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     if (career.loadFile(SaveFileName)) {
         sayFile(wording::Loaded, path);
@@ -131,16 +118,29 @@ bool Session::status() {
     say(baseText(career));
     say(textOf(wording::StatusVictories, {player.shotdowns}));
     say(textOf(wording::StatusMissions, {player.missions}));
-    say(nextStep());
+    const MissionOrders* orders = flight.orders(career);
+    if (orders != nullptr)
+        sayOrders(*orders);
+    else if (const int32_t date = flight.voidOrders(career); date > today(career))
+        say(textOf(wording::OrdersVoid, {dateInLanguage(Calendar::ofNumber(date))}));
+    say(nextStep(orders != nullptr));
     return true;
 }
 
-zel::String Session::nextStep() const {
+void Session::sayOrders(const MissionOrders& orders) const {
+    say(textOf(wording::OrdersOut, {dateInLanguage(Calendar::ofNumber(orders.date))}));
+    sayFile(wording::OrdersFiles[static_cast<size_t>(fileOf(orders))], missionFilePath());
+    sayFile(wording::OrdersLog, simulatorFolder() + "data\\");
+    if (!flight.areOrdersKept())
+        say(textOf(wording::OrdersEndHere));
+}
+
+zel::String Session::nextStep(bool areOrdersOut) const {
     if (isWarOver(career))
         return textOf(wording::StatusNext, {missionButtonText(career)});
     if (const SimulatorState state = checkSimulator(); state != SimulatorState::Ready)
         return textOf(wording::StatusNext, {textOf(adviceFor(state), {simulatorFolder()})});
-    if (missionWritten)
+    if (areOrdersOut)
         return textOf(wording::StatusNextFly);
     if (career.invitationSquadron >= 0)
         return textOf(wording::StatusNextAnswer);
@@ -152,16 +152,16 @@ bool Session::mission() {
         return false;
     if (isWarOver(career))
         return fail(missionButtonText(career));
-    missionWritten = false;
     keepPlayerOnAllowedMap(career);
     say(dateInLanguage(career.calendar()));
     const DailyMission today = flight.begin(career);
     if (!today.problem.empty())
         return fail(today.problem);
-    missionWritten = true;
     for (const zel::String& line : today.roster)
         say(line);
     say(startLabel(today));
+    if (!flight.areOrdersKept())
+        say(textOf(wording::OrdersEndHere));
     return true;
 }
 
@@ -182,8 +182,8 @@ bool Session::fly() {
 bool Session::report() {
     if (!needCareer() || !needSimulator())
         return false;
-    if (!missionWritten)
-        return fail("There is no mission of this run to report on: mission comes before report");
+    if (flight.orders(career) == nullptr)
+        return fail(whyNoOrders(flight, career));
     bool found = flight.findReport(career);
     const auto isEnding = [&] { return flight.news().state == LogState::Ending; };
     for (int32_t waited = 0; !found && (waited < waitSeconds || isEnding()); ++waited) {
@@ -191,9 +191,7 @@ bool Session::report() {
         found = flight.findReport(career);
     }
     if (!found)
-        return fail("No log of a finished flight has come into " +
-                    Configuration::getRofDirectory() + "data\\");
-    missionWritten = false;
+        return fail(whyNoReport(flight));
     say(textOf(wording::ReportHead, {dateInLanguage(career.calendar())}));
     sayReport();
     flight.report().clear();
@@ -202,20 +200,8 @@ bool Session::report() {
 }
 
 void Session::sayReport() {
-    if (quiet)
-        return;
-    const ReportColumns columns = combatReportColumns(flight.report().pilots);
-    if (columns.left.empty() && columns.right.empty())
-        printColumns(textOf(wording::NoMission), "");
-    for (size_t i = 0; i < std::max(columns.left.size(), columns.right.size()); ++i) {
-        const ReportEntry left = i < columns.left.size() ? columns.left[i] : ReportEntry();
-        const ReportEntry right = i < columns.right.size() ? columns.right[i] : ReportEntry();
-        printColumns(left.pilot, right.pilot);
-        printColumns(left.fate, right.fate);
-        printColumns(left.cause, right.cause);
-    }
-    if (!columns.note.empty())
-        say(columns.note);
+    for (const zel::String& line : reportLines(flight.report().pilots))
+        say(line);
 }
 
 void Session::advanceOnePeriod() {
@@ -226,7 +212,6 @@ void Session::advanceOnePeriod() {
 bool Session::advance(int32_t periods) {
     if (!needCareer())
         return false;
-    missionWritten = false;
     for (int32_t i = 0; i < periods; ++i)
         advanceOnePeriod();
     say(dateInLanguage(career.calendar()));

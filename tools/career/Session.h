@@ -19,7 +19,8 @@ public:
     /// waitSeconds: how long report() waits for the simulator's log. keepsRecord: what happens is
     /// written to the record of the war.
     Session(bool quiet, int32_t waitSeconds, bool keepsRecord = true)
-        : quiet(quiet), waitSeconds(waitSeconds), progress(!quiet) {
+        : quiet(quiet), waitSeconds(waitSeconds), flight(keepsRecord ? &record : nullptr),
+          progress(!quiet) {
         if (keepsRecord)
             career.observer = &record;
     }
@@ -63,9 +64,10 @@ private:
     bool sayLines(const std::vector<zel::String>& lines);
     void say(const zel::String& line) const;
     void sayFile(const Wording& wording, const zel::String& file) const;
+    void sayOrders(const MissionOrders& orders) const;
     void sayReport();
     void advanceOnePeriod();
-    zel::String nextStep() const;
+    zel::String nextStep(bool areOrdersOut) const;
 
     bool quiet;
     int32_t waitSeconds;
@@ -76,5 +78,4 @@ private:
     Flight flight;
     InvitationLetter letter;
     Progress progress;
-    bool missionWritten = false; // by this run, whose plan the report needs
 };

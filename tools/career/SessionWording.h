@@ -55,5 +55,12 @@ inline constexpr Wording PageIsDamaged   {3081, "$1 (damaged)"};
 inline constexpr Wording PageUnreadable  {3082, "$1: $2 is damaged. Saved: $3"}; // name, file
 inline constexpr Wording TurnedBack      {3083, "The page $1 is the present save"};
 
+inline constexpr Wording OrdersOut       {2730, "Orders: those of $1 are out"};
+inline constexpr Wording OrdersFiles[] = { // by OrdersFile
+    {2731, "Mission file: $1"}, {2732, "Mission file: $1, changed since the orders"}, {2733, "Mission file: $1, which is gone"},
+};
+inline constexpr Wording OrdersLog       {2734, "Log sought: missionReport(...)[0].txt in $1, newer than the orders"};
+inline constexpr Wording OrdersEndHere   {2735, "These orders are not kept: report before this program ends"};
+
 } // namespace wording
 // clang-format on
