@@ -27,6 +27,8 @@ public:
     /// The career is about to be written; `content` is the whole save file. It isn't known yet
     /// whether that will succeed.
     virtual void onSaving(const Database&, std::string_view /*content*/) {}
+    /// The save that onSaving() announced has its final name.
+    virtual void onSaved(const Database&) {}
 
     /// Before the victor's victories are raised and anybody is dead.
     virtual void onVictory(const Database&, const Victory&) {}

@@ -262,6 +262,8 @@ bool writeSave(Database& career, const zel::String& name) {
         career.damagedSave = "";
     if (isWritten)
         career.isUnsaved = false;
+    if (isWritten && career.observer != nullptr)
+        career.observer->onSaved(career);
     if (!isWritten)
         zel::log("The career can't be written to " + path + ": " + zel::faultText(fault) +
                      "; the file before it is kept",

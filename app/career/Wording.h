@@ -88,6 +88,7 @@ inline constexpr Wording Base       {609, "Current base: Near $1"};
 inline constexpr Wording Player     {610, "$1: victories $2, missions $3"};
 inline constexpr Wording Successor  {611, "$2 is dead. His place is taken by $1: victories $3, missions $4"};
 inline constexpr Wording RecordGap  {612, "There is no record of the war from $1 to $2."};
+inline constexpr Wording RecordGapOfDay{613, "The record of the war may lack part of $1."};
 
 inline constexpr Wording LeaderInvites      {710, "$1 has invited you to join $2."};
 inline constexpr Wording LeaderInvitesToHis {711, "$1 has invited you to join his squadron."};

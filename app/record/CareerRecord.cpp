@@ -1,14 +1,12 @@
 #include "app/record/CareerRecord.h"
 
-#include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "app/career/Checksum.h"
 #include "app/career/Database.h"
 #include "app/record/KeptRecords.h"
 #include "app/record/OrdersTable.h"
-#include "app/record/RecordSchema.h"
+#include "app/record/RecordSearch.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
@@ -19,28 +17,23 @@ void logRecord(const zel::String& message) { zel::log(message, "Record", zel::Lo
 
 int32_t today(const Database& career) { return career.calendar().dateNumber(); }
 
-/// Moves a record to a name that says why. False if that can't be.
-bool moveAside(const zel::String& path, RecordState why) {
-    const zel::String moved = setRecordAside(path, why);
-    logRecord(moved.empty() ? path + " " + stateText(why) + " and can't be moved"
-                            : path + " " + stateText(why) + "; it is kept as " + moved);
-    return !moved.empty();
-}
-
 } // namespace
 
-void CareerRecord::close() {
+CareerRecord::~CareerRecord() { close(); }
+
+bool CareerRecord::close() {
     file.close();
+    const bool isClosed = place != Place::File || !hasCompanions(path);
+    if (!isClosed)
+        logRecord("Another program has " + path + " open");
     writer.reset();
     events = {};
     rowsWait = false;
-    isCut = true;
     knownGaps.clear();
-    orders.reset();
-    ordersWait = false;
-    voidDate = 0;
+    orders = {};
     place = Place::None;
     folder = nullptr;
+    return isClosed;
 }
 
 void CareerRecord::release() {
@@ -51,7 +44,7 @@ void CareerRecord::release() {
 void CareerRecord::reopen(const Database& career, const char* newFolder) {
     folder = newFolder;
     if (place == Place::File)
-        attach(career, true);
+        attach(career);
 }
 
 zel::String CareerRecord::recordPath() const {
@@ -63,8 +56,9 @@ zel::String CareerRecord::recordPath() const {
 void CareerRecord::onCareerBegun(const Database& career) {
     close();
     place = Place::Memory;
-    ownsFile = false;
+    inTheWay = RecordState::OtherCareer;
     lastSave = {{}, today(career)};
+    mark = {};
     for (const Squadron& squadron : career.squadrons)
         for (const int32_t pilot : squadron.slots)
             if (career.isPilot(pilot))
@@ -74,150 +68,182 @@ void CareerRecord::onCareerBegun(const Database& career) {
 
 void CareerRecord::onCareerLoaded(const Database& career, const zel::String& loaded) {
     close();
-    ownsFile = true;
     lastSave = {checksumOfFile(loaded), today(career)};
-    // Going back to another file, as to the save before, must not cost the save its own rows yet.
-    attach(career, loaded == zel::getUserDirectory() + SaveFileName);
+    attach(career);
     if (place == Place::File)
-        takeUpOrders(career);
+        orders.takeUp(file, career, lastSave.date);
 }
 
-/// Connects the career with its file. isFinal: what isn't in the save is removed at once.
-void CareerRecord::attach(const Database& career, bool isFinal) {
-    file.close();
+/// Connects the career with its file.
+void CareerRecord::attach(const Database& career) {
     writer.reset();
-    RecordState state = openRecord(file, recordPath(), career.careerNumber);
-    if (state == RecordState::Ready && isFinal)
-        state = preferRestored(file, recordPath(), career.careerNumber, lastSave.checksum);
-    if (state == RecordState::Ready)
-        return cut(isFinal);
+    path = recordPath();
+    const RecordState state = openRecord(file, path, career.careerNumber);
     if (state == RecordState::Unusable)
         return giveUp();
+    if (state == RecordState::Ready)
+        mark = findPage(file, lastSave, career);
+    if (state == RecordState::Ready && mark.isOwn)
+        return connect();
+    inTheWay = state;
     const int32_t orderedDay = state == RecordState::OtherCareer ? lastUnreported(file) : 0;
     if (orderedDay > 0)
         logRecord(zel::String("The orders of ") + orderedDay +
                   " are void: they are of another career");
+    if (attachOther(career))
+        return;
+    if (state == RecordState::Ready)
+        return connect();
     file.close();
-    if (state != RecordState::Missing)
-        ownsFile = moveAside(recordPath(), state);
     startOver(state);
 }
 
-void CareerRecord::cut(bool isFinal) {
-    place = Place::File;
-    const int32_t orderedDay = lastUnreported(file);
-    voidDate = orderedDay != lastSave.date ? orderedDay : 0;
-    file.begin();
-    const int32_t lacking = cutRecord(file, lastSave);
-    if (isFinal)
-        file.commit();
-    isCut = isFinal;
-    knownGaps.clear();
-    for (SqliteStatement gap(file, "SELECT since, until FROM gap ORDER BY id"); gap.next();)
-        knownGaps.push_back({gap.integer(0), gap.integer(1)});
-    if (file.failed())
-        return giveUp();
-    if (lacking == lastSave.date)
-        return;
-    events.gaps = {{lacking, lastSave.date}};
-    knownGaps.push_back(events.gaps.front());
-    logRecord(zel::String("The record of the war has nothing from ") + lacking + " to " +
-              lastSave.date);
+/// Looks for the career's record among those that were moved away. One of another course of the
+/// war is no better than the one that has the record's name.
+bool CareerRecord::attachOther(const Database& career) {
+    const auto found = findRecord(recordPath(), career, lastSave, inTheWay == RecordState::Ready);
+    if (!found)
+        return false;
+    path = found->path;
+    mark = found->mark;
+    if (reopenRecord(file, path))
+        connect();
+    else
+        giveUp();
+    return true;
 }
 
-/// The orders of the save's day, if the career can have flown them.
-void CareerRecord::takeUpOrders(const Database& career) {
-    if (voidDate > lastSave.date)
-        logRecord(zel::String("The orders of ") + voidDate + " are void: the career is at " +
-                  lastSave.date);
-    std::optional<MissionOrders> found = readOrders(file, lastSave.date);
-    if (!found)
+/// REQUIRES: the file is open, and `mark` the page in it.
+void CareerRecord::connect() {
+    place = Place::File;
+    noteGaps();
+    if (file.failed())
+        giveUp();
+}
+
+void CareerRecord::noteGaps() {
+    knownGaps = gapsUpTo(file, mark);
+    if (mark.isOwn || file.failed())
         return;
-    const auto isHis = [&](const PlannedPlane& plane) {
-        return career.isPilot(plane.pilot) &&
-               plane.name == zel::arrayText(career.pilot(plane.pilot).name);
-    };
-    const std::vector<PlannedPlane>& planes = found->planes;
-    if (planes.empty() || planes.front().pilot != career.playerPilot ||
-        !std::all_of(planes.begin(), planes.end(), isHis)) {
-        voidDate = lastSave.date;
-        return logRecord(zel::String("The orders of ") + voidDate +
-                         " are void: their pilots aren't those of the career");
-    }
-    found->careerNumber = career.careerNumber;
-    orders = std::make_shared<const MissionOrders>(std::move(*found));
+    events.gaps = {{mark.date, lastSave.date}};
+    knownGaps.push_back(events.gaps.front());
+    logRecord(zel::String("The record of the war has nothing from ") + mark.date + " to " +
+              lastSave.date);
 }
 
 /// The career goes on with a record that holds nothing of what was before.
 void CareerRecord::startOver(RecordState why) {
     place = Place::Memory;
+    inTheWay = why;
+    mark = {};
     if (lastSave.checksum.empty())
         return; // it began in this run: all of it is among the events
     events.gaps = {{FirstDayOfWar, lastSave.date}};
     knownGaps = events.gaps;
-    logRecord(zel::String("The record of the war ") + stateText(why) + ": it has nothing before " +
-              lastSave.date);
+    logRecord(zel::String("The record of the war ") + recordStateTexts(why).text +
+              ": it has nothing before " + lastSave.date);
 }
 
 /// REQUIRES: the file has failed.
 void CareerRecord::giveUp() {
-    logRecord("The record of the war can't be used (" + recordPath() + ": " + file.problem() +
+    const bool isDamaged = file.isDamaged();
+    logRecord("The record of the war can't be used (" + path + ": " + file.problem() +
               "); the career goes on, and the next save tries again");
     file.close();
     writer.reset();
     place = Place::Unusable;
+    if (isDamaged)
+        startOver(path == recordPath() ? RecordState::Damaged : inTheWay);
 }
 
+/// Where something else has the record's name, the file gets a name of its own until the save is in
+/// its place.
 bool CareerRecord::makeFile(const Database& career) {
     file.close();
     writer.reset();
-    if (!ownsFile && zel::system::fileStatus(recordPath()).exists &&
-        !moveAside(recordPath(), RecordState::OtherCareer))
-        return false;
-    const bool isMade = createRecord(file, recordPath()) && file.begin();
+    path = recordPath();
+    if (zel::system::fileStatus(path).exists)
+        path = freeRecordPath(path, "-new");
+    mark = {};
+    const bool isMade = createRecord(file, path) && file.begin();
     if (isMade)
         writeFoundations(file, career, WINGTALLY_VERSION);
     else
-        giveUp();
+        dropFile();
     return isMade;
+}
+
+/// The file that this save has made can't be completed.
+void CareerRecord::dropFile() {
+    giveUp();
+    removeRecord(path);
+    place = Place::Memory;
 }
 
 void CareerRecord::onSaving(const Database& career, std::string_view content) {
     if (place == Place::File && file.failed())
         giveUp();
     if (place == Place::Unusable)
-        attach(career, false);
+        attach(career);
     const bool isNew = place == Place::Memory;
     if (place == Place::None || place == Place::Unusable || (isNew && !makeFile(career)))
         return;
     writeEvents(career);
-    if (orders != nullptr && (ordersWait || !isCut))
-        writeOrders(file, *orders);
+    orders.write(file);
     const SavedPage page = {checksumOf(content), today(career)};
-    addPage(file, page);
+    const PageMark added = addPage(file, page);
     if (!file.commit()) {
-        giveUp();
-        if (isNew)
-            zel::system::removeFile(recordPath());
-        place = isNew ? Place::Memory : Place::Unusable;
+        isNew ? dropFile() : giveUp();
         return;
     }
     place = Place::File;
-    ownsFile = true;
     lastSave = page;
-    isCut = true;
+    mark = added;
     events = {};
     writer.reset();
     rowsWait = false;
-    ordersWait = false;
+}
+
+void CareerRecord::onSaved(const Database&) {
+    if (place == Place::File && path != recordPath())
+        takeName();
+}
+
+/// Gives the file the record's name. What has the name is kept under another one.
+void CareerRecord::takeName() {
+    const zel::String name = recordPath();
+    file.close();
+    bool isFree = !zel::system::fileStatus(name).exists ||
+                  (inTheWay == RecordState::Ready && keepReplaced(name));
+    if (!isFree) {
+        const zel::String kept = freeRecordPath(name, recordStateTexts(inTheWay).ending);
+        isFree = moveRecord(name, kept);
+        logRecord(name + " " + recordStateTexts(inTheWay).text +
+                  (isFree ? "; it is kept as " + kept : zel::String(" and can't be moved")));
+    }
+    if (isFree && moveRecord(path, name))
+        path = name;
+    if (!reopenRecord(file, path))
+        giveUp();
+}
+
+/// What another program has added since is cut off, as the save replaces that program's save.
+void CareerRecord::beginWriting(const Database& career) {
+    writer.reset();
+    file.begin();
+    if (!hasPage(file, mark) && !file.failed()) {
+        mark = findPage(file, lastSave, career);
+        noteGaps();
+    }
+    if (endsWith(file, mark))
+        return;
+    cutRecord(file, mark);
+    cutOrders(file, lastSave.date);
 }
 
 void CareerRecord::writeEvents(const Database& career) {
-    if (!file.isInTransaction()) {
-        file.begin();
-        if (!isCut)
-            cutRecord(file, lastSave);
-    }
+    if (!file.isInTransaction())
+        beginWriting(career);
     writer.write(file, career, events);
 }
 
@@ -229,56 +255,34 @@ void CareerRecord::onWarAdvanced(const Database& career) {
         writeEvents(career);
 }
 
-std::shared_ptr<const MissionOrders> CareerRecord::ordersOut(const Database& career) const {
-    const bool areOut = orders != nullptr && orders->careerNumber == career.careerNumber &&
-                        orders->date == today(career);
-    return areOut ? orders : nullptr;
-}
-
 bool CareerRecord::keep(const Database& career, MissionOrders kept) {
-    orders = std::make_shared<const MissionOrders>(std::move(kept));
-    ordersWait = true;
+    orders.replace(std::move(kept));
     if (place == Place::File && file.failed())
         giveUp();
     if (place == Place::Unusable)
-        attach(career, false);
-    voidDate = 0;
+        attach(career);
     const bool isNew = place == Place::Memory;
     if (isNew && lastSave.checksum.empty())
         return true; // without a save there is nothing to come back to
     if (place == Place::Unusable || (isNew && !makeFile(career)))
         return false;
-    const bool isThere = !isNew || file.commit();
-    if (isThere && commitOrders()) {
-        place = Place::File;
-        ownsFile = true;
-        return true;
-    }
-    if (!isThere)
-        giveUp();
-    if (isNew) {
-        zel::system::removeFile(recordPath());
-        place = Place::Memory;
-    }
-    return false;
-}
-
-/// What the open transaction holds belongs to a save that may never be made: only the orders are
-/// committed. The file's other commits do without a sync.
-bool CareerRecord::commitOrders() {
-    rowsWait = rowsWait || file.isInTransaction();
-    writer.reset();
-    file.rollback();
-    file.run("PRAGMA synchronous = FULL");
-    file.begin();
-    writeOrders(file, *orders);
-    if (!file.commit()) {
-        giveUp();
+    if (isNew && !file.commit()) {
+        dropFile();
         return false;
     }
-    file.run("PRAGMA synchronous = NORMAL");
-    ordersWait = false;
-    return true;
+    place = Place::File;
+    // The save that it belongs to is in its place already.
+    if (isNew && path != recordPath())
+        takeName();
+    if (place != Place::File)
+        return false;
+    // What the open transaction holds belongs to a save that may never be made.
+    rowsWait = rowsWait || file.isInTransaction();
+    writer.reset();
+    const bool areKept = orders.commit(file);
+    if (!areKept)
+        giveUp();
+    return areKept;
 }
 
 bool CareerRecord::isReported(const zel::String& log, const zel::String& hash) {
@@ -287,61 +291,60 @@ bool CareerRecord::isReported(const zel::String& log, const zel::String& hash) {
             return true;
     if (place != Place::File)
         return false;
-    SqliteStatement row(file, "SELECT 1 FROM flight WHERE log = ? AND log_hash = ?");
-    return row.with(log, hash).next();
-}
-
-int32_t CareerRecord::voidOrders(const Database& career) const {
-    return orders != nullptr && ordersOut(career) == nullptr ? orders->date : voidDate;
+    // What comes after the page of the save is another course of the war.
+    SqliteStatement row(file, "SELECT 1 FROM flight WHERE log = ? AND log_hash = ?"
+                              " AND number <= (SELECT flight FROM page WHERE id = ?)");
+    return row.with(log, hash, mark.id).next();
 }
 
 SqliteFile& CareerRecord::read(const Database& career) {
     if (place == Place::File) {
-        writeEvents(career);
+        const bool isAsSaved = !file.isInTransaction() && events.empty() && endsWith(file, mark);
+        if (!isAsSaved)
+            writeEvents(career);
         if (!file.failed())
             return file;
         giveUp();
     }
-    if (!file.isOpen()) {
-        file.openInMemory();
-        migrateRecord(file);
-        file.begin();
-        writeFoundations(file, career, WINGTALLY_VERSION);
-    }
-    writeEvents(career);
+    if (!file.isOpen() || file.failed())
+        openForReading(career);
+    if (!file.failed())
+        writeEvents(career);
     return file;
 }
 
+/// Makes tables in memory. On error: the file has failed.
+void CareerRecord::openForReading(const Database& career) {
+    mark = {};
+    if (place == Place::Unusable) {
+        path = recordPath();
+        const RecordState state = openRecordCopy(file, path, career.careerNumber);
+        if (state == RecordState::Ready) {
+            mark = findPage(file, lastSave, career);
+            noteGaps();
+        }
+        if (state == RecordState::Ready || state == RecordState::Unusable)
+            return;
+    }
+    writer.reset();
+    createRecordInMemory(file);
+    file.begin();
+    writeFoundations(file, career, WINGTALLY_VERSION);
+}
+
 void CareerRecord::onVictory(const Database& career, const Victory& victory) {
-    const auto squadronOf = [&](int32_t pilot) {
-        return pilot >= 0 ? career.pilot(pilot).squadron : -1;
-    };
-    const int32_t flight = victory.isSeen ? static_cast<int32_t>(events.flights.size()) - 1 : -1;
-    events.victories.push_back(
-        {today(career), victory, squadronOf(victory.victor), squadronOf(victory.victim), flight});
+    events.add(career, victory);
 }
 
 void CareerRecord::onPosting(const Database& career, const Posting& posting) {
-    events.postings.push_back({today(career), posting, career.pilot(posting.pilot).squadron});
+    events.add(career, posting);
     if (posting.kind == PostingKind::Transferred && posting.pilot == career.playerPilot)
         onBaseChange(career);
 }
 
-void CareerRecord::onBaseChange(const Database& career) {
-    const Squadron& squadron = career.playerSquadron();
-    events.bases.push_back({today(career), career.player().squadron,
-                            zel::String(zel::arrayText(squadron.baseName)),
-                            squadron.onChannelMap != 0, squadron.baseX, squadron.baseZ});
-}
+void CareerRecord::onBaseChange(const Database& career) { events.addBase(career); }
 
 void CareerRecord::onFlight(const Database& career, const FlownMission& mission) {
-    const Squadron& squadron = career.playerSquadron();
-    const std::string_view path = mission.log;
-    events.flights.push_back(
-        {today(career), mission, zel::String(path.substr(path.find_last_of("/\\") + 1)),
-         checksumOfFile(mission.log), career.player().squadron,
-         zel::String(zel::arrayText(squadron.baseName)), squadron.onChannelMap != 0});
-    orders.reset();
-    ordersWait = false;
-    voidDate = 0;
+    events.add(career, mission);
+    orders = {};
 }

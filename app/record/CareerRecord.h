@@ -7,6 +7,7 @@
 #include "app/career/CareerObserver.h"
 #include "app/career/MissionOrders.h"
 #include "app/record/RecordFile.h"
+#include "app/record/RecordOrders.h"
 #include "app/record/RecordWriter.h"
 #include "app/record/Sqlite.h"
 #include "engine/core/String.h"
@@ -15,8 +16,12 @@
 constexpr const char* RecordFileName = "Saves/record.db";
 
 /// The record of a career's war: what the observer hears waits in memory and is written with each
-/// save, in one transaction before the save itself. Whatever happens to the record, the career goes
-/// on: an error is a log line, and the next save tries again.
+/// save, in one transaction just before the save gets its name. Whatever happens to the record, the
+/// career goes on: an error is a log line, and the next save tries again.
+///
+/// Loading a save changes nothing on the disk: what isn't in the save is cut from the record, and
+/// what has the record's name without being of use is moved out of the way, when the career is
+/// saved. A record that was moved away before is found again by its career and its pages.
 ///
 /// The orders of a mission are committed at once, if the career has a save. After a load the orders
 /// of the save's day are out.
@@ -27,31 +32,37 @@ constexpr const char* RecordFileName = "Saves/record.db";
 class CareerRecord : public CareerObserver, public OrdersBook {
 public:
     CareerRecord() = default;
+    ~CareerRecord() override;
     CareerRecord(const CareerRecord&) = delete;
     CareerRecord& operator=(const CareerRecord&) = delete;
 
     void onCareerBegun(const Database& career) override;
     void onCareerLoaded(const Database& career, const zel::String& loaded) override;
     void onSaving(const Database& career, std::string_view content) override;
+    void onSaved(const Database& career) override;
     void onWarAdvanced(const Database& career) override;
     void onVictory(const Database& career, const Victory& victory) override;
     void onPosting(const Database& career, const Posting& posting) override;
     void onBaseChange(const Database& career) override;
     void onFlight(const Database& career, const FlownMission& mission) override;
 
-    std::shared_ptr<const MissionOrders> ordersOut(const Database& career) const override;
+    std::shared_ptr<const MissionOrders> ordersOut(const Database& career) const override {
+        return orders.out(career);
+    }
     bool keep(const Database& career, MissionOrders orders) override;
     bool isReported(const zel::String& log, const zel::String& hash) override;
-    int32_t voidOrders(const Database& career) const override;
+    int32_t voidOrders(const Database& career) const override { return orders.voidDate(career); }
 
-    /// The tables with all that has happened up to now, saved or not, for reading only. Where the
-    /// file can't be used they hold what has happened since. REQUIRES: the career that this
-    /// observes.
+    /// The tables with all that has happened up to now, saved or not, for reading only. A file that
+    /// can't be written at present is read into memory. On error: the SQLite file has failed, and
+    /// its problem() says why; keep the reference and ask it after reading. REQUIRES: the career
+    /// that this observes.
     SqliteFile& read(const Database& career);
     /// From when to when nothing is in the record; none for a whole one.
     const std::vector<RecordGap>& gaps() const { return knownGaps; }
-    /// Closes the file, so that it can be moved. What is not saved is lost.
-    void close();
+    /// Closes the file, so that it can be moved. What is not saved is lost. False if SQLite's
+    /// companions are still beside it, because another program has it open.
+    bool close();
 
     // While a new career changes places with the one before it (Shelf):
 
@@ -72,26 +83,29 @@ private:
     };
 
     zel::String recordPath() const;
-    void attach(const Database& career, bool isFinal);
-    void cut(bool isFinal);
-    void takeUpOrders(const Database& career);
-    bool commitOrders();
+    void attach(const Database& career);
+    bool attachOther(const Database& career);
+    void connect();
+    void noteGaps();
     void startOver(RecordState why);
     bool makeFile(const Database& career);
+    void dropFile();
+    void takeName();
+    void beginWriting(const Database& career);
     void writeEvents(const Database& career);
+    void openForReading(const Database& career);
     void giveUp();
 
     SqliteFile file;
     const char* folder = nullptr; // null for that of RecordFileName
     Place place = Place::None;
-    bool ownsFile = false; // what has the record's name is of this career
-    SavedPage lastSave;    // that the events follow
-    bool isCut = true;     // what the loaded save doesn't hold has been removed for good
-    RecordEvents events;   // not saved yet
-    RecordWriter writer;   // of the events, in the open transaction
+    zel::String path; // of the file; until a save it may have another name than the record's
+    RecordState inTheWay = RecordState::Missing; // why what has that name is of no use, if it is
+    SavedPage lastSave;                          // that the events follow
+    PageMark mark;                               // of it in the file
+    RecordEvents events;                         // not saved yet
+    RecordWriter writer;                         // of the events, in the open transaction
     bool rowsWait = false; // a transaction with them was rolled back: the save inserts all
     std::vector<RecordGap> knownGaps;
-    std::shared_ptr<const MissionOrders> orders; // the last ones without a report; or null
-    bool ordersWait = false;                     // they aren't committed
-    int32_t voidDate = 0;                        // of orders in the file that don't apply; or 0
+    RecordOrders orders;
 };

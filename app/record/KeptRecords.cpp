@@ -40,19 +40,6 @@ bool knowsSave(SqliteFile& record, const zel::String& checksum) {
     return page.with(checksum).next();
 }
 
-/// Replaces the record by a copy of the newest one that was kept and knows the save, if there is
-/// one.
-void restoreRecord(const zel::String& record, const zel::String& checksum) {
-    for (const zel::String& kept : keptRecords(record)) {
-        SqliteFile file;
-        const bool isKnown = file.open(kept, SqliteFile::MustExist) && knowsSave(file, checksum);
-        file.close();
-        if (isKnown && joinLog(record) == Join::Done &&
-            copyRecord(kept, record) == zel::FileFault::None)
-            return;
-    }
-}
-
 } // namespace
 
 bool keepRecord(const zel::String& folder, zel::String& problem) {
@@ -76,11 +63,28 @@ bool keepRecord(const zel::String& folder, zel::String& problem) {
     return fault == zel::FileFault::None;
 }
 
-RecordState preferRestored(SqliteFile& file, const zel::String& path, int32_t careerNumber,
-                           const zel::String& checksum) {
-    if (knowsSave(file, checksum))
-        return RecordState::Ready;
+zel::String copyKeptRecord(const zel::String& record, const zel::String& checksum) {
+    for (const zel::String& kept : keptRecords(record)) {
+        SqliteFile file;
+        const bool isKnown = file.open(kept, SqliteFile::ReadOnly) && knowsSave(file, checksum);
+        file.close();
+        const zel::String copy = freeRecordPath(record, "-new");
+        if (isKnown && copyRecord(kept, copy) == zel::FileFault::None)
+            return copy;
+    }
+    return {};
+}
+
+bool keepReplaced(const zel::String& record) {
+    SqliteFile file;
+    file.open(record, SqliteFile::ReadOnly);
+    zel::String checksum;
+    {
+        SqliteStatement last(file, "SELECT checksum FROM page ORDER BY id DESC LIMIT 1");
+        if (last.next())
+            checksum = last.text(0);
+    }
     file.close();
-    restoreRecord(path, checksum);
-    return openRecord(file, path, careerNumber);
+    const zel::String kept = keptRecordOf(record, checksum);
+    return !checksum.empty() && zel::system::fileStatus(kept).exists && moveRecord(record, kept);
 }

@@ -15,7 +15,9 @@ class SqliteFile;
 /// open.
 [[nodiscard]] bool keepRecord(const zel::String& folder, zel::String& problem);
 
-/// An open record that doesn't know the save of that checksum gives way to a copy of one that was
-/// kept and knows it. Without such a copy it stays. Returns what opening it has come to.
-RecordState preferRestored(SqliteFile& file, const zel::String& path, int32_t careerNumber,
-                           const zel::String& checksum);
+/// Copies the newest of these records that knows the save of that checksum to a free name beside
+/// the career's record. The copy's path; empty if there is none, or on error.
+zel::String copyKeptRecord(const zel::String& record, const zel::String& checksum);
+/// Lets a record that gives way take the place of the copy that was kept with its last page. False
+/// if there is no such copy, or on error. REQUIRES: it isn't open.
+[[nodiscard]] bool keepReplaced(const zel::String& record);

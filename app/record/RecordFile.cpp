@@ -1,16 +1,16 @@
 #include "app/record/RecordFile.h"
 
+#include <algorithm>
 #include <string>
 
-#include "app/record/OrdersTable.h"
 #include "app/record/RecordSchema.h"
-#include "app/record/RecordWriter.h"
 #include "app/record/Sqlite.h"
+#include "engine/core/File.h"
 #include "engine/core/System.h"
 
 namespace {
 
-constexpr const char* Companions[] = {"-wal", "-shm", "-journal"}; // SQLite's own, beside the file
+constexpr const char* Companions[] = {"-wal", "-shm", "-journal"};
 
 // A commit is whole whenever the program is killed, and costs no sync. A file system that can't
 // keep the log in shared memory stays with a journal.
@@ -25,6 +25,32 @@ bool isWhole(SqliteFile& file) {
     return check.next() && check.text(0) == "ok";
 }
 
+/// A number above 2 would make the file read-only for ever.
+bool hasWritableFormat(const zel::String& path) {
+    constexpr int32_t WriteVersion = 18; // its place in the head of the file
+    char head[WriteVersion + 1] = {};
+    zel::File file(path, zel::FileRead);
+    return !file.read(head, sizeof head) || (head[WriteVersion] >= 0 && head[WriteVersion] <= 2);
+}
+
+RecordState damageOr(const SqliteFile& file, RecordState otherwise) {
+    return file.isDamaged() ? RecordState::Damaged : otherwise;
+}
+
+/// The file has the tables that this version makes. Others do no harm.
+bool hasItsTables(SqliteFile& file) {
+    const char* const columns =
+        "SELECT name, (SELECT group_concat(name || ' ' || type || ' ' || \"notnull\" || pk)"
+        " FROM pragma_table_info(tables.name)) FROM sqlite_master AS tables WHERE type = 'table'";
+    SqliteFile model;
+    createRecordInMemory(model);
+    SqliteStatement found(file, std::string(columns) + " AND name = ?");
+    for (SqliteStatement wanted(model, columns); wanted.next();)
+        if (!found.with(wanted.rawText(0)).next() || found.rawText(1) != wanted.rawText(1))
+            return false;
+    return !file.failed();
+}
+
 RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
     // The version first: what a later program writes may look damaged to this one.
     const int64_t version = file.number("PRAGMA user_version");
@@ -33,52 +59,54 @@ RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
     if (!file.failed() && version < 1) // the number is signed, and 0 only in a file without tables
         return RecordState::Damaged;
     if (file.failed() || !prepare(file))
-        return file.isDamaged() ? RecordState::Damaged : RecordState::Unusable;
+        return damageOr(file, RecordState::Unusable);
     if (!isWhole(file))
-        return file.failed() && !file.isDamaged() ? RecordState::Unusable : RecordState::Damaged;
+        return file.failed() ? damageOr(file, RecordState::Unusable) : RecordState::Damaged;
     const int64_t career =
         file.number("SELECT coalesce(max(value), -1) FROM meta WHERE key = 'career'");
-    if (file.failed())
-        return RecordState::Damaged; // there is no such table
-    if (career != careerNumber)
+    if (!file.failed() && career != careerNumber)
         return RecordState::OtherCareer;
-    if (migrateRecord(file))
-        return RecordState::Ready;
-    return file.isDamaged() ? RecordState::Damaged : RecordState::Unusable;
-}
-
-const char* reasonName(RecordState why) {
-    switch (why) {
-    case RecordState::OtherCareer:
-        return "-other-career";
-    case RecordState::Newer:
-        return "-newer";
-    default:
-        return "-damaged";
-    }
+    if (!migrateRecord(file))
+        return damageOr(file, RecordState::Unusable);
+    if (!hasItsTables(file))
+        return file.failed() ? damageOr(file, RecordState::Unusable) : RecordState::Damaged;
+    return RecordState::Ready;
 }
 
 } // namespace
 
-const char* stateText(RecordState state) {
+RecordStateTexts recordStateTexts(RecordState state) {
     switch (state) {
-    case RecordState::Damaged:
-        return "is damaged";
+    case RecordState::Ready:
+        return {"holds another course of the war", "-replaced"};
     case RecordState::OtherCareer:
-        return "is of another career";
+        return {"is of another career", "-other-career"};
     case RecordState::Newer:
-        return "was written by a later version";
+        return {"was written by a later version", "-newer"};
+    case RecordState::Damaged:
+        return {"is damaged", "-damaged"};
     default:
-        return "is missing";
+        return {"is missing", ""};
     }
 }
 
 RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber) {
     if (!zel::system::fileStatus(path).exists)
         return zel::system::isDirectory(path) ? RecordState::Unusable : RecordState::Missing;
+    if (!hasWritableFormat(path))
+        return RecordState::Damaged;
     if (!file.open(path, SqliteFile::MustExist))
-        return file.isDamaged() ? RecordState::Damaged : RecordState::Unusable;
+        return damageOr(file, RecordState::Unusable);
     return checkRecord(file, careerNumber);
+}
+
+bool reopenRecord(SqliteFile& file, const zel::String& path) {
+    return file.open(path, SqliteFile::MustExist) && prepare(file);
+}
+
+RecordState openRecordCopy(SqliteFile& file, const zel::String& path, int32_t careerNumber) {
+    return file.openCopy(path) ? checkRecord(file, careerNumber)
+                               : damageOr(file, RecordState::Unusable);
 }
 
 bool createRecord(SqliteFile& file, const zel::String& path) {
@@ -87,64 +115,33 @@ bool createRecord(SqliteFile& file, const zel::String& path) {
            prepare(file) && migrateRecord(file);
 }
 
-zel::String setRecordAside(const zel::String& path, RecordState why) {
-    const std::string_view whole = path;
-    const std::string_view ending = ".db";
-    const zel::String stem(whole.substr(0, whole.size() - ending.size()));
-    zel::String free = stem + reasonName(why) + ending;
+bool createRecordInMemory(SqliteFile& file) { return file.openInMemory() && migrateRecord(file); }
+
+zel::String freeRecordPath(const zel::String& path, const char* reason) {
+    const zel::String stem(path.view().substr(0, path.view().size() - RecordEnding.size()));
+    zel::String free = stem + reason + RecordEnding;
     for (int32_t number = 2; zel::system::fileStatus(free).exists; ++number)
-        free = stem + reasonName(why) + "-" + number + ending;
-    if (!zel::system::replaceFile(path, free))
-        return {};
-    for (const char* companion : Companions)
-        if (zel::system::fileStatus(path + companion).exists)
-            zel::system::replaceFile(path + companion, free + companion);
+        free = stem + reason + "-" + number + RecordEnding;
     return free;
 }
 
-void addPage(SqliteFile& file, const SavedPage& page) {
-    SqliteStatement(file,
-                    "INSERT INTO page(date,checksum,flight,victory,posting,base,gap) SELECT ?,?,"
-                    "(SELECT coalesce(max(number),0) FROM flight),"
-                    "(SELECT coalesce(max(id),0) FROM victory),"
-                    "(SELECT coalesce(max(id),0) FROM posting),"
-                    "(SELECT coalesce(max(id),0) FROM base),"
-                    "(SELECT coalesce(max(id),0) FROM gap)")
-        .insert(page.date, page.checksum);
-    writeMeta(file, "save", page.checksum);
+bool moveRecord(const zel::String& from, const zel::String& to) {
+    if (!zel::system::replaceFile(from, to))
+        return false;
+    for (const char* companion : Companions)
+        if (zel::system::fileStatus(from + companion).exists)
+            zel::system::replaceFile(from + companion, to + companion);
+    return true;
 }
 
-int32_t cutRecord(SqliteFile& file, const SavedPage& page) {
-    int64_t id = 0;
-    int32_t date = FirstDayOfWar;
-    {
-        SqliteStatement known(file, "SELECT id, date, checksum = ?1 FROM page WHERE checksum = ?1"
-                                    " OR date <= ?2 ORDER BY checksum = ?1 DESC, id DESC LIMIT 1");
-        if (known.with(page.checksum, page.date).next()) {
-            id = known.number(0);
-            date = known.number(2) != 0 ? page.date : known.integer(1);
-        }
-    }
-    struct Table {
-        const char *name, *key, *mark;
-    };
-    constexpr Table Tables[] = {
-        {"flight_plane", "flight", "flight"},
-        {"flight_report", "flight", "flight"},
-        {"flight_event", "flight", "flight"},
-        {"flight", "number", "flight"},
-        {"victory", "id", "victory"},
-        {"posting", "id", "posting"},
-        {"base", "id", "base"},
-        {"gap", "id", "gap"},
-        {"page", "id", "id"},
-    };
-    for (const Table& table : Tables) {
-        const std::string sql = std::string("DELETE FROM ") + table.name + " WHERE " + table.key +
-                                " > coalesce((SELECT " + table.mark +
-                                " FROM page WHERE id = ?), 0)";
-        SqliteStatement(file, sql).insert(id);
-    }
-    cutOrders(file, page.date);
-    return date;
+void removeRecord(const zel::String& path) {
+    for (const char* companion : Companions)
+        zel::system::removeFile(path + companion);
+    zel::system::removeFile(path);
+}
+
+bool hasCompanions(const zel::String& path) {
+    return std::any_of(std::begin(Companions), std::end(Companions), [&](const char* companion) {
+        return zel::system::fileStatus(path + companion).exists;
+    });
 }

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "engine/core/String.h"
 
 class SqliteFile;
 
-constexpr int32_t FirstDayOfWar = 19151201; // of every career
+constexpr std::string_view RecordEnding = ".db";
 
 /// What became of opening a record.
 enum class RecordState {
@@ -18,28 +19,33 @@ enum class RecordState {
     Unusable, // read-only, held by another program, no space: perhaps later
 };
 
-/// "is damaged": why a record can't be used. REQUIRES: neither Ready nor Unusable.
-const char* stateText(RecordState state);
-
-/// Opens the record of that career, checks its pages and brings it to the present schema. Only with
-/// Ready is the file of use; its problem() has the cause of Damaged and Unusable.
-RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber);
-/// Makes the file and its tables. On error: false, and no file.
-bool createRecord(SqliteFile& file, const zel::String& path);
-/// Moves a record that can't be used out of the way, to a name that says why and that no file has:
-/// "record-damaged.db", "record-damaged-2.db". The new path; empty on error. REQUIRES: it isn't
-/// open.
-zel::String setRecordAside(const zel::String& path, RecordState why);
-
-/// A save of the career, as the record knows it.
-struct SavedPage {
-    zel::String checksum;
-    int32_t date = 0; // yyyymmdd
+/// Why a record is of no use, as the rest of a sentence, and the end of the name that it gets.
+/// Ready is one that holds another course of the same war.
+struct RecordStateTexts {
+    const char *text, *ending;
 };
+RecordStateTexts recordStateTexts(RecordState state);
 
-/// Notes that everything in the tables belongs to that save.
-void addPage(SqliteFile& file, const SavedPage& page);
-/// Removes what isn't in that save: all that came after it. A save that the record doesn't know is
-/// taken for the last one up to its date. Returns the day from which on the record lacks what led
-/// to the save: its own date if nothing is lacking.
-int32_t cutRecord(SqliteFile& file, const SavedPage& page);
+/// Opens the record of that career, checks its pages and tables and brings it to the present
+/// schema. Only with Ready is the file of use; its problem() has the cause of Unusable.
+RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber);
+/// Opens it again without the checks. On error: false, and the file has failed.
+bool reopenRecord(SqliteFile& file, const zel::String& path);
+/// Opens a copy in memory of a record that can be read but not written at present.
+RecordState openRecordCopy(SqliteFile& file, const zel::String& path, int32_t careerNumber);
+/// Makes the file and its tables. On error: false, and the file has failed.
+bool createRecord(SqliteFile& file, const zel::String& path);
+/// An empty record in memory.
+bool createRecordInMemory(SqliteFile& file);
+
+// The files of a record are the database and SQLite's own companions beside it. REQUIRES: it isn't
+// open.
+
+/// A path beside the record that no file has: "record-damaged.db", "record-damaged-2.db".
+zel::String freeRecordPath(const zel::String& path, const char* reason);
+/// False on error.
+bool moveRecord(const zel::String& from, const zel::String& to);
+void removeRecord(const zel::String& path);
+/// Whether SQLite's companions are there: the record is open elsewhere, or was when its program was
+/// killed.
+bool hasCompanions(const zel::String& path);

@@ -81,17 +81,20 @@ bool migrateRecord(SqliteFile& file, const char* const* steps, int32_t count) {
 
 const char* kindName(PostingKind kind) {
     constexpr const char* Names[] = {"joined", "transferred", "died", "succeeded"};
+    static_assert(std::size(Names) == static_cast<size_t>(PostingKind::Succeeded) + 1);
     return Names[static_cast<size_t>(kind)];
 }
 
 const char* causeName(PostingCause cause) {
     constexpr const char* Names[] = {"start",    "history",   "replacement", "invitation",
                                      "exchange", "shot down", "own side",    "crash"};
+    static_assert(std::size(Names) == static_cast<size_t>(PostingCause::Crash) + 1);
     return Names[static_cast<size_t>(cause)];
 }
 
 const char* kindName(FlightEventKind kind) {
     constexpr const char* Names[] = {"hit",   "damage",   "wound",   "kill",    "crash",
                                      "death", "take-off", "landing", "position"};
+    static_assert(std::size(Names) == static_cast<size_t>(FlightEventKind::Position) + 1);
     return Names[static_cast<size_t>(kind)];
 }

@@ -3,56 +3,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/career/CareerEvents.h"
+#include "app/record/RecordEvents.h"
 #include "engine/core/String.h"
 
 class Database;
 class SqliteFile;
-
-/// From when to when nothing is in the record, as yyyymmdd. The second day is in it again.
-struct RecordGap {
-    int32_t since = 0;
-    int32_t until = 0;
-};
-
-/// What has happened in a career since it was last written to the record. Names of pilots aren't
-/// copied: a pilot keeps his index and his name for the whole career.
-struct RecordEvents {
-    struct DatedFlight {
-        int32_t date;
-        FlownMission mission;
-        zel::String log; // its first piece, without folder
-        zel::String logHash;
-        int32_t squadron; // the player's
-        zel::String base;
-        bool onChannelMap;
-    };
-    struct DatedVictory {
-        int32_t date;
-        Victory victory;
-        int32_t victorSquadron;
-        int32_t victimSquadron; // -1 for none
-        int32_t flight;         // index of the flights above; -1 for an unseen fight
-    };
-    struct DatedPosting {
-        int32_t date;
-        Posting posting;
-        int32_t squadron; // from then on
-    };
-    struct DatedBase {
-        int32_t date;
-        int32_t squadron;
-        zel::String name;
-        bool onChannelMap;
-        float x, z;
-    };
-
-    std::vector<RecordGap> gaps;
-    std::vector<DatedFlight> flights;
-    std::vector<DatedVictory> victories;
-    std::vector<DatedPosting> postings;
-    std::vector<DatedBase> bases;
-};
 
 /// Writes events into the tables, each of them once.
 class RecordWriter {

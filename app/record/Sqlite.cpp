@@ -19,6 +19,28 @@ bool isPlain(std::string_view text) {
     return bits < 0x80;
 }
 
+/// A file that nobody has open is read as it is, without locks and companions beside it: then it
+/// can also be on a disk that is read-only.
+std::string readOnlyUri(const zel::String& path) {
+    std::string uri = "file:";
+    const std::string plain = zel::system::pathInUtf8(path);
+    const bool hasDrive = plain.empty() || plain[0] != '/';
+    if (hasDrive)
+        uri += '/';
+    for (const char character : plain) {
+        if (hasDrive && character == '\\')
+            uri += '/';
+        else if (character == '%' || character == '?' || character == '#')
+            uri += character == '%' ? "%25" : character == '?' ? "%3F" : "%23";
+        else
+            uri += character;
+    }
+    const auto has = [&](const char* ending) {
+        return zel::system::fileStatus(path + ending).exists;
+    };
+    return uri + (has("-wal") || has("-journal") ? "?mode=ro" : "?mode=ro&immutable=1");
+}
+
 /// Once, before the first use: one thread needs no locks, and nobody asks for the memory in use.
 void setUp() {
     static const bool isDone = [] {
@@ -34,11 +56,28 @@ void setUp() {
 SqliteFile::~SqliteFile() { close(); }
 
 bool SqliteFile::open(const zel::String& path, Mode mode) {
+    if (mode == ReadOnly)
+        return openAs(readOnlyUri(path).c_str(), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     const int creation = mode == MayCreate ? SQLITE_OPEN_CREATE : 0;
     return openAs(zel::system::pathInUtf8(path).c_str(), SQLITE_OPEN_READWRITE | creation);
 }
 
 bool SqliteFile::openInMemory() { return openAs(":memory:", SQLITE_OPEN_READWRITE); }
+
+bool SqliteFile::openCopy(const zel::String& path) {
+    SqliteFile source;
+    source.open(path, ReadOnly);
+    if (!source.failed() && openInMemory()) {
+        sqlite3_backup* const backup = sqlite3_backup_init(handle, "main", source.handle, "main");
+        if (backup != nullptr)
+            sqlite3_backup_step(backup, -1);
+        return check(backup != nullptr ? sqlite3_backup_finish(backup) : sqlite3_errcode(handle));
+    }
+    close();
+    code = source.code;
+    message = source.message;
+    return false;
+}
 
 bool SqliteFile::openAs(const char* name, int flags) {
     setUp();
@@ -102,8 +141,24 @@ bool SqliteFile::isInTransaction() const {
 int64_t SqliteFile::lastRow() const { return sqlite3_last_insert_rowid(handle); }
 
 bool SqliteFile::isDamaged() const {
-    const int kind = code & 0xFF;
-    return kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB;
+    switch (code & 0xFF) {
+    case SQLITE_OK:
+    case SQLITE_PERM:
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_NOMEM:
+    case SQLITE_READONLY:
+    case SQLITE_INTERRUPT:
+    case SQLITE_IOERR:
+    case SQLITE_FULL:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PROTOCOL:
+    case SQLITE_NOLFS:
+    case SQLITE_AUTH:
+        return false;
+    default:
+        return true;
+    }
 }
 
 SqliteStatement::SqliteStatement(SqliteFile& file, std::string_view sql) : file(file), sql(sql) {

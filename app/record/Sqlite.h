@@ -17,7 +17,7 @@ struct sqlite3_stmt;
 /// its end.
 class SqliteFile {
 public:
-    enum Mode { MayCreate, MustExist };
+    enum Mode { MayCreate, MustExist, ReadOnly };
 
     SqliteFile() = default;
     ~SqliteFile();
@@ -28,6 +28,9 @@ public:
     bool open(const zel::String& path, Mode mode);
     /// Opens an empty database that lives in memory.
     bool openInMemory();
+    /// Opens a copy in memory of the file of that path, which is only read. On error: false, and
+    /// the reason.
+    bool openCopy(const zel::String& path);
     /// Closes it, and forgets the error. An open transaction is rolled back.
     void close();
     bool isOpen() const { return handle != nullptr; }
@@ -46,7 +49,8 @@ public:
     int64_t lastRow() const;
 
     bool failed() const { return code != 0; }
-    /// The file is no database, or its pages contradict one another.
+    /// The error is of the file's content, and will be there again at the next attempt: it is no
+    /// database, its pages contradict one another, or tables or columns are missing.
     bool isDamaged() const;
     /// What went wrong, for a log line: "database or disk is full"; empty without an error.
     const zel::String& problem() const { return message; }

@@ -2,67 +2,18 @@
 
 #include <filesystem>
 #include <functional>
-#include <memory>
 
 #include <gtest/gtest.h>
 
-#include "app/career/Database.h"
-#include "app/mission/MissionGenerator.h"
 #include "app/record/RecordSchema.h"
-#include "app/war/InvitationLetter.h"
-#include "app/war/WarAdvance.h"
-#include "tests/support/PinnedRun.h"
+#include "tests/app/record/RecordedProgram.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-/// A program with a career and its record, from its start to its end.
-struct Program {
-    Program() { career.observer = &record; }
-    void begin() {
-        career.createCareer(ServiceGerman);
-        goOn();
-    }
-    /// A period, and a move of the player on its last day.
-    void goOn() {
-        advanceWar(career, &generator);
-        const int32_t other =
-            (career.player().squadron + 1) % static_cast<int32_t>(career.squadrons.size());
-        career.swapPilots(career.playerPilot, career.squadron(other).slots[0]);
-    }
-    /// How much is in the tables, and what of it is last.
-    std::string figures() {
-        SqliteFile& file = record.read(career);
-        std::string text;
-        for (const char* table : {"victory", "posting", "base", "gap"}) {
-            SqliteStatement rows(file, std::string("SELECT count(*), max(id) FROM ") + table);
-            EXPECT_TRUE(rows.next()) << file.problem().view();
-            text += std::string(table) + " " + std::to_string(rows.number(0)) + "/" +
-                    std::to_string(rows.number(1)) + " ";
-        }
-        return text;
-    }
-    bool save() { return career.writeSave(SaveFileName); }
-    bool load() { return career.loadFile(SaveFileName); }
-
-    CareerRecord record;
-    Database career;
-    MissionGenerator generator;
-};
-
-struct CareerRecordTest : testing::Test {
-    std::string path() const { return run.userFolder() + "/Saves/record.db"; }
-    /// As a player's tool sees it.
-    int64_t inFile(const char* sql) const {
-        SqliteFile file;
-        file.open(path(), SqliteFile::MustExist);
-        const int64_t number = file.number(sql);
-        EXPECT_FALSE(file.failed()) << file.problem().view();
-        return number;
-    }
-    PinnedRun run{11};
-};
+using Program = RecordedProgram;
+using CareerRecordTest = RecordTest;
 
 // The next process finds exactly what was saved, including the day of the save.
 TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
@@ -109,7 +60,50 @@ TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
                      " WHERE date = 19151201 AND kind = 'joined' AND cause = 'start')"));
 }
 
-// Each way in which a record can be unusable.
+struct UnusableRecord {
+    std::string content;
+    const char *name, *line; // under which it is kept, and what is logged
+};
+
+/// Each way in which a record can be unusable, made of one that is whole.
+std::vector<UnusableRecord> unusableRecords(const TemporaryFolder& folder) {
+    const std::string whole = folder.read(RecordTest::RecordFile);
+    std::string hollow = whole;
+    hollow.replace(hollow.size() / 3, hollow.size() / 3, hollow.size() / 3, 'x');
+    const auto with = [&](size_t place, char byte) {
+        std::string content = whole;
+        content[place] = byte;
+        return content;
+    };
+    const auto changed = [&](const char* sql) {
+        const std::string path = folder.write(RecordTest::RecordFile, whole);
+        SqliteFile file;
+        EXPECT_TRUE(file.open(path, SqliteFile::MustExist) && file.run(sql)) << sql;
+        file.close();
+        return folder.read(RecordTest::RecordFile);
+    };
+    const char* const damaged = "is damaged";
+    return {
+        {"", "", "The record of the war is missing"},
+        {"no database at all", "record-damaged.db", damaged},
+        {whole.substr(0, whole.size() / 2), "record-damaged-2.db", damaged},
+        {hollow, "record-damaged-3.db", damaged},
+        {with(18, 3), "record-damaged-4.db", damaged}, // read-only for ever
+        {with(47, 9), "record-damaged-5.db", damaged}, // an unknown format of the schema
+        {changed("DROP TABLE meta"), "record-damaged-6.db", damaged},
+        {changed("DROP TABLE base"), "record-damaged-7.db", damaged},
+        {changed("ALTER TABLE victory RENAME COLUMN died TO fell"), "record-damaged-8.db", damaged},
+        {changed("ALTER TABLE gap ADD COLUMN x NOT NULL DEFAULT 0"), "record-damaged-9.db",
+         damaged},
+        {changed("PRAGMA user_version = -1"), "record-damaged-10.db", damaged},
+        {changed("PRAGMA user_version = 0"), "record-damaged-11.db", damaged},
+        {changed("UPDATE meta SET value = value + 1 WHERE key = 'career'"),
+         "record-other-career.db", "is of another career"},
+        {changed("PRAGMA user_version = 99"), "record-newer.db", "was written by a later version"},
+    };
+}
+
+// It stays where it is until the career is saved.
 TEST_F(CareerRecordTest, BeginsAgainWhereItCantBeUsed) {
     int32_t date = 0;
     {
@@ -117,57 +111,51 @@ TEST_F(CareerRecordTest, BeginsAgainWhereItCantBeUsed) {
         program.begin();
         program.goOn();
         ASSERT_TRUE(program.save());
-        date = program.career.calendar().dateNumber();
+        date = program.date();
     }
-    const std::string whole = run.folder.read("user/Saves/record.db");
-    std::string hollow = whole;
-    hollow.replace(hollow.size() / 3, hollow.size() / 3, hollow.size() / 3, 'x');
-    const auto changed = [&](const char* sql) {
-        run.folder.write("user/Saves/record.db", whole);
-        SqliteFile file;
-        EXPECT_TRUE(file.open(path(), SqliteFile::MustExist) && file.run(sql));
-        file.run("PRAGMA wal_checkpoint(TRUNCATE)");
-        file.close();
-        return run.folder.read("user/Saves/record.db");
-    };
-    const struct {
-        std::string content;
-        const char *name, *line;
-    } cases[] = {
-        {"", "", "The record of the war is missing"},
-        {"no database at all", "record-damaged.db", "is damaged"},
-        {whole.substr(0, whole.size() / 2), "record-damaged-2.db", "is damaged"},
-        {hollow, "record-damaged-3.db", "is damaged"},
-        {changed("DROP TABLE meta"), "record-damaged-4.db", "is damaged"},
-        {changed("UPDATE meta SET value = value + 1 WHERE key = 'career'"),
-         "record-other-career.db", "is of another career"},
-        {changed("PRAGMA user_version = 99"), "record-newer.db", "was written by a later version"},
-        {changed("PRAGMA user_version = -1"), "record-damaged-5.db", "is damaged"},
-        {changed("PRAGMA user_version = 0"), "record-damaged-6.db", "is damaged"},
-    };
-    for (const auto& [content, name, line] : cases) {
+    const std::string save = run.save();
+    for (const auto& [content, name, line] : unusableRecords(run.folder)) {
         const LogCapture lines;
         fs::remove(path());
         if (!content.empty())
-            run.folder.write("user/Saves/record.db", content);
+            run.folder.write(RecordFile, content);
+        run.folder.write(SaveFile, save);
         Program program;
         ASSERT_TRUE(program.load()) << line;
-        EXPECT_TRUE(lines.holds(line)) << lines.text();
+        EXPECT_TRUE(lines.holds(line)) << name << lines.text();
         EXPECT_TRUE(lines.holds("it has nothing before " + std::to_string(date))) << lines.text();
-        if (!content.empty()) {
-            EXPECT_EQ(run.folder.read(std::string("user/Saves/") + name), content) << name;
-        }
         ASSERT_EQ(program.record.gaps().size(), 1U);
         EXPECT_EQ(program.record.gaps()[0].since, 19151201);
         EXPECT_EQ(program.record.gaps()[0].until, date);
+        EXPECT_EQ(!content.empty(), fs::exists(path())) << name;
         program.goOn();
         const std::string figures = program.figures();
         ASSERT_TRUE(program.save());
+        if (!content.empty()) {
+            EXPECT_EQ(run.folder.read(std::string("user/Saves/") + name), content) << name;
+        }
         ASSERT_TRUE(program.load());
-        EXPECT_EQ(program.figures(), figures) << line;
+        EXPECT_EQ(program.figures(), figures) << name;
         EXPECT_EQ(program.record.gaps().size(), 1U) << "the gap is kept with the rest";
-        ASSERT_TRUE(program.career.loadBackup(SaveFileName) && program.save());
     }
+}
+
+// What other tools add to the file is left alone.
+TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
+    Program program;
+    program.begin();
+    ASSERT_TRUE(program.save());
+    program.record.close();
+    {
+        SqliteFile tool;
+        ASSERT_TRUE(tool.open(path(), SqliteFile::MustExist) &&
+                    tool.run("CREATE TABLE notes(text); CREATE INDEX mine ON victory(victor)"));
+    }
+    ASSERT_TRUE(program.load());
+    program.goOn();
+    EXPECT_TRUE(program.save());
+    EXPECT_EQ(inFile("SELECT count(*) FROM page"), 2);
+    EXPECT_EQ(run.lines.linesWith("[Record]"), 0) << run.lines.text();
 }
 
 // An error costs neither the career nor, once it is over, the record.
@@ -200,45 +188,6 @@ TEST_F(CareerRecordTest, WaitsUntilTheFileCanBeUsed) {
     EXPECT_EQ(inFile("SELECT count(*) FROM gap"), 0) << "nothing was lost";
     ASSERT_TRUE(program.load());
     EXPECT_EQ(program.figures(), figures);
-}
-
-TEST_F(CareerRecordTest, LeavesTheCareerBeforeToItsFile) {
-    Program program;
-    program.begin();
-    ASSERT_TRUE(program.save());
-    const std::string before = run.folder.read("user/Saves/record.db");
-    program.career.createCareer(ServiceEnglish); // a draft: nothing happens to the file
-    ASSERT_TRUE(program.load());
-    EXPECT_TRUE(program.record.gaps().empty());
-    program.career.createCareer(ServiceEnglish);
-    ASSERT_TRUE(program.save());
-    EXPECT_TRUE(run.lines.holds("it is kept as")) << run.lines.text();
-    EXPECT_TRUE(fs::exists(run.userFolder() + "/Saves/record-other-career.db"));
-    EXPECT_EQ(inFile("SELECT value FROM meta WHERE key = 'career'"), program.career.careerNumber);
-}
-
-// A save that went on without its record leaves a hole, which is known.
-TEST_F(CareerRecordTest, KnowsWhatItHasMissed) {
-    int32_t since = 0;
-    int32_t until = 0;
-    {
-        Program program;
-        program.begin();
-        ASSERT_TRUE(program.save());
-        since = program.career.calendar().dateNumber();
-        program.career.observer = nullptr;
-        program.goOn();
-        ASSERT_TRUE(program.save());
-        until = program.career.calendar().dateNumber();
-    }
-    for (int32_t time = 0; time < 2; ++time) {
-        Program program;
-        ASSERT_TRUE(program.load());
-        ASSERT_EQ(program.record.gaps().size(), 1U);
-        EXPECT_EQ(program.record.gaps()[0].since, since);
-        EXPECT_EQ(program.record.gaps()[0].until, until);
-        ASSERT_TRUE(program.save());
-    }
 }
 
 // A file of the version before each step comes through it with its rows; a step that fails leaves

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/career/CareerEvents.h"
+#include "app/record/RecordPages.h"
+#include "engine/core/String.h"
+
+class Database;
+
+/// What has happened in a career since it was last written to the record. Names of pilots aren't
+/// copied: a pilot keeps his index and his name for the whole career.
+struct RecordEvents {
+    struct DatedFlight {
+        int32_t date;
+        FlownMission mission;
+        zel::String log; // its first piece, without folder
+        zel::String logHash;
+        int32_t squadron; // the player's
+        zel::String base;
+        bool onChannelMap;
+    };
+    struct DatedVictory {
+        int32_t date;
+        Victory victory;
+        int32_t victorSquadron;
+        int32_t victimSquadron; // -1 for none
+        int32_t flight;         // index of the flights above; -1 for an unseen fight
+    };
+    struct DatedPosting {
+        int32_t date;
+        Posting posting;
+        int32_t squadron; // from then on
+    };
+    struct DatedBase {
+        int32_t date;
+        int32_t squadron;
+        zel::String name;
+        bool onChannelMap;
+        float x, z;
+    };
+
+    std::vector<RecordGap> gaps;
+    std::vector<DatedFlight> flights;
+    std::vector<DatedVictory> victories;
+    std::vector<DatedPosting> postings;
+    std::vector<DatedBase> bases;
+
+    // Each takes what else belongs to the event from the career, as it is at that moment.
+
+    void add(const Database& career, const Victory& victory);
+    void add(const Database& career, const Posting& posting);
+    void add(const Database& career, const FlownMission& mission);
+    /// The player's present one.
+    void addBase(const Database& career);
+
+    bool empty() const {
+        return gaps.empty() && flights.empty() && victories.empty() && postings.empty() &&
+               bases.empty();
+    }
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "app/career/MissionOrders.h"
+
+class SqliteFile;
+
+/// The orders of a career, as its record keeps them; OrdersBook says what they are for.
+class RecordOrders {
+public:
+    /// Takes the orders of the save's day out of the file, if the career can have flown them.
+    void takeUp(SqliteFile& file, const Database& career, int32_t date);
+    void replace(MissionOrders newOrders);
+    /// Those of the present day; or null.
+    std::shared_ptr<const MissionOrders> out(const Database& career) const;
+    /// The day of those that don't apply; or 0.
+    int32_t voidDate(const Database& career) const;
+    /// Writes them, if there are any.
+    void write(SqliteFile& file) const;
+    /// Commits and syncs them alone. An open transaction is rolled back. On error: false, and the
+    /// file has failed. REQUIRES: there are some.
+    bool commit(SqliteFile& file) const;
+
+private:
+    std::shared_ptr<const MissionOrders> orders; // the last ones without a report; or null
+    int32_t voidDay = 0;                         // of orders in the file that don't apply; or 0
+};

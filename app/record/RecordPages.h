@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+class SqliteFile;
+
+// How record and saves are held together: each save has a page, which holds its checksum and the
+// last key of each table.
+
+constexpr int32_t FirstDayOfWar = 19151201; // of every career
+
+/// From when to when nothing is in the record, as yyyymmdd. The second day is in it again; if both
+/// are the same, part of that day is missing.
+struct RecordGap {
+    int32_t since = 0;
+    int32_t until = 0;
+};
+
+/// A save of the career, as the record knows it.
+struct SavedPage {
+    zel::String checksum;
+    int32_t date = 0; // yyyymmdd
+};
+
+/// The page up to which the record belongs to a save.
+struct PageMark {
+    int64_t id = 0;       // 0: nothing in the record leads to the save
+    bool isOwn = false;   // the save's own page, otherwise an earlier one
+    zel::String checksum; // of the page
+    int32_t date = FirstDayOfWar;
+};
+
+/// Adds the page of a save: everything in the tables belongs to it.
+PageMark addPage(SqliteFile& file, const SavedPage& save);
+/// Finds the page of that save. A save that the record doesn't know, as one that was damaged or
+/// played without a record, gets the last page up to its date which the career doesn't contradict:
+/// who has died is dead, who has joined has the same name, and nobody has won more than he is
+/// credited with. So the rows of another branch of the war don't count as its own.
+PageMark findPage(SqliteFile& file, const SavedPage& save, const Database& career);
+/// Whether that page is in the file, and whether it is its last one.
+bool hasPage(SqliteFile& file, const PageMark& mark);
+bool endsWith(SqliteFile& file, const PageMark& mark);
+/// The gaps up to that page.
+std::vector<RecordGap> gapsUpTo(SqliteFile& file, const PageMark& mark);
+/// Removes everything that came after that page.
+void cutRecord(SqliteFile& file, const PageMark& mark);
