@@ -43,13 +43,31 @@ zel::String postingLine(const SqliteStatement& row, int32_t squadron) {
 const std::string VictoryColumns = "SELECT date, victor_name, victor_aircraft, victim_name,"
                                    " victim_aircraft, died FROM victory";
 
-std::vector<zel::String> linesOfVictories(SqliteStatement& row) {
+/// Of letters with accents too, which neither SQLite nor zel::String lowers.
+std::string lowered(std::string_view text) {
+    std::string result(text);
+    for (char& character : result) {
+        const auto code = static_cast<uint8_t>(character);
+        const bool isLatin = code >= 0xC0 && code <= 0xDE && code != 0xD7;
+        if ((code >= 'A' && code <= 'Z') || isLatin)
+            character = static_cast<char>(code + 0x20);
+        else if (code == 0x8A || code == 0x8C || code == 0x8E)
+            character = static_cast<char>(code + 0x10);
+        else if (code == 0x9F)
+            character = static_cast<char>(0xFF);
+    }
+    return result;
+}
+
+/// Those whose victor has `part` in his name, without regard to case; all with an empty one.
+std::vector<zel::String> linesOfVictories(SqliteStatement& row, std::string_view part = {}) {
     std::vector<zel::String> lines;
     while (row.next())
-        lines.push_back(
-            textOf(row.number(5) != 0 ? wording::RecordedKill : wording::RecordedVictory,
-                   {dateText(row.integer(0)), row.text(1), aircraftText(row.text(2)), row.text(3),
-                    aircraftText(row.text(4))}));
+        if (lowered(row.text(1)).find(lowered(part)) != std::string::npos)
+            lines.push_back(
+                textOf(row.number(5) != 0 ? wording::RecordedKill : wording::RecordedVictory,
+                       {dateText(row.integer(0)), row.text(1), aircraftText(row.text(2)),
+                        row.text(3), aircraftText(row.text(4))}));
     return lines;
 }
 
@@ -68,10 +86,8 @@ std::vector<zel::String> flightLines(SqliteFile& record) {
 }
 
 std::vector<zel::String> victoryLines(SqliteFile& record, std::string_view name) {
-    SqliteStatement row(record, VictoryColumns + " WHERE instr(lower(victor_name), lower(?)) > 0"
-                                                 " ORDER BY id");
-    row.with(name);
-    return linesOfVictories(row);
+    SqliteStatement row(record, VictoryColumns + " ORDER BY id");
+    return linesOfVictories(row, name);
 }
 
 // A successor has taken the place of a man who may have been one himself.

@@ -9,11 +9,11 @@
 #include "app/record/RecordExport.h"
 #include "app/record/RecordText.h"
 #include "app/war/WarAdvance.h"
-#include "engine/core/File.h"
 #include "engine/core/Language.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
+#include "engine/core/WholeFile.h"
 #include "standin/StandIn.h"
 #include "tools/career/RecordLines.h"
 #include "tools/career/ReportLines.h"
@@ -286,9 +286,13 @@ bool Session::refuseInvitation() {
     return true;
 }
 
-bool Session::sayLines(const std::vector<zel::String>& lines) {
-    if (const zel::String& problem = record.read(career).problem(); !problem.empty())
-        return fail("The record of the war can't be read: " + problem);
+bool Session::sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf) {
+    if (!needRecord())
+        return false;
+    SqliteFile& tables = record.read(career);
+    const std::vector<zel::String> lines = linesOf(tables);
+    if (tables.failed())
+        return fail("The record of the war can't be read: " + tables.problem());
     for (const RecordGap& gap : record.gaps())
         say(recordGapText(gap));
     for (const zel::String& line : lines)
@@ -298,31 +302,27 @@ bool Session::sayLines(const std::vector<zel::String>& lines) {
     return true;
 }
 
-bool Session::flights() { return needRecord() && sayLines(flightLines(record.read(career))); }
+bool Session::flights() { return sayRecord(flightLines); }
 
 bool Session::victories(const zel::String& name) {
-    if (!needRecord())
-        return false;
-    SqliteFile& tables = record.read(career);
-    return sayLines(name.empty() ? ownVictoryLines(tables, career.playerPilot)
-                                 : victoryLines(tables, name));
+    return sayRecord([&](SqliteFile& t) {
+        return name.empty() ? ownVictoryLines(t, career.playerPilot) : victoryLines(t, name);
+    });
 }
 
 bool Session::postings() {
-    return needRecord() && sayLines(postingLines(record.read(career), career.player().squadron));
+    return sayRecord([&](SqliteFile& t) { return postingLines(t, career.player().squadron); });
 }
 
 bool Session::exportRecord(const zel::String& file) {
     if (!needRecord())
         return false;
-    const std::string text = recordAsJson(record.read(career));
+    SqliteFile& tables = record.read(career);
+    const std::string text = recordAsJson(tables);
     if (text.empty())
-        return fail("The record of the war can't be read: " + record.read(career).problem());
-    zel::File target(file, zel::FileWrite);
-    target.write(text.data(), static_cast<int32_t>(text.size()));
-    target.close();
-    if (target.hasFailed())
-        return fail("The record can't be written to " + file);
+        return fail("The record of the war can't be read: " + tables.problem());
+    if (const zel::FileFault fault = zel::writeFileWhole(file, text); fault != zel::FileFault::None)
+        return fail("The record can't be written to " + file + ": " + zel::faultText(fault));
     sayFile(wording::Exported, file);
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include "app/career/Database.h"
 #include "app/career/Wording.h"
@@ -61,7 +62,7 @@ private:
     bool needCareer();
     bool needSimulator();
     bool needRecord();
-    bool sayLines(const std::vector<zel::String>& lines);
+    bool sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf);
     void say(const zel::String& line) const;
     void sayFile(const Wording& wording, const zel::String& file) const;
     void sayOrders(const MissionOrders& orders) const;
