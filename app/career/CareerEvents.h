@@ -13,10 +13,10 @@
 struct Victory {
     int32_t victor = -1;
     int32_t victim = -1;    // -1 for somebody whom only the simulator's log names
-    zel::String victimName; // his name there; empty for a pilot of the career
+    zel::String victimName; // reportedName() of him; empty for a pilot of the career
     zel::String victorAircraft;
     zel::String victimAircraft;
-    bool hasDied = false; // the victim was alive and is dead now
+    bool hasDied = false; // the victim was alive and dies by it
     bool isSeen = false;  // in the player's flight, whose onFlight() comes first
 };
 
@@ -38,9 +38,11 @@ struct Posting {
     PostingKind kind = PostingKind::Joined;
     PostingCause cause = PostingCause::Start;
     int32_t pilot = -1;
-    int32_t from = -1;     // Transferred: the squadron that he leaves
-    int32_t other = -1;    // Died: who killed him; Succeeded: whom he follows; Exchange: for whom
-    zel::String otherName; // of a killer whom only the simulator's log names
+    int32_t from = -1; // Transferred: the squadron that he leaves
+    /// Joined: whom he replaces, except at the start; Died: who killed him; Succeeded: whom he
+    /// follows; Exchange: for whom.
+    int32_t other = -1;
+    zel::String otherName; // reportedName() of a killer whom only the simulator's log names
 };
 
 /// One plane of a mission's plan.
@@ -50,7 +52,7 @@ struct FlightPlane {
     zel::String name;
     zel::String aircraft;
     int32_t nation = 0;
-    int32_t level = 0; // 1 to 4
+    int32_t level = 0; // as in the mission: 1 to 4, 0 for the first plane
 };
 
 enum class FlightEventKind : uint8_t {
@@ -60,9 +62,9 @@ enum class FlightEventKind : uint8_t {
     Kill,    // a plane destroyed by another one
     Crash,   // a plane destroyed, by nobody
     Death,   // of a pilot
-    TakeOff, // so the next two: of a human player
+    TakeOff, // of any plane; so the next one
     Landing,
-    Position,
+    Position, // of the player's plane
 };
 
 /// What the simulator's log says of a moment of the flight.

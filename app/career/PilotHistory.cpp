@@ -140,10 +140,12 @@ private:
         joining.pilotFile = fileIndex;
         PilotFile& file = career.pilotFile(fileIndex);
         file.joined = 1;
+        const int32_t leaving = *slot;
         file.pilotIndex = *slot = career.addPilot(joining);
         if (career.observer != nullptr)
             career.observer->onPosting(
-                career, {PostingKind::Joined, PostingCause::History, file.pilotIndex, -1, -1, {}});
+                career,
+                {PostingKind::Joined, PostingCause::History, file.pilotIndex, -1, leaving, {}});
         if (zel::isLogged("Database", zel::LogInfo))
             zel::log(zel::String("Pilot ") + name + " joins squadron " +
                          zel::arrayText(career.squadron(squadron).key) +

@@ -6,6 +6,7 @@
 #include "app/career/CareerEvents.h"
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
+#include "app/career/GroundObjects.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ void reportVictories(const std::vector<PilotReport>& reports, const Database& ca
             victory.victor = report.pilot;
             victory.victim = isKnown ? fallen.pilot : -1;
             if (!isKnown)
-                victory.victimName = fallen.name;
+                victory.victimName = reportedName(fallen);
             victory.victorAircraft = aircraftOf(report);
             victory.victimAircraft = aircraftOf(fallen);
             victory.hasDied =
@@ -56,11 +57,16 @@ Posting deathOf(const PilotReport& report, const std::vector<PilotReport>& repor
     if (career.isPilot(killer.pilot))
         death.other = killer.pilot;
     else
-        death.otherName = killer.name;
+        death.otherName = reportedName(killer);
     return death;
 }
 
 } // namespace
+
+zel::String reportedName(const PilotReport& report) {
+    const Wording* const ground = groundObject(report.type);
+    return ground != nullptr ? textOf(*ground) : report.name;
+}
 
 bool applyReports(const std::vector<PilotReport>& reports, Database& career, bool isSeen) {
     if (career.observer != nullptr)

@@ -38,6 +38,9 @@ struct PilotReport {
     int32_t missions = -1;
 };
 
+/// The name in the log; for an object on the ground, what it is, in the language in use.
+zel::String reportedName(const PilotReport& report);
+
 /// Carries victories, a mission and death of each record with a pilot into the career. True if
 /// there was one. isSeen: it is the player's flight, for the career's observer.
 bool applyReports(const std::vector<PilotReport>& reports, Database& career, bool isSeen = false);

@@ -2,19 +2,12 @@
 
 #include "app/career/Nation.h"
 #include "app/career/Wording.h"
-#include "app/report/GroundObjects.h"
 #include "app/report/LogWatch.h"
 
 namespace {
 
 constexpr float LeastDamage = 0.01F;
 constexpr float DestroyedPercent = 50.0F;
-
-/// The name in the log; for an object on the ground, what it is.
-zel::String nameOf(const PilotReport& record) {
-    const Wording* ground = groundObject(record.type);
-    return ground != nullptr ? textOf(*ground) : record.name;
-}
 
 } // namespace
 
@@ -47,10 +40,10 @@ zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& 
     const bool dead = pilot.dead != 0;
     if (pilot.shotdownBy >= 0)
         return textOf(dead ? wording::KilledBy : wording::ShotdownBy,
-                      {nameOf(pilots[pilot.shotdownBy])});
+                      {reportedName(pilots[pilot.shotdownBy])});
     if (pilot.shotdownByOwn >= 0)
         return textOf(dead ? wording::KilledByOwn : wording::ShotdownByOwn,
-                      {nameOf(pilots[pilot.shotdownByOwn])});
+                      {reportedName(pilots[pilot.shotdownByOwn])});
     return textOf(wording::Crashed);
 }
 
@@ -61,7 +54,8 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots) {
             continue;
         const bool isLeft = isSameSide(pilot.country, pilots.front().country);
         ReportEntry entry;
-        entry.pilot = textOf(wording::ReportedPilot, {nameOf(pilot), int32_t(pilot.kills.size())});
+        entry.pilot =
+            textOf(wording::ReportedPilot, {reportedName(pilot), int32_t(pilot.kills.size())});
         entry.fate = fateText(pilot);
         entry.cause = causeText(pilot, pilots);
         entry.isPlayer = pilot.human != 0;

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "app/report/GroundObjects.h"
 #include "tests/support/Printers.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "app/report/GroundObjects.h"
+#include "app/career/GroundObjects.h"
 
 #include <algorithm>
 #include <iterator>
