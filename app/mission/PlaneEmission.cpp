@@ -168,8 +168,8 @@ EmittedPlane emittedPlane(const Database& career, const PlannedPlane& planned,
     return plane;
 }
 
-/// A level for each plane, 0 for the first. Everybody is given as many more missions as it takes
-/// for one to reach the level that makes the fight worth flying.
+} // namespace
+
 std::vector<int32_t> planeLevels(const std::vector<PlannedPlane>& plan) {
     const int32_t wanted = plan.size() > 3 ? 3 : 2;
     std::vector<int32_t> levels(plan.size(), 0);
@@ -181,8 +181,6 @@ std::vector<int32_t> planeLevels(const std::vector<PlannedPlane>& plan) {
     }
     return levels;
 }
-
-} // namespace
 
 void emitPlanes(MissionGenerator& generator, const Database& career, int32_t insertLine) {
     const std::vector<PlannedPlane>& plan = generator.plan;

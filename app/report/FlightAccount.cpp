@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/career/PilotLevel.h"
 #include "app/mission/MissionGenerator.h"
+#include "app/mission/PlaneEmission.h"
 #include "app/report/CombatReport.h"
 #include "app/report/LogEventType.h"
 #include "app/report/ReportText.h"
@@ -12,7 +12,7 @@
 namespace {
 
 constexpr float TicksPerSecond = 50;
-constexpr size_t MostEvents = 3000; // of hits, damage and positions
+constexpr size_t MostEvents = 3000; // after so many, hits, damage and positions are dropped
 
 /// The line's time, which begins it: "T:1474 AType:...". The heads of the pieces say 0.
 float secondsOf(std::string_view line) {
@@ -105,11 +105,11 @@ private:
     void addMove(FlightEventKind kind, int32_t plane) { add(kind, objectOf(plane), {}); }
 
     void add(FlightEventKind kind, const Object& actor, const Object& target) {
-        const bool isEnd = kind == FlightEventKind::Kill || kind == FlightEventKind::Crash ||
-                           kind == FlightEventKind::Death;
+        const bool isMinor = kind == FlightEventKind::Hit || kind == FlightEventKind::Damage ||
+                             kind == FlightEventKind::Position;
         if (actor.report < 0 && target.report < 0)
             return; // of bombs, balloons and whatever else flies about
-        if (events.size() >= MostEvents && !isEnd)
+        if (events.size() >= MostEvents && isMinor)
             return;
         event.kind = kind;
         event.actor = actor.report;
@@ -129,9 +129,12 @@ FlownMission accountOf(const CombatReport& report, const MissionGenerator& gener
     mission.log = log;
     mission.x = generator.locationX + generator.offsetX;
     mission.z = generator.locationZ + generator.offsetZ;
-    for (const PlannedPlane& plane : generator.plan)
-        mission.plan.push_back({plane.pilot, plane.squadron, plane.name, plane.type, plane.nation,
-                                pilotLevel(plane.skill, plane.shotdowns, plane.missions)});
+    const std::vector<int32_t> levels = planeLevels(generator.plan);
+    for (size_t i = 0; i < levels.size(); ++i) {
+        const PlannedPlane& plane = generator.plan[i];
+        mission.plan.push_back(
+            {plane.pilot, plane.squadron, plane.name, plane.type, plane.nation, levels[i]});
+    }
     mission.reports = report.pilots;
     for (const PilotReport& pilot : report.pilots) {
         mission.fates.push_back(fateText(pilot));
