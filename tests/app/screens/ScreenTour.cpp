@@ -137,7 +137,7 @@ private:
             {"MenuNotificationRepair", {}},
             {"MenuNotificationUnsaved", {}},
         };
-        Database::instance()->repairs = {true, 117, 12, 40, 1, 23, true};
+        Database::instance()->repairs = {true, 117, 12, 40, 1, 0, true};
         for (const auto& [notice, reason] : notices) {
             MenuNotification::show(driver.screens->menu(), notice, reason);
             if (!go(notice))
