@@ -105,8 +105,9 @@ bool keepAsPage(const zel::String& save, const zel::String& file, std::vector<Pa
         return true;
     page.number = pages.empty() ? 1 : pages.front().number + 1;
     const zel::String folder = pagesFolder(save);
+    // Synced before ".bak" is replaced, or a power cut could take both names of the file.
     if (!zel::system::createDirectory(folder) ||
-        !zel::system::keepFileAs(file, folder + page.name())) {
+        !zel::system::keepFileAs(file, folder + page.name()) || !zel::system::syncFolder(folder)) {
         logFault("The earlier save " + file + " can't be kept in " + folder);
         return false;
     }
