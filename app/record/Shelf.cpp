@@ -9,6 +9,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
+#include "engine/core/WholeFile.h"
 
 namespace {
 
@@ -113,6 +114,9 @@ bool Shelf::tidy() {
             return fail();
         numbers.push_back(folder.number);
     }
+    for (const zel::String& folder :
+         {currentFolder(), currentFolder() + "/" + PagesFolder, userPath(ShelfFolder)})
+        zel::removeLeftDrafts(folder, nameOfFolder(SaveFileName));
     return true;
 }
 

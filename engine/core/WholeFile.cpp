@@ -49,6 +49,10 @@ bool createDraft(system::NewFile& file, const String& target, String& draft) {
     return false;
 }
 
+bool isOfAnEndedProgram(uint32_t process) {
+    return process == 0 || process == system::processId() || !system::isProcessRunning(process);
+}
+
 } // namespace
 
 WholeFile::WholeFile(const String& name) : target(system::linkTarget(name)) {}
@@ -112,10 +116,7 @@ std::vector<String> leftDrafts(const String& name) {
             continue;
         const std::string_view rest =
             file.substr(own.size(), file.size() - own.size() - DraftEnding.size());
-        const uint32_t process = draftProcess(rest);
-        const bool isLeft =
-            process == 0 || process == system::processId() || !system::isProcessRunning(process);
-        if (isDraftMiddle(rest) && isLeft)
+        if (isDraftMiddle(rest) && isOfAnEndedProgram(draftProcess(rest)))
             found.emplace_back(system::fileStatus(folder + entry.name).changed,
                                folder + entry.name);
     }
@@ -125,6 +126,24 @@ std::vector<String> leftDrafts(const String& name) {
     for (const auto& [changed, path] : found)
         paths.push_back(path);
     return paths;
+}
+
+void removeLeftDrafts(const String& folder, std::string_view except) {
+    std::vector<system::DirectoryEntry> entries;
+    if (system::isDirectory(folder))
+        system::listDirectory(folder, entries);
+    for (const system::DirectoryEntry& entry : entries) {
+        std::string_view name = entry.name;
+        if (entry.isDirectory || name.size() < DraftEnding.size() ||
+            name.substr(name.size() - DraftEnding.size()) != DraftEnding)
+            continue;
+        name.remove_suffix(DraftEnding.size());
+        const size_t middle = std::min(name.rfind('.'), name.size());
+        const uint32_t process = draftProcess(name.substr(middle));
+        if (process != 0 && isDraftMiddle(name.substr(middle)) && isOfAnEndedProgram(process) &&
+            name.substr(0, middle) != except)
+            system::removeFile(folder + "/" + entry.name);
+    }
 }
 
 } // namespace zel

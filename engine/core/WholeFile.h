@@ -49,5 +49,8 @@ private:
 /// Drafts of that file that were left when a program was killed or the power was cut, newest
 /// first, with their paths. Those of running programs are not among them, except for this one's.
 std::vector<String> leftDrafts(const String& name);
+/// Removes the drafts of all files of a folder that were left, except for those of the file of that
+/// name: they may be all that there is of it. Does nothing without such a folder.
+void removeLeftDrafts(const String& folder, std::string_view except);
 
 } // namespace zel

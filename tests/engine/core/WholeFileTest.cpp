@@ -77,6 +77,14 @@ TEST_F(WholeFile, RemovesTheDraftsOfDeadPrograms) {
     EXPECT_EQ(zel::leftDrafts(path).size(), 2u);
     EXPECT_EQ(writeFileWhole(path, "whole"), FileFault::None);
     EXPECT_EQ(names(), "save save.1-1.new.txt save.x.new saved.1-1.new ");
+
+    folder.write("save.2147483646-1.new", "all that there is of it, perhaps");
+    folder.write("save.bak.2147483646.new", "left");
+    folder.write("a b.2147483646-7.new", "left");
+    fs::remove(folder.file("saved.1-1.new")); // such a process may run
+    zel::removeLeftDrafts(folder.path(), "save");
+    zel::removeLeftDrafts(folder.file("nowhere"), "save");
+    EXPECT_EQ(names(), "save save.1-1.new.txt save.2147483646-1.new save.x.new ");
 }
 
 #ifndef _WIN32
