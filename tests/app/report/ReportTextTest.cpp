@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/career/GroundObjects.h"
+#include "app/career/Wording.h"
 #include "tests/support/Printers.h"
 
 namespace {
