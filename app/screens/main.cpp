@@ -1,3 +1,5 @@
+#include <cstdio>
+
 #include <SDL.h> // where SDL provides main itself, it renames ours
 
 #include "app/mission/Settings.h"
@@ -5,6 +7,7 @@
 #include "engine/core/Directory.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/window/Platform.h"
 #include "engine/window/ZelLoop.h"
@@ -35,6 +38,10 @@ void keepLog() {
 int main(int /*argc*/, char** /*argv*/) {
     if (!zel::system::hasTerminals())
         keepLog();
+    if (const zel::String problem = zel::system::applicationDataProblem(); !problem.empty()) {
+        std::fprintf(stderr, "wingtally: %s\n", problem.c_str());
+        return 1;
+    }
     zel::Platform::getInstance();
     noteStartFolder();
     enterRunDirectory();

@@ -10,6 +10,11 @@
 /// are as in System.h.
 namespace zel::system {
 
+/// Why applicationDataDirectory() names no folder that files can be kept in: a variable of the
+/// environment isn't set, or is no absolute path. An English sentence without a full stop; empty if
+/// all is well.
+String applicationDataProblem();
+
 /// Where a lock file is locked: far beyond its text, since on Windows a locked byte can't be read.
 constexpr int32_t LockedByte = 0x40000000;
 

@@ -10,6 +10,7 @@
 
 #include "engine/core/LocaleNames.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
 
 namespace zel::system {
 
@@ -66,6 +67,18 @@ String applicationDataDirectory() {
         if (String value = environment(name); !value.empty())
             return value;
     return environment("HOME") + "/.local/share";
+}
+
+String applicationDataProblem() {
+    if (!environment("APPDATA").empty())
+        return {};
+    const bool hasData = !environment("XDG_DATA_HOME").empty();
+    const char* name = hasData ? "XDG_DATA_HOME" : "HOME";
+    const String folder = environment(name);
+    if (folder.empty())
+        return "Neither XDG_DATA_HOME nor HOME is set";
+    return folder.view().front() == '/' ? String()
+                                        : String(name) + " is no absolute path: " + folder;
 }
 
 String executableDirectory() {

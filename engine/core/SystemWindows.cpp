@@ -8,6 +8,7 @@
 #include "engine/core/LocaleNames.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
 
 namespace zel::system {
 
@@ -134,6 +135,10 @@ String applicationDataDirectory() {
             "System", LogError);
     }
     return name;
+}
+
+String applicationDataProblem() {
+    return environment("APPDATA").empty() ? "APPDATA is not set" : String();
 }
 
 String executableDirectory() {

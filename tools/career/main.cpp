@@ -8,6 +8,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
 #include "engine/core/UserDirectory.h"
 #include "tools/career/CommandLine.h"
 #include "tools/career/Session.h"
@@ -76,6 +77,8 @@ int main(int argc, char** argv) {
         call.rofDirectory.empty() ? zel::String() : zel::system::absolutePath(call.rofDirectory);
     if (!call.userDirectory.empty())
         zel::setUserDirectory(zel::system::absolutePath(call.userDirectory));
+    else if (const zel::String problem = zel::system::applicationDataProblem(); !problem.empty())
+        return failed(problem + "; --user names a folder");
     if (!enterRunDirectory(call.dataDirectory))
         return failed(call.dataDirectory.empty()
                           ? zel::String("The folder Data was not found beside the program")
@@ -95,5 +98,5 @@ int main(int argc, char** argv) {
             return failed(session.problem());
         releaseLines();
     }
-    return 0;
+    return tools::exitStatus(0);
 }

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "engine/core/SystemFiles.h"
 #include "tools/common/Print.h"
 
 namespace tools {
@@ -21,7 +22,16 @@ std::optional<int> answer(const CallReading& reading) {
         return {};
     const bool isHelp = reading.kind == CallKind::Help;
     print(isHelp ? stdout : stderr, reading.text);
-    return isHelp ? 0 : WrongCall;
+    return isHelp ? exitStatus(0) : WrongCall;
+}
+
+int exitStatus(int status) {
+    const bool isPrinted = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (isPrinted)
+        return status;
+    const zel::String reason = zel::faultText(zel::system::lastFault());
+    print(stderr, "Standard output can't be written: " + reason + "\n");
+    return status == 0 ? 1 : status;
 }
 
 } // namespace tools

@@ -21,4 +21,8 @@ std::vector<std::string> argumentsOf(int count, char** words);
 /// to standard output, and 2 after a wrong call, whose text goes to standard error. Empty for Run.
 std::optional<int> answer(const CallReading& reading);
 
+/// The status with which a program ends that has done its work so: 1 in place of 0, and a line on
+/// standard error, if not all that it has printed reached standard output.
+int exitStatus(int status);
+
 } // namespace tools

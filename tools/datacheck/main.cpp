@@ -55,5 +55,5 @@ int main(int argc, char** argv) {
     Call call;
     const tools::CallReading reading = readCall(tools::argumentsOf(argc, argv), call);
     const std::optional<int> status = tools::answer(reading);
-    return status ? *status : run(call);
+    return status ? *status : tools::exitStatus(run(call));
 }

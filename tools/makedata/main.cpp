@@ -28,5 +28,5 @@ int main(int argc, char** argv) {
     line.add_option("SOURCE_DIR", source)->required();
     line.add_option("OUTPUT_DIR", output)->required();
     const std::optional<int> status = tools::answer(line.read(tools::argumentsOf(argc, argv)));
-    return status ? *status : run(source, output);
+    return status ? *status : tools::exitStatus(run(source, output));
 }

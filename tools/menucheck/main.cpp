@@ -37,5 +37,5 @@ int main(int argc, char** argv) {
     tools::CommandLine line(Program, "[FOLDER]", Description, Ending);
     line.add_option("FOLDER", folder)->check(tools::nameOfFile());
     const std::optional<int> status = tools::answer(line.read(tools::argumentsOf(argc, argv)));
-    return status ? *status : run(folder);
+    return status ? *status : tools::exitStatus(run(folder));
 }

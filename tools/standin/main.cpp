@@ -98,10 +98,10 @@ int main(int count, char** words) {
         return 1;
     }
     if (call.watch)
-        return watch(call) ? 0 : 1;
+        return tools::exitStatus(watch(call) ? 0 : 1);
     if (call.fly)
-        return flyOnce(call) ? 0 : 1;
+        return tools::exitStatus(flyOnce(call) ? 0 : 1);
     say(call, call.dir + " is a simulator folder now: set rof.directory of wtysettings.ini to it, "
                          "and start again with --watch\n");
-    return 0;
+    return tools::exitStatus(0);
 }

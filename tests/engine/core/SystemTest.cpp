@@ -1,6 +1,7 @@
 #include "engine/core/System.h"
 
 #include <filesystem>
+#include <tuple>
 #ifdef _WIN32
 #include <windows.h>
 #endif
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/core/Directory.h"
+#include "engine/core/SystemFiles.h"
 #include "engine/core/UserDirectory.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TemporaryFolder.h"
@@ -25,6 +27,15 @@ TEST(UserDirectory, FollowsTheEnvironment) {
     EXPECT_EQ(zel::getUserDirectory(), "/home/her/.local/share\\Wingtally\\");
     setEnvironment("XDG_DATA_HOME", "/xdg");
     EXPECT_EQ(zel::getUserDirectory(), "/xdg\\Wingtally\\");
+    for (const auto& [data, home, hasProblem] : {std::tuple{"/xdg", "", false},
+                                                 {"xdg", "/home/her", true},
+                                                 {"", "/home/her", false},
+                                                 {"", "", true},
+                                                 {"", "home", true}}) {
+        setEnvironment("XDG_DATA_HOME", data);
+        setEnvironment("HOME", home);
+        EXPECT_EQ(!zel::system::applicationDataProblem().empty(), hasProblem) << data << home;
+    }
     setEnvironment("XDG_DATA_HOME", "");
 #endif
     setEnvironment("APPDATA", "C:\\Her Data");
