@@ -16,6 +16,7 @@
 #include "bench/RatioReport.h"
 #include "bench/WorkFolder.h"
 #include "engine/core/Random.h"
+#include "engine/core/SystemFiles.h"
 #include "engine/core/UserDirectory.h"
 
 namespace fs = std::filesystem;
@@ -98,9 +99,11 @@ void storeBare(benchmark::State& state) {
     readPlainly(saveFile(), buffer);
     for (auto unused : state) {
         static_cast<void>(unused);
-        FILE* file = std::fopen((workFolder() + "/bare").c_str(), "wb");
-        std::fwrite(buffer.data(), 1, buffer.size(), file);
-        std::fclose(file);
+        fs::remove(workFolder() + "/bare");
+        zel::system::NewFile file;
+        if (!file.create(workFolder() + "/bare") || !file.write({buffer.data(), buffer.size()}) ||
+            !file.sync() || !file.close())
+            state.SkipWithError("the bytes can't be written");
     }
 }
 
