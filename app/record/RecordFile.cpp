@@ -20,9 +20,23 @@ bool prepare(SqliteFile& file) {
                     "PRAGMA temp_store = MEMORY");
 }
 
-bool isWhole(SqliteFile& file) {
+/// Whether a finding of the check says that a page could not be read, which is no damage: the disk
+/// may give it later.
+bool isReadError(std::string_view finding) {
+    constexpr std::string_view Mark = "error code=";
+    constexpr int32_t IoError = 10; // SQLITE_IOERR; the higher bytes say which
+    const size_t place = finding.find(Mark);
+    return place != finding.npos &&
+           (zel::toInt(finding.substr(place + Mark.size())) & 0xFF) == IoError;
+}
+
+RecordState checkPages(SqliteFile& file) {
     SqliteStatement check(file, "PRAGMA quick_check(1)");
-    return check.next() && check.text(0) == "ok";
+    const zel::String finding = check.next() ? check.text(0) : zel::String();
+    if (finding == "ok")
+        return RecordState::Ready;
+    const bool isUnread = isReadError(finding) || (file.failed() && !file.isDamaged());
+    return isUnread ? RecordState::Unusable : RecordState::Damaged;
 }
 
 /// A number above 2 would make the file read-only for ever.
@@ -60,8 +74,8 @@ RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
         return RecordState::Damaged;
     if (file.failed() || !prepare(file))
         return damageOr(file, RecordState::Unusable);
-    if (!isWhole(file))
-        return file.failed() ? damageOr(file, RecordState::Unusable) : RecordState::Damaged;
+    if (const RecordState pages = checkPages(file); pages != RecordState::Ready)
+        return pages;
     const int64_t career =
         file.number("SELECT coalesce(max(value), -1) FROM meta WHERE key = 'career'");
     if (!file.failed() && career != careerNumber)
