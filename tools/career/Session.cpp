@@ -90,7 +90,7 @@ bool Session::load() {
     const zel::String backup = path + ".bak";
     zel::String why = "No career could be loaded from " + path;
     if (!zel::system::fileStatus(path).exists)
-        why += ": there is none";
+        why += ": there is none; careers lists those on the shelf";
     if (zel::system::fileStatus(backup).exists)
         why += "; an earlier one is in " + backup;
     return fail(why);

@@ -29,6 +29,7 @@ TEST(CareerCommandLine, ReadsCommandsInTheirOrder) {
         {"until 19181111", 1}, {"until 19160229", 1}, {"squadron aces invitation", 3},
         {"invitation accept invitation refuse invitation status", 4},
         {"flights victories postings export a.json save", 5}, {"victories Falke victories", 2},
+        {"careers take 3 putaway 12 pages page 19170610 page 19170610-2 careers", 7}, {"victories pages", 2},
     };
     // clang-format on
     for (const auto& [text, commands] : calls) {
@@ -70,6 +71,9 @@ TEST(CareerCommandLine, ReportsWhatIsWrong) {
          {"until", "until 1917", "until 19170229", "until 19171301", "until 19170100",
           "until tomorrow"}},
         {"advance wants 1 to 1000 periods", {"advance 0", "advance 1001"}},
+        {"take wants the number of a career", {"take", "take 0", "take Hans", "take 3x"}},
+        {"putaway wants the number of a career", {"putaway careers"}},
+        {"page wants a date as YYYYMMDD, or the name of a page", {"page", "page save"}},
         {"unknown command: much", {"advance much"}},
         {"unknown command: perhaps", {"invitation perhaps"}},
         {"--seed: ",

@@ -79,6 +79,35 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
     EXPECT_EQ(unrecorded.problem(), "This call keeps no record");
 }
 
+// Nothing that isn't saved is lost by changing to another career or page.
+TEST_F(SessionTest, ChangesBetweenCareers) {
+    const auto take = [&](int32_t number) {
+        return session.onShelf([=](ShelfCommands& shelf) { return shelf.take(number); });
+    };
+    const auto turnBack = [&](const char* page) {
+        return session.onShelf([=](ShelfCommands& shelf) { return shelf.turnBack(page); });
+    };
+    expectProblem(turnBack("19160101"), "There is no current career");
+    ASSERT_TRUE(session.newCareer(ServiceGerman, 1915, 12) && session.save());
+    const std::string first = career.player().name;
+    const std::string page(career.calendar().dateText().view());
+    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    expectProblem(take(1), "save it first");
+    ASSERT_TRUE(session.save()) << session.problem().c_str();
+    EXPECT_TRUE(session.onShelf(&ShelfCommands::careers) && session.onShelf(&ShelfCommands::pages));
+    expectProblem(take(3), "There is no career of the number 3");
+    ASSERT_TRUE(take(1)) << session.problem().c_str();
+    expectProblem(session.save(), "There is no career yet");
+    ASSERT_TRUE(session.load());
+    EXPECT_EQ(career.player().name, first);
+    ASSERT_TRUE(session.advance(1) && session.save() && session.advance(1));
+    expectProblem(turnBack(page.c_str()), "save it first");
+    ASSERT_TRUE(session.load());
+    expectProblem(turnBack("19170101"), "There is no page 19170101");
+    ASSERT_TRUE(turnBack(page.c_str()) && session.load()) << session.problem().c_str();
+    EXPECT_EQ(career.calendar().dateText(), page);
+}
+
 TEST_F(SessionTest, GoesOnUntilADay) {
     makeSimulator();
     ASSERT_TRUE(session.newCareer(ServiceFrench, 1916, 1));
