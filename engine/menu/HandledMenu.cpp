@@ -102,6 +102,8 @@ void HandledMenu::onEvent(Widget* widget, int32_t eventType) {
     MenuEventHandler::onEvent(*this, widget, eventType);
 }
 
+void HandledMenu::onKey(const KeyPress& key) { MenuEventHandler::onKey(*this, key); }
+
 bool HandledMenu::query() { return MenuEventHandler::query(*this); }
 
 ScriptVariables& HandledMenu::globals() {

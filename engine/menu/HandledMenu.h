@@ -36,6 +36,7 @@ public:
     void onPause() override;
     void onContinue() override;
     void onEvent(Widget* widget, int32_t eventType) override;
+    void onKey(const KeyPress& key) override;
     bool query() override;
 
     virtual void setLocalFlag(const String& flag, bool value) { locals.setFlag(flag, value); }

@@ -7,6 +7,7 @@ namespace zel {
 
 class TextArea;
 class Widget;
+struct KeyPress;
 
 /// The code of a screen: it is notified of what happens to one menu, or to all, and acts on it.
 ///
@@ -29,6 +30,8 @@ public:
     virtual void onLeaving() {}                             // the fade away begins
     virtual void onLeave() {}                               // its elements are gone
     virtual void onEvent(Widget*, int32_t /*eventType*/) {} // a hit: Widget::EventHit
+    /// Each key that is pressed while no fade runs, after the focus has handled it.
+    virtual void onKey(const KeyPress&) {}
     virtual void onPause() {}
     virtual void onContinue() {}
     virtual void render() {} // every frame, between the background and the widgets

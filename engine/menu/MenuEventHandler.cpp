@@ -168,6 +168,13 @@ void MenuEventHandler::onEvent(Menu& menu, Widget* widget, int32_t eventType) {
     });
 }
 
+void MenuEventHandler::onKey(Menu& menu, const KeyPress& key) {
+    extensions().callMatching(menu, [&](HandledMenuExtension& extension) {
+        extension.setMenu(&menu);
+        extension.onKey(key);
+    });
+}
+
 bool MenuEventHandler::query(Menu& menu) {
     bool answer = true;
     extensions().callMatching(menu, [&](HandledMenuExtension& extension) {

@@ -10,6 +10,7 @@ class HandledMenuExtension;
 class Menu;
 class State;
 class Widget;
+struct KeyPress;
 
 /// The notifications of a menu, one for each callback of its extensions.
 enum class MenuCallback {
@@ -53,6 +54,8 @@ public:
 
     static void notify(Menu& menu, MenuCallback what);
     static void onEvent(Menu& menu, Widget* widget, int32_t eventType);
+    /// To the extensions alone.
+    static void onKey(Menu& menu, const KeyPress& key);
     /// True unless an extension of the menu returns false.
     static bool query(Menu& menu);
 };

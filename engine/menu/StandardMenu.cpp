@@ -96,7 +96,10 @@ void StandardMenu::update() {
     if (machine.getActiveState() != this || machine.getPhase() != StatesMachine::Idle)
         return;
     focus.follow(*this);
-    focus.takeKeys(*this, Keyboard::takeKeys());
+    const std::vector<KeyPress> keys = Keyboard::takeKeys();
+    focus.takeKeys(*this, keys);
+    for (const KeyPress& key : keys)
+        onKey(key);
 }
 
 } // namespace zel

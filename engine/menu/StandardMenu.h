@@ -23,6 +23,8 @@ public:
     void onPause() override {}
     void onContinue() override;
     void onEvent(Widget* widget, int32_t eventType) override;
+    /// Each key that is pressed while no fade runs, after the focus has handled it.
+    virtual void onKey(const KeyPress&) {}
     void update() override;
 
     const MenuFocus& getFocus() const { return focus; }
