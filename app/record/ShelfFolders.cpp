@@ -88,7 +88,7 @@ zel::String shelfFolderName(int32_t number, std::string_view pilot) {
     std::string name = cleaned(std::string(pilot.substr(0, LongestName)));
     name.erase(name.find_last_not_of(" .") + 1);
     if (name.empty())
-        name = "Unknown";
+        name = UnknownPilot;
     char start[16];
     std::snprintf(start, sizeof start, "%04d ", number);
     // What the system's names lack is "?", which no name may have.

@@ -8,6 +8,8 @@
 
 /// In the user's folder: a career on its way to CurrentFolder.
 constexpr const char* IncomingFolder = "Saves.next";
+/// In the name of a folder whose career can't be read.
+constexpr const char* UnknownPilot = "Unknown";
 
 // The folders of the careers, for Shelf. Paths are in the system's encoding, without a separator at
 // their end. An operation that can't do its work says why in `problem` and leaves all as it was.
