@@ -1,8 +1,10 @@
 #include "tools/common/CallReading.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <string>
 
-#include "engine/core/SystemFiles.h"
 #include "tools/common/Print.h"
 
 namespace tools {
@@ -26,11 +28,9 @@ std::optional<int> answer(const CallReading& reading) {
 }
 
 int exitStatus(int status) {
-    const bool isPrinted = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-    if (isPrinted)
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return status;
-    const zel::String reason = zel::faultText(zel::system::lastFault());
-    print(stderr, "Standard output can't be written: " + reason + "\n");
+    print(stderr, std::string("Standard output can't be written: ") + std::strerror(errno) + "\n");
     return status == 0 ? 1 : status;
 }
 
