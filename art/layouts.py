@@ -41,15 +41,42 @@ def onward(name, width=300):
     return widget(name, 992 - width, 704, width, 52, lines=RAIL)
 
 
-def column(count, x, y, step, width):
-    return [widget('menuButton%d' % (i + 1), x, y + i * step, width, 66, lines=SIDE) for i in range(count)]
+def column(names, x, y, step, width):
+    return [widget(name, x, y + i * step, width, 66, lines=SIDE) for i, name in enumerate(names)]
 
 
 LAYOUTS = {
     'main': [
-        *column(5, 584, 232, 78, 392),
+        *column(('menuButton2', 'careers', 'menuButton3', 'menuButton4', 'menuButton5'), 584, 232, 78, 392),
+        area('last', 32, 708, 368, 44),
         area('title', 692, 716, 300, 28, align=RIGHT),
         END,
+    ],
+    'careers': [
+        widget('book', 58, 44, 606, 600),  # its rows and their ribbons, which hang out of the drawer
+        area('name', 696, 42, 272, 72),
+        area('facts', 696, 132, 272, 76),
+        area('war', 696, 218, 272, 50),
+        area('last', 696, 282, 272, 66),
+        *column(('another', 'pages', 'away'), 692, 444, 78, 300),
+        area('count', 248, 720, 320, 24),
+        BACK,
+        onward('menuButton1'),
+    ],
+    'pages': [
+        area('title', 206, 56, 448, 38),
+        area('text1', 64, 112, 580, 66),
+        area('head1', 136, 182, 148, 24),
+        area('head2', 286, 182, 88, 24),
+        area('head3', 376, 182, 104, 24),
+        area('head4', 482, 182, 114, 24, align=RIGHT),
+        widget('page', 64, 210, 580, 396),
+        area('more', 64, 614, 580, 22),
+        area('kept', 64, 636, 580, 22),
+        area('name', 722, 62, 250, 56),
+        area('facts', 722, 138, 250, 144),
+        BACK,
+        onward('menuButton1'),
     ],
     'service': [
         area('title', 206, 56, 752, 38),
@@ -88,7 +115,7 @@ LAYOUTS = {
         area('squadron', 80, 522, 492, 40),
         area('airport', 80, 562, 492, 30),
         area('pilot', 80, 592, 492, 68),
-        *column(3, 692, 148, 84, 300),
+        *column(('menuButton1', 'menuButton2', 'menuButton3'), 692, 148, 84, 300),
         BACK_WIDE,
         widget('menuButton4', 692, 612, 300, 52, lines=SIDE),  # it ends the program
     ],

@@ -6,7 +6,12 @@
 #include "app/career/Database.h"
 #include "app/mission/Settings.h"
 #include "app/record/CareerRecord.h"
+#include "app/record/Shelf.h"
 #include "app/report/Flight.h"
+#include "app/screens/CareerDrawer.h"
+#include "app/screens/CareerScreen.h"
+#include "app/screens/MenuCareerPages.h"
+#include "app/screens/MenuCareers.h"
 #include "app/screens/MenuConfiguration.h"
 #include "app/screens/MenuConfigurationMaps.h"
 #include "app/screens/MenuConfigurationPlanes1.h"
@@ -59,6 +64,16 @@ std::unique_ptr<CareerRecord>& record() {
     return instance;
 }
 
+std::unique_ptr<Shelf>& shelf() {
+    static std::unique_ptr<Shelf> instance;
+    return instance;
+}
+
+std::unique_ptr<CareerDrawer>& drawer() {
+    static std::unique_ptr<CareerDrawer> instance;
+    return instance;
+}
+
 std::unique_ptr<Flight>& flight() {
     static std::unique_ptr<Flight> instance;
     return instance;
@@ -104,6 +119,10 @@ void ZelApp::init() {
     database() = std::make_unique<Database>();
     record() = std::make_unique<CareerRecord>();
     database()->observer = record().get();
+    shelf() = std::make_unique<Shelf>(*database(), *record());
+    shelf()->tidy();
+    CareerScreen::setShelf(shelf().get());
+    drawer() = std::make_unique<CareerDrawer>(*database(), *shelf());
     preferences::applySound();
 }
 
@@ -117,7 +136,9 @@ void ZelApp::initMenus() {
     flight() = std::make_unique<Flight>();
     addScreen<MenuGameStartMission>(*flight());
     addScreen<MenuGameFinishMission>(*flight());
-    addScreen<MenuMain>();
+    addScreen<MenuMain>(*drawer());
+    addScreen<MenuCareers>(*drawer());
+    addScreen<MenuCareerPages>(*drawer());
     addScreen<MenuGameMain>(*record());
     addScreen<MenuGameViewSquadron>();
     addScreen<MenuGameTopAces>();
@@ -144,6 +165,9 @@ void ZelApp::onShutdown() {}
 void ZelApp::onDestroy() {}
 void ZelApp::releaseDatabase() {
     flight().reset();
+    drawer().reset();
+    CareerScreen::setShelf(nullptr);
+    shelf().reset();
     database().reset();
     record().reset();
 }

@@ -2,6 +2,7 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/record/Shelf.h"
 #include "app/screens/MenuNotification.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
@@ -9,6 +10,7 @@
 namespace {
 
 bool careerIsOpen = false;
+Shelf* shelf = nullptr;
 
 } // namespace
 
@@ -16,9 +18,10 @@ bool CareerScreen::isOpen() { return careerIsOpen; }
 
 void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
 
+void CareerScreen::setShelf(Shelf* saves) { shelf = saves; }
+
 void CareerScreen::saveBefore(zel::Widget& leaving) {
-    Database* career = runningCareer();
-    if (career == nullptr || career->writeSave(SaveFileName))
+    if (runningCareer() == nullptr || shelf == nullptr || shelf->save())
         return;
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     MenuNotification::divert(leaving, "MenuNotificationSave", zel::system::shownText(file));

@@ -3,6 +3,7 @@
 #include "engine/menu/HandledMenuExtension.h"
 
 class Database;
+class Shelf;
 
 /// What the screens of a running career share. Without a career they show and do nothing.
 class CareerScreen : public zel::HandledMenuExtension {
@@ -13,6 +14,8 @@ public:
     /// main menu. The career in memory is a draft before that, and saved after it.
     static bool isOpen();
     static void setOpen(bool open);
+    /// Through what careers are saved; null for nothing, and then nothing is saved.
+    static void setShelf(Shelf* saves);
 
 protected:
     /// Saves the career. On error the widget that was just hit leads, this once, to the page that

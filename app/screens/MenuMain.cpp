@@ -1,9 +1,9 @@
 #include "app/screens/MenuMain.h"
 
-#include "app/career/Database.h"
 #include "app/mission/SimulatorCheck.h"
+#include "app/screens/BookTexts.h"
+#include "app/screens/CareerDrawer.h"
 #include "app/screens/CareerScreen.h"
-#include "app/screens/MenuNotification.h"
 #include "engine/menu/widgets/Widget.h"
 
 void MenuMain::onEnter() {
@@ -18,19 +18,19 @@ void MenuMain::onEnter() {
     case SimulatorState::Ready:
         break;
     }
+    drawer.read();
+    drawer.chooseFirst();
+    showLastBook();
+}
+
+void MenuMain::showLastBook() {
+    const ShelvedCareer* book = drawer.chosenBook();
+    setActive("menuButton2", book != nullptr);
+    setFocus(book != nullptr ? "menuButton2" : "careers");
+    setText("last", book != nullptr ? railLines(*book) : "");
 }
 
 void MenuMain::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (widget->getName() == "menuButton2")
-        continueCareer();
-}
-
-void MenuMain::continueCareer() {
-    Database* career = Database::instance();
-    if (career == nullptr || !career->loadFile(SaveFileName))
-        setTransition("BlackScreen");
-    else if (career->repairs.any() && MenuNotification::isPage("MenuNotificationRepair"))
-        setTransition("MenuNotificationRepair");
-    else
-        setTransition("MenuGameMain");
+        setTransition(drawer.open());
 }

@@ -2,15 +2,21 @@
 
 #include "engine/menu/HandledMenuExtension.h"
 
+class CareerDrawer;
+
 /// The main menu. Each time it is entered, it checks that the simulator is there and writes the log
-/// from which reports are made. Otherwise it leads to the notice that says what to do.
+/// from which reports are made. Otherwise it leads to the notice that says what to do. It shows
+/// whose log book was flown last, and takes it up.
 class MenuMain : public zel::HandledMenuExtension {
 public:
-    MenuMain() : HandledMenuExtension("MenuMain") {}
+    /// REQUIRES: the drawer outlives the screen.
+    explicit MenuMain(CareerDrawer& drawer) : HandledMenuExtension("MenuMain"), drawer(drawer) {}
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 private:
-    void continueCareer();
+    void showLastBook();
+
+    CareerDrawer& drawer;
 };

@@ -42,7 +42,8 @@ std::vector<std::string> officeTexts(CareerDriver& driver) {
 
 void makeCareer(CareerDriver& driver, const Beginning& beginning) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-    ASSERT_TRUE(driver.walk(std::string("menuButton1>MenuNewService ") + beginning.way));
+    ASSERT_TRUE(
+        driver.walk(std::string("careers>MenuCareers another>MenuNewService ") + beginning.way));
     EXPECT_EQ(driver.text("menuButton1"), std::string("Service: ") + beginning.service);
     EXPECT_EQ(driver.text("menuButton2"), std::string("Start date: ") + beginning.date);
     EXPECT_EQ(driver.text("menuButton3").find("Your pilot's name: "), 0U);

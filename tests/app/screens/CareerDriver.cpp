@@ -8,6 +8,7 @@
 #include "app/screens/Application.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/core/Clock.h"
+#include "engine/core/Language.h"
 #include "engine/core/Random.h"
 #include "engine/core/Registry.h"
 #include "engine/core/System.h"
@@ -21,7 +22,8 @@ namespace {
 
 constexpr int32_t LookTime = 9000; // milliseconds
 constexpr int32_t MostWidgets = 64;
-constexpr float QuickFades = 100; // nobody looks at them here
+constexpr float QuickFades = 100;    // nobody looks at them here
+constexpr int32_t YesPutAway = 2807; // of the language tables
 
 } // namespace
 
@@ -95,9 +97,11 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
 std::string CareerDriver::endAt(const zel::PixelRect& place) const {
     for (const auto& [name, shown] : screens->menu().getWidgets()) {
         const zel::PixelRect other = shown->getBounds().currentRect();
-        if (shown->isVisible() && shown->getTransition() == "quitApp" &&
-            place.x < other.x + other.width && other.x < place.x + place.width &&
-            place.y < other.y + other.height && other.y < place.y + place.height)
+        const bool isEnd = shown->getTransition() == "quitApp" ||
+                           shown->getText() == zel::Language::get(YesPutAway);
+        if (shown->isVisible() && isEnd && place.x < other.x + other.width &&
+            other.x < place.x + place.width && place.y < other.y + other.height &&
+            other.y < place.y + place.height)
             return name.c_str();
     }
     return "";
@@ -121,7 +125,7 @@ testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
 testing::AssertionResult CareerDriver::begin(const std::string& way) {
     if (!screens->untilIdle("MenuMain"))
         return testing::AssertionFailure() << "no main menu, but " << state();
-    return walk("menuButton1>MenuNewService " + way + " menuButton4>MenuGameMain");
+    return walk("careers>MenuCareers another>MenuNewService " + way + " menuButton4>MenuGameMain");
 }
 
 testing::AssertionResult CareerDriver::toOrders() {

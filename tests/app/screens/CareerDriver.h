@@ -36,7 +36,8 @@ public:
     CareerDriver& operator=(const CareerDriver&) = delete;
 
     /// Presses the widget and waits for the state; the message reports what failed. The new screen
-    /// must have no plate that ends the program where the widget was: players press twice.
+    /// must have no plate that ends the program, or puts a career away, where the widget was:
+    /// players press twice.
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
     /// Steps "widget>State", separated by blanks; "widget" alone stays on the screen and must
@@ -67,13 +68,13 @@ public:
     zel::Widget* widget(const std::string& name) const { return screens->widget(name.c_str()); }
 
     std::unique_ptr<ScreenDriver> screens;
+    const PlayerHome& home;
 
 private:
     void press(const std::string& widget, How how);
-    /// The plate that ends the program and shares a pixel with that place; empty for none.
+    /// The plate that ends the program or puts a career away and shares a pixel with that place;
+    /// empty for none.
     std::string endAt(const zel::PixelRect& place) const;
-
-    const PlayerHome& home;
 };
 
 /// As long as it lives the window is as a player holds it: in front, the pointer in it.

@@ -77,7 +77,7 @@ TEST_F(Closing, AsksNobodyWhoLosesNothing) {
     EXPECT_FALSE(driver.widget("menuButton2")->isVisible());
     ASSERT_TRUE(
         driver.walk("menuBack>MenuGameFinishMission menuBack>MenuGameMain menuBack>MenuMain "
-                    "menuButton1>MenuNewService menuButton1>MenuNewYear "
+                    "careers>MenuCareers another>MenuNewService menuButton1>MenuNewYear "
                     "menuButton1>MenuNewCareer"));
     EXPECT_TRUE(close()) << "a career that is not begun";
 }

@@ -47,6 +47,7 @@ constexpr Passage Passages[] = {
      "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationInstallDir"); },
      "menuButton1>MenuMain"},
+    {[](CareerDriver& driver) { show(driver, "BlackScreen"); }, "menuBack>MenuMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMissionTextLog"); },
      "menuButton1>MenuMain menuButton3>MenuConfiguration fullScreen"},
 };

@@ -41,7 +41,7 @@ uint32_t quickTicks() { return ++quickTime; }
 
 TEST_F(RareScreens, TheWarIsFought) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-    ASSERT_TRUE(driver.walk("menuButton1>MenuNewService menuButton2>MenuNewYear "
+    ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService menuButton2>MenuNewYear "
                             "menuButton3>MenuNewMonth month4>MenuNewCareer"));
     driver.screens->moveTo(5, 5);
     driver.screens->step();

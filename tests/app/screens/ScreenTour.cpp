@@ -3,12 +3,15 @@
 #include <sstream>
 
 #include "app/career/Database.h"
+#include "app/career/Nation.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/MenuNotification.h"
 #include "engine/core/Language.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
+#include "tests/app/screens/LogBooks.h"
 #include "tests/support/HandMade.h"
 
 namespace {
@@ -18,7 +21,8 @@ using Visit = std::function<void(const std::string& name)>;
 // The ways of the tour: steps as those of CareerDriver::walk. One with a "!" ends at a screen to be
 // shown, under its name and what follows the mark.
 constexpr const char* ToTheInvitation =
-    "menuButton1>MenuNewService! menuButton2>MenuNewYear! menuButton4>MenuNewMonth1918! "
+    "careers>MenuCareers!_Empty another>MenuNewService! menuButton2>MenuNewYear! "
+    "menuButton4>MenuNewMonth1918! "
     "menuBack>MenuNewYear menuButton3>MenuNewMonth! month4>MenuNewCareer! "
     "menuButton4>MenuGameMain! menuButton2>MenuGameViewSquadron! menuButton1>MenuGameMain "
     "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain";
@@ -33,6 +37,33 @@ constexpr const char* ToTheEmptyReport =
     "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameAdvance! menuButton1>MenuGameMain";
 constexpr const char* ToTheEnd = "menuButton2>MenuGameViewSquadron "
                                  "menuButton1>MenuGameMain!_WarIsOver menuBack>MenuMain";
+constexpr LogBook Books[] = {
+    {"Edward Harcourt", England, "102056", "Arras", 19170610, 7, 14, false, "2009-05-06 21:40"},
+    {"Lucien Delmas", France, "101012", "Reims", 19160301, 0, 1, false, "2009-05-05 20:12"},
+    {"Friedrich Brandner", Germany, "501011", "Douai", 19170429, 11, 23, true, "2009-01-02 19:05"},
+    {"Thomas Weatherby", England, "102024", "Bapaume", 19160904, 1, 9, true, "2008-12-30 22:55"},
+    {"Heinrich-Wilhelm von Falkenhausen", Germany, "501002", "Cambrai", 19161028, 3, 8, false,
+     "2008-12-29 18:20"},
+    {"Walter Prentiss", Usa, "103094", "Toul", 19180614, 2, 5, false, "2008-12-28 17:33"},
+};
+/// Of the first of them.
+constexpr LogBook Pages[] = {
+    {"Edward Harcourt", England, "102056", "Arras", 19170607, 6, 13, false, "2009-05-07 08:12"},
+    {"Edward Harcourt", England, "102056", "Arras", 19170604, 6, 12, false, "2009-05-04 22:55"},
+    {"Edward Harcourt", England, "102056", "Arras", 19170601, 5, 11, false, "2009-03-13 21:30"},
+    {"Edward Harcourt", England, "102056", "Arras", 19170527, 5, 10, false, "2009-03-10 19:48"},
+    {"Edward Harcourt", England, "102056", "Arras", 19170524, 4, 9, false, "2008-09-09 18:20"},
+    {"Edward Harcourt", England, "102056", "Arras", 19170520, 4, 8, false, "2008-09-09 17:33"},
+};
+constexpr LogBook LongBook = {"Friedrich-Wilhelm von Hohenstein-Wartenb",
+                              Germany,
+                              "501011",
+                              "Douai",
+                              19170910,
+                              100,
+                              100,
+                              true,
+                              "2009-05-06 21:41"};
 constexpr const char* ThroughTheSettings =
     "menuButton3>MenuConfiguration! menuButton1>MenuConfigurationMaps! "
     "menuBack>MenuConfiguration menuButton2>MenuConfigurationPlanes1 item2 item11! "
@@ -46,10 +77,11 @@ public:
     Tour(CareerDriver& driver, const Visit& visit) : driver(driver), visit(visit) {}
 
     bool run() {
-        return go("MenuMain") && follow(ToTheInvitation) && driver.invite() >= 0 &&
-               follow(ToTheFlight) && flight() && follow(ToTheNextFlight) && fillReport() &&
-               follow(ToTheFullReport) && follow(ToTheNextFlight) && follow(ToTheEmptyReport) &&
-               endWar() && follow(ToTheEnd) && follow(ThroughTheSettings) && notices();
+        visit("MenuMain_NoBook");
+        return follow(ToTheInvitation) && driver.invite() >= 0 && follow(ToTheFlight) && flight() &&
+               follow(ToTheNextFlight) && fillReport() && follow(ToTheFullReport) &&
+               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && endWar() &&
+               follow(ToTheEnd) && drawer() && follow(ThroughTheSettings) && notices();
     }
 
 private:
@@ -121,6 +153,46 @@ private:
     static bool endWar() {
         setDate(*Database::instance(), 1918, 11, 11);
         return true;
+    }
+
+    /// Of seven books, the last of which has to be scrolled into view.
+    bool drawer() {
+        setWritten(driver.home.folder.file("user/Saves/savegame_v03.wty"), "2009-05-07 11:58");
+        int32_t number = 1;
+        for (const LogBook& book : Books) {
+            const std::string folder = putBook(driver.home, ++number, book);
+            for (int32_t page = int32_t(std::size(Pages)); page > 0 && number == 2; --page)
+                putPage(driver.home, folder, 7 - page, Pages[page - 1]);
+        }
+        return follow("careers>MenuCareers") && choose("book.row2", "MenuCareers") &&
+               choose("book.row4", "MenuCareers_Fallen") &&
+               driver.screens->menu().hitWidget("book.row2") && follow("away!_PutAway away") &&
+               follow("pages>MenuCareerPages") && choose("page.row2", "MenuCareerPages") &&
+               follow("menuBack>MenuCareers menuBack>MenuMain") && longOrLostBooks();
+    }
+    bool longOrLostBooks() {
+        const std::string folder = putBook(driver.home, 10, LongBook);
+        for (int32_t page = 1; page < 14; ++page) {
+            LogBook earlier = LongBook;
+            earlier.date -= page;
+            putPage(driver.home, folder, 20 - page, earlier, page == 2);
+        }
+        setWritten(driver.home.folder.write("user/Careers/0011 Albert Reed/savegame_v03.wty", "?"),
+                   "2008-01-01 10:00");
+        if (!follow("careers>MenuCareers") || !choose("book.row2", "MenuCareers_Long") ||
+            !follow("pages>MenuCareerPages") || !choose("page.row3", "MenuCareerPages_Damaged") ||
+            !follow("menuBack>MenuCareers"))
+            return false;
+        for (const int32_t key : {zel::KeyEnd, zel::KeyReturn})
+            driver.screens->key(key);
+        visit("MenuCareers_Unread");
+        return follow("menuBack>MenuMain");
+    }
+    bool choose(const char* row, const char* picture) {
+        const bool isChosen = driver.screens->menu().hitWidget(row);
+        EXPECT_TRUE(isChosen) << row;
+        visit(picture);
+        return isChosen;
     }
 
     bool notices() {

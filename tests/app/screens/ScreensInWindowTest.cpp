@@ -85,7 +85,7 @@ TEST_F(ScreensInWindow, RememberTheFullScreenThatTheKeysChoose) {
 }
 
 TEST_F(ScreensInWindow, EndWhenTheyAreClosedWhileTheWarIsFought) {
-    ASSERT_TRUE(driver.walk("menuButton1>MenuNewService menuButton3>MenuNewYear "
+    ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService menuButton3>MenuNewYear "
                             "menuButton2>MenuNewMonth month3>MenuNewCareer"));
     runningTime = zel::ticks();
     closingTime = runningTime + 500;

@@ -21,7 +21,8 @@ using UnusualUse = CareerScreens;
 
 TEST_F(UnusualUse, TwoQuickPressesAreOne) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-    ASSERT_TRUE(driver.walk(std::string("menuButton1>MenuNewService ") + German1915));
+    ASSERT_TRUE(
+        driver.walk(std::string("careers>MenuCareers another>MenuNewService ") + German1915));
     pressTwice(driver, "menuButton4");
     ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
     EXPECT_EQ(driver.screens->log.linesWith("SIMULATED MISSIONS"), 1);

@@ -1,0 +1,154 @@
+#include "app/screens/BookTexts.h"
+
+#include <algorithm>
+
+#include "app/career/Nation.h"
+#include "app/record/ShelfFolders.h"
+#include "app/screens/ScreenWording.h"
+#include "engine/core/System.h"
+
+namespace {
+
+constexpr int32_t SpineLetters = 36; // as wide as the label
+constexpr const char* Dagger = " \x86";
+constexpr const char* Cut = "...";
+
+// Letters of the columns of a page's row, whose typewriter face has one advance.
+constexpr int32_t DateColumn = 15;
+constexpr int32_t FlightsColumn = 9;
+constexpr int32_t RowLetters = 46;
+
+const Wording& serviceOf(int32_t nation) {
+    switch (nation) {
+    case France:
+        return wording::FrenchService;
+    case Germany:
+        return wording::GermanService;
+    case Usa:
+        return wording::AmericanService;
+    default:
+        return wording::EnglishService;
+    }
+}
+
+zel::String monthText(const Wording (&months)[12], int32_t month) {
+    return month >= 1 && month <= 12 ? textOf(months[month - 1]) : zel::String();
+}
+
+zel::String twoDigits(int32_t number) {
+    return (number < 10 ? zel::String("0") : zel::String()) + number;
+}
+
+zel::String timeOfDay(const zel::WallTime& time) {
+    return twoDigits(time.hour) + ":" + twoDigits(time.minute);
+}
+
+bool isKnown(const zel::WallTime& time) { return time.year > 0; }
+
+zel::String shortDate(int32_t year, int32_t month, int32_t day) {
+    return textOf(wording::ShortDate, {day, monthText(wording::ShortMonths, month), year});
+}
+
+/// "to-day, 21:40", "13 Mar, 22:55" of this year, "13 Mar 2025" of another.
+zel::String savedText(const zel::WallTime& saved) {
+    if (!isKnown(saved))
+        return {};
+    const zel::WallTime now = zel::wallTime();
+    if (saved.year != now.year)
+        return shortDate(saved.year, saved.month, saved.day);
+    if (saved.month == now.month && saved.day == now.day)
+        return textOf(wording::SavedToday, {timeOfDay(saved)});
+    return textOf(wording::SavedThisYear,
+                  {saved.day, monthText(wording::ShortMonths, saved.month), timeOfDay(saved)});
+}
+
+/// The text and blanks up to that many letters, but at least one.
+zel::String column(const zel::String& text, int32_t letters) {
+    return text + zel::String(std::string(size_t(std::max(1, letters - text.length())), ' '));
+}
+
+zel::String lines(std::initializer_list<zel::String> texts) {
+    zel::String all;
+    for (const zel::String& text : texts)
+        if (!text.empty())
+            all += (all.empty() ? "" : "\n") + text;
+    return all;
+}
+
+} // namespace
+
+zel::String bookDate(const Calendar& date) {
+    const zel::String month = monthText(wording::Months, date.getMonth());
+    if (date.getDay() == 1)
+        return textOf(wording::BookFirstOfMonth, {month, date.getYear()});
+    return textOf(wording::BookDate, {date.getDay(), month, date.getYear()});
+}
+
+zel::String bookName(const ShelvedCareer& book) {
+    if (book.summary.isReadable)
+        return book.summary.pilot;
+    const std::string_view folder = nameOfFolder(book.folder);
+    const std::string_view name = folder.substr(std::min(folder.find(' '), folder.size()));
+    const bool isNamed = !book.isCurrent && name.size() > 1 && name.substr(1) != UnknownPilot;
+    return isNamed ? zel::String(name.substr(1)) : textOf(wording::UnreadableBook);
+}
+
+zel::String spineText(const ShelvedCareer& book) {
+    const bool hasFallen = book.summary.isReadable && book.summary.state == CareerState::Fallen;
+    const zel::String ending = hasFallen ? Dagger : "";
+    const zel::String name = bookName(book);
+    const int32_t room = SpineLetters - ending.length();
+    if (name.length() <= room)
+        return name + ending;
+    return name.left(room - zel::String(Cut).length()) + Cut + ending;
+}
+
+zel::String unreadableText(const ShelvedCareer& book) {
+    const zel::String& file = book.summary.file;
+    const zel::String shown =
+        zel::String(nameOfFolder(book.folder)) + "/" + zel::String(nameOfFolder(file));
+    return lines({textOf(wording::CantBeRead), zel::system::shownText(shown)});
+}
+
+zel::String serviceLines(const SaveSummary& summary) {
+    return lines(
+        {textOf(serviceOf(summary.nation)), summary.squadron,
+         summary.base.empty() ? zel::String() : textOf(wording::NearBase, {summary.base})});
+}
+
+zel::String figuresText(const SaveSummary& summary) {
+    return textOf(wording::BookFigures, {countText(wording::Victories, summary.victories),
+                                         countText(wording::Missions, summary.missions)});
+}
+
+zel::String warLines(const SaveSummary& summary) {
+    return lines({bookDate(summary.date), figuresText(summary)});
+}
+
+zel::String railLines(const ShelvedCareer& book) {
+    return book.summary.isReadable ? lines({spineText(book), bookDate(book.summary.date)})
+                                   : bookName(book);
+}
+
+zel::String pageLines(const SaveSummary& summary) {
+    return lines({summary.squadron, warLines(summary)});
+}
+
+zel::String lastFlownText(const zel::WallTime& written) {
+    if (!isKnown(written))
+        return {};
+    return textOf(wording::LastFlown,
+                  {bookDate({written.year, written.month, written.day}), timeOfDay(written)});
+}
+
+zel::String pageText(const SavePage& page) {
+    const SaveSummary& summary = page.summary;
+    zel::String row = textOf(wording::DamagedPage);
+    if (summary.isReadable) {
+        const Calendar& date = summary.date;
+        row = column(shortDate(date.getYear(), date.getMonth(), date.getDay()), DateColumn) +
+              column(zel::String(summary.missions), FlightsColumn) + summary.victories;
+    }
+    const zel::String saved = savedText(summary.written);
+    return saved.empty() ? row : column(row, RowLetters - saved.length()) + saved;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/record/Shelf.h"
+#include "engine/core/Clock.h"
+
+// What the log books of the careers and their pages say, in the language in use. The examples are
+// the English ones.
+
+/// "10 June 1917".
+zel::String bookDate(const Calendar& date);
+/// The name on the spine and on the card: the pilot's. A book that can't be read has the name of
+/// its folder, or is an "Unreadable log book".
+zel::String bookName(const ShelvedCareer& book);
+/// The name cut to the letters that fit the spine, with a dagger if the pilot has fallen.
+zel::String spineText(const ShelvedCareer& book);
+/// That the book can't be read and stays as it is, and its file's name and folder.
+zel::String unreadableText(const ShelvedCareer& book);
+/// Service, squadron and base, a line each. A squadron without a name has no line.
+zel::String serviceLines(const SaveSummary& summary);
+/// "7 victories, 14 missions".
+zel::String figuresText(const SaveSummary& summary);
+/// The date of the war and the figures, a line each.
+zel::String warLines(const SaveSummary& summary);
+/// What the main menu says of the book: its name and the date of the war, a line each.
+zel::String railLines(const ShelvedCareer& book);
+/// The squadron, the date of the war and the figures of a page, a line each.
+zel::String pageLines(const SaveSummary& summary);
+/// "Last flown 14 March 2026, 21:40"; empty if the file's time is unknown.
+zel::String lastFlownText(const zel::WallTime& written);
+/// The row of a page: its date, flights, victories and when it was saved, in columns of the
+/// typewriter face.
+zel::String pageText(const SavePage& page);

@@ -1,0 +1,57 @@
+#include "app/screens/CareerDrawer.h"
+
+#include <algorithm>
+
+#include "app/career/Database.h"
+#include "app/screens/MenuNotification.h"
+
+void CareerDrawer::read() {
+    const int32_t number = chosenBook() != nullptr ? chosenBook()->number : 0;
+    books = shelf.careers();
+    books.erase(std::remove_if(books.begin(), books.end(),
+                               [](const ShelvedCareer& book) { return book.isPutAway; }),
+                books.end());
+    const auto same = std::find_if(books.begin(), books.end(), [&](const ShelvedCareer& book) {
+        return book.number == number;
+    });
+    chosen = same != books.end() ? size_t(same - books.begin()) : 0;
+}
+
+void CareerDrawer::chooseFirst() {
+    chosen = 0;
+    problem = zel::String();
+}
+
+void CareerDrawer::choose(size_t index) {
+    chosen = index;
+    problem = zel::String();
+}
+
+bool CareerDrawer::note(bool succeeded) {
+    problem = succeeded ? zel::String() : shelf.problem();
+    return succeeded;
+}
+
+zel::String CareerDrawer::open() {
+    const ShelvedCareer* book = chosenBook();
+    if (book != nullptr && !note(book->isCurrent || shelf.take(book->number)))
+        return "MenuCareers";
+    if (!career.loadFile(SaveFileName))
+        return "BlackScreen";
+    const bool isRepaired =
+        career.repairs.any() && MenuNotification::isPage("MenuNotificationRepair");
+    return isRepaired ? "MenuNotificationRepair" : "MenuGameMain";
+}
+
+bool CareerDrawer::putAway() {
+    const ShelvedCareer* book = chosenBook();
+    const bool succeeded = book != nullptr && note(shelf.putAway(book->number));
+    if (succeeded)
+        read();
+    return succeeded;
+}
+
+bool CareerDrawer::turnBack(const SavePage& page) {
+    const ShelvedCareer* book = chosenBook();
+    return book != nullptr && note(shelf.turnBack(*book, page));
+}
