@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int32_t FirstDay = 19151201; // of a career
+constexpr int32_t FirstDayOfSave = 19151201; // of a career
 
 struct Head {
     char magic[4];
@@ -57,7 +57,7 @@ bool isDayOfTheWar(const Head& head) {
     return head.year >= FirstSaveYear && head.year <= LastSaveYear && head.month >= 1 &&
            head.month <= 12 && head.day >= 1 &&
            head.day <= Calendar::daysInMonth(head.year, head.month) &&
-           Calendar(head.year, head.month, head.day).dateNumber() >= FirstDay;
+           Calendar(head.year, head.month, head.day).dateNumber() >= FirstDayOfSave;
 }
 
 /// Follows the counts through the file. What is wrong, or an empty text.

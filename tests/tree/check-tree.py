@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Checks what a compiler doesn't: who may include whom, how long files and
-functions are, and that each source has its header.
+functions are, that each source has its header, and that no two sources of a target define the same name:
+unity builds compile them together.
 
 Run from the top of the tree: tests/tree/check-tree.py. Prints one line per finding, as
 "file:line: message", and exits with 1 if there is any.
 """
+import os
 import re
 import subprocess
 import sys
@@ -98,6 +100,45 @@ def own_header(path, paths):
         yield 1, "has no header of its name"
 
 
+# What is defined at the top level: "constexpr int32_t Rows = 8;", "struct Row {", "void draw(Row row) {".
+DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (?P<type>\w+) |"
+                        r"(?!return |using |namespace )\w[\w:<>&*, ]*[ &*]"
+                        r"(?:(?P<constant>[\w]+)(?:\[\w*\])*(?:;| =|\{)|(?P<function>\w+\(.*[{,]$))")
+
+
+def definitions(path):
+    """Yields line and name of what a source defines; of a function the parameters too, since it may have
+    overloads elsewhere."""
+    with open(path, encoding="latin-1") as file:
+        for number, line in enumerate(file, 1):
+            if found := DEFINITION.match(line):
+                yield number, found["type"] or found["constant"] or found["function"]
+
+
+def targets():
+    """Yields the sources of each target, except those of single files."""
+    listed = subprocess.run(["git", "ls-files", "*CMakeLists.txt"], check=True, capture_output=True, text=True)
+    for path in listed.stdout.split():
+        with open(path, encoding="utf-8") as file:
+            text = file.read()
+        for target in re.findall(r"^(?:wingtally_\w+|add_library|add_executable)\(([^)]*)\)", text, re.M):
+            sources = [os.path.join(os.path.dirname(path), word)
+                       for word in target.split() if re.fullmatch(r"[\w/]+\.cpp", word)]
+            if len(sources) > 1:
+                yield sources
+
+
+def clashes():
+    """Yields source, line and message for each name that an earlier source of the target defines."""
+    for sources in targets():
+        known = {}
+        for source in filter(os.path.exists, sources):
+            for number, name in definitions(source):
+                first = known.setdefault(name, source)
+                if first != source:
+                    yield source, number, f"{name.split('(')[0]} is defined in {first} too"
+
+
 def main():
     listed = subprocess.run(["git", "ls-files", "-z", "*.cpp", "*.h"], check=True, capture_output=True)
     paths = set(filter(None, listed.stdout.decode().split("\0")))
@@ -108,6 +149,9 @@ def main():
         for number, message in [*includes(path, lines), *sizes(path, lines), *own_header(path, paths)]:
             print(f"{path}:{number}: {message}")
             findings += 1
+    for path, number, message in clashes():
+        print(f"{path}:{number}: {message}")
+        findings += 1
     return 1 if findings else 0
 
 
