@@ -9,15 +9,29 @@ target_compile_options(wingtally_flags INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
   $<$<CXX_COMPILER_ID:Clang>:-Wshadow>)
 
+# Unity builds (presets ci and asan) compile the sources of a target together: the standard headers are
+# read once. A compiler cache does better with one source at a time.
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_UNITY_BUILD OFF)
+endif()
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # It takes every source in a unity build for a header, in which an anonymous namespace is a fault.
+  target_compile_options(wingtally_flags INTERFACE -Wno-subobject-linkage)
+endif()
+
 if(WIN32)
   # The compiler's own libraries go into each program; beside it is SDL alone.
   target_link_options(wingtally_flags INTERFACE -static)
 endif()
 
-# wingtally_library(NAME SOURCES file... LINKS library...): a static library of one folder.
+# wingtally_library(NAME [HOT] SOURCES file... LINKS library...): a static library of one folder.
+# HOT: a war or a picture takes its time there, so the preset asan optimises it too.
 function(wingtally_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "HOT" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
+  if(ARG_HOT)
+    target_compile_options(${name} PRIVATE ${WINGTALLY_HOT_OPTIONS})
+  endif()
   target_link_libraries(${name} PUBLIC wingtally_flags ${ARG_LINKS})
 endfunction()
 

@@ -5,33 +5,21 @@ Run from the top of the tree: tests/tree/check-tidy.py BUILD. BUILD is a folder 
 compile_commands.json of a Clang build; its generated headers must be there. Exits with 1 if there is
 any finding.
 
-Most of clang-tidy's time goes into the standard headers. So the sources of a folder are checked as one
-translation unit, which takes a tenth of the time; sources that define the same name get units of their own.
+The standard headers would take most of clang-tidy's time. So the sources of a target are checked as one
+translation unit, which takes a tenth of it; check-tree.py makes sure that their names don't clash.
 """
 import concurrent.futures
 import json
 import os
-import re
 import shlex
 import subprocess
 import sys
 
 FOLDERS = ("app/", "engine/", "standin/", "tools/")
-# A name that is defined at the top level: "constexpr int32_t Rows = 8;", "void draw(", "struct Row {".
-DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (\w+)|"
-                        r"(?!return |using )\w[\w:<>&*, ]*[ &*(](\w+)(?:\[\w*\])?(?: =|[({)])")
 
 
-def definitions(source):
-    """The names that may clash with another source's, qualified ones left out."""
-    with open(source, encoding="latin-1") as file:
-        found = (DEFINITION.match(line) for line in file)
-        return {match[1] or match[2] for match in found if match}
-
-
-def arguments(command):
+def arguments(words):
     """The options of a compile command that say how to read the source."""
-    words = command.get("arguments") or shlex.split(command["command"])
     kept = []
     for word, following in zip(words, [*words[1:], ""]):
         if word == "-isystem":
@@ -42,22 +30,17 @@ def arguments(command):
 
 
 def units(build):
-    """Yields sources that can be one translation unit, and the options for them."""
+    """Yields sources that can be one translation unit, and the options for them: those of one target."""
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
         commands = json.load(file)
-    groups = []  # of one folder and the same options: folder, options, names, sources
-    for command in sorted(commands, key=lambda command: command["file"]):
-        source = os.path.relpath(command["file"])
-        if not source.startswith(FOLDERS):
-            continue
-        folder, options, names = os.path.dirname(source), arguments(command), definitions(source)
-        group = next((g for g in groups if g[0] == folder and g[1] == options and not g[2] & names), None)
-        if group is None:
-            groups.append((folder, options, names, [source]))
-        elif source not in group[3]:
-            group[2].update(names)
-            group[3].append(source)
-    return [(options, sources) for _, options, _, sources in groups]
+    groups = {}  # sources by target and options
+    for command in commands:
+        words = command.get("arguments") or shlex.split(command["command"])
+        output = os.path.join(command["directory"], words[words.index("-o") + 1])
+        target = os.path.relpath(output, build).split(".dir/")[0]
+        if target.startswith(FOLDERS):
+            groups.setdefault((target, *arguments(words)), []).append(command["file"])
+    return [(options, sources) for (_, *options), sources in groups.items()]
 
 
 def check(build, number, options, sources):
