@@ -15,6 +15,7 @@ namespace standin {
 /// Waits that many seconds; false if it was interrupted.
 using Wait = std::function<bool(double seconds)>;
 
+/// How a flight goes and how its log is written. The default: to its end, at once.
 struct FlightOptions {
     uint32_t seed = 0;     // of all draws; 0 draws one
     bool breakOff = false; // the player leaves early: the log stops without an end
@@ -27,6 +28,7 @@ struct FlightOptions {
     Wait wait;                      // for the two above; empty: sleeps
 };
 
+/// What became of a plane and its pilot.
 struct PlaneResult {
     std::string name;
     int32_t country = 0;
@@ -36,6 +38,7 @@ struct PlaneResult {
     bool dead = false; // the pilot
 };
 
+/// A flight in short, for the program to print.
 struct FlightSummary {
     uint32_t seed = 0;               // that was used
     std::string mission;             // the file's own name

@@ -10,6 +10,7 @@
 // settings pages, checks of data files and the stand-in simulator derive from these rows, and a
 // test compares docs/data-files.md with them.
 
+/// The two sides of the war.
 enum class WarSide : uint8_t { Allied, Central };
 
 /// Nations that fly a type, as a set. England flies whatever its side has.
@@ -28,6 +29,7 @@ struct StandInFigures {
     int32_t rounds; // for all guns
 };
 
+/// A fighter type: its names, who flies it and from when on, and its figures in the stand-in.
 struct Aircraft {
     const char* identifier;  // the simulator's name in lower case, and the key of the preferences
     const char* displayName; // on every page

@@ -22,6 +22,7 @@ struct Victory {
 
 /// The values are in the record's file as their names.
 enum class PostingKind : uint8_t { Joined, Transferred, Died, Succeeded };
+/// Why. The names are in the record's file too.
 enum class PostingCause : uint8_t {
     Start,       // he was there when the career began
     History,     // the data files say so
@@ -55,6 +56,7 @@ struct FlightPlane {
     int32_t level = 0; // as in the mission: 1 to 4, 0 for the first plane
 };
 
+/// Kinds of the events below; the record's file has their names.
 enum class FlightEventKind : uint8_t {
     Hit,     // bullets; it has no position
     Damage,  // of a plane

@@ -36,6 +36,7 @@ static_assert(offsetof(Pilot, squadron) == 64 && offsetof(Pilot, nation) == 70);
 static_assert(offsetof(Pilot, shotdowns) == 74 && offsetof(Pilot, historic) == 78);
 static_assert(offsetof(Pilot, pilotFile) == 80 && offsetof(Pilot, pilotFlag) == 84);
 
+/// A squadron of the war, from a squadron file or generated. The player's is one of them.
 struct Squadron {
     char name[64];        // unused
     char key[64];         // of its data file, at most 11 characters; empty if generated
@@ -71,6 +72,7 @@ struct DataLine {
 };
 static_assert(sizeof(DataLine) == 269 && offsetof(DataLine, text) == 13);
 
+/// A squadron file of the data, read when the career is made.
 struct SquadronFile {
     char fileName[64];
     char key[64]; // the same text; its first three digits are the nation
@@ -82,6 +84,7 @@ struct SquadronFile {
 static_assert(sizeof(SquadronFile) == 1168);
 static_assert(offsetof(SquadronFile, lastDate) == 131 && offsetof(SquadronFile, lines) == 144);
 
+/// A pilot file of the data, read when the career is made. Its pilot joins later, if ever.
 struct PilotFile {
     char name[64];
     int32_t pilotIndex; // once he has joined

@@ -26,6 +26,7 @@ enum class LogState {
     OtherPilot,   // WingtallyMission, but with a player whom the plan doesn't know
 };
 
+/// What is known about the log that a mission waits for, for the page that waits.
 struct LogNews {
     LogState state = LogState::None;
     zel::String detail; // NoFolder: the folder; Unread: the log; OtherMission, OtherPilot: its name

@@ -12,14 +12,24 @@ class SquadronSimulator {
 public:
     virtual ~SquadronSimulator() = default;
 
+    /// Gives the squadron (index) an airfield of its side; an index out of range changes nothing.
     static void assignBase(int32_t squadron, bool allied, bool mayDrawChannel);
+    /// The name of a unit by its six-digit number; "(number)" for an unknown one.
     static zel::String squadronDisplayName(int32_t id);
+    /// Whether that number is a known unit's.
     static bool hasDisplayName(int32_t id);
+    /// The six-digit number of a squadron file's unit; -1 for an index out of range.
     static int32_t squadronNumber(int32_t fileIndex);
+    /// Weighted victories of the squadron's five best pilots; 0 for an index out of range.
     static float squadronStrength(int32_t squadron);
+    /// 1 (novice) to 4 (ace), from his skill (0 to 10), victories and missions.
     static int32_t pilotLevel(int32_t skill, int32_t shotdowns, int32_t missions);
+    /// The next invitation falls due that many months from now.
     static void scheduleInvitation(int32_t monthsAhead);
+    /// Index of the best squadron that would take the player; -1 for none.
     static int32_t pickInvitationSquadron();
+    /// Whether an invitation waits for an answer.
     static bool invitationDue();
+    /// Moves the war on by one period.
     static void advanceWar();
 };

@@ -11,6 +11,7 @@
 
 namespace zel {
 
+/// How a file is opened: to read it, to write a new one, to change it, to write at its end.
 enum FileMode : int32_t { FileRead = 0, FileWrite = 1, FileUpdate = 2, FileAppend = 3 };
 
 /// A file as binary blocks and as lines of text.

@@ -14,16 +14,19 @@
 /// case, as the simulator's folder under Wine needs.
 namespace zel::system {
 
+/// A file or folder in a folder, by its name there.
 struct DirectoryEntry {
     std::string name;
     bool isDirectory;
 };
 
+/// The size of a display.
 struct Extent {
     int32_t width = 0; // pixels; 0 if unknown
     int32_t height = 0;
 };
 
+/// What the system knows about a file; zeroes for one that doesn't exist.
 struct FileStatus {
     bool exists = false; // and is a regular file
     int64_t size = 0;    // bytes

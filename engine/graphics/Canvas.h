@@ -9,8 +9,10 @@
 
 namespace zel {
 
+/// How a picture is mixed with what is drawn already: over it, or added to it.
 enum class Blend : uint8_t { Normal, Additive };
 
+/// A point in design pixels, from the top left.
 struct Point {
     float x;
     float y;

@@ -41,6 +41,7 @@ struct ImageDescription {
     int32_t lifetime = LifetimeShort;
 };
 
+/// An animation of a group: a stretch of its transforms.
 struct AnimationEntry {
     String name;
     int32_t first = 0, last = 0; // indices of transforms
@@ -55,6 +56,7 @@ struct GroupDescription {
     std::vector<FrameTransform> transforms;
 };
 
+/// The content of an index file: what images a picture holds, and their groups.
 struct ImageIndex {
     std::vector<ImageDescription> images; // in the order of the file
     std::vector<GroupDescription> groups;

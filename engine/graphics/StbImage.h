@@ -7,6 +7,7 @@
 /// The decoder of FormatANY, compiled in one place. Check zel::isSafeToDecode() first.
 namespace zel {
 
+/// Size and form of a picture.
 struct StbInfo {
     int32_t width = 0, height = 0; // pixels
     int32_t channels = 0;          // bytes a pixel: grey, grey and alpha, RGB, RGBA
@@ -16,6 +17,7 @@ struct StbInfo {
 /// decoder doesn't know the format.
 [[nodiscard]] bool readStbInfo(std::string_view content, StbInfo& info);
 
+/// Gives pixels back to the decoder that made them.
 struct StbRelease {
     void operator()(uint8_t* pixels) const;
 };

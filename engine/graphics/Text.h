@@ -12,6 +12,7 @@ namespace zel {
 class Font;
 struct Glyph;
 
+/// Where lines and the block of lines are in the text's rectangle.
 enum class AlignX : uint8_t { Left = 0, Centre = 1, Right = 2 };
 enum class AlignY : uint8_t { Top = 0, Centre = 1, Bottom = 2 };
 

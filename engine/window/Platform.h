@@ -18,6 +18,7 @@ struct KeyPress {
     bool repeated = false;  // repeated by the system while held
 };
 
+/// SDL's symbols of the keys that menus and text inputs handle.
 enum KeySymbol : int32_t {
     KeyBackspace = 8,
     KeyTab = 9,

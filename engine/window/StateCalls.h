@@ -18,6 +18,7 @@ enum StateCallType : int32_t {
     STATECALL_UPDATE_SCHEDULERS = 6,
 };
 
+/// One notification that waits for its frame.
 struct StateCall {
     State* state;
     State* otherState; // the previous state, of STATECALL_START_TIMER

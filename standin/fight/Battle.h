@@ -16,6 +16,7 @@ constexpr int32_t StepTicks = 5;
 constexpr double BulletSpeed = 650; // m/s
 constexpr int32_t FirstPositionTick = 58;
 
+/// What must happen to the human in the fight.
 struct FightOptions {
     bool killHuman = false;  // he dies in any case
     bool woundHuman = false; // he is hurt and lives
@@ -56,7 +57,7 @@ protected:
     bool isFlying(const Fighter& fighter) const;
     void endHumanAfter(double seconds);
     void writeEvent(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
-              const Vector& position, bool armourPiercing = false);
+                    const Vector& position, bool armourPiercing = false);
     double draw(double from, double to);
     bool chance(double probability) { return draw(0, 1) < probability; }
     bool areEnemies(int32_t a, int32_t b) const;

@@ -10,6 +10,7 @@ namespace standin {
 constexpr int32_t TicksPerSecond = 50;
 constexpr int32_t Nobody = -1; // the ground, fire, strain
 
+/// Kinds of the events of a flight.
 enum class EventKind {
     Hit, // a bullet arrives
     Damage,
@@ -42,11 +43,13 @@ struct PlaneEnd {
     Vector position;
 };
 
+/// A gun on the ground.
 struct Gun {
     int32_t country;
     Vector position;
 };
 
+/// A whole flight, as the log's writer needs it.
 struct FlightCourse {
     std::vector<Event> events;    // by rising ticks
     std::vector<PlaneEnd> planes; // in the mission's order

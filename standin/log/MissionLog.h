@@ -9,6 +9,7 @@
 
 namespace standin {
 
+/// How a log is written.
 struct LogOptions {
     std::string missionName; // "WingtallyMission", for the line that names the mission's file
     bool breakOff = false;   // the player leaves early: the log just stops

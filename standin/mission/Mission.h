@@ -8,6 +8,7 @@
 
 namespace standin {
 
+/// A plane of the mission.
 struct Plane {
     std::string name;     // as in the mission, of any length
     int32_t index = 0;    // of the object in the mission's text
@@ -39,6 +40,7 @@ struct AttackArea {
     std::vector<int32_t> objects; // entities of the planes
 };
 
+/// A goal of the mission, whose outcome the log reports.
 struct Objective {
     int32_t index = 0;
     Vector position;
@@ -49,6 +51,7 @@ struct Objective {
     double delay = 0; // seconds from the mission's start; below 0: never reached
 };
 
+/// A country and the coalition that it fights for, by the simulator's codes.
 struct Country {
     int32_t code = 0;
     int32_t coalition = 0;

@@ -9,6 +9,7 @@ namespace tools {
 /// What a program does after reading its arguments.
 enum class CallKind { Run, Help, Wrong };
 
+/// The result of reading a program's arguments.
 struct CallReading {
     CallKind kind = CallKind::Run;
     std::string text; // to print, except for Run: the help, or why the call is wrong and the usage

@@ -28,6 +28,7 @@ struct Finding {
     /// preceded by "warning: ".
     std::string text() const;
 };
+/// Findings of one run.
 using Findings = std::vector<Finding>;
 
 /// Sorts by file, then by line. Findings of one line keep their order.

@@ -12,6 +12,7 @@ namespace datacheck {
 
 using tools::Findings;
 
+/// A line of a data file.
 struct TextLine {
     int32_t number; // as an editor counts, from 1
     zel::String text;

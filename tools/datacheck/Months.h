@@ -18,6 +18,7 @@ Month monthOf(const std::string& date);
 /// "1917-04".
 zel::String monthText(Month month);
 
+/// The months from first to last, both included.
 struct MonthRange {
     Month first;
     Month last; // before first for an empty range

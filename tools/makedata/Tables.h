@@ -33,6 +33,7 @@ struct NameList {
     std::vector<std::string> names;
 };
 
+/// All tables of data/history and data/names.
 struct Tables {
     std::vector<SquadronRow> squadrons;
     std::vector<PostingRow> postings;

@@ -8,6 +8,7 @@
 
 namespace menucheck {
 
+/// A place in a script; line 0 means the whole file.
 struct Source {
     zel::String file;
     int32_t line = 0;

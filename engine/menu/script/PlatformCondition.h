@@ -6,6 +6,7 @@
 
 namespace zel {
 
+/// The result of a condition; Unknown for one that the language lacks.
 enum class ConditionResult { Holds, Fails, Unknown };
 
 /// Whether a display of that real size counts as a tablet: both lengths from 768 to 1024 pixels.

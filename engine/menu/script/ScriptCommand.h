@@ -44,6 +44,7 @@ void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value
 
 constexpr int32_t OpenCount = 1024; // maximum of arguments of commands without a limit
 
+/// A command of the script language: its name, how many arguments it takes, and what it does.
 struct ScriptCommand {
     const char* name;         // lowered
     int32_t minimum, maximum; // arguments

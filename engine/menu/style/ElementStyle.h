@@ -11,6 +11,7 @@ class TextArea;
 class Widget;
 struct Theme;
 
+/// A font that was chosen; null if there is none.
 struct FontResult {
     const Font* font = nullptr;
     bool isUnknownIndex = false; // no font by name, and the theme's list lacks the index

@@ -10,6 +10,7 @@
 
 namespace zel {
 
+/// A colour for each look of a widget.
 using LookColors = std::array<std::optional<uint32_t>, LookCount>; // ARGB; empty: not given
 
 /// The style of widgets of one kind.

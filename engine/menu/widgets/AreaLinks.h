@@ -11,6 +11,7 @@ class TextArea;
 class Widget;
 struct Bounds;
 
+/// The elements of a menu by their names.
 using Widgets = std::map<String, std::unique_ptr<Widget>>;
 using TextAreas = std::map<String, std::unique_ptr<TextArea>>;
 
