@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr const char* FirstChoices = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+constexpr const char* German1915Choices = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
 constexpr LogBook Delmas = {"Lucien Delmas",   0, nullptr, nullptr, 19170610, 7, 14, false,
                             "2008-05-06 21:40"};
 constexpr LogBook Brandner = {
@@ -21,7 +21,7 @@ class Drawer : public CareerScreens {
 protected:
     /// To the drawer, with a career that is saved.
     void SetUp() override {
-        ASSERT_TRUE(driver.begin(FirstChoices));
+        ASSERT_TRUE(driver.begin(German1915Choices));
         pilot = player();
         ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     }
