@@ -123,6 +123,7 @@ std::vector<String> leftDrafts(const String& name) {
     std::sort(found.begin(), found.end(),
               [](const auto& a, const auto& b) { return a.first > b.first; });
     std::vector<String> paths;
+    paths.reserve(found.size());
     for (const auto& [changed, path] : found)
         paths.push_back(path);
     return paths;

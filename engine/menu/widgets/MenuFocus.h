@@ -25,7 +25,7 @@ public:
     /// Clears the focus if its widget can't have it any longer, or if the pointer has moved.
     void follow(Menu& menu);
     /// Gives the focus to the widget of that name; false if there is none that can have it.
-    bool set(Menu& menu, const String& widget);
+    bool set(Menu& menu, const String& target);
     /// Gives the focus to a widget that takes typed characters when it is hit.
     void takeHit(Menu& menu, Widget& widget);
     void clear(Menu& menu);
