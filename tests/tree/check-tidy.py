@@ -16,6 +16,9 @@ import subprocess
 import sys
 
 FOLDERS = ("app/", "engine/", "standin/", "tools/")
+# The analyzer follows the paths of the unit's own functions alone unless it is told that they are included.
+# It gives up a function after so many states; the default of 225,000 takes four times as long.
+ANALYZER = ("-Xclang", "-analyzer-opt-analyze-headers", "-Xclang", "-analyzer-config", "-Xclang", "max-nodes=5000")
 
 
 def arguments(words):
@@ -48,7 +51,7 @@ def check(build, number, options, sources):
     unit = os.path.join(build, f"tidy{number}.cpp")
     with open(unit, "w", encoding="utf-8") as file:
         file.writelines(f'#include "{os.path.abspath(source)}"\n' for source in sources)
-    done = subprocess.run(["clang-tidy", "--quiet", "--config-file=.clang-tidy", unit, "--", *options],
+    done = subprocess.run(["clang-tidy", "--quiet", "--config-file=.clang-tidy", unit, "--", *options, *ANALYZER],
                           capture_output=True, text=True, check=False)
     return "" if done.returncode == 0 else done.stdout + done.stderr
 
