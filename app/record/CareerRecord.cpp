@@ -189,7 +189,7 @@ void CareerRecord::onSaving(const Database& career, std::string_view content) {
     if (place == Place::None || place == Place::Unusable || (isNew && !makeFile(career)))
         return;
     writeEvents(career);
-    orders.write(file);
+    orders.save(file, lastSave.date);
     const SavedPage page = {checksumOf(content), today(career)};
     const PageMark added = addPage(file, page);
     if (!file.commit()) {

@@ -57,6 +57,11 @@ int32_t RecordOrders::voidDate(const Database& career) const {
     return orders != nullptr && out(career) == nullptr ? orders->date : voidDay;
 }
 
+void RecordOrders::save(SqliteFile& file, int32_t lastSaved) const {
+    cutOrders(file, lastSaved);
+    write(file);
+}
+
 void RecordOrders::write(SqliteFile& file) const {
     if (orders != nullptr)
         writeOrders(file, *orders);

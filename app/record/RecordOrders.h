@@ -17,13 +17,16 @@ public:
     std::shared_ptr<const MissionOrders> out(const Database& career) const;
     /// The day of those that don't apply; or 0.
     int32_t voidDate(const Database& career) const;
-    /// Writes them, if there are any.
-    void write(SqliteFile& file) const;
+    /// Writes them, if there are any, in place of those of all days after the last save: these are
+    /// of a course of the war that was never saved, or already reported.
+    void save(SqliteFile& file, int32_t lastSaved) const;
     /// Commits and syncs them alone. An open transaction is rolled back. On error: false, and the
     /// file has failed. REQUIRES: there are some.
     bool commit(SqliteFile& file) const;
 
 private:
+    void write(SqliteFile& file) const;
+
     std::shared_ptr<const MissionOrders> orders; // the last ones without a report; or null
     int32_t voidDay = 0;                         // of orders in the file that don't apply; or 0
 };

@@ -64,11 +64,13 @@ struct OrdersTest : testing::Test {
         EXPECT_TRUE(session->load() && ((*session).*command)());
         return testing::internal::GetCapturedStdout();
     }
-    void query(const char* sql) const {
+    /// What the statement gives for the file on the disk.
+    int64_t number(const char* sql) const {
         SqliteFile file;
-        EXPECT_TRUE(file.open(run.userFolder() + "/Saves/record.db", SqliteFile::MustExist) &&
-                    file.run(sql))
-            << file.problem().c_str();
+        file.open(run.userFolder() + "/Saves/record.db", SqliteFile::MustExist);
+        const int64_t result = file.number(sql);
+        EXPECT_FALSE(file.failed()) << file.problem().c_str();
+        return result;
     }
 
     PinnedRun run{5}; // of which the player survives the first flight
@@ -118,6 +120,8 @@ TEST_F(OrdersTest, HaveADefinedEnd) {
     EXPECT_TRUE(run.lines.holds("The orders of " + std::to_string(later) + " are void"))
         << run.lines.text();
     ASSERT_TRUE(beginAndLoad().save());
+    EXPECT_EQ(number("SELECT max(date) FROM orders"), day)
+        << "the war may come to the later day again";
     expectReported(killAndLoad(), "reported before, and saved only without the report");
     ASSERT_TRUE(session->save());
     expectProblem(beginAndLoad().report(), "mission comes before report");
@@ -130,7 +134,7 @@ TEST_F(OrdersTest, CarryNoLogIntoTheCareerTwice) {
     ASSERT_TRUE(beginAndLoad().mission() && session->fly() && session->report() && session->save());
     ASSERT_TRUE(session->mission());
     session.reset();
-    query("DELETE FROM orders_log"); // as if it had come after the orders
+    number("DELETE FROM orders_log"); // as if it had come after the orders
     expectProblem(beginAndLoad().report(), "No log");
     EXPECT_EQ(run.lines.linesWith("was reported before"), 1) << run.lines.text();
     ASSERT_TRUE(session->fly());
@@ -157,9 +161,7 @@ TEST_F(OrdersTest, ComeBackWithAnEarlierPage) {
         expectReported(*session, fliesAgain ? "another flight" : "the same flight");
         ASSERT_TRUE(session->save());
         session.reset();
-        SqliteFile file;
-        ASSERT_TRUE(file.open(run.userFolder() + "/Saves/record.db", SqliteFile::MustExist));
-        EXPECT_EQ(file.number("SELECT count(*) FROM flight"), 1);
+        EXPECT_EQ(number("SELECT count(*) FROM flight"), 1);
     }
 }
 
