@@ -115,6 +115,8 @@ LAYOUTS = {
         area('squadron', 80, 522, 492, 40),
         area('airport', 80, 562, 492, 30),
         area('pilot', 80, 592, 492, 68),
+        area('orders', 696, 14, 292, 46),                           # these two while orders are out
+        widget('awaitReport', 692, 64, 300, 66, lines=SIDE),
         *column(('menuButton1', 'menuButton2', 'menuButton3'), 692, 148, 84, 300),
         BACK_WIDE,
         widget('menuButton4', 692, 612, 300, 52, lines=SIDE),  # it ends the program

@@ -133,13 +133,13 @@ void ZelApp::beforeMenus() {}
 
 void ZelApp::initMenus() {
     zel::HandledMenu::loadMenuList("Menus/init.lst");
-    flight() = std::make_unique<Flight>();
+    flight() = std::make_unique<Flight>(record().get());
     addScreen<MenuGameStartMission>(*flight());
     addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>(*drawer());
     addScreen<MenuCareers>(*drawer());
     addScreen<MenuCareerPages>(*drawer());
-    addScreen<MenuGameMain>(*record());
+    addScreen<MenuGameMain>(*record(), *flight());
     addScreen<MenuGameViewSquadron>();
     addScreen<MenuGameTopAces>();
     addScreen<MenuGameCombatReport>(*flight());
@@ -152,7 +152,7 @@ void ZelApp::initMenus() {
     addScreen<MenuGameAdvance>();
     addScreen<MenuNotificationInstallDir>();
     addScreen<MenuNotificationRepair>();
-    addScreen<MenuNotificationUnsaved>();
+    addScreen<MenuNotificationUnsaved>(*flight());
     for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
         addScreen<MenuNotification>(page);
 }

@@ -5,7 +5,9 @@
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/RecordText.h"
+#include "app/report/Flight.h"
 #include "app/screens/MapSheets.h"
+#include "app/screens/ScreenWording.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -24,16 +26,34 @@ void MenuGameMain::onEntered() {
         return;
     noteSuccession(*career);
     showDate();
-    setText("menuButton1", missionButtonText(*career));
+    showOrders(*career);
     setActive("menuButton1", !isWarOver(*career));
     showSquadron();
     showSheet(*career);
     setText("pilot", playerText(*career, predecessor));
-    showRecordGap();
+    setText("record", note(*career));
 }
 
-void MenuGameMain::showRecordGap() {
-    setText("record", record.gaps().empty() ? "" : recordGapText(record.gaps().back()));
+void MenuGameMain::showOrders(const Database& career) {
+    const MissionOrders* orders = flight.orders(career);
+    areOrdersOut = orders != nullptr && orders->isFlyable;
+    setVisible("awaitReport", areOrdersOut);
+    setText("orders", areOrdersOut
+                          ? textOf(wording::OrdersAreOut, {dateInLanguage(career.calendar())})
+                          : zel::String());
+    setText("menuButton1", areOrdersOut ? textOf(wording::NewOrders) : missionButtonText(career));
+}
+
+zel::String MenuGameMain::note(const Database& career) {
+    const MissionOrders* orders = areOrdersOut ? flight.orders(career) : nullptr;
+    if (orders != nullptr && !flight.areOrdersKept())
+        return textOf(wording::OrdersUnkept);
+    if (const OrdersFile file = orders != nullptr ? fileOf(*orders) : OrdersFile::Same;
+        file != OrdersFile::Same)
+        return textOf(wording::OrdersFaults[int32_t(file) - 1]);
+    if (const int32_t date = flight.voidOrders(career); date > career.calendar().dateNumber())
+        return textOf(wording::OrdersVoid, {dateInLanguage(Calendar::ofNumber(date))});
+    return record.gaps().empty() ? zel::String() : recordGapText(record.gaps().back());
 }
 
 // The map on the desk is of the sector over which the squadron flies.
@@ -61,9 +81,10 @@ void MenuGameMain::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (runningCareer() == nullptr)
         return;
     const zel::String name = widget->getName();
+    // The search for an invitation draws, and new orders for the same day leave the career alone.
     if (name == "menuButton1")
-        setTransition(SquadronSimulator::invitationDue() ? "MenuGameInvite"
-                                                         : "MenuGameStartMission");
+        setTransition(!areOrdersOut && SquadronSimulator::invitationDue() ? "MenuGameInvite"
+                                                                          : "MenuGameStartMission");
     else if (name == "menuButton4" || name == "menuBack")
         saveBefore(*widget);
 }

@@ -40,6 +40,7 @@ void MenuGameStartMission::onEnter() {
     setText("menuButton4", startLabel(today));
     isSkipped = !today.isFlyable;
     showWhatToDo(today.isFlyable);
+    setText("line2", textOf(flight.areOrdersKept() ? wording::FlyAndReturn : wording::FlyAndStay));
     if (zel::Widget* button = getWidget("menuButton4"); button != nullptr && isSkipped)
         button->setTransition("MenuGameCombatReport"); // there is no flight to wait for
     if (today.fault == MissionFault::None)

@@ -1,19 +1,15 @@
 #include "app/screens/MenuNotificationUnsaved.h"
 
 #include "app/career/Database.h"
+#include "app/report/Flight.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "engine/window/StatesMachine.h"
 #include "engine/window/ZelLoop.h"
 
-namespace {
-
-constexpr const char* WaitingPage = "MenuGameFinishMission";
-
-} // namespace
-
-MenuNotificationUnsaved::MenuNotificationUnsaved() : CareerScreen("MenuNotificationUnsaved") {
+MenuNotificationUnsaved::MenuNotificationUnsaved(Flight& flight)
+    : CareerScreen("MenuNotificationUnsaved"), flight(flight) {
     zel::ZelLoop::setCloseAnswer([this] { return mayClose(); });
 }
 
@@ -27,9 +23,11 @@ bool MenuNotificationUnsaved::mayClose() {
     if (!machine.isSettled())
         return false;
     const zel::String shown = machine.getActiveState()->getName();
-    isFlying = shown == WaitingPage;
+    const MissionOrders* orders = flight.orders(*runningCareer());
+    areOrdersOut = orders != nullptr && orders->isFlyable;
+    areOrdersLost = areOrdersOut && !flight.areOrdersKept();
     isSaved = runningCareer()->isSaved(SaveFileName);
-    if (isSaved && !isFlying)
+    if (isSaved && !areOrdersLost)
         return true;
     zel::Platform::getInstance().forgetQuit();
     if (shown == page->getName())
@@ -42,7 +40,8 @@ bool MenuNotificationUnsaved::mayClose() {
 
 void MenuNotificationUnsaved::onEnter() {
     setVisible("text1", !isSaved);
-    setVisible("text2", isFlying);
+    setVisible("text2", areOrdersOut);
+    setText("text2", textOf(areOrdersLost ? wording::QuitLosesOrders : wording::QuitWithOrders));
     if (isSaved)
         setText("title", textOf(wording::UnreportedFlight));
     setVisible("menuButton2", !isSaved);

@@ -2,12 +2,15 @@
 
 #include "app/screens/CareerScreen.h"
 
+class Flight;
+
 /// Shown when the player closes the window and would lose something: the changes since the last
-/// save, or a mission that has no report yet. He goes back, saves and quits, or quits without
+/// save, or orders that could not be written down. He goes back, saves and quits, or quits without
 /// saving.
 class MenuNotificationUnsaved : public CareerScreen {
 public:
-    MenuNotificationUnsaved();
+    /// REQUIRES: the flight outlives the screen.
+    explicit MenuNotificationUnsaved(Flight& flight);
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
@@ -15,7 +18,9 @@ public:
 private:
     bool mayClose();
 
+    Flight& flight;
     zel::String cameFrom; // the screen that "Back" leads to
-    bool isFlying = false;
+    bool areOrdersOut = false;
+    bool areOrdersLost = false; // by quitting, even if he saves
     bool isSaved = false;
 };

@@ -10,6 +10,7 @@ struct SwitchForms {
 // clang-format off
 namespace wording {
 
+inline constexpr Wording FlyAndReturn    {802, "Start Rise of Flight and fly WingtallyMission, then come back here. You may close Wingtally meanwhile: your orders are kept."};
 inline constexpr Wording QuietLog        {920, "No new log for $1 min. If you have flown: was it WingtallyMission, and is mission_text_log = 1 in the simulator's data\\startup.cfg?"}; // minutes
 inline constexpr Wording LooksForLog     {921, "Wingtally looks for the log every eight seconds."};
 inline constexpr Wording LookedForLog    {922, "Last look for the log at $1. The next one follows within eight seconds."}; // the time of day
@@ -42,6 +43,17 @@ inline constexpr Wording PlayerMoved     {2516, "Your pilot was in no squadron. 
 inline constexpr Wording EndExceeded     {2518, "Bytes after the end of the file: $1"}; // their number
 inline constexpr Wording UnreportedFlight{2604, "Your flight has not been reported"};
 
+inline constexpr Wording QuitWithOrders  {2602, "Your orders are out. If you save, the flight can still be reported when you come back."};
+
+inline constexpr Wording NewOrders       {2701, "New orders"};
+inline constexpr Wording OrdersAreOut    {2710, "Your orders of $1 are out."}; // the date
+inline constexpr Wording OrdersFaults[] = { // by OrdersFile, from the first fault on
+    {2711, "The mission in the simulator isn't that of your orders any more. If you haven't flown yet, ask for new orders."},
+    {2712, "The mission of your orders is gone from the simulator. If you haven't flown yet, ask for new orders."},
+};
+inline constexpr Wording OrdersUnkept    {2713, "These orders could not be written down. Leave Wingtally open until the report has come."};
+inline constexpr Wording FlyAndStay      {2715, "Start Rise of Flight and fly WingtallyMission. These orders could not be written down: leave Wingtally open until the report has come."};
+inline constexpr Wording QuitLosesOrders {2721, "Your orders are out, and they could not be written down. If you quit now, the flight can never be reported, whether you save or not."};
 
 inline constexpr Wording FrenchService   {202, "French Air Service"};
 inline constexpr Wording EnglishService  {203, "Royal Flying Corps"};

@@ -70,19 +70,16 @@ TEST_F(Closing, AsksNobodyWhoLosesNothing) {
     EXPECT_TRUE(close()) << "all is saved";
     zel::Platform::getInstance().forgetQuit();
     ASSERT_TRUE(driver.takeOff());
-    EXPECT_FALSE(close());
-    ASSERT_TRUE(driver.screens->untilIdle(Question));
-    EXPECT_TRUE(isShown("text2")) << "but for the flight that he waits for";
-    EXPECT_FALSE(isShown("text1"));
-    EXPECT_FALSE(driver.widget("menuButton2")->isVisible());
-    ASSERT_TRUE(
-        driver.walk("menuBack>MenuGameFinishMission menuBack>MenuGameMain menuBack>MenuMain "
-                    "careers>MenuCareers another>MenuNewService menuButton1>MenuNewYear "
-                    "menuButton1>MenuNewCareer"));
+    EXPECT_TRUE(close()) << "so are the orders";
+    zel::Platform::getInstance().forgetQuit();
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameMain menuBack>MenuMain careers>MenuCareers "
+                            "another>MenuNewService menuButton1>MenuNewYear "
+                            "menuButton1>MenuNewCareer"));
     EXPECT_TRUE(close()) << "a career that is not begun";
 }
 
 TEST_F(Closing, SavesAndQuits) {
+    ASSERT_TRUE(driver.takeOff());
     EXPECT_FALSE(close());
     ASSERT_TRUE(driver.screens->untilIdle(Question));
     ASSERT_TRUE(driver.go("menuButton1", "quitApp", CareerDriver::How::Pointer));

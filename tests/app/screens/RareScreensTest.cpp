@@ -7,6 +7,8 @@
 
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
+#include "app/mission/DailyMission.h"
+#include "app/record/Sqlite.h"
 #include "app/screens/WarProgress.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Registry.h"
@@ -15,6 +17,7 @@
 #include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/engine/menu/GoldenPicture.h"
+#include "tests/engine/window/Events.h"
 
 namespace {
 
@@ -29,6 +32,13 @@ protected:
                                     std::string(NEW_PICTURES_FOLDER) + "/" + file));
     }
     void expectKept(const std::string& name) { expectKept(driver.shot(), name); }
+    /// When he closes the window.
+    bool isAsked() {
+        zel::Platform::getInstance().handleEvent(quitEvent());
+        driver.screens->step();
+        driver.screens->step();
+        return driver.screens->untilIdle("MenuNotificationUnsaved");
+    }
 
     const InFront inFront;
     const PlayerHome home;
@@ -106,6 +116,35 @@ TEST_F(RareScreens, ThePlayerHasASuccessorAndNoSquadronOfAName) {
     ASSERT_TRUE(driver.walk("menuButton2>MenuGameViewSquadron menuButton1>MenuGameMain"));
     EXPECT_EQ(driver.text("squadron"), "Your squadron has no number yet");
     expectKept("MenuGameMain_NoNumber");
+}
+
+TEST_F(RareScreens, TheOrdersCannotBeWrittenDown) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
+    SqliteFile other;
+    ASSERT_TRUE(other.open(home.folder.file("user/Saves/record.db"), SqliteFile::MustExist) &&
+                other.run("BEGIN IMMEDIATE"));
+    ASSERT_TRUE(driver.toOrders());
+    expectKept("MenuGameStartMission_Unkept");
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
+    expectKept("MenuGameMain_Unkept");
+    ASSERT_TRUE(isAsked()) << "though all is saved";
+    EXPECT_NE(driver.text("text2").find("the flight can never be reported"), std::string::npos);
+    EXPECT_FALSE(driver.widget("menuButton2")->isVisible());
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
+    other.rollback();
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameStartMission menuBack>MenuGameMain"));
+    EXPECT_EQ(driver.text("record"), "") << "new orders are kept";
+}
+
+TEST_F(RareScreens, TheMissionOfTheOrdersIsGone) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    ASSERT_TRUE(driver.toOrders());
+    std::filesystem::remove(home.simulatorFolder() + "/data/Missions/" + MissionFileName);
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
+    expectKept("MenuGameMain_MissionGone");
+    ASSERT_TRUE(isAsked());
+    EXPECT_NE(driver.text("text2").find("If you save, the flight can still"), std::string::npos);
 }
 
 } // namespace

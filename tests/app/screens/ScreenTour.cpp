@@ -28,7 +28,7 @@ constexpr const char* ToTheInvitation =
     "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain";
 constexpr const char* ToTheFlight =
     "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission! "
-    "menuButton4>MenuGameFinishMission!";
+    "menuBack>MenuGameMain!_Orders awaitReport>MenuGameFinishMission!";
 constexpr const char* ToTheNextFlight =
     "menuButton1>MenuGameAdvance menuButton1>MenuGameMain menuButton1>MenuGameStartMission "
     "menuButton4>MenuGameFinishMission";

@@ -198,6 +198,30 @@ TEST_F(WaitingPage, HasNoDefaultForAKeyPressedTooOften) {
     EXPECT_TRUE(driver.screens->untilIdle("MenuGameMain"));
 }
 
+// The program was killed in flight. Nobody waits eight seconds for a log that is there.
+TEST(WaitingPageOfALaterRun, FindsTheLogAtOnce) {
+    const PlayerHome home;
+    {
+        CareerDriver driver(home);
+        ASSERT_TRUE(driver.begin("menuButton3>MenuNewYear menuButton1>MenuNewCareer"));
+        ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
+        EXPECT_FALSE(driver.widget("awaitReport")->isVisible());
+        ASSERT_TRUE(driver.takeOff());
+        ASSERT_TRUE(driver.fly());
+    }
+    CareerDriver driver(home, 2);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain"));
+    EXPECT_EQ(driver.text("orders"), "Your orders of 1-December-1915 are out.");
+    EXPECT_EQ(driver.text("menuButton1"), "New orders");
+    driver.screens->menu().hitWidget("awaitReport");
+    ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
+    EXPECT_NE(driver.text("left1").find(" - Kills: "), std::string::npos) << driver.text("left1");
+    ASSERT_TRUE(driver.closeReport());
+    EXPECT_EQ(driver.text("orders"), "");
+    EXPECT_EQ(driver.text("menuButton1"), "Next Mission");
+}
+
 // In the office he sees the date unchanged and presses "Next Mission" again.
 TEST_F(WaitingPage, FindsAFlightOfAMissionThatIsWrittenAgain) {
     const auto planes = [&] {
