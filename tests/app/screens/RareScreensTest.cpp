@@ -15,6 +15,7 @@
 #include "engine/graphics/Canvas.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
+#include "engine/window/ZelLoop.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/engine/menu/GoldenPicture.h"
 #include "tests/engine/window/Events.h"
@@ -35,8 +36,11 @@ protected:
     /// When he closes the window.
     bool isAsked() {
         zel::Platform::getInstance().handleEvent(quitEvent());
-        driver.screens->step();
-        driver.screens->step();
+        for (int32_t frame = 0; frame < 20; ++frame) {
+            if (zel::ZelLoop::isFinished())
+                return false;
+            driver.screens->step();
+        }
         return driver.screens->untilIdle("MenuNotificationUnsaved");
     }
 
