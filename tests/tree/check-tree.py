@@ -101,18 +101,18 @@ def own_header(path, paths):
 
 
 # What is defined at the top level: "constexpr int32_t Rows = 8;", "struct Row {", "void draw(Row row) {".
-DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (?P<type>\w+) |"
+DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (?P<type>\w+) |using (?P<alias>\w+) = |"
                         r"(?!return |using |namespace )\w[\w:<>&*, ]*[ &*]"
                         r"(?:(?P<constant>[\w]+)(?:\[\w*\])*(?:;| =|\{)|(?P<function>\w+\(.*[{,]$))")
 
 
 def definitions(path):
-    """Yields line and name of what a source defines; of a function the parameters too, since it may have
-    overloads elsewhere."""
+    """Yields line number, name and text of what a source defines. A function's name includes its
+    parameters, since it may have overloads elsewhere."""
     with open(path, encoding="latin-1") as file:
         for number, line in enumerate(file, 1):
             if found := DEFINITION.match(line):
-                yield number, found["type"] or found["constant"] or found["function"]
+                yield number, found["type"] or found["alias"] or found["constant"] or found["function"], line
 
 
 def targets():
@@ -129,13 +129,14 @@ def targets():
 
 
 def clashes():
-    """Yields source, line and message for each name that an earlier source of the target defines."""
+    """Yields source, line and message for each name that an earlier source of the target defines. The same
+    alias twice is no clash."""
     for sources in targets():
         known = {}
         for source in filter(os.path.exists, sources):
-            for number, name in definitions(source):
-                first = known.setdefault(name, source)
-                if first != source:
+            for number, name, text in definitions(source):
+                first, before = known.setdefault(name, (source, text))
+                if first != source and not (text.startswith("using ") and text == before):
                     yield source, number, f"{name.split('(')[0]} is defined in {first} too"
 
 

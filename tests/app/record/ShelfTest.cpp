@@ -15,8 +15,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct Program {
-    Program() { career.observer = &record; }
+struct ShelfProgram {
+    ShelfProgram() { career.observer = &record; }
     /// A new career whose player has that name, saved or not.
     void begin(const char* name) {
         career.createCareer(ServiceGerman);
@@ -84,7 +84,7 @@ TEST_F(ShelfTest, NamesFoldersForEverySystem) {
 
 // A new career never takes the place of one that is there. Each has its own record wherever it is.
 TEST_F(ShelfTest, KeepsEachCareerWhole) {
-    Program program;
+    ShelfProgram program;
     program.begin("Hans Braun");
     EXPECT_EQ(program.list(), "");
     ASSERT_TRUE(program.shelf.save()) << program.shelf.problem().view();
@@ -132,7 +132,7 @@ TEST_F(ShelfTest, KeepsEachCareerWhole) {
 
 // Killed between two renames, or changed by hand: afterwards each career is in one place.
 TEST_F(ShelfTest, EndsWhatWasInterrupted) {
-    Program program;
+    ShelfProgram program;
     program.begin("Hans Braun");
     ASSERT_TRUE(program.shelf.save());
     program.begin("Otto Klein");
@@ -140,7 +140,7 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     program.record.close();
     const std::string both = "2 Otto Klein*\n1 Hans Braun\n";
     const auto restart = [&] {
-        Program other;
+        ShelfProgram other;
         EXPECT_TRUE(other.shelf.tidy()) << other.shelf.problem().view();
         EXPECT_FALSE(fs::exists(user("Saves.next")));
         return other.list();
@@ -157,7 +157,7 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n");
     fs::copy(user("Careers/0002 Otto Klein"), user("Careers/0002 Otto Klein (copy)"));
     fs::copy(user("Saves"), user("Careers/My other one"), fs::copy_options::recursive);
-    Program other;
+    ShelfProgram other;
     EXPECT_TRUE(other.shelf.tidy());
     EXPECT_TRUE(fs::exists(user("Careers/0003 My other one")));
     EXPECT_TRUE(fs::exists(user("Careers/0004 Otto Klein (copy)")));
@@ -166,7 +166,7 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
 
 // Each move that can't be made leaves all careers where they are, and says why.
 TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
-    Program program;
+    ShelfProgram program;
     program.begin("Hans Braun");
     ASSERT_TRUE(program.shelf.save());
     world.folder.write("user/Careers", "a file in the place of the folder");
@@ -196,7 +196,7 @@ TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
 
 // Pages: the last ten and the last of each month, each whole; going back loses none of them.
 TEST_F(ShelfTest, KeepsPages) {
-    Program program;
+    ShelfProgram program;
     program.begin("Hans Braun");
     constexpr int32_t Saves = 40;
     for (int32_t save = 0; save < Saves; ++save) {
