@@ -177,11 +177,11 @@ std::vector<SavePage> savePages(const zel::String& save) {
 }
 
 zel::String newestWholePage(const zel::String& save) {
-    const zel::String backup = save + BackupEnding;
+    zel::String backup = save + BackupEnding;
     if (!contentOf(backup).empty())
         return backup;
     for (const PageFile& page : listPages(save)) {
-        const zel::String file = pagesFolder(save) + page.name();
+        zel::String file = pagesFolder(save) + page.name();
         if (isWholePage(file, page))
             return file;
     }
@@ -204,6 +204,7 @@ std::vector<zel::String> keptRecords(const zel::String& save) {
     }
     std::sort(found.begin(), found.end());
     std::vector<zel::String> paths;
+    paths.reserve(found.size());
     for (const auto& [age, path] : found)
         paths.push_back(path);
     return paths;

@@ -49,7 +49,7 @@ public:
     std::shared_ptr<const MissionOrders> ordersOut(const Database& career) const override {
         return orders.out(career);
     }
-    bool keep(const Database& career, MissionOrders orders) override;
+    bool keep(const Database& career, MissionOrders kept) override;
     bool isReported(const zel::String& log, const zel::String& hash) override;
     int32_t voidOrders(const Database& career) const override { return orders.voidDate(career); }
 

@@ -68,7 +68,7 @@ zel::String copyKeptRecord(const zel::String& record, const zel::String& checksu
         SqliteFile file;
         const bool isKnown = file.open(kept, SqliteFile::ReadOnly) && knowsSave(file, checksum);
         file.close();
-        const zel::String copy = freeRecordPath(record, "-new");
+        zel::String copy = freeRecordPath(record, "-new");
         if (isKnown && copyRecord(kept, copy) == zel::FileFault::None)
             return copy;
     }

@@ -45,6 +45,7 @@ std::vector<zel::String> recordsBeside(const zel::String& path, int32_t careerNu
     }
     std::sort(found.rbegin(), found.rend());
     std::vector<zel::String> paths;
+    paths.reserve(found.size());
     for (const auto& [worth, name] : found)
         paths.emplace_back(name);
     return paths;

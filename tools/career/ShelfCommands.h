@@ -24,7 +24,7 @@ public:
     /// A line for each page of the current career.
     bool pages();
     /// The page of that name is the present save afterwards, and not loaded.
-    bool turnBack(const zel::String& page);
+    bool turnBack(const zel::String& name);
 
     /// The lines of the last commands. They are forgotten.
     std::vector<zel::String> takeLines() { return std::exchange(lines, {}); }
