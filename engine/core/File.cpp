@@ -1,11 +1,13 @@
 #include "engine/core/File.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <limits>
 
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
 #include "engine/core/TextLines.h"
 
 namespace zel {
@@ -28,15 +30,16 @@ File::File(const String& name, int32_t mode) {
     }
     stream.reset(system::openFile(name, Modes[mode >= FileRead && mode <= FileAppend ? mode : 0]));
     if (stream == nullptr) {
-        failed = true;
+        fail();
         return;
     }
     if (mode == FileWrite)
         return;
     long end = std::fseek(stream.get(), 0, SEEK_END) == 0 ? std::ftell(stream.get()) : -1;
     if (end < 0 || end > std::numeric_limits<int32_t>::max()) {
+        fail();
+        why = end < 0 ? why : FileFault::TooLarge;
         close();
-        failed = true;
         return;
     }
     size = static_cast<int32_t>(end);
@@ -46,13 +49,39 @@ File::File(const String& name, int32_t mode) {
         position = size;
 }
 
+/// Notes that the operation of the system failed that was called last.
+bool File::fail() {
+    if (why == FileFault::None)
+        why = system::lastFault();
+    failed = true;
+    return false;
+}
+
+/// A signal may interrupt the system in between; any other error is noted and ends the reading.
+size_t File::readBlock(void* block, size_t count) {
+    size_t done = 0;
+    while (done < count) {
+        errno = 0;
+        done += std::fread(static_cast<char*>(block) + done, 1, count - done, stream.get());
+        if (std::ferror(stream.get()) == 0)
+            break;
+        if (errno != EINTR) {
+            fail();
+            break;
+        }
+        std::clearerr(stream.get());
+    }
+    return done;
+}
+
 bool File::write(const void* block, int32_t count) {
-    if (stream == nullptr || count < 0 ||
-        std::fwrite(block, 1, static_cast<size_t>(count), stream.get()) !=
-            static_cast<size_t>(count)) {
+    if (stream == nullptr || count < 0) {
         failed = true;
         return false;
     }
+    if (std::fwrite(block, 1, static_cast<size_t>(count), stream.get()) !=
+        static_cast<size_t>(count))
+        return fail();
     position += count;
     if (position > size)
         size = position;
@@ -62,8 +91,7 @@ bool File::write(const void* block, int32_t count) {
 bool File::read(void* block, int32_t count) {
     // Checked against the rest of the file first, so that a short file leaves the block unchanged.
     if (stream == nullptr || count < 0 || count > size - position ||
-        std::fread(block, 1, static_cast<size_t>(count), stream.get()) !=
-            static_cast<size_t>(count)) {
+        readBlock(block, static_cast<size_t>(count)) != static_cast<size_t>(count)) {
         failed = true;
         return false;
     }
@@ -73,17 +101,19 @@ bool File::read(void* block, int32_t count) {
 
 bool File::seek(int32_t offset, int32_t whence) {
     const int origin = whence == 0 ? SEEK_SET : whence == 1 ? SEEK_CUR : SEEK_END;
-    if (stream == nullptr || std::fseek(stream.get(), offset, origin) != 0) {
+    if (stream == nullptr) {
         failed = true;
         return false;
     }
+    if (std::fseek(stream.get(), offset, origin) != 0)
+        return fail();
     position = static_cast<int32_t>(std::ftell(stream.get()));
     return true;
 }
 
 void File::close() {
     if (stream != nullptr && std::fclose(stream.release()) != 0)
-        failed = true;
+        fail();
     position = 0;
     size = 0;
     buffer.clear();
@@ -122,9 +152,7 @@ bool File::fillBuffer() {
         buffer.resize(std::min(LineBufferSize, static_cast<size_t>(size) + 1));
     else if (rest == buffer.size()) // a line longer than the buffer
         buffer.resize(buffer.size() * 2);
-    const size_t count =
-        std::fread(buffer.data() + filled, 1, buffer.size() - filled, stream.get());
-    failed = failed || std::ferror(stream.get()) != 0;
+    const size_t count = readBlock(buffer.data() + filled, buffer.size() - filled);
     filled += count;
     position += static_cast<int32_t>(count);
     return count > 0;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/core/DataStream.h"
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 namespace zel {
@@ -35,6 +36,7 @@ public:
 
     bool isOpen() const { return stream != nullptr; }
     bool hasFailed() const { return failed; }
+    FileFault fault() const { return why; } // of the first failure that the system has a reason for
     bool atEnd() const { return position >= size; } // of blocks: everything has been read
     int32_t fileSize() const { return size; }       // bytes, when it was opened
     int32_t bufferSize() const override { return static_cast<int32_t>(filled); }
@@ -61,6 +63,8 @@ private:
         void operator()(FILE* file) const { std::fclose(file); }
     };
     static constexpr size_t Unknown = SIZE_MAX;
+    bool fail();
+    size_t readBlock(void* block, size_t count);
     void beginLines();
     bool fillBuffer();
     size_t lineEndFrom(size_t start);
@@ -69,6 +73,7 @@ private:
     int32_t position = 0; // after the last read or write
     int32_t size = 0;
     bool failed = false;
+    FileFault why = FileFault::None;
 
     // For lines: a window of the file, which moves on as lines are taken.
     std::vector<char> buffer;
