@@ -65,8 +65,10 @@ DailyMission Flight::begin(Database& career) {
     isTakenUp = false;
     if (before != nullptr) {
         watch.resume();
-        // He went back to an earlier page, and chooses to fly again.
-        if (!before->reportedLog.empty())
+        // He went back to an earlier page, and chooses to fly again. A log that a power cut took
+        // may come again under its name.
+        if (!before->reportedLog.empty() &&
+            zel::system::fileStatus(logFolder() + before->reportedLog).exists)
             watch.ignore(before->reportedLog);
     } else if (const zel::FileFault reason = watch.begin(logFolder());
                reason != zel::FileFault::None) {
