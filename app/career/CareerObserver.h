@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "app/career/SaveCheck.h"
+
 class Database;
 struct FlownMission;
 struct Posting;
@@ -24,9 +26,14 @@ public:
     virtual void onCareerBegun(const Database&) {}
     /// A career was loaded from that file (with its full path), and fixed where it was damaged.
     virtual void onCareerLoaded(const Database&, const zel::String& /*file*/) {}
-    /// The career is about to be written; `content` is the whole save file. It isn't known yet
-    /// whether that will succeed.
-    virtual void onSaving(const Database&, std::string_view /*content*/) {}
+    /// Whether those bytes are a save as it was written, if that is known. `careerNumber` is the
+    /// one in them; if all but it is right, it is set to the right one.
+    virtual SaveMatch matchSave(std::string_view /*content*/, int32_t& /*careerNumber*/) {
+        return SaveMatch::Unknown;
+    }
+    /// The career is about to be written; `content` is the whole save file, which is on the disk but
+    /// has not its name yet. That may still fail. False if matchSave() will not know the content.
+    virtual bool onSaving(const Database&, std::string_view /*content*/) { return true; }
     /// The save that onSaving() announced has its final name.
     virtual void onSaved(const Database&) {}
 

@@ -16,6 +16,8 @@ struct Soundness {
 
 /// What was fixed in a career when it was loaded, as counts of faults.
 struct CareerRepairs {
+    bool changed = false;     // it isn't as it was saved: changed or damaged by something else
+    bool recovered = false;   // it was missing, and another file was used (SaveCheck::source)
     bool endedEarly = false;  // the file was cut off
     int32_t references = 0;   // of data files, to nothing or to one another's pilots
     int32_t pilots = 0;       // without a squadron, or of a file that isn't there
@@ -27,7 +29,9 @@ struct CareerRepairs {
 
     /// How many of the career's values were wrong.
     int32_t faults() const { return references + pilots + places + invitation + values; }
-    bool any() const { return endedEarly || playerMoved || surplus > 0 || faults() > 0; }
+    bool any() const { return changed || recovered || isFixed(); }
+    /// Whether anything had to be put right.
+    bool isFixed() const { return endedEarly || playerMoved || surplus > 0 || faults() > 0; }
 };
 
 /// Fixes what breaks the invariants of a career that came from a file, with a line in the log for

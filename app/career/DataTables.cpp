@@ -34,14 +34,18 @@ public:
     DataFileReader(std::vector<Record>& records, std::vector<DataLine>& dataLines)
         : records(records), dataLines(dataLines) {}
 
-    void read(const std::vector<DataFile>& files) {
+    /// False if the disk failed while one of them was read.
+    bool read(const std::vector<DataFile>& files) {
         for (const DataFile& file : files) {
-            if (file.record == MostRecords)
-                return logFile(file.path, "is one file too many; it and the rest are left out");
+            if (file.record == MostRecords) {
+                logFile(file.path, "is one file too many; it and the rest are left out");
+                break;
+            }
             if (file.record == records.size())
                 addRecord(file);
             readLines(file);
         }
+        return !isBroken;
     }
 
 private:
@@ -73,6 +77,8 @@ private:
             dataLines.push_back(blank<DataLine>());
             zel::copyText(dataLines.back().text, text);
         }
+        if (file.fault() == zel::FileFault::DiskError)
+            isBroken = true;
         if (hasLongLine)
             logFile(source.path, "lines are cut to 255 characters");
     }
@@ -80,6 +86,7 @@ private:
     std::vector<Record>& records;
     std::vector<DataLine>& dataLines;
     std::vector<int32_t> lineCounts; // of each record
+    bool isBroken = false;
 };
 static_assert(sizeof(DataLine::text) == LongestDataLine + 1);
 static_assert(sizeof(SquadronFile::key) == LongestRecordName + 1);
@@ -121,10 +128,11 @@ void readDataFiles(Database& career) {
     career.squadronFiles.clear();
     career.pilotFiles.clear();
     career.dataLines.clear();
-    DataFileReader(career.squadronFiles, career.dataLines)
-        .read(listDataFiles(DeliveredSquadrons, CustomSquadrons));
-    DataFileReader(career.pilotFiles, career.dataLines)
-        .read(listDataFiles(DeliveredPilots, CustomPilots));
+    const bool hasSquadrons = DataFileReader(career.squadronFiles, career.dataLines)
+                                  .read(listDataFiles(DeliveredSquadrons, CustomSquadrons));
+    const bool hasPilots = DataFileReader(career.pilotFiles, career.dataLines)
+                               .read(listDataFiles(DeliveredPilots, CustomPilots));
+    career.hasBrokenHistory = !hasSquadrons || !hasPilots;
 
     for (const SquadronFile& file : career.squadronFiles) {
         const int32_t nation = zel::toInt(zel::arrayText(file.key).substr(0, 3));

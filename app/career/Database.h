@@ -10,9 +10,11 @@
 #include "app/career/Nation.h"
 #include "app/career/RecordAt.h"
 #include "app/career/Records.h"
+#include "app/career/SaveCheck.h"
 #include "engine/core/Random.h"
 #include "engine/core/String.h"
 
+class CareerLock;
 class CareerObserver;
 
 /// The services that a career can be begun in.
@@ -142,8 +144,13 @@ public:
     EntireFile firstNames[4];                  // of France, England, Germany and the USA
     EntireFile lastNames[4];
     zel::Random random;
+    bool hasBrokenHistory = false;      // the disk failed while the data files were read
     CareerObserver* observer = nullptr; // of what happens; null for nobody, and not owned
-    CareerRepairs repairs;              // of the file that was loaded last; none if it was whole
-    bool isUnsaved = false;             // begun in this run, and not saved yet
+    CareerLock* lock = nullptr;         // of the user's folder; null for none, and not owned
+    bool isReadOnly = false; // another program had the lock when the career was loaded or begun
+    CareerRepairs repairs;   // of the file that was loaded last; none if it was whole
+    bool isUnsaved = false;  // begun in this run, and not saved yet
+    SaveCheck saveCheck;     // of the file that was read last
     zel::String damagedSave; // path of the save file that was read last, if it was not whole
+    zel::FileFault writeFault = zel::FileFault::None; // why the last save was not written
 };

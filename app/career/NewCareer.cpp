@@ -4,6 +4,7 @@
 
 #include "app/career/Aircraft.h"
 #include "app/career/Bases.h"
+#include "app/career/CareerLock.h"
 #include "app/career/CareerObserver.h"
 #include "app/career/DataTables.h"
 #include "app/career/Database.h"
@@ -148,9 +149,15 @@ void createCareer(Database& career, int32_t service) {
                  zel::LogWarning);
 
     career.isUnsaved = true;
+    career.isReadOnly = career.lock != nullptr && !career.lock->take();
     readDataFiles(career);
     career.pilots.clear();
     career.squadrons.clear();
+    if (career.hasBrokenHistory) {
+        zel::log("No career is begun: the disk reports an error among the data files", "Database",
+                 zel::LogError);
+        return;
+    }
     career.year = StartYear;
     career.month = StartMonth;
     career.day = StartDay;

@@ -1,130 +1,72 @@
 #include "app/career/SaveFile.h"
 
-#include <algorithm>
 #include <cstring>
 #include <string>
 
+#include "app/career/CareerLock.h"
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
+#include "app/career/SaveFormat.h"
 #include "app/career/SavePages.h"
+#include "app/career/UnrecordedSaves.h"
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
+#include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/core/WholeFile.h"
 
 namespace {
 
-constexpr char Magic[] = {'W', 'T', 'S', 'V'};
-constexpr int32_t SaveVersion = 2;
-constexpr int32_t FirstDay = 19151201; // of a career, as Calendar::dateNumber()
-
-constexpr const char* NoSaveGame = " is no save game";
-
 void createSaveFolder() { zel::Directory::create(zel::getUserDirectory() + "Saves"); }
 
-template <typename Value> void append(std::string& content, const Value& value) {
-    content.append(reinterpret_cast<const char*>(&value), sizeof value);
+void logSave(const zel::String& message, int32_t level = zel::LogWarning) {
+    zel::log(message, "Database", level);
 }
 
-template <typename Record>
-void appendRecords(std::string& content, const std::vector<Record>& records) {
-    append(content, static_cast<uint32_t>(records.size()));
-    content.append(reinterpret_cast<const char*>(records.data()), records.size() * sizeof(Record));
+/// Room for a save that was read, and for one that is written. Megabytes that the system hands out
+/// anew each time would cost more than reading them.
+std::string& roomToRead() {
+    static std::string content;
+    return content;
+}
+std::string& roomToWrite() {
+    static std::string content;
+    return content;
 }
 
-template <size_t Size> void terminate(char (&text)[Size]) { text[Size - 1] = 0; }
-
-// The texts of a record from a file end within their arrays, whatever the file says.
-void endTexts(Squadron& squadron) {
-    terminate(squadron.name);
-    terminate(squadron.key);
-    terminate(squadron.baseName);
-    terminate(squadron.earliestDate);
-}
-void endTexts(Pilot& pilot) { terminate(pilot.name); }
-void endTexts(DataLine& line) { terminate(line.text); }
-void endTexts(SquadronFile& file) {
-    terminate(file.fileName);
-    terminate(file.key);
-    terminate(file.lastDate);
-}
-void endTexts(PilotFile& file) { terminate(file.name); }
-
-/// A save file while it is read. After its end everything reads as nothing.
-class SaveReader {
-public:
-    explicit SaveReader(zel::File& file) : file(file), left(file.fileSize()) {}
-
-    /// 0 when the file has ended.
-    int32_t number() {
-        int32_t value = 0;
-        take(&value, sizeof value);
-        return value;
-    }
-
-    /// As many whole records as the count says and the file holds. Each is passed to `check`.
-    template <typename Record, typename Check>
-    void records(std::vector<Record>& result, const Check& check) {
-        const auto count = static_cast<uint32_t>(number());
-        const auto held = std::min<size_t>(count, static_cast<size_t>(left) / sizeof(Record));
-        result.resize(held); // those of a career before it are overwritten
-        // In pieces that are checked while they are in the cache.
-        constexpr size_t PieceLength = 131072 / sizeof(Record);
-        for (size_t done = 0; done < held;) {
-            const size_t end = std::min(done + PieceLength, held);
-            take(&result[done], static_cast<int32_t>((end - done) * sizeof(Record)));
-            if (endedEarly)
-                return result.resize(done);
-            for (; done < end; ++done) {
-                endTexts(result[done]);
-                check(result[done]);
-            }
-        }
-        if (held < count)
-            end();
-    }
-
-    template <typename Record> void records(std::vector<Record>& result) {
-        records(result, [](const Record&) {});
-    }
-
-    bool hasEndedEarly() const { return endedEarly; }
-    int32_t bytesLeft() const { return left; }
-
-private:
-    void take(void* place, int32_t size) {
-        if (size > left || (size > 0 && !file.read(place, size)))
-            end();
-        else
-            left -= size;
-    }
-    void end() {
-        left = 0;
-        endedEarly = true;
-    }
-
-    zel::File& file;
-    int32_t left; // bytes
-    bool endedEarly = false;
-};
-
-/// Whether each of a file's references names a data line or none; asked without a branch, since
-/// there are hundreds of thousands of them.
-bool areLines(const int32_t (&lines)[LineReferenceCount], size_t size) {
-    const auto count = static_cast<uint32_t>(size);
-    uint32_t wrong = 0;
-    for (const int32_t line : lines)
-        wrong |= uint32_t(static_cast<uint32_t>(line) + 1 > count);
-    return wrong == 0;
+/// The whole file. On error: why, and nothing.
+zel::FileFault readWhole(const zel::String& path, std::string& content) {
+    zel::File file(path, zel::FileRead);
+    if (file.readWhole(content))
+        return zel::FileFault::None;
+    content.clear();
+    return file.fault();
 }
 
-/// From the first day of a career to a little past the end of the war.
-bool couldBeOfThisWar(const Database& career) {
-    return career.year >= FirstSaveYear && career.year <= LastSaveYear && career.month >= 1 &&
-           career.month <= 12 && career.day >= 1 &&
-           career.day <= Calendar::daysInMonth(career.year, career.month) &&
-           career.calendar().dateNumber() >= FirstDay;
+/// What is known of a save from the record of the war, or else from the note beside it. Where only
+/// the career's number differs, the content gets back the right one.
+SaveMatch match(const Database& career, std::string& content) {
+    if (career.observer == nullptr || content.size() < CareerNumberOffset + sizeof(int32_t))
+        return SaveMatch::Unknown;
+    int32_t number = 0;
+    std::memcpy(&number, &content[CareerNumberOffset], sizeof number);
+    const SaveMatch result = career.observer->matchSave(content, number);
+    if (result == SaveMatch::Changed &&
+        isUnrecorded(zel::getUserDirectory() + SaveFileName, content))
+        return SaveMatch::Whole;
+    std::memcpy(&content[CareerNumberOffset], &number, sizeof number);
+    return result;
+}
+
+/// Whether a file is a save to go back to: as it was saved or, where nobody knows that, with all
+/// its parts.
+bool isWholeSave(const Database& career, const zel::String& path) {
+    std::string& content = roomToRead();
+    if (readWhole(path, content) != zel::FileFault::None)
+        return false;
+    const SaveMatch known = match(career, content);
+    return known == SaveMatch::Unknown ? saveFault(content).empty() : known == SaveMatch::Whole;
 }
 
 void clearRecords(Database& career) {
@@ -135,155 +77,212 @@ void clearRecords(Database& career) {
     career.pilotFiles.clear();
 }
 
-/// What the file begins with, up to the records. Null, or why they can't be used.
-const char* readHeader(SaveReader& reader, Database& career) {
-    const int32_t magic = reader.number();
-    const int32_t version = reader.number();
-    const bool isSave = !reader.hasEndedEarly() && std::memcmp(&magic, Magic, sizeof Magic) == 0;
-    for (int32_t* value : {&career.playerPilot, &career.year, &career.month, &career.day,
-                           &career.unusedA, &career.unusedB, &career.careerNumber})
-        *value = reader.number();
-    if (!isSave)
-        return NoSaveGame;
-    if (version != SaveVersion)
-        return " requires a newer version";
-    return couldBeOfThisWar(career) ? nullptr : NoSaveGame;
+/// Whether so much of a save is lost that no career can go on from the rest. One that is known to
+/// have been changed may lose a record in a hundred. Of any other it is only known that no part of
+/// a sound save is blank.
+bool isLost(const Database& career, const SaveReading& reading, SaveMatch known) {
+    const int64_t records = static_cast<int64_t>(
+        career.squadrons.size() + career.pilots.size() + career.dataLines.size() +
+        career.squadronFiles.size() + career.pilotFiles.size());
+    if (known != SaveMatch::Changed)
+        return reading.isPlayerBlank || reading.blank * 10 > records;
+    const int64_t lost = reading.blank + reading.missing + career.repairs.faults() +
+                         reading.surplus / static_cast<int64_t>(sizeof(Pilot));
+    return !reading.hasPlayer || career.repairs.playerMoved || !reading.hasHistory ||
+           lost * 100 > records;
 }
 
-/// The records and the invitation after them. False if it ends before the last pilot: no war can
-/// go on without its men.
-bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
-    reader.records(career.squadrons);
-    uint32_t highestSquadron = 0; // that a pilot names, and his file
-    uint32_t highestFile = 0;
-    reader.records(career.pilots, [&](const Pilot& pilot) {
-        highestSquadron = std::max(highestSquadron, static_cast<uint32_t>(pilot.squadron));
-        highestFile = std::max(highestFile, static_cast<uint32_t>(pilot.pilotFile) + 1);
-    });
-    if (reader.hasEndedEarly())
-        return false;
-    reader.records(career.dataLines);
-    const auto checkLines = [&](const auto& record) {
-        soundness.lines = soundness.lines && areLines(record.lines, career.dataLines.size());
-    };
-    reader.records(career.squadronFiles, checkLines);
-    reader.records(career.pilotFiles, checkLines);
-    for (int32_t* value : {&career.invitationYear, &career.invitationMonth,
-                           &career.invitationSquadron, &career.previousInvitation})
-        *value = reader.number();
-    soundness.pilots =
-        highestSquadron < career.squadrons.size() && highestFile <= career.pilotFiles.size();
-    return true;
+void logFault(const zel::String& name, const SaveCheck& check) {
+    switch (check.fault) {
+    case SaveFault::OtherVersion:
+        return logSave("File " + name + " requires a newer version");
+    case SaveFault::Missing:
+    case SaveFault::NoSave:
+        return logSave("File " + name + " is no save game");
+    default:
+        return logSave("File " + name + ": " + saveFaultText(check));
+    }
 }
 
-std::string saveContent(const Database& career) {
-    std::string content;
-    content.reserve(career.squadrons.size() * sizeof(Squadron) +
-                    career.pilots.size() * sizeof(Pilot) +
-                    career.dataLines.size() * sizeof(DataLine) +
-                    career.squadronFiles.size() * sizeof(SquadronFile) +
-                    career.pilotFiles.size() * sizeof(PilotFile) + 128);
-    append(content, Magic);
-    for (const int32_t value : {SaveVersion, career.playerPilot, career.year, career.month,
-                                career.day, career.unusedA, career.unusedB, career.careerNumber})
-        append(content, value);
-    appendRecords(content, career.squadrons);
-    appendRecords(content, career.pilots);
-    appendRecords(content, career.dataLines);
-    appendRecords(content, career.squadronFiles);
-    appendRecords(content, career.pilotFiles);
-    for (const int32_t value : {career.invitationYear, career.invitationMonth,
-                                career.invitationSquadron, career.previousInvitation})
-        append(content, value);
-    return content;
+/// Takes a file's bytes apart and fixes what is damaged.
+SaveFault takeContent(Database& career, const zel::String& name, std::string_view content) {
+    const SaveReading reading = readContent(career, content);
+    career.saveCheck.version = reading.version;
+    if (reading.fault != SaveFault::None)
+        return reading.fault;
+    if (reading.endedEarly) {
+        logSave("File " + name + " ends early; what it holds is used");
+        career.invitationSquadron = career.previousInvitation = NoInvitation;
+        career.repairs.endedEarly = true;
+    }
+    if (!repairCareer(career, reading.soundness, career.repairs))
+        return career.saveCheck.match == SaveMatch::Changed ? SaveFault::Lost : SaveFault::NoSave;
+    if (reading.surplus > 0) {
+        logSave("File " + name + " has " + reading.surplus + " bytes after its end; left out");
+        career.repairs.surplus = reading.surplus;
+    }
+    if (isLost(career, reading, career.saveCheck.match))
+        return SaveFault::Lost;
+    if (career.saveCheck.match == SaveMatch::Changed) {
+        logSave("File " + name + " was changed or damaged outside of Wingtally");
+        career.repairs.changed = true;
+    }
+    return SaveFault::None;
 }
 
 /// Replaces the career by the file's, see readSave.
 bool readFile(Database& career, const zel::String& name) {
-    createSaveFolder();
-    career.repairs = {};
-    zel::File file(zel::getUserDirectory() + name, zel::FileRead);
-    SaveReader reader(file);
-    Soundness soundness;
-    const char* fault = readHeader(reader, career);
-    if (fault == nullptr && !readRecords(reader, career, soundness))
-        fault = NoSaveGame;
-    if (fault == nullptr && reader.hasEndedEarly()) {
-        zel::log("File " + name + " ends early; what it holds is used", "Database",
-                 zel::LogWarning);
-        career.invitationSquadron = career.previousInvitation = NoInvitation;
-        career.repairs.endedEarly = true;
-    }
-    if (fault == nullptr && !repairCareer(career, soundness, career.repairs))
-        fault = NoSaveGame;
-    if (fault == nullptr && reader.bytesLeft() > 0) {
-        career.repairs.surplus = reader.bytesLeft();
-        zel::log("File " + name + " has " + reader.bytesLeft() + " bytes after its end; left out",
-                 "Database", zel::LogWarning);
-    }
+    SaveCheck& check = career.saveCheck;
     career.isUnsaved = false;
-    if (fault == nullptr)
+    std::string& content = roomToRead();
+    check.reason = readWhole(zel::getUserDirectory() + name, content);
+    if (check.reason == zel::FileFault::None) {
+        check.match = match(career, content);
+        check.fault = takeContent(career, name, content);
+    } else {
+        readContent(career, {}); // leaves no date and no number of another career
+        check.fault =
+            check.reason == zel::FileFault::Missing ? SaveFault::Missing : SaveFault::Unread;
+    }
+    if (check.fault == SaveFault::None)
         return true;
     clearRecords(career);
     if (career.careerNumber == 0) // or every career to come would have this one
         career.careerNumber = career.random.getInt(0, LastCareerNumber);
-    zel::log("File " + name + fault, "Database", zel::LogWarning);
+    logFault(name, check);
     return false;
 }
 
-} // namespace
-
-bool isSaved(const Database& career, const zel::String& name) {
-    std::string saved;
-    zel::File file(zel::getUserDirectory() + name, zel::FileRead);
-    return !career.hasCareer() || (file.readWhole(saved) && saved == saveContent(career));
+bool isMissing(const zel::String& path) {
+    return !zel::system::fileStatus(path).exists && !zel::system::isDirectory(path) &&
+           zel::system::lastFault() == zel::FileFault::Missing;
 }
 
-bool writeSave(Database& career, const zel::String& name) {
+/// Where no file has the save's name, as a program leaves it that was killed in the midst of a
+/// save: gives that name to a whole draft, or finds the save before it. Returns the name of the
+/// file to read, in the user's folder.
+zel::String findSave(Database& career, const zel::String& name) {
     const zel::String path = zel::getUserDirectory() + name;
-    if (!career.hasCareer()) {
-        zel::log("There is no career to store in " + path, "Database", zel::LogError);
-        return false;
+    if (!isMissing(path))
+        return name;
+    for (const zel::String& draft : zel::leftDrafts(path)) {
+        if (career.isReadOnly || !isWholeSave(career, draft) ||
+            !zel::system::replaceFile(draft, zel::system::linkTarget(path)))
+            continue;
+        zel::system::syncFolder(zel::getUserDirectory() + "Saves");
+        logSave("File " + name + " was missing; " + draft + " is whole and takes its place");
+        career.saveCheck.source = SaveSource::Draft;
+        return name;
     }
-    createSaveFolder();
-    zel::log("storeFile" + path, "Database", zel::LogInfo);
-    const std::string content = saveContent(career);
-    if (career.observer != nullptr)
-        career.observer->onSaving(career, content);
-
-    // A damaged file must not replace the last whole one as ".bak".
-    const bool replacesDamaged = !career.damagedSave.empty() && career.damagedSave == path;
-    if (!replacesDamaged && !keepBackupAsPage(path))
-        return false;
-    const zel::FileFault fault =
-        zel::writeFileWhole(path, content, path + (replacesDamaged ? DamagedEnding : BackupEnding));
-    const bool isWritten = fault == zel::FileFault::None;
-    if (isWritten && replacesDamaged)
-        career.damagedSave = "";
-    if (isWritten)
-        career.isUnsaved = false;
-    if (isWritten && career.observer != nullptr)
-        career.observer->onSaved(career);
-    if (!isWritten)
-        zel::log("The career can't be written to " + path + ": " + zel::faultText(fault) +
-                     "; the file before it is kept",
-                 "Database", zel::LogError);
-    return isWritten;
+    if (!isWholeSave(career, path + BackupEnding))
+        return name;
+    logSave("File " + name + " is missing; the one saved before it is used");
+    career.saveCheck.source = SaveSource::Backup;
+    return name + BackupEnding;
 }
 
-bool readSave(Database& career, const zel::String& name) {
-    const bool isRead = readFile(career, name);
-    const bool isDamaged = !isRead || career.repairs.any();
-    career.damagedSave = isDamaged ? zel::getUserDirectory() + name : zel::String();
+/// The newest whole save before the one of that name, in the user's folder: the one before it, or
+/// the newest of the pages. Empty if there is none.
+zel::String earlierSave(const Database& career, const zel::String& name) {
+    const zel::String folder = zel::getUserDirectory();
+    if (isWholeSave(career, folder + name + BackupEnding))
+        return name + BackupEnding;
+    for (const SavePage& page : savePages(folder + name))
+        if (page.kind == SavePage::Earlier && page.isWhole)
+            return page.summary.file.view().substr(static_cast<size_t>(folder.length()));
+    return {};
+}
+
+void beginReading(Database& career) {
+    createSaveFolder();
+    career.isReadOnly = career.lock != nullptr && !career.lock->take();
+    career.repairs = {};
+    career.saveCheck = {};
+}
+
+bool endReading(Database& career, const zel::String& name, bool isRead) {
+    career.repairs.recovered = isRead && career.saveCheck.source != SaveSource::Named;
     if (isRead && career.observer != nullptr)
         career.observer->onCareerLoaded(career, zel::getUserDirectory() + name);
     return isRead;
 }
 
+/// Whether the file that a save replaces must not become the one to go back to.
+bool replacesDamaged(const Database& career, const zel::String& path) {
+    return (!career.damagedSave.empty() && career.damagedSave == path) ||
+           (zel::system::fileStatus(path).exists && !isWholeSave(career, path));
+}
+
+} // namespace
+
+bool isSaved(const Database& career, const zel::String& name) {
+    if (!career.hasCareer())
+        return true;
+    std::string& saved = roomToRead();
+    std::string& content = roomToWrite();
+    writeContent(career, content);
+    return readWhole(zel::getUserDirectory() + name, saved) == zel::FileFault::None &&
+           saved == content;
+}
+
+bool writeSave(Database& career, const zel::String& name) {
+    const zel::String path = zel::getUserDirectory() + name;
+    if (!career.hasCareer()) {
+        logSave("There is no career to store in " + path, zel::LogError);
+        return false;
+    }
+    if (career.isReadOnly) {
+        career.writeFault = zel::FileFault::Held;
+        logSave("The career can't be written to " + path + ": " + holderText(*career.lock),
+                zel::LogError);
+        return false;
+    }
+    createSaveFolder();
+    logSave("storeFile" + path, zel::LogInfo);
+    std::string& content = roomToWrite();
+    writeContent(career, content);
+    const bool isDamaged = replacesDamaged(career, path);
+    zel::WholeFile file(path);
+    bool isWritten = file.write(content);
+    if (isWritten && !isDamaged && !keepBackupAsPage(path)) {
+        career.writeFault = zel::system::lastFault();
+        return false;
+    }
+    if (isWritten && career.observer != nullptr && !career.observer->onSaving(career, content))
+        noteUnrecorded(path, content);
+    isWritten = isWritten && file.commit(path + (isDamaged ? DamagedEnding : BackupEnding));
+    career.writeFault = file.fault();
+    if (isWritten) {
+        career.damagedSave = "";
+        career.isUnsaved = false;
+        if (career.observer != nullptr)
+            career.observer->onSaved(career);
+    }
+    if (!isWritten)
+        logSave("The career can't be written to " + path + ": " + zel::faultText(file.fault()) +
+                    "; the file before it is kept",
+                zel::LogError);
+    return isWritten;
+}
+
+bool readSave(Database& career, const zel::String& name) {
+    beginReading(career);
+    const zel::String found = findSave(career, name);
+    const bool isRead = readFile(career, found);
+    const bool isDamaged = !isRead || career.repairs.any();
+    career.damagedSave = isDamaged ? zel::getUserDirectory() + name : zel::String();
+    return endReading(career, found, isRead);
+}
+
+bool hasEarlierSave(const Database& career, const zel::String& name) {
+    return !earlierSave(career, name).empty();
+}
+
 bool readBackup(Database& career, const zel::String& name) {
-    const bool isRead = readFile(career, name + BackupEnding);
+    beginReading(career);
+    const zel::String earlier = earlierSave(career, name);
+    const zel::String source = earlier.empty() ? name + BackupEnding : earlier;
+    const bool isRead = readFile(career, source);
     career.damagedSave = zel::getUserDirectory() + name;
-    if (isRead && career.observer != nullptr)
-        career.observer->onCareerLoaded(career, zel::getUserDirectory() + name + BackupEnding);
-    return isRead;
+    return endReading(career, source, isRead);
 }

@@ -4,14 +4,13 @@
 #include <string>
 
 #include "app/career/CareerTexts.h"
+#include "app/career/SaveFormat.h"
 #include "app/career/UnitNames.h"
 #include "app/career/Wording.h"
 #include "engine/core/File.h"
 #include "engine/core/System.h"
 
 namespace {
-
-constexpr int32_t FirstDayOfSave = 19151201; // of a career
 
 struct Head {
     char magic[4];
@@ -53,21 +52,14 @@ struct Layout {
     bool isUsable = false; // both are in the file
 };
 
-bool isDayOfTheWar(const Head& head) {
-    return head.year >= FirstSaveYear && head.year <= LastSaveYear && head.month >= 1 &&
-           head.month <= 12 && head.day >= 1 &&
-           head.day <= Calendar::daysInMonth(head.year, head.month) &&
-           Calendar(head.year, head.month, head.day).dateNumber() >= FirstDayOfSave;
-}
-
 /// Follows the counts through the file. What is wrong, or an empty text.
 const char* readLayout(const SaveBytes& bytes, Layout& layout) {
     constexpr const char* EndsEarly = "ends early";
     if (!bytes.read(0, layout.head) || std::memcmp(layout.head.magic, "WTSV", 4) != 0)
         return "is no save game";
-    if (layout.head.version != 2)
+    if (layout.head.version != SaveVersion)
         return "is of another version";
-    if (!isDayOfTheWar(layout.head))
+    if (!isDayOfSave({layout.head.year, layout.head.month, layout.head.day}))
         return "has no date of the war";
     int64_t offset = sizeof(Head);
     const auto pass = [&](size_t recordSize, int64_t& first, uint32_t& count) {

@@ -90,6 +90,8 @@ inline constexpr Wording Successor  {611, "$2 is dead. His place is taken by $1:
 inline constexpr Wording RecordGap  {612, "There is no record of the war from $1 to $2."};
 inline constexpr Wording RecordGapOfDay{613, "The record of the war may lack part of $1."};
 
+inline constexpr Wording HeldElsewhere{614, "Process $1 has this career open as well. You can read it here, and nothing is saved."};
+
 inline constexpr Wording LeaderInvites      {710, "$1 has invited you to join $2."};
 inline constexpr Wording LeaderInvitesToHis {711, "$1 has invited you to join his squadron."};
 inline constexpr Wording Invited            {712, "You have been invited to join $1."};

@@ -36,11 +36,6 @@ bool CareerRecord::close() {
     return isClosed;
 }
 
-void CareerRecord::release() {
-    file.close();
-    writer.reset();
-}
-
 void CareerRecord::reopen(const Database& career, const char* newFolder) {
     folder = newFolder;
     if (place == Place::File)
@@ -78,7 +73,9 @@ void CareerRecord::onCareerLoaded(const Database& career, const zel::String& loa
 void CareerRecord::attach(const Database& career) {
     writer.reset();
     path = recordPath();
-    const RecordState state = openRecord(file, path, career.careerNumber);
+    RecordState state = openRecord(file, path, career.careerNumber);
+    if (state == RecordState::Ready && career.isReadOnly) // the other program needs it
+        state = openRecordCopy(file, path, career.careerNumber);
     if (state == RecordState::Unusable)
         return giveUp();
     if (state == RecordState::Ready)
@@ -90,7 +87,7 @@ void CareerRecord::attach(const Database& career) {
     if (orderedDay > 0)
         logRecord(zel::String("The orders of ") + orderedDay +
                   " are void: they are of another career");
-    if (attachOther(career))
+    if (!career.isReadOnly && attachOther(career))
         return;
     if (state == RecordState::Ready)
         return connect();
@@ -156,14 +153,15 @@ void CareerRecord::giveUp() {
         startOver(path == recordPath() ? RecordState::Damaged : inTheWay);
 }
 
-/// Where something else has the record's name, the file gets a name of its own until the save is in
-/// its place.
+/// Beside a career the file gets a name of its own until the save is in its place: a save that is
+/// never completed leaves no record of a war that nobody knows. A folder of its own is a draft as a
+/// whole.
 bool CareerRecord::makeFile(const Database& career) {
     file.close();
     writer.reset();
     path = recordPath();
-    if (zel::system::fileStatus(path).exists)
-        path = freeRecordPath(path, "-new");
+    if (folder == nullptr || zel::system::fileStatus(path).exists)
+        path = freeRecordPath(path, RecordDraft);
     mark = {};
     const bool isMade = createRecord(file, path) && file.begin();
     if (isMade)
@@ -180,21 +178,30 @@ void CareerRecord::dropFile() {
     place = Place::Memory;
 }
 
-void CareerRecord::onSaving(const Database& career, std::string_view content) {
+SaveMatch CareerRecord::matchSave(std::string_view content, int32_t& careerNumber) {
+    const bool isOpen = place == Place::File && !file.failed();
+    const SaveMatch found = isOpen ? matchPage(file, content, careerNumber)
+                                   : matchRecord(recordPath(), content, careerNumber);
+    const bool isWhole =
+        found == SaveMatch::Whole || isKnownElsewhere(recordPath(), content, careerNumber);
+    return isWhole ? SaveMatch::Whole : found;
+}
+
+bool CareerRecord::onSaving(const Database& career, std::string_view content) {
     if (place == Place::File && file.failed())
         giveUp();
     if (place == Place::Unusable)
         attach(career);
     const bool isNew = place == Place::Memory;
     if (place == Place::None || place == Place::Unusable || (isNew && !makeFile(career)))
-        return;
+        return false;
     writeEvents(career);
     orders.save(file, lastSave.date);
     const SavedPage page = {checksumOf(content), today(career)};
     const PageMark added = addPage(file, page);
     if (!file.commit()) {
         isNew ? dropFile() : giveUp();
-        return;
+        return false;
     }
     place = Place::File;
     lastSave = page;
@@ -202,11 +209,14 @@ void CareerRecord::onSaving(const Database& career, std::string_view content) {
     events = {};
     writer.reset();
     rowsWait = false;
+    return true;
 }
 
 void CareerRecord::onSaved(const Database&) {
     if (place == Place::File && path != recordPath())
         takeName();
+    if (place == Place::File && path == recordPath())
+        removeRecordDrafts(path);
 }
 
 /// Gives the file the record's name. What has the name is kept under another one.
@@ -257,6 +267,8 @@ void CareerRecord::onWarAdvanced(const Database& career) {
 
 bool CareerRecord::keep(const Database& career, MissionOrders kept) {
     orders.replace(std::move(kept));
+    if (career.isReadOnly)
+        return false;
     if (place == Place::File && file.failed())
         giveUp();
     if (place == Place::Unusable)
@@ -286,15 +298,8 @@ bool CareerRecord::keep(const Database& career, MissionOrders kept) {
 }
 
 bool CareerRecord::isReported(const zel::String& log, const zel::String& hash) {
-    for (const RecordEvents::DatedFlight& flown : events.flights)
-        if (flown.log == log && flown.logHash == hash)
-            return true;
-    if (place != Place::File)
-        return false;
-    // What comes after the page of the save is another course of the war.
-    SqliteStatement row(file, "SELECT 1 FROM flight WHERE log = ? AND log_hash = ?"
-                              " AND number <= (SELECT flight FROM page WHERE id = ?)");
-    return row.with(log, hash, mark.id).next();
+    return events.hasFlight(log, hash) ||
+           (place == Place::File && hasFlight(file, mark, log, hash));
 }
 
 SqliteFile& CareerRecord::read(const Database& career) {
@@ -332,17 +337,11 @@ void CareerRecord::openForReading(const Database& career) {
     writeFoundations(file, career, WINGTALLY_VERSION);
 }
 
-void CareerRecord::onVictory(const Database& career, const Victory& victory) {
-    events.add(career, victory);
-}
-
 void CareerRecord::onPosting(const Database& career, const Posting& posting) {
     events.add(career, posting);
     if (posting.kind == PostingKind::Transferred && posting.pilot == career.playerPilot)
         onBaseChange(career);
 }
-
-void CareerRecord::onBaseChange(const Database& career) { events.addBase(career); }
 
 void CareerRecord::onFlight(const Database& career, const FlownMission& mission) {
     events.add(career, mission);

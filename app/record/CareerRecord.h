@@ -38,12 +38,15 @@ public:
 
     void onCareerBegun(const Database& career) override;
     void onCareerLoaded(const Database& career, const zel::String& loaded) override;
-    void onSaving(const Database& career, std::string_view content) override;
+    SaveMatch matchSave(std::string_view content, int32_t& careerNumber) override;
+    bool onSaving(const Database& career, std::string_view content) override;
     void onSaved(const Database& career) override;
     void onWarAdvanced(const Database& career) override;
-    void onVictory(const Database& career, const Victory& victory) override;
+    void onVictory(const Database& career, const Victory& victory) override {
+        events.add(career, victory);
+    }
     void onPosting(const Database& career, const Posting& posting) override;
-    void onBaseChange(const Database& career) override;
+    void onBaseChange(const Database& career) override { events.addBase(career); }
     void onFlight(const Database& career, const FlownMission& mission) override;
 
     std::shared_ptr<const MissionOrders> ordersOut(const Database& career) const override {
@@ -70,7 +73,10 @@ public:
     /// that was not saved yet.
     void keepIn(const char* newFolder) { folder = newFolder; }
     /// Closes the file for a while, so that it can be moved. REQUIRES: all is saved.
-    void release();
+    void release() {
+        file.close();
+        writer.reset();
+    }
     /// Opens it again in that folder.
     void reopen(const Database& career, const char* newFolder);
 

@@ -1,6 +1,8 @@
 #include "app/record/KeptRecords.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "app/career/Checksum.h"
 #include "app/career/SavePages.h"
@@ -35,8 +37,10 @@ zel::FileFault copyRecord(const zel::String& from, const zel::String& to) {
 }
 
 /// Whether the record has a page with the checksum of that save.
-bool knowsSave(SqliteFile& record, const zel::String& checksum) {
-    SqliteStatement page(record, "SELECT 1 FROM page WHERE checksum = ?");
+bool knowsSave(const zel::String& record, const zel::String& checksum) {
+    SqliteFile file;
+    file.open(record, SqliteFile::ReadOnly);
+    SqliteStatement page(file, "SELECT 1 FROM page WHERE checksum = ?");
     return page.with(checksum).next();
 }
 
@@ -63,13 +67,16 @@ bool keepRecord(const zel::String& folder, zel::String& problem) {
     return fault == zel::FileFault::None;
 }
 
+bool isKept(const zel::String& record, const zel::String& checksum) {
+    const std::vector<zel::String> kept = keptRecords(record);
+    return std::any_of(kept.begin(), kept.end(),
+                       [&](const zel::String& path) { return knowsSave(path, checksum); });
+}
+
 zel::String copyKeptRecord(const zel::String& record, const zel::String& checksum) {
     for (const zel::String& kept : keptRecords(record)) {
-        SqliteFile file;
-        const bool isKnown = file.open(kept, SqliteFile::ReadOnly) && knowsSave(file, checksum);
-        file.close();
-        zel::String copy = freeRecordPath(record, "-new");
-        if (isKnown && copyRecord(kept, copy) == zel::FileFault::None)
+        zel::String copy = freeRecordPath(record, RecordDraft);
+        if (knowsSave(kept, checksum) && copyRecord(kept, copy) == zel::FileFault::None)
             return copy;
     }
     return {};

@@ -15,6 +15,8 @@ class SqliteFile;
 /// open.
 [[nodiscard]] bool keepRecord(const zel::String& folder, zel::String& problem);
 
+/// Whether one of these records knows the save of that checksum.
+bool isKept(const zel::String& record, const zel::String& checksum);
 /// Copies the newest of these records that knows the save of that checksum to a free name beside
 /// the career's record. The copy's path; empty if there is none, or on error.
 zel::String copyKeptRecord(const zel::String& record, const zel::String& checksum);

@@ -1,5 +1,7 @@
 #include "app/record/RecordEvents.h"
 
+#include <algorithm>
+
 #include "app/career/Checksum.h"
 #include "app/career/Database.h"
 
@@ -35,4 +37,10 @@ void RecordEvents::add(const Database& career, const FlownMission& mission) {
     flights.push_back({dayOf(career), mission, zel::String(log.substr(log.find_last_of("/\\") + 1)),
                        checksumOfFile(mission.log), career.player().squadron,
                        zel::String(zel::arrayText(squadron.baseName)), squadron.onChannelMap != 0});
+}
+
+bool RecordEvents::hasFlight(const zel::String& log, const zel::String& hash) const {
+    return std::any_of(flights.begin(), flights.end(), [&](const DatedFlight& flown) {
+        return flown.log == log && flown.logHash == hash;
+    });
 }

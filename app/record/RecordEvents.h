@@ -55,6 +55,8 @@ struct RecordEvents {
     /// The player's present one.
     void addBase(const Database& career);
 
+    /// A flight with that log, by its name and hash.
+    bool hasFlight(const zel::String& log, const zel::String& hash) const;
     bool empty() const {
         return gaps.empty() && flights.empty() && victories.empty() && postings.empty() &&
                bases.empty();

@@ -12,11 +12,11 @@ namespace {
 
 constexpr const char* Companions[] = {"-wal", "-shm", "-journal"};
 
-// A commit is whole whenever the program is killed, and costs no sync. A file system that can't
-// keep the log in shared memory stays with a journal.
+// A commit is on the disk before the save that it belongs to gets its name. A file system that
+// can't keep the log in shared memory stays with a journal.
 bool prepare(SqliteFile& file) {
     return file.run("PRAGMA trusted_schema = OFF; PRAGMA journal_mode = WAL; "
-                    "PRAGMA wal_autocheckpoint = 250; PRAGMA synchronous = NORMAL; "
+                    "PRAGMA wal_autocheckpoint = 250; PRAGMA synchronous = FULL; "
                     "PRAGMA temp_store = MEMORY");
 }
 
@@ -87,6 +87,12 @@ RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
     return RecordState::Ready;
 }
 
+/// "record-damaged.db", "record-damaged-2.db".
+zel::String pathBeside(const zel::String& path, const char* reason, int32_t number) {
+    const zel::String stem(path.view().substr(0, path.view().size() - RecordEnding.size()));
+    return stem + reason + (number > 1 ? zel::String("-") + number : zel::String()) + RecordEnding;
+}
+
 } // namespace
 
 RecordStateTexts recordStateTexts(RecordState state) {
@@ -132,11 +138,10 @@ bool createRecord(SqliteFile& file, const zel::String& path) {
 bool createRecordInMemory(SqliteFile& file) { return file.openInMemory() && migrateRecord(file); }
 
 zel::String freeRecordPath(const zel::String& path, const char* reason) {
-    const zel::String stem(path.view().substr(0, path.view().size() - RecordEnding.size()));
-    zel::String free = stem + reason + RecordEnding;
-    for (int32_t number = 2; zel::system::fileStatus(free).exists; ++number)
-        free = stem + reason + "-" + number + RecordEnding;
-    return free;
+    int32_t number = 1;
+    while (zel::system::fileStatus(pathBeside(path, reason, number)).exists)
+        ++number;
+    return pathBeside(path, reason, number);
 }
 
 bool moveRecord(const zel::String& from, const zel::String& to) {
@@ -152,6 +157,13 @@ void removeRecord(const zel::String& path) {
     for (const char* companion : Companions)
         zel::system::removeFile(path + companion);
     zel::system::removeFile(path);
+}
+
+void removeRecordDrafts(const zel::String& path) {
+    zel::String draft;
+    for (int32_t number = 1;
+         zel::system::fileStatus(draft = pathBeside(path, RecordDraft, number)).exists; ++number)
+        removeRecord(draft);
 }
 
 bool hasCompanions(const zel::String& path) {

@@ -8,6 +8,8 @@
 class SqliteFile;
 
 constexpr std::string_view RecordEnding = ".db";
+/// In the name of a record whose save is not in its place yet.
+constexpr const char* RecordDraft = "-new";
 
 /// What became of opening a record.
 enum class RecordState {
@@ -46,6 +48,8 @@ zel::String freeRecordPath(const zel::String& path, const char* reason);
 /// False on error.
 bool moveRecord(const zel::String& from, const zel::String& to);
 void removeRecord(const zel::String& path);
+/// Removes the drafts beside that record, of saves that were never completed.
+void removeRecordDrafts(const zel::String& path);
 /// Whether SQLite's companions are there: the record is open elsewhere, or was when its program was
 /// killed.
 bool hasCompanions(const zel::String& path);

@@ -69,8 +69,7 @@ void RecordOrders::write(SqliteFile& file) const {
 
 bool RecordOrders::commit(SqliteFile& file) const {
     file.rollback();
-    file.run("PRAGMA synchronous = FULL");
     file.begin();
     write(file);
-    return file.commit() && file.run("PRAGMA synchronous = NORMAL");
+    return file.commit();
 }

@@ -1,11 +1,16 @@
 #include "app/record/RecordPages.h"
 
+#include <cstring>
 #include <limits>
 #include <string>
 
+#include "app/career/Checksum.h"
 #include "app/career/Database.h"
+#include "app/career/SaveFormat.h"
+#include "app/record/RecordSchema.h"
 #include "app/record/RecordWriter.h"
 #include "app/record/Sqlite.h"
+#include "engine/core/System.h"
 
 namespace {
 
@@ -39,6 +44,37 @@ int64_t firstWrongVictory(SqliteFile& file, const Database& career) {
 }
 
 } // namespace
+
+SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerNumber) {
+    const auto hasPageOf = [&](std::string_view bytes) {
+        const zel::String checksum = checksumOf(bytes);
+        SqliteStatement known(file, "SELECT 1 FROM page WHERE checksum = ?");
+        return known.with(checksum).next();
+    };
+    if (hasPageOf(content))
+        return SaveMatch::Whole;
+    const auto career = static_cast<int32_t>(
+        file.number("SELECT coalesce(max(value), -1) FROM meta WHERE key = 'career'"));
+    const bool hasPages = file.number("SELECT count(*) FROM page") > 0;
+    if (file.failed() || !hasPages)
+        return SaveMatch::Unknown;
+    if (career == careerNumber)
+        return SaveMatch::Changed;
+    std::string corrected(content);
+    std::memcpy(&corrected[CareerNumberOffset], &career, sizeof career);
+    if (!hasPageOf(corrected))
+        return SaveMatch::Unknown; // another career
+    careerNumber = career;
+    return SaveMatch::Changed;
+}
+
+SaveMatch matchRecord(const zel::String& path, std::string_view content, int32_t& careerNumber) {
+    SqliteFile file;
+    const bool isKnown = zel::system::fileStatus(path).exists &&
+                         file.open(path, SqliteFile::MustExist) &&
+                         file.number("PRAGMA user_version") <= RecordVersion;
+    return isKnown ? matchPage(file, content, careerNumber) : SaveMatch::Unknown;
+}
 
 PageMark addPage(SqliteFile& file, const SavedPage& save) {
     SqliteStatement(file,
@@ -78,6 +114,13 @@ bool hasPage(SqliteFile& file, const PageMark& mark) {
 
 bool endsWith(SqliteFile& file, const PageMark& mark) {
     return hasPage(file, mark) && file.number("SELECT max(id) FROM page") == mark.id;
+}
+
+bool hasFlight(SqliteFile& file, const PageMark& mark, const zel::String& log,
+               const zel::String& hash) {
+    SqliteStatement row(file, "SELECT 1 FROM flight WHERE log = ? AND log_hash = ?"
+                              " AND number <= (SELECT flight FROM page WHERE id = ?)");
+    return row.with(log, hash, mark.id).next();
 }
 
 std::vector<RecordGap> gapsUpTo(SqliteFile& file, const PageMark& mark) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
+#include "app/career/SaveCheck.h"
 #include "engine/core/String.h"
 
 class Database;
@@ -34,6 +36,11 @@ struct PageMark {
     int32_t date = FirstDayOfWar;
 };
 
+/// Whether the save of that content has a page; see CareerObserver::matchSave. Unknown for a career
+/// that isn't the record's.
+SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerNumber);
+/// The same from the record of that path; Unknown if it can't be read.
+SaveMatch matchRecord(const zel::String& path, std::string_view content, int32_t& careerNumber);
 /// Adds the page of a save: everything in the tables belongs to it.
 PageMark addPage(SqliteFile& file, const SavedPage& save);
 /// Finds the page of that save. A save that the record doesn't know, as one that was damaged or
@@ -44,6 +51,10 @@ PageMark findPage(SqliteFile& file, const SavedPage& save, const Database& caree
 /// Whether that page is in the file, and whether it is its last one.
 bool hasPage(SqliteFile& file, const PageMark& mark);
 bool endsWith(SqliteFile& file, const PageMark& mark);
+/// Whether a flight with that log is in the record up to that page; what comes after it is another
+/// course of the war.
+bool hasFlight(SqliteFile& file, const PageMark& mark, const zel::String& log,
+               const zel::String& hash);
 /// The gaps up to that page.
 std::vector<RecordGap> gapsUpTo(SqliteFile& file, const PageMark& mark);
 /// Removes everything that came after that page.

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/career/Checksum.h"
 #include "app/career/Database.h"
 #include "app/record/KeptRecords.h"
 #include "app/record/RecordFile.h"
@@ -52,6 +53,11 @@ std::vector<zel::String> recordsBeside(const zel::String& path, int32_t careerNu
 }
 
 } // namespace
+
+bool isKnownElsewhere(const zel::String& path, std::string_view content, int32_t careerNumber) {
+    const SavedPage save = {checksumOf(content), 0}; // no page is as early, only its own
+    return !recordsBeside(path, careerNumber, save).empty() || isKept(path, save.checksum);
+}
 
 std::optional<FoundRecord> findRecord(const zel::String& path, const Database& career,
                                       const SavedPage& save, bool onlyOwn) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <string_view>
 
 #include "app/record/RecordPages.h"
 #include "engine/core/String.h"
@@ -12,6 +14,9 @@ struct FoundRecord {
     PageMark mark; // of the save
 };
 
+/// Whether one of the records that were moved away from that path, or kept with a page, holds the
+/// page of a save of that content.
+bool isKnownElsewhere(const zel::String& path, std::string_view content, int32_t careerNumber);
 /// Searches the records that were moved away from that path for one of the career: the one that
 /// holds the page of the save, or else, unless onlyOwn, the one that comes closest to it. Of those
 /// that were kept with a page (KeptRecords.h) a copy is used.

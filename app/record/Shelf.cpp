@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/career/CareerLock.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/KeptRecords.h"
@@ -90,6 +91,11 @@ bool Shelf::swapIn(const zel::String& incoming) {
     return false;
 }
 
+/// Another program that has a career open must not lose its folder.
+bool Shelf::holdsLock() {
+    return career.lock == nullptr || career.lock->take() || fail(holderText(*career.lock));
+}
+
 /// Ends the move of a career that was on its way.
 bool Shelf::settleIncoming() {
     const zel::String incoming = incomingFolder();
@@ -104,6 +110,8 @@ bool Shelf::settleIncoming() {
 }
 
 bool Shelf::tidy() {
+    if (!holdsLock())
+        return false;
     if (!settleIncoming())
         return fail();
     std::vector<int32_t> numbers;
@@ -171,6 +179,8 @@ bool Shelf::take(int32_t number) {
         return wanted.has_value();
     if (!wanted->summary.isReadable)
         return fail(wanted->summary.file + " " + wanted->summary.fault);
+    if (!holdsLock())
+        return false;
     leaveCurrent();
     if (!settleIncoming() || !keepNumber(wanted->folder, number, trouble) ||
         !moveFolder(wanted->folder, incomingFolder(), trouble))
@@ -187,6 +197,8 @@ bool Shelf::putAway(int32_t number) {
     const std::optional<ShelvedCareer> wanted = find(number);
     if (!wanted || wanted->isPutAway)
         return wanted.has_value();
+    if (!holdsLock())
+        return false;
     if (wanted->isCurrent) {
         leaveCurrent();
         return !shelve(currentFolder(), PutAwayFolder).empty() || fail();
@@ -198,6 +210,8 @@ bool Shelf::putAway(int32_t number) {
 }
 
 bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
+    if (!holdsLock())
+        return false;
     if (of.isCurrent)
         leaveCurrent();
     return (keepRecord(of.folder, trouble) && returnToPage(saveIn(of.folder), page, trouble)) ||
@@ -206,7 +220,7 @@ bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
 
 bool Shelf::save() {
     const bool isAnother = career.isUnsaved && holdsCareer(currentFolder());
-    if (!isAnother)
+    if (!isAnother || career.isReadOnly)
         return write(CurrentFolder);
     // The new career is written whole before the current one is moved.
     if (!makeFolder(incomingFolder(), trouble))
@@ -226,5 +240,7 @@ bool Shelf::save() {
 bool Shelf::write(const char* folder) {
     const zel::String name = saveIn(folder);
     return career.writeSave(name) ||
-           fail("The career can't be written to " + userPath(name.c_str()));
+           fail("The career can't be written to " + userPath(name.c_str()) + ": " +
+                (career.isReadOnly ? holderText(*career.lock)
+                                   : zel::String(zel::faultText(career.writeFault))));
 }

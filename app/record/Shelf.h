@@ -71,6 +71,7 @@ public:
 
 private:
     bool fail(const zel::String& why = {});
+    bool holdsLock();
     std::optional<ShelvedCareer> find(int32_t number);
     zel::String shelve(const zel::String& folder, const char* place);
     void leaveCurrent();

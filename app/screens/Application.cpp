@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/career/Aircraft.h"
+#include "app/career/CareerLock.h"
 #include "app/career/Database.h"
 #include "app/mission/Settings.h"
 #include "app/record/CareerRecord.h"
@@ -10,6 +11,7 @@
 #include "app/report/Flight.h"
 #include "app/screens/CareerDrawer.h"
 #include "app/screens/CareerScreen.h"
+#include "app/screens/MenuBlackScreen.h"
 #include "app/screens/MenuCareerPages.h"
 #include "app/screens/MenuCareers.h"
 #include "app/screens/MenuConfiguration.h"
@@ -56,6 +58,11 @@ bool windowWanted = true;
 
 std::unique_ptr<Database>& database() {
     static std::unique_ptr<Database> instance;
+    return instance;
+}
+
+std::unique_ptr<CareerLock>& lock() {
+    static std::unique_ptr<CareerLock> instance;
     return instance;
 }
 
@@ -119,6 +126,8 @@ void ZelApp::init() {
     database() = std::make_unique<Database>();
     record() = std::make_unique<CareerRecord>();
     database()->observer = record().get();
+    lock() = std::make_unique<CareerLock>();
+    database()->lock = lock().get();
     shelf() = std::make_unique<Shelf>(*database(), *record());
     shelf()->tidy();
     CareerScreen::setShelf(shelf().get());
@@ -151,6 +160,7 @@ void ZelApp::initMenus() {
     addScreen<MenuConfiguration>();
     addScreen<MenuGameAdvance>();
     addScreen<MenuNotificationInstallDir>();
+    addScreen<MenuBlackScreen>();
     addScreen<MenuNotificationRepair>();
     addScreen<MenuNotificationUnsaved>(*flight());
     for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
@@ -170,5 +180,6 @@ void ZelApp::releaseDatabase() {
     shelf().reset();
     database().reset();
     record().reset();
+    lock().reset();
 }
 void ZelApp::releaseMenus() { zel::HandledMenu::releaseMenus(); }

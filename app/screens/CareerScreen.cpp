@@ -1,7 +1,9 @@
 #include "app/screens/CareerScreen.h"
 
+#include "app/career/CareerLock.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/career/Wording.h"
 #include "app/record/Shelf.h"
 #include "app/screens/MenuNotification.h"
 #include "engine/core/System.h"
@@ -21,10 +23,16 @@ void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
 void CareerScreen::setShelf(Shelf* saves) { shelf = saves; }
 
 void CareerScreen::saveBefore(zel::Widget& leaving) {
-    if (runningCareer() == nullptr || shelf == nullptr || shelf->save())
+    const Database* career = runningCareer();
+    if (career == nullptr || shelf == nullptr || shelf->save())
         return;
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
-    MenuNotification::divert(leaving, "MenuNotificationSave", zel::system::shownText(file));
+    const zel::String reason = career->isReadOnly ? heldElsewhereText(*career->lock)
+                               : career->writeFault == zel::FileFault::None
+                                   ? zel::String()
+                                   : faultSentence(career->writeFault);
+    MenuNotification::divert(leaving, "MenuNotificationSave",
+                             zel::system::shownText(file) + "\n" + reason);
 }
 
 Database* CareerScreen::runningCareer() {

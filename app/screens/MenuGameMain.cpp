@@ -1,6 +1,7 @@
 #include "app/screens/MenuGameMain.h"
 
 #include "app/career/Bases.h"
+#include "app/career/CareerLock.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
@@ -31,7 +32,7 @@ void MenuGameMain::onEntered() {
     showSquadron();
     showSheet(*career);
     setText("pilot", playerText(*career, predecessor));
-    setText("record", note(*career));
+    setText("record", career->isReadOnly ? heldElsewhereText(*career->lock) : note(*career));
 }
 
 void MenuGameMain::showOrders(const Database& career) {

@@ -14,6 +14,11 @@ zel::String repairLines(const Database& career) {
     const CareerRepairs& repairs = career.repairs;
     zel::String lines;
     const auto add = [&](const zel::String& line) { lines += (lines.empty() ? "" : "\n") + line; };
+    if (repairs.recovered)
+        add(textOf(career.saveCheck.source == SaveSource::Draft ? wording::DraftTaken
+                                                                : wording::BackupTaken));
+    if (repairs.changed)
+        add(textOf(repairs.isFixed() ? wording::ChangedOutside : wording::ChangedSoundly));
     if (repairs.endedEarly)
         add(textOf(wording::EndMissing));
     if (repairs.surplus > 0)
@@ -34,7 +39,11 @@ zel::String savePath(const char* ending) { return zel::getUserDirectory() + Save
 
 } // namespace
 
-void MenuNotificationRepair::onEnter() { showRepairs(zel::File::exists(savePath(BackupEnding))); }
+void MenuNotificationRepair::onEnter() {
+    const Database* career = Database::instance();
+    showRepairs(career != nullptr && career->saveCheck.source == SaveSource::Named &&
+                zel::File::exists(savePath(BackupEnding)));
+}
 
 void MenuNotificationRepair::showRepairs(bool hasBackup) {
     const Database* career = Database::instance();
@@ -42,6 +51,9 @@ void MenuNotificationRepair::showRepairs(bool hasBackup) {
         return;
     setText("reason", repairLines(*career));
     setText("path", zel::system::shownText(zel::system::absolutePath(savePath(DamagedEnding))));
+    const bool isKept = !career->damagedSave.empty();
+    setVisible("text2", isKept);
+    setVisible("path", isKept);
     setVisible("text3", hasBackup);
     setVisible("text4", !hasBackup);
     setVisible("menuButton2", hasBackup);

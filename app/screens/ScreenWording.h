@@ -31,6 +31,14 @@ inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first 
     {2214, "This file could not be written: $1"},
     {2215, "The logs of the simulator can't be listed in this folder: $1"},
 };
+inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault on; the two versions
+    {2410, "There is no saved career."},
+    {2411, "The career file can't be read."},
+    {2412, "The career file is no save of Wingtally."},
+    {2413, "The career file was written by another version of Wingtally: its form is $1, and this version reads $2."},
+    {2414, "Too much of the career file is lost to go on from it."},
+};
+inline constexpr Wording ChangedAndLost  {2415, "The career file was changed or damaged outside of Wingtally. Too much of it is lost to go on from it."};
 inline constexpr Wording EndMissing      {2511, "The end of the file is missing."};
 inline constexpr Wording RepairCounts[] = { // in the order of CareerRepairs
     {2512, "References to squadron and pilot files that led nowhere: $1"},
@@ -41,6 +49,10 @@ inline constexpr Wording RepairCounts[] = { // in the order of CareerRepairs
 };
 inline constexpr Wording PlayerMoved     {2516, "Your pilot was in no squadron. You are now $1."}; // his name
 inline constexpr Wording EndExceeded     {2518, "Bytes after the end of the file: $1"}; // their number
+inline constexpr Wording ChangedOutside  {2519, "It was changed or damaged outside of Wingtally."};
+inline constexpr Wording ChangedSoundly  {2520, "It was changed or damaged outside of Wingtally. All that can be checked is in order."};
+inline constexpr Wording DraftTaken      {2521, "The file was missing. An interrupted save had written it whole under another name, and it has its name again."};
+inline constexpr Wording BackupTaken     {2522, "The file is missing. The save before it is used."};
 inline constexpr Wording UnreportedFlight{2604, "Your flight has not been reported"};
 
 inline constexpr Wording QuitWithOrders  {2602, "Your orders are out. If you save, the flight can still be reported when you come back."};

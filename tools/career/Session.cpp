@@ -4,6 +4,7 @@
 
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
+#include "app/career/SaveFile.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/SimulatorCheck.h"
 #include "app/record/RecordExport.h"
@@ -66,13 +67,15 @@ bool Session::needSimulator() {
 }
 
 bool Session::needRecord() {
-    return needCareer() && (career.observer != nullptr || fail("This call keeps no record"));
+    return needCareer() && (keepsRecord || fail("This call keeps no record"));
 }
 
 bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
     career.createCareer(service);
     if (!career.hasCareer())
-        return fail("No squadron could be made");
+        return fail(career.hasBrokenHistory
+                        ? "No career is begun: the disk reports an error among the data files"
+                        : "No squadron could be made");
     say(serviceText(service));
     say(startDateText(year, month));
     say(pilotNameText(career));
@@ -87,12 +90,12 @@ bool Session::load() {
         sayFile(wording::Loaded, path);
         return true;
     }
-    const zel::String backup = path + ".bak";
-    zel::String why = "No career could be loaded from " + path;
-    if (!zel::system::fileStatus(path).exists)
-        why += ": there is none; careers lists those on the shelf";
-    if (zel::system::fileStatus(backup).exists)
-        why += "; an earlier one is in " + backup;
+    zel::String why =
+        "No career could be loaded from " + path + ": " + saveFaultText(career.saveCheck);
+    if (career.saveCheck.fault == SaveFault::Missing)
+        why += "; careers lists those on the shelf";
+    else if (hasEarlierSave(career, SaveFileName))
+        why += "; pages lists the saves before it";
     return fail(why);
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "app/career/CareerLock.h"
 #include "app/career/Database.h"
 #include "app/career/Wording.h"
 #include "app/record/CareerRecord.h"
@@ -20,10 +21,10 @@ public:
     /// waitSeconds: how long report() waits for the simulator's log. keepsRecord: what happens is
     /// written to the record of the war.
     Session(bool quiet, int32_t waitSeconds, bool keepsRecord = true)
-        : quiet(quiet), waitSeconds(waitSeconds), flight(keepsRecord ? &record : nullptr),
-          progress(!quiet) {
-        if (keepsRecord)
-            career.observer = &record;
+        : quiet(quiet), waitSeconds(waitSeconds), keepsRecord(keepsRecord),
+          flight(keepsRecord ? &record : nullptr), progress(!quiet) {
+        career.lock = &lock;
+        career.observer = keepsRecord ? static_cast<CareerObserver*>(&record) : &nobody;
     }
 
     bool newCareer(int32_t service, int32_t year, int32_t month);
@@ -70,11 +71,21 @@ private:
     void advanceOnePeriod();
     zel::String nextStep(bool areOrdersOut) const;
 
+    /// Without a record the saves' checksums have to be noted elsewhere.
+    struct WithoutRecord : CareerObserver {
+        bool onSaving(const Database& /*career*/, std::string_view /*content*/) override {
+            return false;
+        }
+    };
+
     bool quiet;
     int32_t waitSeconds;
+    bool keepsRecord;
     zel::String trouble;
+    CareerLock lock;
     Database career;
     CareerRecord record;
+    WithoutRecord nobody;
     ShelfCommands shelf{career, record};
     Flight flight;
     InvitationLetter letter;

@@ -162,11 +162,12 @@ TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
 TEST_F(CareerRecordTest, WaitsUntilTheFileCanBeUsed) {
     Program program;
     program.begin();
-    fs::create_directories(path());
+    const std::string draft = run.userFolder() + "/Saves/record-new.db";
+    fs::create_directories(draft);
     EXPECT_TRUE(program.save());
     EXPECT_EQ(run.lines.linesWith("The record of the war can't be used"), 1) << run.lines.text();
     EXPECT_TRUE(fs::exists(run.userFolder() + "/Saves/savegame_v03.wty"));
-    fs::remove(path());
+    fs::remove(draft);
     EXPECT_TRUE(program.save());
     const int64_t victories = inFile("SELECT count(*) FROM victory");
     EXPECT_GT(victories, 0);

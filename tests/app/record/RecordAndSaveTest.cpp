@@ -38,7 +38,10 @@ TEST_F(RecordAndSaveTest, ALoadRemovesNothing) {
         content[place] = value;
         return content;
     };
-    const auto otherCareer = [&] { return withByte(newer, 32, char(newer[32] ^ 1)); };
+    // Of a save that differs only in the career's number, that number would be restored.
+    const auto otherCareer = [&] {
+        return withByte(withByte(newer, 32, char(newer[32] ^ 1)), 24, 1);
+    };
     const struct {
         const char* what;
         std::string save;

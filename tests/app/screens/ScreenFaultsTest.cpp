@@ -102,8 +102,9 @@ TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     EXPECT_FALSE(driver.widget("menuButton2")->isActive());
     home.folder.write("user/Saves/savegame_v03.wty", "no career at all");
-    ASSERT_TRUE(driver.walk("menuButton5>MenuCredits menuBack>MenuMain "
-                            "menuButton2>BlackScreen menuBack>MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton5>MenuCredits menuBack>MenuMain menuButton2>BlackScreen"));
+    EXPECT_EQ(driver.text("reason"), "The career file is no save of Wingtally.");
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     EXPECT_EQ(home.save(), "no career at all");
     home.folder.write("user/Saves/savegame_v03.wty.bak", "the last whole one");
     ASSERT_TRUE(driver.begin(FirstChoices));
@@ -128,7 +129,8 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     const std::string damaged = whole.substr(0, whole.size() - 8);
     home.folder.write(save, damaged);
     ASSERT_TRUE(driver.go("menuButton2", "MenuNotificationRepair"));
-    EXPECT_EQ(driver.text("reason"), "The end of the file is missing.");
+    EXPECT_EQ(driver.text("reason"),
+              "It was changed or damaged outside of Wingtally.\nThe end of the file is missing.");
     EXPECT_NE(driver.text("path").find("savegame_v03.wty.damaged"), std::string::npos);
     EXPECT_FALSE(driver.widget("menuButton2")->isVisible()) << "there is no save before it";
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain"));
@@ -138,8 +140,8 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     std::string lost = whole;
     lost.replace(8, 4, "\xFF\xFF\xFF\x7F"); // a player who isn't there
     home.folder.write(save, lost);
-    ASSERT_TRUE(driver.go("menuButton2", "MenuNotificationRepair"));
-    EXPECT_EQ(driver.text("reason").find("Your pilot was in no squadron. You are now "), 0U);
+    ASSERT_TRUE(driver.go("menuButton2", "BlackScreen"));
+    EXPECT_EQ(driver.text("reason").find("The career file was changed or damaged outside"), 0U);
     ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"));
     EXPECT_EQ(home.save(), whole);
     EXPECT_EQ(home.folder.read(save + ".bak"), whole) << "the damaged one doesn't replace it";
@@ -149,9 +151,16 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
 
     home.folder.write(save, lost);
     home.folder.write(save + ".bak", damaged);
-    ASSERT_TRUE(driver.walk("menuButton2>MenuNotificationRepair menuButton2"));
-    EXPECT_EQ(driver.text("reason"), "The end of the file is missing.") << "of the save before";
+    ASSERT_TRUE(driver.walk("menuButton2>BlackScreen"));
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"))
+        << "the one before is damaged as well, a page is not";
+    EXPECT_EQ(home.save(), whole);
+    std::filesystem::remove(home.folder.file(save));
+    home.folder.write(save + ".bak", whole);
+    ASSERT_TRUE(driver.go("menuButton2", "MenuNotificationRepair"));
+    EXPECT_EQ(driver.text("reason"), "The file is missing. The save before it is used.");
     EXPECT_FALSE(driver.widget("menuButton2")->isVisible());
+    EXPECT_FALSE(driver.screens->menu().getTextArea("path")->isVisible());
     ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
 }
 

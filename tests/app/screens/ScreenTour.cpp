@@ -209,7 +209,10 @@ private:
             {"MenuNotificationRepair", {}},
             {"MenuNotificationUnsaved", {}},
         };
-        Database::instance()->repairs = {true, 117, 12, 40, 1, 0, true};
+        Database* career = Database::instance();
+        career->repairs = {false, false, true, 117, 12, 40, 1, 0, true, 0};
+        career->damagedSave = save;
+        career->saveCheck.fault = SaveFault::Missing;
         for (const auto& [notice, reason] : notices) {
             MenuNotification::show(driver.screens->menu(), notice, reason);
             if (!go(notice))

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/core/FileFault.h"
+#include "engine/core/String.h"
+
+/// Why a save can't be used.
+enum class SaveFault {
+    None,
+    Missing,
+    Unread,       // the system can't read it
+    NoSave,       // it is something else, or damaged where that can't be told
+    OtherVersion, // of the save file
+    Lost,         // too much of it is
+};
+
+/// Whether a file has the checksum that it had when it was saved.
+enum class SaveMatch {
+    Unknown, // there is no record of that career
+    Whole,
+    Changed, // changed or damaged outside of the program
+};
+
+/// From where a career was loaded though there was no file under the save's name. On a file system
+/// that has no links a program that is killed may leave one so.
+enum class SaveSource {
+    Named,
+    Draft,  // a whole one, which now has the name
+    Backup, // the save before it
+};
+
+/// What reading a save file came to.
+struct SaveCheck {
+    SaveFault fault = SaveFault::None;
+    zel::FileFault reason = zel::FileFault::None; // of Unread
+    int32_t version = 0;                          // of OtherVersion
+    SaveMatch match = SaveMatch::Unknown;
+    SaveSource source = SaveSource::Named;
+};
+
+/// Why the save can't be used, as the end of an English sentence about it: "it is no save game".
+zel::String saveFaultText(const SaveCheck& check);

@@ -1,0 +1,39 @@
+#include "app/career/UnrecordedSaves.h"
+
+#include <string>
+
+#include "app/career/Checksum.h"
+#include "engine/core/File.h"
+#include "engine/core/Log.h"
+#include "engine/core/System.h"
+#include "engine/core/WholeFile.h"
+
+namespace {
+
+/// One checksum in each line, the newest first. Empty if there is no such file.
+std::string notes(const zel::String& save) {
+    std::string text;
+    const zel::String path = save + UnrecordedEnding;
+    if (zel::system::fileStatus(path).exists)
+        zel::File(path, zel::FileRead).readWhole(text);
+    return text;
+}
+
+} // namespace
+
+void noteUnrecorded(const zel::String& save, std::string_view content) {
+    const std::string before = notes(save);
+    const std::string text =
+        std::string(checksumOf(content).view()) + "\n" + before.substr(0, before.find('\n') + 1);
+    const zel::String path = save + UnrecordedEnding;
+    const zel::FileFault fault = zel::writeFileWhole(path, text);
+    if (fault != zel::FileFault::None)
+        zel::log("The checksum of the save can't be noted in " + path + ": " +
+                     zel::faultText(fault),
+                 "Database", zel::LogWarning);
+}
+
+bool isUnrecorded(const zel::String& save, std::string_view content) {
+    const std::string noted = notes(save);
+    return !noted.empty() && noted.find(checksumOf(content).view()) != std::string::npos;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+#include "engine/core/String.h"
+
+// The checksum of a save is in the record of the war. Where the record can't be written or isn't
+// kept, a text file beside the save has it instead, so that the save isn't taken for one that was
+// changed outside of the program. `save` is the path of the career's save file.
+
+constexpr const char* UnrecordedEnding = ".sum";
+
+/// Notes the checksums of a save that is about to get its name and of the one noted before it. On
+/// error: a log line.
+void noteUnrecorded(const zel::String& save, std::string_view content);
+/// Whether that content was noted.
+bool isUnrecorded(const zel::String& save, std::string_view content);
