@@ -117,7 +117,7 @@ def careers_in(folder):
 
 def strange_files(folder):
     """Files in the user's folder that belong to no career, its record or its pages."""
-    known = re.compile(r"(savegame_v03\.wty(\.bak)?|record\.db(-wal|-shm)?|prefs\.dat(\.bak)?|(last )?number\.txt|.*\.lock"
+    known = re.compile(r"(savegame_v03\.wty(\.bak|\.sum)?|record\.db(-wal|-shm)?|prefs\.dat(\.bak)?|(last )?number\.txt|.*\.lock"
                        r"|\d{4} \d{8} [0-9a-f]{16}\.wty|record [0-9a-f]{16}\.db)$")
     return [os.path.join(place, name) for place, _, names in os.walk(folder + "/user") for name in names
             if not known.match(name)]
@@ -304,7 +304,7 @@ def test_faults(args, checker, errors=ERRORS, reads=False):
         if is_silent and error != "EINTR" and not is_optional(operation, done):
             after = content_of(folder + "/user/" + SAVE)
             before = operations[max(0, operations.index(operation) - 1)]  # a sync of its folder
-            record = "record.db" in operation.path + before.path or reads
+            record = re.search(r"record(-new)?\.db", operation.path + before.path) or reads
             if digest(after) != digest(checker.new) or not record:
                 faults.append("it failed, and nobody was told")
         faults += checker.faults_of(folder, must_be_new=done.returncode == 0)
