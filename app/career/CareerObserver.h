@@ -31,8 +31,9 @@ public:
     virtual SaveMatch matchSave(std::string_view /*content*/, int32_t& /*careerNumber*/) {
         return SaveMatch::Unknown;
     }
-    /// The career is about to be written; `content` is the whole save file, which is on the disk but
-    /// has not its name yet. That may still fail. False if matchSave() will not know the content.
+    /// The career is about to be written; `content` is the whole save file, which is on the disk
+    /// but has not its name yet. That may still fail. False if matchSave() will not know the
+    /// content.
     virtual bool onSaving(const Database&, std::string_view /*content*/) { return true; }
     /// The save that onSaving() announced has its final name.
     virtual void onSaved(const Database&) {}
