@@ -263,29 +263,29 @@ std::string CommandReader::readPlain(std::string_view command) {
 tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerCall& call) {
     tools::CommandLine line("wingtally-career", "[OPTION]... COMMAND...", Description, Ending);
     const auto addFolder = [&](const char* name, std::string& folder, const char* what) {
-        line.add_option(name, folder, what)->type_name("DIR")->check(tools::nameOfFile());
+        line.addOption(name, folder, what).valueName("DIR").nameOfFile();
     };
     addFolder("--rof", call.rofDirectory, "the simulator's folder");
     addFolder("--user", call.userDirectory, "where the career and the preferences are kept");
     addFolder("--data", call.dataDirectory, "the folder that holds Data");
-    line.add_option("--language", call.language, "the language of the results, English without it")
-        ->type_name("CODE");
-    line.add_option("--seed", call.seed, "the same call gives the same career")
-        ->type_name("N")
-        ->transform(tools::wholeNumber(0, UINT32_MAX));
-    line.add_option("--wait", call.waitSeconds, "report waits up to S seconds for a log")
-        ->type_name("S")
-        ->transform(tools::wholeNumber(0, LongestWait));
-    line.add_flag_callback(
-        "--no-record", [&] { call.keepsRecord = false; }, "keeps no record of the war");
-    line.add_flag("--quiet", call.quiet, "says nothing unless something fails");
-    line.add_flag("--verbose", call.verbose, "shows the debug lines");
+    line.addOption("--language", call.language, "the language of the results, English without it")
+        .valueName("CODE");
+    line.addOption("--seed", call.seed, "the same call gives the same career")
+        .valueName("N")
+        .wholeNumber(0, UINT32_MAX);
+    line.addOption("--wait", call.waitSeconds, "report waits up to S seconds for a log")
+        .valueName("S")
+        .wholeNumber(0, LongestWait);
+    const tools::Option noRecord = line.addFlag("--no-record", "keeps no record of the war");
+    line.addFlag("--quiet", call.quiet, "says nothing unless something fails");
+    line.addFlag("--verbose", call.verbose, "shows the debug lines");
     std::vector<std::string> commands;
-    line.add_option("COMMAND", commands)->take_all();
+    line.addArguments("COMMAND", commands);
 
     tools::CallReading reading = line.read(words);
     if (reading.kind != tools::CallKind::Run)
         return reading;
+    call.keepsRecord = !noRecord.isGiven();
     const std::string wrong = CommandReader(commands, call).readAll();
     return wrong.empty() ? reading : line.wrong(wrong);
 }

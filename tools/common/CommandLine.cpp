@@ -1,5 +1,6 @@
 #include "tools/common/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
 
@@ -45,37 +46,20 @@ bool readNumber(const std::string& text, Number least, Number most, Number& numb
 
 } // namespace
 
-CommandLine::CommandLine(const std::string& program, const std::string& usage,
-                         const std::string& description, const std::string& ending)
-    : CLI::App(description, program), usageLine("Usage: " + program + " " + usage + "\n") {
-    formatter(std::make_shared<HelpText>(usageLine));
-    footer(ending);
-    set_help_flag("-h,--help", "show this help");
-    allow_windows_style_options(false); // a path may begin with a slash
-    option_defaults()->take_last();
+Option Option::required() {
+    option->required();
+    return *this;
 }
 
-CallReading CommandLine::read(std::vector<std::string> words) {
-    std::reverse(words.begin(), words.end()); // CLI11 takes them from the end
-    try {
-        parse(std::move(words));
-        return {};
-    } catch (const CLI::CallForHelp&) {
-        return {CallKind::Help, help()};
-    } catch (const CLI::ParseError& error) {
-        return wrong(error.what());
-    }
-}
-
-CallReading CommandLine::wrong(const std::string& message) const {
-    return {CallKind::Wrong, get_name() + ": " + message + "\n" + usageLine + get_name() +
-                                 " --help lists the options\n"};
+Option Option::valueName(const std::string& name) {
+    option->type_name(name);
+    return *this;
 }
 
 // CLI11 would read "010" as an octal and "0x10" as a hexadecimal number: the text is made plain
 // before it is converted.
-CLI::Validator wholeNumber(int64_t least, int64_t most) {
-    return CLI::Validator(
+Option Option::wholeNumber(int64_t least, int64_t most) {
+    option->transform(CLI::Validator(
         [=](std::string& text) {
             int64_t number = 0;
             if (!readNumber(text, least, most, number))
@@ -84,11 +68,12 @@ CLI::Validator wholeNumber(int64_t least, int64_t most) {
             text = std::to_string(number);
             return std::string();
         },
-        "");
+        ""));
+    return *this;
 }
 
-CLI::Validator decimalNumber(double least, double most) {
-    return CLI::Validator(
+Option Option::decimalNumber(double least, double most) {
+    option->check(CLI::Validator(
         [=](std::string& text) {
             double number = 0;
             if (readNumber(text, least, most, number, std::chars_format::fixed))
@@ -96,16 +81,97 @@ CLI::Validator decimalNumber(double least, double most) {
             return "'" + text + "' is not " +
                    rangeText(CLI::detail::to_string(least), CLI::detail::to_string(most));
         },
-        "");
+        ""));
+    return *this;
 }
 
-CLI::Validator nameOfFile() {
-    return CLI::Validator(
+Option Option::nameOfFile() {
+    option->check(CLI::Validator(
         [](std::string& text) {
             return text.empty() || text.compare(0, 2, "--") == 0 ? "'" + text + "' is no name"
                                                                  : std::string();
         },
-        "");
+        ""));
+    return *this;
+}
+
+Option Option::needs(Option other) {
+    option->needs(other.option);
+    return *this;
+}
+
+Option Option::excludes(Option other) {
+    option->excludes(other.option);
+    return *this;
+}
+
+bool Option::isGiven() const { return option->count() > 0; }
+
+std::string Option::name() const { return option->get_name(); }
+
+CommandLine::CommandLine(const std::string& program, const std::string& usage,
+                         const std::string& description, const std::string& ending)
+    : app(std::make_unique<CLI::App>(description, program)),
+      usageLine("Usage: " + program + " " + usage + "\n") {
+    app->formatter(std::make_shared<HelpText>(usageLine));
+    app->footer(ending);
+    app->set_help_flag("-h,--help", "show this help");
+    app->allow_windows_style_options(false); // a path may begin with a slash
+    app->option_defaults()->take_last();
+}
+
+CommandLine::~CommandLine() = default;
+
+Option CommandLine::addOption(const std::string& name, std::string& value,
+                              const std::string& help) {
+    return Option(app->add_option(name, value, help));
+}
+
+Option CommandLine::addOption(const std::string& name, int32_t& value, const std::string& help) {
+    return Option(app->add_option(name, value, help));
+}
+
+Option CommandLine::addOption(const std::string& name, uint32_t& value, const std::string& help) {
+    return Option(app->add_option(name, value, help));
+}
+
+Option CommandLine::addOption(const std::string& name, double& value, const std::string& help) {
+    return Option(app->add_option(name, value, help));
+}
+
+Option CommandLine::addOption(const std::string& name, std::optional<uint32_t>& value,
+                              const std::string& help) {
+    return Option(app->add_option(name, value, help));
+}
+
+Option CommandLine::addArguments(const std::string& name, std::vector<std::string>& values) {
+    return Option(app->add_option(name, values)->take_all());
+}
+
+Option CommandLine::addFlag(const std::string& name, bool& isGiven, const std::string& help) {
+    return Option(app->add_flag(name, isGiven, help));
+}
+
+Option CommandLine::addFlag(const std::string& name, const std::string& help) {
+    return Option(app->add_flag(name, help));
+}
+
+CallReading CommandLine::read(std::vector<std::string> words) {
+    std::reverse(words.begin(), words.end()); // CLI11 takes them from the end
+    try {
+        app->parse(std::move(words));
+        return {};
+    } catch (const CLI::CallForHelp&) {
+        return {CallKind::Help, app->help()};
+    } catch (const CLI::ParseError& error) {
+        return wrong(error.what());
+    }
+}
+
+CallReading CommandLine::wrong(const std::string& message) const {
+    const std::string& program = app->get_name();
+    return {CallKind::Wrong,
+            program + ": " + message + "\n" + usageLine + program + " --help lists the options\n"};
 }
 
 } // namespace tools

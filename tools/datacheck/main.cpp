@@ -23,10 +23,10 @@ struct Call {
 
 tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
     tools::CommandLine line(Program, "[--coverage] [FOLDER]", Description, Ending);
-    line.add_flag("--coverage", call.coverage,
-                  "print, for each nation and month, how many of the squadrons have one\n"
-                  "and how many have every aircraft that is then in use in the career");
-    line.add_option("FOLDER", call.folder)->check(tools::nameOfFile());
+    line.addFlag("--coverage", call.coverage,
+                 "print, for each nation and month, how many of the squadrons have one\n"
+                 "and how many have every aircraft that is then in use in the career");
+    line.addOption("FOLDER", call.folder).nameOfFile();
     return line.read(words);
 }
 

@@ -25,8 +25,8 @@ int main(int argc, char** argv) {
                             "OUTPUT_DIR/Names, from the\n"
                             "tables in SOURCE_DIR/history and SOURCE_DIR/names.",
                             "Exit status: 0 the files are up to date, 1 findings, 2 a wrong call.");
-    line.add_option("SOURCE_DIR", source)->required();
-    line.add_option("OUTPUT_DIR", output)->required();
+    line.addOption("SOURCE_DIR", source).required();
+    line.addOption("OUTPUT_DIR", output).required();
     const std::optional<int> status = tools::answer(line.read(tools::argumentsOf(argc, argv)));
     return status ? *status : tools::exitStatus(run(source, output));
 }

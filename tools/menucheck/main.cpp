@@ -35,7 +35,7 @@ int run(const std::string& chosen) {
 int main(int argc, char** argv) {
     std::string folder;
     tools::CommandLine line(Program, "[FOLDER]", Description, Ending);
-    line.add_option("FOLDER", folder)->check(tools::nameOfFile());
+    line.addOption("FOLDER", folder).nameOfFile();
     const std::optional<int> status = tools::answer(line.read(tools::argumentsOf(argc, argv)));
     return status ? *status : tools::exitStatus(run(folder));
 }

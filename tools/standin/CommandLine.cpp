@@ -20,36 +20,37 @@ constexpr double HighestSpeed = 100000;
 
 /// The options that only a flight uses.
 struct FlightParts {
-    std::vector<CLI::Option*> options;
-    CLI::Option* slow = nullptr;
+    std::vector<tools::Option> options;
+    bool isSlow = false;
     double speed = 1;
 };
 
 void addFlightOptions(tools::CommandLine& line, FlightOptions& flight, FlightParts& parts) {
-    const auto add = [&](CLI::Option* option) {
+    const auto add = [&](tools::Option option) {
         parts.options.push_back(option);
         return option;
     };
-    add(line.add_option("--seed", flight.seed,
-                        "pin what is left to chance; further flights count on from N"))
-        ->type_name("N")
-        ->transform(tools::wholeNumber(1, UINT32_MAX));
-    add(line.add_option("--delay", flight.delay, "wait S seconds before a flight"))
-        ->type_name("S")
-        ->check(tools::decimalNumber(0, MostSeconds));
-    parts.slow =
-        add(line.add_flag("--slow", "write the log piece by piece, 30 seconds of flight each"));
-    add(line.add_option("--speed", parts.speed, "with --slow: X times as fast"))
-        ->type_name("X")
-        ->check(tools::decimalNumber(LowestSpeed, HighestSpeed))
-        ->needs(parts.slow);
-    add(line.add_flag("--break-off", flight.breakOff,
-                      "the player leaves the flight before its end"));
-    CLI::Option* kill = add(line.add_flag("--kill-player", flight.killPlayer, "the player dies"));
-    add(line.add_flag("--wound-player", flight.woundPlayer, "the player is wounded and lives"))
-        ->excludes(kill);
-    add(line.add_flag("--truncate", flight.truncateLastPiece,
-                      "the last piece of the log breaks off inside a line"));
+    add(line.addOption("--seed", flight.seed,
+                       "pin what is left to chance; further flights count on from N"))
+        .valueName("N")
+        .wholeNumber(1, UINT32_MAX);
+    add(line.addOption("--delay", flight.delay, "wait S seconds before a flight"))
+        .valueName("S")
+        .decimalNumber(0, MostSeconds);
+    const tools::Option slow = add(line.addFlag(
+        "--slow", parts.isSlow, "write the log piece by piece, 30 seconds of flight each"));
+    add(line.addOption("--speed", parts.speed, "with --slow: X times as fast"))
+        .valueName("X")
+        .decimalNumber(LowestSpeed, HighestSpeed)
+        .needs(slow);
+    add(line.addFlag("--break-off", flight.breakOff,
+                     "the player leaves the flight before its end"));
+    const tools::Option kill =
+        add(line.addFlag("--kill-player", flight.killPlayer, "the player dies"));
+    add(line.addFlag("--wound-player", flight.woundPlayer, "the player is wounded and lives"))
+        .excludes(kill);
+    add(line.addFlag("--truncate", flight.truncateLastPiece,
+                     "the last piece of the log breaks off inside a line"));
 }
 
 } // namespace
@@ -57,26 +58,27 @@ void addFlightOptions(tools::CommandLine& line, FlightOptions& flight, FlightPar
 tools::CallReading readStandInCall(const std::vector<std::string>& words, StandInCall& call) {
     tools::CommandLine line("wingtally-standin", Usage, Description, Ending);
     FlightParts parts;
-    line.add_option("DIR", call.dir)->required()->check(tools::nameOfFile());
-    CLI::Option* watch = line.add_flag("--watch", call.watch, "fly each new mission until Ctrl+C");
-    line.add_flag("--once", call.once, "with --watch: end after the first flight")->needs(watch);
-    CLI::Option* fly =
-        line.add_flag("--fly", call.fly, "fly the newest mission, once")->excludes(watch);
+    line.addOption("DIR", call.dir).required().nameOfFile();
+    const tools::Option watch =
+        line.addFlag("--watch", call.watch, "fly each new mission until Ctrl+C");
+    line.addFlag("--once", call.once, "with --watch: end after the first flight").needs(watch);
+    const tools::Option fly =
+        line.addFlag("--fly", call.fly, "fly the newest mission, once").excludes(watch);
     parts.options.push_back(
-        line.add_option("--mission", call.mission, "with --fly: fly that mission")
-            ->type_name("NAME")
-            ->check(tools::nameOfFile())
-            ->needs(fly));
+        line.addOption("--mission", call.mission, "with --fly: fly that mission")
+            .valueName("NAME")
+            .nameOfFile()
+            .needs(fly));
     addFlightOptions(line, call.flight, parts);
-    line.add_flag("--quiet", call.quiet, "print errors only");
+    line.addFlag("--quiet", call.quiet, "print errors only");
 
     tools::CallReading reading = line.read(words);
     if (reading.kind != tools::CallKind::Run)
         return reading;
-    for (const CLI::Option* option : parts.options)
-        if (option->count() > 0 && !call.watch && !call.fly)
-            return line.wrong(option->get_name() + " requires --fly or --watch");
-    if (parts.slow->count() > 0)
+    for (const tools::Option& option : parts.options)
+        if (option.isGiven() && !call.watch && !call.fly)
+            return line.wrong(option.name() + " requires --fly or --watch");
+    if (parts.isSlow)
         call.flight.piecePause = PieceSeconds / parts.speed;
     return reading;
 }
