@@ -51,6 +51,21 @@ zel::String dateInLanguage(const Calendar& date) {
     return textOf(wording::Date, {date.getDay(), month, date.getYear()});
 }
 
+zel::String bookDate(const Calendar& date) {
+    const zel::String month = monthInLanguage(date.getMonth());
+    if (date.getDay() == 1)
+        return textOf(wording::BookFirstOfMonth, {month, date.getYear()});
+    return textOf(wording::BookDate, {date.getDay(), month, date.getYear()});
+}
+
+zel::String shortDate(const Calendar& date) {
+    return textOf(wording::ShortDate, {date.getDay(), shortMonth(date.getMonth()), date.getYear()});
+}
+
+zel::String shortMonth(int32_t month) {
+    return month >= 1 && month <= 12 ? textOf(wording::ShortMonths[month - 1]) : zel::String();
+}
+
 bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }
 
 zel::String missionButtonText(const Database& career) {

@@ -22,6 +22,12 @@ zel::String pilotNameText(const Database& career);
 
 /// "1-December-1915".
 zel::String dateInLanguage(const Calendar& date);
+/// "10 June 1917", as log books and letters have it.
+zel::String bookDate(const Calendar& date);
+/// "10 June 1917" with a month of at most five letters.
+zel::String shortDate(const Calendar& date);
+/// "Sept"; empty for a month outside 1 to 12.
+zel::String shortMonth(int32_t month);
 
 bool isWarOver(const Database& career);
 /// "Next Mission" or "The War is over!".

@@ -160,5 +160,15 @@ inline constexpr Wording NoAces     {1312, "(NO PILOTS WITH MORE THAN 5 SHOTDOWN
 
 inline constexpr Wording OrdersVoid {2714, "Your orders of $1 are void: the save is older."}; // the date
 
+inline constexpr Wording BookDate        {2814, "$1 $2 $3"}; // day, month, year
+inline constexpr Wording BookFirstOfMonth{2815, "1 $1 $2"};
+inline constexpr CountForms Victories  = {{2816, "0 victories"}, {2817, "1 victory"}, {2818, "$1 victories"}};
+inline constexpr CountForms Missions   = {{2819, "0 missions"}, {2820, "1 mission"}, {2821, "$1 missions"}};
+inline constexpr Wording ShortDate       {2860, "$1 $2 $3"};
+inline constexpr Wording ShortMonths[] = {
+    {2871, "Jan"},  {2872, "Feb"}, {2873, "Mar"},  {2874, "Apr"}, {2875, "May"}, {2876, "June"},
+    {2877, "July"}, {2878, "Aug"}, {2879, "Sept"}, {2880, "Oct"}, {2881, "Nov"}, {2882, "Dec"},
+};
+
 } // namespace wording
 // clang-format on

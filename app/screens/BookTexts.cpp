@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/career/CareerTexts.h"
 #include "app/career/Nation.h"
 #include "app/record/ShelfFolders.h"
 #include "app/screens/ScreenWording.h"
@@ -31,10 +32,6 @@ const Wording& serviceOf(int32_t nation) {
     }
 }
 
-zel::String monthText(const Wording (&months)[12], int32_t month) {
-    return month >= 1 && month <= 12 ? textOf(months[month - 1]) : zel::String();
-}
-
 zel::String twoDigits(int32_t number) {
     return (number < 10 ? zel::String("0") : zel::String()) + number;
 }
@@ -45,21 +42,16 @@ zel::String timeOfDay(const zel::WallTime& time) {
 
 bool isKnown(const zel::WallTime& time) { return time.year > 0; }
 
-zel::String shortDate(int32_t year, int32_t month, int32_t day) {
-    return textOf(wording::ShortDate, {day, monthText(wording::ShortMonths, month), year});
-}
-
 /// "to-day, 21:40", "13 Mar, 22:55" of this year, "13 Mar 2025" of another.
 zel::String savedText(const zel::WallTime& saved) {
     if (!isKnown(saved))
         return {};
     const zel::WallTime now = zel::wallTime();
     if (saved.year != now.year)
-        return shortDate(saved.year, saved.month, saved.day);
+        return shortDate({saved.year, saved.month, saved.day});
     if (saved.month == now.month && saved.day == now.day)
         return textOf(wording::SavedToday, {timeOfDay(saved)});
-    return textOf(wording::SavedThisYear,
-                  {saved.day, monthText(wording::ShortMonths, saved.month), timeOfDay(saved)});
+    return textOf(wording::SavedThisYear, {saved.day, shortMonth(saved.month), timeOfDay(saved)});
 }
 
 /// The text and blanks up to that many letters, but at least one.
@@ -76,13 +68,6 @@ zel::String lines(std::initializer_list<zel::String> texts) {
 }
 
 } // namespace
-
-zel::String bookDate(const Calendar& date) {
-    const zel::String month = monthText(wording::Months, date.getMonth());
-    if (date.getDay() == 1)
-        return textOf(wording::BookFirstOfMonth, {month, date.getYear()});
-    return textOf(wording::BookDate, {date.getDay(), month, date.getYear()});
-}
 
 zel::String bookName(const ShelvedCareer& book) {
     if (book.summary.isReadable)
@@ -145,8 +130,7 @@ zel::String pageText(const SavePage& page) {
     const SaveSummary& summary = page.summary;
     zel::String row = textOf(wording::DamagedPage);
     if (summary.isReadable) {
-        const Calendar& date = summary.date;
-        row = column(shortDate(date.getYear(), date.getMonth(), date.getDay()), DateColumn) +
+        row = column(shortDate(summary.date), DateColumn) +
               column(zel::String(summary.missions), FlightsColumn) + summary.victories;
     }
     const zel::String saved = savedText(summary.written);

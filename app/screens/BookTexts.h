@@ -6,8 +6,6 @@
 // What the log books of the careers and their pages say, in the language in use. The examples are
 // the English ones.
 
-/// "10 June 1917".
-zel::String bookDate(const Calendar& date);
 /// The name on the spine and on the card: the pilot's. A book that can't be read has the name of
 /// its folder, or is an "Unreadable log book".
 zel::String bookName(const ShelvedCareer& book);

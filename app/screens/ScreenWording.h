@@ -82,10 +82,6 @@ inline constexpr Wording PutThisAway     {2809, "Put this book away? Its files s
 inline constexpr Wording BooksSeen       {2810, "Books $1 to $2 of $3"};
 inline constexpr Wording AmericanService {2812, "United States Air Service"};
 inline constexpr Wording NearBase        {2813, "Near $1"};
-inline constexpr Wording BookDate        {2814, "$1 $2 $3"}; // day, month, year
-inline constexpr Wording BookFirstOfMonth{2815, "1 $1 $2"};
-inline constexpr CountForms Victories  = {{2816, "0 victories"}, {2817, "1 victory"}, {2818, "$1 victories"}};
-inline constexpr CountForms Missions   = {{2819, "0 missions"}, {2820, "1 mission"}, {2821, "$1 missions"}};
 inline constexpr Wording BookFigures     {2822, "$1, $2"};
 inline constexpr Wording LastFlown       {2823, "Last flown $1, $2"}; // the day, the time of day
 inline constexpr Wording CantBeRead      {2824, "This log book can't be read: it is damaged, or of another version of Wingtally. It stays as it is:"};
@@ -94,13 +90,8 @@ inline constexpr Wording NotPossible     {2826, "That wasn't possible, and nothi
 inline constexpr Wording PagesSeen       {2856, "Pages $1 to $2 of $3"};
 inline constexpr Wording SavedToday      {2858, "to-day, $1"}; // the time of day
 inline constexpr Wording SavedThisYear   {2859, "$1 $2, $3"};  // day, month, the time of day
-inline constexpr Wording ShortDate       {2860, "$1 $2 $3"};
 inline constexpr Wording PageIsDamaged   {2862, "This page is damaged. It stays as it is."};
 inline constexpr Wording DamagedPage     {2863, "Damaged page"};
-inline constexpr Wording ShortMonths[] = {
-    {2871, "Jan"},  {2872, "Feb"}, {2873, "Mar"},  {2874, "Apr"}, {2875, "May"}, {2876, "June"},
-    {2877, "July"}, {2878, "Aug"}, {2879, "Sept"}, {2880, "Oct"}, {2881, "Nov"}, {2882, "Dec"},
-};
 
 } // namespace wording
 // clang-format on
