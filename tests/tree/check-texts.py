@@ -15,7 +15,8 @@ import re
 import sys
 from pathlib import Path
 
-WORDINGS = ["app/career/Wording.h", "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
+WORDINGS = ["app/career/Wording.h", "app/book/LogBookWording.h",
+            "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
                 "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]

@@ -33,6 +33,7 @@ Commands:
   invitation [accept|refuse]
                           the invitation to another squadron, and the answer
   flights                 the player's flights, from the record of the war
+  logbook                 the flying log book: the flights in columns, and totals
   victories [NAME]        the player's victories, or those of the pilots of that
                           name or a part of it
   postings                who came to the player's squadron, left it or died
@@ -62,10 +63,12 @@ struct Plain {
     bool (Session::*run)();
 };
 constexpr Plain PlainCommands[] = {
-    {"load", &Session::load},         {"save", &Session::save}, {"status", &Session::status},
-    {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
-    {"squadron", &Session::squadron}, {"aces", &Session::aces}, {"flights", &Session::flights},
-    {"postings", &Session::postings},
+    {"load", &Session::load},         {"save", &Session::save},
+    {"status", &Session::status},     {"mission", &Session::mission},
+    {"fly", &Session::fly},           {"report", &Session::report},
+    {"squadron", &Session::squadron}, {"aces", &Session::aces},
+    {"flights", &Session::flights},   {"postings", &Session::postings},
+    {"logbook", &Session::logbook},
 };
 
 bool isCommand(std::string_view word) {

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "app/book/LogBookText.h"
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/SaveFile.h"
@@ -306,6 +307,10 @@ bool Session::sayRecord(const std::function<std::vector<zel::String>(SqliteFile&
 }
 
 bool Session::flights() { return sayRecord(flightLines); }
+
+bool Session::logbook() {
+    return sayRecord([&](SqliteFile& t) { return logBookLines(readLogBook(t, career)); });
+}
 
 bool Session::victories(const zel::String& name) {
     return sayRecord([&](SqliteFile& t) {

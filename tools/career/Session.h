@@ -44,6 +44,7 @@ public:
     bool acceptInvitation();
     bool refuseInvitation();
     bool flights();
+    bool logbook();
     /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.
     bool victories(const zel::String& name);

@@ -1,0 +1,189 @@
+#include "app/book/LogBook.h"
+
+#include <algorithm>
+#include <map>
+
+#include "app/career/Calendar.h"
+#include "app/career/Database.h"
+#include "app/career/GroundObjects.h"
+#include "app/career/Nation.h"
+#include "app/record/Sqlite.h"
+
+namespace {
+
+constexpr double DaysPerMonth = 365.25 / 12;
+
+void count(std::vector<MachineCount>& machines, const zel::String& aircraft) {
+    const auto known = std::find_if(machines.begin(), machines.end(),
+                                    [&](const MachineCount& m) { return m.aircraft == aircraft; });
+    if (known == machines.end())
+        machines.push_back({aircraft, 1});
+    else
+        ++known->count;
+}
+
+/// Types of equal count stay in the order in which they were met.
+void sortByCount(std::vector<MachineCount>& machines) {
+    std::stable_sort(
+        machines.begin(), machines.end(),
+        [](const MachineCount& a, const MachineCount& b) { return a.count > b.count; });
+}
+
+/// The tables of flights, which all have the flight's number as their first column and are read in
+/// its order, in step.
+class BookReader {
+public:
+    explicit BookReader(SqliteFile& record) : record(record) {}
+
+    void read(LogBook& book) {
+        readFlights(book);
+        SqliteStatement planes(record, "SELECT flight, pilot, name, nation, aircraft"
+                                       " FROM flight_plane ORDER BY flight, place");
+        SqliteStatement reports(record, "SELECT flight, pilot, type, nation, is_player, shot_down,"
+                                        " shot_down_by, shot_down_by_own FROM flight_report"
+                                        " ORDER BY flight, place");
+        SqliteStatement events(record, "SELECT flight, actor, target FROM flight_event"
+                                       " ORDER BY flight, place");
+        bool hasPlane = planes.next();
+        bool hasReport = reports.next();
+        bool hasEvent = events.next();
+        for (BookFlight& flight : book.flights) {
+            plan.clear();
+            for (; hasPlane && planes.integer(0) <= flight.number; hasPlane = planes.next())
+                if (planes.integer(0) == flight.number)
+                    takePlane(planes, flight);
+            seen.clear();
+            for (; hasEvent && events.integer(0) <= flight.number; hasEvent = events.next())
+                if (events.integer(0) == flight.number)
+                    takeEvent(events);
+            own = -1;
+            machines.clear();
+            victors.clear();
+            for (; hasReport && reports.integer(0) <= flight.number; hasReport = reports.next())
+                if (reports.integer(0) == flight.number)
+                    takeReport(reports, flight);
+            finish(book, flight);
+        }
+        sortByCount(book.victims);
+    }
+
+private:
+    void readFlights(LogBook& book) {
+        SqliteStatement row(record,
+                            "SELECT number, date, pilot, pilot_name, squadron, base, aircraft,"
+                            " kills, injury, damage, landed, dead, fate, cause FROM flight"
+                            " ORDER BY number");
+        while (row.next()) {
+            BookFlight& flight = book.flights.emplace_back();
+            flight.number = row.integer(0);
+            flight.date = row.integer(1);
+            flight.pilot = row.integer(2);
+            flight.pilotName = row.text(3);
+            flight.squadron = row.integer(4);
+            flight.base = row.text(5);
+            flight.aircraft = row.text(6);
+            flight.isNamed = !row.isNull(7);
+            flight.victories = row.integer(7);
+            flight.injury = row.integer(8);
+            flight.damage = static_cast<float>(row.real(9));
+            flight.hasLanded = row.number(10) != 0;
+            flight.isDead = row.number(11) != 0;
+            flight.fate = row.text(12);
+            flight.cause = row.text(13);
+        }
+    }
+
+    void takePlane(const SqliteStatement& row, BookFlight& flight) {
+        const int32_t pilot = row.index(1);
+        const int32_t nation = row.integer(3);
+        if (plan.empty())
+            side = nation; // the player's plane is the first
+        else if (isSameSide(nation, side))
+            flight.companions.push_back(row.text(2));
+        plan.push_back({pilot, row.text(4)});
+    }
+
+    void takeEvent(const SqliteStatement& row) {
+        for (const int column : {1, 2})
+            if (const int32_t place = row.index(column); place >= 0) {
+                if (seen.size() <= static_cast<size_t>(place))
+                    seen.resize(static_cast<size_t>(place) + 1);
+                seen[static_cast<size_t>(place)] = true;
+            }
+    }
+
+    void takeReport(const SqliteStatement& row, BookFlight& flight) {
+        const size_t place = machines.size();
+        const int32_t pilot = row.index(1);
+        const auto planned = std::find_if(plan.begin(), plan.end(), [&](const Planned& one) {
+            return pilot >= 0 && one.pilot == pilot;
+        });
+        machines.push_back(planned != plan.end() ? planned->aircraft : row.text(2));
+        victors.push_back(row.number(5) != 0 ? row.index(6) : -1);
+        if (pilot == flight.pilot) {
+            if (own < 0) {
+                own = static_cast<int32_t>(place);
+                flight.isLost = row.number(5) != 0;
+                flight.isShotDown = flight.isLost && (!row.isNull(6) || !row.isNull(7));
+            }
+        } else if (place < seen.size() && seen[place] && !isSameSide(row.integer(3), side) &&
+                   groundObject(row.text(2)) == nullptr) {
+            count(flight.opponents, machines.back());
+        }
+    }
+
+    void finish(LogBook& book, BookFlight& flight) {
+        sortByCount(flight.opponents);
+        for (size_t i = 0; own >= 0 && i < victors.size(); ++i)
+            if (victors[i] == own)
+                count(book.victims, machines[i]);
+    }
+
+    struct Planned {
+        int32_t pilot;
+        zel::String aircraft;
+    };
+
+    SqliteFile& record;
+    // Of the flight that is being read:
+    std::vector<Planned> plan;
+    int32_t side = 0;                  // the player's nation
+    std::vector<bool> seen;            // which of its reports an event names
+    std::vector<zel::String> machines; // of its reports
+    std::vector<int32_t> victors;      // over them
+    int32_t own = -1;                  // the player's report
+};
+
+void addTotals(LogBook& book, const Database& career) {
+    std::map<int32_t, int32_t> totals; // by pilot
+    for (const BookFlight& flight : book.flights) {
+        totals[flight.pilot] -= flight.victories;
+        book.victories += flight.victories;
+    }
+    for (auto& [pilot, total] : totals)
+        total = career.isPilot(pilot) ? std::max(0, total + career.pilot(pilot).shotdowns) : 0;
+    for (BookFlight& flight : book.flights)
+        flight.total = totals[flight.pilot] += flight.victories;
+}
+
+} // namespace
+
+int32_t LogBook::months() const {
+    if (flights.empty())
+        return 0;
+    const int32_t days = Calendar::ofNumber(flights.back().date).dayNumber() -
+                         Calendar::ofNumber(flights.front().date).dayNumber();
+    return static_cast<int32_t>((days + 1) / DaysPerMonth + 0.5);
+}
+
+LogBook readLogBook(SqliteFile& record, const Database& career) {
+    LogBook book;
+    BookReader(record).read(book);
+    if (record.failed())
+        return {};
+    addTotals(book, career);
+    if (!book.flights.empty() && book.flights.back().pilot != career.playerPilot &&
+        career.hasCareer())
+        book.successor = zel::arrayText(career.player().name);
+    return book;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+class SqliteFile;
+
+/// So many machines of a type: an identifier of the aircraft table, or the type in the log of one
+/// that isn't in the plan.
+struct MachineCount {
+    zel::String aircraft;
+    int32_t count = 0;
+};
+
+/// One flight of the player.
+struct BookFlight {
+    int32_t number = 0; // from 1
+    int32_t date = 0;   // yyyymmdd
+    int32_t pilot = -1; // index of the career
+    zel::String pilotName;
+    int32_t squadron = -1;
+    zel::String base;                    // in English, as the save has it
+    zel::String aircraft;                // identifier
+    std::vector<zel::String> companions; // of his side, in the plan's order
+    std::vector<MachineCount> opponents; // who took part in the fight; the most frequent type first
+    bool isNamed = false;                // the log names him: the next ones are known
+    int32_t victories = 0;
+    int32_t total = 0;   // his victories with this flight
+    int32_t injury = 0;  // percent
+    float damage = 0;    // 1.0 is a destroyed plane
+    bool isLost = false; // the plane
+    bool isShotDown = false;
+    bool hasLanded = false;
+    bool isDead = false;
+    zel::String fate;  // in the report's words, of the language in which it was shown
+    zel::String cause; // likewise; empty unless his plane was lost
+};
+
+/// The player's flights from the record, those of his predecessors included.
+///
+/// A pilot's total begins with the victories that the save gives him and the record doesn't, as
+/// after a gap, so that his last one is the save's.
+struct LogBook {
+    std::vector<BookFlight> flights;
+    std::vector<MachineCount> victims; // of all flights by type, the most frequent first
+    int32_t victories = 0;             // of all flights
+    zel::String successor; // who took the place of the pilot of the last flight; empty for nobody
+
+    /// Whether the pilot of that flight fell in it.
+    bool endsPilot(size_t flight) const { return flights[flight].isDead; }
+    /// Full months from the first flight to the last one.
+    int32_t months() const;
+};
+
+/// Reads the record, as CareerRecord::read gives it. On error: an empty book, and the file has
+/// failed.
+LogBook readLogBook(SqliteFile& record, const Database& career);

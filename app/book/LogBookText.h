@@ -1,0 +1,56 @@
+#pragma once
+
+#include <vector>
+
+#include "app/book/LogBook.h"
+
+// The log book's pages as text, in the language in use. The examples are the English ones.
+
+/// The columns of a flight's row, each cut to its letters.
+struct LogBookRow {
+    zel::String number;
+    zel::String date;    // "18 Apr 17"
+    zel::String near;    // the base
+    zel::String machine; // "SE5a"
+    zel::String with;    // "Ball +3": the first companion and how many more
+    zel::String against; // "3 Albatros D.III": the type that was met most
+    zel::String result;  // "One down, damaged"
+    zel::String total;
+};
+constexpr size_t NumberLetters = 3;
+constexpr size_t DateLetters = 10;
+constexpr size_t NearLetters = 16;
+constexpr size_t MachineLetters = 14;
+constexpr size_t WithLetters = 15;
+constexpr size_t AgainstLetters = 18;
+constexpr size_t ResultLetters = 19;
+
+LogBookRow logBookRow(const BookFlight& flight);
+/// The heads of the columns.
+LogBookRow logBookHeads();
+
+/// "Two down", "Slightly injured", "One down, damaged": what the flight came to. Without its second
+/// half where both don't fit a column.
+zel::String resultText(const BookFlight& flight);
+/// "14 flights, 2 months".
+zel::String flightsText(const LogBook& book);
+/// "7 victories: 6 Albatros, 1 Halberstadt": by maker, as many as fit that many letters, and how
+/// many more.
+zel::String victoriesText(const LogBook& book, size_t letters);
+/// "Edward Harcourt fell on 21 September 1917."
+zel::String fallText(const BookFlight& flight);
+/// "In his place: Albert Reed.", after that flight; empty while nobody has taken it.
+zel::String successionText(const LogBook& book, size_t flight);
+
+/// "von Richthofen": the name without first names and initials.
+zel::String lastName(const zel::String& name);
+/// "Albatros D.III" of an identifier; of another text that text.
+zel::String machineText(const zel::String& aircraft);
+/// The same in at most so many letters: "Halberstadt" of "Halberstadt D.II", "Triplane" of
+/// "Sopwith Triplane".
+zel::String machineText(const zel::String& aircraft, size_t letters);
+/// The text with blanks up to so many bytes, or cut to them.
+zel::String column(const zel::String& text, size_t letters);
+
+/// All of the book as lines: heads, flights, successions, totals.
+std::vector<zel::String> logBookLines(const LogBook& book);
