@@ -3,6 +3,7 @@
 
 #include "app/mission/MissionGenerator.h"
 #include "app/report/CombatReport.h"
+#include "app/report/FlightAccount.h"
 #include "app/report/LogExtent.h"
 #include "app/report/ReportText.h"
 #include "fuzz/FuzzFile.h"
@@ -127,7 +128,10 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     require(!isDone, "without a plan nothing is done");
     checkRecords(report);
     report.mapPilots(plan);
-    combatReportColumns(report.pilots);
+    MissionGenerator generator;
+    const FlownMission flown = accountOf(report, generator, "log");
+    require(flown.fates.size() == report.pilots.size(), "each record has a fate");
+    combatReportColumns(report.pilots, flown.events);
     const size_t count = report.pilots.size();
     static_cast<void>(report.analyse());
     require(report.pilots.size() == count, "a second reading gives the same");

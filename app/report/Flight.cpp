@@ -156,9 +156,9 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     }
     logLook("---");
     if (isFound) {
+        account = accountOf(combatReport, missionGenerator, folder + found);
         if (career.observer != nullptr)
-            career.observer->onFlight(career,
-                                      accountOf(combatReport, missionGenerator, folder + found));
+            career.observer->onFlight(career, account);
         applyReports(combatReport.pilots, career, true);
         watch.settle();
         out.reset();

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/career/CareerEvents.h"
 #include "app/career/MissionOrders.h"
 #include "app/mission/DailyMission.h"
 #include "app/mission/MissionGenerator.h"
@@ -48,6 +49,9 @@ public:
     /// What the looks since begin() have found.
     LogNews news() const;
 
+    /// All that is known of the flight that findReport found last; empty before the first.
+    const FlownMission& flown() const { return account; }
+
     MissionGenerator& generator() { return missionGenerator; }
     CombatReport& report() { return combatReport; }
     LogWatch& logs() { return watch; }
@@ -62,6 +66,7 @@ private:
     OrdersBook* book;
     MissionGenerator missionGenerator;
     CombatReport combatReport;
+    FlownMission account;
     LogWatch watch;
     std::shared_ptr<const MissionOrders> out; // the orders of this flight; null for none
     bool areKept = false;

@@ -2,17 +2,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "app/mission/MissionGenerator.h"
 #include "app/mission/PlaneEmission.h"
 #include "app/report/CombatReport.h"
 #include "app/report/LogEventType.h"
-#include "app/report/ReportText.h"
+#include "app/report/Outcome.h"
 
 namespace {
 
 constexpr float TicksPerSecond = 50;
-constexpr size_t MostEvents = 3000; // after so many, hits, damage and positions are dropped
 
 /// The line's time, which begins it: "T:1474 AType:...". The heads of the pieces say 0.
 float secondsOf(std::string_view line) {
@@ -109,7 +109,7 @@ private:
                              kind == FlightEventKind::Position;
         if (actor.report < 0 && target.report < 0)
             return; // of bombs, balloons and whatever else flies about
-        if (events.size() >= MostEvents && isMinor)
+        if (events.size() >= MostFlightEvents && isMinor)
             return;
         event.kind = kind;
         event.actor = actor.report;
@@ -136,14 +136,16 @@ FlownMission accountOf(const CombatReport& report, const MissionGenerator& gener
             {plane.pilot, plane.squadron, plane.name, plane.type, plane.nation, levels[i]});
     }
     mission.reports = report.pilots;
-    for (const PilotReport& pilot : report.pilots) {
-        mission.fates.push_back(fateText(pilot));
-        mission.causes.push_back(causeText(pilot, report.pilots));
-    }
     EventReader reader(report);
     for (size_t i = 0; i < report.events.size(); ++i)
         reader.take(report.lines.line(static_cast<int32_t>(i)), report.events[i]);
     mission.events = std::move(reader.events);
     mission.seconds = reader.length;
+    const Outcomes outcomes(mission.reports, mission.events);
+    for (size_t i = 0; i < mission.reports.size(); ++i) {
+        Outcome outcome = outcomes.of(i);
+        mission.fates.push_back(std::move(outcome.fate));
+        mission.causes.push_back(std::move(outcome.cause));
+    }
     return mission;
 }

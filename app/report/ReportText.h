@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "app/career/CareerEvents.h"
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
@@ -10,11 +11,12 @@ struct Wording;
 
 // In the language in use; the examples are English.
 
-/// Three lines of the combat report: who, his fate, who caused it.
+/// One record of the combat report: who, his fate, who caused it, and why that is so (Outcome.h).
 struct ReportEntry {
     zel::String pilot; // "Name - Kills: n"
     zel::String fate;
     zel::String cause; // empty unless the plane was shot down
+    zel::String reason;
     bool isPlayer = false;
 };
 
@@ -26,11 +28,9 @@ struct ReportColumns {
 };
 
 /// The records in their order, without those that have no name. Objects on the ground have the
-/// names of groundObject() instead of those in the log.
-ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots);
-zel::String fateText(const PilotReport& pilot);
-/// REQUIRES: the record's indices are valid in `pilots`.
-zel::String causeText(const PilotReport& pilot, const std::vector<PilotReport>& pilots);
+/// names of groundObject() instead of those in the log. events: of the flight, for the reasons.
+ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots,
+                                  const std::vector<FlightEvent>& events);
 
 /// What a look for the log has found; its mark is LogNews::detail.
 const Wording& newsWording(LogState state);

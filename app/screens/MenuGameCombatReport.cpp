@@ -42,7 +42,7 @@ void MenuGameCombatReport::onEnter() {
     CombatReport& report = flight.report();
     if (!report.pilots.empty()) {
         logReport(zel::String("Number of Pilots: ") + int32_t(report.pilots.size()));
-        const ReportColumns columns = combatReportColumns(report.pilots);
+        const ReportColumns columns = combatReportColumns(report.pilots, flight.flown().events);
         fillColumn("left", columns.left);
         fillColumn("right", columns.right);
         sheetCount = sheetsFor(columns);

@@ -15,7 +15,7 @@ import re
 import sys
 from pathlib import Path
 
-WORDINGS = ["app/career/Wording.h", "app/book/LogBookWording.h",
+WORDINGS = ["app/career/Wording.h", "app/report/ReportWording.h", "app/book/LogBookWording.h",
             "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",

@@ -34,6 +34,8 @@ Commands:
                           the invitation to another squadron, and the answer
   flights                 the player's flights, from the record of the war
   logbook                 the flying log book: the flights in columns, and totals
+  why [N]                 the combat report of flight N, of the last one without a
+                          number, with the reason for each result
   victories [NAME]        the player's victories, or those of the pilots of that
                           name or a part of it
   postings                who came to the player's squadron, left it or died
@@ -74,7 +76,7 @@ constexpr Plain PlainCommands[] = {
 bool isCommand(std::string_view word) {
     constexpr std::string_view Others[] = {"new",       "until",  "advance", "invitation",
                                            "victories", "export", "careers", "take",
-                                           "putaway",   "pages",  "page"};
+                                           "putaway",   "pages",  "page",    "why"};
     return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
            std::any_of(std::begin(PlainCommands), std::end(PlainCommands),
                        [&](const Plain& known) { return known.name == word; });
@@ -95,6 +97,7 @@ private:
     std::string readAdvance();
     void readInvitation();
     void readVictories();
+    std::string readWhy();
     std::string readExport();
     void addOnShelf(bool (ShelfCommands::*command)());
     std::string readCareer(std::string_view command);
@@ -140,6 +143,8 @@ std::string CommandReader::readAll() {
             readInvitation();
         else if (command == "victories")
             readVictories();
+        else if (command == "why")
+            wrong = readWhy();
         else if (command == "export")
             wrong = readExport();
         else if (command == "careers")
@@ -210,6 +215,15 @@ void CommandReader::readVictories() {
     const bool hasName = !atEnd() && !isCommand(peek());
     const zel::String name = hasName ? zel::system::shownText(words[next++]) : zel::String();
     add([=](Session& session) { return session.victories(name); });
+}
+
+std::string CommandReader::readWhy() {
+    const bool wantsNumber = peek().find_first_of("0123456789") == 0;
+    int32_t number = 0;
+    if (wantsNumber && !takeNumber(1, INT32_MAX, number))
+        return "why wants the number of a flight";
+    add([=](Session& session) { return session.why(number); });
+    return {};
 }
 
 std::string CommandReader::readExport() {

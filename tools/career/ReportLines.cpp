@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <string>
 
+#include "app/book/RecordedFlight.h"
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/career/Wording.h"
 #include "app/mission/Configuration.h"
 #include "app/report/Flight.h"
 #include "app/report/ReportText.h"
 #include "engine/core/Language.h"
+#include "tools/career/SessionWording.h"
 
 namespace {
 
@@ -28,7 +31,7 @@ zel::String columns(const zel::String& left, const zel::String& right) {
 } // namespace
 
 std::vector<zel::String> reportLines(const std::vector<PilotReport>& pilots) {
-    const ReportColumns sides = combatReportColumns(pilots);
+    const ReportColumns sides = combatReportColumns(pilots, {});
     std::vector<zel::String> lines;
     if (sides.left.empty() && sides.right.empty())
         lines.push_back(columns(textOf(wording::NoMission), ""));
@@ -41,6 +44,25 @@ std::vector<zel::String> reportLines(const std::vector<PilotReport>& pilots) {
     }
     if (!sides.note.empty())
         lines.push_back(sides.note);
+    return lines;
+}
+
+std::vector<zel::String> whyLines(SqliteFile& record, int32_t number) {
+    const std::optional<RecordedFlight> flown = readFlight(record, number);
+    if (!flown)
+        return {};
+    std::vector<zel::String> lines{
+        textOf(wording::ReportHead, {dateInLanguage(Calendar::ofNumber(flown->date))})};
+    const FlownMission& mission = flown->mission;
+    const ReportColumns sides = combatReportColumns(mission.reports, mission.events);
+    for (const auto* side : {&sides.left, &sides.right})
+        for (const ReportEntry& entry : *side) {
+            lines.push_back(columns(entry.pilot, {}));
+            lines.push_back(columns("  " + entry.fate, {}));
+            if (!entry.cause.empty())
+                lines.push_back(columns("  " + entry.cause, {}));
+            lines.push_back(columns("  " + entry.reason, {}));
+        }
     return lines;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "app/career/PilotReport.h"
@@ -7,11 +8,15 @@
 
 class Database;
 class Flight;
+class SqliteFile;
 
-// What the command report prints.
+// What the commands report and why print.
 
 /// The combat report's two columns, in the language in use.
 std::vector<zel::String> reportLines(const std::vector<PilotReport>& pilots);
+/// The report of that flight of the record, of the last one for 0: who, his fate and its cause, and
+/// why. No lines without such a flight.
+std::vector<zel::String> whyLines(SqliteFile& record, int32_t number);
 /// Why there is nothing to report, in English: no orders are out for the career's day. REQUIRES: so
 /// it is.
 zel::String whyNoOrders(const Flight& flight, const Database& career);

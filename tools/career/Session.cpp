@@ -312,6 +312,10 @@ bool Session::logbook() {
     return sayRecord([&](SqliteFile& t) { return logBookLines(readLogBook(t, career)); });
 }
 
+bool Session::why(int32_t number) {
+    return sayRecord([=](SqliteFile& t) { return whyLines(t, number); });
+}
+
 bool Session::victories(const zel::String& name) {
     return sayRecord([&](SqliteFile& t) {
         return name.empty() ? ownVictoryLines(t, career.playerPilot) : victoryLines(t, name);

@@ -45,6 +45,8 @@ public:
     bool refuseInvitation();
     bool flights();
     bool logbook();
+    /// The combat report of that flight, the last one for 0, with its reasons.
+    bool why(int32_t number);
     /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.
     bool victories(const zel::String& name);

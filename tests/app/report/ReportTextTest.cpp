@@ -1,7 +1,5 @@
 #include "app/report/ReportText.h"
 
-#include <tuple>
-
 #include <gtest/gtest.h>
 
 #include "app/career/GroundObjects.h"
@@ -9,57 +7,6 @@
 #include "tests/support/Printers.h"
 
 namespace {
-
-// Only where one text ends and the next begins, and what overrides what.
-TEST(ReportText, ReportsThePilotsFate) {
-    const struct {
-        int32_t killed, dead, percent;
-        float damage;
-        int32_t status, by;
-        const char* text;
-    } cases[] = {
-        {2, 0, 0, 0, 0, -1, "Died in the air"},
-        {0, 1, 98, 1, 1, 0, "Crashed and died"},
-        {0, 0, 51, 1, 1, 0, "Severe injuries"},
-        {0, 0, 50, 1, 1, 0, "Injured"},
-        {0, 0, 26, 0, 0, -1, "Injured"},
-        {0, 0, 25, 1, 1, 0, "Slightly injured"},
-        {0, 0, 0, 0.49F, 1, 0, "Landed with damaged plane"},
-        {0, 0, 0, 0.5F, 1, 0, "Landed with destroyed plane"},
-        {0, 0, 0, 0.01F, 2, 0, "Damaged plane"},
-        {0, 0, 0, 0.5F, 0, -1, "Destroyed plane"},
-        {0, 0, 0, 0.009F, 1, 0, "Escaped and landed"},
-        {0, 0, 0, 0.009F, 2, 0, "Survived without injuries"},
-        {0, 0, 0, -0.7F, 2, -1, "No damage"},
-    };
-    for (const auto& [killed, dead, percent, damage, status, by, text] : cases) {
-        PilotReport pilot;
-        pilot.killCount = killed;
-        pilot.dead = dead;
-        pilot.injuryPercent = percent;
-        pilot.damage = damage;
-        pilot.flightStatus = status;
-        pilot.shotdownBy = by;
-        EXPECT_EQ(fateText(pilot), text) << percent << ' ' << damage << ' ' << status;
-    }
-}
-
-TEST(ReportText, ReportsTheCause) {
-    std::vector<PilotReport> pilots(2);
-    pilots[0].name = "Friend";
-    pilots[1].name = "Enemy/7";
-    for (const auto& [shotDown, by, own, text] : {std::tuple{0, 1, 0, ""},
-                                                  {1, 1, 0, "Killed By: Enemy/7"},
-                                                  {1, -1, 0, "Killed By Own: Friend"},
-                                                  {1, -1, -1, "Crashed"}}) {
-        PilotReport pilot;
-        pilot.shotDown = shotDown;
-        pilot.shotdownBy = by;
-        pilot.shotdownByOwn = own;
-        pilot.dead = 1;
-        EXPECT_EQ(causeText(pilot, pilots), text);
-    }
-}
 
 /// The entries of a column, a line each.
 std::string described(const std::vector<ReportEntry>& column) {
@@ -84,7 +31,7 @@ TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     pilots[2].shotDown = 1;
     pilots[2].shotdownBy = 1;
     pilots[4].type = "LMG08AAA";
-    const ReportColumns columns = combatReportColumns(pilots);
+    const ReportColumns columns = combatReportColumns(pilots, {});
     // A nameless record decides, and isn't shown.
     EXPECT_EQ(described(columns.left),
               "you: Brandt - Kills: 0, Survived without injuries, Shotdown By: Hall\n"
@@ -94,11 +41,12 @@ TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     EXPECT_EQ(described(columns.right), "Hall - Kills: 2, No damage, \n"
                                         "Young - Kills: 0, No damage, \n"
                                         "what - Kills: 0, No damage, \n");
-    EXPECT_EQ(described(combatReportColumns({}).left), "");
+    EXPECT_EQ(described(combatReportColumns({}, {}).left), "");
     pilots[2].pilot = 7;
     pilots[2].shotdownBy = 4;
-    EXPECT_EQ(combatReportColumns(pilots).left[0].cause, "Shotdown By: machine gun on the ground");
-    EXPECT_EQ(combatReportColumns(pilots).note, "") << "the player is in the plan";
+    EXPECT_EQ(combatReportColumns(pilots, {}).left[0].cause,
+              "Shotdown By: machine gun on the ground");
+    EXPECT_EQ(combatReportColumns(pilots, {}).note, "") << "the player is in the plan";
 }
 
 TEST(ReportText, CallsObjectsOnTheGroundWhatTheyAre) {

@@ -64,7 +64,7 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
                 session.report())
         << session.problem().c_str();
     EXPECT_TRUE(session.flights() && session.victories("") && session.victories("von") &&
-                session.postings())
+                session.postings() && session.logbook() && session.why(0) && session.why(2))
         << session.problem().c_str();
     ASSERT_TRUE(session.exportRecord(file)) << session.problem().c_str();
     const std::string json = run.folder.read("record.json");

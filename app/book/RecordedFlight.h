@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "app/career/CareerEvents.h"
+#include "engine/core/String.h"
+
+class SqliteFile;
+
+/// One flight as the record has it.
+struct RecordedFlight {
+    int32_t number = 0; // from 1
+    int32_t date = 0;   // yyyymmdd
+    int32_t pilot = -1; // index of the career
+    int32_t squadron = -1;
+    zel::String base; // in English
+    bool onChannelMap = false;
+    /// Of the reports what the record keeps: no hits of one another, no planned figures.
+    FlownMission mission;
+};
+
+/// The flight of that number; the last one for 0. Nothing if there is none, and on error, in which
+/// case the file has failed.
+std::optional<RecordedFlight> readFlight(SqliteFile& record, int32_t number = 0);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/career/CareerEvents.h"
+#include "app/career/PilotReport.h"
+#include "engine/core/String.h"
+
+/// What the combat report says of one record, in the language in use.
+struct Outcome {
+    zel::String fate;   // of pilot and plane
+    zel::String cause;  // of its loss; empty unless the plane was lost
+    zel::String reason; // why it says so: whom the log names, who hit last, what it doesn't have
+};
+
+/// The outcomes of a flight's records. Result and reason come from one judgement, so that they
+/// agree; the reason says nothing that the log doesn't.
+class Outcomes {
+public:
+    /// events: of the flight, as accountOf (FlightAccount.h) or the record of the war has them.
+    /// With less than all of them the reasons say less. REQUIRES: both outlive the outcomes, and
+    /// their indices are valid.
+    Outcomes(const std::vector<PilotReport>& reports, const std::vector<FlightEvent>& events);
+
+    Outcome of(size_t place) const;
+
+private:
+    friend class Judgement;
+    const std::vector<PilotReport>& reports;
+    const std::vector<FlightEvent>& events;
+    std::vector<std::vector<const FlightEvent*>> suffered; // by record, in their order
+    std::vector<bool> isSeen;                              // whether any event has the record
+    std::vector<float> landing;                            // the last one; negative for none
+};
