@@ -16,6 +16,7 @@ import sys
 from pathlib import Path
 
 WORDINGS = ["app/career/Wording.h", "app/report/ReportWording.h", "app/book/LogBookWording.h",
+            "app/book/SketchWording.h",
             "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/book/RecordedFlight.h"
+#include "app/book/Theatre.h"
+
+/// A place of the fight.
+struct SketchMark {
+    enum Kind {
+        Begin,   // of what the log has of the player's plane
+        Hit,     // somebody was hit or damaged
+        Loss,    // a plane was lost
+        OwnLoss, // the player's
+        Landing,
+    };
+    Kind kind = Hit;
+    MapPoint place;
+    bool isAllied = false; // the one who was hit, lost or landed
+    int32_t number = 0;    // of the list; 0 for one that another mark of its line has
+};
+
+/// A line of the list beside the sketch.
+struct SketchLine {
+    int32_t number = 0;  // of its mark; 0 without a place
+    int32_t seconds = 0; // since the start; negative without a time
+    zel::String text;    // who and what, in the language in use
+};
+
+/// The part of the map that a sketch shows: squares of so many kilometres.
+struct SketchFrame {
+    static constexpr int32_t Columns = 30;
+    static constexpr int32_t Rows = 22;
+    MapPoint southWest;
+    int32_t kilometres = 1; // of a square: 1, 2 or 5, times a power of ten
+
+    float width() const { return static_cast<float>(Columns * kilometres) * 1000; } // metres
+    float height() const { return static_cast<float>(Rows * kilometres) * 1000; }
+    bool holds(const MapPoint& point) const {
+        return point.x >= southWest.x && point.x <= southWest.x + height() &&
+               point.z >= southWest.z && point.z <= southWest.z + width();
+    }
+};
+
+/// The fight of a flight as the log has it: its events with a place, and nothing else, on the
+/// country below. All within the frame with a square to spare but front and towns.
+struct Sketch {
+    SketchFrame frame;
+    std::vector<MapPoint>
+        way; // the places that the log names of the player's plane, in their order
+    std::vector<SketchMark> marks;
+    std::vector<SketchLine> lines; // in the order of time
+    MapPoint base;
+    bool hasBase = false;
+    zel::String baseName; // in the language in use
+    std::vector<MapPoint> front;
+    std::vector<Town> towns; // in the frame
+};
+
+/// REQUIRES: base (null if unknown) is that of the flight's day.
+Sketch sketchOf(const RecordedFlight& flight, const MapPoint* base);
+
+/// The base of a flight by the record. False if it has none of that name.
+bool baseOf(SqliteFile& record, const RecordedFlight& flight, MapPoint& base);
+
+/// The list as lines of text: "3. 9:14  You bring down August Hanko".
+std::vector<zel::String> sketchLines(const Sketch& sketch);
+/// "9:14", minutes and seconds.
+zel::String timeText(int32_t seconds);
