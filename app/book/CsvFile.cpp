@@ -1,0 +1,82 @@
+#include "app/book/CsvFile.h"
+
+#include <algorithm>
+
+#include "app/career/Calendar.h"
+#include "engine/core/Log.h"
+#include "engine/core/SystemFiles.h"
+#include "engine/core/TextEncoding.h"
+
+namespace {
+
+constexpr int32_t LongestTable = 16 << 20; // bytes
+
+} // namespace
+
+CsvFile::CsvFile(const zel::String& name, std::string_view header, bool mayBeMissing) : name(name) {
+    if (!zel::readTextFile(name, LongestTable, content)) {
+        content.clear();
+        if (!mayBeMissing)
+            zel::log("The table " + name + " can't be read", "Book", zel::LogWarning);
+        return;
+    }
+    columns = size_t(std::count(header.begin(), header.end(), ',')) + 1;
+    fields.reserve(columns);
+    const size_t end = std::min(content.find_first_of("\r\n"), content.size());
+    if (std::string_view(content).substr(0, end) == header) {
+        place = end;
+        return;
+    }
+    zel::log("The table " + name + " must begin with \"" + zel::String(header) + "\"", "Book",
+             zel::LogWarning);
+    content.clear();
+}
+
+bool CsvFile::next() {
+    while (place < content.size()) {
+        // The end of the line before.
+        place += content.compare(place, 2, "\r\n") == 0 ? 2 : 1;
+        line += line == 0 ? 2 : 1;
+        const size_t end = std::min(content.find_first_of("\r\n", place), content.size());
+        const std::string_view row = std::string_view(content).substr(place, end - place);
+        place = end;
+        if (row.empty())
+            continue;
+        if (split(row) && fields.size() == columns)
+            return true;
+        report("the row must have " + zel::String(int32_t(columns)) + " fields");
+    }
+    return false;
+}
+
+/// False for a quote that has no end.
+bool CsvFile::split(std::string_view row) {
+    fields.assign(1, {});
+    bool isQuoted = false;
+    for (size_t i = 0; i < row.size(); ++i) {
+        const bool isDoubled = isQuoted && row.substr(i, 2) == "\"\"";
+        if (isDoubled)
+            fields.back() += row[i++];
+        else if (row[i] == '"')
+            isQuoted = !isQuoted;
+        else if (row[i] == ',' && !isQuoted)
+            fields.emplace_back();
+        else
+            fields.back() += row[i];
+    }
+    return !isQuoted;
+}
+
+int32_t CsvFile::date(size_t field) const {
+    const int32_t number = zel::toInt(fields[field]);
+    const int32_t day = number % 100;
+    if (fields[field].size() == 8 && day >= 1 &&
+        day <= Calendar::daysInMonth(number / 10000, number / 100 % 100))
+        return number;
+    report("\"" + zel::String(fields[field]) + "\" is no date");
+    return 0;
+}
+
+void CsvFile::report(const zel::String& what) const {
+    zel::log(name + ", line " + line + ": " + what, "Book", zel::LogWarning);
+}

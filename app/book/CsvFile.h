@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/core/String.h"
+
+/// A table of comma-separated values, read row by row. A field in double quotes may hold commas and
+/// doubled quotes. Texts are Windows-1252 in the program and may be UTF-8 in the file.
+class CsvFile {
+public:
+    /// header: the first line that the file must have. On error: a file that is missing or begins
+    /// otherwise is logged, unless it may be missing, and has no rows.
+    CsvFile(const zel::String& name, std::string_view header, bool mayBeMissing = false);
+
+    /// Goes to the next row; false at the end. A row with more or fewer fields than the header is
+    /// logged and left out.
+    bool next();
+    /// A field of the present row, from 0. REQUIRES: the header has as many.
+    const std::string& text(size_t field) const { return fields[field]; }
+    /// The same as a number; 0 without one.
+    int32_t number(size_t field) const { return zel::toInt(fields[field]); }
+    /// The same as a date; logs one that is none, and returns 0.
+    int32_t date(size_t field) const;
+    /// Logs what is wrong with the present row.
+    void report(const zel::String& what) const;
+
+private:
+    bool split(std::string_view line);
+
+    zel::String name;
+    std::string content;
+    size_t place = 0; // in the content, where the next line begins
+    int32_t line = 0; // of the present row, as an editor counts
+    size_t columns = 0;
+    std::vector<std::string> fields;
+};

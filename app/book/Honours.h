@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/book/BookTables.h"
+#include "engine/core/String.h"
+
+/// What ranks and decorations of a pilot follow from. Dates are yyyymmdd.
+struct PilotService {
+    /// From that day on he serves there.
+    struct Change {
+        int32_t date = 0;
+        Branch branch = Branch::Army;
+    };
+
+    int32_t nation = 0;
+    int32_t since = 0;              // the first day of his service
+    int32_t until = 0;              // to-day, or the day of his death
+    std::vector<Change> branches;   // ascending; empty for the army
+    std::vector<int32_t> victories; // days of the victories, ascending
+    std::vector<int32_t> flights;   // days of the flights, ascending
+    bool hasFlights = true;         // false: they aren't known, and none are asked for
+};
+
+struct RankGiven {
+    int32_t date = 0;
+    const RankRow* rank = nullptr; // of the tables
+};
+
+struct AwardGiven {
+    int32_t date = 0;
+    const AwardRow* award = nullptr; // of the tables
+};
+
+/// Ranks and decorations with their days, in the order in which they came. A pilot has at least
+/// the rank that he came with, unless the tables lack his nation.
+struct Honours {
+    std::vector<RankGiven> ranks;
+    std::vector<AwardGiven> awards;
+    int32_t palms = 0; // on the Croix de guerre
+
+    const RankRow* rank() const { return ranks.empty() ? nullptr : ranks.back().rank; }
+    bool has(std::string_view key) const;
+    /// Those that are worn with a ribbon of their own, the highest first.
+    std::vector<AwardGiven> ribbons() const;
+    /// Whether a bar is on the ribbon of that one.
+    bool hasBar(const AwardRow& award) const;
+};
+
+/// The branch of a unit by its six-digit number.
+Branch branchOfUnit(int32_t number);
+
+/// Follows a service day by day: what is earned on one day is given on the next, one rank and one
+/// decoration that is worn a day. So whatever a period of the war brings follows from its own days
+/// alone. With the victories of a rank it takes its months, with twice as many half of them, with
+/// fewer twice as long.
+Honours honoursOf(const PilotService& service, const BookTables& tables = BookTables::instance());
+
+/// "Captain Edward Harcourt DSO MC", and with the short rank "Capt Edward Harcourt DSO MC"; the
+/// name alone without a rank.
+zel::String titleOf(const Honours& honours, const zel::String& name);
+zel::String shortTitleOf(const Honours& honours, const zel::String& name);
