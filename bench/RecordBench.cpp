@@ -19,7 +19,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr uint32_t RecordSeed = 20260;
+constexpr size_t UsualEvents = 200; // of a flight
+constexpr size_t MostEvents = 2000; // that a flight's account holds
 
 /// A career with a user's folder of its own, and perhaps with a record.
 struct RecordedCareer {
@@ -38,9 +39,29 @@ struct RecordedCareer {
     std::unique_ptr<PinnedCareer> pinned;
 };
 
-/// With a save after each period, as players save.
-void fightWar(RecordedCareer& war) {
+/// A flight of eight planes with so many events.
+FlownMission flightWith(size_t events) {
+    FlownMission flight;
+    flight.log = "missionReport(2026-11-22_08-00-00)[0].txt";
+    for (int32_t place = 0; place < 8; ++place) {
+        flight.plan.push_back({place, 0, "Albert Reed", "sopwith camel", 102, 2});
+        flight.reports.emplace_back().pilot = place;
+        flight.reports.back().name = "Albert Reed";
+        flight.reports.back().type = "Sopwith Camel";
+    }
+    flight.fates.assign(8, "Escaped without a scratch");
+    flight.causes.resize(8);
+    flight.events.assign(events, {FlightEventKind::Damage, 61.24F, 0, 5, 0.012F, true, 211602.25F,
+                                  1580.125F, 63020.5F});
+    return flight;
+}
+
+/// With a flight and a save in each period, as players play.
+void fightWar(RecordedCareer& war, size_t eventsOfFlight) {
+    const FlownMission flight = flightWith(eventsOfFlight);
     while (war.career().calendar().dateNumber() < 19181111) {
+        if (war.career().observer != nullptr)
+            war.career().observer->onFlight(war.career(), flight);
         advanceWar(war.career(), war.generator());
         war.career().storeFile(SaveFileName);
     }
@@ -51,7 +72,7 @@ void fightWars(benchmark::State& state, bool hasRecord) {
     for (auto unused : state) {
         static_cast<void>(unused);
         RecordedCareer war(hasRecord);
-        fightWar(war);
+        fightWar(war, UsualEvents);
     }
 }
 
@@ -97,7 +118,7 @@ void saves(benchmark::State& state, bool hasRecord) {
 
 double recordSizeOfWar() {
     RecordedCareer war(true);
-    fightWar(war);
+    fightWar(war, MostEvents);
     return war.recordSize();
 }
 

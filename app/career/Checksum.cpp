@@ -15,6 +15,21 @@ zel::String checksumOf(std::string_view bytes) {
     return text;
 }
 
+struct ChecksumOfPieces::State {
+    XXH3_state_t hash;
+};
+
+ChecksumOfPieces::ChecksumOfPieces() : state(std::make_unique<State>()) {
+    XXH3_64bits_reset(&state->hash);
+}
+ChecksumOfPieces::~ChecksumOfPieces() = default;
+
+void ChecksumOfPieces::add(std::string_view piece) {
+    XXH3_64bits_update(&state->hash, piece.data(), piece.size());
+}
+
+uint64_t ChecksumOfPieces::value() const { return XXH3_64bits_digest(&state->hash); }
+
 zel::String checksumOfFile(const zel::String& name) {
     std::string content;
     zel::File file(name, zel::FileRead);

@@ -6,6 +6,7 @@
 #include "app/career/Database.h"
 #include "app/record/KeptRecords.h"
 #include "app/record/OrdersTable.h"
+#include "app/record/RecordSeal.h"
 #include "app/record/RecordSearch.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
@@ -26,6 +27,8 @@ bool CareerRecord::close() {
     const bool isClosed = place != Place::File || !hasCompanions(path);
     if (!isClosed)
         logRecord("Another program has " + path + " open");
+    else if (place == Place::File)
+        sealRecord(path);
     writer.reset();
     events = {};
     rowsWait = false;
@@ -240,7 +243,7 @@ void CareerRecord::takeName() {
 /// What another program has added since is cut off, as the save replaces that program's save.
 void CareerRecord::beginWriting(const Database& career) {
     writer.reset();
-    file.begin();
+    beginRecord(file);
     if (!hasPage(file, mark) && !file.failed()) {
         mark = findPage(file, lastSave, career);
         noteGaps();

@@ -4,8 +4,10 @@
 #include <string>
 
 #include "app/record/RecordSchema.h"
+#include "app/record/RecordSeal.h"
 #include "app/record/Sqlite.h"
 #include "engine/core/File.h"
+#include "engine/core/Log.h"
 #include "engine/core/System.h"
 
 namespace {
@@ -65,7 +67,7 @@ bool hasItsTables(SqliteFile& file) {
     return !file.failed();
 }
 
-RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
+RecordState checkRecord(SqliteFile& file, int32_t careerNumber, bool isSealed) {
     // The version first: what a later program writes may look damaged to this one.
     const int64_t version = file.number("PRAGMA user_version");
     if (!file.failed() && version > RecordVersion)
@@ -74,7 +76,8 @@ RecordState checkRecord(SqliteFile& file, int32_t careerNumber) {
         return RecordState::Damaged;
     if (file.failed() || !prepare(file))
         return damageOr(file, RecordState::Unusable);
-    if (const RecordState pages = checkPages(file); pages != RecordState::Ready)
+    if (const RecordState pages = isSealed ? RecordState::Ready : checkPages(file);
+        pages != RecordState::Ready)
         return pages;
     const int64_t career =
         file.number("SELECT coalesce(max(value), -1) FROM meta WHERE key = 'career'");
@@ -115,9 +118,12 @@ RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t career
         return zel::system::isDirectory(path) ? RecordState::Unusable : RecordState::Missing;
     if (!hasWritableFormat(path))
         return RecordState::Damaged;
+    const RecordSeal seal = sealOf(path);
+    if (seal == RecordSeal::Broken)
+        zel::log(path + " was changed or damaged outside of Wingtally", "Record", zel::LogWarning);
     if (!file.open(path, SqliteFile::MustExist))
         return damageOr(file, RecordState::Unusable);
-    return checkRecord(file, careerNumber);
+    return checkRecord(file, careerNumber, seal == RecordSeal::Whole);
 }
 
 bool reopenRecord(SqliteFile& file, const zel::String& path) {
@@ -125,7 +131,7 @@ bool reopenRecord(SqliteFile& file, const zel::String& path) {
 }
 
 RecordState openRecordCopy(SqliteFile& file, const zel::String& path, int32_t careerNumber) {
-    return file.openCopy(path) ? checkRecord(file, careerNumber)
+    return file.openCopy(path) ? checkRecord(file, careerNumber, false)
                                : damageOr(file, RecordState::Unusable);
 }
 

@@ -6,6 +6,7 @@
 
 #include "app/career/Database.h"
 #include "app/record/OrdersTable.h"
+#include "app/record/RecordSeal.h"
 #include "app/record/Sqlite.h"
 #include "engine/core/Log.h"
 
@@ -69,7 +70,7 @@ void RecordOrders::write(SqliteFile& file) const {
 
 bool RecordOrders::commit(SqliteFile& file) const {
     file.rollback();
-    file.begin();
+    beginRecord(file);
     write(file);
     return file.commit();
 }

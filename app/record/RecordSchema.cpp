@@ -77,7 +77,8 @@ bool migrateRecord(SqliteFile& file, const char* const* steps, int32_t count) {
     if (version < 0)
         return false;
     for (; version < count && !file.failed(); ++version) {
-        const std::string reached = "PRAGMA user_version = " + std::to_string(version + 1);
+        const std::string reached =
+            "PRAGMA application_id = 0; PRAGMA user_version = " + std::to_string(version + 1);
         if (!file.begin() || !file.run(steps[version]) || !file.run(reached.c_str()) ||
             !file.commit())
             return false;

@@ -55,6 +55,10 @@ TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
         EXPECT_TRUE(program.record.gaps().empty()) << what;
     }
     EXPECT_EQ(run.lines.linesWith("[Record]"), 0) << run.lines.text();
+    EXPECT_EQ(inFile("SELECT min(other IS NOT NULL) FROM posting WHERE kind = 'joined' AND cause = "
+                     "'history'"),
+              1)
+        << "an ace who joins takes somebody's place";
     EXPECT_EQ(inFile("SELECT count(*) FROM posting WHERE kind = 'joined' AND cause = 'start'"),
               inFile("SELECT sum(pilots) FROM (SELECT count(DISTINCT pilot) AS pilots FROM posting"
                      " WHERE date = 19151201 AND kind = 'joined' AND cause = 'start')"));
@@ -140,7 +144,7 @@ TEST_F(CareerRecordTest, BeginsAgainWhereItCantBeUsed) {
     }
 }
 
-// What other tools add to the file is left alone.
+// What other tools add to the file is left alone, and reported once.
 TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
     Program program;
     program.begin();
@@ -155,7 +159,43 @@ TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
     program.goOn();
     EXPECT_TRUE(program.save());
     EXPECT_EQ(inFile("SELECT count(*) FROM page"), 2);
-    EXPECT_EQ(run.lines.linesWith("[Record]"), 0) << run.lines.text();
+    ASSERT_TRUE(program.load());
+    EXPECT_EQ(run.lines.linesWith("was changed or damaged outside of Wingtally"), 1);
+    EXPECT_EQ(run.lines.linesWith("[Record]"), 1) << run.lines.text();
+    // A changed letter harms no page, and is noticed all the same.
+    program.record.close();
+    std::string content = run.folder.read(RecordFile);
+    content[content.rfind("joined") + 1] ^= 1;
+    run.folder.write(RecordFile, content);
+    ASSERT_TRUE(program.load());
+    EXPECT_EQ(run.lines.linesWith("was changed or damaged outside of Wingtally"), 2);
+    EXPECT_TRUE(program.record.gaps().empty());
+}
+
+// While another program writes, the record is read; while it keeps all others out, that is said.
+TEST_F(CareerRecordTest, IsReadWhereItCantBeWritten) {
+    Program program;
+    program.begin();
+    ASSERT_TRUE(program.save());
+    const std::string figures = program.figures();
+    program.record.close();
+    SqliteFile other;
+    ASSERT_TRUE(other.open(path(), SqliteFile::MustExist) && other.begin());
+    ASSERT_TRUE(program.load());
+    EXPECT_EQ(program.figures(), figures);
+    program.goOn();
+    EXPECT_NE(program.figures(), figures);
+    EXPECT_TRUE(program.record.gaps().empty());
+    program.record.close();
+    other.rollback();
+    ASSERT_TRUE(other.run("PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE;"
+                          "INSERT INTO gap(since, until) VALUES(1, 2)"));
+    ASSERT_TRUE(program.load());
+    EXPECT_TRUE(program.record.read(program.career).failed());
+    EXPECT_TRUE(program.record.read(program.career).problem() == "database is locked");
+    other.close();
+    ASSERT_TRUE(program.load());
+    EXPECT_EQ(program.figures(), figures);
 }
 
 // An error costs neither the career nor, once it is over, the record.
@@ -170,6 +210,7 @@ TEST_F(CareerRecordTest, WaitsUntilTheFileCanBeUsed) {
     fs::remove(draft);
     EXPECT_TRUE(program.save());
     const int64_t victories = inFile("SELECT count(*) FROM victory");
+    const std::string saved = program.figures();
     EXPECT_GT(victories, 0);
 
     program.record.close();
@@ -179,7 +220,7 @@ TEST_F(CareerRecordTest, WaitsUntilTheFileCanBeUsed) {
     program.goOn();
     EXPECT_TRUE(program.save());
     EXPECT_EQ(run.lines.linesWith("The record of the war can't be used"), 3) << run.lines.text();
-    EXPECT_GT(program.figures(), "") << "what has happened since can be read";
+    EXPECT_NE(program.figures(), saved) << "what has happened since can be read";
     other.rollback();
     other.close();
     program.goOn();

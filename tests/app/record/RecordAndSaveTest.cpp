@@ -113,6 +113,25 @@ TEST_F(RecordAndSaveTest, FindsTheRecordOfACareerAgain) {
     EXPECT_EQ(program.figures(), figures[1]);
 }
 
+// A save that fails takes nothing from the career whose save stays.
+TEST_F(RecordAndSaveTest, LeavesARecordToTheSaveThatStays) {
+    Program one;
+    one.begin();
+    ASSERT_TRUE(one.save());
+    const std::string figures = one.figures();
+    Program two;
+    two.begin(ServiceEnglish);
+    run.folder.write(std::string(SaveFile) + ".bak/x", "a folder in the way");
+    EXPECT_FALSE(two.save());
+    fs::remove_all(run.folder.file(std::string(SaveFile) + ".bak"));
+    ASSERT_TRUE(one.load());
+    EXPECT_EQ(one.figures(), figures);
+    EXPECT_EQ(inFile("SELECT value FROM meta WHERE key = 'career'"), one.career.careerNumber);
+    one.record.close();
+    ASSERT_TRUE(two.save());
+    EXPECT_EQ(inFile("SELECT value FROM meta WHERE key = 'career'"), two.career.careerNumber);
+}
+
 // What happened on a course of the war that the save doesn't know isn't its past.
 TEST_F(RecordAndSaveTest, KnowsTheCoursesOfTheWarApart) {
     std::string start;

@@ -47,4 +47,34 @@ TEST(FlightAccount, HoldsWhatTheLogSays) {
     EXPECT_EQ(flown.fates.size(), flown.reports.size());
 }
 
+// Hits, damage and positions are many; what happens to men and planes never is.
+TEST(FlightAccount, DropsOnlyWhatIsMany) {
+    MissionGenerator generator;
+    generator.plan = flightPlan();
+    for (PlannedPlane& plane : generator.plan)
+        plane.skill = plane.shotdowns = plane.missions = 0;
+    CombatReport report;
+    report.lines.add(FlightPieces[0]);
+    std::string more;
+    for (int32_t second = 100; second < 2600; ++second)
+        more += "T:" + std::to_string(second * 50) + " AType:1 AMMO:X AID:20479 TID:20479\r\n";
+    for (const char* line :
+         {"AType:2 DMG:0.1 AID:-1 TID:20479 POS(1,2,3)", "AType:17 ID:20479 POS(1,2,3)",
+          "AType:2 DMG:0.1 AID:-1 TID:21503 POS(1,2,3)", "AType:5 PID:20479 POS(1,2,3)",
+          "AType:6 PID:20479 POS(1,2,3)", "AType:3 AID:-1 TID:20479 POS(1,2,3)"})
+        more += "T:140000 " + std::string(line) + "\r\n";
+    report.lines.add(more);
+    static_cast<void>(report.analyse()); // the log has no end
+    const FlownMission flown = accountOf(report, generator, "log[0].txt");
+    std::string ends;
+    for (size_t i = 2000; i < flown.events.size(); ++i)
+        ends += text(flown.events[i]) + "; ";
+    EXPECT_EQ(ends, "2800.00 wound -1>0; 2800.00 take-off 0>-1; 2800.00 landing 0>-1; "
+                    "2800.00 crash -1>0; ");
+    std::string levels;
+    for (const FlightPlane& plane : flown.plan)
+        levels += std::to_string(plane.level) + " ";
+    EXPECT_EQ(levels, "0 3 3 3 ") << "beginners are raised until one is worth a fight";
+}
+
 } // namespace
