@@ -106,10 +106,7 @@ bool CareerRecord::attachOther(const Database& career) {
         return false;
     path = found->path;
     mark = found->mark;
-    if (reopenRecord(file, path))
-        connect();
-    else
-        giveUp();
+    reopenRecord(file, path) ? connect() : giveUp();
     return true;
 }
 
