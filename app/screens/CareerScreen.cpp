@@ -23,16 +23,21 @@ void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
 void CareerScreen::setShelf(Shelf* saves) { shelf = saves; }
 
 void CareerScreen::saveBefore(zel::Widget& leaving) {
+    if (zel::String problem; !save(problem))
+        MenuNotification::divert(leaving, "MenuNotificationSave", problem);
+}
+
+bool CareerScreen::save(zel::String& problem) {
     const Database* career = runningCareer();
     if (career == nullptr || shelf == nullptr || shelf->save())
-        return;
+        return true;
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     const zel::String reason = career->isReadOnly ? heldElsewhereText(*career->lock)
                                : career->writeFault == zel::FileFault::None
                                    ? zel::String()
                                    : faultSentence(career->writeFault);
-    MenuNotification::divert(leaving, "MenuNotificationSave",
-                             zel::system::shownText(file) + "\n" + reason);
+    problem = zel::system::shownText(file) + "\n" + reason;
+    return false;
 }
 
 Database* CareerScreen::runningCareer() {

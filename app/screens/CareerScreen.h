@@ -21,6 +21,8 @@ protected:
     /// Saves the career. On error the widget that was just hit leads, this once, to the page that
     /// reports it: a player who continued would lose everything since the last save.
     static void saveBefore(zel::Widget& leaving);
+    /// Saves the career. On error: false, and the file and the reason for the page that reports it.
+    static bool save(zel::String& problem);
     /// Null while there is no career.
     static Database* runningCareer();
     /// The career's day, in the element "date".

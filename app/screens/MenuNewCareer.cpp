@@ -2,6 +2,7 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/screens/MenuNotification.h"
 #include "app/screens/WarProgress.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -33,7 +34,10 @@ void MenuNewCareer::startCareer() {
         const WarProgress progress;
         career->simulateToDate(chosen("startYear"), chosen("startMonth"), 1);
     }
-    setTransition("MenuGameMain");
+    if (zel::String problem; save(problem))
+        setTransition("MenuGameMain");
+    else
+        MenuNotification::show(*menu, "MenuNotificationSave", problem);
 }
 
 void MenuNewCareer::goBack() {

@@ -77,8 +77,10 @@ TEST(CareerCycle, GoesRoundAndIsContinued) {
         {
             CareerDriver driver(home);
             ASSERT_NO_FATAL_FAILURE(makeCareer(driver, beginning));
-            EXPECT_EQ(home.save(), "") << "only leaving the office saves";
+            const std::string begun = home.save();
+            EXPECT_NE(begun, "");
             ASSERT_NO_FATAL_FAILURE(flyAMission(driver));
+            EXPECT_TRUE(home.save() == begun) << "after that only leaving the office saves";
             left = officeTexts(driver);
             for (const Squadron& squadron : Database::instance()->squadrons)
                 EXPECT_NE(sheetOfBase(squadron.baseName), nullptr) << squadron.baseName;

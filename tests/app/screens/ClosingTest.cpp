@@ -1,6 +1,7 @@
 // What closing the window does on each page of a career: nothing is lost without a question, and
 // nobody is asked in vain, or by a signal.
 #include <csignal>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -14,12 +15,19 @@
 
 namespace {
 
+constexpr const char* Save = "user/Saves/savegame_v03.wty";
 constexpr const char* Question = "MenuNotificationUnsaved";
 
 class Closing : public testing::Test {
 protected:
+    // The first save fails.
     void SetUp() override {
-        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+        std::filesystem::create_directories(home.folder.file(Save));
+        ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+        ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService "
+                                "menuButton2>MenuNewYear menuButton1>MenuNewCareer "
+                                "menuButton4>MenuNotificationSave menuButton1>MenuGameMain"));
+        std::filesystem::remove(home.folder.file(Save));
     }
     ~Closing() override { zel::Platform::getInstance().clearInput(); }
 

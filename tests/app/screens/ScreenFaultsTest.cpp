@@ -76,7 +76,7 @@ TEST_F(ScreenFaults, ThereIsNothingToFly) {
 
 TEST_F(ScreenFaults, TheCareerCannotBeSaved) {
     ASSERT_TRUE(driver.begin(FirstChoices));
-    home.folder.write("user/Saves", "in the way");
+    home.folder.write("user/Saves/savegame_v03.wty.bak/x", "in the way");
     const zel::String pilot = Database::instance()->player().name;
     for (const char* button : {"menuButton4", "menuBack"}) {
         ASSERT_TRUE(driver.go(button, "MenuNotificationSave"));
@@ -84,14 +84,14 @@ TEST_F(ScreenFaults, TheCareerCannotBeSaved) {
         ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
         EXPECT_EQ(pilot, Database::instance()->player().name);
     }
-    std::filesystem::remove(home.folder.file("user/Saves"));
+    std::filesystem::remove_all(home.folder.file("user/Saves/savegame_v03.wty.bak"));
     ASSERT_TRUE(driver.go("menuBack", "MenuMain"));
-    EXPECT_NE(home.save(), "");
+    EXPECT_NE(home.folder.read("user/Saves/savegame_v03.wty.bak"), "");
 }
 
 TEST_F(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
     ASSERT_TRUE(driver.begin(FirstChoices));
-    home.folder.write("user/Saves", "in the way");
+    home.folder.write("user/Saves/savegame_v03.wty.bak/x", "in the way");
     ASSERT_TRUE(driver.go("menuButton4", "MenuNotificationSave"));
     driver.screens->key(zel::KeyEscape);
     ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationSave")) << "not by a slip";
@@ -126,6 +126,7 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     ASSERT_TRUE(driver.begin(FirstChoices));
     ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     const std::string whole = home.save();
+    std::filesystem::remove(home.folder.file(save + ".bak"));
     const std::string damaged = whole.substr(0, whole.size() - 8);
     home.folder.write(save, damaged);
     ASSERT_TRUE(driver.go("menuButton2", "MenuNotificationRepair"));
