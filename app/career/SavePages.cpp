@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/career/Checksum.h"
+#include "app/career/Wording.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
@@ -221,26 +222,25 @@ bool keepBackupAsPage(const zel::String& save) {
     return true;
 }
 
-bool returnToPage(const zel::String& save, const SavePage& page, zel::String& problem) {
-    const auto fail = [&](const zel::String& why) {
+bool returnToPage(const zel::String& save, const SavePage& page, Problem& problem) {
+    const auto fail = [&](const Problem& why) {
         problem = why;
         return false;
     };
     if (page.kind == SavePage::Present)
-        return fail("That page is the present one");
+        return fail(Problem(wording::PresentPage));
     const zel::String backup = save + BackupEnding;
     zel::String source = page.summary.file;
     const std::string content = contentOf(source);
     if (content.empty() || !page.isWhole)
-        return fail("The page " + source + " is damaged");
+        return fail(Problem(wording::DamagedPageFile, {source}));
     // A present save that is none any more must not become the one before.
     const bool isDamaged = zel::system::fileStatus(save).exists && contentOf(save).empty();
     const bool losesBackup = !isDamaged || page.kind == SavePage::Backup;
     std::vector<PageFile> pages = listPages(save);
     if ((isDamaged && !keepAsPage(save, save, pages)) ||
         (losesBackup && zel::system::fileStatus(backup).exists && !keepAsPage(save, backup, pages)))
-        return fail("The present saves can't be kept as pages: " +
-                    zel::String(zel::faultText(zel::system::lastFault())));
+        return fail(Problem(wording::SavesNotKept, {}, zel::system::lastFault()));
     if (page.kind == SavePage::Backup) {
         const zel::String checksum = checksumOf(content);
         for (const PageFile& kept : pages)
@@ -251,7 +251,6 @@ bool returnToPage(const zel::String& save, const SavePage& page, zel::String& pr
                                       : zel::system::replaceFileKeeping(source, save, backup);
     if (!isReplaced || !zel::system::syncFolder(folderOf(save)) ||
         !zel::system::syncFolder(pagesFolder(save)))
-        return fail("The page can't take the place of " + save + ": " +
-                    zel::faultText(zel::system::lastFault()));
+        return fail(Problem(wording::PageNotTurned, {save}, zel::system::lastFault()));
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "app/career/Problem.h"
 #include "app/career/SaveSummary.h"
 #include "engine/core/String.h"
 
@@ -50,6 +51,5 @@ std::vector<zel::String> keptRecords(const zel::String& save);
 /// Makes the page the present save. The present one becomes the one before it (".bak"), as if the
 /// page had been saved after it; one that isn't a save any more is kept as a damaged page. The file
 /// alone is replaced: the caller loads it, and the record is cut then. On error: false, with the
-/// reason in English in `problem`, and the present save stays.
-[[nodiscard]] bool returnToPage(const zel::String& save, const SavePage& page,
-                                zel::String& problem);
+/// reason in `problem`, and the present save stays.
+[[nodiscard]] bool returnToPage(const zel::String& save, const SavePage& page, Problem& problem);

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr const char* OtherVersion = "is of another version";
+
 struct Head {
     char magic[4];
     int32_t version, playerPilot, year, month, day, unusedA, unusedB, careerNumber;
@@ -58,7 +60,7 @@ const char* readLayout(const SaveBytes& bytes, Layout& layout) {
     if (!bytes.read(0, layout.head) || std::memcmp(layout.head.magic, "WTSV", 4) != 0)
         return "is no save game";
     if (layout.head.version != SaveVersion)
-        return "is of another version";
+        return OtherVersion;
     if (!isDayOfSave({layout.head.year, layout.head.month, layout.head.day}))
         return "has no date of the war";
     int64_t offset = sizeof(Head);
@@ -134,6 +136,7 @@ SaveSummary summaryOf(const zel::String& path) {
     const SaveBytes bytes(file);
     Layout layout;
     summary.fault = readLayout(bytes, layout);
+    summary.isOtherVersion = summary.fault == OtherVersion;
     if (!layout.isUsable)
         return summary;
     summary.careerNumber = layout.head.careerNumber;

@@ -13,9 +13,10 @@ enum class CareerState { Serving, Fallen, WarOver };
 /// What a list shows of a save. It is read from some hundred bytes of the file, so that many
 /// careers are listed at once: a fault among the other bytes is not noticed here.
 struct SaveSummary {
-    bool isReadable = false; // otherwise only `file`, `fault` and `written` have a meaning
-    zel::String file;        // its path
-    zel::String fault;       // what is wrong with it, in English: "ends early"; else empty
+    bool isReadable = false;     // otherwise only `file`, `fault` and `written` have a meaning
+    zel::String file;            // its path
+    zel::String fault;           // what is wrong with it, in English: "ends early"; else empty
+    bool isOtherVersion = false; // and not known to be damaged
 
     int32_t careerNumber = 0; // Database::careerNumber
     Calendar date{0, 0, 0};

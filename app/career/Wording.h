@@ -170,5 +170,25 @@ inline constexpr Wording ShortMonths[] = {
     {2877, "July"}, {2878, "Aug"}, {2879, "Sept"}, {2880, "Oct"}, {2881, "Nov"}, {2882, "Dec"},
 };
 
+/// Why a career can't be moved or saved (Problem.h).
+inline constexpr Wording NoSuchCareer    {2890, "There is no career of the number $1"};
+inline constexpr Wording DamagedCareer   {2891, "The career $1 is damaged"};
+inline constexpr Wording CareerOfOther   {2892, "The career $1 is of another version of Wingtally"};
+inline constexpr Wording CareerHeld      {2893, "Process $1 has the career open"};
+inline constexpr Wording CareerUnwritten {2894, "The career can't be written to $1"};
+inline constexpr Wording FileUnwritten   {2895, "$1 can't be written"};
+inline constexpr Wording FolderNotMade   {2896, "The folder $1 can't be made"};
+inline constexpr Wording NotMoved        {2897, "$1 can't be moved to $2"};
+inline constexpr Wording LinkNotMoved    {2898, "$1 can't be moved: it is a link, which may lead nowhere from there"};
+inline constexpr Wording NameTaken       {2899, "$1 can't be moved: $2 is there already"};
+inline constexpr Wording NotRemoved      {2900, "$1 can't be removed"};
+inline constexpr Wording RecordNotKept   {2901, "The record of the war can't be kept as $1"};
+inline constexpr Wording PresentPage     {2902, "That page is the present one"};
+inline constexpr Wording DamagedPageFile {2903, "The page $1 is damaged"};
+inline constexpr Wording SavesNotKept    {2904, "The present saves can't be kept as pages"};
+inline constexpr Wording PageNotTurned   {2905, "The page can't replace $1"};
+inline constexpr Wording ProblemAlone    {2906, "$1."};
+inline constexpr Wording ProblemAndReason{2907, "$1. $2"}; // FileFaults
+
 } // namespace wording
 // clang-format on

@@ -6,6 +6,7 @@
 
 #include "app/career/Checksum.h"
 #include "app/career/SavePages.h"
+#include "app/career/Wording.h"
 #include "app/record/ShelfFolders.h"
 #include "app/record/Sqlite.h"
 #include "engine/core/File.h"
@@ -46,7 +47,7 @@ bool knowsSave(const zel::String& record, const zel::String& checksum) {
 
 } // namespace
 
-bool keepRecord(const zel::String& folder, zel::String& problem) {
+bool keepRecord(const zel::String& folder, Problem& problem) {
     const zel::String record = recordIn(folder);
     if (!zel::system::fileStatus(record).exists)
         return true;
@@ -56,14 +57,14 @@ bool keepRecord(const zel::String& folder, zel::String& problem) {
     if (joined == Join::Damaged) // it is set aside when the career is loaded
         return true;
     if (joined == Join::InUse) {
-        problem = "The record of the war " + record + " can't be copied: another program uses it";
+        problem = Problem(wording::RecordNotKept, {kept}, zel::FileFault::Held);
         return false;
     }
     if (!makeFolder(folder + "/" + PagesFolder, problem))
         return false;
     const zel::FileFault fault = copyRecord(record, kept);
     if (fault != zel::FileFault::None)
-        problem = "The record of the war can't be kept as " + kept + ": " + zel::faultText(fault);
+        problem = Problem(wording::RecordNotKept, {kept}, fault);
     return fault == zel::FileFault::None;
 }
 

@@ -5,6 +5,7 @@
 #include "app/record/RecordFile.h"
 #include "engine/core/String.h"
 
+class Problem;
 class SqliteFile;
 
 // A career that goes back to an earlier page loses what its record has of the time after it. A copy
@@ -13,7 +14,7 @@ class SqliteFile;
 /// Before the career of that folder goes back: copies its record beside its pages. Does nothing
 /// without a record. On error: false, with the reason in `problem`. REQUIRES: the record isn't
 /// open.
-[[nodiscard]] bool keepRecord(const zel::String& folder, zel::String& problem);
+[[nodiscard]] bool keepRecord(const zel::String& folder, Problem& problem);
 
 /// Whether one of these records knows the save of that checksum.
 bool isKept(const zel::String& record, const zel::String& checksum);

@@ -1,9 +1,11 @@
 #include "app/record/Shelf.h"
 
 #include <algorithm>
+#include <string>
 
 #include "app/career/CareerLock.h"
 #include "app/career/Database.h"
+#include "app/career/Wording.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/KeptRecords.h"
 #include "app/record/ShelfFolders.h"
@@ -23,6 +25,10 @@ ShelvedCareer careerIn(const zel::String& folder, int32_t number) {
     career.folder = folder;
     career.summary = summaryOf(saveIn(folder));
     return career;
+}
+
+Problem heldBy(const CareerLock& lock) {
+    return Problem(wording::CareerHeld, {zel::String(std::to_string(lock.holder()))});
 }
 
 /// Under what name a career goes to the shelf.
@@ -46,10 +52,10 @@ void removeUnsaved(const zel::String& folder) {
 
 } // namespace
 
-bool Shelf::fail(const zel::String& why) {
+bool Shelf::fail(const Problem& why) {
     if (!why.empty())
         trouble = why;
-    zel::log(trouble, "Shelf", zel::LogError);
+    zel::log(trouble.english(), "Shelf", zel::LogError);
     return false;
 }
 
@@ -85,15 +91,15 @@ bool Shelf::swapIn(const zel::String& incoming) {
     }
     if (moveFolder(incoming, currentFolder(), trouble))
         return true;
-    zel::String other;
+    Problem other;
     if (!shelved.empty() && !moveFolder(shelved, currentFolder(), other))
-        trouble += "; " + other;
+        zel::log(other.english(), "Shelf", zel::LogError);
     return false;
 }
 
 /// Another program that has a career open must not lose its folder.
 bool Shelf::holdsLock() {
-    return career.lock == nullptr || career.lock->take() || fail(holderText(*career.lock));
+    return career.lock == nullptr || career.lock->take() || fail(heldBy(*career.lock));
 }
 
 /// Ends the move of a career that was on its way.
@@ -169,7 +175,7 @@ std::optional<ShelvedCareer> Shelf::find(int32_t number) {
     for (const ShelvedCareer& one : careers())
         if (one.number == number)
             return one;
-    fail("There is no career of the number " + zel::String(number));
+    fail(Problem(wording::NoSuchCareer, {number}));
     return std::nullopt;
 }
 
@@ -178,7 +184,9 @@ bool Shelf::take(int32_t number) {
     if (!wanted || wanted->isCurrent)
         return wanted.has_value();
     if (!wanted->summary.isReadable)
-        return fail(wanted->summary.file + " " + wanted->summary.fault);
+        return fail(Problem(wanted->summary.isOtherVersion ? wording::CareerOfOther
+                                                           : wording::DamagedCareer,
+                            {wanted->folder}));
     if (!holdsLock())
         return false;
     leaveCurrent();
@@ -187,9 +195,9 @@ bool Shelf::take(int32_t number) {
         return fail();
     if (swapIn(incomingFolder()))
         return true;
-    zel::String other;
+    Problem other;
     if (!moveFolder(incomingFolder(), wanted->folder, other))
-        trouble += "; " + other;
+        zel::log(other.english(), "Shelf", zel::LogError);
     return fail();
 }
 
@@ -240,7 +248,7 @@ bool Shelf::save() {
 bool Shelf::write(const char* folder) {
     const zel::String name = saveIn(folder);
     return career.writeSave(name) ||
-           fail("The career can't be written to " + userPath(name.c_str()) + ": " +
-                (career.isReadOnly ? holderText(*career.lock)
-                                   : zel::String(zel::faultText(career.writeFault))));
+           fail(career.isReadOnly ? heldBy(*career.lock)
+                                  : Problem(wording::CareerUnwritten, {userPath(name.c_str())},
+                                            career.writeFault));
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/career/Problem.h"
 #include "app/career/SavePages.h"
 #include "app/career/SaveSummary.h"
 #include "engine/core/String.h"
@@ -66,11 +67,11 @@ public:
     /// shelf. On error the career in memory goes on, and the next save tries again.
     [[nodiscard]] bool save();
 
-    /// Why the last operation failed, as an English sentence without a full stop.
-    const zel::String& problem() const { return trouble; }
+    /// Why the last operation failed.
+    const Problem& problem() const { return trouble; }
 
 private:
-    bool fail(const zel::String& why = {});
+    bool fail(const Problem& why = {});
     bool holdsLock();
     std::optional<ShelvedCareer> find(int32_t number);
     zel::String shelve(const zel::String& folder, const char* place);
@@ -82,5 +83,5 @@ private:
 
     Database& career;
     CareerRecord& record;
-    zel::String trouble;
+    Problem trouble;
 };

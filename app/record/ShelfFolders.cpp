@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/career/Database.h"
+#include "app/career/Wording.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/Shelf.h"
 #include "engine/core/File.h"
@@ -31,10 +32,10 @@ int32_t readNumber(const zel::String& file) {
     return std::max(number, 0);
 }
 
-bool writeNumber(const zel::String& file, int32_t number, zel::String& problem) {
+bool writeNumber(const zel::String& file, int32_t number, Problem& problem) {
     const zel::FileFault fault = zel::writeFileWhole(file, std::to_string(number) + "\n");
     if (fault != zel::FileFault::None)
-        problem = file + " can't be written: " + zel::faultText(fault);
+        problem = Problem(wording::FileUnwritten, {file}, fault);
     return fault == zel::FileFault::None;
 }
 
@@ -57,8 +58,6 @@ zel::String parentOf(const zel::String& path) {
 bool startsWith(std::string_view text, std::string_view start) {
     return zel::equalsNoCase(text.substr(0, start.size()), start);
 }
-
-zel::String reason() { return zel::faultText(zel::system::lastFault()); }
 
 bool exists(const zel::String& path) {
     return zel::system::isDirectory(path) || zel::system::fileStatus(path).exists;
@@ -152,11 +151,11 @@ int32_t nextNumber() {
     return last + 1;
 }
 
-bool keepNumber(const zel::String& folder, int32_t number, zel::String& problem) {
+bool keepNumber(const zel::String& folder, int32_t number, Problem& problem) {
     return keptNumber(folder) == number || writeNumber(folder + NumberFile, number, problem);
 }
 
-int32_t claimNumber(const zel::String& folder, zel::String& problem) {
+int32_t claimNumber(const zel::String& folder, Problem& problem) {
     const int32_t kept = keptNumber(folder);
     const std::vector<CareerFolder> others = shelfFolders();
     const bool isFree = std::none_of(others.begin(), others.end(), [&](const CareerFolder& other) {
@@ -171,38 +170,37 @@ int32_t claimNumber(const zel::String& folder, zel::String& problem) {
     return isKept ? number : 0;
 }
 
-bool makeFolder(const zel::String& folder, zel::String& problem) {
+bool makeFolder(const zel::String& folder, Problem& problem) {
     if (zel::system::createDirectory(folder))
         return true;
-    problem = "The folder " + folder + " can't be made: " + reason();
+    problem = Problem(wording::FolderNotMade, {folder}, zel::system::lastFault());
     return false;
 }
 
-bool moveFolder(const zel::String& from, const zel::String& to, zel::String& problem) {
-    const zel::String failed = from + " can't be moved to " + to + ": ";
+bool moveFolder(const zel::String& from, const zel::String& to, Problem& problem) {
     for (const zel::String& moved : {from, saveIn(from)})
         if (isLink(moved)) {
-            problem = failed + moved + " is a link, which may lead nowhere from there";
+            problem = Problem(wording::LinkNotMoved, {moved});
             return false;
         }
     if (exists(to)) {
-        problem = failed + "something has that name";
+        problem = Problem(wording::NameTaken, {from, to});
         return false;
     }
     if (!zel::system::renameFolder(from, to)) {
-        problem = failed + reason();
+        problem = Problem(wording::NotMoved, {from, to}, zel::system::lastFault());
         return false;
     }
     if (zel::system::syncFolder(parentOf(to)) && zel::system::syncFolder(parentOf(from)))
         return true;
-    problem = failed + reason();
+    problem = Problem(wording::NotMoved, {from, to}, zel::system::lastFault());
     zel::system::renameFolder(to, from);
     return false;
 }
 
-bool clearFolder(const zel::String& folder, zel::String& problem) {
+bool clearFolder(const zel::String& folder, Problem& problem) {
     if (!exists(folder) || zel::system::removeFolder(folder))
         return true;
-    problem = folder + " can't be removed: " + reason();
+    problem = Problem(wording::NotRemoved, {folder}, zel::system::lastFault());
     return false;
 }

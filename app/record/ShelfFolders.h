@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/career/Problem.h"
 #include "engine/core/String.h"
 
 /// In the user's folder: a career on its way to CurrentFolder.
@@ -50,14 +51,14 @@ int32_t keptNumber(const zel::String& folder);
 /// The lowest number that no career has had.
 int32_t nextNumber();
 /// Makes the folder keep that number.
-[[nodiscard]] bool keepNumber(const zel::String& folder, int32_t number, zel::String& problem);
+[[nodiscard]] bool keepNumber(const zel::String& folder, int32_t number, Problem& problem);
 /// The number of a career that isn't on the shelf. The folder gets a new one and keeps it if it has
 /// none, or one that a career on the shelf has. 0 on error.
-[[nodiscard]] int32_t claimNumber(const zel::String& folder, zel::String& problem);
+[[nodiscard]] int32_t claimNumber(const zel::String& folder, Problem& problem);
 
 /// True if the folder is there afterwards.
-[[nodiscard]] bool makeFolder(const zel::String& folder, zel::String& problem);
+[[nodiscard]] bool makeFolder(const zel::String& folder, Problem& problem);
 /// Renames a folder and syncs the folders around it. Nothing may have the new name.
-[[nodiscard]] bool moveFolder(const zel::String& from, const zel::String& to, zel::String& problem);
+[[nodiscard]] bool moveFolder(const zel::String& from, const zel::String& to, Problem& problem);
 /// Removes an empty folder. True if there is none afterwards.
-[[nodiscard]] bool clearFolder(const zel::String& folder, zel::String& problem);
+[[nodiscard]] bool clearFolder(const zel::String& folder, Problem& problem);

@@ -92,7 +92,9 @@ zel::String unreadableText(const ShelvedCareer& book) {
     const zel::String& file = book.summary.file;
     const zel::String shown =
         zel::String(nameOfFolder(book.folder)) + "/" + zel::String(nameOfFolder(file));
-    return lines({textOf(wording::CantBeRead), zel::system::shownText(shown)});
+    return lines(
+        {textOf(book.summary.isOtherVersion ? wording::OtherVersionBook : wording::CantBeRead),
+         zel::system::shownText(shown)});
 }
 
 zel::String serviceLines(const SaveSummary& summary) {

@@ -28,7 +28,7 @@ void CareerDrawer::choose(size_t index) {
 }
 
 bool CareerDrawer::note(bool succeeded) {
-    problem = succeeded ? zel::String() : shelf.problem();
+    problem = succeeded ? zel::String() : shelf.problem().text();
     return succeeded;
 }
 

@@ -84,9 +84,10 @@ inline constexpr Wording AmericanService {2812, "United States Air Service"};
 inline constexpr Wording NearBase        {2813, "Near $1"};
 inline constexpr Wording BookFigures     {2822, "$1, $2"};
 inline constexpr Wording LastFlown       {2823, "Last flown $1, $2"}; // the day, the time of day
-inline constexpr Wording CantBeRead      {2824, "This log book can't be read: it is damaged, or of another version of Wingtally. It stays as it is:"};
+inline constexpr Wording CantBeRead      {2824, "This log book is damaged. It stays as it is:"}; // its path
+inline constexpr Wording OtherVersionBook{2827, "This log book is of another version of Wingtally. It stays as it is:"}; // its path
 inline constexpr Wording UnreadableBook  {2825, "Unreadable log book"};
-inline constexpr Wording NotPossible     {2826, "That wasn't possible, and nothing has changed. $1."}; // a sentence
+inline constexpr Wording NotPossible     {2826, "That wasn't possible, and nothing has changed. $1"}; // sentences
 inline constexpr Wording PagesSeen       {2856, "Pages $1 to $2 of $3"};
 inline constexpr Wording SavedToday      {2858, "to-day, $1"}; // the time of day
 inline constexpr Wording SavedThisYear   {2859, "$1 $2, $3"};  // day, month, the time of day

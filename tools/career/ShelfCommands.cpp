@@ -79,7 +79,7 @@ bool ShelfCommands::take(int32_t number) {
     if (!mayLeave())
         return false;
     if (!shelf.take(number))
-        return fail(shelf.problem());
+        return fail(shelf.problem().english());
     lines.push_back(textOf(wording::Taken, {number}));
     return true;
 }
@@ -88,7 +88,7 @@ bool ShelfCommands::putAway(int32_t number) {
     if (!mayLeave())
         return false;
     if (!shelf.putAway(number))
-        return fail(shelf.problem());
+        return fail(shelf.problem().english());
     lines.push_back(textOf(wording::HasPutAway, {number}));
     return true;
 }
@@ -118,7 +118,7 @@ bool ShelfCommands::turnBack(const zel::String& name) {
         if (page.name != name)
             continue;
         if (!shelf.turnBack(current, page))
-            return fail(shelf.problem());
+            return fail(shelf.problem().english());
         lines.push_back(textOf(wording::TurnedBack, {name}));
         return true;
     }

@@ -15,7 +15,7 @@ public:
 
     /// Ends what another run of the program left half done; to be called before anything is loaded.
     void tidy() { shelf.tidy(); }
-    bool save() { return shelf.save() || fail(shelf.problem()); }
+    bool save() { return shelf.save() || fail(shelf.problem().english()); }
     /// A line for each career.
     bool careers();
     /// The career is current afterwards, and not loaded.

@@ -87,7 +87,7 @@ TEST_F(ShelfTest, KeepsEachCareerWhole) {
     ShelfProgram program;
     program.begin("Hans Braun");
     EXPECT_EQ(program.list(), "");
-    ASSERT_TRUE(program.shelf.save()) << program.shelf.problem().view();
+    ASSERT_TRUE(program.shelf.save()) << program.shelf.problem().english().view();
     program.goOn();
     ASSERT_TRUE(program.shelf.save());
     EXPECT_EQ(program.list(), "1 Hans Braun*\n");
@@ -103,7 +103,7 @@ TEST_F(ShelfTest, KeepsEachCareerWhole) {
     const int64_t second = program.bases();
     EXPECT_NE(second, first);
 
-    ASSERT_TRUE(program.shelf.take(1)) << program.shelf.problem().view();
+    ASSERT_TRUE(program.shelf.take(1)) << program.shelf.problem().english().view();
     EXPECT_FALSE(program.career.hasCareer()) << "it could be saved over the other one";
     ASSERT_TRUE(program.load());
     EXPECT_STREQ(program.career.player().name, "Hans Braun");
@@ -119,7 +119,7 @@ TEST_F(ShelfTest, KeepsEachCareerWhole) {
     EXPECT_EQ(program.bases(), second);
     EXPECT_TRUE(program.record.gaps().empty());
     EXPECT_FALSE(program.shelf.take(3));
-    EXPECT_EQ(program.shelf.problem(), "There is no career of the number 3");
+    EXPECT_EQ(program.shelf.problem().english(), "There is no career of the number 3");
 
     // A number is gone for good with its folder.
     program.begin("Fritz Braun");
@@ -141,7 +141,7 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     const std::string both = "2 Otto Klein*\n1 Hans Braun\n";
     const auto restart = [&] {
         ShelfProgram other;
-        EXPECT_TRUE(other.shelf.tidy()) << other.shelf.problem().view();
+        EXPECT_TRUE(other.shelf.tidy()) << other.shelf.problem().english().view();
         EXPECT_FALSE(fs::exists(user("Saves.next")));
         return other.list();
     };
@@ -184,13 +184,13 @@ TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
 
     fs::resize_file(user("Careers/0001 Hans Braun/savegame_v03.wty"), 1000);
     EXPECT_FALSE(program.shelf.take(1));
-    EXPECT_NE(program.shelf.problem().view().find("ends early"), std::string_view::npos);
+    EXPECT_NE(program.shelf.problem().english().view().find("is damaged"), std::string_view::npos);
     EXPECT_TRUE(program.career.hasCareer());
 #ifndef _WIN32
     fs::rename(user("Saves"), user("elsewhere"));
     fs::create_directory_symlink("elsewhere", user("Saves"));
     EXPECT_FALSE(program.shelf.putAway(2));
-    EXPECT_NE(program.shelf.problem().view().find("is a link"), std::string_view::npos);
+    EXPECT_NE(program.shelf.problem().english().view().find("is a link"), std::string_view::npos);
 #endif
 }
 
@@ -222,7 +222,7 @@ TEST_F(ShelfTest, KeepsPages) {
                 return program.shelf.turnBack(career, page) && program.load();
         return false;
     };
-    ASSERT_TRUE(back("19160130")) << program.shelf.problem().view();
+    ASSERT_TRUE(back("19160130")) << program.shelf.problem().english().view();
     EXPECT_EQ(program.career.calendar().dateNumber(), 19160130);
     EXPECT_EQ(program.bases(), 13) << "the record is cut to the page";
     EXPECT_EQ(names(), "present 19160618 19160613 19160608 19160603 19160529 19160524 19160519 "
@@ -249,7 +249,7 @@ TEST_F(ShelfTest, KeepsPages) {
     world.folder.write("user/Saves/savegame_v03.wty.bak", "no save");
     world.folder.write("user/Saves/savegame_v03.wty", "no save either");
     EXPECT_NE(newestWholePage(save).view().find(" 19160613 "), std::string_view::npos);
-    ASSERT_TRUE(back("19160613")) << program.shelf.problem().view();
+    ASSERT_TRUE(back("19160613")) << program.shelf.problem().english().view();
     EXPECT_EQ(program.career.calendar().dateNumber(), 19160613);
     EXPECT_EQ(names().find("present damaged! damaged-2! 19160608 "), 0U) << names();
 }
