@@ -11,6 +11,8 @@ import re
 import subprocess
 import sys
 
+from definitions import definitions
+
 MOST_LINES_OF_A_FILE = 350
 MOST_LINES_OF_A_FUNCTION = 60
 
@@ -99,21 +101,6 @@ def own_header(path, paths):
     if (path.startswith(("engine/", "app/", "standin/", "tools/")) and path.endswith(".cpp") and
             not path.endswith(alone) and path[:-4] + ".h" not in paths):
         yield 1, "has no header of its name"
-
-
-# What is defined at the top level: "constexpr int32_t Rows = 8;", "struct Row {", "void draw(Row row) {".
-DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (?P<type>\w+) |using (?P<alias>\w+) = |"
-                        r"(?!return |using |namespace )\w[\w:<>&*, ]*[ &*]"
-                        r"(?:(?P<constant>[\w]+)(?:\[\w*\])*(?:;| =|\{)|(?P<function>\w+\(.*[{,]$))")
-
-
-def definitions(path):
-    """Yields line number, name and text of what a source defines. A function's name includes its
-    parameters, since it may have overloads elsewhere."""
-    with open(path, encoding="latin-1") as file:
-        for number, line in enumerate(file, 1):
-            if found := DEFINITION.match(line):
-                yield number, found["type"] or found["alias"] or found["constant"] or found["function"], line
 
 
 def targets():

@@ -1,0 +1,16 @@
+"""What C++ sources define at the top level: two with the same name can't be one translation unit."""
+import re
+
+# "constexpr int32_t Rows = 8;", "struct Row {", "void draw(Row row) {".
+DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (?P<type>\w+) |using (?P<alias>\w+) = |"
+                        r"(?!return |using |namespace )\w[\w:<>&*, ]*[ &*]"
+                        r"(?:(?P<constant>[\w]+)(?:\[\w*\])*(?:;| =|\{)|(?P<function>\w+\(.*[{,]$))")
+
+
+def definitions(path):
+    """Yields line number, name and text of what a source defines. A function's name includes its
+    parameters, since it may have overloads elsewhere."""
+    with open(path, encoding="latin-1") as file:
+        for number, line in enumerate(file, 1):
+            if found := DEFINITION.match(line):
+                yield number, found["type"] or found["alias"] or found["constant"] or found["function"], line
