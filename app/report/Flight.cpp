@@ -134,7 +134,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     const zel::String folder = logFolder();
     isTakenUp = false;
     logLook("Update directory: " + folder);
-    const std::vector<zel::String> names = watch.look(folder);
+    const std::vector<zel::String> names = watch.poll(folder);
     logLook(zel::String("New files found: ") + int32_t(names.size()));
     bool isFound = false;
     zel::String found;
@@ -160,7 +160,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
         if (career.observer != nullptr)
             career.observer->onFlight(career, account);
         applyReports(combatReport.pilots, career, true);
-        watch.settle();
+        watch.markAsKnown();
         out.reset();
     } else if (watch.news().state == LogState::None) {
         hasTextLog = checkSimulator() != SimulatorState::NoTextLog;

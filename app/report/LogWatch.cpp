@@ -6,9 +6,9 @@
 
 namespace {
 
-/// After that many looks without growth the simulator, which writes a piece every half minute, has
-/// stopped. The page looks every eight seconds.
-constexpr int32_t QuietLooks = 5;
+/// After that many polls without growth the simulator, which writes a piece every half minute, has
+/// stopped. The page polls every eight seconds.
+constexpr int32_t QuietPolls = 5;
 
 } // namespace
 
@@ -41,7 +41,7 @@ void LogWatch::startNews() {
     newsTicks = zel::ticks();
 }
 
-void LogWatch::settle() {
+void LogWatch::markAsKnown() {
     for (const Log& log : logs)
         known.insert(log.name);
     logs.clear();
@@ -56,7 +56,7 @@ void LogWatch::ignore(const zel::String& name) {
 
 std::vector<zel::String> LogWatch::knownLogs() const { return {known.begin(), known.end()}; }
 
-std::vector<zel::String> LogWatch::look(const zel::String& folder) {
+std::vector<zel::String> LogWatch::poll(const zel::String& folder) {
     std::vector<zel::String> names;
     zel::Directory present;
     missingFolder = present.list(folder, FirstPiecePattern) ? zel::String() : folder;
@@ -75,7 +75,7 @@ std::vector<zel::String> LogWatch::look(const zel::String& folder) {
         log.name = name;
         log.hasGrown = !isNew && extent.isBeyond(log.extent);
         log.extent = extent;
-        log.quietLooks = isNew || log.hasGrown ? 0 : log.quietLooks + 1;
+        log.quietPolls = isNew || log.hasGrown ? 0 : log.quietPolls + 1;
         if (isNew || log.hasGrown)
             newsTicks = zel::ticks();
         log.isEarlier = log.isEarlier && !log.hasGrown;
@@ -116,7 +116,7 @@ LogNews LogWatch::news() const {
             return last;
         if (last.state != LogState::Begun)
             continue;
-        if (log.quietLooks < QuietLooks)
+        if (log.quietPolls < QuietPolls)
             return {log.grows ? LogState::Growing : LogState::Begun, {}};
         last.state = LogState::Stopped;
     }

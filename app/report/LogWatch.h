@@ -17,7 +17,7 @@ enum class LogState {
     None,         // none has come since the mission was written
     NoTextLog,    // none can come: the simulator's text log is off
     NoFolder,     // the simulator's folder is gone, or can't be read
-    Unread,       // a piece is there and can't be read; the next look tries again
+    Unread,       // a piece is there and can't be read; the next poll tries again
     Begun,        // it has come and has no end yet
     Growing,      // it has no end yet, and grows
     Ending,       // its end is there and may still be incomplete
@@ -35,7 +35,7 @@ struct LogNews {
 /// Knows which of the simulator's logs are new since the mission was written.
 ///
 /// The simulator begins its log half a minute into the flight, and the player may come back before
-/// he has landed: a log that was looked at counts as new again once it has grown.
+/// he has landed: a log that poll() found counts as new again once it has grown.
 class LogWatch {
 public:
     /// Notes the logs in that folder as known. Logs that come later belong to a later flight. A
@@ -46,21 +46,21 @@ public:
     void begin(const std::vector<zel::String>& knownLogs);
     /// Forgets a log: it belongs to another flight, even if it grows.
     void ignore(const zel::String& name);
-    /// The first pieces of the logs that are known, without those that were looked at.
+    /// The first pieces of the logs that are known, without those that poll() found.
     std::vector<zel::String> knownLogs() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
     /// waits for further ones.
     void resume();
-    /// The names of the first pieces that have come since the last look, and of those looked at
-    /// before whose logs have grown or have to be read again (Unread, Ending).
-    std::vector<zel::String> look(const zel::String& folder);
-    /// Whether a log of the last look had its end at the look before and hasn't grown since.
+    /// Lists the folder. Returns the names of the first pieces that have come since the last poll,
+    /// and of those found before whose logs have grown or have to be read again (Unread, Ending).
+    std::vector<zel::String> poll(const zel::String& folder);
+    /// Whether a log of the last poll had its end at the poll before and hasn't grown since.
     bool hasStoppedEnding(const zel::String& name) const;
-    /// What reading a log of the last look has shown: Unread, Begun, Ending, OtherMission or
+    /// What reading a log of the last poll has shown: Unread, Begun, Ending, OtherMission or
     /// OtherPilot.
     void note(const zel::String& name, const LogNews& news);
-    /// Forgets the logs that were looked at: they count as known, even if they grow.
-    void settle();
+    /// Marks the logs found so far as known, even if they grow.
+    void markAsKnown();
 
     /// The news of a log in progress if there is one, otherwise of the latest log.
     LogNews news() const;
@@ -72,10 +72,10 @@ private:
         zel::String name;
         LogExtent extent;
         LogNews news;
-        bool hasGrown = false;  // at the last look
+        bool hasGrown = false;  // at the last poll
         bool grows = false;     // it has grown since it came
         bool isEarlier = false; // it came before the mission was last written, and hasn't grown
-        int32_t quietLooks = 0; // since it came or grew
+        int32_t quietPolls = 0; // since it came or grew
     };
 
     void startNews();

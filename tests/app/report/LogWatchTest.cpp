@@ -51,34 +51,34 @@ struct LogWatchTest : testing::Test {
 };
 
 TEST_F(LogWatchTest, ShowsWhatCameSinceTheMissionWasWritten) {
-    EXPECT_EQ(watch.look(data), Names{});
+    EXPECT_EQ(watch.poll(data), Names{});
     writePiece("missionReport(a)", 0);
     writePiece("missionReport(b)", 1); // no first piece
     write("other.txt", "x");
     write("B[0].TXT", "x");
-    EXPECT_EQ(watch.look(data), (Names{"B[0].TXT", "missionReport(a)[0].txt"}));
-    EXPECT_EQ(watch.look(data), Names{});
+    EXPECT_EQ(watch.poll(data), (Names{"B[0].TXT", "missionReport(a)[0].txt"}));
+    EXPECT_EQ(watch.poll(data), Names{});
     write("missionReport(old)[1].txt", "x");
-    EXPECT_EQ(watch.look(data), Names{}) << "an old log stays old";
+    EXPECT_EQ(watch.poll(data), Names{}) << "an old log stays old";
     begin();
     writePiece("missionReport(a)", 1);
-    EXPECT_EQ(watch.look(data), Names{}) << "known when the next mission was written";
+    EXPECT_EQ(watch.poll(data), Names{}) << "known when the next mission was written";
 }
 
 TEST_F(LogWatchTest, ShowsALogAgainWhenItHasGrown) {
     const Names one = {"missionReport(a)[0].txt"};
     write("missionReport(a)[0].txt", "T:0");
-    EXPECT_EQ(watch.look(data), one);
+    EXPECT_EQ(watch.poll(data), one);
     write("missionReport(a)[0].txt", "T:0 AType:15");
-    EXPECT_EQ(watch.look(data), one) << "more bytes";
+    EXPECT_EQ(watch.poll(data), one) << "more bytes";
     write("missionReport(a)[1].txt", "");
-    EXPECT_EQ(watch.look(data), one) << "another piece";
-    EXPECT_EQ(watch.look(data), Names{});
+    EXPECT_EQ(watch.poll(data), one) << "another piece";
+    EXPECT_EQ(watch.poll(data), Names{});
     write("missionReport(a)[3].txt", "x");
-    EXPECT_EQ(watch.look(data), Names{}) << "a piece after a gap";
-    watch.settle();
+    EXPECT_EQ(watch.poll(data), Names{}) << "a piece after a gap";
+    watch.markAsKnown();
     write("missionReport(a)[2].txt", "x");
-    EXPECT_EQ(watch.look(data), Names{}) << "settled";
+    EXPECT_EQ(watch.poll(data), Names{}) << "marked as known";
 }
 
 TEST_F(LogWatchTest, WaitsForTheEndOfTheFlight) {
@@ -173,13 +173,13 @@ TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
     // Windows moves no folder in which a program works.
     std::filesystem::current_path(std::filesystem::temp_directory_path());
     std::filesystem::rename(there, there + ".away");
-    EXPECT_EQ(watch.look(data), Names{});
+    EXPECT_EQ(watch.poll(data), Names{});
     EXPECT_EQ(watch.begin(data), zel::FileFault::Missing);
     const DailyMission mission = flight.begin(career);
     EXPECT_EQ(mission.fault, MissionFault::LogsUnlisted) << mission.problem.c_str();
     EXPECT_EQ(mission.reason, zel::FileFault::Missing);
     std::filesystem::rename(there + ".away", there);
-    EXPECT_EQ(watch.look(data), Names{}) << "an old report would be carried into the career again";
+    EXPECT_EQ(watch.poll(data), Names{}) << "an old report would be carried into the career again";
 }
 
 TEST_F(LogWatchTest, ReadsAPieceAgainThatSomebodyHeld) {
