@@ -6,25 +6,13 @@
 #include "app/career/Bases.h"
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
+#include "app/career/WarPeriods.h"
 #include "app/mission/MissionGenerator.h"
 #include "app/war/MissionSimulator.h"
 #include "engine/core/Log.h"
 #include "engine/core/Random.h"
 
 namespace {
-
-/// The bounds of the two draws between which a period's days are drawn.
-struct PeriodBounds {
-    int32_t year;
-    int32_t upperFrom, upperTo;
-    int32_t lowerFrom, lowerTo;
-};
-constexpr PeriodBounds PeriodsByYear[] = {
-    {1915, 16, 28, 1, 16},
-    {1916, 16, 24, 1, 16},
-    {1917, 16, 22, 1, 14},
-    {1918, 14, 18, 1, 12},
-};
 
 // Unseen missions at the start of a career, with the most steps of each, and in a period.
 constexpr int32_t LeastStartMissions = 200;
@@ -62,14 +50,12 @@ float shareDone(const Database& career, const Stretch* stretch, float shareOfPer
 
 /// Days of the period that begins on that date: three draws, none outside the years of the war.
 int32_t drawDays(int32_t year) {
-    for (const PeriodBounds& bounds : PeriodsByYear) {
-        if (bounds.year != year)
-            continue;
-        const int32_t upper = zel::random(bounds.upperFrom, bounds.upperTo);
-        const int32_t lower = zel::random(bounds.lowerFrom, bounds.lowerTo);
-        return zel::random(lower, upper);
-    }
-    return 0;
+    const PeriodBounds* bounds = periodBounds(year);
+    if (bounds == nullptr)
+        return 0;
+    const int32_t upper = zel::random(bounds->upperFrom, bounds->upperTo);
+    const int32_t lower = zel::random(bounds->lowerFrom, bounds->lowerTo);
+    return zel::random(lower, upper);
 }
 
 /// Fights a planned mission and applies the outcome to the career.

@@ -18,6 +18,7 @@ from pathlib import Path
 WORDINGS = ["app/career/Wording.h", "app/report/ReportWording.h", "app/book/LogBookWording.h",
             "app/book/SketchWording.h",
             "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
+WORDINGS += ["app/book/ServiceWording.h", "app/book/DiaryWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
                 "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
@@ -80,6 +81,12 @@ def arguments(text, start):
             return
 
 
+def unescaped(literal):
+    """A literal's text. Letters with accents are octal there, in Windows-1252."""
+    return re.sub(r"\\([0-7]{3})|\\(.)",
+                  lambda m: bytes([int(m[1], 8)]).decode("cp1252") if m[1] else m[2], literal)
+
+
 def check_wordings(root, sources):
     table = {}
     for line in (root / "data/Language/en.txt").read_text("cp1252").splitlines():
@@ -91,7 +98,7 @@ def check_wordings(root, sources):
         if not pairs:
             find(name, 0, "no wording found")
         for pair in pairs:
-            number, english = int(pair[1]), re.sub(r"\\(.)", r"\1", pair[2])
+            number, english = int(pair[1]), unescaped(pair[2])
             if table.get(number) != english:
                 find(name, line_of(text, pair.start()),
                      f"text {number} is \"{english}\" here, \"{table.get(number)}\" in en.txt")

@@ -8,6 +8,7 @@
 #include "app/career/Calendar.h"
 #include "app/career/Database.h"
 #include "engine/core/System.h"
+#include "tools/career/BookCommands.h"
 #include "tools/career/Session.h"
 #include "tools/common/CommandLine.h"
 
@@ -36,6 +37,11 @@ Commands:
   logbook                 the flying log book: the flights in columns, and totals
   why [N]                 the combat report of flight N, of the last one without a
                           number, with the reason for each result
+  diary                   what happened since the last flight: the squadron, the
+                          front, the real war
+  record                  the player's record of service: ranks, decorations and
+                          victories by machine
+  pilot NAME              the page of the pilot of that name, or of a part of it
   victories [NAME]        the player's victories, or those of the pilots of that
                           name or a part of it
   postings                who came to the player's squadron, left it or died
@@ -65,19 +71,26 @@ struct Plain {
     bool (Session::*run)();
 };
 constexpr Plain PlainCommands[] = {
-    {"load", &Session::load},         {"save", &Session::save},
-    {"status", &Session::status},     {"mission", &Session::mission},
-    {"fly", &Session::fly},           {"report", &Session::report},
-    {"squadron", &Session::squadron}, {"aces", &Session::aces},
-    {"flights", &Session::flights},   {"postings", &Session::postings},
-    {"logbook", &Session::logbook},
+    {"load", &Session::load},         {"save", &Session::save}, {"status", &Session::status},
+    {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
+    {"squadron", &Session::squadron}, {"aces", &Session::aces}, {"flights", &Session::flights},
+    {"postings", &Session::postings},
 };
 
+struct FromBook {
+    std::string_view name;
+    std::vector<zel::String> (*linesOf)(SqliteFile&, const Database&);
+};
+constexpr FromBook BookCommands[] = {
+    {"logbook", logBookPage}, {"diary", diaryPage}, {"record", serviceRecord}};
+
 bool isCommand(std::string_view word) {
-    constexpr std::string_view Others[] = {"new",       "until",  "advance", "invitation",
-                                           "victories", "export", "careers", "take",
-                                           "putaway",   "pages",  "page",    "why"};
+    constexpr std::string_view Others[] = {
+        "new",  "until",   "advance", "invitation", "victories", "export", "careers",
+        "take", "putaway", "pages",   "page",       "why",       "pilot"};
     return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
+           std::any_of(std::begin(BookCommands), std::end(BookCommands),
+                       [&](const FromBook& known) { return known.name == word; }) ||
            std::any_of(std::begin(PlainCommands), std::end(PlainCommands),
                        [&](const Plain& known) { return known.name == word; });
 }
@@ -98,6 +111,7 @@ private:
     void readInvitation();
     void readVictories();
     std::string readWhy();
+    std::string readPilot();
     std::string readExport();
     void addOnShelf(bool (ShelfCommands::*command)());
     std::string readCareer(std::string_view command);
@@ -145,6 +159,8 @@ std::string CommandReader::readAll() {
             readVictories();
         else if (command == "why")
             wrong = readWhy();
+        else if (command == "pilot")
+            wrong = readPilot();
         else if (command == "export")
             wrong = readExport();
         else if (command == "careers")
@@ -226,6 +242,18 @@ std::string CommandReader::readWhy() {
     return {};
 }
 
+std::string CommandReader::readPilot() {
+    if (atEnd() || isCommand(peek()))
+        return "pilot wants a name or a part of one";
+    const zel::String name = zel::system::shownText(words[next++]);
+    add([=](Session& session) {
+        return session.showBook([&](SqliteFile& record, const Database& career) {
+            return pilotPage(record, career, name);
+        });
+    });
+    return {};
+}
+
 std::string CommandReader::readExport() {
     if (atEnd() || isCommand(peek()))
         return "export wants the name of a file";
@@ -266,6 +294,12 @@ std::string CommandReader::readPage() {
 }
 
 std::string CommandReader::readPlain(std::string_view command) {
+    for (const FromBook& known : BookCommands) {
+        if (known.name != command)
+            continue;
+        add([linesOf = known.linesOf](Session& session) { return session.showBook(linesOf); });
+        return {};
+    }
     for (const Plain& known : PlainCommands) {
         if (known.name != command)
             continue;

@@ -1,5 +1,6 @@
 #include "tools/career/RecordLines.h"
 
+#include "app/book/RowSearch.h"
 #include "app/career/Aircraft.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
@@ -42,22 +43,6 @@ zel::String postingLine(const SqliteStatement& row, int32_t squadron) {
 
 const std::string VictoryColumns = "SELECT date, victor_name, victor_aircraft, victim_name,"
                                    " victim_aircraft, died FROM victory";
-
-/// Of letters with accents too, which neither SQLite nor zel::String lowers.
-std::string lowered(std::string_view text) {
-    std::string result(text);
-    for (char& character : result) {
-        const auto code = static_cast<uint8_t>(character);
-        const bool isLatin = code >= 0xC0 && code <= 0xDE && code != 0xD7;
-        if ((code >= 'A' && code <= 'Z') || isLatin)
-            character = static_cast<char>(code + 0x20);
-        else if (code == 0x8A || code == 0x8C || code == 0x8E)
-            character = static_cast<char>(code + 0x10);
-        else if (code == 0x9F)
-            character = static_cast<char>(0xFF);
-    }
-    return result;
-}
 
 /// Those whose victor has `part` in his name, without regard to case; all with an empty one.
 std::vector<zel::String> linesOfVictories(SqliteStatement& row, std::string_view part = {}) {

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "app/book/LogBookText.h"
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/SaveFile.h"
@@ -306,11 +305,12 @@ bool Session::sayRecord(const std::function<std::vector<zel::String>(SqliteFile&
     return true;
 }
 
-bool Session::flights() { return sayRecord(flightLines); }
-
-bool Session::logbook() {
-    return sayRecord([&](SqliteFile& t) { return logBookLines(readLogBook(t, career)); });
+bool Session::showBook(
+    const std::function<std::vector<zel::String>(SqliteFile&, const Database&)>& linesOf) {
+    return sayRecord([&](SqliteFile& t) { return linesOf(t, career); });
 }
+
+bool Session::flights() { return sayRecord(flightLines); }
 
 bool Session::why(int32_t number) {
     return sayRecord([=](SqliteFile& t) { return whyLines(t, number); });

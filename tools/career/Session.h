@@ -44,9 +44,11 @@ public:
     bool acceptInvitation();
     bool refuseInvitation();
     bool flights();
-    bool logbook();
     /// The combat report of that flight, the last one for 0, with its reasons.
     bool why(int32_t number);
+    /// Prints what the function gives of the record, or that it is nothing.
+    bool
+    showBook(const std::function<std::vector<zel::String>(SqliteFile&, const Database&)>& linesOf);
     /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.
     bool victories(const zel::String& name);

@@ -30,60 +30,62 @@ std::string shown(const Honours& honours) {
 }
 
 // The days follow from the figures of awards.csv and ranks.csv.
+struct ServiceCase {
+    const char* what;
+    PilotService service;
+    const char *honours, *title, *shortTitle;
+};
+const ServiceCase Cases[] = {
+    {"nothing yet",
+     {England, 19160901, 19160901, {}, {}, {}},
+     "19160901 Second Lieutenant; ",
+     "Second Lieutenant A. B",
+     "2nd Lt A. B"},
+    // Five flights are the least for a cross; with 12 victories ranks take half of the time.
+    {"a quick one",
+     {England, 19170409, 19170910, {}, every(7, 19170418, 12), every(4, 19170409, 40)},
+     "19170409 Second Lieutenant; 19170710 Lieutenant; 19170810 Captain; "
+     "19170426 mention; 19170517 mc; 19170614 mcbar; 19170705 dso; ",
+     "Captain A. B DSO MC",
+     "Capt A. B DSO MC"},
+    // Without victories: twice as long. Bread and butter: 20 flights.
+    {"a patient one",
+     {England, 19160101, 19170601, {}, {}, every(8, 19160101, 30)},
+     "19160101 Second Lieutenant; 19170102 Lieutenant; 19170502 Captain; 19160602 mention; ",
+     "Captain A. B",
+     "Capt A. B"},
+    {"a naval pilot in the new service",
+     {England,
+      19170901,
+      19180701,
+      {{19151201, Branch::Navy}},
+      every(5, 19170903, 6),
+      every(5, 19170903, 60)},
+     "19170901 Flight Sub-Lieutenant; 19180401 Lieutenant; 19180502 Captain; "
+     "19170924 mention; 19170924 dsc; ",
+     "",
+     ""},
+    {"the last day counts as the day after",
+     {Germany, 19170101, 19170105, {}, {19170105}, {19170105}},
+     "19170101 Leutnant; ",
+     "Leutnant A. B",
+     "Lt A. B"},
+    {"from the ranks",
+     {France, 19170301, 19171230, {}, every(6, 19170303, 8), every(6, 19170303, 50)},
+     "19170301 Caporal; 19170402 Sergent; 19170602 Adjudant; 19171202 Sous-lieutenant; "
+     "19170304 croix; 19170328 communique; 19170328 medaille; 19171202 legion; ",
+     "Sous-lieutenant A. B",
+     "S-Lt A. B"},
+    {"of another kind of people, whose flights nobody knows",
+     {Germany, 19161001, 19170301, {}, every(4, 19161003, 22), {}, false},
+     "19161001 Leutnant; 19161004 cup; 19161004 iron2; 19161016 iron1; 19161113 house; "
+     "19161219 merite; ",
+     "Leutnant A. B",
+     "Lt A. B"},
+};
+
 TEST(HonoursTest, FollowFromTheDaysOfAService) {
-    const struct {
-        const char* what;
-        PilotService service;
-        const char *honours, *title, *shortTitle;
-    } cases[] = {
-        {"nothing yet",
-         {England, 19160901, 19160901, {}, {}, {}},
-         "19160901 Second Lieutenant; ",
-         "Second Lieutenant A. B",
-         "2nd Lt A. B"},
-        // Five flights are the least for a cross; with 12 victories ranks take half of the time.
-        {"a quick one",
-         {England, 19170409, 19170910, {}, every(7, 19170418, 12), every(4, 19170409, 40)},
-         "19170409 Second Lieutenant; 19170710 Lieutenant; 19170810 Captain; "
-         "19170426 mention; 19170517 mc; 19170614 mcbar; 19170705 dso; ",
-         "Captain A. B DSO MC",
-         "Capt A. B DSO MC"},
-        // Without victories: twice as long. Bread and butter: 20 flights.
-        {"a patient one",
-         {England, 19160101, 19170601, {}, {}, every(8, 19160101, 30)},
-         "19160101 Second Lieutenant; 19170102 Lieutenant; 19170502 Captain; 19160602 mention; ",
-         "Captain A. B",
-         "Capt A. B"},
-        {"a naval pilot in the new service",
-         {England,
-          19170901,
-          19180701,
-          {{19151201, Branch::Navy}},
-          every(5, 19170903, 6),
-          every(5, 19170903, 60)},
-         "19170901 Flight Sub-Lieutenant; 19180401 Lieutenant; 19180502 Captain; "
-         "19170924 mention; 19170924 dsc; ",
-         "",
-         ""},
-        {"the last day counts as the day after",
-         {Germany, 19170101, 19170105, {}, {19170105}, {19170105}},
-         "19170101 Leutnant; ",
-         "Leutnant A. B",
-         "Lt A. B"},
-        {"from the ranks",
-         {France, 19170301, 19171230, {}, every(6, 19170303, 8), every(6, 19170303, 50)},
-         "19170301 Caporal; 19170402 Sergent; 19170602 Adjudant; 19171202 Sous-lieutenant; "
-         "19170304 croix; 19170328 communique; 19170328 medaille; 19171202 legion; ",
-         "Sous-lieutenant A. B",
-         "S-Lt A. B"},
-        {"of another kind of people, whose flights nobody knows",
-         {Germany, 19161001, 19170301, {}, every(4, 19161003, 22), {}, false},
-         "19161001 Leutnant; 19161004 cup; 19161004 iron2; 19161016 iron1; 19161113 house; "
-         "19161219 merite; ",
-         "Leutnant A. B",
-         "Lt A. B"},
-    };
-    for (const auto& [what, service, honours, title, shortTitle] : cases) {
+    for (const auto& [what, service, honours, title, shortTitle] : Cases) {
         const Honours given = honoursOf(service);
         EXPECT_EQ(shown(given), honours) << what;
         if (*title != '\0') {

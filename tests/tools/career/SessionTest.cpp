@@ -8,6 +8,7 @@
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/PinnedRun.h"
 #include "tests/support/Printers.h"
+#include "tools/career/BookCommands.h"
 
 namespace {
 
@@ -64,7 +65,9 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
                 session.report())
         << session.problem().c_str();
     EXPECT_TRUE(session.flights() && session.victories("") && session.victories("von") &&
-                session.postings() && session.logbook() && session.why(0) && session.why(2))
+                session.postings() && session.showBook(logBookPage) &&
+                session.showBook(diaryPage) && session.showBook(serviceRecord) && session.why(0) &&
+                session.why(2))
         << session.problem().c_str();
     ASSERT_TRUE(session.exportRecord(file)) << session.problem().c_str();
     const std::string json = run.folder.read("record.json");

@@ -1,0 +1,306 @@
+#include "app/book/PilotRecord.h"
+
+#include <algorithm>
+#include <string>
+
+#include "app/book/LogBook.h"
+#include "app/book/RowSearch.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/career/UnitNames.h"
+#include "app/record/Sqlite.h"
+
+namespace {
+
+/// Reads one pilot. Rows of a pilot of the player's are found by his flights, since the record
+/// indexes those.
+class PilotReader {
+public:
+    PilotReader(SqliteFile& record, const Database& career, PilotRecord& pilot)
+        : record(record), career(career), pilot(pilot) {}
+
+    void read() {
+        readFlights();
+        readMoves();
+        if (isPlayers())
+            readOwn();
+        else
+            readOthers();
+        if (pilot.since == 0)
+            pilot.since = pilot.until;
+        pilot.honours = honoursOf(service());
+    }
+
+private:
+    bool isPlayers() const { return !pilot.flights.empty() || pilot.pilot == career.playerPilot; }
+
+    void readFlights() {
+        SqliteStatement row(record, "SELECT date, squadron, dead, number FROM flight"
+                                    " WHERE pilot = ? ORDER BY number");
+        row.with(pilot.pilot);
+        while (row.next()) {
+            const int32_t date = row.integer(0);
+            pilot.flights.push_back(date);
+            serve(date, row.integer(1));
+            if (row.number(2) != 0)
+                pilot.postings.push_back(
+                    {PilotPosting::Died, date, row.integer(1), -1, victorIn(row.integer(3))});
+        }
+    }
+
+    /// Who brought him down in that flight; empty for nobody.
+    zel::String victorIn(int32_t flight) {
+        SqliteStatement row(record, "SELECT other.name, other.pilot FROM flight_report AS own"
+                                    " JOIN flight_report AS other ON other.flight = own.flight"
+                                    " AND other.place = own.shot_down_by"
+                                    " WHERE own.flight = ? AND own.pilot = ?");
+        row.with(flight, pilot.pilot);
+        if (!row.next())
+            return {};
+        if (career.isPilot(row.index(1)))
+            return zel::arrayText(career.pilot(row.index(1)).name);
+        return row.text(0);
+    }
+
+    void serve(int32_t date, int32_t squadron) {
+        const int32_t unit = unitNumber(career, career.squadron(squadron).squadronFile);
+        const Branch branch = branchOfUnit(unit);
+        if (branches.empty() || branches.back().branch != branch)
+            branches.push_back({date, branch});
+    }
+
+    /// Transfers and successions.
+    void readMoves() {
+        SqliteStatement row(record,
+                            "SELECT date, kind, squadron, from_squadron, other_name FROM posting"
+                            " WHERE pilot = ? AND kind IN ('transferred', 'succeeded')"
+                            " ORDER BY id");
+        row.with(pilot.pilot);
+        while (row.next()) {
+            const bool isMove = row.text(1) == "transferred";
+            pilot.postings.push_back({isMove ? PilotPosting::Moved : PilotPosting::Succeeded,
+                                      row.integer(0), row.integer(2), row.index(3),
+                                      isMove ? zel::String() : row.text(4)});
+            if (!isMove)
+                pilot.since = row.integer(0);
+        }
+    }
+
+    /// The player was in his squadron from the first day of the war, and flies from the day on
+    /// which the player took him up.
+    void readOwn() {
+        if (pilot.since == 0)
+            pilot.since = firstDayOfPlay();
+        if (!pilot.flights.empty() && !pilot.isAlive)
+            pilot.until = pilot.flights.back();
+        SqliteStatement row(record, "SELECT victory.date, victim_name, victim_aircraft, died"
+                                    " FROM flight JOIN victory ON victory.flight = flight.number"
+                                    " WHERE flight.pilot = ?1 AND victor = ?1 ORDER BY id");
+        row.with(pilot.pilot);
+        takeVictories(row);
+        const bool hasCome =
+            std::any_of(pilot.postings.begin(), pilot.postings.end(), [](const PilotPosting& one) {
+                return one.kind == PilotPosting::Succeeded;
+            });
+        if (!hasCome)
+            addArrival();
+        sortPostings();
+    }
+
+    int32_t firstDayOfPlay() const {
+        int32_t day = career.calendar().dateNumber();
+        if (const auto page = int32_t(record.number("SELECT date FROM page ORDER BY id LIMIT 1"));
+            page != 0)
+            day = std::min(day, page);
+        if (!pilot.flights.empty())
+            day = std::min(day, pilot.flights.front());
+        return day;
+    }
+
+    /// He came to the squadron that he left first, or is in still. What moved him before that
+    /// isn't his story.
+    void addArrival() {
+        auto& postings = pilot.postings;
+        postings.erase(
+            std::remove_if(postings.begin(), postings.end(),
+                           [&](const PilotPosting& one) { return one.date < pilot.since; }),
+            postings.end());
+        const auto left =
+            std::find_if(postings.begin(), postings.end(),
+                         [](const PilotPosting& one) { return one.kind == PilotPosting::Moved; });
+        const int32_t squadron = left == postings.end() ? pilot.squadron : left->from;
+        postings.insert(postings.begin(), {PilotPosting::Came, pilot.since, squadron, -1, {}});
+    }
+
+    /// New pilots get the next indices, so the days of their arrival can be searched.
+    void readOthers() {
+        const int64_t joined = firstArrivalFrom(record, pilot.pilot);
+        if (joined == 0)
+            return;
+        SqliteStatement row(record, "SELECT date, kind, squadron, other_name FROM posting"
+                                    " WHERE id >= ?1 AND pilot = ?2 AND kind IN ('joined', 'died')"
+                                    " ORDER BY id LIMIT ?3");
+        row.with(joined, pilot.pilot, pilot.isAlive ? 1 : 2);
+        int32_t last = career.calendar().dateNumber();
+        while (row.next()) {
+            const bool hasDied = row.text(1) == "died";
+            pilot.postings.push_back({hasDied ? PilotPosting::Died : PilotPosting::Came,
+                                      row.integer(0), row.integer(2), -1, row.text(3)});
+            if (!hasDied)
+                pilot.postings.back().other = {};
+            (hasDied ? last : pilot.since) = row.integer(0);
+        }
+        sortPostings();
+        pilot.until = last;
+        for (const PilotPosting& one : pilot.postings)
+            serve(one.date, one.squadron);
+        SqliteStatement won(record, "SELECT date, victim_name, victim_aircraft, died FROM victory"
+                                    " WHERE id >= ? AND id < ? AND victor = ? ORDER BY id");
+        won.with(firstRowFrom(record, DatedTable::Victory, pilot.since),
+                 firstRowFrom(record, DatedTable::Victory, last + 1), pilot.pilot);
+        takeVictories(won);
+    }
+
+    /// On one day he comes, moves and dies in that order.
+    void sortPostings() {
+        const auto order = [](const PilotPosting& one) {
+            return one.kind == PilotPosting::Died ? 2 : one.kind == PilotPosting::Moved ? 1 : 0;
+        };
+        std::stable_sort(pilot.postings.begin(), pilot.postings.end(),
+                         [&](const PilotPosting& a, const PilotPosting& b) {
+                             return a.date != b.date ? a.date < b.date : order(a) < order(b);
+                         });
+    }
+
+    void takeVictories(SqliteStatement& row) {
+        while (row.next())
+            pilot.victories.push_back(
+                {row.integer(0), row.text(1), row.text(2), row.number(3) != 0});
+    }
+
+    /// What the save has and the record doesn't was done by the end of the last gap.
+    int32_t endOfGap() const {
+        const auto end = int32_t(record.number("SELECT until FROM gap ORDER BY id DESC LIMIT 1"));
+        return std::max(end, pilot.since);
+    }
+
+    PilotService service() {
+        PilotService served;
+        served.nation = pilot.nation;
+        served.since = pilot.since;
+        served.until = pilot.until;
+        served.branches = branches;
+        served.hasFlights = isPlayers();
+        for (const PilotVictory& victory : pilot.victories)
+            served.victories.push_back(victory.date);
+        served.flights = pilot.flights;
+        const int32_t gap = endOfGap();
+        const auto fill = [&](std::vector<int32_t>& days, int32_t count) {
+            for (auto i = int32_t(days.size()); i < count; ++i)
+                days.push_back(gap);
+            std::sort(days.begin(), days.end());
+        };
+        fill(served.victories, pilot.victoryCount);
+        if (served.hasFlights)
+            fill(served.flights, pilot.missions);
+        return served;
+    }
+
+    SqliteFile& record;
+    const Database& career;
+    PilotRecord& pilot;
+    std::vector<PilotService::Change> branches;
+};
+
+} // namespace
+
+PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index) {
+    PilotRecord pilot;
+    if (!career.isPilot(index))
+        return pilot;
+    const Pilot& saved = career.pilot(index);
+    pilot.pilot = index;
+    pilot.name = zel::arrayText(saved.name);
+    pilot.squadron = saved.squadron;
+    pilot.nation = career.squadron(saved.squadron).nation;
+    pilot.isAlive = saved.alive != 0;
+    pilot.until = career.calendar().dateNumber();
+    pilot.missions = saved.missions;
+    pilot.victoryCount = saved.shotdowns;
+    if (saved.historic != 0)
+        pilot.real = BookTables::instance().ace(pilot.name);
+    PilotReader(record, career, pilot).read();
+    return pilot;
+}
+
+std::vector<MachineCount> machinesOf(const PilotRecord& pilot) {
+    std::vector<MachineCount> machines;
+    for (const PilotVictory& victory : pilot.victories) {
+        const auto known =
+            std::find_if(machines.begin(), machines.end(),
+                         [&](const MachineCount& m) { return m.aircraft == victory.machine; });
+        if (known == machines.end())
+            machines.push_back({victory.machine, 1});
+        else
+            ++known->count;
+    }
+    std::stable_sort(
+        machines.begin(), machines.end(),
+        [](const MachineCount& a, const MachineCount& b) { return a.count > b.count; });
+    return machines;
+}
+
+Shape shapeOf(const zel::String& machine) {
+    // By the beginning of an identifier or of the log's type; all other machines are scouts.
+    struct Known {
+        std::string_view start;
+        Shape shape;
+    };
+    constexpr Known Shapes[] = {
+        {"fokkerdr", Shape::Triplane},
+        {"soptriplane", Shape::Triplane},
+        {"sopwith triplane", Shape::Triplane},
+        {"fokker dr", Shape::Triplane},
+        {"fokkere", Shape::Monoplane},
+        {"fokkerd8", Shape::Monoplane},
+        {"fokker e", Shape::Monoplane},
+        {"fokker d.viii", Shape::Monoplane},
+        {"balloon", Shape::Balloon},
+        {"drachen", Shape::Balloon},
+        {"caquot", Shape::Balloon},
+        {"bristol", Shape::TwoSeater},
+        {"dfw", Shape::TwoSeater},
+        {"breguet", Shape::TwoSeater},
+        {"r.e.8", Shape::TwoSeater},
+        {"re8", Shape::TwoSeater},
+        {"roland c", Shape::TwoSeater},
+        {"halberstadt cl", Shape::TwoSeater},
+        {"f.e.2", Shape::TwoSeater},
+        {"felixf2a", Shape::TwoSeater},
+        {"brandenburg", Shape::TwoSeater},
+        {"gotha", Shape::TwoSeater},
+        {"handley", Shape::TwoSeater},
+        {"dh4", Shape::TwoSeater},
+    };
+    const zel::String lowered = machine.toLower();
+    for (const Known& known : Shapes)
+        if (lowered.view().substr(0, known.start.size()) == known.start)
+            return known.shape;
+    return Shape::Scout;
+}
+
+std::vector<int32_t> pilotsNamed(const Database& career, std::string_view text) {
+    std::vector<int32_t> found;
+    const std::string wanted = lowered(text);
+    for (int32_t i = 0; i < career.pilotCount(); ++i) {
+        const std::string name = lowered(zel::arrayText(career.pilots[i].name));
+        if (name == wanted)
+            return {i};
+        if (name.find(wanted) != std::string::npos)
+            found.push_back(i);
+    }
+    std::stable_sort(found.begin(), found.end(), [&](int32_t a, int32_t b) {
+        return career.pilots[a].shotdowns > career.pilots[b].shotdowns;
+    });
+    return found;
+}

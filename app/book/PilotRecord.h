@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/book/Honours.h"
+#include "engine/core/String.h"
+
+class Database;
+class SqliteFile;
+
+struct PilotVictory {
+    int32_t date = 0; // yyyymmdd
+    zel::String victim;
+    zel::String machine; // identifier, or the type in the log of one that isn't in the plan
+    bool hasDied = false;
+};
+
+/// A pilot comes to a squadron, or his service ends.
+struct PilotPosting {
+    enum Kind : uint8_t { Came, Moved, Succeeded, Died };
+
+    Kind kind = Came;
+    int32_t date = 0;
+    int32_t squadron = -1; // from then on; indices of the career
+    int32_t from = -1;     // Moved
+    zel::String other;     // Succeeded: the predecessor; Died: who killed him, empty if nobody did
+};
+
+/// Kinds of machines that are told apart by their shape.
+enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon };
+
+/// The service of one pilot of the career: the player's record of service, or anybody's page.
+struct PilotRecord {
+    int32_t pilot = -1; // index of the career
+    zel::String name;
+    int32_t nation = 0;
+    bool isAlive = false;
+    int32_t squadron = -1; // the present or the last one
+    int32_t since = 0;     // yyyymmdd; the first day of his service, 0 if unknown
+    int32_t until = 0;     // to-day, or the day of his death
+    int32_t missions = 0;  // by the save; so the next one
+    int32_t victoryCount = 0;
+    std::vector<PilotVictory> victories; // those in the record, which may be fewer
+    std::vector<PilotPosting> postings;
+    std::vector<int32_t> flights; // days of the player's flights; of others none are known
+    Honours honours;
+    const RealAce* real = nullptr; // who he was, if he is a pilot of history
+
+    int32_t unrecorded() const { return victoryCount - int32_t(victories.size()); }
+};
+
+/// Reads what the record has of a pilot. The player's and his predecessors' by their flights; for
+/// others their time is searched. On error: what the save has of him, and the file has failed.
+PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t pilot);
+
+/// How often each machine is among the victories, the most frequent first.
+struct MachineCount;
+std::vector<MachineCount> machinesOf(const PilotRecord& pilot);
+/// The shape of a machine, by its identifier or the type in the log.
+Shape shapeOf(const zel::String& machine);
+/// The pilots whose names contain the text, without regard to case, the best first. One who has
+/// exactly that name comes alone.
+std::vector<int32_t> pilotsNamed(const Database& career, std::string_view text);

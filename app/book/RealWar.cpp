@@ -1,0 +1,150 @@
+#include "app/book/RealWar.h"
+
+#include <algorithm>
+#include <map>
+
+#include "app/book/DiaryWording.h"
+#include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Wording.h"
+#include "engine/core/Language.h"
+
+namespace {
+
+constexpr size_t MostLines = 5;
+constexpr int32_t DaysBefore = 30; // that are searched if nothing happened
+
+// Weights. An event of 5 is above all but the ends of the greatest aces.
+constexpr int32_t EventWeight = 10; // for each step of its own
+constexpr int32_t EndWeight = 12;   // and half of his victories
+constexpr int32_t DayWeight = 6;    // for each victory of a day, and a fifth of all he has by then
+constexpr int32_t LeastOfDay = 2;   // victories that make a great day, unless it makes a round sum
+constexpr int32_t RoundSum = 10;
+
+struct DatedLine {
+    int32_t date;
+    DiaryLine line;
+};
+
+size_t languageOfTexts() {
+    const zel::String& code = zel::Language::getCode();
+    return code == "de" ? 1 : code == "fr" ? 2 : 0;
+}
+
+/// Gathers what happened from one day to another.
+class Days {
+public:
+    Days(const BookTables& tables, int32_t from, int32_t until)
+        : tables(tables), from(from), until(until) {}
+
+    std::vector<DatedLine> gather() {
+        addEvents();
+        addEnds();
+        addVictories();
+        return std::move(lines);
+    }
+
+private:
+    void add(int32_t date, int32_t weight, const zel::String& text) {
+        lines.push_back({date, {DiarySign::None, weight, -1, text}});
+    }
+
+    template <typename Row> auto firstOf(const std::vector<Row>& rows) const {
+        return std::lower_bound(rows.begin(), rows.end(), from,
+                                [](const Row& row, int32_t date) { return row.date < date; });
+    }
+
+    void addEvents() {
+        const size_t language = languageOfTexts();
+        for (auto event = firstOf(tables.events);
+             event != tables.events.end() && event->date <= until; ++event) {
+            const zel::String& own = event->texts[language];
+            add(event->date, event->weight * EventWeight,
+                textOf(wording::RealEvent,
+                       {dayText(event->date), own.empty() ? event->texts[0] : own}));
+        }
+    }
+
+    void addEnds() {
+        for (const RealAce& ace : tables.aces) {
+            if (ace.fateDate < from || ace.fateDate > until || ace.fate == Fate::Survived)
+                continue;
+            const size_t form = size_t(ace.fate) - size_t(Fate::Killed);
+            add(ace.fateDate, EndWeight + ace.victories / 2,
+                textOf(wording::RealEnds[form], {dayText(ace.fateDate), ace.name,
+                                                 countText(wording::Victories, ace.victories)}));
+        }
+    }
+
+    void addVictories() {
+        std::map<std::pair<int32_t, int32_t>, int32_t> days; // by date and ace
+        for (auto won = firstOf(tables.victories);
+             won != tables.victories.end() && won->date <= until; ++won)
+            ++days[{won->date, won->ace}];
+        for (const auto& [day, count] : days) {
+            const RealAce& ace = tables.aces[day.second];
+            const int32_t all = BookTables::realScore(ace, day.first);
+            const bool isRound = all / RoundSum > (all - count) / RoundSum;
+            if (count < LeastOfDay && !isRound)
+                continue;
+            add(day.first, DayWeight * count + all / 5,
+                textOf(wording::RealVictories,
+                       {dayText(day.first), ace.name, countText(wording::Victories, count), all}));
+        }
+    }
+
+    const BookTables& tables;
+    int32_t from;
+    int32_t until;
+    std::vector<DatedLine> lines;
+};
+
+/// The most important of them, by date.
+std::vector<DiaryLine> best(std::vector<DatedLine> lines, size_t most) {
+    std::stable_sort(lines.begin(), lines.end(), [](const DatedLine& a, const DatedLine& b) {
+        return a.line.weight > b.line.weight;
+    });
+    lines.resize(std::min(lines.size(), most));
+    std::stable_sort(lines.begin(), lines.end(),
+                     [](const DatedLine& a, const DatedLine& b) { return a.date < b.date; });
+    std::vector<DiaryLine> chosen;
+    for (const DatedLine& dated : lines)
+        chosen.push_back(dated.line);
+    return chosen;
+}
+
+zel::String dayOf(int32_t date, const zel::String& month) {
+    return date % 100 == 1 ? textOf(wording::FirstDay, {month})
+                           : textOf(wording::DayOfMonth, {date % 100, month});
+}
+
+} // namespace
+
+zel::String dayText(int32_t date) {
+    const int32_t month = date / 100 % 100;
+    return dayOf(date,
+                 month >= 1 && month <= 12 ? textOf(wording::Months[month - 1]) : zel::String());
+}
+
+zel::String shortDayText(int32_t date) { return dayOf(date, shortMonth(date / 100 % 100)); }
+
+std::vector<DiaryLine> realWar(const BookTables& tables, int32_t from, int32_t until) {
+    std::vector<DatedLine> lines = Days(tables, from, until).gather();
+    if (!lines.empty())
+        return best(std::move(lines), MostLines);
+    Calendar before = Calendar::ofNumber(from);
+    before.subtractDays(DaysBefore);
+    lines = Days(tables, before.dateNumber(), from).gather();
+    if (!lines.empty()) {
+        // The day that is nearest.
+        const int32_t last =
+            std::max_element(lines.begin(), lines.end(),
+                             [](const DatedLine& a, const DatedLine& b) { return a.date < b.date; })
+                ->date;
+        lines.erase(std::remove_if(lines.begin(), lines.end(),
+                                   [&](const DatedLine& one) { return one.date < last; }),
+                    lines.end());
+        return best(std::move(lines), 1);
+    }
+    return {{DiarySign::None, 0, -1, textOf(wording::NothingKnown)}};
+}

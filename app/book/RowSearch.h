@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+class SqliteFile;
+
+// Rows of the record by binary search. A table grows day by day, so its keys are in the order of
+// the days.
+
+enum class DatedTable : uint8_t { Victory, Posting };
+
+/// The key of the first row of that day or a later one; one beyond the last key if there is none.
+int64_t firstRowFrom(SqliteFile& record, DatedTable table, int32_t date);
+/// The key of the posting by which the pilot joined the war: new pilots get the next indices. 0 if
+/// it isn't in the record.
+int64_t firstArrivalFrom(SqliteFile& record, int32_t pilot);
+
+/// Lowers letters with accents too, which neither SQLite nor zel::String does.
+std::string lowered(std::string_view text);

@@ -1,0 +1,180 @@
+#include "app/book/ServiceText.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "app/book/LogBook.h"
+#include "app/book/LogBookText.h"
+#include "app/book/LogBookWording.h"
+#include "app/book/ServiceWording.h"
+#include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/career/UnitNames.h"
+
+namespace {
+
+// The keys of awards.csv, in the order of their texts.
+constexpr std::string_view AwardKeys[] = {
+    "vc",     "dso",           "dsobar",   "mc",    "mcbar",      "dsc",
+    "dfc",    "dfcbar",        "dcm",      "mm",    "dfm",        "mention",
+    "legion", "legionofficer", "medaille", "croix", "communique", "merite",
+    "golden", "house",         "iron1",    "iron2", "cup",        "medalofhonor",
+};
+static_assert(std::size(AwardKeys) == std::size(wording::Awards));
+// American ones that are called as those of the Allies.
+constexpr std::pair<std::string_view, std::string_view> SameNames[] = {{"usdsc", "dsc"},
+                                                                       {"uscroix", "croix"}};
+
+zel::String dateText(int32_t date) { return bookDate(Calendar::ofNumber(date)); }
+
+zel::String datedLine(int32_t date, const zel::String& what) {
+    return textOf(wording::DatedHonour, {dateText(date), what});
+}
+
+zel::String postingText(const PilotPosting& posting, const Database& career) {
+    const zel::String date = dateText(posting.date);
+    const zel::String unit = unitText(career, posting.squadron);
+    switch (posting.kind) {
+    case PilotPosting::Came:
+        return textOf(wording::CameTo, {date, unit});
+    case PilotPosting::Moved:
+        return textOf(wording::WentTo, {date, unitText(career, posting.from), unit});
+    case PilotPosting::Succeeded:
+        return textOf(wording::TookPlace, {date, posting.other});
+    default:
+        return posting.other.empty() ? textOf(wording::HasDied, {date})
+                                     : textOf(wording::FellTo, {date, posting.other});
+    }
+}
+
+zel::String victoryText(const PilotVictory& victory) {
+    return textOf(victory.hasDied ? wording::WonAndKilled : wording::WonVictory,
+                  {dateText(victory.date), machineText(victory.machine), victory.victim});
+}
+
+zel::String fateText(const RealAce& ace) {
+    return textOf(wording::RealFates[size_t(ace.fate)],
+                  {ace.fateDate == 0 ? zel::String() : dateText(ace.fateDate)});
+}
+
+/// "16 Albatros D.III, 2 Pfalz D.IIIa".
+zel::String machinesText(const PilotRecord& pilot) {
+    zel::String list;
+    for (const MachineCount& machine : machinesOf(pilot)) {
+        const zel::String one =
+            textOf(wording::CountOfMachines, {machine.count, machineText(machine.aircraft)});
+        list = list.empty() ? one : textOf(wording::ListGoesOn, {list, one});
+    }
+    return list;
+}
+
+zel::String victoriesLine(const PilotRecord& pilot) {
+    if (pilot.unrecorded() > 0)
+        return textOf(wording::NotRecorded, {pilot.victoryCount, pilot.unrecorded()});
+    return textOf(wording::VictoriesHead, {pilot.victoryCount});
+}
+
+void addHonours(std::vector<zel::String>& lines, const PilotRecord& pilot) {
+    for (const RankGiven& one : pilot.honours.ranks)
+        lines.push_back(datedLine(one.date, one.rank->name));
+    for (const AwardGiven& one : pilot.honours.awards)
+        lines.push_back(datedLine(one.date, awardText(*one.award)));
+}
+
+} // namespace
+
+zel::String awardText(const AwardRow& award) {
+    std::string_view key = award.key;
+    for (const auto& [own, other] : SameNames)
+        if (own == key)
+            key = other;
+    const auto* const known = std::find(std::begin(AwardKeys), std::end(AwardKeys), key);
+    return known == std::end(AwardKeys) ? zel::String(award.key)
+                                        : textOf(wording::Awards[known - std::begin(AwardKeys)]);
+}
+
+zel::String awardText(const AwardRow& award, const Honours& honours) {
+    const zel::String name = awardText(award);
+    if (honours.hasBar(award))
+        return textOf(wording::AndBar, {name});
+    if (award.key != "croix" || honours.palms == 0)
+        return name;
+    return textOf(honours.palms == 1 ? wording::OnePalm : wording::Palms, {name, honours.palms});
+}
+
+zel::String unitText(const Database& career, int32_t squadron) {
+    const int32_t number = unitNumber(career, career.squadron(squadron).squadronFile);
+    return hasUnitName(number) ? unitName(number) : textOf(wording::UnnamedSquadron);
+}
+
+zel::String unitNearText(const Database& career) {
+    const zel::String base = nameInLanguage(zel::arrayText(career.playerSquadron().baseName));
+    return textOf(wording::UnitNear, {unitText(career, career.player().squadron), base});
+}
+
+zel::String flyingText(const PilotRecord& pilot) {
+    if (pilot.flights.empty() && pilot.missions > 0)
+        return textOf(wording::MissionsFlown, {pilot.missions});
+    return textOf(wording::FlyingSince,
+                  {dateText(pilot.since),
+                   countText(wording::FlightsFlown,
+                             std::max(pilot.missions, int32_t(pilot.flights.size())))});
+}
+
+int32_t victoriesOfLastMonth(const PilotRecord& pilot) {
+    Calendar before = Calendar::ofNumber(pilot.until);
+    before.subtractDays(Calendar::daysInMonth(before.getYear(), before.getMonth()));
+    return int32_t(std::count_if(
+        pilot.victories.begin(), pilot.victories.end(),
+        [&](const PilotVictory& victory) { return victory.date > before.dateNumber(); }));
+}
+
+zel::String realText(const PilotRecord& pilot, int32_t today) {
+    if (pilot.real == nullptr)
+        return {};
+    const zel::String all = countText(wording::Victories, pilot.real->victories);
+    const int32_t now = BookTables::realScore(*pilot.real, today);
+    if (now < 0 || now == pilot.real->victories)
+        return textOf(wording::RealScore, {all, fateText(*pilot.real)});
+    return textOf(wording::RealScoreToday, {all, now, fateText(*pilot.real)});
+}
+
+std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& career) {
+    std::vector<zel::String> lines = {titleOf(pilot.honours, pilot.name), unitNearText(career),
+                                      flyingText(pilot)};
+    addHonours(lines, pilot);
+    if (pilot.honours.ribbons().empty())
+        lines.push_back(textOf(wording::NoAward));
+    lines.push_back(victoriesLine(pilot));
+    if (!pilot.victories.empty())
+        lines.push_back(textOf(wording::ByMachine, {machinesText(pilot)}));
+    return lines;
+}
+
+std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& career) {
+    std::vector<zel::String> lines = {titleOf(pilot.honours, pilot.name),
+                                      unitText(career, pilot.squadron), flyingText(pilot)};
+    for (const PilotPosting& posting : pilot.postings)
+        lines.push_back(postingText(posting, career));
+    addHonours(lines, pilot);
+    lines.push_back(victoriesLine(pilot));
+    for (const PilotVictory& victory : pilot.victories)
+        lines.push_back(victoryText(victory));
+    if (const zel::String real = realText(pilot, career.calendar().dateNumber()); !real.empty())
+        lines.push_back(real);
+    return lines;
+}
+
+std::vector<zel::String> severalPilots(const Database& career, const std::vector<int32_t>& pilots) {
+    constexpr size_t MostNames = 12;
+    if (pilots.empty())
+        return {};
+    std::vector<zel::String> lines = {textOf(wording::SeveralPilots)};
+    for (size_t i = 0; i < std::min(pilots.size(), MostNames); ++i) {
+        const Pilot& pilot = career.pilot(pilots[i]);
+        lines.push_back(
+            textOf(wording::PilotFigures, {zel::arrayText(pilot.name), pilot.shotdowns}));
+    }
+    return lines;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "app/book/PilotRecord.h"
+
+// A record of service and the page of a pilot as text, in the language in use. The examples are the
+// English ones.
+
+/// "Distinguished Service Order"; its key for one that the language tables don't know.
+zel::String awardText(const AwardRow& award);
+/// The same with what he has of it: "Military Cross and bar", "Croix de guerre, 3 palms".
+zel::String awardText(const AwardRow& award, const Honours& honours);
+/// "No 56 Squadron RFC"; "another squadron" for one without a name.
+zel::String unitText(const Database& career, int32_t squadron);
+/// "No 56 Squadron RFC, near Arras", of the player's squadron.
+zel::String unitNearText(const Database& career);
+/// "Flying since 9 April 1917: 41 flights"; of others than the player's "Missions: 41".
+zel::String flyingText(const PilotRecord& pilot);
+/// How many victories were won in the month up to to-day.
+int32_t victoriesOfLastMonth(const PilotRecord& pilot);
+/// What the real war knows of him, up to that day of the career; empty for a pilot of no history.
+zel::String realText(const PilotRecord& pilot, int32_t today);
+
+/// The record of service as lines: title, unit, flights, ranks, decorations, victories by machine.
+std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& career);
+/// The page of a pilot as lines: title and victories, postings, victories with date and victim, and
+/// who he really was.
+std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& career);
+/// "Several pilots have such a name:" and the first dozen with their victories; no
+/// lines without any.
+std::vector<zel::String> severalPilots(const Database& career, const std::vector<int32_t>& pilots);

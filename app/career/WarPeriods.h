@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+/// The bounds of the two draws between which the days of a period of the war are drawn.
+struct PeriodBounds {
+    int32_t year;
+    int32_t upperFrom, upperTo;
+    int32_t lowerFrom, lowerTo;
+};
+
+/// Those of a year; null outside the years of the war.
+const PeriodBounds* periodBounds(int32_t year);
+/// How many periods are to come from that day (yyyymmdd) up to the end of the war, if each has the
+/// mean length of its year; 0 from the last day on.
+int32_t periodsToCome(int32_t date);

@@ -1,0 +1,127 @@
+#include "app/book/PilotRecord.h"
+
+#include <gtest/gtest.h>
+
+#include "app/book/LogBook.h"
+#include "app/book/RowSearch.h"
+#include "app/book/ServiceText.h"
+#include "tests/app/book/HandMadeRecord.h"
+#include "tests/app/record/RecordedProgram.h"
+
+namespace {
+
+// Of everybody: his page agrees with the save, wherever his rows are in the tables.
+TEST(PilotRecordTest, AgreesWithTheSave) {
+    const PinnedRun run(12);
+    RecordedProgram program;
+    program.begin();
+    program.goOn();
+    ASSERT_TRUE(program.save());
+    program.goOn();
+    const Database& career = program.career;
+    SqliteFile& tables = program.record.read(career);
+    int32_t dead = 0;
+    int32_t moved = 0;
+    for (int32_t i = 0; i < career.pilotCount(); i += 7) {
+        const Pilot& saved = career.pilot(i);
+        const PilotRecord page = readPilot(tables, career, i);
+        ASSERT_FALSE(tables.failed()) << tables.problem().c_str();
+        ASSERT_EQ(page.unrecorded(), 0) << saved.name;
+        ASSERT_FALSE(page.postings.empty()) << saved.name;
+        const bool hasDied = page.postings.back().kind == PilotPosting::Died;
+        ASSERT_EQ(hasDied, saved.alive == 0) << saved.name;
+        EXPECT_EQ(page.postings.back().squadron, saved.squadron) << saved.name;
+        EXPECT_LE(page.since, page.until);
+        for (const PilotVictory& victory : page.victories)
+            EXPECT_TRUE(page.since <= victory.date && victory.date <= page.until) << saved.name;
+        dead += hasDied ? 1 : 0;
+        moved += page.postings.size() > 2 ? 1 : 0;
+    }
+    EXPECT_GT(dead, 10);
+    const PilotRecord player = readPilot(tables, career, career.playerPilot);
+    EXPECT_EQ(player.postings.front().kind, PilotPosting::Came);
+    EXPECT_GE(player.postings.size(), 3U) << "he moves at the end of each period";
+    EXPECT_EQ(player.postings.back().squadron, career.player().squadron);
+    EXPECT_EQ(readPilot(tables, career, -1).pilot, -1);
+}
+
+TEST(RowSearchTest, FindsTheFirstRowOfADay) {
+    SqliteFile file;
+    ASSERT_TRUE(file.openInMemory());
+    file.run("CREATE TABLE victory(id INTEGER PRIMARY KEY, date INTEGER)");
+    EXPECT_EQ(firstRowFrom(file, DatedTable::Victory, 19160101), 1);
+    // Keys are missing where a record was cut.
+    file.run(
+        "INSERT INTO victory VALUES(2, 19160103), (3, 19160103), (9, 19160105), (10, 19160109)");
+    const std::pair<int32_t, int64_t> cases[] = {
+        {19160101, 2}, {19160103, 2}, {19160104, 9}, {19160106, 10}, {19160110, 11}};
+    for (const auto& [date, id] : cases) {
+        const int64_t found = firstRowFrom(file, DatedTable::Victory, date);
+        EXPECT_EQ(file.number(("SELECT coalesce((SELECT id FROM victory WHERE id >= " +
+                               std::to_string(found) + " ORDER BY id LIMIT 1), 11)")
+                                  .c_str()),
+                  id)
+            << date;
+    }
+}
+
+struct PlayersRecordTest : testing::Test {
+    PlayersRecordTest() {
+        for (int32_t day = 1; day <= 9; ++day) {
+            FlownMission& flight = record.addFlight(
+                19170900 + 3 * day, {{0, 0, "Erich Sommer", "albatrosd5", Germany, 1},
+                                     {-1, -1, "Henry Coe", "soptriplane", England, 2},
+                                     {-1, -1, "Alan Fry", "se5a", England, 2}});
+            HandMadeRecord::credit(flight, 0, 1);
+            if (day < 9)
+                continue;
+            HandMadeRecord::credit(flight, 2, 0);
+            flight.reports[0].dead = 1;
+        }
+        for (int32_t flight = 0; flight < 9; ++flight)
+            record.events.victories.push_back({19170900 + 3 * (flight + 1),
+                                               {0, -1, "Henry Coe", "albatrosd5",
+                                                flight < 6 ? "soptriplane" : "se5a", true, true},
+                                               0,
+                                               -1,
+                                               flight});
+        record.career.pilots[0].missions = 9;
+        record.career.pilots[0].shotdowns = 9;
+    }
+    HandMadeRecord record;
+};
+
+TEST_F(PlayersRecordTest, HoldsHisServiceUpToHisDeath) {
+    record.career.pilots[0].alive = 0;
+    const PilotRecord pilot = readPilot(record.tables(), record.career, 0);
+    EXPECT_EQ(pilot.since, 19170903);
+    EXPECT_EQ(pilot.until, 19170927);
+    ASSERT_EQ(pilot.postings.size(), 2U);
+    EXPECT_STREQ(pilot.postings[1].other.c_str(), "Alan Fry");
+    const std::vector<MachineCount> machines = machinesOf(pilot);
+    ASSERT_EQ(machines.size(), 2U);
+    EXPECT_STREQ(machines[0].aircraft.c_str(), "soptriplane");
+    EXPECT_EQ(machines[0].count, 6);
+    EXPECT_EQ(shapeOf(machines[0].aircraft), Shape::Triplane);
+    std::string awards;
+    for (const AwardGiven& one : pilot.honours.awards)
+        awards += std::to_string(one.date) + " " + one.award->key + ";";
+    // The tenth flight would have brought the first class.
+    EXPECT_EQ(awards, "19170904 cup;19170904 iron2;");
+}
+
+// What was won before the record began counts from its begin on.
+TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
+    record.career.pilots[0].missions = 30;
+    record.career.pilots[0].shotdowns = 21;
+    record.events.gaps.push_back({19151201, 19170903});
+    const PilotRecord pilot = readPilot(record.tables(), record.career, 0);
+    EXPECT_EQ(pilot.unrecorded(), 12);
+    EXPECT_TRUE(pilot.honours.has("merite"));
+    const std::vector<zel::String> lines = serviceLines(pilot, record.career);
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const zel::String& line) {
+        return line == "Victories: 21, 12 of them not in the record";
+    }));
+}
+
+} // namespace

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+class SqliteFile;
+
+// What the commands of the book of the war print, in the current language. A record that can't be
+// read leaves its file failed.
+
+std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career);
+std::vector<zel::String> diaryPage(SqliteFile& record, const Database& career);
+std::vector<zel::String> serviceRecord(SqliteFile& record, const Database& career);
+/// The page of the pilot whose name contains that text; of several the names.
+std::vector<zel::String> pilotPage(SqliteFile& record, const Database& career,
+                                   std::string_view name);
