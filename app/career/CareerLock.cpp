@@ -14,16 +14,25 @@ constexpr const char* LockName = "career.lock";
 
 } // namespace
 
+/// Its sessions share one. The process id wouldn't tell them apart from another program: two
+/// programs in containers, or on two machines, may have the same.
+std::shared_ptr<zel::LockFile> CareerLock::ofThisProcess() {
+    static std::weak_ptr<zel::LockFile> known;
+    std::shared_ptr<zel::LockFile> file = known.lock();
+    if (file == nullptr)
+        known = file = std::make_shared<zel::LockFile>();
+    return file;
+}
+
 bool CareerLock::take() {
     const zel::String folder = zel::getUserDirectory();
     zel::Directory::create(folder);
-    // Within one process another session may have it.
-    if (file.take(folder + LockName) || file.holder() == zel::system::processId())
+    if (file->take(folder + LockName))
         return true;
-    const bool isElsewhere = file.fault() == zel::FileFault::Held;
-    zel::log(isElsewhere
-                 ? "Nothing can be saved: " + holderText(*this)
-                 : "The careers can't be locked in " + folder + ": " + zel::faultText(file.fault()),
+    const bool isElsewhere = file->fault() == zel::FileFault::Held;
+    zel::log(isElsewhere ? "Nothing can be saved: " + holderText(*this)
+                         : "The careers can't be locked in " + folder + ": " +
+                               zel::faultText(file->fault()),
              "Database", zel::LogWarning);
     return !isElsewhere;
 }

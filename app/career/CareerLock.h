@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "engine/core/LockFile.h"
 #include "engine/core/String.h"
@@ -11,14 +12,16 @@
 /// Made by the application or the session that owns the career, as its Database::lock.
 class CareerLock {
 public:
-    /// Before careers are changed in any way. False if another program has the lock, which is
-    /// logged. A folder that can't be locked for another reason is nobody's.
+    /// Before careers are changed in any way, each time. False if another program has the lock,
+    /// which is logged. A folder that can't be locked for another reason is nobody's.
     bool take();
     /// That program's process id; 0 if it is unknown.
-    uint32_t holder() const { return file.holder(); }
+    uint32_t holder() const { return file->holder(); }
 
 private:
-    zel::LockFile file;
+    static std::shared_ptr<zel::LockFile> ofThisProcess();
+
+    std::shared_ptr<zel::LockFile> file = ofThisProcess();
 };
 
 /// What the office says then, in the language in use.

@@ -28,7 +28,8 @@ public:
     virtual void onCareerLoaded(const Database&, const zel::String& /*file*/) {}
     /// Whether those bytes are a save as it was written, if that is known. `careerNumber` is the
     /// one in them; if all but it is right, it is set to the right one.
-    virtual SaveMatch matchSave(std::string_view /*content*/, int32_t& /*careerNumber*/) {
+    virtual SaveMatch matchSave(const Database&, std::string_view /*content*/,
+                                int32_t& /*careerNumber*/) {
         return SaveMatch::Unknown;
     }
     /// The career is about to be written; `content` is the whole save file, which is on the disk

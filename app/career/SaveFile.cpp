@@ -51,7 +51,7 @@ SaveMatch match(const Database& career, std::string& content) {
         return SaveMatch::Unknown;
     int32_t number = 0;
     std::memcpy(&number, &content[CareerNumberOffset], sizeof number);
-    const SaveMatch result = career.observer->matchSave(content, number);
+    const SaveMatch result = career.observer->matchSave(career, content, number);
     if (result == SaveMatch::Changed &&
         isUnrecorded(zel::getUserDirectory() + SaveFileName, content))
         return SaveMatch::Whole;
@@ -231,6 +231,8 @@ bool writeSave(Database& career, const zel::String& name) {
         logSave("There is no career to store in " + path, zel::LogError);
         return false;
     }
+    if (career.lock != nullptr && !career.isReadOnly)
+        career.isReadOnly = !career.lock->take(); // its file may have been removed
     if (career.isReadOnly) {
         career.writeFault = zel::FileFault::Held;
         logSave("The career can't be written to " + path + ": " + holderText(*career.lock),
@@ -258,10 +260,14 @@ bool writeSave(Database& career, const zel::String& name) {
         if (career.observer != nullptr)
             career.observer->onSaved(career);
     }
-    if (!isWritten)
+    if (!isWritten) {
         logSave("The career can't be written to " + path + ": " + zel::faultText(file.fault()) +
                     "; the file before it is kept",
                 zel::LogError);
+        // Where only its folder could not be synced, it is there, and no other career is in its
+        // way.
+        career.isUnsaved = career.isUnsaved && !isSaved(career, name);
+    }
     return isWritten;
 }
 

@@ -23,13 +23,14 @@ enum class MissionFault {
     NothingPlanned,
     FileUnwritten,
     LogsUnlisted, // an earlier flight's log would count as this one's
+    CareerHeld,   // another program has the career, and perhaps a mission of its own is out
 };
 
 /// The mission of the day, as it was written and as the start screen shows it.
 struct DailyMission {
     zel::String file; // the mission file; with LogsUnlisted the folder of the logs
     MissionFault fault = MissionFault::None;
-    zel::FileFault reason = zel::FileFault::None; // of the last two faults
+    zel::FileFault reason = zel::FileFault::None; // of FileUnwritten and LogsUnlisted
     zel::String problem;                          // the fault for the log; empty if all went well
     std::vector<zel::String> roster; // a line for each plane of the player's nation, his first
     bool isFlyable = true;           // the player owns a type that he can fly

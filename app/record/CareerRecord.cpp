@@ -24,10 +24,11 @@ CareerRecord::~CareerRecord() { close(); }
 
 bool CareerRecord::close() {
     file.close();
-    const bool isClosed = place != Place::File || !hasCompanions(path);
+    const bool isFile = place == Place::File && !isCopy;
+    const bool isClosed = !isFile || !hasCompanions(path);
     if (!isClosed)
         logRecord("Another program has " + path + " open");
-    else if (place == Place::File)
+    else if (isFile)
         sealRecord(path);
     writer.reset();
     events = {};
@@ -76,9 +77,10 @@ void CareerRecord::onCareerLoaded(const Database& career, const zel::String& loa
 void CareerRecord::attach(const Database& career) {
     writer.reset();
     path = recordPath();
-    RecordState state = openRecord(file, path, career.careerNumber);
-    if (state == RecordState::Ready && career.isReadOnly) // the other program needs it
-        state = openRecordCopy(file, path, career.careerNumber);
+    isCopy = career.isReadOnly;
+    const RecordState state = isCopy && zel::system::fileStatus(path).exists
+                                  ? openRecordCopy(file, path, career.careerNumber)
+                                  : openRecord(file, path, career.careerNumber);
     if (state == RecordState::Unusable)
         return giveUp();
     if (state == RecordState::Ready)
@@ -178,10 +180,12 @@ void CareerRecord::dropFile() {
     place = Place::Memory;
 }
 
-SaveMatch CareerRecord::matchSave(std::string_view content, int32_t& careerNumber) {
+SaveMatch CareerRecord::matchSave(const Database& career, std::string_view content,
+                                  int32_t& careerNumber) {
     const bool isOpen = place == Place::File && !file.failed();
-    const SaveMatch found = isOpen ? matchPage(file, content, careerNumber)
-                                   : matchRecord(recordPath(), content, careerNumber);
+    const SaveMatch found =
+        isOpen ? matchPage(file, content, careerNumber)
+               : matchRecord(recordPath(), career.isReadOnly, content, careerNumber);
     const bool isWhole =
         found == SaveMatch::Whole || isKnownElsewhere(recordPath(), content, careerNumber);
     return isWhole ? SaveMatch::Whole : found;
@@ -255,14 +259,6 @@ void CareerRecord::writeEvents(const Database& career) {
     if (!file.isInTransaction())
         beginWriting(career);
     writer.write(file, career, events);
-}
-
-/// The rows go into the transaction that the save commits: then the player doesn't wait for them.
-/// Once orders have rolled them back they wait in memory, or many missions without a save would
-/// insert the same rows again and again.
-void CareerRecord::onWarAdvanced(const Database& career) {
-    if (place == Place::File && !rowsWait)
-        writeEvents(career);
 }
 
 bool CareerRecord::keep(const Database& career, MissionOrders kept) {

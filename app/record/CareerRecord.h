@@ -19,9 +19,9 @@ constexpr const char* RecordFileName = "Saves/record.db";
 /// save, in one transaction just before the save gets its name. Whatever happens to the record, the
 /// career goes on: an error is a log line, and the next save tries again.
 ///
-/// Loading a save changes nothing on the disk: what isn't in the save is cut from the record, and
-/// what has the record's name without being of use is moved out of the way, when the career is
-/// saved. A record that was moved away before is found again by its career and its pages.
+/// Loading a save removes nothing: what isn't in the save is cut from the record, and what has the
+/// record's name without being of use is moved out of the way, when the career is saved. A record
+/// that was moved away before is found again by its career and its pages.
 ///
 /// The orders of a mission are committed at once, if the career has a save. After a load the orders
 /// of the save's day are out.
@@ -38,10 +38,17 @@ public:
 
     void onCareerBegun(const Database& career) override;
     void onCareerLoaded(const Database& career, const zel::String& loaded) override;
-    SaveMatch matchSave(std::string_view content, int32_t& careerNumber) override;
+    SaveMatch matchSave(const Database& career, std::string_view content,
+                        int32_t& careerNumber) override;
     bool onSaving(const Database& career, std::string_view content) override;
     void onSaved(const Database& career) override;
-    void onWarAdvanced(const Database& career) override;
+    /// The rows go into the transaction that the save commits: then the player doesn't wait for
+    /// them. Once orders have rolled them back they wait in memory, or many missions without a save
+    /// would insert the same rows again and again.
+    void onWarAdvanced(const Database& career) override {
+        if (place == Place::File && !rowsWait)
+            writeEvents(career);
+    }
     void onVictory(const Database& career, const Victory& victory) override {
         events.add(career, victory);
     }
@@ -103,6 +110,7 @@ private:
     void giveUp();
 
     SqliteFile file;
+    bool isCopy = false;          // in memory, of a file that another program needs
     const char* folder = nullptr; // null for that of RecordFileName
     Place place = Place::None;
     zel::String path; // of the file; until a save it may have another name than the record's

@@ -68,11 +68,13 @@ SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerN
     return SaveMatch::Changed;
 }
 
-SaveMatch matchRecord(const zel::String& path, std::string_view content, int32_t& careerNumber) {
+SaveMatch matchRecord(const zel::String& path, bool isReadOnly, std::string_view content,
+                      int32_t& careerNumber) {
     SqliteFile file;
-    const bool isKnown = zel::system::fileStatus(path).exists &&
-                         file.open(path, SqliteFile::MustExist) &&
-                         file.number("PRAGMA user_version") <= RecordVersion;
+    const bool isKnown =
+        zel::system::fileStatus(path).exists &&
+        file.open(path, isReadOnly ? SqliteFile::ReadOnly : SqliteFile::MustExist) &&
+        file.number("PRAGMA user_version") <= RecordVersion;
     return isKnown ? matchPage(file, content, careerNumber) : SaveMatch::Unknown;
 }
 

@@ -40,7 +40,8 @@ struct PageMark {
 /// that isn't the record's.
 SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerNumber);
 /// The same from the record of that path; Unknown if it can't be read.
-SaveMatch matchRecord(const zel::String& path, std::string_view content, int32_t& careerNumber);
+SaveMatch matchRecord(const zel::String& path, bool isReadOnly, std::string_view content,
+                      int32_t& careerNumber);
 /// Adds the page of a save: everything in the tables belongs to it.
 PageMark addPage(SqliteFile& file, const SavedPage& save);
 /// Finds the page of that save. A save that the record doesn't know, as one that was damaged or

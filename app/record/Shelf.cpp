@@ -227,6 +227,7 @@ bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
 }
 
 bool Shelf::save() {
+    career.writeFault = zel::FileFault::None;
     const bool isAnother = career.isUnsaved && holdsCareer(currentFolder());
     if (!isAnother || career.isReadOnly)
         return write(CurrentFolder);

@@ -121,6 +121,13 @@ bool isCareerFile(std::string_view name) {
            zel::equalsNoCase(name, "number.txt") || zel::equalsNoCase(name, PagesFolder);
 }
 
+bool belongsToCareer(const zel::String& path) {
+    const zel::String file = zel::system::absolutePath(path);
+    const zel::String own = zel::system::absolutePath(zel::getUserDirectory());
+    return file.view().substr(0, own.view().size()) == own.view() &&
+           isCareerFile(nameOfFolder(file));
+}
+
 bool holdsCareer(const zel::String& folder) {
     std::vector<zel::system::DirectoryEntry> entries;
     zel::system::listDirectory(folder, entries);

@@ -41,6 +41,8 @@ zel::String recordIn(const zel::String& folder);
 /// Whether a file or folder of that name belongs to a career: a save, an earlier one, a record,
 /// pages.
 bool isCareerFile(std::string_view name);
+/// Whether it is one of these in the user's folder or below it. path: any.
+bool belongsToCareer(const zel::String& path);
 /// Whether the folder has any of them.
 bool holdsCareer(const zel::String& folder);
 /// Whether it has a save or an earlier one.

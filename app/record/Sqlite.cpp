@@ -26,7 +26,7 @@ std::string readOnlyUri(const zel::String& path) {
     const std::string plain = zel::system::pathInUtf8(path);
     const bool hasDrive = plain.empty() || plain[0] != '/';
     if (hasDrive)
-        uri += '/';
+        uri += plain.substr(0, 2) == "\\\\" ? "//" : "/"; // a server's name comes after four
     for (const char character : plain) {
         if (hasDrive && character == '\\')
             uri += '/';

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/career/Calendar.h"
+#include "app/career/CareerLock.h"
 #include "app/career/CareerObserver.h"
 #include "app/career/Checksum.h"
 #include "app/career/Database.h"
@@ -39,6 +40,15 @@ DailyMission withoutLogs(zel::FileFault reason) {
     return mission;
 }
 
+/// The other program would take the flight for one of its own mission.
+DailyMission withoutCareer(const CareerLock& lock) {
+    DailyMission mission;
+    mission.fault = MissionFault::CareerHeld;
+    mission.problem = "No mission is written: " + holderText(lock);
+    logLook(mission.problem, zel::LogError);
+    return mission;
+}
+
 /// What a report needs of the plan.
 void restorePlan(const MissionOrders& orders, MissionGenerator& generator) {
     generator.plan = orders.planes;
@@ -59,6 +69,8 @@ OrdersFile fileOf(const MissionOrders& orders) {
 }
 
 DailyMission Flight::begin(Database& career) {
+    if (career.isReadOnly)
+        return withoutCareer(*career.lock);
     const MissionOrders* before = orders(career);
     combatReport.clear();
     hasTextLog = true;

@@ -34,7 +34,7 @@ bool CareerScreen::save(zel::String& problem) {
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
     const zel::String reason = career->isReadOnly ? heldElsewhereText(*career->lock)
                                : career->writeFault == zel::FileFault::None
-                                   ? zel::String()
+                                   ? shelf->problem().text()
                                    : faultSentence(career->writeFault);
     problem = zel::system::shownText(file) + "\n" + reason;
     return false;

@@ -6,7 +6,7 @@ class CareerRecord;
 class Flight;
 
 /// The squadron office, to which a career returns between flights. Leaving it by its buttons saves
-/// the career; nothing else does. While orders are out, it leads to the page that waits for their
+/// the career. While orders are out, it leads to the page that waits for their
 /// report, and to new orders for the same day.
 class MenuGameMain : public CareerScreen {
 public:

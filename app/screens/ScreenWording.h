@@ -30,6 +30,7 @@ inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first 
     {2213, "No mission can be planned for to-day."},
     {2214, "This file could not be written: $1"},
     {2215, "The logs of the simulator can't be listed in this folder: $1"},
+    {2216, "Another program has this career open. Its mission stays in the simulator, and none is written here."},
 };
 inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault on; the two versions
     {2410, "There is no saved career."},

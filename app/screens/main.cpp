@@ -6,6 +6,7 @@
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Directory.h"
 #include "engine/core/Log.h"
+#include "engine/core/Printable.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
 #include "engine/core/UserDirectory.h"
@@ -36,10 +37,11 @@ void keepLog() {
 } // namespace
 
 int main(int /*argc*/, char** /*argv*/) {
+    zel::system::openStandardStreams();
     if (!zel::system::hasTerminals())
         keepLog();
     if (const zel::String problem = zel::system::applicationDataProblem(); !problem.empty()) {
-        std::fprintf(stderr, "wingtally: %s\n", problem.c_str());
+        std::fprintf(stderr, "wingtally: %s\n", zel::printable(problem).c_str());
         return 1;
     }
     zel::Platform::getInstance();

@@ -35,7 +35,7 @@ uint32_t waitForProcess(const String& path) {
 } // namespace
 
 bool LockFile::take(const String& path) {
-    if (isHeld() && lockedPath == path)
+    if (isHeld() && lockedPath == path && lock.isInPlace())
         return true;
     release();
     otherProcess = 0;

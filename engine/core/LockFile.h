@@ -12,8 +12,9 @@ namespace zel {
 /// ends with the process, so that what a dead process left is taken over.
 class LockFile {
 public:
-    /// Takes the lock, or does nothing if this object has it on that path already; any other that
-    /// it has is released. On error: false; holder() or fault() has the reason.
+    /// Takes the lock, or does nothing if this object has it on that path already and its file is
+    /// still there; any other that it has is released. On error: false; holder() or fault() has the
+    /// reason.
     [[nodiscard]] bool take(const String& path);
     /// Removes the file. Also at the end of the object.
     void release();

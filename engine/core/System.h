@@ -102,6 +102,9 @@ bool hasDisplay();
 Extent roomForWindow(Extent desktop);
 /// Whether a program with a window has a standard output that anyone can see.
 bool hasTerminals();
+/// Gives a program that was started without them standard streams that fail: or the next files that
+/// it opens would get their numbers, and what it prints. To be called first.
+void openStandardStreams();
 /// Opens a web address in the player's browser without waiting; false if that can't be started.
 /// REQUIRES: the address begins with "http://".
 bool openBrowser(const String& address);

@@ -197,8 +197,13 @@ bool FileLock::take(const String& path, std::string_view text) {
 void FileLock::release() {
     if (!isHeld())
         return;
-    unlink(name.c_str());
+    if (isInPlace())
+        unlink(name.c_str());
     close(static_cast<int>(std::exchange(handle, -1)));
+}
+
+bool FileLock::isInPlace() const {
+    return isHeld() && isNamed(static_cast<int>(handle), name.c_str());
 }
 
 } // namespace zel::system

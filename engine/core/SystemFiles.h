@@ -75,8 +75,10 @@ public:
     /// Makes or takes over the file and writes the text into it. False on error; lastFault() is
     /// Held if another process, or another FileLock of this one, has it. REQUIRES: not held.
     bool take(const String& path, std::string_view text);
-    /// Removes the file.
+    /// Removes the file, if it is still this one.
     void release();
+    /// Whether the file is there under its name: who removes it lets another program make its own.
+    bool isInPlace() const;
     bool isHeld() const { return handle != -1; }
 
 private:

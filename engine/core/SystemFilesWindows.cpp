@@ -342,4 +342,7 @@ void FileLock::release() {
     CloseHandle(handleOf(std::exchange(handle, -1)));
 }
 
+// Nobody can make another file of that name while this one is open.
+bool FileLock::isInPlace() const { return isHeld(); }
+
 } // namespace zel::system

@@ -2,6 +2,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
+#include <fcntl.h>
 #include <iconv.h>
 #include <random>
 #include <spawn.h>
@@ -70,10 +71,9 @@ String applicationDataDirectory() {
 }
 
 String applicationDataProblem() {
-    if (!environment("APPDATA").empty())
-        return {};
-    const bool hasData = !environment("XDG_DATA_HOME").empty();
-    const char* name = hasData ? "XDG_DATA_HOME" : "HOME";
+    const char* const name = !environment("APPDATA").empty()         ? "APPDATA"
+                             : !environment("XDG_DATA_HOME").empty() ? "XDG_DATA_HOME"
+                                                                     : "HOME";
     const String folder = environment(name);
     if (folder.empty())
         return "Neither XDG_DATA_HOME nor HOME is set";
@@ -149,6 +149,12 @@ uint32_t userLocale() {
 
 bool hasDisplay() { return !environment("DISPLAY").empty(); }
 bool hasTerminals() { return true; }
+
+void openStandardStreams() {
+    for (int file = 0; file <= STDERR_FILENO; ++file)
+        if (fcntl(file, F_GETFD) < 0) // the lowest number that is free is this one
+            static_cast<void>(open("/dev/null", file == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+}
 
 Extent roomForWindow(Extent desktop) {
     if (environment("XDG_CURRENT_DESKTOP").empty())

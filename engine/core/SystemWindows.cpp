@@ -138,7 +138,12 @@ String applicationDataDirectory() {
 }
 
 String applicationDataProblem() {
-    return environment("APPDATA").empty() ? "APPDATA is not set" : String();
+    const String folder = environment("APPDATA");
+    if (folder.empty())
+        return "APPDATA is not set";
+    const bool hasDrive = folder.length() > 2 && folder.view()[1] == ':';
+    const bool hasServer = folder.view().substr(0, 2) == "\\\\";
+    return hasDrive || hasServer ? String() : "APPDATA is no absolute path: " + folder;
 }
 
 String executableDirectory() {
@@ -209,6 +214,8 @@ uint32_t userLocale() {
 
 bool hasDisplay() { return true; }
 bool hasTerminals() { return false; }
+
+void openStandardStreams() {} // handles have no numbers here that others could get
 
 Extent roomForWindow(Extent desktop) {
     RECT clear; // of the bars

@@ -9,6 +9,7 @@
 #include "app/mission/SimulatorCheck.h"
 #include "app/record/RecordExport.h"
 #include "app/record/RecordText.h"
+#include "app/record/ShelfFolders.h"
 #include "app/war/WarAdvance.h"
 #include "engine/core/Language.h"
 #include "engine/core/Random.h"
@@ -329,6 +330,8 @@ bool Session::postings() {
 bool Session::exportRecord(const zel::String& file) {
     if (!needRecord())
         return false;
+    if (belongsToCareer(file))
+        return fail(file + " belongs to a career");
     SqliteFile& tables = record.read(career);
     const std::string text = recordAsJson(tables);
     if (text.empty())

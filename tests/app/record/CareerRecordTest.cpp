@@ -257,16 +257,37 @@ TEST_F(CareerRecordTest, MovesOnToLaterSchemas) {
     EXPECT_EQ(looked.number("SELECT count(*) FROM gap"), 1);
 }
 
-TEST_F(CareerRecordTest, BringsTheFirstSchemaForward) {
-    SqliteFile file;
-    ASSERT_TRUE(file.openInMemory() && migrateRecord(file, RecordSteps, 1) &&
-                file.run("INSERT INTO gap(since, until) VALUES(19160101, 19160201)"));
-    EXPECT_TRUE(migrateRecord(file)) << file.problem().c_str();
-    EXPECT_EQ(file.number("PRAGMA user_version"), RecordVersion);
-    EXPECT_EQ(file.number("SELECT count(*) FROM gap"), 1);
-    EXPECT_EQ(file.number("SELECT count(x) + count(log) FROM orders"), 0);
-    EXPECT_EQ(file.number("SELECT count(since) FROM orders_log"), 0);
-    EXPECT_FALSE(file.failed()) << file.problem().c_str();
+// A file of each version before keeps its rows, and becomes what a new file is.
+TEST_F(CareerRecordTest, BringsEarlierSchemasForward) {
+    const auto contents = [](SqliteFile& file) {
+        std::string text;
+        for (SqliteStatement row(file, "SELECT name, sql FROM sqlite_master ORDER BY name");
+             row.next();)
+            text += std::string(row.rawText(0)) + ": " + std::string(row.rawText(1)) + "\n";
+        return text;
+    };
+    SqliteFile fresh;
+    ASSERT_TRUE(fresh.openInMemory() && migrateRecord(fresh));
+    for (int32_t version = 1; version < RecordVersion; ++version) {
+        SqliteFile file;
+        ASSERT_TRUE(file.openInMemory() && migrateRecord(file, RecordSteps, version));
+        // Orders of the first version were never written.
+        const bool hasRows =
+            file.run("INSERT INTO gap(since, until) VALUES(19160101, 19160201);"
+                     "INSERT INTO victory(date, flight, victor, victor_name, victor_squadron,"
+                     " victor_aircraft, victim_name, victim_aircraft, died)"
+                     " VALUES(19160101, 1, 7, 'A', 2, 'dh2', 'B', 'fokkere3', 1);"
+                     "INSERT INTO posting(date, kind, cause, pilot, name, squadron)"
+                     " VALUES(19160101, 'transferred', 'invitation', 7, 'A', 3)") &&
+            (version < 2 || file.run("INSERT INTO orders_log VALUES('a log', 19160101)"));
+        ASSERT_TRUE(hasRows) << file.problem().c_str();
+        EXPECT_TRUE(migrateRecord(file)) << file.problem().c_str();
+        EXPECT_EQ(file.number("PRAGMA user_version"), RecordVersion);
+        EXPECT_EQ(contents(file), contents(fresh)) << version;
+        for (const char* table : {"gap", "victory WHERE flight = 1", "posting WHERE pilot = 7"})
+            EXPECT_EQ(file.number((std::string("SELECT count(*) FROM ") + table).c_str()), 1);
+        EXPECT_EQ(file.number("SELECT count(*) FROM orders_log"), version < 2 ? 0 : 1);
+    }
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/career/CareerLock.h"
+#include "engine/core/LockFile.h"
 #include "engine/core/Random.h"
 #include "tests/app/record/RecordedProgram.h"
 
@@ -16,6 +18,44 @@ namespace {
 
 using Program = RecordedProgram;
 using RecordAndSaveTest = RecordTest;
+
+TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
+    std::string figures;
+    {
+        Program first;
+        first.begin();
+        ASSERT_TRUE(first.save());
+        figures = first.figures();
+    }
+    const std::string record = run.folder.read(RecordFile);
+    const std::string save = run.save();
+    zel::LockFile other;
+    ASSERT_TRUE(other.take(run.folder.file("user/career.lock")));
+    {
+        CareerLock lock;
+        Program second;
+        second.career.lock = &lock;
+        ASSERT_TRUE(second.load());
+        EXPECT_TRUE(second.career.isReadOnly);
+        second.goOn();
+        EXPECT_NE(second.figures(), figures) << "its own war can be read";
+        EXPECT_FALSE(second.save());
+    }
+    EXPECT_TRUE(run.save() == save && run.folder.read(RecordFile) == record);
+    size_t files = 0;
+    for (const auto& entry : fs::directory_iterator(run.folder.file("user/Saves")))
+        files += entry.is_regular_file() ? 1 : 0;
+    EXPECT_EQ(files, 2u);
+    // Who removes the file of the first lets the second in, and the first saves no more.
+    other.release();
+    CareerLock lock;
+    Program first;
+    first.career.lock = &lock;
+    ASSERT_TRUE(first.load() && first.save());
+    fs::remove(run.folder.file("user/career.lock"));
+    ASSERT_TRUE(other.take(run.folder.file("user/career.lock")));
+    EXPECT_FALSE(first.save());
+}
 
 // Whoever only loads a save, whichever it is, finds the record as it was.
 TEST_F(RecordAndSaveTest, ALoadRemovesNothing) {

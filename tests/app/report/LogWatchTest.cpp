@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/career/CareerLock.h"
 #include "app/mission/Configuration.h"
 #include "app/report/Flight.h"
 #include "tests/app/report/FlightLog.h"
@@ -180,6 +181,17 @@ TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
     EXPECT_EQ(mission.reason, zel::FileFault::Missing);
     std::filesystem::rename(there + ".away", there);
     EXPECT_EQ(watch.poll(data), Names{}) << "an old report would be carried into the career again";
+}
+
+TEST_F(LogWatchTest, WritesNoMissionForACareerOfAnotherProgram) {
+    CareerLock lock;
+    career.lock = &lock;
+    career.isReadOnly = true;
+    EXPECT_EQ(flight.begin(career).fault, MissionFault::CareerHeld);
+    EXPECT_FALSE(
+        std::filesystem::exists(world.folder.file("data/Missions/WingtallyMission.Mission")));
+    career.isReadOnly = false;
+    career.lock = nullptr;
 }
 
 TEST_F(LogWatchTest, ReadsAPieceAgainThatSomebodyHeld) {

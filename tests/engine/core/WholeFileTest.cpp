@@ -150,6 +150,21 @@ TEST(LockFile, IsHeldByOneAlone) {
 }
 
 #ifndef _WIN32
+TEST(LockFile, IsLostWithItsFile) {
+    const TemporaryFolder folder;
+    const zel::String path(folder.file("lock"));
+    zel::LockFile first;
+    zel::LockFile second;
+    ASSERT_TRUE(first.take(path));
+    fs::remove(folder.file("lock"));
+    EXPECT_TRUE(first.take(path) && fs::exists(folder.file("lock"))) << "and taken again";
+    fs::remove(folder.file("lock"));
+    EXPECT_TRUE(second.take(path));
+    EXPECT_FALSE(first.take(path));
+    first.release();
+    EXPECT_TRUE(fs::exists(folder.file("lock"))) << "it is the other's";
+}
+
 TEST(LockFile, IsTakenOverFromADeadProcess) {
     const TemporaryFolder folder;
     const zel::String path(folder.file("lock"));

@@ -57,6 +57,17 @@ TEST_F(CareerProgram, DoesTheSameFromTheSameSeed) {
     }
 }
 
+#ifndef _WIN32
+TEST_F(CareerProgram, FailsWithoutStandardOutput) {
+    for (const char* closed : {">&-", "<&- >&- 2>&-", ">/dev/full"}) {
+        const std::string shell = std::string("sh -c '\"$0\" \"$@\" ") + closed + "' ";
+        const ProgramCall made(WINGTALLY_CAREER, folders() + "new german 1915 12 save status", ".",
+                               shell);
+        EXPECT_EQ(made.status, 1) << closed;
+    }
+}
+#endif
+
 TEST_F(CareerProgram, ReportsByItsStatusHowItWent) {
     EXPECT_EQ(call("--seed 1" + folders() + "--quiet new french 1915 12 save"), 0) << errors;
     EXPECT_EQ(out + errors, "") << "quiet says nothing";
