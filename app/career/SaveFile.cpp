@@ -44,29 +44,34 @@ zel::FileFault readWhole(const zel::String& path, std::string& content) {
     return file.fault();
 }
 
-/// What is known of a save from the record of the war, or else from the note beside it. Where only
-/// the career's number differs, the content gets back the right one.
-SaveMatch match(const Database& career, std::string& content) {
-    if (career.observer == nullptr || content.size() < CareerNumberOffset + sizeof(int32_t))
+/// What is known of a save from the record of the war, or else from its page or the note beside it.
+/// `number` is the career's; where it alone differs, it becomes the right one.
+SaveMatch match(const Database& career, std::string_view content, int32_t& number) {
+    if (career.observer == nullptr || content.size() < CareerNumberOffset + sizeof number)
         return SaveMatch::Unknown;
-    int32_t number = 0;
     std::memcpy(&number, &content[CareerNumberOffset], sizeof number);
-    const SaveMatch result = career.observer->matchSave(career, content, number);
-    if (result == SaveMatch::Changed &&
-        isUnrecorded(zel::getUserDirectory() + SaveFileName, content))
-        return SaveMatch::Whole;
-    std::memcpy(&content[CareerNumberOffset], &number, sizeof number);
-    return result;
+    const SaveMatch recorded = career.observer->matchSave(career, content, number);
+    const bool isKnown = recorded == SaveMatch::Changed &&
+                         isKnownWhole(zel::getUserDirectory() + SaveFileName, content);
+    return isKnown ? SaveMatch::Whole : recorded;
+}
+SaveMatch match(const Database& career, std::string_view content) {
+    int32_t number = 0;
+    return match(career, content, number);
 }
 
 /// Whether a file is a save to go back to: as it was saved or, where nobody knows that, with all
-/// its parts.
-bool isWholeSave(const Database& career, const zel::String& path) {
+/// its parts. `known` is what match() says.
+bool isWholeSave(const Database& career, const zel::String& path, SaveMatch& known) {
     std::string& content = roomToRead();
     if (readWhole(path, content) != zel::FileFault::None)
         return false;
-    const SaveMatch known = match(career, content);
+    known = match(career, content);
     return known == SaveMatch::Unknown ? saveFault(content).empty() : known == SaveMatch::Whole;
+}
+bool isWholeSave(const Database& career, const zel::String& path) {
+    SaveMatch known{};
+    return isWholeSave(career, path, known);
 }
 
 void clearRecords(Database& career) {
@@ -137,7 +142,10 @@ bool readFile(Database& career, const zel::String& name) {
     std::string& content = roomToRead();
     check.reason = readWhole(zel::getUserDirectory() + name, content);
     if (check.reason == zel::FileFault::None) {
-        check.match = match(career, content);
+        int32_t number = 0;
+        check.match = match(career, content, number);
+        if (check.match == SaveMatch::Changed)
+            std::memcpy(&content[CareerNumberOffset], &number, sizeof number);
         check.fault = takeContent(career, name, content);
     } else {
         readContent(career, {}); // leaves no date and no number of another career
@@ -187,7 +195,8 @@ zel::String earlierSave(const Database& career, const zel::String& name) {
     const zel::String folder = zel::getUserDirectory();
     if (isWholeSave(career, folder + name + BackupEnding))
         return name + BackupEnding;
-    for (const SavePage& page : savePages(folder + name))
+    const auto recorded = [&](std::string_view content) { return match(career, content); };
+    for (const SavePage& page : savePages(folder + name, recorded))
         if (page.kind == SavePage::Earlier && page.isWhole)
             return page.summary.file.view().substr(static_cast<size_t>(folder.length()));
     return {};
@@ -207,10 +216,20 @@ bool endReading(Database& career, const zel::String& name, bool isRead) {
     return isRead;
 }
 
-/// Whether the file that a save replaces must not become the one to go back to.
-bool replacesDamaged(const Database& career, const zel::String& path) {
+/// Whether the file that a save replaces must not become the one to go back to. `known` is what
+/// match() says of one that may.
+bool replacesDamaged(const Database& career, const zel::String& path, SaveMatch& known) {
     return (!career.damagedSave.empty() && career.damagedSave == path) ||
-           (zel::system::fileStatus(path).exists && !isWholeSave(career, path));
+           (zel::system::fileStatus(path).exists && !isWholeSave(career, path, known));
+}
+
+/// A save from before the record, which is about to become ".bak": the record that begins now will
+/// not have it, and would call it changed.
+void noteUnknown(const Database& career, const zel::String& path) {
+    std::string& content = roomToRead();
+    if (career.observer != nullptr && zel::system::fileStatus(path).exists &&
+        readWhole(path, content) == zel::FileFault::None && !isUnrecorded(path, content))
+        noteUnrecorded(path, content);
 }
 
 } // namespace
@@ -243,13 +262,17 @@ bool writeSave(Database& career, const zel::String& name) {
     logSave("storeFile" + path, zel::LogInfo);
     std::string& content = roomToWrite();
     writeContent(career, content);
-    const bool isDamaged = replacesDamaged(career, path);
+    SaveMatch replaced = SaveMatch::Unknown;
+    const bool isDamaged = replacesDamaged(career, path, replaced);
     zel::WholeFile file(path);
     bool isWritten = file.write(content);
-    if (isWritten && !isDamaged && !keepBackupAsPage(path)) {
+    const auto recorded = [&](std::string_view bytes) { return match(career, bytes); };
+    if (isWritten && !isDamaged && !keepBackupAsPage(path, recorded)) {
         career.writeFault = zel::system::lastFault();
         return false;
     }
+    if (isWritten && !isDamaged && replaced == SaveMatch::Unknown)
+        noteUnknown(career, path);
     if (isWritten && career.observer != nullptr && !career.observer->onSaving(career, content))
         noteUnrecorded(path, content);
     isWritten = isWritten && file.commit(path + (isDamaged ? DamagedEnding : BackupEnding));

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/career/Checksum.h"
+#include "app/career/UnrecordedSaves.h"
 #include "app/career/Wording.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
@@ -77,6 +78,15 @@ std::string contentOf(const zel::String& file) {
     return source.readWhole(content) && saveFault(content).empty() ? content : std::string();
 }
 
+/// The content of the present save or of the one before it; nothing if it isn't whole.
+std::string wholeContent(const zel::String& save, const zel::String& file,
+                         const RecordedMatch& recorded) {
+    std::string content = contentOf(file);
+    const bool isWhole = !content.empty() &&
+                         (recorded(content) != SaveMatch::Changed || isKnownWhole(save, content));
+    return isWhole ? content : std::string();
+}
+
 bool isWholePage(const zel::String& file, const PageFile& page) {
     const std::string content = page.wasWhole() ? contentOf(file) : std::string();
     return !content.empty() && checksumOf(content) == page.checksum;
@@ -94,9 +104,10 @@ void logFault(const zel::String& what) {
 }
 
 /// Gives an earlier save a name in Pages as well, or instead where the file system has no second
-/// names. A page of the same content is there already: then nothing is done. On error: false.
-bool keepAsPage(const zel::String& save, const zel::String& file, std::vector<PageFile>& pages) {
-    const std::string content = contentOf(file);
+/// names. `content` is the file's if it is whole, else nothing: then it is a damaged page. Where a
+/// page of the same content is there already, nothing is done. On error: false.
+bool keepAsPage(const zel::String& save, const zel::String& file, const std::string& content,
+                std::vector<PageFile>& pages) {
     PageFile page;
     page.date = content.empty() ? 0 : dateOf(content);
     page.checksum = content.empty() ? DamagedMark : std::string(checksumOf(content).view());
@@ -157,14 +168,23 @@ void namePages(std::vector<SavePage>& pages) {
 
 } // namespace
 
-std::vector<SavePage> savePages(const zel::String& save) {
+bool isKnownWhole(const zel::String& save, std::string_view content) {
+    const zel::String checksum = checksumOf(content);
+    const std::vector<PageFile> pages = listPages(save);
+    return std::any_of(pages.begin(), pages.end(),
+                       [&](const PageFile& page) { return page.checksum == checksum.view(); }) ||
+           isUnrecorded(save, content);
+}
+
+std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded) {
     std::vector<SavePage> pages;
     zel::String backupChecksum;
     if (zel::system::fileStatus(save).exists)
-        pages.push_back(pageOf(SavePage::Present, save, !contentOf(save).empty()));
+        pages.push_back(
+            pageOf(SavePage::Present, save, !wholeContent(save, save, recorded).empty()));
     const zel::String backup = save + BackupEnding;
     if (zel::system::fileStatus(backup).exists) {
-        const std::string content = contentOf(backup);
+        const std::string content = wholeContent(save, backup, recorded);
         backupChecksum = checksumOf(content);
         pages.push_back(pageOf(SavePage::Backup, backup, !content.empty()));
     }
@@ -177,9 +197,9 @@ std::vector<SavePage> savePages(const zel::String& save) {
     return pages;
 }
 
-zel::String newestWholePage(const zel::String& save) {
+zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded) {
     zel::String backup = save + BackupEnding;
-    if (!contentOf(backup).empty())
+    if (!wholeContent(save, backup, recorded).empty())
         return backup;
     for (const PageFile& page : listPages(save)) {
         zel::String file = pagesFolder(save) + page.name();
@@ -211,18 +231,19 @@ std::vector<zel::String> keptRecords(const zel::String& save) {
     return paths;
 }
 
-bool keepBackupAsPage(const zel::String& save) {
+bool keepBackupAsPage(const zel::String& save, const RecordedMatch& recorded) {
     const zel::String backup = save + BackupEnding;
     if (!zel::system::fileStatus(backup).exists)
         return true;
     std::vector<PageFile> pages = listPages(save);
-    if (!keepAsPage(save, backup, pages))
+    if (!keepAsPage(save, backup, wholeContent(save, backup, recorded), pages))
         return false;
     thinPages(save, pages);
     return true;
 }
 
-bool returnToPage(const zel::String& save, const SavePage& page, Problem& problem) {
+bool returnToPage(const zel::String& save, const SavePage& page, const RecordedMatch& recorded,
+                  Problem& problem) {
     const auto fail = [&](const Problem& why) {
         problem = why;
         return false;
@@ -231,15 +252,17 @@ bool returnToPage(const zel::String& save, const SavePage& page, Problem& proble
         return fail(Problem(wording::PresentPage));
     const zel::String backup = save + BackupEnding;
     zel::String source = page.summary.file;
-    const std::string content = contentOf(source);
+    const std::string content = wholeContent(save, source, recorded);
     if (content.empty() || !page.isWhole)
         return fail(Problem(wording::DamagedPageFile, {source}));
-    // A present save that is none any more must not become the one before.
-    const bool isDamaged = zel::system::fileStatus(save).exists && contentOf(save).empty();
+    // A present save that isn't whole must not become the one before.
+    const bool isDamaged =
+        zel::system::fileStatus(save).exists && wholeContent(save, save, recorded).empty();
     const bool losesBackup = !isDamaged || page.kind == SavePage::Backup;
     std::vector<PageFile> pages = listPages(save);
-    if ((isDamaged && !keepAsPage(save, save, pages)) ||
-        (losesBackup && zel::system::fileStatus(backup).exists && !keepAsPage(save, backup, pages)))
+    if ((isDamaged && !keepAsPage(save, save, {}, pages)) ||
+        (losesBackup && zel::system::fileStatus(backup).exists &&
+         !keepAsPage(save, backup, wholeContent(save, backup, recorded), pages)))
         return fail(Problem(wording::SavesNotKept, {}, zel::system::lastFault()));
     if (page.kind == SavePage::Backup) {
         const zel::String checksum = checksumOf(content);
@@ -247,6 +270,9 @@ bool returnToPage(const zel::String& save, const SavePage& page, Problem& proble
             if (checksum == zel::String(kept.checksum))
                 source = pagesFolder(save) + kept.name();
     }
+    // It loses its name, which alone may say that it is whole.
+    if (recorded(content) == SaveMatch::Changed && !isUnrecorded(save, content))
+        noteUnrecorded(save, content);
     const bool isReplaced = isDamaged ? zel::system::replaceFile(source, save)
                                       : zel::system::replaceFileKeeping(source, save, backup);
     if (!isReplaced || !zel::system::syncFolder(folderOf(save)) ||

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <string_view>
 #include <vector>
 
 #include "app/career/Problem.h"
+#include "app/career/SaveCheck.h"
 #include "app/career/SaveSummary.h"
 #include "engine/core/String.h"
 
@@ -11,8 +14,19 @@
 // name has the checksum of its content. Every step is a rename, so that a program that is killed at
 // any moment leaves each page whole and under one of its names. `save` is the path of a career's
 // save file, such as that of SaveFileName in the user's folder.
+//
+// The present save and the one before it have no checksum in their names: what is known of them is
+// in the record of the war. `recorded` asks that one.
 
 constexpr const char* PagesFolder = "Pages";
+
+/// Whether the record of a career knows a save of that content as it is. REQUIRES: it has a save's
+/// head.
+using RecordedMatch = std::function<SaveMatch(std::string_view content)>;
+
+/// Whether a save of that content is known outside of the record: it became a page while it was
+/// whole, or was noted (UnrecordedSaves.h).
+bool isKnownWhole(const zel::String& save, std::string_view content);
 
 /// One save of a career.
 struct SavePage {
@@ -30,16 +44,17 @@ struct SavePage {
 
 /// All pages of a career, newest first: the present save, the one before it, the others. Each file
 /// is read whole for its checksum. Damaged files are among them. Empty without a career.
-std::vector<SavePage> savePages(const zel::String& save);
+std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded);
 
 /// The path of the newest page that is whole, the present save left out; empty if there is none. It
 /// is what to offer when the present save can't be used.
-zel::String newestWholePage(const zel::String& save);
+zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded);
 
-/// Before a save replaces ".bak": gives that file a place in Pages, and removes the pages that are
-/// neither among the last ten nor the last of their month. Does nothing without a ".bak". On error:
-/// false, a log line at level 2, and all files are as they were; the save must not go on.
-[[nodiscard]] bool keepBackupAsPage(const zel::String& save);
+/// Before a save replaces ".bak": gives that file a place in Pages, as a damaged page if it isn't
+/// whole, and removes the pages that are neither among the last ten nor the last of their month.
+/// Does nothing without a ".bak". On error: false, a log line at level 2, and all files are as they
+/// were; the save must not go on.
+[[nodiscard]] bool keepBackupAsPage(const zel::String& save, const RecordedMatch& recorded);
 
 /// Where a copy of the career's record is kept with the page of that checksum. It is removed with
 /// the page.
@@ -49,7 +64,8 @@ zel::String keptRecordOf(const zel::String& save, const zel::String& checksum);
 std::vector<zel::String> keptRecords(const zel::String& save);
 
 /// Makes the page the present save. The present one becomes the one before it (".bak"), as if the
-/// page had been saved after it; one that isn't a save any more is kept as a damaged page. The file
-/// alone is replaced: the caller loads it, and the record is cut then. On error: false, with the
-/// reason in `problem`, and the present save stays.
-[[nodiscard]] bool returnToPage(const zel::String& save, const SavePage& page, Problem& problem);
+/// page had been saved after it; one that isn't whole is kept as a damaged page. The file alone is
+/// replaced: the caller loads it, and the record is cut then. On error: false, with the reason in
+/// `problem`, and the present save stays.
+[[nodiscard]] bool returnToPage(const zel::String& save, const SavePage& page,
+                                const RecordedMatch& recorded, Problem& problem);

@@ -183,12 +183,8 @@ void CareerRecord::dropFile() {
 SaveMatch CareerRecord::matchSave(const Database& career, std::string_view content,
                                   int32_t& careerNumber) {
     const bool isOpen = place == Place::File && !file.failed();
-    const SaveMatch found =
-        isOpen ? matchPage(file, content, careerNumber)
-               : matchRecord(recordPath(), career.isReadOnly, content, careerNumber);
-    const bool isWhole =
-        found == SaveMatch::Whole || isKnownElsewhere(recordPath(), content, careerNumber);
-    return isWhole ? SaveMatch::Whole : found;
+    return matchRecords(recordPath(), isOpen ? &file : nullptr, career.isReadOnly, content,
+                        careerNumber);
 }
 
 bool CareerRecord::onSaving(const Database& career, std::string_view content) {

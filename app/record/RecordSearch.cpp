@@ -59,6 +59,19 @@ bool isKnownElsewhere(const zel::String& path, std::string_view content, int32_t
     return !recordsBeside(path, careerNumber, save).empty() || isKept(path, save.checksum);
 }
 
+SaveMatch matchRecords(const zel::String& path, SqliteFile* open, bool isReadOnly,
+                       std::string_view content, int32_t& careerNumber) {
+    const SaveMatch found = open != nullptr ? matchPage(*open, content, careerNumber)
+                                            : matchRecord(path, isReadOnly, content, careerNumber);
+    const auto isOnDisk = [&] { // what the open transaction has cut off was saved
+        return open != nullptr && open->isInTransaction() &&
+               matchRecord(path, isReadOnly, content, careerNumber) == SaveMatch::Whole;
+    };
+    const bool isWhole =
+        found == SaveMatch::Whole || isOnDisk() || isKnownElsewhere(path, content, careerNumber);
+    return isWhole ? SaveMatch::Whole : found;
+}
+
 std::optional<FoundRecord> findRecord(const zel::String& path, const Database& career,
                                       const SavedPage& save, bool onlyOwn) {
     std::optional<FoundRecord> closest;

@@ -1,13 +1,16 @@
 #include "app/record/Shelf.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "app/career/CareerLock.h"
 #include "app/career/Database.h"
+#include "app/career/SaveFormat.h"
 #include "app/career/Wording.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/KeptRecords.h"
+#include "app/record/RecordSearch.h"
 #include "app/record/ShelfFolders.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
@@ -25,6 +28,15 @@ ShelvedCareer careerIn(const zel::String& folder, int32_t number) {
     career.folder = folder;
     career.summary = summaryOf(saveIn(folder));
     return career;
+}
+
+/// What the record in a career's folder knows of its saves.
+RecordedMatch recordedIn(const zel::String& folder) {
+    return [record = recordIn(folder)](std::string_view content) {
+        int32_t number = 0;
+        std::memcpy(&number, &content[CareerNumberOffset], sizeof number);
+        return matchRecords(record, nullptr, true, content, number);
+    };
 }
 
 Problem heldBy(const CareerLock& lock) {
@@ -169,7 +181,9 @@ std::vector<ShelvedCareer> Shelf::careers() const {
     return careers;
 }
 
-std::vector<SavePage> Shelf::pages(const ShelvedCareer& of) { return savePages(saveIn(of.folder)); }
+std::vector<SavePage> Shelf::pages(const ShelvedCareer& of) {
+    return savePages(saveIn(of.folder), recordedIn(of.folder));
+}
 
 std::optional<ShelvedCareer> Shelf::find(int32_t number) {
     for (const ShelvedCareer& one : careers())
@@ -222,7 +236,8 @@ bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
         return false;
     if (of.isCurrent)
         leaveCurrent();
-    return (keepRecord(of.folder, trouble) && returnToPage(saveIn(of.folder), page, trouble)) ||
+    return (keepRecord(of.folder, trouble) &&
+            returnToPage(saveIn(of.folder), page, recordedIn(of.folder), trouble)) ||
            fail();
 }
 
