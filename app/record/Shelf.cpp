@@ -39,6 +39,11 @@ RecordedMatch recordedIn(const zel::String& folder) {
     };
 }
 
+/// Whether there is a way back from a damaged save. Only the current career can go it.
+bool hasWholePage(const zel::String& folder) {
+    return !newestWholePage(saveIn(folder), recordedIn(folder)).empty();
+}
+
 Problem heldBy(const CareerLock& lock) {
     return Problem(wording::CareerHeld, {zel::String(std::to_string(lock.holder()))});
 }
@@ -197,10 +202,10 @@ bool Shelf::take(int32_t number) {
     const std::optional<ShelvedCareer> wanted = find(number);
     if (!wanted || wanted->isCurrent)
         return wanted.has_value();
-    if (!wanted->summary.isReadable)
-        return fail(Problem(wanted->summary.isOtherVersion ? wording::CareerOfOther
-                                                           : wording::DamagedCareer,
-                            {wanted->folder}));
+    if (wanted->summary.isOtherVersion)
+        return fail(Problem(wording::CareerOfOther, {wanted->folder}));
+    if (!wanted->summary.isReadable && !hasWholePage(wanted->folder))
+        return fail(Problem(wording::DamagedCareer, {wanted->folder}));
     if (!holdsLock())
         return false;
     leaveCurrent();

@@ -52,8 +52,9 @@ public:
     static std::vector<SavePage> pages(const ShelvedCareer& of);
 
     /// Makes the career of that number the current one; the one that was current goes to the
-    /// shelf. Also from those put away. Does nothing if it is current already. A career that is
-    /// not readable is refused. REQUIRES: what is in memory is saved, or may be lost.
+    /// shelf. Also from those put away. Does nothing if it is current already. A career of another
+    /// version is refused, and a damaged one without a whole page. REQUIRES: what is in memory is
+    /// saved, or may be lost.
     [[nodiscard]] bool take(int32_t number);
     /// Moves the career to those put away. Also the current one: then none is current. Does nothing
     /// if it is there already. REQUIRES: as take().

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
+#include "app/career/SaveFile.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/ShelfFolders.h"
 #include "tests/support/LogCapture.h"
@@ -288,6 +289,12 @@ TEST_F(ShelfTest, KeepsADamagedSaveAsADamagedPage) {
     damage("Careers/0001 Hans Braun");
     ASSERT_TRUE(program.turnBack("19151204", 1)) << program.shelf.problem().english().view();
     EXPECT_EQ(program.pages(1), "present 19151202 19151206! 19151205! 19151203! ");
+    // Without a present save the way back begins at the pages.
+    fs::resize_file(user("Careers/0001 Hans Braun/savegame_v03.wty"), 1000);
+    ASSERT_TRUE(program.shelf.take(1)) << program.shelf.problem().english().view();
+    EXPECT_FALSE(program.load());
+    EXPECT_TRUE(hasEarlierSave(program.career, SaveFileName));
+    EXPECT_TRUE(program.turnBack("19151202") && program.load());
 }
 
 // Saves that the record can't have are whole all the same.
