@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <set>
 #include <string>
 
 #include "app/career/Database.h"
@@ -23,13 +24,16 @@ constexpr const char* LastNumberFile = "/last number.txt"; // on the shelf
 constexpr size_t LongestName = 40;                         // of a pilot in a folder's name
 constexpr const char* PutAwayName = "Put away";            // PutAwayFolder on the shelf
 
+/// 0 for what can't be the number of a career.
+int32_t numberOr0(int32_t number) { return number <= LastShelfNumber ? std::max(number, 0) : 0; }
+
 int32_t readNumber(const zel::String& file) {
     constexpr int32_t MostText = 32;
     std::string text;
     int32_t number = 0;
     if (zel::readFile(file, MostText, text))
         std::from_chars(text.data(), text.data() + text.size(), number);
-    return std::max(number, 0);
+    return numberOr0(number);
 }
 
 bool writeNumber(const zel::String& file, int32_t number, Problem& problem) {
@@ -44,9 +48,12 @@ void addFolders(const zel::String& parent, bool isPutAway, std::vector<CareerFol
     zel::system::listDirectory(parent, entries);
     for (const zel::system::DirectoryEntry& entry : entries) {
         const zel::String path = parent + "/" + entry.name;
-        const bool isCareer = entry.isDirectory && !zel::equalsNoCase(entry.name, PutAwayName);
-        if (isCareer && (numberOfFolder(entry.name) > 0 || holdsSave(path)))
-            folders.push_back({numberOfFolder(entry.name), path, isPutAway});
+        const int32_t number = numberOfFolder(entry.name);
+        // One that the program has named may have lost its save.
+        const bool isCareer = entry.isDirectory && !zel::equalsNoCase(entry.name, PutAwayName) &&
+                              (number > 0 ? holdsCareer(path) : holdsSave(path));
+        if (isCareer)
+            folders.push_back({number, path, isPutAway});
     }
 }
 
@@ -98,7 +105,7 @@ int32_t numberOfFolder(std::string_view name) {
     int32_t number = 0;
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
     const bool isWhole = end == name.data() + name.size() || *end == ' ';
-    return error == std::errc() && isWhole ? std::max(number, 0) : 0;
+    return error == std::errc() && isWhole ? numberOr0(number) : 0;
 }
 
 std::vector<CareerFolder> shelfFolders() {
@@ -150,12 +157,17 @@ zel::String recordIn(const zel::String& folder) {
 int32_t keptNumber(const zel::String& folder) { return readNumber(folder + NumberFile); }
 
 int32_t nextNumber() {
-    int32_t last = readNumber(userPath(ShelfFolder) + LastNumberFile);
+    std::set<int32_t> taken = {readNumber(userPath(ShelfFolder) + LastNumberFile)};
     for (const char* folder : {CurrentFolder, IncomingFolder})
-        last = std::max(last, keptNumber(userPath(folder)));
+        taken.insert(keptNumber(userPath(folder)));
     for (const CareerFolder& folder : shelfFolders())
-        last = std::max({last, folder.number, keptNumber(folder.path)});
-    return last + 1;
+        taken.insert({folder.number, keptNumber(folder.path)});
+    if (*taken.rbegin() < LastShelfNumber)
+        return *taken.rbegin() + 1;
+    int32_t free = 1;
+    while (taken.count(free) > 0)
+        ++free;
+    return free;
 }
 
 bool keepNumber(const zel::String& folder, int32_t number, Problem& problem) {

@@ -20,6 +20,8 @@ zel::String userPath(const char* folder);
 
 /// A career's folder on the shelf: "0003 Erich Sommer", with a name that every system takes.
 zel::String shelfFolderName(int32_t number, std::string_view pilot);
+/// The highest number of a career. What is greater isn't one.
+constexpr int32_t LastShelfNumber = 9999999;
 /// The number that a folder's name begins with; 0 for none.
 int32_t numberOfFolder(std::string_view name);
 /// The last part of a path.
@@ -50,7 +52,8 @@ bool holdsSave(const zel::String& folder);
 
 /// The number that the folder keeps for its career; 0 for none.
 int32_t keptNumber(const zel::String& folder);
-/// The lowest number that no career has had.
+/// The number after the highest one that a career has had; after LastShelfNumber the lowest that
+/// none has.
 int32_t nextNumber();
 /// Makes the folder keep that number.
 [[nodiscard]] bool keepNumber(const zel::String& folder, int32_t number, Problem& problem);

@@ -94,7 +94,7 @@ TEST_F(ShelfTest, NamesFoldersForEverySystem) {
         EXPECT_EQ(shelfFolderName(number, pilot).view(), folder);
         EXPECT_EQ(numberOfFolder(folder), number);
     }
-    for (const char* other : {"", "x", "-3 a", "3a", "0 a", "99999999999 a"})
+    for (const char* other : {"", "x", "-3 a", "3a", "0 a", "10000000 a", "99999999999 a"})
         EXPECT_EQ(numberOfFolder(other), 0) << other;
 }
 
@@ -178,6 +178,25 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     EXPECT_TRUE(fs::exists(user("Careers/0003 My other one")));
     EXPECT_TRUE(fs::exists(user("Careers/0004 Otto Klein (copy)")));
     EXPECT_EQ(other.shelf.careers().size(), 4U);
+}
+
+// Folders and numbers that aren't the program's.
+TEST_F(ShelfTest, TakesOtherNumbersForNone) {
+    ShelfProgram program;
+    program.begin("Hans Braun");
+    ASSERT_TRUE(program.shelf.save());
+    program.record.close();
+    world.folder.write("user/Careers/2024 backup/letter.txt", "of mine");
+    fs::copy(user("Saves"), user("Careers/2147483647 Hans Braun"), fs::copy_options::recursive);
+    world.folder.write("user/Careers/last number.txt", "2147483647\n");
+    world.folder.write("user/Saves/number.txt", "2147483647\n");
+    EXPECT_EQ(program.list(), "1 Hans Braun*\n0 Hans Braun\n");
+    ASSERT_TRUE(program.shelf.tidy()) << program.shelf.problem().english().view();
+    EXPECT_TRUE(program.shelf.putAway(2)) << program.shelf.problem().english().view();
+    EXPECT_EQ(program.list(), "1 Hans Braun\n2 Hans Braun-\n");
+    EXPECT_EQ(world.folder.read("user/Careers/2024 backup/letter.txt"), "of mine");
+    world.folder.write("user/Careers/last number.txt", "9999999\n");
+    EXPECT_EQ(nextNumber(), 3);
 }
 
 // Each move that can't be made leaves all careers where they are, and says why.
