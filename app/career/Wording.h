@@ -189,6 +189,7 @@ inline constexpr Wording SavesNotKept    {2904, "The present saves can't be kept
 inline constexpr Wording PageNotTurned   {2905, "The page can't replace $1"};
 inline constexpr Wording ProblemAlone    {2906, "$1."};
 inline constexpr Wording ProblemAndReason{2907, "$1. $2"}; // FileFaults
+inline constexpr Wording FolderUnread    {2920, "The folder $1 can't be read"};
 
 } // namespace wording
 // clang-format on

@@ -124,6 +124,9 @@ bool Shelf::settleIncoming() {
     const zel::String incoming = incomingFolder();
     if (!zel::system::isDirectory(incoming))
         return true;
+    std::vector<zel::system::DirectoryEntry> entries;
+    if (!listFolder(incoming, entries, trouble))
+        return false;
     zel::log("A career was on its way when the program ended", "Shelf", zel::LogWarning);
     if (!holdsSave(incoming)) {
         removeUnsaved(incoming);
@@ -137,8 +140,12 @@ bool Shelf::tidy() {
         return false;
     if (!settleIncoming())
         return fail();
+    Problem unread;
+    const std::vector<CareerFolder> folders = shelfFolders(unread);
+    if (!unread.empty())
+        return fail(unread);
     std::vector<int32_t> numbers;
-    for (const CareerFolder& folder : shelfFolders()) {
+    for (const CareerFolder& folder : folders) {
         const bool isTaken =
             std::find(numbers.begin(), numbers.end(), folder.number) != numbers.end();
         if ((folder.number == 0 || isTaken) && !renumber(folder.path))
@@ -157,19 +164,31 @@ bool Shelf::renumber(const zel::String& folder) {
     const std::string_view parent = folder.view().substr(0, folder.view().size() - name.size());
     if (numberOfFolder(name) > 0)
         name = name.substr(std::min(name.find(' ') + 1, name.size()));
-    const int32_t number = nextNumber();
+    Problem unread;
+    const int32_t number = nextNumber(shelfFolders(unread));
+    if (!unread.empty())
+        return fail(unread);
     return keepNumber(folder, number, trouble) &&
            moveFolder(folder, parent + shelfFolderName(number, name), trouble);
 }
 
 std::vector<ShelvedCareer> Shelf::careers() const {
+    Problem unread;
+    std::vector<ShelvedCareer> careers = this->careers(unread);
+    if (!unread.empty())
+        zel::log(unread.english(), "Shelf", zel::LogError);
+    return careers;
+}
+
+std::vector<ShelvedCareer> Shelf::careers(Problem& unread) const {
     std::vector<ShelvedCareer> careers;
-    const std::vector<CareerFolder> folders = shelfFolders();
+    const std::vector<CareerFolder> folders = shelfFolders(unread);
     if (holdsCareer(currentFolder())) {
         const int32_t kept = keptNumber(currentFolder());
         const bool isFree = std::none_of(folders.begin(), folders.end(),
                                          [&](const auto& other) { return other.number == kept; });
-        careers.push_back(careerIn(currentFolder(), kept > 0 && isFree ? kept : nextNumber()));
+        careers.push_back(
+            careerIn(currentFolder(), kept > 0 && isFree ? kept : nextNumber(folders)));
         careers.back().isCurrent = true;
     }
     for (const CareerFolder& folder : folders) {
@@ -191,10 +210,13 @@ std::vector<SavePage> Shelf::pages(const ShelvedCareer& of) {
 }
 
 std::optional<ShelvedCareer> Shelf::find(int32_t number) {
-    for (const ShelvedCareer& one : careers())
-        if (one.number == number)
-            return one;
-    fail(Problem(wording::NoSuchCareer, {number}));
+    Problem unread;
+    const std::vector<ShelvedCareer> all = careers(unread);
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.number == number; });
+    if (unread.empty() && found != all.end())
+        return *found;
+    fail(unread.empty() ? Problem(wording::NoSuchCareer, {number}) : unread);
     return std::nullopt;
 }
 

@@ -46,7 +46,10 @@ public:
     bool tidy();
 
     /// All careers: the current one first, then those on the shelf and then those put away, each
-    /// group by the time of the last save, newest first. The saves are not read whole.
+    /// group by the time of the last save, newest first. The saves are not read whole. If a folder
+    /// of careers can't be read, `unread` says which, and the others are given.
+    std::vector<ShelvedCareer> careers(Problem& unread) const;
+    /// The same; a folder that can't be read is logged.
     std::vector<ShelvedCareer> careers() const;
     /// The pages of a career, newest first; see savePages().
     static std::vector<SavePage> pages(const ShelvedCareer& of);

@@ -43,9 +43,11 @@ bool writeNumber(const zel::String& file, int32_t number, Problem& problem) {
     return fault == zel::FileFault::None;
 }
 
-void addFolders(const zel::String& parent, bool isPutAway, std::vector<CareerFolder>& folders) {
+void addFolders(const zel::String& parent, bool isPutAway, std::vector<CareerFolder>& folders,
+                Problem& problem) {
     std::vector<zel::system::DirectoryEntry> entries;
-    zel::system::listDirectory(parent, entries);
+    if (!listFolder(parent, entries, problem))
+        return;
     for (const zel::system::DirectoryEntry& entry : entries) {
         const zel::String path = parent + "/" + entry.name;
         const int32_t number = numberOfFolder(entry.name);
@@ -108,10 +110,11 @@ int32_t numberOfFolder(std::string_view name) {
     return error == std::errc() && isWhole ? numberOr0(number) : 0;
 }
 
-std::vector<CareerFolder> shelfFolders() {
+std::vector<CareerFolder> shelfFolders(Problem& problem) {
     std::vector<CareerFolder> folders;
-    addFolders(userPath(ShelfFolder), false, folders);
-    addFolders(userPath(PutAwayFolder), true, folders);
+    addFolders(userPath(ShelfFolder), false, folders, problem);
+    if (problem.empty())
+        addFolders(userPath(PutAwayFolder), true, folders, problem);
     std::sort(folders.begin(), folders.end(), [](const CareerFolder& a, const CareerFolder& b) {
         return std::pair(a.path.length(), a.path.view()) <
                std::pair(b.path.length(), b.path.view());
@@ -135,10 +138,23 @@ bool belongsToCareer(const zel::String& path) {
            isCareerFile(nameOfFolder(file));
 }
 
+bool listFolder(const zel::String& folder, std::vector<zel::system::DirectoryEntry>& entries,
+                Problem& problem) {
+    if (zel::system::listDirectory(folder, entries))
+        return true;
+    const zel::FileFault reason = zel::system::lastFault();
+    entries.clear();
+    if (reason == zel::FileFault::Missing)
+        return true;
+    problem = Problem(wording::FolderUnread, {folder}, reason);
+    return false;
+}
+
 bool holdsCareer(const zel::String& folder) {
     std::vector<zel::system::DirectoryEntry> entries;
-    zel::system::listDirectory(folder, entries);
-    return std::any_of(entries.begin(), entries.end(),
+    Problem unread;
+    return !listFolder(folder, entries, unread) ||
+           std::any_of(entries.begin(), entries.end(),
                        [](const auto& entry) { return isCareerFile(entry.name); });
 }
 
@@ -156,11 +172,11 @@ zel::String recordIn(const zel::String& folder) {
 
 int32_t keptNumber(const zel::String& folder) { return readNumber(folder + NumberFile); }
 
-int32_t nextNumber() {
+int32_t nextNumber(const std::vector<CareerFolder>& folders) {
     std::set<int32_t> taken = {readNumber(userPath(ShelfFolder) + LastNumberFile)};
     for (const char* folder : {CurrentFolder, IncomingFolder})
         taken.insert(keptNumber(userPath(folder)));
-    for (const CareerFolder& folder : shelfFolders())
+    for (const CareerFolder& folder : folders)
         taken.insert({folder.number, keptNumber(folder.path)});
     if (*taken.rbegin() < LastShelfNumber)
         return *taken.rbegin() + 1;
@@ -176,13 +192,18 @@ bool keepNumber(const zel::String& folder, int32_t number, Problem& problem) {
 
 int32_t claimNumber(const zel::String& folder, Problem& problem) {
     const int32_t kept = keptNumber(folder);
-    const std::vector<CareerFolder> others = shelfFolders();
+    Problem unread;
+    const std::vector<CareerFolder> others = shelfFolders(unread);
+    if (!unread.empty()) {
+        problem = unread;
+        return 0;
+    }
     const bool isFree = std::none_of(others.begin(), others.end(), [&](const CareerFolder& other) {
         return other.number == kept && other.path.view() != folder.view();
     });
     if (kept > 0 && isFree)
         return kept;
-    const int32_t number = nextNumber();
+    const int32_t number = nextNumber(others);
     const bool isKept = makeFolder(userPath(ShelfFolder), problem) &&
                         writeNumber(userPath(ShelfFolder) + LastNumberFile, number, problem) &&
                         keepNumber(folder, number, problem);

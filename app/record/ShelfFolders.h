@@ -6,6 +6,7 @@
 
 #include "app/career/Problem.h"
 #include "engine/core/String.h"
+#include "engine/core/System.h"
 
 /// In the user's folder: a career on its way to CurrentFolder.
 constexpr const char* IncomingFolder = "Saves.next";
@@ -33,8 +34,9 @@ struct CareerFolder {
     bool isPutAway = false;
 };
 /// The folders of careers on the shelf and of those put away, sorted by the length of their paths
-/// and then by their bytes: a copy made by hand comes after its original.
-std::vector<CareerFolder> shelfFolders();
+/// and then by their bytes: a copy made by hand comes after its original. On error `problem` says
+/// which folder can't be read, and those that can be are given.
+std::vector<CareerFolder> shelfFolders(Problem& problem);
 
 /// The path of the save in a career's folder.
 zel::String saveIn(const zel::String& folder);
@@ -45,7 +47,11 @@ zel::String recordIn(const zel::String& folder);
 bool isCareerFile(std::string_view name);
 /// Whether it is one of these in the user's folder or below it. path: any.
 bool belongsToCareer(const zel::String& path);
-/// Whether the folder has any of them.
+/// The entries of a folder; none of one that doesn't exist.
+[[nodiscard]] bool listFolder(const zel::String& folder,
+                              std::vector<zel::system::DirectoryEntry>& entries, Problem& problem);
+/// Whether the folder has any of them. A folder that can't be read counts as a career's: it must
+/// not be taken for an empty one.
 bool holdsCareer(const zel::String& folder);
 /// Whether it has a save or an earlier one.
 bool holdsSave(const zel::String& folder);
@@ -53,8 +59,8 @@ bool holdsSave(const zel::String& folder);
 /// The number that the folder keeps for its career; 0 for none.
 int32_t keptNumber(const zel::String& folder);
 /// The number after the highest one that a career has had; after LastShelfNumber the lowest that
-/// none has.
-int32_t nextNumber();
+/// none has. folders: all of shelfFolders().
+int32_t nextNumber(const std::vector<CareerFolder>& folders);
 /// Makes the folder keep that number.
 [[nodiscard]] bool keepNumber(const zel::String& folder, int32_t number, Problem& problem);
 /// The number of a career that isn't on the shelf. The folder gets a new one and keeps it if it has

@@ -171,6 +171,8 @@ bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     entries.clear();
     const std::string folder = path.empty() ? "." : nativePath(path);
     DIR* directory = opendir(folder.c_str());
+    while (directory == nullptr && errno == EINTR)
+        directory = opendir(folder.c_str());
     if (directory == nullptr)
         return false;
     const auto next = [&] {

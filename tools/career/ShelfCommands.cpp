@@ -68,8 +68,11 @@ bool ShelfCommands::mayLeave() {
 }
 
 bool ShelfCommands::careers() {
-    for (const ShelvedCareer& one : shelf.careers())
+    Problem unread;
+    for (const ShelvedCareer& one : shelf.careers(unread))
         lines.push_back(careerLine(one));
+    if (!unread.empty())
+        return fail(unread.english());
     if (lines.empty())
         lines.push_back(textOf(wording::NoCareers));
     return true;

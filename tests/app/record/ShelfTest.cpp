@@ -196,7 +196,8 @@ TEST_F(ShelfTest, TakesOtherNumbersForNone) {
     EXPECT_EQ(program.list(), "1 Hans Braun\n2 Hans Braun-\n");
     EXPECT_EQ(world.folder.read("user/Careers/2024 backup/letter.txt"), "of mine");
     world.folder.write("user/Careers/last number.txt", "9999999\n");
-    EXPECT_EQ(nextNumber(), 3);
+    Problem unread;
+    EXPECT_EQ(nextNumber(shelfFolders(unread)), 3);
 }
 
 // Each move that can't be made leaves all careers where they are, and says why.
@@ -228,6 +229,41 @@ TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
     EXPECT_NE(program.shelf.problem().english().view().find("is a link"), std::string_view::npos);
 #endif
 }
+
+#ifndef _WIN32
+// A folder that can't be listed is not an empty one: nothing is written over what may be in it.
+TEST_F(ShelfTest, TakesNoUnreadFolderForAnEmptyOne) {
+    ShelfProgram program;
+    program.begin("Hans Braun");
+    ASSERT_TRUE(program.shelf.save());
+    program.begin("Otto Klein");
+    const auto hide = [&](const char* name) { // a link to itself: not even root can read it
+        fs::rename(user(name), user("hidden"));
+        fs::create_directory_symlink(name, user(name));
+    };
+    const auto bringBack = [&](const char* name) {
+        fs::remove(user(name));
+        fs::rename(user("hidden"), user(name));
+    };
+    hide("Saves");
+    EXPECT_FALSE(program.shelf.save());
+    EXPECT_FALSE(program.shelf.careers().empty()) << "there is one, whatever it is";
+    bringBack("Saves");
+    ASSERT_TRUE(program.shelf.save());
+    EXPECT_EQ(program.list(), "3 Otto Klein*\n2 Hans Braun\n");
+
+    hide("Careers");
+    program.begin("Fritz Braun");
+    Problem unread;
+    EXPECT_EQ(program.shelf.careers(unread).size(), 1U);
+    EXPECT_NE(unread.english().view().find("can't be read"), std::string_view::npos);
+    EXPECT_FALSE(program.shelf.take(2) || program.shelf.save() || program.shelf.tidy());
+    EXPECT_EQ(program.shelf.problem().english(), unread.english());
+    bringBack("Careers");
+    ASSERT_TRUE(program.shelf.save());
+    EXPECT_EQ(program.list(), "4 Fritz Braun*\n3 Otto Klein\n2 Hans Braun\n");
+}
+#endif
 
 // Pages: the last ten and the last of each month, each whole; going back loses none of them.
 TEST_F(ShelfTest, KeepsPages) {
