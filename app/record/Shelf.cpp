@@ -94,6 +94,7 @@ void Shelf::leaveCurrent() {
     career.repairs = {};
     career.damagedSave = "";
     career.isUnsaved = false;
+    onItsWay.reset();
 }
 
 /// Puts the folder of an incoming career in the place of the current one, which goes to the shelf.
@@ -270,12 +271,15 @@ bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
 
 bool Shelf::save() {
     career.writeFault = zel::FileFault::None;
-    const bool isAnother = career.isUnsaved && holdsCareer(currentFolder());
+    const bool isTriedAgain = onItsWay == career.careerNumber;
+    const bool isAnother = career.isUnsaved && (isTriedAgain || holdsCareer(currentFolder()));
     if (!isAnother || career.isReadOnly)
         return write(CurrentFolder);
-    // The new career is written whole before the current one is moved.
-    if (!makeFolder(incomingFolder(), trouble))
+    // The new career is written whole before the current one is moved, and over no other one that
+    // is still on its way.
+    if ((!isTriedAgain && !settleIncoming()) || !makeFolder(incomingFolder(), trouble))
         return fail();
+    onItsWay = career.careerNumber;
     record.keepIn(IncomingFolder);
     if (!write(IncomingFolder))
         return false;
@@ -285,6 +289,8 @@ bool Shelf::save() {
     record.reopen(career, isIn ? CurrentFolder : IncomingFolder);
     career.isUnsaved = !isIn;
     career.damagedSave = "";
+    if (isIn)
+        onItsWay.reset();
     return isIn || fail();
 }
 

@@ -88,4 +88,6 @@ private:
     Database& career;
     CareerRecord& record;
     Problem trouble;
+    /// Number of the career in memory while its first save is on its way, in IncomingFolder.
+    std::optional<int32_t> onItsWay;
 };

@@ -218,6 +218,23 @@ TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
     EXPECT_EQ(program.bases(), bases);
     EXPECT_EQ(program.list(), "2 Otto Klein*\n1 Hans Braun\n");
 
+    // What still waits in Saves.next gets its own place before another career is saved there.
+    fs::rename(user("Careers/0001 Hans Braun"), user("Saves.next")); // left by another program
+    program.begin("Fritz Braun");
+    ASSERT_TRUE(program.shelf.save());
+    const std::string three = "2 Otto Klein\n1 Hans Braun\n";
+    EXPECT_EQ(program.list(), "3 Fritz Braun*\n" + three);
+    fs::rename(user("Careers"), user("hidden"));
+    world.folder.write("user/Careers", "a file in the place of the folder");
+    program.begin("Fritz Klein");
+    EXPECT_FALSE(program.shelf.save());
+    program.begin("Hans Klein");
+    EXPECT_FALSE(program.shelf.save());
+    fs::remove(user("Careers"));
+    fs::rename(user("hidden"), user("Careers"));
+    ASSERT_TRUE(program.shelf.save()) << program.shelf.problem().english().view();
+    EXPECT_EQ(program.list(), "5 Hans Klein*\n3 Fritz Klein\n4 Fritz Braun\n" + three);
+
     fs::resize_file(user("Careers/0001 Hans Braun/savegame_v03.wty"), 1000);
     EXPECT_FALSE(program.shelf.take(1));
     EXPECT_NE(program.shelf.problem().english().view().find("is damaged"), std::string_view::npos);
@@ -225,7 +242,7 @@ TEST_F(ShelfTest, LeavesAllWhereItIsOnError) {
 #ifndef _WIN32
     fs::rename(user("Saves"), user("elsewhere"));
     fs::create_directory_symlink("elsewhere", user("Saves"));
-    EXPECT_FALSE(program.shelf.putAway(2));
+    EXPECT_FALSE(program.shelf.putAway(5));
     EXPECT_NE(program.shelf.problem().english().view().find("is a link"), std::string_view::npos);
 #endif
 }
