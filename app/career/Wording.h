@@ -181,7 +181,6 @@ inline constexpr Wording FolderNotMade   {2896, "The folder $1 can't be made"};
 inline constexpr Wording NotMoved        {2897, "$1 can't be moved to $2"};
 inline constexpr Wording LinkNotMoved    {2898, "$1 can't be moved: it is a link, which may lead nowhere from there"};
 inline constexpr Wording NameTaken       {2899, "$1 can't be moved: $2 is there already"};
-inline constexpr Wording NotRemoved      {2900, "$1 can't be removed"};
 inline constexpr Wording RecordNotKept   {2901, "The record of the war can't be kept as $1"};
 inline constexpr Wording PresentPage     {2902, "That page is the present one"};
 inline constexpr Wording DamagedPageFile {2903, "The page $1 is damaged"};

@@ -64,7 +64,6 @@ void removeUnsaved(const zel::String& folder) {
     for (const zel::system::DirectoryEntry& entry : entries)
         if (!entry.isDirectory && isCareerFile(entry.name))
             zel::system::removeFile(folder + "/" + entry.name);
-    zel::system::removeFolder(folder);
 }
 
 } // namespace
@@ -131,7 +130,7 @@ bool Shelf::settleIncoming() {
     zel::log("A career was on its way when the program ended", "Shelf", zel::LogWarning);
     if (!holdsSave(incoming)) {
         removeUnsaved(incoming);
-        return true;
+        return holdsCareer(incoming) || clearFolder(incoming, trouble);
     }
     return holdsCareer(currentFolder()) ? !shelve(incoming, ShelfFolder).empty() : swapIn(incoming);
 }

@@ -11,6 +11,7 @@
 #include "app/record/CareerRecord.h"
 #include "app/record/Shelf.h"
 #include "engine/core/File.h"
+#include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
 #include "engine/core/TextEncoding.h"
@@ -161,7 +162,8 @@ bool holdsCareer(const zel::String& folder) {
 bool holdsSave(const zel::String& folder) {
     const zel::String save = saveIn(folder);
     return zel::system::fileStatus(save).exists ||
-           zel::system::fileStatus(save + BackupEnding).exists;
+           zel::system::fileStatus(save + BackupEnding).exists ||
+           zel::system::isDirectory(folder + "/" + PagesFolder);
 }
 
 zel::String saveIn(const zel::String& folder) { return folder + "/" + nameOfFolder(SaveFileName); }
@@ -241,6 +243,13 @@ bool moveFolder(const zel::String& from, const zel::String& to, Problem& problem
 bool clearFolder(const zel::String& folder, Problem& problem) {
     if (!exists(folder) || zel::system::removeFolder(folder))
         return true;
-    problem = Problem(wording::NotRemoved, {folder}, zel::system::lastFault());
-    return false;
+    const zel::String other = folder + ".other";
+    zel::String name = other;
+    for (int32_t number = 2; exists(name); ++number)
+        name = other + "-" + zel::String(std::to_string(number));
+    if (!moveFolder(folder, name, problem))
+        return false;
+    zel::log("No career has the files of " + folder + "; they are in " + name, "Shelf",
+             zel::LogWarning);
+    return true;
 }

@@ -53,7 +53,7 @@ bool belongsToCareer(const zel::String& path);
 /// Whether the folder has any of them. A folder that can't be read counts as a career's: it must
 /// not be taken for an empty one.
 bool holdsCareer(const zel::String& folder);
-/// Whether it has a save or an earlier one.
+/// Whether it has a save or an earlier one, be it among its pages.
 bool holdsSave(const zel::String& folder);
 
 /// The number that the folder keeps for its career; 0 for none.
@@ -71,5 +71,6 @@ int32_t nextNumber(const std::vector<CareerFolder>& folders);
 [[nodiscard]] bool makeFolder(const zel::String& folder, Problem& problem);
 /// Renames a folder and syncs the folders around it. Nothing may have the new name.
 [[nodiscard]] bool moveFolder(const zel::String& from, const zel::String& to, Problem& problem);
-/// Removes an empty folder. True if there is none afterwards.
+/// Frees the name of a folder that holds no career: removes it if it is empty, and otherwise
+/// renames it to "NAME.other". True if nothing has the name afterwards.
 [[nodiscard]] bool clearFolder(const zel::String& folder, Problem& problem);

@@ -55,9 +55,9 @@ public:
     bool postings();
     /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
     bool exportRecord(const zel::String& file);
-    /// Ends what another run left half done among the careers; to be called first. What can't be
-    /// done is in the log.
-    void tidy() { shelf.tidy(); }
+    /// Ends what another run left half done among the careers; to be called first. On error: false,
+    /// and the reason is in the log.
+    bool tidy() { return shelf.tidy(); }
     /// Runs a command on the shelf and prints its lines.
     bool onShelf(const std::function<bool(ShelfCommands&)>& command);
 

@@ -14,7 +14,8 @@ public:
     ShelfCommands(Database& career, CareerRecord& record) : career(career), shelf(career, record) {}
 
     /// Ends what another run of the program left half done; to be called before anything is loaded.
-    void tidy() { shelf.tidy(); }
+    /// On error: false, and the reason is in the log.
+    bool tidy() { return shelf.tidy(); }
     bool save() { return shelf.save() || fail(shelf.problem().english()); }
     /// A line for each career.
     bool careers();

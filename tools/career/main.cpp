@@ -93,7 +93,8 @@ int main(int argc, char** argv) {
 
     initPlaneNames();
     Session session(call.quiet, call.waitSeconds, call.keepsRecord);
-    session.tidy();
+    if (!session.tidy())
+        releaseLines(); // it may be why a command finds no career
     for (const auto& command : call.commands) {
         if (!command(session))
             return failed(session.problem());

@@ -171,6 +171,21 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     world.folder.write("user/Saves.next/record.db", "a career that was never saved");
     world.folder.write("user/Saves.next/savegame_v03.wty.77-1.new", "its draft");
     EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n");
+    // Files of no career, as programs that watch folders leave them, keep no career out.
+    fs::rename(user("Saves"), user("Saves.next"));
+    world.folder.write("user/Saves/desktop.ini", "1");
+    EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n");
+    fs::rename(user("Saves"), user("Careers/0001 Hans Braun"));
+    world.folder.write("user/Saves/desktop.ini", "2");
+    world.folder.write("user/Saves.next/desktop.ini", "3");
+    EXPECT_EQ(restart(), "2 Otto Klein\n1 Hans Braun\n");
+    {
+        ShelfProgram third;
+        EXPECT_TRUE(third.shelf.take(1)) << third.shelf.problem().english().view();
+    }
+    EXPECT_EQ(world.folder.read("user/Saves.other/desktop.ini"), "1");
+    EXPECT_EQ(world.folder.read("user/Saves.other-2/desktop.ini"), "2");
+    EXPECT_EQ(world.folder.read("user/Saves.next.other/desktop.ini"), "3");
     fs::copy(user("Careers/0002 Otto Klein"), user("Careers/0002 Otto Klein (copy)"));
     fs::copy(user("Saves"), user("Careers/My other one"), fs::copy_options::recursive);
     ShelfProgram other;
