@@ -20,6 +20,7 @@ FONTS = {
     'type20b': ('Courier Prime Bold.otf', 20, 12, 'white'),
     'type18': ('Courier Prime.otf', 18.33, 11, 'white'),
     'type17': ('Courier Prime.otf', 16.67, 10, 'white'),
+    'type13': ('Courier Prime.otf', 13.33, 8, 'white'),
     'report18': ('Courier Prime Bold.otf', 18.33, 11, 'ink:#2A1E12'),
     'report18own': ('Courier Prime Bold.otf', 18.33, 11, 'ink:#23406B'),
     'report17': ('Courier Prime.otf', 16.67, 10, 'ink:#3A2C1B'),
@@ -32,6 +33,7 @@ FONTS = {
     'print30': ('OldStandard-Bold.ttf', 30, None, 'white'),
     'print20': ('OldStandard-Bold.ttf', 20, None, 'white'),
     'letter27': ('LinLibertine_RI.otf', 27, None, 'white'),
+    'map18': ('LinLibertine_RI.otf', 18, None, 'white'),
     'board26': ('OldStandard-Bold.ttf', 26, None, 'white'),
 }
 

@@ -11,6 +11,7 @@ from functools import partial
 import numpy as np
 from PIL import Image
 
+import overlays_book as book
 import overlays_flying as flying
 import overlays_office as office
 from brass import GAP, PLATES, SWITCHES, plate_sheet
@@ -27,6 +28,7 @@ OVERLAYS = [
     office.over_settings, office.over_maps, office.over_planes_allied, office.over_planes_german,
     office.over_notice, office.over_help, office.over_careers, office.over_pages, flying.over_hub, flying.over_roster, flying.over_aces,
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
+    book.over_logbook, book.over_where,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
@@ -96,7 +98,7 @@ def pictures():
         'hands': hands,
         'progress_empty': lambda: whole(bar(False), 'progress_empty'),
         'progress_full': lambda: whole(bar(True), 'progress_full'),
-        'slip': lambda: whole(flying.slip(), 'slip'),
+        'row_ledger': lambda: whole(book.row_ledger(), 'row_ledger'),
         'row_roster': lambda: rows('row_roster', 12, 44, w=552, right=34, baseline=30, line=40),
         'row_orders': lambda: rows('row_orders', 8, 38, w=588, right=30, baseline=26, line=35),
         'toggle_slip': row_sheet,

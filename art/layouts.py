@@ -117,7 +117,7 @@ LAYOUTS = {
         area('pilot', 80, 592, 492, 68),
         area('orders', 696, 14, 292, 46),                           # these two while orders are out
         widget('awaitReport', 692, 64, 300, 66, lines=SIDE),
-        *column(('menuButton1', 'menuButton2', 'menuButton3'), 692, 148, 84, 300),
+        *column(('menuButton1', 'menuButton2', 'menuButton3', 'logbook'), 692, 148, 84, 300),
         BACK_WIDE,
         widget('menuButton4', 692, 612, 300, 52, lines=SIDE),  # it ends the program
     ],
@@ -153,7 +153,35 @@ LAYOUTS = {
     'report': [
         area('title', 44, 38, 330, 34),
         label('date', 748, 36, 232, 34, align=RIGHT),
+        widget('nextSheet', 32, 704, 200, 52, lines=RAIL),
+        area('sheetNumber', 244, 718, 120, 30),
+        widget('where', 376, 704, 300, 52, lines=RAIL),
         onward('menuButton1'),
+    ],
+    'where': [
+        area('title', 56, 44, 420, 38),
+        label('date', 480, 46, 200, 32, align=RIGHT),
+        widget('sketch', 56, 104, 624, 476),
+        widget('scale', 56, 580, 160, 56),
+        *[area('legend%d' % (i + 1), *rect) for i, rect in enumerate(
+            ((254, 604, 124, 24), (254, 632, 124, 24), (408, 604, 144, 24), (408, 632, 156, 24), (588, 604, 92, 24)))],
+        area('eventsHead', 744, 46, 244, 26),
+        widget('event', 740, 86, 252, 462),
+        area('guess', 744, 562, 246, 94),
+        BACK_WIDE,
+        onward('menuButton1'),
+    ],
+    'logbook': [
+        area('title', 44, 30, 340, 38),
+        area('name', 528, 36, 320, 26),
+        area('pageNumber', 850, 38, 130, 24, align=RIGHT),
+        *[area('head%d' % (i + 1), x, 84, w, 24) for i, (x, w) in enumerate(
+            ((44, 34), (84, 100), (194, 140), (344, 150), (532, 180), (722, 190), (926, 52)))],
+        area('totalLeft', 44, 620, 452, 26),
+        area('totalRight', 532, 620, 448, 26),
+        BACK,
+        widget('earlier', 248, 704, 228, 52, lines=RAIL),
+        widget('later', 490, 704, 228, 52, lines=RAIL),
     ],
     'advance': [
         area('title', 274, 76, 414, 38),

@@ -207,15 +207,15 @@ def over_wait():
 
 
 def over_report():
-    """The ledger with seven entries a page."""
+    """The ledger with five entries a page."""
     ov = empty(W, H)
     pages = [book_page(486, 646, seed, base=LEDGER) for seed in (71, 72)]
     open_book(ov, 16, 12, leather(992, 664, 4, '#3A1C12'), pages, 20)
     over(ov, ink(emblem_layer(120, 50, .44, INK), 7, .3), 386, 30)
     for x in (44, 528):
         rules(ov, x, 76, 452)
-        for i in range(1, 7):
-            ruled(ov, x, 88 + i * 81.5, 452, '#7A90A0')
+        for i in range(1, 5):
+            ruled(ov, x, 88 + i * 114, 452, '#7A90A0')
 
     def margins(c):
         for x in (58, 542):
@@ -226,13 +226,6 @@ def over_report():
 
 
 # -- the war moves on
-
-
-def slip():
-    """A slip of paper below the ledger, for a note that a report seldom has."""
-    layer = empty(252, 104)
-    lay(layer, paper(244, 98, 73, base=OFFICE, rough=.6), 2, 1, 2, 3, 3, .5)
-    return layer
 
 
 def over_advance():

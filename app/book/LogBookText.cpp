@@ -27,8 +27,9 @@ zel::String maker(const zel::String& aircraft) {
 
 zel::String dateOfRow(int32_t date) {
     const Calendar day = Calendar::ofNumber(date);
+    const int32_t month = std::clamp(day.getMonth(), 1, 12);
     return textOf(wording::RowDate,
-                  {day.getDay(), shortMonth(day.getMonth()), day.getMonth(), day.getYear() % 100});
+                  {day.getDay(), textOf(wording::RowMonths[month - 1]), day.getYear() % 100});
 }
 
 zel::String withText(const BookFlight& flight) {

@@ -22,7 +22,11 @@ inline constexpr Wording InHisPlace     {3615, "In his place: $1."};
 inline constexpr Wording LogBookHeads[] = {
     {3616, "No."}, {3617, "Date"}, {3618, "Near"}, {3619, "Machine"}, {3620, "With"}, {3621, "Against"}, {3622, "Result"}, {3623, "V."},
 };
-inline constexpr Wording RowDate        {3624, "$1 $2 $4"}; // day, month as a word and as a number, year
+inline constexpr Wording RowDate        {3624, "$1 $2 $3"}; // day, one of the next, year
+inline constexpr Wording RowMonths[] = {
+    {3661, "Jan"},  {3662, "Feb"}, {3663, "Mar"},  {3664, "Apr"}, {3665, "May"}, {3666, "June"},
+    {3667, "July"}, {3668, "Aug"}, {3669, "Sept"}, {3670, "Oct"}, {3671, "Nov"}, {3672, "Dec"},
+};
 
 inline constexpr Wording Downed[] = {{3630, "One down"}, {3631, "Two down"}, {3632, "Three down"}, {3633, "$1 down"}};
 inline constexpr Wording DownedAnd      {3634, "$1, $2"}; // one of the next four
@@ -43,6 +47,7 @@ inline constexpr Wording WasDestroyed   {3649, "Destroyed"};
 inline constexpr Wording HasLanded      {3650, "Landed"};
 inline constexpr Wording LeftInTheAir   {3651, "Left in the air"};
 inline constexpr Wording NotInTheLog    {3652, "Not in the log"};
+inline constexpr Wording PageOf         {3691, "Page $1 of $2"};
 
 } // namespace wording
 // clang-format on

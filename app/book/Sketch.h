@@ -28,15 +28,17 @@ struct SketchLine {
     zel::String text;    // who and what, in the language in use
 };
 
-/// The part of the map that a sketch shows: squares of so many kilometres.
+/// The part of the map that a sketch shows: squares of so many kilometres, from its lower left
+/// corner on.
 struct SketchFrame {
     static constexpr int32_t Columns = 30;
-    static constexpr int32_t Rows = 22;
+    static constexpr int32_t Rows = 23;             // the last one is cut
+    static constexpr float Shape = 476.0F / 624.0F; // its height in its widths
     MapPoint southWest;
     int32_t kilometres = 1; // of a square: 1, 2 or 5, times a power of ten
 
     float width() const { return static_cast<float>(Columns * kilometres) * 1000; } // metres
-    float height() const { return static_cast<float>(Rows * kilometres) * 1000; }
+    float height() const { return width() * Shape; }
     bool holds(const MapPoint& point) const {
         return point.x >= southWest.x && point.x <= southWest.x + height() &&
                point.z >= southWest.z && point.z <= southWest.z + width();

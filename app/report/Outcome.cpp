@@ -11,6 +11,7 @@ namespace {
 constexpr float LeastDamage = 0.01F;
 constexpr float DestroyedPercent = 50.0F;
 constexpr float SecondsPerMinute = 60;
+constexpr size_t MostNames = 2; // of a man's victims, and how many more
 
 /// Who is to blame for a lost plane.
 enum class LossBy { NotLost, Enemy, OwnSide, Nobody };
@@ -82,7 +83,7 @@ private:
     template <size_t Count>
     zel::String by(const Wording (&forms)[Count], int32_t actor,
                    const zel::String& second = {}) const {
-        return textOf(forms[isYou(actor) ? 1 : 0], {name(actor), second});
+        return isYou(actor) ? textOf(forms[1], {second}) : textOf(forms[0], {name(actor), second});
     }
     /// The log may lack hits and damage.
     bool isCut() const { return flight.events.size() >= MostFlightEvents; }
@@ -148,6 +149,8 @@ zel::String Judgement::cause() const {
 }
 
 zel::String Judgement::reason() const {
+    if (pilot.human != 0 && pilot.pilot < 0)
+        return textOf(wording::NobodyLikeYou);
     switch (loss.kind) {
     case LossBy::Enemy:
         return whyEnemy();
@@ -191,19 +194,21 @@ zel::String Judgement::whyNobody() const {
 }
 
 zel::String Judgement::whyNotCounted() const {
-    if (pilot.human == 0 && groundObject(pilot.type) != nullptr)
-        return textOf(wording::NotInOrders[1]);
-    return ofHim(wording::NotInOrders);
+    return textOf(wording::NotInOrders[groundObject(pilot.type) != nullptr ? 1 : 0]);
 }
 
 zel::String Judgement::victims() const {
+    const size_t count = pilot.kills.size();
+    const size_t named = count > MostNames + 1 ? MostNames : count;
     zel::String list;
-    for (size_t i = 0; i < pilot.kills.size(); ++i) {
+    for (size_t i = 0; i < named; ++i) {
         const zel::String one = name(pilot.kills[i]);
-        const bool isLast = i + 1 == pilot.kills.size();
-        list = i == 0 ? one : textOf(isLast ? wording::ListEnds : wording::ListGoesOn, {list, one});
+        const Wording& joint = i + 1 == count ? wording::ListEnds : wording::ListGoesOn;
+        list = i == 0 ? one : textOf(joint, {list, one});
     }
-    return list;
+    return named == count
+               ? list
+               : textOf(wording::AndMoreNames, {list, static_cast<int32_t>(count - named)});
 }
 
 zel::String Judgement::whyCredited() const {
@@ -232,8 +237,9 @@ zel::String Judgement::whySurvived() const {
                                                  : wording::HitBySeveral;
         const zel::String times =
             textOf(wording::Times[std::clamp(found.shots, 1, 3) - 1], {found.shots});
-        const int32_t form = pilot.human != 0 ? 2 : isYou(found.lastHitter) ? 1 : 0;
-        return textOf(forms[form], {name(found.lastHitter), times});
+        if (pilot.human == 0 && isYou(found.lastHitter))
+            return textOf(forms[1], {times});
+        return textOf(forms[pilot.human != 0 ? 2 : 0], {name(found.lastHitter), times});
     }
     if (pilot.damage >= LeastDamage || pilot.injuryPercent > 0)
         return textOf(wording::DamagedByNobody);

@@ -22,10 +22,12 @@
 #include "app/screens/MenuGameCombatReport.h"
 #include "app/screens/MenuGameFinishMission.h"
 #include "app/screens/MenuGameInvite.h"
+#include "app/screens/MenuGameLogbook.h"
 #include "app/screens/MenuGameMain.h"
 #include "app/screens/MenuGameStartMission.h"
 #include "app/screens/MenuGameTopAces.h"
 #include "app/screens/MenuGameViewSquadron.h"
+#include "app/screens/MenuGameWhere.h"
 #include "app/screens/MenuMain.h"
 #include "app/screens/MenuNewCareer.h"
 #include "app/screens/MenuNotification.h"
@@ -33,6 +35,7 @@
 #include "app/screens/MenuNotificationRepair.h"
 #include "app/screens/MenuNotificationUnsaved.h"
 #include "app/screens/Preferences.h"
+#include "app/screens/ReportPages.h"
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Log.h"
 #include "engine/core/UserDirectory.h"
@@ -83,6 +86,11 @@ std::unique_ptr<CareerDrawer>& drawer() {
 
 std::unique_ptr<Flight>& flight() {
     static std::unique_ptr<Flight> instance;
+    return instance;
+}
+
+std::unique_ptr<ReportPages>& reportPages() {
+    static std::unique_ptr<ReportPages> instance;
     return instance;
 }
 
@@ -143,6 +151,7 @@ void ZelApp::beforeMenus() {}
 void ZelApp::initMenus() {
     zel::HandledMenu::loadMenuList("Menus/init.lst");
     flight() = std::make_unique<Flight>(record().get());
+    reportPages() = std::make_unique<ReportPages>(*flight(), *record());
     addScreen<MenuGameStartMission>(*flight());
     addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>(*drawer());
@@ -151,7 +160,9 @@ void ZelApp::initMenus() {
     addScreen<MenuGameMain>(*record(), *flight());
     addScreen<MenuGameViewSquadron>();
     addScreen<MenuGameTopAces>();
-    addScreen<MenuGameCombatReport>(*flight());
+    addScreen<MenuGameCombatReport>(*reportPages());
+    addScreen<MenuGameWhere>(*reportPages());
+    addScreen<MenuGameLogbook>(*record(), *reportPages());
     addScreen<MenuConfigurationMaps>();
     addScreen<MenuConfigurationPlanes1>();
     addScreen<MenuConfigurationPlanes2>();
@@ -162,7 +173,7 @@ void ZelApp::initMenus() {
     addScreen<MenuNotificationInstallDir>();
     addScreen<MenuBlackScreen>();
     addScreen<MenuNotificationRepair>();
-    addScreen<MenuNotificationUnsaved>(*flight());
+    addScreen<MenuNotificationUnsaved>(*flight(), *reportPages());
     for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
         addScreen<MenuNotification>(page);
 }
@@ -174,6 +185,7 @@ void ZelApp::onContinue() {}
 void ZelApp::onShutdown() {}
 void ZelApp::onDestroy() {}
 void ZelApp::releaseDatabase() {
+    reportPages().reset();
     flight().reset();
     drawer().reset();
     CareerScreen::setShelf(nullptr);

@@ -2,14 +2,15 @@
 
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
+#include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "engine/window/StatesMachine.h"
 #include "engine/window/ZelLoop.h"
 
-MenuNotificationUnsaved::MenuNotificationUnsaved(Flight& flight)
-    : CareerScreen("MenuNotificationUnsaved"), flight(flight) {
+MenuNotificationUnsaved::MenuNotificationUnsaved(Flight& flight, const ReportPages& pages)
+    : CareerScreen("MenuNotificationUnsaved"), flight(flight), pages(pages) {
     zel::ZelLoop::setCloseAnswer([this] { return mayClose(); });
 }
 
@@ -32,8 +33,9 @@ bool MenuNotificationUnsaved::mayClose() {
     zel::Platform::getInstance().forgetQuit();
     if (shown == page->getName())
         return false; // he closes the question itself
-    // Leaving the report advances the war, and the report is shown only once.
-    cameFrom = shown == "MenuGameCombatReport" ? "MenuGameAdvance" : shown;
+    // Leaving the report advances the war, and the report of the day is shown only once.
+    const bool isReport = shown == "MenuGameCombatReport" || shown == "MenuGameWhere";
+    cameFrom = isReport ? zel::String(pages.next()) : shown;
     machine.setActiveState(page);
     return false;
 }

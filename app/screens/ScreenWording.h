@@ -16,6 +16,9 @@ inline constexpr Wording LooksForLog     {921, "Wingtally looks for the log ever
 inline constexpr Wording LookedForLog    {922, "Last look for the log at $1. The next one follows within eight seconds."}; // the time of day
 inline constexpr Wording PointerElsewhere{923, "Put the pointer on this window. Wingtally looks for the log only while it is there."};
 inline constexpr Wording KeyboardElsewhere{924, "Click into this window. Wingtally looks for the log only while it has the keyboard."};
+inline constexpr Wording GoOn            {1001, "Continue"};
+inline constexpr Wording SheetOf         {1018, "$1 of $2"}; // which, how many
+inline constexpr Wording ToTheLogBook    {1005, "Log Book"};
 inline constexpr Wording MovedOn         {1102, "The war has moved on to $1."}; // the date
 inline constexpr SwitchForms Sound       {{1404, "Sound: On"}, {1405, "Sound: Off"}};
 inline constexpr SwitchForms FullScreen  {{1406, "Full screen: On"}, {1407, "Full screen: Off"}};

@@ -111,7 +111,7 @@ TEST(Sketch, ChoosesTheScaleThatHoldsAll) {
     const struct {
         float width, height; // metres
         int32_t kilometres;
-    } cases[] = {{0, 0, 1},     {28000, 0, 1},   {28001, 0, 2},   {0, 20000, 1},   {0, 20001, 2},
+    } cases[] = {{0, 0, 1},     {28000, 0, 1},   {28001, 0, 2},   {0, 20800, 1},   {0, 20900, 2},
                  {56001, 0, 5}, {140001, 0, 10}, {0, 399999, 20}, {900000, 0, 50}, {0, 900000, 50}};
     for (const auto& [width, height, kilometres] : cases) {
         const Sketch sketch =

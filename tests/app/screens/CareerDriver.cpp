@@ -14,6 +14,7 @@
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/graphics/Canvas.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"
@@ -107,16 +108,25 @@ std::string CareerDriver::endAt(const zel::PixelRect& place) const {
     return "";
 }
 
+std::string CareerDriver::allTexts() const {
+    std::string texts;
+    for (const auto& [name, shown] : screens->menu().getWidgets())
+        texts += std::string(shown->getText().view()) + "\n";
+    for (const auto& [name, shown] : screens->menu().getTextAreas())
+        texts += std::string(shown->getText().view()) + "\n";
+    return texts;
+}
+
 testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
     std::istringstream stream(steps);
     for (std::string step; stream >> step;) {
         const size_t arrow = step.find('>');
         const std::string target = arrow == step.npos ? state() : step.substr(arrow + 1);
         const std::string name = step.substr(0, arrow);
-        const std::string before = arrow == step.npos ? text(name.c_str()) : "";
+        const std::string before = arrow == step.npos ? allTexts() : "";
         if (const auto result = go(name, target, how); !result)
             return result;
-        if (arrow == step.npos && widget(name)->isVisible() && text(name.c_str()) == before)
+        if (arrow == step.npos && widget(name)->isVisible() && allTexts() == before)
             return testing::AssertionFailure() << name << " of " << state() << " does nothing";
     }
     return testing::AssertionSuccess();

@@ -41,7 +41,7 @@ public:
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
     /// Steps "widget>State", separated by blanks; "widget" alone stays on the screen and must
-    /// change its text or disappear when pressed.
+    /// change a text there or disappear when pressed.
     testing::AssertionResult walk(const std::string& steps, How how = How::Name);
     /// From the main menu to the squadron office. `way`: the steps up to the last page.
     testing::AssertionResult begin(const std::string& way);
@@ -72,6 +72,7 @@ public:
 
 private:
     void press(const std::string& widget, How how);
+    std::string allTexts() const;
     /// The plate that ends the program or puts a career away and shares a pixel with that place;
     /// empty for none.
     std::string endAt(const zel::PixelRect& place) const;

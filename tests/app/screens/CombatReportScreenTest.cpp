@@ -1,6 +1,8 @@
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {
@@ -24,36 +26,45 @@ protected:
         ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
     }
     bool isShown(const std::string& name) { return driver.widget(name)->isVisible(); }
-    /// Whether the sheet and its entries are the ones that show, and its plate is lit.
-    void expectSheet(int32_t sheet) {
-        for (int32_t other = 1; other <= 3; ++other) {
-            const std::string number = std::to_string(other);
-            EXPECT_EQ(isShown("sheet" + number), other != sheet);
-            EXPECT_EQ(isShown("sheetlit" + number), other == sheet);
-            EXPECT_EQ(isShown("left" + std::to_string(21 * other)), other == sheet);
-            EXPECT_EQ(isShown("right" + std::to_string(21 * other - 20)), other == sheet);
+    /// Whether the sheet of so many shows, and its entries alone.
+    void expectSheet(int32_t sheet, int32_t count) {
+        EXPECT_EQ(driver.text("sheetNumber"),
+                  std::to_string(sheet) + " of " + std::to_string(count));
+        for (int32_t other = 1; other <= 5; ++other) {
+            EXPECT_EQ(isShown("left" + std::to_string(15 * other - 12)), other == sheet);
+            EXPECT_EQ(isShown("right" + std::to_string(15 * other - 14)), other == sheet);
+            const std::string reason = "leftWhy" + std::to_string(5 * other - 4);
+            EXPECT_EQ(driver.screens->menu().getTextArea(reason)->isVisible(), other == sheet);
         }
     }
 };
 
 TEST_F(CombatReportScreen, TurnsItsSheets) {
-    showReport(16, 3);
+    showReport(11, 3);
     EXPECT_EQ(driver.text("left1"), "Tommy 0 - Kills: 0");
     EXPECT_EQ(driver.text("right1"), "Fritz 0 - Kills: 0");
-    EXPECT_EQ(driver.text("left46"), "Tommy 15 - Kills: 0") << "the sixteenth entry";
-    EXPECT_EQ(driver.text("left49"), "");
-    expectSheet(1);
+    EXPECT_EQ(driver.text("left31"), "Tommy 10 - Kills: 0") << "the eleventh entry";
+    EXPECT_EQ(driver.text("left34"), "");
+    EXPECT_NE(driver.text("leftWhy11"), "");
+    expectSheet(1, 3);
     for (const int32_t sheet : {2, 3, 1}) {
-        ASSERT_TRUE(driver.walk("sheet" + std::to_string(sheet)));
-        expectSheet(sheet);
+        ASSERT_TRUE(driver.walk("nextSheet"));
+        expectSheet(sheet, 3);
+    }
+    for (const auto& [key, sheet] : {std::pair{zel::KeyPageUp, 1},
+                                     {zel::KeyPageDown, 2},
+                                     {zel::KeyPageDown, 3},
+                                     {zel::KeyPageDown, 3},
+                                     {zel::KeyPageUp, 2}}) {
+        driver.screens->key(key);
+        expectSheet(sheet, 3);
     }
 }
 
 TEST_F(CombatReportScreen, HasNoSheetsToTurnWhenOneIsEnough) {
-    showReport(7, 7);
-    EXPECT_TRUE(isShown("left21"));
-    for (const char* plate : {"sheet1", "sheet2", "sheet3", "sheetlit1", "slip"})
-        EXPECT_FALSE(isShown(plate)) << plate;
+    showReport(5, 5);
+    EXPECT_TRUE(isShown("left15"));
+    EXPECT_FALSE(isShown("nextSheet"));
     EXPECT_NE(driver.widget("left1")->getFont(), driver.widget("left4")->getFont())
         << "the player's own line stands out";
     EXPECT_EQ(driver.widget("left4")->getFont(), driver.widget("right1")->getFont());
@@ -80,9 +91,12 @@ TEST_F(CombatReportScreen, FitsTheLongestNames) {
     }
     EXPECT_EQ(driver.widget("left7")->getFont(), driver.widget("left13")->getFont())
         << "a short name keeps the usual type";
-    EXPECT_TRUE(isShown("slip"));
-    EXPECT_NE(driver.text("note").find(name.c_str()), std::string::npos)
-        << "it is nobody of the plan";
+    for (int32_t entry = 1; entry <= 3; ++entry)
+        EXPECT_FALSE(driver.screens->menu()
+                         .getTextArea("leftWhy" + std::to_string(entry))
+                         ->getLabel()
+                         .isCut());
+    EXPECT_NE(driver.text("leftWhy2").find("name nobody like you"), std::string::npos);
 }
 
 TEST_F(CombatReportScreen, KeepsTheFirstOfTooMany) {
@@ -96,6 +110,7 @@ TEST_F(CombatReportScreen, SaysWhenThereWasNoMission) {
     showReport(0, 0);
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
     EXPECT_EQ(driver.text("right1"), "");
+    EXPECT_FALSE(isShown("where"));
     ASSERT_TRUE(driver.closeReport());
     EXPECT_GT(Database::instance()->calendar().dateNumber(), before)
         << "the war goes on all the same";

@@ -12,9 +12,9 @@
 namespace {
 
 constexpr const char* German1915Choices = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
-constexpr LogBook Delmas = {"Lucien Delmas",   0, nullptr, nullptr, 19170610, 7, 14, false,
-                            "2008-05-06 21:40"};
-constexpr LogBook Brandner = {
+constexpr ShelvedBook Delmas = {"Lucien Delmas",   0, nullptr, nullptr, 19170610, 7, 14, false,
+                                "2008-05-06 21:40"};
+constexpr ShelvedBook Brandner = {
     "Friedrich Brandner", Germany, "501011", "Douai", 19170429, 11, 23, true, "2008-04-01 08:05"};
 
 class Drawer : public CareerScreens {

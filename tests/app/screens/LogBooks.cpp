@@ -42,7 +42,7 @@ private:
     const bool isUnsaved;
 };
 
-std::string contentOf(const PlayerHome& home, const LogBook& book) {
+std::string contentOf(const PlayerHome& home, const ShelvedBook& book) {
     Database& career = *Database::instance();
     const Kept kept(career);
     Pilot& pilot = career.player();
@@ -68,7 +68,7 @@ std::string contentOf(const PlayerHome& home, const LogBook& book) {
 
 } // namespace
 
-std::string putBook(const PlayerHome& home, int32_t number, const LogBook& book) {
+std::string putBook(const PlayerHome& home, int32_t number, const ShelvedBook& book) {
     char digits[8];
     std::snprintf(digits, sizeof digits, "%04d", number);
     const std::string folder = std::string("user/Careers/") + digits + " " + book.pilot;
@@ -77,8 +77,8 @@ std::string putBook(const PlayerHome& home, int32_t number, const LogBook& book)
     return folder;
 }
 
-void putPage(const PlayerHome& home, const std::string& folder, int32_t number, const LogBook& page,
-             bool isDamaged) {
+void putPage(const PlayerHome& home, const std::string& folder, int32_t number,
+             const ShelvedBook& page, bool isDamaged) {
     std::string content = contentOf(home, page);
     char name[64];
     std::snprintf(name, sizeof name, "/Pages/%04d %08d %s.wty", number, page.date,

@@ -6,7 +6,7 @@
 struct PlayerHome;
 
 /// A save as another career of the player left it.
-struct LogBook {
+struct ShelvedBook {
     const char* pilot;
     int32_t nation;   // Nation.h
     const char* unit; // six digits; null for the squadron of the career in memory, and its nation
@@ -20,9 +20,9 @@ struct LogBook {
 
 /// Puts the book on the shelf, as the career of that number. Returns its folder, in the home's.
 /// REQUIRES: a career in memory, which stays as it is: all else in the save is of it.
-std::string putBook(const PlayerHome& home, int32_t number, const LogBook& book);
+std::string putBook(const PlayerHome& home, int32_t number, const ShelvedBook& book);
 /// Adds an earlier page to a career's folder. A damaged one isn't as it was when it was kept.
-void putPage(const PlayerHome& home, const std::string& folder, int32_t number, const LogBook& page,
-             bool isDamaged = false);
+void putPage(const PlayerHome& home, const std::string& folder, int32_t number,
+             const ShelvedBook& page, bool isDamaged = false);
 /// As if the file had been written then.
 void setWritten(const std::string& file, const char* written);

@@ -2,10 +2,12 @@
 // those that end the program. Each is pressed by pointer and by keys, in the real window.
 #include <gtest/gtest.h>
 
+#include "app/career/Database.h"
 #include "app/career/Nation.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/MenuNotification.h"
 #include "engine/window/Window.h"
+#include "tests/app/screens/BookFlights.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {
@@ -19,7 +21,7 @@ void show(CareerDriver& driver, const char* page) {
 
 void invite(CareerDriver& driver) { driver.invite(); }
 
-/// Of three sheets.
+/// Of four sheets.
 void fillReport(CareerDriver& driver) {
     EXPECT_TRUE(driver.takeOff());
     for (int32_t i = 0; i < 16; ++i) {
@@ -29,8 +31,10 @@ void fillReport(CareerDriver& driver) {
     }
 }
 
-/// What has come, and the steps from there. The plate of the open sheet is hidden: if it can be
-/// pressed again, another one was opened in between.
+/// Of two pages.
+void fillBook(CareerDriver& /*driver*/) { addFlightsToBook(*Database::instance(), 28); }
+
+/// What has come, and the steps from there.
 struct Passage {
     void (*prepare)(CareerDriver& driver);
     const char* steps;
@@ -39,8 +43,11 @@ constexpr Passage Passages[] = {
     {invite, "menuButton1>MenuGameInvite menuBack>MenuGameMain menuButton1>MenuGameInvite "
              "menuButton4>MenuGameMain"},
     {invite, "menuButton1>MenuGameInvite menuButton3>MenuGameMain"},
-    {fillReport, "menuButton4>MenuGameCombatReport sheet2 sheet1 sheet2 sheet3 sheet2 "
+    {fillReport, "menuButton4>MenuGameCombatReport nextSheet nextSheet nextSheet nextSheet "
+                 "where>MenuGameWhere menuBack>MenuGameCombatReport where>MenuGameWhere "
                  "menuButton1>MenuGameAdvance menuButton1>MenuGameMain"},
+    {fillBook, "logbook>MenuGameLogbook earlier later left3>MenuGameCombatReport "
+               "where>MenuGameWhere menuButton1>MenuGameLogbook menuBack>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
      "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationSave"); },

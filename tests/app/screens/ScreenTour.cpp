@@ -10,6 +10,7 @@
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
+#include "tests/app/screens/BookFlights.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/LogBooks.h"
 #include "tests/support/HandMade.h"
@@ -25,19 +26,31 @@ constexpr const char* ToTheInvitation =
     "menuButton4>MenuNewMonth1918! "
     "menuBack>MenuNewYear menuButton3>MenuNewMonth! month4>MenuNewCareer! "
     "menuButton4>MenuGameMain! menuButton2>MenuGameViewSquadron! menuButton1>MenuGameMain "
-    "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain";
+    "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain logbook>MenuGameLogbook!_None "
+    "menuBack>MenuGameMain";
 constexpr const char* ToTheFlight =
     "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission! "
     "menuBack>MenuGameMain!_Orders awaitReport>MenuGameFinishMission!";
 constexpr const char* ToTheNextFlight =
     "menuButton1>MenuGameAdvance menuButton1>MenuGameMain menuButton1>MenuGameStartMission "
     "menuButton4>MenuGameFinishMission";
-constexpr const char* ToTheFullReport = "menuButton4>MenuGameCombatReport sheet2 sheet1!_Full";
+constexpr const char* ToTheBook = "where>MenuGameWhere! menuBack>MenuGameCombatReport "
+                                  "menuButton1>MenuGameAdvance menuButton1>MenuGameMain "
+                                  "logbook>MenuGameLogbook! left1>MenuGameCombatReport!_Again "
+                                  "menuButton1>MenuGameLogbook menuBack>MenuGameMain "
+                                  "menuButton1>MenuGameStartMission "
+                                  "menuButton4>MenuGameFinishMission";
+constexpr const char* ToTheFullReport =
+    "menuButton4>MenuGameCombatReport nextSheet nextSheet nextSheet nextSheet!_Full";
+constexpr const char* ToTheFullBook =
+    "logbook>MenuGameLogbook!_Full earlier left2>MenuGameCombatReport "
+    "where>MenuGameWhere!_Full menuButton1>MenuGameLogbook "
+    "menuBack>MenuGameMain";
 constexpr const char* ToTheEmptyReport =
     "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameAdvance! menuButton1>MenuGameMain";
 constexpr const char* ToTheEnd = "menuButton2>MenuGameViewSquadron "
                                  "menuButton1>MenuGameMain!_WarIsOver menuBack>MenuMain";
-constexpr LogBook Books[] = {
+constexpr ShelvedBook Books[] = {
     {"Edward Harcourt", England, "102056", "Arras", 19170610, 7, 14, false, "2009-05-06 21:40"},
     {"Lucien Delmas", France, "101012", "Reims", 19160301, 0, 1, false, "2009-05-05 20:12"},
     {"Friedrich Brandner", Germany, "501011", "Douai", 19170429, 11, 23, true, "2009-01-02 19:05"},
@@ -47,7 +60,7 @@ constexpr LogBook Books[] = {
     {"Walter Prentiss", Usa, "103094", "Toul", 19180614, 2, 5, false, "2008-12-28 17:33"},
 };
 /// Of the first of them.
-constexpr LogBook Pages[] = {
+constexpr ShelvedBook Pages[] = {
     {"Edward Harcourt", England, "102056", "Arras", 19170607, 6, 13, false, "2009-05-07 08:12"},
     {"Edward Harcourt", England, "102056", "Arras", 19170604, 6, 12, false, "2009-05-04 22:55"},
     {"Edward Harcourt", England, "102056", "Arras", 19170601, 5, 11, false, "2009-03-13 21:30"},
@@ -55,15 +68,15 @@ constexpr LogBook Pages[] = {
     {"Edward Harcourt", England, "102056", "Arras", 19170524, 4, 9, false, "2008-09-09 18:20"},
     {"Edward Harcourt", England, "102056", "Arras", 19170520, 4, 8, false, "2008-09-09 17:33"},
 };
-constexpr LogBook LongBook = {"Friedrich-Wilhelm von Hohenstein-Wartenb",
-                              Germany,
-                              "501011",
-                              "Douai",
-                              19170910,
-                              100,
-                              100,
-                              true,
-                              "2009-05-06 21:41"};
+constexpr ShelvedBook LongBook = {"Friedrich-Wilhelm von Hohenstein-Wartenb",
+                                  Germany,
+                                  "501011",
+                                  "Douai",
+                                  19170910,
+                                  100,
+                                  100,
+                                  true,
+                                  "2009-05-06 21:41"};
 constexpr const char* ThroughTheSettings =
     "menuButton3>MenuConfiguration! menuButton1>MenuConfigurationMaps! "
     "menuBack>MenuConfiguration menuButton2>MenuConfigurationPlanes1 item2 item11! "
@@ -79,9 +92,10 @@ public:
     bool run() {
         visit("MenuMain_NoBook");
         return follow(ToTheInvitation) && driver.invite() >= 0 && follow(ToTheFlight) && flight() &&
-               follow(ToTheNextFlight) && fillReport() && follow(ToTheFullReport) &&
-               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && endWar() &&
-               follow(ToTheEnd) && drawer() && follow(ThroughTheSettings) && notices();
+               follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
+               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(80) &&
+               follow(ToTheFullBook) && endWar() && follow(ToTheEnd) && drawer() &&
+               follow(ThroughTheSettings) && notices();
     }
 
 private:
@@ -150,6 +164,11 @@ private:
         return true;
     }
 
+    static bool addFlights(int32_t count) {
+        addFlightsToBook(*Database::instance(), count);
+        return true;
+    }
+
     static bool endWar() {
         setDate(*Database::instance(), 1918, 11, 11);
         return true;
@@ -159,7 +178,7 @@ private:
     bool drawer() {
         setWritten(driver.home.folder.file("user/Saves/savegame_v03.wty"), "2009-05-07 11:58");
         int32_t number = 1;
-        for (const LogBook& book : Books) {
+        for (const ShelvedBook& book : Books) {
             const std::string folder = putBook(driver.home, ++number, book);
             for (int32_t page = int32_t(std::size(Pages)); page > 0 && number == 2; --page)
                 putPage(driver.home, folder, 7 - page, Pages[page - 1]);
@@ -173,7 +192,7 @@ private:
     bool longOrLostBooks() {
         const std::string folder = putBook(driver.home, 10, LongBook);
         for (int32_t page = 1; page < 14; ++page) {
-            LogBook earlier = LongBook;
+            ShelvedBook earlier = LongBook;
             earlier.date -= page;
             putPage(driver.home, folder, 20 - page, earlier, page == 2);
         }

@@ -1,0 +1,174 @@
+#include "app/screens/MenuGameLogbook.h"
+
+#include <algorithm>
+
+#include "app/book/LogBookText.h"
+#include "app/book/LogBookWording.h"
+#include "app/career/Database.h"
+#include "app/record/CareerRecord.h"
+#include "app/screens/ReportPages.h"
+#include "app/screens/ScreenWording.h"
+#include "engine/core/Log.h"
+#include "engine/menu/Menu.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+
+namespace {
+
+constexpr int32_t RowsPerPage = 14;
+constexpr size_t TotalLetters = 44;
+constexpr uint32_t Ink = 0xFF2A1E12;
+constexpr uint32_t VictoryInk = 0xFF23406B;
+constexpr uint32_t FallInk = 0xFF8E1F17;
+
+// Columns of the typewriter face, as wide as on the ruled pages.
+zel::String leftHalf(const LogBookRow& row) {
+    return column(row.number, NumberLetters + 1) + column(row.date, DateLetters + 1) +
+           column(row.machine, MachineLetters + 1) + row.with;
+}
+
+zel::String rightHalf(const LogBookRow& row) {
+    return column(row.against, AgainstLetters + 1) + column(row.result, ResultLetters + 1) +
+           row.total;
+}
+
+zel::String rowName(const char* half, int32_t row) { return zel::String(half) + row; }
+
+} // namespace
+
+void MenuGameLogbook::onEnter() {
+    pages.choose(0);
+    readBook();
+    showPage(isComingBack ? shownPage : pageCount());
+    isComingBack = false;
+}
+
+void MenuGameLogbook::readBook() {
+    book = {};
+    lines.clear();
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return;
+    SqliteFile& tables = record.read(*career);
+    book = readLogBook(tables, *career);
+    if (tables.failed())
+        zel::log("The log book can't be read: " + tables.problem(), "MenuGameLogbook",
+                 zel::LogWarning);
+    for (size_t i = 0; i < book.flights.size(); ++i) {
+        lines.push_back({i});
+        if (book.endsPilot(i))
+            lines.push_back({i, true});
+    }
+    showName(zel::arrayText(career->player().name));
+    setText("totalLeft", flightsText(book));
+    setText("totalRight", victoriesText(book, TotalLetters));
+}
+
+void MenuGameLogbook::showName(const zel::String& text) {
+    zel::TextArea* name = menu->getTextArea("name");
+    const zel::Widget* narrow = getWidget("narrowRow");
+    if (name == nullptr)
+        return;
+    name->setText(text);
+    if (narrow != nullptr && name->getLabel().isCut())
+        name->setFont(narrow->getFont());
+}
+
+int32_t MenuGameLogbook::pageCount() const {
+    return std::max(1, (int32_t(lines.size()) + RowsPerPage - 1) / RowsPerPage);
+}
+
+void MenuGameLogbook::showPage(int32_t page) {
+    shownPage = std::clamp(page, 1, pageCount());
+    const size_t first = size_t(shownPage - 1) * RowsPerPage;
+    for (int32_t row = 1; row <= RowsPerPage; ++row) {
+        const size_t line = first + size_t(row) - 1;
+        showRow(row, line < lines.size() ? &lines[line] : nullptr);
+    }
+    if (lines.empty())
+        setText(rowName("left", 1), textOf(wording::NoFlightYet));
+    setText("pageNumber", textOf(wording::PageOf, {shownPage, pageCount()}));
+    setActive("earlier", shownPage > 1);
+    setActive("later", shownPage < pageCount());
+}
+
+void MenuGameLogbook::showRow(int32_t row, const Line* line) {
+    zel::String left;
+    zel::String right;
+    if (line != nullptr && line->isFall) {
+        left = fallText(book.flights[line->flight]);
+        right = successionText(book, line->flight);
+    } else if (line != nullptr) {
+        const LogBookRow columns = logBookRow(book.flights[line->flight]);
+        left = leftHalf(columns);
+        right = rightHalf(columns);
+    }
+    showHalf(rowName("left", row), left, line);
+    showHalf(rowName("right", row), right, line);
+}
+
+/// In red ink for a fall, in blue for a flight with a victory. A fall isn't set in columns.
+void MenuGameLogbook::showHalf(const zel::String& name, const zel::String& text, const Line* line) {
+    zel::Widget* half = getWidget(name);
+    if (half == nullptr)
+        return;
+    const bool isFall = line != nullptr && line->isFall;
+    const bool isVictory = line != nullptr && book.flights[line->flight].victories > 0;
+    for (int32_t look = 0; look < zel::LookCount; ++look)
+        half->setTextColor(static_cast<zel::WidgetLook>(look), isFall      ? FallInk
+                                                               : isVictory ? VictoryInk
+                                                                           : Ink);
+    if (const zel::Widget* font = getWidget(isFall ? "narrowRow" : "wideRow"))
+        half->setFont(font->getFont());
+    half->setText(text);
+    half->setActive(line != nullptr && !isFall);
+}
+
+// Both halves of a row light up together.
+void MenuGameLogbook::update() {
+    const auto isLit = [](const zel::Widget& half) {
+        return half.isActive() && (half.isFocused() || half.isOver());
+    };
+    for (int32_t row = 1; row <= RowsPerPage; ++row) {
+        zel::Widget* left = getWidget(rowName("left", row));
+        zel::Widget* right = getWidget(rowName("right", row));
+        if (left == nullptr || right == nullptr)
+            continue;
+        const zel::WidgetLook look =
+            isLit(*left) || isLit(*right) ? zel::LookOver : zel::LookInactive;
+        for (zel::Widget* half : {left, right})
+            half->setImage(zel::LookActive, half->getImage(look));
+    }
+}
+
+void MenuGameLogbook::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    const zel::String name = widget->getName();
+    if (name == "earlier" || name == "later") {
+        widget->reset();
+        showPage(shownPage + (name == "later" ? 1 : -1));
+        return;
+    }
+    for (int32_t row = 1; row <= RowsPerPage; ++row) {
+        const size_t line = size_t(shownPage - 1) * RowsPerPage + size_t(row) - 1;
+        if (line >= lines.size() || lines[line].isFall ||
+            (name != rowName("left", row) && name != rowName("right", row)))
+            continue;
+        pages.choose(book.flights[lines[line].flight].number);
+        isComingBack = true;
+        setTransition("MenuGameCombatReport");
+    }
+}
+
+void MenuGameLogbook::onKey(const zel::KeyPress& key) {
+    if (menu->isTransitionRequested())
+        return;
+    if (key.symbol == zel::KeyPageDown)
+        showPage(shownPage + 1);
+    else if (key.symbol == zel::KeyPageUp)
+        showPage(shownPage - 1);
+    else if (key.symbol == zel::KeyHome)
+        showPage(1);
+    else if (key.symbol == zel::KeyEnd)
+        showPage(pageCount());
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <vector>
+
+#include "app/book/LogBook.h"
+#include "app/screens/CareerScreen.h"
+
+class CareerRecord;
+class ReportPages;
+
+/// The flying log book, fourteen rows a page. It opens at the last page; a row leads to the report
+/// of its flight.
+class MenuGameLogbook : public CareerScreen {
+public:
+    /// REQUIRES: both outlive the screen.
+    MenuGameLogbook(CareerRecord& record, ReportPages& pages)
+        : CareerScreen("MenuGameLogbook"), record(record), pages(pages) {}
+
+    void onEnter() override;
+    void update() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+    void onKey(const zel::KeyPress& key) override;
+
+private:
+    /// A line of the book.
+    struct Line {
+        size_t flight;       // index in the book
+        bool isFall = false; // of its pilot, instead of the flight
+    };
+
+    void readBook();
+    void showName(const zel::String& text);
+    int32_t pageCount() const;
+    void showPage(int32_t page); // from 1 on, clamped
+    void showRow(int32_t row, const Line* line);
+    void showHalf(const zel::String& name, const zel::String& text, const Line* line);
+
+    CareerRecord& record;
+    ReportPages& pages;
+    LogBook book;
+    std::vector<Line> lines;
+    int32_t shownPage = 1;
+    bool isComingBack = false; // from a flight's report
+};

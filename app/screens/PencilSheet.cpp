@@ -1,0 +1,157 @@
+#include "app/screens/PencilSheet.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "engine/graphics/Font.h"
+#include "engine/graphics/Image.h"
+
+namespace {
+
+constexpr int32_t BytesPerPixel = 4;
+constexpr float Dash = 10;
+constexpr float DashGap = 4;
+constexpr float ArrowSize = 11;
+constexpr float ArrowTurn = 2.65F; // of its sides, from the way
+constexpr float Pressure = 0.95F;  // of the pencil
+
+int32_t powerOfTwo(int32_t least) {
+    int32_t power = 1;
+    while (power < least)
+        power *= 2;
+    return power;
+}
+
+} // namespace
+
+PencilSheet::PencilSheet(int32_t width, int32_t height) : lowest(height) {
+    picture.pictureWidth = width;
+    picture.pictureHeight = height;
+    // As old graphics cards want them.
+    picture.width = powerOfTwo(width);
+    picture.height = powerOfTwo(height);
+    picture.depth = BytesPerPixel;
+    picture.pixels.assign(picture.rowSize() * static_cast<size_t>(picture.height), 0);
+}
+
+// On what is there; the picture keeps straight alpha.
+void PencilSheet::blend(int32_t x, int32_t y, const Ink& ink, float alpha) {
+    if (x < 0 || y < 0 || x >= picture.pictureWidth || y >= lowest || alpha <= 0)
+        return;
+    uint8_t* pixel = picture.line(y) + x * BytesPerPixel;
+    const float below = static_cast<float>(pixel[3]) / 255;
+    const float above = std::min(alpha, 1.0F);
+    const float all = above + below * (1 - above);
+    const std::array<uint8_t, 3> color{ink.red, ink.green, ink.blue};
+    for (size_t i = 0; i < color.size(); ++i) {
+        const float mixed = (static_cast<float>(color[i]) * above +
+                             static_cast<float>(pixel[i]) * below * (1 - above)) /
+                            all;
+        pixel[i] = static_cast<uint8_t>(mixed + 0.5F);
+    }
+    pixel[3] = static_cast<uint8_t>(all * 255 + 0.5F);
+}
+
+void PencilSheet::line(Point from, Point to, float width, const Ink& ink) {
+    const float dx = to.x - from.x;
+    const float dy = to.y - from.y;
+    const float length = dx * dx + dy * dy;
+    const float reach = width / 2 + 1;
+    const auto left = static_cast<int32_t>(std::max(0.0F, std::min(from.x, to.x) - reach));
+    const auto top = static_cast<int32_t>(std::max(0.0F, std::min(from.y, to.y) - reach));
+    const float right =
+        std::min(static_cast<float>(picture.pictureWidth), std::max(from.x, to.x) + reach);
+    const float bottom =
+        std::min(static_cast<float>(picture.pictureHeight), std::max(from.y, to.y) + reach);
+    for (int32_t y = top; static_cast<float>(y) < bottom; ++y)
+        for (int32_t x = left; static_cast<float>(x) < right; ++x) {
+            const float px = static_cast<float>(x) + 0.5F - from.x;
+            const float py = static_cast<float>(y) + 0.5F - from.y;
+            const float along =
+                length > 0 ? std::clamp((px * dx + py * dy) / length, 0.0F, 1.0F) : 0;
+            const float distance = std::hypot(px - along * dx, py - along * dy);
+            blend(x, y, ink, std::clamp(width / 2 + 0.5F - distance, 0.0F, 1.0F) * Pressure);
+        }
+}
+
+/// drawn: how far the dashes have come, for the next piece.
+void PencilSheet::dashes(Point from, Point to, const Ink& ink, float& drawn) {
+    const float length = std::hypot(to.x - from.x, to.y - from.y);
+    for (float begin = 0; begin < length;) {
+        const float phase = std::fmod(drawn, Dash + DashGap);
+        const bool isDash = phase < Dash;
+        const float piece = std::min(length - begin, (isDash ? Dash : Dash + DashGap) - phase);
+        const auto point = [&](float distance) {
+            const float part = distance / length;
+            return Point{from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
+        };
+        if (isDash)
+            line(point(begin), point(begin + piece), 2, ink);
+        begin += std::max(piece, 0.01F);
+        drawn += std::max(piece, 0.01F);
+    }
+}
+
+void PencilSheet::arrow(Point from, Point to, const Ink& ink) {
+    const float angle = std::atan2(to.y - from.y, to.x - from.x);
+    const Point tip{(from.x + to.x) / 2, (from.y + to.y) / 2};
+    for (const float turn : {ArrowTurn, -ArrowTurn})
+        line(tip,
+             {tip.x + ArrowSize * std::cos(angle + turn),
+              tip.y + ArrowSize * std::sin(angle + turn)},
+             2, ink);
+}
+
+void PencilSheet::ring(Point centre, float radius, float width, const Ink& ink) {
+    const float reach = radius + width;
+    for (auto y = static_cast<int32_t>(centre.y - reach); static_cast<float>(y) <= centre.y + reach;
+         ++y)
+        for (auto x = static_cast<int32_t>(centre.x - reach);
+             static_cast<float>(x) <= centre.x + reach; ++x) {
+            const float distance = std::hypot(static_cast<float>(x) + 0.5F - centre.x,
+                                              static_cast<float>(y) + 0.5F - centre.y);
+            const float off = std::fabs(distance - radius);
+            blend(x, y, ink, std::clamp(width / 2 + 0.5F - off, 0.0F, 1.0F) * Pressure);
+        }
+}
+
+void PencilSheet::disc(Point centre, float radius, const Ink& ink, float alpha) {
+    for (auto y = static_cast<int32_t>(centre.y - radius - 1);
+         static_cast<float>(y) <= centre.y + radius + 1; ++y)
+        for (auto x = static_cast<int32_t>(centre.x - radius - 1);
+             static_cast<float>(x) <= centre.x + radius + 1; ++x) {
+            const float distance = std::hypot(static_cast<float>(x) + 0.5F - centre.x,
+                                              static_cast<float>(y) + 0.5F - centre.y);
+            blend(x, y, ink, std::clamp(radius + 0.5F - distance, 0.0F, 1.0F) * alpha);
+        }
+}
+
+/// base: of the letters, at the left, in the middle or at the right of the text.
+void PencilSheet::write(const zel::Font* font, Point base, std::string_view text, const Ink& ink,
+                        Align align) {
+    if (font == nullptr)
+        return;
+    const int32_t width = font->width(text);
+    auto pen = static_cast<int32_t>(base.x) - (align == Align::Left     ? 0
+                                               : align == Align::Centre ? width / 2
+                                                                        : width);
+    const int32_t top = static_cast<int32_t>(base.y) - font->base();
+    char before = 0;
+    for (const char letter : text) {
+        const zel::Glyph* glyph = font->glyph(letter);
+        const zel::Image* page = glyph != nullptr ? font->pageImage(glyph->page) : nullptr;
+        if (page == nullptr)
+            continue;
+        if (before != 0)
+            pen += font->kerning(before, letter) + font->charOffset();
+        for (int32_t y = 0; y < glyph->height; ++y)
+            for (int32_t x = 0; x < glyph->width; ++x) {
+                const uint32_t argb = page->getBitmap().pixelAt(glyph->x + x, glyph->y + y);
+                blend(pen + glyph->xOffset + x, top + glyph->yOffset + y, ink,
+                      static_cast<float>(argb >> 24) / 255);
+            }
+        pen += glyph->xAdvance;
+        before = letter;
+    }
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "engine/graphics/Bitmap.h"
+
+namespace zel {
+class Font;
+}
+
+/// A clear picture on which lines, signs and letters are drawn as with a pencil. Places are pixels
+/// from the upper left; what is beyond the edge is not drawn.
+class PencilSheet {
+public:
+    struct Point {
+        float x, y;
+    };
+    struct Ink {
+        uint8_t red, green, blue;
+    };
+    enum class Align { Left, Centre, Right };
+
+    PencilSheet(int32_t width, int32_t height);
+
+    /// From now on nothing is drawn below that line of pixels.
+    void setLowest(int32_t y) { lowest = y; }
+    void line(Point from, Point to, float width, const Ink& ink);
+    /// drawn: how many pixels of dashes and gaps there are already; it is moved on.
+    void dashes(Point from, Point to, const Ink& ink, float& drawn);
+    /// An arrow head in the middle of the way.
+    void arrow(Point from, Point to, const Ink& ink);
+    void ring(Point centre, float radius, float width, const Ink& ink);
+    void disc(Point centre, float radius, const Ink& ink, float alpha = 0.95F);
+    /// base: of the letters, at the left end, the middle or the right end of the text. A null font
+    /// writes nothing.
+    void write(const zel::Font* font, Point base, std::string_view text, const Ink& ink,
+               Align align);
+
+    zel::BitmapData take() { return std::move(picture); }
+
+private:
+    void blend(int32_t x, int32_t y, const Ink& ink, float alpha);
+
+    zel::BitmapData picture;
+    int32_t lowest;
+};

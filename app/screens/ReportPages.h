@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+
+#include "app/book/RecordedFlight.h"
+#include "app/book/Theatre.h"
+
+class CareerRecord;
+class Flight;
+
+/// The flight that the combat report and the sketch show: the one that was just reported, after
+/// which the war moves on, or an older one of the log book.
+///
+/// A page is left after the next one is entered. So each page remembers by itself whether leaving
+/// it ends the day.
+class ReportPages {
+public:
+    /// REQUIRES: both outlive this.
+    ReportPages(Flight& flight, CareerRecord& record) : flight(flight), record(record) {}
+
+    /// The pages show that flight of the record, or the one that was just reported for 0.
+    void choose(int32_t number) { chosen = number; }
+    bool isFromBook() const { return chosen > 0; }
+
+    /// To be called when the report is entered. A report that was found is taken over, and emptied:
+    /// the same flight isn't shown twice.
+    void enterReport();
+    /// The flight; nothing after a mission that wasn't flown, or if the record can't be read.
+    std::optional<RecordedFlight> shown() const;
+    /// Where it began. False if that isn't known.
+    bool base(const RecordedFlight& of, MapPoint& place) const;
+    /// The screen to which the pages lead.
+    const char* next() const { return isFromBook() ? "MenuGameLogbook" : "MenuGameAdvance"; }
+
+    /// The player leaves the flight of the day: the war moves on.
+    void endDay();
+
+private:
+    Flight& flight;
+    CareerRecord& record;
+    int32_t chosen = 0;
+    std::vector<PilotReport> reports; // of the day's flight
+    bool hasReport = false;
+};

@@ -1,0 +1,104 @@
+#include "tests/app/screens/BookFlights.h"
+
+#include <string>
+
+#include "app/career/CareerEvents.h"
+#include "app/career/CareerObserver.h"
+#include "app/career/Database.h"
+#include "app/career/Nation.h"
+
+namespace {
+
+constexpr int32_t DaysApart = 5;
+constexpr int32_t Companions = 3;
+constexpr int32_t Opponents = 4;
+constexpr const char* OpponentNames[] = {"Max von Mueller", "August Hanko", "Otto Reinhold",
+                                         "Wolfram-Friedrich von Hohenlohe"};
+constexpr const char* CompanionNames[] = {"Arthur Rhys Davids", "Leonard Barlow", "Cecil Lewis"};
+
+void addPlane(FlownMission& mission, int32_t pilot, const char* name, int32_t nation,
+              const char* aircraft) {
+    mission.plan.push_back({pilot, 0, name, aircraft, nation, 2});
+    PilotReport& report = mission.reports.emplace_back();
+    report.name = name;
+    report.type = aircraft;
+    report.plannedName = name;
+    report.plannedType = aircraft;
+    report.country = nation;
+    report.pilot = pilot;
+    report.human = mission.reports.size() == 1 ? 1 : 0;
+}
+
+/// x, z: from the player's base, in metres.
+FlightEvent eventAt(const Squadron& squadron, FlightEventKind kind, float seconds, int32_t actor,
+                    int32_t target, float x, float z) {
+    FlightEvent event;
+    event.kind = kind;
+    event.seconds = seconds;
+    event.actor = actor;
+    event.target = target;
+    event.amount = kind == FlightEventKind::Hit ? 7.0F : 0.2F;
+    event.hasPosition = kind != FlightEventKind::Hit;
+    event.x = squadron.baseX + x;
+    event.y = 1500;
+    event.z = squadron.baseZ + z;
+    return event;
+}
+
+FlownMission flightOf(const Database& career, int32_t number) {
+    const Squadron& squadron = career.playerSquadron();
+    const bool isAlliedPlayer = isAllied(squadron.nation);
+    const int32_t foe = isAlliedPlayer ? Germany : England;
+    const char* own = isAlliedPlayer ? "se5a" : "albatrosd3";
+    const char* other = isAlliedPlayer ? "albatrosd3" : "se5a";
+    FlownMission mission;
+    mission.log = "missionReport(book)[0].txt";
+    const std::string player(zel::arrayText(career.player().name));
+    addPlane(mission, career.playerPilot, player.c_str(), squadron.nation, own);
+    for (int32_t i = 0; i < 1 + number % Companions; ++i)
+        addPlane(mission, -1, CompanionNames[i], squadron.nation, own);
+    const auto first = static_cast<int32_t>(mission.reports.size());
+    for (int32_t i = 0; i < Opponents; ++i)
+        addPlane(mission, -1, OpponentNames[i], foe, other);
+    using Kind = FlightEventKind;
+    const auto at = [&](Kind kind, float seconds, int32_t actor, int32_t target, float x, float z) {
+        mission.events.push_back(eventAt(squadron, kind, seconds, actor, target, x, z));
+    };
+    at(Kind::Position, 1, 0, -1, 4000, 6000);
+    at(Kind::Hit, 300, 0, first, 0, 0);
+    at(Kind::Damage, 301, 0, first, 9000, 12000);
+    at(Kind::Wound, 340, first + 1, 0, 10500, 14500);
+    at(Kind::Position, 400, 0, -1, 8000, 15500);
+    if (number % 3 == 0) {
+        at(Kind::Kill, 420, 0, first, 7800, 13000);
+        mission.reports[static_cast<size_t>(first)].shotDown = 1;
+        mission.reports[static_cast<size_t>(first)].shotdownBy = 0;
+        mission.reports[0].kills = {first};
+    }
+    at(Kind::Crash, 460, -1, 1, 6000, 16500);
+    mission.reports[1].shotDown = 1;
+    mission.reports[0].damage = number % 4 == 0 ? 0.2F : 0;
+    mission.reports[0].flightStatus = 1;
+    at(Kind::Landing, 1700, 0, -1, 300, 400);
+    mission.fates.resize(mission.reports.size());
+    mission.causes.resize(mission.reports.size());
+    mission.seconds = 1710;
+    return mission;
+}
+
+} // namespace
+
+void addFlightsToBook(Database& career, int32_t count) {
+    const Calendar today = career.calendar();
+    for (int32_t i = 0; i < count; ++i) {
+        Calendar day = today;
+        day.subtractDays((count - i) * DaysApart);
+        career.year = day.getYear();
+        career.month = day.getMonth();
+        career.day = day.getDay();
+        career.observer->onFlight(career, flightOf(career, i));
+    }
+    career.year = today.getYear();
+    career.month = today.getMonth();
+    career.day = today.getDay();
+}

@@ -1,0 +1,95 @@
+#include "app/career/Database.h"
+#include "app/report/CombatReport.h"
+#include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
+#include "tests/app/screens/BookFlights.h"
+#include "tests/app/screens/CareerDriver.h"
+
+namespace {
+
+class BookScreens : public CareerScreens {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+    }
+    static int32_t date() { return Database::instance()->calendar().dateNumber(); }
+    bool isActive(const char* name) { return driver.widget(name)->isActive(); }
+};
+
+TEST_F(BookScreens, ShowsAnEmptyLogBook) {
+    ASSERT_TRUE(driver.go("logbook", "MenuGameLogbook"));
+    EXPECT_EQ(driver.text("left1"), "No flight yet");
+    EXPECT_EQ(driver.text("pageNumber"), "Page 1 of 1");
+    EXPECT_FALSE(isActive("left1") || isActive("earlier") || isActive("later"));
+}
+
+TEST_F(BookScreens, TurnsThePagesOfTheLogBook) {
+    addFlightsToBook(*Database::instance(), 30);
+    ASSERT_TRUE(driver.go("logbook", "MenuGameLogbook"));
+    EXPECT_EQ(driver.text("pageNumber"), "Page 3 of 3") << "it opens at the last one";
+    EXPECT_EQ(driver.text("left3"), "");
+    EXPECT_EQ(driver.text("totalLeft"), "30 flights, 5 months");
+    EXPECT_EQ(driver.text("left2").substr(0, 4), " 30 ");
+    EXPECT_EQ(driver.text("right1"), "2 Albatros D.III   Damaged, landed       10");
+    const std::pair<int32_t, const char*> keys[] = {{zel::KeyPageUp, "Page 2 of 3"},
+                                                    {zel::KeyHome, "Page 1 of 3"},
+                                                    {zel::KeyPageUp, "Page 1 of 3"},
+                                                    {zel::KeyPageDown, "Page 2 of 3"},
+                                                    {zel::KeyEnd, "Page 3 of 3"}};
+    for (const auto& [key, page] : keys) {
+        driver.screens->key(key);
+        EXPECT_EQ(driver.text("pageNumber"), page);
+    }
+}
+
+// A row opens the report and the sketch of its flight, and the war stays where it is.
+TEST_F(BookScreens, OpensAFlightAgain) {
+    addFlightsToBook(*Database::instance(), 16);
+    const int32_t before = date();
+    ASSERT_TRUE(driver.walk("logbook>MenuGameLogbook earlier left4>MenuGameCombatReport"));
+    EXPECT_NE(driver.text("left1").find("Kills: 1"), std::string::npos);
+    EXPECT_EQ(driver.text("rightWhy1"), "The log names you as the victor.");
+    ASSERT_TRUE(driver.walk("where>MenuGameWhere menuBack>MenuGameCombatReport where>MenuGameWhere "
+                            "menuButton1>MenuGameLogbook"));
+    EXPECT_EQ(driver.text("pageNumber"), "Page 1 of 2") << "where he pressed";
+    ASSERT_TRUE(driver.walk("right1>MenuGameCombatReport menuButton1>MenuGameLogbook "
+                            "menuBack>MenuGameMain"));
+    EXPECT_EQ(date(), before);
+    ASSERT_TRUE(driver.takeOff());
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    EXPECT_EQ(driver.text("left1"), "(No mission played.)") << "no longer one of the book";
+    ASSERT_TRUE(driver.closeReport());
+    EXPECT_GT(date(), before);
+}
+
+// The war moves on once, by whichever page the player leaves.
+TEST_F(BookScreens, SketchesTheFlightOfTheDay) {
+    for (const char* way : {"where>MenuGameWhere menuButton1>MenuGameAdvance",
+                            "where>MenuGameWhere menuBack>MenuGameCombatReport "
+                            "menuButton1>MenuGameAdvance"}) {
+        const int32_t before = date();
+        ASSERT_TRUE(driver.takeOff());
+        ASSERT_TRUE(driver.fly());
+        {
+            const InFront player;
+            driver.look();
+        }
+        ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
+        const std::string first = driver.text("left1");
+        ASSERT_TRUE(driver.walk("where>MenuGameWhere"));
+        EXPECT_EQ(date(), before);
+        EXPECT_NE(driver.text("event.row1").find("1. 0:0"), std::string::npos)
+            << driver.text("event.row1");
+        EXPECT_TRUE(driver.widget("sketch")->isVisible());
+        ASSERT_TRUE(driver.walk("menuBack>MenuGameCombatReport"));
+        EXPECT_EQ(driver.text("left1"), first);
+        ASSERT_TRUE(driver.walk(way));
+        EXPECT_GT(date(), before);
+        const int32_t after = date();
+        ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
+        EXPECT_EQ(date(), after);
+        EXPECT_TRUE(driver.walk("logbook>MenuGameLogbook menuBack>MenuGameMain"));
+    }
+}
+
+} // namespace
