@@ -52,13 +52,13 @@ quietly() {
 
 # What building takes, and what testing takes besides.
 build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev libcli11-dev libsqlite3-dev
-    libxxhash-dev nlohmann-json3-dev"
+    libxxhash-dev nlohmann-json3-dev libkainjow-mustache-dev"
 test_packages="clang libclang-rt-14-dev clang-format clang-tidy shellcheck git python3 libgtest-dev
-    libbenchmark-dev xvfb xauth libgl1-mesa-dri"
+    libbenchmark-dev xvfb xauth libgl1-mesa-dri tidy"
 
 # For Windows: the compiler with SDL's source, and what runs the programs here.
 windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev libcli11-dev tcl
-    libxxhash-dev nlohmann-json3-dev"
+    libxxhash-dev nlohmann-json3-dev libkainjow-mustache-dev"
 wine_packages="wine wine64 googletest libgl1 libgl1-mesa-dri xvfb xauth xdotool locales"
 
 # is_source_whole FOLDER TARBALL-SUM TARBALL PATCHES-SUM PATCHES: whether both are there, and as they

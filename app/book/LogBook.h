@@ -8,6 +8,9 @@
 class Database;
 class SqliteFile;
 
+/// From which damage on a machine counts as damaged, as in the combat report.
+constexpr float NotedDamage = 0.01F;
+
 /// So many machines of a type: an identifier of the aircraft table, or the type in the log of one
 /// that isn't in the plan.
 struct MachineCount {

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr float LeastDamage = 0.01F; // as in the combat report
 constexpr float Destruction = 0.5F;
 constexpr std::string_view Cut = "...";
 
@@ -69,7 +68,7 @@ const Wording& ownFate(const BookFlight& flight) {
         return flight.isShotDown ? wording::WasShotDown : wording::HasCrashed;
     if (flight.injury > 0)
         return injuryWording(flight.injury);
-    if (flight.damage >= LeastDamage) {
+    if (flight.damage >= NotedDamage) {
         const bool isDestroyed = flight.damage >= Destruction;
         if (flight.hasLanded)
             return isDestroyed ? wording::BadLanding : wording::DamagedAndLanded;
@@ -86,7 +85,7 @@ const Wording* fateAfterVictories(const BookFlight& flight) {
         return flight.isShotDown ? &wording::AndShotDown : nullptr;
     if (flight.injury > 0)
         return &wording::AndInjured;
-    return flight.damage >= LeastDamage ? &wording::AndDamaged : nullptr;
+    return flight.damage >= NotedDamage ? &wording::AndDamaged : nullptr;
 }
 
 zel::String listed(const std::vector<zel::String>& parts) {

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr float LongestBreak = 20;     // seconds between hits of one burst
-constexpr float FarthestTown = 15000;  // metres, for "near"
 constexpr float EdgeOfTheWorld = 1e6F; // metres; what is beyond it is no place of a map
 constexpr size_t LongestCrowd = 9;     // numbers that a square has room for
 
@@ -154,7 +153,7 @@ private:
     }
 
     void addBegin(const FlightEvent& event, const Wording& near, const Wording& plain) {
-        const char* town = townNear({event.x, event.z}, flight.onChannelMap, FarthestTown);
+        const char* town = townNear({event.x, event.z}, flight.onChannelMap, NearTown);
         drafts.push_back({event.seconds, addMark(SketchMark::Begin, event, own), true,
                           town != nullptr ? textOf(near, {nameInLanguage(town)}) : textOf(plain)});
     }
@@ -214,7 +213,7 @@ private:
         hasLanded = hasLanded || isYou(event.actor);
         if (!hasPlace(event))
             return;
-        const char* town = townNear({event.x, event.z}, flight.onChannelMap, FarthestTown);
+        const char* town = townNear({event.x, event.z}, flight.onChannelMap, NearTown);
         drafts.push_back({event.seconds, addMark(SketchMark::Landing, event, event.actor), true,
                           town != nullptr
                               ? said(wording::LandsNear, event.actor, nameInLanguage(town))

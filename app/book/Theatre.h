@@ -25,5 +25,7 @@ std::vector<Town> townsOf(bool onChannelMap);
 /// The front of that day (yyyymmdd) from the sea to the south, with the Allies to its west and
 /// south. Before the first day that is known, that of the first; after the last, that of the last.
 std::vector<MapPoint> frontOf(int32_t date, bool onChannelMap);
+/// How far from a town something is still near it, in metres.
+constexpr float NearTown = 15000;
 /// The nearest town within that many metres; null for none.
 const char* townNear(const MapPoint& point, bool onChannelMap, float metres);

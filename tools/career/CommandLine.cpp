@@ -45,6 +45,7 @@ Commands:
   victories [NAME]        the player's victories, or those of the pilots of that
                           name or a part of it
   postings                who came to the player's squadron, left it or died
+  book FILE.html          writes the log book as one web page
   export FILE.json        writes the whole record
   careers                 all careers: the current one, those on the shelf, those
                           put away
@@ -87,7 +88,7 @@ constexpr FromBook BookCommands[] = {
 bool isCommand(std::string_view word) {
     constexpr std::string_view Others[] = {
         "new",  "until",   "advance", "invitation", "victories", "export", "careers",
-        "take", "putaway", "pages",   "page",       "why",       "pilot"};
+        "take", "putaway", "pages",   "page",       "why",       "pilot",  "book"};
     return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
            std::any_of(std::begin(BookCommands), std::end(BookCommands),
                        [&](const FromBook& known) { return known.name == word; }) ||
@@ -112,7 +113,7 @@ private:
     void readVictories();
     std::string readWhy();
     std::string readPilot();
-    std::string readExport();
+    std::string readFile(std::string_view command);
     void addOnShelf(bool (ShelfCommands::*command)());
     std::string readCareer(std::string_view command);
     std::string readPage();
@@ -161,8 +162,8 @@ std::string CommandReader::readAll() {
             wrong = readWhy();
         else if (command == "pilot")
             wrong = readPilot();
-        else if (command == "export")
-            wrong = readExport();
+        else if (command == "export" || command == "book")
+            wrong = readFile(command);
         else if (command == "careers")
             addOnShelf(&ShelfCommands::careers);
         else if (command == "pages")
@@ -254,12 +255,15 @@ std::string CommandReader::readPilot() {
     return {};
 }
 
-std::string CommandReader::readExport() {
+std::string CommandReader::readFile(std::string_view command) {
     if (atEnd() || isCommand(peek()))
-        return "export wants the name of a file";
+        return std::string(command) + " wants the name of a file";
     // Before the program changes its working directory.
     const zel::String file = zel::system::absolutePath(words[next++]);
-    add([=](Session& session) { return session.exportRecord(file); });
+    const bool isPage = command == "book";
+    add([=](Session& session) {
+        return isPage ? session.writeBook(file) : session.exportRecord(file);
+    });
     return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "app/book/WebPage.h"
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/SaveFile.h"
@@ -327,17 +328,19 @@ bool Session::postings() {
     return sayRecord([&](SqliteFile& t) { return postingLines(t, career.player().squadron); });
 }
 
-bool Session::exportRecord(const zel::String& file) {
+bool Session::writeFile(const zel::String& file, bool isPage) {
     if (!needRecord())
         return false;
     if (belongsToCareer(file))
         return fail(file + " belongs to a career");
     SqliteFile& tables = record.read(career);
-    const std::string text = recordAsJson(tables);
-    if (text.empty())
-        return fail("The record of the war can't be read: " + tables.problem());
-    if (const zel::FileFault fault = zel::writeFileWhole(file, text); fault != zel::FileFault::None)
-        return fail("The record can't be written to " + file + ": " + zel::faultText(fault));
+    const WebPage made = isPage ? webPageOf(tables, career) : WebPage{recordAsJson(tables), {}};
+    if (made.html.empty())
+        return fail(isPage ? made.problem
+                           : "The record of the war can't be read: " + tables.problem());
+    if (const zel::FileFault fault = zel::writeFileWhole(file, made.html);
+        fault != zel::FileFault::None)
+        return fail(file + " can't be written: " + zel::faultText(fault));
     sayFile(wording::Exported, file);
     return true;
 }

@@ -53,8 +53,10 @@ public:
     /// one.
     bool victories(const zel::String& name);
     bool postings();
+    /// Writes the log book as a web page. file: as below.
+    bool writeBook(const zel::String& file) { return writeFile(file, true); }
     /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
-    bool exportRecord(const zel::String& file);
+    bool exportRecord(const zel::String& file) { return writeFile(file, false); }
     /// Ends what another run left half done among the careers; to be called first. On error: false,
     /// and the reason is in the log.
     bool tidy() { return shelf.tidy(); }
@@ -69,6 +71,7 @@ private:
     bool needSimulator();
     bool needRecord();
     bool sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf);
+    bool writeFile(const zel::String& file, bool isPage);
     void say(const zel::String& line) const;
     void sayFile(const Wording& wording, const zel::String& file) const;
     void sayOrders(const MissionOrders& orders) const;

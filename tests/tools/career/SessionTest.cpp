@@ -61,6 +61,7 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
     makeSimulator();
     const zel::String file = run.folder.file("record.json");
     expectProblem(session.flights(), "There is no career yet");
+    expectProblem(session.writeBook(file), "There is no career yet");
     ASSERT_TRUE(session.newCareer(ServiceGerman, 1917, 3) && session.mission() && session.fly() &&
                 session.report())
         << session.problem().c_str();
@@ -76,6 +77,8 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
                              "\"cause\":\"replacement\"", "\"from_squadron\":null"})
         EXPECT_NE(json.find(part), std::string::npos) << part;
     expectProblem(session.exportRecord(run.folder.path()), "can't be written");
+    ASSERT_TRUE(session.writeBook(run.folder.file("book.html"))) << session.problem().c_str();
+    EXPECT_EQ(run.folder.read("book.html").find("<!DOCTYPE html>"), 0U);
     Session unrecorded(true, 0, false);
     ASSERT_TRUE(unrecorded.newCareer(ServiceGerman, 1915, 12));
     EXPECT_FALSE(unrecorded.flights());

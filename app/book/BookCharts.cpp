@@ -1,0 +1,323 @@
+#include "app/book/BookCharts.h"
+
+#include <algorithm>
+#include <map>
+
+#include "app/book/LogBookText.h"
+#include "app/book/ServiceText.h"
+#include "app/book/Svg.h"
+#include "app/book/WebWording.h"
+#include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Nation.h"
+
+namespace {
+
+using Anchor = Svg::Anchor;
+
+constexpr float ChartWidth = 940;
+constexpr float MonthsHeight = 250;
+constexpr float TimeHeight = 190;
+constexpr float MapWidth = 312;
+constexpr int32_t MonthsWithNames = 14; // for more there is no room
+
+constexpr const char* Ink = "stroke=\"#2A1E12\"";
+constexpr const char* Grid = "stroke=\"#B9A67C\" stroke-width=\"0.8\"";
+constexpr const char* Small = "font-size=\"12\" fill=\"#5A452C\"";
+constexpr const char* Plain = "font-size=\"13\" fill=\"#2A1E12\"";
+constexpr const char* Bold = "font-size=\"13\" fill=\"#2A1E12\" font-weight=\"bold\"";
+constexpr const char* BlueText = "font-size=\"13\" fill=\"#23406B\"";
+constexpr const char* RedText = "font-size=\"13\" fill=\"#8E1F17\"";
+
+int32_t monthOf(int32_t date) { return date / 100; }
+int32_t nextMonth(int32_t month) { return month % 100 == 12 ? month + 89 : month + 1; }
+int32_t dayOf(int32_t date) { return Calendar::ofNumber(date).dayNumber(); }
+
+zel::String monthAndYear(int32_t month) { return shortMonth(month % 100) + " " + month / 100; }
+
+/// Lines of the scale go up to that.
+int32_t topOf(const std::vector<MonthScore>& months) {
+    int32_t top = 4;
+    for (const MonthScore& month : months)
+        top = std::max({top, month.own, month.best});
+    return top;
+}
+
+void drawBars(Svg& svg, const MonthScore& month, float x, float width, float unit, float ground) {
+    const float bar = width / 2 - 1;
+    const auto own = static_cast<float>(month.own);
+    const auto best = static_cast<float>(month.best);
+    svg.rect(x, ground - own * unit, bar, own * unit, "fill=\"#2B4B2E\" stroke=\"#2A1E12\"");
+    for (float y = 4; y < own * unit; y += 6) // hatched, for those who see no colour
+        svg.line(x, ground - y, x + bar, ground - y, "stroke=\"#7E9158\" stroke-width=\"1.6\"");
+    svg.rect(x + bar + 2, ground - best * unit, bar, best * unit,
+             "fill=\"#EADFC0\" stroke=\"#5A452C\"");
+    svg.text(x + bar / 2, ground - own * unit - 5, month.own, Anchor::Middle, Bold);
+    svg.text(x + bar * 1.5F + 2, ground - best * unit - 5, month.best, Anchor::Middle, Small);
+}
+
+} // namespace
+
+std::vector<MonthScore> monthScores(const LogBook& book, const BookTables& tables, int32_t nation) {
+    std::vector<MonthScore> months;
+    const int32_t last = monthOf(book.flights.back().date);
+    for (int32_t month = monthOf(book.flights.front().date); month <= last;
+         month = nextMonth(month)) {
+        MonthScore& score = months.emplace_back();
+        score.month = month;
+        for (const BookFlight& flight : book.flights)
+            if (monthOf(flight.date) == month)
+                score.own += flight.victories;
+        std::map<int32_t, int32_t> real; // by ace
+        for (const RealVictory& victory : tables.victories)
+            if (monthOf(victory.date) == month &&
+                tables.aces[static_cast<size_t>(victory.ace)].nation == nation)
+                ++real[victory.ace];
+        for (const auto& [ace, count] : real)
+            if (count > score.best) {
+                score.best = count;
+                score.bestMan = tables.aces[static_cast<size_t>(ace)].name;
+            }
+    }
+    return months;
+}
+
+std::string monthChart(const std::vector<MonthScore>& months) {
+    constexpr float Left = 40;
+    constexpr float Ground = 200;
+    constexpr float Top = 26;
+    Svg svg(ChartWidth, MonthsHeight);
+    const int32_t top = topOf(months);
+    const float unit = (Ground - Top) / static_cast<float>(top);
+    const int32_t every = top <= 10 ? 2 : 5;
+    for (int32_t value = 0; value <= top; value += every) {
+        const float y = Ground - static_cast<float>(value) * unit;
+        svg.line(Left, y, ChartWidth - 8, y, Grid);
+        svg.text(Left - 8, y + 4, value, Anchor::End, Small);
+    }
+    const auto count = static_cast<float>(months.size());
+    const float step = (ChartWidth - Left - 10) / count;
+    const float width = std::min(step - 4, 90.0F);
+    zel::String described;
+    for (size_t i = 0; i < months.size(); ++i) {
+        const MonthScore& month = months[i];
+        const float x = Left + step * static_cast<float>(i) + (step - width) / 2;
+        drawBars(svg, month, x, width, unit, Ground);
+        const bool isFew = months.size() <= static_cast<size_t>(MonthsWithNames);
+        if (isFew || month.month % 100 % 3 == 1)
+            svg.text(x + width / 2, Ground + 17,
+                     isFew ? shortMonth(month.month % 100) : monthAndYear(month.month),
+                     Anchor::Middle, Plain);
+        if (isFew && !month.bestMan.empty())
+            svg.text(x + width / 2, Ground + 33, lastName(month.bestMan), Anchor::Middle, Small);
+        const zel::String one = textOf(wording::MonthOfChart,
+                                       {monthAndYear(month.month), month.own,
+                                        month.bestMan.empty() ? "-" : month.bestMan, month.best});
+        described += (described.empty() ? "" : " ") + one;
+    }
+    svg.line(Left, Ground, ChartWidth - 8, Ground, Ink);
+    return svg.element(textOf(wording::MonthChart), described);
+}
+
+namespace {
+
+constexpr float TimeLeft = 16;
+constexpr float TimeAxis = 128;
+constexpr float FlagStep = 18; // from level to level
+constexpr int32_t FlagLevels = 5;
+constexpr float LetterWidth = 7; // of a flag's text, about
+
+/// Places along the time.
+class TimeScale {
+public:
+    TimeScale(int32_t first, int32_t last)
+        : first(dayOf(first)), days(static_cast<float>(dayOf(last) - dayOf(first))) {}
+    float at(int32_t date) const {
+        const float part = static_cast<float>(dayOf(date) - first) / std::max(days, 1.0F);
+        return TimeLeft + (ChartWidth - 2 * TimeLeft) * part;
+    }
+
+private:
+    int32_t first;
+    float days;
+};
+
+void drawFlight(Svg& svg, const BookFlight& flight, float x) {
+    svg.line(x, TimeAxis, x, TimeAxis + 12, "stroke=\"#2A1E12\" stroke-width=\"1.8\"");
+    if (flight.victories > 0)
+        svg.circle(x, TimeAxis - 9, 5.5F, "fill=\"#2B4B2E\" stroke=\"#2A1E12\"");
+    if (flight.injury > 0 || flight.isDead)
+        svg.path(x - 2, TimeAxis + 14, "h4 v4 h4 v4 h-4 v4 h-4 v-4 h-4 v-4 h4 Z",
+                 "fill=\"#8E1F17\"");
+    else if (flight.damage >= NotedDamage)
+        svg.path(x, TimeAxis + 14, "l4.5 8 h-9 Z",
+                 "fill=\"#EADFC0\" stroke=\"#5A452C\" stroke-width=\"1.5\"");
+}
+
+/// A flag where no other one is in the way.
+void drawFlag(Svg& svg, std::vector<float>& ends, float x, const zel::String& words, bool isAward) {
+    const float width = LetterWidth * static_cast<float>(words.length());
+    const bool isLeft = x + width > ChartWidth;
+    const float begin = isLeft ? x - width - 5 : x;
+    size_t level = 0;
+    while (level + 1 < ends.size() && ends[level] > begin)
+        ++level;
+    ends[level] = (isLeft ? x : x + width) + 10;
+    const float y = TimeAxis - 26 - FlagStep * static_cast<float>(level);
+    svg.line(x, TimeAxis - 18, x, y - 10,
+             isAward ? "stroke=\"#8E1F17\" stroke-width=\"1.4\""
+                     : "stroke=\"#23406B\" stroke-width=\"1.4\"");
+    svg.text(x + (isLeft ? -5 : 5), y, words, isLeft ? Anchor::End : Anchor::Start,
+             isAward ? RedText : BlueText);
+}
+
+} // namespace
+
+std::string timelineOf(const LogBook& book, const Honours& honours) {
+    const int32_t begin = monthOf(book.flights.front().date) * 100 + 1;
+    const int32_t end = nextMonth(monthOf(book.flights.back().date)) * 100 + 1;
+    const TimeScale scale(begin, end);
+    Svg svg(ChartWidth, TimeHeight);
+    svg.line(TimeLeft, TimeAxis, ChartWidth - TimeLeft, TimeAxis,
+             "stroke=\"#2A1E12\" stroke-width=\"2\"");
+    const bool isLong = (end - begin) / 10000 > 0;
+    for (int32_t month = monthOf(begin); month < monthOf(end); month = nextMonth(month)) {
+        if (isLong && month % 100 % 3 != 1)
+            continue;
+        const float x = scale.at(month * 100 + 1);
+        svg.line(x, TimeAxis - 8, x, TimeAxis + 44, Grid);
+        svg.text(x + 5, TimeAxis + 42, monthAndYear(month), Anchor::Start, Small);
+    }
+    for (const BookFlight& flight : book.flights)
+        drawFlight(svg, flight, scale.at(flight.date));
+    struct Flag {
+        int32_t date;
+        zel::String words;
+        bool isAward;
+    };
+    std::vector<Flag> flags;
+    for (const RankGiven& given : honours.ranks)
+        flags.push_back({given.date, given.rank->name, false});
+    for (const AwardGiven& given : honours.awards)
+        flags.push_back({given.date, awardText(*given.award), true});
+    std::stable_sort(flags.begin(), flags.end(),
+                     [](const Flag& a, const Flag& b) { return a.date < b.date; });
+    std::vector<float> ends(FlagLevels, 0.0F);
+    for (const Flag& flag : flags)
+        if (flag.date >= begin && flag.date < end)
+            drawFlag(svg, ends, scale.at(flag.date), flag.words, flag.isAward);
+    return svg.element(textOf(wording::TimeLine), flightsText(book));
+}
+
+namespace {
+
+/// Draws a sketch on its small map.
+class MapDrawing {
+public:
+    explicit MapDrawing(const Sketch& sketch)
+        : sketch(sketch), scale(MapWidth / sketch.frame.width()),
+          height(MapWidth * SketchFrame::Shape), svg(MapWidth, height + 22) {}
+
+    std::string draw(const zel::String& title, const zel::String& described) {
+        svg.rect(0.5F, 0.5F, MapWidth - 1, height - 1, "fill=\"#EFE6CE\" stroke=\"#2A1E12\"");
+        front(3, "stroke=\"#A3241B\" stroke-width=\"1.8\" stroke-dasharray=\"5 2\"");
+        front(-3, "stroke=\"#23406B\" stroke-width=\"1.8\" stroke-dasharray=\"5 2\"");
+        for (const Town& town : sketch.towns)
+            place(town.place, nameInLanguage(town.name), 2);
+        if (sketch.hasBase) {
+            svg.circle(x(sketch.base), y(sketch.base), 5, "fill=\"none\" stroke=\"#2A1E12\"");
+            place(sketch.base, sketch.baseName, 2.5F);
+        }
+        svg.beginLine();
+        for (const MapPoint& point : sketch.way)
+            svg.point(x(point), y(point));
+        if (!sketch.way.empty())
+            svg.endLine("stroke=\"#2A1E12\" stroke-width=\"1.5\" stroke-dasharray=\"6 3\"");
+        for (const SketchMark& one : sketch.marks)
+            mark(one);
+        bar();
+        return svg.element(title, described);
+    }
+
+private:
+    float x(const MapPoint& point) const { return (point.z - sketch.frame.southWest.z) * scale; }
+    float y(const MapPoint& point) const {
+        return height - (point.x - sketch.frame.southWest.x) * scale;
+    }
+    /// The pieces of it that touch the map.
+    void front(float aside, const char* style) {
+        bool isOpen = false;
+        for (size_t i = 1; i < sketch.front.size(); ++i) {
+            const MapPoint& from = sketch.front[i - 1];
+            const MapPoint& to = sketch.front[i];
+            if (!sketch.frame.holds(from) && !sketch.frame.holds(to)) {
+                if (isOpen)
+                    svg.endLine(style);
+                isOpen = false;
+                continue;
+            }
+            if (!isOpen) {
+                svg.beginLine();
+                point(from, aside);
+            }
+            isOpen = true;
+            point(to, aside);
+        }
+        if (isOpen)
+            svg.endLine(style);
+    }
+    void point(const MapPoint& place, float aside) {
+        svg.point(std::clamp(x(place) + aside, 1.0F, MapWidth - 1),
+                  std::clamp(y(place), 1.0F, height - 1));
+    }
+    void place(const MapPoint& place, const zel::String& name, float dot) {
+        svg.circle(x(place), y(place), dot, "fill=\"#2A1E12\"");
+        const bool isLeft = x(place) > MapWidth * 0.7F;
+        svg.text(x(place) + (isLeft ? -6 : 6), y(place) + 4, name,
+                 isLeft ? Anchor::End : Anchor::Start,
+                 "font-size=\"11\" font-style=\"italic\" fill=\"#2A1E12\"");
+    }
+    void mark(const SketchMark& mark) {
+        const float px = x(mark.place);
+        const float py = y(mark.place);
+        const char* ink = mark.isAllied ? "fill=\"none\" stroke=\"#23406B\" stroke-width=\"2.2\""
+                                        : "fill=\"none\" stroke=\"#A3241B\" stroke-width=\"2.2\"";
+        switch (mark.kind) {
+        case SketchMark::Begin:
+            break;
+        case SketchMark::Hit:
+            svg.circle(px, py, 2.5F, "fill=\"none\" stroke=\"#8E1F17\"");
+            break;
+        case SketchMark::OwnLoss:
+            svg.circle(px, py, 9, ink);
+            [[fallthrough]];
+        case SketchMark::Loss:
+            svg.path(px - 5, py - 5, "l10 10 m0 -10 l-10 10", ink);
+            break;
+        case SketchMark::Landing:
+            svg.path(px, py - 5, "l5 9 h-10 Z", "fill=\"none\" stroke=\"#2A1E12\"");
+            break;
+        }
+    }
+    void bar() {
+        const float square = MapWidth / static_cast<float>(SketchFrame::Columns);
+        const float top = height + 12;
+        svg.rect(4, top, 5 * square, 5, "fill=\"#2A1E12\"");
+        svg.text(10 + 5 * square, top + 6,
+                 textOf(wording::Kilometres, {5 * sketch.frame.kilometres}), Anchor::Start, Small);
+        svg.path(MapWidth - 10, height + 4, "l-4 15 l4 -4 l4 4 Z", "fill=\"#2A1E12\"");
+        svg.text(MapWidth - 26, height + 17, textOf(wording::NorthMark), Anchor::Middle, Bold);
+    }
+
+    const Sketch& sketch;
+    float scale;
+    float height;
+    Svg svg;
+};
+
+} // namespace
+
+std::string sketchPicture(const Sketch& sketch, const zel::String& title,
+                          const zel::String& described) {
+    return MapDrawing(sketch).draw(title, described);
+}

@@ -1,0 +1,277 @@
+#include "app/book/WebPage.h"
+
+#include <algorithm>
+#include <iterator>
+#include <kainjow/mustache.hpp>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "app/book/BookCharts.h"
+#include "app/book/LogBookText.h"
+#include "app/book/LogBookWording.h"
+#include "app/book/RecordedFlight.h"
+#include "app/book/ServiceText.h"
+#include "app/book/WebWording.h"
+#include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/record/Sqlite.h"
+#include "app/report/Outcome.h"
+#include "engine/core/File.h"
+#include "engine/core/Language.h"
+#include "engine/core/TextEncoding.h"
+
+namespace {
+
+using kainjow::mustache::data;
+
+constexpr const char* TemplateFile = "Data\\Book\\logbook.html";
+constexpr int32_t LargestTemplate = 1 << 20; // bytes
+constexpr size_t MostSketches = 6;
+constexpr size_t WholeWidth = 200; // letters; nothing is cut on the page
+
+data valueOf(const zel::String& text) { return data(zel::utf8Of(text.view())); }
+
+zel::String dayOf(int32_t date) { return bookDate(Calendar::ofNumber(date)); }
+
+/// The page's data, part by part.
+class PageData {
+public:
+    PageData(SqliteFile& record, const Database& career, const LogBook& book)
+        : record(record), career(career), book(book),
+          pilot(readPilot(record, career, book.flights.back().pilot)),
+          months(monthScores(book, BookTables::instance(), pilot.nation)) {}
+
+    data make() {
+        addHeads();
+        addFigures();
+        page["monthChart"] = data(monthChart(months));
+        page["timeline"] = data(timelineOf(book, pilot.honours));
+        addService();
+        addFlights();
+        addVictories();
+        addSketches();
+        return std::move(page);
+    }
+
+private:
+    void set(const char* key, const zel::String& text) { page[key] = valueOf(text); }
+    void set(const char* key, const Wording& words) { page[key] = valueOf(textOf(words)); }
+
+    void addHeads();
+    void addFigures();
+    void addService();
+    void addFlights();
+    void addVictories();
+    void addVictory(data& rows, const RecordedFlight& flight, size_t victim);
+    void addSketches();
+    void addSketch(data& sketches, const RecordedFlight& flight);
+    std::vector<int32_t> sketchedFlights() const;
+
+    SqliteFile& record;
+    const Database& career;
+    const LogBook& book;
+    const PilotRecord pilot;
+    const std::vector<MonthScore> months;
+    data page;
+    int32_t victoryNumber = 0;
+};
+
+void PageData::addHeads() {
+    const zel::String name = titleOf(pilot.honours, pilot.name);
+    page["language"] =
+        data(zel::Language::getCode().empty() ? std::string("en")
+                                              : std::string(zel::Language::getCode().view()));
+    set("pageTitle", textOf(wording::WebTitle, {name}));
+    set("name", name);
+    set("subtitle", textOf(wording::WebSubtitle,
+                           {unitText(career, pilot.squadron), dayOf(book.flights.front().date),
+                            dayOf(book.flights.back().date)}));
+    set("partsLabel", wording::WebParts);
+    set("chartsHead", wording::WebCharts);
+    set("serviceHead", wording::WebService);
+    set("victoriesHead", wording::WebVictories);
+    set("mapsHead", wording::WebSketches);
+    set("flightsHead", wording::WebFlights);
+    set("ownKey", wording::OwnMonths);
+    set("realKey", wording::BestMonths);
+    set("timelineNote", wording::TimeLineNote);
+    set("ranksHead", wording::WebRanks);
+    set("awardsHead", wording::WebAwards);
+    set("noAward", wording::NoAward);
+    set("mapsNote", wording::SketchesNote);
+    set("pilotHead", wording::WebPilot);
+    set("whyHead", wording::WebWhy);
+    constexpr const char* Heads[] = {"numberHead", "dateHead",    "nearHead",  "machineHead",
+                                     "withHead",   "againstHead", "resultHead"};
+    for (size_t i = 0; i < std::size(Heads); ++i)
+        set(Heads[i], wording::LogBookHeads[i]);
+    set("footer", textOf(wording::WebFooter, {pilot.name, dayOf(career.calendar().dateNumber())}));
+}
+
+void PageData::addFigures() {
+    data figures(data::type::list);
+    const auto add = [&](const Wording& label, const zel::String& value) {
+        data figure;
+        figure["label"] = valueOf(textOf(label));
+        figure["value"] = valueOf(value);
+        figures << figure;
+    };
+    const auto count = [&](auto isOne) {
+        return static_cast<int32_t>(std::count_if(book.flights.begin(), book.flights.end(), isOne));
+    };
+    add(wording::FigureFlights, static_cast<int32_t>(book.flights.size()));
+    add(wording::FigureVictories, book.victories);
+    const auto best = std::max_element(months.begin(), months.end(),
+                                       [](const auto& a, const auto& b) { return a.own < b.own; });
+    if (best->own > 0)
+        add(wording::FigureBestMonth,
+            textOf(wording::FigureOfMonth, {shortMonth(best->month % 100), best->own}));
+    add(wording::FigureMachine, machineText(book.flights.back().aircraft));
+    add(wording::FigureDamaged, count([](const BookFlight& f) { return f.damage >= NotedDamage; }));
+    add(wording::FigureInjured, count([](const BookFlight& f) { return f.injury > 0; }));
+    page["figures"] = std::move(figures);
+}
+
+void PageData::addService() {
+    data ranks(data::type::list);
+    for (const RankGiven& given : pilot.honours.ranks)
+        ranks << valueOf(textOf(wording::FigureOfMonth, {given.rank->name, dayOf(given.date)}));
+    page["ranks"] = std::move(ranks);
+    data awards(data::type::list);
+    for (const AwardGiven& given : pilot.honours.awards)
+        awards << valueOf(
+            textOf(wording::FigureOfMonth, {awardText(*given.award), dayOf(given.date)}));
+    page["awards"] = std::move(awards);
+}
+
+void PageData::addFlights() {
+    data rows(data::type::list);
+    for (size_t i = 0; i < book.flights.size(); ++i) {
+        const BookFlight& flight = book.flights[i];
+        const LogBookRow row = logBookRow(flight);
+        data one;
+        one["isWon"] = data(flight.victories > 0);
+        one["number"] = valueOf(flight.number);
+        one["date"] = valueOf(dayOf(flight.date));
+        one["machine"] = valueOf(machineText(flight.aircraft));
+        one["with"] = valueOf(row.with);
+        one["against"] = valueOf(row.against);
+        one["result"] = valueOf(row.result);
+        one["total"] = valueOf(flight.total);
+        if (book.endsPilot(i))
+            one["fall"] = valueOf(fallText(flight) + " " + successionText(book, i));
+        rows << one;
+    }
+    page["flights"] = std::move(rows);
+}
+
+void PageData::addVictories() {
+    data rows(data::type::list);
+    for (const BookFlight& flown : book.flights) {
+        if (flown.victories == 0)
+            continue;
+        const std::optional<RecordedFlight> flight = readFlight(record, flown.number);
+        if (!flight)
+            continue;
+        for (const PilotReport& report : flight->mission.reports)
+            if (report.pilot == flown.pilot)
+                for (const int32_t victim : report.kills)
+                    addVictory(rows, *flight, static_cast<size_t>(victim));
+    }
+    page["victories"] = std::move(rows);
+    page["hasVictories"] = data(victoryNumber > 0);
+}
+
+void PageData::addVictory(data& rows, const RecordedFlight& flight, size_t victim) {
+    const FlownMission& mission = flight.mission;
+    const PilotReport& fallen = mission.reports[victim];
+    const char* town = nullptr;
+    for (const FlightEvent& event : mission.events) {
+        const bool isEnd = event.kind == FlightEventKind::Kill ||
+                           event.kind == FlightEventKind::Crash ||
+                           event.kind == FlightEventKind::Death;
+        if (town == nullptr && isEnd && event.hasPosition &&
+            event.target == static_cast<int32_t>(victim))
+            town = townNear({event.x, event.z}, flight.onChannelMap, NearTown);
+    }
+    data row;
+    row["number"] = valueOf(++victoryNumber);
+    row["date"] = valueOf(dayOf(flight.date));
+    row["machine"] = valueOf(
+        machineText(fallen.plannedType.empty() ? fallen.type : fallen.plannedType, WholeWidth));
+    row["pilot"] = valueOf(fallen.plannedName.empty() ? reportedName(fallen) : fallen.plannedName);
+    row["near"] = valueOf(town != nullptr ? nameInLanguage(town) : zel::String("-"));
+    row["why"] = valueOf(Outcomes(mission.reports, mission.events).of(victim).reason);
+    rows << row;
+}
+
+/// The first victory, the day with most of them, and the last flight.
+std::vector<int32_t> PageData::sketchedFlights() const {
+    std::vector<int32_t> chosen;
+    const auto add = [&](const BookFlight& flight) {
+        if (chosen.size() < MostSketches &&
+            std::find(chosen.begin(), chosen.end(), flight.number) == chosen.end())
+            chosen.push_back(flight.number);
+    };
+    const auto& flights = book.flights;
+    const auto first = std::find_if(flights.begin(), flights.end(),
+                                    [](const BookFlight& f) { return f.victories > 0; });
+    if (first != flights.end()) {
+        add(*first);
+        add(*std::max_element(
+            flights.begin(), flights.end(),
+            [](const BookFlight& a, const BookFlight& b) { return a.victories < b.victories; }));
+    }
+    add(flights.back());
+    std::sort(chosen.begin(), chosen.end());
+    return chosen;
+}
+
+void PageData::addSketches() {
+    data sketches(data::type::list);
+    for (const int32_t number : sketchedFlights())
+        if (const std::optional<RecordedFlight> flight = readFlight(record, number))
+            addSketch(sketches, *flight);
+    page["sketches"] = std::move(sketches);
+}
+
+/// In its caption is who was lost.
+void PageData::addSketch(data& sketches, const RecordedFlight& flight) {
+    MapPoint base;
+    const bool hasBase = baseOf(record, flight, base);
+    const Sketch sketch = sketchOf(flight, hasBase ? &base : nullptr);
+    zel::String caption;
+    for (const SketchMark& mark : sketch.marks)
+        for (const SketchLine& line : sketch.lines)
+            if (mark.number > 0 && mark.number == line.number &&
+                (mark.kind == SketchMark::Loss || mark.kind == SketchMark::OwnLoss))
+                caption += (caption.empty() ? "" : " ") + line.text + ".";
+    const zel::String title = textOf(wording::SketchOfFlight, {flight.number, dayOf(flight.date)});
+    data one;
+    one["picture"] = data(sketchPicture(sketch, title, caption));
+    one["title"] = valueOf(title);
+    one["caption"] = valueOf(caption);
+    sketches << one;
+}
+
+} // namespace
+
+WebPage webPageOf(SqliteFile& record, const Database& career) {
+    const LogBook book = readLogBook(record, career);
+    if (record.failed())
+        return {{}, "The record of the war can't be read: " + record.problem()};
+    if (book.flights.empty())
+        return {{}, "There is no flight yet"};
+    std::string text;
+    if (!zel::readFile(TemplateFile, LargestTemplate, text))
+        return {{}, zel::String("The page's template can't be read: ") + TemplateFile};
+    kainjow::mustache::mustache page(text);
+    if (!page.is_valid())
+        return {{}, zel::String("The page's template is wrong: ") + page.error_message()};
+    data values = PageData(record, career, book).make();
+    if (record.failed())
+        return {{}, "The record of the war can't be read: " + record.problem()};
+    return {page.render(values), {}};
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/career/Wording.h"
+
+// What the log book says as a web page, besides the words of its other forms.
+// clang-format off
+namespace wording {
+
+inline constexpr Wording WebTitle       {3900, "Flying log book of $1"};
+inline constexpr Wording WebSubtitle    {3901, "$1. Flying log book, $2 to $3"}; // unit, first day, last day
+inline constexpr Wording WebParts       {3902, "Parts of the book"};
+inline constexpr Wording WebCharts      {3903, "The war so far"};
+inline constexpr Wording WebService     {3904, "Service"};
+inline constexpr Wording WebVictories   {3905, "Victories"};
+inline constexpr Wording WebSketches    {3906, "Sketches"};
+inline constexpr Wording WebFlights     {3907, "Flights"};
+inline constexpr Wording FigureFlights  {3908, "flights"};
+inline constexpr Wording FigureVictories{3909, "victories"};
+inline constexpr Wording FigureBestMonth{3910, "best month"};
+inline constexpr Wording FigureMachine  {3911, "machine"};
+inline constexpr Wording FigureDamaged  {3912, "damaged"};
+inline constexpr Wording FigureInjured  {3913, "injured"};
+inline constexpr Wording FigureOfMonth  {3914, "$1, $2"}; // month, victories
+inline constexpr Wording OwnMonths      {3915, "your victories in a month"};
+inline constexpr Wording BestMonths     {3916, "the best man of your nation in the real war"};
+inline constexpr Wording MonthChart     {3917, "Victories by month"};
+inline constexpr Wording MonthOfChart   {3918, "$1: $2, the best $3 with $4."}; // month, own, name, his
+inline constexpr Wording TimeLine       {3919, "Flights, ranks and decorations"};
+inline constexpr Wording TimeLineNote   {3920, "Each stroke is a flight; dots are victories, triangles damage, crosses injuries."};
+inline constexpr Wording WebRanks       {3921, "Ranks"};
+inline constexpr Wording WebAwards      {3922, "Decorations"};
+inline constexpr Wording NoAward        {3923, "None yet"};
+inline constexpr Wording WebPilot       {3924, "Pilot"};
+inline constexpr Wording WebWhy         {3925, "Why it counts"};
+inline constexpr Wording SketchOfFlight {3926, "Flight $1, $2."}; // number, date
+inline constexpr Wording SketchesNote   {3927, "Dashed: your way. Crosses: machines lost, red German, blue Allied, in a ring your own. Rings: hits. Triangle: landed. Blue and red lines: the front."};
+inline constexpr Wording WebFooter      {3928, "Written by Wingtally from the career of $1, $2. The figures of the real war are those of its history tables."};
+inline constexpr Wording Kilometres     {3931, "$1 km"};
+inline constexpr Wording NorthMark      {3932, "N"};
+
+} // namespace wording
+// clang-format on
