@@ -26,8 +26,7 @@ void MenuBlackScreen::onEnter() {
         return;
     if (career->saveCheck.fault != SaveFault::None)
         setText("reason", sentenceOf(career->saveCheck));
-    const bool hasEarlier =
-        career->saveCheck.fault != SaveFault::Missing && hasEarlierSave(*career, SaveFileName);
+    const bool hasEarlier = hasEarlierSave(*career, SaveFileName);
     setVisible("text2", !hasEarlier);
     setVisible("text3", !hasEarlier);
     setVisible("text4", hasEarlier);

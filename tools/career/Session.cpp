@@ -94,10 +94,10 @@ bool Session::load() {
     }
     zel::String why =
         "No career could be loaded from " + path + ": " + saveFaultText(career.saveCheck);
-    if (career.saveCheck.fault == SaveFault::Missing)
-        why += "; careers lists those on the shelf";
-    else if (hasEarlierSave(career, SaveFileName))
+    if (hasEarlierSave(career, SaveFileName))
         why += "; pages lists the saves before it";
+    else if (career.saveCheck.fault == SaveFault::Missing)
+        why += "; careers lists those on the shelf";
     return fail(why);
 }
 

@@ -162,7 +162,12 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     EXPECT_EQ(driver.text("reason"), "The file is missing. The save before it is used.");
     EXPECT_FALSE(driver.widget("menuButton2")->isVisible());
     EXPECT_FALSE(driver.screens->menu().getTextArea("path")->isVisible());
-    ASSERT_TRUE(driver.go("menuButton1", "MenuGameMain"));
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain"));
+    std::filesystem::remove(home.folder.file(save));
+    std::filesystem::remove(home.folder.file(save + ".bak"));
+    ASSERT_TRUE(driver.go("menuButton2", "BlackScreen"));
+    EXPECT_EQ(driver.text("reason"), "There is no saved career.");
+    ASSERT_TRUE(driver.go("menuButton2", "MenuGameMain")) << "a page is left";
 }
 
 TEST(ScreenFaultsInFlight, TheSimulatorsFolderHasBracketsOfItsOwn) {

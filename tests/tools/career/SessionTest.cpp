@@ -1,5 +1,7 @@
 #include "tools/career/Session.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "app/mission/DailyMission.h"
@@ -112,6 +114,11 @@ TEST_F(SessionTest, ChangesBetweenCareers) {
     expectProblem(turnBack("19170101"), "There is no page 19170101");
     ASSERT_TRUE(turnBack(page.c_str()) && session.load()) << session.problem().c_str();
     EXPECT_EQ(career.calendar().dateText(), page);
+
+    ASSERT_TRUE(session.advance(1) && session.save()) << session.problem().c_str();
+    for (const char* lost : {"user/Saves/savegame_v03.wty", "user/Saves/savegame_v03.wty.bak"})
+        ASSERT_TRUE(std::filesystem::remove(run.folder.file(lost)));
+    expectProblem(session.load(), "pages lists the saves before it");
 }
 
 TEST_F(SessionTest, GoesOnUntilADay) {
