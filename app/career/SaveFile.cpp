@@ -273,8 +273,11 @@ bool writeSave(Database& career, const zel::String& name) {
     }
     if (isWritten && !isDamaged && replaced == SaveMatch::Unknown)
         noteUnknown(career, path);
-    if (isWritten && career.observer != nullptr && !career.observer->onSaving(career, content))
-        noteUnrecorded(path, content);
+    if (isWritten && career.observer != nullptr && !career.observer->onSaving(career, content)) {
+        career.writeFault = noteUnrecorded(path, content);
+        if (career.writeFault != zel::FileFault::None)
+            return false; // the next load would call it changed
+    }
     isWritten = isWritten && file.commit(path + (isDamaged ? DamagedEnding : BackupEnding));
     career.writeFault = file.fault();
     if (isWritten) {

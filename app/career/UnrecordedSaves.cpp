@@ -21,7 +21,7 @@ std::string notes(const zel::String& save) {
 
 } // namespace
 
-void noteUnrecorded(const zel::String& save, std::string_view content) {
+zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content) {
     const std::string before = notes(save);
     const std::string text =
         std::string(checksumOf(content).view()) + "\n" + before.substr(0, before.find('\n') + 1);
@@ -31,6 +31,7 @@ void noteUnrecorded(const zel::String& save, std::string_view content) {
         zel::log("The checksum of the save can't be noted in " + path + ": " +
                      zel::faultText(fault),
                  "Database", zel::LogWarning);
+    return fault;
 }
 
 bool isUnrecorded(const zel::String& save, std::string_view content) {

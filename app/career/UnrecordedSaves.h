@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 // The checksum of a save is in the record of the war. Where the record can't be written or isn't
@@ -11,7 +12,7 @@
 constexpr const char* UnrecordedEnding = ".sum";
 
 /// Notes the checksums of a save that is about to get its name and of the one noted before it. On
-/// error: a log line.
-void noteUnrecorded(const zel::String& save, std::string_view content);
+/// error: why, and a log line.
+zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content);
 /// Whether that content was noted.
 bool isUnrecorded(const zel::String& save, std::string_view content);
