@@ -324,10 +324,6 @@ bool Session::victories(const zel::String& name) {
     });
 }
 
-bool Session::postings() {
-    return sayRecord([&](SqliteFile& t) { return postingLines(t, career.player().squadron); });
-}
-
 bool Session::writeFile(const zel::String& file, bool isPage) {
     if (!needRecord())
         return false;
@@ -338,11 +334,11 @@ bool Session::writeFile(const zel::String& file, bool isPage) {
     if (made.html.empty())
         return fail(isPage ? made.problem
                            : "The record of the war can't be read: " + tables.problem());
-    if (const zel::FileFault fault = zel::writeFileWhole(file, made.html);
-        fault != zel::FileFault::None)
-        return fail(file + " can't be written: " + zel::faultText(fault));
-    sayFile(wording::Exported, file);
-    return true;
+    const zel::FileFault fault = zel::writeFileWhole(file, made.html);
+    if (fault == zel::FileFault::None)
+        sayFile(wording::Exported, file);
+    return fault == zel::FileFault::None ||
+           fail(file + " can't be written: " + zel::faultText(fault));
 }
 
 bool Session::onShelf(const std::function<bool(ShelfCommands&)>& command) {

@@ -12,6 +12,7 @@
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
 #include "tools/career/Progress.h"
+#include "tools/career/RecordLines.h"
 #include "tools/career/ShelfCommands.h"
 
 /// One run of the career program: the objects that the window's program holds, and the commands on
@@ -52,7 +53,9 @@ public:
     /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.
     bool victories(const zel::String& name);
-    bool postings();
+    bool postings() {
+        return sayRecord([&](SqliteFile& t) { return postingLines(t, career.player().squadron); });
+    }
     /// Writes the log book as a web page. file: as below.
     bool writeBook(const zel::String& file) { return writeFile(file, true); }
     /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
