@@ -37,6 +37,7 @@ bool CareerRecord::close() {
     orders = {};
     place = Place::None;
     folder = nullptr;
+    isCopy = false;
     return isClosed;
 }
 

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "app/career/CareerLock.h"
+#include "app/record/RecordSeal.h"
 #include "engine/core/LockFile.h"
 #include "engine/core/Random.h"
 #include "tests/app/record/RecordedProgram.h"
@@ -46,8 +47,17 @@ TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
     for (const auto& entry : fs::directory_iterator(run.folder.file("user/Saves")))
         files += entry.is_regular_file() ? 1 : 0;
     EXPECT_EQ(files, 2u);
+    {
+        CareerLock lock;
+        Program second;
+        second.career.lock = &lock;
+        ASSERT_TRUE(second.load() && second.career.isReadOnly);
+        other.release();
+        second.begin(ServiceEnglish);
+        ASSERT_TRUE(second.save());
+    }
+    EXPECT_EQ(sealOf(path()), RecordSeal::Whole) << "what it begins afterwards is its own";
     // Who removes the file of the first lets the second in, and the first saves no more.
-    other.release();
     CareerLock lock;
     Program first;
     first.career.lock = &lock;
