@@ -35,6 +35,7 @@ constexpr const char* Usage =
     R"(Usage: faulty-disk --root DIR [OPTION]... -- PROGRAM [ARGUMENT]...
 
   --root DIR       the folder whose files count
+  --no-links       the disk has no second names: each call that makes one fails with EPERM
   --reads          counts calls that read them, instead of those that change them
   --list FILE      writes a line for each call, separated by tabs: number, name, path, second
                    path, offset, length, place of the data in the next file, result, flags
@@ -51,6 +52,7 @@ constexpr int Killed = 137;
 struct Options {
     std::string root;
     bool countsReads = false;
+    bool hasLinks = true;
     std::string list;
     std::string data;
     int64_t killAt = 0;
@@ -82,6 +84,8 @@ bool readOptions(int count, char** words, Options& options) {
         }
         if (word == "--reads") {
             options.countsReads = true;
+        } else if (word == "--no-links") {
+            options.hasLinks = false;
         } else if (left >= 1 && (word == "--root" || word == "--list" || word == "--data")) {
             (word == "--root"   ? options.root
              : word == "--list" ? options.list
@@ -174,8 +178,10 @@ private:
         if (kills && options.killWhen == "part" && operation.call->kind == FileCallKind::Write &&
             stopped.number() != SYS_writev && operation.length > 1)
             stopped.setLength(operation.length / 2);
-        if (fails || (kills && options.killWhen == "before"))
-            stopped.refuse(-(fails ? options.error : EIO));
+        const bool isRefused =
+            !options.hasLinks && operation.call->name == std::string_view("link");
+        if (fails || isRefused || (kills && options.killWhen == "before"))
+            stopped.refuse(-(fails ? options.error : isRefused ? EPERM : EIO));
         if (kills && options.killWhen == "before")
             return kill(process);
         pending[process] = std::move(operation);
