@@ -235,8 +235,14 @@ bool keepBackupAsPage(const zel::String& save, const RecordedMatch& recorded) {
     const zel::String backup = save + BackupEnding;
     if (!zel::system::fileStatus(backup).exists)
         return true;
+    std::string content = wholeContent(save, backup, recorded);
+    if (content.empty()) { // damaged, or the disk failed in the midst of it
+        if (std::string bytes; !zel::File(backup, zel::FileRead).readWhole(bytes))
+            return false;
+        content = wholeContent(save, backup, recorded);
+    }
     std::vector<PageFile> pages = listPages(save);
-    if (!keepAsPage(save, backup, wholeContent(save, backup, recorded), pages))
+    if (!keepAsPage(save, backup, content, pages))
         return false;
     thinPages(save, pages);
     return true;

@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr size_t MostNotes = 200; // after the newest: more than a career has pages
+
 /// One checksum in each line, the newest first. Empty if there is no such file.
 std::string notes(const zel::String& save) {
     std::string text;
@@ -22,9 +24,11 @@ std::string notes(const zel::String& save) {
 } // namespace
 
 zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content) {
-    const std::string before = notes(save);
-    const std::string text =
-        std::string(checksumOf(content).view()) + "\n" + before.substr(0, before.find('\n') + 1);
+    const std::string line = std::string(checksumOf(content).view()) + "\n";
+    std::string before = notes(save);
+    if (const size_t same = before.find(line); same != before.npos)
+        before.erase(same, line.size());
+    const std::string text = line + before.substr(0, MostNotes * line.size());
     const zel::String path = save + UnrecordedEnding;
     const zel::FileFault fault = zel::writeFileWhole(path, text);
     if (fault != zel::FileFault::None)

@@ -11,7 +11,7 @@
 
 constexpr const char* UnrecordedEnding = ".sum";
 
-/// Notes the checksums of a save that is about to get its name and of the one noted before it. On
+/// Notes the checksum of a save that is about to get its name, beside those of the last 200. On
 /// error: why, and a log line.
 zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content);
 /// Whether that content was noted.

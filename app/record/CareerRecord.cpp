@@ -146,7 +146,7 @@ void CareerRecord::startOver(RecordState why) {
 
 /// REQUIRES: the file has failed.
 void CareerRecord::giveUp() {
-    const bool isDamaged = file.isDamaged();
+    const bool isDamaged = file.isDamaged() && (isCopy || isRecordDamaged(path));
     logRecord("The record of the war can't be used (" + path + ": " + file.problem() +
               "); the career goes on, and the next save tries again");
     file.close();

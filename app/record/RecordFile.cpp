@@ -90,6 +90,12 @@ RecordState checkRecord(SqliteFile& file, int32_t careerNumber, bool isSealed) {
     return RecordState::Ready;
 }
 
+RecordState openAndCheck(SqliteFile& file, const zel::String& path, int32_t careerNumber,
+                         bool isSealed) {
+    return file.open(path, SqliteFile::MustExist) ? checkRecord(file, careerNumber, isSealed)
+                                                  : damageOr(file, RecordState::Unusable);
+}
+
 /// "record-damaged.db", "record-damaged-2.db".
 zel::String pathBeside(const zel::String& path, const char* reason, int32_t number) {
     const zel::String stem(path.view().substr(0, path.view().size() - RecordEnding.size()));
@@ -121,9 +127,23 @@ RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t career
     const RecordSeal seal = sealOf(path);
     if (seal == RecordSeal::Broken)
         zel::log(path + " was changed or damaged outside of Wingtally", "Record", zel::LogWarning);
-    if (!file.open(path, SqliteFile::MustExist))
-        return damageOr(file, RecordState::Unusable);
-    return checkRecord(file, careerNumber, seal == RecordSeal::Whole);
+    const RecordState state = openAndCheck(file, path, careerNumber, seal == RecordSeal::Whole);
+    if (state != RecordState::Damaged)
+        return state;
+    // SQLite takes some errors of the disk for damage.
+    std::string content;
+    return zel::File(path, zel::FileRead).readWhole(content)
+               ? openAndCheck(file, path, careerNumber, false)
+               : RecordState::Unusable;
+}
+
+bool isRecordDamaged(const zel::String& path) {
+    std::string content;
+    if (!zel::File(path, zel::FileRead).readWhole(content))
+        return false;
+    SqliteFile file;
+    file.open(path, SqliteFile::MustExist);
+    return file.isDamaged() || checkPages(file) == RecordState::Damaged;
 }
 
 bool reopenRecord(SqliteFile& file, const zel::String& path) {
