@@ -6,8 +6,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "app/book/LogBook.h"
 #include "app/career/CareerEvents.h"
 #include "app/record/CareerRecord.h"
+#include "app/record/Sqlite.h"
 #include "app/war/WarAdvance.h"
 #include "bench/Benches.h"
 #include "bench/PinnedCareer.h"
@@ -114,6 +116,35 @@ void saves(benchmark::State& state, bool hasRecord) {
     }
 }
 
+/// Every row of the tables that the log book is made of, and all their columns as text.
+size_t readBare(SqliteFile& tables) {
+    size_t bytes = 0;
+    for (const char* table : {"flight", "flight_plane", "flight_report", "flight_event"}) {
+        SqliteStatement row(tables, std::string("SELECT * FROM ") + table);
+        while (row.next())
+            for (int column = 0; column < row.columnCount(); ++column)
+                bytes += row.rawText(column).size();
+    }
+    return bytes;
+}
+
+/// The log book of a whole war with a flight in each period.
+void logBooks(benchmark::State& state, bool isOurs) {
+    RecordedCareer war(true);
+    fightWar(war, UsualEvents);
+    static_cast<void>(war.career().loadFile(SaveFileName));
+    SqliteFile& tables = war.record.read(war.career());
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        if (isOurs)
+            benchmark::DoNotOptimize(readLogBook(tables, war.career()).victories);
+        else
+            benchmark::DoNotOptimize(readBare(tables));
+    }
+    if (tables.failed())
+        state.SkipWithError(tables.problem().c_str());
+}
+
 } // namespace
 
 double recordSizeOfWar() {
@@ -134,9 +165,12 @@ void registerRecordBenches() {
         {"war with its record/bare", fightWars, false},
         {"save with its record/ours", saves, true},
         {"save with its record/bare", saves, false},
+        {"log book of a war/ours", logBooks, true},
+        {"log book of a war/bare", logBooks, false},
     };
     for (const Bench& bench : benches)
         benchmark::RegisterBenchmark(bench.name, bench.run, bench.hasRecord)->Unit(kMillisecond);
     RatioReport::setLimit("war with its record", 1.25);
     RatioReport::setLimit("save with its record", 1.5);
+    RatioReport::setLimit("log book of a war", 3);
 }
