@@ -182,6 +182,8 @@ LAYOUTS = {
         BACK,
         widget('earlier', 248, 704, 228, 52, lines=RAIL),
         widget('later', 490, 704, 228, 52, lines=RAIL),
+        onward('webPage', 228),
+        area('note', 44, 646, 936, 20),
     ],
     'advance': [
         area('title', 274, 76, 414, 38),

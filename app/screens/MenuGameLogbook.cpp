@@ -4,20 +4,26 @@
 
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
+#include "app/book/WebPage.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
 #include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/Log.h"
+#include "engine/core/System.h"
+#include "engine/core/UserDirectory.h"
+#include "engine/core/WholeFile.h"
 #include "engine/menu/Menu.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
+#include "engine/window/Window.h"
 
 namespace {
 
 constexpr int32_t RowsPerPage = 14;
 constexpr size_t TotalLetters = 44;
+constexpr const char* WebPageFile = "logbook.html";
 constexpr uint32_t Ink = 0xFF2A1E12;
 constexpr uint32_t VictoryInk = 0xFF23406B;
 constexpr uint32_t FallInk = 0xFF8E1F17;
@@ -89,6 +95,7 @@ void MenuGameLogbook::showPage(int32_t page) {
     if (lines.empty())
         setText(rowName("left", 1), textOf(wording::NoFlightYet));
     setText("pageNumber", textOf(wording::PageOf, {shownPage, pageCount()}));
+    setActive("webPage", !lines.empty());
     setActive("earlier", shownPage > 1);
     setActive("later", shownPage < pageCount());
 }
@@ -144,6 +151,11 @@ void MenuGameLogbook::update() {
 
 void MenuGameLogbook::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     const zel::String name = widget->getName();
+    if (name == "webPage") {
+        widget->reset();
+        writePage();
+        return;
+    }
     if (name == "earlier" || name == "later") {
         widget->reset();
         showPage(shownPage + (name == "later" ? 1 : -1));
@@ -158,6 +170,27 @@ void MenuGameLogbook::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
         isComingBack = true;
         setTransition("MenuGameCombatReport");
     }
+}
+
+/// In the player's folder, since the career may have none of its own yet.
+void MenuGameLogbook::writePage() {
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return;
+    const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + WebPageFile);
+    const WebPage page = webPageOf(record.read(*career), *career);
+    if (page.html.empty()) {
+        zel::log(page.problem, "MenuGameLogbook", zel::LogWarning);
+        setText("note", textOf(wording::PageNotWritten, {}));
+        return;
+    }
+    if (const zel::FileFault fault = zel::writeFileWhole(file, page.html);
+        fault != zel::FileFault::None) {
+        setText("note", textOf(wording::PageNotWritten, {faultSentence(fault)}));
+        return;
+    }
+    setText("note", textOf(wording::PageIsWritten, {zel::system::shownText(file)}));
+    zel::Window::openFile(file);
 }
 
 void MenuGameLogbook::onKey(const zel::KeyPress& key) {

@@ -9,7 +9,7 @@ class CareerRecord;
 class ReportPages;
 
 /// The flying log book, fourteen rows a page. It opens at the last page; a row leads to the report
-/// of its flight.
+/// of its flight. It can be written as a web page, which the browser shows.
 class MenuGameLogbook : public CareerScreen {
 public:
     /// REQUIRES: both outlive the screen.
@@ -29,6 +29,7 @@ private:
     };
 
     void readBook();
+    void writePage();
     void showName(const zel::String& text);
     int32_t pageCount() const;
     void showPage(int32_t page); // from 1 on, clamped

@@ -18,6 +18,8 @@ inline constexpr Wording PointerElsewhere{923, "Put the pointer on this window. 
 inline constexpr Wording KeyboardElsewhere{924, "Click into this window. Wingtally looks for the log only while it has the keyboard."};
 inline constexpr Wording GoOn            {1001, "Continue"};
 inline constexpr Wording SheetOf         {1018, "$1 of $2"}; // which, how many
+inline constexpr Wording PageIsWritten   {3940, "The page is written: $1"}; // its path
+inline constexpr Wording PageNotWritten  {3941, "The page could not be written. $1"};
 inline constexpr Wording ToTheLogBook    {1005, "Log Book"};
 inline constexpr Wording MovedOn         {1102, "The war has moved on to $1."}; // the date
 inline constexpr SwitchForms Sound       {{1404, "Sound: On"}, {1405, "Sound: Off"}};

@@ -105,8 +105,8 @@ bool hasTerminals();
 /// Gives a program that was started without them standard streams that fail: or the next files that
 /// it opens would get their numbers, and what it prints. To be called first.
 void openStandardStreams();
-/// Opens a web address in the player's browser without waiting; false if that can't be started.
-/// REQUIRES: the address begins with "http://".
+/// Opens a web address, or a file that a browser shows, without waiting; false if that can't be
+/// started. REQUIRES: it begins with "http://", or is an absolute path.
 bool openBrowser(const String& address);
 
 /// Whether the stream is a terminal, so that progress can be shown.

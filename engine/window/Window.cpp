@@ -298,11 +298,20 @@ bool Window::hasMouseFocus() { return hasState(SDL_APPMOUSEFOCUS); }
 bool Window::hasInputFocus() { return hasState(SDL_APPINPUTFOCUS); }
 bool Window::isActive() { return hasState(SDL_APPACTIVE); }
 
+bool Window::open(const String& target) {
+    const bool isOpen = browser != nullptr ? browser(target) : system::openBrowser(target);
+    if (!isOpen)
+        log("Cannot open " + target, WindowCategory, LogWarning);
+    return isOpen;
+}
+
 void Window::openUrl(const String& address) {
     if (!isWebAddress(address))
         log("Not a web address: " + address, WindowCategory, LogWarning);
-    else if (browser != nullptr ? !browser(address) : !system::openBrowser(address))
-        log("Cannot open " + address, WindowCategory, LogWarning);
+    else
+        open(address);
 }
+
+bool Window::openFile(const String& path) { return open(path); }
 
 } // namespace zel

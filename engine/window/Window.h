@@ -93,6 +93,9 @@ public:
 
     /// Opens the address in the player's browser. Only "http://" is accepted. On error: a log line.
     static void openUrl(const String& address);
+    /// Opens a file that the program has written, such as a page, in the player's browser. On
+    /// error: false and a log line. REQUIRES: the path is absolute.
+    static bool openFile(const String& path);
     /// Replaces the player's browser, for tests; null restores it. Returns whether the address
     /// could be opened.
     using Browser = bool (*)(const String& address);
@@ -104,6 +107,7 @@ private:
     bool setMode(int32_t newWidth, int32_t newHeight, bool newFullscreen);
     void layOut();
     void pace();
+    static bool open(const String& target);
 
     Timer timer; // since the last frame, shown or not
     Timer sinceShown;

@@ -1,7 +1,10 @@
+#include <filesystem>
+
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
+#include "engine/window/Window.h"
 #include "tests/app/screens/BookFlights.h"
 #include "tests/app/screens/CareerDriver.h"
 
@@ -20,7 +23,8 @@ TEST_F(BookScreens, ShowsAnEmptyLogBook) {
     ASSERT_TRUE(driver.go("logbook", "MenuGameLogbook"));
     EXPECT_EQ(driver.text("left1"), "No flight yet");
     EXPECT_EQ(driver.text("pageNumber"), "Page 1 of 1");
-    EXPECT_FALSE(isActive("left1") || isActive("earlier") || isActive("later"));
+    for (const char* plate : {"left1", "earlier", "later", "webPage"})
+        EXPECT_FALSE(isActive(plate)) << plate;
 }
 
 TEST_F(BookScreens, TurnsThePagesOfTheLogBook) {
@@ -40,6 +44,25 @@ TEST_F(BookScreens, TurnsThePagesOfTheLogBook) {
         driver.screens->key(key);
         EXPECT_EQ(driver.text("pageNumber"), page);
     }
+}
+
+TEST_F(BookScreens, WritesTheLogBookAsAWebPage) {
+    static zel::String opened;
+    zel::Window::setBrowser([](const zel::String& target) {
+        opened = target;
+        return true;
+    });
+    addFlightsToBook(*Database::instance(), 3);
+    ASSERT_TRUE(driver.walk("logbook>MenuGameLogbook webPage"));
+    EXPECT_EQ(home.folder.read("user/logbook.html").find("<!DOCTYPE html>"), 0U);
+    EXPECT_EQ(opened, home.folder.file("user/logbook.html"));
+    EXPECT_NE(driver.text("note").find("logbook.html"), std::string::npos);
+    std::filesystem::remove(home.folder.file("user/logbook.html"));
+    std::filesystem::create_directories(home.folder.file("user/logbook.html"));
+    ASSERT_TRUE(driver.walk("webPage"));
+    EXPECT_EQ(driver.text("note"),
+              "The page could not be written. A folder or a device has its name.");
+    zel::Window::setBrowser(nullptr);
 }
 
 // A row opens the report and the sketch of its flight, and the war stays where it is.

@@ -31,8 +31,11 @@ void fillReport(CareerDriver& driver) {
     }
 }
 
-/// Of two pages.
-void fillBook(CareerDriver& /*driver*/) { addFlightsToBook(*Database::instance(), 28); }
+/// Of two pages; and no browser opens.
+void fillBook(CareerDriver& /*driver*/) {
+    zel::Window::setBrowser([](const zel::String&) { return true; });
+    addFlightsToBook(*Database::instance(), 28);
+}
 
 /// What has come, and the steps from there.
 struct Passage {
@@ -46,7 +49,7 @@ constexpr Passage Passages[] = {
     {fillReport, "menuButton4>MenuGameCombatReport nextSheet nextSheet nextSheet nextSheet "
                  "where>MenuGameWhere menuBack>MenuGameCombatReport where>MenuGameWhere "
                  "menuButton1>MenuGameAdvance menuButton1>MenuGameMain"},
-    {fillBook, "logbook>MenuGameLogbook earlier later left3>MenuGameCombatReport "
+    {fillBook, "logbook>MenuGameLogbook webPage earlier later left3>MenuGameCombatReport "
                "where>MenuGameWhere menuButton1>MenuGameLogbook menuBack>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
      "menuButton1>MenuGameMain"},
