@@ -39,29 +39,25 @@ public:
         readFlights(book);
         SqliteStatement planes(record, "SELECT flight, pilot, name, nation, aircraft"
                                        " FROM flight_plane ORDER BY flight, place");
-        SqliteStatement reports(record, "SELECT flight, pilot, type, nation, is_player, shot_down,"
-                                        " shot_down_by, shot_down_by_own FROM flight_report"
-                                        " ORDER BY flight, place");
-        SqliteStatement events(record, "SELECT flight, actor, target FROM flight_event"
-                                       " ORDER BY flight, place");
+        SqliteStatement reports(record,
+                                "SELECT flight, pilot, type, nation, shot_down, shot_down_by,"
+                                " shot_down_by_own, damage > 0 OR injury > 0 OR kills > 0"
+                                " FROM flight_report ORDER BY flight, place");
         bool hasPlane = planes.next();
         bool hasReport = reports.next();
-        bool hasEvent = events.next();
         for (BookFlight& flight : book.flights) {
             plan.clear();
             for (; hasPlane && planes.integer(0) <= flight.number; hasPlane = planes.next())
                 if (planes.integer(0) == flight.number)
                     takePlane(planes, flight);
-            seen.clear();
-            for (; hasEvent && events.integer(0) <= flight.number; hasEvent = events.next())
-                if (events.integer(0) == flight.number)
-                    takeEvent(events);
             own = -1;
             machines.clear();
             victors.clear();
+            unseen.clear();
             for (; hasReport && reports.integer(0) <= flight.number; hasReport = reports.next())
                 if (reports.integer(0) == flight.number)
                     takeReport(reports, flight);
+            seekUnseen(flight);
             finish(book, flight);
         }
         sortByCount(book.victims);
@@ -103,12 +99,21 @@ private:
         plan.push_back({pilot, row.text(4)});
     }
 
-    void takeEvent(const SqliteStatement& row) {
-        for (const int column : {1, 2})
-            if (const int32_t place = row.index(column); place >= 0) {
-                if (seen.size() <= static_cast<size_t>(place))
-                    seen.resize(static_cast<size_t>(place) + 1);
-                seen[static_cast<size_t>(place)] = true;
+    /// The opponents of whom the reports don't show that they took part, in the flight's events:
+    /// most are in one of the first.
+    void seekUnseen(BookFlight& flight) {
+        if (unseen.empty())
+            return;
+        SqliteStatement event(record, "SELECT actor, target FROM flight_event WHERE flight = ?"
+                                      " ORDER BY place");
+        event.with(flight.number);
+        while (!unseen.empty() && event.next())
+            for (const int column : {0, 1}) {
+                const auto found = std::find(unseen.begin(), unseen.end(), event.index(column));
+                if (found == unseen.end())
+                    continue;
+                count(flight.opponents, machines[static_cast<size_t>(*found)]);
+                unseen.erase(found);
             }
     }
 
@@ -119,16 +124,18 @@ private:
             return pilot >= 0 && one.pilot == pilot;
         });
         machines.push_back(planned != plan.end() ? planned->aircraft : row.text(2));
-        victors.push_back(row.number(5) != 0 ? row.index(6) : -1);
+        victors.push_back(row.number(4) != 0 ? row.index(5) : -1);
         if (pilot == flight.pilot) {
             if (own < 0) {
                 own = static_cast<int32_t>(place);
-                flight.isLost = row.number(5) != 0;
-                flight.isShotDown = flight.isLost && (!row.isNull(6) || !row.isNull(7));
+                flight.isLost = row.number(4) != 0;
+                flight.isShotDown = flight.isLost && (!row.isNull(5) || !row.isNull(6));
             }
-        } else if (place < seen.size() && seen[place] && !isSameSide(row.integer(3), side) &&
-                   groundObject(row.text(2)) == nullptr) {
-            count(flight.opponents, machines.back());
+        } else if (!isSameSide(row.integer(3), side) && groundObject(row.text(2)) == nullptr) {
+            if (row.number(4) != 0 || row.number(7) != 0)
+                count(flight.opponents, machines.back());
+            else
+                unseen.push_back(static_cast<int32_t>(place));
         }
     }
 
@@ -148,7 +155,7 @@ private:
     // Of the flight that is being read:
     std::vector<Planned> plan;
     int32_t side = 0;                  // the player's nation
-    std::vector<bool> seen;            // which of its reports an event names
+    std::vector<int32_t> unseen;       // opponents who may not have taken part
     std::vector<zel::String> machines; // of its reports
     std::vector<int32_t> victors;      // over them
     int32_t own = -1;                  // the player's report

@@ -35,8 +35,9 @@ struct LogBookTest : testing::Test {
     HandMadeRecord record;
 };
 
-// The opponents are those whom an event names, the victims those that the player is credited with;
-// a successor's victories count from none, and what only the save knows comes before the record.
+// The opponents are those whom an event or a loss names, the victims those that the player is
+// credited with; a successor's victories count from none, and what only the save knows comes before
+// the record.
 TEST_F(LogBookTest, HasARowForEachFlight) {
     record.career.pilots[0].shotdowns = 5; // two of them in no flight of the record
     record.career.pilots[1].shotdowns = 1;
@@ -66,7 +67,7 @@ TEST_F(LogBookTest, HasARowForEachFlight) {
     EXPECT_EQ(row(book.flights[2]), "  3|21 Sept 17|Douai|Albatros D.III|von der Heydt|1 Sopwith "
                                     "Camel|One down, fell|   5");
     EXPECT_EQ(row(book.flights[3]),
-              "  4|25 Sept 17|Douai|Albatros D.Va|alone|nobody met|One down|   1");
+              "  4|25 Sept 17|Douai|Albatros D.Va|alone|1 SE5a|One down|   1");
     EXPECT_EQ(fallText(book.flights[2]) + " " + successionText(book, 2),
               "Erich Sommer fell on 21 September 1917. In his place: Otto von der Heydt.");
     EXPECT_EQ(flightsText(book), "4 flights, 6 months");
@@ -84,7 +85,7 @@ TEST_F(LogBookTest, IsEmptyWithoutFlightsOrWithoutARecord) {
     EXPECT_EQ(lines[2], "0 flights");
     SqliteFile nothing;
     EXPECT_TRUE(readLogBook(nothing, record.career).flights.empty());
-    EXPECT_TRUE(record.file.run("DROP TABLE flight_event"));
+    EXPECT_TRUE(record.file.run("DROP TABLE flight_report"));
     EXPECT_TRUE(readLogBook(record.file, record.career).flights.empty());
     EXPECT_TRUE(record.file.failed());
 }
