@@ -14,6 +14,7 @@ from PIL import Image
 import overlays_book as book
 import overlays_flying as flying
 import overlays_office as office
+import overlays_record as record
 from brass import GAP, PLATES, SWITCHES, plate_sheet
 from fieldmap import SECTORS
 from holders import BINDINGS, row_sheet, silk_ribbon, spine_sheet
@@ -22,6 +23,7 @@ from outlines import fill, path, stroke, vector
 from pixels import empty, over, rgb, to_bytes, with_alpha
 from props import stamp, sweep_hand
 from sheets import BLUE, INK, RED, desk
+from tallies import sign
 
 OVERLAYS = [
     office.over_main, office.over_service, office.over_year, office.over_month, office.over_summary,
@@ -29,6 +31,7 @@ OVERLAYS = [
     office.over_notice, office.over_help, office.over_careers, office.over_pages, flying.over_hub, flying.over_roster, flying.over_aces,
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
     book.over_logbook, book.over_where,
+    record.over_diary, record.over_record, record.over_citation,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
@@ -106,6 +109,15 @@ def pictures():
         'stamp_service': lambda: whole(book_stamp('ON SERVICE', BLUE, 172, 20), 'stamp_service'),
         'stamp_fallen': lambda: whole(book_stamp('FALLEN', RED, 136, 21), 'stamp_fallen'),
         'map_off': lambda: whole(shade_off(), 'map_off'),
+        'portraits': record.portraits,
+        'ribbons': record.ribbons,
+        'rosette': lambda: whole(record.rosette(), 'rosette'),
+        'medals': record.medals,
+        'medals_large': record.medals_large,
+        'tallies': lambda: record.tallies('tally'),
+        'tallies_small': lambda: record.tallies('small'),
+        'signs': lambda: record.row_of('sign', ('scored', 'fallen', 'joined', 'left'), sign),
+        'strip_flag': lambda: whole(record.strip_flag(), 'strip_flag'),
         'icon': lambda: (small_icon(), ''),
         'icon_256': lambda: (large_icon(), ''),
     }
@@ -113,6 +125,9 @@ def pictures():
         table[draw.__name__] = partial(lambda draw: whole(draw(), draw.__name__), draw)
     for sector in SECTORS:
         table['sheet_' + sector] = partial(lambda s: whole(flying.sheet(s), 'sheet_' + s), sector)
+    for name in record.STRIPS:
+        table['strip_' + name] = partial(lambda n: whole(record.strip(n, False), 'strip_' + n), name)
+        table['strip_%s_served' % name] = partial(lambda n: whole(record.strip(n, True), 'strip_%s_served' % n), name)
     for service in BINDINGS:
         table['spine_' + service] = partial(spine_sheet, service)
     for name in list(PLATES) + list(SWITCHES):

@@ -20,7 +20,8 @@ LETTERHEAD = '#3A4A63'
 
 
 def over_hub():
-    """A trench map under the date block and the card of the squadron office."""
+    """A trench map under the date block and the card of the squadron office, which has room for the
+    strip of the war."""
     ov = empty(W, H)
     field = trench_map(624, 500, 21)
     for x in (208, 416):
@@ -28,24 +29,24 @@ def over_hub():
     crease(field, y=250, strength=.07, seed=5)
     lay_turned(ov, field, *FIELD, 5, 7, 8, .6)
     _lay_on_field(ov)
-    lay_pencil(ov, 300, GREEN_PENCIL, 14, 812, 560)
     return ov
 
 
-FIELD = -2.2, 18, 28  # degrees, and the upper left corner of the map of the office
+FIELD = -2.2, 18, 20  # degrees, and the upper left corner of the map of the office
 
 
 def _lay_on_field(ov):
     """What covers parts of the map: photograph, date block and the office's card."""
     machines = [dict(yaw=.5, pitch=.12, roll=-.35, size=16, cx=104, cy=80),
                 dict(yaw=.5, pitch=.12, roll=-.3, size=8, cx=180, cy=36)]
-    lay_turned(ov, photograph(236, 176, 5, machines), 7, 412, 268)
-    over(ov, pin(), 502, 256)
+    lay_turned(ov, photograph(236, 176, 5, machines), 7, 412, 210)
+    over(ov, pin(), 502, 198)
     _lay_date_block(ov)
-    lay_turned(ov, paper(520, 206, 64, base=OLD_CARD, rough=.6), 2.4, 62, 432, 4, 6, 6, .5)
-    lay(ov, paper(548, 228, 63, base=CARD, rough=.6), 52, 440, 4, 6, 6, .6)
-    over(ov, ink(emblem_layer(150, 60, .52, INK), 3, .3), 68, 445)
-    rules(ov, 80, 504, 492)
+    lay_turned(ov, paper(600, 206, 64, base=OLD_CARD, rough=.6), 1.8, 46, 380, 4, 6, 6, .5)
+    lay(ov, paper(620, 292, 63, base=CARD, rough=.6), 36, 380, 4, 6, 6, .6)
+    over(ov, ink(emblem_layer(150, 60, .52, INK), 3, .3), 52, 385)
+    rules(ov, 64, 444, 564)
+    rules(ov, 64, 569, 564, gap=3, thick=1.4)
 
 
 SHEET = 660, 560  # px: the part of the office in which its map is
@@ -140,11 +141,11 @@ def over_letter():
     lay(ov, sheet, 48, 20)
     over(ov, ink(emblem_layer(300, 100, 1.0, LETTERHEAD), 4, .2), 228, 40)
     rules(ov, 218, 158, 320, LETTERHEAD, 3, 1.2, .8)
-    over(ov, vector(W, H, _sign))
+    over(ov, vector(W, H, sign_letter))
     return ov
 
 
-def _sign(c):
+def sign_letter(c):
     """A signature: a wave that rises at its two capitals, drawn heavier downwards."""
     def point(t):
         rise = 30 * bump(t - .05, .045) + 27 * bump(t - .47, .045) + 7.5 * max(0.0, 1 - 1.15 * t ** 1.6) + 1.2

@@ -17,8 +17,8 @@
 
 namespace {
 
-constexpr size_t SquadronLines = 18;
-constexpr size_t FrontLines = 8;
+constexpr size_t SquadronLines = 12;
+constexpr size_t FrontLines = 6;
 constexpr size_t MostNames = 4; // in one line
 
 // Weights of the squadron's lines, to which victories are added.

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr size_t MostLines = 5;
+constexpr size_t MostLines = 4;
 constexpr int32_t DaysBefore = 30; // that are searched if nothing happened
 
 // Weights. An event of 5 is above all but the ends of the greatest aces.

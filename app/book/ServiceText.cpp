@@ -69,12 +69,6 @@ zel::String machinesText(const PilotRecord& pilot) {
     return list;
 }
 
-zel::String victoriesLine(const PilotRecord& pilot) {
-    if (pilot.unrecorded() > 0)
-        return textOf(wording::NotRecorded, {pilot.victoryCount, pilot.unrecorded()});
-    return textOf(wording::VictoriesHead, {pilot.victoryCount});
-}
-
 void addHonours(std::vector<zel::String>& lines, const PilotRecord& pilot) {
     for (const RankGiven& one : pilot.honours.ranks)
         lines.push_back(datedLine(one.date, one.rank->name));
@@ -97,10 +91,14 @@ zel::String awardText(const AwardRow& award) {
 zel::String awardText(const AwardRow& award, const Honours& honours) {
     const zel::String name = awardText(award);
     if (honours.hasBar(award))
-        return textOf(wording::AndBar, {name});
+        return textOf(wording::AndBar, {award.letters.empty() ? name : award.letters});
     if (award.key != "croix" || honours.palms == 0)
         return name;
     return textOf(honours.palms == 1 ? wording::OnePalm : wording::Palms, {name, honours.palms});
+}
+
+zel::String awardCard(const AwardGiven& given, const Honours& honours) {
+    return awardText(*given.award, honours) + "\n" + shortDate(Calendar::ofNumber(given.date));
 }
 
 zel::String unitText(const Database& career, int32_t squadron) {
@@ -120,6 +118,12 @@ zel::String flyingText(const PilotRecord& pilot) {
                   {dateText(pilot.since),
                    countText(wording::FlightsFlown,
                              std::max(pilot.missions, int32_t(pilot.flights.size())))});
+}
+
+zel::String victoriesText(const PilotRecord& pilot) {
+    if (pilot.unrecorded() > 0)
+        return textOf(wording::NotRecorded, {pilot.victoryCount, pilot.unrecorded()});
+    return textOf(wording::VictoriesHead, {pilot.victoryCount});
 }
 
 int32_t victoriesOfLastMonth(const PilotRecord& pilot) {
@@ -146,7 +150,7 @@ std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& 
     addHonours(lines, pilot);
     if (pilot.honours.ribbons().empty())
         lines.push_back(textOf(wording::NoAward));
-    lines.push_back(victoriesLine(pilot));
+    lines.push_back(victoriesText(pilot));
     if (!pilot.victories.empty())
         lines.push_back(textOf(wording::ByMachine, {machinesText(pilot)}));
     return lines;
@@ -158,7 +162,7 @@ std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& ca
     for (const PilotPosting& posting : pilot.postings)
         lines.push_back(postingText(posting, career));
     addHonours(lines, pilot);
-    lines.push_back(victoriesLine(pilot));
+    lines.push_back(victoriesText(pilot));
     for (const PilotVictory& victory : pilot.victories)
         lines.push_back(victoryText(victory));
     if (const zel::String real = realText(pilot, career.calendar().dateNumber()); !real.empty())

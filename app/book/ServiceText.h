@@ -9,14 +9,18 @@
 
 /// "Distinguished Service Order"; its key for one that the language tables don't know.
 zel::String awardText(const AwardRow& award);
-/// The same with what he has of it: "Military Cross and bar", "Croix de guerre, 3 palms".
+/// The same with what he has of it: "MC and bar", "Croix de guerre, 3 palms".
 zel::String awardText(const AwardRow& award, const Honours& honours);
+/// A decoration with its day, on lines of their own.
+zel::String awardCard(const AwardGiven& given, const Honours& honours);
 /// "No 56 Squadron RFC"; "another squadron" for one without a name.
 zel::String unitText(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC, near Arras", of the player's squadron.
 zel::String unitNearText(const Database& career);
 /// "Flying since 9 April 1917: 41 flights"; of others than the player's "Missions: 41".
 zel::String flyingText(const PilotRecord& pilot);
+/// "Victories: 17"; it says how many aren't in the record.
+zel::String victoriesText(const PilotRecord& pilot);
 /// How many victories were won in the month up to to-day.
 int32_t victoriesOfLastMonth(const PilotRecord& pilot);
 /// What the real war knows of him, up to that day of the career; empty for a pilot of no history.

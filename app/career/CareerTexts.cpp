@@ -36,6 +36,19 @@ zel::String serviceText(int32_t service) {
     return textOf(wording::Services[isKnown ? service : ServiceFrench]);
 }
 
+zel::String serviceName(int32_t nation) {
+    switch (nation) {
+    case France:
+        return textOf(wording::FrenchService);
+    case Germany:
+        return textOf(wording::GermanService);
+    case Usa:
+        return textOf(wording::AmericanService);
+    default:
+        return textOf(wording::EnglishService);
+    }
+}
+
 zel::String startDateText(int32_t year, int32_t month) {
     return textOf(wording::StartDate, {monthInLanguage(month), year});
 }
@@ -80,16 +93,6 @@ zel::String baseText(const Database& career) {
 zel::String squadronText(const Database& career) {
     const int32_t number = unitNumber(career, career.playerSquadron().squadronFile);
     return hasUnitName(number) ? unitName(number) : zel::String();
-}
-
-zel::String playerText(const Database& career, int32_t predecessor) {
-    const Pilot& player = career.player();
-    const zel::String name = zel::arrayText(player.name);
-    if (!career.isPilot(predecessor))
-        return textOf(wording::Player, {name, player.shotdowns, player.missions});
-    const Pilot& fallen = career.pilot(predecessor);
-    return textOf(wording::Successor,
-                  {name, zel::arrayText(fallen.name), player.shotdowns, player.missions});
 }
 
 std::vector<zel::String> squadronLines(const Database& career, size_t most) {

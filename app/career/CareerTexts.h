@@ -15,6 +15,8 @@ constexpr int32_t FirstDayOfPeace = 19181111; // as Calendar::dateNumber()
 
 /// "Service: English"; any number but 1 and 2 is French.
 zel::String serviceText(int32_t service);
+/// "Royal Flying Corps", by the nation's code.
+zel::String serviceName(int32_t nation);
 /// "Start date: March 1917".
 zel::String startDateText(int32_t year, int32_t month);
 /// "Your pilot's name: First Last".
@@ -36,9 +38,6 @@ zel::String missionButtonText(const Database& career);
 zel::String baseText(const Database& career);
 /// The name of the player's squadron; empty for one that has none.
 zel::String squadronText(const Database& career);
-/// "Name: victories 7, missions 23"; with the index of the pilot whose place he took, "Name,
-/// successor to Name: ...". -1 for nobody.
-zel::String playerText(const Database& career, int32_t predecessor = -1);
 
 /// "Name (you!): 12" for each pilot of the player's squadron, best first, at most that many.
 std::vector<zel::String> squadronLines(const Database& career, size_t most = 12);

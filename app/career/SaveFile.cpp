@@ -64,7 +64,10 @@ SaveMatch match(const Database& career, std::string_view content) {
 /// its parts. `known` is what match() says.
 bool isWholeSave(const Database& career, const zel::String& path, SaveMatch& known) {
     std::string& content = roomToRead();
-    if (readWhole(path, content) != zel::FileFault::None)
+    zel::FileFault fault = readWhole(path, content);
+    if (fault == zel::FileFault::DiskError) // perhaps not again
+        fault = readWhole(path, content);
+    if (fault != zel::FileFault::None)
         return false;
     known = match(career, content);
     return known == SaveMatch::Unknown ? saveFault(content).empty() : known == SaveMatch::Whole;

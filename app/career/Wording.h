@@ -85,8 +85,7 @@ inline constexpr Wording PilotName{514, "Your pilot's name: $1"};
 inline constexpr Wording NextMission{603, "Next Mission"};
 inline constexpr Wording WarIsOver  {608, "The War is over!"};
 inline constexpr Wording Base       {609, "Current base: Near $1"};
-inline constexpr Wording Player     {610, "$1: victories $2, missions $3"};
-inline constexpr Wording Successor  {611, "$2 is dead. His place is taken by $1: victories $3, missions $4"};
+inline constexpr Wording Successor  {611, "$2 is dead. His place is taken by $1."};
 inline constexpr Wording RecordGap  {612, "There is no record of the war from $1 to $2."};
 inline constexpr Wording RecordGapOfDay{613, "The record of the war may lack part of $1."};
 
@@ -160,6 +159,10 @@ inline constexpr Wording NoAces     {1312, "(NO PILOTS WITH MORE THAN 5 SHOTDOWN
 
 inline constexpr Wording OrdersVoid {2714, "Your orders of $1 are void: the save is older."}; // the date
 
+inline constexpr Wording FrenchService   {202, "French Air Service"};
+inline constexpr Wording EnglishService  {203, "Royal Flying Corps"};
+inline constexpr Wording GermanService   {204, "German Air Service"};
+inline constexpr Wording AmericanService {2812, "United States Air Service"};
 inline constexpr Wording BookDate        {2814, "$1 $2 $3"}; // day, month, year
 inline constexpr Wording BookFirstOfMonth{2815, "1 $1 $2"};
 inline constexpr CountForms Victories  = {{2816, "0 victories"}, {2817, "1 victory"}, {2818, "$1 victories"}};

@@ -11,6 +11,7 @@
 #include "app/report/Flight.h"
 #include "app/screens/CareerDrawer.h"
 #include "app/screens/CareerScreen.h"
+#include "app/screens/CitationPile.h"
 #include "app/screens/MenuBlackScreen.h"
 #include "app/screens/MenuCareerPages.h"
 #include "app/screens/MenuCareers.h"
@@ -19,11 +20,14 @@
 #include "app/screens/MenuConfigurationPlanes1.h"
 #include "app/screens/MenuConfigurationPlanes2.h"
 #include "app/screens/MenuGameAdvance.h"
+#include "app/screens/MenuGameCitation.h"
 #include "app/screens/MenuGameCombatReport.h"
+#include "app/screens/MenuGameDiary.h"
 #include "app/screens/MenuGameFinishMission.h"
 #include "app/screens/MenuGameInvite.h"
 #include "app/screens/MenuGameLogbook.h"
 #include "app/screens/MenuGameMain.h"
+#include "app/screens/MenuGameRecord.h"
 #include "app/screens/MenuGameStartMission.h"
 #include "app/screens/MenuGameTopAces.h"
 #include "app/screens/MenuGameViewSquadron.h"
@@ -81,6 +85,11 @@ std::unique_ptr<Shelf>& shelf() {
 
 std::unique_ptr<CareerDrawer>& drawer() {
     static std::unique_ptr<CareerDrawer> instance;
+    return instance;
+}
+
+std::unique_ptr<CitationPile>& citations() {
+    static std::unique_ptr<CitationPile> instance;
     return instance;
 }
 
@@ -169,7 +178,11 @@ void ZelApp::initMenus() {
     addScreen<MenuNewCareer>();
     addScreen<MenuGameInvite>();
     addScreen<MenuConfiguration>();
-    addScreen<MenuGameAdvance>();
+    citations() = std::make_unique<CitationPile>(*record());
+    addScreen<MenuGameAdvance>(*citations());
+    addScreen<MenuGameCitation>(*citations());
+    addScreen<MenuGameDiary>(*record());
+    addScreen<MenuGameRecord>(*record());
     addScreen<MenuNotificationInstallDir>();
     addScreen<MenuBlackScreen>();
     addScreen<MenuNotificationRepair>();
@@ -187,6 +200,7 @@ void ZelApp::onDestroy() {}
 void ZelApp::releaseDatabase() {
     reportPages().reset();
     flight().reset();
+    citations().reset();
     drawer().reset();
     CareerScreen::setShelf(nullptr);
     shelf().reset();

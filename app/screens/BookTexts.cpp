@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "app/career/CareerTexts.h"
-#include "app/career/Nation.h"
 #include "app/record/ShelfFolders.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/System.h"
@@ -18,19 +17,6 @@ constexpr const char* Cut = "...";
 constexpr int32_t DateColumn = 15;
 constexpr int32_t FlightsColumn = 9;
 constexpr int32_t RowLetters = 46;
-
-const Wording& serviceOf(int32_t nation) {
-    switch (nation) {
-    case France:
-        return wording::FrenchService;
-    case Germany:
-        return wording::GermanService;
-    case Usa:
-        return wording::AmericanService;
-    default:
-        return wording::EnglishService;
-    }
-}
 
 zel::String twoDigits(int32_t number) {
     return (number < 10 ? zel::String("0") : zel::String()) + number;
@@ -99,7 +85,7 @@ zel::String unreadableText(const ShelvedCareer& book) {
 
 zel::String serviceLines(const SaveSummary& summary) {
     return lines(
-        {textOf(serviceOf(summary.nation)), summary.squadron,
+        {serviceName(summary.nation), summary.squadron,
          summary.base.empty() ? zel::String() : textOf(wording::NearBase, {summary.base})});
 }
 

@@ -1,5 +1,7 @@
 #include "app/screens/MenuGameMain.h"
 
+#include "app/book/PilotRecord.h"
+#include "app/book/WarPart.h"
 #include "app/career/Bases.h"
 #include "app/career/CareerLock.h"
 #include "app/career/CareerTexts.h"
@@ -31,8 +33,26 @@ void MenuGameMain::onEntered() {
     setActive("menuButton1", !isWarOver(*career));
     showSquadron();
     showSheet(*career);
-    setText("pilot", playerText(*career, predecessor));
-    setText("record", career->isReadOnly ? heldElsewhereText(*career->lock) : note(*career));
+    showPilot(*career);
+    setText("note", career->isReadOnly ? heldElsewhereText(*career->lock) : note(*career));
+}
+
+void MenuGameMain::showPilot(const Database& career) {
+    SqliteFile& tables = record.read(career);
+    const PilotRecord pilot = readPilot(tables, career, career.playerPilot);
+    const zel::String title = titleOf(pilot.honours, pilot.name);
+    if (career.isPilot(predecessor))
+        setText("pilot", textOf(wording::Successor,
+                                {title, zel::arrayText(career.pilot(predecessor).name)}));
+    else
+        setText("pilot", title);
+    setText("figures",
+            textOf(wording::BookFigures, {countText(wording::Victories, pilot.victoryCount),
+                                          countText(wording::Missions, pilot.missions)}));
+    const WarPart war = readWarPart(tables, career);
+    setText("count", flightOfText(war, true));
+    strip.show(*menu, "strip", "strip_office", war);
+    setActive("strip", false); // it is no button
 }
 
 void MenuGameMain::showOrders(const Database& career) {

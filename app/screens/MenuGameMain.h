@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/screens/CareerScreen.h"
+#include "app/screens/WarStrip.h"
 
 class CareerRecord;
 class Flight;
@@ -11,7 +12,7 @@ class Flight;
 class MenuGameMain : public CareerScreen {
 public:
     /// REQUIRES: record and flight outlive the screen.
-    MenuGameMain(const CareerRecord& record, Flight& flight)
+    MenuGameMain(CareerRecord& record, Flight& flight)
         : CareerScreen("MenuGameMain"), record(record), flight(flight) {}
 
     void onEnter() override;
@@ -23,10 +24,13 @@ private:
     void showOrders(const Database& career);
     /// What is wrong with the orders, or else what the record lacks.
     zel::String note(const Database& career);
+    /// Rank, name and decorations, and how far his war is.
+    void showPilot(const Database& career);
     void noteSuccession(const Database& career);
 
-    const CareerRecord& record;
+    CareerRecord& record;
     Flight& flight;
+    WarStrip strip;
     bool areOrdersOut = false; // for a mission that he can fly
     int32_t careerNumber = -1; // of the career that was shown last
     int32_t pilot = -1;        // the player's then

@@ -73,9 +73,6 @@ inline constexpr Wording OrdersUnkept    {2713, "These orders could not be writt
 inline constexpr Wording FlyAndStay      {2715, "Start Rise of Flight and fly WingtallyMission. These orders could not be written down: leave Wingtally open until the report has come."};
 inline constexpr Wording QuitLosesOrders {2721, "Your orders are out, and they could not be written down. If you quit now, the flight can never be reported, whether you save or not."};
 
-inline constexpr Wording FrenchService   {202, "French Air Service"};
-inline constexpr Wording EnglishService  {203, "Royal Flying Corps"};
-inline constexpr Wording GermanService   {204, "German Air Service"};
 inline constexpr Wording DrawerIsEmpty   {2801, "The drawer is empty"};
 inline constexpr Wording NoBookHere      {2802, "No log book lies here. Begin the first one: choose a service, a year and a month."};
 inline constexpr Wording BeginAnother    {2803, "Begin Another"};
@@ -86,7 +83,6 @@ inline constexpr Wording YesPutAway      {2807, "Yes, Put Away"};
 inline constexpr Wording KeepIt          {2808, "Keep It"};
 inline constexpr Wording PutThisAway     {2809, "Put this book away? Its files stay in the folder \"Put away\"."};
 inline constexpr Wording BooksSeen       {2810, "Books $1 to $2 of $3"};
-inline constexpr Wording AmericanService {2812, "United States Air Service"};
 inline constexpr Wording NearBase        {2813, "Near $1"};
 inline constexpr Wording BookFigures     {2822, "$1, $2"};
 inline constexpr Wording LastFlown       {2823, "Last flown $1, $2"}; // the day, the time of day

@@ -18,7 +18,8 @@ from pathlib import Path
 WORDINGS = ["app/career/Wording.h", "app/report/ReportWording.h", "app/book/LogBookWording.h",
             "app/book/SketchWording.h",
             "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
-WORDINGS += ["app/book/ServiceWording.h", "app/book/DiaryWording.h", "app/book/WebWording.h"]
+WORDINGS += ["app/book/ServiceWording.h", "app/book/DiaryWording.h", "app/book/WebWording.h",
+             "app/book/CitationWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
                 "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]

@@ -139,7 +139,7 @@ TEST(RealWarTest, ChoosesTheMostImportantByDate) {
         << lines.text();
     EXPECT_EQ(texts(realWar(tables, 19170905, 19170923)),
               (Texts{"5 September: Werner Voss wins 2 victories and has 3 now.",
-                     "20 September: The Menin Road, at dawn.", "21 September: Rain.",
+                     "20 September: The Menin Road, at dawn.",
                      "22 September: Poor Man, 5 victories, is captured.",
                      "23 September: Werner Voss, 48 victories, is killed."}));
     EXPECT_EQ(texts(realWar(tables, 19170910, 19170915)),

@@ -109,7 +109,7 @@ TEST_F(BookScreens, SketchesTheFlightOfTheDay) {
         ASSERT_TRUE(driver.walk(way));
         EXPECT_GT(date(), before);
         const int32_t after = date();
-        ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
+        ASSERT_TRUE(driver.walk("menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
         EXPECT_EQ(date(), after);
         EXPECT_TRUE(driver.walk("logbook>MenuGameLogbook menuBack>MenuGameMain"));
     }

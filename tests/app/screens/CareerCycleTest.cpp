@@ -110,11 +110,11 @@ TEST_F(CareerScreens, FlyWhatIsSwitchedOn) {
     EXPECT_EQ(driver.text("menuButton4"), "Skip Mission (no flyable plane available)");
     ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport")) << "there is no flight to finish";
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
-    ASSERT_TRUE(
-        driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameMain menuBack>MenuMain "
-                    "menuButton3>MenuConfiguration menuButton2>MenuConfigurationPlanes1 "
-                    "item1 item2 menuBack>MenuConfiguration menuBack>MenuMain "
-                    "menuButton2>MenuGameMain menuButton1>MenuGameStartMission"));
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameDiary "
+                            "menuButton1>MenuGameMain menuBack>MenuMain "
+                            "menuButton3>MenuConfiguration menuButton2>MenuConfigurationPlanes1 "
+                            "item1 item2 menuBack>MenuConfiguration menuBack>MenuMain "
+                            "menuButton2>MenuGameMain menuButton1>MenuGameStartMission"));
     EXPECT_EQ(driver.text("menuButton4"), "Start Mission");
     EXPECT_TRUE(driver.text("line3").find("(Airco DH2)") != std::string::npos ||
                 driver.text("line3").find("(Nieuport 11)") != std::string::npos)
@@ -183,15 +183,14 @@ TEST_F(CareerScreens, AnswerAnInvitation) {
 TEST_F(CareerScreens, TellWhomASuccessorFollows) {
     ASSERT_TRUE(driver.begin(English1915.way));
     const std::string fallen = Database::instance()->player().name;
-    EXPECT_EQ(driver.text("pilot").find(fallen + ": victories "), 0U);
+    EXPECT_EQ(driver.text("pilot"), "Second Lieutenant " + fallen);
     ASSERT_TRUE(driver.takeOff());
     standin::FlightOptions flight;
     flight.killPlayer = true;
     ASSERT_TRUE(driver.fly(flight));
     ASSERT_TRUE(driver.comeBack());
-    EXPECT_EQ(driver.text("pilot"), fallen + " is dead. His place is taken by " +
-                                        Database::instance()->player().name +
-                                        ": victories 0, missions 0");
+    EXPECT_EQ(driver.text("pilot"), fallen + " is dead. His place is taken by Second Lieutenant " +
+                                        Database::instance()->player().name + ".");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
     EXPECT_NE(driver.text("pilot").find(fallen), std::string::npos) << "also when he comes back";
 }

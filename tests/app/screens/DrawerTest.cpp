@@ -136,7 +136,7 @@ TEST_F(Drawer, TurnsBackAndKeepsTheLaterPages) {
     ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain"));
     ASSERT_TRUE(driver.takeOff());
     ASSERT_TRUE(driver.walk("menuButton4>MenuGameCombatReport menuButton1>MenuGameAdvance "
-                            "menuButton1>MenuGameMain"));
+                            "menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
     const std::string later = driver.text("date");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain careers>MenuCareers pages>MenuCareerPages"));
     EXPECT_EQ(driver.text("page.row2").find("1 Dec 1915 "), 0U) << driver.text("page.row2");

@@ -48,7 +48,7 @@ constexpr Passage Passages[] = {
     {invite, "menuButton1>MenuGameInvite menuButton3>MenuGameMain"},
     {fillReport, "menuButton4>MenuGameCombatReport nextSheet nextSheet nextSheet nextSheet "
                  "where>MenuGameWhere menuBack>MenuGameCombatReport where>MenuGameWhere "
-                 "menuButton1>MenuGameAdvance menuButton1>MenuGameMain"},
+                 "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain"},
     {fillBook, "logbook>MenuGameLogbook webPage earlier later left3>MenuGameCombatReport "
                "where>MenuGameWhere menuButton1>MenuGameLogbook menuBack>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },

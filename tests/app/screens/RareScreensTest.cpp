@@ -138,7 +138,7 @@ TEST_F(RareScreens, TheOrdersCannotBeWrittenDown) {
     ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
     other.rollback();
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameStartMission menuBack>MenuGameMain"));
-    EXPECT_EQ(driver.text("record"), "") << "new orders are kept";
+    EXPECT_EQ(driver.text("note"), "") << "new orders are kept";
 }
 
 TEST_F(RareScreens, TheMissionOfTheOrdersIsGone) {

@@ -2,6 +2,8 @@
 
 #include <sstream>
 
+#include "app/career/CareerEvents.h"
+#include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "app/career/Nation.h"
 #include "app/report/CombatReport.h"
@@ -31,15 +33,16 @@ constexpr const char* ToTheInvitation =
 constexpr const char* ToTheFlight =
     "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission! "
     "menuBack>MenuGameMain!_Orders awaitReport>MenuGameFinishMission!";
-constexpr const char* ToTheNextFlight =
-    "menuButton1>MenuGameAdvance menuButton1>MenuGameMain menuButton1>MenuGameStartMission "
+constexpr const char* ToTheNextFlight = "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary "
+                                        "menuButton1>MenuGameMain menuButton1>MenuGameStartMission "
+                                        "menuButton4>MenuGameFinishMission";
+constexpr const char* ToTheBook =
+    "where>MenuGameWhere! menuBack>MenuGameCombatReport "
+    "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain "
+    "logbook>MenuGameLogbook! left1>MenuGameCombatReport!_Again "
+    "menuButton1>MenuGameLogbook menuBack>MenuGameMain "
+    "menuButton1>MenuGameStartMission "
     "menuButton4>MenuGameFinishMission";
-constexpr const char* ToTheBook = "where>MenuGameWhere! menuBack>MenuGameCombatReport "
-                                  "menuButton1>MenuGameAdvance menuButton1>MenuGameMain "
-                                  "logbook>MenuGameLogbook! left1>MenuGameCombatReport!_Again "
-                                  "menuButton1>MenuGameLogbook menuBack>MenuGameMain "
-                                  "menuButton1>MenuGameStartMission "
-                                  "menuButton4>MenuGameFinishMission";
 constexpr const char* ToTheFullReport =
     "menuButton4>MenuGameCombatReport nextSheet nextSheet nextSheet nextSheet!_Full";
 constexpr const char* ToTheFullBook =
@@ -47,7 +50,8 @@ constexpr const char* ToTheFullBook =
     "where>MenuGameWhere!_Full menuButton1>MenuGameLogbook "
     "menuBack>MenuGameMain";
 constexpr const char* ToTheEmptyReport =
-    "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameAdvance! menuButton1>MenuGameMain";
+    "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameAdvance! "
+    "menuButton1>MenuGameDiary! menuButton1>MenuGameMain";
 constexpr const char* ToTheEnd = "menuButton2>MenuGameViewSquadron "
                                  "menuButton1>MenuGameMain!_WarIsOver menuBack>MenuMain";
 constexpr ShelvedBook Books[] = {
@@ -94,8 +98,8 @@ public:
         return follow(ToTheInvitation) && driver.invite() >= 0 && follow(ToTheFlight) && flight() &&
                follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
                follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(80) &&
-               follow(ToTheFullBook) && endWar() && follow(ToTheEnd) && drawer() &&
-               follow(ThroughTheSettings) && notices();
+               follow(ToTheFullBook) && serve() && endWar() && turnTo("MenuGameMain") &&
+               follow(ToTheEnd) && drawer() && follow(ThroughTheSettings) && notices();
     }
 
 private:
@@ -113,14 +117,18 @@ private:
         return true;
     }
     /// Where no button leads.
-    bool go(const std::string& screen) {
+    bool go(const std::string& screen, const std::string& picture = "") {
+        if (!turnTo(screen))
+            return false;
+        showEverybodysFolders();
+        visit(screen + picture);
+        return true;
+    }
+    bool turnTo(const std::string& screen) {
         if (driver.state() != screen)
             driver.screens->menu().setTransition(screen);
         const bool there = driver.screens->untilIdle(screen.c_str());
         EXPECT_TRUE(there) << screen;
-        showEverybodysFolders();
-        if (there)
-            visit(screen);
         return there;
     }
 
@@ -169,6 +177,63 @@ private:
         return true;
     }
 
+    /// A service of many victories, and its pages on the way.
+    bool serve() {
+        constexpr int32_t VictoriesOfFlights[] = {1, 2, 1, 0, 0, 2, 7, 7, 7, 7, 7, 7, 7, 7};
+        constexpr auto Flights = int32_t(std::size(VictoriesOfFlights));
+        constexpr int32_t FlightOfTheCross = 5; // after the sixth flight he has six victories
+        Database& career = *Database::instance();
+        career.player().shotdowns = 0;
+        for (int32_t flight = 0; flight < Flights; ++flight) {
+            setDay(career, flight * 6);
+            addFlight(career, VictoriesOfFlights[flight]);
+            if (flight == FlightOfTheCross && !(readLetter(career, flight * 6 + 3)))
+                return false;
+        }
+        setDay(career, Flights * 6);
+        return go("MenuGameRecord", "_Full") && go("MenuGameDiary", "_Full");
+    }
+    static void setDay(Database& career, int32_t days) {
+        Calendar day(1917, 6, 20);
+        day.addDays(days);
+        setDate(career, day.getYear(), day.getMonth(), day.getDay());
+    }
+    bool readLetter(Database& career, int32_t day) {
+        setDay(career, day);
+        if (!turnTo("MenuGameAdvance") || !driver.screens->menu().hitWidget("menuButton1") ||
+            !driver.screens->untilIdle("MenuGameCitation"))
+            return false;
+        visit("MenuGameCitation");
+        return driver.walk("record>MenuGameRecord") && go("MenuGameRecord") &&
+               turnTo("MenuGameMain");
+    }
+    /// A flight of the player with so many victories, as the record hears of it.
+    static void addFlight(Database& career, int32_t victories) {
+        FlownMission flight;
+        flight.log = "none";
+        flight.plan.push_back({career.playerPilot, career.player().squadron,
+                               zel::arrayText(career.player().name), "se5a",
+                               career.playerSquadron().nation, 1});
+        PilotReport& report = flight.reports.emplace_back();
+        report.pilot = career.playerPilot;
+        report.human = 1;
+        flight.fates.resize(1);
+        flight.causes.resize(1);
+        career.observer->onFlight(career, flight);
+        constexpr const char* Machines[] = {"albatrosd3", "fokkerdr1", "DFW C.V", "fokkerd8",
+                                            "Balloon"};
+        for (int32_t i = 0; i < victories; ++i) {
+            Victory victory;
+            victory.victor = career.playerPilot;
+            victory.victimName = "August Hanko";
+            victory.victorAircraft = "se5a";
+            victory.victimAircraft = Machines[career.player().shotdowns % 5];
+            victory.isSeen = true;
+            career.observer->onVictory(career, victory);
+            ++career.player().shotdowns;
+        }
+        ++career.player().missions;
+    }
     static bool endWar() {
         setDate(*Database::instance(), 1918, 11, 11);
         return true;

@@ -180,7 +180,8 @@ TEST_F(WaitingPage, GoesOnWithoutAReportOnlyWhereThereIsNone) {
         ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport", how));
         expectReport();
         EXPECT_EQ(player.missions, missions + 1);
-        ASSERT_TRUE(driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameMain"));
+        ASSERT_TRUE(driver.walk(
+            "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
         ASSERT_TRUE(driver.takeOff());
     }
     ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport", How::Keys));
@@ -253,7 +254,8 @@ TEST_F(WaitingPage, FindsAFlightOfAMissionThatIsWrittenAgain) {
         ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
         expectReport();
         EXPECT_EQ(Database::instance()->player().missions, missions + 1);
-        ASSERT_TRUE(driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameMain"));
+        ASSERT_TRUE(driver.walk(
+            "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
         ASSERT_TRUE(driver.takeOff());
         EXPECT_EQ(afterLook(), Waits) << "the logs of yesterday are done with";
     }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/book/PilotRecord.h"
+
+/// A letter that brings a rank, or a decoration that is worn, in the language in use.
+struct Citation {
+    int32_t date = 0; // yyyymmdd
+    zel::String title;
+    zel::String pilot; // with the rank and the decorations that he has with it, and his service
+    zel::String text;
+    std::string picture; // key of the decoration; "star" for a rank
+};
+
+/// What the pilot was given after that day, the oldest first. The rank with which he came isn't
+/// among it, nor one that only has another name.
+std::vector<Citation> citationsAfter(const PilotRecord& pilot, int32_t date);
+/// "Royal Flying Corps", on that day.
+zel::String serviceName(int32_t nation, Branch branch, int32_t date);

@@ -1,0 +1,86 @@
+#include "app/screens/MenuGameDiary.h"
+
+#include "app/career/Database.h"
+#include "app/record/CareerRecord.h"
+#include "engine/core/Log.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/Menu.h"
+#include "engine/menu/widgets/TextArea.h"
+#include "engine/menu/widgets/Widget.h"
+
+namespace {
+
+// Rows that the script has, and the pixels between two entries.
+constexpr int32_t EntryRows = 12;
+constexpr int32_t FrontRows = 6;
+constexpr int32_t RealRows = 4;
+constexpr int32_t SquadronSpace = 14;
+constexpr int32_t OtherSpace = 10;
+constexpr int32_t TallestRow = 200;
+constexpr int32_t SignLift = 2; // of a sign above the top of its text
+
+constexpr const char* SignImages[] = { // by DiarySign
+    "blank", "sign_scored", "sign_fallen", "sign_joined", "sign_left"};
+
+} // namespace
+
+void MenuGameDiary::onEnter() {
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return;
+    SqliteFile& tables = record.read(*career);
+    const Diary diary = readDiary(tables, *career);
+    if (tables.failed())
+        zel::log("The diary lacks what the record of the war has: " + tables.problem(), "Book",
+                 zel::LogWarning);
+    setText("date", daysText(diary.from, diary.until));
+    showLines("entry", diary.squadron, EntryRows, SquadronSpace);
+    showLines("news", diary.front, FrontRows, OtherSpace);
+    showLines("real", diary.real, RealRows, OtherSpace);
+    setText("count", flightOfText(diary.war, diary.war.flown == 0));
+    setText("rest", servedText(diary.war));
+    strip.show(*menu, "strip", "strip_diary", diary.war);
+    setActive("strip", false); // it is no button
+}
+
+void MenuGameDiary::showLines(const char* area, const std::vector<DiaryLine>& lines, int32_t most,
+                              int32_t space) {
+    int32_t y = 0;
+    for (int32_t i = 0; i < most; ++i) {
+        const zel::String number(i + 1);
+        const zel::String name = zel::String(area) + ".row" + number;
+        zel::TextArea* row = menu->getTextArea(name);
+        if (row == nullptr)
+            return;
+        zel::PixelRect rect = row->getBounds().rect;
+        if (i == 0)
+            y = rect.y;
+        const bool isShown = i < int32_t(lines.size());
+        row->setVisible(isShown);
+        const zel::String sign = zel::String(area) + ".sign" + number;
+        setVisible(sign, isShown);
+        if (!isShown) {
+            // An element that is hidden still counts for how far its area scrolls.
+            row->setRect({rect.x, y - rect.height, rect.width, rect.height});
+            showSign(sign, DiarySign::None, y - rect.height);
+            continue;
+        }
+        row->setRect({rect.x, y, rect.width, TallestRow});
+        row->setText(lines[size_t(i)].text);
+        rect.height = row->getLabel().height();
+        row->setRect({rect.x, y, rect.width, rect.height});
+        showSign(sign, lines[size_t(i)].sign, y - SignLift);
+        y += rect.height + space;
+    }
+}
+
+void MenuGameDiary::showSign(const zel::String& name, DiarySign sign, int32_t y) {
+    zel::Widget* widget = getWidget(name);
+    if (widget == nullptr)
+        return;
+    const zel::Image* image = zel::ImageHandler::getInstance().getImage(SignImages[size_t(sign)]);
+    for (int32_t look = 0; look < zel::LookCount; ++look)
+        widget->setImage(static_cast<zel::WidgetLook>(look), image);
+    widget->getBounds().rect.y = y;
+    widget->setActive(false); // it is no button
+}

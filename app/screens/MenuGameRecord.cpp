@@ -1,0 +1,150 @@
+#include "app/screens/MenuGameRecord.h"
+
+#include <algorithm>
+
+#include "app/book/LogBookText.h"
+#include "app/book/ServiceText.h"
+#include "app/book/ServiceWording.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/career/Nation.h"
+#include "app/record/CareerRecord.h"
+#include "engine/core/Log.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/Menu.h"
+#include "engine/menu/widgets/Widget.h"
+
+namespace {
+
+constexpr size_t Ranks = 3;
+constexpr size_t RankLetters = 24;
+constexpr size_t Ribbons = 8;
+constexpr size_t Medals = 5;
+
+/// How machines are laid out in rows: the step from one to the next, how many a row has, the pixels
+/// of a row, and the space after each fifth.
+struct Rows {
+    const char* images;
+    int32_t step, perRow, height, afterFive;
+};
+constexpr Rows LargeRows = {"tally", 37, 22, 34, 6};
+constexpr Rows SmallRows = {"small", 21, 40, 17, 4};
+constexpr size_t MostLarge = 44;
+constexpr size_t MostSmall = 160;
+constexpr const char* ShapeNames[] = {"scout", "two", "three", "mono", "balloon"}; // by Shape
+
+const char* portraitOf(int32_t nation) {
+    return nation == France    ? "portrait_french"
+           : nation == Germany ? "portrait_german"
+                               : "portrait_english";
+}
+
+zel::String dateOf(int32_t date) { return shortDate(Calendar::ofNumber(date)); }
+
+} // namespace
+
+void MenuGameRecord::onEnter() {
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return;
+    SqliteFile& tables = record.read(*career);
+    const PilotRecord pilot = readPilot(tables, *career, career->playerPilot);
+    if (tables.failed())
+        zel::log("The record of service lacks what the record of the war has: " + tables.problem(),
+                 "Book", zel::LogWarning);
+    setText("name", titleOf(pilot.honours, pilot.name));
+    setText("unit", unitNearText(*career));
+    setText("figures", flyingText(pilot));
+    showImage("portrait", portraitOf(pilot.nation));
+    setVisible("fallen", !pilot.isAlive);
+    setActive("fallen", false); // it is no button; so are the pictures below
+    showRanks(pilot.honours);
+    showRibbons(pilot.honours);
+    showCase(pilot.honours);
+    showVictories(pilot);
+}
+
+/// The newest ones.
+void MenuGameRecord::showRanks(const Honours& honours) {
+    const size_t count = honours.ranks.size();
+    const size_t first = count > Ranks ? count - Ranks : 0;
+    for (size_t i = 0; i < Ranks; ++i) {
+        zel::String line;
+        if (first + i < count) {
+            const RankGiven& one = honours.ranks[first + i];
+            line = column(one.rank->name, RankLetters) + dateOf(one.date);
+        }
+        setText(zel::String("rank") + int32_t(i + 1), line);
+    }
+}
+
+void MenuGameRecord::showRibbons(const Honours& honours) {
+    const std::vector<AwardGiven> worn = honours.ribbons();
+    size_t shown = 0;
+    for (const AwardGiven& one : worn) {
+        // The Iron Cross of the first class has no ribbon.
+        if (one.award->key == "iron1" || shown == Ribbons)
+            continue;
+        const auto number = int32_t(++shown);
+        showImage(zel::String("ribbon") + number, "ribbon_" + zel::String(one.award->key));
+        showImage(zel::String("rosette") + number,
+                  honours.hasBar(*one.award) ? "rosette" : zel::String());
+    }
+    for (; shown < Ribbons; ++shown)
+        for (const char* part : {"ribbon", "rosette"})
+            showImage(zel::String(part) + int32_t(shown + 1), {});
+    setVisible("noMedal", worn.empty());
+}
+
+/// The highest, in the order in which they came.
+void MenuGameRecord::showCase(const Honours& honours) {
+    std::vector<AwardGiven> worn = honours.ribbons();
+    worn.resize(std::min(worn.size(), Medals));
+    std::stable_sort(worn.begin(), worn.end(),
+                     [](const AwardGiven& a, const AwardGiven& b) { return a.date < b.date; });
+    for (size_t i = 0; i < Medals; ++i) {
+        const zel::String number(int32_t(i + 1));
+        const bool isShown = i < worn.size();
+        showImage("medal" + number,
+                  isShown ? "medal_" + zel::String(worn[i].award->key) : zel::String());
+        setText("medalText" + number, isShown ? awardCard(worn[i], honours) : zel::String());
+    }
+}
+
+void MenuGameRecord::showVictories(const PilotRecord& pilot) {
+    setText("victoriesHead", victoriesText(pilot));
+    setText("victoriesKinds", textOf(wording::LastMonth, {victoriesOfLastMonth(pilot)}));
+    zel::Widget* widget = getWidget("victories");
+    if (widget == nullptr)
+        return;
+    setActive("victories", false);
+    const auto count = std::min(size_t(std::max(pilot.victoryCount, 0)), MostSmall);
+    const Rows& rows = count > MostLarge ? SmallRows : LargeRows;
+    const zel::PixelRect& place = widget->getBounds().rect;
+    victories.begin(place.width, place.height);
+    // Those that the record doesn't know come first, as scouts.
+    const size_t unknown = count - std::min(count, pilot.victories.size());
+    for (size_t i = 0; i < count; ++i) {
+        const Shape shape =
+            i < unknown ? Shape::Scout : shapeOf(pilot.victories[i - unknown].machine);
+        const int32_t inRow = int32_t(i) % rows.perRow;
+        victories.draw(zel::String(rows.images) + "_" + ShapeNames[size_t(shape)],
+                       inRow * rows.step + inRow / 5 * rows.afterFive,
+                       int32_t(i) / rows.perRow * rows.height);
+    }
+    victories.show(*menu, "victories");
+}
+
+void MenuGameRecord::showImage(const zel::String& name, const zel::String& imageName) {
+    zel::Widget* widget = getWidget(name);
+    if (widget == nullptr)
+        return;
+    const zel::Image* image =
+        imageName.empty() ? nullptr : zel::ImageHandler::getInstance().getImage(imageName);
+    widget->setVisible(image != nullptr);
+    widget->setActive(false);
+    if (image == nullptr)
+        return;
+    for (int32_t look = 0; look < zel::LookCount; ++look)
+        widget->setImage(static_cast<zel::WidgetLook>(look), image);
+}

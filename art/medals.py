@@ -1,0 +1,282 @@
+"""Decorations: ribbons of watered silk, medals that hang on them, and the case in which they are kept."""
+import math
+
+import numpy as np
+from scipy import ndimage
+
+from lettering import HEAD, put
+from outlines import path, rounded, rounded_mask, source, vector
+from pixels import blur, fbm, grid, noise, over, ramp, reduced, rgb, shade, smooth, with_alpha
+from sheets import framed_board
+
+# Stripes of a ribbon across its width, in parts.
+RIBBONS = {
+    'mc': [('#E8E3D6', 1), ('#5A3A74', 1), ('#E8E3D6', 1)],
+    'dso': [('#22305A', .16), ('#A3241F', .68), ('#22305A', .16)],
+    'dsc': [('#22305A', 1), ('#E8E3D6', 1), ('#22305A', 1)],
+    'dfc': None,
+    'vc': [('#7A1B22', 1)],
+    'croix': [('#8E1F1A', .03), ('#2F6137', .085)] + [('#A12A20', .045), ('#2F6137', .115)] * 4
+             + [('#A12A20', .045), ('#2F6137', .085), ('#8E1F1A', .03)],
+    'medaille': [('#2F6B3C', .2), ('#D9B02C', .6), ('#2F6B3C', .2)],
+    'legion': [('#A81E22', 1)],
+    'iron': [('#1A1815', .1), ('#E8E3D6', .14), ('#1A1815', .52), ('#E8E3D6', .14), ('#1A1815', .1)],
+    'house': [('#1A1815', .08), ('#E8E3D6', .16), ('#1A1815', .52), ('#E8E3D6', .16), ('#1A1815', .08)],
+    'merite': [('#C9C6BC', .10), ('#1A1815', .80), ('#C9C6BC', .10)],
+}
+
+
+def ribbon(kind, w, h):
+    """A piece of watered silk, its stripes upright."""
+    x, y = grid(w, h)
+    color = np.zeros((h, w, 3), np.float32)
+    if RIBBONS[kind] is None:  # of the first year: narrow stripes that lie across
+        band = (y // 2.6).astype(int) % 2
+        color[...] = np.where(band[..., None] == 0, rgb('#E8E3D6'), rgb('#5A3A74'))
+    else:
+        total, at = sum(part for _, part in RIBBONS[kind]), 0
+        for tint, part in RIBBONS[kind]:
+            inside = smooth(x - at, -.5, .5) * smooth(at + part / total * w - x, -.5, .5)
+            color += rgb(tint) * inside[..., None]
+            at += part / total * w
+    moire = 1 + .05 * np.sin(2 * np.pi * y / 1.9) + .09 * noise(w, h, 30, 3, 9)
+    edge = 1 - .35 * np.exp(-x / 1.6) - .35 * np.exp(-(w - x) / 1.6)
+    return with_alpha(np.clip(color * (moire * edge)[..., None], 0, 1), np.ones((h, w), np.float32))
+
+
+def _relief(mask, metal, enamel=None, bevel=2.2):
+    """A mask as a piece of metal, lit from the upper left. metal: dark, middle, light."""
+    h, w = mask.shape
+    dome = blur(np.minimum(_inside(mask), bevel * 2), .8)
+    light = shade(dome)
+    color = ramp(np.clip(.5 + .55 * light + .06 * fbm(w, h, 9, 9, 5, 2), 0, 1),
+                 [(0, metal[0]), (.5, metal[1]), (1, metal[2])])
+    if enamel is not None:
+        color = np.clip(rgb(enamel) * (1 + .5 * light)[..., None] + .35 * np.clip(light - .2, 0, 1)[..., None], 0, 1)
+    return with_alpha(np.clip(color, 0, 1), mask)
+
+
+def _inside(mask):
+    """How far inside the mask each pixel is."""
+    return ndimage.distance_transform_edt(mask > .5).astype(np.float32)
+
+
+SILVER, GILT, BRONZE, IRON = (('#4A4A48', '#A9A8A2', '#F4F2EA'), ('#6E4E14', '#C99F3E', '#F8E6AE'),
+                              ('#3A2414', '#80583A', '#C99A6C'), ('#0E0D0C', '#26241F', '#5A564C'))
+SCALE = 4
+
+
+def _layer(draw, w, h):
+    """A mask drawn larger than it will be."""
+    return vector(w, h, draw, SCALE)[..., 3]
+
+
+def _pattee(c, x, y, r, narrow=.14, wide=.60, concave=.86):
+    for k in range(4):
+        c.save()
+        c.translate(x, y)
+        c.rotate(k * math.pi / 2)
+        c.move_to(-narrow * r, 0)
+        c.curve_to(-narrow * r, -r * .45, -wide * r * .62, -r * .82, -wide * r, -r)
+        c.curve_to(-wide * r * .4, -r * concave * 1.06, wide * r * .4, -r * concave * 1.06, wide * r, -r)
+        c.curve_to(wide * r * .62, -r * .82, narrow * r, -r * .45, narrow * r, 0)
+        c.close_path()
+        c.restore()
+
+
+def _maltese(c, x, y, r, arms=4, spread=.42, notch=.80):
+    for k in range(arms):
+        c.save()
+        c.translate(x, y)
+        c.rotate(k * 2 * math.pi / arms)
+        c.move_to(0, 0)
+        c.line_to(-spread * r, -r)
+        c.line_to(0, -r * notch)
+        c.line_to(spread * r, -r)
+        c.close_path()
+        c.restore()
+
+
+def _swords(c, x, y, r):
+    for side in (1, -1):
+        c.save()
+        c.translate(x, y)
+        c.rotate(side * math.pi / 4)
+        c.rectangle(-r * .045, -r, r * .09, 2 * r)
+        c.rectangle(-r * .16, r * .62, r * .32, r * .09)
+        c.fill()
+        c.restore()
+
+
+def _wreath(c, x, y, r, width, opening=.0):
+    for k in range(22):
+        a = k * 2 * math.pi / 22 + .1
+        if opening and abs(math.sin((a - 1.5 * math.pi) / 2)) < opening:
+            continue
+        c.save()
+        c.translate(x + r * math.cos(a), y + r * math.sin(a))
+        c.rotate(a + math.pi / 2 + .5 * (1 if math.cos(a) > 0 else -1))
+        c.scale(width * 1.5, width * .62)
+        c.arc(0, 0, 1, 0, 7)
+        c.restore()
+        c.fill()
+
+
+def medal(kind, w=72, h=136, times=1):
+    """A decoration on its ribbon, hung up; the ribbon takes the upper 58 pixels. The Iron Cross of the
+    first class has no ribbon, the Pour le Merite a short one to the neck."""
+    s = SCALE
+    out = np.zeros((h * s, w * s, 4), np.float32)
+    cx, ribbon_w, ribbon_h = w / 2, 44, 56
+    cy, r = h - 40, 32
+
+    def metal(draw, tone, enamel=None, bevel=2.2):
+        mask = _layer(draw, w, h)
+        edge = _relief(mask, tone, enamel, bevel * s)
+        over(out, edge)
+
+    def filled(shape):
+        def draw(c):
+            shape(c)
+            source(c, '#FFFFFF')
+            c.fill()
+        return draw
+
+    def outlined(shape, width):
+        def draw(c):
+            shape(c)
+            source(c, '#FFFFFF')
+            c.set_line_width(width)
+            c.stroke()
+        return draw
+
+    if kind != 'iron1':
+        rib = ribbon({'iron2': 'iron'}.get(kind, kind), ribbon_w * s // 1, ribbon_h * s)
+        if kind in ('croix', 'medaille', 'legion', 'iron2', 'house', 'merite'):
+            # Continental ribbons narrow towards the ring.
+            x, y = grid(w * s, h * s)
+            half = np.where(y < 34 * s, ribbon_w * s / 2, ribbon_w * s / 2 - (y - 34 * s) * .78)
+            canvas = np.zeros_like(out)
+            over(canvas, rib, (w - ribbon_w) * s / 2, 0)
+            canvas[..., 3] *= smooth(half - np.abs(x - w * s / 2), 0, 2)
+            over(out, canvas)
+        else:
+            over(out, rib, (w - ribbon_w) * s / 2, 0)
+            metal(filled(lambda c: rounded(c, cx - 24, ribbon_h - 4, 48, 6, 2)), BRONZE if kind == 'vc' else SILVER)
+        metal(outlined(lambda c: c.arc(cx, ribbon_h + 4, 4, 0, 7), 1.8), BRONZE if kind in ('vc', 'croix') else SILVER)
+    if kind == 'vc':
+        metal(filled(lambda c: _pattee(c, cx, cy, r, .2, .62, .99)), BRONZE, bevel=1.6)
+        metal(filled(lambda c: (c.arc(cx, cy - 2, 8, 0, 7), c.rectangle(cx - 15, cy + 8, 30, 6))), BRONZE, bevel=2)
+    elif kind == 'dso':
+        metal(filled(lambda c: _pattee(c, cx, cy, r, .26, .56, .98)), GILT)
+        metal(filled(lambda c: _pattee(c, cx, cy, r * .92, .24, .52, .98)), GILT, '#EFEBDD')
+        metal(filled(lambda c: c.arc(cx, cy, 11, 0, 7)), GILT)
+        metal(outlined(lambda c: c.arc(cx, cy, 8.6, 0, 7), 3.4), GILT, '#3F7A3B')
+        metal(filled(lambda c: c.arc(cx, cy, 5.6, 0, 7)), GILT, '#A3241F')
+    elif kind in ('mc', 'dsc'):
+        def cross(c):
+            for k in range(4):
+                c.save()
+                c.translate(cx, cy)
+                c.rotate(k * math.pi / 2)
+                path(c, [(-5, 0), (-6.5, -r * .74), (-10, -r * .78), (-10, -r), (10, -r), (10, -r * .78),
+                         (6.5, -r * .74), (5, 0)], True)
+                c.restore()
+        metal(filled(cross), SILVER)
+        metal(outlined(lambda c: c.arc(cx, cy, 6, 0, 7), 1.4), SILVER, bevel=1)
+    elif kind == 'dfc':
+        metal(outlined(lambda c: c.arc(cx, cy, r * .72, 0, 7), 3), SILVER, bevel=1)
+        metal(filled(lambda c: _pattee(c, cx, cy, r, .16, .34, 1.02)), SILVER)
+        metal(filled(lambda c: _wreath(c, cx, cy, 9, 2.6)), SILVER)
+    elif kind == 'croix':
+        metal(filled(lambda c: _swords(c, cx, cy, r * .95)), BRONZE, bevel=1)
+        metal(filled(lambda c: _pattee(c, cx, cy, r * .82, .28, .52, .98)), BRONZE)
+        metal(outlined(lambda c: c.arc(cx, cy, 10, 0, 7), 2.2), BRONZE, bevel=1)
+        for k in range(2):  # the palm of an army's citation
+            metal(filled(lambda c: _palm(c, cx, 18 + 15 * k, 17)), BRONZE, bevel=1)
+    elif kind == 'medaille':
+        metal(filled(lambda c: _wreath(c, cx, cy, r * .70, 4.4)), SILVER)
+        metal(filled(lambda c: c.arc(cx, cy, r * .64, 0, 7)), GILT)
+        metal(outlined(lambda c: c.arc(cx, cy, r * .50, 0, 7), 5), GILT, '#28477E')
+        metal(filled(lambda c: c.arc(cx, cy, r * .40, 0, 7)), GILT)
+        metal(filled(lambda c: (c.rectangle(cx - 10, cy - r - 3, 20, 5), c.rectangle(cx - 2, cy - r - 8, 4, 14))), GILT, bevel=1)
+    elif kind == 'legion':
+        metal(filled(lambda c: _wreath(c, cx, cy, r * .74, 4.0)), GILT, '#3F7A3B')
+        metal(filled(lambda c: _maltese(c, cx, cy, r, 5, .34, .84)), GILT)
+        metal(filled(lambda c: _maltese(c, cx, cy, r * .90, 5, .30, .86)), GILT, '#F2EEE2')
+        metal(filled(lambda c: c.arc(cx, cy, 9.5, 0, 7)), GILT, '#28477E')
+        metal(filled(lambda c: c.arc(cx, cy, 6.6, 0, 7)), GILT)
+    elif kind in ('iron2', 'iron1'):
+        if kind == 'iron1':
+            cy, r = h / 2 + 16, 34
+        metal(filled(lambda c: _pattee(c, cx, cy, r, .16, .60, .98)), SILVER, bevel=1.4)
+        metal(filled(lambda c: _pattee(c, cx, cy, r * .84, .13, .53, .97)), IRON, bevel=1.2)
+        layer = np.zeros_like(out)
+        put(layer, '1914', HEAD, 9 * s, cx * s, (cy + r * .74) * s, '#B9B7AE', 'center')
+        put(layer, 'W', HEAD, 13 * s, cx * s, (cy + 5) * s, '#B9B7AE', 'center')
+        over(out, layer)
+    elif kind == 'house':
+        metal(filled(lambda c: _swords(c, cx, cy, r)), GILT, bevel=1)
+        metal(filled(lambda c: _wreath(c, cx, cy, r * .55, 4.2)), GILT, '#4E7A40')
+        metal(filled(lambda c: _pattee(c, cx, cy, r * .95, .14, .44, .94)), SILVER, '#201E1B', bevel=1)
+        metal(filled(lambda c: _pattee(c, cx, cy, r * .84, .11, .38, .94)), SILVER, '#EFEBDD', bevel=1)
+        metal(filled(lambda c: c.arc(cx, cy, 9, 0, 7)), GILT)
+        metal(filled(lambda c: c.arc(cx, cy, 6.8, 0, 7)), GILT, '#28477E')
+    elif kind == 'merite':
+        metal(filled(lambda c: _eagles(c, cx, cy, r)), GILT, bevel=1)
+        metal(filled(lambda c: _maltese(c, cx, cy, r, 4, .52, .76)), GILT)
+        metal(filled(lambda c: _maltese(c, cx, cy, r * .92, 4, .49, .77)), GILT, '#2A55A0')
+        layer = np.zeros_like(out)
+        put(layer, 'F', HEAD, 9 * s, cx * s, (cy - r * .44) * s, '#F3DFA0', 'center')
+        for px, py, text in ((-.62, .12, 'Pour'), (.60, .12, 'Mé'), (0, .66, 'rite')):
+            put(layer, text, HEAD, 6.4 * s, (cx + px * r) * s, (cy + py * r) * s, '#F3DFA0', 'center')
+        over(out, layer)
+    return reduced(out, s // times)
+
+
+def _palm(c, x, y, half):
+    for k in range(9):
+        t = -1 + 2 * k / 8
+        c.save()
+        c.translate(x + t * half * .8, y + 1.5 * t * t)
+        c.rotate(-.9 + t * .2)
+        c.scale(4.6, 1.5)
+        c.arc(0, 0, 1, 0, 7)
+        c.restore()
+        c.fill()
+
+
+def _eagles(c, x, y, r):
+    for k in range(4):
+        c.save()
+        c.translate(x, y)
+        c.rotate(math.pi / 4 + k * math.pi / 2)
+        path(c, [(0, -r * .30), (-r * .26, -r * .78), (-r * .06, -r * .66), (0, -r * .84), (r * .06, -r * .66),
+                 (r * .26, -r * .78)], True)
+        c.restore()
+        c.fill()
+
+
+def metal_star(size, points, inner):
+    """A star of gilt metal. inner: the part of its radius to which it is cut in."""
+    s, r = SCALE, size / 2 - 1
+
+    def draw(c):
+        path(c, [(size / 2 + (r if k % 2 == 0 else r * inner) * math.sin(k * math.pi / points),
+                  size / 2 - (r if k % 2 == 0 else r * inner) * math.cos(k * math.pi / points))
+                 for k in range(2 * points)], True)
+        source(c, '#FFFFFF')
+        c.fill()
+    return reduced(_relief(_layer(draw, size, size), GILT, bevel=3 * s), s)
+
+
+def medal_case(w, h):
+    """A shallow case lined with velvet."""
+    board = framed_board(w, h, 14)
+    x, y = grid(w, h)
+    d = np.minimum(np.minimum(x, w - x), np.minimum(y, h - y)) - 14
+    velvet = rgb('#2A2340') * (1 + .18 * fbm(w, h, 120, 60, 5, 4) + .05 * noise(w, h, 2, 2, 8))[..., None]
+    velvet *= (1 - .45 * np.exp(-np.maximum(y - 14, 0) / 9) - .3 * np.exp(-np.maximum(d, 0) / 7))[..., None]
+    velvet *= (1.25 - .5 * ((x / w - .3) ** 2 + (y / h - .2) ** 2))[..., None]
+    board = np.where((d > 0)[..., None], np.clip(velvet, 0, 1), board)
+    return with_alpha(np.clip(board, 0, 1).astype(np.float32), rounded_mask(w, h, 3))
