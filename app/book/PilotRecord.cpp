@@ -93,9 +93,11 @@ private:
             pilot.since = firstDayOfPlay();
         if (!pilot.flights.empty() && !pilot.isAlive)
             pilot.until = pilot.flights.back();
-        SqliteStatement row(record, "SELECT victory.date, victim_name, victim_aircraft, died"
-                                    " FROM flight JOIN victory ON victory.flight = flight.number"
-                                    " WHERE flight.pilot = ?1 AND victor = ?1 ORDER BY id");
+        // CROSS: the flights first, whose victories are indexed.
+        SqliteStatement row(record,
+                            "SELECT victory.date, victim_name, victim_aircraft, died FROM flight"
+                            " CROSS JOIN victory ON victory.flight = flight.number"
+                            " WHERE flight.pilot = ?1 AND victor = ?1 ORDER BY id");
         row.with(pilot.pilot);
         takeVictories(row);
         const bool hasCome =
