@@ -31,7 +31,8 @@ RecordStateTexts recordStateTexts(RecordState state);
 /// Opens the record of that career, checks its pages and tables and brings it to the present
 /// schema. Only with Ready is the file of use; its problem() has the cause of Unusable.
 RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber);
-/// Whether a file that has failed as damaged is so: SQLite takes some errors of the disk for damage.
+/// Whether a file that has failed as damaged is so: SQLite takes some errors of the disk for
+/// damage.
 bool isRecordDamaged(const zel::String& path);
 /// Opens it again without the checks. On error: false, and the file has failed.
 bool reopenRecord(SqliteFile& file, const zel::String& path);
