@@ -5,6 +5,7 @@
 #include "app/screens/MenuNotification.h"
 #include "app/screens/WarProgress.h"
 #include "engine/menu/widgets/Widget.h"
+#include "engine/window/ZelLoop.h"
 
 void MenuNewCareer::reset() {
     Database* career = Database::instance();
@@ -34,6 +35,8 @@ void MenuNewCareer::startCareer() {
         const WarProgress progress;
         career->simulateToDate(chosen("startYear"), chosen("startMonth"), 1);
     }
+    if (zel::ZelLoop::isFinished())
+        return; // he closed the window meanwhile, and begins no career
     if (zel::String problem; save(problem))
         setTransition("MenuGameMain");
     else

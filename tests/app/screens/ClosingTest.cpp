@@ -15,19 +15,19 @@
 
 namespace {
 
-constexpr const char* Save = "user/Saves/savegame_v03.wty";
+constexpr const char* Saves = "user/Saves";
 constexpr const char* Question = "MenuNotificationUnsaved";
 
 class Closing : public testing::Test {
 protected:
     // The first save fails.
     void SetUp() override {
-        std::filesystem::create_directories(home.folder.file(Save));
+        home.folder.write(Saves, "in the way");
         ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
         ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService "
                                 "menuButton2>MenuNewYear menuButton1>MenuNewCareer "
                                 "menuButton4>MenuNotificationSave menuButton1>MenuGameMain"));
-        std::filesystem::remove(home.folder.file(Save));
+        std::filesystem::remove(home.folder.file(Saves));
     }
     ~Closing() override { zel::Platform::getInstance().clearInput(); }
 
@@ -90,6 +90,7 @@ TEST_F(Closing, SavesAndQuits) {
     ASSERT_TRUE(driver.takeOff());
     EXPECT_FALSE(close());
     ASSERT_TRUE(driver.screens->untilIdle(Question));
+    EXPECT_NE(driver.text("text2").find("If you save, the flight can still"), std::string::npos);
     ASSERT_TRUE(driver.go("menuButton1", "quitApp", CareerDriver::How::Pointer));
     EXPECT_TRUE(Database::instance()->isSaved(SaveFileName));
 }

@@ -100,7 +100,7 @@ TEST_F(ScreensInWindow, EndWhenTheyAreClosedWhileTheWarIsFought) {
     EXPECT_NE(driver.text("progressDate").find("-1916"), std::string::npos) << "shown to the end";
     EXPECT_FALSE(driver.widget("progress")->isVisible());
     EXPECT_TRUE(zel::ZelLoop::isFinished());
-    EXPECT_EQ(home.save(), "");
+    EXPECT_TRUE(home.save().empty());
 }
 
 TEST_P(ScreenLanguages, LookAsTheyWereKept) {
