@@ -33,7 +33,7 @@ constexpr size_t WholeWidth = 200; // letters; nothing is cut on the page
 
 data valueOf(const zel::String& text) { return data(zel::utf8Of(text.view())); }
 
-zel::String dayOf(int32_t date) { return bookDate(Calendar::ofNumber(date)); }
+zel::String dayTextOf(int32_t date) { return bookDate(Calendar::ofNumber(date)); }
 
 /// The page's data, part by part.
 class PageData {
@@ -86,8 +86,8 @@ void PageData::addHeads() {
     set("pageTitle", textOf(wording::WebTitle, {name}));
     set("name", name);
     set("subtitle", textOf(wording::WebSubtitle,
-                           {unitText(career, pilot.squadron), dayOf(book.flights.front().date),
-                            dayOf(book.flights.back().date)}));
+                           {unitText(career, pilot.squadron), dayTextOf(book.flights.front().date),
+                            dayTextOf(book.flights.back().date)}));
     set("partsLabel", wording::WebParts);
     set("chartsHead", wording::WebCharts);
     set("serviceHead", wording::WebService);
@@ -99,7 +99,7 @@ void PageData::addHeads() {
     set("timelineNote", wording::TimeLineNote);
     set("ranksHead", wording::WebRanks);
     set("awardsHead", wording::WebAwards);
-    set("noAward", wording::NoAward);
+    set("noAward", wording::NoWebAward);
     set("mapsNote", wording::SketchesNote);
     set("pilotHead", wording::WebPilot);
     set("whyHead", wording::WebWhy);
@@ -107,7 +107,8 @@ void PageData::addHeads() {
                                      "withHead",   "againstHead", "resultHead"};
     for (size_t i = 0; i < std::size(Heads); ++i)
         set(Heads[i], wording::LogBookHeads[i]);
-    set("footer", textOf(wording::WebFooter, {pilot.name, dayOf(career.calendar().dateNumber())}));
+    set("footer",
+        textOf(wording::WebFooter, {pilot.name, dayTextOf(career.calendar().dateNumber())}));
 }
 
 void PageData::addFigures() {
@@ -137,12 +138,12 @@ void PageData::addFigures() {
 void PageData::addService() {
     data ranks(data::type::list);
     for (const RankGiven& given : pilot.honours.ranks)
-        ranks << valueOf(textOf(wording::FigureOfMonth, {given.rank->name, dayOf(given.date)}));
+        ranks << valueOf(textOf(wording::FigureOfMonth, {given.rank->name, dayTextOf(given.date)}));
     page["ranks"] = std::move(ranks);
     data awards(data::type::list);
     for (const AwardGiven& given : pilot.honours.awards)
         awards << valueOf(
-            textOf(wording::FigureOfMonth, {awardText(*given.award), dayOf(given.date)}));
+            textOf(wording::FigureOfMonth, {awardText(*given.award), dayTextOf(given.date)}));
     page["awards"] = std::move(awards);
 }
 
@@ -154,7 +155,7 @@ void PageData::addFlights() {
         data one;
         one["isWon"] = data(flight.victories > 0);
         one["number"] = valueOf(flight.number);
-        one["date"] = valueOf(dayOf(flight.date));
+        one["date"] = valueOf(dayTextOf(flight.date));
         one["machine"] = valueOf(machineText(flight.aircraft));
         one["with"] = valueOf(row.with);
         one["against"] = valueOf(row.against);
@@ -198,7 +199,7 @@ void PageData::addVictory(data& rows, const RecordedFlight& flight, size_t victi
     }
     data row;
     row["number"] = valueOf(++victoryNumber);
-    row["date"] = valueOf(dayOf(flight.date));
+    row["date"] = valueOf(dayTextOf(flight.date));
     row["machine"] = valueOf(
         machineText(fallen.plannedType.empty() ? fallen.type : fallen.plannedType, WholeWidth));
     row["pilot"] = valueOf(fallen.plannedName.empty() ? reportedName(fallen) : fallen.plannedName);
@@ -248,7 +249,8 @@ void PageData::addSketch(data& sketches, const RecordedFlight& flight) {
             if (mark.number > 0 && mark.number == line.number &&
                 (mark.kind == SketchMark::Loss || mark.kind == SketchMark::OwnLoss))
                 caption += (caption.empty() ? "" : " ") + line.text + ".";
-    const zel::String title = textOf(wording::SketchOfFlight, {flight.number, dayOf(flight.date)});
+    const zel::String title =
+        textOf(wording::SketchOfFlight, {flight.number, dayTextOf(flight.date)});
     data one;
     one["picture"] = data(sketchPicture(sketch, title, caption));
     one["title"] = valueOf(title);

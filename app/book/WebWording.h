@@ -29,7 +29,7 @@ inline constexpr Wording TimeLine       {3919, "Flights, ranks and decorations"}
 inline constexpr Wording TimeLineNote   {3920, "Each stroke is a flight; dots are victories, triangles damage, crosses injuries."};
 inline constexpr Wording WebRanks       {3921, "Ranks"};
 inline constexpr Wording WebAwards      {3922, "Decorations"};
-inline constexpr Wording NoAward        {3923, "None yet"};
+inline constexpr Wording NoWebAward     {3923, "None yet"};
 inline constexpr Wording WebPilot       {3924, "Pilot"};
 inline constexpr Wording WebWhy         {3925, "Why it counts"};
 inline constexpr Wording SketchOfFlight {3926, "Flight $1, $2."}; // number, date
