@@ -33,7 +33,7 @@ zel::String nameOf(const Database& career, int32_t pilot) {
 }
 
 /// "A, B and C".
-zel::String inOneSentence(const std::vector<zel::String>& names) {
+zel::String sentence(const std::vector<zel::String>& names) {
     zel::String list;
     for (size_t i = 0; i < names.size(); ++i) {
         const bool isLast = i + 1 == names.size();
@@ -198,7 +198,7 @@ private:
         if (score != scores.end())
             add(DiarySign::Scored, OwnWeight, own,
                 textOf(wording::YouBroughtDown,
-                       {inOneSentence(score->second.victims),
+                       {sentence(score->second.victims),
                         countText(wording::Victories, career.pilot(own).shotdowns)}));
         if (isWounded)
             add(DiarySign::None, OwnWeight - 2, own, textOf(wording::YouAreWounded));
@@ -251,8 +251,7 @@ private:
                 arrivals.begin() + static_cast<std::ptrdiff_t>(first),
                 arrivals.begin() + static_cast<std::ptrdiff_t>(end));
             add(DiarySign::Joined, PostedWeight, -1,
-                textOf(some.size() == 1 ? wording::HasCome : wording::HaveCome,
-                       {inOneSentence(some)}));
+                textOf(some.size() == 1 ? wording::HasCome : wording::HaveCome, {sentence(some)}));
         }
     }
 
