@@ -1,6 +1,7 @@
 #include "app/book/BookCharts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 #include "app/book/LogBookText.h"
@@ -48,8 +49,12 @@ void drawBars(Svg& svg, const MonthScore& month, float x, float width, float uni
     const auto own = static_cast<float>(month.own);
     const auto best = static_cast<float>(month.best);
     svg.rect(x, ground - own * unit, bar, own * unit, "fill=\"#2B4B2E\" stroke=\"#2A1E12\"");
-    for (float y = 4; y < own * unit; y += 6) // hatched, for those who see no colour
-        svg.line(x, ground - y, x + bar, ground - y, "stroke=\"#7E9158\" stroke-width=\"1.6\"");
+    // Hatched, for those who see no colour.
+    const auto height = static_cast<int32_t>(std::ceil(own * unit));
+    for (int32_t line = 4; line < height; line += 6) {
+        const float y = ground - static_cast<float>(line);
+        svg.line(x, y, x + bar, y, "stroke=\"#7E9158\" stroke-width=\"1.6\"");
+    }
     svg.rect(x + bar + 2, ground - best * unit, bar, best * unit,
              "fill=\"#EADFC0\" stroke=\"#5A452C\"");
     svg.text(x + bar / 2, ground - own * unit - 5, month.own, Anchor::Middle, Bold);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -77,8 +78,8 @@ struct RealVictory {
 struct WarEvent {
     int32_t date = 0;
     zel::String place;
-    zel::String texts[3]; // English, German, French
-    int32_t weight = 0;   // 1 to 5, the most important
+    std::array<zel::String, 3> texts; // English, German, French
+    int32_t weight = 0;               // 1 to 5, the most important
 };
 
 /// The tables that the book of the war compares a career with. Rows that make no sense are logged

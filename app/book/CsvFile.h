@@ -28,7 +28,7 @@ public:
     void report(const zel::String& what) const;
 
 private:
-    bool split(std::string_view line);
+    bool split(std::string_view row);
 
     zel::String name;
     std::string content;

@@ -1,6 +1,7 @@
 #include "app/book/LogBook.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 
 #include "app/career/Calendar.h"
@@ -180,7 +181,7 @@ int32_t LogBook::months() const {
         return 0;
     const int32_t days = Calendar::ofNumber(flights.back().date).dayNumber() -
                          Calendar::ofNumber(flights.front().date).dayNumber();
-    return static_cast<int32_t>((days + 1) / DaysPerMonth + 0.5);
+    return static_cast<int32_t>(std::lround((days + 1) / DaysPerMonth));
 }
 
 LogBook readLogBook(SqliteFile& record, const Database& career) {

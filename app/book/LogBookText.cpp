@@ -188,7 +188,7 @@ zel::String resultText(const BookFlight& flight) {
     if (flight.victories <= 0)
         return textOf(ownFate(flight));
     const int32_t form = std::min<int32_t>(flight.victories, 4) - 1;
-    const zel::String victories = textOf(wording::Downed[form], {flight.victories});
+    zel::String victories = textOf(wording::Downed[form], {flight.victories});
     const Wording* const fate = fateAfterVictories(flight);
     if (fate == nullptr)
         return victories;
@@ -199,7 +199,7 @@ zel::String resultText(const BookFlight& flight) {
 }
 
 zel::String flightsText(const LogBook& book) {
-    const zel::String flights =
+    zel::String flights =
         countText(wording::BookFlights, static_cast<int32_t>(book.flights.size()));
     if (book.flights.empty())
         return flights;
@@ -208,7 +208,7 @@ zel::String flightsText(const LogBook& book) {
 }
 
 zel::String victoriesText(const LogBook& book, size_t letters) {
-    const zel::String victories = countText(wording::Victories, book.victories);
+    zel::String victories = countText(wording::Victories, book.victories);
     if (book.victories == 0)
         return victories;
     std::vector<zel::String> parts;

@@ -52,7 +52,7 @@ struct PilotRecord {
 
 /// Reads what the record has of a pilot. The player's and his predecessors' by their flights; for
 /// others their time is searched. On error: what the save has of him, and the file has failed.
-PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t pilot);
+PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index);
 
 /// How often each machine is among the victories, the most frequent first.
 struct MachineCount;

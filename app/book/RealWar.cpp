@@ -108,6 +108,7 @@ std::vector<DiaryLine> best(std::vector<DatedLine> lines, size_t most) {
     std::stable_sort(lines.begin(), lines.end(),
                      [](const DatedLine& a, const DatedLine& b) { return a.date < b.date; });
     std::vector<DiaryLine> chosen;
+    chosen.reserve(lines.size());
     for (const DatedLine& dated : lines)
         chosen.push_back(dated.line);
     return chosen;

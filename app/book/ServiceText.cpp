@@ -89,7 +89,7 @@ zel::String awardText(const AwardRow& award) {
 }
 
 zel::String awardText(const AwardRow& award, const Honours& honours) {
-    const zel::String name = awardText(award);
+    zel::String name = awardText(award);
     if (honours.hasBar(award))
         return textOf(wording::AndBar, {award.letters.empty() ? name : award.letters});
     if (award.key != "croix" || honours.palms == 0)

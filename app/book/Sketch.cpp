@@ -75,7 +75,7 @@ public:
 
     /// After the frame is known.
     void number() {
-        std::vector<int32_t> crowd(SketchFrame::Columns * SketchFrame::Rows, 0);
+        std::vector<int32_t> crowd(size_t{SketchFrame::Columns} * SketchFrame::Rows, 0);
         std::vector<int32_t> shared(crowd.size(), 0);
         for (const Draft& draft : drafts)
             if (draft.hasMark)

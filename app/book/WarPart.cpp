@@ -1,6 +1,7 @@
 #include "app/book/WarPart.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "app/book/DiaryWording.h"
 #include "app/book/LogBookWording.h"
@@ -17,7 +18,7 @@ constexpr double MeanMonth = 365.25 / 12; // days
 int32_t monthsBetween(int32_t from, int32_t until) {
     const int32_t days =
         Calendar::ofNumber(until).dayNumber() - Calendar::ofNumber(from).dayNumber();
-    return std::max(0, int32_t(days / MeanMonth + 0.5));
+    return std::max(0, static_cast<int32_t>(std::lround(days / MeanMonth)));
 }
 
 } // namespace
@@ -47,7 +48,7 @@ zel::String flightOfText(const WarPart& war, bool isNext) {
 }
 
 zel::String servedText(const WarPart& war) {
-    const zel::String served = countText(wording::BookMonths, monthsBetween(war.since, war.today));
+    zel::String served = countText(wording::BookMonths, monthsBetween(war.since, war.today));
     if (war.today >= FirstDayOfPeace)
         return served;
     const zel::String left =

@@ -1,6 +1,7 @@
 #include "app/report/Outcome.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "app/career/GroundObjects.h"
 #include "app/report/FlightAccount.h"
@@ -289,7 +290,7 @@ int32_t Judgement::secondsBefore(int32_t victor, int32_t victim) const {
     for (const FlightEvent* event : suffered(victim))
         if (isFight(event->kind) && event->actor == victor)
             last = event->seconds;
-    return last < 0 || last > end ? -1 : static_cast<int32_t>(end - last + 0.5F);
+    return last < 0 || last > end ? -1 : static_cast<int32_t>(std::lround(end - last));
 }
 
 Outcomes::Outcomes(const std::vector<PilotReport>& reports, const std::vector<FlightEvent>& events)

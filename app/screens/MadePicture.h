@@ -16,15 +16,15 @@ class MadePicture {
 public:
     /// Begins a clear picture.
     void begin(int32_t width, int32_t height);
-    /// Begins a copy of the image; a clear picture of no size without it.
-    void begin(const char* image);
-    void draw(const zel::String& image, int32_t x, int32_t y);
+    /// Begins a copy of the image of that name; a clear picture of no size without it.
+    void begin(const char* name);
+    void draw(const zel::String& name, int32_t x, int32_t y);
     /// The columns of an image of the same size, from one up to another.
-    void drawColumns(const char* image, int32_t from, int32_t until);
+    void drawColumns(const char* name, int32_t from, int32_t until);
     /// A line of a pixel's width. colour: RGB; alpha: 0 to 1.
     void drawColumn(int32_t x, int32_t top, int32_t height, uint32_t colour, float alpha);
     /// Gives the picture to the widget, for all its looks. The widget must not outlive this.
-    void show(const zel::Menu& menu, const char* widget);
+    void show(const zel::Menu& menu, const char* name);
 
     int32_t width() const { return data.pictureWidth; }
     int32_t height() const { return data.pictureHeight; }

@@ -21,7 +21,7 @@ private:
     void showCase(const Honours& honours);
     void showVictories(const PilotRecord& pilot);
     /// Shows the image in the widget; hides it without one.
-    void showImage(const zel::String& widget, const zel::String& image);
+    void showImage(const zel::String& name, const zel::String& imageName);
 
     CareerRecord& record;
     MadePicture victories;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 
 #include "engine/graphics/Font.h"
 #include "engine/graphics/Image.h"
@@ -39,7 +40,7 @@ PencilSheet::PencilSheet(int32_t width, int32_t height) : lowest(height) {
 void PencilSheet::blend(int32_t x, int32_t y, const Ink& ink, float alpha) {
     if (x < 0 || y < 0 || x >= picture.pictureWidth || y >= lowest || alpha <= 0)
         return;
-    uint8_t* pixel = picture.line(y) + x * BytesPerPixel;
+    uint8_t* pixel = picture.line(y) + std::ptrdiff_t{x} * BytesPerPixel;
     const float below = static_cast<float>(pixel[3]) / 255;
     const float above = std::min(alpha, 1.0F);
     const float all = above + below * (1 - above);
@@ -48,9 +49,9 @@ void PencilSheet::blend(int32_t x, int32_t y, const Ink& ink, float alpha) {
         const float mixed = (static_cast<float>(color[i]) * above +
                              static_cast<float>(pixel[i]) * below * (1 - above)) /
                             all;
-        pixel[i] = static_cast<uint8_t>(mixed + 0.5F);
+        pixel[i] = static_cast<uint8_t>(std::lround(mixed));
     }
-    pixel[3] = static_cast<uint8_t>(all * 255 + 0.5F);
+    pixel[3] = static_cast<uint8_t>(std::lround(all * 255));
 }
 
 void PencilSheet::line(Point from, Point to, float width, const Ink& ink) {

@@ -110,8 +110,11 @@ void SketchPainter::paintPlace(Point place, std::string_view name, float dot) {
     const bool isLeft = place.x + dot + Gap + width > Width;
     const float side = isLeft ? -dot - Gap : dot + Gap;
     taken.push_back(place);
-    for (float along = Crowded / 2; along < width; along += Crowded)
+    const auto marks = static_cast<int32_t>(std::ceil(width / Crowded - 0.5F));
+    for (int32_t i = 0; i < marks; ++i) {
+        const float along = Crowded / 2 + static_cast<float>(i) * Crowded;
         taken.push_back({place.x + side + (isLeft ? -along : along), place.y});
+    }
     sheet.write(placeNames, {place.x + side, place.y + Gap}, name, Print,
                 isLeft ? PencilSheet::Align::Right : PencilSheet::Align::Left);
 }
@@ -176,7 +179,8 @@ SketchPainter::Point SketchPainter::placeForNumber(Point mark) const {
     Point best = mark;
     float least = std::numeric_limits<float>::max();
     for (int32_t i = 0; i < NumberPlaces * NumberRings; ++i) {
-        const auto ring = static_cast<float>(i / NumberPlaces);
+        const int32_t ringNumber = i / NumberPlaces;
+        const auto ring = static_cast<float>(ringNumber);
         const float angle = (static_cast<float>(i) + ring / 2) * 2 * Pi / NumberPlaces;
         const float away = NumberDistance * (1 + 0.6F * ring);
         const Point place{mark.x + away * std::cos(angle), mark.y + away * std::sin(angle)};
