@@ -30,7 +30,7 @@ def ribbon(kind, w, h):
     """A piece of watered silk, its stripes upright."""
     x, y = grid(w, h)
     color = np.zeros((h, w, 3), np.float32)
-    if RIBBONS[kind] is None:  # of the first year: narrow stripes that lie across
+    if RIBBONS[kind] is None:  # the ribbon of its first year, with narrow horizontal stripes
         band = (y // 2.6).astype(int) % 2
         color[...] = np.where(band[..., None] == 0, rgb('#E8E3D6'), rgb('#5A3A74'))
     else:

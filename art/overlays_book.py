@@ -127,7 +127,7 @@ def over_logbook():
 
 
 def row_ledger():
-    """What lies over a row of the log book while it is chosen: a stroke of a yellow pencil."""
+    """Marks the chosen row of the log book: a stroke of yellow pencil."""
     w, h = 64, 34
     x, y = grid(w, h)
     edge = smooth(np.minimum(y, h - 1 - y), 0, 3)

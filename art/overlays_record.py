@@ -1,4 +1,4 @@
-"""What is on the desk where the career is told: diary, record of service, letters; and the strip of the war."""
+"""The papers of the diary, the record of service and the letters, and the strip of the war."""
 from aeroplane import photograph
 from lettering import HEAD, ink, put
 from medals import medal, medal_case, metal_star, ribbon

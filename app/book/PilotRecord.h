@@ -27,7 +27,7 @@ struct PilotPosting {
     zel::String other;     // Succeeded: the predecessor; Died: who killed him, empty if nobody did
 };
 
-/// Kinds of machines that are told apart by their shape.
+/// Kinds of machines, each with a silhouette of its own.
 enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon };
 
 /// The service of one pilot of the career: the player's record of service, or anybody's page.

@@ -13,7 +13,7 @@
 namespace {
 
 constexpr float LongestBreak = 20;     // seconds between hits of one burst
-constexpr float EdgeOfTheWorld = 1e6F; // metres; what is beyond it is no place of a map
+constexpr float EdgeOfTheWorld = 1e6F; // metres; coordinates beyond it are invalid
 constexpr size_t LongestCrowd = 9;     // numbers that a square has room for
 
 bool isFight(FlightEventKind kind) {

@@ -10,7 +10,7 @@ enum class SaveFault {
     None,
     Missing,
     Unread,       // the system can't read it
-    NoSave,       // it is something else, or damaged where that can't be told
+    NoSave,       // another kind of file, or its head is damaged
     OtherVersion, // of the save file
     Lost,         // too much of it is
 };

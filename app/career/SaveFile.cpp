@@ -24,8 +24,8 @@ void logSave(const zel::String& message, int32_t level = zel::LogWarning) {
     zel::log(message, "Database", level);
 }
 
-/// Room for a save that was read, and for one that is written. Megabytes that the system hands out
-/// anew each time would cost more than reading them.
+/// Buffers for reading and writing a save. They are kept: allocating megabytes for each save costs
+/// more than reading them.
 std::string& roomToRead() {
     static std::string content;
     return content;
@@ -60,7 +60,7 @@ SaveMatch match(const Database& career, std::string_view content) {
     return match(career, content, number);
 }
 
-/// Whether a file is a save to go back to: as it was saved or, where nobody knows that, with all
+/// Whether a file is a save to go back to: as it was saved or, if that is unknown, with all
 /// its parts. `known` is what match() says.
 bool isWholeSave(const Database& career, const zel::String& path, SaveMatch& known) {
     std::string& content = roomToRead();

@@ -12,7 +12,7 @@ namespace {
 
 constexpr size_t MostNotes = 200; // after the newest: more than a career has pages
 
-/// One checksum in each line, the newest first. Empty if there is no such file.
+/// The noted checksums, one to a line, the newest first. Empty if there is no such file.
 std::string notes(const zel::String& save) {
     std::string text;
     const zel::String path = save + UnrecordedEnding;

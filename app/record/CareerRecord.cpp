@@ -157,7 +157,7 @@ void CareerRecord::giveUp() {
 }
 
 /// Beside a career the file gets a name of its own until the save is in its place: a save that is
-/// never completed leaves no record of a war that nobody knows. A folder of its own is a draft as a
+/// never completed leaves no record without a career. A folder of its own is a draft as a
 /// whole.
 bool CareerRecord::makeFile(const Database& career) {
     file.close();

@@ -5,8 +5,8 @@
 #include "app/book/Sketch.h"
 #include "app/screens/PencilSheet.h"
 
-/// Draws the sketch of a fight as a picture without ground, to lie on squared paper: front, towns,
-/// base, the player's way, marks with their numbers, and the scale bar below.
+/// Draws the sketch of a fight as a picture with a clear background, for squared paper: front,
+/// towns, base, the player's way, marks with their numbers, and the scale bar below.
 class SketchPainter {
 public:
     static constexpr int32_t Width = 624;    // pixels of the design

@@ -34,8 +34,8 @@ FULL_DISK = "ENOSPC"  # from an operation on, not only at it
 
 
 class Scenario:
-    """What is done before, in calls of their own, and the call that is disturbed, with its options. `after` is what
-    must work while orders are out, `back` brings the current career back if it is away. `fly` has the stand-in fly."""
+    """The calls before, and then the disturbed call with its options. `after`: calls that must work while orders are
+    out. `back`: the call that returns a shelved career. The word `fly` stands for a flight of the stand-in."""
 
     def __init__(self, name, before, disturbed, after=(), needs="", options=(), back=""):
         self.name, self.before, self.disturbed, self.after, self.needs = name, before, disturbed, after, needs

@@ -20,7 +20,7 @@ namespace tools {
 class Option {
 public:
     Option required();
-    /// What stands for the value in the help, such as "DIR".
+    /// The value's name in the help, such as "DIR".
     Option valueName(const std::string& name);
     /// Only decimal numbers within a range, both bounds included. A whole number has digits and at
     /// most a sign, the other one a decimal point too.

@@ -26,7 +26,7 @@ TEST(CitationTest, BringsWhatWasGivenAfterADay) {
     std::string all;
     for (const Citation& one : citationsAfter(pilot, 0))
         all += std::to_string(one.date) + " " + one.title.c_str() + " " + one.picture + "; ";
-    // The mention is no letter, and neither is the other name of his rank in the new service.
+    // Neither a mention nor a rank's new name in another service brings a letter.
     EXPECT_EQ(all, "19171110 Distinguished Service Cross dsc; 19180202 Flight Lieutenant star; ");
     const std::vector<Citation> after = citationsAfter(pilot, 19171110);
     ASSERT_EQ(after.size(), 1U);

@@ -57,7 +57,7 @@ TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
         ASSERT_TRUE(second.save());
     }
     EXPECT_EQ(sealOf(path()), RecordSeal::Whole) << "what it begins afterwards is its own";
-    // Who removes the file of the first lets the second in, and the first saves no more.
+    // If the lock file is removed, another program can take the lock. Then the first can't save.
     CareerLock lock;
     Program first;
     first.career.lock = &lock;

@@ -60,7 +60,7 @@ TEST_F(ShelfTest, KeepsPages) {
     EXPECT_EQ(names().find("present damaged! damaged-2! 19160608 "), 0U) << names();
 }
 
-// What the record calls changed is no way back, though it has all its parts.
+// A save that the record reports as changed isn't offered, even if its structure is complete.
 TEST_F(ShelfTest, KeepsADamagedSaveAsADamagedPage) {
     ShelfProgram program;
     const auto saveAfter = [&](int32_t days) {
