@@ -57,10 +57,24 @@ bool copyFile(const String& from, const String& to) {
     return patiently(to, [&] { return CopyFileA(from.c_str(), to.c_str(), FALSE) != 0; });
 }
 
-/// Whether ReplaceFile failed because the file system doesn't support it.
+/// Whether ReplaceFile failed because the file system doesn't support it, or because the backup is
+/// on another drive: then the file's name is a link.
 bool isUnsupported(DWORD error) {
     return error == ERROR_NOT_SUPPORTED || error == ERROR_INVALID_FUNCTION ||
-           error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED;
+           error == ERROR_INVALID_PARAMETER || error == ERROR_CALL_NOT_IMPLEMENTED ||
+           error == ERROR_NOT_SAME_DEVICE || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
+}
+
+/// Whether the path is another name of a file or folder elsewhere. Files that a cloud or a
+/// deduplicating disk keeps have reparse points too, and are where they seem to be.
+bool isOtherName(const String& path) {
+    WIN32_FIND_DATAA data;
+    const HANDLE search = FindFirstFileA(path.c_str(), &data);
+    if (search == INVALID_HANDLE_VALUE)
+        return false;
+    FindClose(search);
+    return (data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           IsReparseTagNameSurrogate(data.dwReserved0);
 }
 
 /// A handle as a number; -1 for none, as the system has it.
@@ -256,8 +270,7 @@ bool renameFolder(const String& from, const String& to) {
 bool removeFile(const String& path) { return DeleteFileA(path.c_str()) != 0; }
 
 String linkTarget(const String& path) {
-    const DWORD found = attributes(path);
-    if (found == INVALID_FILE_ATTRIBUTES || (found & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+    if (!isOtherName(path))
         return path;
     const HANDLE file = CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
