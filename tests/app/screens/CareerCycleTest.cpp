@@ -19,9 +19,9 @@ constexpr Beginning French1916 = {
     "March 1916"};
 constexpr Beginning English1915 = {"menuButton2>MenuNewYear menuButton1>MenuNewCareer", "English",
                                    "December 1915"};
-constexpr Beginning German1918 = {
-    "menuButton3>MenuNewYear menuButton4>MenuNewMonth1918 month10>MenuNewCareer", "German",
-    "October 1918"};
+constexpr Beginning German1916 = {
+    "menuButton3>MenuNewYear menuButton2>MenuNewMonth month1>MenuNewCareer", "German",
+    "January 1916"};
 
 int32_t dateNow() { return Database::instance()->calendar().dateNumber(); }
 
@@ -70,7 +70,7 @@ void flyAMission(CareerDriver& driver) {
 }
 
 TEST(CareerCycle, GoesRoundAndIsContinued) {
-    for (const Beginning& beginning : {French1916, English1915, German1918}) {
+    for (const Beginning& beginning : {French1916, English1915, German1916}) {
         SCOPED_TRACE(beginning.service);
         const PlayerHome home;
         std::vector<std::string> left;

@@ -2,8 +2,19 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/career/Nation.h"
 #include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
+
+// After almost three years that nobody plays.
+TEST(ScreenWar, IsJoinedInItsLastMonths) {
+    const PlayerHome home;
+    CareerDriver driver(home);
+    ASSERT_TRUE(
+        driver.begin("menuButton3>MenuNewYear menuButton4>MenuNewMonth1918 month10>MenuNewCareer"));
+    EXPECT_NE(driver.text("date").find("-October-1918"), std::string::npos);
+    EXPECT_EQ(Database::instance()->playerSquadron().nation, Germany);
+}
 
 // Every period of a war, from orders to report, through the screens.
 TEST(ScreenWar, LastsUntilTheArmistice) {
