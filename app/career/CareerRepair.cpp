@@ -31,10 +31,14 @@ public:
         if (!soundness.pilots)
             repairPilots();
         repairFiles();
-        report(repairs.places, repairSlots(career), " places in squadrons were wrong");
-        for (Pilot& pilot : career.pilots)
-            pilot.squadron = std::max(pilot.squadron, 0); // in no slot, and counted above
-        report(repairs.values, repairValues(career), " names, nations and figures were impossible");
+        report(repairs.places, repairSlots(career, soundness.living),
+               " places in squadrons were wrong");
+        if (!soundness.pilots)
+            for (Pilot& pilot : career.pilots)
+                pilot.squadron = std::max(pilot.squadron, 0); // in no slot, and counted above
+        const bool arePilotsSound = soundness.values && repairs.faults() == 0;
+        report(repairs.values, repairValues(career, arePilotsSound),
+               " names, nations and figures were impossible");
         if (!repairPlayer())
             return false;
         repairInvitation();

@@ -11,7 +11,9 @@ constexpr int32_t LastSaveYear = 1919;
 /// What was checked while a save file's records were read.
 struct Soundness {
     bool pilots = false; // each names a squadron, and a file or none
+    bool values = false; // nothing else about a pilot is impossible
     bool lines = true;   // the data files name lines that are there, or none
+    int32_t living = 0;  // pilots
 };
 
 /// What was fixed in a career when it was loaded, as counts of faults.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/career/Database.h"
+#include "app/career/ValueRepair.h"
 
 namespace {
 
@@ -130,7 +131,10 @@ bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
     reader.records(career.squadrons);
     uint32_t highestSquadron = 0; // that a pilot names, and his file
     uint32_t highestFile = 0;
+    bool arePlausible = true;
     reader.records(career.pilots, [&](const Pilot& pilot) {
+        arePlausible = arePlausible && isPlausible(pilot);
+        soundness.living += pilot.alive != 0 ? 1 : 0;
         highestSquadron = std::max(highestSquadron, static_cast<uint32_t>(pilot.squadron));
         highestFile = std::max(highestFile, static_cast<uint32_t>(pilot.pilotFile) + 1);
     });
@@ -147,6 +151,7 @@ bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
         *value = reader.number();
     soundness.pilots =
         highestSquadron < career.squadrons.size() && highestFile <= career.pilotFiles.size();
+    soundness.values = arePlausible;
     return true;
 }
 

@@ -10,7 +10,8 @@ namespace {
 
 class SlotRepair {
 public:
-    explicit SlotRepair(Database& career) : career(career), placed(career.pilots.size()) {}
+    SlotRepair(Database& career, int32_t living)
+        : career(career), placed(career.pilots.size()), unplacedLiving(living) {}
 
     int32_t run() {
         findHoles();
@@ -24,10 +25,11 @@ public:
             fillFrom(outOfSlots(false));
         }
         closeHoles();
-        for (const int32_t pilot : outOfSlots(true)) {
-            career.pilot(pilot).alive = 0;
-            ++faults;
-        }
+        if (unplacedLiving > 0)
+            for (const int32_t pilot : outOfSlots(true)) {
+                career.pilot(pilot).alive = 0;
+                ++faults;
+            }
         return faults;
     }
 
@@ -42,8 +44,13 @@ private:
 
     bool isFree(int32_t pilot) const { return career.isPilot(pilot) && !placed[pilot]; }
 
-    void put(const Hole& hole, int32_t pilot) {
+    void place(int32_t pilot) {
         placed[pilot] = true;
+        unplacedLiving -= career.pilots[pilot].alive != 0 ? 1 : 0;
+    }
+
+    void put(const Hole& hole, int32_t pilot) {
+        place(pilot);
         faults += hole.named == -1; // the others are counted
         career.pilot(pilot).squadron = hole.squadron;
         career.squadron(hole.squadron).slots[hole.slot] = pilot;
@@ -55,7 +62,7 @@ private:
             for (int32_t slot = 0; slot < SlotCount; ++slot) {
                 int32_t& named = squadron.slots[slot];
                 if (isFree(named) && career.pilots[named].squadron == i) {
-                    placed[named] = true;
+                    place(named);
                 } else if (named != -1 || slot < PilotsOfNewSquadron) {
                     faults += named != -1;
                     holes.push_back({i, slot, named, slot < squadron.pilotCount});
@@ -113,10 +120,11 @@ private:
 
     Database& career;
     std::vector<bool> placed; // of each pilot: a slot of his squadron names him
+    int32_t unplacedLiving;
     std::vector<Hole> holes;
     int32_t faults = 0;
 };
 
 } // namespace
 
-int32_t repairSlots(Database& career) { return SlotRepair(career).run(); }
+int32_t repairSlots(Database& career, int32_t living) { return SlotRepair(career, living).run(); }

@@ -12,28 +12,10 @@
 
 namespace {
 
-// What no pilot reaches, in the form of the bits that remain of a higher figure: damage most often
-// flips a single bit, and so the true figure comes back.
-constexpr uint16_t VictoryBits = 0x03FF; // up to 1,023
-constexpr uint16_t MissionBits = 0x0FFF; // up to 4,095
-constexpr uint8_t SkillBits = 0x1F;      // up to 31, unless a data file says otherwise
-
 // The simulator's maps with a wide margin, in metres. No airfield is in their south-west corner.
 constexpr float LeastWay = 1000.0F;
 constexpr float LongestWay = 1000000.0F;
 constexpr float HighestBase = 10000.0F;
-
-/// Asked without a branch, since there are thousands of texts.
-template <size_t Size> bool isClean(const char (&text)[Size]) {
-    uint32_t wrong = 0;
-    for (const char character : text) {
-        const auto byte = static_cast<uint8_t>(character);
-        wrong |= uint32_t(byte != 0 && byte < 0x20) | uint32_t(byte == 0x7F);
-    }
-    for (size_t i = 1; i < Size; ++i)
-        wrong |= uint32_t(text[i - 1] == 0 && text[i] != 0);
-    return wrong == 0;
-}
 
 bool isOnMap(const Squadron& squadron) {
     const auto isWay = [](float way) { return way >= LeastWay && way <= LongestWay; };
@@ -41,23 +23,20 @@ bool isOnMap(const Squadron& squadron) {
            std::abs(squadron.baseY) <= HighestBase; // false for what is no number
 }
 
-bool isOfTheWar(int32_t nation) {
-    return nation == France || nation == England || nation == Usa || nation == Germany;
-}
-
 class ValueRepair {
 public:
     explicit ValueRepair(Database& career) : career(career) {}
 
-    int32_t run() {
+    int32_t run(bool arePilotsSound) {
         for (int32_t i = 0; i < career.squadronFileCount(); ++i)
             repairSquadronFile(i);
         for (int32_t i = 0; i < career.squadronCount(); ++i)
             repairSquadron(i);
         for (const Squadron& squadron : career.squadrons)
             nations.insert(squadron.nation);
-        for (Pilot& pilot : career.pilots)
-            repairPilot(pilot);
+        if (!arePilotsSound)
+            for (Pilot& pilot : career.pilots)
+                repairPilot(pilot);
         for (PilotFile& file : career.pilotFiles)
             cleanText(file.name);
         for (DataLine& line : career.dataLines)
@@ -67,7 +46,9 @@ public:
 
 private:
     template <typename Value> void set(Value& value, Value right) {
-        faults += value != right;
+        if (value == right)
+            return; // writing the same would send each record back to memory
+        ++faults;
         value = right;
     }
     template <typename Value> void keepBits(Value& value, Value bits) {
@@ -75,14 +56,14 @@ private:
     }
 
     template <size_t Size> void setText(char (&text)[Size], std::string_view right) {
-        if (zel::arrayText(text) == right && isClean(text))
+        if (zel::arrayText(text) == right && isCleanText(text))
             return;
         zel::copyText(text, std::string(right)); // it may be a part of the same text
         ++faults;
     }
 
     template <size_t Size> void cleanText(char (&text)[Size]) {
-        if (isClean(text))
+        if (isCleanText(text))
             return;
         std::string cleaned(zel::arrayText(text));
         for (char& character : cleaned)
@@ -121,7 +102,7 @@ private:
         }
         setText(squadron.key, key.substr(0, LongestSquadronKey));
         set(squadron.nation, static_cast<uint16_t>(nation));
-        if (!isOnMap(squadron) || !isClean(squadron.baseName)) {
+        if (!isOnMap(squadron) || !isCleanText(squadron.baseName)) {
             restoreBase(squadron);
             ++faults;
         }
@@ -137,9 +118,9 @@ private:
             keepBits(pilot.skill, SkillBits);
         if (!isOfTheWar(pilot.nation) && nations.count(pilot.nation) == 0)
             set(pilot.nation, career.squadron(pilot.squadron).nation);
-        if (isClean(pilot.name))
+        if (isCleanText(pilot.name))
             return;
-        if (hasFile && isClean(career.pilotFile(pilot.pilotFile).name))
+        if (hasFile && isCleanText(career.pilotFile(pilot.pilotFile).name))
             setText(pilot.name, zel::arrayText(career.pilotFile(pilot.pilotFile).name));
         else
             cleanText(pilot.name);
@@ -167,4 +148,6 @@ private:
 
 } // namespace
 
-int32_t repairValues(Database& career) { return ValueRepair(career).run(); }
+int32_t repairValues(Database& career, bool arePilotsSound) {
+    return ValueRepair(career).run(arePilotsSound);
+}
