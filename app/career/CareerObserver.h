@@ -24,8 +24,8 @@ public:
 
     /// A new career is whole, its player chosen.
     virtual void onCareerBegun(const Database&) {}
-    /// A career was loaded from that file (with its full path), and fixed where it was damaged.
-    virtual void onCareerLoaded(const Database&, const zel::String& /*file*/) {}
+    /// A career was loaded, and fixed where it was damaged. Its saveCheck has the file's checksum.
+    virtual void onCareerLoaded(const Database&) {}
     /// Whether those bytes are a save as it was written, if that is known. `careerNumber` is the
     /// one in them; if all but it is right, it is set to the right one.
     virtual SaveMatch matchSave(const Database&, std::string_view /*content*/,

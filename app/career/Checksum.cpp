@@ -32,6 +32,6 @@ uint64_t ChecksumOfPieces::value() const { return XXH3_64bits_digest(&state->has
 
 zel::String checksumOfFile(const zel::String& name) {
     std::string content;
-    zel::File file(name, zel::FileRead);
-    return file.readWhole(content) ? checksumOf(content) : zel::String();
+    const bool isRead = zel::readFileWhole(name, content) == zel::FileFault::None;
+    return isRead ? checksumOf(content) : zel::String();
 }

@@ -36,6 +36,7 @@ struct SaveCheck {
     zel::FileFault reason = zel::FileFault::None; // of Unread
     int32_t version = 0;                          // of OtherVersion
     SaveMatch match = SaveMatch::Unknown;
+    zel::String checksum; // of the file that was read, for the career's observer
     SaveSource source = SaveSource::Named;
 };
 

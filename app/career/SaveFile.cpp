@@ -5,6 +5,7 @@
 
 #include "app/career/CareerLock.h"
 #include "app/career/CareerObserver.h"
+#include "app/career/Checksum.h"
 #include "app/career/Database.h"
 #include "app/career/SaveFormat.h"
 #include "app/career/SavePages.h"
@@ -35,15 +36,6 @@ std::string& roomToWrite() {
     return content;
 }
 
-/// The whole file. On error: why, and nothing.
-zel::FileFault readWhole(const zel::String& path, std::string& content) {
-    zel::File file(path, zel::FileRead);
-    if (file.readWhole(content))
-        return zel::FileFault::None;
-    content.clear();
-    return file.fault();
-}
-
 /// What is known of a save from the record of the war, or else from its page or the note beside it.
 /// `number` is the career's; where it alone differs, it becomes the right one.
 SaveMatch match(const Database& career, std::string_view content, int32_t& number) {
@@ -64,9 +56,9 @@ SaveMatch match(const Database& career, std::string_view content) {
 /// its parts. `known` is what match() says.
 bool isWholeSave(const Database& career, const zel::String& path, SaveMatch& known) {
     std::string& content = roomToRead();
-    zel::FileFault fault = readWhole(path, content);
+    zel::FileFault fault = zel::readFileWhole(path, content);
     if (fault == zel::FileFault::DiskError) // perhaps not again
-        fault = readWhole(path, content);
+        fault = zel::readFileWhole(path, content);
     if (fault != zel::FileFault::None)
         return false;
     known = match(career, content);
@@ -143,8 +135,10 @@ bool readFile(Database& career, const zel::String& name) {
     SaveCheck& check = career.saveCheck;
     career.isUnsaved = false;
     std::string& content = roomToRead();
-    check.reason = readWhole(zel::getUserDirectory() + name, content);
+    check.reason = zel::readFileWhole(zel::getUserDirectory() + name, content);
     if (check.reason == zel::FileFault::None) {
+        if (career.observer != nullptr)
+            check.checksum = checksumOf(content);
         int32_t number = 0;
         check.match = match(career, content, number);
         if (check.match == SaveMatch::Changed)
@@ -196,13 +190,9 @@ zel::String findSave(Database& career, const zel::String& name) {
 /// the newest of the pages. Empty if there is none.
 zel::String earlierSave(const Database& career, const zel::String& name) {
     const zel::String folder = zel::getUserDirectory();
-    if (isWholeSave(career, folder + name + BackupEnding))
-        return name + BackupEnding;
     const auto recorded = [&](std::string_view content) { return match(career, content); };
-    for (const SavePage& page : savePages(folder + name, recorded))
-        if (page.kind == SavePage::Earlier && page.isWhole)
-            return page.summary.file.view().substr(static_cast<size_t>(folder.length()));
-    return {};
+    const zel::String page = newestWholePage(folder + name, recorded);
+    return page.view().substr(page.empty() ? 0 : static_cast<size_t>(folder.length()));
 }
 
 void beginReading(Database& career) {
@@ -212,10 +202,10 @@ void beginReading(Database& career) {
     career.saveCheck = {};
 }
 
-bool endReading(Database& career, const zel::String& name, bool isRead) {
+bool endReading(Database& career, bool isRead) {
     career.repairs.recovered = isRead && career.saveCheck.source != SaveSource::Named;
     if (isRead && career.observer != nullptr)
-        career.observer->onCareerLoaded(career, zel::getUserDirectory() + name);
+        career.observer->onCareerLoaded(career);
     return isRead;
 }
 
@@ -231,7 +221,7 @@ bool replacesDamaged(const Database& career, const zel::String& path, SaveMatch&
 void noteUnknown(const Database& career, const zel::String& path) {
     std::string& content = roomToRead();
     if (career.observer != nullptr && zel::system::fileStatus(path).exists &&
-        readWhole(path, content) == zel::FileFault::None && !isUnrecorded(path, content))
+        zel::readFileWhole(path, content) == zel::FileFault::None && !isUnrecorded(path, content))
         noteUnrecorded(path, content);
 }
 
@@ -243,7 +233,7 @@ bool isSaved(const Database& career, const zel::String& name) {
     std::string& saved = roomToRead();
     std::string& content = roomToWrite();
     writeContent(career, content);
-    return readWhole(zel::getUserDirectory() + name, saved) == zel::FileFault::None &&
+    return zel::readFileWhole(zel::getUserDirectory() + name, saved) == zel::FileFault::None &&
            saved == content;
 }
 
@@ -306,7 +296,7 @@ bool readSave(Database& career, const zel::String& name) {
     const bool isRead = readFile(career, found);
     const bool isDamaged = !isRead || career.repairs.any();
     career.damagedSave = isDamaged ? zel::getUserDirectory() + name : zel::String();
-    return endReading(career, found, isRead);
+    return endReading(career, isRead);
 }
 
 bool hasEarlierSave(const Database& career, const zel::String& name) {
@@ -316,8 +306,7 @@ bool hasEarlierSave(const Database& career, const zel::String& name) {
 bool readBackup(Database& career, const zel::String& name) {
     beginReading(career);
     const zel::String earlier = earlierSave(career, name);
-    const zel::String source = earlier.empty() ? name + BackupEnding : earlier;
-    const bool isRead = readFile(career, source);
+    const bool isRead = readFile(career, earlier.empty() ? name + BackupEnding : earlier);
     career.damagedSave = zel::getUserDirectory() + name;
-    return endReading(career, source, isRead);
+    return endReading(career, isRead);
 }

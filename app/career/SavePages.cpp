@@ -58,37 +58,60 @@ bool readName(const std::string& name, PageFile& page) {
     return page.name() == name;
 }
 
-/// The files of Pages, newest first; others in it are left alone.
-std::vector<PageFile> listPages(const zel::String& save) {
+void logFault(const zel::String& what) {
+    zel::log(what + ": " + zel::faultText(zel::system::lastFault()), "Database", zel::LogError);
+}
+
+/// The files of Pages, newest first; others in it are left alone. No folder has none. False, with a
+/// log line, if the folder can't be read.
+bool listPages(const zel::String& save, std::vector<PageFile>& pages) {
     std::vector<zel::system::DirectoryEntry> entries;
-    zel::system::listDirectory(pagesFolder(save), entries);
-    std::vector<PageFile> pages;
+    if (!zel::system::listDirectory(pagesFolder(save), entries) &&
+        zel::system::lastFault() != zel::FileFault::Missing) {
+        logFault("The earlier saves in " + pagesFolder(save) + " can't be listed");
+        return false;
+    }
     for (const zel::system::DirectoryEntry& entry : entries)
         if (PageFile page; !entry.isDirectory && readName(entry.name, page))
             pages.push_back(page);
     std::sort(pages.begin(), pages.end(),
               [](const PageFile& a, const PageFile& b) { return a.number > b.number; });
+    return true;
+}
+
+/// The same, none if the folder can't be read.
+std::vector<PageFile> listedPages(const zel::String& save) {
+    std::vector<PageFile> pages;
+    listPages(save, pages);
     return pages;
 }
 
-/// The content of a save; nothing if it can't be read, or is none.
-std::string contentOf(const zel::String& file) {
-    std::string content;
-    zel::File source(file, zel::FileRead);
-    return source.readWhole(content) && saveFault(content).empty() ? content : std::string();
+/// The content of a save; nothing if it can't be read, or is none. Valid until the next call: the
+/// buffer is kept, because allocating megabytes costs more than reading them.
+std::string& contentOf(const zel::String& file) {
+    static std::string content;
+    zel::FileFault fault = zel::readFileWhole(file, content);
+    if (fault == zel::FileFault::DiskError) // perhaps not again
+        fault = zel::readFileWhole(file, content);
+    if (fault != zel::FileFault::None || !saveFault(content).empty())
+        content.clear();
+    return content;
 }
 
-/// The content of the present save or of the one before it; nothing if it isn't whole.
-std::string wholeContent(const zel::String& save, const zel::String& file,
-                         const RecordedMatch& recorded) {
-    std::string content = contentOf(file);
-    const bool isWhole = !content.empty() &&
-                         (recorded(content) != SaveMatch::Changed || isKnownWhole(save, content));
-    return isWhole ? content : std::string();
+/// The content of the present save or of the one before it; nothing if it isn't whole. Valid until
+/// the next call.
+const std::string& wholeContent(const zel::String& save, const zel::String& file,
+                                const RecordedMatch& recorded) {
+    std::string& content = contentOf(file);
+    if (!content.empty() && recorded(content) == SaveMatch::Changed && !isKnownWhole(save, content))
+        content.clear();
+    return content;
 }
 
 bool isWholePage(const zel::String& file, const PageFile& page) {
-    const std::string content = page.wasWhole() ? contentOf(file) : std::string();
+    if (!page.wasWhole())
+        return false;
+    const std::string& content = contentOf(file);
     return !content.empty() && checksumOf(content) == page.checksum;
 }
 
@@ -97,10 +120,6 @@ int32_t dateOf(std::string_view content) {
     if (content.size() >= 12 + sizeof date)
         content.copy(reinterpret_cast<char*>(date), sizeof date, 12);
     return Calendar(date[0], date[1], date[2]).dateNumber();
-}
-
-void logFault(const zel::String& what) {
-    zel::log(what + ": " + zel::faultText(zel::system::lastFault()), "Database", zel::LogError);
 }
 
 /// Gives an earlier save a name in Pages as well, or instead where the file system has no second
@@ -170,7 +189,7 @@ void namePages(std::vector<SavePage>& pages) {
 
 bool isKnownWhole(const zel::String& save, std::string_view content) {
     const zel::String checksum = checksumOf(content);
-    const std::vector<PageFile> pages = listPages(save);
+    const std::vector<PageFile> pages = listedPages(save);
     return std::any_of(pages.begin(), pages.end(),
                        [&](const PageFile& page) { return page.checksum == checksum.view(); }) ||
            isUnrecorded(save, content);
@@ -184,11 +203,11 @@ std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& re
             pageOf(SavePage::Present, save, !wholeContent(save, save, recorded).empty()));
     const zel::String backup = save + BackupEnding;
     if (zel::system::fileStatus(backup).exists) {
-        const std::string content = wholeContent(save, backup, recorded);
+        const std::string& content = wholeContent(save, backup, recorded);
         backupChecksum = checksumOf(content);
         pages.push_back(pageOf(SavePage::Backup, backup, !content.empty()));
     }
-    for (const PageFile& kept : listPages(save)) {
+    for (const PageFile& kept : listedPages(save)) {
         const zel::String file = pagesFolder(save) + kept.name();
         if (kept.checksum != backupChecksum.view())
             pages.push_back(pageOf(SavePage::Earlier, file, isWholePage(file, kept)));
@@ -201,7 +220,7 @@ zel::String newestWholePage(const zel::String& save, const RecordedMatch& record
     zel::String backup = save + BackupEnding;
     if (!wholeContent(save, backup, recorded).empty())
         return backup;
-    for (const PageFile& page : listPages(save)) {
+    for (const PageFile& page : listedPages(save)) {
         zel::String file = pagesFolder(save) + page.name();
         if (isWholePage(file, page))
             return file;
@@ -235,14 +254,12 @@ bool keepBackupAsPage(const zel::String& save, const RecordedMatch& recorded) {
     const zel::String backup = save + BackupEnding;
     if (!zel::system::fileStatus(backup).exists)
         return true;
-    std::string content = wholeContent(save, backup, recorded);
-    if (content.empty()) { // damaged, or the disk failed in the midst of it
-        if (std::string bytes; !zel::File(backup, zel::FileRead).readWhole(bytes))
-            return false;
-        content = wholeContent(save, backup, recorded);
-    }
-    std::vector<PageFile> pages = listPages(save);
-    if (!keepAsPage(save, backup, content, pages))
+    const std::string& content = wholeContent(save, backup, recorded);
+    if (std::string bytes; content.empty() && // damaged, or it can't be read
+                           zel::readFileWhole(backup, bytes) != zel::FileFault::None)
+        return false;
+    std::vector<PageFile> pages;
+    if (!listPages(save, pages) || !keepAsPage(save, backup, content, pages))
         return false;
     thinPages(save, pages);
     return true;
@@ -265,8 +282,8 @@ bool returnToPage(const zel::String& save, const SavePage& page, const RecordedM
     const bool isDamaged =
         zel::system::fileStatus(save).exists && wholeContent(save, save, recorded).empty();
     const bool losesBackup = !isDamaged || page.kind == SavePage::Backup;
-    std::vector<PageFile> pages = listPages(save);
-    if ((isDamaged && !keepAsPage(save, save, {}, pages)) ||
+    std::vector<PageFile> pages;
+    if (!listPages(save, pages) || (isDamaged && !keepAsPage(save, save, {}, pages)) ||
         (losesBackup && zel::system::fileStatus(backup).exists &&
          !keepAsPage(save, backup, wholeContent(save, backup, recorded), pages)))
         return fail(Problem(wording::SavesNotKept, {}, zel::system::lastFault()));

@@ -15,9 +15,7 @@ constexpr size_t MostNotes = 200; // after the newest: more than a career has pa
 /// The noted checksums, one to a line, the newest first. Empty if there is no such file.
 std::string notes(const zel::String& save) {
     std::string text;
-    const zel::String path = save + UnrecordedEnding;
-    if (zel::system::fileStatus(path).exists)
-        zel::File(path, zel::FileRead).readWhole(text);
+    static_cast<void>(zel::readFileWhole(save + UnrecordedEnding, text));
     return text;
 }
 

@@ -66,9 +66,9 @@ void CareerRecord::onCareerBegun(const Database& career) {
     onBaseChange(career);
 }
 
-void CareerRecord::onCareerLoaded(const Database& career, const zel::String& loaded) {
+void CareerRecord::onCareerLoaded(const Database& career) {
     close();
-    lastSave = {checksumOfFile(loaded), today(career)};
+    lastSave = {career.saveCheck.checksum, today(career)};
     attach(career);
     if (place == Place::File)
         orders.takeUp(file, career, lastSave.date);

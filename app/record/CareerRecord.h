@@ -37,7 +37,7 @@ public:
     CareerRecord& operator=(const CareerRecord&) = delete;
 
     void onCareerBegun(const Database& career) override;
-    void onCareerLoaded(const Database& career, const zel::String& loaded) override;
+    void onCareerLoaded(const Database& career) override;
     SaveMatch matchSave(const Database& career, std::string_view content,
                         int32_t& careerNumber) override;
     bool onSaving(const Database& career, std::string_view content) override;

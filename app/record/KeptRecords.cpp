@@ -31,10 +31,8 @@ Join joinLog(const zel::String& record) {
 
 zel::FileFault copyRecord(const zel::String& from, const zel::String& to) {
     std::string content;
-    zel::File source(from, zel::FileRead);
-    if (!source.readWhole(content))
-        return zel::system::lastFault();
-    return zel::writeFileWhole(to, content);
+    const zel::FileFault fault = zel::readFileWhole(from, content);
+    return fault == zel::FileFault::None ? zel::writeFileWhole(to, content) : fault;
 }
 
 /// Whether the record has a page with the checksum of that save.

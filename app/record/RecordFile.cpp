@@ -132,14 +132,14 @@ RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t career
         return state;
     // SQLite takes some errors of the disk for damage.
     std::string content;
-    return zel::File(path, zel::FileRead).readWhole(content)
+    return zel::readFileWhole(path, content) == zel::FileFault::None
                ? openAndCheck(file, path, careerNumber, false)
                : RecordState::Unusable;
 }
 
 bool isRecordDamaged(const zel::String& path) {
     std::string content;
-    if (!zel::File(path, zel::FileRead).readWhole(content))
+    if (zel::readFileWhole(path, content) != zel::FileFault::None)
         return false;
     SqliteFile file;
     file.open(path, SqliteFile::MustExist);

@@ -212,4 +212,12 @@ bool readFile(const String& name, int32_t most, std::string& content) {
     return !file.hasFailed() && file.fileSize() <= most && file.readWhole(content);
 }
 
+FileFault readFileWhole(const String& name, std::string& content) {
+    File file(name, FileRead);
+    if (file.readWhole(content))
+        return FileFault::None;
+    content.clear();
+    return file.fault();
+}
+
 } // namespace zel

@@ -90,5 +90,7 @@ private:
 /// Reads a file of at most `most` bytes. False, with `content` undefined, if it is missing or
 /// longer or can't be read.
 [[nodiscard]] bool readFile(const String& name, int32_t most, std::string& content);
+/// Reads a whole file, whatever its length. On error: the reason, and no content.
+[[nodiscard]] FileFault readFileWhole(const String& name, std::string& content);
 
 } // namespace zel
