@@ -17,6 +17,8 @@ struct WallTime {
 /// Milliseconds since the program started.
 uint32_t ticks();
 WallTime wallTime();
+/// Waits; not where a test has replaced the source of ticks, whose time it wouldn't move.
+void wait(uint32_t milliseconds);
 
 /// Replaces the source of ticks(); null puts the system's clock back.
 void setTickSource(uint32_t (*source)());

@@ -285,21 +285,22 @@ void Canvas::detach() {
     globalOffsetX = globalOffsetY = 0;
 }
 
-bool Canvas::finishFrame() {
+bool Canvas::finishFrame(bool isSeen) {
     if (!side.isAttached() || !begun)
         return false;
     begun = false;
-    if (!sent && !spoilt && frame == shown)
+    isSeen = isSeen && areSeen;
+    if (isSeen && !sent && !spoilt && frame == shown)
         return false;
-    if (!sent) {
+    if (isSeen && !sent) {
         side.send(frame);
         ++framesSent;
     }
     std::swap(frame, shown);
     frame.clear();
     sent = false;
-    spoilt = false;
-    return true;
+    spoilt = !isSeen;
+    return isSeen;
 }
 
 bool Canvas::shows(const Bitmap& bitmap) const {

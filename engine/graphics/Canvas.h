@@ -90,8 +90,11 @@ public:
     bool isAttached() const;
     int32_t getMaximumTextureSize() const; // 0 without a window
     /// Sends the frame if it differs from the one shown last. Returns whether there is something to
-    /// show.
-    bool finishFrame();
+    /// show. One that nobody sees, as of a minimised window, isn't sent.
+    bool finishFrame(bool isSeen = true);
+    /// For tests, whose time goes into drawing: whether frames are seen at all. If not, nothing but
+    /// readPixels() draws.
+    void setSeen(bool seen) { areSeen = seen; }
     /// The next frame is sent in any case.
     void invalidate();
     /// The window as drawn so far, three bytes a pixel (R, G, B), top line first; empty without a
@@ -138,8 +141,9 @@ private:
     DrawBatch frame; // what has been drawn since the frame began
     DrawBatch shown; // what the window shows
     bool begun = false;
-    bool sent = false;  // the frame has been sent already
-    bool spoilt = true; // the window's content is unknown
+    bool sent = false;   // the frame has been sent already
+    bool spoilt = true;  // the window's content is unknown
+    bool areSeen = true; // frames, see setSeen()
     std::vector<ClipRect> clips;
     ClipRect scissor{0, 0, 1024, 768}; // window pixels; without a window the design's size
     Blend blend = Blend::Normal;

@@ -6,6 +6,7 @@
 
 #include <SDL.h>
 
+#include "engine/core/Clock.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/graphics/Bitmap.h"
@@ -269,7 +270,7 @@ void Window::swapBuffers() {
     Canvas& canvas = Canvas::getInstance();
     if (sinceShown.getTicks() >= RepeatPeriod)
         canvas.invalidate();
-    if (canvas.finishFrame()) {
+    if (canvas.finishFrame(isActive())) {
         SDL_GL_SwapBuffers();
         sinceShown.reset();
     }
@@ -280,7 +281,7 @@ void Window::pace() {
     const uint32_t period = hasInputFocus() && isActive() ? FramePeriod : IdleFramePeriod;
     const uint32_t passed = timer.getTicks();
     if (paced && passed < period)
-        system::sleepMilliseconds(period - passed);
+        wait(period - passed);
     timer.reset();
 }
 
