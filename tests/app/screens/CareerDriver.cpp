@@ -210,6 +210,12 @@ Picture CareerDriver::shot() {
     return {1024, 768, zel::Canvas::getInstance().readPixels()};
 }
 
-InFront::InFront() { zel::Platform::getInstance().setAppState(7); }
+InFront::InFront(bool isDrawn) {
+    zel::Platform::getInstance().setAppState(7);
+    zel::Canvas::getInstance().setSeen(isDrawn);
+}
 
-InFront::~InFront() { zel::Platform::getInstance().setAppState(-1); }
+InFront::~InFront() {
+    zel::Platform::getInstance().setAppState(-1);
+    zel::Canvas::getInstance().setSeen(true);
+}

@@ -80,9 +80,10 @@ private:
     std::string endAt(const zel::PixelRect& place) const;
 };
 
-/// As long as it lives the window is as a player holds it: in front, the pointer in it.
+/// As long as it lives the window is as a player holds it: in front, the pointer in it. If it isn't
+/// drawn, only shots are: drawing takes most of a test's time.
 struct InFront {
-    InFront();
+    explicit InFront(bool isDrawn = true);
     ~InFront();
 };
 

@@ -75,7 +75,7 @@ constexpr Ending Endings[] = {
 };
 
 class RareButtons : public testing::TestWithParam<How> {
-    const InFront inFront;
+    const InFront inFront{false};
 };
 
 TEST_P(RareButtons, Answer) {

@@ -44,7 +44,7 @@ protected:
         return driver.screens->untilIdle("MenuNotificationUnsaved");
     }
 
-    const InFront inFront;
+    const InFront inFront{false};
     const PlayerHome home;
     CareerDriver driver{home, 1, true};
 };
