@@ -1,11 +1,13 @@
 #include "tools/datacheck/DataCheck.h"
 
 #include <filesystem>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/Texts.h"
 
 namespace {
 
@@ -55,14 +57,22 @@ protected:
         EXPECT_TRUE(isAll ? found == wanted : found.find(wanted) != found.npos)
             << context << "\nfound: " << found << "\nwanted: " << wanted;
     }
-    /// Adds each text after the good lines of a file and an empty one, as line 3. With it comes
-    /// the finding without the file's name; an empty one for none.
-    void expectFindings(const std::string& file, const std::string& good,
-                        const std::vector<std::pair<std::string, std::string>>& cases) const {
-        for (const auto& [line, finding] : cases) {
+    /// Adds each text of the cases after the good lines of a file and an empty one, as line 3. What
+    /// follows its stroke is the finding without the file's name: its beginning if it ends in dots,
+    /// none if it is empty.
+    void expectFindings(const std::string& file, const std::string& good, const char* cases,
+                        int32_t count) const {
+        std::istringstream rows(fileText(std::string(CASES_FOLDER "/") + cases));
+        for (std::string line, finding;
+             std::getline(rows, line, '|') && std::getline(rows, finding); --count) {
+            const size_t dots = finding.find("...");
             folder.write(file, good + "\r\n" + line + "\r\n");
-            expectFinding(finding.empty() ? "" : file + ":" + finding, line);
+            expectFinding(finding.empty() ? ""
+                                          : file + ":" + finding.substr(0, dots) +
+                                                (dots == finding.npos ? "\n" : ""),
+                          line);
         }
+        EXPECT_EQ(count, 0) << cases;
         folder.write(file, good);
     }
 
@@ -82,82 +92,20 @@ TEST_F(DataCheck, FindsNothingInGoodData) {
 }
 
 TEST_F(DataCheck, ReportsLinesOfSquadrons) {
-    const std::string line44 = "until=19170228 aircraft=albatrosd2late skin="; // 44 characters
-    expectFindings(
-        JastaFile, JastaLine,
-        {
-            // Aircraft and skins.
-            {"date=19170101 until=19170228 aircraft=albatrossd3",
-             "3: aircraft=albatrossd3 is not known: the nearest is albatrosd3\n"},
-            {"until=19170228 aircraft=camel",
-             "3: aircraft=camel is not known: the nearest is sopcamel\n"},
-            {"until=19170228 aircraft=albatrosd3 skin=red;blue",
-             "3: skin=red;blue is no file's name that the simulator can read"},
-            {"until=19170228 aircraft=albatrosd3 skin=..\\red",
-             "3: skin=..\\red is no file's name"},
-            {"until=19170228 aircraft=albatrosd3 skin=d:red/", "3: skin=d:red/ is no file's name"},
-            // Tokens that are not read.
-            {"until=19170228 #",
-             "3: \"#\" is not read: write key=value; there are no comments, and a value has no "
-             "blanks\n"},
-            {"plane=se5a", "3: \"plane=se5a\" has an unknown key: the keys are date until action"},
-            {"date=", "3: \"date=\" has no value"},
-            {"until=19170228=x", "3: \"until=19170228=x\" has a second \"=\""},
-            {"until=19170228 until=19170201", "3: until= comes twice"},
-            {"skin=red", "3: skin= is only read with aircraft="},
-            {"unit=501011", "3: unit=, acelevel= and acepotential= are only read in pilot files"},
-            // Blanks and length.
-            {"date=19170101  until=19170228", "3: two blanks in a row"},
-            {" date=19170101", "3: a blank at the start or end of the line"},
-            {"   ", "3: a line of blanks"},
-            {"date=19170101\tuntil=19170228", "3: a tab"},
-            {"aircraft=albatrosd2late skin=r\xF6t", "3: a character outside of ASCII"},
-            {line44 + std::string(256 - 44, 'x'),
-             "3: the line has 256 characters, of which 255 are read"},
-            {line44 + std::string(255 - 44, 'x'), ""},
-            // Dates.
-            {"date=19170229", "3: date=19170229 is not a date of the war"},
-            {"date=191704101", "3: date=191704101 is not a date of the war"},
-            {"date=19210101", "3: date=19210101 is not a date of the war"},
-            {"until=April", "3: until=April is not a date of the war"},
-            {"date=19170201 until=19170101", "3: until=19170101 is before date=19170201"},
-            // Months with nothing to fly. In the last two of 1916 the Germans draw nothing but the
-            // early D.II; without until= an aircraft is flown to the Armistice.
-            {"date=19170401 until=19170415 aircraft=albatrosd3",
-             "1: no aircraft from 1917-03: extend the until= of this line, or add a line for these "
-             "months\n"},
-            {"date=19161101 until=19170228 aircraft=albatrosd3",
-             "1: the career uses none of the squadron's aircraft in 1916-11 to 1916-12: add a line "
-             "with one of albatrosd2\n"},
-            {"date=19181001 aircraft=fokkerd7", "1: no aircraft from 1917-03 to 1918-09"},
-        });
+    expectFindings(JastaFile, JastaLine, "squadron-lines.txt", 25);
+    for (const size_t length : {255U, 256U}) {
+        std::string line = "until=19170228 aircraft=albatrosd2late skin=";
+        line.resize(length, 'x');
+        folder.write(JastaFile, JastaLine + line);
+        expectFinding(length == 255 ? "" : ":2: the line has 256 characters, of which 255 are read",
+                      line);
+    }
 }
 
 TEST_F(DataCheck, ReportsLinesOfPilots) {
     folder.write("Custom/Squadrons/501013.txt",
                  "date=19170101 until=19170228 aircraft=albatrosd2late");
-    const std::string posting = "date=19170501 unit=501011 ";
-    expectFindings(
-        AceFile, AceLine,
-        {
-            {"aircraft=fokkerdrI skin=red",
-             "3: aircraft=fokkerdrI is not known: the nearest is fokkerdr1\n"},
-            {"aircraft=fokkerdr1", "3: a personal paint needs both aircraft= and skin=\n"},
-            {"date=19170501 unit=501010",
-             "3: there is no squadron file for unit=501010: the nearest is 501011\n"},
-            {"date=19170501 unit=501011-jasta",
-             "3: unit=501011-jasta has more than 11 characters and matches no squadron\n"},
-            {"date=19170501 unit=-9999999999",
-             "3: there is no squadron file for unit=-9999999999: the nearest is 501011\n"},
-            {"unit=501011", "3: unit= without date= never applies: write the day of the posting\n"},
-            {"date=19170501 unit=501013", ""}, // a player's squadron counts
-            {posting + "acelevel=2 acepotential=255", ""},
-            {posting + "acelevel=3", "3: acelevel=3 is out of range: write 0 to 2\n"},
-            {posting + "acelevel=-1", "3: acelevel=-1 is out of range: write 0 to 2\n"},
-            {posting + "acepotential=256", "3: acepotential=256 is out of range: write 0 to 255\n"},
-            {posting + "acepotential=99999999999", "3: acepotential=99999999999 is out of range"},
-            {"acelevel=1", "3: acelevel= is only read with unit="},
-        });
+    expectFindings(AceFile, AceLine, "pilot-lines.txt", 13);
 }
 
 // Each file alone; a text with a line feed is all that is reported.

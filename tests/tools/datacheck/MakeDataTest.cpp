@@ -1,10 +1,12 @@
 #include <chrono>
 #include <filesystem>
 #include <map>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/Texts.h"
 #include "tools/makedata/DataFiles.h"
 
 namespace {
@@ -114,59 +116,20 @@ TEST_F(MakeData, ReportsWhereItCannotWrite) {
     EXPECT_NE(findings[0].file.find("Historical"), std::string::npos) << findings[0].text();
 }
 
+// A row of the file is a table, the row that spoils it and the fault with its line.
 TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"squadrons", "502011,Germany,x,fokkerd7,19180501,19181111,,general",
-         "5: \"502011\" is no key of Germany: write its code and three digits"},
-        {"squadrons", "501012,Germany,x,fokkerd7,19180532,19181111,,general",
-         "5: \"19180532\" is no date: write yyyymmdd"},
-        {"squadrons", "501012,Germany,x,fokkerd7,19160229,19171301,,general", // a leap year
-         "5: \"19171301\" is no date"},
-        {"squadrons", "501012,Germany,x,fokkerd7,19180100,19181111,,general",
-         "5: \"19180100\" is no date"},
-        {"squadrons", "501012,Germany,x,fokkerd7,191805o1,19181111,,general",
-         "5: \"191805o1\" is no date"},
-        {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180401,,general",
-         "5: it ends on 19180401, before it begins on 19180501"},
-        {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,general",
-         "5: 7 fields instead of 8"},
-        {"aces", "Nobody,USA,,5,survived,,general,more", "4: 8 fields instead of 7"},
-        {"squadrons", "501012,Germany,x,Fokker D7,19180501,19180601,,general",
-         "5: \"Fokker D7\" can't be an aircraft"},
-        {"squadrons", "501012,Germany,x,fokkerd7,19180501,19180601,a skin,general",
-         "5: a blank or \"=\" in a skin's name"},
-        {"squadrons", "501011,Germany,x,fokkerdr1,19170828,19180101,,general",
-         "5: 501011 has fokkerdr1 from 19170828 twice"},
-        {"squadrons", "501012,Germany,J\xE4ger,fokkerd7,19180501,19180601,,general",
-         "5: a character outside of ASCII"},
-        {"squadrons", "501012,Germany,x, fokkerd7,19180501,19180601,,general",
-         "5: blanks around \" fokkerd7\""},
-        {"aces", "Viktor von Pressentin von Rautter,Germany,,15,survived,,general", // 33 characters
-         "4: \"Viktor von Pressentin von Rautter\" can't be a pilot's name"},
-        {"aces", "Albert Ball/Smith,England,,5,survived,,general",
-         "4: \"Albert Ball/Smith\" can't be a pilot's name"},
-        {"aces", "albert ball,England,,5,survived,,general", // one file on some systems
-         "4: albert ball is there twice"},
-        {"aces", "Nobody,Austria,,5,survived,,general", "4: there is no nation \"Austria\""},
-        {"aces", "Nobody,USA,,5,survived,,general",
-         "4: Nobody has no posting in postings.csv and would never join"},
-        {"postings", "Nobody,501011,19170101,19170201,0", "5: \"Nobody\" is no ace of aces.csv"},
-        {"postings", "Lothar von Richthofen,501012,19180719,19180813,1",
-         "5: there is no squadron 501012"},
-        {"postings", "Lothar von Richthofen,501011,19180719,19180813,3",
-         "5: \"3\" is no acelevel: write 0, 1 or 2"},
-        {"postings", "Lothar von Richthofen,501011,19180229,19180813,1",
-         "5: \"19180229\" is no date: write yyyymmdd"},
-        {"postings", "Lothar von Richthofen,501011,19180313,19180813,1",
-         "5: Lothar von Richthofen is with 501011 until 19180313: begin a posting after the end of "
-         "the one before it"},
-    };
-    for (const auto& [table, row, fault] : cases) {
+    std::istringstream rows(fileText(CASES_FOLDER "/faulty-rows.txt"));
+    int32_t count = 0;
+    std::string table, row, fault;
+    for (; std::getline(rows, table, '|') && std::getline(rows, row, '|') &&
+           std::getline(rows, fault);
+         ++count) {
         const std::string file = std::string("history/") + table + ".csv";
         const std::string wanted = file + ":" + fault;
         const std::string found = readWith(file, good.at(file) + row + "\n").findings;
         EXPECT_EQ(found.substr(0, wanted.size()), wanted);
     }
+    EXPECT_EQ(count, 23);
 }
 
 TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
