@@ -54,8 +54,6 @@ TEST(String, WritesFloatsWithSixDigits) {
         std::snprintf(expected, sizeof expected, "%g", static_cast<double>(number));
         EXPECT_EQ(zel::formatFloat(number), expected);
     }
-    EXPECT_EQ(zel::formatFloat(213678.73F), "213679");
-    EXPECT_EQ(zel::formatFloat(1000000.0F), "1e+06");
 }
 
 TEST(String, LowersLettersAlone) {

@@ -27,16 +27,13 @@ protected:
     static const zel::Font* font(const char* name) {
         return zel::FontHandler::getFont(zel::String(FONT_FOLDER) + "/" + name);
     }
-    /// The pixel of the character's picture that hides most.
-    static uint32_t darkest(const zel::Font& font, char character) {
-        const zel::Glyph& glyph = *font.glyph(character);
+    /// Whether the character's picture has a pixel that hides more than half.
+    static bool isDrawn(const zel::Font& font, const zel::Glyph& glyph) {
         const zel::Bitmap& page = font.pageImage(glyph.page)->getBitmap();
-        uint32_t found = 0;
-        for (int32_t y = glyph.y; y < glyph.y + glyph.height; ++y)
-            for (int32_t x = glyph.x; x < glyph.x + glyph.width; ++x)
-                if (page.pixelAt(x, y) >> 24 > found >> 24)
-                    found = page.pixelAt(x, y);
-        return found;
+        for (int32_t place = 0; place < glyph.width * glyph.height; ++place)
+            if (page.pixelAt(glyph.x + place % glyph.width, glyph.y + place / glyph.width) >> 31)
+                return true;
+        return false;
     }
 };
 
@@ -46,17 +43,13 @@ TEST_F(BakedFontsTest, HoldEveryCharacter) {
         const zel::Font* found = font(name);
         ASSERT_NE(found, nullptr) << name;
         const auto& description = found->getDescription();
-        EXPECT_EQ(description.fontName, name);
         ASSERT_EQ(description.glyphs.size(), 256u) << "or kerning pairs would collide";
         ASSERT_NE(found->pageImage(0), nullptr) << name;
-        EXPECT_EQ(found->pageImage(0)->getBitmap().width(), description.scaleW);
-        EXPECT_EQ(found->pageImage(0)->getBitmap().height(), description.scaleH);
         for (int byte = 0; byte < 256; ++byte) {
             const zel::Glyph* glyph = found->glyph(static_cast<char>(byte));
             ASSERT_NE(glyph, nullptr) << name << byte;
             const bool isBlank = isFree(byte) || byte == ' ' || byte == 0xA0 || byte == 0xAD;
-            EXPECT_TRUE(isBlank || darkest(*found, static_cast<char>(byte)) >> 24 > 128)
-                << name << " " << byte;
+            EXPECT_TRUE(isBlank || isDrawn(*found, *glyph)) << name << " " << byte;
             EXPECT_TRUE(!isFree(byte) || glyph->xAdvance == 0) << name << " " << byte;
         }
     }

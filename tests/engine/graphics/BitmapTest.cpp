@@ -111,7 +111,7 @@ TEST_F(BitmapTest, ReadsWindowsBitmapsWithTheirPadding) {
 }
 
 TEST_F(BitmapTest, ReadsWhatTheDecoderKnows) {
-    const LogCapture log(zel::LogDebug);
+    const LogCapture log;
     ASSERT_TRUE(load(RgbaPng, true));
     EXPECT_EQ(bitmap.getData().depth, 4);
     EXPECT_EQ(pixels(), (Pixels{0xFF010203, 0x800A141E, 0x0028323C, 0x07FF00FE}));
@@ -124,11 +124,7 @@ TEST_F(BitmapTest, ReadsWhatTheDecoderKnows) {
     EXPECT_EQ(pixels(), (Pixels{0xFF070707, 0xFF080808, 0xFFFAFAFA}));
     bitmap.getData().lineArgb(0, line);
     EXPECT_EQ(line[1], 0xFF080808);
-    EXPECT_EQ(log.linesWith("Not a ZEL graphics file"), 2);
-    EXPECT_EQ(log.linesWith("Not a BMP file"), 2);
-    EXPECT_EQ(log.linesWith("d  "), log.linesWith("Not a") + log.linesWith("Error for") +
-                                        log.linesWith("detected as ANY") + log.linesWith("Mem]"))
-        << "readers that don't know the file are no news";
+    EXPECT_EQ(log.text(), "") << "readers that don't know the file are no news";
 }
 
 TEST_F(BitmapTest, LogsWhatIsWrong) {

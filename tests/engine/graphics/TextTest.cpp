@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/core/TextLines.h"
 #include "engine/graphics/Font.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
@@ -66,13 +65,6 @@ TEST_F(TextTest, BreaksWhereItIsTold) {
     EXPECT_EQ(broken("C:\\new", 100), (Lines{"C:\\new"})) << "a path is no escape";
     EXPECT_EQ(broken("a\r\n", 100), (Lines{"a", ""}));
     EXPECT_EQ(broken("a\tb", 100), (Lines{"a b"}));
-}
-
-TEST(TextBreaking, TurnsTheTwoCharactersIntoALineFeed) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"a\\nb\\n\\nc\\n", "a\nb\n\nc\n"}, {"\\", "\\"}, {"\\N \\t n", "\\N \\t n"}, {"", ""}};
-    for (const auto& [written, meant] : cases)
-        EXPECT_EQ(unescapeLineFeeds(written), meant) << written;
 }
 
 TEST_F(TextTest, BreaksWordsThatAreTooWide) {
