@@ -12,73 +12,29 @@
 
 using namespace zel;
 
-namespace {
-
-using Lines = std::vector<std::string>;
-
-/// The examples of a table row: the text in backticks in its second cell.
-Lines examplesOf(const std::string& row) {
-    static const std::regex quoted("`([^`]*)`");
-    const size_t begin = row.find(" | ");
-    const std::string cell = row.substr(begin, row.find(" |", begin + 1) - begin);
-    Lines examples;
-    for (std::sregex_iterator at(cell.begin(), cell.end(), quoted), end; at != end; ++at)
-        examples.push_back((*at)[1]);
-    return examples;
-}
-
-std::string commandOf(const std::string& line) {
-    const std::vector<String> words = splitWords(line);
-    return words.empty() ? "" : words[0].toLower().c_str();
-}
-
-/// The lines that belong to scripts. The document also has other languages: an indented block
-/// counts if any of its lines is a command.
-Lines scriptLines(std::istream& document) {
-    Lines lines, block;
-    bool isScript = false, isExampleTable = false;
-    for (std::string line; std::getline(document, line);) {
-        if (line.rfind("    ", 0) == 0) {
-            block.push_back(line.substr(4));
-            isScript = isScript || findCommand(commandOf(line)) != nullptr;
-        } else if (!line.empty()) {
-            if (isScript)
-                lines.insert(lines.end(), block.begin(), block.end());
-            block.clear();
-            isScript = false;
-        }
-        isExampleTable = line.rfind("| Command | Example |", 0) == 0 ||
-                         (isExampleTable && line.rfind('|', 0) == 0);
-        if (isExampleTable && line.rfind("| `", 0) == 0) {
-            const Lines examples = examplesOf(line);
-            lines.insert(lines.end(), examples.begin(), examples.end());
-        }
-    }
-    return lines;
-}
-
-} // namespace
-
+// Examples are in indented blocks, and after the first cell of a table's row.
 TEST(MenuScriptsDocument, ShowsEveryCommandAsItRuns) {
     std::ifstream document(DOCS_FOLDER "/menu-scripts.md");
     ASSERT_TRUE(document);
     ScreenDriver driver({{"A", "init:\n"}});
     ASSERT_TRUE(driver.untilIdle("A"));
-    HandledMenu& menu = driver.menu();
+    const std::regex example("^    (.+)|`([^`]+)`");
     std::set<std::string> shown;
-    for (const std::string& line : scriptLines(document)) {
-        const std::string command = commandOf(line);
-        const bool isHeader = !line.empty() && line.back() == ':';
-        if (isHeader || command.empty() || command[0] == '#')
-            continue;
-        shown.insert(command);
-        driver.faults.clear();
-        menu.getScript().executeLine(line, &menu);
-        for (const ScriptFault& fault : driver.faults)
-            ADD_FAILURE() << fault.text.view();
+    for (std::string line; std::getline(document, line);) {
+        line.erase(0, line.rfind("| `", 0) == 0 ? line.find(" | ") : 0);
+        for (std::sregex_iterator at(line.begin(), line.end(), example), end; at != end; ++at) {
+            const std::string statement = at->str(1) + at->str(2);
+            const std::vector<String> words = splitWords(statement);
+            const String command = words.empty() ? "" : words[0].toLower();
+            if (line[0] != ' ' || findCommand(command) == nullptr) // prose, or another language
+                continue;
+            shown.insert(command.c_str());
+            driver.menu().getScript().executeLine(statement, &driver.menu());
+        }
     }
-    for (const ScriptCommands& table : {menuCommands(), layoutCommands(), themeCommands()}) {
+    for (const ScriptFault& fault : driver.faults)
+        ADD_FAILURE() << fault.text.view();
+    for (const ScriptCommands& table : {menuCommands(), layoutCommands(), themeCommands()})
         for (size_t i = 0; i < table.count; ++i)
             EXPECT_EQ(shown.count(table.first[i].name), 1U) << table.first[i].name;
-    }
 }
