@@ -12,17 +12,6 @@ using namespace zel;
 
 namespace {
 
-constexpr std::string_view GoodIndex = "layout main\r\n"
-                                       "resolution 1024 768\r\n"
-                                       "widget ok\n"
-                                       "PickColor #FF0000\n"
-                                       "scrollin -10 20 3\n"
-                                       "align right\n"
-                                       "\n"
-                                       "textarea story\n"
-                                       "pickcolor #00ff00\n"
-                                       "scrollout 1 2 3\n";
-
 /// A picture out of letters, the top line first: r, g, b are colours, "." is transparent.
 BitmapData painted(const std::vector<std::string>& lines) {
     const auto height = static_cast<int32_t>(lines.size());
@@ -42,32 +31,23 @@ Numbers numbers(const PixelRect& place) { return {place.x, place.y, place.width,
 
 } // namespace
 
-TEST(LayoutIndex, ReadsElements) {
-    const LayoutIndex index = parseLayoutIndex(GoodIndex, "main.idx");
-    ASSERT_EQ(index.elements.size(), 2U);
-    EXPECT_EQ(index.width, 1024);
-    EXPECT_EQ(index.height, 768);
-    const PaintedElement& widget = index.elements[0];
-    EXPECT_EQ(widget.definition.name, "ok");
-    EXPECT_FALSE(widget.isTextArea);
-    EXPECT_EQ(widget.color, 0xFF0000U);
-    EXPECT_EQ(widget.definition.scrollIn.x, -10);
-    EXPECT_EQ(widget.definition.scrollIn.y, 20);
-    EXPECT_EQ(widget.definition.alignment, AlignRight);
-    EXPECT_TRUE(index.elements[1].isTextArea);
-    EXPECT_EQ(index.elements[1].definition.scrollOut.y, 2);
-}
-
-TEST(LayoutIndex, TellsFaultsAndGoesOn) {
+TEST(LayoutIndex, ReadsElementsAndReportsFaults) {
     const LogCapture log;
-    const LayoutIndex index = parseLayoutIndex("pickcolor #ff0000\nwidget a\npickcolor ff0000\n"
-                                               "pickcolor #ff00\nalign up\nnonsense\nwidget b\n"
-                                               "scrollin 1 2 3.9\nwidget\nscrollin 7 8 9\n",
-                                               "x.idx");
+    const LayoutIndex index = parseLayoutIndex(
+        "pickcolor #ff0000\r\nlayout main\r\nwidget a\r\npickcolor ff0000\npickcolor #ff00\nalign "
+        "up\n"
+        "nonsense\n\ntextarea b\nPickColor #FF0010\nalign right\nscrollin 1 -2 3.9\n"
+        "scrollout 4 5 6\nwidget\nscrollin 7 8 9\n",
+        "x.idx");
     ASSERT_EQ(index.elements.size(), 2U);
-    EXPECT_FALSE(index.elements[0].color);
-    EXPECT_EQ(index.elements[1].definition.scrollIn.x, 1) << "a refused element gives it nothing";
-    EXPECT_EQ(index.elements[1].definition.scrollIn.time, 3.0F) << "an integer";
+    EXPECT_FALSE(index.elements[0].color || index.elements[0].isTextArea);
+    const PaintedElement& area = index.elements[1];
+    EXPECT_TRUE(area.isTextArea && area.color == 0xFF0010U);
+    EXPECT_EQ(area.definition.alignment, AlignRight);
+    EXPECT_EQ(area.definition.scrollIn.x, 1) << "a refused element gives it nothing";
+    EXPECT_EQ(area.definition.scrollIn.y, -2);
+    EXPECT_EQ(area.definition.scrollIn.time, 3.0F) << "an integer";
+    EXPECT_EQ(area.definition.scrollOut.y, 5);
     for (const char* line :
          {"!! ", "[LayoutHandler] loadLayout index x.idx pickcolor without element",
           "loadLayout index x.idx pickcolor must start with #",

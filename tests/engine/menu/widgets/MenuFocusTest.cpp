@@ -26,16 +26,20 @@ const std::string Grid = scriptOf({{"a", "button", {100, 100, 100, 40}},
 
 class MenuFocusTest : public testing::Test {
 protected:
-    MenuFocusTest() : driver({{"A", Grid}, {"B", "init:\n"}}) {
+    explicit MenuFocusTest(const std::string& script = Grid)
+        : driver({{"A", script}, {"B", "init:\n"}}) {
         driver.untilIdle("A");
+        driver.moveTo(10, 10);
         driver.step();
     }
     std::string focus() { return driver.menu().getFocus().getName().c_str(); }
-    std::string keys(std::initializer_list<int32_t> symbols) {
+    virtual std::string place() { return focus(); }
+    /// The place after each key.
+    std::string keys(std::initializer_list<int32_t> symbols, bool shift = false) {
         std::string way;
         for (const int32_t symbol : symbols) {
-            driver.key(symbol);
-            way += focus() + " ";
+            driver.key(symbol, 0, shift);
+            way += place() + " ";
         }
         return way;
     }
@@ -141,25 +145,12 @@ const std::string List = scriptOf({{"list", "scrollingarea", {100, 100, 200, 100
                                    {"zbelow", "button", {100, 230, 200, 40}}}) +
                          "onhit list.1:\nsetlocalstring hit 1\n";
 
-class AreaFocusTest : public testing::Test {
+class AreaFocusTest : public MenuFocusTest {
 protected:
-    AreaFocusTest() : driver({{"A", List}}) {
-        driver.untilIdle("A");
-        driver.moveTo(10, 10);
-        driver.step();
-    }
+    AreaFocusTest() : MenuFocusTest(List) {}
     ScrollingArea& area() { return dynamic_cast<ScrollingArea&>(*driver.widget("list")); }
-    /// Focus and offset after each key.
-    std::string keys(std::initializer_list<int32_t> symbols, bool shift = false) {
-        std::string way;
-        for (const int32_t symbol : symbols) {
-            driver.key(symbol, 0, shift);
-            const std::string name = driver.menu().getFocus().getName().c_str();
-            way += name + "@" + std::to_string(area().getOffset()) + " ";
-        }
-        return way;
-    }
-    ScreenDriver driver;
+    /// Focus and offset.
+    std::string place() override { return focus() + "@" + std::to_string(area().getOffset()); }
 };
 
 } // namespace
@@ -188,9 +179,9 @@ TEST_F(AreaFocusTest, PageKeysHomeAndEndMoveTheFocusOrTheArea) {
     EXPECT_EQ(keys({KeyEnd, KeyHome}), "list.5@100 list.1@0 ");
     driver.menu().removeWidget("list");
     driver.key(KeyEnd);
-    EXPECT_EQ(driver.menu().getFocus().getName(), "list.5") << "the lowest one of the screen";
+    EXPECT_EQ(focus(), "list.5") << "the lowest one of the screen";
     driver.key(KeyHome);
-    EXPECT_EQ(driver.menu().getFocus().getName(), "zabove");
+    EXPECT_EQ(focus(), "zabove");
 }
 
 TEST_F(AreaFocusTest, CodeAddsRowsAndGivesOneTheFocus) {
