@@ -31,23 +31,6 @@ protected:
     Database career;
 };
 
-// What else they hold is in the saves that DatabaseTest compares.
-TEST_F(DataTables, ReadsThePlayersOwnFilesAfterTheDelivered) {
-    world.addHistory();
-    const LogCapture log;
-    for (int i = 0; i < 2; ++i) { // a second reading empties first
-        career.readDataFiles();
-        EXPECT_EQ(log.text(), "");
-        EXPECT_EQ(career.dataLines.size(), 10u);
-        ASSERT_EQ(career.squadronFiles.size(), 4u);
-        EXPECT_STREQ(career.squadronFiles[3].key, "103094") << "new ones come last";
-        EXPECT_EQ(linesOf(career.squadronFiles[0]),
-                  "date=19151101 until=19160501 action=skin aircraft=nieuport11 skin=stork|"
-                  "date=19160301 aircraft=nieuport17|DATE=19151001 aircraft=spad7early|");
-        EXPECT_EQ(career.squadronFiles[0].lines[2], 5) << "in the order of reading";
-    }
-}
-
 TEST_F(DataTables, CutsTheEndingFromAName) {
     for (const char* name : {"a.txt", "b", "c.jpeg", "d.x.dat", "e.t", ".hidden.txt",
                              "sub.dir/f.txt", "g.TXT", ".txt", "h.tx"})
