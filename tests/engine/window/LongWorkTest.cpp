@@ -6,6 +6,7 @@
 #include "engine/window/Keyboard.h"
 #include "engine/window/Mouse.h"
 #include "engine/window/StatesMachine.h"
+#include "engine/window/Window.h"
 #include "tests/engine/window/Events.h"
 #include "tests/engine/window/ManualClock.h"
 #include "tests/engine/window/RecordingState.h"
@@ -92,7 +93,9 @@ TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
         work.showPicture();
         type('b');
         press(); // and still held after it
+        push(quitEvent());
     }
+    EXPECT_TRUE(Window::pollQuit()) << "but not that the window was closed";
     EXPECT_FALSE(Mouse::isButtonDown(1));
     EXPECT_FALSE(Mouse::isButtonHit(1));
     EXPECT_TRUE(Keyboard::takeKeys().empty());

@@ -7,6 +7,7 @@
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/window/Keyboard.h"
+#include "engine/window/LongWork.h"
 #include "engine/window/Mouse.h"
 #include "engine/window/Platform.h"
 #include "engine/window/Window.h"
@@ -141,41 +142,38 @@ TEST_F(WindowScreenTest, TintsFadesAddsAndClips) {
 }
 
 TEST_F(WindowScreenTest, AScreenTakesOneCallATexture) {
-    Bitmap background;
-    Bitmap button;
     Bitmap font;
-    for (Bitmap* bitmap : {&background, &button, &font})
-        makePicture(*bitmap, ChannelOrder::Rgb, 4);
+    makePicture(font, ChannelOrder::Rgb, 4);
     const std::vector<Quad> word(125, {{0, 0, 1, 1}, {0, 0, 8, 16}, White});
     for (int32_t frame = 0; frame < 2; ++frame) {
         canvas.clearWindow();
-        canvas.draw(background, {0, 0, 1024, 768});
-        for (int32_t count = 0; count < 24; ++count) {
-            const int32_t place = count * 7 % 24; // in the order of names, not of places
-            const Point corner{static_cast<float>(place % 4 * 250),
-                               static_cast<float>(place / 4 * 100)};
-            canvas.draw(button, {corner.x, corner.y, 200, 60});
-            canvas.draw(font, word, {corner.x + 20, corner.y + 20});
+        for (float y = 0; y < 700; y += 100) {
+            canvas.draw(picture, {0, y, 200, 60});
+            canvas.draw(font, word, {20, y + 20});
         }
         Shot();
     }
-    EXPECT_EQ(canvas.getDrawCalls(), 3);
-    EXPECT_LE(canvas.getStateChanges(), 12);
+    EXPECT_EQ(canvas.getDrawCalls(), 2);
+    EXPECT_LE(canvas.getStateChanges(), 8);
 }
 
 TEST_F(WindowScreenTest, LeavesTheBarsBlack) {
     open(1200, 600);
     EXPECT_TRUE(log.holds("Vertical black lines, left and right black border"));
     EXPECT_TRUE(log.holds("height: 600 ; width: 1200"));
-    canvas.clear(White);
-    canvas.fill({-500, -500, 3000, 3000}, Red);
+    const auto paint = [this] {
+        canvas.clear(White);
+        canvas.fill({-500, -500, 3000, 3000}, Red);
+    };
+    paint();
     // 200 pixels of bars on both sides, the scale is 0.78125
     expect({{199, 300, Black}, {200, 0, Red}, {999, 599, Red}, {1000, 300, Black}});
     EXPECT_EQ(Window::current()->toDesignX(200), 0);
     EXPECT_EQ(Window::current()->toDesignX(1000), 1024);
     EXPECT_EQ(Window::current()->toDesignY(300), 384);
-    EXPECT_EQ(Window::current()->getWidth(), 1024);
-    EXPECT_EQ(Window::current()->getRealWidth(), 1200);
+    Window::current()->resize(800, 900);
+    paint();
+    expect({{400, 149, Black}, {0, 150, Red}, {799, 749, Red}, {400, 750, Black}});
 }
 
 TEST_F(WindowScreenTest, KeepsTheDesignWhenItIsResized) {
@@ -183,21 +181,24 @@ TEST_F(WindowScreenTest, KeepsTheDesignWhenItIsResized) {
     Shot();
     SDL_Event resize{};
     resize.type = SDL_VIDEORESIZE;
-    resize.resize.h = 384;
-    for (const int32_t width : {700, 600, 532}) { // as a dragged corner sends them
+    resize.resize.h = 600;
+    for (const int32_t width : {1000, 900, 820}) { // as a dragged corner sends them
         resize.resize.w = width;
         send(resize);
     }
     Platform::getInstance().handleEvents();
-    EXPECT_EQ(Window::current()->getRealWidth(), 532);
+    EXPECT_EQ(Window::current()->getRealWidth(), 820);
     EXPECT_EQ(Window::current()->getWidth(), 1024);
     canvas.clearWindow();
-    canvas.draw(picture, {0, 0, 4, 4});
+    canvas.draw(picture, {0, 0, 2.56F, 2.56F});
     expectPicture(10);
     SDL_EventState(SDL_MOUSEMOTION, SDL_IGNORE); // of the pointer that is on the display
-    send(motionEvent(10 + 256, 192));
-    EXPECT_EQ(Mouse::getX(), 512);
-    EXPECT_EQ(Mouse::getY(), 384);
+    for (const auto& [inWindow, inDesign] :
+         {std::pair(0, 0), {1, 1}, {2, 3}, {101, 129}, {102, 131}}) {
+        send(motionEvent(10 + inWindow, inWindow));
+        EXPECT_EQ(Mouse::getX(), inDesign) << "the nearest of 1.28 pixels to the window's one";
+        EXPECT_EQ(Mouse::getY(), inDesign) << inWindow;
+    }
     SDL_EventState(SDL_MOUSEMOTION, SDL_ENABLE);
 }
 
@@ -251,6 +252,15 @@ TEST_F(WindowScreenTest, SendsAnUnchangedFrameOnceASecond) {
     }
     setTickSource(nullptr);
     EXPECT_EQ(sent, 3);
+}
+
+TEST_F(WindowScreenTest, ShowsHowLongWorkGoes) {
+    const int32_t before = canvas.getFramesSent();
+    LongWork work;
+    for (const float done : {100.0F, 200.0F})
+        work.showPicture([&] { canvas.fill({0, 0, done, 10}, Red); });
+    EXPECT_EQ(canvas.getFramesSent(), before + 2);
+    expect({{195, 5, Red}, {205, 5, Black}});
 }
 
 TEST_F(WindowScreenTest, ShowsThePointerAndStaysWhereItIs) {
