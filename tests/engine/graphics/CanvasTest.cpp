@@ -85,24 +85,6 @@ protected:
     Bitmap picture;
 };
 
-TEST_F(CanvasTest, WritesADrawListWithoutAWindow) {
-    canvas.fill({1, 2, 3, 4}, 0xFF102030);
-    canvas.setAlpha(51);
-    canvas.draw(picture, {10, 10, 8, 8}, 0x80FFFFFF);
-    canvas.setAlpha(255);
-    canvas.draw(picture, {{{0, 0, 2, 2}, {0, 0, 2, 2}, 0xFFFFFFFF}}, {5, 6}, 0xFF808080);
-    ASSERT_EQ(list.size(), 3U);
-    EXPECT_EQ(list[0].name, "fill");
-    EXPECT_EQ(list[0].target, (Rect{1, 2, 3, 4}));
-    EXPECT_EQ(list[1].name, "picture");
-    EXPECT_EQ(list[1].source, (Rect{0, 0, 4, 4}));
-    EXPECT_EQ(list[1].argb, 0x1AFFFFFFU) << "a fifth of a half";
-    EXPECT_EQ(list[2].target, (Rect{5, 6, 2, 2}));
-    EXPECT_EQ(list[2].argb, 0xFF808080U);
-    canvas.clearWindow();
-    EXPECT_TRUE(list.empty());
-}
-
 TEST_F(CanvasTest, DrawsNothingThatIsNotSeen) {
     canvas.fill({1, 2, 3, 4}, 0x00102030);
     canvas.setAlpha(0);
