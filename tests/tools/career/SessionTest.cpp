@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "app/mission/DailyMission.h"
 #include "app/war/Invitations.h"
 #include "standin/StandIn.h"
 #include "tests/support/CareerInvariants.h"
@@ -27,37 +26,11 @@ struct SessionTest : testing::Test {
         EXPECT_NE(problem.find(part), std::string::npos) << problem;
         EXPECT_EQ(problem.find('\n'), std::string::npos) << problem;
     }
-    std::string missionFile() const {
-        return run.folder.read(std::string("sim/data/Missions/") + MissionFileName);
-    }
 
     PinnedRun run{11};
     Session session{true, 0};
     Database& career = *Database::instance();
 };
-
-// tests/wars checks what missions do to a career over whole wars.
-TEST_F(SessionTest, GoesThroughTheCareersCycle) {
-    makeSimulator();
-    ASSERT_TRUE(session.newCareer(ServiceEnglish, 1916, 1)) << session.problem().c_str();
-    const int32_t start = career.calendar().dateNumber();
-    EXPECT_TRUE(session.status() && session.squadron() && session.aces());
-    EXPECT_TRUE(session.showInvitation());
-    const int32_t player = career.playerPilot;
-    const int32_t missions = career.player().missions;
-    ASSERT_TRUE(session.mission()) << session.problem().c_str();
-    EXPECT_NE(missionFile().find(zel::arrayText(career.player().name)), std::string::npos);
-    ASSERT_TRUE(session.fly() && session.report()) << session.problem().c_str();
-    const int32_t saved = career.calendar().dateNumber();
-    EXPECT_GT(saved, start);
-    EXPECT_EQ(career.pilots[static_cast<size_t>(player)].missions, missions + 1);
-    expectProblem(session.report(), "mission comes before report");
-
-    ASSERT_TRUE(session.save() && session.advance(2));
-    EXPECT_GT(career.calendar().dateNumber(), saved);
-    ASSERT_TRUE(session.load()) << session.problem().c_str();
-    EXPECT_EQ(career.calendar().dateNumber(), saved);
-}
 
 TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
     makeSimulator();
