@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Fails where the pages differ from the aircraft that they list. Run it from the top of the tree.
+"""Fails where the pages differ from the aircraft and the history that they list. Run it from the top
+of the tree.
 
 - docs/data-files.md has a row for each row of app/aircraft/AircraftTable.h.
 - docs/rules.md has what each side draws by month as tests/reference/aircraft.py has it, in the order
   of the draw. Unit tests compare the program with that script.
+- docs/history.md has the numbers of squadrons and aces in data/history.
 
 Each finding is a line "file: what is wrong".
 """
@@ -56,5 +58,14 @@ for line in Path("docs/rules.md").read_text(encoding="utf-8").splitlines():
             findings.append(f"docs/rules.md: {month} differs from tests/reference/aircraft.py: {line}")
 if found != len(aircraft.ALLIED) + len(aircraft.CENTRAL) - 1:  # the last row comes after the war
     findings.append(f"docs/rules.md: it has {found} rows of aircraft")
+
+squadrons, aces = (Path("data/history", name).read_text(encoding="latin-1").splitlines()[1:]
+                   for name in ("squadrons.csv", "aces.csv"))
+keys = {line.split(",")[0] for line in squadrons}
+history = Path("docs/history.md").read_text(encoding="utf-8")
+for row in (f"| `squadrons.csv` | {len(squadrons)} | one aircraft type of one of {len(keys)} squadrons |",
+            f"| `aces.csv` | {len(aces)} |"):
+    if row not in history:
+        findings.append(f"docs/history.md: it must have {row}")
 print("\n".join(findings), end="\n" if findings else "")
 sys.exit(bool(findings))
