@@ -94,11 +94,16 @@ bool readRecord(const SaveBytes& bytes, int64_t first, uint32_t count, int32_t i
            bytes.read(first + index * int64_t{sizeof(Record)}, record);
 }
 
-/// The player and his squadron. False if the file has none.
-bool readPlayer(const SaveBytes& bytes, const Layout& layout, SaveSummary& summary) {
+/// The player and his squadron, or the pilot with whom the book was closed. False if the file has
+/// none.
+bool readPlayer(const SaveBytes& bytes, const Layout& layout, const Closing& closing,
+                SaveSummary& summary) {
     Pilot pilot;
     Squadron squadron;
-    if (!readRecord(bytes, layout.pilots, layout.pilotCount, layout.head.playerPilot, pilot) ||
+    const bool isClosed =
+        closing.successor == layout.head.playerPilot && closing.date == summary.date.dateNumber();
+    const int32_t index = isClosed ? closing.fallen : layout.head.playerPilot;
+    if (!readRecord(bytes, layout.pilots, layout.pilotCount, index, pilot) ||
         !readRecord(bytes, layout.squadrons, layout.squadronCount, pilot.squadron, squadron))
         return false;
     summary.pilot = zel::String(zel::arrayText(pilot.name));
@@ -118,7 +123,7 @@ bool readPlayer(const SaveBytes& bytes, const Layout& layout, SaveSummary& summa
 
 } // namespace
 
-SaveSummary summaryOf(const zel::String& path) {
+SaveSummary summaryOf(const zel::String& path, const Closing& closing) {
     SaveSummary summary;
     summary.file = path;
     const zel::system::FileStatus status = zel::system::fileStatus(path);
@@ -141,7 +146,7 @@ SaveSummary summaryOf(const zel::String& path) {
         return summary;
     summary.careerNumber = layout.head.careerNumber;
     summary.date = {layout.head.year, layout.head.month, layout.head.day};
-    summary.isReadable = readPlayer(bytes, layout, summary);
+    summary.isReadable = readPlayer(bytes, layout, closing, summary);
     if (!summary.isReadable && summary.fault.empty())
         summary.fault = "has no player";
     return summary;

@@ -32,8 +32,18 @@ struct SaveSummary {
     int64_t order = 0;       // of the times of writing: the later file has the larger one
 };
 
-/// Reads the summary of the save at that path. On error: not readable, with the fault.
-SaveSummary summaryOf(const zel::String& path);
+/// How a player has closed the book of a career: with a pilot who had fallen, on that day, though
+/// the save has a successor. It counts as long as the save has that player and that day. Indices of
+/// the career; -1 for a book that is open.
+struct Closing {
+    int32_t fallen = -1;
+    int32_t successor = -1;
+    int32_t date = 0; // yyyymmdd
+};
+
+/// Reads the summary of the save at that path; of a closed book it is the fallen pilot's. On error:
+/// not readable, with the fault.
+SaveSummary summaryOf(const zel::String& path, const Closing& closing = {});
 
 /// Whether these bytes are a save file of the right length: its head and the counts of its records
 /// fit. Empty, or what is wrong as in SaveSummary::fault.

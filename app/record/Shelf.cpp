@@ -26,7 +26,7 @@ ShelvedCareer careerIn(const zel::String& folder, int32_t number) {
     ShelvedCareer career;
     career.number = number;
     career.folder = folder;
-    career.summary = summaryOf(saveIn(folder));
+    career.summary = summaryOf(saveIn(folder), keptClosing(folder));
     return career;
 }
 
@@ -52,7 +52,7 @@ Problem heldBy(const CareerLock& lock) {
 zel::String pilotIn(const zel::String& folder) {
     const zel::String save = saveIn(folder);
     for (const zel::String& file : {save, save + BackupEnding})
-        if (const SaveSummary summary = summaryOf(file); summary.isReadable)
+        if (const SaveSummary summary = summaryOf(file, keptClosing(folder)); summary.isReadable)
             return summary.pilot;
     return {};
 }
@@ -257,6 +257,20 @@ bool Shelf::putAway(int32_t number) {
             moveFolder(wanted->folder, target, trouble)) ||
            fail();
 }
+
+bool Shelf::close(int32_t fallen) {
+    const Closing closing = {fallen, career.playerPilot, career.calendar().dateNumber()};
+    if (!holdsLock())
+        return false;
+    if (!keepClosing(currentFolder(), closing, trouble))
+        return fail();
+    leaveCurrent();
+    return !shelve(currentFolder(), ShelfFolder).empty() || fail();
+}
+
+Closing Shelf::closing() const { return keptClosing(currentFolder()); }
+
+bool Shelf::reopen() { return keepClosing(currentFolder(), {}, trouble) || fail(); }
 
 bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
     if (!holdsLock())

@@ -62,6 +62,13 @@ public:
     /// Moves the career to those put away. Also the current one: then none is current. Does nothing
     /// if it is there already. REQUIRES: as take().
     [[nodiscard]] bool putAway(int32_t number);
+    /// Closes the book of the career in memory with a pilot who has fallen: it goes to the shelf,
+    /// where its summary is his. Then no career is current. REQUIRES: it is saved.
+    [[nodiscard]] bool close(int32_t fallen);
+    /// How the current career was closed, if it was; see Closing.
+    Closing closing() const;
+    /// The current career goes on: it isn't closed.
+    [[nodiscard]] bool reopen();
     /// Makes the page the career's present save; see returnToPage(). REQUIRES: as take(), and the
     /// page is one of pages(of).
     [[nodiscard]] bool turnBack(const ShelvedCareer& of, const SavePage& page);

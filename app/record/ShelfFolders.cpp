@@ -21,6 +21,7 @@
 namespace {
 
 constexpr const char* NumberFile = "/number.txt";          // in a career's folder
+constexpr const char* ClosedFile = "/closed.txt";          // in a career's folder
 constexpr const char* LastNumberFile = "/last number.txt"; // on the shelf
 constexpr size_t LongestName = 40;                         // of a pilot in a folder's name
 constexpr const char* PutAwayName = "Put away";            // PutAwayFolder on the shelf
@@ -173,6 +174,37 @@ zel::String recordIn(const zel::String& folder) {
 }
 
 int32_t keptNumber(const zel::String& folder) { return readNumber(folder + NumberFile); }
+
+Closing keptClosing(const zel::String& folder) {
+    constexpr int32_t MostText = 64;
+    std::string text;
+    if (!zel::readFile(folder + ClosedFile, MostText, text))
+        return {};
+    Closing closing;
+    const char* const last = text.data() + text.size();
+    const char* at = text.data();
+    for (int32_t* number : {&closing.fallen, &closing.successor, &closing.date}) {
+        const auto [end, fault] = std::from_chars(at, last, *number);
+        if (fault != std::errc())
+            return {};
+        at = std::find_if(end, last, [](char character) { return character != ' '; });
+    }
+    return closing;
+}
+
+bool keepClosing(const zel::String& folder, const Closing& closing, Problem& problem) {
+    const zel::String file = folder + ClosedFile;
+    zel::FileFault fault = zel::FileFault::None;
+    if (closing.fallen >= 0)
+        fault = zel::writeFileWhole(file, std::to_string(closing.fallen) + " " +
+                                              std::to_string(closing.successor) + " " +
+                                              std::to_string(closing.date) + "\n");
+    else if (zel::system::fileStatus(file).exists && !zel::system::removeFile(file))
+        fault = zel::system::lastFault();
+    if (fault != zel::FileFault::None)
+        problem = Problem(wording::FileUnwritten, {file}, fault);
+    return fault == zel::FileFault::None;
+}
 
 int32_t nextNumber(const std::vector<CareerFolder>& folders) {
     std::set<int32_t> taken = {readNumber(userPath(ShelfFolder) + LastNumberFile)};

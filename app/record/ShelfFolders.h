@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/career/Problem.h"
+#include "app/career/SaveSummary.h"
 #include "engine/core/String.h"
 #include "engine/core/System.h"
 
@@ -58,6 +59,10 @@ bool holdsSave(const zel::String& folder);
 
 /// The number that the folder keeps for its career; 0 for none.
 int32_t keptNumber(const zel::String& folder);
+/// How the folder's career was closed; open without a file that says so.
+Closing keptClosing(const zel::String& folder);
+/// Makes the folder keep that, or that its career is open.
+[[nodiscard]] bool keepClosing(const zel::String& folder, const Closing& closing, Problem& problem);
 /// The number after the highest one that a career has had; after LastShelfNumber the lowest that
 /// none has. folders: all of shelfFolders().
 int32_t nextNumber(const std::vector<CareerFolder>& folders);
