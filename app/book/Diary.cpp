@@ -5,6 +5,7 @@
 #include <set>
 
 #include "app/book/DiaryWording.h"
+#include "app/book/LogBookText.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/RealWar.h"
 #include "app/book/RowSearch.h"
@@ -46,8 +47,7 @@ zel::String sentence(const std::vector<zel::String>& names) {
 void sortByWeight(std::vector<DiaryLine>& lines, size_t most) {
     std::stable_sort(lines.begin(), lines.end(),
                      [](const DiaryLine& a, const DiaryLine& b) { return a.weight > b.weight; });
-    if (lines.size() > most)
-        lines.resize(most);
+    lines.resize(std::min(lines.size(), most));
 }
 
 /// A period's rows have the day on which it ended, a flight's that of the flight.
@@ -93,7 +93,7 @@ private:
         diary.from = row.integer(1);
         own = row.integer(2);
         squadron = row.integer(3);
-        isWounded = row.number(4) > 0 && row.number(5) == 0;
+        injury = row.number(5) == 0 ? row.integer(4) : 0;
     }
 
     void readVictories() {
@@ -200,8 +200,8 @@ private:
                 textOf(wording::YouBroughtDown,
                        {sentence(score->second.victims),
                         countText(wording::Victories, career.pilot(own).shotdowns)}));
-        if (isWounded)
-            add(DiarySign::None, OwnWeight - 2, own, textOf(wording::YouAreWounded));
+        if (injury > 0)
+            add(DiarySign::None, OwnWeight - 2, own, woundText(injury));
         if (own != career.playerPilot)
             return;
         const PilotRecord player = readPilot(record, career, own);
@@ -310,7 +310,7 @@ private:
     Diary& diary;
     int32_t flight = 0;              // number of the last one; 0 for none
     int32_t squadron = -1, own = -1; // the player's squadron and pilot of that day
-    bool isWounded = false;
+    int32_t injury = 0;              // his in that flight, in percent
     std::map<int32_t, Score> scores; // of all who scored
     std::set<int32_t> ownVictors;    // of the squadron
     std::vector<Death> deaths;       // likewise

@@ -16,7 +16,11 @@ inline constexpr Wording HasFallen       {3306, "$1 fell."};
 inline constexpr Wording YouFellTo       {3307, "Your pilot $1 fell to $2, with $3."}; // name, victor, victories
 inline constexpr Wording YouFell         {3308, "Your pilot $1 fell, with $2."};
 inline constexpr Wording YouAreNow       {3309, "$1 takes his place: you fly as him now."};
-inline constexpr Wording YouAreWounded   {3310, "You came back wounded."};
+inline constexpr Wording YouAreWounded[] = { // slightly, more than that, severely
+    {4100, "You came back slightly wounded."},
+    {3310, "You came back wounded."},
+    {4101, "You came back severely wounded."},
+};
 inline constexpr Wording YouArePromoted  {3311, "You are promoted: $1."};
 inline constexpr Wording YouAreAwarded   {3312, "You are awarded: $1."};
 inline constexpr Wording HasCome         {3313, "$1 has come."};

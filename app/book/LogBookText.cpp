@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "app/book/DiaryWording.h"
 #include "app/book/LogBookWording.h"
 #include "app/career/Aircraft.h"
 #include "app/career/Calendar.h"
@@ -52,10 +53,13 @@ zel::String againstText(const BookFlight& flight) {
                   {most.count, machineText(most.aircraft, AgainstLetters - mark)});
 }
 
+/// Slight, moderate or severe as in the combat report: 0 to 2.
+size_t severityOf(int32_t percent) { return percent > 50 ? 2 : percent > 25 ? 1 : 0; }
+
 const Wording& injuryWording(int32_t percent) {
-    if (percent > 50)
-        return wording::BadlyInjured;
-    return percent > 25 ? wording::WasInjured : wording::SlightlyInjured;
+    const Wording* const forms[] = {&wording::SlightlyInjured, &wording::WasInjured,
+                                    &wording::BadlyInjured};
+    return *forms[severityOf(percent)];
 }
 
 /// What became of a man who brought nobody down.
@@ -196,6 +200,10 @@ zel::String resultText(const BookFlight& flight) {
     if (both.length() <= static_cast<int32_t>(ResultLetters))
         return both;
     return flight.isDead ? textOf(wording::Fell) : victories;
+}
+
+zel::String woundText(int32_t percent) {
+    return textOf(wording::YouAreWounded[severityOf(percent)]);
 }
 
 zel::String flightsText(const LogBook& book) {

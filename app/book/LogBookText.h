@@ -32,6 +32,8 @@ LogBookRow logBookHeads();
 /// "Two down", "Slightly injured", "One down, damaged": what the flight came to. Without its second
 /// half where both don't fit a column.
 zel::String resultText(const BookFlight& flight);
+/// "You came back slightly wounded.", by the percent of an injury.
+zel::String woundText(int32_t percent);
 /// "14 flights, 2 months".
 zel::String flightsText(const LogBook& book);
 /// "7 victories: 6 Albatros, 1 Halberstadt": by maker, as many as fit that many letters, and how

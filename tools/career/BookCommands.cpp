@@ -1,9 +1,13 @@
 #include "tools/career/BookCommands.h"
 
+#include "app/book/Condolence.h"
 #include "app/book/Diary.h"
 #include "app/book/LogBookText.h"
 #include "app/book/ServiceText.h"
+#include "app/book/WarEnd.h"
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "tools/career/SessionWording.h"
 
 std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career) {
     return logBookLines(readLogBook(record, career));
@@ -15,6 +19,21 @@ std::vector<zel::String> diaryPage(SqliteFile& record, const Database& career) {
 
 std::vector<zel::String> serviceRecord(SqliteFile& record, const Database& career) {
     return serviceLines(readPilot(record, career, career.playerPilot), career);
+}
+
+std::vector<zel::String> letterPage(SqliteFile& record, const Database& career) {
+    const int32_t fallen = career.player().alive == 0
+                               ? career.playerPilot
+                               : predecessorOf(record, career, career.playerPilot);
+    if (fallen < 0)
+        return {textOf(wording::NobodyFell)};
+    return condolenceLines(condolenceFor(record, career, fallen));
+}
+
+std::vector<zel::String> endPage(SqliteFile& record, const Database& career) {
+    if (!isWarOver(career))
+        return {textOf(wording::WarGoesOn)};
+    return warEndLines(readWarEnd(record, career));
 }
 
 std::vector<zel::String> pilotPage(SqliteFile& record, const Database& career,

@@ -14,6 +14,10 @@ class SqliteFile;
 std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career);
 std::vector<zel::String> diaryPage(SqliteFile& record, const Database& career);
 std::vector<zel::String> serviceRecord(SqliteFile& record, const Database& career);
+/// The letter about the player's pilot who fell last.
+std::vector<zel::String> letterPage(SqliteFile& record, const Database& career);
+/// What remains of the career, and the board of the aces; only after the war.
+std::vector<zel::String> endPage(SqliteFile& record, const Database& career);
 /// The page of the pilot whose name contains that text; of several the names.
 std::vector<zel::String> pilotPage(SqliteFile& record, const Database& career,
                                    std::string_view name);

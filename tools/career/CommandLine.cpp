@@ -41,6 +41,8 @@ Commands:
                           front, the real war
   record                  the player's record of service: ranks, decorations and
                           victories by machine
+  letter                  the letter about the player's pilot who fell last
+  end                     after the war: what remains, and the aces of the war
   pilot NAME              the page of the pilot of that name, or of a part of it
   victories [NAME]        the player's victories, or those of the pilots of that
                           name or a part of it
@@ -83,7 +85,9 @@ struct FromBook {
     std::vector<zel::String> (*linesOf)(SqliteFile&, const Database&);
 };
 constexpr FromBook BookCommands[] = {
-    {"logbook", logBookPage}, {"diary", diaryPage}, {"record", serviceRecord}};
+    {"logbook", logBookPage}, {"diary", diaryPage}, {"record", serviceRecord},
+    {"letter", letterPage},   {"end", endPage},
+};
 
 bool isCommand(std::string_view word) {
     constexpr std::string_view Others[] = {

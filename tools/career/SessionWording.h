@@ -38,6 +38,8 @@ inline constexpr Wording PostedDead      {3036, "$1: $2 died"};
 inline constexpr Wording PostedKilled    {3037, "$1: $2 was killed by $3"};
 inline constexpr Wording PostedSuccessor {3038, "$1: $2 took the place of $3"};
 inline constexpr Wording NothingRecorded {3039, "Nothing of the kind is recorded"};
+inline constexpr Wording NobodyFell      {4110, "None of your pilots has fallen"};
+inline constexpr Wording WarGoesOn       {4111, "The war isn't over yet"};
 inline constexpr Wording Exported        {3040, "Exported $1"};
 
 inline constexpr Wording CareerOnShelf   {3070, "$1. $2, $3. Victories: $4. Missions: $5"}; // number, pilot, date

@@ -1,0 +1,187 @@
+#include "app/book/Condolence.h"
+
+#include <algorithm>
+
+#include "app/book/CondolenceWording.h"
+#include "app/book/PilotRecord.h"
+#include "app/book/RecordedFlight.h"
+#include "app/book/ServiceText.h"
+#include "app/book/Theatre.h"
+#include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/career/GroundObjects.h"
+#include "app/career/Nation.h"
+#include "app/career/UnitNames.h"
+#include "app/record/Sqlite.h"
+
+namespace {
+
+constexpr size_t MostAwards = 3; // the highest
+
+size_t serviceOf(int32_t nation) { return nation == France ? 1 : nation == Germany ? 2 : 0; }
+
+/// The unit's name; empty for one without.
+zel::String nameOfUnit(const Database& career, int32_t squadron) {
+    const int32_t number = unitNumber(career, career.squadron(squadron).squadronFile);
+    return hasUnitName(number) ? unitName(number) : zel::String();
+}
+
+/// What became of him in his last flight, sentence by sentence.
+class LastFlight {
+public:
+    LastFlight(const RecordedFlight& flight, const Database& career)
+        : flight(flight), career(career), reports(flight.mission.reports) {
+        const auto own = std::find_if(reports.begin(), reports.end(), [&](const PilotReport& one) {
+            return one.pilot == flight.pilot;
+        });
+        if (own != reports.end())
+            place = int32_t(own - reports.begin());
+    }
+
+    std::vector<zel::String> sentences() const {
+        if (place < 0)
+            return {};
+        std::vector<zel::String> all;
+        if (const char* town = townOfEnd())
+            all.push_back(textOf(wording::LetterPlace, {nameInLanguage(town)}));
+        all.push_back(cause(reports[size_t(place)]));
+        return all;
+    }
+
+private:
+    /// Near which town the log has his end; null if it doesn't say where, or far from any.
+    const char* townOfEnd() const {
+        const auto& events = flight.mission.events;
+        const auto end = std::find_if(events.rbegin(), events.rend(), [&](const FlightEvent& one) {
+            const bool isEnd = one.kind == FlightEventKind::Kill ||
+                               one.kind == FlightEventKind::Crash ||
+                               one.kind == FlightEventKind::Death;
+            return isEnd && one.hasPosition && one.target == place;
+        });
+        if (end == events.rend())
+            return nullptr;
+        return townNear({end->x, end->z}, flight.onChannelMap, NearTown);
+    }
+
+    zel::String cause(const PilotReport& own) const {
+        if (own.shotdownBy >= 0)
+            return byVictor(reports[size_t(own.shotdownBy)]);
+        if (own.shotdownByOwn >= 0)
+            return textOf(wording::LetterOwnSide);
+        return textOf(own.shotDown != 0 ? wording::LetterCrash : wording::LetterWounds);
+    }
+
+    zel::String byVictor(const PilotReport& victor) const {
+        if (groundObject(victor.type) != nullptr)
+            return textOf(wording::LetterGround, {reportedName(victor)});
+        const zel::String name = career.isPilot(victor.pilot)
+                                     ? zel::String(zel::arrayText(career.pilot(victor.pilot).name))
+                                     : reportedName(victor);
+        const auto& plan = flight.mission.plan;
+        const auto plane = std::find_if(plan.begin(), plan.end(), [&](const FlightPlane& one) {
+            return one.pilot >= 0 && one.pilot == victor.pilot;
+        });
+        const zel::String unit =
+            plane == plan.end() ? zel::String() : nameOfUnit(career, plane->squadron);
+        return unit.empty() ? textOf(wording::LetterVictor, {name})
+                            : textOf(wording::LetterVictorOf, {name, unit});
+    }
+
+    const RecordedFlight& flight;
+    const Database& career;
+    const std::vector<PilotReport>& reports;
+    int32_t place = -1; // of his report
+};
+
+zel::String flightsSentence(const PilotRecord& pilot) {
+    const int32_t flights = std::max(pilot.missions, int32_t(pilot.flights.size()));
+    const zel::String flown = countText(wording::FlightsOfLetter, flights);
+    if (pilot.victoryCount > 0)
+        return textOf(wording::LetterVictories,
+                      {flown, countText(wording::Victories, pilot.victoryCount)});
+    return flights <= 1 ? textOf(wording::LetterFirst) : textOf(wording::LetterFlights, {flown});
+}
+
+/// Empty without a decoration.
+zel::String awardsSentence(const PilotRecord& pilot) {
+    zel::String list;
+    const std::vector<AwardGiven> worn = pilot.honours.ribbons();
+    for (size_t i = 0; i < std::min(worn.size(), MostAwards); ++i) {
+        const zel::String one = awardText(*worn[i].award, pilot.honours);
+        list = list.empty() ? one : textOf(wording::ListGoesOn, {list, one});
+    }
+    return list.empty() ? list : textOf(wording::LetterAwards, {list});
+}
+
+int32_t lastFlightOf(SqliteFile& record, int32_t pilot) {
+    SqliteStatement row(record, "SELECT max(number) FROM flight WHERE pilot = ?");
+    row.with(pilot);
+    return row.next() ? row.integer(0) : 0;
+}
+
+zel::String letterText(SqliteFile& record, const Database& career, const PilotRecord& pilot) {
+    const size_t service = serviceOf(pilot.nation);
+    std::vector<zel::String> sentences = {
+        textOf(wording::SadDuties[service], {titleOf(pilot.honours, pilot.name)})};
+    if (const int32_t number = lastFlightOf(record, pilot.pilot); number > 0)
+        if (const auto flight = readFlight(record, number))
+            for (const zel::String& one : LastFlight(*flight, career).sentences())
+                sentences.push_back(one);
+    sentences.push_back(flightsSentence(pilot));
+    sentences.push_back(awardsSentence(pilot));
+    sentences.push_back(textOf(wording::LetterEnds[service]));
+    zel::String text;
+    for (const zel::String& one : sentences)
+        if (!one.empty())
+            text += (text.empty() ? "" : " ") + one;
+    return text;
+}
+
+} // namespace
+
+Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pilot) {
+    Condolence letter;
+    if (!career.isPilot(pilot))
+        return letter;
+    const PilotRecord fallen = readPilot(record, career, pilot);
+    letter.date = fallen.until;
+    letter.nation = fallen.nation;
+    letter.greeting = textOf(wording::LetterGreeting);
+    letter.text = letterText(record, career, fallen);
+    const zel::String unit = nameOfUnit(career, fallen.squadron);
+    letter.sender =
+        unit.empty() ? textOf(wording::LetterSenderAlone) : textOf(wording::LetterSender, {unit});
+    letter.hasSuccessor = career.player().alive != 0 && !isWarOver(career);
+    if (isWarOver(career)) {
+        letter.successor = textOf(wording::NobodyInPeace);
+    } else if (!letter.hasSuccessor) {
+        letter.successor = textOf(wording::NobodyReported);
+    } else {
+        const PilotRecord next = readPilot(record, career, career.playerPilot);
+        letter.successor = textOf(wording::HasReported, {titleOf(next.honours, next.name)});
+    }
+    return letter;
+}
+
+int32_t predecessorOf(SqliteFile& record, const Database& career, int32_t pilot) {
+    SqliteStatement row(record, "SELECT other FROM posting WHERE pilot = ?"
+                                " AND kind IN ('transferred', 'succeeded')" // as the index has it
+                                " AND kind = 'succeeded' ORDER BY id DESC LIMIT 1");
+    row.with(pilot);
+    const int32_t other = row.next() ? row.index(0) : -1;
+    return career.isPilot(other) && other != pilot ? other : -1;
+}
+
+int32_t lastFallen(SqliteFile& record, const Database& career) {
+    if (!career.isPilot(career.playerPilot))
+        return -1;
+    if (career.player().alive == 0)
+        return career.playerPilot;
+    return career.player().missions > 0 ? -1 : predecessorOf(record, career, career.playerPilot);
+}
+
+std::vector<zel::String> condolenceLines(const Condolence& letter) {
+    return {bookDate(Calendar::ofNumber(letter.date)), letter.greeting, letter.text, letter.sender,
+            letter.successor};
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+class SqliteFile;
+
+/// The letter to the family of a pilot of the player's who fell, and the card with his successor,
+/// in the language in use.
+struct Condolence {
+    int32_t date = 0;   // of his last flight, yyyymmdd
+    int32_t nation = 0; // of his squadron
+    zel::String greeting;
+    zel::String text;
+    zel::String sender;
+    zel::String successor;
+    bool hasSuccessor = false; // none before the next flight, and none after the war
+};
+
+/// The letter about that pilot of the career. On error: what the career knows by itself, and the
+/// file has failed.
+Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pilot);
+
+/// The pilot of the player's who fell last, if his successor hasn't flown yet; -1 for nobody.
+int32_t lastFallen(SqliteFile& record, const Database& career);
+/// The pilot whom the player succeeded as that one; -1 for nobody.
+int32_t predecessorOf(SqliteFile& record, const Database& career, int32_t pilot);
+
+/// All of the letter as lines.
+std::vector<zel::String> condolenceLines(const Condolence& letter);

@@ -1,0 +1,198 @@
+#include "app/book/WarEnd.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "app/book/Condolence.h"
+#include "app/book/LogBookWording.h"
+#include "app/book/WarEndWording.h"
+#include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+#include "app/record/Sqlite.h"
+
+namespace {
+
+/// As in bestPilots().
+int32_t placeOf(const Database& career, int32_t index) {
+    const Pilot& own = career.pilot(index);
+    int32_t better = 0;
+    for (int32_t i = 0; i < career.pilotCount(); ++i) {
+        const Pilot& other = career.pilots[size_t(i)];
+        const bool isBetter = other.shotdowns != own.shotdowns ? other.shotdowns > own.shotdowns
+                              : other.missions != own.missions ? other.missions > own.missions
+                                                               : i < index;
+        better += isBetter ? 1 : 0;
+    }
+    return better + 1;
+}
+
+/// Reads it part by part.
+class EndReader {
+public:
+    EndReader(SqliteFile& record, const Database& career, WarEnd& end)
+        : record(record), career(career), end(end) {}
+
+    void read() {
+        int32_t own = career.playerPilot;
+        if (const int32_t fallen = lastFallen(record, career); fallen >= 0)
+            own = fallen;
+        end.pilot = readPilot(record, career, own);
+        end.place = placeOf(career, own);
+        readPredecessors(own);
+        readComrades();
+        fillBoard(own);
+        const auto& aces = BookTables::instance().aces;
+        const auto best =
+            std::max_element(aces.begin(), aces.end(), [](const RealAce& a, const RealAce& b) {
+                return a.victories < b.victories;
+            });
+        if (best != aces.end())
+            end.realFirst = &*best;
+    }
+
+private:
+    void readPredecessors(int32_t own) {
+        for (int32_t one = predecessorOf(record, career, own);
+             one >= 0 && std::find(end.fallen.begin(), end.fallen.end(), one) == end.fallen.end();
+             one = predecessorOf(record, career, one))
+            end.fallen.push_back(one);
+        if (end.fallen.empty())
+            return;
+        const Pilot& last = career.pilot(end.fallen.front());
+        end.lastFallen = zel::arrayText(last.name);
+        end.lastFallenVictories = last.shotdowns;
+    }
+
+    void readComrades() {
+        SqliteStatement row(
+            record, "SELECT DISTINCT plane.pilot FROM flight CROSS JOIN flight_plane AS plane"
+                    " ON plane.flight = flight.number AND plane.squadron = flight.squadron"
+                    " WHERE plane.place > 0 AND plane.pilot >= 0");
+        while (row.next()) {
+            const int32_t pilot = row.integer(0);
+            if (!career.isPilot(pilot) || pilot == end.pilot.pilot || isPlayers(pilot))
+                continue;
+            ++end.comrades;
+            end.survivors += career.pilot(pilot).alive != 0 ? 1 : 0;
+        }
+    }
+    bool isPlayers(int32_t pilot) const {
+        return pilot == career.playerPilot ||
+               std::find(end.fallen.begin(), end.fallen.end(), pilot) != end.fallen.end();
+    }
+
+    void fillBoard(int32_t own) {
+        int32_t place = 0;
+        for (const int32_t index : bestPilots(career.pilots, BoardRows)) {
+            ++place;
+            if (career.pilot(index).shotdowns >= AceShotdowns)
+                end.board.push_back(rowOf(index, place, own));
+        }
+        const bool isOnBoard = std::any_of(end.board.begin(), end.board.end(),
+                                           [](const BoardRow& row) { return row.isPlayer; });
+        if (isOnBoard || career.pilot(own).shotdowns == 0)
+            return;
+        if (end.board.size() == BoardRows)
+            end.board.pop_back();
+        end.hasGap = end.place != int32_t(end.board.size()) + 1;
+        end.board.push_back(rowOf(own, end.place, own));
+    }
+
+    BoardRow rowOf(int32_t index, int32_t place, int32_t own) const {
+        const Pilot& pilot = career.pilot(index);
+        BoardRow row;
+        row.pilot = index;
+        row.place = place;
+        row.name = zel::arrayText(pilot.name);
+        row.isAlive = pilot.alive != 0;
+        row.isPlayer = index == own;
+        row.victories = pilot.shotdowns;
+        const RealAce* real = pilot.historic != 0 ? BookTables::instance().ace(row.name) : nullptr;
+        if (real != nullptr)
+            row.realVictories = real->victories;
+        return row;
+    }
+
+    SqliteFile& record;
+    const Database& career;
+    WarEnd& end;
+};
+
+zel::String dayInBook(int32_t date) { return bookDate(Calendar::ofNumber(date)); }
+
+zel::String placeText(const WarEnd& end) {
+    if (end.pilot.victoryCount == 0)
+        return end.pilot.isAlive ? textOf(wording::CameHome) : zel::String();
+    const bool isAce = end.pilot.victoryCount >= AceShotdowns;
+    return textOf(isAce ? wording::PlaceOfAce : wording::PlaceOfPilot, {end.place});
+}
+
+zel::String predecessorsText(const WarEnd& end) {
+    if (end.fallen.empty())
+        return {};
+    if (end.fallen.size() > 1)
+        return textOf(wording::SeveralBeforeHim, {int32_t(end.fallen.size()), end.lastFallen});
+    return textOf(wording::BeforeHim,
+                  {end.lastFallen, countText(wording::Victories, end.lastFallenVictories)});
+}
+
+} // namespace
+
+WarEnd readWarEnd(SqliteFile& record, const Database& career) {
+    WarEnd end;
+    if (career.hasCareer())
+        EndReader(record, career, end).read();
+    return end;
+}
+
+zel::String comradesText(const WarEnd& end) {
+    if (end.comrades < 2)
+        return {};
+    return textOf(wording::Comrades[size_t(std::min(end.survivors, 2))],
+                  {end.comrades, end.survivors});
+}
+
+zel::String realFirstText(const WarEnd& end) {
+    if (end.realFirst == nullptr)
+        return {};
+    return textOf(wording::RealFirst,
+                  {end.realFirst->name, countText(wording::Victories, end.realFirst->victories)});
+}
+
+zel::String careerLines(const WarEnd& end) {
+    const PilotRecord& pilot = end.pilot;
+    const int32_t flights = std::max(pilot.missions, int32_t(pilot.flights.size()));
+    const zel::String since = dayInBook(pilot.since);
+    zel::String lines;
+    for (const zel::String& line :
+         {textOf(wording::FlightsAndVictories, {countText(wording::BookFlights, flights),
+                                                countText(wording::Victories, pilot.victoryCount)}),
+          pilot.isAlive ? textOf(wording::FlewToTheEnd, {since})
+                        : textOf(wording::FlewUntil, {since, dayInBook(pilot.until)}),
+          placeText(end), predecessorsText(end)})
+        if (!line.empty())
+            lines += (lines.empty() ? "" : "\n") + line;
+    return lines;
+}
+
+zel::String boardName(const BoardRow& row, const zel::String& name) {
+    return textOf(wording::OnBoard[(row.isPlayer ? 2 : 0) + (row.isAlive ? 0 : 1)], {name});
+}
+
+zel::String boardPlace(const BoardRow& row) { return textOf(wording::BoardPlace, {row.place}); }
+
+std::vector<zel::String> warEndLines(const WarEnd& end) {
+    std::vector<zel::String> lines = {textOf(wording::Hostilities), comradesText(end),
+                                      realFirstText(end),
+                                      titleOf(end.pilot.honours, end.pilot.name), careerLines(end)};
+    for (const BoardRow& row : end.board) {
+        const zel::String place = boardPlace(row);
+        const zel::String name = boardName(row, row.name);
+        lines.push_back(
+            row.realVictories < 0
+                ? textOf(wording::BoardLine, {place, name, row.victories})
+                : textOf(wording::BoardLineReal, {place, name, row.victories, row.realVictories}));
+    }
+    return lines;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <vector>
+
+#include "app/book/PilotRecord.h"
+
+/// A row of the board of aces at the end of the war.
+struct BoardRow {
+    int32_t pilot = -1; // index of the career
+    int32_t place = 0;  // from 1, among all pilots
+    zel::String name;
+    bool isAlive = false;
+    bool isPlayer = false;
+    int32_t victories = 0;
+    int32_t realVictories = -1; // in the whole real war; -1 for one of no history
+};
+
+/// What remains of a career at the end of the war.
+struct WarEnd {
+    PilotRecord pilot;           // the player's; the fallen one if nobody has flown since
+    int32_t place = 0;           // his among all pilots, from 1
+    std::vector<BoardRow> board; // eleven rows at most
+    bool hasGap = false;         // the last row is his, and not the next place
+    int32_t comrades = 0;        // of his squadron, with whom the player flew
+    int32_t survivors = 0;       // of them
+    std::vector<int32_t> fallen; // the player's pilots before him, the last one first
+    zel::String lastFallen;      // the first of them
+    int32_t lastFallenVictories = 0;
+    const RealAce* realFirst = nullptr; // the best of the real war; null without tables
+};
+constexpr size_t BoardRows = 11;
+
+/// On error: what the career knows by itself, and the file has failed.
+WarEnd readWarEnd(SqliteFile& record, const Database& career);
+
+// Its texts, in the language in use.
+
+/// How many of those with whom he flew are alive; empty if he flew with fewer than two.
+zel::String comradesText(const WarEnd& end);
+/// Who came first in the real war; empty if that isn't known.
+zel::String realFirstText(const WarEnd& end);
+/// Flights, dates, place and predecessors, a line each.
+zel::String careerLines(const WarEnd& end);
+/// The name with what is said of him: "Manfred von Richthofen RIP".
+zel::String boardName(const BoardRow& row, const zel::String& name);
+/// "9.".
+zel::String boardPlace(const BoardRow& row);
+/// All of it as lines.
+std::vector<zel::String> warEndLines(const WarEnd& end);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/career/Wording.h"
+
+// What the sheet and the board of the end of the war say.
+// clang-format off
+namespace wording {
+
+inline constexpr Wording Hostilities     {4061, "Hostilities ceased at eleven this morning. There will be no flying to-day."};
+inline constexpr Wording Comrades[] = { // by those alive: none, one, more; all, alive
+    {4062, "Of the $1 pilots of your squadron who flew with you, none is alive."},
+    {4063, "Of the $1 pilots of your squadron who flew with you, one is alive."},
+    {4064, "Of the $1 pilots of your squadron who flew with you, $2 are alive."},
+};
+inline constexpr Wording RealFirst       {4065, "In the real war $1 came first, with $2."}; // name, victories
+inline constexpr Wording CameHome        {4066, "You brought nobody down, and you came home."};
+inline constexpr Wording FlightsAndVictories{4067, "$1, $2"};
+inline constexpr Wording FlewToTheEnd    {4068, "From $1 to the end"}; // date
+inline constexpr Wording FlewUntil       {4069, "From $1 until he fell on $2"}; // dates
+inline constexpr Wording PlaceOfAce      {4070, "Place $1 among the aces of the war"};
+inline constexpr Wording PlaceOfPilot    {4071, "Place $1 among the pilots of the war"};
+inline constexpr Wording BeforeHim       {4072, "Before him: $1, who fell with $2"}; // name, victories
+inline constexpr Wording SeveralBeforeHim{4073, "Before him $1 fell, the last of them $2"}; // number, name
+inline constexpr Wording BoardPlace      {4074, "$1."};
+inline constexpr Wording OnBoard[] = { // the living, the dead, the player, the player if he is dead; name
+    {4075, "$1"},
+    {4076, "$1 RIP"},
+    {4077, "$1 (you!)"},
+    {4078, "$1 (you!) RIP"},
+};
+inline constexpr Wording BoardLine       {4079, "$1 $2: $3"}; // place, name, victories
+inline constexpr Wording BoardLineReal   {4080, "$1 $2: $3, in the real war $4"};
+
+} // namespace wording
+// clang-format on
