@@ -31,7 +31,7 @@ OVERLAYS = [
     office.over_notice, office.over_help, office.over_careers, office.over_pages, flying.over_hub, flying.over_roster, flying.over_aces,
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
     book.over_logbook, book.over_where,
-    record.over_diary, record.over_record, record.over_citation,
+    record.over_diary, record.over_record, record.over_citation, record.over_fallen, record.over_war_over,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
@@ -110,6 +110,8 @@ def pictures():
         'stamp_fallen': lambda: whole(book_stamp('FALLEN', RED, 136, 21), 'stamp_fallen'),
         'map_off': lambda: whole(shade_off(), 'map_off'),
         'portraits': record.portraits,
+        'portraits_mourned': record.portraits_mourned,
+        'own_row': lambda: whole(record.own_row(), 'own_row'),
         'ribbons': record.ribbons,
         'rosette': lambda: whole(record.rosette(), 'rosette'),
         'medals': record.medals,

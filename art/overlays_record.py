@@ -1,15 +1,18 @@
-"""The papers of the diary, the record of service and the letters, and the strip of the war."""
+"""The papers of the diary, the record of service, the letters and the end of the war; the strip of the war."""
+import numpy as np
+
 from aeroplane import photograph
+from holders import silk_ribbon
 from lettering import HEAD, ink, put
 from medals import medal, medal_case, metal_star, ribbon
 from outlines import fill, path, stroke, vector
 from overlays_flying import LETTERHEAD, sign_letter
-from pixels import empty, lay, over, rgb
+from pixels import bump, empty, grid, lay, mix, over, rgb, smooth, with_alpha
 from portraits import portrait
-from props import emblem_layer, pin
-from sheets import H, INK, LEDGER, LETTER, W, book_page, lay_turned, office_sheet, open_book, rules
+from props import emblem, emblem_layer, pin, wax_seal
+from sheets import CARD, H, INK, LEDGER, LETTER, W, book_page, framed_board, lay_turned, office_sheet, open_book, rules
 from tallies import balloon, plan_view
-from textures import crease, leather, paper
+from textures import crease, foil, leather, paper, pressed
 
 # -- the war as a strip
 
@@ -91,7 +94,7 @@ def over_record():
     """A form with a case for five decorations across it."""
     ov = office_sheet(32, 20, 960, 648, 83, fold=.42)
     lay(ov, medal_case(CASE[2], CASE[3]), CASE[0], CASE[1], 3, 4, 4, .5)
-    rules(ov, 64, 556, 896)
+    rules(ov, 64, 551, 896)
     return ov
 
 
@@ -110,14 +113,20 @@ def portraits():
 # -- letters
 
 
-def letter_sheet(ov):
-    """A letter at the left."""
-    sheet = paper(640, 648, 82, base=LETTER, edge='#C7B07E', fibre=.8, rough=.8)
+def letter_sheet(ov, black=False):
+    """A letter at the left, in a black border if somebody has died."""
+    sheet = paper(640, 648, 84 if black else 82, base=LETTER, edge='#C7B07E', fibre=.8, rough=.8)
     crease(sheet, y=216, strength=.05, seed=2)
     crease(sheet, y=432, strength=.05, seed=3)
     lay(ov, sheet, 36, 20)
-    over(ov, ink(emblem_layer(300, 100, .9, LETTERHEAD), 4, .2), 206, 34)
-    rules(ov, 196, 146, 320, LETTERHEAD, 3, 1.2, .8)
+    color = '#26221E' if black else LETTERHEAD
+    over(ov, ink(emblem_layer(300, 100, .9, color), 4, .2), 206, 34)
+    rules(ov, 196, 146, 320, color, 3, 1.2, .8)
+    if black:
+        def border(c):
+            c.rectangle(44, 28, 624, 632)
+            stroke(c, '#1C1916', 7, .9)
+        over(ov, ink(vector(W, H, border), 6, .15, 5))
 
     def shifted(c):
         c.translate(-26, 10)
@@ -133,6 +142,76 @@ def over_citation():
     lay_turned(ov, photograph(236, 170, 55, [machine]), -5, 738, 470)
     letter_sheet(ov)
     return ov
+
+
+def over_fallen():
+    """A letter in a black border, its envelope, and a card; the photograph lies over it."""
+    ov = empty(W, H)
+    envelope = paper(420, 250, 81, base='#DDD2B8', rough=.5)
+
+    def flap(c):
+        c.rectangle(5, 5, 410, 240)
+        stroke(c, '#1C1916', 9, .88)
+        c.move_to(0, 0)
+        c.line_to(210, 150)
+        c.line_to(420, 0)
+        stroke(c, '#4A4032', 1.4, .6)
+    over(envelope, vector(420, 250, flap))
+    lay(envelope, wax_seal(28, color='#1E1A18'), 170, 112, 1, 2, 2, .5)
+    lay_turned(ov, envelope, -8, 640, 250, 5, 7, 7, .6)
+    lay(ov, paper(312, 164, 36, base=CARD, rough=.6), 692, 504, 4, 6, 6, .6)
+    rules(ov, 712, 544, 272)
+    over(ov, pin(), 838, 494)
+    letter_sheet(ov, True)
+    return ov
+
+
+def portraits_mourned():
+    """A photograph with a black ribbon for each service: mourned_english and so on."""
+    def draw(kind):
+        photo = portrait(204, 252, 5 + PORTRAITS.index(kind), kind)
+        x, y = grid(204, 252)
+        band = smooth(12 - np.abs(x + y - 380), 0, 1.5)
+        photo[..., :3] = mix(photo[..., :3], rgb('#171412') * (1 + .25 * bump(x + y - 376, 5))[..., None], band * .94)
+        layer = empty(240, 284)
+        lay_turned(layer, photo, 4, 16, 14, 5, 7, 7, .6)
+        return layer
+    return row_of('mourned', PORTRAITS, draw)
+
+
+def over_war_over():
+    """A board in gold for the aces of the war, and a sheet for what remains of a career."""
+    ov = empty(W, H)
+    w, h = 536, 656
+    board = framed_board(w, h, 34)
+
+    def draw(c):
+        c.rectangle(48, 48, w - 96, h - 96)
+        stroke(c, '#FFFFFF', 1.6)
+        emblem(c, w / 2, 86, .66)
+    gold = vector(w, h, draw)[..., 3]
+    pressed(board, gold, .4)
+    over(board, foil(gold, 6))
+    lay(ov, with_alpha(board, np.ones((h, w), np.float32)), 472, 14, 7, 10, 10, .65)
+    sheet = paper(420, 648, 58, base='#E8DFC4', rough=.8)
+    crease(sheet, y=324, strength=.05, seed=4)
+    lay(ov, sheet, 28, 20, 5, 7, 7, .6)
+    over(ov, ink(emblem_layer(190, 76, .8, INK), 9, .3), 143, 34)
+    rules(ov, 56, 160, 364)
+    rules(ov, 56, 424, 364)
+    return ov
+
+
+def own_row():
+    """The gold rules above and below the player's row, and a silk ribbon that hangs over the frame."""
+    w, h = 456, 46
+
+    def draw(c):
+        for y in (6, 40):
+            c.rectangle(42, y - 1, w - 44, 2)
+        fill(c, '#FFFFFF')
+    layer = foil(vector(w, h, draw)[..., 3], 6)
+    return over(layer, silk_ribbon(22, 15), 0, 15)
 
 
 # -- small things, several in a picture

@@ -23,6 +23,7 @@
 #include "app/screens/MenuGameCitation.h"
 #include "app/screens/MenuGameCombatReport.h"
 #include "app/screens/MenuGameDiary.h"
+#include "app/screens/MenuGameFallen.h"
 #include "app/screens/MenuGameFinishMission.h"
 #include "app/screens/MenuGameInvite.h"
 #include "app/screens/MenuGameLogbook.h"
@@ -31,6 +32,7 @@
 #include "app/screens/MenuGameStartMission.h"
 #include "app/screens/MenuGameTopAces.h"
 #include "app/screens/MenuGameViewSquadron.h"
+#include "app/screens/MenuGameWarOver.h"
 #include "app/screens/MenuGameWhere.h"
 #include "app/screens/MenuMain.h"
 #include "app/screens/MenuNewCareer.h"
@@ -179,10 +181,12 @@ void ZelApp::initMenus() {
     addScreen<MenuGameInvite>();
     addScreen<MenuConfiguration>();
     citations() = std::make_unique<CitationPile>(*record());
-    addScreen<MenuGameAdvance>(*citations());
+    addScreen<MenuGameAdvance>(*citations(), *reportPages());
+    addScreen<MenuGameFallen>(*record(), *citations(), *drawer());
     addScreen<MenuGameCitation>(*citations());
     addScreen<MenuGameDiary>(*record());
-    addScreen<MenuGameRecord>(*record());
+    addScreen<MenuGameRecord>(*record(), *citations());
+    addScreen<MenuGameWarOver>(*record());
     addScreen<MenuNotificationInstallDir>();
     addScreen<MenuBlackScreen>();
     addScreen<MenuNotificationRepair>();

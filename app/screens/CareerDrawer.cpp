@@ -40,7 +40,19 @@ zel::String CareerDrawer::open() {
         return "BlackScreen";
     const bool isRepaired =
         career.repairs.any() && MenuNotification::isPage("MenuNotificationRepair");
-    return isRepaired ? "MenuNotificationRepair" : "MenuGameMain";
+    if (isRepaired)
+        return "MenuNotificationRepair";
+    return closedWith() >= 0 || career.player().alive == 0 ? "MenuGameFallen" : "MenuGameMain";
+}
+
+bool CareerDrawer::close(int32_t fallen) { return note(shelf.close(fallen)); }
+
+int32_t CareerDrawer::closedWith() const {
+    const Closing closing = shelf.closing();
+    const bool isClosed = closing.successor == career.playerPilot &&
+                          closing.date == career.calendar().dateNumber() &&
+                          career.isPilot(closing.fallen);
+    return isClosed ? closing.fallen : -1;
 }
 
 bool CareerDrawer::putAway() {

@@ -26,10 +26,18 @@ public:
         return chosen < books.size() ? &books[chosen] : nullptr;
     }
 
-    /// Takes up the chosen book and loads it. Returns the screen that follows: the office, or the
-    /// page about a repair or a career that can't be loaded. On error: the drawer itself, and
-    /// trouble() says why; all books are where they were.
+    /// Takes up the chosen book and loads it. Returns the screen that follows: the office,
+    /// the letter about a fallen pilot whom nobody follows yet, or the page about a repair or a
+    /// career that can't be loaded. On error: the drawer itself, and trouble() says why; all books
+    /// are where they were.
     zel::String open();
+    /// Closes the book of the career in memory with that pilot, who has fallen: it goes to the
+    /// shelf. REQUIRES: it is saved. On error: false, and trouble() says why.
+    bool close(int32_t fallen);
+    /// The pilot with whom the current book was closed; -1 if it is open.
+    int32_t closedWith() const;
+    /// The player goes on with the successor: the book is open.
+    void reopen() { note(shelf.reopen()); }
     /// Puts the chosen book away, and reads the others. On error: false, and trouble() says why.
     bool putAway();
     /// Makes that page of the chosen book its present save. On error: as putAway().

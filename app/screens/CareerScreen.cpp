@@ -8,6 +8,8 @@
 #include "app/screens/MenuNotification.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/menu/widgets/Widget.h"
 
 namespace {
 
@@ -57,6 +59,20 @@ void CareerScreen::showSquadron() {
     setText("airport", baseText(*career));
     if (const zel::String name = squadronText(*career); !name.empty())
         setText("squadron", name);
+}
+
+void CareerScreen::showImage(const zel::String& name, const zel::String& imageName) {
+    zel::Widget* widget = getWidget(name);
+    if (widget == nullptr)
+        return;
+    const zel::Image* image =
+        imageName.empty() ? nullptr : zel::ImageHandler::getInstance().getImage(imageName);
+    widget->setVisible(image != nullptr);
+    widget->setActive(false);
+    if (image == nullptr)
+        return;
+    for (int32_t look = 0; look < zel::LookCount; ++look)
+        widget->setImage(static_cast<zel::WidgetLook>(look), image);
 }
 
 void CareerScreen::showLines(const char* prefix, const std::vector<zel::String>& lines) {

@@ -7,21 +7,35 @@
 class CareerRecord;
 class Database;
 
-/// The letters that wait after a period of the war, each of which is shown once.
+/// What waits for the player after a period of the war: the letter about his pilot who fell, then
+/// those that bring a rank or a decoration, each of which is shown once, and at last the diary or
+/// the end of the war.
 class CitationPile {
 public:
     /// REQUIRES: the record outlives it.
     explicit CitationPile(CareerRecord& record) : record(record) {}
 
-    /// Gathers what the player was given since the last flight and hasn't been shown.
-    void gather(const Database& career);
+    /// Gathers what the player was given since the last flight and hasn't been shown. newlyFallen:
+    /// the player's pilot who fell meanwhile, or -1.
+    void gather(const Database& career, int32_t newlyFallen = -1);
+    /// The pilot whose letter is to be shown; -1 for none.
+    int32_t fallen() const { return fallenPilot; }
+    void forgetFallen() { fallenPilot = -1; }
     bool empty() const { return waiting.empty(); }
+    /// The screen of what is next.
+    const char* next(const Database& career) const;
+    /// The player looks something up between two citations: back() leads to the next one, once.
+    void lookUp() { isInterrupted = true; }
+    /// Where the screen on which he looks leads back to; null for where it always does.
+    const char* back(const Database& career);
     /// Takes the next one. REQUIRES: !empty().
     Citation take();
 
 private:
     CareerRecord& record;
     std::deque<Citation> waiting;
+    int32_t fallenPilot = -1;
+    bool isInterrupted = false;
     int32_t careerNumber = -1; // of the career that was gathered for last, and its pilot and day
     int32_t pilot = -1;
     int32_t date = 0;

@@ -3,6 +3,7 @@
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/screens/CitationPile.h"
+#include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -16,7 +17,9 @@ void MenuGameAdvance::onEntered() {
 void MenuGameAdvance::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (widget->getName() != "menuButton1")
         return;
-    if (const Database* career = runningCareer())
-        pile.gather(*career);
-    setTransition(pile.empty() ? "MenuGameDiary" : "MenuGameCitation");
+    const Database* career = runningCareer();
+    if (career == nullptr)
+        return setTransition("MenuGameDiary");
+    pile.gather(*career, pages.takeFallen());
+    setTransition(pile.next(*career));
 }

@@ -3,7 +3,8 @@
 #include "app/screens/CareerScreen.h"
 #include "app/screens/CitationPile.h"
 
-/// A letter for a rank or a decoration: those that wait, one after the other, and then the diary.
+/// A letter for a rank or a decoration: those that wait, one after the other, and then the diary
+/// or the end of the war.
 class MenuGameCitation : public CareerScreen {
 public:
     /// REQUIRES: the pile outlives the screen.

@@ -1,5 +1,8 @@
 #include "app/screens/MenuGameDiary.h"
 
+#include <algorithm>
+
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
 #include "engine/core/Log.h"
@@ -16,6 +19,7 @@ constexpr int32_t FrontRows = 6;
 constexpr int32_t RealRows = 4;
 constexpr int32_t SquadronSpace = 14;
 constexpr int32_t OtherSpace = 10;
+constexpr int32_t CloseSpace = 6;
 constexpr int32_t TallestRow = 200;
 constexpr int32_t SignLift = 2; // of a sign above the top of its text
 
@@ -29,18 +33,50 @@ void MenuGameDiary::onEnter() {
     if (career == nullptr)
         return;
     SqliteFile& tables = record.read(*career);
-    const Diary diary = readDiary(tables, *career);
+    Diary diary = readDiary(tables, *career);
     if (tables.failed())
         zel::log("The diary lacks what the record of the war has: " + tables.problem(), "Book",
                  zel::LogWarning);
     setText("date", daysText(diary.from, diary.until));
     showLines("entry", diary.squadron, EntryRows, SquadronSpace);
     showLines("news", diary.front, FrontRows, OtherSpace);
-    showLines("real", diary.real, RealRows, OtherSpace);
+    int32_t space = OtherSpace;
+    fitReal(diary.real, space);
+    showLines("real", diary.real, RealRows, space);
     setText("count", flightOfText(diary.war, diary.war.flown == 0));
     setText("rest", servedText(diary.war));
     strip.show(*menu, "strip", "strip_diary", diary.war);
     setActive("strip", false); // it is no button
+    zel::Widget* onward = getWidget("menuButton1");
+    if (onward != nullptr && isWarOver(*career))
+        onward->setTransition("MenuGameWarOver");
+}
+
+/// Brings the lines together, or leaves out the least important ones, until they fit on the paper.
+/// Their list would scroll, but a line that is cut looks like a fault.
+void MenuGameDiary::fitReal(std::vector<DiaryLine>& lines, int32_t& space) {
+    zel::TextArea* row = menu->getTextArea("real.row1");
+    const zel::Widget* area = getWidget("real");
+    if (row == nullptr || area == nullptr)
+        return;
+    const zel::PixelRect rect = row->getBounds().rect;
+    const zel::PixelRect paper = area->getBounds().rect;
+    const auto doFit = [&] {
+        int32_t bottom = rect.y - space;
+        for (const DiaryLine& line : lines) {
+            row->setRect({rect.x, rect.y, rect.width, TallestRow});
+            row->setText(line.text);
+            bottom += space + row->getLabel().height();
+        }
+        return bottom <= paper.y + paper.height;
+    };
+    if (!doFit())
+        space = CloseSpace;
+    while (lines.size() > 1 && !doFit())
+        lines.erase(std::min_element(
+            lines.begin(), lines.end(),
+            [](const DiaryLine& a, const DiaryLine& b) { return a.weight < b.weight; }));
+    row->setRect(rect);
 }
 
 void MenuGameDiary::showLines(const char* area, const std::vector<DiaryLine>& lines, int32_t most,

@@ -7,7 +7,8 @@
 class CareerRecord;
 
 /// The squadron diary: what happened since the last flight. It comes after each report, once the
-/// war has moved on, and from the office.
+/// war has moved on, and from the office. After the war it leads
+/// to its end.
 class MenuGameDiary : public CareerScreen {
 public:
     /// REQUIRES: the record outlives the screen.
@@ -16,6 +17,7 @@ public:
     void onEnter() override;
 
 private:
+    void fitReal(std::vector<DiaryLine>& lines, int32_t& space);
     /// Puts each line below the one before, as high as its text, and hides the rows that are left.
     void showLines(const char* area, const std::vector<DiaryLine>& lines, int32_t most,
                    int32_t space);

@@ -4,26 +4,22 @@
 
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
-#include "app/book/WebPage.h"
+#include "app/book/PilotRecord.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
+#include "app/screens/BookPage.h"
 #include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/Log.h"
-#include "engine/core/System.h"
-#include "engine/core/UserDirectory.h"
-#include "engine/core/WholeFile.h"
 #include "engine/menu/Menu.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
-#include "engine/window/Window.h"
 
 namespace {
 
 constexpr int32_t RowsPerPage = 14;
 constexpr size_t TotalLetters = 44;
-constexpr const char* WebPageFile = "logbook.html";
 constexpr uint32_t Ink = 0xFF2A1E12;
 constexpr uint32_t VictoryInk = 0xFF23406B;
 constexpr uint32_t FallInk = 0xFF8E1F17;
@@ -66,18 +62,23 @@ void MenuGameLogbook::readBook() {
         if (book.endsPilot(i))
             lines.push_back({i, true});
     }
-    showName(zel::arrayText(career->player().name));
+    showName(readPilot(tables, *career, career->playerPilot));
     setText("totalLeft", flightsText(book));
     setText("totalRight", victoriesText(book, TotalLetters));
 }
 
-void MenuGameLogbook::showName(const zel::String& text) {
+/// With the short rank if it doesn't fit, and then in the narrow type.
+void MenuGameLogbook::showName(const PilotRecord& pilot) {
     zel::TextArea* name = menu->getTextArea("name");
+    const zel::Widget* wide = getWidget("wideRow");
     const zel::Widget* narrow = getWidget("narrowRow");
-    if (name == nullptr)
+    if (name == nullptr || wide == nullptr || narrow == nullptr)
         return;
-    name->setText(text);
-    if (narrow != nullptr && name->getLabel().isCut())
+    name->setFont(wide->getFont());
+    name->setText(titleOf(pilot.honours, pilot.name));
+    if (name->getLabel().isCut())
+        name->setText(shortTitleOf(pilot.honours, pilot.name));
+    if (name->getLabel().isCut())
         name->setFont(narrow->getFont());
 }
 
@@ -153,7 +154,8 @@ void MenuGameLogbook::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     const zel::String name = widget->getName();
     if (name == "webPage") {
         widget->reset();
-        writePage();
+        if (const Database* career = runningCareer())
+            setText("note", writeBookPage(record, *career));
         return;
     }
     if (name == "earlier" || name == "later") {
@@ -170,27 +172,6 @@ void MenuGameLogbook::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
         isComingBack = true;
         setTransition("MenuGameCombatReport");
     }
-}
-
-/// In the player's folder, since the career may have none of its own yet.
-void MenuGameLogbook::writePage() {
-    const Database* career = runningCareer();
-    if (career == nullptr)
-        return;
-    const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + WebPageFile);
-    const WebPage page = webPageOf(record.read(*career), *career);
-    if (page.html.empty()) {
-        zel::log(page.problem, "MenuGameLogbook", zel::LogWarning);
-        setText("note", textOf(wording::PageNotWritten, {}));
-        return;
-    }
-    if (const zel::FileFault fault = zel::writeFileWhole(file, page.html);
-        fault != zel::FileFault::None) {
-        setText("note", textOf(wording::PageNotWritten, {faultSentence(fault)}));
-        return;
-    }
-    setText("note", textOf(wording::PageIsWritten, {zel::system::shownText(file)}));
-    zel::Window::openFile(file);
 }
 
 void MenuGameLogbook::onKey(const zel::KeyPress& key) {

@@ -6,6 +6,7 @@
 #include "app/screens/CareerScreen.h"
 
 class CareerRecord;
+struct PilotRecord;
 class ReportPages;
 
 /// The flying log book, fourteen rows a page. It opens at the last page; a row leads to the report
@@ -29,8 +30,7 @@ private:
     };
 
     void readBook();
-    void writePage();
-    void showName(const zel::String& text);
+    void showName(const PilotRecord& pilot);
     int32_t pageCount() const;
     void showPage(int32_t page); // from 1 on, clamped
     void showRow(int32_t row, const Line* line);

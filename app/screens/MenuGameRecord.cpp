@@ -9,8 +9,9 @@
 #include "app/career/Database.h"
 #include "app/career/Nation.h"
 #include "app/record/CareerRecord.h"
+#include "app/screens/BookPage.h"
+#include "app/screens/CitationPile.h"
 #include "engine/core/Log.h"
-#include "engine/graphics/ImageHandler.h"
 #include "engine/menu/Menu.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -62,6 +63,26 @@ void MenuGameRecord::onEnter() {
     showRibbons(pilot.honours);
     showCase(pilot.honours);
     showVictories(pilot);
+    setText("note", "");
+    setActive("webPage", !pilot.flights.empty());
+    showWayBack(*career);
+}
+
+/// To the next citation if one has led here. The log book leads to the office, and would pass over
+/// those that wait.
+void MenuGameRecord::showWayBack(const Database& career) {
+    const char* back = pile.back(career);
+    setVisible("logbook", back == nullptr);
+    if (zel::Widget* plate = getWidget("menuBack"))
+        plate->setTransition(back == nullptr ? "MenuGameMain" : back);
+}
+
+void MenuGameRecord::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    const Database* career = runningCareer();
+    if (widget->getName() != "webPage" || career == nullptr)
+        return;
+    widget->reset();
+    setText("note", writeBookPage(record, *career));
 }
 
 /// The newest ones.
@@ -133,18 +154,4 @@ void MenuGameRecord::showVictories(const PilotRecord& pilot) {
                        int32_t(i) / rows.perRow * rows.height);
     }
     victories.show(*menu, "victories");
-}
-
-void MenuGameRecord::showImage(const zel::String& name, const zel::String& imageName) {
-    zel::Widget* widget = getWidget(name);
-    if (widget == nullptr)
-        return;
-    const zel::Image* image =
-        imageName.empty() ? nullptr : zel::ImageHandler::getInstance().getImage(imageName);
-    widget->setVisible(image != nullptr);
-    widget->setActive(false);
-    if (image == nullptr)
-        return;
-    for (int32_t look = 0; look < zel::LookCount; ++look)
-        widget->setImage(static_cast<zel::WidgetLook>(look), image);
 }

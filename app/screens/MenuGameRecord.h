@@ -5,24 +5,28 @@
 #include "app/screens/MadePicture.h"
 
 class CareerRecord;
+class CitationPile;
+class Database;
 
-/// The player's record of service: ranks, decorations, and a machine for each victory.
+/// The player's record of service: ranks, decorations, and a machine for each
+/// victory. Back leads to the next citation if one has led here.
 class MenuGameRecord : public CareerScreen {
 public:
-    /// REQUIRES: the record outlives the screen.
-    explicit MenuGameRecord(CareerRecord& record)
-        : CareerScreen("MenuGameRecord"), record(record) {}
+    /// REQUIRES: both outlive the screen.
+    MenuGameRecord(CareerRecord& record, CitationPile& pile)
+        : CareerScreen("MenuGameRecord"), record(record), pile(pile) {}
 
     void onEnter() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 private:
+    void showWayBack(const Database& career);
     void showRanks(const Honours& honours);
     void showRibbons(const Honours& honours);
     void showCase(const Honours& honours);
     void showVictories(const PilotRecord& pilot);
-    /// Shows the image in the widget; hides it without one.
-    void showImage(const zel::String& name, const zel::String& imageName);
 
     CareerRecord& record;
+    CitationPile& pile;
     MadePicture victories;
 };

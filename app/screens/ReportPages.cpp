@@ -69,6 +69,8 @@ void ReportPages::endDay() {
     if (career == nullptr)
         return;
     hasReport = false;
+    const int32_t pilot = career->playerPilot;
     const WarProgress progress;
     advanceWar(*career, &flight.generator());
+    fallen = career->pilot(pilot).alive == 0 ? pilot : -1;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 
 #include "app/book/RecordedFlight.h"
 #include "app/book/Theatre.h"
@@ -34,6 +35,9 @@ public:
 
     /// The player leaves the flight of the day: the war moves on.
     void endDay();
+    /// The player's pilot who fell on the day that ended last; -1 for nobody, and from the second
+    /// call on.
+    int32_t takeFallen() { return std::exchange(fallen, -1); }
 
 private:
     Flight& flight;
@@ -41,4 +45,5 @@ private:
     int32_t chosen = 0;
     std::vector<PilotReport> reports; // of the day's flight
     bool hasReport = false;
+    int32_t fallen = -1;
 };

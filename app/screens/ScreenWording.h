@@ -17,6 +17,7 @@ inline constexpr Wording LookedForLog    {922, "Last look for the log at $1. The
 inline constexpr Wording PointerElsewhere{923, "Put the pointer on this window. Wingtally looks for the log only while it is there."};
 inline constexpr Wording KeyboardElsewhere{924, "Click into this window. Wingtally looks for the log only while it has the keyboard."};
 inline constexpr Wording GoOn            {1001, "Continue"};
+inline constexpr Wording GoOnWithHim     {4028, "Go On with Him"};
 inline constexpr Wording SheetOf         {1018, "$1 of $2"}; // which, how many
 inline constexpr Wording PageIsWritten   {3940, "The page is written: $1"}; // its path
 inline constexpr Wording PageNotWritten  {3941, "The page could not be written. $1"};

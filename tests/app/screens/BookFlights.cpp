@@ -6,6 +6,7 @@
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
 #include "app/career/Nation.h"
+#include "app/career/PilotReport.h"
 
 namespace {
 
@@ -101,4 +102,30 @@ void addFlightsToBook(Database& career, int32_t count) {
     career.year = today.getYear();
     career.month = today.getMonth();
     career.day = today.getDay();
+}
+
+void addFallToBook(Database& career) {
+    int32_t foe = 0;
+    while (career.squadron(career.pilot(foe).squadron).nation != Germany)
+        ++foe;
+    FlownMission flight;
+    flight.log = "none";
+    const std::string names[] = {std::string(zel::arrayText(career.player().name)),
+                                 std::string(zel::arrayText(career.pilot(foe).name))};
+    addPlane(flight, career.playerPilot, names[0].c_str(), England, "se5a");
+    addPlane(flight, foe, names[1].c_str(), Germany, "fokkerdr1");
+    for (const int32_t mate : career.squadronRoster(career.player().squadron))
+        if (mate != career.playerPilot)
+            addPlane(flight, mate, career.pilot(mate).name, England, "se5a");
+    for (FlightPlane& plane : flight.plan)
+        plane.squadron = career.pilot(plane.pilot).squadron;
+    PilotReport& own = flight.reports[0];
+    own.shotDown = own.dead = own.shotdownBy = 1;
+    flight.reports[1].kills = {0};
+    flight.events.push_back(
+        eventAt(career.playerSquadron(), FlightEventKind::Kill, 420, 1, 0, 2000, 3000));
+    flight.fates.resize(flight.reports.size());
+    flight.causes.resize(flight.reports.size());
+    career.observer->onFlight(career, flight);
+    applyReports(flight.reports, career, true);
 }

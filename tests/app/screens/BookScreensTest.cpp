@@ -85,6 +85,53 @@ TEST_F(BookScreens, OpensAFlightAgain) {
     EXPECT_GT(date(), before);
 }
 
+/// From the office to the letter about him.
+class FallenScreens : public BookScreens {
+protected:
+    void fall() {
+        name = Database::instance()->player().name;
+        standin::FlightOptions flight;
+        flight.killPlayer = true;
+        ASSERT_TRUE(driver.takeOff() && driver.fly(flight));
+        const InFront player;
+        driver.look();
+        ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
+        ASSERT_TRUE(driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameFallen"));
+        EXPECT_NE(driver.text("line2").find(name), std::string::npos);
+        EXPECT_NE(driver.text("line2").find("with us"), std::string::npos);
+        successor = Database::instance()->player().name;
+        EXPECT_NE(driver.text("next").find(successor), std::string::npos);
+    }
+    std::string name, successor;
+};
+
+TEST_F(FallenScreens, LeadToTheSuccessor) {
+    fall();
+    EXPECT_NE(name, successor);
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
+    EXPECT_NE(driver.text("pilot").find(successor), std::string::npos);
+    ASSERT_TRUE(driver.takeOff());
+    ASSERT_TRUE(driver.walk("menuButton4>MenuGameCombatReport menuButton1>MenuGameAdvance"));
+    driver.screens->menu().hitWidget("menuButton1");
+    EXPECT_TRUE(driver.screens->untilIdle("MenuGameDiary")) << "one letter a fall";
+}
+
+TEST_F(FallenScreens, CloseTheBookAndOpenItAgain) {
+    fall();
+    ASSERT_TRUE(driver.walk("close>MenuCareers"));
+    EXPECT_EQ(driver.text("name"), name) << "not the successor's book";
+    EXPECT_TRUE(driver.widget("fallen")->isVisible());
+    const std::string folder = "user/Careers/0001 " + name + "/";
+    const std::string save = home.folder.read(folder + "savegame_v03.wty");
+    EXPECT_EQ(home.save(), "");
+    EXPECT_FALSE(home.folder.read(folder + "record.db").empty());
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameFallen"));
+    EXPECT_EQ(home.save(), save) << "whole, as it was closed";
+    EXPECT_NE(driver.text("line2").find(name), std::string::npos);
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain menuButton2>MenuGameMain"));
+    EXPECT_EQ(Database::instance()->player().name, successor) << "the book is open";
+}
+
 // The war moves on once, by whichever page the player leaves.
 TEST_F(BookScreens, SketchesTheFlightOfTheDay) {
     for (const char* way : {"where>MenuGameWhere menuButton1>MenuGameAdvance",

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/mission/Configuration.h"
 #include "app/mission/DailyMission.h"
@@ -86,7 +87,7 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
         return testing::AssertionFailure() << from << " shows no " << name;
     const zel::PixelRect pressed = widget(name)->getBounds().currentRect();
     press(name, how);
-    const bool isThere = screens->untilIdle(target.c_str()) || readCitations(target);
+    const bool isThere = screens->untilIdle(target.c_str()) || readLetters(target);
     if (!isThere)
         return testing::AssertionFailure()
                << name << " of " << from << " leads to " << state() << ", not to " << target;
@@ -96,10 +97,12 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
     return testing::AssertionSuccess();
 }
 
-bool CareerDriver::readCitations(const std::string& target) {
+bool CareerDriver::readLetters(const std::string& target) {
     constexpr int32_t MostLetters = 9;
-    for (int32_t i = 0; i < MostLetters && state() == "MenuGameCitation"; ++i) {
-        press("menuButton1", How::Name);
+    for (int32_t i = 0; i < MostLetters; ++i) {
+        if (state() != "MenuGameCitation" && state() != "MenuGameFallen")
+            break;
+        press(widget("menuButton1")->isVisible() ? "menuButton1" : "close", How::Name);
         screens->untilIdle(target.c_str());
     }
     return state() == target;
@@ -200,7 +203,12 @@ testing::AssertionResult CareerDriver::comeBack() {
 }
 
 testing::AssertionResult CareerDriver::closeReport() {
-    return walk("menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain");
+    const auto result = go("menuButton1", "MenuGameAdvance");
+    const Database& career = *Database::instance();
+    const bool isOver = career.hasCareer() && isWarOver(career);
+    return !result ? result
+                   : walk(isOver ? "menuButton1>MenuGameWarOver menuBack>MenuGameMain"
+                                 : "menuButton1>MenuGameDiary menuButton1>MenuGameMain");
 }
 
 Picture CareerDriver::shot() {

@@ -37,7 +37,7 @@ public:
 
     /// Presses the widget and waits for the state; the message reports what failed. The new screen
     /// must have no plate that ends the program, or puts a career away, where the widget was:
-    /// players press twice. Citations on the way are read.
+    /// players press twice. Letters on the way are read, and the player goes on with a successor.
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
     /// Steps "widget>State", separated by blanks; "widget" alone stays on the screen and must
@@ -57,7 +57,7 @@ public:
     void look();
     /// From the waiting page over the report to the squadron office.
     testing::AssertionResult comeBack();
-    /// From the report over the war diary to the squadron office.
+    /// From the report over the war diary, or the end of the war, to the squadron office.
     testing::AssertionResult closeReport();
 
     /// What the window shows, with the pointer out of the way.
@@ -74,7 +74,7 @@ private:
     void press(const std::string& widget, How how);
     std::string allTexts() const;
     /// Reads the letters that may come before that page; false if they lead elsewhere.
-    bool readCitations(const std::string& target);
+    bool readLetters(const std::string& target);
     /// The plate that ends the program or puts a career away and shares a pixel with that place;
     /// empty for none.
     std::string endAt(const zel::PixelRect& place) const;

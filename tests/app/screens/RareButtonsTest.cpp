@@ -9,6 +9,7 @@
 #include "engine/window/Window.h"
 #include "tests/app/screens/BookFlights.h"
 #include "tests/app/screens/CareerDriver.h"
+#include "tests/support/HandMade.h"
 
 namespace {
 
@@ -37,6 +38,15 @@ void fillBook(CareerDriver& /*driver*/) {
     addFlightsToBook(*Database::instance(), 28);
 }
 
+/// Before the page on which the war moves on.
+void fall(CareerDriver& driver) {
+    standin::FlightOptions flight;
+    flight.killPlayer = true;
+    EXPECT_TRUE(driver.takeOff() && driver.fly(flight));
+    driver.look();
+    EXPECT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
+}
+
 /// What has come, and the steps from there.
 struct Passage {
     void (*prepare)(CareerDriver& driver);
@@ -50,7 +60,16 @@ constexpr Passage Passages[] = {
                  "where>MenuGameWhere menuBack>MenuGameCombatReport where>MenuGameWhere "
                  "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain"},
     {fillBook, "logbook>MenuGameLogbook webPage earlier later left3>MenuGameCombatReport "
-               "where>MenuGameWhere menuButton1>MenuGameLogbook menuBack>MenuGameMain"},
+               "where>MenuGameWhere menuButton1>MenuGameLogbook menuBack>MenuGameMain "
+               "record>MenuGameRecord webPage menuBack>MenuGameMain"},
+    {fall, "menuButton1>MenuGameAdvance menuButton1>MenuGameFallen menuButton1>MenuGameDiary "
+           "menuButton1>MenuGameMain"},
+    {fall, "menuButton1>MenuGameAdvance menuButton1>MenuGameFallen close>MenuCareers "
+           "menuButton1>MenuGameFallen menuButton1>MenuGameMain"},
+    {[](CareerDriver&) { setDate(*Database::instance(), 1918, 11, 11); },
+     "diary>MenuGameDiary menuButton1>MenuGameWarOver webPage logbook>MenuGameLogbook "
+     "menuBack>MenuGameMain diary>MenuGameDiary menuButton1>MenuGameWarOver "
+     "menuBack>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
      "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationSave"); },

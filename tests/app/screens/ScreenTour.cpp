@@ -99,7 +99,7 @@ public:
                follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
                follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(80) &&
                follow(ToTheFullBook) && serve() && endWar() && turnTo("MenuGameMain") &&
-               follow(ToTheEnd) && drawer() && follow(ThroughTheSettings) && notices();
+               follow(ToTheEnd) && endWays() && drawer() && follow(ThroughTheSettings) && notices();
     }
 
 private:
@@ -237,6 +237,40 @@ private:
     static bool endWar() {
         setDate(*Database::instance(), 1918, 11, 11);
         return true;
+    }
+
+    /// The end of the war as it finds the player, and the letter about him.
+    bool endWays() {
+        Database& career = *Database::instance();
+        if (!follow("menuButton2>MenuGameMain") || !go("MenuGameWarOver"))
+            return false;
+        setDay(career, 87);
+        return fall() && endWithSuccessor() && turnTo("MenuMain");
+    }
+    /// He falls in a fight; the letter, and the war's end before anybody has flown in his place.
+    bool fall() {
+        Database& career = *Database::instance();
+        addFallToBook(career);
+        if (!turnTo("MenuGameCombatReport") || !driver.walk("menuButton1>MenuGameAdvance") ||
+            !driver.screens->menu().hitWidget("menuButton1") ||
+            !driver.screens->untilIdle("MenuGameFallen"))
+            return false;
+        visit("MenuGameFallen");
+        return driver.walk("menuButton1>MenuGameDiary menuButton1>MenuGameMain") && endWar() &&
+               go("MenuGameWarOver", "_Fallen");
+    }
+    /// His successor's war ends with some victories, with none, and with his death.
+    bool endWithSuccessor() {
+        Pilot& player = Database::instance()->player();
+        player.missions = 12;
+        player.shotdowns = 7;
+        if (!turnTo("MenuGameMain") || !go("MenuGameWarOver", "_Successor"))
+            return false;
+        player.shotdowns = 0;
+        if (!turnTo("MenuGameMain") || !go("MenuGameWarOver", "_None"))
+            return false;
+        player.alive = 0;
+        return go("MenuGameFallen", "_Peace");
     }
 
     /// Of seven books, the last of which has to be scrolled into view.

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/book/WarEnd.h"
+#include "app/screens/CareerScreen.h"
+
+class CareerRecord;
+
+/// The end of the war, in place of the diary: what remains of the career, and the board of the
+/// aces with their victories in this war and in the real one. The player's row is set in gold
+/// rules.
+class MenuGameWarOver : public CareerScreen {
+public:
+    /// REQUIRES: the record outlives the screen.
+    explicit MenuGameWarOver(CareerRecord& record)
+        : CareerScreen("MenuGameWarOver"), record(record) {}
+
+    void onEnter() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    void showSheet(const WarEnd& end);
+    void showRibbons(const Honours& honours);
+    void showBoard(const WarEnd& end);
+    void showRow(int32_t number, const BoardRow& row, int32_t lower);
+    /// The name with the first one shortened if it doesn't fit.
+    zel::String fitting(const zel::String& element, const BoardRow& row) const;
+
+    CareerRecord& record;
+};
