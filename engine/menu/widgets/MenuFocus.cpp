@@ -24,11 +24,14 @@ struct ArrowKey {
 constexpr ArrowKey ArrowKeys[] = {
     {KeyUp, 0, -1}, {KeyDown, 0, 1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}};
 
-/// The only widget besides "menuBack" that can be pressed; null if there are none or several.
+/// The only widget besides "menuBack" and the rows of lists that can be pressed; null if there are
+/// none or several.
 Widget* onlyWidget(const Menu& menu) {
     std::vector<Widget*> widgets = focusOrder(menu);
-    widgets.erase(std::remove(widgets.begin(), widgets.end(), menu.getWidget(BackWidget)),
-                  widgets.end());
+    const auto doesNotCount = [&](const Widget* widget) {
+        return widget == menu.getWidget(BackWidget) || widget->getBounds().area != nullptr;
+    };
+    widgets.erase(std::remove_if(widgets.begin(), widgets.end(), doesNotCount), widgets.end());
     return widgets.size() == 1 ? widgets.front() : nullptr;
 }
 

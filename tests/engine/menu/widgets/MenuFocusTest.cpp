@@ -143,7 +143,8 @@ const std::string List = scriptOf({{"list", "scrollingarea", {100, 100, 200, 100
                                    {"zabove", "button", {100, 20, 200, 40}},
                                    {"zaside", "button", {400, 100, 200, 40}},
                                    {"zbelow", "button", {100, 230, 200, 40}}}) +
-                         "onhit list.1:\nsetlocalstring hit 1\n";
+                         "onhit list.1:\nsetlocalstring hit 1\n"
+                         "onhit zabove:\nsetlocalstring hit above\n";
 
 class AreaFocusTest : public MenuFocusTest {
 protected:
@@ -191,6 +192,13 @@ TEST_F(AreaFocusTest, CodeAddsRowsAndGivesOneTheFocus) {
     EXPECT_EQ(area().getOffset(), 140) << "the row comes into view";
     EXPECT_FALSE(driver.menu().setFocus("list")) << "an area can't have it";
     EXPECT_EQ(keys({KeyUp}), "list.5@140 ") << "it is in view already";
+}
+
+TEST_F(AreaFocusTest, DoesNotCountRowsForTheOnlyWidget) {
+    for (const char* name : {"zaside", "zbelow"})
+        driver.widget(name)->setActive(false);
+    keys({KeyReturn});
+    EXPECT_EQ(driver.menu().getLocalString("hit"), "above");
 }
 
 TEST_F(AreaFocusTest, ShowsARowBeforeItHitsIt) {
