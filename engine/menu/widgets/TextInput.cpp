@@ -11,12 +11,11 @@ namespace {
 constexpr std::string_view EndCursor = "_";    // after the text
 constexpr std::string_view MiddleCursor = "|"; // within it, narrow so that letters hardly move
 
-/// Whether the key's character can be typed: all of Windows-1252, while KeyPress::printable is
-/// about Latin-1.
+/// Whether the key has a character to be typed, be it of Windows-1252 or not.
 bool isTyped(const KeyPress& key) {
     constexpr uint8_t DeleteCode = 127;
     const auto code = static_cast<uint8_t>(key.character);
-    return code >= ' ' && code != DeleteCode;
+    return code != 0 ? code >= ' ' && code != DeleteCode : key.unicode > DeleteCode;
 }
 
 } // namespace
@@ -24,6 +23,7 @@ bool isTyped(const KeyPress& key) {
 void TextInput::setText(const String& newText) {
     typed = newText.left(lengthLimit);
     cursor = typed.length();
+    refusal = Refusal::None;
 }
 
 void TextInput::setLengthLimit(int32_t count) {
@@ -36,9 +36,12 @@ String TextInput::edited(int32_t start, int32_t count, const String& inserted) c
 }
 
 bool TextInput::takeKey(const KeyPress& key) {
-    if (takeCursorKey(key.symbol))
+    if (takeCursorKey(key.symbol)) {
+        refusal = Refusal::None;
         return true;
+    }
     if (key.symbol == KeyBackspace || key.symbol == KeyDelete) {
+        refusal = Refusal::None;
         const int32_t start = key.symbol == KeyBackspace ? cursor - 1 : cursor;
         if (start >= 0 && start < typed.length()) {
             typed = edited(start, 1, {});
@@ -49,7 +52,12 @@ bool TextInput::takeKey(const KeyPress& key) {
     if (!isTyped(key))
         return false;
     const String candidate = edited(cursor, 0, String(key.character));
-    if (fits(candidate)) {
+    const bool isTaken = key.character != 0 && (filter == nullptr || filter(key.character));
+    if (!isTaken)
+        refusal = Refusal::Character;
+    else
+        refusal = fits(candidate) ? Refusal::None : Refusal::Length;
+    if (refusal == Refusal::None) {
         typed = candidate;
         ++cursor;
     }

@@ -5,7 +5,8 @@
 namespace zel {
 
 /// A line of keyboard input, in Windows-1252. While it has the focus, a cursor shows where the next
-/// character goes. A character that exceeds its length limit or its width isn't taken.
+/// character goes. A character that exceeds its length limit or its width isn't taken, nor one that
+/// code refuses.
 class TextInput : public Widget {
 public:
     explicit TextInput(const String& name) : Widget(name) {}
@@ -15,6 +16,16 @@ public:
     String getText() const override { return typed; }
     /// The maximum of characters, from 1; initially 128. A longer text is cut.
     void setLengthLimit(int32_t count);
+    int32_t getLengthLimit() const { return lengthLimit; }
+    /// Takes only the characters of which the function says so; null, the default, for all.
+    void setFilter(bool (*newFilter)(char character)) { filter = newFilter; }
+    /// Why the last key that it used changed nothing.
+    enum class Refusal : uint8_t {
+        None,
+        Character, // refused by the filter, or not one of Windows-1252
+        Length,    // no room for one more
+    };
+    Refusal getRefusal() const { return refusal; }
     void render() override;
     bool wantsKeys() const override { return true; }
     /// Characters, Backspace and Delete; Left, Right, Home and End move the cursor.
@@ -29,6 +40,8 @@ private:
     String typed;
     int32_t cursor = 0; // characters before it
     int32_t lengthLimit = 128;
+    bool (*filter)(char character) = nullptr;
+    Refusal refusal = Refusal::None;
 };
 
 } // namespace zel

@@ -220,6 +220,8 @@ TEST_F(MenuFocusTest, EditsTheTextOfAField) {
     for (const uint16_t letter : {0x20AC, 0x201E, 0x0160, 0x00FC, 0x0141, 0x007F})
         type(letter);
     EXPECT_EQ(driver.text("name"), "\x80\x84\x8A\xFC") << "all that Windows-1252 has";
+    auto& field = dynamic_cast<TextInput&>(*driver.widget("name"));
+    EXPECT_EQ(field.getRefusal(), TextInput::Refusal::Character) << "of the Polish letter";
     driver.widget("name")->setText("abc");
     driver.key(KeyHome);
     type('x');
@@ -233,9 +235,13 @@ TEST_F(MenuFocusTest, EditsTheTextOfAField) {
     driver.key(KeyDelete);
     EXPECT_EQ(driver.text("name"), "acd");
     EXPECT_EQ(focus(), "name") << "none of these keys leaves it";
-    auto& field = dynamic_cast<TextInput&>(*driver.widget("name"));
+    field.setFilter([](char character) { return character != '/'; });
+    type('/');
+    EXPECT_EQ(field.getRefusal(), TextInput::Refusal::Character);
     field.setLengthLimit(2);
+    EXPECT_EQ(field.getRefusal(), TextInput::Refusal::None);
     type('e');
+    EXPECT_EQ(field.getRefusal(), TextInput::Refusal::Length);
     EXPECT_EQ(driver.text("name"), "ac");
     field.setText("xyz");
     EXPECT_EQ(driver.text("name"), "xy");
