@@ -6,6 +6,7 @@
 #include <string>
 
 #include "app/career/Wording.h"
+#include "app/screens/FrontPainter.h"
 #include "engine/graphics/Font.h"
 
 namespace {
@@ -20,9 +21,7 @@ constexpr PencilSheet::Ink Paper = {0xED, 0xE6, 0xD0};
 constexpr float NumberRadius = 11.5F;
 constexpr float NumberDistance = 22; // from its mark
 constexpr float Crowded = 21;        // two numbers, or a number and a mark
-constexpr float Tooth = 4;           // depth of a trench's traverses
-constexpr float ToothPitch = 8;
-constexpr float TrenchGap = 6; // from the front to each side's line
+constexpr float TrenchGap = 6;       // from the front to each side's line
 constexpr float TownDot = 3;
 constexpr float BaseDot = 4.5F;
 constexpr float MarkSize = 8;
@@ -46,8 +45,11 @@ float distance(PencilSheet::Point a, PencilSheet::Point b) {
 
 zel::BitmapData SketchPainter::paint() {
     sheet.setLowest(Height);
-    paintTrench(TrenchGap, Red);
-    paintTrench(-TrenchGap, Blue);
+    std::vector<Point> front;
+    for (const MapPoint& point : sketch.front)
+        front.push_back(at(point));
+    paintTrench(sheet, front, TrenchGap, Red, {Width, Height});
+    paintTrench(sheet, front, -TrenchGap, Blue, {Width, Height});
     for (const Town& town : sketch.towns)
         paintPlace(at(town.place), nameInLanguage(town.name), TownDot);
     if (sketch.hasBase) {
@@ -69,37 +71,6 @@ SketchPainter::Point SketchPainter::at(const MapPoint& place) const {
     const SketchFrame& frame = sketch.frame;
     const float scale = Width / frame.width();
     return {(place.z - frame.southWest.z) * scale, Height - (place.x - frame.southWest.x) * scale};
-}
-
-/// A toothed line beside the front; aside: to the left of one who walks from the sea on.
-void SketchPainter::paintTrench(float aside, const Ink& ink) {
-    bool isOut = false;
-    for (size_t i = 1; i < sketch.front.size(); ++i) {
-        const Point from = at(sketch.front[i - 1]);
-        const Point to = at(sketch.front[i]);
-        const float length = distance(from, to);
-        if (length <= 0 || std::max(from.x, to.x) < -Crowded || std::max(from.y, to.y) < -Crowded ||
-            std::min(from.x, to.x) > Width + Crowded || std::min(from.y, to.y) > Height + Crowded)
-            continue;
-        const Point step{(to.x - from.x) / length, (to.y - from.y) / length};
-        const Point normal{step.y, -step.x};
-        Point last{};
-        for (float way = 0;; way = std::min(way + ToothPitch, length)) {
-            const float before = aside + (isOut ? Tooth : 0);
-            const float after = aside + (isOut ? 0 : Tooth);
-            const auto point = [&](float offset) {
-                return Point{from.x + step.x * way + normal.x * offset,
-                             from.y + step.y * way + normal.y * offset};
-            };
-            if (way > 0)
-                sheet.line(last, point(before), LineWidth, ink);
-            sheet.line(point(before), point(after), LineWidth, ink);
-            last = point(after);
-            isOut = !isOut;
-            if (way >= length)
-                break;
-        }
-    }
 }
 
 /// Its name is beside it, on the side where there is room.

@@ -27,7 +27,6 @@ private:
     using Ink = PencilSheet::Ink;
 
     Point at(const MapPoint& place) const;
-    void paintTrench(float aside, const Ink& ink);
     void paintPlace(Point place, std::string_view name, float dot);
     void paintWay();
     void paintMark(const SketchMark& mark);
