@@ -41,7 +41,7 @@ PLATES = {
     'plate_month': (248, 76, 15), 'plate_sheet': (124, 52, 17), 'plate_page': (228, 52, 33), 'plate_french': (372, 116, 27),
     'plate_english': (372, 116, 27), 'plate_german': (372, 116, 27),
 }
-SWITCHES = {'toggle_plane': (416, 60, 19), 'toggle_map': (296, 66, 23)}
+SWITCHES = {'toggle_plane': (416, 60, 19), 'toggle_map': (296, 66, 23), 'toggle_choice': (440, 60, 29)}
 
 
 # -- plates

@@ -17,7 +17,7 @@ import overlays_office as office
 import overlays_record as record
 from brass import GAP, PLATES, SWITCHES, plate_sheet
 from fieldmap import SECTORS
-from holders import BINDINGS, row_sheet, silk_ribbon, spine_sheet
+from holders import BINDINGS, ROWS, row_sheet, silk_ribbon, slip_sheet, spine_sheet
 from icon import large_icon, small_icon
 from outlines import fill, path, stroke, vector
 from pixels import empty, over, rgb, to_bytes, with_alpha
@@ -28,7 +28,7 @@ from tallies import sign
 OVERLAYS = [
     office.over_main, office.over_service, office.over_year, office.over_month, office.over_summary,
     office.over_settings, office.over_maps, office.over_planes_allied, office.over_planes_german,
-    office.over_notice, office.over_help, office.over_careers, office.over_pages, flying.over_hub, flying.over_roster, flying.over_aces,
+    office.over_notice, office.over_help, office.over_careers, office.over_pages, office.over_enlist, flying.over_hub, flying.over_roster, flying.over_aces,
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
     book.over_logbook, book.over_where,
     record.over_diary, record.over_record, record.over_citation, record.over_fallen, record.over_war_over,
@@ -104,7 +104,7 @@ def pictures():
         'row_ledger': lambda: whole(book.row_ledger(), 'row_ledger'),
         'row_roster': lambda: rows('row_roster', 12, 44, w=552, right=34, baseline=30, line=40),
         'row_orders': lambda: rows('row_orders', 8, 38, w=588, right=30, baseline=26, line=35),
-        'toggle_slip': row_sheet,
+        'plate_slip': slip_sheet,
         'ribbon': lambda: whole(silk_ribbon(), 'ribbon'),
         'stamp_service': lambda: whole(book_stamp('ON SERVICE', BLUE, 172, 20), 'stamp_service'),
         'stamp_fallen': lambda: whole(book_stamp('FALLEN', RED, 136, 21), 'stamp_fallen'),
@@ -130,6 +130,8 @@ def pictures():
     for name in record.STRIPS:
         table['strip_' + name] = partial(lambda n: whole(record.strip(n, False), 'strip_' + n), name)
         table['strip_%s_served' % name] = partial(lambda n: whole(record.strip(n, True), 'strip_%s_served' % n), name)
+    for name in ROWS:
+        table[name] = partial(row_sheet, name)
     for service in BINDINGS:
         table['spine_' + service] = partial(spine_sheet, service)
     for name in list(PLATES) + list(SWITCHES):

@@ -18,7 +18,9 @@ BINDINGS = {'english': ('#2F4A3E', '#552718', 4), 'french': ('#35507A', '#552718
             'unread': ('#5B5346', '#33261D', 11)}
 AMERICAN_RINGS = ('#A92E22', '#2B4170', '#E9E0C8')
 BRIGHTNESS = {'active': 1, 'over': 1.22, 'down': .86, 'inactive': .7}
-ROW = (580, 46, 3)  # of a list: width, height, seed
+# Rows of lists: width, height, seed.
+ROWS = {'toggle_slip': (580, 46, 3), 'toggle_wide': (896, 46, 6)}
+SLIP_TO_WRITE_ON = (560, 54, 3)  # likewise
 
 
 def _rivet(dst, cx, cy, r):
@@ -136,8 +138,14 @@ def spine_sheet(service):
     return looks_sheet([('spine_%s_%s' % (service, look), spine(service, look)) for look in LOOKS])
 
 
-def row_sheet():
+def row_sheet(name):
     """A row of which one is chosen: a label holder with a jewel."""
-    w, h, seed = ROW
-    return looks_sheet([('toggle_slip_%s_%s' % (state, look), holder(w, h, look, seed, jewel=state))
+    w, h, seed = ROWS[name]
+    return looks_sheet([('%s_%s_%s' % (name, state, look), holder(w, h, look, seed, jewel=state))
                         for state in JEWELS for look in LOOKS])
+
+
+def slip_sheet():
+    """A label holder on whose slip something is written."""
+    w, h, seed = SLIP_TO_WRITE_ON
+    return looks_sheet([('plate_slip_' + look, holder(w, h, look, seed)) for look in LOOKS])

@@ -179,6 +179,14 @@ def over_pages():
     return ov
 
 
+def over_enlist():
+    """A form over the whole desk: above its rule for the name and two switches, below it for a list."""
+    ov = office_sheet(32, 20, 960, 648, 41, fold=.42)
+    rules(ov, 64, 298, 896)
+    lay_pencil(ov, 210, RED_PENCIL, -28, 900, 70)
+    return ov
+
+
 # -- settings
 
 

@@ -44,6 +44,19 @@ constexpr Airfield GermanWestern[] = {
 };
 // clang-format on
 
+/// The airfields of a side on a map.
+struct Airfields {
+    const Airfield *begin, *end;
+    bool onChannelMap;
+    bool allied;
+};
+constexpr Airfields AllAirfields[] = {
+    {std::begin(AlliedChannel), std::end(AlliedChannel), true, true},
+    {std::begin(GermanChannel), std::end(GermanChannel), true, false},
+    {std::begin(AlliedWestern), std::end(AlliedWestern), false, true},
+    {std::begin(GermanWestern), std::end(GermanWestern), false, false},
+};
+
 template <size_t Count> const Airfield& drawAirfield(const Airfield (&airfields)[Count]) {
     return airfields[zel::random(0, static_cast<int32_t>(Count) - 1)];
 }
@@ -62,6 +75,14 @@ void putOn(Squadron& squadron, const Airfield& airfield, bool onChannelMap) {
     squadron.baseZ = airfield.z;
 }
 
+/// Whether the player's squadron is on the Channel map, by his preferences and what they leave
+/// open.
+bool isOnChannelForPlayer(bool otherwise) {
+    const bool western = zel::Registry::isOn("mapWestern");
+    const bool channel = zel::Registry::isOn("mapChannel");
+    return western && channel ? otherwise : channel;
+}
+
 bool isPlayersSquadron(const Database& career, int32_t squadron) {
     return career.isPilot(career.playerPilot) && career.player().squadron == squadron;
 }
@@ -73,12 +94,8 @@ void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawCha
         return;
     Squadron& moved = career.squadron(squadron);
     bool onChannelMap = mayDrawChannel && zel::random(0, SquadronsPerChannel - 1) == 0;
-    if (isPlayersSquadron(career, squadron)) {
-        const bool western = zel::Registry::isOn("mapWestern");
-        const bool channel = zel::Registry::isOn("mapChannel");
-        if (!western || !channel)
-            onChannelMap = channel;
-    }
+    if (isPlayersSquadron(career, squadron))
+        onChannelMap = isOnChannelForPlayer(onChannelMap);
     const Airfield& airfield = drawBase(allied, onChannelMap);
     const bool isElsewhere = zel::arrayText(moved.baseName) != airfield.name;
     putOn(moved, airfield, onChannelMap);
@@ -87,20 +104,9 @@ void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawCha
 }
 
 void restoreBase(Squadron& squadron) {
-    struct Airfields {
-        const Airfield *begin, *end;
-        bool onChannelMap;
-        bool allied;
-    };
-    const Airfields all[] = {
-        {std::begin(AlliedChannel), std::end(AlliedChannel), true, true},
-        {std::begin(GermanChannel), std::end(GermanChannel), true, false},
-        {std::begin(AlliedWestern), std::end(AlliedWestern), false, true},
-        {std::begin(GermanWestern), std::end(GermanWestern), false, false},
-    };
     const std::string_view name = zel::arrayText(squadron.baseName);
-    const Airfields* likely = &all[0]; // of its side and map
-    for (const Airfields& some : all) {
+    const Airfields* likely = &AllAirfields[0]; // of its side and map
+    for (const Airfields& some : AllAirfields) {
         if (some.onChannelMap == (squadron.onChannelMap != 0) &&
             some.allied == isAllied(squadron.nation))
             likely = &some;
@@ -110,6 +116,26 @@ void restoreBase(Squadron& squadron) {
                 return putOn(squadron, *airfield, some.onChannelMap);
     }
     putOn(squadron, *likely->begin, likely->onChannelMap);
+}
+
+zel::String baseForPlayer(const Database& career, int32_t squadron) {
+    const Squadron& asked = career.squadron(squadron);
+    const bool isOnChannel = asked.onChannelMap != 0;
+    const bool goesToChannel = isOnChannelForPlayer(isOnChannel);
+    if (goesToChannel != isOnChannel)
+        for (const Airfields& some : AllAirfields)
+            if (some.onChannelMap == goesToChannel && some.allied == isAllied(asked.nation))
+                return some.begin[squadron % (some.end - some.begin)].name;
+    return zel::String(zel::arrayText(asked.baseName));
+}
+
+void moveToBase(Database& career, int32_t squadron, const zel::String& name) {
+    Squadron& moved = career.squadron(squadron);
+    const bool isElsewhere = zel::arrayText(moved.baseName) != name.view();
+    zel::copyText(moved.baseName, name);
+    restoreBase(moved);
+    if (isElsewhere && career.observer != nullptr && isPlayersSquadron(career, squadron))
+        career.observer->onBaseChange(career);
 }
 
 void keepPlayerOnAllowedMap(Database& career) {

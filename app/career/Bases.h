@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "engine/core/String.h"
+
 class Database;
 struct Squadron;
 
@@ -13,6 +15,15 @@ void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawCha
 /// Puts a squadron whose base is damaged back on the airfield of that name or that place, otherwise
 /// on the first one of its side and map. Draws nothing.
 void restoreBase(Squadron& squadron);
+
+/// The name of the airfield at which the squadron would begin as the player's: its own, or one of
+/// its side if that is on a map that his preferences have switched off. Draws nothing. REQUIRES: a
+/// valid index.
+zel::String baseForPlayer(const Database& career, int32_t squadron);
+
+/// Moves the squadron to the airfield of that name. Draws nothing. REQUIRES: a valid index and an
+/// airfield's name.
+void moveToBase(Database& career, int32_t squadron, const zel::String& name);
 
 /// Moves the player's squadron if its base is on a map that his preferences have switched off.
 /// REQUIRES: a career.

@@ -53,9 +53,7 @@ zel::String startDateText(int32_t year, int32_t month) {
     return textOf(wording::StartDate, {monthInLanguage(month), year});
 }
 
-zel::String pilotNameText(const Database& career) {
-    return textOf(wording::PilotName, {zel::arrayText(career.player().name)});
-}
+zel::String pilotNameText(const zel::String& name) { return textOf(wording::PilotName, {name}); }
 
 zel::String dateInLanguage(const Calendar& date) {
     const zel::String month = monthInLanguage(date.getMonth());

@@ -20,7 +20,7 @@ zel::String serviceName(int32_t nation);
 /// "Start date: March 1917".
 zel::String startDateText(int32_t year, int32_t month);
 /// "Your pilot's name: First Last".
-zel::String pilotNameText(const Database& career);
+zel::String pilotNameText(const zel::String& name);
 
 /// "1-December-1915".
 zel::String dateInLanguage(const Calendar& date);

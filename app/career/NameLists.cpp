@@ -48,9 +48,13 @@ void loadNameLists(Database& career) {
 }
 
 zel::String drawPilotName(Database& career, int32_t nation) {
+    return drawPilotName(career, nation, career.random);
+}
+
+zel::String drawPilotName(const Database& career, int32_t nation, zel::Random& random) {
     const int32_t list = nameListOf(nation);
-    const std::string_view last = drawName(career.lastNames[list], career.random);
-    const std::string_view first = drawName(career.firstNames[list], career.random);
+    const std::string_view last = drawName(career.lastNames[list], random);
+    const std::string_view first = drawName(career.firstNames[list], random);
     if (first.empty() || last.empty())
         return zel::String(first.empty() ? last : first);
     return zel::String(first) + " " + last;

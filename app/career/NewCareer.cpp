@@ -31,17 +31,6 @@ constexpr int32_t RoundsForFlyingSquadron = 2499;
 
 constexpr int32_t NationsInTurn[] = {France, England, Germany}; // of generated squadrons
 
-int32_t nationOfService(int32_t service) {
-    switch (service) {
-    case ServiceEnglish:
-        return England;
-    case ServiceGerman:
-        return Germany;
-    default:
-        return France;
-    }
-}
-
 void makeHistoricalSquadron(Database& career, int32_t fileIndex) {
     SquadronFile& file = career.squadronFiles[fileIndex];
     const int32_t nation = nationOfKey(zel::arrayText(file.key));
@@ -105,6 +94,17 @@ void choosePlayer(Database& career, int32_t service) {
 }
 
 } // namespace
+
+int32_t nationOfService(int32_t service) {
+    switch (service) {
+    case ServiceEnglish:
+        return England;
+    case ServiceGerman:
+        return Germany;
+    default:
+        return France;
+    }
+}
 
 int32_t nationOfKey(std::string_view key) {
     const std::string_view digits = key.substr(0, 3);

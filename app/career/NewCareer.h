@@ -12,6 +12,8 @@ constexpr int32_t PilotsOfNewSquadron = 12; // and ever after: the dead are repl
 /// is logged and taken for the French; a nation without any squadron is logged, and the player gets
 /// one of its side.
 void createCareer(Database& career, int32_t service);
+/// The nation of the service, a Service; of any other number France.
+int32_t nationOfService(int32_t service);
 /// The nation at the start of a squadron file's key; 0 if it does not start with three digits.
 int32_t nationOfKey(std::string_view key);
 /// The nation of a generated squadron of that index.

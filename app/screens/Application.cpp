@@ -19,6 +19,7 @@
 #include "app/screens/MenuConfigurationMaps.h"
 #include "app/screens/MenuConfigurationPlanes1.h"
 #include "app/screens/MenuConfigurationPlanes2.h"
+#include "app/screens/MenuEnlist.h"
 #include "app/screens/MenuGameAdvance.h"
 #include "app/screens/MenuGameCitation.h"
 #include "app/screens/MenuGameCombatReport.h"
@@ -100,6 +101,11 @@ std::unique_ptr<Flight>& flight() {
     return instance;
 }
 
+EnlistmentForm& enlistmentForm() {
+    static EnlistmentForm form;
+    return form;
+}
+
 std::unique_ptr<ReportPages>& reportPages() {
     static std::unique_ptr<ReportPages> instance;
     return instance;
@@ -177,7 +183,8 @@ void ZelApp::initMenus() {
     addScreen<MenuConfigurationMaps>();
     addScreen<MenuConfigurationPlanes1>();
     addScreen<MenuConfigurationPlanes2>();
-    addScreen<MenuNewCareer>();
+    addScreen<MenuEnlist>(enlistmentForm());
+    addScreen<MenuNewCareer>(enlistmentForm());
     addScreen<MenuGameInvite>();
     addScreen<MenuConfiguration>();
     citations() = std::make_unique<CitationPile>(*record());
@@ -205,6 +212,7 @@ void ZelApp::releaseDatabase() {
     reportPages().reset();
     flight().reset();
     citations().reset();
+    enlistmentForm() = {};
     drawer().reset();
     CareerScreen::setShelf(nullptr);
     shelf().reset();

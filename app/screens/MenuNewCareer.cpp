@@ -4,25 +4,30 @@
 #include "app/career/Database.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/WarProgress.h"
+#include "app/war/Enlistment.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/ZelLoop.h"
 
 void MenuNewCareer::reset() {
-    Database* career = Database::instance();
-    if (career == nullptr)
-        return;
-    const int32_t service = chosen("service");
-    career->createCareer(service);
-    setText("menuButton1", serviceText(service));
+    setText("menuButton1", serviceText(chosen("service")));
     setText("menuButton2", startDateText(chosen("startYear"), chosen("startMonth")));
-    if (career->hasCareer())
-        setText("menuButton3", pilotNameText(*career));
+    if (runningCareer() != nullptr)
+        showName();
     WarProgress::hide(menu);
+}
+
+/// A long name in the smaller letters of the date.
+void MenuNewCareer::showName() {
+    setText("menuButton3", pilotNameText(form.name));
+    zel::Widget* name = getWidget("menuButton3");
+    const zel::Widget* date = getWidget("progressDate");
+    if (name != nullptr && date != nullptr && name->getLabel().isCut())
+        name->setFont(date->getFont());
 }
 
 void MenuNewCareer::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (widget->getName() == "menuBack")
-        goBack();
+        form.isFilledIn = true;
     else if (widget->getName() == "menuButton4")
         startCareer();
 }
@@ -33,7 +38,7 @@ void MenuNewCareer::startCareer() {
         return; // the second of two quick presses arrives after the work is done
     {
         const WarProgress progress;
-        career->simulateToDate(chosen("startYear"), chosen("startMonth"), 1);
+        beginService(*career, form.enlistment, chosen("startYear"), chosen("startMonth"));
     }
     if (zel::ZelLoop::isFinished())
         return; // he closed the window meanwhile, and begins no career
@@ -41,17 +46,4 @@ void MenuNewCareer::startCareer() {
         setTransition("MenuGameMain");
     else
         MenuNotification::show(*menu, "MenuNotificationSave", problem);
-}
-
-void MenuNewCareer::goBack() {
-    switch (chosen("startYear")) {
-    case 1915:
-        setTransition("MenuNewYear");
-        break;
-    case 1918:
-        setTransition("MenuNewMonth1918");
-        break;
-    default:
-        setTransition("MenuNewMonth");
-    }
 }

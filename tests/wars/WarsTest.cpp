@@ -49,18 +49,20 @@ struct Mark {
 
 /// A whole career from that month to the end of the war, checked after each period. `result`: what
 /// is saved then.
-void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
-                 std::string* result = nullptr) {
+void fightTheWar(uint32_t seed, const CareerStart& start, std::string* result = nullptr) {
     War war(seed);
-    ASSERT_TRUE(war.session.newCareer(service, year, month)) << war.session.problem().c_str();
+    ASSERT_TRUE(war.session.newCareer(start)) << war.session.problem().c_str();
     ASSERT_EQ(loadedCareerFaults(war.career), "");
     EXPECT_EQ(war.run.lines.linesWith(" w ") + war.run.lines.linesWith("!! "), 0)
         << "the delivered data leave nothing to warn of";
     const int32_t nation = war.career.playerSquadron().nation;
     constexpr int32_t Nations[] = {France, England, Germany};
-    EXPECT_EQ(nation, Nations[service]);
+    EXPECT_EQ(nation, Nations[start.service]);
+    if (start.squadron) {
+        EXPECT_EQ(zel::arrayText(war.career.playerSquadron().key), start.squadron->view());
+    }
     EXPECT_TRUE(hasUnitName(unitNumber(war.career, war.career.playerSquadron().squadronFile)));
-    EXPECT_GE(war.career.calendar().dateNumber(), year * 10000 + month * 100 + 1);
+    EXPECT_GE(war.career.calendar().dateNumber(), start.year * 10000 + start.month * 100 + 1);
 
     int32_t periods = 0;
     while (war.career.calendar().dateNumber() < 19181111) {
@@ -81,7 +83,7 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
             << "none but a fallen player gives up his place";
     }
     EXPECT_LT(war.career.calendar().dateNumber(), 19181201);
-    EXPECT_GT(periods, (1918 - year) * 18) << "two or three periods a month";
+    EXPECT_GT(periods, (1918 - start.year) * 18) << "two or three periods a month";
     EXPECT_FALSE(war.session.mission()) << "the war is over";
 
     int32_t historic = 0;
@@ -99,23 +101,23 @@ void fightTheWar(uint32_t seed, int32_t service, int32_t year, int32_t month,
 }
 
 TEST(Wars, AreFoughtToTheirEndByTheFrench) {
-    fightTheWar(101, ServiceFrench, 1915, 12);
-    fightTheWar(102, ServiceFrench, 1916, 7);
-    fightTheWar(103, ServiceFrench, 1917, 4);
-    fightTheWar(104, ServiceFrench, 1918, 3);
+    fightTheWar(101, {ServiceFrench, 1915, 12});
+    fightTheWar(102, {ServiceFrench, 1916, 7});
+    fightTheWar(103, {ServiceFrench, 1917, 4});
+    fightTheWar(104, {ServiceFrench, 1918, 3});
 }
 
 TEST(Wars, AreFoughtToTheirEndByTheEnglish) {
-    fightTheWar(201, ServiceEnglish, 1915, 12);
-    fightTheWar(202, ServiceEnglish, 1916, 1);
-    fightTheWar(203, ServiceEnglish, 1917, 9);
-    fightTheWar(204, ServiceEnglish, 1918, 8);
+    fightTheWar(201, {ServiceEnglish, 1915, 12});
+    fightTheWar(202, {ServiceEnglish, 1916, 1});
+    fightTheWar(203, {ServiceEnglish, 1917, 9});
+    fightTheWar(204, {ServiceEnglish, 1918, 8});
 }
 
 TEST(Wars, AreFoughtToTheirEndByTheGermans) {
-    fightTheWar(301, ServiceGerman, 1915, 12);
-    fightTheWar(302, ServiceGerman, 1916, 12);
-    fightTheWar(303, ServiceGerman, 1917, 1);
+    fightTheWar(301, {ServiceGerman, 1915, 12});
+    fightTheWar(302, {ServiceGerman, 1916, 12});
+    fightTheWar(303, {ServiceGerman, 1917, 1, "Emil Kurz", "501011"});
 }
 
 // The record changes nothing, and knows all that the save has the sum of.
@@ -126,7 +128,7 @@ TEST(Wars, AreRecordedToTheLastVictory) {
         Session session(true, 0, recorded);
         tools::Finding finding;
         ASSERT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
-        ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12)) << session.problem().c_str();
+        ASSERT_TRUE(session.newCareer({ServiceFrench, 1915, 12})) << session.problem().c_str();
         for (const int32_t day : {19160601, 19170601, 19181111})
             ASSERT_TRUE(session.until(day) && session.save()) << session.problem().c_str();
         saves[recorded] = run.save();
@@ -169,9 +171,9 @@ TEST(Wars, FollowFromTheirSeed) {
     std::string first;
     std::string second;
     std::string other;
-    fightTheWar(304, ServiceGerman, 1918, 10, &first);
-    fightTheWar(304, ServiceGerman, 1918, 10, &second);
-    fightTheWar(305, ServiceGerman, 1918, 10, &other);
+    fightTheWar(304, {ServiceGerman, 1918, 10}, &first);
+    fightTheWar(304, {ServiceGerman, 1918, 10}, &second);
+    fightTheWar(305, {ServiceGerman, 1918, 10}, &other);
     EXPECT_GT(first.size(), 500000U);
     EXPECT_TRUE(second == first) << "the second career of a process is another";
     EXPECT_FALSE(other == first);

@@ -114,7 +114,8 @@ cd "$build/run"
 start windows_program
 press 780 265 MenuNewService
 press 250 234 MenuNewYear
-press 152 214 MenuNewCareer
+press 152 214 MenuEnlist
+press 842 730 MenuNewCareer
 press 842 730 MenuGameMain
 press 842 181 MenuGameStartMission
 press 752 730 MenuGameFinishMission

@@ -9,56 +9,11 @@
 #include "app/career/Database.h"
 #include "engine/core/System.h"
 #include "tools/career/BookCommands.h"
+#include "tools/career/CareerHelp.h"
 #include "tools/career/Session.h"
 #include "tools/common/CommandLine.h"
 
 namespace {
-
-constexpr const char* Description =
-    R"(Leads a career. The commands run in their order; the first that fails ends the call.
-
-Commands:
-  new SERVICE YEAR MONTH  begins a career; SERVICE is french, english or german,
-                          from 1915 12 to 1918 10
-  load | save             the career file in the user's folder
-  status                  the career in a few lines, and what to do next
-  mission                 writes the mission of the day into the simulator's folder
-  fly                     has the stand-in simulator fly it
-  report                  reads the simulator's log, shows the combat report,
-                          carries it into the career and moves the war on
-  advance [N]             moves the war on by N periods (1) without a flight
-  until YYYYMMDD          mission, fly and report up to that day or the end of
-                          the war; invitations are accepted
-  squadron                the player's squadron
-  aces                    the best pilots of the war
-  invitation [accept|refuse]
-                          the invitation to another squadron, and the answer
-  flights                 the player's flights, from the record of the war
-  logbook                 the flying log book: the flights in columns, and totals
-  why [N]                 the combat report of flight N, of the last one without a
-                          number, with the reason for each result
-  diary                   what happened since the last flight: the squadron, the
-                          front, the real war
-  record                  the player's record of service: ranks, decorations and
-                          victories by machine
-  letter                  the letter about the player's pilot who fell last
-  end                     after the war: what remains, and the aces of the war
-  pilot NAME              the page of the pilot of that name, or of a part of it
-  victories [NAME]        the player's victories, or those of the pilots of that
-                          name or a part of it
-  postings                who came to the player's squadron, left it or died
-  book FILE.html          writes the log book as one web page
-  export FILE.json        writes the whole record
-  careers                 all careers: the current one, those on the shelf, those
-                          put away
-  take NUMBER             makes a career of the shelf the current one and loads it;
-                          the current one goes to the shelf
-  putaway NUMBER          moves a career to those put away
-  pages                   the earlier saves of the current career
-  page NAME               goes back to the earlier save of that name, a date as
-                          YYYYMMDD or as pages writes it, and loads it)";
-constexpr const char* Ending =
-    "Exit status: 0 all commands did their work, 1 one of them failed, 2 a wrong call.";
 
 constexpr int32_t LongestWait = 86400; // seconds
 
@@ -91,8 +46,8 @@ constexpr FromBook BookCommands[] = {
 
 bool isCommand(std::string_view word) {
     constexpr std::string_view Others[] = {
-        "new",  "until",   "advance", "invitation", "victories", "export", "careers",
-        "take", "putaway", "pages",   "page",       "why",       "pilot",  "book"};
+        "new",     "until", "advance", "invitation", "victories", "export", "careers",  "take",
+        "putaway", "pages", "page",    "why",        "pilot",     "book",   "squadrons"};
     return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
            std::any_of(std::begin(BookCommands), std::end(BookCommands),
                        [&](const FromBook& known) { return known.name == word; }) ||
@@ -108,9 +63,11 @@ public:
         : words(words), call(call) {}
 
     std::string readAll();
+    /// Whether a career is begun by one of the commands.
+    bool begins() const { return beginsCareer; }
 
 private:
-    std::string readNew();
+    std::string readStart(std::string_view command);
     std::string readUntil();
     std::string readAdvance();
     void readInvitation();
@@ -132,6 +89,7 @@ private:
     const std::vector<std::string>& words;
     CareerCall& call;
     size_t next = 0;
+    bool beginsCareer = false;
 };
 
 bool CommandReader::takeNumber(int32_t least, int32_t most, int32_t& value) {
@@ -152,8 +110,8 @@ std::string CommandReader::readAll() {
     std::string wrong;
     while (wrong.empty() && !atEnd()) {
         const std::string_view command = words[next++];
-        if (command == "new")
-            wrong = readNew();
+        if (command == "new" || command == "squadrons")
+            wrong = readStart(command);
         else if (command == "until")
             wrong = readUntil();
         else if (command == "advance")
@@ -182,22 +140,25 @@ std::string CommandReader::readAll() {
     return wrong;
 }
 
-std::string CommandReader::readNew() {
+std::string CommandReader::readStart(std::string_view command) {
     const std::string_view name = atEnd() ? std::string_view() : words[next++];
     const ServiceName* service = nullptr;
     for (const ServiceName& known : Services)
         if (known.name == name)
             service = &known;
     if (service == nullptr)
-        return "new wants french, english or german";
+        return std::string(command) + " wants french, english or german";
     int32_t year = 0;
     int32_t month = 0;
     const bool isDate = takeNumber(1915, 1918, year) && takeNumber(1, 12, month);
     const int32_t start = year * 100 + month;
     if (!isDate || start < 191512 || start > 191810)
-        return "new wants a year and a month from 1915 12 to 1918 10";
-    add([=, chosen = service->service](Session& session) {
-        return session.newCareer(chosen, year, month);
+        return std::string(command) + " wants a year and a month from 1915 12 to 1918 10";
+    const bool begins = command == "new";
+    beginsCareer = beginsCareer || begins;
+    add([=, chosen = CareerStart{service->service, year, month, call.name, call.squadron}](
+            Session& session) {
+        return begins ? session.newCareer(chosen) : session.squadrons(chosen);
     });
     return {};
 }
@@ -317,10 +278,23 @@ std::string CommandReader::readPlain(std::string_view command) {
     return "unknown command: " + std::string(command);
 }
 
+/// The name of a new career's pilot, in the system's encoding. Returns the fault, or an empty text.
+std::string takeName(const std::string& given, CareerCall& call) {
+    const zel::String name = zel::system::shownText(given).trim(' ');
+    const std::string_view text = name.view();
+    // In place of what Windows-1252 lacks there is a "?" now.
+    const bool isWhole =
+        std::count(text.begin(), text.end(), '?') == std::count(given.begin(), given.end(), '?');
+    call.name = name;
+    const NameFault fault = isWhole ? checkSpelling(name) : NameFault::Character;
+    return std::string(nameProblem({fault, {}}).view());
+}
+
 } // namespace
 
 tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerCall& call) {
-    tools::CommandLine line("wingtally-career", "[OPTION]... COMMAND...", Description, Ending);
+    tools::CommandLine line("wingtally-career", "[OPTION]... COMMAND...", CareerDescription,
+                            CareerEnding);
     const auto addFolder = [&](const char* name, std::string& folder, const char* what) {
         line.addOption(name, folder, what).valueName("DIR").nameOfFile();
     };
@@ -335,6 +309,13 @@ tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerC
     line.addOption("--wait", call.waitSeconds, "report waits up to S seconds for a log")
         .valueName("S")
         .wholeNumber(0, LongestWait);
+    std::string givenName;
+    std::string givenSquadron;
+    const tools::Option name =
+        line.addOption("--name", givenName, "of new: the pilot's name").valueName("NAME");
+    const tools::Option squadron =
+        line.addOption("--squadron", givenSquadron, "of new: his squadron, as squadrons lists it")
+            .valueName("KEY");
     const tools::Option noRecord = line.addFlag("--no-record", "keeps no record of the war");
     line.addFlag("--quiet", call.quiet, "says nothing unless something fails");
     line.addFlag("--verbose", call.verbose, "shows the debug lines");
@@ -345,6 +326,13 @@ tools::CallReading readCareerCall(const std::vector<std::string>& words, CareerC
     if (reading.kind != tools::CallKind::Run)
         return reading;
     call.keepsRecord = !noRecord.isGiven();
-    const std::string wrong = CommandReader(commands, call).readAll();
+    if (squadron.isGiven())
+        call.squadron = zel::String(givenSquadron);
+    CommandReader reader(commands, call);
+    std::string wrong = name.isGiven() ? takeName(givenName, call) : std::string();
+    if (wrong.empty())
+        wrong = reader.readAll();
+    if (wrong.empty() && !reader.begins() && (name.isGiven() || squadron.isGiven()))
+        wrong = "--name and --squadron are for new";
     return wrong.empty() ? reading : line.wrong(wrong);
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/core/String.h"
 #include "tools/common/CallReading.h"
 
 class Session;
@@ -14,11 +15,13 @@ class Session;
 struct CareerCall {
     std::string rofDirectory;
     std::string userDirectory;
-    std::string dataDirectory;    // the folder that holds Data, or Data itself
-    std::string language;         // code of a language table; empty for English
-    std::optional<uint32_t> seed; // pins every generator and the clock
-    int32_t waitSeconds = 0;      // how long report waits for a log
-    bool keepsRecord = true;      // of the war
+    std::string dataDirectory;           // the folder that holds Data, or Data itself
+    std::string language;                // code of a language table; empty for English
+    std::optional<uint32_t> seed;        // pins every generator and the clock
+    std::optional<zel::String> name;     // of a new career's pilot, in Windows-1252
+    std::optional<zel::String> squadron; // his squadron's key
+    int32_t waitSeconds = 0;             // how long report waits for a log
+    bool keepsRecord = true;             // of the war
     bool quiet = false;
     bool verbose = false;
     std::vector<std::function<bool(Session&)>> commands; // in their order

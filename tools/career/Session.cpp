@@ -52,6 +52,12 @@ void Session::say(const zel::String& line) const {
         print(zel::system::printedText(line));
 }
 
+bool Session::sayAll(const std::vector<zel::String>& lines) const {
+    for (const zel::String& line : lines)
+        say(line);
+    return true;
+}
+
 // The file's name is already in the system's encoding.
 void Session::sayFile(const Wording& wording, const zel::String& file) const {
     if (!quiet)
@@ -72,16 +78,14 @@ bool Session::needRecord() {
     return needCareer() && (keepsRecord || fail("This call keeps no record"));
 }
 
-bool Session::newCareer(int32_t service, int32_t year, int32_t month) {
-    career.createCareer(service);
-    if (!career.hasCareer())
-        return fail(career.hasBrokenHistory
-                        ? "No career is begun: the disk reports an error among the data files"
-                        : "No squadron could be made");
-    say(serviceText(service));
-    say(startDateText(year, month));
-    say(pilotNameText(career));
-    career.simulateToDate(year, month, 1);
+bool Session::newCareer(const CareerStart& start) {
+    Enlistment enlistment;
+    if (const zel::String why = createCareer(career, start, enlistment); !why.empty())
+        return fail(why);
+    say(serviceText(start.service));
+    say(startDateText(start.year, start.month));
+    say(pilotNameText(start.name.value_or(zel::String(zel::arrayText(career.player().name)))));
+    beginService(career, enlistment, start.year, start.month);
     progress.clear();
     return true;
 }
@@ -198,15 +202,10 @@ bool Session::report() {
     if (!found)
         return fail(whyNoReport(flight));
     say(textOf(wording::ReportHead, {dateInLanguage(career.calendar())}));
-    sayReport();
+    sayAll(reportLines(flight.report().pilots));
     flight.report().clear();
     advanceOnePeriod();
     return true;
-}
-
-void Session::sayReport() {
-    for (const zel::String& line : reportLines(flight.report().pilots))
-        say(line);
 }
 
 void Session::advanceOnePeriod() {
@@ -247,9 +246,7 @@ bool Session::squadron() {
     if (const zel::String name = squadronText(career); !name.empty())
         say(name);
     say(baseText(career));
-    for (const zel::String& line : squadronLines(career))
-        say(line);
-    return true;
+    return sayAll(squadronLines(career));
 }
 
 bool Session::aces() {

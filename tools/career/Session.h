@@ -11,6 +11,7 @@
 #include "app/report/Flight.h"
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
+#include "tools/career/CareerStart.h"
 #include "tools/career/Progress.h"
 #include "tools/career/RecordLines.h"
 #include "tools/career/ShelfCommands.h"
@@ -28,7 +29,9 @@ public:
         career.observer = keepsRecord ? static_cast<CareerObserver*>(&record) : &nobody;
     }
 
-    bool newCareer(int32_t service, int32_t year, int32_t month);
+    bool newCareer(const CareerStart& start);
+    /// The squadrons in which a career of that start can begin.
+    bool squadrons(const CareerStart& start) { return sayAll(squadronsOf(career, start)); }
     bool load();
     bool save();
     bool status();
@@ -76,9 +79,9 @@ private:
     bool sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf);
     bool writeFile(const zel::String& file, bool isPage);
     void say(const zel::String& line) const;
+    bool sayAll(const std::vector<zel::String>& lines) const; // always true
     void sayFile(const Wording& wording, const zel::String& file) const;
     void sayOrders(const MissionOrders& orders) const;
-    void sayReport();
     void advanceOnePeriod();
     zel::String nextStep(bool areOrdersOut) const;
 

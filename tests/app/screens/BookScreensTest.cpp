@@ -13,7 +13,7 @@ namespace {
 class BookScreens : public CareerScreens {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
     }
     static int32_t date() { return Database::instance()->calendar().dateNumber(); }
     bool isActive(const char* name) { return driver.widget(name)->isActive(); }

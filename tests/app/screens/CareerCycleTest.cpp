@@ -15,13 +15,11 @@ struct Beginning {
     const char* date;
 };
 constexpr Beginning French1916 = {
-    "menuButton1>MenuNewYear menuButton2>MenuNewMonth month3>MenuNewCareer", "French",
-    "March 1916"};
-constexpr Beginning English1915 = {"menuButton2>MenuNewYear menuButton1>MenuNewCareer", "English",
+    "menuButton1>MenuNewYear menuButton2>MenuNewMonth month3>MenuEnlist", "French", "March 1916"};
+constexpr Beginning English1915 = {"menuButton2>MenuNewYear menuButton1>MenuEnlist", "English",
                                    "December 1915"};
 constexpr Beginning German1916 = {
-    "menuButton3>MenuNewYear menuButton2>MenuNewMonth month1>MenuNewCareer", "German",
-    "January 1916"};
+    "menuButton3>MenuNewYear menuButton2>MenuNewMonth month1>MenuEnlist", "German", "January 1916"};
 
 int32_t dateNow() { return Database::instance()->calendar().dateNumber(); }
 
@@ -42,8 +40,8 @@ std::vector<std::string> officeTexts(CareerDriver& driver) {
 
 void makeCareer(CareerDriver& driver, const Beginning& beginning) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-    ASSERT_TRUE(
-        driver.walk(std::string("careers>MenuCareers another>MenuNewService ") + beginning.way));
+    ASSERT_TRUE(driver.walk(std::string("careers>MenuCareers another>MenuNewService ") +
+                            beginning.way + " menuButton1>MenuNewCareer"));
     EXPECT_EQ(driver.text("menuButton1"), std::string("Service: ") + beginning.service);
     EXPECT_EQ(driver.text("menuButton2"), std::string("Start date: ") + beginning.date);
     EXPECT_EQ(driver.text("menuButton3").find("Your pilot's name: "), 0U);

@@ -88,6 +88,7 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
     const zel::PixelRect pressed = widget(name)->getBounds().currentRect();
     press(name, how);
     const bool isThere = screens->untilIdle(target.c_str()) || readLetters(target);
+    keepTime(from, target);
     if (!isThere)
         return testing::AssertionFailure()
                << name << " of " << from << " leads to " << state() << ", not to " << target;
@@ -95,6 +96,13 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
         return testing::AssertionFailure() << "A second press on " << name << " of " << from
                                            << " would hit " << end << " of " << target;
     return testing::AssertionSuccess();
+}
+
+void CareerDriver::keepTime(const std::string& from, const std::string& to) {
+    if (from.find("MenuNewYear") == 0 || from.find("MenuNewMonth") == 0)
+        enlistedAt = ScreenDriver::time();
+    else if (from == "MenuEnlist" && to == "MenuNewCareer")
+        ScreenDriver::setTime(enlistedAt);
 }
 
 bool CareerDriver::readLetters(const std::string& target) {
@@ -124,7 +132,7 @@ std::string CareerDriver::endAt(const zel::PixelRect& place) const {
 std::string CareerDriver::allTexts() const {
     std::string texts;
     for (const auto& [name, shown] : screens->menu().getWidgets())
-        texts += std::string(shown->getText().view()) + "\n";
+        texts += std::string((shown->getText() + " " + shown->getKind()).view()) + "\n";
     for (const auto& [name, shown] : screens->menu().getTextAreas())
         texts += std::string(shown->getText().view()) + "\n";
     return texts;
@@ -148,7 +156,8 @@ testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
 testing::AssertionResult CareerDriver::begin(const std::string& way) {
     if (!screens->untilIdle("MenuMain"))
         return testing::AssertionFailure() << "no main menu, but " << state();
-    return walk("careers>MenuCareers another>MenuNewService " + way + " menuButton4>MenuGameMain");
+    return walk("careers>MenuCareers another>MenuNewService " + way +
+                " menuButton1>MenuNewCareer menuButton4>MenuGameMain");
 }
 
 testing::AssertionResult CareerDriver::toOrders() {

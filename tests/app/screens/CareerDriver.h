@@ -41,9 +41,9 @@ public:
     testing::AssertionResult go(const std::string& widget, const std::string& state,
                                 How how = How::Name);
     /// Steps "widget>State", separated by blanks; "widget" alone stays on the screen and must
-    /// change a text there or disappear when pressed.
+    /// change a text or a kind there, or disappear, when pressed.
     testing::AssertionResult walk(const std::string& steps, How how = How::Name);
-    /// From the main menu to the squadron office. `way`: the steps up to the last page.
+    /// From the main menu to the squadron office. `way`: the steps up to the enlistment.
     testing::AssertionResult begin(const std::string& way);
     /// From the squadron office to the orders. An invitation is refused.
     testing::AssertionResult toOrders();
@@ -72,12 +72,17 @@ public:
 
 private:
     void press(const std::string& widget, How how);
+    /// The enlistment takes no time: later seeds take the clock in, and a career doesn't depend on
+    /// what a test tries there.
+    void keepTime(const std::string& from, const std::string& to);
     std::string allTexts() const;
     /// Reads the letters that may come before that page; false if they lead elsewhere.
     bool readLetters(const std::string& target);
     /// The plate that ends the program or puts a career away and shares a pixel with that place;
     /// empty for none.
     std::string endAt(const zel::PixelRect& place) const;
+
+    uint32_t enlistedAt = 0; // by the test's clock
 };
 
 /// As long as it lives the window is as a player holds it: in front, the pointer in it. If it isn't

@@ -24,9 +24,10 @@ protected:
     void SetUp() override {
         home.folder.write(Saves, "in the way");
         ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-        ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService "
-                                "menuButton2>MenuNewYear menuButton1>MenuNewCareer "
-                                "menuButton4>MenuNotificationSave menuButton1>MenuGameMain"));
+        ASSERT_TRUE(driver.walk(
+            "careers>MenuCareers another>MenuNewService "
+            "menuButton2>MenuNewYear menuButton1>MenuEnlist "
+            "menuButton1>MenuNewCareer menuButton4>MenuNotificationSave menuButton1>MenuGameMain"));
         std::filesystem::remove(home.folder.file(Saves));
     }
     ~Closing() override { zel::Platform::getInstance().clearInput(); }
@@ -82,7 +83,7 @@ TEST_F(Closing, AsksNobodyWhoLosesNothing) {
     zel::Platform::getInstance().forgetQuit();
     ASSERT_TRUE(driver.walk("menuBack>MenuGameMain menuBack>MenuMain careers>MenuCareers "
                             "another>MenuNewService menuButton1>MenuNewYear "
-                            "menuButton1>MenuNewCareer"));
+                            "menuButton1>MenuEnlist"));
     EXPECT_TRUE(close()) << "a career that is not begun";
 }
 

@@ -10,7 +10,7 @@ namespace {
 class CombatReportScreen : public CareerScreens {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+        ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
         ASSERT_TRUE(driver.takeOff());
     }
     /// Shows a report of so many Britons and Germans, the first of whom is the player.

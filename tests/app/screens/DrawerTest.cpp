@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr const char* German1915Choices = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+constexpr const char* German1915Choices = "menuButton3>MenuNewYear menuButton1>MenuEnlist";
 constexpr ShelvedBook Delmas = {"Lucien Delmas",   0, nullptr, nullptr, 19170610, 7, 14, false,
                                 "2008-05-06 21:40"};
 constexpr ShelvedBook Brandner = {
@@ -43,7 +43,7 @@ TEST_F(Drawer, KeepsTheCareerThatAnotherFollows) {
     EXPECT_EQ(rows(), pilot + "|");
     EXPECT_EQ(driver.text("count"), "Books 1 to 1 of 1");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
-    ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+    ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
     const std::string other = player();
     ASSERT_TRUE(driver.walk("menuBack>MenuMain careers>MenuCareers"));
     EXPECT_EQ(rows(), other + "|" + pilot + "|");

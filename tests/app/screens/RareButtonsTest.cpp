@@ -100,7 +100,7 @@ class RareButtons : public testing::TestWithParam<How> {
 TEST_P(RareButtons, Answer) {
     const PlayerHome home;
     CareerDriver driver(home, 1, true);
-    ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+    ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
     for (const Passage& passage : Passages) {
         passage.prepare(driver);
         EXPECT_TRUE(driver.walk(passage.steps, GetParam()));
@@ -117,7 +117,7 @@ TEST_P(RareButtons, EndTheProgram) {
         CareerDriver driver(home, 1, true);
         const bool isOffice = page == std::string("MenuGameMain");
         if (isOffice)
-            ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuNewCareer"));
+            ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
         else
             ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
         if (driver.state() != page)

@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr const char* Beginning = "menuButton2>MenuNewYear menuButton1>MenuNewCareer";
+constexpr const char* Beginning = "menuButton2>MenuNewYear menuButton1>MenuEnlist";
 
 class RareScreens : public testing::Test {
 protected:
@@ -55,8 +55,9 @@ uint32_t quickTicks() { return ++quickTime; }
 
 TEST_F(RareScreens, TheWarIsFought) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-    ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService menuButton2>MenuNewYear "
-                            "menuButton3>MenuNewMonth month4>MenuNewCareer"));
+    ASSERT_TRUE(
+        driver.walk("careers>MenuCareers another>MenuNewService menuButton2>MenuNewYear "
+                    "menuButton3>MenuNewMonth month4>MenuEnlist menuButton1>MenuNewCareer"));
     driver.screens->moveTo(5, 5);
     driver.screens->step();
     quickTime = zel::ticks();

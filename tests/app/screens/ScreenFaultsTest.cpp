@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr const char* FirstChoices = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+constexpr const char* FirstChoices = "menuButton3>MenuNewYear menuButton1>MenuEnlist";
 
 using ScreenFaults = CareerScreens;
 

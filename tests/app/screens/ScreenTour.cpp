@@ -23,11 +23,13 @@ using Visit = std::function<void(const std::string& name)>;
 
 // The ways of the tour: steps as those of CareerDriver::walk. One with a "!" ends at a screen to be
 // shown, under its name and what follows the mark.
-constexpr const char* ToTheInvitation =
+constexpr const char* ToTheEnlistment =
     "careers>MenuCareers!_Empty another>MenuNewService! menuButton2>MenuNewYear! "
     "menuButton4>MenuNewMonth1918! "
-    "menuBack>MenuNewYear menuButton3>MenuNewMonth! month4>MenuNewCareer! "
-    "menuButton4>MenuGameMain! menuButton2>MenuGameViewSquadron! menuButton1>MenuGameMain "
+    "menuBack>MenuNewYear menuButton3>MenuNewMonth! month4>MenuEnlist own squadron.row3!";
+constexpr const char* ToTheInvitation =
+    "menuButton1>MenuNewCareer! menuButton4>MenuGameMain! menuButton2>MenuGameViewSquadron! "
+    "menuButton1>MenuGameMain "
     "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain logbook>MenuGameLogbook!_None "
     "menuBack>MenuGameMain";
 constexpr const char* ToTheFlight =
@@ -95,11 +97,12 @@ public:
 
     bool run() {
         visit("MenuMain_NoBook");
-        return follow(ToTheInvitation) && driver.invite() >= 0 && follow(ToTheFlight) && flight() &&
-               follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
-               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(80) &&
-               follow(ToTheFullBook) && serve() && endWar() && turnTo("MenuGameMain") &&
-               follow(ToTheEnd) && endWays() && drawer() && follow(ThroughTheSettings) && notices();
+        return follow(ToTheEnlistment) && enlist() && follow(ToTheInvitation) &&
+               driver.invite() >= 0 && follow(ToTheFlight) && flight() && follow(ToTheBook) &&
+               fillReport() && follow(ToTheFullReport) && follow(ToTheNextFlight) &&
+               follow(ToTheEmptyReport) && addFlights(80) && follow(ToTheFullBook) && serve() &&
+               endWar() && turnTo("MenuGameMain") && follow(ToTheEnd) && endWays() && drawer() &&
+               follow(ThroughTheSettings) && notices();
     }
 
 private:
@@ -145,6 +148,24 @@ private:
         menu.getWidget("menuButton2")->setVisible(true); // as if there were a save before it
         menu.getTextArea("text3")->setVisible(true);
         menu.getTextArea("text4")->setVisible(false);
+    }
+
+    /// Sent by the service, under a long name and under an ace's.
+    bool enlist() {
+        zel::Menu& menu = driver.screens->menu();
+        const zel::String drawn = menu.getWidget("name")->getText();
+        const auto show = [&](const char* name, const char* picture) {
+            menu.setText("name", name);
+            driver.screens->step();
+            visit(picture);
+        };
+        if (!follow("sent"))
+            return false;
+        show("Wolfram-Friedrich von Hohenlohe", "MenuEnlist_Sent");
+        show("Albert Ball", "MenuEnlist_Ace");
+        menu.setText("name", drawn);
+        driver.screens->step();
+        return true;
     }
 
     bool flight() {

@@ -11,7 +11,7 @@ TEST(ScreenWar, IsJoinedInItsLastMonths) {
     const PlayerHome home;
     CareerDriver driver(home);
     ASSERT_TRUE(
-        driver.begin("menuButton3>MenuNewYear menuButton4>MenuNewMonth1918 month10>MenuNewCareer"));
+        driver.begin("menuButton3>MenuNewYear menuButton4>MenuNewMonth1918 month10>MenuEnlist"));
     EXPECT_NE(driver.text("date").find("-October-1918"), std::string::npos);
     EXPECT_EQ(Database::instance()->playerSquadron().nation, Germany);
 }
@@ -20,7 +20,7 @@ TEST(ScreenWar, IsJoinedInItsLastMonths) {
 TEST(ScreenWar, LastsUntilTheArmistice) {
     const PlayerHome home;
     CareerDriver driver(home);
-    ASSERT_TRUE(driver.begin("menuButton1>MenuNewYear menuButton1>MenuNewCareer"));
+    ASSERT_TRUE(driver.begin("menuButton1>MenuNewYear menuButton1>MenuEnlist"));
     standin::FlightOptions flight;
     int32_t missions = 0;
     while (!isWarOver(*Database::instance())) {

@@ -91,8 +91,9 @@ TEST_F(ScreensInWindow, RememberTheFullScreenThatTheKeysChoose) {
 }
 
 TEST_F(ScreensInWindow, EndWhenTheyAreClosedWhileTheWarIsFought) {
-    ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService menuButton3>MenuNewYear "
-                            "menuButton2>MenuNewMonth month3>MenuNewCareer"));
+    ASSERT_TRUE(
+        driver.walk("careers>MenuCareers another>MenuNewService menuButton3>MenuNewYear "
+                    "menuButton2>MenuNewMonth month3>MenuEnlist menuButton1>MenuNewCareer"));
     runningTime = zel::ticks();
     closingTime = runningTime + 500;
     zel::setTickSource(runningTicks);

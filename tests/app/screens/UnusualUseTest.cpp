@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr const char* German1915 = "menuButton3>MenuNewYear menuButton1>MenuNewCareer";
+constexpr const char* German1915 = "menuButton3>MenuNewYear menuButton1>MenuEnlist";
 
 /// Both presses come before the first is followed.
 void pressTwice(CareerDriver& driver, const char* button) {
@@ -21,8 +21,8 @@ using UnusualUse = CareerScreens;
 
 TEST_F(UnusualUse, TwoQuickPressesAreOne) {
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-    ASSERT_TRUE(
-        driver.walk(std::string("careers>MenuCareers another>MenuNewService ") + German1915));
+    ASSERT_TRUE(driver.walk(std::string("careers>MenuCareers another>MenuNewService ") +
+                            German1915 + " menuButton1>MenuNewCareer"));
     pressTwice(driver, "menuButton4");
     ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
     EXPECT_EQ(driver.screens->log.linesWith("SIMULATED MISSIONS"), 1);
@@ -68,6 +68,7 @@ TEST(UnusualMenus, EveryElementMayBeMissing) {
     setWindowWanted(false);
     {
         ScreenDriver screens({{"MenuMain", ""},
+                              {"MenuEnlist", ""},
                               {"MenuNewCareer", ""},
                               {"MenuGameMain", ""},
                               {"MenuGameInvite", ""},
@@ -82,7 +83,7 @@ TEST(UnusualMenus, EveryElementMayBeMissing) {
                               {"MenuConfigurationPlanes2", ""},
                               {"MenuNotificationInstallDir", ""}});
         ASSERT_TRUE(screens.untilIdle("MenuMain"));
-        // The new career's page makes the career that the other pages then show. Without a mission
+        // The enlistment makes the career that the other pages then show. Without a mission
         // template there is no mission, and no page that says so.
         for (const zel::HandledMenu* menu : zel::HandledMenu::getMenus()) {
             if (menu->getName() == "MenuMain")

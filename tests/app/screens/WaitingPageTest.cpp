@@ -35,7 +35,7 @@ using Pieces = std::map<std::string, std::string, ByNumber>; // of a log
 class WaitingPage : public CareerScreens {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(driver.begin("menuButton3>MenuNewYear menuButton1>MenuNewCareer"));
+        ASSERT_TRUE(driver.begin("menuButton3>MenuNewYear menuButton1>MenuEnlist"));
         ASSERT_TRUE(driver.takeOff());
     }
     std::string path(const std::string& name) { return home.simulator + "/data/" + name; }
@@ -204,7 +204,7 @@ TEST(WaitingPageOfALaterRun, FindsTheLogAtOnce) {
     const PlayerHome home;
     {
         CareerDriver driver(home);
-        ASSERT_TRUE(driver.begin("menuButton3>MenuNewYear menuButton1>MenuNewCareer"));
+        ASSERT_TRUE(driver.begin("menuButton3>MenuNewYear menuButton1>MenuEnlist"));
         ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
         EXPECT_FALSE(driver.widget("awaitReport")->isVisible());
         ASSERT_TRUE(driver.takeOff());

@@ -114,6 +114,10 @@ bool ScreenDriver::untilIdle(const char* state) {
     return false;
 }
 
+uint32_t ScreenDriver::time() { return now; }
+
+void ScreenDriver::setTime(uint32_t milliseconds) { now = milliseconds; }
+
 void ScreenDriver::moveTo(int32_t x, int32_t y) { send(motionEvent(x, y)); }
 
 void ScreenDriver::button(bool down) { send(buttonEvent(SDL_BUTTON_LEFT, down)); }

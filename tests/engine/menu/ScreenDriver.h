@@ -43,6 +43,10 @@ public:
     /// takes more than ten seconds.
     bool untilIdle(const char* state);
 
+    /// The test's clock, in milliseconds.
+    static uint32_t time();
+    static void setTime(uint32_t milliseconds);
+
     void moveTo(int32_t x, int32_t y);
     void button(bool down);
     void wheel(bool up); // one step, and a frame

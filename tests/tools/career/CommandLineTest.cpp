@@ -30,6 +30,7 @@ TEST(CareerCommandLine, ReadsCommandsInTheirOrder) {
         {"invitation accept invitation refuse invitation status", 4},
         {"flights victories postings export a.json save", 5}, {"victories Falke victories", 2},
         {"careers take 3 putaway 12 pages page 19170610 page 19170610-2 careers", 7}, {"victories pages", 2},
+        {"squadrons german 1917 4 new german 1917 4 --name Kurz --squadron 501011", 2},
     };
     // clang-format on
     for (const auto& [text, commands] : calls) {
@@ -67,6 +68,11 @@ TEST(CareerCommandLine, ReportsWhatIsWrong) {
         {"new wants a year and a month from 1915 12 to 1918 10",
          {"new french", "new french 1916", "new french 1915 11", "new french 1918 11",
           "new french 1917 0", "new french 1917 13", "new french 1917x 3"}},
+        {"squadrons wants french, english or german", {"squadrons"}},
+        {"--name and --squadron are for new", {"load --name Kurz", "load --squadron 501011"}},
+        {"at most 31 letters", {"new french 1916 1 --name Abcdefghijklmnopqrstuvwxyz-Abcde"}},
+        {"can't carry a character",
+         {"new french 1916 1 --name A/B", "new french 1916 1 --name \xE2\x98\x83"}},
         {"until wants a date as YYYYMMDD",
          {"until", "until 1917", "until 19170229", "until 19171301", "until 19170100",
           "until tomorrow"}},

@@ -22,7 +22,7 @@ struct OrdersTest : testing::Test {
         tools::Finding finding;
         EXPECT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding));
         begin();
-        EXPECT_TRUE(session->newCareer(ServiceGerman, 1915, 12) && session->save());
+        EXPECT_TRUE(session->newCareer({ServiceGerman, 1915, 12}) && session->save());
     }
     /// Ends the run of the program, if there is one, and starts another.
     Session& begin(bool keepsRecord = true) {
@@ -187,7 +187,7 @@ TEST_F(OrdersTest, EndWithTheProgramWhereNothingCanBeWritten) {
     fs::remove(run.userFolder() + "/Saves/record.db");
     ASSERT_TRUE(beginAndLoad().mission() && session->fly());
     expectReported(killAndLoad(), "of a career whose record was missing");
-    ASSERT_TRUE(session->newCareer(ServiceFrench, 1915, 12) && session->mission() &&
+    ASSERT_TRUE(session->newCareer({ServiceFrench, 1915, 12}) && session->mission() &&
                 session->fly() && session->save());
     expectReported(killAndLoad(), "of a career whose first save came after them");
 }

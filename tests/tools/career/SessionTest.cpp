@@ -37,7 +37,7 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
     const zel::String file = run.folder.file("record.json");
     expectProblem(session.flights(), "There is no career yet");
     expectProblem(session.writeBook(file), "There is no career yet");
-    ASSERT_TRUE(session.newCareer(ServiceGerman, 1917, 3) && session.mission() && session.fly() &&
+    ASSERT_TRUE(session.newCareer({ServiceGerman, 1917, 3}) && session.mission() && session.fly() &&
                 session.report())
         << session.problem().c_str();
     EXPECT_TRUE(session.flights() && session.victories("") && session.victories("von") &&
@@ -55,7 +55,7 @@ TEST_F(SessionTest, ShowsTheRecordOfTheWar) {
     ASSERT_TRUE(session.writeBook(run.folder.file("book.html"))) << session.problem().c_str();
     EXPECT_EQ(run.folder.read("book.html").find("<!DOCTYPE html>"), 0U);
     Session unrecorded(true, 0, false);
-    ASSERT_TRUE(unrecorded.newCareer(ServiceGerman, 1915, 12));
+    ASSERT_TRUE(unrecorded.newCareer({ServiceGerman, 1915, 12}));
     EXPECT_FALSE(unrecorded.flights());
     EXPECT_EQ(unrecorded.problem(), "This call keeps no record");
 }
@@ -69,10 +69,10 @@ TEST_F(SessionTest, ChangesBetweenCareers) {
         return session.onShelf([=](ShelfCommands& shelf) { return shelf.turnBack(page); });
     };
     expectProblem(turnBack("19160101"), "There is no current career");
-    ASSERT_TRUE(session.newCareer(ServiceGerman, 1915, 12) && session.save());
+    ASSERT_TRUE(session.newCareer({ServiceGerman, 1915, 12}) && session.save());
     const std::string first = career.player().name;
     const std::string page(career.calendar().dateText().view());
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    ASSERT_TRUE(session.newCareer({ServiceFrench, 1915, 12}));
     expectProblem(take(1), "save it first");
     ASSERT_TRUE(session.save()) << session.problem().c_str();
     EXPECT_TRUE(session.onShelf(&ShelfCommands::careers) && session.onShelf(&ShelfCommands::pages));
@@ -96,7 +96,7 @@ TEST_F(SessionTest, ChangesBetweenCareers) {
 
 TEST_F(SessionTest, GoesOnUntilADay) {
     makeSimulator();
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1916, 1));
+    ASSERT_TRUE(session.newCareer({ServiceFrench, 1916, 1}));
     ASSERT_TRUE(session.until(19160201)) << session.problem().c_str();
     EXPECT_GE(career.calendar().dateNumber(), 19160201);
     EXPECT_LT(career.calendar().dateNumber(), 19160220);
@@ -114,7 +114,7 @@ TEST_F(SessionTest, GoesOnUntilADay) {
 
 TEST_F(SessionTest, AnswersInvitations) {
     makeSimulator();
-    ASSERT_TRUE(session.newCareer(ServiceGerman, 1917, 3));
+    ASSERT_TRUE(session.newCareer({ServiceGerman, 1917, 3}));
     for (int32_t i = 0; i < 20 && !invitationDue(career); ++i)
         ASSERT_TRUE(session.advance(1));
     const int32_t inviting = career.invitationSquadron;
@@ -133,6 +133,24 @@ TEST_F(SessionTest, AnswersInvitations) {
     EXPECT_EQ(careerFaults(career), "");
 }
 
+TEST_F(SessionTest, EnlistsWhomAndWhereItIsTold) {
+    const auto start = [](const char* name, const char* key) {
+        return CareerStart{ServiceGerman, 1917, 4, zel::String(name), zel::String(key)};
+    };
+    expectProblem(session.newCareer(start("max IMMELMANN", "501011")),
+                  "There is an ace of this name: Max Immelmann");
+    for (const char* key : {"102056", "501999", "Jasta 11", ""})
+        expectProblem(session.newCareer(start("Emil Kurz", key)), "can be chosen in that month");
+    EXPECT_EQ(career.calendar().dateNumber(), 19151201) << "no war is fought for it";
+    ASSERT_TRUE(session.newCareer(start("Emil Kurz", "501011"))) << session.problem().c_str();
+    EXPECT_EQ(zel::arrayText(career.player().name), "Emil Kurz");
+    EXPECT_EQ(zel::arrayText(career.playerSquadron().key), "501011");
+    const size_t lines = career.dataLines.size();
+    EXPECT_TRUE(session.squadrons({ServiceFrench, 1916, 3}));
+    EXPECT_EQ(career.dataLines.size(), lines);
+    EXPECT_EQ(loadedCareerFaults(career), "");
+}
+
 TEST_F(SessionTest, NeedsACareer) {
     makeSimulator();
     for (const auto command :
@@ -148,7 +166,7 @@ TEST_F(SessionTest, NeedsACareer) {
 }
 
 TEST_F(SessionTest, NeedsTheSimulator) {
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    ASSERT_TRUE(session.newCareer({ServiceFrench, 1915, 12}));
     for (const auto command : {&Session::mission, &Session::fly, &Session::report})
         expectProblem((session.*command)(), "Rise of Flight was not found");
     expectProblem(session.until(19181111), "Rise of Flight was not found");
@@ -162,7 +180,7 @@ TEST_F(SessionTest, NeedsTheSimulator) {
 
 TEST_F(SessionTest, WaitsForALogInVain) {
     makeSimulator();
-    ASSERT_TRUE(session.newCareer(ServiceFrench, 1915, 12));
+    ASSERT_TRUE(session.newCareer({ServiceFrench, 1915, 12}));
     ASSERT_TRUE(session.mission());
     expectProblem(session.report(), "No log of a finished flight");
     run.folder.write("sim/data/missionReport(x)[0].txt", "T:0 AType:15 VER:18\r\n");

@@ -1,0 +1,188 @@
+#include "app/book/SquadronsToJoin.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "app/book/BookTables.h"
+#include "app/book/EnlistmentWording.h"
+#include "app/book/LogBookText.h"
+#include "app/career/Aircraft.h"
+#include "app/career/Database.h"
+#include "app/career/NewCareer.h"
+#include "app/career/UnitNames.h"
+#include "engine/core/Registry.h"
+
+namespace {
+
+/// Units whose names are long, and what is in place of them.
+struct LongNames {
+    int32_t base; // less than their numbers by what the name says
+    const Wording* shortForm;
+};
+constexpr LongNames AllLongNames[] = {{101900, &wording::ShortChasse},
+                                      {501300, &wording::ShortMarineUnit}};
+constexpr int32_t UnitsOfBase = 99;
+
+/// A month as the texts of its first and last day, "yyyymmdd", which compare like dates.
+struct Month {
+    Month(int32_t year, int32_t month)
+        : first(Calendar(year, month, 1).dateText()),
+          last(Calendar(year, month, Calendar::daysInMonth(year, month)).dateText()) {}
+
+    zel::String first, last;
+};
+
+/// A line of a squadron's or a pilot's file, as far as its keys are there.
+struct Entry {
+    std::string_view date, until, aircraft, unit;
+    int32_t level = 0;
+
+    bool isIn(const Month& month) const {
+        return !date.empty() && date <= month.last.view() &&
+               (until.empty() || until >= month.first.view());
+    }
+};
+
+template <typename Visit>
+void forEachEntry(const Database& career, const int32_t (&lines)[LineReferenceCount],
+                  const Visit& visit) {
+    std::vector<DataToken> tokens;
+    for (const int32_t line : lines) {
+        if (line < 0)
+            continue;
+        splitDataLine(zel::arrayText(career.dataLine(line).text), tokens);
+        Entry entry;
+        for (const DataToken& token : tokens) {
+            if (token.is("date"))
+                entry.date = token.value;
+            else if (token.is("until"))
+                entry.until = token.value;
+            else if (token.is("aircraft"))
+                entry.aircraft = token.value;
+            else if (token.is("unit"))
+                entry.unit = token.value;
+            else if (token.is("acelevel"))
+                entry.level = zel::toInt(token.value);
+        }
+        visit(entry);
+    }
+}
+
+/// What a pilot whom the table of aces lacks counts for, by his level in the data files.
+int32_t victoriesOfLevel(int32_t level) { return level == 1 ? 20 : level == 2 ? 10 : 5; }
+
+struct KnownPilot {
+    int32_t victories = 0;
+    zel::String name;
+};
+
+std::map<std::string, KnownPilot> knownPilots(const Database& career, const Month& month) {
+    std::map<std::string, KnownPilot> known; // by the key of the squadron
+    for (const PilotFile& file : career.pilotFiles) {
+        const zel::String name(zel::arrayText(file.name));
+        const RealAce* ace = BookTables::instance().ace(name);
+        forEachEntry(career, file.lines, [&](const Entry& entry) {
+            if (entry.unit.empty() || !entry.isIn(month))
+                return;
+            const int32_t victories =
+                ace != nullptr ? ace->victories : victoriesOfLevel(entry.level);
+            KnownPilot& best = known[std::string(entry.unit)];
+            if (victories > best.victories)
+                best = {victories, name};
+        });
+    }
+    return known;
+}
+
+/// What the player would fly with the squadron: of the types that his nation flies in the month one
+/// that the file names, if possible for that month and as late as possible. Empty if all that it
+/// flies is switched off.
+zel::String machineOf(const Database& career, const SquadronFile& file, const Month& month,
+                      const std::vector<const char*>& drawable) {
+    zel::String machine;
+    std::string_view since;
+    bool isOfMonth = false;
+    bool isNamed = false;
+    forEachEntry(career, file.lines, [&](const Entry& entry) {
+        const zel::String type = zel::String(entry.aircraft).toLower();
+        if (std::find(drawable.begin(), drawable.end(), type.view()) == drawable.end())
+            return;
+        isNamed = true;
+        const bool isThen = entry.isIn(month);
+        const bool isBetter =
+            machine.empty() || isThen > isOfMonth || (isThen == isOfMonth && entry.date > since);
+        if (!zel::Registry::isOn(type) || !isBetter)
+            return;
+        machine = type;
+        since = entry.date;
+        isOfMonth = isThen;
+    });
+    if (isNamed)
+        return machine;
+    const auto own = std::find_if(drawable.begin(), drawable.end(),
+                                  [](const char* type) { return zel::Registry::isOn(type); });
+    return own != drawable.end() ? zel::String(*own) : zel::String();
+}
+
+/// "M. von Richthofen" of a name that is too long.
+zel::String shortPilot(const zel::String& name) {
+    const std::string_view whole = name.view();
+    const size_t blank = whole.find(' ');
+    if (whole.size() < KnownLetters || blank == whole.npos)
+        return name;
+    return zel::String(whole.substr(0, 1)) + "." + zel::String(whole.substr(blank));
+}
+
+zel::String shortSquadron(const zel::String& key) {
+    const int32_t number = key.toInt();
+    const zel::String name = unitName(number);
+    if (name.view().size() >= SquadronLetters)
+        for (const LongNames& names : AllLongNames)
+            if (number > names.base && number <= names.base + UnitsOfBase)
+                return textOf(*names.shortForm, {number - names.base});
+    return name;
+}
+
+/// Cut so that a blank is left before the next one.
+zel::String listColumn(const zel::String& text, size_t letters) {
+    return column(zel::String(text.view().substr(0, letters - 1)), letters);
+}
+
+} // namespace
+
+std::vector<SquadronToJoin> squadronsToJoin(const Database& career, int32_t service, int32_t year,
+                                            int32_t month) {
+    const int32_t nation = nationOfService(service);
+    const Month asked(year, month);
+    const std::vector<const char*> drawable = planesDrawable(nation, year, month);
+    const std::map<std::string, KnownPilot> known = knownPilots(career, asked);
+    std::vector<SquadronToJoin> squadrons;
+    for (int32_t i = 0; i < career.squadronFileCount(); ++i) {
+        const SquadronFile& file = career.squadronFile(i);
+        const std::string_view key = zel::arrayText(file.key);
+        bool isThere = false;
+        forEachEntry(career, file.lines,
+                     [&](const Entry& entry) { isThere = isThere || entry.isIn(asked); });
+        if (!isThere || nationOfKey(key) != nation || !hasUnitName(unitNumber(career, i)))
+            continue;
+        SquadronToJoin squadron{i, zel::String(key), machineOf(career, file, asked, drawable), {}};
+        if (const auto pilot = known.find(std::string(key)); pilot != known.end())
+            squadron.knownPilot = pilot->second.name;
+        if (!squadron.machine.empty())
+            squadrons.push_back(squadron);
+    }
+    std::stable_sort(
+        squadrons.begin(), squadrons.end(),
+        [](const SquadronToJoin& a, const SquadronToJoin& b) { return a.key < b.key; });
+    return squadrons;
+}
+
+zel::String squadronRow(const SquadronToJoin& squadron, const zel::String& base) {
+    zel::String row = listColumn(shortSquadron(squadron.key), SquadronLetters) +
+                      listColumn(machineText(squadron.machine, FlownLetters - 1), FlownLetters);
+    if (!base.empty())
+        row += listColumn(textOf(wording::BaseInList, {base}), BaseLetters);
+    return (row + listColumn(shortPilot(squadron.knownPilot), KnownLetters)).trim(' ');
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Database;
+
+/// A squadron in which a career can begin.
+struct SquadronToJoin {
+    int32_t file = -1;      // index of its file, and in a career that was just made its own
+    zel::String key;        // as in the data files
+    zel::String machine;    // identifier of what it flies, one that the player has switched on
+    zel::String knownPilot; // of those who serve in it that month the one with the most victories
+                            // in the real war; empty for none
+};
+
+/// The squadrons of the service that fly in the month, by their keys. Left out is what has no name,
+/// and what flies only types that the player has switched off. Reads the career's data files and
+/// draws nothing.
+std::vector<SquadronToJoin> squadronsToJoin(const Database& career, int32_t service, int32_t year,
+                                            int32_t month);
+
+/// Columns of a list, with the blank after them.
+constexpr size_t SquadronLetters = 22;
+constexpr size_t FlownLetters = 20;
+constexpr size_t BaseLetters = 16;
+constexpr size_t KnownLetters = 20;
+/// "No 56 Squadron RFC    SE5a                Near Arras      Albert Ball": names that are too long
+/// for their column are shortened. base: in the language in use; without one there is no such
+/// column.
+zel::String squadronRow(const SquadronToJoin& squadron, const zel::String& base);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "app/war/Enlistment.h"
+#include "engine/core/String.h"
+
+class Database;
+
+/// What the commands on a career's beginning ask for.
+struct CareerStart {
+    int32_t service = 0;
+    int32_t year = 0;
+    int32_t month = 0;
+    std::optional<zel::String> name = std::nullopt;     // of the pilot; without one it is drawn
+    std::optional<zel::String> squadron = std::nullopt; // its key; without one the service chooses
+};
+
+/// What is wrong with a name, in English; empty for a name that is right.
+zel::String nameProblem(const NameCheck& check);
+/// Creates the career of that start, and says with what its service is to be begun. On error: the
+/// reason, in English, and a career that must not be used.
+zel::String createCareer(Database& career, const CareerStart& start, Enlistment& enlistment);
+/// A line for each squadron that can be chosen: its key, name, type and known pilot. Reads the data
+/// files anew and leaves the career as it is.
+std::vector<zel::String> squadronsOf(Database& career, const CareerStart& start);
