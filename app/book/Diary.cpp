@@ -10,6 +10,7 @@
 #include "app/book/RealWar.h"
 #include "app/book/RowSearch.h"
 #include "app/book/ServiceText.h"
+#include "app/book/ServiceWording.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
@@ -126,7 +127,8 @@ private:
     void readPostings() {
         if (flight > 0)
             readDeathsOfFlight();
-        SqliteStatement row(record, "SELECT kind, pilot, name, squadron, from_squadron, other_name"
+        SqliteStatement row(record, "SELECT kind, pilot, name, squadron, from_squadron,"
+                                    " CASE WHEN other = pilot THEN '' ELSE other_name END"
                                     " FROM posting WHERE id >= ? ORDER BY id");
         row.with(firstRowFrom(record, DatedTable::Posting, diary.from + 1));
         while (row.next()) {
@@ -148,17 +150,18 @@ private:
     void readDeathsOfFlight() {
         SqliteStatement row(
             record, "SELECT fallen.pilot, fallen.name, plane.squadron, victor.pilot,"
-                    " victor.name FROM flight_report AS fallen JOIN flight_plane AS plane"
+                    " victor.name, victor.type FROM flight_report AS fallen"
+                    " JOIN flight_plane AS plane"
                     " ON plane.flight = fallen.flight AND plane.pilot = fallen.pilot"
                     " LEFT JOIN flight_report AS victor ON victor.flight = fallen.flight"
-                    " AND victor.place = coalesce(fallen.shot_down_by,"
-                    " fallen.shot_down_by_own) WHERE fallen.flight = ? AND fallen.dead = 1");
+                    " AND victor.place = coalesce(fallen.shot_down_by, fallen.shot_down_by_own)"
+                    " AND victor.place <> fallen.place"
+                    " WHERE fallen.flight = ? AND fallen.dead = 1");
         row.with(flight);
         while (row.next()) {
             const int32_t pilot = row.integer(0);
-            const int32_t victor = row.index(3);
             noteDeath(pilot, career.isPilot(pilot) ? nameOf(career, pilot) : row.text(1),
-                      career.isPilot(victor) ? nameOf(career, victor) : row.text(4),
+                      nameOfReport(career, row.index(3), row.text(4), row.text(5)),
                       row.integer(2) == squadron);
         }
     }
@@ -327,24 +330,10 @@ Diary readDiary(SqliteFile& record, const Database& career) {
     DiaryReader(record, career, diary).read();
     diary.real = realWar(BookTables::instance(), diary.from, diary.until);
     diary.war = readWarPart(record, career);
+    if (record.failed()) {
+        diary.from = diary.until = career.calendar().dateNumber();
+        diary.squadron = {{DiarySign::None, 0, -1, textOf(wording::RecordUnreadable)}};
+        diary.front.clear();
+    }
     return diary;
-}
-
-zel::String daysText(int32_t from, int32_t until) {
-    const zel::String last = shortDate(Calendar::ofNumber(until));
-    if (from == until)
-        return bookDate(Calendar::ofNumber(until));
-    const bool isOneMonth = from / 100 == until / 100;
-    return textOf(wording::DaysTo,
-                  {isOneMonth ? zel::String(from % 100) : shortDayText(from), last});
-}
-
-std::vector<zel::String> diaryLines(const Diary& diary) {
-    std::vector<zel::String> lines = {daysText(diary.from, diary.until)};
-    for (const auto* list : {&diary.squadron, &diary.front, &diary.real})
-        for (const DiaryLine& line : *list)
-            lines.push_back(line.text);
-    lines.push_back(flightOfText(diary.war, diary.war.flown == 0));
-    lines.push_back(servedText(diary.war));
-    return lines;
 }

@@ -32,10 +32,5 @@ struct Diary {
     WarPart war;
 };
 
-/// On error: what the career knows by itself, and the file has failed.
+/// On error: that the record can't be read and what the real war knows, and the file has failed.
 Diary readDiary(SqliteFile& record, const Database& career);
-
-/// "7 to 10 June 1917".
-zel::String daysText(int32_t from, int32_t until);
-/// All of the diary as lines.
-std::vector<zel::String> diaryLines(const Diary& diary);

@@ -130,7 +130,9 @@ private:
             if (own < 0) {
                 own = static_cast<int32_t>(place);
                 flight.isLost = row.number(4) != 0;
-                flight.isShotDown = flight.isLost && (!row.isNull(5) || !row.isNull(6));
+                const auto isOther = [&](int32_t by) { return by >= 0 && by != own; };
+                flight.isShotDown =
+                    flight.isLost && (isOther(row.index(5)) || isOther(row.index(6)));
             }
         } else if (!isSameSide(row.integer(3), side) && groundObject(row.text(2)) == nullptr) {
             if (row.number(4) != 0 || row.number(7) != 0)
@@ -187,8 +189,11 @@ int32_t LogBook::months() const {
 LogBook readLogBook(SqliteFile& record, const Database& career) {
     LogBook book;
     BookReader(record).read(book);
-    if (record.failed())
-        return {};
+    if (record.failed()) {
+        book = {};
+        book.isUnreadable = true;
+        return book;
+    }
     addTotals(book, career);
     if (!book.flights.empty() && book.flights.back().pilot != career.playerPilot &&
         career.hasCareer())

@@ -50,6 +50,7 @@ struct LogBook {
     std::vector<BookFlight> flights;
     std::vector<MachineCount> victims; // of all flights by type, the most frequent first
     int32_t victories = 0;             // of all flights
+    bool isUnreadable = false;         // there may be flights, but the record can't be read
     zel::String successor; // who took the place of the pilot of the last flight; empty for nobody
 
     /// Whether the pilot of that flight fell in it.
@@ -58,6 +59,6 @@ struct LogBook {
     int32_t months() const;
 };
 
-/// Reads the record, as CareerRecord::read gives it. On error: an empty book, and the file has
-/// failed.
+/// Reads the record, as CareerRecord::read gives it. On error: an empty book that is unreadable,
+/// and the file has failed.
 LogBook readLogBook(SqliteFile& record, const Database& career);

@@ -5,6 +5,7 @@
 
 #include "app/book/DiaryWording.h"
 #include "app/book/LogBookWording.h"
+#include "app/book/ServiceWording.h"
 #include "app/career/Aircraft.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
@@ -13,6 +14,7 @@ namespace {
 
 constexpr float Destruction = 0.5F;
 constexpr std::string_view Cut = "...";
+constexpr size_t NoLimit = 1000; // letters
 
 zel::String cutTo(const zel::String& text, size_t letters) {
     const auto room = static_cast<int32_t>(letters);
@@ -32,25 +34,25 @@ zel::String dateOfRow(int32_t date) {
                   {day.getDay(), textOf(wording::RowMonths[month - 1]), day.getYear() % 100});
 }
 
-zel::String withText(const BookFlight& flight) {
+zel::String withText(const BookFlight& flight, size_t letters) {
     if (flight.companions.empty())
         return textOf(wording::FlewAlone);
     const auto more = static_cast<int32_t>(flight.companions.size()) - 1;
     const zel::String name = lastName(flight.companions.front());
     if (more == 0)
-        return cutTo(name, WithLetters);
+        return cutTo(name, letters);
     const auto mark = static_cast<size_t>(textOf(wording::WithMore, {"", more}).length());
-    return textOf(wording::WithMore, {cutTo(name, WithLetters - mark), more});
+    return textOf(wording::WithMore, {cutTo(name, letters - mark), more});
 }
 
-zel::String againstText(const BookFlight& flight) {
+zel::String againstText(const BookFlight& flight, size_t letters) {
     if (flight.opponents.empty())
         return textOf(wording::NobodyMet);
     const MachineCount& most = flight.opponents.front();
     const auto mark =
         static_cast<size_t>(textOf(wording::CountOfMachines, {most.count, ""}).length());
     return textOf(wording::CountOfMachines,
-                  {most.count, machineText(most.aircraft, AgainstLetters - mark)});
+                  {most.count, machineText(most.aircraft, letters - mark)});
 }
 
 /// Slight, moderate or severe as in the combat report: 0 to 2.
@@ -182,13 +184,24 @@ LogBookRow logBookRow(const BookFlight& flight) {
             dateOfRow(flight.date),
             cutTo(nameInLanguage(flight.base), NearLetters),
             machineText(flight.aircraft, MachineLetters),
-            withText(flight),
-            againstText(flight),
+            withText(flight, WithLetters),
+            againstText(flight, AgainstLetters),
             resultText(flight),
             rightAligned(flight.total, 4)};
 }
 
-zel::String resultText(const BookFlight& flight) {
+LogBookRow wholeRow(const BookFlight& flight) {
+    return {flight.number,
+            bookDate(Calendar::ofNumber(flight.date)),
+            nameInLanguage(flight.base),
+            machineText(flight.aircraft),
+            withText(flight, NoLimit),
+            againstText(flight, NoLimit),
+            resultText(flight, NoLimit),
+            flight.total};
+}
+
+zel::String resultText(const BookFlight& flight, size_t letters) {
     if (flight.victories <= 0)
         return textOf(ownFate(flight));
     const int32_t form = std::min<int32_t>(flight.victories, 4) - 1;
@@ -197,7 +210,7 @@ zel::String resultText(const BookFlight& flight) {
     if (fate == nullptr)
         return victories;
     zel::String both = textOf(wording::DownedAnd, {victories, textOf(*fate)});
-    if (both.length() <= static_cast<int32_t>(ResultLetters))
+    if (both.length() <= static_cast<int32_t>(letters))
         return both;
     return flight.isDead ? textOf(wording::Fell) : victories;
 }
@@ -248,6 +261,10 @@ zel::String successionText(const LogBook& book, size_t flight) {
     return successor.empty() ? zel::String() : textOf(wording::InHisPlace, {successor});
 }
 
+zel::String emptyBookText(const LogBook& book) {
+    return textOf(book.isUnreadable ? wording::RecordUnreadable : wording::NoFlightYet);
+}
+
 std::vector<zel::String> logBookLines(const LogBook& book) {
     std::vector<zel::String> lines{lineOf(logBookHeads())};
     for (size_t i = 0; i < book.flights.size(); ++i) {
@@ -258,7 +275,7 @@ std::vector<zel::String> logBookLines(const LogBook& book) {
         lines.push_back(fallText(book.flights[i]) + (next.empty() ? "" : " ") + next);
     }
     if (book.flights.empty())
-        lines.push_back(textOf(wording::NoFlightYet));
+        lines.push_back(emptyBookText(book));
     lines.push_back(flightsText(book));
     lines.push_back(victoriesText(book, 80));
     return lines;

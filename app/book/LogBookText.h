@@ -26,12 +26,14 @@ constexpr size_t AgainstLetters = 18;
 constexpr size_t ResultLetters = 19;
 
 LogBookRow logBookRow(const BookFlight& flight);
+/// The same where there is room for everything: nothing is cut.
+LogBookRow wholeRow(const BookFlight& flight);
 /// The heads of the columns.
 LogBookRow logBookHeads();
 
 /// "Two down", "Slightly injured", "One down, damaged": what the flight came to. Without its second
-/// half where both don't fit a column.
-zel::String resultText(const BookFlight& flight);
+/// half where both have more than so many letters.
+zel::String resultText(const BookFlight& flight, size_t letters = ResultLetters);
 /// "You came back slightly wounded.", by the percent of an injury.
 zel::String woundText(int32_t percent);
 /// "14 flights, 2 months".
@@ -54,5 +56,7 @@ zel::String machineText(const zel::String& aircraft, size_t letters);
 /// The text with blanks up to so many bytes, or cut to them.
 zel::String column(const zel::String& text, size_t letters);
 
+/// What a book without flights says in its first row.
+zel::String emptyBookText(const LogBook& book);
 /// All of the book as lines: heads, flights, successions, totals.
 std::vector<zel::String> logBookLines(const LogBook& book);

@@ -48,18 +48,17 @@ private:
         }
     }
 
-    /// Who brought him down in that flight; empty for nobody.
+    /// Who brought him down in that flight; empty for nobody else.
     zel::String victorIn(int32_t flight) {
-        SqliteStatement row(record, "SELECT other.name, other.pilot FROM flight_report AS own"
-                                    " JOIN flight_report AS other ON other.flight = own.flight"
-                                    " AND other.place = own.shot_down_by"
-                                    " WHERE own.flight = ? AND own.pilot = ?");
+        SqliteStatement row(record,
+                            "SELECT other.pilot, other.name, other.type FROM flight_report AS own"
+                            " JOIN flight_report AS other ON other.flight = own.flight"
+                            " AND other.place = coalesce(own.shot_down_by, own.shot_down_by_own)"
+                            " AND other.place <> own.place"
+                            " WHERE own.flight = ? AND own.pilot = ?");
         row.with(flight, pilot.pilot);
-        if (!row.next())
-            return {};
-        if (career.isPilot(row.index(1)))
-            return zel::arrayText(career.pilot(row.index(1)).name);
-        return row.text(0);
+        return row.next() ? nameOfReport(career, row.index(0), row.text(1), row.text(2))
+                          : zel::String();
     }
 
     void serve(int32_t date, int32_t squadron) {
@@ -139,9 +138,11 @@ private:
         const int64_t joined = firstArrivalFrom(record, pilot.pilot);
         if (joined == 0)
             return;
-        SqliteStatement row(record, "SELECT date, kind, squadron, other_name FROM posting"
-                                    " WHERE id >= ?1 AND pilot = ?2 AND kind IN ('joined', 'died')"
-                                    " ORDER BY id LIMIT ?3");
+        SqliteStatement row(
+            record, "SELECT date, kind, squadron,"
+                    " CASE WHEN other = pilot THEN '' ELSE other_name END"
+                    " FROM posting WHERE id >= ?1 AND pilot = ?2 AND kind IN ('joined', 'died')"
+                    " ORDER BY id LIMIT ?3");
         row.with(joined, pilot.pilot, pilot.isAlive ? 1 : 2);
         int32_t last = career.calendar().dateNumber();
         while (row.next()) {
@@ -232,6 +233,13 @@ PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index)
     if (saved.historic != 0)
         pilot.real = BookTables::instance().ace(pilot.name);
     PilotReader(record, career, pilot).read();
+    if (record.failed()) {
+        pilot.isUnreadable = true;
+        pilot.honours = {};
+        pilot.victories.clear();
+        pilot.postings.clear();
+        pilot.flights.clear();
+    }
     return pilot;
 }
 

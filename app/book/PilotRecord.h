@@ -47,11 +47,14 @@ struct PilotRecord {
     Honours honours;
     const RealAce* real = nullptr; // who he was, if he is a pilot of history
 
+    bool isUnreadable = false; // the record: only what the save has of him is known
+
     int32_t unrecorded() const { return victoryCount - int32_t(victories.size()); }
 };
 
 /// Reads what the record has of a pilot. The player's and his predecessors' by their flights; for
-/// others their time is searched. On error: what the save has of him, and the file has failed.
+/// others their time is searched. On error: what the save has of him, without rank and decorations,
+/// and the file has failed.
 PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index);
 
 /// How often each machine is among the victories, the most frequent first.

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "app/book/DiaryWording.h"
+#include "app/book/RowSearch.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Wording.h"
@@ -31,7 +32,20 @@ size_t languageOfTexts() {
     return code == "de" ? 1 : code == "fr" ? 2 : 0;
 }
 
-/// Gathers what happened from one day to another.
+std::string lastWord(const std::string& name) { return name.substr(name.rfind(' ') + 1); }
+
+/// Whether the text has the word whole.
+bool hasWord(const std::string& text, const std::string& word) {
+    const auto isLetter = [&](size_t at) {
+        return at < text.size() && text[at] >= 'a' && text[at] <= 'z';
+    };
+    for (size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
+        if ((at == 0 || !isLetter(at - 1)) && !isLetter(at + word.size()))
+            return true;
+    return false;
+}
+
+/// Gathers what happened from one day up to, but not on, another.
 class Days {
 public:
     Days(const BookTables& tables, int32_t from, int32_t until)
@@ -49,15 +63,38 @@ private:
         lines.push_back({date, {DiarySign::None, weight, -1, text}});
     }
 
-    template <typename Row> auto firstOf(const std::vector<Row>& rows) const {
-        return std::lower_bound(rows.begin(), rows.end(), from,
+    template <typename Row> static auto firstOf(const std::vector<Row>& rows, int32_t since) {
+        return std::lower_bound(rows.begin(), rows.end(), since,
                                 [](const Row& row, int32_t date) { return row.date < date; });
+    }
+
+    /// Whether an event of that day names him. A family name alone means the best of that name.
+    bool isTold(int32_t date, const RealAce& ace) const {
+        const std::string name = folded(ace.name.view());
+        const std::string family = lastWord(name);
+        for (auto event = firstOf(tables.events, date);
+             event != tables.events.end() && event->date == date; ++event) {
+            const std::string text = folded(event->texts[0].view());
+            if (text.find(name) != std::string::npos)
+                return true;
+            if (hasWord(text, family) && isMeant(text, ace, family))
+                return true;
+        }
+        return false;
+    }
+
+    bool isMeant(const std::string& text, const RealAce& ace, const std::string& family) const {
+        return std::none_of(tables.aces.begin(), tables.aces.end(), [&](const RealAce& other) {
+            const std::string name = folded(other.name.view());
+            return &other != &ace && lastWord(name) == family &&
+                   (other.victories > ace.victories || text.find(name) != std::string::npos);
+        });
     }
 
     void addEvents() {
         const size_t language = languageOfTexts();
-        for (auto event = firstOf(tables.events);
-             event != tables.events.end() && event->date <= until; ++event) {
+        for (auto event = firstOf(tables.events, from);
+             event != tables.events.end() && event->date < until; ++event) {
             const zel::String& own = event->texts[language];
             add(event->date, event->weight * EventWeight,
                 textOf(wording::RealEvent,
@@ -67,7 +104,8 @@ private:
 
     void addEnds() {
         for (const RealAce& ace : tables.aces) {
-            if (ace.fateDate < from || ace.fateDate > until || ace.fate == Fate::Survived)
+            if (ace.fateDate < from || ace.fateDate >= until || ace.fate == Fate::Survived ||
+                isTold(ace.fateDate, ace))
                 continue;
             const size_t form = size_t(ace.fate) - size_t(Fate::Killed);
             add(ace.fateDate, EndWeight + ace.victories / 2,
@@ -78,14 +116,14 @@ private:
 
     void addVictories() {
         std::map<std::pair<int32_t, int32_t>, int32_t> days; // by date and ace
-        for (auto won = firstOf(tables.victories);
-             won != tables.victories.end() && won->date <= until; ++won)
+        for (auto won = firstOf(tables.victories, from);
+             won != tables.victories.end() && won->date < until; ++won)
             ++days[{won->date, won->ace}];
         for (const auto& [day, count] : days) {
             const RealAce& ace = tables.aces[day.second];
             const int32_t all = BookTables::realScore(ace, day.first);
             const bool isRound = all / RoundSum > (all - count) / RoundSum;
-            if (count < LeastOfDay && !isRound)
+            if ((count < LeastOfDay && !isRound) || isTold(day.first, ace))
                 continue;
             add(day.first, DayWeight * count + all / 5,
                 textOf(wording::RealVictories,

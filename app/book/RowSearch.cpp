@@ -1,5 +1,7 @@
 #include "app/book/RowSearch.h"
 
+#include "app/career/Database.h"
+#include "app/career/GroundObjects.h"
 #include "app/record/Sqlite.h"
 
 namespace {
@@ -41,6 +43,14 @@ int64_t firstArrivalFrom(SqliteFile& record, int32_t pilot) {
     return row.next() && row.number(1) == pilot ? row.number(0) : 0;
 }
 
+zel::String nameOfReport(const Database& career, int32_t pilot, const zel::String& name,
+                         const zel::String& type) {
+    if (career.isPilot(pilot))
+        return zel::arrayText(career.pilot(pilot).name);
+    const Wording* const ground = groundObject(type.view());
+    return ground != nullptr ? textOf(*ground) : name;
+}
+
 std::string lowered(std::string_view text) {
     std::string result(text);
     for (char& character : result) {
@@ -52,6 +62,23 @@ std::string lowered(std::string_view text) {
             character = static_cast<char>(code + 0x10);
         else if (code == 0x9F)
             character = static_cast<char>(0xFF);
+    }
+    return result;
+}
+
+std::string folded(std::string_view text) {
+    // From 0xE0 on; those that are no letter of the alphabet stay.
+    constexpr std::string_view Plain = "aaaaaa\xE6"
+                                       "ceeeeiiii\xF0nooooo\xF7ouuuuy\xFEy";
+    std::string result = lowered(text);
+    for (char& character : result) {
+        const auto code = static_cast<uint8_t>(character);
+        if (code >= 0xE0)
+            character = Plain[code - 0xE0U];
+        else if (code == 0x9A)
+            character = 's';
+        else if (code == 0x9E)
+            character = 'z';
     }
     return result;
 }

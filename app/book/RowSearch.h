@@ -4,6 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "engine/core/String.h"
+
+class Database;
 class SqliteFile;
 
 // Rows of the record by binary search. A table grows day by day, so its keys are in the order of
@@ -17,5 +20,12 @@ int64_t firstRowFrom(SqliteFile& record, DatedTable table, int32_t date);
 /// it isn't in the record.
 int64_t firstArrivalFrom(SqliteFile& record, int32_t pilot);
 
+/// How the book names one of a flight's reports: the career's pilot by his name, an object on the
+/// ground by what it is, and else as in the log.
+zel::String nameOfReport(const Database& career, int32_t pilot, const zel::String& name,
+                         const zel::String& type);
+
 /// Lowers letters with accents too, which neither SQLite nor zel::String does.
 std::string lowered(std::string_view text);
+/// The same with the accents off, so that a name is found however it is written.
+std::string folded(std::string_view text);

@@ -112,6 +112,8 @@ zel::String unitNearText(const Database& career) {
 }
 
 zel::String flyingText(const PilotRecord& pilot) {
+    if (pilot.isUnreadable)
+        return textOf(wording::RecordUnreadable);
     if (pilot.flights.empty() && pilot.missions > 0)
         return textOf(wording::MissionsFlown, {pilot.missions});
     return textOf(wording::FlyingSince,
@@ -121,7 +123,7 @@ zel::String flyingText(const PilotRecord& pilot) {
 }
 
 zel::String victoriesText(const PilotRecord& pilot) {
-    if (pilot.unrecorded() > 0)
+    if (pilot.unrecorded() > 0 && !pilot.isUnreadable)
         return textOf(wording::NotRecorded, {pilot.victoryCount, pilot.unrecorded()});
     return textOf(wording::VictoriesHead, {pilot.victoryCount});
 }

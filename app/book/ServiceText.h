@@ -17,7 +17,8 @@ zel::String awardCard(const AwardGiven& given, const Honours& honours);
 zel::String unitText(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC, near Arras", of the player's squadron.
 zel::String unitNearText(const Database& career);
-/// "Flying since 9 April 1917: 41 flights"; of others than the player's "Missions: 41".
+/// "Flying since 9 April 1917: 41 flights"; of others than the player's "Missions: 41". That the
+/// record can't be read, if so.
 zel::String flyingText(const PilotRecord& pilot);
 /// "Victories: 17"; it says how many aren't in the record.
 zel::String victoriesText(const PilotRecord& pilot);

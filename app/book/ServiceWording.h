@@ -65,6 +65,7 @@ inline constexpr Wording RealFates[] = { // by Fate; date
 };
 inline constexpr Wording SeveralPilots   {3270, "Several pilots have such a name:"};
 inline constexpr Wording MissionsFlown   {3271, "Missions: $1"};
+inline constexpr Wording RecordUnreadable{3440, "The record of the war can't be read."};
 inline constexpr Wording LastMonth       {3237, "$1 in the last month"};
 
 } // namespace wording

@@ -53,6 +53,6 @@ zel::String servedText(const WarPart& war) {
         return served;
     const zel::String left =
         countText(wording::BookMonths, monthsBetween(war.today, FirstDayOfPeace));
-    return war.flown == 0 ? textOf(wording::MonthsToCome, {left})
-                          : textOf(wording::ServedAndToCome, {served, left});
+    return war.flights.empty() ? textOf(wording::MonthsToCome, {left})
+                               : textOf(wording::ServedAndToCome, {served, left});
 }

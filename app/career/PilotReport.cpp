@@ -47,12 +47,13 @@ Posting deathOf(const PilotReport& report, const std::vector<PilotReport>& repor
     Posting death;
     death.kind = PostingKind::Died;
     death.pilot = report.pilot;
-    death.cause = report.shotdownBy >= 0      ? PostingCause::ShotDown
-                  : report.shotdownByOwn >= 0 ? PostingCause::OwnSide
-                                              : PostingCause::Crash;
     const int32_t by = report.shotdownBy >= 0 ? report.shotdownBy : report.shotdownByOwn;
-    if (by < 0)
+    // Who damages himself last falls to nobody.
+    if (by < 0 || &reports[by] == &report) {
+        death.cause = PostingCause::Crash;
         return death;
+    }
+    death.cause = report.shotdownBy >= 0 ? PostingCause::ShotDown : PostingCause::OwnSide;
     const PilotReport& killer = reports[by];
     if (career.isPilot(killer.pilot))
         death.other = killer.pilot;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/book/ServiceWording.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/report/ReportText.h"
@@ -73,7 +74,8 @@ void MenuGameCombatReport::clearColumns() {
                 setText(lineName(column, entry, line), "");
             setText(reasonName(column, entry), "");
         }
-    setText("left1", textOf(wording::NoMission));
+    // A flight of the book that isn't found can't be read.
+    setText("left1", textOf(pages.isFromBook() ? wording::RecordUnreadable : wording::NoMission));
 }
 
 void MenuGameCombatReport::fillColumn(const char* column, const std::vector<ReportEntry>& entries) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/book/DiaryText.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"

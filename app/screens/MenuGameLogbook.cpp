@@ -63,8 +63,8 @@ void MenuGameLogbook::readBook() {
             lines.push_back({i, true});
     }
     showName(readPilot(tables, *career, career->playerPilot));
-    setText("totalLeft", flightsText(book));
-    setText("totalRight", victoriesText(book, TotalLetters));
+    setText("totalLeft", book.isUnreadable ? zel::String() : flightsText(book));
+    setText("totalRight", book.isUnreadable ? zel::String() : victoriesText(book, TotalLetters));
 }
 
 /// With the short rank if it doesn't fit, and then in the narrow type.
@@ -94,7 +94,7 @@ void MenuGameLogbook::showPage(int32_t page) {
         showRow(row, line < lines.size() ? &lines[line] : nullptr);
     }
     if (lines.empty())
-        setText(rowName("left", 1), textOf(wording::NoFlightYet));
+        setText(rowName("left", 1), emptyBookText(book));
     setText("pageNumber", textOf(wording::PageOf, {shownPage, pageCount()}));
     setActive("webPage", !lines.empty());
     setActive("earlier", shownPage > 1);

@@ -62,6 +62,8 @@ void MenuGameRecord::onEnter() {
     showRanks(pilot.honours);
     showRibbons(pilot.honours);
     showCase(pilot.honours);
+    if (pilot.isUnreadable)
+        setVisible("noMedal", false);
     showVictories(pilot);
     setText("note", "");
     setActive("webPage", !pilot.flights.empty());
@@ -134,7 +136,9 @@ void MenuGameRecord::showCase(const Honours& honours) {
 
 void MenuGameRecord::showVictories(const PilotRecord& pilot) {
     setText("victoriesHead", victoriesText(pilot));
-    setText("victoriesKinds", textOf(wording::LastMonth, {victoriesOfLastMonth(pilot)}));
+    setText("victoriesKinds", pilot.isUnreadable
+                                  ? zel::String()
+                                  : textOf(wording::LastMonth, {victoriesOfLastMonth(pilot)}));
     zel::Widget* widget = getWidget("victories");
     if (widget == nullptr)
         return;

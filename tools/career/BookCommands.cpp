@@ -1,7 +1,7 @@
 #include "tools/career/BookCommands.h"
 
 #include "app/book/Condolence.h"
-#include "app/book/Diary.h"
+#include "app/book/DiaryText.h"
 #include "app/book/LogBookText.h"
 #include "app/book/ServiceText.h"
 #include "app/book/WarEnd.h"

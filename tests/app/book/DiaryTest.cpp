@@ -1,8 +1,10 @@
-#include "app/book/Diary.h"
+#include "app/book/DiaryText.h"
 
 #include <gtest/gtest.h>
 
 #include "app/book/BookTables.h"
+#include "app/book/LogBook.h"
+#include "app/book/PilotRecord.h"
 #include "app/book/RealWar.h"
 #include "app/career/WarPeriods.h"
 #include "tests/app/book/HandMadeRecord.h"
@@ -110,34 +112,68 @@ TEST_F(DiaryTest, TellsOfThePlayersEndAndHisSuccessor) {
                  "Otto von der Heydt takes his place: you fly as him now.");
 }
 
-TEST_F(DiaryTest, GoesOnWithoutARecord) {
+// Nobody falls to himself, and a gun has no name of its own.
+TEST_F(DiaryTest, NamesWhoBroughtThemDown) {
+    const FlightPlane player{Player, 0, "Erich Sommer", "albatrosd5", Germany, 1};
+    FlownMission& own = record.addFlight(19170910, {player});
+    own.reports[0].shotDown = 1;
+    own.reports[0].shotdownByOwn = 0;
+    FlownMission& last =
+        record.addFlight(19170924, {player,
+                                    {Friend, 0, "Karl Bauer", "albatrosd5", Germany, 2},
+                                    {-1, -1, "Vehicle[7]", "13pdrAAA", England, 1}});
+    HandMadeRecord::credit(last, 2, 0);
+    last.reports[1].shotdownByOwn = 1;
+    last.reports[0].dead = last.reports[1].dead = 1;
+    record.career.pilots[Player].alive = 0;
+    const std::vector<std::string> lines = texts(read().squadron);
+    EXPECT_EQ(lines[0], "Your pilot Erich Sommer fell to anti-aircraft fire, with 7 victories.");
+    EXPECT_EQ(lines[1], "Karl Bauer fell. He had 3 victories.");
+    EXPECT_STREQ(readPilot(record.file, record.career, Player).postings.back().other.c_str(),
+                 "anti-aircraft fire");
+    const LogBook book = readLogBook(record.file, record.career);
+    EXPECT_FALSE(book.flights[0].isShotDown);
+    EXPECT_TRUE(book.flights[1].isShotDown);
+}
+
+// Neither a first day nor ranks are made up for a record that can't be read.
+TEST_F(DiaryTest, SaysThatTheRecordCannotBeRead) {
     fly(false);
     record.tables().run("DROP TABLE victory");
     const Diary diary = readDiary(record.file, record.career);
     EXPECT_TRUE(record.file.failed());
-    EXPECT_FALSE(diary.squadron.empty() || diary.front.empty() || diary.real.empty());
+    EXPECT_EQ(texts(diary.squadron), Texts{"The record of the war can't be read."});
+    EXPECT_TRUE(diary.front.empty() && !diary.real.empty());
+    const PilotRecord pilot = readPilot(record.file, record.career, Player);
+    EXPECT_STREQ(titleOf(pilot.honours, pilot.name).c_str(), "Erich Sommer");
+    EXPECT_EQ(pilot.victoryCount, 7);
 }
 
 TEST(RealWarTest, ChoosesTheMostImportantByDate) {
     TemporaryFolder folder;
     folder.write("aces.csv", "name,nation,born,victories,fate,fate_date,source\n"
                              "Werner Voss,Germany,1897,48,killed,19170923,x\n"
-                             "Poor Man,Germany,,5,captured,19170922,x\n");
+                             "Poor Man,Germany,,5,captured,19170922,x\n"
+                             "Max von M\374ller,Germany,,30,killed,19170925,x\n"
+                             "Otto von M\374ller,Germany,,9,killed,19170926,x\n"
+                             "Fritz M\374ller,Germany,,8,killed,19170926,x\n");
     folder.write("victories_by_day.csv", "name,date,victim_type,source\n"
                                          "Werner Voss,19170901,EA,x\nWerner Voss,19170905,EA,x\n"
                                          "Werner Voss,19170905,EA,x\nNobody,19170905,EA,x\n");
     folder.write("events.csv", "date,place,text_en,text_de,text_fr,weight,source\n"
                                "19170920,Ypres,\"The Menin Road, at dawn.\",,,5,x\n"
                                "19170921,Ypres,Rain.,,,1,x\n19170921,Ypres,Mud.,,,1,x\n"
-                               "19170921,Ypres,Fog.,,,1,x\n19170232,Ypres,Never.,,,1,x\n");
+                               "19170921,Ypres,Fog.,,,1,x\n19170232,Ypres,Never.,,,1,x\n"
+                               "19170925,Ypres,Muller falls.,,,1,x\n"
+                               "19170926,Ypres,The end of Otto von M\374ller.,,,5,x\n");
     folder.write("ranks.csv", "");
     folder.write("awards.csv", "");
     const LogCapture lines;
     const BookTables tables((folder.path() + "/").c_str());
-    EXPECT_EQ(tables.events.size(), 4U);
+    EXPECT_EQ(tables.events.size(), 6U);
     EXPECT_TRUE(lines.holds("events.csv, line 6") && lines.holds("victories_by_day.csv, line 5"))
         << lines.text();
-    EXPECT_EQ(texts(realWar(tables, 19170905, 19170923)),
+    EXPECT_EQ(texts(realWar(tables, 19170905, 19170924)),
               (Texts{"5 September: Werner Voss wins 2 victories and has 3 now.",
                      "20 September: The Menin Road, at dawn.",
                      "22 September: Poor Man, 5 victories, is captured.",
@@ -145,6 +181,13 @@ TEST(RealWarTest, ChoosesTheMostImportantByDate) {
     EXPECT_EQ(texts(realWar(tables, 19170910, 19170915)),
               Texts{"5 September: Werner Voss wins 2 victories and has 3 now."})
         << "the nearest before";
+    EXPECT_EQ(texts(realWar(tables, 19170923, 19170923)),
+              Texts{"22 September: Poor Man, 5 victories, is captured."})
+        << "the day itself isn't over";
+    EXPECT_EQ(texts(realWar(tables, 19170925, 19170927)),
+              (Texts{"25 September: Muller falls.", "26 September: The end of Otto von M\374ller.",
+                     "26 September: Fritz M\374ller, 8 victories, is killed."}))
+        << "an ace whom an event names has no second line";
     EXPECT_EQ(texts(realWar(tables, 19160910, 19160915)), Texts{"Nothing is known of these days."});
 }
 

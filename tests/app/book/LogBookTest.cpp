@@ -86,8 +86,9 @@ TEST_F(LogBookTest, IsEmptyWithoutFlightsOrWithoutARecord) {
     SqliteFile nothing;
     EXPECT_TRUE(readLogBook(nothing, record.career).flights.empty());
     EXPECT_TRUE(record.file.run("DROP TABLE flight_report"));
-    EXPECT_TRUE(readLogBook(record.file, record.career).flights.empty());
-    EXPECT_TRUE(record.file.failed());
+    const LogBook unreadable = readLogBook(record.file, record.career);
+    EXPECT_TRUE(unreadable.flights.empty() && record.file.failed());
+    EXPECT_STREQ(emptyBookText(unreadable).c_str(), "The record of the war can't be read.");
 }
 
 // What a man's flight came to, the worst first.

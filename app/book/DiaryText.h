@@ -1,0 +1,10 @@
+#pragma once
+
+#include "app/book/Diary.h"
+
+// The diary as text, in the language in use. The examples are the English ones.
+
+/// "7 to 10 June 1917".
+zel::String daysText(int32_t from, int32_t until);
+/// All of the diary as lines.
+std::vector<zel::String> diaryLines(const Diary& diary);
