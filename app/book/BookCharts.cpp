@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 
 #include "app/book/LogBookText.h"
 #include "app/book/ServiceText.h"
@@ -10,13 +9,14 @@
 #include "app/book/WebWording.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
-#include "app/career/Nation.h"
 
 namespace {
 
 using Anchor = Svg::Anchor;
 
 constexpr float ChartWidth = 940;
+constexpr float HalfWidth = 460;
+constexpr int32_t MonthsOfHalf = 7;
 constexpr float MonthsHeight = 250;
 constexpr float TimeHeight = 190;
 constexpr float MapWidth = 312;
@@ -31,7 +31,6 @@ constexpr const char* BlueText = "font-size=\"13\" fill=\"#23406B\"";
 constexpr const char* RedText = "font-size=\"13\" fill=\"#8E1F17\"";
 
 int32_t monthOf(int32_t date) { return date / 100; }
-int32_t nextMonth(int32_t month) { return month % 100 == 12 ? month + 89 : month + 1; }
 int32_t dayOf(int32_t date) { return Calendar::ofNumber(date).dayNumber(); }
 
 zel::String monthAndYear(int32_t month) { return shortMonth(month % 100) + " " + month / 100; }
@@ -63,45 +62,34 @@ void drawBars(Svg& svg, const MonthScore& month, float x, float width, float uni
 
 } // namespace
 
-std::vector<MonthScore> monthScores(const LogBook& book, const BookTables& tables, int32_t nation) {
-    std::vector<MonthScore> months;
-    const int32_t last = monthOf(book.flights.back().date);
-    for (int32_t month = monthOf(book.flights.front().date); month <= last;
-         month = nextMonth(month)) {
-        MonthScore& score = months.emplace_back();
-        score.month = month;
-        for (const BookFlight& flight : book.flights)
-            if (monthOf(flight.date) == month)
-                score.own += flight.victories;
-        std::map<int32_t, int32_t> real; // by ace
-        for (const RealVictory& victory : tables.victories)
-            if (monthOf(victory.date) == month &&
-                tables.aces[static_cast<size_t>(victory.ace)].nation == nation)
-                ++real[victory.ace];
-        for (const auto& [ace, count] : real)
-            if (count > score.best) {
-                score.best = count;
-                score.bestMan = tables.aces[static_cast<size_t>(ace)].name;
-            }
-    }
-    return months;
+bool hasManyMonths(int32_t since, int32_t end) {
+    int32_t months = 0;
+    for (int32_t month = monthOf(since); month < monthOf(end); month = nextMonth(month))
+        ++months;
+    return months > MonthsOfHalf;
+}
+
+float chartWidth(int32_t since, int32_t end) {
+    return hasManyMonths(since, end) ? ChartWidth : HalfWidth;
 }
 
 std::string monthChart(const std::vector<MonthScore>& months) {
     constexpr float Left = 40;
     constexpr float Ground = 200;
     constexpr float Top = 26;
-    Svg svg(ChartWidth, MonthsHeight);
+    const float wide =
+        chartWidth(months.front().month * 100 + 1, nextMonth(months.back().month) * 100 + 1);
+    Svg svg(wide, MonthsHeight);
     const int32_t top = topOf(months);
     const float unit = (Ground - Top) / static_cast<float>(top);
     const int32_t every = top <= 10 ? 2 : 5;
     for (int32_t value = 0; value <= top; value += every) {
         const float y = Ground - static_cast<float>(value) * unit;
-        svg.line(Left, y, ChartWidth - 8, y, Grid);
+        svg.line(Left, y, wide - 8, y, Grid);
         svg.text(Left - 8, y + 4, value, Anchor::End, Small);
     }
     const auto count = static_cast<float>(months.size());
-    const float step = (ChartWidth - Left - 10) / count;
+    const float step = (wide - Left - 10) / count;
     const float width = std::min(step - 4, 90.0F);
     zel::String described;
     for (size_t i = 0; i < months.size(); ++i) {
@@ -113,14 +101,18 @@ std::string monthChart(const std::vector<MonthScore>& months) {
             svg.text(x + width / 2, Ground + 17,
                      isFew ? shortMonth(month.month % 100) : monthAndYear(month.month),
                      Anchor::Middle, Plain);
+        // In two rows, since most names are wider than a month.
         if (isFew && !month.bestMan.empty())
-            svg.text(x + width / 2, Ground + 33, lastName(month.bestMan), Anchor::Middle, Small);
-        const zel::String one = textOf(wording::MonthOfChart,
-                                       {monthAndYear(month.month), month.own,
-                                        month.bestMan.empty() ? "-" : month.bestMan, month.best});
+            svg.text(x + width / 2, Ground + 32 + static_cast<float>(i % 2) * 14,
+                     lastName(month.bestMan), Anchor::Middle, Small);
+        const zel::String one =
+            month.bestMan.empty()
+                ? textOf(wording::MonthAlone, {monthAndYear(month.month), month.own})
+                : textOf(wording::MonthOfChart,
+                         {monthAndYear(month.month), month.own, month.bestMan, month.best});
         described += (described.empty() ? "" : " ") + one;
     }
-    svg.line(Left, Ground, ChartWidth - 8, Ground, Ink);
+    svg.line(Left, Ground, wide - 8, Ground, Ink);
     return svg.element(textOf(wording::MonthChart), described);
 }
 

@@ -87,6 +87,8 @@ public:
             line.seconds = static_cast<int32_t>(draft.seconds);
             if (!draft.hasMark)
                 continue;
+            const SketchMark::Kind kind = sketch.marks[draft.mark].kind;
+            line.isLoss = kind == SketchMark::Loss || kind == SketchMark::OwnLoss;
             const size_t square = squareOf(draft);
             const bool isShared = crowd[square] > static_cast<int32_t>(LongestCrowd);
             if (isShared && shared[square] != 0) {

@@ -26,6 +26,7 @@ struct SketchLine {
     int32_t number = 0;  // of its mark; 0 without a place
     int32_t seconds = 0; // since the start; negative without a time
     zel::String text;    // who and what, in the language in use
+    bool isLoss = false; // of a plane
 };
 
 /// The part of the map that a sketch shows: squares of so many kilometres, from its lower left

@@ -27,6 +27,8 @@ public:
 
     /// The element, with a title and a description for those who don't see it.
     std::string element(const zel::String& title, const zel::String& description) const;
+    /// The element as an ornament beside words that say the same, so wide in the page's pixels.
+    std::string ornament(std::string_view cssClass, int32_t shownWidth) const;
 
 private:
     float width, height;

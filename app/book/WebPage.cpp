@@ -8,14 +8,18 @@
 #include <vector>
 
 #include "app/book/BookCharts.h"
+#include "app/book/BookPictures.h"
+#include "app/book/Citation.h"
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
 #include "app/book/RecordedFlight.h"
 #include "app/book/ServiceText.h"
+#include "app/book/TotalChart.h"
 #include "app/book/WebWording.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/career/UnitNames.h"
 #include "app/record/Sqlite.h"
 #include "app/report/Outcome.h"
 #include "engine/core/File.h"
@@ -29,7 +33,6 @@ using kainjow::mustache::data;
 constexpr const char* TemplateFile = "Data\\Book\\logbook.html";
 constexpr int32_t LargestTemplate = 1 << 20; // bytes
 constexpr size_t MostSketches = 6;
-constexpr size_t WholeWidth = 200; // letters; nothing is cut on the page
 
 data valueOf(const zel::String& text) { return data(zel::utf8Of(text.view())); }
 
@@ -41,12 +44,14 @@ public:
     PageData(SqliteFile& record, const Database& career, const LogBook& book)
         : record(record), career(career), book(book),
           pilot(readPilot(record, career, book.flights.back().pilot)),
-          months(monthScores(book, BookTables::instance(), pilot.nation)) {}
+          men(realMen(book, career, BookTables::instance())), months(monthScores(book, men)) {}
 
     data make() {
         addHeads();
         addFigures();
         page["monthChart"] = data(monthChart(months));
+        page["totalChart"] = data(totalChart(book, men));
+        page["areCharts"] = data(hasManyMonths(men.since, men.end) ? "one" : "two");
         page["timeline"] = data(timelineOf(book, pilot.honours));
         addService();
         addFlights();
@@ -73,7 +78,9 @@ private:
     const Database& career;
     const LogBook& book;
     const PilotRecord pilot;
+    const RealMen men;
     const std::vector<MonthScore> months;
+    std::vector<Shape> shapes; // of the victories
     data page;
     int32_t victoryNumber = 0;
 };
@@ -85,9 +92,12 @@ void PageData::addHeads() {
                                               : std::string(zel::Language::getCode().view()));
     set("pageTitle", textOf(wording::WebTitle, {name}));
     set("name", name);
-    set("subtitle", textOf(wording::WebSubtitle,
-                           {unitText(career, pilot.squadron), dayTextOf(book.flights.front().date),
-                            dayTextOf(book.flights.back().date)}));
+    const int32_t unit = unitNumber(career, career.squadron(pilot.squadron).squadronFile);
+    const int32_t last = book.flights.back().date;
+    set("subtitle",
+        textOf(wording::WebSubtitle, {serviceName(pilot.nation, branchOfUnit(unit), last),
+                                      unitText(career, pilot.squadron),
+                                      dayTextOf(book.flights.front().date), dayTextOf(last)}));
     set("partsLabel", wording::WebParts);
     set("chartsHead", wording::WebCharts);
     set("serviceHead", wording::WebService);
@@ -95,7 +105,8 @@ void PageData::addHeads() {
     set("mapsHead", wording::WebSketches);
     set("flightsHead", wording::WebFlights);
     set("ownKey", wording::OwnMonths);
-    set("realKey", wording::BestMonths);
+    set("realKey", men.isFront ? wording::BestOfFront : wording::BestMonths);
+    set("totalNote", men.isFront ? wording::TotalsOfFront : wording::TotalsOfSquadron);
     set("timelineNote", wording::TimeLineNote);
     set("ranksHead", wording::WebRanks);
     set("awardsHead", wording::WebAwards);
@@ -122,16 +133,30 @@ void PageData::addFigures() {
     const auto count = [&](auto isOne) {
         return static_cast<int32_t>(std::count_if(book.flights.begin(), book.flights.end(), isOne));
     };
-    add(wording::FigureFlights, static_cast<int32_t>(book.flights.size()));
-    add(wording::FigureVictories, book.victories);
+    // The present man's, and the whole book's if it has more pilots.
+    const int32_t own = pilot.pilot;
+    const bool isShared = std::any_of(book.flights.begin(), book.flights.end(),
+                                      [=](const BookFlight& f) { return f.pilot != own; });
+    const auto addBoth = [&](const Wording& label, int32_t his, int32_t all) {
+        add(label, isShared ? textOf(wording::FigureAndBook, {his, all}) : zel::String(his));
+    };
+    const auto addCount = [&](const Wording& label, auto isOne) {
+        addBoth(label, count([&](const BookFlight& f) { return f.pilot == own && isOne(f); }),
+                count(isOne));
+    };
+    addCount(wording::FigureFlights, [](const BookFlight&) { return true; });
+    int32_t won = 0;
+    for (const BookFlight& flight : book.flights)
+        won += flight.pilot == own ? flight.victories : 0;
+    addBoth(wording::FigureVictories, won, book.victories);
     const auto best = std::max_element(months.begin(), months.end(),
                                        [](const auto& a, const auto& b) { return a.own < b.own; });
     if (best->own > 0)
         add(wording::FigureBestMonth,
             textOf(wording::FigureOfMonth, {shortMonth(best->month % 100), best->own}));
     add(wording::FigureMachine, machineText(book.flights.back().aircraft));
-    add(wording::FigureDamaged, count([](const BookFlight& f) { return f.damage >= NotedDamage; }));
-    add(wording::FigureInjured, count([](const BookFlight& f) { return f.injury > 0; }));
+    addCount(wording::FigureDamaged, [](const BookFlight& f) { return f.damage >= NotedDamage; });
+    addCount(wording::FigureInjured, [](const BookFlight& f) { return f.injury > 0; });
     page["figures"] = std::move(figures);
 }
 
@@ -141,9 +166,13 @@ void PageData::addService() {
         ranks << valueOf(textOf(wording::FigureOfMonth, {given.rank->name, dayTextOf(given.date)}));
     page["ranks"] = std::move(ranks);
     data awards(data::type::list);
-    for (const AwardGiven& given : pilot.honours.awards)
-        awards << valueOf(
+    for (const AwardGiven& given : pilot.honours.awards) {
+        data award;
+        award["ribbon"] = data(ribbonPicture(given.award->key));
+        award["words"] = valueOf(
             textOf(wording::FigureOfMonth, {awardText(*given.award), dayTextOf(given.date)}));
+        awards << award;
+    }
     page["awards"] = std::move(awards);
 }
 
@@ -151,16 +180,16 @@ void PageData::addFlights() {
     data rows(data::type::list);
     for (size_t i = 0; i < book.flights.size(); ++i) {
         const BookFlight& flight = book.flights[i];
-        const LogBookRow row = logBookRow(flight);
+        const LogBookRow row = wholeRow(flight);
         data one;
         one["isWon"] = data(flight.victories > 0);
-        one["number"] = valueOf(flight.number);
-        one["date"] = valueOf(dayTextOf(flight.date));
-        one["machine"] = valueOf(machineText(flight.aircraft));
+        one["number"] = valueOf(row.number);
+        one["date"] = valueOf(row.date);
+        one["machine"] = valueOf(row.machine);
         one["with"] = valueOf(row.with);
         one["against"] = valueOf(row.against);
         one["result"] = valueOf(row.result);
-        one["total"] = valueOf(flight.total);
+        one["total"] = valueOf(row.total);
         if (book.endsPilot(i))
             one["fall"] = valueOf(fallText(flight) + " " + successionText(book, i));
         rows << one;
@@ -183,6 +212,9 @@ void PageData::addVictories() {
     }
     page["victories"] = std::move(rows);
     page["hasVictories"] = data(victoryNumber > 0);
+    if (victoryNumber > 0)
+        page["machines"] =
+            data(victoryPictures(shapes, countText(wording::Victories, victoryNumber)));
 }
 
 void PageData::addVictory(data& rows, const RecordedFlight& flight, size_t victim) {
@@ -200,8 +232,9 @@ void PageData::addVictory(data& rows, const RecordedFlight& flight, size_t victi
     data row;
     row["number"] = valueOf(++victoryNumber);
     row["date"] = valueOf(dayTextOf(flight.date));
-    row["machine"] = valueOf(
-        machineText(fallen.plannedType.empty() ? fallen.type : fallen.plannedType, WholeWidth));
+    const zel::String& machine = fallen.plannedType.empty() ? fallen.type : fallen.plannedType;
+    shapes.push_back(shapeOf(machine));
+    row["machine"] = valueOf(machineText(machine));
     row["pilot"] = valueOf(fallen.plannedName.empty() ? reportedName(fallen) : fallen.plannedName);
     row["near"] = valueOf(town != nullptr ? nameInLanguage(town) : zel::String("-"));
     row["why"] = valueOf(Outcomes(mission.reports, mission.events).of(victim).reason);
@@ -244,11 +277,9 @@ void PageData::addSketch(data& sketches, const RecordedFlight& flight) {
     const bool hasBase = baseOf(record, flight, base);
     const Sketch sketch = sketchOf(flight, hasBase ? &base : nullptr);
     zel::String caption;
-    for (const SketchMark& mark : sketch.marks)
-        for (const SketchLine& line : sketch.lines)
-            if (mark.number > 0 && mark.number == line.number &&
-                (mark.kind == SketchMark::Loss || mark.kind == SketchMark::OwnLoss))
-                caption += (caption.empty() ? "" : " ") + line.text + ".";
+    for (const SketchLine& line : sketch.lines)
+        if (line.isLoss)
+            caption += (caption.empty() ? "" : " ") + line.text + ".";
     const zel::String title =
         textOf(wording::SketchOfFlight, {flight.number, dayTextOf(flight.date)});
     data one;

@@ -7,7 +7,7 @@
 namespace wording {
 
 inline constexpr Wording WebTitle       {3900, "Flying log book of $1"};
-inline constexpr Wording WebSubtitle    {3901, "$1. Flying log book, $2 to $3"}; // unit, first day, last day
+inline constexpr Wording WebSubtitle    {3901, "$1, $2. Flying log book, $3 to $4"}; // service, unit, first day, last day
 inline constexpr Wording WebParts       {3902, "Parts of the book"};
 inline constexpr Wording WebCharts      {3903, "The war so far"};
 inline constexpr Wording WebService     {3904, "Service"};
@@ -22,7 +22,14 @@ inline constexpr Wording FigureDamaged  {3912, "damaged"};
 inline constexpr Wording FigureInjured  {3913, "injured"};
 inline constexpr Wording FigureOfMonth  {3914, "$1, $2"}; // month, victories
 inline constexpr Wording OwnMonths      {3915, "your victories in a month"};
-inline constexpr Wording BestMonths     {3916, "the best man of your nation in the real war"};
+inline constexpr Wording BestMonths     {3916, "the best man of the same squadron in the real war"};
+inline constexpr Wording BestOfFront    {3442, "the best of five leading men of the front in the real war"};
+inline constexpr Wording TotalChart     {3443, "The running total"};
+inline constexpr Wording TotalOfChart   {3444, "$1: $2."}; // name, victories
+inline constexpr Wording MonthAlone     {3445, "$1: $2."}; // month, own victories
+inline constexpr Wording TotalsOfSquadron{3446, "The running total beside those of the squadron's best in the real war, over the same months."};
+inline constexpr Wording TotalsOfFront  {3447, "The running total beside those of five leading men of the front in the real war, over the same months."};
+inline constexpr Wording FigureAndBook  {3448, "$1 ($2 in the book)"}; // his, all pilots'
 inline constexpr Wording MonthChart     {3917, "Victories by month"};
 inline constexpr Wording MonthOfChart   {3918, "$1: $2, the best $3 with $4."}; // month, own, name, his
 inline constexpr Wording TimeLine       {3919, "Flights, ranks and decorations"};
