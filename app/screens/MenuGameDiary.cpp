@@ -1,6 +1,7 @@
 #include "app/screens/MenuGameDiary.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "app/book/DiaryText.h"
 #include "app/career/CareerTexts.h"
@@ -9,6 +10,7 @@
 #include "engine/core/Log.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/Menu.h"
+#include "engine/menu/widgets/ScrollingArea.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -22,6 +24,9 @@ constexpr int32_t SquadronSpace = 14;
 constexpr int32_t OtherSpace = 10;
 constexpr int32_t CloseSpace = 6;
 constexpr int32_t TallestRow = 200;
+constexpr int32_t FocusStrokeWidth = 3;
+constexpr uint32_t FocusStrokeColour = 0x8E1F17;
+constexpr float FocusStrokeAlpha = 0.8F;
 constexpr int32_t SignLift = 2; // of a sign above the top of its text
 
 constexpr const char* SignImages[] = { // by DiarySign
@@ -44,6 +49,9 @@ void MenuGameDiary::onEnter() {
     int32_t space = OtherSpace;
     fitReal(diary.real, space);
     showLines("real", diary.real, RealRows, space);
+    constexpr const char* Areas[] = {"entry", "news", "real"};
+    for (size_t i = 0; i < std::size(Areas); ++i)
+        makeStop(Areas[i], marks[i]);
     setText("count", flightOfText(diary.war, diary.war.flown == 0));
     setText("rest", servedText(diary.war));
     strip.show(*menu, "strip", "strip_diary", diary.war);
@@ -78,6 +86,21 @@ void MenuGameDiary::fitReal(std::vector<DiaryLine>& lines, int32_t& space) {
             lines.begin(), lines.end(),
             [](const DiaryLine& a, const DiaryLine& b) { return a.weight < b.weight; }));
     row->setRect(rect);
+}
+
+void MenuGameDiary::makeStop(const char* area, MadePicture& mark) {
+    auto* list = dynamic_cast<zel::ScrollingArea*>(getWidget(area));
+    if (list == nullptr)
+        return;
+    list->setStop(true);
+    const zel::PixelRect& rect = list->getBounds().rect;
+    mark.begin(rect.width, rect.height);
+    for (int32_t x = 1; x <= FocusStrokeWidth; ++x)
+        mark.drawColumn(rect.width - x, 0, rect.height, FocusStrokeColour, FocusStrokeAlpha);
+    mark.show(*menu, area);
+    for (int32_t look = 0; look < zel::LookCount; ++look)
+        if (look != zel::LookOver)
+            list->setImage(static_cast<zel::WidgetLook>(look), nullptr);
 }
 
 void MenuGameDiary::showLines(const char* area, const std::vector<DiaryLine>& lines, int32_t most,

@@ -2,6 +2,7 @@
 
 #include "app/book/Diary.h"
 #include "app/screens/CareerScreen.h"
+#include "app/screens/MadePicture.h"
 #include "app/screens/WarStrip.h"
 
 class CareerRecord;
@@ -23,6 +24,10 @@ private:
                    int32_t space);
     void showSign(const zel::String& name, DiarySign sign, int32_t y);
 
+    /// Lets keys scroll the area, with a stroke beside it while it has the focus.
+    void makeStop(const char* area, MadePicture& mark);
+
     CareerRecord& record;
     WarStrip strip;
+    MadePicture marks[3];
 };

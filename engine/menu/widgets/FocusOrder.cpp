@@ -64,6 +64,13 @@ std::vector<Widget*> focusOrder(const Menu& menu) {
         if (!isNew && isAbove(own, first->second))
             first->second = own;
     }
+    // An area is no stop by itself while one of its rows is.
+    stops.erase(std::remove_if(stops.begin(), stops.end(),
+                               [&](const Stop& stop) {
+                                   const auto* area = dynamic_cast<ScrollingArea*>(stop.widget);
+                                   return area != nullptr && firstRows.count(area) > 0;
+                               }),
+                stops.end());
     for (Stop& stop : stops)
         if (stop.area != nullptr)
             stop.group = firstRows.at(stop.area);

@@ -24,25 +24,30 @@ struct ArrowKey {
 constexpr ArrowKey ArrowKeys[] = {
     {KeyUp, 0, -1}, {KeyDown, 0, 1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}};
 
-/// The only widget besides "menuBack" and the rows of lists that can be pressed; null if there are
+ScrollingArea* asArea(Widget* widget) { return dynamic_cast<ScrollingArea*>(widget); }
+
+/// The only widget besides "menuBack", lists and their rows that can be pressed; null if there are
 /// none or several.
 Widget* onlyWidget(const Menu& menu) {
     std::vector<Widget*> widgets = focusOrder(menu);
-    const auto doesNotCount = [&](const Widget* widget) {
-        return widget == menu.getWidget(BackWidget) || widget->getBounds().area != nullptr;
+    const auto doesNotCount = [&](Widget* widget) {
+        return widget == menu.getWidget(BackWidget) || widget->getBounds().area != nullptr ||
+               asArea(widget) != nullptr;
     };
     widgets.erase(std::remove_if(widgets.begin(), widgets.end(), doesNotCount), widgets.end());
     return widgets.size() == 1 ? widgets.front() : nullptr;
 }
 
-/// The area that keys scroll: the widget's own, or else the first in reading order that can be
-/// used; null if there is none.
-ScrollingArea* areaFor(const Menu& menu, const Widget* widget) {
+/// The area that keys scroll: the one that has the focus, the widget's own, or else the first in
+/// reading order that can be used; null if there is none.
+ScrollingArea* areaFor(const Menu& menu, Widget* widget) {
+    if (ScrollingArea* area = asArea(widget))
+        return area;
     if (widget != nullptr && widget->getBounds().area != nullptr)
         return widget->getBounds().area;
     ScrollingArea* first = nullptr;
     for (const auto& [name, element] : menu.getWidgets()) {
-        auto* area = dynamic_cast<ScrollingArea*>(element.get());
+        ScrollingArea* area = asArea(element.get());
         if (area == nullptr || !area->isActive() || !area->isVisible())
             continue;
         const PixelRect& rect = area->getBounds().rect;
@@ -53,7 +58,7 @@ ScrollingArea* areaFor(const Menu& menu, const Widget* widget) {
 }
 
 /// Where a key moves the focus from the widget, which may be null; null for nowhere.
-Widget* targetOf(const Menu& menu, const Widget* widget, const KeyPress& key) {
+Widget* targetOf(const Menu& menu, Widget* widget, const KeyPress& key) {
     for (const ArrowKey& arrow : ArrowKeys) {
         if (key.symbol == arrow.symbol)
             return nextInDirection(menu, widget, arrow.stepX, arrow.stepY);
@@ -109,7 +114,9 @@ void MenuFocus::takeKey(Menu& menu, const KeyPress& key) {
 void MenuFocus::takeHitKey(Menu& menu, const KeyPress& key) {
     const bool isHit = key.symbol == KeyReturn || key.symbol == KeyEnter || key.symbol == KeySpace;
     const bool isEscape = key.symbol == KeyEscape;
-    const Widget* widget = menu.getWidget(name);
+    Widget* widget = menu.getWidget(name);
+    if (asArea(widget) != nullptr)
+        widget = nullptr; // it is no button
     if (isHit && widget != nullptr) {
         const Bounds& bounds = widget->getBounds();
         if (bounds.area == nullptr || bounds.area->isWhollyShown(bounds.rect))

@@ -201,6 +201,20 @@ TEST_F(AreaFocusTest, DoesNotCountRowsForTheOnlyWidget) {
     EXPECT_EQ(driver.menu().getLocalString("hit"), "above");
 }
 
+// A list for reading, while it has more than it shows.
+TEST_F(AreaFocusTest, StopsAtAnAreaWhoseRowsCannotBePressed) {
+    for (int32_t row = 1; row <= 5; ++row)
+        driver.widget(("list." + std::to_string(row)).c_str())->setActive(false);
+    area().setStop(true);
+    EXPECT_EQ(keys({KeyTab, KeyTab, KeyTab}), "zabove@0 zaside@0 list@0 ");
+    EXPECT_EQ(keys({KeyPageDown, KeyHome, KeyEnd, KeyReturn, KeyPageUp, KeyTab}),
+              "list@100 list@0 list@100 list@100 list@0 zbelow@0 ");
+    driver.menu().removeWidget("list.5");
+    driver.menu().removeWidget("list.4");
+    driver.menu().removeWidget("list.3");
+    EXPECT_FALSE(driver.menu().setFocus("list")) << "all of it is seen";
+}
+
 TEST_F(AreaFocusTest, ShowsARowBeforeItHitsIt) {
     keys({KeyTab, KeyTab});
     area().setOffset(30);
