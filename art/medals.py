@@ -123,9 +123,11 @@ def _wreath(c, x, y, r, width, opening=.0):
 
 
 def medal(kind, w=72, h=136, times=1):
-    """A decoration on its ribbon, hung up; the ribbon takes the upper 58 pixels. The Iron Cross of the
+    """A decoration on its ribbon, hung up; "croix2" has two palms. The ribbon takes the upper 58 pixels. The Iron Cross of the
     first class has no ribbon, the Pour le Merite a short one to the neck."""
     s = SCALE
+    palms = int(kind[5:] or 0) if kind.startswith('croix') else 0
+    kind = 'croix' if kind.startswith('croix') else kind
     out = np.zeros((h * s, w * s, 4), np.float32)
     cx, ribbon_w, ribbon_h = w / 2, 44, 56
     cy, r = h - 40, 32
@@ -192,8 +194,8 @@ def medal(kind, w=72, h=136, times=1):
         metal(filled(lambda c: _swords(c, cx, cy, r * .95)), BRONZE, bevel=1)
         metal(filled(lambda c: _pattee(c, cx, cy, r * .82, .28, .52, .98)), BRONZE)
         metal(outlined(lambda c: c.arc(cx, cy, 10, 0, 7), 2.2), BRONZE, bevel=1)
-        for k in range(2):  # the palm of an army's citation
-            metal(filled(lambda c: _palm(c, cx, 18 + 15 * k, 17)), BRONZE, bevel=1)
+        for k in range(palms):  # one for each further citation
+            metal(filled(lambda c: _palm(c, cx, 9 + 12 * k, 17)), BRONZE, bevel=1)
     elif kind == 'medaille':
         metal(filled(lambda c: _wreath(c, cx, cy, r * .70, 4.4)), SILVER)
         metal(filled(lambda c: c.arc(cx, cy, r * .64, 0, 7)), GILT)

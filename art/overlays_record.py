@@ -11,7 +11,7 @@ from pixels import bump, empty, grid, lay, mix, over, rgb, smooth, with_alpha
 from portraits import portrait
 from props import emblem, emblem_layer, pin, wax_seal
 from sheets import CARD, H, INK, LEDGER, LETTER, W, book_page, framed_board, lay_turned, office_sheet, open_book, rules
-from tallies import balloon, plan_view
+from tallies import balloon, car, plan_view
 from textures import crease, foil, leather, paper, pressed
 
 # -- the war as a strip
@@ -236,6 +236,7 @@ def row_of(name, kinds, draw):
 
 RIBBONS = ('vc', 'dso', 'mc', 'dsc', 'dfc', 'legion', 'medaille', 'croix', 'merite', 'house', 'iron2')
 MEDALS = (*RIBBONS, 'iron1')
+PALMS = ('croix1', 'croix2', 'croix3', 'croix4')  # the cross with so many palms
 
 
 def ribbons():
@@ -260,7 +261,7 @@ def medals():
         layer = empty(80, 144)
         lay(layer, medal(kind), 2, 2, 3, 4, 4, .65)
         return layer
-    return row_of('medal', MEDALS, draw)
+    return row_of('medal', (*MEDALS, *PALMS), draw)
 
 
 def medals_large():
@@ -275,12 +276,12 @@ def medals_large():
     return row_of('large', (*MEDALS, 'star'), draw)
 
 
-SHAPES = ('scout', 'two', 'three', 'mono', 'balloon')
+SHAPES = ('scout', 'two', 'three', 'mono', 'balloon', 'ground')
 TALLIES = {'tally': (37, 32, 3.4), 'small': (21, 21, 1.95)}  # px of a cell, and the scale
 
 
 def tallies(name):
-    """A machine from above for each victory."""
+    """A machine from above for each victory, and a car for what is on the ground."""
     w, h, size = TALLIES[name]
 
     def draw(kind):
@@ -288,6 +289,8 @@ def tallies(name):
             c.set_source_rgba(*[float(v) for v in rgb('#2A1E12')], .92)
             if kind == 'balloon':
                 balloon(c, w / 2, h * .42, size)
+            elif kind == 'ground':
+                car(c, w / 2, h * .42, size)
             else:
                 plan_view(c, w / 2, h * .42, size, 'tri' if kind == 'three' else kind)
         return vector(w, h, shape)

@@ -1,4 +1,4 @@
-"""Machines seen from above, one a victory, and the signs in the margin of the diary."""
+"""Machines seen from above, one a victory, a lorry, and the signs in the margin of the diary."""
 import math
 
 from outlines import fill, path, rounded, source, stroke, vector
@@ -46,6 +46,20 @@ def balloon(c, x, y, s):
     c.stroke()
     c.rectangle(-.9, 4.0, 1.0, .8)
     c.fill()
+    c.restore()
+
+
+def car(c, x, y, s):
+    """A lorry from the side, for all that is lost on the ground."""
+    c.save()
+    c.translate(x, y)
+    c.scale(s, s)
+    rounded(c, -4.2, -2.4, 5.2, 3.6, .3)
+    rounded(c, 1.3, -1.2, 2.9, 2.4, .3)
+    c.fill()
+    for wheel in (-2.6, 2.6):
+        c.arc(wheel, 1.9, 1.15, 0, 7)
+        c.fill()
     c.restore()
 
 

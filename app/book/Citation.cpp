@@ -4,7 +4,6 @@
 
 #include "app/book/CitationWording.h"
 #include "app/book/ServiceText.h"
-#include "app/book/ServiceWording.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Nation.h"
 
@@ -12,17 +11,18 @@ namespace {
 
 constexpr int32_t FirstDayOfAirForce = 19180401;
 constexpr size_t TextsPerSide = 3;
+constexpr size_t SaysWith = 2; // index of the text with the victories after "with"
 
 size_t sideOf(int32_t nation) { return nation == France ? 1 : nation == Germany ? 2 : 0; }
 
-/// What he had on that day.
+/// With which the letter of that day addresses him: what it brings comes with it.
 Honours honoursOn(const Honours& all, int32_t date) {
     Honours then;
     for (const RankGiven& one : all.ranks)
         if (one.date <= date)
             then.ranks.push_back(one);
     for (const AwardGiven& one : all.awards)
-        if (one.date <= date)
+        if (one.date < date)
             then.awards.push_back(one);
     return then;
 }
@@ -42,16 +42,17 @@ public:
 
     /// Three texts take turns.
     Citation ofAward(const AwardGiven& given, size_t number) const {
-        const int32_t victories =
-            int32_t(std::count_if(pilot.victories.begin(), pilot.victories.end(),
-                                  [&](const PilotVictory& one) { return one.date < given.date; }));
-        const Wording& text =
-            wording::Citations[TextsPerSide * sideOf(pilot.nation) + number % TextsPerSide];
+        const size_t side = sideOf(pilot.nation);
+        const int32_t victories = countBefore(pilot.served.victories, given.date);
+        const Wording& text = victories == 0
+                                  ? wording::NoVictoryCited[side]
+                                  : wording::Citations[TextsPerSide * side + number % TextsPerSide];
+        const bool isWith = &text == &wording::Citations[SaysWith];
         return {
             given.date, awardText(*given.award), addressee(given.date),
             textOf(text,
-                   {countText(wording::FlightsFlown, countBefore(pilot.flights, given.date)),
-                    countText(wording::Victories, std::max(0, pilot.unrecorded()) + victories)}),
+                   {countText(wording::InFlights, countBefore(pilot.served.flights, given.date)),
+                    countText(isWith ? wording::WithVictories : wording::Victories, victories)}),
             given.award->worn == Worn::Bar ? given.award->after : given.award->key};
     }
 
@@ -73,12 +74,9 @@ private:
 std::vector<Citation> citationsAfter(const PilotRecord& pilot, int32_t date) {
     const Letters letters(pilot);
     std::vector<Citation> all;
-    int32_t level = 0;
-    for (const RankGiven& one : pilot.honours.ranks) {
-        if (one.date > std::max(date, pilot.since) && one.rank->level > level)
+    for (const RankGiven& one : pilot.honours.promotions())
+        if (one.date > std::max(date, pilot.since))
             all.push_back(letters.ofRank(one));
-        level = std::max(level, one.rank->level);
-    }
     size_t number = 0;
     for (const AwardGiven& one : pilot.honours.awards) {
         if (one.award->worn == Worn::None)
@@ -97,5 +95,8 @@ zel::String serviceName(int32_t nation, Branch branch, int32_t date) {
         return textOf(wording::AirForce);
     if (nation == England && branch == Branch::Navy)
         return textOf(wording::NavalAirService);
-    return serviceName(nation);
+    return textOf(nation == England   ? wording::FlyingCorpsItself
+                  : nation == Germany ? wording::GermanCorps
+                  : nation == Usa     ? wording::AmericanCorps
+                                      : wording::FrenchCorps);
 }

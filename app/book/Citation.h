@@ -9,7 +9,7 @@
 struct Citation {
     int32_t date = 0; // yyyymmdd
     zel::String title;
-    zel::String pilot; // with the rank and the decorations that he has with it, and his service
+    zel::String pilot; // with his rank, the decorations that he had before, and his service
     zel::String text;
     std::string picture; // key of the decoration; "star" for a rank
 };

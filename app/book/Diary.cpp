@@ -14,7 +14,6 @@
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/career/UnitNames.h"
 #include "app/record/Sqlite.h"
 
 namespace {
@@ -43,6 +42,15 @@ zel::String sentence(const std::vector<zel::String>& names) {
                       : textOf(isLast ? wording::ListEnds : wording::ListGoesOn, {list, names[i]});
     }
     return list;
+}
+
+/// A mention isn't given to him: he is named.
+zel::String awardedText(const AwardRow& award) {
+    if (award.key == "mention")
+        return textOf(wording::YouAreMentioned);
+    if (award.key == "communique")
+        return textOf(wording::YouAreNamed);
+    return textOf(wording::YouAreAwarded, {awardText(award)});
 }
 
 void sortByWeight(std::vector<DiaryLine>& lines, size_t most) {
@@ -139,7 +147,7 @@ private:
                 noteDeath(pilot, row.text(2), row.text(5), isOwn);
             else if (kind == "succeeded")
                 add(DiarySign::Joined, OwnWeight - 1, pilot,
-                    textOf(wording::YouAreNow, {row.text(2)}));
+                    textOf(wording::YouAreNow, {titleOfPilot(pilot, row.text(2))}));
             else if (isOwn && pilot != career.playerPilot)
                 arrivals.push_back(row.text(2));
             else if (kind == "transferred" && row.index(4) == squadron)
@@ -180,10 +188,12 @@ private:
     void addDeparture(int32_t pilot, const zel::String& name, int32_t to) {
         if (pilot == career.playerPilot)
             add(DiarySign::Left, HonourWeight - 2, pilot,
-                textOf(wording::YouHaveLeft, {unitText(career, to)}));
+                isNamedUnit(career, to) ? textOf(wording::YouHaveLeft, {unitText(career, to)})
+                                        : textOf(wording::YouHaveLeftForAnother));
         else
             add(DiarySign::Left, PostedWeight - 1, pilot,
-                textOf(wording::HasLeft, {name, unitText(career, to)}));
+                isNamedUnit(career, to) ? textOf(wording::HasLeft, {name, unitText(career, to)})
+                                        : textOf(wording::HasLeftForAnother, {name}));
     }
 
     void addSquadron() {
@@ -209,14 +219,18 @@ private:
             return;
         const PilotRecord player = readPilot(record, career, own);
         const auto isNew = [&](int32_t date) { return date > diary.from && date <= diary.until; };
-        for (const RankGiven& one : player.honours.ranks)
+        for (const RankGiven& one : player.honours.promotions())
             if (isNew(one.date) && one.date > player.since)
                 add(DiarySign::None, HonourWeight + 1, own,
                     textOf(wording::YouArePromoted, {one.rank->name}));
         for (const AwardGiven& one : player.honours.awards)
             if (isNew(one.date))
                 add(DiarySign::None, HonourWeight - (one.award->worn == Worn::None ? 1 : 0), own,
-                    textOf(wording::YouAreAwarded, {awardText(*one.award)}));
+                    awardedText(*one.award));
+    }
+
+    zel::String titleOfPilot(int32_t pilot, const zel::String& name) {
+        return titleOf(readPilot(record, career, pilot).honours, name);
     }
 
     void addScore(int32_t victor) {
@@ -233,10 +247,11 @@ private:
         const zel::String victories = countText(wording::Victories, won);
         const bool isKnown = !death.victor.empty();
         zel::String text;
-        if (death.pilot == own)
-            text = isKnown ? textOf(wording::YouFellTo, {death.name, death.victor, victories})
-                           : textOf(wording::YouFell, {death.name, victories});
-        else if (isKnown)
+        if (death.pilot == own) {
+            const zel::String title = titleOfPilot(own, death.name);
+            text = isKnown ? textOf(wording::YouFellTo, {title, death.victor, victories})
+                           : textOf(wording::YouFell, {title, victories});
+        } else if (isKnown)
             text = won > 0 ? textOf(wording::FellToWith, {death.name, death.victor, victories})
                            : textOf(wording::FellToOne, {death.name, death.victor});
         else
@@ -284,7 +299,7 @@ private:
     }
     DiaryLine frontScore(int32_t pilot, int32_t count) const {
         const zel::String name = nameOf(career, pilot);
-        if (!hasUnit(pilot))
+        if (!isNamedUnit(career, career.pilot(pilot).squadron))
             return frontLine(pilot,
                              textOf(wording::FrontScoreAlone, {name, victoriesOf(pilot), count}));
         return frontLine(
@@ -292,14 +307,10 @@ private:
     }
     DiaryLine frontLoss(int32_t pilot) const {
         const zel::String name = nameOf(career, pilot);
-        if (!hasUnit(pilot))
+        if (!isNamedUnit(career, career.pilot(pilot).squadron))
             return frontLine(pilot, textOf(wording::FrontLossAlone, {name, victoriesOf(pilot)}));
         return frontLine(pilot,
                          textOf(wording::FrontLoss, {name, unitOf(pilot), victoriesOf(pilot)}));
-    }
-    bool hasUnit(int32_t pilot) const {
-        return hasUnitName(
-            unitNumber(career, career.squadron(career.pilot(pilot).squadron).squadronFile));
     }
     zel::String unitOf(int32_t pilot) const {
         return unitText(career, career.pilot(pilot).squadron);

@@ -10,8 +10,11 @@ zel::String daysText(int32_t from, int32_t until) {
     if (from == until)
         return bookDate(Calendar::ofNumber(until));
     const bool isOneMonth = from / 100 == until / 100;
-    return textOf(wording::DaysTo,
-                  {isOneMonth ? zel::String(from % 100) : shortDayText(from), last});
+    const int32_t day = from % 100;
+    const zel::String first = !isOneMonth ? shortDayText(from)
+                              : day == 1  ? textOf(wording::FirstDayAlone)
+                                          : textOf(wording::DayAlone, {day});
+    return textOf(wording::DaysTo, {first, last});
 }
 
 std::vector<zel::String> diaryLines(const Diary& diary) {

@@ -8,7 +8,7 @@ namespace wording {
 
 inline constexpr Wording YouBroughtDown  {3300, "You brought down $1. $2 now."}; // victims, victories
 inline constexpr Wording HasScored       {3301, "$1: $2, $3 now."}; // name, victories of these days, all victories
-inline constexpr Wording FirstScore      {3302, "$1: $2, the first."}; // name, victories
+inline constexpr Wording FirstScore      {3302, "$1: $2, his first."}; // name, victories
 inline constexpr Wording FellToWith      {3303, "$1 fell to $2. He had $3."}; // name, victor, victories
 inline constexpr Wording FellToOne       {3304, "$1 fell to $2."};
 inline constexpr Wording FellWith        {3305, "$1 fell. He had $2."};
@@ -27,6 +27,10 @@ inline constexpr Wording HasCome         {3313, "$1 has come."};
 inline constexpr Wording HaveCome        {3314, "$1 have come."}; // several names
 inline constexpr Wording HasLeft         {3315, "$1 has left for $2."}; // name, unit
 inline constexpr Wording YouHaveLeft     {3316, "You have left for $1."};
+inline constexpr Wording HasLeftForAnother{3464, "$1 has left for another squadron."};
+inline constexpr Wording YouHaveLeftForAnother{3465, "You have left for another squadron."};
+inline constexpr Wording YouAreMentioned {3466, "You are mentioned in despatches."};
+inline constexpr Wording YouAreNamed     {3467, "You are named in the communiqu\351."};
 inline constexpr Wording NothingYet      {3318, "You have joined the squadron. Nothing is written here yet: fly your first mission."};
 inline constexpr Wording QuietDays       {3319, "Quiet days: nobody scored, nobody was lost."};
 inline constexpr Wording FrontScore      {3320, "$1, $2: $3 ($4 new)"}; // name, unit, victories, new ones
@@ -49,6 +53,8 @@ inline constexpr Wording RealEnds[] = { // by Fate, from Killed on; day, name, v
 inline constexpr Wording NothingKnown    {3338, "Nothing is known of these days."};
 
 inline constexpr Wording DaysTo          {3350, "$1 to $2"};
+inline constexpr Wording DayAlone        {3454, "$1"}; // of the month that the other day names
+inline constexpr Wording FirstDayAlone   {3455, "1"};
 inline constexpr Wording FlightOf        {3351, "Flight $1 of about $2"};
 inline constexpr Wording WarIsDone       {3352, "The war is over"};
 inline constexpr Wording ServedAndToCome {3353, "$1 served, $2 to come"}; // months

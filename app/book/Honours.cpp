@@ -200,6 +200,17 @@ bool Honours::has(std::string_view key) const {
                        [&](const AwardGiven& one) { return one.award->key == key; });
 }
 
+std::vector<RankGiven> Honours::promotions() const {
+    std::vector<RankGiven> higher;
+    int32_t level = ranks.empty() ? 0 : ranks.front().rank->level;
+    for (const RankGiven& one : ranks)
+        if (one.rank->level > level) {
+            higher.push_back(one);
+            level = one.rank->level;
+        }
+    return higher;
+}
+
 std::vector<AwardGiven> Honours::ribbons() const {
     std::vector<AwardGiven> worn;
     for (const AwardGiven& one : awards)
@@ -211,10 +222,11 @@ std::vector<AwardGiven> Honours::ribbons() const {
     return worn;
 }
 
-bool Honours::hasBar(const AwardRow& award) const {
-    return std::any_of(awards.begin(), awards.end(), [&](const AwardGiven& one) {
-        return one.award->worn == Worn::Bar && one.award->after == award.key;
-    });
+const AwardRow* Honours::barOf(const AwardRow& award) const {
+    for (const AwardGiven& one : awards)
+        if (one.award->worn == Worn::Bar && one.award->after == award.key)
+            return one.award;
+    return nullptr;
 }
 
 Branch branchOfUnit(int32_t number) {

@@ -42,10 +42,13 @@ struct Honours {
 
     const RankRow* rank() const { return ranks.empty() ? nullptr : ranks.back().rank; }
     bool has(std::string_view key) const;
+    /// The ranks that are higher than all before: neither that with which he came nor one that only
+    /// has another name.
+    std::vector<RankGiven> promotions() const;
     /// Those that are worn with a ribbon of their own, the highest first.
     std::vector<AwardGiven> ribbons() const;
-    /// Whether a bar is on the ribbon of that one.
-    bool hasBar(const AwardRow& award) const;
+    /// The bar on the ribbon of that one; null for none.
+    const AwardRow* barOf(const AwardRow& award) const;
 };
 
 /// The branch of a unit by its six-digit number.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 
+#include "app/book/PilotRecord.h"
 #include "app/career/Calendar.h"
 #include "app/career/Database.h"
 #include "app/career/GroundObjects.h"
@@ -176,6 +177,26 @@ void addTotals(LogBook& book, const Database& career) {
         flight.total = totals[flight.pilot] += flight.victories;
 }
 
+/// Of those who fell, and with what rank their successors began.
+void addTitles(LogBook& book, SqliteFile& record, const Database& career) {
+    for (size_t i = 0; i < book.flights.size(); ++i) {
+        BookFlight& flight = book.flights[i];
+        if (!flight.isDead)
+            continue;
+        const bool isLast = i + 1 == book.flights.size();
+        flight.pilotTitle =
+            titleOf(readPilot(record, career, flight.pilot).honours, flight.pilotName);
+        const int32_t next = isLast ? career.playerPilot : book.flights[i + 1].pilot;
+        if (next == flight.pilot || !career.isPilot(next))
+            continue;
+        Honours first = readPilot(record, career, next).honours;
+        first.ranks.resize(std::min<size_t>(first.ranks.size(), 1));
+        first.awards.clear();
+        flight.successor = zel::arrayText(career.pilot(next).name);
+        flight.successorTitle = titleOf(first, flight.successor);
+    }
+}
+
 } // namespace
 
 int32_t LogBook::months() const {
@@ -195,8 +216,6 @@ LogBook readLogBook(SqliteFile& record, const Database& career) {
         return book;
     }
     addTotals(book, career);
-    if (!book.flights.empty() && book.flights.back().pilot != career.playerPilot &&
-        career.hasCareer())
-        book.successor = zel::arrayText(career.player().name);
+    addTitles(book, record, career);
     return book;
 }

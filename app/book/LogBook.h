@@ -38,8 +38,11 @@ struct BookFlight {
     bool isShotDown = false;
     bool hasLanded = false;
     bool isDead = false;
-    zel::String fate;  // in the report's words, of the language in which it was shown
-    zel::String cause; // likewise; empty unless his plane was lost
+    zel::String pilotTitle;     // with rank and decorations; only if he fell in this flight
+    zel::String successor;      // who took his place; empty for nobody
+    zel::String successorTitle; // with his first rank
+    zel::String fate;           // in the report's words, of the language in which it was shown
+    zel::String cause;          // likewise; empty unless his plane was lost
 };
 
 /// The player's flights from the record, those of his predecessors included.
@@ -51,8 +54,6 @@ struct LogBook {
     std::vector<MachineCount> victims; // of all flights by type, the most frequent first
     int32_t victories = 0;             // of all flights
     bool isUnreadable = false;         // there may be flights, but the record can't be read
-    zel::String successor; // who took the place of the pilot of the last flight; empty for nobody
-
     /// Whether the pilot of that flight fell in it.
     bool endsPilot(size_t flight) const { return flights[flight].isDead; }
     /// Full months from the first flight to the last one.

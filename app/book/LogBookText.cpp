@@ -9,6 +9,7 @@
 #include "app/career/Aircraft.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
+#include "app/career/GroundObjects.h"
 
 namespace {
 
@@ -21,9 +22,11 @@ zel::String cutTo(const zel::String& text, size_t letters) {
     return text.length() <= room ? text : text.left(room - static_cast<int32_t>(Cut.size())) + Cut;
 }
 
-/// "Albatros" of "Albatros D.III".
+/// "Albatros" of "Albatros D.III"; all of what an object on the ground is.
 zel::String maker(const zel::String& aircraft) {
     const zel::String name = machineText(aircraft);
+    if (groundObject(aircraft.view()) != nullptr)
+        return name;
     return name.view().substr(0, name.view().find(' '));
 }
 
@@ -154,6 +157,8 @@ zel::String lastName(const zel::String& name) {
 
 // The names of aircraft have a blank after "D.", for which columns have no room.
 zel::String machineText(const zel::String& aircraft) {
+    if (const Wording* ground = groundObject(aircraft.view()))
+        return textOf(*ground);
     const std::string name(nameInLanguage(planeDisplayName(aircraft)).view());
     std::string text;
     for (size_t i = 0; i < name.size(); ++i)
@@ -252,12 +257,11 @@ zel::String victoriesText(const LogBook& book, size_t letters) {
 }
 
 zel::String fallText(const BookFlight& flight) {
-    return textOf(wording::FellOn, {flight.pilotName, bookDate(Calendar::ofNumber(flight.date))});
+    return textOf(wording::FellOn, {flight.pilotTitle, bookDate(Calendar::ofNumber(flight.date))});
 }
 
 zel::String successionText(const LogBook& book, size_t flight) {
-    const bool isLast = flight + 1 == book.flights.size();
-    const zel::String& successor = isLast ? book.successor : book.flights[flight + 1].pilotName;
+    const zel::String& successor = book.flights[flight].successorTitle;
     return successor.empty() ? zel::String() : textOf(wording::InHisPlace, {successor});
 }
 

@@ -41,14 +41,16 @@ zel::String flightsText(const LogBook& book);
 /// "7 victories: 6 Albatros, 1 Halberstadt": by maker, as many as fit that many letters, and how
 /// many more.
 zel::String victoriesText(const LogBook& book, size_t letters);
-/// "Edward Harcourt fell on 21 September 1917."
+/// "Lieutenant Edward Harcourt MC fell on 21 September 1917."
 zel::String fallText(const BookFlight& flight);
-/// "In his place: Albert Reed.", after that flight; empty while nobody has taken it.
+/// "In his place: Second Lieutenant Albert Reed.", after that flight; empty while nobody has taken
+/// it.
 zel::String successionText(const LogBook& book, size_t flight);
 
 /// "von Richthofen": the name without first names and initials.
 zel::String lastName(const zel::String& name);
-/// "Albatros D.III" of an identifier; of another text that text.
+/// "Albatros D.III" of an identifier, "observation balloon" of an object on the ground; of another
+/// text that text.
 zel::String machineText(const zel::String& aircraft);
 /// The same in at most so many letters: "Halberstadt" of "Halberstadt D.II", "Triplane" of
 /// "Sopwith Triplane".

@@ -7,6 +7,7 @@
 #include "app/book/RowSearch.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/career/GroundObjects.h"
 #include "app/career/UnitNames.h"
 #include "app/record/Sqlite.h"
 
@@ -28,7 +29,8 @@ public:
             readOthers();
         if (pilot.since == 0)
             pilot.since = pilot.until;
-        pilot.honours = honoursOf(service());
+        pilot.served = service();
+        pilot.honours = honoursOf(pilot.served);
     }
 
 private:
@@ -88,8 +90,13 @@ private:
     /// The player was in his squadron from the first day of the war, and flies from the day on
     /// which the player took him up.
     void readOwn() {
-        if (pilot.since == 0)
+        if (pilot.since == 0) {
             pilot.since = firstDayOfPlay();
+            SqliteStatement gap(record,
+                                "SELECT count(*) FROM gap WHERE since <= ?1 AND until >= ?1");
+            gap.with(pilot.since);
+            pilot.isSinceKnown = !gap.next() || gap.number(0) == 0;
+        }
         if (!pilot.flights.empty() && !pilot.isAlive)
             pilot.until = pilot.flights.back();
         // CROSS: the flights first, whose victories are indexed.
@@ -276,8 +283,6 @@ Shape shapeOf(const zel::String& machine) {
         {"fokker e", Shape::Monoplane},
         {"fokker d.viii", Shape::Monoplane},
         {"balloon", Shape::Balloon},
-        {"drachen", Shape::Balloon},
-        {"caquot", Shape::Balloon},
         {"bristol", Shape::TwoSeater},
         {"dfw", Shape::TwoSeater},
         {"breguet", Shape::TwoSeater},
@@ -292,6 +297,8 @@ Shape shapeOf(const zel::String& machine) {
         {"handley", Shape::TwoSeater},
         {"dh4", Shape::TwoSeater},
     };
+    if (const Wording* ground = groundObject(machine.view()))
+        return ground == &wording::Balloon ? Shape::Balloon : Shape::Ground;
     const zel::String lowered = machine.toLower();
     for (const Known& known : Shapes)
         if (lowered.view().substr(0, known.start.size()) == known.start)
@@ -301,16 +308,20 @@ Shape shapeOf(const zel::String& machine) {
 
 std::vector<int32_t> pilotsNamed(const Database& career, std::string_view text) {
     std::vector<int32_t> found;
-    const std::string wanted = lowered(text);
+    std::vector<int32_t> exact;
+    const std::string wanted = folded(text);
     for (int32_t i = 0; i < career.pilotCount(); ++i) {
-        const std::string name = lowered(zel::arrayText(career.pilots[i].name));
+        const std::string name = folded(zel::arrayText(career.pilots[i].name));
         if (name == wanted)
-            return {i};
+            exact.push_back(i);
         if (name.find(wanted) != std::string::npos)
             found.push_back(i);
     }
-    std::stable_sort(found.begin(), found.end(), [&](int32_t a, int32_t b) {
+    if (std::find(exact.begin(), exact.end(), career.playerPilot) != exact.end())
+        return {career.playerPilot};
+    std::vector<int32_t>& named = exact.empty() ? found : exact;
+    std::stable_sort(named.begin(), named.end(), [&](int32_t a, int32_t b) {
         return career.pilots[a].shotdowns > career.pilots[b].shotdowns;
     });
-    return found;
+    return named;
 }

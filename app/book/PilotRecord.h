@@ -28,7 +28,7 @@ struct PilotPosting {
 };
 
 /// Kinds of machines, each with a silhouette of its own.
-enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon };
+enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon, Ground };
 
 /// The service of one pilot of the career: the player's record of service, or anybody's page.
 struct PilotRecord {
@@ -38,12 +38,17 @@ struct PilotRecord {
     bool isAlive = false;
     int32_t squadron = -1; // the present or the last one
     int32_t since = 0;     // yyyymmdd; the first day of his service, 0 if unknown
-    int32_t until = 0;     // to-day, or the day of his death
-    int32_t missions = 0;  // by the save; so the next one
+    bool isSinceKnown =
+        true;             // false if a gap of the record comes before: he may have served longer
+    int32_t until = 0;    // to-day, or the day of his death
+    int32_t missions = 0; // by the save; so the next one
     int32_t victoryCount = 0;
     std::vector<PilotVictory> victories; // those in the record, which may be fewer
     std::vector<PilotPosting> postings;
     std::vector<int32_t> flights; // days of the player's flights; of others none are known
+    /// What the honours follow from. What the save has and the record doesn't is of the last day of
+    /// the last gap.
+    PilotService served;
     Honours honours;
     const RealAce* real = nullptr; // who he was, if he is a pilot of history
 
@@ -62,6 +67,6 @@ struct MachineCount;
 std::vector<MachineCount> machinesOf(const PilotRecord& pilot);
 /// The shape of a machine, by its identifier or the type in the log.
 Shape shapeOf(const zel::String& machine);
-/// The pilots whose names contain the text, without regard to case, the best first. One who has
-/// exactly that name comes alone.
+/// The pilots whose names contain the text, without regard to case and accents, the best first. If
+/// some have exactly that name, only they, and only the player if he is among them.
 std::vector<int32_t> pilotsNamed(const Database& career, std::string_view text);

@@ -32,14 +32,27 @@ zel::String datedLine(int32_t date, const zel::String& what) {
     return textOf(wording::DatedHonour, {dateText(date), what});
 }
 
+zel::String moveText(const PilotPosting& posting, const Database& career) {
+    const zel::String date = dateText(posting.date);
+    const zel::String from = unitText(career, posting.from);
+    const zel::String to = unitText(career, posting.squadron);
+    const bool isFromNamed = isNamedUnit(career, posting.from);
+    if (isNamedUnit(career, posting.squadron))
+        return isFromNamed ? textOf(wording::WentTo, {date, from, to})
+                           : textOf(wording::WentFromAnother, {date, to});
+    return isFromNamed ? textOf(wording::WentToAnother, {date, from})
+                       : textOf(wording::WentOn, {date});
+}
+
 zel::String postingText(const PilotPosting& posting, const Database& career) {
     const zel::String date = dateText(posting.date);
     const zel::String unit = unitText(career, posting.squadron);
     switch (posting.kind) {
     case PilotPosting::Came:
-        return textOf(wording::CameTo, {date, unit});
+        return isNamedUnit(career, posting.squadron) ? textOf(wording::CameTo, {date, unit})
+                                                     : textOf(wording::CameToAnother, {date});
     case PilotPosting::Moved:
-        return textOf(wording::WentTo, {date, unitText(career, posting.from), unit});
+        return moveText(posting, career);
     case PilotPosting::Succeeded:
         return textOf(wording::TookPlace, {date, posting.other});
     default:
@@ -90,8 +103,9 @@ zel::String awardText(const AwardRow& award) {
 
 zel::String awardText(const AwardRow& award, const Honours& honours) {
     zel::String name = awardText(award);
-    if (honours.hasBar(award))
-        return textOf(wording::AndBar, {award.letters.empty() ? name : award.letters});
+    // Without letters after the name it has one of its own: an officer of the order.
+    if (const AwardRow* bar = honours.barOf(award))
+        return award.letters.empty() ? awardText(*bar) : textOf(wording::AndBar, {award.letters});
     if (award.key != "croix" || honours.palms == 0)
         return name;
     return textOf(honours.palms == 1 ? wording::OnePalm : wording::Palms, {name, honours.palms});
@@ -99,6 +113,10 @@ zel::String awardText(const AwardRow& award, const Honours& honours) {
 
 zel::String awardCard(const AwardGiven& given, const Honours& honours) {
     return awardText(*given.award, honours) + "\n" + shortDate(Calendar::ofNumber(given.date));
+}
+
+bool isNamedUnit(const Database& career, int32_t squadron) {
+    return hasUnitName(unitNumber(career, career.squadron(squadron).squadronFile));
 }
 
 zel::String unitText(const Database& career, int32_t squadron) {
@@ -116,10 +134,10 @@ zel::String flyingText(const PilotRecord& pilot) {
         return textOf(wording::RecordUnreadable);
     if (pilot.flights.empty() && pilot.missions > 0)
         return textOf(wording::MissionsFlown, {pilot.missions});
-    return textOf(wording::FlyingSince,
-                  {dateText(pilot.since),
-                   countText(wording::FlightsFlown,
-                             std::max(pilot.missions, int32_t(pilot.flights.size())))});
+    const zel::String flown =
+        countText(wording::FlightsFlown, std::max(pilot.missions, int32_t(pilot.flights.size())));
+    return pilot.isSinceKnown ? textOf(wording::FlyingSince, {dateText(pilot.since), flown})
+                              : flown;
 }
 
 zel::String victoriesText(const PilotRecord& pilot) {
@@ -177,10 +195,17 @@ std::vector<zel::String> severalPilots(const Database& career, const std::vector
     if (pilots.empty())
         return {};
     std::vector<zel::String> lines = {textOf(wording::SeveralPilots)};
-    for (size_t i = 0; i < std::min(pilots.size(), MostNames); ++i) {
+    // One more takes no more room than to say so.
+    const size_t shown = pilots.size() <= MostNames + 1 ? pilots.size() : MostNames;
+    for (size_t i = 0; i < shown; ++i) {
         const Pilot& pilot = career.pilot(pilots[i]);
-        lines.push_back(
-            textOf(wording::PilotFigures, {zel::arrayText(pilot.name), pilot.shotdowns}));
+        const zel::String name = zel::arrayText(pilot.name);
+        lines.push_back(isNamedUnit(career, pilot.squadron)
+                            ? textOf(wording::PilotOfUnit,
+                                     {name, unitText(career, pilot.squadron), pilot.shotdowns})
+                            : textOf(wording::PilotFigures, {name, pilot.shotdowns}));
     }
+    if (shown < pilots.size())
+        lines.push_back(textOf(wording::MorePilots, {int32_t(pilots.size() - shown)}));
     return lines;
 }

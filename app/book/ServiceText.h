@@ -13,12 +13,14 @@ zel::String awardText(const AwardRow& award);
 zel::String awardText(const AwardRow& award, const Honours& honours);
 /// A decoration with its day, on lines of their own.
 zel::String awardCard(const AwardGiven& given, const Honours& honours);
+/// Whether the squadron has a name.
+bool isNamedUnit(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC"; "another squadron" for one without a name.
 zel::String unitText(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC, near Arras", of the player's squadron.
 zel::String unitNearText(const Database& career);
-/// "Flying since 9 April 1917: 41 flights"; of others than the player's "Missions: 41". That the
-/// record can't be read, if so.
+/// "Flying since 9 April 1917: 41 flights"; "41 flights" where that day isn't known; of
+/// others than the player's "Missions: 41". That the record can't be read, if so.
 zel::String flyingText(const PilotRecord& pilot);
 /// "Victories: 17"; it says how many aren't in the record.
 zel::String victoriesText(const PilotRecord& pilot);
@@ -32,6 +34,6 @@ std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& 
 /// The page of a pilot as lines: title and victories, postings, victories with date and victim, and
 /// who he really was.
 std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& career);
-/// "Several pilots have such a name:" and the first dozen with their victories; no
-/// lines without any.
+/// "Several pilots have such a name:" and the first dozen with units and
+/// victories, and how many more; no lines without any.
 std::vector<zel::String> severalPilots(const Database& career, const std::vector<int32_t>& pilots);

@@ -48,12 +48,18 @@ inline constexpr Wording WonVictory      {3252, "$1: $2, $3"}; // date, machine,
 inline constexpr Wording WonAndKilled    {3253, "$1: $2, $3, who died"};
 inline constexpr Wording CameTo          {3254, "$1: comes to $2"}; // date, unit
 inline constexpr Wording WentTo          {3255, "$1: goes from $2 to $3"}; // date, from, to
+inline constexpr Wording CameToAnother   {3460, "$1: comes to another squadron"};
+inline constexpr Wording WentToAnother   {3461, "$1: goes from $2 to another squadron"};
+inline constexpr Wording WentFromAnother {3462, "$1: goes from another squadron to $2"};
+inline constexpr Wording WentOn          {3463, "$1: goes to another squadron"};
 inline constexpr Wording TookPlace       {3256, "$1: takes the place of $2"}; // date, predecessor
 inline constexpr Wording HasDied         {3257, "$1: dies"};
 inline constexpr Wording FellTo          {3258, "$1: falls to $2"}; // date, victor
 inline constexpr Wording UnnamedSquadron {3259, "another squadron"};
 inline constexpr Wording NotRecorded     {3260, "Victories: $1, $2 of them not in the record"}; // all victories, those without a day
-inline constexpr Wording PilotFigures    {3261, "$1 (victories $2)"}; // title, victories
+inline constexpr Wording PilotFigures    {3261, "$1 (victories $2)"}; // name, victories
+inline constexpr Wording PilotOfUnit     {3471, "$1, $2 (victories $3)"}; // name, unit, victories
+inline constexpr Wording MorePilots      {3472, "and $1 more"};
 inline constexpr Wording RealScoreToday  {3262, "In the real war: $1, up to this day $2. $3"}; // all victories, those up to the day, fate
 inline constexpr Wording RealScore       {3263, "In the real war: $1. $2"}; // victories, fate
 inline constexpr Wording RealFates[] = { // by Fate; date

@@ -86,8 +86,8 @@ void Svg::endLine(std::string_view style) {
 
 std::string Svg::ornament(std::string_view cssClass, int32_t shownWidth) const {
     return "<svg class=\"" + std::string(cssClass) + "\" viewBox=\"0 0 " + figure(width) + " " +
-           figure(height) + "\" width=\"" + std::to_string(shownWidth) + "\" aria-hidden=\"true\">" + body +
-           "</svg>";
+           figure(height) + "\" width=\"" + std::to_string(shownWidth) +
+           "\" aria-hidden=\"true\">" + body + "</svg>";
 }
 
 std::string Svg::element(const zel::String& title, const zel::String& description) const {

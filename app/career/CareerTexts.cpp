@@ -70,7 +70,10 @@ zel::String bookDate(const Calendar& date) {
 }
 
 zel::String shortDate(const Calendar& date) {
-    return textOf(wording::ShortDate, {date.getDay(), shortMonth(date.getMonth()), date.getYear()});
+    const zel::String month = shortMonth(date.getMonth());
+    if (date.getDay() == 1)
+        return textOf(wording::ShortFirstOfMonth, {month, date.getYear()});
+    return textOf(wording::ShortDate, {date.getDay(), month, date.getYear()});
 }
 
 zel::String shortMonth(int32_t month) {

@@ -59,6 +59,10 @@ inline constexpr Wording Aero[] = {{63, "$1th Aero"}, {64, "$1st Aero"}, {65, "$
 inline constexpr Wording Names[] = {
     {70, "Dunkerque"},      {71, "Ypres"},         {72, "St. Omer"}, {73, "Zeebrugge"},
     {74, "SPAD VII Early"}, {75, "SPAD VII Late"}, {76, "Albatros D. II Late"},
+    {3480, "Bruges"},         {3481, "Ghent"},          {3482, "Armentieres"},    {3483, "Bethune"},
+    {3484, "La Bassee"},      {3485, "Peronne"},        {3486, "Compiegne"},      {3487, "Epernay"},
+    {3488, "Chateau-Thierry"},{3489, "Chalons"},        {3490, "Ste. Menehould"}, {3491, "Etain"},
+    {3492, "Pont-a-Mousson"}, {3493, "Chateau-Salins"}, {3494, "Luneville"},
 };
 
 inline constexpr Wording FileFaults[] = { // by FileFault, from the first fault on
@@ -168,6 +172,7 @@ inline constexpr Wording BookFirstOfMonth{2815, "1 $1 $2"};
 inline constexpr CountForms Victories  = {{2816, "0 victories"}, {2817, "1 victory"}, {2818, "$1 victories"}};
 inline constexpr CountForms Missions   = {{2819, "0 missions"}, {2820, "1 mission"}, {2821, "$1 missions"}};
 inline constexpr Wording ShortDate       {2860, "$1 $2 $3"};
+inline constexpr Wording ShortFirstOfMonth{3456, "1 $1 $2"};
 inline constexpr Wording ShortMonths[] = {
     {2871, "Jan"},  {2872, "Feb"}, {2873, "Mar"},  {2874, "Apr"}, {2875, "May"}, {2876, "June"},
     {2877, "July"}, {2878, "Aug"}, {2879, "Sept"}, {2880, "Oct"}, {2881, "Nov"}, {2882, "Dec"},

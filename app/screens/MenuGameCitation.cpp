@@ -4,8 +4,18 @@
 #include "app/career/CareerTexts.h"
 #include "app/screens/ScreenSounds.h"
 #include "engine/menu/widgets/Widget.h"
+#include "engine/window/Platform.h"
 
-void MenuGameCitation::onEnter() { showNext(); }
+void MenuGameCitation::onEnter() {
+    showNext();
+    setFocus("menuButton1");
+}
+
+/// Escape goes on: there is no way back.
+void MenuGameCitation::onKey(const zel::KeyPress& key) {
+    if (key.symbol == zel::KeyEscape && !key.repeated && !menu->isTransitionRequested())
+        menu->hitWidget("menuButton1");
+}
 
 void MenuGameCitation::showNext() {
     if (pile.empty())

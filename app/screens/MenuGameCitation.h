@@ -12,6 +12,7 @@ public:
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
+    void onKey(const zel::KeyPress& key) override;
 
 private:
     void showNext();

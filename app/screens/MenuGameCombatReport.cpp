@@ -58,6 +58,8 @@ void MenuGameCombatReport::onEnter() {
         const ReportColumns columns = combatReportColumns(records, flown->mission.events);
         fillColumn("left", columns.left);
         fillColumn("right", columns.right);
+        if (columns.right.empty())
+            setText(reasonName("right", 0), textOf(wording::NobodyOpposite));
         sheetCount = sheetsFor(columns);
     }
     setVisible("where", flown.has_value());
@@ -75,7 +77,10 @@ void MenuGameCombatReport::clearColumns() {
             setText(reasonName(column, entry), "");
         }
     // A flight of the book that isn't found can't be read.
-    setText("left1", textOf(pages.isFromBook() ? wording::RecordUnreadable : wording::NoMission));
+    if (pages.isFromBook())
+        setText(reasonName("left", 0), textOf(wording::RecordUnreadable));
+    else
+        setText("left1", textOf(wording::NoMission));
 }
 
 void MenuGameCombatReport::fillColumn(const char* column, const std::vector<ReportEntry>& entries) {

@@ -105,7 +105,13 @@ void MenuGameLogbook::showRow(int32_t row, const Line* line) {
     zel::String left;
     zel::String right;
     if (line != nullptr && line->isFall) {
-        left = fallText(book.flights[line->flight]);
+        // The names alone where the titles have no room.
+        BookFlight& fall = book.flights[line->flight];
+        if (!fits(rowName("left", row), fallText(fall)))
+            fall.pilotTitle = fall.pilotName;
+        left = fallText(fall);
+        if (!fits(rowName("right", row), successionText(book, line->flight)))
+            fall.successorTitle = fall.successor;
         right = successionText(book, line->flight);
     } else if (line != nullptr) {
         const LogBookRow columns = logBookRow(book.flights[line->flight]);
@@ -114,6 +120,14 @@ void MenuGameLogbook::showRow(int32_t row, const Line* line) {
     }
     showHalf(rowName("left", row), left, line);
     showHalf(rowName("right", row), right, line);
+}
+
+/// Whether a text that isn't set in columns is no wider than that row.
+bool MenuGameLogbook::fits(const zel::String& row, const zel::String& text) const {
+    const zel::Widget* half = getWidget(row);
+    const zel::Widget* font = getWidget("narrowRow");
+    return half == nullptr || font == nullptr ||
+           zel::Text::widthOf(font->getFont(), text) <= half->getBounds().rect.width;
 }
 
 /// In red ink for a fall, in blue for a flight with a victory. A fall isn't set in columns.

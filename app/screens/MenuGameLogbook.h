@@ -34,6 +34,7 @@ private:
     int32_t pageCount() const;
     void showPage(int32_t page); // from 1 on, clamped
     void showRow(int32_t row, const Line* line);
+    bool fits(const zel::String& row, const zel::String& text) const;
     void showHalf(const zel::String& name, const zel::String& text, const Line* line);
 
     CareerRecord& record;

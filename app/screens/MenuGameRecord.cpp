@@ -21,6 +21,7 @@ constexpr size_t Ranks = 3;
 constexpr size_t RankLetters = 24;
 constexpr size_t Ribbons = 8;
 constexpr size_t Medals = 5;
+constexpr int32_t MostPalms = 4; // that a picture has
 
 /// How machines are laid out in rows: the step from one to the next, how many a row has, the pixels
 /// of a row, and the space after each fifth.
@@ -32,12 +33,19 @@ constexpr Rows LargeRows = {"tally", 37, 22, 34, 6};
 constexpr Rows SmallRows = {"small", 21, 40, 17, 4};
 constexpr size_t MostLarge = 44;
 constexpr size_t MostSmall = 160;
-constexpr const char* ShapeNames[] = {"scout", "two", "three", "mono", "balloon"}; // by Shape
+constexpr const char* ShapeNames[] = {"scout", "two",     "three",
+                                      "mono",  "balloon", "ground"}; // by Shape
 
 const char* portraitOf(int32_t nation) {
     return nation == France    ? "portrait_french"
            : nation == Germany ? "portrait_german"
                                : "portrait_english";
+}
+
+/// The cross is drawn with up to four palms; its text counts them all.
+zel::String medalImage(const AwardRow& award, int32_t palms) {
+    const zel::String image = "medal_" + zel::String(award.key);
+    return award.key == "croix" && palms > 0 ? image + std::min(palms, MostPalms) : image;
 }
 
 zel::String dateOf(int32_t date) { return shortDate(Calendar::ofNumber(date)); }
@@ -111,7 +119,7 @@ void MenuGameRecord::showRibbons(const Honours& honours) {
         const auto number = int32_t(++shown);
         showImage(zel::String("ribbon") + number, "ribbon_" + zel::String(one.award->key));
         showImage(zel::String("rosette") + number,
-                  honours.hasBar(*one.award) ? "rosette" : zel::String());
+                  honours.barOf(*one.award) != nullptr ? "rosette" : zel::String());
     }
     for (; shown < Ribbons; ++shown)
         for (const char* part : {"ribbon", "rosette"})
@@ -129,7 +137,7 @@ void MenuGameRecord::showCase(const Honours& honours) {
         const zel::String number(int32_t(i + 1));
         const bool isShown = i < worn.size();
         showImage("medal" + number,
-                  isShown ? "medal_" + zel::String(worn[i].award->key) : zel::String());
+                  isShown ? medalImage(*worn[i].award, honours.palms) : zel::String());
         setText("medalText" + number, isShown ? awardCard(worn[i], honours) : zel::String());
     }
 }

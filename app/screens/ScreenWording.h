@@ -22,6 +22,7 @@ inline constexpr Wording SheetOf         {1018, "$1 of $2"}; // which, how many
 inline constexpr Wording PageIsWritten   {3940, "The page is written: $1"}; // its path
 inline constexpr Wording PageNotWritten  {3941, "The page could not be written. $1"};
 inline constexpr Wording ToTheLogBook    {1005, "Log Book"};
+inline constexpr Wording NobodyOpposite  {3470, "You met nobody."};
 inline constexpr Wording MovedOn         {1102, "The war has moved on to $1."}; // the date
 inline constexpr SwitchForms Sound       {{1404, "Sound: On"}, {1405, "Sound: Off"}};
 inline constexpr SwitchForms FullScreen  {{1406, "Full screen: On"}, {1407, "Full screen: Off"}};

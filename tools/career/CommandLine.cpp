@@ -213,9 +213,11 @@ std::string CommandReader::readPilot() {
         return "pilot wants a name or a part of one";
     const zel::String name = zel::system::shownText(words[next++]);
     add([=](Session& session) {
-        return session.showBook([&](SqliteFile& record, const Database& career) {
-            return pilotPage(record, career, name);
-        });
+        return session.showBook(
+            [&](SqliteFile& record, const Database& career) {
+                return pilotPage(record, career, name.view());
+            },
+            "No pilot of this war is called " + name);
     });
     return {};
 }

@@ -288,7 +288,8 @@ bool Session::refuseInvitation() {
     return true;
 }
 
-bool Session::sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf) {
+bool Session::sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf,
+                        const zel::String& fault) {
     if (!needRecord())
         return false;
     SqliteFile& tables = record.read(career);
@@ -299,14 +300,11 @@ bool Session::sayRecord(const std::function<std::vector<zel::String>(SqliteFile&
         say(recordGapText(gap));
     for (const zel::String& line : lines)
         say(line);
+    if (lines.empty() && !fault.empty())
+        return fail(fault);
     if (lines.empty())
         say(textOf(wording::NothingRecorded));
     return true;
-}
-
-bool Session::showBook(
-    const std::function<std::vector<zel::String>(SqliteFile&, const Database&)>& linesOf) {
-    return sayRecord([&](SqliteFile& t) { return linesOf(t, career); });
 }
 
 bool Session::flights() { return sayRecord(flightLines); }

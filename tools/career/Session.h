@@ -50,9 +50,12 @@ public:
     bool flights();
     /// The combat report of that flight, the last one for 0, with its reasons.
     bool why(int32_t number);
-    /// Prints what the function gives of the record, or that it is nothing.
-    bool
-    showBook(const std::function<std::vector<zel::String>(SqliteFile&, const Database&)>& linesOf);
+    using BookLines = std::function<std::vector<zel::String>(SqliteFile&, const Database&)>;
+    /// Prints what the function gives of the record, or that it is nothing; with a fault nothing is
+    /// an error.
+    bool showBook(const BookLines& linesOf, const zel::String& fault = {}) {
+        return sayRecord([&](SqliteFile& t) { return linesOf(t, career); }, fault);
+    }
     /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.
     bool victories(const zel::String& name);
@@ -76,7 +79,8 @@ private:
     bool needCareer();
     bool needSimulator();
     bool needRecord();
-    bool sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf);
+    bool sayRecord(const std::function<std::vector<zel::String>(SqliteFile&)>& linesOf,
+                   const zel::String& fault = {});
     bool writeFile(const zel::String& file, bool isPage);
     void say(const zel::String& line) const;
     bool sayAll(const std::vector<zel::String>& lines) const; // always true

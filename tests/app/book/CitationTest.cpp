@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/career/Nation.h"
+#include "engine/core/Language.h"
 
 namespace {
 
@@ -14,13 +15,10 @@ TEST(CitationTest, BringsWhatWasGivenAfterADay) {
     pilot.since = 19171001;
     pilot.until = 19180501;
     PilotService service{England, pilot.since, pilot.until, {{pilot.since, Branch::Navy}}, {}, {}};
-    for (int32_t day = 1; day <= 25; day += 2) {
-        pilot.flights.push_back(19171100 + day);
-        pilot.victories.push_back({19171100 + day, "X", "albatrosd5", false});
+    for (int32_t day = 1; day <= 25; day += 2)
         service.victories.push_back(19171100 + day);
-    }
-    service.flights = pilot.flights;
-    pilot.victoryCount = 13;
+    service.flights = service.victories;
+    pilot.served = service;
     pilot.honours = honoursOf(service);
 
     std::string all;
@@ -32,9 +30,38 @@ TEST(CitationTest, BringsWhatWasGivenAfterADay) {
     ASSERT_EQ(after.size(), 1U);
     EXPECT_STREQ(after[0].pilot.c_str(),
                  "Flight Lieutenant Edward Harcourt DSC, Royal Naval Air Service.");
-    EXPECT_STREQ(citationsAfter(pilot, 19171109)[0].text.c_str(),
+    const Citation first = citationsAfter(pilot, 19171109)[0];
+    EXPECT_STREQ(first.text.c_str(),
                  "For conspicuous gallantry in the air: 5 victories in 5 flights.");
+    EXPECT_STREQ(first.pilot.c_str(),
+                 "Flight Sub-Lieutenant Edward Harcourt, Royal Naval Air Service.")
+        << "not with the cross that it brings";
     EXPECT_STREQ(serviceName(England, Branch::Any, 19180401).c_str(), "Royal Air Force");
+}
+
+// An observer's decorations come for flights alone, and a language has its cases.
+TEST(CitationTest, CountsWithoutVictoriesAndInTheDative) {
+    PilotRecord pilot;
+    pilot.name = "Jean Roy";
+    pilot.nation = France;
+    pilot.since = 19170101;
+    pilot.served = {France, pilot.since, 19170601, {}, {}, {}};
+    for (int32_t day = 1; day <= 28; ++day)
+        pilot.served.flights.push_back(19170200 + day);
+    pilot.honours = honoursOf(pilot.served);
+    ASSERT_FALSE(citationsAfter(pilot, 0).empty());
+    EXPECT_STREQ(citationsAfter(pilot, 0)[0].text.c_str(),
+                 "Cited in the order of the army: in 25 flights always ready to attack.");
+    pilot.nation = pilot.served.nation = Germany;
+    for (int32_t day = 1; day <= 12; ++day)
+        pilot.served.victories.push_back(19170200 + day);
+    pilot.honours = honoursOf(pilot.served);
+    ASSERT_TRUE(zel::Language::load("de"));
+    const std::vector<Citation> letters = citationsAfter(pilot, 0);
+    EXPECT_NE(letters.back().text.view().find(" Fl\374gen"), std::string_view::npos)
+        << letters.back().text.c_str();
+    EXPECT_STREQ(serviceName(Germany, Branch::Army, 19170601).c_str(), "Deutsche Fliegertruppe");
+    zel::Language::reset();
 }
 
 } // namespace

@@ -1,12 +1,14 @@
-#include "app/book/DiaryText.h"
+#include <tuple>
 
 #include <gtest/gtest.h>
 
 #include "app/book/BookTables.h"
+#include "app/book/DiaryText.h"
 #include "app/book/LogBook.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/RealWar.h"
 #include "app/career/WarPeriods.h"
+#include "engine/core/Language.h"
 #include "tests/app/book/HandMadeRecord.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/TemporaryFolder.h"
@@ -99,6 +101,15 @@ TEST_F(DiaryTest, HasTheOwnLineFirstAndTheRestByWeight) {
               (Texts{"Kurt Wolff: 20 victories (2 new)", "James McCudden: 15 victories (1 new)",
                      "Erich Sommer: 7 victories (1 new)"}));
     EXPECT_STREQ(daysText(diary.from, diary.until).c_str(), "24 to 30 Sept 1917");
+    const std::tuple<const char*, int32_t, int32_t, const char*> days[] = {
+        {"de", 19170906, 19170912, "6. bis 12. Sep. 1917"},
+        {"fr", 19170601, 19170610, "1er au 10 juin 1917"},
+        {"fr", 19170528, 19170601, "28 mai au 1er juin 1917"}};
+    for (const auto& [code, from, until, text] : days) {
+        ASSERT_TRUE(zel::Language::load(code));
+        EXPECT_STREQ(daysText(from, until).c_str(), text);
+    }
+    zel::Language::reset();
 }
 
 TEST_F(DiaryTest, TellsOfThePlayersEndAndHisSuccessor) {
@@ -107,9 +118,9 @@ TEST_F(DiaryTest, TellsOfThePlayersEndAndHisSuccessor) {
     ASSERT_GE(diary.squadron.size(), 3U);
     EXPECT_STREQ(diary.squadron[0].text.c_str(), "You brought down Alan Fry. 7 victories now.");
     EXPECT_STREQ(diary.squadron[1].text.c_str(),
-                 "Your pilot Erich Sommer fell to James McCudden, with 7 victories.");
+                 "Your pilot Leutnant Erich Sommer fell to James McCudden, with 7 victories.");
     EXPECT_STREQ(diary.squadron[2].text.c_str(),
-                 "Otto von der Heydt takes his place: you fly as him now.");
+                 "Leutnant Otto von der Heydt takes his place: you fly as him now.");
 }
 
 // Nobody falls to himself, and a gun has no name of its own.
@@ -127,7 +138,8 @@ TEST_F(DiaryTest, NamesWhoBroughtThemDown) {
     last.reports[0].dead = last.reports[1].dead = 1;
     record.career.pilots[Player].alive = 0;
     const std::vector<std::string> lines = texts(read().squadron);
-    EXPECT_EQ(lines[0], "Your pilot Erich Sommer fell to anti-aircraft fire, with 7 victories.");
+    EXPECT_EQ(lines[0],
+              "Your pilot Leutnant Erich Sommer fell to anti-aircraft fire, with 7 victories.");
     EXPECT_EQ(lines[1], "Karl Bauer fell. He had 3 victories.");
     EXPECT_STREQ(readPilot(record.file, record.career, Player).postings.back().other.c_str(),
                  "anti-aircraft fire");

@@ -69,7 +69,8 @@ TEST_F(LogBookTest, HasARowForEachFlight) {
     EXPECT_EQ(row(book.flights[3]),
               "  4|25 Sept 17|Douai|Albatros D.Va|alone|1 SE5a|One down|   1");
     EXPECT_EQ(fallText(book.flights[2]) + " " + successionText(book, 2),
-              "Erich Sommer fell on 21 September 1917. In his place: Otto von der Heydt.");
+              "Leutnant Erich Sommer fell on 21 September 1917. In his place: Leutnant Otto von "
+              "der Heydt.");
     EXPECT_EQ(flightsText(book), "4 flights, 6 months");
     EXPECT_EQ(victoriesText(book, 45), "4 victories: 3 SE5a, 1 Sopwith");
     EXPECT_EQ(victoriesText(book, 29), "4 victories: 3 SE5a, 1 more");

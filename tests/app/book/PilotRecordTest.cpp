@@ -45,6 +45,25 @@ TEST(PilotRecordTest, AgreesWithTheSave) {
     EXPECT_EQ(readPilot(tables, career, -1).pilot, -1);
 }
 
+TEST(PilotRecordTest, KnowsWhatIsShownAndWhoIsMeant) {
+    const std::pair<const char*, Shape> shapes[] = {
+        {"AeType", Shape::Balloon},   {"Parseval", Shape::Balloon}, {"13pdrAAA", Shape::Ground},
+        {"Benz_open", Shape::Ground}, {"albatrosd3", Shape::Scout}, {"DFW C.V", Shape::TwoSeater}};
+    for (const auto& [machine, shape] : shapes)
+        EXPECT_EQ(shapeOf(machine), shape) << machine;
+    HandMadeRecord record;
+    Database& career = record.career;
+    for (int32_t i = 0; i < 14; ++i)
+        addPilot(career, 0, "Jos\351 Muller", {});
+    addPilot(career, 0, "Jos\351 Muller-Jones", {});
+    EXPECT_EQ(pilotsNamed(career, "jose muller").size(), 14U) << "of exactly that name";
+    EXPECT_EQ(pilotsNamed(career, "muller").size(), 15U);
+    EXPECT_EQ(severalPilots(career, pilotsNamed(career, "MULLER")).back(), "and 3 more");
+    career.playerPilot = 5;
+    EXPECT_EQ(pilotsNamed(career, "jose muller"), std::vector<int32_t>{5});
+    EXPECT_TRUE(pilotsNamed(career, "nobody").empty());
+}
+
 TEST(RowSearchTest, FindsTheFirstRowOfADay) {
     SqliteFile file;
     ASSERT_TRUE(file.openInMemory());
@@ -122,6 +141,7 @@ TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
     EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const zel::String& line) {
         return line == "Victories: 21, 12 of them not in the record";
     }));
+    EXPECT_EQ(flyingText(pilot), "30 flights") << "since when isn't known";
 }
 
 } // namespace
