@@ -54,9 +54,11 @@ void drawBars(Svg& svg, const MonthScore& month, float x, float width, float uni
         const float y = ground - static_cast<float>(line);
         svg.line(x, y, x + bar, y, "stroke=\"#7E9158\" stroke-width=\"1.6\"");
     }
+    svg.text(x + bar / 2, ground - own * unit - 5, month.own, Anchor::Middle, Bold);
+    if (month.bestMan.empty())
+        return;
     svg.rect(x + bar + 2, ground - best * unit, bar, best * unit,
              "fill=\"#EADFC0\" stroke=\"#5A452C\"");
-    svg.text(x + bar / 2, ground - own * unit - 5, month.own, Anchor::Middle, Bold);
     svg.text(x + bar * 1.5F + 2, ground - best * unit - 5, month.best, Anchor::Middle, Small);
 }
 

@@ -17,6 +17,7 @@ constexpr float TotalTop = 14;
 constexpr float TotalRight = 120; // for the names
 constexpr float TotalHeight = 250;
 constexpr float NameHeight = 14;
+constexpr float LongestName = 110;
 constexpr size_t MostMen = 5;
 constexpr int32_t ScaleSteps = 6; // of the scale, about
 
@@ -135,6 +136,7 @@ private:
 
     /// Each pilot of the book begins from what he had before his first flight.
     void drawOwn() {
+        float clear = 0;
         for (size_t i = 0; i < book.flights.size();) {
             size_t next = i;
             std::vector<int32_t> days;
@@ -147,10 +149,13 @@ private:
             drawSteps(first.date, last.date, first.total - first.victories, days, OwnLine);
             described += textOf(wording::TotalOfChart, {last.pilotName, last.total}) + " ";
             const zel::String words = lastName(last.pilotName) + " " + last.total;
-            if (next == book.flights.size())
+            // A predecessor's where it is clear of the one before.
+            if (next == book.flights.size()) {
                 names.push_back({y(last.total), words, true});
-            else
+            } else if (clear <= x(last.date)) {
                 svg.text(x(last.date) + 4, y(last.total) - 6, words, Svg::Anchor::Start, OwnText);
+                clear = x(last.date) + LongestName;
+            }
             i = next;
         }
     }
