@@ -94,6 +94,11 @@ TEST_F(CanvasTest, DrawsNothingThatIsNotSeen) {
     canvas.draw(Bitmap(), {10, 10, 8, 8});
     canvas.draw(picture, std::vector<Quad>(), {0, 0});
     EXPECT_TRUE(list.empty());
+    canvas.setAlpha(51);
+    canvas.draw(picture, {10, 10, 8, 8}, 0x80FFFFFF);
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(list[0].argb, 0x1AFFFFFFU) << "a fifth of a half, rounded";
+    canvas.setAlpha(255);
 }
 
 } // namespace
