@@ -225,8 +225,8 @@ private:
             !driver.screens->untilIdle("MenuGameCitation"))
             return false;
         visit("MenuGameCitation");
-        return driver.walk("record>MenuGameRecord") && go("MenuGameRecord") &&
-               turnTo("MenuGameMain");
+        return follow("record>MenuGameRecord menuBack>MenuGameDiary menuButton1>MenuGameMain "
+                      "record>MenuGameRecord! menuBack>MenuGameMain");
     }
     /// A flight of the player with so many victories, as the record hears of it.
     static void addFlight(Database& career, int32_t victories) {
