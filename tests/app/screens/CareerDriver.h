@@ -72,17 +72,12 @@ public:
 
 private:
     void press(const std::string& widget, How how);
-    /// The enlistment takes no time: later seeds take the clock in, and a career doesn't depend on
-    /// what a test tries there.
-    void keepTime(const std::string& from, const std::string& to);
     std::string allTexts() const;
     /// Reads the letters that may come before that page; false if they lead elsewhere.
     bool readLetters(const std::string& target);
     /// The plate that ends the program or puts a career away and shares a pixel with that place;
     /// empty for none.
     std::string endAt(const zel::PixelRect& place) const;
-
-    uint32_t enlistedAt = 0; // by the test's clock
 };
 
 /// As long as it lives the window is as a player holds it: in front, the pointer in it. If it isn't

@@ -1,5 +1,7 @@
 #include "tests/engine/menu/ScreenDriver.h"
 
+#include <algorithm>
+
 #include "engine/core/Clock.h"
 #include "engine/core/Registry.h"
 #include "engine/core/System.h"
@@ -114,9 +116,7 @@ bool ScreenDriver::untilIdle(const char* state) {
     return false;
 }
 
-uint32_t ScreenDriver::time() { return now; }
-
-void ScreenDriver::setTime(uint32_t milliseconds) { now = milliseconds; }
+void ScreenDriver::waitUntil(uint32_t time) { now = std::max(now, time); }
 
 void ScreenDriver::moveTo(int32_t x, int32_t y) { send(motionEvent(x, y)); }
 

@@ -43,9 +43,8 @@ public:
     /// takes more than ten seconds.
     bool untilIdle(const char* state);
 
-    /// The test's clock, in milliseconds.
-    static uint32_t time();
-    static void setTime(uint32_t milliseconds);
+    /// Sets the test's clock to that time, in milliseconds, if it is before it.
+    static void waitUntil(uint32_t time);
 
     void moveTo(int32_t x, int32_t y);
     void button(bool down);
