@@ -95,14 +95,14 @@ void RatioReport::Finalize() {
     for (const auto& [name, pair] : pairs) {
         const double ours = median(pair.ours);
         const double bare = median(pair.bare);
-        if (const auto limit = timeLimits().find(name); limit != timeLimits().end()) {
-            std::printf("%-34s %s %29s%s\n", name.c_str(), timeText(ours).c_str(),
-                        timeText(limit->second).c_str(), judge(ours, limit->second));
-        } else if (bare > 0 && ours > 0) {
+        if (bare > 0 && ours > 0) {
             const double most = ratioLimits()[name];
             std::printf("%-34s %s %s %7.2f %10.2f%s\n", name.c_str(), timeText(ours).c_str(),
                         timeText(bare).c_str(), ours / bare, most, judge(ours / bare, most));
         }
+        if (const auto limit = timeLimits().find(name); ours > 0 && limit != timeLimits().end())
+            std::printf("%-34s %s %29s%s\n", name.c_str(), timeText(ours).c_str(),
+                        timeText(limit->second).c_str(), judge(ours, limit->second));
     }
     for (const Figure& figure : figures)
         std::printf("%-34s %7.1f %s %26.0f %s%s\n", figure.name.c_str(), figure.value, figure.unit,

@@ -19,7 +19,8 @@ public:
 
     /// The ratio that a pair is held to.
     static void setLimit(const std::string& name, double ratio);
-    /// The time that "NAME/ours" alone is held to, in seconds for an iteration.
+    /// The time that "NAME/ours" is held to, in seconds for an iteration, alone or besides the
+    /// ratio.
     static void setTimeLimit(const std::string& name, double seconds);
     /// A line with a figure that was measured otherwise.
     void addFigure(const std::string& name, double value, const char* unit, double limit);

@@ -1,4 +1,5 @@
-// What the record of the war costs: a war and a save with it against the same without.
+// What the record of the war costs: a war and a save with it against the same without. And what the
+// pages of the book take that are read from it.
 
 #include <filesystem>
 #include <memory>
@@ -6,8 +7,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include "app/book/Diary.h"
 #include "app/book/LogBook.h"
+#include "app/book/PilotRecord.h"
+#include "app/book/WebPage.h"
 #include "app/career/CareerEvents.h"
+#include "app/career/CareerTexts.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/Sqlite.h"
 #include "app/war/WarAdvance.h"
@@ -23,6 +28,9 @@ namespace {
 
 constexpr size_t UsualEvents = 200; // of a flight
 constexpr size_t MostEvents = 2000; // that a flight's account holds
+constexpr int32_t FlightsOfWebPage = 83;
+constexpr int64_t RowsOfFrame = 2000;       // that a list of pilots reads
+constexpr double MostSecondsOfPage = 0.005; // of what a screen shows
 
 /// A career with a user's folder of its own, and perhaps with a record.
 struct RecordedCareer {
@@ -58,14 +66,26 @@ FlownMission flightWith(size_t events) {
     return flight;
 }
 
-/// With a flight and a save in each period, as players play.
-void fightWar(RecordedCareer& war, size_t eventsOfFlight) {
-    const FlownMission flight = flightWith(eventsOfFlight);
-    while (war.career().calendar().dateNumber() < 19181111) {
-        if (war.career().observer != nullptr)
-            war.career().observer->onFlight(war.career(), flight);
-        advanceWar(war.career(), war.generator());
-        war.career().storeFile(SaveFileName);
+/// With a flight and a save in each period, as players play, up to that many flights. Each of them
+/// brings the player a victory.
+void fightWar(RecordedCareer& war, size_t eventsOfFlight, int32_t mostFlights = 1000) {
+    Database& career = war.career();
+    FlownMission flight = flightWith(eventsOfFlight);
+    Victory victory;
+    victory.victimName = "August Hanko";
+    victory.victorAircraft = "sopwith camel";
+    victory.victimAircraft = "albatrosd3";
+    victory.isSeen = true;
+    while (career.calendar().dateNumber() < 19181111) {
+        flight.plan[0].pilot = flight.reports[0].pilot = victory.victor = career.playerPilot;
+        if (career.observer != nullptr && mostFlights > 0) {
+            career.observer->onFlight(career, flight);
+            career.observer->onVictory(career, victory);
+        }
+        career.player().shotdowns += mostFlights > 0 ? 1 : 0;
+        --mostFlights;
+        advanceWar(career, war.generator());
+        career.storeFile(SaveFileName);
     }
     war.record.close();
 }
@@ -116,11 +136,38 @@ void saves(benchmark::State& state, bool hasRecord) {
     }
 }
 
-/// Every row of the tables that the log book is made of, and all their columns as text.
-size_t readBare(SqliteFile& tables) {
+/// A whole war to be read, the same for all pages.
+struct ReadWar {
+    explicit ReadWar(int32_t mostFlights = 1000) {
+        fightWar(war, UsualEvents, mostFlights);
+        static_cast<void>(war.career().loadFile(SaveFileName));
+        tables = &war.record.read(war.career());
+        war.pinned->generator.reset(); // other careers draw by their own
+        ace = bestPilots(career().pilots, 2)[0];
+        if (ace == career().playerPilot)
+            ace = bestPilots(career().pilots, 2)[1];
+        lastFlight = int32_t(tables->number("SELECT max(number) FROM flight"));
+    }
+    const Database& career() const { return war.career(); }
+
+    RecordedCareer war{true};
+    SqliteFile* tables = nullptr;
+    int32_t ace = -1; // the best but the player
+    int32_t lastFlight = 0;
+};
+
+const ReadWar& readWar() {
+    static const ReadWar war;
+    return war;
+}
+
+using Selections = std::vector<std::string>; // that give the rows of a page
+
+/// All columns of those rows as text.
+size_t readBare(SqliteFile& tables, const Selections& selections) {
     size_t bytes = 0;
-    for (const char* table : {"flight", "flight_plane", "flight_report", "flight_event"}) {
-        SqliteStatement row(tables, std::string("SELECT * FROM ") + table);
+    for (const std::string& selection : selections) {
+        SqliteStatement row(tables, "SELECT * FROM " + selection);
         while (row.next())
             for (int column = 0; column < row.columnCount(); ++column)
                 bytes += row.rawText(column).size();
@@ -128,21 +175,111 @@ size_t readBare(SqliteFile& tables) {
     return bytes;
 }
 
-/// The log book of a whole war with a flight in each period.
-void logBooks(benchmark::State& state, bool isOurs) {
-    RecordedCareer war(true);
-    fightWar(war, UsualEvents);
-    static_cast<void>(war.career().loadFile(SaveFileName));
-    SqliteFile& tables = war.record.read(war.career());
+/// Those rows by their keys, so that nothing has to be searched.
+std::string byKeys(SqliteFile& tables, const std::string& table, const std::string& condition) {
+    SqliteStatement keys(tables, "SELECT id FROM " + table + " WHERE " + condition);
+    std::string list;
+    while (keys.next())
+        list += (list.empty() ? "" : ",") + std::to_string(keys.number(0));
+    return table + " WHERE id IN (" + list + ")";
+}
+
+Selections rowsOfLogBook(const ReadWar& /*war*/) {
+    return {"flight", "flight_plane", "flight_report", "flight_event"};
+}
+
+Selections rowsOfService(const ReadWar& war) {
+    const std::string own = std::to_string(war.career().playerPilot);
+    return {"flight WHERE pilot = " + own,
+            byKeys(*war.tables, "victory", "flight IS NOT NULL AND victor = " + own),
+            byKeys(*war.tables, "posting", "pilot = " + own)};
+}
+
+Selections rowsOfPilot(const ReadWar& war) {
+    const std::string ace = std::to_string(war.ace);
+    return {"flight WHERE pilot = " + ace, // none: he is none of the player's
+            byKeys(*war.tables, "victory", "victor = " + ace),
+            byKeys(*war.tables, "posting", "pilot = " + ace)};
+}
+
+/// The diary shows what the player was given, too, and the strip of the war all flights.
+Selections rowsOfDiary(const ReadWar& war) {
+    Selections all = rowsOfService(war);
+    all.emplace_back("flight");
+    const std::string flight = std::to_string(war.lastFlight);
+    const std::string since = "date >= (SELECT date FROM flight WHERE number = " + flight + ")";
+    all.push_back(byKeys(*war.tables, "victory", since));
+    all.push_back(byKeys(*war.tables, "posting", since));
+    for (const char* table : {"flight_plane", "flight_report"})
+        all.push_back(std::string(table) + " WHERE flight = " + flight);
+    return all;
+}
+
+/// A page of the book: what reads it, and its rows.
+struct BookPage {
+    const char* name;
+    void (*read)(const ReadWar& war);
+    Selections (*rows)(const ReadWar& war);
+};
+constexpr BookPage BookPages[] = {
+    {"log book of a war",
+     [](const ReadWar& war) {
+         benchmark::DoNotOptimize(readLogBook(*war.tables, war.career()).victories);
+     },
+     rowsOfLogBook},
+    {"diary at the end of a war",
+     [](const ReadWar& war) {
+         benchmark::DoNotOptimize(readDiary(*war.tables, war.career()).until);
+     },
+     rowsOfDiary},
+    {"record of service of a war",
+     [](const ReadWar& war) {
+         benchmark::DoNotOptimize(
+             readPilot(*war.tables, war.career(), war.career().playerPilot).until);
+     },
+     rowsOfService},
+    {"page of the best ace of a war",
+     [](const ReadWar& war) {
+         static PilotRows rows; // of the first time, and of all after it
+         benchmark::DoNotOptimize(readPilot(*war.tables, war.career(), war.ace, &rows).until);
+     },
+     rowsOfPilot},
+};
+
+void pages(benchmark::State& state, const BookPage& page, bool isOurs) {
+    const ReadWar& war = readWar();
+    const Selections rows = page.rows(war);
+    page.read(war); // the tables of the history are read once
     for (auto unused : state) {
         static_cast<void>(unused);
         if (isOurs)
-            benchmark::DoNotOptimize(readLogBook(tables, war.career()).victories);
+            page.read(war);
         else
-            benchmark::DoNotOptimize(readBare(tables));
+            benchmark::DoNotOptimize(readBare(*war.tables, rows));
     }
-    if (tables.failed())
-        state.SkipWithError(tables.problem().c_str());
+    if (war.tables->failed())
+        state.SkipWithError(war.tables->problem().c_str());
+}
+
+/// What a list of pilots reads in a frame, before one is pressed.
+void rowsOfFrame(benchmark::State& state) {
+    const ReadWar& war = readWar();
+    auto rows = std::make_unique<PilotRows>();
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        if (rows->gather(*war.tables, RowsOfFrame))
+            rows = std::make_unique<PilotRows>();
+    }
+}
+
+void webPages(benchmark::State& state) {
+    static const ReadWar war(FlightsOfWebPage);
+    for (auto unused : state) {
+        static_cast<void>(unused);
+        const WebPage page = webPageOf(*war.tables, war.career());
+        if (page.html.empty())
+            state.SkipWithError(page.problem.c_str());
+    }
 }
 
 } // namespace
@@ -165,12 +302,22 @@ void registerRecordBenches() {
         {"war with its record/bare", fightWars, false},
         {"save with its record/ours", saves, true},
         {"save with its record/bare", saves, false},
-        {"log book of a war/ours", logBooks, true},
-        {"log book of a war/bare", logBooks, false},
     };
     for (const Bench& bench : benches)
         benchmark::RegisterBenchmark(bench.name, bench.run, bench.hasRecord)->Unit(kMillisecond);
     RatioReport::setLimit("war with its record", 1.25);
     RatioReport::setLimit("save with its record", 1.5);
-    RatioReport::setLimit("log book of a war", 3);
+    for (const BookPage& page : BookPages) {
+        for (const bool isOurs : {true, false})
+            benchmark::RegisterBenchmark(
+                (std::string(page.name) + (isOurs ? "/ours" : "/bare")).c_str(),
+                [&page, isOurs](benchmark::State& state) { pages(state, page, isOurs); })
+                ->Unit(kMillisecond);
+        RatioReport::setLimit(page.name, 3);
+        RatioReport::setTimeLimit(page.name, MostSecondsOfPage);
+    }
+    benchmark::RegisterBenchmark("rows of pilots in a frame/ours", rowsOfFrame)->Unit(kMillisecond);
+    RatioReport::setTimeLimit("rows of pilots in a frame", MostSecondsOfPage);
+    benchmark::RegisterBenchmark("web page of 83 flights/ours", webPages)->Unit(kMillisecond);
+    RatioReport::setTimeLimit("web page of 83 flights", 0.2);
 }

@@ -17,18 +17,18 @@ namespace {
 /// indexes those.
 class PilotReader {
 public:
-    PilotReader(SqliteFile& record, const Database& career, PilotRecord& pilot)
-        : record(record), career(career), pilot(pilot) {}
+    PilotReader(SqliteFile& record, const Database& career, PilotRows& rows, PilotRecord& pilot)
+        : record(record), career(career), rows(rows), pilot(pilot) {}
 
-    void read() {
+    void read(bool mayGather) {
         readFlights();
         readMoves();
         if (isPlayers())
             readOwn();
         else
-            readOthers();
+            readOthers(mayGather);
         if (pilot.since == 0)
-            pilot.since = pilot.until;
+            pilot.since = pilot.victories.empty() ? pilot.until : pilot.victories.front().date;
         pilot.served = service();
         pilot.honours = honoursOf(pilot.served);
     }
@@ -140,35 +140,55 @@ private:
         postings.insert(postings.begin(), {PilotPosting::Came, pilot.since, squadron, -1, {}});
     }
 
-    /// New pilots get the next indices, so the days of their arrival can be searched.
-    void readOthers() {
-        const int64_t joined = firstArrivalFrom(record, pilot.pilot);
-        if (joined == 0)
-            return;
-        SqliteStatement row(
-            record, "SELECT date, kind, squadron,"
-                    " CASE WHEN other = pilot THEN '' ELSE other_name END"
-                    " FROM posting WHERE id >= ?1 AND pilot = ?2 AND kind IN ('joined', 'died')"
-                    " ORDER BY id LIMIT ?3");
-        row.with(joined, pilot.pilot, pilot.isAlive ? 1 : 2);
-        int32_t last = career.calendar().dateNumber();
-        while (row.next()) {
-            const bool hasDied = row.text(1) == "died";
-            pilot.postings.push_back({hasDied ? PilotPosting::Died : PilotPosting::Came,
-                                      row.integer(0), row.integer(2), -1, row.text(3)});
-            if (!hasDied)
-                pilot.postings.back().other = {};
-            (hasDied ? last : pilot.since) = row.integer(0);
-        }
+    /// What the rows of pilots don't know is searched in the time of his service.
+    void readOthers(bool mayGather) {
+        if (mayGather)
+            rows.gather(record, PilotRows::All);
+        readArrival();
+        if (!pilot.isAlive)
+            readDeath();
         sortPostings();
-        pilot.until = last;
         for (const PilotPosting& one : pilot.postings)
             serve(one.date, one.squadron);
-        SqliteStatement won(record, "SELECT date, victim_name, victim_aircraft, died FROM victory"
-                                    " WHERE id >= ? AND id < ? AND victor = ? ORDER BY id");
-        won.with(firstRowFrom(record, DatedTable::Victory, pilot.since),
-                 firstRowFrom(record, DatedTable::Victory, last + 1), pilot.pilot);
-        takeVictories(won);
+        if (pilot.victoryCount == 0)
+            return;
+        SqliteStatement known(record, "SELECT date, victim_name, victim_aircraft, died FROM victory"
+                                      " WHERE id = ? AND victor = ?");
+        for (const int64_t key : rows.victoriesOf(pilot.pilot))
+            takeVictories(known.with(key, pilot.pilot));
+        SqliteStatement newer(record, "SELECT date, victim_name, victim_aircraft, died FROM victory"
+                                      " WHERE id > ? AND id < ? AND victor = ? ORDER BY id");
+        if (rows.lastVictory() > 0)
+            newer.with(rows.lastVictory(), PilotRows::All, pilot.pilot);
+        else
+            newer.with(firstRowFrom(record, DatedTable::Victory, pilot.since) - 1,
+                       firstRowFrom(record, DatedTable::Victory, pilot.until + 1), pilot.pilot);
+        takeVictories(newer);
+    }
+
+    /// New pilots get the next indices, so the row of their arrival can be searched.
+    void readArrival() {
+        arrival = firstArrivalFrom(record, pilot.pilot);
+        SqliteStatement row(record, "SELECT date, squadron FROM posting WHERE id = ?");
+        row.with(arrival);
+        if (!row.next())
+            return;
+        pilot.since = row.integer(0);
+        pilot.postings.push_back({PilotPosting::Came, pilot.since, row.integer(1), -1, {}});
+    }
+
+    void readDeath() {
+        SqliteStatement row(record,
+                            "SELECT date, squadron,"
+                            " CASE WHEN other = pilot THEN '' ELSE other_name END FROM posting"
+                            " WHERE id >= ? AND pilot = ? AND kind = 'died' LIMIT 1");
+        const int64_t known = rows.deathOf(pilot.pilot);
+        row.with(known > 0 ? known : std::max(rows.lastPosting(), arrival), pilot.pilot);
+        if (!row.next())
+            return;
+        pilot.until = row.integer(0);
+        pilot.postings.push_back(
+            {PilotPosting::Died, pilot.until, row.integer(1), -1, row.text(2)});
     }
 
     /// On one day he comes, moves and dies in that order.
@@ -218,13 +238,15 @@ private:
 
     SqliteFile& record;
     const Database& career;
+    PilotRows& rows;
     PilotRecord& pilot;
     std::vector<PilotService::Change> branches;
+    int64_t arrival = 0; // its row; 0 if it isn't in the record
 };
 
 } // namespace
 
-PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index) {
+PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index, PilotRows* rows) {
     PilotRecord pilot;
     if (!career.isPilot(index))
         return pilot;
@@ -239,7 +261,8 @@ PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index)
     pilot.victoryCount = saved.shotdowns;
     if (saved.historic != 0)
         pilot.real = BookTables::instance().ace(pilot.name);
-    PilotReader(record, career, pilot).read();
+    PilotRows none;
+    PilotReader(record, career, rows != nullptr ? *rows : none, pilot).read(rows != nullptr);
     if (record.failed()) {
         pilot.isUnreadable = true;
         pilot.honours = {};

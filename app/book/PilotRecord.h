@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/book/Honours.h"
+#include "app/book/PilotRows.h"
 #include "engine/core/String.h"
 
 class Database;
@@ -57,10 +58,12 @@ struct PilotRecord {
     int32_t unrecorded() const { return victoryCount - int32_t(victories.size()); }
 };
 
-/// Reads what the record has of a pilot. The player's and his predecessors' by their flights; for
-/// others their time is searched. On error: what the save has of him, without rank and decorations,
+/// Reads what the record has of a pilot: the player's and his predecessors' by their flights, those
+/// of others by the rows of pilots, which are gathered first. Without those the time of his service
+/// is searched, which takes long. On error: what the save has of him, without rank and decorations,
 /// and the file has failed.
-PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index);
+PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index,
+                      PilotRows* rows = nullptr);
 
 /// How often each machine is among the victories, the most frequent first.
 struct MachineCount;

@@ -1,8 +1,11 @@
 #include "app/book/PilotRecord.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "app/book/LogBook.h"
+#include "app/book/PilotRows.h"
 #include "app/book/RowSearch.h"
 #include "app/book/ServiceText.h"
 #include "tests/app/book/HandMadeRecord.h"
@@ -62,6 +65,46 @@ TEST(PilotRecordTest, KnowsWhatIsShownAndWhoIsMeant) {
     career.playerPilot = 5;
     EXPECT_EQ(pilotsNamed(career, "jose muller"), std::vector<int32_t>{5});
     EXPECT_TRUE(pilotsNamed(career, "nobody").empty());
+}
+
+// Whether gathered before a save, after it, or of a course of the war that was given up.
+TEST(PilotRowsTest, FindWhatASearchFinds) {
+    const PinnedRun run(12);
+    RecordedProgram program;
+    program.begin();
+    program.goOn();
+    ASSERT_TRUE(program.save());
+    const std::string save = run.userFolder() + "/Saves/savegame_v03.wty";
+    const std::string kept = run.userFolder() + "/kept";
+    std::filesystem::copy_file(save, kept);
+    PilotRows rows;
+    const auto compare = [&](const char* when) {
+        SqliteFile& tables = program.record.read(program.career);
+        size_t victories = 0;
+        for (int32_t i = 0; i < program.career.pilotCount(); i += 11) {
+            const PilotRecord found = readPilot(tables, program.career, i, &rows);
+            const PilotRecord searched = readPilot(tables, program.career, i);
+            ASSERT_EQ(pilotLines(found, program.career), pilotLines(searched, program.career))
+                << when;
+            victories += found.victories.size();
+        }
+        EXPECT_GT(victories, 20U) << when;
+    };
+    EXPECT_FALSE(rows.gather(program.record.read(program.career), 100));
+    compare("half gathered");
+    EXPECT_TRUE(rows.gather(program.record.read(program.career), 100));
+    EXPECT_GT(rows.lastVictory(), 100);
+    program.goOn();
+    compare("not saved");
+    ASSERT_TRUE(program.save());
+    compare("saved");
+    std::filesystem::copy_file(kept, save, std::filesystem::copy_options::overwrite_existing);
+    ASSERT_TRUE(program.load());
+    compare("of the earlier save");
+    program.goOn();
+    program.goOn();
+    ASSERT_TRUE(program.save());
+    compare("of another course of the war");
 }
 
 TEST(RowSearchTest, FindsTheFirstRowOfADay) {
