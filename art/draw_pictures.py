@@ -14,6 +14,7 @@ from PIL import Image
 import overlays_book as book
 import overlays_flying as flying
 import overlays_office as office
+import overlays_people as people
 import overlays_record as record
 from brass import GAP, PLATES, SWITCHES, plate_sheet
 from fieldmap import SECTORS
@@ -32,6 +33,7 @@ OVERLAYS = [
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
     book.over_logbook, book.over_where,
     record.over_diary, record.over_record, record.over_citation, record.over_fallen, record.over_war_over,
+    people.over_pilot,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
@@ -102,7 +104,8 @@ def pictures():
         'progress_empty': lambda: whole(bar(False), 'progress_empty'),
         'progress_full': lambda: whole(bar(True), 'progress_full'),
         'row_ledger': lambda: whole(book.row_ledger(), 'row_ledger'),
-        'row_roster': lambda: rows('row_roster', 12, 44, w=552, right=34, baseline=30, line=40),
+        'row_roster': people.row_roster,
+        'row_aces': people.row_aces,
         'row_orders': lambda: rows('row_orders', 8, 38, w=588, right=30, baseline=26, line=35),
         'plate_slip': slip_sheet,
         'ribbon': lambda: whole(silk_ribbon(), 'ribbon'),

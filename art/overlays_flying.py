@@ -78,7 +78,7 @@ def _lay_date_block(ov):
 
 
 def over_roster():
-    """The nominal roll, with room for twelve rows; a photograph and a card for the squadron."""
+    """The nominal roll, with room for a head and twelve rows; a photograph and a card for the squadron."""
     ov = empty(W, H)
     machines = [dict(yaw=.5, pitch=.06, roll=roll, size=size, cx=cx, cy=cy)
                 for roll, size, cx, cy in ((-.30, 15, 74, 118), (-.28, 13, 150, 78),
@@ -109,7 +109,10 @@ def over_aces():
     def draw(c):
         c.rectangle(60, 60, w - 120, h - 120)
         stroke(c, '#FFFFFF', 1.8)
-        emblem(c, w / 2, 102, .84)
+        emblem(c, w / 2, 98, .84)
+        for y in (542, 546):  # above the player's place
+            c.rectangle(68, y, 680, 1.6)
+            c.fill()
     gold = vector(w, h, draw)[..., 3]
     pressed(board, gold, .4)
     over(board, foil(gold, 6))

@@ -149,7 +149,7 @@ private:
                 add(DiarySign::Joined, OwnWeight - 1, pilot,
                     textOf(wording::YouAreNow, {titleOfPilot(pilot, row.text(2))}));
             else if (isOwn && pilot != career.playerPilot)
-                arrivals.push_back(row.text(2));
+                arrivals.emplace_back(pilot, row.text(2));
             else if (kind == "transferred" && row.index(4) == squadron)
                 addDeparture(pilot, row.text(2), row.integer(3));
         }
@@ -261,14 +261,14 @@ private:
             text);
     }
 
-    /// A few names a line.
+    /// A few names a line. Only a line of one opens his page.
     void addArrivals() {
         for (size_t first = 0; first < arrivals.size(); first += MostNames) {
             const size_t end = std::min(first + MostNames, arrivals.size());
-            const std::vector<zel::String> some(
-                arrivals.begin() + static_cast<std::ptrdiff_t>(first),
-                arrivals.begin() + static_cast<std::ptrdiff_t>(end));
-            add(DiarySign::Joined, PostedWeight, -1,
+            std::vector<zel::String> some;
+            for (size_t i = first; i < end; ++i)
+                some.push_back(arrivals[i].second);
+            add(DiarySign::Joined, PostedWeight, some.size() == 1 ? arrivals[first].first : -1,
                 textOf(some.size() == 1 ? wording::HasCome : wording::HaveCome, {sentence(some)}));
         }
     }
@@ -328,8 +328,8 @@ private:
     std::map<int32_t, Score> scores; // of all who scored
     std::set<int32_t> ownVictors;    // of the squadron
     std::vector<Death> deaths;       // likewise
-    std::vector<zel::String> arrivals;
-    std::vector<int32_t> fallenAces; // of all squadrons
+    std::vector<std::pair<int32_t, zel::String>> arrivals; // pilots and names
+    std::vector<int32_t> fallenAces;                       // of all squadrons
 };
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
 #include "app/book/ServiceWording.h"
+#include "app/book/Standing.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
@@ -89,6 +90,11 @@ void addHonours(std::vector<zel::String>& lines, const PilotRecord& pilot) {
         lines.push_back(datedLine(one.date, awardText(*one.award)));
 }
 
+// Letters of the columns of a victory.
+constexpr size_t DayLetters = 13;
+constexpr size_t TypeLetters = 15;
+constexpr size_t VictimLetters = VictoryLetters - DayLetters - TypeLetters - 2;
+
 } // namespace
 
 zel::String awardText(const AwardRow& award) {
@@ -122,6 +128,11 @@ bool isNamedUnit(const Database& career, int32_t squadron) {
 zel::String unitText(const Database& career, int32_t squadron) {
     const int32_t number = unitNumber(career, career.squadron(squadron).squadronFile);
     return hasUnitName(number) ? unitName(number) : textOf(wording::UnnamedSquadron);
+}
+
+zel::String unitOrServiceText(const Database& career, int32_t squadron) {
+    const int32_t number = unitNumber(career, career.squadron(squadron).squadronFile);
+    return hasUnitName(number) ? unitName(number) : serviceName(career.squadron(squadron).nation);
 }
 
 zel::String unitNearText(const Database& career) {
@@ -178,7 +189,7 @@ std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& 
 
 std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& career) {
     std::vector<zel::String> lines = {titleOf(pilot.honours, pilot.name),
-                                      unitText(career, pilot.squadron), flyingText(pilot)};
+                                      unitOrServiceText(career, pilot.squadron), flyingText(pilot)};
     for (const PilotPosting& posting : pilot.postings)
         lines.push_back(postingText(posting, career));
     addHonours(lines, pilot);
@@ -188,6 +199,36 @@ std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& ca
     if (const zel::String real = realText(pilot, career.calendar().dateNumber()); !real.empty())
         lines.push_back(real);
     return lines;
+}
+
+std::vector<zel::String> stationLines(const PilotRecord& pilot, const Database& career) {
+    std::vector<std::pair<int32_t, zel::String>> dated;
+    for (const PilotPosting& posting : pilot.postings)
+        dated.emplace_back(posting.date, postingText(posting, career));
+    for (const RankGiven& one : pilot.honours.ranks)
+        dated.emplace_back(one.date, datedLine(one.date, one.rank->name));
+    for (const AwardGiven& one : pilot.honours.awards)
+        dated.emplace_back(one.date, datedLine(one.date, awardText(*one.award)));
+    std::stable_sort(dated.begin(), dated.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<zel::String> lines;
+    if (pilot.postings.empty())
+        lines.push_back(textOf(wording::NoPostingKnown));
+    for (const auto& [date, text] : dated)
+        lines.push_back(text);
+    return lines;
+}
+
+zel::String victoryLine(const PilotVictory& victory) {
+    const auto victim = [&](const zel::String& name) {
+        return victory.hasDied ? textOf(wording::LateName, {name}) : name;
+    };
+    zel::String name = victim(victory.victim);
+    if (size_t(name.length()) > VictimLetters)
+        name = victim(shortName(victory.victim));
+    return column(shortDate(Calendar::ofNumber(victory.date)), DayLetters) + " " +
+           column(machineText(victory.machine, TypeLetters), TypeLetters) + " " +
+           column(name, VictimLetters);
 }
 
 std::vector<zel::String> severalPilots(const Database& career, const std::vector<int32_t>& pilots) {

@@ -17,6 +17,8 @@ zel::String awardCard(const AwardGiven& given, const Honours& honours);
 bool isNamedUnit(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC"; "another squadron" for one without a name.
 zel::String unitText(const Database& career, int32_t squadron);
+/// The same; the name of its service for one without a name.
+zel::String unitOrServiceText(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC, near Arras", of the player's squadron.
 zel::String unitNearText(const Database& career);
 /// "Flying since 9 April 1917: 41 flights"; "41 flights" where that day isn't known; of
@@ -34,6 +36,12 @@ std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& 
 /// The page of a pilot as lines: title and victories, postings, victories with date and victim, and
 /// who he really was.
 std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& career);
+/// What became of him, by date: postings, ranks and decorations, a line each. Never empty.
+std::vector<zel::String> stationLines(const PilotRecord& pilot, const Database& career);
+/// A victory in columns of the typewriter face, VictoryLetters wide: date, machine and victim, who
+/// is marked if he died. A name that is too long is shortened, then cut.
+zel::String victoryLine(const PilotVictory& victory);
+constexpr size_t VictoryLetters = 54;
 /// "Several pilots have such a name:" and the first dozen with units and
 /// victories, and how many more; no lines without any.
 std::vector<zel::String> severalPilots(const Database& career, const std::vector<int32_t>& pilots);

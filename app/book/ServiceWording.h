@@ -74,5 +74,14 @@ inline constexpr Wording MissionsFlown   {3271, "Missions: $1"};
 inline constexpr Wording RecordUnreadable{3440, "The record of the war can't be read."};
 inline constexpr Wording LastMonth       {3237, "$1 in the last month"};
 
+// Lists of pilots, and a pilot's own page.
+inline constexpr Wording OwnName         {4200, "$1 (you!)"};
+inline constexpr Wording LateName        {4201, "$1 RIP"};
+inline constexpr Wording OwnLateName     {4202, "$1 (you!) RIP"};
+inline constexpr Wording YourPlace       {3274, "Your place: $1"};
+inline constexpr Wording NoVictoryYet    {4207, "No victory yet"};
+inline constexpr Wording UnknownScore    {4208, "?"}; // of that day of the real war
+inline constexpr Wording NoPostingKnown  {4211, "None of his postings are in the record."};
+
 } // namespace wording
 // clang-format on

@@ -29,6 +29,7 @@
 #include "app/screens/MenuGameInvite.h"
 #include "app/screens/MenuGameLogbook.h"
 #include "app/screens/MenuGameMain.h"
+#include "app/screens/MenuGamePilot.h"
 #include "app/screens/MenuGameRecord.h"
 #include "app/screens/MenuGameStartMission.h"
 #include "app/screens/MenuGameTopAces.h"
@@ -41,6 +42,7 @@
 #include "app/screens/MenuNotificationInstallDir.h"
 #include "app/screens/MenuNotificationRepair.h"
 #include "app/screens/MenuNotificationUnsaved.h"
+#include "app/screens/PilotPages.h"
 #include "app/screens/Preferences.h"
 #include "app/screens/ReportPages.h"
 #include "app/screens/ZelAppInfo.h"
@@ -93,6 +95,11 @@ std::unique_ptr<CareerDrawer>& drawer() {
 
 std::unique_ptr<CitationPile>& citations() {
     static std::unique_ptr<CitationPile> instance;
+    return instance;
+}
+
+std::unique_ptr<PilotPages>& pilotPages() {
+    static std::unique_ptr<PilotPages> instance;
     return instance;
 }
 
@@ -169,14 +176,16 @@ void ZelApp::initMenus() {
     zel::HandledMenu::loadMenuList("Menus/init.lst");
     flight() = std::make_unique<Flight>(record().get());
     reportPages() = std::make_unique<ReportPages>(*flight(), *record());
+    pilotPages() = std::make_unique<PilotPages>(*record());
     addScreen<MenuGameStartMission>(*flight());
     addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>(*drawer());
     addScreen<MenuCareers>(*drawer());
     addScreen<MenuCareerPages>(*drawer());
     addScreen<MenuGameMain>(*record(), *flight());
-    addScreen<MenuGameViewSquadron>();
-    addScreen<MenuGameTopAces>();
+    addScreen<MenuGameViewSquadron>(*pilotPages());
+    addScreen<MenuGameTopAces>(*pilotPages());
+    addScreen<MenuGamePilot>(*record(), *pilotPages());
     addScreen<MenuGameCombatReport>(*reportPages());
     addScreen<MenuGameWhere>(*reportPages());
     addScreen<MenuGameLogbook>(*record(), *reportPages());
@@ -191,8 +200,8 @@ void ZelApp::initMenus() {
     addScreen<MenuGameAdvance>(*citations(), *reportPages());
     addScreen<MenuGameFallen>(*record(), *citations(), *drawer());
     addScreen<MenuGameCitation>(*citations());
-    addScreen<MenuGameDiary>(*record());
-    addScreen<MenuGameRecord>(*record(), *citations());
+    addScreen<MenuGameDiary>(*record(), *pilotPages());
+    addScreen<MenuGameRecord>(*record(), *citations(), *pilotPages());
     addScreen<MenuGameWarOver>(*record());
     addScreen<MenuNotificationInstallDir>();
     addScreen<MenuBlackScreen>();
@@ -213,6 +222,7 @@ void ZelApp::releaseDatabase() {
     flight().reset();
     citations().reset();
     enlistmentForm() = {};
+    pilotPages().reset();
     drawer().reset();
     CareerScreen::setShelf(nullptr);
     shelf().reset();

@@ -7,6 +7,7 @@
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
+#include "app/screens/PilotPages.h"
 #include "engine/core/Log.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/Menu.h"
@@ -27,7 +28,8 @@ constexpr int32_t TallestRow = 200;
 constexpr int32_t FocusStrokeWidth = 3;
 constexpr uint32_t FocusStrokeColour = 0x8E1F17;
 constexpr float FocusStrokeAlpha = 0.8F;
-constexpr int32_t SignLift = 2; // of a sign above the top of its text
+constexpr int32_t SignLift = 2;  // of a sign above the top of its text
+constexpr int32_t PressLift = 3; // of a pressed line above and below its text
 
 constexpr const char* SignImages[] = { // by DiarySign
     "blank", "sign_scored", "sign_fallen", "sign_joined", "sign_left"};
@@ -39,11 +41,13 @@ void MenuGameDiary::onEnter() {
     if (career == nullptr)
         return;
     SqliteFile& tables = record.read(*career);
-    Diary diary = readDiary(tables, *career);
+    diary = readDiary(tables, *career);
     if (tables.failed())
         zel::log("The diary lacks what the record of the war has: " + tables.problem(), "Book",
                  zel::LogWarning);
     setText("date", daysText(diary.from, diary.until));
+    entryPresses.resize(*menu, diary.squadron.size());
+    newsPresses.resize(*menu, diary.front.size());
     showLines("entry", diary.squadron, EntryRows, SquadronSpace);
     showLines("news", diary.front, FrontRows, OtherSpace);
     int32_t space = OtherSpace;
@@ -59,6 +63,11 @@ void MenuGameDiary::onEnter() {
     zel::Widget* onward = getWidget("menuButton1");
     if (onward != nullptr && isWarOver(*career))
         onward->setTransition("MenuGameWarOver");
+    const int32_t back = pages.takeReturn("MenuGameDiary");
+    forEachPress([&](const zel::String& name, int32_t pilot) {
+        if (pilot == back)
+            setFocus(name);
+    });
 }
 
 /// Brings the lines together, or leaves out the least important ones, until they fit on the paper.
@@ -118,11 +127,13 @@ void MenuGameDiary::showLines(const char* area, const std::vector<DiaryLine>& li
         const bool isShown = i < int32_t(lines.size());
         row->setVisible(isShown);
         const zel::String sign = zel::String(area) + ".sign" + number;
+        const zel::String press = zel::String(area) + ".press" + number;
         setVisible(sign, isShown);
         if (!isShown) {
             // An element that is hidden still counts for how far its area scrolls.
             row->setRect({rect.x, y - rect.height, rect.width, rect.height});
             showSign(sign, DiarySign::None, y - rect.height);
+            showPress(press, -1, y - rect.height, rect.height);
             continue;
         }
         row->setRect({rect.x, y, rect.width, TallestRow});
@@ -130,6 +141,7 @@ void MenuGameDiary::showLines(const char* area, const std::vector<DiaryLine>& li
         rect.height = row->getLabel().height();
         row->setRect({rect.x, y, rect.width, rect.height});
         showSign(sign, lines[size_t(i)].sign, y - SignLift);
+        showPress(press, lines[size_t(i)].pilot, y, rect.height);
         y += rect.height + space;
     }
 }
@@ -143,4 +155,37 @@ void MenuGameDiary::showSign(const zel::String& name, DiarySign sign, int32_t y)
         widget->setImage(static_cast<zel::WidgetLook>(look), image);
     widget->getBounds().rect.y = y;
     widget->setActive(false); // it is no button
+}
+
+void MenuGameDiary::showPress(const zel::String& name, int32_t pilot, int32_t y, int32_t height) {
+    zel::Widget* widget = getWidget(name);
+    if (widget == nullptr)
+        return;
+    widget->setVisible(pilot >= 0);
+    zel::PixelRect& rect = widget->getBounds().rect;
+    rect.y = y - PressLift;
+    rect.height = height + 2 * PressLift;
+}
+
+void MenuGameDiary::forEachPress(
+    const std::function<void(const zel::String& name, int32_t pilot)>& action) const {
+    const std::pair<const RowList&, const std::vector<DiaryLine>&> lists[] = {
+        {entryPresses, diary.squadron}, {newsPresses, diary.front}};
+    for (const auto& [presses, lines] : lists)
+        for (size_t i = 0; i < lines.size(); ++i)
+            if (lines[i].pilot >= 0)
+                action(presses.name("press", i), lines[i].pilot);
+}
+
+void MenuGameDiary::update() {
+    if (const Database* career = runningCareer())
+        pages.readOn(*career);
+}
+
+void MenuGameDiary::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    const Database* career = runningCareer();
+    forEachPress([&](const zel::String& name, int32_t pilot) {
+        if (career != nullptr && widget->getName() == name)
+            setTransition(pages.open(*career, pilot, "MenuGameDiary"));
+    });
 }

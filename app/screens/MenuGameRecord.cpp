@@ -7,11 +7,8 @@
 #include "app/book/ServiceWording.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/career/Nation.h"
-#include "app/record/CareerRecord.h"
 #include "app/screens/BookPage.h"
 #include "app/screens/CitationPile.h"
-#include "engine/core/Log.h"
 #include "engine/menu/Menu.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -19,7 +16,6 @@ namespace {
 
 constexpr size_t Ranks = 3;
 constexpr size_t RankLetters = 24;
-constexpr size_t Ribbons = 8;
 constexpr size_t Medals = 5;
 constexpr int32_t MostPalms = 4; // that a picture has
 
@@ -36,12 +32,6 @@ constexpr size_t MostSmall = 160;
 constexpr const char* ShapeNames[] = {"scout", "two",     "three",
                                       "mono",  "balloon", "ground"}; // by Shape
 
-const char* portraitOf(int32_t nation) {
-    return nation == France    ? "portrait_french"
-           : nation == Germany ? "portrait_german"
-                               : "portrait_english";
-}
-
 /// The cross is drawn with up to four palms; its text counts them all.
 zel::String medalImage(const AwardRow& award, int32_t palms) {
     const zel::String image = "medal_" + zel::String(award.key);
@@ -56,38 +46,28 @@ void MenuGameRecord::onEnter() {
     const Database* career = runningCareer();
     if (career == nullptr)
         return;
-    SqliteFile& tables = record.read(*career);
-    const PilotRecord pilot = readPilot(tables, *career, career->playerPilot);
-    if (tables.failed())
-        zel::log("The record of service lacks what the record of the war has: " + tables.problem(),
-                 "Book", zel::LogWarning);
-    setText("name", titleOf(pilot.honours, pilot.name));
+    const PilotRecord pilot = showPilot(*career, career->playerPilot);
     setText("unit", unitNearText(*career));
-    setText("figures", flyingText(pilot));
-    showImage("portrait", portraitOf(pilot.nation));
-    setVisible("fallen", !pilot.isAlive);
-    setActive("fallen", false); // it is no button; so are the pictures below
     showRanks(pilot.honours);
-    showRibbons(pilot.honours);
     showCase(pilot.honours);
-    if (pilot.isUnreadable)
-        setVisible("noMedal", false);
     showVictories(pilot);
     setText("note", "");
     setActive("webPage", !pilot.flights.empty());
     showWayBack(*career);
 }
 
-/// To the next citation if one has led here. The log book leads to the office, and would pass over
-/// those that wait.
+/// To the next citation instead if one has led here. The log book leads to the office, and would
+/// pass over those that wait.
 void MenuGameRecord::showWayBack(const Database& career) {
     const char* back = pile.back(career);
     setVisible("logbook", back == nullptr);
-    if (zel::Widget* plate = getWidget("menuBack"))
-        plate->setTransition(back == nullptr ? "MenuGameMain" : back);
+    zel::Widget* plate = getWidget("menuBack");
+    if (plate != nullptr && back != nullptr)
+        plate->setTransition(back);
 }
 
-void MenuGameRecord::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+void MenuGameRecord::onEvent(zel::Widget* widget, int32_t eventType) {
+    PilotScreen::onEvent(widget, eventType);
     const Database* career = runningCareer();
     if (widget->getName() != "webPage" || career == nullptr)
         return;
@@ -109,24 +89,6 @@ void MenuGameRecord::showRanks(const Honours& honours) {
     }
 }
 
-void MenuGameRecord::showRibbons(const Honours& honours) {
-    const std::vector<AwardGiven> worn = honours.ribbons();
-    size_t shown = 0;
-    for (const AwardGiven& one : worn) {
-        // The Iron Cross of the first class has no ribbon.
-        if (one.award->key == "iron1" || shown == Ribbons)
-            continue;
-        const auto number = int32_t(++shown);
-        showImage(zel::String("ribbon") + number, "ribbon_" + zel::String(one.award->key));
-        showImage(zel::String("rosette") + number,
-                  honours.barOf(*one.award) != nullptr ? "rosette" : zel::String());
-    }
-    for (; shown < Ribbons; ++shown)
-        for (const char* part : {"ribbon", "rosette"})
-            showImage(zel::String(part) + int32_t(shown + 1), {});
-    setVisible("noMedal", worn.empty());
-}
-
 /// The highest, in the order in which they came.
 void MenuGameRecord::showCase(const Honours& honours) {
     std::vector<AwardGiven> worn = honours.ribbons();
@@ -143,14 +105,13 @@ void MenuGameRecord::showCase(const Honours& honours) {
 }
 
 void MenuGameRecord::showVictories(const PilotRecord& pilot) {
-    setText("victoriesHead", victoriesText(pilot));
     setText("victoriesKinds", pilot.isUnreadable
                                   ? zel::String()
                                   : textOf(wording::LastMonth, {victoriesOfLastMonth(pilot)}));
     zel::Widget* widget = getWidget("victories");
     if (widget == nullptr)
         return;
-    setActive("victories", false);
+    setActive("victories", false); // it is no button
     const auto count = std::min(size_t(std::max(pilot.victoryCount, 0)), MostSmall);
     const Rows& rows = count > MostLarge ? SmallRows : LargeRows;
     const zel::PixelRect& place = widget->getBounds().rect;

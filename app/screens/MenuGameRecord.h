@@ -1,20 +1,17 @@
 #pragma once
 
-#include "app/book/PilotRecord.h"
-#include "app/screens/CareerScreen.h"
 #include "app/screens/MadePicture.h"
+#include "app/screens/PilotScreen.h"
 
-class CareerRecord;
 class CitationPile;
-class Database;
 
 /// The player's record of service: ranks, decorations, and a machine for each
 /// victory. Back leads to the next citation if one has led here.
-class MenuGameRecord : public CareerScreen {
+class MenuGameRecord : public PilotScreen {
 public:
-    /// REQUIRES: both outlive the screen.
-    MenuGameRecord(CareerRecord& record, CitationPile& pile)
-        : CareerScreen("MenuGameRecord"), record(record), pile(pile) {}
+    /// REQUIRES: all outlive the screen.
+    MenuGameRecord(CareerRecord& record, CitationPile& pile, PilotPages& pages)
+        : PilotScreen("MenuGameRecord", record, pages), pile(pile) {}
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
@@ -22,11 +19,9 @@ public:
 private:
     void showWayBack(const Database& career);
     void showRanks(const Honours& honours);
-    void showRibbons(const Honours& honours);
     void showCase(const Honours& honours);
     void showVictories(const PilotRecord& pilot);
 
-    CareerRecord& record;
     CitationPile& pile;
     MadePicture victories;
 };

@@ -1,20 +1,42 @@
 #include "app/screens/MenuGameViewSquadron.h"
 
-#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/screens/PilotPages.h"
+#include "engine/menu/widgets/Widget.h"
 
 namespace {
 
-constexpr int32_t SquadronRows = 12;
+constexpr int32_t RollStep = 42; // design pixels
 
 } // namespace
 
+MenuGameViewSquadron::MenuGameViewSquadron(PilotPages& pages)
+    : CareerScreen("MenuGameViewSquadron"), pages(pages), rows("pilot", RollStep, {"row"}) {}
+
 void MenuGameViewSquadron::onEnter() {
     const Database* career = runningCareer();
-    if (career == nullptr)
-        return;
-    const std::vector<zel::String> lines = squadronLines(*career);
-    showLines("pilot", lines);
-    showRows(1, lines.size(), SquadronRows);
-    showSquadron();
+    roster = career != nullptr ? rosterRows(*career) : std::vector<StandingRow>();
+    rows.resize(*menu, roster.size());
+    const int32_t back = pages.takeReturn("MenuGameViewSquadron");
+    for (size_t i = 0; i < roster.size(); ++i) {
+        const zel::String name = rows.name("row", i);
+        setText(name, rollLine(roster[i]));
+        setWidgetKind(name, roster[i].isOwn ? "ownrollrow" : "rollrow");
+        if (roster[i].pilot == back)
+            setFocus(name);
+    }
+    if (career != nullptr)
+        showSquadron();
+}
+
+void MenuGameViewSquadron::update() {
+    if (const Database* career = runningCareer())
+        pages.readOn(*career);
+}
+
+void MenuGameViewSquadron::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
+    const Database* career = runningCareer();
+    const int32_t row = rows.indexOf(*widget);
+    if (career != nullptr && row >= 0)
+        setTransition(pages.open(*career, roster[size_t(row)].pilot, "MenuGameViewSquadron"));
 }

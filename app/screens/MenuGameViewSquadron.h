@@ -1,11 +1,25 @@
 #pragma once
 
-#include "app/screens/CareerScreen.h"
+#include <vector>
 
-/// The twelve best of the player's squadron.
+#include "app/book/Standing.h"
+#include "app/screens/CareerScreen.h"
+#include "app/screens/RowList.h"
+
+class PilotPages;
+
+/// The pilots of the player's squadron, best first. A row opens its pilot's page.
 class MenuGameViewSquadron : public CareerScreen {
 public:
-    MenuGameViewSquadron() : CareerScreen("MenuGameViewSquadron") {}
+    /// REQUIRES: the pages outlive the screen.
+    explicit MenuGameViewSquadron(PilotPages& pages);
 
     void onEnter() override;
+    void update() override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    PilotPages& pages;
+    std::vector<StandingRow> roster;
+    RowList rows;
 };

@@ -1,43 +1,22 @@
 #include "app/screens/MenuGameWhere.h"
 
-#include <string>
-
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
+#include "app/screens/HangingLines.h"
 #include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "app/screens/SketchPainter.h"
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/Image.h"
-#include "engine/graphics/TextBreaking.h"
 #include "engine/menu/Menu.h"
 #include "engine/menu/widgets/Widget.h"
 
 namespace {
 
-constexpr int32_t RowStep = 22;            // design pixels
-constexpr size_t MostLines = 12;           // of one event
-constexpr std::string_view Indent = "   "; // of its second line and on
+constexpr int32_t RowStep = 22; // design pixels
 constexpr const char* PlaceFont = "Fonts/map18";
 constexpr const char* NumberFont = "Fonts/print20";
-
-/// An event's lines in a column of that width, the first one hanging out.
-void addLines(std::vector<zel::String>& rows, const zel::Font* font, const zel::String& text,
-              int32_t width) {
-    if (font == nullptr) {
-        rows.push_back(text);
-        return;
-    }
-    const std::string first = zel::brokenIntoLines(*font, text.view(), width, 1).front();
-    rows.emplace_back(first);
-    const std::string_view rest = zel::trimmed(text.view().substr(first.size()), ' ');
-    if (rest.empty())
-        return;
-    for (const std::string& line :
-         zel::brokenIntoLines(*font, rest, width - font->width(Indent), MostLines))
-        rows.push_back(zel::String(Indent) + line);
-}
 
 } // namespace
 
@@ -65,8 +44,7 @@ void MenuGameWhere::showSketch() {
         const bool hasBase = pages.base(*flown, base);
         const Sketch sketch = sketchOf(*flown, hasBase ? &base : nullptr);
         for (const zel::String& line : sketchLines(sketch))
-            if (first != nullptr)
-                addLines(lines, first->getFont(), line, first->getBounds().rect.width);
+            addHangingLines(lines, first, line);
         drawSketch(sketch);
     }
     rows.resize(*menu, lines.size());

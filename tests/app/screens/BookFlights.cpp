@@ -129,3 +129,45 @@ void addFallToBook(Database& career) {
     career.observer->onFlight(career, flight);
     applyReports(flight.reports, career, true);
 }
+
+void addFlight(Database& career, int32_t victories) {
+    FlownMission flight;
+    flight.log = "none";
+    flight.plan.push_back({career.playerPilot, career.player().squadron,
+                           zel::arrayText(career.player().name), "se5a",
+                           career.playerSquadron().nation, 1});
+    PilotReport& report = flight.reports.emplace_back();
+    report.pilot = career.playerPilot;
+    report.human = 1;
+    flight.fates.resize(1);
+    flight.causes.resize(1);
+    career.observer->onFlight(career, flight);
+    for (int32_t i = 0; i < victories; ++i) {
+        Victory victory = victoryOver("August Hanko", career.player().shotdowns);
+        victory.victor = career.playerPilot;
+        victory.isSeen = true;
+        career.observer->onVictory(career, victory);
+        ++career.player().shotdowns;
+    }
+    ++career.player().missions;
+}
+
+Victory victoryOver(const char* victim, int32_t number) {
+    constexpr const char* Machines[] = {"albatrosd3", "fokkerdr1", "DFW C.V", "fokkerd8",
+                                        "Balloon"};
+    Victory victory;
+    victory.victimName = victim;
+    victory.victorAircraft = "se5a";
+    victory.victimAircraft = Machines[number % 5];
+    return victory;
+}
+
+void fell(Database& career, int32_t pilot, int32_t victor) {
+    Posting death;
+    death.kind = PostingKind::Died;
+    death.cause = PostingCause::ShotDown;
+    death.pilot = pilot;
+    death.other = victor;
+    career.observer->onPosting(career, death);
+    career.pilot(pilot).alive = 0;
+}

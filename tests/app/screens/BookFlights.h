@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "app/career/CareerEvents.h"
+
 class Database;
 
 /// Adds so many flights of the player's pilot to the record of the career in memory, one every few
@@ -11,3 +13,9 @@ void addFlightsToBook(Database& career, int32_t count);
 /// The player, an Englishman, falls to a German of the career: one more flight of his, which is
 /// carried into the career too.
 void addFallToBook(Database& career);
+/// A flight of the player with so many victories, as the record hears of it.
+void addFlight(Database& career, int32_t victories);
+/// A victory over a man of that name, in one of five machines by the number. Its victor is missing.
+Victory victoryOver(const char* victim, int32_t number);
+/// The victor brings the pilot down, who dies.
+void fell(Database& career, int32_t pilot, int32_t victor);

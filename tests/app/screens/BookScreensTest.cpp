@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "app/book/Standing.h"
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
 #include "engine/menu/widgets/Widget.h"
@@ -63,6 +64,30 @@ TEST_F(BookScreens, WritesTheLogBookAsAWebPage) {
     EXPECT_EQ(driver.text("note"),
               "The page could not be written. A folder or a device has its name.");
     zel::Window::setBrowser(nullptr);
+}
+
+// His own row leads to his record of service. Back leads to where he pressed, with that row lit.
+TEST_F(BookScreens, OpensThePageOfAPilotAndLeadsBack) {
+    Database& career = *Database::instance();
+    career.player().shotdowns = 40; // the first of both lists
+    const auto walk = [&](const std::string& steps) { ASSERT_TRUE(driver.walk(steps)); };
+    walk("menuButton2>MenuGameViewSquadron pilot.row2>MenuGamePilot");
+    const std::string other = career.pilot(rosterRows(career)[1].pilot).name;
+    EXPECT_NE(driver.text("name").find(other), std::string::npos);
+    walk("menuBack>MenuGameViewSquadron");
+    EXPECT_TRUE(driver.widget("pilot.row2")->isFocused());
+    walk("pilot.row1>MenuGameRecord menuBack>MenuGameViewSquadron");
+    EXPECT_TRUE(driver.widget("pilot.row1")->isFocused());
+    walk("menuButton1>MenuGameMain menuButton3>MenuGameTopAces pilot.own>MenuGameRecord "
+         "menuBack>MenuGameTopAces menuButton1>MenuGameMain record>MenuGameRecord "
+         "menuBack>MenuGameMain diary>MenuGameDiary entry.press1>MenuGameRecord "
+         "menuBack>MenuGameDiary");
+    EXPECT_FALSE(driver.widget("news.press1")->isVisible()) << "about nobody";
+    driver.screens->key(zel::KeyHome); // takes the focus off
+    walk("menuButton1>MenuGameMain menuButton2>MenuGameViewSquadron");
+    EXPECT_FALSE(driver.widget("pilot.row1")->isFocused()) << "he doesn't come back from there";
+    driver.screens->key(zel::KeyEscape);
+    EXPECT_TRUE(driver.screens->untilIdle("MenuGameMain"));
 }
 
 // A row opens the report and the sketch of its flight, and the war stays where it is.

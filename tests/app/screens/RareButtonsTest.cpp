@@ -47,6 +47,12 @@ void fall(CareerDriver& driver) {
     EXPECT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
 }
 
+/// In a war that has none yet.
+void makeAnAce(CareerDriver& /*driver*/) {
+    Database& career = *Database::instance();
+    career.pilot(career.playerPilot == 0 ? 1 : 0).shotdowns = AceShotdowns;
+}
+
 /// What has come, and the steps from there.
 struct Passage {
     void (*prepare)(CareerDriver& driver);
@@ -70,6 +76,8 @@ constexpr Passage Passages[] = {
      "diary>MenuGameDiary menuButton1>MenuGameWarOver webPage logbook>MenuGameLogbook "
      "menuBack>MenuGameMain diary>MenuGameDiary menuButton1>MenuGameWarOver "
      "menuBack>MenuGameMain"},
+    {makeAnAce, "menuButton3>MenuGameTopAces pilot.row1>MenuGamePilot menuBack>MenuGameTopAces "
+                "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
      "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationSave"); },

@@ -142,6 +142,22 @@ TEST_F(RareScreens, TheOrdersCannotBeWrittenDown) {
     EXPECT_EQ(driver.text("note"), "") << "new orders are kept";
 }
 
+TEST_F(RareScreens, NobodyIsAnAceAndNothingIsKnown) {
+    ASSERT_TRUE(driver.begin(Beginning));
+    Database& career = *Database::instance();
+    for (Pilot& pilot : career.pilots)
+        pilot.shotdowns = std::min<uint16_t>(pilot.shotdowns, 4);
+    ASSERT_TRUE(driver.walk("menuButton3>MenuGameTopAces"));
+    expectKept("MenuGameTopAces_None");
+    driver.screens->key(zel::KeyEscape);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
+    SqliteFile record;
+    ASSERT_TRUE(record.open(home.folder.file("user/Saves/record.db"), SqliteFile::MustExist) &&
+                record.run("DELETE FROM posting"));
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameViewSquadron pilot.row1>MenuGamePilot"));
+    expectKept("MenuGamePilot_Unknown");
+}
+
 TEST_F(RareScreens, TheMissionOfTheOrdersIsGone) {
     ASSERT_TRUE(driver.begin(Beginning));
     ASSERT_TRUE(driver.toOrders());

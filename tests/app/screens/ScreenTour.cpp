@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "app/book/Standing.h"
 #include "app/career/CareerEvents.h"
 #include "app/career/CareerObserver.h"
 #include "app/career/Database.h"
@@ -15,6 +16,7 @@
 #include "tests/app/screens/BookFlights.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/LogBooks.h"
+#include "tests/app/screens/TourBooks.h"
 #include "tests/support/HandMade.h"
 
 namespace {
@@ -54,35 +56,14 @@ constexpr const char* ToTheFullBook =
 constexpr const char* ToTheEmptyReport =
     "menuButton4>MenuGameCombatReport!_None menuButton1>MenuGameAdvance! "
     "menuButton1>MenuGameDiary! menuButton1>MenuGameMain";
+// The squadron's historic ace, the best of all, one who has fallen.
+constexpr const char* ToThePilots =
+    "menuButton2>MenuGameViewSquadron!_Full pilot.row2>MenuGamePilot! "
+    "menuBack>MenuGameViewSquadron menuButton1>MenuGameMain menuButton3>MenuGameTopAces!_Full "
+    "pilot.row1>MenuGamePilot!_Full menuBack>MenuGameTopAces pilot.row4>MenuGamePilot!_Fallen "
+    "menuBack>MenuGameTopAces menuButton1>MenuGameMain";
 constexpr const char* ToTheEnd = "menuButton2>MenuGameViewSquadron "
                                  "menuButton1>MenuGameMain!_WarIsOver menuBack>MenuMain";
-constexpr ShelvedBook Books[] = {
-    {"Edward Harcourt", England, "102056", "Arras", 19170610, 7, 14, false, "2009-05-06 21:40"},
-    {"Lucien Delmas", France, "101012", "Reims", 19160301, 0, 1, false, "2009-05-05 20:12"},
-    {"Friedrich Brandner", Germany, "501011", "Douai", 19170429, 11, 23, true, "2009-01-02 19:05"},
-    {"Thomas Weatherby", England, "102024", "Bapaume", 19160904, 1, 9, true, "2008-12-30 22:55"},
-    {"Heinrich-Wilhelm von Falkenhausen", Germany, "501002", "Cambrai", 19161028, 3, 8, false,
-     "2008-12-29 18:20"},
-    {"Walter Prentiss", Usa, "103094", "Toul", 19180614, 2, 5, false, "2008-12-28 17:33"},
-};
-/// Of the first of them.
-constexpr ShelvedBook Pages[] = {
-    {"Edward Harcourt", England, "102056", "Arras", 19170607, 6, 13, false, "2009-05-07 08:12"},
-    {"Edward Harcourt", England, "102056", "Arras", 19170604, 6, 12, false, "2009-05-04 22:55"},
-    {"Edward Harcourt", England, "102056", "Arras", 19170601, 5, 11, false, "2009-03-13 21:30"},
-    {"Edward Harcourt", England, "102056", "Arras", 19170527, 5, 10, false, "2009-03-10 19:48"},
-    {"Edward Harcourt", England, "102056", "Arras", 19170524, 4, 9, false, "2008-09-09 18:20"},
-    {"Edward Harcourt", England, "102056", "Arras", 19170520, 4, 8, false, "2008-09-09 17:33"},
-};
-constexpr ShelvedBook LongBook = {"Friedrich-Wilhelm von Hohenstein-Wartenb",
-                                  Germany,
-                                  "501011",
-                                  "Douai",
-                                  19170910,
-                                  100,
-                                  100,
-                                  true,
-                                  "2009-05-06 21:41"};
 constexpr const char* ThroughTheSettings =
     "menuButton3>MenuConfiguration! menuButton1>MenuConfigurationMaps! "
     "menuBack>MenuConfiguration menuButton2>MenuConfigurationPlanes1 item2 item11! "
@@ -212,7 +193,28 @@ private:
                 return false;
         }
         setDay(career, Flights * 6);
-        return go("MenuGameRecord", "_Full") && go("MenuGameDiary", "_Full");
+        return go("MenuGameRecord", "_Full") && go("MenuGameDiary", "_Full") && meetTheBest();
+    }
+    /// Lists with the player in them and the longest of names, and the page of the best ace.
+    bool meetTheBest() {
+        constexpr int32_t Victories = 120;
+        constexpr const char* LongName = "Wolfram-Friedrich von Hohenlohe";
+        Database& career = *Database::instance();
+        const int32_t best = aceRows(career, 2).back().pilot;
+        const zel::String own = zel::arrayText(career.player().name);
+        zel::copyText(career.pilot(best).name, LongName);
+        zel::copyText(career.player().name, "Bartholomew-Maximilian Feathers");
+        for (int32_t i = career.pilot(best).shotdowns; i < Victories; ++i) {
+            Victory victory = victoryOver(i % 2 == 0 ? LongName : "August Hanko", i);
+            victory.victor = best;
+            victory.hasDied = i % 3 == 0;
+            career.observer->onVictory(career, victory);
+        }
+        career.pilot(best).shotdowns = Victories;
+        fell(career, aceRows(career, 4).back().pilot, best);
+        const bool isDone = turnTo("MenuGameMain") && follow(ToThePilots);
+        zel::copyText(career.player().name, own);
+        return isDone;
     }
     static void setDay(Database& career, int32_t days) {
         Calendar day(1917, 6, 20);
@@ -227,33 +229,6 @@ private:
         visit("MenuGameCitation");
         return follow("record>MenuGameRecord menuBack>MenuGameDiary menuButton1>MenuGameMain "
                       "record>MenuGameRecord! menuBack>MenuGameMain");
-    }
-    /// A flight of the player with so many victories, as the record hears of it.
-    static void addFlight(Database& career, int32_t victories) {
-        FlownMission flight;
-        flight.log = "none";
-        flight.plan.push_back({career.playerPilot, career.player().squadron,
-                               zel::arrayText(career.player().name), "se5a",
-                               career.playerSquadron().nation, 1});
-        PilotReport& report = flight.reports.emplace_back();
-        report.pilot = career.playerPilot;
-        report.human = 1;
-        flight.fates.resize(1);
-        flight.causes.resize(1);
-        career.observer->onFlight(career, flight);
-        constexpr const char* Machines[] = {"albatrosd3", "fokkerdr1", "DFW C.V", "fokkerd8",
-                                            "Balloon"};
-        for (int32_t i = 0; i < victories; ++i) {
-            Victory victory;
-            victory.victor = career.playerPilot;
-            victory.victimName = "August Hanko";
-            victory.victorAircraft = "se5a";
-            victory.victimAircraft = Machines[career.player().shotdowns % 5];
-            victory.isSeen = true;
-            career.observer->onVictory(career, victory);
-            ++career.player().shotdowns;
-        }
-        ++career.player().missions;
     }
     static bool endWar() {
         setDate(*Database::instance(), 1918, 11, 11);

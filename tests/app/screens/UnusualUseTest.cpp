@@ -52,7 +52,7 @@ TEST_F(UnusualUse, NamesStandAsTheyAre) {
     zel::copyText(career.player().name, Name);
     career.player().shotdowns = 100; // the first of the roll
     ASSERT_TRUE(driver.go("menuButton2", "MenuGameViewSquadron"));
-    EXPECT_EQ(driver.text("pilot1"), std::string(Name) + " (you!): 100");
+    EXPECT_EQ(driver.text("pilot.row1").find(" 1. " + std::string(Name) + " (you!) "), 0U);
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
     ASSERT_TRUE(driver.takeOff());
     PilotReport& report = CombatReport::instance()->pilots.emplace_back();
@@ -74,6 +74,7 @@ TEST(UnusualMenus, EveryElementMayBeMissing) {
                               {"MenuGameInvite", ""},
                               {"MenuGameViewSquadron", ""},
                               {"MenuGameTopAces", ""},
+                              {"MenuGamePilot", ""},
                               {"MenuGameStartMission", ""},
                               {"MenuGameFinishMission", ""},
                               {"MenuGameCombatReport", ""},

@@ -1,0 +1,102 @@
+#include "app/book/Standing.h"
+
+#include <algorithm>
+#include <string>
+
+#include "app/book/LogBookText.h"
+#include "app/book/ServiceWording.h"
+#include "app/career/CareerTexts.h"
+#include "app/career/Database.h"
+
+namespace {
+
+// Letters of the columns of the roll: numbers end where the heads end.
+constexpr size_t PlaceLetters = 3;
+constexpr size_t NameLetters = 31;
+constexpr size_t VictoryLetters = 4;
+constexpr size_t MissionLetters = RollLetters - PlaceLetters - 1 - NameLetters - VictoryLetters;
+
+StandingRow rowOf(const Database& career, int32_t index, size_t place) {
+    const Pilot& pilot = career.pilot(index);
+    StandingRow row;
+    row.pilot = index;
+    row.place = int32_t(place);
+    row.name = zel::arrayText(pilot.name);
+    row.victories = pilot.shotdowns;
+    row.missions = pilot.missions;
+    row.isOwn = index == career.playerPilot;
+    row.isAlive = pilot.alive != 0;
+    if (pilot.historic != 0)
+        row.real = BookTables::instance().ace(row.name);
+    return row;
+}
+
+zel::String marked(const StandingRow& row, const zel::String& name) {
+    if (row.isOwn)
+        return textOf(row.isAlive ? wording::OwnName : wording::OwnLateName, {name});
+    return row.isAlive ? name : textOf(wording::LateName, {name});
+}
+
+/// At the right of so many letters.
+zel::String atRight(const zel::String& text, size_t letters) {
+    const auto length = size_t(text.length());
+    return zel::String(std::string(letters - std::min(letters, length), ' ')) + text;
+}
+
+} // namespace
+
+std::vector<StandingRow> rosterRows(const Database& career) {
+    std::vector<StandingRow> rows;
+    for (const int32_t pilot : career.squadronRoster(career.player().squadron))
+        rows.push_back(rowOf(career, pilot, rows.size() + 1));
+    return rows;
+}
+
+std::vector<StandingRow> aceRows(const Database& career, size_t most) {
+    std::vector<StandingRow> rows;
+    for (const int32_t pilot : bestPilots(career.pilots, most))
+        if (career.pilot(pilot).shotdowns >= AceShotdowns)
+            rows.push_back(rowOf(career, pilot, rows.size() + 1));
+    return rows;
+}
+
+StandingRow ownStanding(const Database& career) {
+    StandingRow own = rowOf(career, career.playerPilot, 0);
+    if (own.victories == 0)
+        return own;
+    const std::vector<int32_t> all = bestPilots(career.pilots, career.pilots.size());
+    own.place = int32_t(std::find(all.begin(), all.end(), own.pilot) - all.begin()) + 1;
+    return own;
+}
+
+zel::String markedName(const StandingRow& row) { return marked(row, row.name); }
+
+zel::String shortMarkedName(const StandingRow& row) { return marked(row, shortName(row.name)); }
+
+zel::String realScoreText(const StandingRow& row, int32_t today) {
+    if (row.real == nullptr)
+        return {};
+    const int32_t score = BookTables::realScore(*row.real, today);
+    return score >= 0 ? zel::String(score) : textOf(wording::UnknownScore);
+}
+
+zel::String placeText(const StandingRow& own) {
+    return own.place > 0 ? textOf(wording::YourPlace, {own.place}) : textOf(wording::NoVictoryYet);
+}
+
+zel::String rollLine(const StandingRow& row) {
+    zel::String name = markedName(row);
+    if (size_t(name.length()) > NameLetters)
+        name = shortMarkedName(row);
+    return atRight(zel::String(row.place) + ".", PlaceLetters) + " " + column(name, NameLetters) +
+           atRight(zel::String(row.victories), VictoryLetters) +
+           atRight(zel::String(row.missions), MissionLetters);
+}
+
+zel::String shortName(const zel::String& name) {
+    const std::string_view whole = name.view();
+    const size_t blank = whole.find(' ');
+    if (blank == std::string_view::npos || blank == 0)
+        return name;
+    return zel::String(whole.substr(0, 1)) + "." + zel::String(whole.substr(blank));
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "app/book/BookTables.h"
+
+class Database;
+
+/// A pilot's row in the squadron's roll or in the table of aces.
+struct StandingRow {
+    int32_t pilot = -1; // index of the career
+    int32_t place = 0;  // in the list, 1 is the first; 0 for none
+    zel::String name;
+    int32_t victories = 0;
+    int32_t missions = 0;
+    bool isOwn = false; // the player
+    bool isAlive = true;
+    const RealAce* real = nullptr; // who he was, if he is a pilot of history
+};
+
+/// The player's squadron, the best first.
+std::vector<StandingRow> rosterRows(const Database& career);
+/// The best of the war, living and dead, as far as they have five victories; at most so many.
+std::vector<StandingRow> aceRows(const Database& career, size_t most);
+/// The player among all pilots of the war. Without a victory he has no place.
+StandingRow ownStanding(const Database& career);
+
+// The rows as text, in the language in use. The examples are the English ones.
+
+/// "Albert Ball RIP", "Edward Harcourt (you!)"; with the short name "A. Ball RIP".
+zel::String markedName(const StandingRow& row);
+zel::String shortMarkedName(const StandingRow& row);
+/// What he had brought down in the real war up to that day: "44", "?" where that isn't known;
+/// empty for a pilot of no history.
+zel::String realScoreText(const StandingRow& row, int32_t today);
+/// "Your place: 14"; that he has no victory yet, if he has no place.
+zel::String placeText(const StandingRow& own);
+/// Place, name, victories and missions in columns of the typewriter face, RollLetters wide. A name
+/// that is too long is shortened, then cut.
+zel::String rollLine(const StandingRow& row);
+constexpr size_t RollLetters = 50;
+
+/// "M. von Richthofen": the first name as its letter.
+zel::String shortName(const zel::String& name);
