@@ -106,7 +106,7 @@ def pictures():
         'row_ledger': lambda: whole(book.row_ledger(), 'row_ledger'),
         'row_roster': people.row_roster,
         'row_aces': people.row_aces,
-        'row_orders': lambda: rows('row_orders', 8, 38, w=588, right=30, baseline=26, line=35),
+        'row_flight': lambda: whole(flying.row_flight(), 'row_flight'),
         'plate_slip': slip_sheet,
         'ribbon': lambda: whole(silk_ribbon(), 'ribbon'),
         'stamp_service': lambda: whole(book_stamp('ON SERVICE', BLUE, 172, 20), 'stamp_service'),

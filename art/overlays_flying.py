@@ -4,9 +4,10 @@ import math
 import numpy as np
 
 from aeroplane import photograph
-from fieldmap import OURS, THEIRS, sector_names, trench_map
+from fieldmap import OURS, THEIRS, neat_line, sector_names, trench_map
 from lettering import ink
 from outlines import fill, stroke, vector
+from overlays_book import compass_rose
 from pixels import bump, empty, lay, over, rotate, with_alpha
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
 from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page,
@@ -172,25 +173,27 @@ def sign_letter(c):
 
 
 def over_orders():
-    """The operation order: text above, room for eight rows below; the target ringed on a map."""
+    """The operation order, with room for rows below; a pinned map without its country, and a card."""
     ov = empty(W, H)
-    field = trench_map(420, 400, 77)[60:380, 30:400]
-    lay_turned(ov, field, 4, 674, 330, 5, 7, 7, .6)
-    over(ov, ink(vector(W, H, _ring), 4, .35))
-    machine = dict(yaw=2.7, pitch=-.02, roll=.45, size=19, kind='triplane', mark='cross', cx=135, cy=92)
-    lay_turned(ov, photograph(300, 220, 25, [machine]), -4, 682, 32)
-    over(ov, office_sheet(32, 20, 652, 648, 51, fold=.425))
-    over(ov, stamp([('SECRET', 21)], RED, 5, 132, 46, -8), 488, 12)
-    lay_pencil(ov, 260, RED, 47, 822, 592)
+    lay(ov, paper(308, 408, 61, base='#E6D9B4', edge='#A98B56', foxing=5, rough=.8, margin=12), 694, 24, 5, 7, 7, .6)
+    x, y, w, h = SECTOR
+    over(ov, ink(vector(W, H, lambda c: neat_line(c, x, y, w, h, 4, 1.6)), 5, .2))
+    compass_rose(ov, x + w - 22, y + h + 34, 13, INK)
+    over(ov, pin(), 836, 14)
+    lay(ov, paper(308, 206, 36, base=CARD, rough=.6), 694, 452, 4, 6, 6, .6)
+    over(ov, office_sheet(32, 20, 644, 648, 51, fold=.46))
+    over(ov, stamp([('SECRET', 21)], RED, 5, 132, 46, -8), 478, 12)
     return ov
 
 
-def _ring(c):
-    c.translate(868, 480)
-    c.scale(1.25, 1)
-    c.arc(0, 0, 46, .3, 6.9)
-    c.identity_matrix()
-    stroke(c, '#B0241B', 3.2, .85)
+SECTOR = 716, 66, 264, 300  # px: x, y, w and h of the map that the program draws
+
+
+def row_flight():
+    """A row of the roster: the line to write on."""
+    layer = empty(580, 28)
+    ruled(layer, 0, 26, 580)
+    return layer
 
 
 def over_wait():

@@ -155,6 +155,15 @@ zel::String lastName(const zel::String& name) {
     }
 }
 
+zel::String initialName(const zel::String& name, size_t letters) {
+    const std::string_view whole = name.view();
+    const size_t blank = whole.find(' ');
+    if (whole.size() <= letters || blank == whole.npos)
+        return zel::String(whole.substr(0, letters));
+    const zel::String brief = zel::String(whole.substr(0, 1)) + "." + whole.substr(blank);
+    return zel::String(brief.view().substr(0, letters));
+}
+
 // The names of aircraft have a blank after "D.", for which columns have no room.
 zel::String machineText(const zel::String& aircraft) {
     if (const Wording* ground = groundObject(aircraft.view()))

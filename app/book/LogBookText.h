@@ -49,6 +49,8 @@ zel::String successionText(const LogBook& book, size_t flight);
 
 /// "von Richthofen": the name without first names and initials.
 zel::String lastName(const zel::String& name);
+/// "M. von Richthofen" of a name that has more letters than that; cut if that has, too.
+zel::String initialName(const zel::String& name, size_t letters);
 /// "Albatros D.III" of an identifier, "observation balloon" of an object on the ground; of another
 /// text that text.
 zel::String machineText(const zel::String& aircraft);

@@ -126,15 +126,6 @@ zel::String machineOf(const Database& career, const SquadronFile& file, const Mo
     return own != drawable.end() ? zel::String(*own) : zel::String();
 }
 
-/// "M. von Richthofen" of a name that is too long.
-zel::String shortPilot(const zel::String& name) {
-    const std::string_view whole = name.view();
-    const size_t blank = whole.find(' ');
-    if (whole.size() < KnownLetters || blank == whole.npos)
-        return name;
-    return zel::String(whole.substr(0, 1)) + "." + zel::String(whole.substr(blank));
-}
-
 zel::String shortSquadron(const zel::String& key) {
     const int32_t number = key.toInt();
     const zel::String name = unitName(number);
@@ -184,5 +175,6 @@ zel::String squadronRow(const SquadronToJoin& squadron, const zel::String& base)
                       listColumn(machineText(squadron.machine, FlownLetters - 1), FlownLetters);
     if (!base.empty())
         row += listColumn(textOf(wording::BaseInList, {base}), BaseLetters);
-    return (row + listColumn(shortPilot(squadron.knownPilot), KnownLetters)).trim(' ');
+    return (row + listColumn(initialName(squadron.knownPilot, KnownLetters - 1), KnownLetters))
+        .trim(' ');
 }

@@ -59,6 +59,13 @@ constexpr NamedPlace Towns[] = {
     {"Luneville", {6.50F, 48.59F}},
 };
 
+// From Dieppe to the Scheldt.
+constexpr Place Coast[] = {
+    {1.08F, 49.93F}, {1.37F, 50.06F}, {1.55F, 50.22F}, {1.58F, 50.40F}, {1.58F, 50.73F}, {1.60F, 50.87F},
+    {1.85F, 50.97F}, {2.12F, 51.01F}, {2.37F, 51.06F}, {2.75F, 51.15F}, {2.92F, 51.24F}, {3.20F, 51.34F},
+    {3.45F, 51.40F}, {3.90F, 51.44F}, {4.20F, 51.60F},
+};
+
 // The front in pieces that changed at different times, from the sea on.
 constexpr Place Yser[] = {{2.74F, 51.15F}, {2.86F, 51.03F}, {2.88F, 50.94F}};
 constexpr Place YserOctober[] = {{3.38F, 51.37F}, {3.52F, 51.20F}, {3.58F, 51.02F}};
@@ -165,6 +172,13 @@ std::vector<Town> townsOf(bool onChannelMap) {
         if (!onChannelMap || town.place.north > ChannelEnd)
             towns.push_back({town.name, onMap(town.place, onChannelMap)});
     return towns;
+}
+
+std::vector<MapPoint> coastOf(bool onChannelMap) {
+    std::vector<MapPoint> coast;
+    for (const Place& place : Coast)
+        coast.push_back(onMap(place, onChannelMap));
+    return coast;
 }
 
 std::vector<MapPoint> frontOf(int32_t date, bool onChannelMap) {

@@ -5,9 +5,9 @@
 
 #include "engine/core/String.h"
 
-// The country under a flight, for sketches: towns, and where the front ran at the time. Both are
-// put on the simulator's two maps by longitude and latitude, and may be some kilometres off:
-// docs/history.md has the sources and the figures.
+// The country under a flight, for sketches and maps: towns, the coast, and where the front ran at
+// the time. All are put on the simulator's two maps by longitude and latitude, and may be some
+// kilometres off: docs/history.md has the sources and the figures.
 
 /// Metres to the north and to the east, on one of the simulator's maps.
 struct MapPoint {
@@ -22,6 +22,8 @@ struct Town {
 
 /// The towns of that map.
 std::vector<Town> townsOf(bool onChannelMap);
+/// The coast from the south-west on; the sea is to its north-west.
+std::vector<MapPoint> coastOf(bool onChannelMap);
 /// The front of that day (yyyymmdd) from the sea to the south, with the Allies to its west and
 /// south. Before the first day that is known, that of the first; after the last, that of the last.
 std::vector<MapPoint> frontOf(int32_t date, bool onChannelMap);

@@ -21,13 +21,14 @@ void placeMission(const Squadron& squadron, MissionGenerator& generator) {
 }
 
 /// Only the player's countrymen: he must find the enemy himself.
-std::vector<zel::String> rosterOf(const std::vector<PlannedPlane>& plan) {
-    std::vector<zel::String> roster;
-    for (const PlannedPlane& plane : plan)
-        if (plane.nation == plan.front().nation)
-            roster.push_back(textOf(wording::PlaneOfPilot,
-                                    {plane.name, nameInLanguage(planeDisplayName(plane.type))}));
-    return roster;
+void listRoster(const std::vector<PlannedPlane>& plan, DailyMission& mission) {
+    for (const PlannedPlane& plane : plan) {
+        if (plane.nation != plan.front().nation)
+            continue;
+        mission.planes.push_back(plane);
+        mission.roster.push_back(textOf(
+            wording::PlaneOfPilot, {plane.name, nameInLanguage(planeDisplayName(plane.type))}));
+    }
 }
 
 struct Outcome {
@@ -76,8 +77,11 @@ DailyMission writeDailyMission(Database& career, MissionGenerator& generator) {
     mission.reason = outcome.reason;
     if (mission.fault != MissionFault::None)
         zel::log(mission.problem, "MissionGenerator", zel::LogError);
+    mission.sky = skyOf(generator.lines);
+    mission.fightX = generator.locationX + generator.offsetX;
+    mission.fightZ = generator.locationZ + generator.offsetZ;
     if (!generator.plan.empty()) {
-        mission.roster = rosterOf(generator.plan);
+        listRoster(generator.plan, mission);
         mission.isFlyable = zel::Registry::isOn(generator.plan.front().type);
     }
     return mission;

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "app/career/PlannedPlane.h"
+#include "app/mission/MissionSky.h"
 #include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
@@ -32,8 +34,12 @@ struct DailyMission {
     MissionFault fault = MissionFault::None;
     zel::FileFault reason = zel::FileFault::None; // of FileUnwritten and LogsUnlisted
     zel::String problem;                          // the fault for the log; empty if all went well
-    std::vector<zel::String> roster; // a line for each plane of the player's nation, his first
-    bool isFlyable = true;           // the player owns a type that he can fly
+    std::vector<zel::String> roster;  // a line for each plane of the player's nation, his first
+    std::vector<PlannedPlane> planes; // these planes
+    MissionSky sky;                   // as the file has it
+    float fightX = 0;                 // place of the fight: metres to the north and to the east
+    float fightZ = 0;
+    bool isFlyable = true; // the player owns a type that he can fly
 };
 
 /// Plans and writes the mission of the day into the simulator's folder. On error: a log line at

@@ -177,7 +177,7 @@ void ZelApp::initMenus() {
     flight() = std::make_unique<Flight>(record().get());
     reportPages() = std::make_unique<ReportPages>(*flight(), *record());
     pilotPages() = std::make_unique<PilotPages>(*record());
-    addScreen<MenuGameStartMission>(*flight());
+    addScreen<MenuGameStartMission>(*flight(), *record());
     addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>(*drawer());
     addScreen<MenuCareers>(*drawer());

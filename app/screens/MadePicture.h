@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Image.h"
@@ -18,6 +19,8 @@ public:
     void begin(int32_t width, int32_t height);
     /// Begins a copy of the image of that name; a clear picture of no size without it.
     void begin(const char* name);
+    /// Takes a picture that was made elsewhere.
+    void take(zel::BitmapData made) { data = std::move(made); }
     void draw(const zel::String& name, int32_t x, int32_t y);
     /// The columns of an image of the same size, from one up to another.
     void drawColumns(const char* name, int32_t from, int32_t until);

@@ -1,18 +1,26 @@
 #include "app/screens/MenuGameStartMission.h"
 
+#include "app/book/LogBookText.h"
+#include "app/book/OrdersText.h"
+#include "app/book/OrdersWording.h"
+#include "app/book/PilotRecord.h"
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/mission/DailyMission.h"
+#include "app/record/CareerRecord.h"
 #include "app/report/Flight.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/ScreenSounds.h"
 #include "app/screens/ScreenWording.h"
+#include "app/screens/SectorPainter.h"
 #include "engine/core/System.h"
+#include "engine/graphics/Font.h"
 #include "engine/menu/widgets/Widget.h"
 
 namespace {
 
-constexpr int32_t FirstRosterLine = 3; // the lines above belong to the menu
-constexpr int32_t RosterRows = 8;
+constexpr const char* TownFont = "Fonts/map18";
+constexpr size_t NameLetters = 25; // of the roster
 
 /// Why there is no mission. REQUIRES: a fault.
 zel::String reasonFor(const DailyMission& mission) {
@@ -31,16 +39,14 @@ void MenuGameStartMission::onEnter() {
     Database* career = runningCareer();
     if (career == nullptr)
         return;
-    showDate();
+    setText("date", bookDate(career->calendar()));
     const DailyMission today = flight.begin(*career);
-    int32_t line = FirstRosterLine;
-    for (const zel::String& plane : today.roster)
-        setText(zel::String("line") + line++, plane);
-    showRows(FirstRosterLine, today.roster.size(), RosterRows);
+    showTask(*career, today);
+    showRoster(*career, today);
     setText("menuButton4", startLabel(today));
     isSkipped = !today.isFlyable;
     showWhatToDo(today.isFlyable);
-    setText("line2", textOf(flight.areOrdersKept() ? wording::FlyAndReturn : wording::FlyAndStay));
+    setText("line3", textOf(flight.areOrdersKept() ? wording::FlyAndReturn : wording::FlyAndStay));
     if (zel::Widget* button = getWidget("menuButton4"); button != nullptr && isSkipped)
         button->setTransition("MenuGameCombatReport"); // there is no flight to wait for
     if (today.fault == MissionFault::None)
@@ -50,10 +56,42 @@ void MenuGameStartMission::onEnter() {
 }
 
 void MenuGameStartMission::showWhatToDo(bool isFlyable) {
-    for (const char* line : {"line1", "line2"})
+    for (const char* line : {"line1", "line2", "line3"})
         setVisible(line, isFlyable);
     for (const char* line : {"skip1", "skip2"})
         setVisible(line, !isFlyable);
+}
+
+void MenuGameStartMission::showTask(const Database& career, const DailyMission& today) {
+    const Squadron& squadron = career.playerSquadron();
+    const bool isChannel = squadron.onChannelMap != 0;
+    const zel::String field = nameInLanguage(zel::arrayText(squadron.baseName));
+    const Sector sector{career.calendar().dateNumber(),
+                        isChannel,
+                        {squadron.baseX, squadron.baseZ},
+                        field,
+                        {today.fightX, today.fightZ}};
+    setText("line2", textOf(wording::TaskAndSky,
+                            {taskText(sector.field, sector.fight, isChannel), skyText(today.sky)}));
+    setText("sector", textOf(wording::SectorOf, {field}));
+    setText("legend1", textOf(wording::RingOfField, {field}));
+    setText("legend2", fightText(sector.field, sector.fight));
+    if (menu == nullptr)
+        return;
+    map.take(SectorPainter(sector, zel::FontHandler::getFont(TownFont)).paint());
+    map.show(*menu, "map");
+}
+
+void MenuGameStartMission::showRoster(const Database& career, const DailyMission& today) {
+    std::vector<RosterEntry> entries;
+    for (const PlannedPlane& plane : today.planes)
+        entries.push_back({initialName(plane.name, NameLetters), plane.type, plane.shotdowns});
+    if (!entries.empty()) {
+        const PilotRecord own = readPilot(record.read(career), career, career.playerPilot);
+        entries.front().name = rosterName(own, NameLetters);
+    }
+    if (menu != nullptr)
+        roster.show(*menu, entries);
 }
 
 void MenuGameStartMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {

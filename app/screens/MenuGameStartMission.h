@@ -1,22 +1,33 @@
 #pragma once
 
 #include "app/screens/CareerScreen.h"
+#include "app/screens/FlightRoster.h"
+#include "app/screens/MadePicture.h"
 
+class CareerRecord;
 class Flight;
+struct DailyMission;
 
-/// The orders of the day. Entering the page writes the mission into the simulator's folder, every
-/// time; the player then flies it there. If he has no machine for it, the page says how to get one.
+/// The orders of the day: what to do, the sky, who flies with the player, and a map of the sector.
+/// Entering the page writes the mission into the simulator's folder, every time; the player then
+/// flies it there. If he has no machine for it, the page says how to get one.
 class MenuGameStartMission : public CareerScreen {
 public:
-    explicit MenuGameStartMission(Flight& flight)
-        : CareerScreen("MenuGameStartMission"), flight(flight) {}
+    /// REQUIRES: both outlive the screen.
+    MenuGameStartMission(Flight& flight, CareerRecord& record)
+        : CareerScreen("MenuGameStartMission"), flight(flight), record(record) {}
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 private:
     void showWhatToDo(bool isFlyable);
+    void showTask(const Database& career, const DailyMission& today);
+    void showRoster(const Database& career, const DailyMission& today);
 
     Flight& flight;
+    CareerRecord& record;
+    FlightRoster roster;
+    MadePicture map;
     bool isSkipped = false; // the player has no machine for it
 };

@@ -104,6 +104,29 @@ void PencilSheet::arrow(Point from, Point to, const Ink& ink) {
              2, ink);
 }
 
+// Row by row, between the outline's first crossing and its second, and so on.
+void PencilSheet::fill(const std::vector<Point>& outline, const Ink& ink, float alpha) {
+    std::vector<float> crossings;
+    for (int32_t y = 0; y < lowest; ++y) {
+        const float middle = static_cast<float>(y) + 0.5F;
+        crossings.clear();
+        for (size_t i = 0; i < outline.size(); ++i) {
+            const Point a = outline[i];
+            const Point b = outline[(i + 1) % outline.size()];
+            if ((a.y <= middle) != (b.y <= middle))
+                crossings.push_back(a.x + (b.x - a.x) * (middle - a.y) / (b.y - a.y));
+        }
+        std::sort(crossings.begin(), crossings.end());
+        const auto right = static_cast<float>(picture.pictureWidth);
+        for (size_t i = 1; i < crossings.size(); i += 2) {
+            const auto from = static_cast<int32_t>(std::clamp(crossings[i - 1], 0.0F, right));
+            const auto to = static_cast<int32_t>(std::clamp(crossings[i], 0.0F, right));
+            for (int32_t x = from; x < to; ++x)
+                blend(x, y, ink, alpha);
+        }
+    }
+}
+
 void PencilSheet::ring(Point centre, float radius, float width, const Ink& ink) {
     const float reach = radius + width;
     for (auto y = static_cast<int32_t>(centre.y - reach); static_cast<float>(y) <= centre.y + reach;

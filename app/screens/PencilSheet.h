@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "engine/graphics/Bitmap.h"
 
 namespace zel {
@@ -27,6 +29,8 @@ public:
     void dashes(Point from, Point to, const Ink& ink, float& drawn);
     /// An arrow head in the middle of the way.
     void arrow(Point from, Point to, const Ink& ink);
+    /// Tints what the outline encloses.
+    void fill(const std::vector<Point>& outline, const Ink& ink, float alpha);
     void ring(Point centre, float radius, float width, const Ink& ink);
     void disc(Point centre, float radius, const Ink& ink, float alpha = 0.95F);
     /// base: of the letters, at the left end, the middle or the right end of the text. A null font

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "app/book/OrdersText.h"
 #include "app/book/WebPage.h"
 #include "app/career/Bases.h"
 #include "app/career/CareerTexts.h"
@@ -166,8 +167,11 @@ bool Session::mission() {
     const DailyMission today = flight.begin(career);
     if (!today.problem.empty())
         return fail(today.problem);
-    for (const zel::String& line : today.roster)
-        say(line);
+    const Squadron& squadron = career.playerSquadron();
+    say(taskText({squadron.baseX, squadron.baseZ}, {today.fightX, today.fightZ},
+                 squadron.onChannelMap != 0));
+    say(skyText(today.sky));
+    sayAll(today.roster);
     say(startLabel(today));
     if (!flight.areOrdersKept())
         say(textOf(wording::OrdersEndHere));

@@ -79,10 +79,32 @@ TEST(DailyMission, ShowsThePlayersFlight) {
         countrymen += plane.nation == Germany;
     EXPECT_EQ(static_cast<int32_t>(today.roster.size()), countrymen) << "the enemy doesn't show";
     EXPECT_EQ(startLabel(today), "Start Mission");
+    ASSERT_EQ(today.planes.size(), today.roster.size());
+    EXPECT_EQ(today.planes[0].pilot, test.career.playerPilot);
+    EXPECT_NE(test.text().find("Time = " + std::to_string(today.sky.hour) + ":" +
+                               std::to_string(today.sky.minute) + ":0;"),
+              std::string::npos);
+    EXPECT_LE(std::abs(today.fightX - test.career.playerSquadron().baseX), 20000);
+    EXPECT_LE(std::abs(today.fightZ - test.career.playerSquadron().baseZ), 20000);
 
     for (const zel::String& type : planeIdentifiers())
         zel::Registry::set(type, "0");
     EXPECT_EQ(startLabel(test.write()), "Skip Mission (no flyable plane available)");
+}
+
+TEST(DailyMission, HasHourSkyAndWindOfItsFile) {
+    EntireFile mission;
+    for (const char* line :
+         {"Options", "{", "  Time = 17:5:0;", "  CloudConfig = \"clear\\sky.ini\";", "  WindLayers",
+          "  {", "    0 :     0 :     0;", "    500 :  90 : 9;", "  }", "}", "MCU_Timer", "{",
+          "  Time = 3:4:5;", "}"})
+        mission.lines.emplace_back(line);
+    EXPECT_EQ(skyText(skyOf(mission)), "At 17:05 the sky is clear and the air is calm.");
+    mission.lines[3] = "  CloudConfig = \"AverageFog\\sky.ini\";";
+    EXPECT_EQ(skyText(skyOf(mission)), "At 17:05 there is mist, and the air is calm.");
+    mission.lines[6] = "    0 :     270 :     5;";
+    EXPECT_EQ(skyText(skyOf(mission)),
+              "At 17:05 there is mist, with a wind of 5 m/s from 270 degrees.");
 }
 
 // The offsets move it as a whole; nothing else differs between the first and the second writing.

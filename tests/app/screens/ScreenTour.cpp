@@ -17,6 +17,7 @@
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/LogBooks.h"
 #include "tests/app/screens/TourBooks.h"
+#include "tests/app/screens/TourStates.h"
 #include "tests/support/HandMade.h"
 
 namespace {
@@ -35,7 +36,8 @@ constexpr const char* ToTheInvitation =
     "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain logbook>MenuGameLogbook!_None "
     "menuBack>MenuGameMain";
 constexpr const char* ToTheFlight =
-    "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission! "
+    "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission!";
+constexpr const char* FromTheOrders =
     "menuBack>MenuGameMain!_Orders awaitReport>MenuGameFinishMission!";
 constexpr const char* ToTheNextFlight = "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary "
                                         "menuButton1>MenuGameMain menuButton1>MenuGameStartMission "
@@ -78,12 +80,13 @@ public:
 
     bool run() {
         visit("MenuMain_NoBook");
-        return follow(ToTheEnlistment) && enlist() && follow(ToTheInvitation) &&
-               driver.invite() >= 0 && follow(ToTheFlight) && flight() && follow(ToTheBook) &&
-               fillReport() && follow(ToTheFullReport) && follow(ToTheNextFlight) &&
-               follow(ToTheEmptyReport) && addFlights(80) && follow(ToTheFullBook) && serve() &&
-               endWar() && turnTo("MenuGameMain") && follow(ToTheEnd) && endWays() && drawer() &&
-               follow(ThroughTheSettings) && notices();
+        return follow(ToTheEnlistment) && tourEnlistment(driver, visit) &&
+               follow(ToTheInvitation) && driver.invite() >= 0 && follow(ToTheFlight) &&
+               crowdRoster(driver, visit) && follow(FromTheOrders) && flight() &&
+               follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
+               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(80) &&
+               follow(ToTheFullBook) && serve() && endWar() && turnTo("MenuGameMain") &&
+               follow(ToTheEnd) && endWays() && drawer() && follow(ThroughTheSettings) && notices();
     }
 
 private:
@@ -131,24 +134,6 @@ private:
         menu.getTextArea("text4")->setVisible(false);
     }
 
-    /// Sent by the service, under a long name and under an ace's.
-    bool enlist() {
-        zel::Menu& menu = driver.screens->menu();
-        const zel::String drawn = menu.getWidget("name")->getText();
-        const auto show = [&](const char* name, const char* picture) {
-            menu.setText("name", name);
-            driver.screens->step();
-            visit(picture);
-        };
-        if (!follow("sent"))
-            return false;
-        show("Wolfram-Friedrich von Hohenlohe", "MenuEnlist_Sent");
-        show("Albert Ball", "MenuEnlist_Ace");
-        menu.setText("name", drawn);
-        driver.screens->step();
-        return true;
-    }
-
     bool flight() {
         standin::FlightOptions options;
         options.seed = 2; // a flight with losses, which the player survives
@@ -157,20 +142,6 @@ private:
         if (!driver.screens->untilIdle("MenuGameCombatReport"))
             return false;
         visit(driver.state());
-        return true;
-    }
-
-    static bool fillReport() {
-        for (int32_t i = 0; i < 20; ++i) {
-            PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
-            // The longest name of the log, and a player's that nobody of the plan has.
-            pilot.name = i % 2 == 0 ? "Wolfram-Friedrich von Hohenlohe/12" : "Edward Mannock";
-            pilot.country = i % 2 == 0 ? Germany : England;
-            pilot.type = i == 4 ? "LMG08AAA" : "";
-            pilot.shotDown = pilot.dead = i % 3 == 0 ? 1 : 0;
-            pilot.shotdownBy = i == 0 ? 1 : 0;
-            pilot.human = i == 1 ? 1 : 0;
-        }
         return true;
     }
 

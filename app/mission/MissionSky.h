@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+#include "engine/core/String.h"
+
+class EntireFile;
+
+/// Hour, sky and wind, as a mission's file has them.
+struct MissionSky {
+    int32_t hour = 0;
+    int32_t minute = 0;
+    bool isClear = true;
+    int32_t windFrom = 0;  // degrees
+    int32_t windSpeed = 0; // metres a second, near the ground
+};
+
+/// Reads the options of a mission. What they lack keeps its value above.
+MissionSky skyOf(const EntireFile& mission);
+/// "At 9:05 the sky is clear and the air is calm.", in the language in use.
+zel::String skyText(const MissionSky& sky);

@@ -1,0 +1,212 @@
+#include "app/screens/SectorPainter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/career/Wording.h"
+#include "app/screens/FrontPainter.h"
+#include "engine/graphics/Font.h"
+
+namespace {
+
+constexpr PencilSheet::Ink OurBlue = {0x23, 0x40, 0x6B};
+constexpr PencilSheet::Ink TheirRed = {0xA3, 0x24, 0x1B};
+constexpr PencilSheet::Ink RingRed = {0xB0, 0x24, 0x1B};
+constexpr PencilSheet::Ink MapInk = {0x2C, 0x21, 0x14};
+constexpr PencilSheet::Ink SquareInk = {0xC4, 0xB4, 0x88};
+constexpr PencilSheet::Ink SeaInk = {0x7F, 0xA3, 0xA8};
+constexpr PencilSheet::Ink Blank = {0xED, 0xE2, 0xC4};
+
+constexpr float Scales[] = {166.7F, 200, 250, 333.3F}; // metres a pixel, the first that will do
+constexpr float Share = 2.0F / 3; // of the map, that lies between the sixths at its edges
+constexpr float Square = 10000;   // metres
+constexpr float FarAway = 600000; // metres, beyond every edge
+
+// All in pixels.
+constexpr float TrenchAside = 3; // from the front to each side's line
+constexpr float FightRadius = 19;
+constexpr float FieldRadius = 8;
+constexpr float Dot = 2.6F;
+constexpr float NearField = 10; // a town there is the field's
+constexpr float HalfName = 8;   // of its height
+constexpr float ScaleLeft = 8;
+constexpr float ScaleAbove = 28; // from the map to the bar
+constexpr float ScaleThickness = 6;
+constexpr int32_t ScaleMarks[] = {0, 5, 10, 20}; // kilometres
+
+} // namespace
+
+SectorPainter::SectorPainter(const Sector& sector, const zel::Font* names)
+    : sector(sector), names(names), front(frontOf(sector.date, sector.onChannelMap)) {
+    for (const float scale : Scales) {
+        metresAPixel = scale;
+        if (fitsAt(scale) && showsFront())
+            break;
+    }
+}
+
+bool SectorPainter::fitsAt(float metres) const {
+    return std::fabs(sector.fight.z - sector.field.z) <= Share * Width * metres &&
+           std::fabs(sector.fight.x - sector.field.x) <= Share * Height * metres;
+}
+
+bool SectorPainter::showsFront() const {
+    constexpr float Edge = 20;
+    constexpr int32_t Steps = 8;
+    const std::vector<Point> line = at(front);
+    for (size_t i = 1; i < line.size(); ++i)
+        for (int32_t step = 0; step <= Steps; ++step) {
+            const float part = static_cast<float>(step) / Steps;
+            const float x = line[i - 1].x + (line[i].x - line[i - 1].x) * part;
+            const float y = line[i - 1].y + (line[i].y - line[i - 1].y) * part;
+            if (x > Edge && x < Width - Edge && y > Edge && y < Height - Edge)
+                return true;
+        }
+    return false;
+}
+
+SectorPainter::Point SectorPainter::at(const MapPoint& place) const {
+    const float north = place.x - (sector.field.x + sector.fight.x) / 2;
+    const float east = place.z - (sector.field.z + sector.fight.z) / 2;
+    return {Width / 2.0F + east / metresAPixel, Height / 2.0F - north / metresAPixel};
+}
+
+std::vector<SectorPainter::Point> SectorPainter::at(const std::vector<MapPoint>& places) const {
+    std::vector<Point> points;
+    points.reserve(places.size());
+    for (const MapPoint& place : places)
+        points.push_back(at(place));
+    return points;
+}
+
+zel::BitmapData SectorPainter::paint() {
+    sheet.setLowest(Height);
+    paintSea();
+    paintSquares();
+    const std::vector<Point> line = at(front);
+    paintTrench(sheet, line, TrenchAside, TheirRed, {Width, Height});
+    paintTrench(sheet, line, -TrenchAside, OurBlue, {Width, Height});
+    for (const auto& [place, radius] :
+         {std::pair{at(sector.fight), FightRadius}, std::pair{at(sector.field), FieldRadius}})
+        taken.push_back({place.x - radius, place.y - radius, place.x + radius, place.y + radius});
+    name(at(sector.field), sector.fieldName.view(), FieldRadius + 3);
+    paintTowns();
+    paintWay();
+    paintRings();
+    sheet.setLowest(Height + BarHeight);
+    paintBar();
+    return sheet.take();
+}
+
+void SectorPainter::paintSea() {
+    std::vector<MapPoint> sea = coastOf(sector.onChannelMap);
+    const std::vector<Point> coast = at(sea);
+    sea.push_back({sea.back().x + FarAway, sea.back().z});
+    sea.push_back({sea.front().x + FarAway, sea.front().z - FarAway});
+    sea.push_back({sea.front().x, sea.front().z - FarAway});
+    sheet.fill(at(sea), SeaInk, 0.45F);
+    for (size_t i = 1; i < coast.size(); ++i)
+        sheet.line(coast[i - 1], coast[i], 1.4F, MapInk);
+}
+
+void SectorPainter::paintSquares() {
+    const float step = Square / metresAPixel;
+    const Point middle{Width / 2.0F, Height / 2.0F};
+    for (float x = std::fmod(middle.x, step); x < Width; x += step)
+        sheet.line({x, 0}, {x, Height}, 0.6F, SquareInk);
+    for (float y = std::fmod(middle.y, step); y < Height; y += step)
+        sheet.line({0, y}, {Width, y}, 0.6F, SquareInk);
+}
+
+/// Those next to the middle first: of two whose names meet the first is shown.
+void SectorPainter::paintTowns() {
+    std::vector<Town> towns = townsOf(sector.onChannelMap);
+    const Point middle{Width / 2.0F, Height / 2.0F};
+    const auto away = [&](const Town& town) {
+        const Point place = at(town.place);
+        return std::hypot(place.x - middle.x, place.y - middle.y);
+    };
+    std::stable_sort(towns.begin(), towns.end(),
+                     [&](const Town& a, const Town& b) { return away(a) < away(b); });
+    const Point field = at(sector.field);
+    for (const Town& town : towns) {
+        const Point place = at(town.place);
+        const bool isIn =
+            place.x > Dot && place.y > Dot && place.x < Width - Dot && place.y < Height - Dot;
+        const bool isField = std::hypot(place.x - field.x, place.y - field.y) < NearField;
+        if (isIn && !isField && name(place, nameInLanguage(town.name).view(), Dot + 4))
+            sheet.disc(place, Dot, MapInk);
+    }
+}
+
+/// Writes it beside the place, on the side where there is room; false if there is none.
+bool SectorPainter::name(Point place, std::string_view text, float gap) {
+    const float width = names != nullptr ? static_cast<float>(names->width(text)) : 0;
+    const Point starts[] = {{place.x + gap, place.y},
+                            {place.x - gap - width, place.y},
+                            {place.x - width / 2, place.y - gap - HalfName},
+                            {place.x - width / 2, place.y + gap + HalfName}};
+    for (const Point& start : starts) {
+        const Box box{start.x, start.y - HalfName, start.x + width, start.y + HalfName};
+        const bool isIn =
+            box.left >= 2 && box.top >= 2 && box.right <= Width - 2 && box.bottom <= Height - 2;
+        if (!isIn || std::any_of(taken.begin(), taken.end(),
+                                 [&](const Box& other) { return box.meets(other); }))
+            continue;
+        sheet.write(names, {start.x, start.y + 6}, text, MapInk, PencilSheet::Align::Left);
+        taken.push_back(box);
+        taken.push_back({place.x - gap, place.y - gap, place.x + gap, place.y + gap});
+        return true;
+    }
+    return false;
+}
+
+void SectorPainter::paintWay() {
+    const Point from = at(sector.field);
+    const Point to = at(sector.fight);
+    const float length = std::hypot(to.x - from.x, to.y - from.y);
+    const float begin = FieldRadius + 4;
+    const float end = length - FightRadius - 3;
+    if (end - begin < FieldRadius)
+        return;
+    const auto point = [&](float way) {
+        return Point{from.x + (to.x - from.x) / length * way,
+                     from.y + (to.y - from.y) / length * way};
+    };
+    float drawn = 0;
+    sheet.dashes(point(begin), point(end), RingRed, drawn);
+    sheet.arrow(point(end - 1), point(end + 1), RingRed);
+}
+
+void SectorPainter::paintRings() {
+    const Point field = at(sector.field);
+    sheet.disc(field, FieldRadius, OurBlue);
+    sheet.disc(field, FieldRadius * 0.6F, Blank);
+    sheet.disc(field, FieldRadius * 0.3F, RingRed);
+    sheet.ring(at(sector.fight), FightRadius, 3, RingRed);
+}
+
+void SectorPainter::paintBar() {
+    const float top = Height + ScaleAbove;
+    const float bottom = top + ScaleThickness;
+    const auto x = [&](int32_t kilometres) {
+        return ScaleLeft + static_cast<float>(kilometres) * 1000 / metresAPixel;
+    };
+    bool isDark = true;
+    int32_t last = 0;
+    for (const int32_t mark : ScaleMarks) {
+        sheet.write(names, {x(mark), top - 5}, zel::String(mark).view(), MapInk,
+                    PencilSheet::Align::Centre);
+        if (mark == 0)
+            continue;
+        if (isDark)
+            sheet.line({x(last), (top + bottom) / 2}, {x(mark), (top + bottom) / 2}, ScaleThickness,
+                       MapInk);
+        isDark = !isDark;
+        last = mark;
+    }
+    for (const float y : {top, bottom})
+        sheet.line({x(0), y}, {x(last), y}, 1, MapInk);
+    sheet.line({x(last), top}, {x(last), bottom}, 1, MapInk);
+    sheet.write(names, {x(last) + 14, bottom + 2}, "km", MapInk, PencilSheet::Align::Left);
+}

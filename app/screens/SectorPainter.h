@@ -1,0 +1,65 @@
+#pragma once
+
+#include <vector>
+
+#include "app/book/Theatre.h"
+#include "app/screens/PencilSheet.h"
+
+/// What the map of the orders shows.
+struct Sector {
+    int32_t date = 0; // yyyymmdd
+    bool onChannelMap = false;
+    MapPoint field;
+    zel::String fieldName; // in the language in use
+    MapPoint fight;
+};
+
+/// Draws the map of a sector with a clear background: sea, squares of ten kilometres, front, towns,
+/// the field in a blue ring and the fight in a red one, and the scale bar below.
+///
+/// Both rings are at least a sixth of its sides from the edge, and the front is on it if it is not
+/// too far away.
+class SectorPainter {
+public:
+    static constexpr int32_t Width = 264; // pixels of the design
+    static constexpr int32_t Height = 300;
+    static constexpr int32_t BarHeight = 44; // below the map
+
+    /// names: the font of towns and figures; a null one leaves them out. REQUIRES: both outlive the
+    /// painter.
+    SectorPainter(const Sector& sector, const zel::Font* names);
+
+    /// The picture, Width by Height and BarHeight. To be called once.
+    zel::BitmapData paint();
+
+private:
+    using Point = PencilSheet::Point;
+
+    /// The part of the map that a name or a sign covers.
+    struct Box {
+        float left, top, right, bottom;
+        bool meets(const Box& other) const {
+            return left < other.right && other.left < right && top < other.bottom &&
+                   other.top < bottom;
+        }
+    };
+
+    bool fitsAt(float metres) const;
+    bool showsFront() const;
+    Point at(const MapPoint& place) const;
+    std::vector<Point> at(const std::vector<MapPoint>& places) const;
+    void paintSea();
+    void paintSquares();
+    void paintTowns();
+    bool name(Point place, std::string_view text, float gap);
+    void paintWay();
+    void paintRings();
+    void paintBar();
+
+    const Sector& sector;
+    const zel::Font* names;
+    std::vector<MapPoint> front;
+    float metresAPixel = 0;
+    PencilSheet sheet{Width, Height + BarHeight};
+    std::vector<Box> taken;
+};

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+class CareerDriver;
+
+// States of a screen that the tour shows besides where its ways lead. `visit` gets the picture's
+// name. False if the program did something else.
+
+/// On the enlistment: sent by the service, under a long name and under an ace's.
+bool tourEnlistment(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
+/// On the orders: twelve companions, more than any plan has.
+bool crowdRoster(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
+/// In the report: twenty more pilots, with all that can be said of them. Always true.
+bool fillReport();
