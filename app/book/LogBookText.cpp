@@ -177,7 +177,7 @@ zel::String machineText(const zel::String& aircraft) {
 }
 
 zel::String machineText(const zel::String& aircraft, size_t letters) {
-    constexpr size_t LeastName = 6; // of a type: "Triplane", but not "Late"
+    constexpr size_t LeastName = 7; // of a type: "Triplane", but not "Late" in any language
     const zel::String name = machineText(aircraft);
     const std::string_view whole = name.view();
     const size_t blank = whole.rfind(' ');

@@ -26,6 +26,7 @@ constexpr float FarAway = 600000; // metres, beyond every edge
 constexpr float TrenchAside = 3; // from the front to each side's line
 constexpr float FightRadius = 19;
 constexpr float FieldRadius = 8;
+constexpr float ShortestWay = 20; // between the rings, for an arrow
 constexpr float Dot = 2.6F;
 constexpr float NearField = 10; // a town there is the field's
 constexpr float HalfName = 8;   // of its height
@@ -133,8 +134,10 @@ void SectorPainter::paintTowns() {
         const Point place = at(town.place);
         const bool isIn =
             place.x > Dot && place.y > Dot && place.x < Width - Dot && place.y < Height - Dot;
-        const bool isField = std::hypot(place.x - field.x, place.y - field.y) < NearField;
-        if (isIn && !isField && name(place, nameInLanguage(town.name).view(), Dot + 4))
+        const zel::String townName = nameInLanguage(town.name);
+        const bool isField = townName == sector.fieldName ||
+                             std::hypot(place.x - field.x, place.y - field.y) < NearField;
+        if (isIn && !isField && name(place, townName.view(), Dot + 4))
             sheet.disc(place, Dot, MapInk);
     }
 }
@@ -167,7 +170,7 @@ void SectorPainter::paintWay() {
     const float length = std::hypot(to.x - from.x, to.y - from.y);
     const float begin = FieldRadius + 4;
     const float end = length - FightRadius - 3;
-    if (end - begin < FieldRadius)
+    if (end - begin < ShortestWay)
         return;
     const auto point = [&](float way) {
         return Point{from.x + (to.x - from.x) / length * way,
