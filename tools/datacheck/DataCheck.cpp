@@ -31,7 +31,8 @@ zel::String coverageRow(const NationName& nation, Month month,
     int32_t withEvery = 0;
     for (const HistoryRecord& squadron : squadrons) {
         const MonthRange months = activeMonths(squadron);
-        if (nationOf(squadron) != nation.code || month < months.first || month > months.last)
+        if (!hasAircraft(squadron) || nationOf(squadron) != nation.code || month < months.first ||
+            month > months.last)
             continue;
         const auto has = [&](const char* plane) { return flies(squadron, plane); };
         ++active;

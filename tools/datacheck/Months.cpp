@@ -31,13 +31,18 @@ MonthRange activeMonths(const HistoryRecord& squadron) {
             first = line.date;
         if (isWarDate(line.until))
             last = std::max(last, line.until);
-        else if (!line.aircraft.empty())
+        else if (!line.aircraft.empty() && isWarDate(line.date))
             open = true;
     }
     if (first.empty())
         return {FirstMonth, FirstMonth - 1};
     return {std::max(FirstMonth, monthOf(first)),
             open || last.empty() ? LastMonth : std::min(LastMonth, monthOf(last))};
+}
+
+bool hasAircraft(const HistoryRecord& squadron) {
+    return std::any_of(squadron.lines.begin(), squadron.lines.end(),
+                       [](const HistoryLine& line) { return !line.aircraft.empty(); });
 }
 
 bool coversMonth(const HistoryLine& line, Month month) {

@@ -24,8 +24,11 @@ struct MonthRange {
     Month last; // before first for an empty range
 };
 /// The months of the career in which a squadron exists: from its lowest date to its highest until,
-/// or to the Armistice if a line with an aircraft has no until.
+/// or to the Armistice if a dated line with an aircraft has no until.
 MonthRange activeMonths(const HistoryRecord& squadron);
+
+/// Whether the squadron flies anything: one of two-seaters has no aircraft of the simulator.
+bool hasAircraft(const HistoryRecord& squadron);
 
 /// Whether the line has an aircraft, and its dates include the month.
 bool coversMonth(const HistoryLine& line, Month month);

@@ -147,6 +147,7 @@ void checkDraws(const HistoryRecord& squadron, const MonthRange& months, Finding
                               "the career uses none of the squadron's aircraft in " +
                                   rangeText(range),
                               "add a line with one of " + list);
+        findings.back().isWarning = true; // it is only never met as an enemy
     });
 }
 
@@ -161,8 +162,11 @@ void checkMonths(const HistoryRecord& squadron, Findings& findings) {
         return; // the file itself is reported
     if (!any([](const HistoryLine& line) { return isWarDate(line.date); }))
         return report("no line has a date=, so the squadron never enters the war", "add it");
-    if (!any([](const HistoryLine& line) { return !line.aircraft.empty(); }))
-        return report("no line has aircraft=", "add what the squadron flies");
+    if (!hasAircraft(squadron)) {
+        if (!any([](const HistoryLine& line) { return line.action == "unit"; }))
+            report("no line has aircraft=", "add what the squadron flies");
+        return;
+    }
     const MonthRange months = activeMonths(squadron);
     checkGaps(squadron, months, findings);
     // An unknown aircraft is already reported, and may be a typo for the one that is missing here.

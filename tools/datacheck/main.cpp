@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -18,16 +19,32 @@ constexpr const char* Ending = "Exit status: 0 no findings, 1 findings, 2 a wron
 
 struct Call {
     bool coverage = false;
+    bool hints = false;
     std::string folder;
 };
 
 tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
-    tools::CommandLine line(Program, "[--coverage] [FOLDER]", Description, Ending);
+    tools::CommandLine line(Program, "[--coverage] [--hints] [FOLDER]", Description, Ending);
     line.addFlag("--coverage", call.coverage,
                  "print, for each nation and month, how many of the squadrons have one\n"
                  "and how many have every aircraft that is then in use in the career");
+    line.addFlag("--hints", call.hints,
+                 "list what is no fault too: months in which the career uses none of a\n"
+                 "squadron's aircraft, so that it isn't met as an enemy");
     line.addOption("FOLDER", call.folder).nameOfFile();
     return line.read(words);
+}
+
+/// Prints the faults, and the hints or how many there are.
+int printFindings(tools::Findings findings, bool hints) {
+    const auto isHint = [](const tools::Finding& finding) { return finding.isWarning; };
+    const auto count = std::count_if(findings.begin(), findings.end(), isHint);
+    if (!hints)
+        findings.erase(std::remove_if(findings.begin(), findings.end(), isHint), findings.end());
+    const int status = tools::printFindings(findings, stdout);
+    if (count > 0 && !hints)
+        tools::print(stdout, "hints, which --hints lists: " + std::to_string(count) + "\n");
+    return status;
 }
 
 int run(const Call& call) {
@@ -46,7 +63,7 @@ int run(const Call& call) {
         tools::print(stdout, datacheck::coverageTable(folder));
         return 0;
     }
-    return tools::printFindings(datacheck::checkData(folder), stdout);
+    return printFindings(datacheck::checkData(folder), call.hints);
 }
 
 } // namespace

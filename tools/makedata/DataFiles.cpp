@@ -37,7 +37,11 @@ void addFiles(DatedLines& lines, const std::string& folder, FileSet& files) {
 DatedLines squadronLines(const Tables& tables) {
     DatedLines lines;
     for (const SquadronRow& row : tables.squadrons) {
-        std::string line = datedStart(row.from, row.until, "skin") + " aircraft=" + row.aircraft;
+        const char* const action = row.aircraft.empty() ? "unit" : "skin";
+        std::string line = row.from.empty() ? std::string("action=") + action
+                                            : datedStart(row.from, row.until, action);
+        if (!row.aircraft.empty())
+            line += " aircraft=" + row.aircraft;
         if (!row.skin.empty())
             line += " skin=" + row.skin;
         lines[row.key].emplace_back(row.from, line);

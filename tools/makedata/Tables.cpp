@@ -95,6 +95,18 @@ void checkDates(CsvTable& table, size_t line, const std::string& from, const std
         table.report(line, "it ends on " + until + ", before it begins on " + from);
 }
 
+/// Whether the row only says what the squadron may fly, and not when.
+bool isTimeless(const SquadronRow& squadron) {
+    return squadron.from.empty() && squadron.until.empty() && !squadron.aircraft.empty();
+}
+
+void checkAircraft(CsvTable& table, size_t line, const SquadronRow& squadron) {
+    if (!squadron.aircraft.empty() && !isIdentifier(squadron.aircraft))
+        table.report(line, quoted(squadron.aircraft) + " can't be an aircraft");
+    if (squadron.aircraft.empty() && !squadron.skin.empty())
+        table.report(line, "a skin without an aircraft");
+}
+
 // Whether the simulator has the aircraft is checked in the finished files, by wingtally-datacheck.
 void readSquadrons(CsvTable& table, Tables& tables) {
     std::set<std::string> seen;
@@ -104,11 +116,11 @@ void readSquadrons(CsvTable& table, Tables& tables) {
         if (!isKeyOf(squadron.key, f[1]))
             table.report(row.line, quoted(squadron.key) + " is no key of " + f[1],
                          "write its code and three digits");
-        if (!isIdentifier(squadron.aircraft))
-            table.report(row.line, quoted(squadron.aircraft) + " can't be an aircraft");
+        checkAircraft(table, row.line, squadron);
         if (squadron.skin.find_first_of(" =") != std::string::npos)
             table.report(row.line, "a blank or \"=\" in a skin's name");
-        checkDates(table, row.line, squadron.from, squadron.until);
+        if (!isTimeless(squadron))
+            checkDates(table, row.line, squadron.from, squadron.until);
         if (!seen.insert(squadron.key + squadron.aircraft + squadron.from).second)
             table.report(row.line, squadron.key + " has " + squadron.aircraft + " from " +
                                        squadron.from + " twice");

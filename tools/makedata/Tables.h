@@ -9,11 +9,13 @@
 /// data/history/ and data/names/ are the one source of the game's squadron, pilot and name files.
 namespace tables {
 
-/// One type of one squadron. A squadron has several rows, which may overlap.
+/// One type of one squadron, or the time of one that flies none of the simulator's types. A
+/// squadron has several rows, which may overlap.
 struct SquadronRow {
     std::string key;      // six digits, the nation's code first
-    std::string aircraft; // the simulator's identifier, such as "spad13"
-    std::string from;     // yyyymmdd
+    std::string aircraft; // the simulator's identifier, such as "spad13"; empty for a unit of
+                          // two-seaters, which none of them fits
+    std::string from;     // yyyymmdd; empty, with until, for a type that doesn't date its squadron
     std::string until;    // yyyymmdd
     std::string skin;     // empty for the simulator's standard paint
 };

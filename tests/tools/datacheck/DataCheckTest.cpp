@@ -92,7 +92,7 @@ TEST_F(DataCheck, FindsNothingInGoodData) {
 }
 
 TEST_F(DataCheck, ReportsLinesOfSquadrons) {
-    expectFindings(JastaFile, JastaLine, "squadron-lines.txt", 25);
+    expectFindings(JastaFile, JastaLine, "squadron-lines.txt", 26);
     for (const size_t length : {255U, 256U}) {
         std::string line = "until=19170228 aircraft=albatrosd2late skin=";
         line.resize(length, 'x');
@@ -172,14 +172,20 @@ TEST_F(DataCheck, ReportsRecordsThatCollideOrOverflow) {
               "folders together: this one and the following ones are not used\n");
 }
 
+TEST_F(DataCheck, AcceptsAUnitOfTwoSeaters) {
+    folder.write("Custom/Squadrons/501213.txt", "date=19160101 until=19181111 action=unit");
+    EXPECT_EQ(findings(), "");
+}
+
 TEST_F(DataCheck, LooksForFrenchAircraftWhereTheCareerDoes) {
     // From December 1916 to March 1917 the Allied rows have nothing that the French take: the
     // career goes back to November 1916, to the early SPAD.
     folder.write("Custom/Squadrons/101003.txt", "date=19161201 until=19170331 aircraft=spad7early");
     EXPECT_EQ(findings(), "");
     folder.write("Custom/Squadrons/101003.txt", "date=19161201 until=19170331 aircraft=nieuport17");
-    EXPECT_EQ(findings(), "Custom/Squadrons/101003.txt:1: the career uses none of the squadron's "
-                          "aircraft in 1916-12 to 1917-03: add a line with one of spad7early\n");
+    EXPECT_EQ(findings(),
+              "Custom/Squadrons/101003.txt:1: warning: the career uses none of the squadron's "
+              "aircraft in 1916-12 to 1917-03: add a line with one of spad7early\n");
 }
 
 TEST_F(DataCheck, ReportsFaultyNameLists) {

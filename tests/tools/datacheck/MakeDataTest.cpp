@@ -86,6 +86,19 @@ TEST_F(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
     EXPECT_EQ(files.size(), 2u + 2u + 8u);
 }
 
+TEST_F(MakeData, WritesUnitsWithoutAircraftAndTypesWithoutDates) {
+    const std::string file = "history/squadrons.csv";
+    const std::string rows = "501011,Germany,Jasta 11,fokkere3,,,,general\n"
+                             "501213,Germany,FA 13,,19140802,19181111,,general\n";
+    const Reading reading = readWith(file, good.at(file) + rows);
+    EXPECT_EQ(reading.findings, "");
+    const FileSet files = tables::makeFiles(reading.tables);
+    EXPECT_EQ(files.at("Historical/Squadrons/501213.txt"),
+              "date=19140802 until=19181111 action=unit\r\n");
+    EXPECT_EQ(files.at("Historical/Squadrons/501011.txt").rfind("action=skin aircraft=fokkere3", 0),
+              0u);
+}
+
 TEST_F(MakeData, WritesWhatChangedAndRemovesWhatIsStale) {
     const FileSet files = goodFiles();
     ASSERT_TRUE(tables::writeFiles(files, folder.path()).empty());
@@ -129,7 +142,7 @@ TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
         const std::string found = readWith(file, good.at(file) + row + "\n").findings;
         EXPECT_EQ(found.substr(0, wanted.size()), wanted);
     }
-    EXPECT_EQ(count, 23);
+    EXPECT_EQ(count, 26);
 }
 
 TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
