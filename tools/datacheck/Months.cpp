@@ -46,7 +46,8 @@ bool hasAircraft(const HistoryRecord& squadron) {
 }
 
 bool coversMonth(const HistoryLine& line, Month month) {
-    return !line.aircraft.empty() && (!isWarDate(line.date) || monthOf(line.date) <= month) &&
+    return (!line.aircraft.empty() || line.action == "unit") &&
+           (!isWarDate(line.date) || monthOf(line.date) <= month) &&
            (!isWarDate(line.until) || month <= monthOf(line.until));
 }
 

@@ -30,7 +30,7 @@ MonthRange activeMonths(const HistoryRecord& squadron);
 /// Whether the squadron flies anything: one of two-seaters has no aircraft of the simulator.
 bool hasAircraft(const HistoryRecord& squadron);
 
-/// Whether the line has an aircraft, and its dates include the month.
+/// Whether the line has an aircraft, or says that there is none, and its dates include the month.
 bool coversMonth(const HistoryLine& line, Month month);
 
 /// The code of the nation, the first three digits of a squadron's name; 0 without them.
