@@ -110,7 +110,7 @@ void BookTables::readAwards(const zel::String& file) {
 }
 
 void BookTables::readAces(const zel::String& file) {
-    CsvFile table(file, "name,nation,born,victories,fate,fate_date,source");
+    CsvFile table(file, "name,nation,born,victories,fate,fate_date,acepotential,source");
     while (table.next()) {
         RealAce ace;
         ace.name = table.text(0);

@@ -51,10 +51,13 @@ DatedLines squadronLines(const Tables& tables) {
 
 DatedLines pilotLines(const Tables& tables) {
     DatedLines lines;
-    for (const PostingRow& row : tables.postings)
-        lines[row.name].emplace_back(row.from, datedStart(row.from, row.until, "transfer") +
-                                                   " unit=" + row.key +
-                                                   " acelevel=" + row.aceLevel);
+    for (const PostingRow& row : tables.postings) {
+        std::string line = datedStart(row.from, row.until, "transfer") + " unit=" + row.key +
+                           " acelevel=" + row.aceLevel;
+        if (!row.acePotential.empty())
+            line += " acepotential=" + row.acePotential;
+        lines[row.name].emplace_back(row.from, line);
+    }
     return lines;
 }
 

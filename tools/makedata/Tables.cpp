@@ -26,7 +26,8 @@ constexpr const char* NameFiles[] = {"France_1st.txt",  "England_1st.txt", "Germ
                                      "Germany_2nd.txt", "USA_2nd.txt"};
 
 constexpr std::string_view SquadronHeader = "key,nation,name,aircraft,from,until,skin,source";
-constexpr std::string_view AceHeader = "name,nation,born,victories,fate,fate_date,source";
+constexpr std::string_view AceHeader =
+    "name,nation,born,victories,fate,fate_date,acepotential,source";
 constexpr std::string_view PostingHeader = "name,key,from,until,acelevel";
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
@@ -128,9 +129,23 @@ void readSquadrons(CsvTable& table, Tables& tables) {
     }
 }
 
-/// The aces' names with the index of their line.
-std::map<std::string, size_t> readAces(CsvTable& table) {
-    std::map<std::string, size_t> aces;
+/// What aces.csv says of a pilot.
+struct AceRow {
+    size_t line; // index
+    std::string acePotential;
+};
+using Aces = std::map<std::string, AceRow>;
+
+/// Whether the text is empty or a skill that the career can hold, 1 to 255.
+bool isPotential(const std::string& text) {
+    if (text.size() > 3 || !std::all_of(text.begin(), text.end(), isDigit))
+        return false;
+    return text.empty() || (std::stoi(text) >= 1 && std::stoi(text) <= 255);
+}
+
+/// The aces by name.
+Aces readAces(CsvTable& table) {
+    Aces aces;
     std::set<std::string> seen;
     for (const CsvTable::CsvRow& row : table.rows) {
         const std::string& name = row.fields[0];
@@ -140,10 +155,13 @@ std::map<std::string, size_t> readAces(CsvTable& table) {
                              " letters, blanks, points, apostrophes and hyphens");
         if (!isNation(row.fields[1]))
             table.report(row.line, "there is no nation " + quoted(row.fields[1]));
+        if (!isPotential(row.fields[6]))
+            table.report(row.line, quoted(row.fields[6]) + " is no acepotential",
+                         "write 1 to 255, or nothing");
         // Names become files, and not every system distinguishes capitals.
         if (!seen.insert(lowered(name)).second)
             table.report(row.line, name + " is there twice");
-        aces.emplace(name, row.line);
+        aces.emplace(name, AceRow{row.line, row.fields[6]});
     }
     return aces;
 }
@@ -157,18 +175,19 @@ void checkPosting(CsvTable& table, size_t line, const PostingRow& posting,
     checkDates(table, line, posting.from, posting.until);
 }
 
-void readPostings(CsvTable& table, CsvTable& aceTable, std::map<std::string, size_t> aces,
-                  Tables& tables) {
+void readPostings(CsvTable& table, CsvTable& aceTable, const Aces& aces, Tables& tables) {
     std::set<std::string> keys;
     for (const SquadronRow& row : tables.squadrons)
         keys.insert(row.key);
     std::map<std::string, PostingRow> last; // of each ace
     for (const CsvTable::CsvRow& row : table.rows) {
         const std::vector<std::string>& f = row.fields;
-        const PostingRow posting{f[0], f[1], f[2], f[3], f[4]};
+        const auto ace = aces.find(f[0]);
+        const PostingRow posting{f[0], f[1], f[2],
+                                 f[3], f[4], ace != aces.end() ? ace->second.acePotential : ""};
         checkPosting(table, row.line, posting, keys);
         const auto before = last.find(posting.name);
-        if (before == last.end() && aces.erase(posting.name) == 0)
+        if (before == last.end() && ace == aces.end())
             table.report(row.line, quoted(posting.name) + " is no ace of aces.csv");
         if (before != last.end() && posting.from <= before->second.until)
             table.report(row.line,
@@ -178,8 +197,10 @@ void readPostings(CsvTable& table, CsvTable& aceTable, std::map<std::string, siz
         last[posting.name] = posting;
         tables.postings.push_back(posting);
     }
-    for (const auto& [name, line] : aces)
-        aceTable.report(line, name + " has no posting in postings.csv and would never join");
+    for (const auto& [name, ace] : aces)
+        if (last.count(name) == 0)
+            aceTable.report(ace.line,
+                            name + " has no posting in postings.csv and would never join");
 }
 
 void readNames(LineSource& source, Tables& tables) {

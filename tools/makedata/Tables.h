@@ -24,9 +24,10 @@ struct SquadronRow {
 struct PostingRow {
     std::string name;
     std::string key;
-    std::string from;     // yyyymmdd
-    std::string until;    // yyyymmdd
-    std::string aceLevel; // "0" to "2"
+    std::string from;         // yyyymmdd
+    std::string until;        // yyyymmdd
+    std::string aceLevel;     // "0" to "2"
+    std::string acePotential; // the ace's skill, "1" to "255"; empty to draw it from his level
 };
 
 /// The first or last names of one nation, for the pilots that the game invents.

@@ -163,12 +163,12 @@ TEST_F(DiaryTest, SaysThatTheRecordCannotBeRead) {
 
 TEST(RealWarTest, ChoosesTheMostImportantByDate) {
     TemporaryFolder folder;
-    folder.write("aces.csv", "name,nation,born,victories,fate,fate_date,source\n"
-                             "Werner Voss,Germany,1897,48,killed,19170923,x\n"
-                             "Poor Man,Germany,,5,captured,19170922,x\n"
-                             "Max von M\374ller,Germany,,30,killed,19170925,x\n"
-                             "Otto von M\374ller,Germany,,9,killed,19170926,x\n"
-                             "Fritz M\374ller,Germany,,8,killed,19170926,x\n");
+    folder.write("aces.csv", "name,nation,born,victories,fate,fate_date,acepotential,source\n"
+                             "Werner Voss,Germany,1897,48,killed,19170923,,x\n"
+                             "Poor Man,Germany,,5,captured,19170922,,x\n"
+                             "Max von M\374ller,Germany,,30,killed,19170925,,x\n"
+                             "Otto von M\374ller,Germany,,9,killed,19170926,,x\n"
+                             "Fritz M\374ller,Germany,,8,killed,19170926,,x\n");
     folder.write("victories_by_day.csv", "name,date,victim_type,source\n"
                                          "Werner Voss,19170901,EA,x\nWerner Voss,19170905,EA,x\n"
                                          "Werner Voss,19170905,EA,x\nNobody,19170905,EA,x\n");

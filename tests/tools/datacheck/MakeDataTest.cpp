@@ -15,7 +15,7 @@ using tables::FileSet;
 using tables::Tables;
 
 constexpr const char* SquadronHeader = "key,nation,name,aircraft,from,until,skin,source\n";
-constexpr const char* AceHeader = "name,nation,born,victories,fate,fate_date,source\n";
+constexpr const char* AceHeader = "name,nation,born,victories,fate,fate_date,acepotential,source\n";
 constexpr const char* PostingHeader = "name,key,from,until,acelevel\n";
 
 /// Small tables without a fault, by file.
@@ -27,8 +27,8 @@ std::map<std::string, std::string> goodTables() {
              "501011,Germany,Jasta 11,fokkerdr1,19170828,19180515,501011,general\n"
              "501011,Germany,Jasta 11,albatrosd3,19170201,19170725,,general\n"},
         {"history/aces.csv", std::string(AceHeader) +
-                                 "Albert Ball,England,1896,44,killed,19170507,general\n"
-                                 "Lothar von Richthofen,Germany,1894,40,survived,,general\n"},
+                                 "Albert Ball,England,1896,44,killed,19170507,,general\n"
+                                 "Lothar von Richthofen,Germany,1894,40,survived,,40,general\n"},
         {"history/postings.csv", std::string(PostingHeader) +
                                      "Albert Ball,102056,19170407,19170507,1\n"
                                      "Lothar von Richthofen,501011,19170306,19170513,1\n"
@@ -79,9 +79,10 @@ TEST_F(MakeData, WritesTheLinesInTheOrderOfTheirDates) {
     EXPECT_EQ(files.at("Historical/Squadrons/501011.txt"),
               "date=19170201 until=19170725 action=skin aircraft=albatrosd3\r\n"
               "date=19170828 until=19180515 action=skin aircraft=fokkerdr1 skin=501011\r\n");
-    EXPECT_EQ(files.at("Historical/Pilots/Lothar von Richthofen.txt"),
-              "date=19170306 until=19170513 action=transfer unit=501011 acelevel=1\r\n"
-              "date=19170923 until=19180313 action=transfer unit=501011 acelevel=1\r\n");
+    EXPECT_EQ(
+        files.at("Historical/Pilots/Lothar von Richthofen.txt"),
+        "date=19170306 until=19170513 action=transfer unit=501011 acelevel=1 acepotential=40\r\n"
+        "date=19170923 until=19180313 action=transfer unit=501011 acelevel=1 acepotential=40\r\n");
     EXPECT_EQ(files.at("Names/USA_2nd.txt"), "Abbott\r\nO'Neill\r\n");
     EXPECT_EQ(files.size(), 2u + 2u + 8u);
 }
@@ -142,7 +143,7 @@ TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
         const std::string found = readWith(file, good.at(file) + row + "\n").findings;
         EXPECT_EQ(found.substr(0, wanted.size()), wanted);
     }
-    EXPECT_EQ(count, 26);
+    EXPECT_EQ(count, 27);
 }
 
 TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
