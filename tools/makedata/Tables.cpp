@@ -28,7 +28,10 @@ constexpr const char* NameFiles[] = {"France_1st.txt",  "England_1st.txt", "Germ
 constexpr std::string_view SquadronHeader = "key,nation,name,aircraft,from,until,skin,source";
 constexpr std::string_view AceHeader =
     "name,nation,born,victories,fate,fate_date,acepotential,source";
-constexpr std::string_view PostingHeader = "name,key,from,until,acelevel";
+constexpr std::string_view PostingHeader = "name,key,from,until,acelevel,from_is,until_is,source";
+// How well a posting's first and last day are known; docs/history.md says what the words mean.
+constexpr std::string_view FirstDays[] = {"day", "unit", "victory", "month"};
+constexpr std::string_view LastDays[] = {"day", "fate", "armistice", "victory", "month"};
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 bool isLower(char character) { return character >= 'a' && character <= 'z'; }
@@ -166,13 +169,23 @@ Aces readAces(CsvTable& table) {
     return aces;
 }
 
-void checkPosting(CsvTable& table, size_t line, const PostingRow& posting,
+template <size_t Size>
+void checkWord(CsvTable& table, size_t line, const std::string& word,
+               const std::string_view (&words)[Size]) {
+    if (std::find(std::begin(words), std::end(words), word) == std::end(words))
+        table.report(line, quoted(word) + " doesn't say how well a day is known");
+}
+
+void checkPosting(CsvTable& table, const CsvTable::CsvRow& row, const PostingRow& posting,
                   const std::set<std::string>& keys) {
+    const size_t line = row.line;
     if (keys.count(posting.key) == 0)
         table.report(line, "there is no squadron " + posting.key);
     if (posting.aceLevel.size() != 1 || posting.aceLevel[0] < '0' || posting.aceLevel[0] > '2')
         table.report(line, quoted(posting.aceLevel) + " is no acelevel", "write 0, 1 or 2");
     checkDates(table, line, posting.from, posting.until);
+    checkWord(table, line, row.fields[5], FirstDays);
+    checkWord(table, line, row.fields[6], LastDays);
 }
 
 void readPostings(CsvTable& table, CsvTable& aceTable, const Aces& aces, Tables& tables) {
@@ -185,7 +198,7 @@ void readPostings(CsvTable& table, CsvTable& aceTable, const Aces& aces, Tables&
         const auto ace = aces.find(f[0]);
         const PostingRow posting{f[0], f[1], f[2],
                                  f[3], f[4], ace != aces.end() ? ace->second.acePotential : ""};
-        checkPosting(table, row.line, posting, keys);
+        checkPosting(table, row, posting, keys);
         const auto before = last.find(posting.name);
         if (before == last.end() && ace == aces.end())
             table.report(row.line, quoted(posting.name) + " is no ace of aces.csv");

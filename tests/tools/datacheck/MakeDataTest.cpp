@@ -16,7 +16,7 @@ using tables::Tables;
 
 constexpr const char* SquadronHeader = "key,nation,name,aircraft,from,until,skin,source\n";
 constexpr const char* AceHeader = "name,nation,born,victories,fate,fate_date,acepotential,source\n";
-constexpr const char* PostingHeader = "name,key,from,until,acelevel\n";
+constexpr const char* PostingHeader = "name,key,from,until,acelevel,from_is,until_is,source\n";
 
 /// Small tables without a fault, by file.
 std::map<std::string, std::string> goodTables() {
@@ -29,10 +29,11 @@ std::map<std::string, std::string> goodTables() {
         {"history/aces.csv", std::string(AceHeader) +
                                  "Albert Ball,England,1896,44,killed,19170507,,general\n"
                                  "Lothar von Richthofen,Germany,1894,40,survived,,40,general\n"},
-        {"history/postings.csv", std::string(PostingHeader) +
-                                     "Albert Ball,102056,19170407,19170507,1\n"
-                                     "Lothar von Richthofen,501011,19170306,19170513,1\n"
-                                     "Lothar von Richthofen,501011,19170923,19180313,1\n"},
+        {"history/postings.csv",
+         std::string(PostingHeader) +
+             "Albert Ball,102056,19170407,19170507,1,unit,fate,general\n"
+             "Lothar von Richthofen,501011,19170306,19170513,1,day,day,general\n"
+             "Lothar von Richthofen,501011,19170923,19180313,1,day,month,general\n"},
     };
     for (const char* nation : {"France", "England", "Germany", "USA"}) {
         files[std::string("names/") + nation + "_1st.txt"] = "Adam\nJean-Pierre\n";
@@ -143,7 +144,7 @@ TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
         const std::string found = readWith(file, good.at(file) + row + "\n").findings;
         EXPECT_EQ(found.substr(0, wanted.size()), wanted);
     }
-    EXPECT_EQ(count, 27);
+    EXPECT_EQ(count, 28);
 }
 
 TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
