@@ -188,6 +188,9 @@ void Report::addMissions(const Share& jastaStarts) {
     }
     addRow("Allied missions of 1917 that meet a historic man, %", "-",
            shareOf([](const WarFigures& war) { return war.metHistoric; }).percent(), 25, NoBound);
+    const auto unnamed = [](const WarFigures& war) { return war.unnamedInvitations.hits; };
+    addRow("invitations from units of two-seaters, in every period", "-", mean(unnamed), 0, 0,
+           spread(unnamed));
     addRow("German careers that begin in a Jasta, %", "-", jastaStarts.percent(), 65, NoBound);
 }
 

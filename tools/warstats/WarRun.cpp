@@ -7,8 +7,10 @@
 #include "app/career/Database.h"
 #include "app/career/UnitNames.h"
 #include "app/mission/MissionGenerator.h"
+#include "app/war/Invitations.h"
 #include "app/war/WarAdvance.h"
 #include "engine/core/Clock.h"
+#include "engine/core/Random.h"
 
 namespace warstats {
 
@@ -64,6 +66,17 @@ void sampleMissions(Database& career, MissionGenerator& generator, const RealWar
         if (!generator.plan.empty())
             countMission(career, generator.plan, real, figures);
     }
+}
+
+/// Whether a unit without a name, as those of two-seaters, would invite the player now. The
+/// search's draws are taken back.
+void sampleInvitation(const Database& career, MissionGenerator& generator, WarFigures& figures) {
+    const zel::Random shared = zel::sharedRandom();
+    const zel::Random ofTypes = generator.random;
+    const int32_t inviting = pickInvitationSquadron(career);
+    zel::sharedRandom() = shared;
+    generator.random = ofTypes;
+    figures.unnamedInvitations.add(inviting >= 0 && !hasUnitName(unitNumber(career, inviting)));
 }
 
 /// The scores at the Armistice.
@@ -126,6 +139,7 @@ WarFigures fightWar(uint32_t seed, int32_t service, const RealWarTables& real) {
     figures.tally.closePeriod(career);
     while (career.calendar().dateNumber() < FirstDayOfPeace) {
         sampleMissions(career, generator, real, figures);
+        sampleInvitation(career, generator, figures);
         advanceWar(career, &generator);
         figures.tally.closePeriod(career);
     }

@@ -44,7 +44,9 @@ struct WarFigures {
     /// Enemies who flew what they meet the player in: an Allied player's and a German one's.
     std::array<Share, EnemyMonths.size()> realGermans;
     std::array<Share, EnemyMonths.size()> realAllies;
-    Share metHistoric; // Allied missions of 1917 with a named man among the enemies
+    Share
+        unnamedInvitations; // searches at which a unit without a name would have invited the player
+    Share metHistoric;      // Allied missions of 1917 with a named man among the enemies
     WarTally tally;
 };
 
