@@ -22,6 +22,8 @@ TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
     {
         Program program;
         program.begin();
+        for (int32_t period = 0; period < 6; ++period) // until aces have come
+            program.goOn();
         const std::string unsaved = program.figures();
         EXPECT_FALSE(fs::exists(path())) << "before its first save a career has no file";
         ASSERT_TRUE(program.save());

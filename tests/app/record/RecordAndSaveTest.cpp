@@ -99,7 +99,9 @@ TEST_F(RecordAndSaveTest, ALoadRemovesNothing) {
     } cases[] = {
         {"the save before", older, {}},
         {"a damaged save", withByte(newer, 24, 1), {{last, last}}},
-        {"a save whose date is damaged", withByte(newer, 16, 11), {{last, 19161100 + last % 100}}},
+        {"a save whose date is damaged",
+         withByte(newer, 12, 0x7D),
+         {{last, 19170000 + last % 10000}}},
         {"a save from before all pages", withByte(older, 20, 1), {{19151201, 19151201}}},
         {"another career's save", otherCareer(), {{19151201, last}}},
     };

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "app/career/CareerTexts.h"
@@ -23,17 +25,19 @@ TEST(ScreenWar, LastsUntilTheArmistice) {
     ASSERT_TRUE(driver.begin("menuButton1>MenuNewYear menuButton1>MenuEnlist"));
     standin::FlightOptions flight;
     int32_t missions = 0;
+    int32_t most = 0; // of one of the players
     while (!isWarOver(*Database::instance())) {
         const int32_t before = Database::instance()->calendar().dateNumber();
         ASSERT_TRUE(driver.takeOff());
         flight.seed = uint32_t(++missions);
         ASSERT_TRUE(driver.fly(flight));
         ASSERT_TRUE(driver.comeBack());
+        most = std::max<int32_t>(most, Database::instance()->player().missions);
         ASSERT_GT(Database::instance()->calendar().dateNumber(), before);
     }
     EXPECT_FALSE(driver.widget("menuButton1")->isActive());
     EXPECT_GT(missions, 80);
-    EXPECT_GT(Database::instance()->player().missions, 0);
+    EXPECT_GT(most, 0);
     ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
     EXPECT_EQ(driver.text("menuButton1"), "The War is over!");
 }
