@@ -25,7 +25,7 @@ constexpr int32_t MostStarts = 100000;
 
 struct Call {
     int32_t wars = 20;
-    int32_t starts = 200;
+    int32_t starts = 400;
     uint32_t seed = 1;
     std::string data;
     std::string tables;
@@ -36,7 +36,7 @@ tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
     line.addOption("--wars", call.wars, "how many wars, 20 otherwise")
         .valueName("N")
         .wholeNumber(1, MostWars);
-    line.addOption("--starts", call.starts, "how many German careers are begun, 200 otherwise")
+    line.addOption("--starts", call.starts, "how many German careers are begun, 400 otherwise")
         .valueName("N")
         .wholeNumber(1, MostStarts);
     line.addOption("--seed", call.seed, "seed of the first war, 1 otherwise; the next has the next")
