@@ -34,7 +34,8 @@ constexpr const char* ToTheInvitation =
     "menuButton1>MenuNewCareer! menuButton4>MenuGameMain! menuButton2>MenuGameViewSquadron! "
     "menuButton1>MenuGameMain "
     "menuButton3>MenuGameTopAces! menuButton1>MenuGameMain logbook>MenuGameLogbook!_None "
-    "menuBack>MenuGameMain";
+    "menuBack>MenuGameMain diary>MenuGameDiary!_First menuButton1>MenuGameMain "
+    "record>MenuGameRecord!_None menuBack>MenuGameMain";
 constexpr const char* ToTheFlight =
     "menuButton1>MenuGameInvite! menuButton4>MenuGameMain menuButton1>MenuGameStartMission!";
 constexpr const char* FromTheOrders =
@@ -150,9 +151,9 @@ private:
         return true;
     }
 
-    /// A service of many victories, and its pages on the way.
+    /// A service of 120 victories, and its pages on the way.
     bool serve() {
-        constexpr int32_t VictoriesOfFlights[] = {1, 2, 1, 0, 0, 2, 7, 7, 7, 7, 7, 7, 7, 7};
+        constexpr int32_t VictoriesOfFlights[] = {1, 2, 1, 0, 0, 2, 16, 16, 16, 16, 15, 14, 14, 7};
         constexpr auto Flights = int32_t(std::size(VictoriesOfFlights));
         constexpr int32_t FlightOfTheCross = 5; // after the sixth flight he has six victories
         Database& career = *Database::instance();
@@ -198,6 +199,9 @@ private:
             !driver.screens->untilIdle("MenuGameCitation"))
             return false;
         visit("MenuGameCitation");
+        if (!driver.walk("menuButton1"))
+            return false;
+        visit("MenuGameCitation_Cross");
         return follow("record>MenuGameRecord menuBack>MenuGameDiary menuButton1>MenuGameMain "
                       "record>MenuGameRecord! menuBack>MenuGameMain");
     }
