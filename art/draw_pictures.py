@@ -77,13 +77,6 @@ def whole(picture, name, lifetime=''):
     return picture, lifetime + 'image %s\n' % name
 
 
-def rows(name, count, h, **places):
-    """The numbered rows of a form, and the index that cuts them out: NAME_1 and so on."""
-    picture = flying.numbered_rows(count, h=h, **places)
-    index = ['image %s_%d\ndims 0 %d %d %d\n' % (name, i + 1, i * h, picture.shape[1], h) for i in range(count)]
-    return picture, ''.join(index)
-
-
 def book_stamp(text, color, w, px):
     """What is stamped on the card of a log book, without the room around it."""
     return stamp([(text, px)], color, 8, w, 54, -6, px)[20:-20, 20:-20]

@@ -11,7 +11,7 @@ from overlays_book import compass_rose
 from pixels import bump, empty, lay, over, rotate, with_alpha
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
 from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page,
-                    framed_board, heading, lay_pencil, lay_turned, numbers, office_sheet, open_book, ruled, rules)
+                    framed_board, heading, lay_pencil, lay_turned, office_sheet, open_book, ruled, rules)
 from textures import crease, foil, leather, paper, pressed
 from theatremap import place, theatre_map
 
@@ -90,15 +90,6 @@ def over_roster():
     over(ov, pin(color='#28497E'), 796, 50)
     rules(ov, 658, 122, 300)
     return ov
-
-
-def numbered_rows(count, w, h, right, baseline, line):
-    """Numbered and ruled rows one below the other, each an image; a form shows as many as it needs.
-    right, baseline: where a row's number ends; line: where its rule is."""
-    layer = empty(w, count * h)
-    for i in range(count):
-        ruled(layer, 0, i * h + line, w)
-    return numbers(layer, [i * h + baseline for i in range(count)], right)
 
 
 def over_aces():

@@ -3,7 +3,7 @@ from functools import partial
 
 import numpy as np
 
-from lettering import TYPE, ink, put
+from lettering import ink
 from outlines import fill, rounded_mask, stroke, vector
 from pixels import blur, bump, empty, grid, lay, noise, over, rotate, shade, smooth, with_alpha
 from props import emblem_layer, pencil
@@ -63,14 +63,6 @@ def heading(ov, x, y, w, seed):
     x + 142 with its baseline at y + 36."""
     over(ov, ink(emblem_layer(150, 60, .62, INK), seed, .22), x - 8, y - 6)
     rules(ov, x, y + 54, w)
-
-
-def numbers(ov, rows, right, color=FADED):
-    """Typed row numbers. rows: the baselines, from number 1; right: where they end."""
-    layer = empty(ov.shape[1], ov.shape[0])
-    for i, y in enumerate(rows):
-        put(layer, '%d.' % (i + 1), TYPE, 18, right, y, color, 'right')
-    return over(ov, ink(layer, 2, .3), alpha=.9)
 
 
 # -- laying down

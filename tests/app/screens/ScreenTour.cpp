@@ -169,7 +169,7 @@ private:
     }
     /// Lists with the player in them and the longest of names, and the page of the best ace.
     bool meetTheBest() {
-        constexpr int32_t Victories = 120;
+        constexpr int32_t Victories = 121; // one more than the player
         constexpr const char* LongName = "Wolfram-Friedrich von Hohenlohe";
         Database& career = *Database::instance();
         const int32_t best = aceRows(career, 2).back().pilot;
@@ -199,9 +199,6 @@ private:
             !driver.screens->untilIdle("MenuGameCitation"))
             return false;
         visit("MenuGameCitation");
-        if (!driver.walk("menuButton1"))
-            return false;
-        visit("MenuGameCitation_Cross");
         return follow("record>MenuGameRecord menuBack>MenuGameDiary menuButton1>MenuGameMain "
                       "record>MenuGameRecord! menuBack>MenuGameMain");
     }
