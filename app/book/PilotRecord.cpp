@@ -21,6 +21,7 @@ public:
         : record(record), career(career), rows(rows), pilot(pilot) {}
 
     void read(bool mayGather) {
+        const ReadLock lock(record);
         readFlights();
         readMoves();
         if (isPlayers())
@@ -157,12 +158,11 @@ private:
         for (const int64_t key : rows.victoriesOf(pilot.pilot))
             takeVictories(known.with(key, pilot.pilot));
         SqliteStatement newer(record, "SELECT date, victim_name, victim_aircraft, died FROM victory"
-                                      " WHERE id > ? AND id < ? AND victor = ? ORDER BY id");
-        if (rows.lastVictory() > 0)
-            newer.with(rows.lastVictory(), PilotRows::All, pilot.pilot);
-        else
-            newer.with(firstRowFrom(record, DatedTable::Victory, pilot.since) - 1,
-                       firstRowFrom(record, DatedTable::Victory, pilot.until + 1), pilot.pilot);
+                                      " WHERE id > ? AND victor = ? ORDER BY id");
+        newer.with(rows.lastVictory() > 0
+                       ? rows.lastVictory()
+                       : firstRowFrom(record, DatedTable::Victory, pilot.since) - 1,
+                   pilot.pilot);
         takeVictories(newer);
     }
 

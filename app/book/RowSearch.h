@@ -4,10 +4,20 @@
 #include <string>
 #include <string_view>
 
+#include "app/record/Sqlite.h"
 #include "engine/core/String.h"
 
 class Database;
-class SqliteFile;
+
+/// While it lives, all reads of the file share one lock: a row of it is being read. Without it each
+/// read takes a lock of its own, which costs more than finding a row.
+class ReadLock {
+public:
+    explicit ReadLock(SqliteFile& file) : row(file, "SELECT 1 FROM sqlite_master") { row.next(); }
+
+private:
+    SqliteStatement row;
+};
 
 // Rows of the record by binary search. A table grows day by day, so its keys are in the order of
 // the days.
