@@ -30,7 +30,6 @@ constexpr const char* Bold = "font-size=\"13\" fill=\"#2A1E12\" font-weight=\"bo
 constexpr const char* BlueText = "font-size=\"13\" fill=\"#23406B\"";
 constexpr const char* RedText = "font-size=\"13\" fill=\"#8E1F17\"";
 
-int32_t monthOf(int32_t date) { return date / 100; }
 int32_t dayOf(int32_t date) { return Calendar::ofNumber(date).dayNumber(); }
 
 zel::String monthAndYear(int32_t month) { return shortMonth(month % 100) + " " + month / 100; }

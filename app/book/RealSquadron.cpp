@@ -77,8 +77,6 @@ std::vector<RealMember> bestOfTheFront(const BookTables& tables, int32_t since, 
     return best;
 }
 
-int32_t monthOf(int32_t date) { return date / 100; }
-
 } // namespace
 
 int32_t nextMonth(int32_t month) { return month % 100 == 12 ? month + 89 : month + 1; }

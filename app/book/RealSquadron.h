@@ -47,5 +47,7 @@ struct MonthScore {
 /// Every month from the first flight to the last one. REQUIRES: there is a flight.
 std::vector<MonthScore> monthScores(const LogBook& book, const RealMen& men);
 
+/// The month of a date, yyyymm.
+constexpr int32_t monthOf(int32_t date) { return date / 100; }
 /// The month after, yyyymm.
 int32_t nextMonth(int32_t month);

@@ -68,13 +68,13 @@ std::string lowered(std::string_view text) {
 
 std::string folded(std::string_view text) {
     // From 0xE0 on; those that are no letter of the alphabet stay.
-    constexpr std::string_view Plain = "aaaaaa\xE6"
-                                       "ceeeeiiii\xF0nooooo\xF7ouuuuy\xFEy";
+    constexpr std::string_view PlainLetters = "aaaaaa\xE6"
+                                              "ceeeeiiii\xF0nooooo\xF7ouuuuy\xFEy";
     std::string result = lowered(text);
     for (char& character : result) {
         const auto code = static_cast<uint8_t>(character);
         if (code >= 0xE0)
-            character = Plain[code - 0xE0U];
+            character = PlainLetters[code - 0xE0U];
         else if (code == 0x9A)
             character = 's';
         else if (code == 0x9E)

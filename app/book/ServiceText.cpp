@@ -232,12 +232,12 @@ zel::String victoryLine(const PilotVictory& victory) {
 }
 
 std::vector<zel::String> severalPilots(const Database& career, const std::vector<int32_t>& pilots) {
-    constexpr size_t MostNames = 12;
+    constexpr size_t MostListed = 12;
     if (pilots.empty())
         return {};
     std::vector<zel::String> lines = {textOf(wording::SeveralPilots)};
     // One more takes no more room than to say so.
-    const size_t shown = pilots.size() <= MostNames + 1 ? pilots.size() : MostNames;
+    const size_t shown = pilots.size() <= MostListed + 1 ? pilots.size() : MostListed;
     for (size_t i = 0; i < shown; ++i) {
         const Pilot& pilot = career.pilot(pilots[i]);
         const zel::String name = zel::arrayText(pilot.name);

@@ -13,8 +13,8 @@ namespace {
 // Letters of the columns of the roll: numbers end where the heads end.
 constexpr size_t PlaceLetters = 3;
 constexpr size_t NameLetters = 31;
-constexpr size_t VictoryLetters = 4;
-constexpr size_t MissionLetters = RollLetters - PlaceLetters - 1 - NameLetters - VictoryLetters;
+constexpr size_t VictoryColumn = 4;
+constexpr size_t MissionLetters = RollLetters - PlaceLetters - 1 - NameLetters - VictoryColumn;
 
 StandingRow rowOf(const Database& career, int32_t index, size_t place) {
     const Pilot& pilot = career.pilot(index);
@@ -89,7 +89,7 @@ zel::String rollLine(const StandingRow& row) {
     if (size_t(name.length()) > NameLetters)
         name = shortMarkedName(row);
     return atRight(zel::String(row.place) + ".", PlaceLetters) + " " + column(name, NameLetters) +
-           atRight(zel::String(row.victories), VictoryLetters) +
+           atRight(zel::String(row.victories), VictoryColumn) +
            atRight(zel::String(row.missions), MissionLetters);
 }
 

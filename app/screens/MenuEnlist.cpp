@@ -80,7 +80,7 @@ void MenuEnlist::checkName() {
 zel::String MenuEnlist::nameHint() const {
     const zel::TextInput::Refusal refusal = nameInput()->getRefusal();
     if (refusal == zel::TextInput::Refusal::Character || check.fault == NameFault::Character)
-        return textOf(wording::NotInTheLog);
+        return textOf(wording::NameNotInTheLog);
     if (refusal == zel::TextInput::Refusal::Length || check.fault == NameFault::TooLong)
         return textOf(wording::NameTooLong, {LongestPilotName});
     if (check.fault == NameFault::Empty)

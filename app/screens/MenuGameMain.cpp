@@ -39,16 +39,16 @@ void MenuGameMain::onEntered() {
 
 void MenuGameMain::showPilot(const Database& career) {
     SqliteFile& tables = record.read(career);
-    const PilotRecord pilot = readPilot(tables, career, career.playerPilot);
-    const zel::String title = titleOf(pilot.honours, pilot.name);
+    const PilotRecord player = readPilot(tables, career, career.playerPilot);
+    const zel::String title = titleOf(player.honours, player.name);
     if (career.isPilot(predecessor))
         setText("pilot", textOf(wording::Successor,
                                 {title, zel::arrayText(career.pilot(predecessor).name)}));
     else
         setText("pilot", title);
     setText("figures",
-            textOf(wording::BookFigures, {countText(wording::Victories, pilot.victoryCount),
-                                          countText(wording::Missions, pilot.missions)}));
+            textOf(wording::BookFigures, {countText(wording::Victories, player.victoryCount),
+                                          countText(wording::Missions, player.missions)}));
     const WarPart war = readWarPart(tables, career);
     setText("count", flightOfText(war, true));
     strip.show(*menu, "strip", "strip_office", war);

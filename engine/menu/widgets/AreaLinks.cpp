@@ -5,9 +5,9 @@
 
 namespace zel {
 
-namespace {
-
 ScrollingArea* asArea(Widget* widget) { return dynamic_cast<ScrollingArea*>(widget); }
+
+namespace {
 
 /// Calls the action with name and bounds of each element that is named after the area. A name
 /// belongs to what precedes its first point, so an area with a point in its name has none.

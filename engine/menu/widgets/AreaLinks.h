@@ -7,6 +7,7 @@
 
 namespace zel {
 
+class ScrollingArea;
 class TextArea;
 class Widget;
 struct Bounds;
@@ -14,6 +15,9 @@ struct Bounds;
 /// The elements of a menu by their names.
 using Widgets = std::map<String, std::unique_ptr<Widget>>;
 using TextAreas = std::map<String, std::unique_ptr<TextArea>>;
+
+/// The widget as a scrolling area; null if it is none.
+ScrollingArea* asArea(Widget* widget);
 
 /// The elements of a scrolling area are named after it: "list.row1" moves with "list". The links
 /// between them change one element at a time, so that making a long list takes linear time.

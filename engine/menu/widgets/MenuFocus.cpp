@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/menu/Menu.h"
+#include "engine/menu/widgets/AreaLinks.h"
 #include "engine/menu/widgets/FocusOrder.h"
 #include "engine/menu/widgets/ScrollingArea.h"
 #include "engine/menu/widgets/Widget.h"
@@ -23,8 +24,6 @@ struct ArrowKey {
 
 constexpr ArrowKey ArrowKeys[] = {
     {KeyUp, 0, -1}, {KeyDown, 0, 1}, {KeyLeft, -1, 0}, {KeyRight, 1, 0}};
-
-ScrollingArea* asArea(Widget* widget) { return dynamic_cast<ScrollingArea*>(widget); }
 
 /// The only widget besides "menuBack", lists and their rows that can be pressed; null if there are
 /// none or several.
