@@ -30,6 +30,8 @@ public:
             readOthers(mayGather);
         if (pilot.since == 0)
             pilot.since = pilot.victories.empty() ? pilot.until : pilot.victories.front().date;
+        if (branches.empty() && career.isSquadron(pilot.squadron))
+            serve(pilot.since, pilot.squadron); // he hasn't flown yet
         pilot.served = service();
         pilot.honours = honoursOf(pilot.served);
     }
