@@ -1,7 +1,9 @@
 #include "app/book/OrdersText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <string_view>
 
 #include "app/book/LogBookText.h"
 #include "app/book/OrdersWording.h"
@@ -38,10 +40,17 @@ zel::String taskText(const MapPoint& field, const MapPoint& fight, bool onChanne
 
 zel::String rosterName(const PilotRecord& player, size_t letters) {
     const RankRow* rank = player.honours.rank();
-    const zel::String title = rank != nullptr ? rank->shortName + " " : zel::String();
-    const size_t others = textOf(wording::YouInTheRoster, {title}).view().size();
-    const size_t room = letters > others ? letters - others : 0;
-    return textOf(wording::YouInTheRoster, {title + initialName(player.name, room)});
+    const std::string_view whole = player.name;
+    const std::string_view family = whole.substr(std::min(whole.find(' ') + 1, whole.size()));
+    zel::String title = rank != nullptr ? rank->shortName + " " : zel::String();
+    for (;; title = "") { // the rank goes before a letter of the name does
+        const size_t others = textOf(wording::YouInTheRoster, {title}).view().size();
+        const size_t room = letters > others ? letters - others : 0;
+        const zel::String name = initialName(player.name, room);
+        const size_t start = name.view().size() - std::min(name.view().size(), family.size());
+        if (title.empty() || name.view().substr(start) == family)
+            return textOf(wording::YouInTheRoster, {title + name});
+    }
 }
 
 zel::String fightText(const MapPoint& field, const MapPoint& fight) {

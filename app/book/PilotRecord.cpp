@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "app/book/LogBook.h"
 #include "app/book/RowSearch.h"
@@ -294,11 +295,7 @@ std::vector<MachineCount> machinesOf(const PilotRecord& pilot) {
 
 Shape shapeOf(const zel::String& machine) {
     // By the beginning of an identifier or of the log's type; all other machines are scouts.
-    struct Known {
-        std::string_view start;
-        Shape shape;
-    };
-    constexpr Known Shapes[] = {
+    constexpr std::pair<std::string_view, Shape> Shapes[] = {
         {"fokkerdr", Shape::Triplane},
         {"soptriplane", Shape::Triplane},
         {"sopwith triplane", Shape::Triplane},
@@ -325,9 +322,9 @@ Shape shapeOf(const zel::String& machine) {
     if (const Wording* ground = groundObject(machine.view()))
         return ground == &wording::Balloon ? Shape::Balloon : Shape::Ground;
     const zel::String lowered = machine.toLower();
-    for (const Known& known : Shapes)
-        if (lowered.view().substr(0, known.start.size()) == known.start)
-            return known.shape;
+    for (const auto& [start, shape] : Shapes)
+        if (lowered.view().substr(0, start.size()) == start)
+            return shape;
     return Shape::Scout;
 }
 
