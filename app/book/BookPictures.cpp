@@ -117,10 +117,10 @@ std::string ribbonPicture(std::string_view key) {
     Svg svg(RibbonWidth, RibbonHeight);
     const auto style = [](const char* color) { return std::string("fill=\"") + color + "\""; };
     if (row->isAcross) {
-        for (float y = 0; y < RibbonHeight; y += 2 * AcrossHeight)
-            for (size_t i = 0; i < 2; ++i)
-                svg.rect(0, y + static_cast<float>(i) * AcrossHeight, RibbonWidth, AcrossHeight,
-                         style(row->stripes[i].color));
+        constexpr auto Stripes = static_cast<int32_t>(RibbonHeight / AcrossHeight);
+        for (int32_t i = 0; i < Stripes; ++i)
+            svg.rect(0, static_cast<float>(i) * AcrossHeight, RibbonWidth, AcrossHeight,
+                     style(row->stripes[i % 2].color));
     } else {
         float all = 0;
         for (const Stripe& stripe : row->stripes)
@@ -140,10 +140,12 @@ std::string victoryPictures(const std::vector<Shape>& shapes, const zel::String&
     const size_t rows = (shapes.size() + MachinesOfRow - 1) / MachinesOfRow;
     Svg svg(PageWidth, static_cast<float>(rows) * MachineRow);
     for (size_t i = 0; i < shapes.size(); ++i) {
+        const size_t line = i / MachinesOfRow;
         const size_t inRow = i % MachinesOfRow;
+        const size_t fives = inRow / 5;
         svg.path(18 + static_cast<float>(inRow) * MachineStep +
-                     static_cast<float>(inRow / 5) * FifthSpace,
-                 15 + static_cast<float>(i / MachinesOfRow) * MachineRow,
+                     static_cast<float>(fives) * FifthSpace,
+                 15 + static_cast<float>(line) * MachineRow,
                  Outlines[static_cast<size_t>(shapes[i])], "fill=\"#2A1E12\"");
     }
     return svg.element(title, title);

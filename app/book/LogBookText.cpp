@@ -24,7 +24,7 @@ zel::String cutTo(const zel::String& text, size_t letters) {
 
 /// "Albatros" of "Albatros D.III"; all of what an object on the ground is.
 zel::String maker(const zel::String& aircraft) {
-    const zel::String name = machineText(aircraft);
+    zel::String name = machineText(aircraft);
     if (groundObject(aircraft.view()) != nullptr)
         return name;
     return name.view().substr(0, name.view().find(' '));

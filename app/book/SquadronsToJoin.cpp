@@ -128,7 +128,7 @@ zel::String machineOf(const Database& career, const SquadronFile& file, const Mo
 
 zel::String shortSquadron(const zel::String& key) {
     const int32_t number = key.toInt();
-    const zel::String name = unitName(number);
+    zel::String name = unitName(number);
     if (name.view().size() >= SquadronLetters)
         for (const LongNames& names : AllLongNames)
             if (number > names.base && number <= names.base + UnitsOfBase)

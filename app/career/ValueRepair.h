@@ -24,14 +24,13 @@ template <size_t Size> bool isCleanText(const char (&text)[Size]) {
     uint64_t wrong = 0; // of each byte the highest bit counts
     uint64_t isEnd = 0;
     size_t i = 0;
-    const auto take = [&] {
+    const auto eightFrom = [&](size_t place) {
         uint64_t bytes = 0;
-        std::memcpy(&bytes, text + i, std::min(sizeof bytes, Size - i));
-        i += sizeof bytes;
+        std::memcpy(&bytes, text + place, std::min(sizeof bytes, Size - place));
         return bytes;
     };
-    while (i < Size && isEnd == 0) {
-        const uint64_t bytes = take();
+    for (; i < Size && isEnd == 0; i += sizeof(uint64_t)) {
+        const uint64_t bytes = eightFrom(i);
         const uint64_t isText = ((bytes & Low) + Low) | bytes;              // not 0
         const uint64_t isPrinted = ((bytes & Low) + 0x60 * Ones) | bytes;   // from 0x20 on
         const uint64_t isNotDelete = (((bytes ^ Low) & Low) + Low) | bytes; // not 0x7F
@@ -39,8 +38,8 @@ template <size_t Size> bool isCleanText(const char (&text)[Size]) {
         wrong |= isText & (~isPrinted | ~isNotDelete | isEnd << 8);
     }
     uint64_t rest = 0;
-    while (i < Size)
-        rest |= take();
+    for (; i < Size; i += sizeof(uint64_t))
+        rest |= eightFrom(i);
     return (wrong & ~Low) == 0 && rest == 0;
 }
 

@@ -16,6 +16,7 @@ std::vector<float> valuesOf(std::string_view text) {
     std::vector<zel::String> parts;
     zel::String(text).split(":", parts);
     std::vector<float> values;
+    values.reserve(parts.size());
     for (const zel::String& part : parts)
         values.push_back(missionFloat(part.view()));
     return values;

@@ -100,7 +100,7 @@ void MenuGameWarOver::showRow(int32_t number, const BoardRow& row, int32_t lower
 
 zel::String MenuGameWarOver::fitting(const zel::String& element, const BoardRow& row) const {
     const zel::Widget* widget = getWidget(element);
-    const zel::String whole = boardName(row, row.name);
+    zel::String whole = boardName(row, row.name);
     if (widget == nullptr ||
         zel::Text::widthOf(widget->getFont(), whole) <= widget->getBounds().rect.width)
         return whole;

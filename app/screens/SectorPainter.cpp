@@ -112,11 +112,18 @@ void SectorPainter::paintSea() {
 
 void SectorPainter::paintSquares() {
     const float step = Square / metresAPixel;
-    const Point middle{Width / 2.0F, Height / 2.0F};
-    for (float x = std::fmod(middle.x, step); x < Width; x += step)
+    const Point first{std::fmod(Width / 2.0F, step), std::fmod(Height / 2.0F, step)};
+    const auto count = [&](float from, float size) {
+        return static_cast<int32_t>(std::ceil((size - from) / step));
+    };
+    for (int32_t i = 0; i < count(first.x, Width); ++i) {
+        const float x = first.x + static_cast<float>(i) * step;
         sheet.line({x, 0}, {x, Height}, 0.6F, SquareInk);
-    for (float y = std::fmod(middle.y, step); y < Height; y += step)
+    }
+    for (int32_t i = 0; i < count(first.y, Height); ++i) {
+        const float y = first.y + static_cast<float>(i) * step;
         sheet.line({0, y}, {Width, y}, 0.6F, SquareInk);
+    }
 }
 
 /// Those next to the middle first: of two whose names meet the first is shown.

@@ -72,9 +72,9 @@ NameCheck checkPilotName(const Database& career, const zel::String& name) {
 }
 
 zel::String drawAnotherName(const Database& career, zel::Random& random) {
-    const zel::String drawn(zel::arrayText(career.player().name));
+    zel::String drawn(zel::arrayText(career.player().name));
     for (int32_t i = 0; i < TriesForName; ++i) {
-        const zel::String name = drawPilotName(career, career.player().nation, random);
+        zel::String name = drawPilotName(career, career.player().nation, random);
         if (name != drawn && checkPilotName(career, name).fault == NameFault::None)
             return name;
     }

@@ -64,7 +64,7 @@ void WarTally::closePeriod(const Database& career) {
     const int32_t day = career.calendar().dayNumber();
     const int32_t count = day - closed;
     if (closed != 0 && count > 0) {
-        days.resize(static_cast<size_t>(day - firstDay() + 1));
+        days.resize(static_cast<size_t>(day) - static_cast<size_t>(firstDay()) + 1);
         for (auto at = days.end() - count; at != days.end(); ++at) {
             at->add(period, 1.0 / count);
             at->strength = strengthOf(career);

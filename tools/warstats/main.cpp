@@ -66,6 +66,7 @@ int run(const Call& call) {
     initPlaneNames();
     constexpr int32_t Services[] = {ServiceFrench, ServiceEnglish, ServiceGerman};
     std::vector<warstats::WarFigures> wars;
+    wars.reserve(static_cast<size_t>(call.wars));
     for (int32_t i = 0; i < call.wars; ++i)
         wars.push_back(
             warstats::fightWar(call.seed + static_cast<uint32_t>(i), Services[i % 3], real));
