@@ -164,13 +164,14 @@ TEST_F(CareerScreens, AnswerAnInvitation) {
 TEST_F(CareerScreens, TellWhomASuccessorFollows) {
     ASSERT_TRUE(driver.begin(English1915.way));
     const std::string fallen = Database::instance()->player().name;
-    EXPECT_EQ(driver.text("pilot"), "Second Lieutenant " + fallen);
+    EXPECT_EQ(driver.text("pilot"), "Flight Sub-Lieutenant " + fallen) << "of the Navy";
     ASSERT_TRUE(driver.takeOff());
     standin::FlightOptions flight;
     flight.killPlayer = true;
     ASSERT_TRUE(driver.fly(flight));
     ASSERT_TRUE(driver.comeBack());
-    EXPECT_EQ(driver.text("pilot"), fallen + " is dead. His place is taken by Second Lieutenant " +
+    EXPECT_EQ(driver.text("pilot"), fallen +
+                                        " is dead. His place is taken by Flight Sub-Lieutenant " +
                                         Database::instance()->player().name + ".");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
     EXPECT_NE(driver.text("pilot").find(fallen), std::string::npos) << "also when he comes back";
