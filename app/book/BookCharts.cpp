@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/book/ChartStyle.h"
 #include "app/book/LogBookText.h"
 #include "app/book/ServiceText.h"
 #include "app/book/Svg.h"
@@ -22,17 +23,9 @@ constexpr float TimeHeight = 190;
 constexpr float MapWidth = 312;
 constexpr int32_t MonthsWithNames = 14; // for more there is no room
 
-constexpr const char* Ink = "stroke=\"#2A1E12\"";
-constexpr const char* Grid = "stroke=\"#B9A67C\" stroke-width=\"0.8\"";
-constexpr const char* Small = "font-size=\"12\" fill=\"#5A452C\"";
-constexpr const char* Plain = "font-size=\"13\" fill=\"#2A1E12\"";
 constexpr const char* Bold = "font-size=\"13\" fill=\"#2A1E12\" font-weight=\"bold\"";
 constexpr const char* BlueText = "font-size=\"13\" fill=\"#23406B\"";
 constexpr const char* RedText = "font-size=\"13\" fill=\"#8E1F17\"";
-
-int32_t dayOf(int32_t date) { return Calendar::ofNumber(date).dayNumber(); }
-
-zel::String monthAndYear(int32_t month) { return shortMonth(month % 100) + " " + month / 100; }
 
 /// Lines of the scale go up to that.
 int32_t topOf(const std::vector<MonthScore>& months) {
@@ -58,7 +51,7 @@ void drawBars(Svg& svg, const MonthScore& month, float x, float width, float uni
         return;
     svg.rect(x + bar + 2, ground - best * unit, bar, best * unit,
              "fill=\"#EADFC0\" stroke=\"#5A452C\"");
-    svg.text(x + bar * 1.5F + 2, ground - best * unit - 5, month.best, Anchor::Middle, Small);
+    svg.text(x + bar * 1.5F + 2, ground - best * unit - 5, month.best, Anchor::Middle, ChartSmall);
 }
 
 } // namespace
@@ -86,13 +79,13 @@ std::string monthChart(const std::vector<MonthScore>& months) {
     const int32_t every = top <= 10 ? 2 : 5;
     for (int32_t value = 0; value <= top; value += every) {
         const float y = Ground - static_cast<float>(value) * unit;
-        svg.line(Left, y, wide - 8, y, Grid);
-        svg.text(Left - 8, y + 4, value, Anchor::End, Small);
+        svg.line(Left, y, wide - 8, y, ChartGrid);
+        svg.text(Left - 8, y + 4, value, Anchor::End, ChartSmall);
     }
     const auto count = static_cast<float>(months.size());
     const float step = (wide - Left - 10) / count;
     const float width = std::min(step - 4, 90.0F);
-    zel::String described;
+    std::vector<zel::String> sentences;
     for (size_t i = 0; i < months.size(); ++i) {
         const MonthScore& month = months[i];
         const float x = Left + step * static_cast<float>(i) + (step - width) / 2;
@@ -101,20 +94,19 @@ std::string monthChart(const std::vector<MonthScore>& months) {
         if (isFew || month.month % 100 % 3 == 1)
             svg.text(x + width / 2, Ground + 17,
                      isFew ? shortMonth(month.month % 100) : monthAndYear(month.month),
-                     Anchor::Middle, Plain);
+                     Anchor::Middle, ChartPlain);
         // In two rows, since most names are wider than a month.
         if (isFew && !month.bestMan.empty())
             svg.text(x + width / 2, Ground + 32 + static_cast<float>(i % 2) * 14,
-                     lastName(month.bestMan), Anchor::Middle, Small);
-        const zel::String one =
+                     lastName(month.bestMan), Anchor::Middle, ChartSmall);
+        sentences.push_back(
             month.bestMan.empty()
                 ? textOf(wording::MonthAlone, {monthAndYear(month.month), month.own})
                 : textOf(wording::MonthOfChart,
-                         {monthAndYear(month.month), month.own, month.bestMan, month.best});
-        described += (described.empty() ? "" : " ") + one;
+                         {monthAndYear(month.month), month.own, month.bestMan, month.best}));
     }
-    svg.line(Left, Ground, wide - 8, Ground, Ink);
-    return svg.element(textOf(wording::MonthChart), described);
+    svg.line(Left, Ground, wide - 8, Ground, ChartInk);
+    return svg.element(textOf(wording::MonthChart), joined(sentences, " "));
 }
 
 namespace {
@@ -129,9 +121,9 @@ constexpr float LetterWidth = 7; // of a flag's text, about
 class TimeScale {
 public:
     TimeScale(int32_t first, int32_t last)
-        : first(dayOf(first)), days(static_cast<float>(dayOf(last) - dayOf(first))) {}
+        : first(dayOfDate(first)), days(static_cast<float>(dayOfDate(last) - dayOfDate(first))) {}
     float at(int32_t date) const {
-        const float part = static_cast<float>(dayOf(date) - first) / std::max(days, 1.0F);
+        const float part = static_cast<float>(dayOfDate(date) - first) / std::max(days, 1.0F);
         return TimeLeft + (ChartWidth - 2 * TimeLeft) * part;
     }
 
@@ -183,8 +175,8 @@ std::string timelineOf(const LogBook& book, const Honours& honours) {
         if (isLong && month % 100 % 3 != 1)
             continue;
         const float x = scale.at(month * 100 + 1);
-        svg.line(x, TimeAxis - 8, x, TimeAxis + 44, Grid);
-        svg.text(x + 5, TimeAxis + 42, monthAndYear(month), Anchor::Start, Small);
+        svg.line(x, TimeAxis - 8, x, TimeAxis + 44, ChartGrid);
+        svg.text(x + 5, TimeAxis + 42, monthAndYear(month), Anchor::Start, ChartSmall);
     }
     for (const BookFlight& flight : book.flights)
         drawFlight(svg, flight, scale.at(flight.date));
@@ -302,7 +294,8 @@ private:
         const float top = height + 12;
         svg.rect(4, top, 5 * square, 5, "fill=\"#2A1E12\"");
         svg.text(10 + 5 * square, top + 6,
-                 textOf(wording::Kilometres, {5 * sketch.frame.kilometres}), Anchor::Start, Small);
+                 textOf(wording::Kilometres, {5 * sketch.frame.kilometres}), Anchor::Start,
+                 ChartSmall);
         svg.path(MapWidth - 10, height + 4, "l-4 15 l4 -4 l4 4 Z", "fill=\"#2A1E12\"");
         svg.text(MapWidth - 26, height + 17, textOf(wording::NorthMark), Anchor::Middle, Bold);
     }

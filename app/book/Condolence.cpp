@@ -131,11 +131,7 @@ zel::String letterText(SqliteFile& record, const Database& career, const PilotRe
     sentences.push_back(flightsSentence(pilot));
     sentences.push_back(awardsSentence(pilot));
     sentences.push_back(textOf(wording::LetterEnds[service]));
-    zel::String text;
-    for (const zel::String& one : sentences)
-        if (!one.empty())
-            text += (text.empty() ? "" : " ") + one;
-    return text;
+    return joined(sentences, " ");
 }
 
 } // namespace

@@ -60,13 +60,20 @@ std::vector<StandingRow> aceRows(const Database& career, size_t most) {
     return rows;
 }
 
-StandingRow ownStanding(const Database& career) {
-    StandingRow own = rowOf(career, career.playerPilot, 0);
-    if (own.victories == 0)
-        return own;
-    const std::vector<int32_t> all = bestPilots(career.pilots, career.pilots.size());
-    own.place = int32_t(std::find(all.begin(), all.end(), own.pilot) - all.begin()) + 1;
-    return own;
+StandingRow standingOf(const Database& career, int32_t index) {
+    const Pilot& own = career.pilot(index);
+    if (own.shotdowns == 0)
+        return rowOf(career, index, 0);
+    size_t better = 0;
+    for (int32_t i = 0; i < career.pilotCount(); ++i) {
+        const Pilot& other = career.pilots[size_t(i)];
+        // In the order of bestPilots(), without sorting all pilots.
+        const bool isBetter = other.shotdowns != own.shotdowns ? other.shotdowns > own.shotdowns
+                              : other.missions != own.missions ? other.missions > own.missions
+                                                               : i < index;
+        better += isBetter ? 1 : 0;
+    }
+    return rowOf(career, index, better + 1);
 }
 
 zel::String markedName(const StandingRow& row) { return marked(row, row.name); }
@@ -80,6 +87,8 @@ zel::String realScoreText(const StandingRow& row, int32_t today) {
     return score >= 0 ? zel::String(score) : textOf(wording::UnknownScore);
 }
 
+zel::String placeNumber(const StandingRow& row) { return zel::String(row.place) + "."; }
+
 zel::String placeText(const StandingRow& own) {
     return own.place > 0 ? textOf(wording::YourPlace, {own.place}) : textOf(wording::NoVictoryYet);
 }
@@ -88,7 +97,7 @@ zel::String rollLine(const StandingRow& row) {
     zel::String name = markedName(row);
     if (size_t(name.length()) > NameLetters)
         name = shortMarkedName(row);
-    return atRight(zel::String(row.place) + ".", PlaceLetters) + " " + column(name, NameLetters) +
+    return atRight(placeNumber(row), PlaceLetters) + " " + column(name, NameLetters) +
            atRight(zel::String(row.victories), VictoryColumn) +
            atRight(zel::String(row.missions), MissionLetters);
 }

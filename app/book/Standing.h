@@ -7,14 +7,14 @@
 
 class Database;
 
-/// A pilot's row in the squadron's roll or in the table of aces.
+/// A pilot's row in the squadron's roll, in the table of aces or on the board at the end of the war.
 struct StandingRow {
     int32_t pilot = -1; // index of the career
     int32_t place = 0;  // in the list, 1 is the first; 0 for none
     zel::String name;
     int32_t victories = 0;
     int32_t missions = 0;
-    bool isOwn = false; // the player
+    bool isOwn = false; // the player, or the last one of his who fell
     bool isAlive = true;
     const RealAce* real = nullptr; // who he was, if he is a pilot of history
 };
@@ -23,8 +23,9 @@ struct StandingRow {
 std::vector<StandingRow> rosterRows(const Database& career);
 /// The best of the war, living and dead, as far as they have five victories; at most so many.
 std::vector<StandingRow> aceRows(const Database& career, size_t most);
-/// The player among all pilots of the war. Without a victory he has no place.
-StandingRow ownStanding(const Database& career);
+/// A pilot among all those of the war; without a victory he has no place.
+/// REQUIRES: career.isPilot(index)
+StandingRow standingOf(const Database& career, int32_t index);
 
 // The rows as text, in the language in use. The examples are the English ones.
 
@@ -34,6 +35,8 @@ zel::String shortMarkedName(const StandingRow& row);
 /// What he had brought down in the real war up to that day: "44", "?" where that isn't known;
 /// empty for a pilot of no history.
 zel::String realScoreText(const StandingRow& row, int32_t today);
+/// "9.".
+zel::String placeNumber(const StandingRow& row);
 /// "Your place: 14"; that he has no victory yet, if he has no place.
 zel::String placeText(const StandingRow& own);
 /// Place, name, victories and missions in columns of the typewriter face, RollLetters wide. A name

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "app/book/ChartStyle.h"
 #include "app/book/LogBookText.h"
 #include "app/book/Svg.h"
 #include "app/book/WebWording.h"
@@ -21,10 +22,6 @@ constexpr float LongestName = 110;
 constexpr size_t MostMen = 5;
 constexpr int32_t ScaleSteps = 6; // of the scale, about
 
-constexpr const char* ScaleLine = "stroke=\"#B9A67C\" stroke-width=\"0.8\"";
-constexpr const char* AxisLine = "stroke=\"#2A1E12\"";
-constexpr const char* ScaleText = "font-size=\"12\" fill=\"#5A452C\"";
-constexpr const char* MonthText = "font-size=\"13\" fill=\"#2A1E12\"";
 constexpr const char* OwnText = "font-size=\"13\" fill=\"#2B4B2E\" font-weight=\"bold\"";
 constexpr const char* OwnLine = "stroke=\"#2B4B2E\" stroke-width=\"3\"";
 // Told apart without colour.
@@ -35,8 +32,6 @@ constexpr const char* MenLines[MostMen] = {
     "stroke=\"#5A452C\" stroke-width=\"1.5\"",
     "stroke=\"#5A452C\" stroke-width=\"1.5\" stroke-dasharray=\"1 5\"",
 };
-
-int32_t dayNumberOf(int32_t date) { return Calendar::ofNumber(date).dayNumber(); }
 
 class TotalDrawing {
 public:
@@ -49,9 +44,9 @@ public:
         for (size_t i = 0; i < std::min(men.best.size(), MostMen); ++i)
             drawMan(men.best[i], MenLines[i]);
         drawOwn();
-        svg.line(TotalLeft, TotalGround, width - TotalRight, TotalGround, AxisLine);
+        svg.line(TotalLeft, TotalGround, width - TotalRight, TotalGround, ChartInk);
         drawNames();
-        return svg.element(textOf(wording::TotalChart), described);
+        return svg.element(textOf(wording::TotalChart), joined(sentences, " "));
     }
 
 private:
@@ -62,8 +57,8 @@ private:
     };
 
     float x(int32_t date) const {
-        const auto days = static_cast<float>(dayNumberOf(men.end) - dayNumberOf(men.since));
-        const auto passed = static_cast<float>(dayNumberOf(date) - dayNumberOf(men.since));
+        const auto days = static_cast<float>(dayOfDate(men.end) - dayOfDate(men.since));
+        const auto passed = static_cast<float>(dayOfDate(date) - dayOfDate(men.since));
         return TotalLeft + (width - TotalLeft - TotalRight) * passed / std::max(days, 1.0F);
     }
     float y(int32_t victories) const {
@@ -84,19 +79,20 @@ private:
             if (every * ScaleSteps < top)
                 every = step;
         for (int32_t value = 0; value <= top; value += every) {
-            svg.line(TotalLeft, y(value), width - TotalRight, y(value), ScaleLine);
-            svg.text(TotalLeft - 8, y(value) + 4, value, Svg::Anchor::End, ScaleText);
+            svg.line(TotalLeft, y(value), width - TotalRight, y(value), ChartGrid);
+            svg.text(TotalLeft - 8, y(value) + 4, value, Svg::Anchor::End, ChartSmall);
         }
-        for (int32_t month = men.since / 100; month < men.end / 100; month = nextMonth(month)) {
+        for (int32_t month = monthOf(men.since); month < monthOf(men.end);
+             month = nextMonth(month)) {
             const float begin = x(month * 100 + 1);
-            svg.line(begin, TotalGround, begin, TotalGround + 5, AxisLine);
+            svg.line(begin, TotalGround, begin, TotalGround + 5, ChartInk);
             const bool isJanuary = month % 100 == 1;
             if (!hasManyMonths(men.since, men.end))
                 svg.text((begin + x(nextMonth(month) * 100 + 1)) / 2, TotalGround + 17,
-                         shortMonth(month % 100), Svg::Anchor::Middle, MonthText);
-            else if (isJanuary || month == men.since / 100)
-                svg.text(begin, TotalGround + 19, shortMonth(month % 100) + " " + month / 100,
-                         Svg::Anchor::Start, MonthText);
+                         shortMonth(month % 100), Svg::Anchor::Middle, ChartPlain);
+            else if (isJanuary || month == monthOf(men.since))
+                svg.text(begin, TotalGround + 19, monthAndYear(month), Svg::Anchor::Start,
+                         ChartPlain);
         }
     }
 
@@ -130,8 +126,8 @@ private:
             names.push_back({y(won), lastName(man.ace->name) + " " + won, false});
         else
             svg.text(x(end) + 4, y(won) - 4, lastName(man.ace->name) + " " + won,
-                     Svg::Anchor::Start, ScaleText);
-        described += textOf(wording::TotalOfChart, {man.ace->name, won}) + " ";
+                     Svg::Anchor::Start, ChartSmall);
+        sentences.push_back(textOf(wording::TotalOfChart, {man.ace->name, won}));
     }
 
     /// Each pilot of the book begins from what he had before his first flight.
@@ -147,7 +143,7 @@ private:
             const BookFlight& first = book.flights[i];
             const BookFlight& last = book.flights[next - 1];
             drawSteps(first.date, last.date, first.total - first.victories, days, OwnLine);
-            described += textOf(wording::TotalOfChart, {last.pilotName, last.total}) + " ";
+            sentences.push_back(textOf(wording::TotalOfChart, {last.pilotName, last.total}));
             const zel::String words = lastName(last.pilotName) + " " + last.total;
             // A predecessor's where it is clear of the one before.
             if (next == book.flights.size()) {
@@ -171,7 +167,7 @@ private:
             const float place = std::clamp(names[i].y + 4, least, TotalGround - below);
             least = place + NameHeight;
             svg.text(width - TotalRight + 6, place, names[i].text, Svg::Anchor::Start,
-                     names[i].isOwn ? OwnText : ScaleText);
+                     names[i].isOwn ? OwnText : ChartSmall);
         }
     }
 
@@ -181,7 +177,7 @@ private:
     Svg svg;
     int32_t top = 4;
     std::vector<Name> names;
-    zel::String described;
+    std::vector<zel::String> sentences; // what the drawing shows, in words
 };
 
 } // namespace

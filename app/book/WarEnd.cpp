@@ -13,20 +13,6 @@
 
 namespace {
 
-/// As in bestPilots().
-int32_t placeOf(const Database& career, int32_t index) {
-    const Pilot& own = career.pilot(index);
-    int32_t better = 0;
-    for (int32_t i = 0; i < career.pilotCount(); ++i) {
-        const Pilot& other = career.pilots[size_t(i)];
-        const bool isBetter = other.shotdowns != own.shotdowns ? other.shotdowns > own.shotdowns
-                              : other.missions != own.missions ? other.missions > own.missions
-                                                               : i < index;
-        better += isBetter ? 1 : 0;
-    }
-    return better + 1;
-}
-
 /// Reads it part by part.
 class EndReader {
 public:
@@ -38,10 +24,9 @@ public:
         if (const int32_t fallen = lastFallen(record, career); fallen >= 0)
             own = fallen;
         end.pilot = readPilot(record, career, own);
-        end.place = placeOf(career, own);
+        fillBoard(own);
         readPredecessors(own);
         readComrades();
-        fillBoard(own);
         const auto& aces = BookTables::instance().aces;
         const auto best =
             std::max_element(aces.begin(), aces.end(), [](const RealAce& a, const RealAce& b) {
@@ -83,35 +68,18 @@ private:
     }
 
     void fillBoard(int32_t own) {
-        int32_t place = 0;
-        for (const int32_t index : bestPilots(career.pilots, BoardRows)) {
-            ++place;
-            if (career.pilot(index).shotdowns >= AceShotdowns)
-                end.board.push_back(rowOf(index, place, own));
-        }
-        const bool isOnBoard = std::any_of(end.board.begin(), end.board.end(),
-                                           [](const BoardRow& row) { return row.isPlayer; });
-        if (isOnBoard || career.pilot(own).shotdowns == 0)
+        StandingRow standing = standingOf(career, own);
+        standing.isOwn = true;
+        end.place = standing.place;
+        end.board = aceRows(career, BoardRows);
+        for (StandingRow& row : end.board)
+            row.isOwn = row.pilot == own;
+        if (standing.place == 0 || standing.place <= int32_t(end.board.size()))
             return;
         if (end.board.size() == BoardRows)
             end.board.pop_back();
-        end.hasGap = end.place != int32_t(end.board.size()) + 1;
-        end.board.push_back(rowOf(own, end.place, own));
-    }
-
-    BoardRow rowOf(int32_t index, int32_t place, int32_t own) const {
-        const Pilot& pilot = career.pilot(index);
-        BoardRow row;
-        row.pilot = index;
-        row.place = place;
-        row.name = zel::arrayText(pilot.name);
-        row.isAlive = pilot.alive != 0;
-        row.isPlayer = index == own;
-        row.victories = pilot.shotdowns;
-        const RealAce* real = pilot.historic != 0 ? BookTables::instance().ace(row.name) : nullptr;
-        if (real != nullptr)
-            row.realVictories = real->victories;
-        return row;
+        end.hasGap = standing.place != int32_t(end.board.size()) + 1;
+        end.board.push_back(standing);
     }
 
     SqliteFile& record;
@@ -164,35 +132,30 @@ zel::String careerLines(const WarEnd& end) {
     const PilotRecord& pilot = end.pilot;
     const int32_t flights = std::max(pilot.missions, int32_t(pilot.flights.size()));
     const zel::String since = dayInBook(pilot.since);
-    zel::String lines;
-    for (const zel::String& line :
-         {textOf(wording::FlightsAndVictories, {countText(wording::BookFlights, flights),
-                                                countText(wording::Victories, pilot.victoryCount)}),
-          pilot.isAlive ? textOf(wording::FlewToTheEnd, {since})
-                        : textOf(wording::FlewUntil, {since, dayInBook(pilot.until)}),
-          placeText(end), predecessorsText(end)})
-        if (!line.empty())
-            lines += (lines.empty() ? "" : "\n") + line;
-    return lines;
+    return joined(
+        {textOf(wording::FlightsAndVictories, {countText(wording::BookFlights, flights),
+                                               countText(wording::Victories, pilot.victoryCount)}),
+         pilot.isAlive ? textOf(wording::FlewToTheEnd, {since})
+                       : textOf(wording::FlewUntil, {since, dayInBook(pilot.until)}),
+         placeText(end), predecessorsText(end)},
+        "\n");
 }
 
-zel::String boardName(const BoardRow& row, const zel::String& name) {
-    return textOf(wording::OnBoard[(row.isPlayer ? 2 : 0) + (row.isAlive ? 0 : 1)], {name});
+zel::String realTotalText(const StandingRow& row) {
+    return row.real == nullptr ? zel::String() : zel::String(row.real->victories);
 }
-
-zel::String boardPlace(const BoardRow& row) { return textOf(wording::BoardPlace, {row.place}); }
 
 std::vector<zel::String> warEndLines(const WarEnd& end) {
     std::vector<zel::String> lines = {textOf(wording::Hostilities), comradesText(end),
                                       realFirstText(end),
                                       titleOf(end.pilot.honours, end.pilot.name), careerLines(end)};
-    for (const BoardRow& row : end.board) {
-        const zel::String place = boardPlace(row);
-        const zel::String name = boardName(row, row.name);
+    for (const StandingRow& row : end.board) {
+        const zel::String place = placeNumber(row);
+        const zel::String name = markedName(row);
         lines.push_back(
-            row.realVictories < 0
+            row.real == nullptr
                 ? textOf(wording::BoardLine, {place, name, row.victories})
-                : textOf(wording::BoardLineReal, {place, name, row.victories, row.realVictories}));
+                : textOf(wording::BoardLineReal, {place, name, row.victories, realTotalText(row)}));
     }
     return lines;
 }

@@ -3,23 +3,13 @@
 #include <vector>
 
 #include "app/book/PilotRecord.h"
-
-/// A row of the board of aces at the end of the war.
-struct BoardRow {
-    int32_t pilot = -1; // index of the career
-    int32_t place = 0;  // from 1, among all pilots
-    zel::String name;
-    bool isAlive = false;
-    bool isPlayer = false;
-    int32_t victories = 0;
-    int32_t realVictories = -1; // in the whole real war; -1 for one of no history
-};
+#include "app/book/Standing.h"
 
 /// What remains of a career at the end of the war.
 struct WarEnd {
     PilotRecord pilot;           // the player's; the fallen one if nobody has flown since
     int32_t place = 0;           // his among all pilots, from 1
-    std::vector<BoardRow> board; // eleven rows at most
+    std::vector<StandingRow> board; // eleven rows at most
     bool hasGap = false;         // the last row is his, and not the next place
     int32_t comrades = 0;        // of his squadron, with whom the player flew
     int32_t survivors = 0;       // of them
@@ -41,9 +31,7 @@ zel::String comradesText(const WarEnd& end);
 zel::String realFirstText(const WarEnd& end);
 /// Flights, dates, place and predecessors, a line each.
 zel::String careerLines(const WarEnd& end);
-/// The name with what is said of him: "Manfred von Richthofen RIP".
-zel::String boardName(const BoardRow& row, const zel::String& name);
-/// "9.".
-zel::String boardPlace(const BoardRow& row);
+/// His victories in the whole real war; empty for a pilot of no history.
+zel::String realTotalText(const StandingRow& row);
 /// All of it as lines.
 std::vector<zel::String> warEndLines(const WarEnd& end);

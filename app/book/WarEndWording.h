@@ -21,13 +21,6 @@ inline constexpr Wording PlaceOfAce      {4070, "Place $1 among the aces of the 
 inline constexpr Wording PlaceOfPilot    {4071, "Place $1 among the pilots of the war"};
 inline constexpr Wording BeforeHim       {4072, "Before him: $1, who fell with $2"}; // name, victories
 inline constexpr Wording SeveralBeforeHim{4073, "Before him $1 fell, the last of them $2"}; // number, name
-inline constexpr Wording BoardPlace      {4074, "$1."};
-inline constexpr Wording OnBoard[] = { // the living, the dead, the player, the player if he is dead; name
-    {4075, "$1"},
-    {4076, "$1 RIP"},
-    {4077, "$1 (you!)"},
-    {4078, "$1 (you!) RIP"},
-};
 inline constexpr Wording BoardLine       {4079, "$1 $2: $3"}; // place, name, victories
 inline constexpr Wording BoardLineReal   {4080, "$1 $2: $3, in the real war $4"};
 

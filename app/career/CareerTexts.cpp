@@ -80,6 +80,14 @@ zel::String shortMonth(int32_t month) {
     return month >= 1 && month <= 12 ? textOf(wording::ShortMonths[month - 1]) : zel::String();
 }
 
+zel::String joined(const std::vector<zel::String>& parts, const char* between) {
+    zel::String whole;
+    for (const zel::String& part : parts)
+        if (!part.empty())
+            whole += (whole.empty() ? "" : between) + part;
+    return whole;
+}
+
 bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }
 
 zel::String missionButtonText(const Database& career) {

@@ -31,6 +31,9 @@ zel::String shortDate(const Calendar& date);
 /// "Sept"; empty for a month outside 1 to 12.
 zel::String shortMonth(int32_t month);
 
+/// The parts that are not empty, with `between` between them.
+zel::String joined(const std::vector<zel::String>& parts, const char* between);
+
 bool isWarOver(const Database& career);
 /// "Next Mission" or "The War is over!".
 zel::String missionButtonText(const Database& career);

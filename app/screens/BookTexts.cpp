@@ -45,14 +45,6 @@ zel::String column(const zel::String& text, int32_t letters) {
     return text + zel::String(std::string(size_t(std::max(1, letters - text.length())), ' '));
 }
 
-zel::String lines(std::initializer_list<zel::String> texts) {
-    zel::String all;
-    for (const zel::String& text : texts)
-        if (!text.empty())
-            all += (all.empty() ? "" : "\n") + text;
-    return all;
-}
-
 } // namespace
 
 zel::String bookName(const ShelvedCareer& book) {
@@ -78,15 +70,17 @@ zel::String unreadableText(const ShelvedCareer& book) {
     const zel::String& file = book.summary.file;
     const zel::String shown =
         zel::String(nameOfFolder(book.folder)) + "/" + zel::String(nameOfFolder(file));
-    return lines(
+    return joined(
         {textOf(book.summary.isOtherVersion ? wording::OtherVersionBook : wording::CantBeRead),
-         zel::system::shownText(shown)});
+         zel::system::shownText(shown)},
+        "\n");
 }
 
 zel::String serviceLines(const SaveSummary& summary) {
-    return lines(
+    return joined(
         {serviceName(summary.nation), summary.squadron,
-         summary.base.empty() ? zel::String() : textOf(wording::NearBase, {summary.base})});
+         summary.base.empty() ? zel::String() : textOf(wording::NearBase, {summary.base})},
+        "\n");
 }
 
 zel::String figuresText(const SaveSummary& summary) {
@@ -95,16 +89,16 @@ zel::String figuresText(const SaveSummary& summary) {
 }
 
 zel::String warLines(const SaveSummary& summary) {
-    return lines({bookDate(summary.date), figuresText(summary)});
+    return joined({bookDate(summary.date), figuresText(summary)}, "\n");
 }
 
 zel::String railLines(const ShelvedCareer& book) {
-    return book.summary.isReadable ? lines({spineText(book), bookDate(book.summary.date)})
+    return book.summary.isReadable ? joined({spineText(book), bookDate(book.summary.date)}, "\n")
                                    : bookName(book);
 }
 
 zel::String pageLines(const SaveSummary& summary) {
-    return lines({summary.squadron, warLines(summary)});
+    return joined({summary.squadron, warLines(summary)}, "\n");
 }
 
 zel::String lastFlownText(const zel::WallTime& written) {

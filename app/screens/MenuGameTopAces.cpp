@@ -48,14 +48,14 @@ void MenuGameTopAces::showAce(const Database& career, size_t index) {
     const bool isTooLong =
         row != nullptr && zel::Text::widthOf(row->getFont(), name.view()) > NameWidth;
     setText(rows.name("row", index), isTooLong ? shortMarkedName(ace) : name);
-    setText(rows.name("place", index), zel::String(ace.place) + ".");
+    setText(rows.name("place", index), placeNumber(ace));
     setText(rows.name("victories", index), ace.victories);
     setText(rows.name("missions", index), ace.missions);
     setText(rows.name("real", index), realScoreText(ace, career.calendar().dateNumber()));
 }
 
 void MenuGameTopAces::showOwn(const Database& career) {
-    const StandingRow own = ownStanding(career);
+    const StandingRow own = standingOf(career, career.playerPilot);
     setText(OwnRow, placeText(own));
     setText("pilot.ownVictories", own.victories);
     setText("pilot.ownMissions", own.missions);

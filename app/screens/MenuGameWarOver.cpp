@@ -75,10 +75,9 @@ void MenuGameWarOver::showBoard(const WarEnd& end) {
     }
 }
 
-void MenuGameWarOver::showRow(int32_t number, const BoardRow& row, int32_t lower) {
-    const zel::String texts[] = {
-        boardPlace(row), fitting(zel::String("pilot") + number, row), zel::String(row.victories),
-        row.realVictories < 0 ? zel::String() : zel::String(row.realVictories)};
+void MenuGameWarOver::showRow(int32_t number, const StandingRow& row, int32_t lower) {
+    const zel::String texts[] = {placeNumber(row), fitting(zel::String("pilot") + number, row),
+                                 zel::String(row.victories), realTotalText(row)};
     for (size_t i = 0; i < std::size(Columns); ++i) {
         zel::Widget* widget = getWidget(zel::String(Columns[i]) + number);
         if (widget == nullptr)
@@ -86,25 +85,23 @@ void MenuGameWarOver::showRow(int32_t number, const BoardRow& row, int32_t lower
         widget->setActive(false); // it is no button
         widget->setText(texts[i]);
         for (int32_t look = 0; look < zel::LookCount; ++look)
-            widget->setTextColor(static_cast<zel::WidgetLook>(look),
-                                 row.isPlayer ? BrightGold : Gold);
+            widget->setTextColor(static_cast<zel::WidgetLook>(look), row.isOwn ? BrightGold : Gold);
         widget->getBounds().rect.y += lower;
     }
     zel::Widget* rules = getWidget("ownRow");
     const zel::Widget* place = getWidget(zel::String("place") + number);
-    if (!row.isPlayer || rules == nullptr || place == nullptr)
+    if (!row.isOwn || rules == nullptr || place == nullptr)
         return;
     rules->getBounds().rect.y = place->getBounds().rect.y - RuleAbove;
     rules->setVisible(true);
 }
 
-zel::String MenuGameWarOver::fitting(const zel::String& element, const BoardRow& row) const {
+zel::String MenuGameWarOver::fitting(const zel::String& element, const StandingRow& row) const {
     const zel::Widget* widget = getWidget(element);
-    zel::String whole = boardName(row, row.name);
-    if (widget == nullptr ||
-        zel::Text::widthOf(widget->getFont(), whole) <= widget->getBounds().rect.width)
-        return whole;
-    return boardName(row, row.name.left(1) + ". " + lastName(row.name));
+    zel::String whole = markedName(row);
+    const bool fits = widget == nullptr || zel::Text::widthOf(widget->getFont(), whole) <=
+                                               widget->getBounds().rect.width;
+    return fits ? whole : shortMarkedName(row);
 }
 
 void MenuGameWarOver::onEvent(zel::Widget* widget, int32_t /*eventType*/) {

@@ -21,9 +21,9 @@ private:
     void showSheet(const WarEnd& end);
     void showRibbons(const Honours& honours);
     void showBoard(const WarEnd& end);
-    void showRow(int32_t number, const BoardRow& row, int32_t lower);
-    /// The name with the first one shortened if it doesn't fit.
-    zel::String fitting(const zel::String& element, const BoardRow& row) const;
+    void showRow(int32_t number, const StandingRow& row, int32_t lower);
+    /// The name, the first one as its letter where the whole doesn't fit.
+    zel::String fitting(const zel::String& element, const StandingRow& row) const;
 
     CareerRecord& record;
 };

@@ -1,5 +1,6 @@
 #include "app/screens/MenuNotificationRepair.h"
 
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/File.h"
@@ -12,8 +13,8 @@ namespace {
 /// A line for each kind of repair.
 zel::String repairLines(const Database& career) {
     const CareerRepairs& repairs = career.repairs;
-    zel::String lines;
-    const auto add = [&](const zel::String& line) { lines += (lines.empty() ? "" : "\n") + line; };
+    std::vector<zel::String> lines;
+    const auto add = [&](const zel::String& line) { lines.push_back(line); };
     if (repairs.recovered)
         add(textOf(career.saveCheck.source == SaveSource::Draft ? wording::DraftTaken
                                                                 : wording::BackupTaken));
@@ -32,7 +33,7 @@ zel::String repairLines(const Database& career) {
     }
     if (repairs.playerMoved)
         add(textOf(wording::PlayerMoved, {zel::arrayText(career.player().name)}));
-    return lines;
+    return joined(lines, "\n");
 }
 
 zel::String savePath(const char* ending) { return zel::getUserDirectory() + SaveFileName + ending; }

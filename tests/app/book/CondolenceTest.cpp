@@ -104,9 +104,9 @@ TEST(WarEndTest, PutsThePlayerOnTheBoard) {
         const WarEnd end = readWarEnd(record.tables(), record.career);
         ASSERT_EQ(end.board.size(), rows) << victories;
         EXPECT_EQ(end.board.back().place, place) << victories;
-        EXPECT_EQ(end.board.back().isPlayer, isOwn) << victories;
+        EXPECT_EQ(end.board.back().isOwn, isOwn) << victories;
         EXPECT_EQ(end.hasGap, hasGap) << victories;
-        EXPECT_EQ(end.board.front().isPlayer, victories == 50);
+        EXPECT_EQ(end.board.front().isOwn, victories == 50);
         EXPECT_EQ(end.pilot.pilot, Fallen::Successor);
         EXPECT_EQ(end.fallen, std::vector<int32_t>{Fallen::Player});
         const std::string lines = careerLines(end).c_str();

@@ -44,9 +44,9 @@ TEST_F(StandingTest, RanksTheAcesAndThePlayer) {
     EXPECT_EQ(table, "1 W. von Hohenlohe RIP ;2 M. von Richthofen 52;3 L. Drei ;"
                      "4 E. Sommer (you!) ;");
     EXPECT_EQ(aceRows(career, 2).size(), 2U);
-    EXPECT_EQ(placeText(ownStanding(career)), "Your place: 4");
+    EXPECT_EQ(placeText(standingOf(career, career.playerPilot)), "Your place: 4");
     career.pilots[0].shotdowns = 0;
-    EXPECT_EQ(placeText(ownStanding(career)), "No victory yet");
+    EXPECT_EQ(placeText(standingOf(career, career.playerPilot)), "No victory yet");
 }
 
 TEST_F(StandingTest, SetsTheRollInColumns) {
