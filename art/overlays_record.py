@@ -145,7 +145,7 @@ def over_citation():
 
 
 def over_fallen():
-    """A letter in a black border, its envelope, and a card; the photograph lies over it."""
+    """A letter in a black border, its envelope, and a card. The photograph is drawn over it."""
     ov = empty(W, H)
     envelope = paper(420, 250, 81, base='#DDD2B8', rough=.5)
 

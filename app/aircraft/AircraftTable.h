@@ -7,8 +7,8 @@
 
 // Every fighter type that the program knows, one row each. Adding a type takes a row here; to be
 // flown in the career it also takes its shares in the months of app/career/Aircraft.cpp. Switches,
-// settings pages, checks of data files and the stand-in simulator derive from these rows, and
-// tests/tree/check-docs.py compares docs/data-files.md with them.
+// settings pages, the checks of data files and the stand-in simulator are built from these rows,
+// and tests/tree/check-docs.py compares docs/data-files.md with them.
 
 /// The two sides of the war.
 enum class WarSide : uint8_t { Allied, Central };

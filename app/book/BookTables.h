@@ -19,7 +19,7 @@ struct RankRow {
     int32_t level = 0; // comparable within the nation; 1 is the lowest
     zel::String name;  // "Second Lieutenant", the same in all languages
     zel::String shortName;
-    int32_t from = 0; // yyyymmdd; so until
+    int32_t from = 0; // yyyymmdd, as is until
     int32_t until = 0;
     bool isOfficer = false;
     bool isStart = false; // with which a pilot comes to his first squadron
@@ -40,7 +40,7 @@ struct AwardRow {
 
     std::string key; // "dso"; of the pictures too
     int32_t nation = 0;
-    int32_t from = 0; // yyyymmdd; so until
+    int32_t from = 0; // yyyymmdd, as is until
     int32_t until = 0;
     Branch branch = Branch::Any;
     Holders holders = All;

@@ -42,15 +42,19 @@ zel::String rosterName(const PilotRecord& player, size_t letters) {
     const RankRow* rank = player.honours.rank();
     const std::string_view whole = player.name;
     const std::string_view family = whole.substr(std::min(whole.find(' ') + 1, whole.size()));
-    zel::String title = rank != nullptr ? rank->shortName + " " : zel::String();
-    for (;; title = "") { // the rank goes before a letter of the name does
+    const auto nameBeside = [&](const zel::String& title) {
         const size_t others = textOf(wording::YouInTheRoster, {title}).view().size();
-        const size_t room = letters > others ? letters - others : 0;
-        const zel::String name = initialName(player.name, room);
-        const size_t start = name.view().size() - std::min(name.view().size(), family.size());
-        if (title.empty() || name.view().substr(start) == family)
-            return textOf(wording::YouInTheRoster, {title + name});
+        return initialName(player.name, letters > others ? letters - others : 0);
+    };
+    // The rank is left out where the family name would be cut.
+    zel::String title = rank != nullptr ? rank->shortName + " " : zel::String();
+    zel::String name = nameBeside(title);
+    const std::string_view shown = name.view();
+    if (shown.substr(shown.size() - std::min(shown.size(), family.size())) != family) {
+        title = "";
+        name = nameBeside(title);
     }
+    return textOf(wording::YouInTheRoster, {title + name});
 }
 
 zel::String fightText(const MapPoint& field, const MapPoint& fight) {

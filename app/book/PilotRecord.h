@@ -42,7 +42,7 @@ struct PilotRecord {
     bool isSinceKnown =
         true;             // false if a gap of the record comes before: he may have served longer
     int32_t until = 0;    // to-day, or the day of his death
-    int32_t missions = 0; // by the save; so the next one
+    int32_t missions = 0; // by the save, as is victoryCount
     int32_t victoryCount = 0;
     std::vector<PilotVictory> victories; // those in the record, which may be fewer
     std::vector<PilotPosting> postings;

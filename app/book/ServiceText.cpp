@@ -236,7 +236,7 @@ std::vector<zel::String> severalPilots(const Database& career, const std::vector
     if (pilots.empty())
         return {};
     std::vector<zel::String> lines = {textOf(wording::SeveralPilots)};
-    // One more takes no more room than to say so.
+    // One pilot over the limit takes the line that would count him.
     const size_t shown = pilots.size() <= MostListed + 1 ? pilots.size() : MostListed;
     for (size_t i = 0; i < shown; ++i) {
         const Pilot& pilot = career.pilot(pilots[i]);

@@ -179,7 +179,7 @@ private:
         burst->hasMark = true;
     }
 
-    /// Hits without a place are not of the sketch.
+    /// Leaves out hits without a place.
     void addBurst(const Burst& burst) {
         if (!burst.hasMark)
             return;

@@ -7,7 +7,8 @@
 
 class Database;
 
-/// A pilot's row in the squadron's roll, in the table of aces or on the board at the end of the war.
+/// A pilot's row in the squadron's roll, in the table of aces or on the board at the end of the
+/// war.
 struct StandingRow {
     int32_t pilot = -1; // index of the career
     int32_t place = 0;  // in the list, 1 is the first; 0 for none

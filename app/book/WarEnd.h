@@ -7,14 +7,14 @@
 
 /// What remains of a career at the end of the war.
 struct WarEnd {
-    PilotRecord pilot;           // the player's; the fallen one if nobody has flown since
-    int32_t place = 0;           // his among all pilots, from 1
+    PilotRecord pilot;              // the player's; the fallen one if nobody has flown since
+    int32_t place = 0;              // his among all pilots, from 1
     std::vector<StandingRow> board; // eleven rows at most
-    bool hasGap = false;         // the last row is his, and not the next place
-    int32_t comrades = 0;        // of his squadron, with whom the player flew
-    int32_t survivors = 0;       // of them
-    std::vector<int32_t> fallen; // the player's pilots before him, the last one first
-    zel::String lastFallen;      // the first of them
+    bool hasGap = false;            // the last row is his, and not the next place
+    int32_t comrades = 0;           // of his squadron, with whom the player flew
+    int32_t survivors = 0;          // of them
+    std::vector<int32_t> fallen;    // the player's pilots before him, the last one first
+    zel::String lastFallen;         // the first of them
     int32_t lastFallenVictories = 0;
     const RealAce* realFirst = nullptr; // the best of the real war; null without tables
 };

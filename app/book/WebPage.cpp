@@ -271,7 +271,7 @@ void PageData::addSketches() {
     page["sketches"] = std::move(sketches);
 }
 
-/// In its caption is who was lost.
+/// The caption names those who were lost.
 void PageData::addSketch(data& sketches, const RecordedFlight& flight) {
     MapPoint base;
     const bool hasBase = baseOf(record, flight, base);

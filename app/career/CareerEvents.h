@@ -58,14 +58,14 @@ struct FlightPlane {
 
 /// Kinds of the events below; the record's file has their names.
 enum class FlightEventKind : uint8_t {
-    Hit,     // bullets; it has no position
-    Damage,  // of a plane
-    Wound,   // of a pilot
-    Kill,    // a plane destroyed by another one
-    Crash,   // a plane destroyed, by nobody
-    Death,   // of a pilot
-    TakeOff, // of any plane; so the next one
-    Landing,
+    Hit,      // bullets; it has no position
+    Damage,   // of a plane
+    Wound,    // of a pilot
+    Kill,     // a plane destroyed by another one
+    Crash,    // a plane destroyed, by nobody
+    Death,    // of a pilot
+    TakeOff,  // of any plane
+    Landing,  // likewise
     Position, // of the player's plane
 };
 

@@ -58,7 +58,7 @@ void MenuCareers::showBooks() {
         const zel::String row = rows.name("row", i);
         setWidgetKind(row, spineKind(books[i].summary));
         setText(row, spineText(books[i]));
-        setActive(rows.name("ribbon", i), false); // it is no button
+        setActive(rows.name("ribbon", i), false); // not a button
     }
     showChosen();
 }

@@ -59,7 +59,7 @@ void MenuGameDiary::onEnter() {
     setText("count", flightOfText(diary.war, diary.war.flown == 0));
     setText("rest", servedText(diary.war));
     strip.show(*menu, "strip", "strip_diary", diary.war);
-    setActive("strip", false); // it is no button
+    setActive("strip", false); // not a button
     zel::Widget* onward = getWidget("menuButton1");
     if (onward != nullptr && isWarOver(*career))
         onward->setTransition("MenuGameWarOver");
@@ -154,7 +154,7 @@ void MenuGameDiary::showSign(const zel::String& name, DiarySign sign, int32_t y)
     for (int32_t look = 0; look < zel::LookCount; ++look)
         widget->setImage(static_cast<zel::WidgetLook>(look), image);
     widget->getBounds().rect.y = y;
-    widget->setActive(false); // it is no button
+    widget->setActive(false); // not a button
 }
 
 void MenuGameDiary::showPress(const zel::String& name, int32_t pilot, int32_t y, int32_t height) {

@@ -52,7 +52,7 @@ void MenuGameMain::showPilot(const Database& career) {
     const WarPart war = readWarPart(tables, career);
     setText("count", flightOfText(war, true));
     strip.show(*menu, "strip", "strip_office", war);
-    setActive("strip", false); // it is no button
+    setActive("strip", false); // not a button
 }
 
 void MenuGameMain::showOrders(const Database& career) {
@@ -84,7 +84,7 @@ void MenuGameMain::showSheet(const Database& career) {
     if (hasSheet)
         menu->setWidgetKind("sheet", kind);
     setVisible("sheet", hasSheet);
-    setActive("sheet", false); // it is no button
+    setActive("sheet", false); // not a button
 }
 
 // A fallen player's successor takes over between two visits; the career itself doesn't record whom

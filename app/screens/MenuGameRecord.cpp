@@ -111,7 +111,7 @@ void MenuGameRecord::showVictories(const PilotRecord& pilot) {
     zel::Widget* widget = getWidget("victories");
     if (widget == nullptr)
         return;
-    setActive("victories", false); // it is no button
+    setActive("victories", false); // not a button
     const auto count = std::min(size_t(std::max(pilot.victoryCount, 0)), MostSmall);
     const Rows& rows = count > MostLarge ? SmallRows : LargeRows;
     const zel::PixelRect& place = widget->getBounds().rect;

@@ -64,7 +64,7 @@ void MenuGameWarOver::showRibbons(const Honours& honours) {
 
 void MenuGameWarOver::showBoard(const WarEnd& end) {
     setVisible("ownRow", false);
-    setActive("ownRow", false); // it is no button
+    setActive("ownRow", false); // not a button
     for (int32_t number = 1; number <= int32_t(BoardRows); ++number) {
         const bool isShown = number <= int32_t(end.board.size());
         for (const char* part : Columns)
@@ -82,7 +82,7 @@ void MenuGameWarOver::showRow(int32_t number, const StandingRow& row, int32_t lo
         zel::Widget* widget = getWidget(zel::String(Columns[i]) + number);
         if (widget == nullptr)
             continue;
-        widget->setActive(false); // it is no button
+        widget->setActive(false); // not a button
         widget->setText(texts[i]);
         for (int32_t look = 0; look < zel::LookCount; ++look)
             widget->setTextColor(static_cast<zel::WidgetLook>(look), row.isOwn ? BrightGold : Gold);

@@ -31,7 +31,7 @@ PilotRecord PilotScreen::showPilot(const Database& career, int32_t pilot) {
     setText("victoriesHead", victoriesText(read));
     showImage("portrait", portraitOf(read.nation));
     setVisible("fallen", !read.isAlive);
-    setActive("fallen", false); // it is no button
+    setActive("fallen", false); // not a button
     showRibbons(read.honours);
     if (read.isUnreadable)
         setVisible("noMedal", false);

@@ -18,7 +18,7 @@ constexpr PencilSheet::Ink SeaInk = {0x7F, 0xA3, 0xA8};
 constexpr PencilSheet::Ink Blank = {0xED, 0xE2, 0xC4};
 
 constexpr float Scales[] = {166.7F, 200, 250, 333.3F}; // metres a pixel, the first that will do
-constexpr float Share = 2.0F / 3; // of the map, that lies between the sixths at its edges
+constexpr float Share = 2.0F / 3; // of the map: the rest is a margin of a sixth at each edge
 constexpr float Square = 10000;   // metres
 constexpr float FarAway = 600000; // metres, beyond every edge
 

@@ -21,13 +21,13 @@ struct RealMan {
 /// A type that a squadron really had.
 struct RealType {
     std::string aircraft;
-    int32_t from = 0; // yyyymmdd; so until
+    int32_t from = 0; // yyyymmdd, as is until
     int32_t until = 0;
 };
 
 /// A figure of the real war to compare a simulated one with.
 struct RealTotal {
-    int32_t from = 0; // yyyymmdd; so until
+    int32_t from = 0; // yyyymmdd, as is until
     int32_t until = 0;
     std::string what;
     std::string side;   // "all", "Allies", "England" or "Germany"
