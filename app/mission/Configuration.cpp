@@ -52,10 +52,13 @@ zel::String Configuration::getRofDirectory() {
     zel::String& directory = configuration().rofDirectory;
     if (directory.empty()) {
         const zel::String chosen = get("rof.directory", "");
-        directory = chosen.empty() ? zel::system::queryRegistryValue(InstallKey, InstallValue)
-                                   : chosen + "\\";
+        directory = chosen.empty() ? installedDirectory() : chosen + "\\";
     }
     return directory;
+}
+
+zel::String Configuration::installedDirectory() {
+    return zel::system::queryRegistryValue(InstallKey, InstallValue);
 }
 
 void Configuration::reset() { configuration() = ConfigurationState(); }

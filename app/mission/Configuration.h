@@ -18,6 +18,8 @@ public:
     /// the settings nor the registry of Windows names one; paths are then relative to the current
     /// folder.
     static zel::String getRofDirectory();
+    /// The simulator's folder by the registry of Windows; empty if it has none.
+    static zel::String installedDirectory();
     /// As at the program's start: no values and no known folder.
     static void reset();
 };

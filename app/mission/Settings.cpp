@@ -67,6 +67,15 @@ void reloadSettings() {
     loadSettings();
 }
 
+std::vector<zel::String> settingsFiles() {
+    std::vector<zel::String> files;
+    if (!start().folder.empty())
+        files.push_back(startFile());
+    files.push_back(zel::system::absolutePath(FileName));
+    files.push_back(zel::getUserDirectory() + FileName);
+    return files;
+}
+
 zel::String settingsFileToWrite() {
     if (!start().folder.empty() && zel::system::fileStatus(startFile()).exists)
         return zel::system::absolutePath(startFile());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "engine/core/String.h"
 
 /// The settings file wtysettings.ini is read from the player's folder, then from the program's
@@ -11,6 +13,9 @@ void noteStartFolder();
 void loadSettings();
 /// Reads all of them again after the player has edited one. Removed keys lose their values.
 void reloadSettings();
+/// All of them, also those that don't exist, with the one that overrides the others first and the
+/// player's own last.
+std::vector<zel::String> settingsFiles();
 /// The file that the player should write or fix, with its full path: the one in the start folder or
 /// else beside the program's files, if it exists; also beside these if they are beside the program
 /// and he may write there; otherwise one in his own folder, which is created.

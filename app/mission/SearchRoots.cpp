@@ -1,0 +1,24 @@
+#include "app/mission/SearchRoots.h"
+
+#include "app/mission/Configuration.h"
+#include "engine/core/System.h"
+#include "engine/core/SystemPlaces.h"
+
+namespace {
+
+constexpr const char* SteamKey = "SOFTWARE\\Wow6432Node\\Valve\\Steam";
+constexpr const char* SteamValueName = "InstallPath";
+
+} // namespace
+
+SearchRoots SearchRoots::ofSystem() {
+    SearchRoots roots;
+    if (const zel::String chosen = Configuration::get("rof.directory", ""); !chosen.empty())
+        roots.lastTime = zel::system::absolutePath(chosen);
+    roots.registry = Configuration::installedDirectory();
+    roots.steam = zel::system::queryRegistryValue(SteamKey, SteamValueName);
+    roots.home = zel::system::environment("HOME");
+    roots.winePrefix = zel::system::environment("WINEPREFIX");
+    roots.drives = zel::system::localDrives();
+    return roots;
+}

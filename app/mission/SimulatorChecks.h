@@ -1,0 +1,30 @@
+#pragma once
+
+#include "engine/core/Clock.h"
+#include "engine/core/FileFault.h"
+#include "engine/core/String.h"
+
+enum class TextLog {
+    On,
+    Off,
+    Unknown, // data/startup.cfg is missing or can't be read
+};
+
+/// What was found in a folder that is to be the simulator's.
+struct SimulatorChecks {
+    bool isThere = false; // data/startup.cfg is there and isn't empty
+    TextLog textLog = TextLog::Unknown;
+    zel::FileFault settingsFault = zel::FileFault::None; // why startup.cfg can't be read
+    zel::FileFault missionsFault = zel::FileFault::None; // why data/Missions can't be written
+    zel::String newestLog;                               // its file's name; empty if there is none
+    zel::WallTime newestLogTime{};                       // when it was begun or changed last
+
+    /// Whether missions can be flown there. A log isn't needed for that.
+    bool isReady() const {
+        return isThere && textLog == TextLog::On && missionsFault == zel::FileFault::None;
+    }
+};
+
+/// Checks a folder. Whether missions can be written is really tried, with a draft that is removed
+/// again. An empty name has nothing.
+SimulatorChecks checkSimulatorIn(const zel::String& folder);

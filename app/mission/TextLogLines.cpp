@@ -1,0 +1,154 @@
+#include "app/mission/TextLogLines.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "engine/core/Log.h"
+#include "engine/core/String.h"
+#include "engine/core/TextLines.h"
+
+namespace {
+
+constexpr std::string_view KeyName = "mission_text_log";
+constexpr std::string_view SectionKind = "key";
+constexpr std::string_view SectionName = "system";
+constexpr std::string_view Blanks = " \t";
+
+std::string_view bare(std::string_view text) {
+    const size_t first = text.find_first_not_of(Blanks);
+    return first == text.npos ? std::string_view()
+                              : text.substr(first, text.find_last_not_of(Blanks) + 1 - first);
+}
+
+/// A line's text without its end, and the end.
+struct Line {
+    std::string_view text;
+    std::string_view end;
+};
+
+Line takeLine(std::string_view& rest) {
+    const size_t length = std::min(rest.find_first_of("\r\n"), rest.size());
+    const size_t ending =
+        std::min<size_t>(rest.substr(length, 2) == "\r\n" ? 2 : 1, rest.size() - length);
+    const Line line{rest.substr(0, length), rest.substr(length, ending)};
+    rest.remove_prefix(length + ending);
+    return line;
+}
+
+/// What follows the "=" if the line has the key.
+std::optional<std::string_view> valueIn(std::string_view line) {
+    const size_t equals = line.find('=');
+    if (equals == line.npos || !zel::equalsNoCase(bare(line.substr(0, equals)), KeyName))
+        return std::nullopt;
+    return line.substr(equals + 1);
+}
+
+bool isSystemSection(std::string_view line) {
+    const std::string_view text = bare(line);
+    if (text.size() < 2 || text.front() != '[' || text.back() != ']')
+        return false;
+    const std::string_view inner = text.substr(1, text.size() - 2);
+    const size_t equals = inner.find('=');
+    return equals != inner.npos && zel::equalsNoCase(bare(inner.substr(0, equals)), SectionKind) &&
+           zel::equalsNoCase(bare(inner.substr(equals + 1)), SectionName);
+}
+
+bool isBracket(std::string_view line) { return bare(line).substr(0, 1) == "["; }
+
+/// The line with 1 in place of its value; blanks and what follows the value stay.
+std::string switchedLine(std::string_view line) {
+    const std::string_view after = *valueIn(line);
+    const size_t start = std::min(after.find_first_not_of(Blanks), after.size());
+    const size_t end = std::min(after.find_first_of(Blanks, start), after.size());
+    std::string result(line.substr(0, line.size() - after.size() + start));
+    if (start == end && start == 0)
+        result += ' ';
+    result += '1';
+    result += after.substr(end);
+    return result;
+}
+
+/// Builds the new content line by line.
+class Switching {
+public:
+    std::string of(std::string_view settings) {
+        while (!settings.empty())
+            take(takeLine(settings));
+        closeSection();
+        if (!hasSection && !hasKey)
+            addSection();
+        return std::move(content);
+    }
+
+private:
+    void take(const Line& line) {
+        if (isBracket(line.text)) {
+            closeSection();
+            isInside = isSystemSection(line.text);
+            hasSection = hasSection || isInside;
+            hasKeyInside = false;
+            indent = "\t";
+        }
+        const std::optional<std::string_view> value = valueIn(line.text);
+        if (value) {
+            hasKey = true;
+            hasKeyInside = hasKeyInside || isInside;
+        }
+        content += value && zel::toInt(bare(*value)) == 0 ? switchedLine(line.text)
+                                                          : std::string(line.text);
+        content += line.end;
+        if (!line.end.empty())
+            ending = line.end;
+        if (!isBracket(line.text) && !bare(line.text).empty())
+            indent = line.text.substr(0, line.text.find_first_not_of(Blanks));
+        if (!bare(line.text).empty())
+            lastLine = content.size();
+    }
+
+    /// A section without the key gets it after its last line that isn't empty.
+    void closeSection() {
+        if (isInside && !hasKeyInside) {
+            const bool isEnded =
+                lastLine > 0 && (content[lastLine - 1] == '\n' || content[lastLine - 1] == '\r');
+            std::string added = isEnded ? "" : std::string(ending);
+            added += std::string(indent) + std::string(KeyName) + " = 1";
+            if (isEnded)
+                added += ending;
+            content.insert(lastLine, added);
+        }
+        isInside = false;
+    }
+
+    void addSection() {
+        if (!content.empty() && content.back() != '\n' && content.back() != '\r')
+            content += ending;
+        const std::string end(ending);
+        content +=
+            "[KEY = system]" + end + "\t" + std::string(KeyName) + " = 1" + end + "[END]" + end;
+    }
+
+    std::string content;
+    std::string_view ending = "\r\n"; // of the line before
+    std::string_view indent = "\t";   // of the section's lines
+    size_t lastLine = 0;              // where the last line that isn't empty ends
+    bool isInside = false;            // of the section
+    bool hasSection = false;
+    bool hasKeyInside = false;
+    bool hasKey = false;
+};
+
+} // namespace
+
+int32_t textLogValue(std::string_view settings, bool isReported) {
+    int32_t value = 0;
+    zel::forEachLine(settings, [&](std::string_view line) {
+        if (const std::optional<std::string_view> found = valueIn(line)) {
+            if (isReported)
+                zel::console(zel::String("startup.cfg: ") + bare(line));
+            value = zel::toInt(*found);
+        }
+    });
+    return value;
+}
+
+std::string withTextLogOn(std::string_view settings) { return Switching().of(settings); }
