@@ -38,7 +38,8 @@ FONTS = {
 }
 
 SPECIMEN = ('Sgt. Schäfer, Allmenröder and René Dorme - 12 Kills (you!): AVATAR, Tom, Wy.\n'
-            '21-November-1916  N.124 “Escadrille” „Jasta 11‟ œuvre €5 ½ … ß ÿ Ž'.replace('‟', '”'))
+            '21-November-1916  N.124 “Escadrille” „Jasta 11‟ œuvre €5 ½ … ß ÿ Ž\n'
+            'Zażółć gęślą jaźń. ŁÓDŹ, Śląsk, Ćma, Ęą: zestrzelił'.replace('‟', '”'))
 SPECIMEN_WIDTH = 960
 
 

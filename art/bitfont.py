@@ -1,7 +1,8 @@
 """Bitmap fonts: baking from outline fonts, and setting text glyph by glyph.
 
 BitFont.write() puts a font on disk in the binary BMFont form, version 3, with one page: 256
-records, whose ids are the bytes of Windows-1252, in their order. The program looks kerning up by
+records, whose ids are the bytes of the program's code page (Windows-1252, and the letters of Polish
+at control codes), in their order. The program looks kerning up by
 first byte x number of records + second byte, and only 256 records make that a place of its own for
 every pair.
 
@@ -28,6 +29,15 @@ INVISIBLE = 0.01  # alpha
 # What is drawn for a character that an outline font lacks.
 STAND_INS = {'Œ': 'OE', 'œ': 'oe', '…': '...', '™': 'TM', '‹': '<', '›': '>', 'ˆ': '^',
              'ƒ': 'f', '€': 'EUR', 'µ': 'μ'}
+# Letters that are drawn of a plain one and a mark, where the outline font lacks them.
+OGONEK, STROKE = '\u0328', '\u0335'
+STAND_INS |= {
+    'ą': 'a' + OGONEK, 'ę': 'e' + OGONEK, 'Ą': 'A' + OGONEK, 'Ę': 'E' + OGONEK,
+    'ł': 'l' + STROKE, 'Ł': 'L' + STROKE}
+
+# The letters that Windows-1252 lacks, by the bytes that engine/core/TextEncoding.cpp gives them.
+FURTHER = dict(zip(range(0x01, 0x09), 'ąćęłńśźż')) | dict(zip(range(0x0E, 0x16), 'ĄĆĘŁŃŚŹŻ'))
+CODES = {letter: code for code, letter in FURTHER.items()}
 
 _files = None
 
@@ -44,9 +54,9 @@ def font_file(name):
 
 
 def character(code):
-    """The character of a byte of Windows-1252; None for control codes and the five free bytes."""
+    """The character of a byte; None for the other control codes and the five free bytes."""
     if code < 32 or code == 127:
-        return None
+        return FURTHER.get(code)
     try:
         return bytes([code]).decode('cp1252')
     except UnicodeDecodeError:
@@ -63,6 +73,36 @@ def drawn_text(font, code):
     if ch not in STAND_INS:
         raise SystemExit('%s lacks %r, and nothing stands in for it' % (font.path, ch))
     return STAND_INS[ch]
+
+
+def encoded(text):
+    """The bytes of a text."""
+    return bytes(CODES[ch] if ch in CODES else ch.encode('cp1252')[0] for ch in text)
+
+
+def plain(text):
+    """A text without the marks that are drawn on its letter."""
+    return text.rstrip(OGONEK + STROKE)
+
+
+def draw_mark(draw, font, text, x, y):
+    """Draws the mark at the end of a text whose plain letter is at x, y, as thick as a stem."""
+    left, _, right, _ = font.getmask(plain(text)).getbbox()
+    stem_left, _, stem_right, _ = font.getmask('l').getbbox()
+    stem = stem_right - stem_left
+    base = y + font.getmetrics()[0]
+    height = -font.getbbox(plain(text), anchor='ls')[1]
+    if text.endswith(OGONEK):
+        hook = [(-0.6, -0.4), (-1.2, 0.5), (-1.3, 1.4), (-0.7, 1.9), (0.3, 1.7)]
+        points = [(x + right + stem * dx, base + stem * dy) for dx, dy in hook]
+        thickness = stem * 0.8
+    else:
+        middle = base - height * 0.5
+        points = [(x + left - stem * 0.9, middle + stem * 0.8), (x + left + stem * 1.9, middle - stem * 0.8)]
+        thickness = stem * 0.9
+    draw.line(points, fill=255, width=round(thickness), joint='curve')
+    for px, py in (points[0], points[-1]):
+        draw.ellipse((px - thickness / 2, py - thickness / 2, px + thickness / 2, py + thickness / 2), fill=255)
 
 
 class BitFont:
@@ -84,7 +124,7 @@ class BitFont:
             if text is None:
                 self.glyphs[code] = (np.zeros((1, 1, 4), np.float32), 0, 0, 0)
                 continue
-            step = advance if advance else int(round(font.getlength(text) / SCALE))
+            step = advance if advance else int(round(font.getlength(plain(text)) / SCALE))
             alpha = self._shape(font, text, self.base * SCALE - ascent)
             if advance and len(text) > 1:
                 alpha = self._squeezed(alpha, advance)
@@ -99,7 +139,10 @@ class BitFont:
         w = math.ceil(font.getlength(text) / SCALE) + 2 * PAD + 4
         h = self.line_height + 2 * PAD
         im = Image.new('L', (w * SCALE, h * SCALE), 0)
-        ImageDraw.Draw(im).text((PAD * SCALE, PAD * SCALE + top), text, font=font, fill=255)
+        draw = ImageDraw.Draw(im)
+        draw.text((PAD * SCALE, PAD * SCALE + top), plain(text), font=font, fill=255)
+        if plain(text) != text:
+            draw_mark(draw, font, text, PAD * SCALE, PAD * SCALE + top)
         return np.asarray(im.resize((w, h), Image.BOX)).astype(np.float32) / 255
 
     @staticmethod
@@ -131,15 +174,15 @@ class BitFont:
     def _measure_kerning(self, file):
         """Whole pixels by pair of bytes; below a little over half a pixel it isn't worth a jump."""
         font = ImageFont.truetype(font_file(file), KERNING_PX)
-        plain = ['-liga', '-clig', '-dlig', '-calt']
-        letters = [(c, character(c)) for c in range(33, 256)]
+        no_ligatures = ['-liga', '-clig', '-dlig', '-calt']
+        letters = [(c, character(c)) for c in range(256) if c != 32]
         letters = [(c, ch) for c, ch in letters
                    if ch and drawn_text(font, c) == ch and (ch.isalnum() or ch in '.,-:;\'"()‘’“”–')]
         one = {c: font.getlength(ch) for c, ch in letters}
         kerning = {}
         for a, first in letters:
             for b, second in letters:
-                together = font.getlength(first + second, features=plain)
+                together = font.getlength(first + second, features=no_ligatures)
                 amount = (together - one[a] - one[b]) * self.px / KERNING_PX
                 if abs(amount) >= 0.6:
                     kerning[(a, b)] = int(round(amount))
@@ -149,7 +192,7 @@ class BitFont:
 
     def width(self, text):
         w, last = 0, None
-        for code in text.encode('cp1252'):
+        for code in encoded(text):
             w += self.glyphs[code][3] + self.kerning.get((last, code), 0)
             last = code
         return w
@@ -173,7 +216,7 @@ class BitFont:
         alpha = int(color[:2], 16) / 255
         tint = rgb(color)
         last = None
-        for code in text.encode('cp1252'):
+        for code in encoded(text):
             glyph, ox, oy, advance = self.glyphs[code]
             x += self.kerning.get((last, code), 0)
             tinted = glyph.copy()

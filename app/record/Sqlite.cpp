@@ -14,8 +14,10 @@ constexpr int PatienceMilliseconds = 500;
 
 bool isPlain(std::string_view text) {
     uint8_t bits = 0; // of all characters: faster than to stop at the first
-    for (const char character : text)
-        bits |= static_cast<uint8_t>(character);
+    for (const char character : text) {
+        const auto byte = static_cast<uint8_t>(character);
+        bits |= byte < ' ' ? 0x80 : byte; // control codes may be letters of texts
+    }
     return bits < 0x80;
 }
 

@@ -67,7 +67,7 @@ private:
 };
 
 /// A prepared statement, which the file keeps for the next one of the same text. REQUIRES: it ends
-/// before the file is closed. Texts are Windows-1252 in the program and UTF-8 in the file.
+/// before the file is closed. Texts are in the program's code page and UTF-8 in the file.
 class SqliteStatement {
 public:
     SqliteStatement(SqliteFile& file, std::string_view sql);

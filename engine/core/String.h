@@ -14,7 +14,7 @@ namespace zel {
 template <typename T>
 using IfText = std::enable_if_t<std::is_convertible_v<const T&, std::string_view>>;
 
-/// The engine's text: bytes of Windows-1252, compared, cut and lowered as bytes.
+/// The engine's text: bytes of one code page (TextEncoding.h), compared, cut and lowered as bytes.
 ///
 /// A second text is stored beside the first and copied with it; it takes no part in comparing,
 /// joining or cutting.

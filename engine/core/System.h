@@ -62,11 +62,11 @@ String absolutePath(const String& path);
 String nameFromUtf8(const String& text);
 /// The path from the root in UTF-8, for libraries that open files by such names.
 std::string pathInUtf8(const String& path);
-/// A text with file names of the system, in the Windows-1252 that is drawn; "?" for characters that
-/// it lacks. Only for showing: no file is found by it.
+/// A text with file names of the system, as texts are drawn (TextEncoding.h); "?" for characters
+/// that they lack. Only for showing: no file is found by it.
 String shownText(const String& text);
 
-/// A text in Windows-1252 as a terminal of the system shows it: in UTF-8, on Windows in the
+/// A text as a terminal of the system shows it: in UTF-8, on Windows in the
 /// console's code page.
 String printedText(const String& text);
 

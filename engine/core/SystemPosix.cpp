@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
-#include <iconv.h>
 #include <random>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -12,6 +11,7 @@
 #include "engine/core/LocaleNames.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
+#include "engine/core/TextEncoding.h"
 
 namespace zel::system {
 
@@ -99,42 +99,9 @@ String nameFromUtf8(const String& text) { return text; }
 
 std::string pathInUtf8(const String& path) { return std::string(absolutePath(path).view()); }
 
-namespace {
+String shownText(const String& text) { return fromUtf8(text); }
 
-constexpr const char* Utf8 = "UTF-8";
-constexpr const char* Drawn = "WINDOWS-1252";
-
-/// "?" replaces what the other coding lacks.
-String converted(const String& text, const char* fromCoding, const char* toCoding) {
-    const bool isUtf8 = fromCoding == Utf8;
-    const size_t growth = isUtf8 ? 1 : 3; // the most bytes that a byte becomes
-    const iconv_t conversion = iconv_open(toCoding, fromCoding);
-    if (reinterpret_cast<intptr_t>(conversion) == -1) // unknown codings
-        return text;
-    std::string source(text.view());
-    std::string shown(source.size() * growth, '\0');
-    char* from = source.data();
-    char* to = shown.data();
-    size_t left = source.size();
-    size_t room = shown.size();
-    while (iconv(conversion, &from, &left, &to, &room) == size_t(-1) && left > 0) {
-        *to++ = '?';
-        --room;
-        do { // a character, or one stray byte
-            ++from;
-            --left;
-        } while (left > 0 && isUtf8 && (*from & 0xC0) == 0x80);
-    }
-    iconv_close(conversion);
-    shown.resize(static_cast<size_t>(to - shown.data()));
-    return shown;
-}
-
-} // namespace
-
-String shownText(const String& text) { return converted(text, Utf8, Drawn); }
-
-String printedText(const String& text) { return converted(text, Drawn, Utf8); }
+String printedText(const String& text) { return utf8Of(text); }
 
 String queryRegistryValue(const String& /*keyPath*/, const String& /*valueName*/) { return {}; }
 

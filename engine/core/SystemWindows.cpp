@@ -9,6 +9,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
+#include "engine/core/TextEncoding.h"
 
 namespace zel::system {
 
@@ -17,7 +18,6 @@ namespace {
 // The simulator's installer is a 32-bit program; the key path names its view in full.
 constexpr REGSAM KeyRead = 0x20019;
 constexpr DWORD RegistryBufferSize = 1024;
-constexpr UINT Drawn = 1252; // the code page of shown texts
 
 /// Microseconds of the high-resolution counter: the plain tick count moves in steps of 16 ms.
 int64_t counterTime() {
@@ -184,13 +184,13 @@ std::string pathInUtf8(const String& path) {
 
 String shownText(const String& text) {
     bool isWhole = false;
-    return narrowed(widened(text, CP_ACP), Drawn, isWhole);
+    return fromUtf8(narrowed(widened(text, CP_ACP), CP_UTF8, isWhole));
 }
 
 String printedText(const String& text) {
     bool isWhole = false;
     const UINT console = GetConsoleOutputCP();
-    return narrowed(widened(text, Drawn), console != 0 ? console : CP_ACP, isWhole);
+    return narrowed(widened(utf8Of(text), CP_UTF8), console != 0 ? console : CP_ACP, isWhole);
 }
 
 String queryRegistryValue(const String& keyPath, const String& valueName) {

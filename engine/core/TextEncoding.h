@@ -8,21 +8,31 @@
 
 namespace zel {
 
-/// The byte of a Unicode character in Windows-1252; 0 for a character that it lacks.
+// Texts have one code page for all languages: Windows-1252, and at control codes the letters of
+// Polish that it lacks. So names, which are Windows-1252, and the texts of any language can be
+// joined and drawn without being converted.
+
+/// The byte of a Unicode character in texts; 0 for a character that they can't have.
+char textByteOf(uint32_t character);
+
+/// The byte in Windows-1252 alone, as names have it; a letter of Polish becomes the plain one. 0
+/// for a character without either.
 char windows1252Of(uint32_t character);
+/// The text in Windows-1252 alone, likewise.
+std::string windows1252Text(std::string_view text);
 
 /// Whether the text is UTF-8 throughout: no stray, missing, overlong or surrogate bytes.
 bool isUtf8(std::string_view text);
 
-/// The text of a file in Windows-1252. Editors save UTF-8: a text that is UTF-8 throughout is
-/// converted, any other is Windows-1252 already. Each character that Windows-1252 lacks becomes "?"
-/// and is logged with file and line. A byte order mark is dropped.
+/// The text of a file in the code page of texts. Editors save UTF-8: a text that is UTF-8
+/// throughout is converted, any other is Windows-1252 already. Each character that texts can't have
+/// becomes "?" and is logged with file and line. A byte order mark is dropped.
 std::string decodedText(std::string text, const String& fileName);
 
 /// The text in UTF-8, as files for other programs hold it; "?" for the five bytes that mean nothing
 /// in Windows-1252.
-std::string utf8Of(std::string_view windows1252);
-/// The same the other way: "?" for what Windows-1252 lacks, and for bytes that are no UTF-8.
+std::string utf8Of(std::string_view text);
+/// The same the other way: "?" for what texts can't have, and for bytes that are no UTF-8.
 std::string fromUtf8(std::string_view utf8);
 
 /// Reads and decodes a text file of at most that many bytes. False, with nothing of use in `text`,

@@ -8,12 +8,18 @@
 #include "app/career/Calendar.h"
 #include "app/career/Database.h"
 #include "engine/core/System.h"
+#include "engine/core/TextEncoding.h"
 #include "tools/career/BookCommands.h"
 #include "tools/career/CareerHelp.h"
 #include "tools/career/Session.h"
 #include "tools/common/CommandLine.h"
 
 namespace {
+
+/// A pilot's name as it is typed, in the encoding of the system; names are Windows-1252.
+zel::String nameOf(const std::string& given) {
+    return zel::windows1252Text(zel::system::shownText(given));
+}
 
 constexpr int32_t LongestWait = 86400; // seconds
 
@@ -195,7 +201,7 @@ void CommandReader::readInvitation() {
 
 void CommandReader::readVictories() {
     const bool hasName = !atEnd() && !isCommand(peek());
-    const zel::String name = hasName ? zel::system::shownText(words[next++]) : zel::String();
+    const zel::String name = hasName ? nameOf(words[next++]) : zel::String();
     add([=](Session& session) { return session.victories(name); });
 }
 
@@ -211,7 +217,7 @@ std::string CommandReader::readWhy() {
 std::string CommandReader::readPilot() {
     if (atEnd() || isCommand(peek()))
         return "pilot wants a name or a part of one";
-    const zel::String name = zel::system::shownText(words[next++]);
+    const zel::String name = nameOf(words[next++]);
     add([=](Session& session) {
         return session.showBook(
             [&](SqliteFile& record, const Database& career) {
@@ -282,7 +288,7 @@ std::string CommandReader::readPlain(std::string_view command) {
 
 /// The name of a new career's pilot, in the system's encoding. Returns the fault, or an empty text.
 std::string takeName(const std::string& given, CareerCall& call) {
-    const zel::String name = zel::system::shownText(given).trim(' ');
+    const zel::String name = nameOf(given).trim(' ');
     const std::string_view text = name.view();
     // In place of what Windows-1252 lacks there is a "?" now.
     const bool isWhole =

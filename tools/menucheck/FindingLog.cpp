@@ -67,7 +67,8 @@ FindingLog::~FindingLog() {
 void FindingLog::put(const Source& source, const zel::String& what, bool isWarning) {
     std::string line(what.view()); // a finding is one line
     std::replace_if(
-        line.begin(), line.end(), [](char character) { return character >= 0 && character < ' '; },
+        line.begin(), line.end(),
+        [](char character) { return character == '\n' || character == '\r' || character == '\t'; },
         ' ');
     faults.emplace(std::make_tuple(source.file, source.line, zel::String(line)), isWarning);
 }

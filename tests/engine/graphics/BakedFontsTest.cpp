@@ -12,10 +12,11 @@ constexpr const char* BakedFonts[] = {
     "report18", "report17", "report17red", "print30", "letter27", "board26",
 };
 
-// The bytes that Windows-1252 leaves free.
+// The bytes that mean nothing in texts.
 bool isFree(int byte) {
-    return byte < 32 || byte == 127 || byte == 0x81 || byte == 0x8D || byte == 0x8F ||
-           byte == 0x90 || byte == 0x9D;
+    const bool isPolish = (byte >= 1 && byte <= 8) || (byte >= 14 && byte <= 21);
+    return (byte < 32 && !isPolish) || byte == 127 || byte == 0x81 || byte == 0x8D ||
+           byte == 0x8F || byte == 0x90 || byte == 0x9D;
 }
 
 class BakedFontsTest : public testing::Test {
