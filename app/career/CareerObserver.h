@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "app/career/Checksum.h"
 #include "app/career/SaveCheck.h"
 
 class Database;
@@ -28,7 +29,7 @@ public:
     virtual void onCareerLoaded(const Database&) {}
     /// Whether those bytes are a save as it was written, if that is known. `careerNumber` is the
     /// one in them; if all but it is right, it is set to the right one.
-    virtual SaveMatch matchSave(const Database&, std::string_view /*content*/,
+    virtual SaveMatch matchSave(const Database&, const CheckedBytes& /*content*/,
                                 int32_t& /*careerNumber*/) {
         return SaveMatch::Unknown;
     }

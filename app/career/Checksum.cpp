@@ -15,6 +15,12 @@ zel::String checksumOf(std::string_view bytes) {
     return text;
 }
 
+const zel::String& CheckedBytes::checksum() const {
+    if (sum.empty())
+        sum = checksumOf(content);
+    return sum;
+}
+
 struct ChecksumOfPieces::State {
     XXH3_state_t hash;
 };

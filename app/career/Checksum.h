@@ -2,12 +2,30 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "engine/core/String.h"
 
 /// XXH3's 64 bits of the bytes, in sixteen hexadecimal digits: it finds damage, not forgery.
 zel::String checksumOf(std::string_view bytes);
+/// Bytes whose checksum is computed when it is first asked for, and once: it takes almost as long
+/// as reading them. REQUIRES: the bytes outlive it and don't change.
+class CheckedBytes {
+public:
+    CheckedBytes() = default;
+    // Implicit, so that bytes are passed as they are where nobody has a checksum yet.
+    CheckedBytes(std::string_view bytes) : content(bytes) {}
+    CheckedBytes(const std::string& bytes) : content(bytes) {}
+
+    std::string_view bytes() const { return content; }
+    bool empty() const { return content.empty(); }
+    const zel::String& checksum() const;
+
+private:
+    std::string_view content;
+    mutable zel::String sum;
+};
 /// The same 64 bits of bytes that come in pieces.
 class ChecksumOfPieces {
 public:

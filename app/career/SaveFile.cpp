@@ -38,16 +38,16 @@ std::string& roomToWrite() {
 
 /// What is known of a save from the record of the war, or else from its page or the note beside it.
 /// `number` is the career's; where it alone differs, it becomes the right one.
-SaveMatch match(const Database& career, std::string_view content, int32_t& number) {
-    if (career.observer == nullptr || content.size() < CareerNumberOffset + sizeof number)
+SaveMatch match(const Database& career, const CheckedBytes& content, int32_t& number) {
+    if (career.observer == nullptr || content.bytes().size() < CareerNumberOffset + sizeof number)
         return SaveMatch::Unknown;
-    std::memcpy(&number, &content[CareerNumberOffset], sizeof number);
+    std::memcpy(&number, &content.bytes()[CareerNumberOffset], sizeof number);
     const SaveMatch recorded = career.observer->matchSave(career, content, number);
     const bool isKnown = recorded == SaveMatch::Changed &&
                          isKnownWhole(zel::getUserDirectory() + SaveFileName, content);
     return isKnown ? SaveMatch::Whole : recorded;
 }
-SaveMatch match(const Database& career, std::string_view content) {
+SaveMatch match(const Database& career, const CheckedBytes& content) {
     int32_t number = 0;
     return match(career, content, number);
 }
@@ -137,10 +137,11 @@ bool readFile(Database& career, const zel::String& name) {
     std::string& content = roomToRead();
     check.reason = zel::readFileWhole(zel::getUserDirectory() + name, content);
     if (check.reason == zel::FileFault::None) {
+        const CheckedBytes read(content);
         if (career.observer != nullptr)
-            check.checksum = checksumOf(content);
+            check.checksum = read.checksum();
         int32_t number = 0;
-        check.match = match(career, content, number);
+        check.match = match(career, read, number);
         if (check.match == SaveMatch::Changed)
             std::memcpy(&content[CareerNumberOffset], &number, sizeof number);
         check.fault = takeContent(career, name, content);
@@ -190,7 +191,7 @@ zel::String findSave(Database& career, const zel::String& name) {
 /// the newest of the pages. Empty if there is none.
 zel::String earlierSave(const Database& career, const zel::String& name) {
     const zel::String folder = zel::getUserDirectory();
-    const auto recorded = [&](std::string_view content) { return match(career, content); };
+    const auto recorded = [&](const CheckedBytes& content) { return match(career, content); };
     const zel::String page = newestWholePage(folder + name, recorded);
     return page.view().substr(page.empty() ? 0 : static_cast<size_t>(folder.length()));
 }
@@ -259,7 +260,7 @@ bool writeSave(Database& career, const zel::String& name) {
     const bool isDamaged = replacesDamaged(career, path, replaced);
     zel::WholeFile file(path);
     bool isWritten = file.write(content);
-    const auto recorded = [&](std::string_view bytes) { return match(career, bytes); };
+    const auto recorded = [&](const CheckedBytes& bytes) { return match(career, bytes); };
     if (isWritten && !isDamaged && !keepBackupAsPage(path, recorded)) {
         career.writeFault = zel::system::lastFault();
         return false;

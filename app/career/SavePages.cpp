@@ -88,7 +88,7 @@ std::vector<PageFile> listedPages(const zel::String& save) {
 
 /// The content of a save; nothing if it can't be read, or is none. Valid until the next call: the
 /// buffer is kept, because allocating megabytes costs more than reading them.
-std::string& contentOf(const zel::String& file) {
+CheckedBytes contentOf(const zel::String& file) {
     static std::string content;
     zel::FileFault fault = zel::readFileWhole(file, content);
     if (fault == zel::FileFault::DiskError) // perhaps not again
@@ -100,19 +100,19 @@ std::string& contentOf(const zel::String& file) {
 
 /// The content of the present save or of the one before it; nothing if it isn't whole. Valid until
 /// the next call.
-const std::string& wholeContent(const zel::String& save, const zel::String& file,
-                                const RecordedMatch& recorded) {
-    std::string& content = contentOf(file);
-    if (!content.empty() && recorded(content) == SaveMatch::Changed && !isKnownWhole(save, content))
-        content.clear();
-    return content;
+CheckedBytes wholeContent(const zel::String& save, const zel::String& file,
+                          const RecordedMatch& recorded) {
+    const CheckedBytes content = contentOf(file);
+    const bool isChanged =
+        !content.empty() && recorded(content) == SaveMatch::Changed && !isKnownWhole(save, content);
+    return isChanged ? CheckedBytes() : content;
 }
 
 bool isWholePage(const zel::String& file, const PageFile& page) {
     if (!page.wasWhole())
         return false;
-    const std::string& content = contentOf(file);
-    return !content.empty() && checksumOf(content) == page.checksum;
+    const CheckedBytes content = contentOf(file);
+    return !content.empty() && content.checksum() == page.checksum;
 }
 
 int32_t dateOf(std::string_view content) {
@@ -125,11 +125,11 @@ int32_t dateOf(std::string_view content) {
 /// Gives an earlier save a name in Pages as well, or instead where the file system has no second
 /// names. `content` is the file's if it is whole, else nothing: then it is a damaged page. Where a
 /// page of the same content is there already, nothing is done. On error: false.
-bool keepAsPage(const zel::String& save, const zel::String& file, const std::string& content,
+bool keepAsPage(const zel::String& save, const zel::String& file, const CheckedBytes& content,
                 std::vector<PageFile>& pages) {
     PageFile page;
-    page.date = content.empty() ? 0 : dateOf(content);
-    page.checksum = content.empty() ? DamagedMark : std::string(checksumOf(content).view());
+    page.date = content.empty() ? 0 : dateOf(content.bytes());
+    page.checksum = content.empty() ? DamagedMark : std::string(content.checksum().view());
     if (!content.empty() && std::any_of(pages.begin(), pages.end(), [&](const PageFile& kept) {
             return kept.checksum == page.checksum;
         }))
@@ -187,8 +187,8 @@ void namePages(std::vector<SavePage>& pages) {
 
 } // namespace
 
-bool isKnownWhole(const zel::String& save, std::string_view content) {
-    const zel::String checksum = checksumOf(content);
+bool isKnownWhole(const zel::String& save, const CheckedBytes& content) {
+    const zel::String& checksum = content.checksum();
     const std::vector<PageFile> pages = listedPages(save);
     return std::any_of(pages.begin(), pages.end(),
                        [&](const PageFile& page) { return page.checksum == checksum.view(); }) ||
@@ -203,8 +203,8 @@ std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& re
             pageOf(SavePage::Present, save, !wholeContent(save, save, recorded).empty()));
     const zel::String backup = save + BackupEnding;
     if (zel::system::fileStatus(backup).exists) {
-        const std::string& content = wholeContent(save, backup, recorded);
-        backupChecksum = checksumOf(content);
+        const CheckedBytes content = wholeContent(save, backup, recorded);
+        backupChecksum = content.checksum();
         pages.push_back(pageOf(SavePage::Backup, backup, !content.empty()));
     }
     for (const PageFile& kept : listedPages(save)) {
@@ -254,7 +254,7 @@ bool keepBackupAsPage(const zel::String& save, const RecordedMatch& recorded) {
     const zel::String backup = save + BackupEnding;
     if (!zel::system::fileStatus(backup).exists)
         return true;
-    const std::string& content = wholeContent(save, backup, recorded);
+    const CheckedBytes content = wholeContent(save, backup, recorded);
     if (std::string bytes; content.empty() && // damaged, or it can't be read
                            zel::readFileWhole(backup, bytes) != zel::FileFault::None)
         return false;
@@ -275,7 +275,8 @@ bool returnToPage(const zel::String& save, const SavePage& page, const RecordedM
         return fail(Problem(wording::PresentPage));
     const zel::String backup = save + BackupEnding;
     zel::String source = page.summary.file;
-    const std::string content = wholeContent(save, source, recorded);
+    const std::string bytes(wholeContent(save, source, recorded).bytes());
+    const CheckedBytes content(bytes);
     if (content.empty() || !page.isWhole)
         return fail(Problem(wording::DamagedPageFile, {source}));
     // A present save that isn't whole must not become the one before.
@@ -288,9 +289,8 @@ bool returnToPage(const zel::String& save, const SavePage& page, const RecordedM
          !keepAsPage(save, backup, wholeContent(save, backup, recorded), pages)))
         return fail(Problem(wording::SavesNotKept, {}, zel::system::lastFault()));
     if (page.kind == SavePage::Backup) {
-        const zel::String checksum = checksumOf(content);
         for (const PageFile& kept : pages)
-            if (checksum == zel::String(kept.checksum))
+            if (content.checksum() == zel::String(kept.checksum))
                 source = pagesFolder(save) + kept.name();
     }
     // It loses its name, which alone may say that it is whole.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
 #include <vector>
 
+#include "app/career/Checksum.h"
 #include "app/career/Problem.h"
 #include "app/career/SaveCheck.h"
 #include "app/career/SaveSummary.h"
@@ -22,11 +22,11 @@ constexpr const char* PagesFolder = "Pages";
 
 /// Whether the record of a career knows a save of that content as it is. REQUIRES: it has a save's
 /// head.
-using RecordedMatch = std::function<SaveMatch(std::string_view content)>;
+using RecordedMatch = std::function<SaveMatch(const CheckedBytes& content)>;
 
 /// Whether a save of that content is known outside of the record: it became a page while it was
 /// whole, or was noted (UnrecordedSaves.h).
-bool isKnownWhole(const zel::String& save, std::string_view content);
+bool isKnownWhole(const zel::String& save, const CheckedBytes& content);
 
 /// One save of a career.
 struct SavePage {

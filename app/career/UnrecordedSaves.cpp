@@ -21,8 +21,8 @@ std::string notes(const zel::String& save) {
 
 } // namespace
 
-zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content) {
-    const std::string line = std::string(checksumOf(content).view()) + "\n";
+zel::FileFault noteUnrecorded(const zel::String& save, const CheckedBytes& content) {
+    const std::string line = std::string(content.checksum().view()) + "\n";
     std::string before = notes(save);
     if (const size_t same = before.find(line); same != before.npos)
         before.erase(same, line.size());
@@ -36,7 +36,7 @@ zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content)
     return fault;
 }
 
-bool isUnrecorded(const zel::String& save, std::string_view content) {
+bool isUnrecorded(const zel::String& save, const CheckedBytes& content) {
     const std::string noted = notes(save);
-    return !noted.empty() && noted.find(checksumOf(content).view()) != std::string::npos;
+    return !noted.empty() && noted.find(content.checksum().view()) != std::string::npos;
 }

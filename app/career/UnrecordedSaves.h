@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string_view>
-
+#include "app/career/Checksum.h"
 #include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
@@ -13,6 +12,6 @@ constexpr const char* UnrecordedEnding = ".sum";
 
 /// Notes the checksum of a save that is about to get its name, beside those of the last 200. On
 /// error: why, and a log line.
-zel::FileFault noteUnrecorded(const zel::String& save, std::string_view content);
+zel::FileFault noteUnrecorded(const zel::String& save, const CheckedBytes& content);
 /// Whether that content was noted.
-bool isUnrecorded(const zel::String& save, std::string_view content);
+bool isUnrecorded(const zel::String& save, const CheckedBytes& content);

@@ -181,7 +181,7 @@ void CareerRecord::dropFile() {
     place = Place::Memory;
 }
 
-SaveMatch CareerRecord::matchSave(const Database& career, std::string_view content,
+SaveMatch CareerRecord::matchSave(const Database& career, const CheckedBytes& content,
                                   int32_t& careerNumber) {
     const bool isOpen = place == Place::File && !file.failed();
     return matchRecords(recordPath(), isOpen ? &file : nullptr, career.isReadOnly, content,

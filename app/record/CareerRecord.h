@@ -38,7 +38,7 @@ public:
 
     void onCareerBegun(const Database& career) override;
     void onCareerLoaded(const Database& career) override;
-    SaveMatch matchSave(const Database& career, std::string_view content,
+    SaveMatch matchSave(const Database& career, const CheckedBytes& content,
                         int32_t& careerNumber) override;
     bool onSaving(const Database& career, std::string_view content) override;
     void onSaved(const Database& career) override;

@@ -45,13 +45,12 @@ int64_t firstWrongVictory(SqliteFile& file, const Database& career) {
 
 } // namespace
 
-SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerNumber) {
-    const auto hasPageOf = [&](std::string_view bytes) {
-        const zel::String checksum = checksumOf(bytes);
+SaveMatch matchPage(SqliteFile& file, const CheckedBytes& content, int32_t& careerNumber) {
+    const auto hasPageOf = [&](const zel::String& checksum) {
         SqliteStatement known(file, "SELECT 1 FROM page WHERE checksum = ?");
         return known.with(checksum).next();
     };
-    if (hasPageOf(content))
+    if (hasPageOf(content.checksum()))
         return SaveMatch::Whole;
     const auto career = static_cast<int32_t>(
         file.number("SELECT coalesce(max(value), -1) FROM meta WHERE key = 'career'"));
@@ -60,15 +59,15 @@ SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerN
         return SaveMatch::Unknown;
     if (career == careerNumber)
         return SaveMatch::Changed;
-    std::string corrected(content);
+    std::string corrected(content.bytes());
     std::memcpy(&corrected[CareerNumberOffset], &career, sizeof career);
-    if (!hasPageOf(corrected))
+    if (!hasPageOf(checksumOf(corrected)))
         return SaveMatch::Unknown; // another career
     careerNumber = career;
     return SaveMatch::Changed;
 }
 
-SaveMatch matchRecord(const zel::String& path, bool isReadOnly, std::string_view content,
+SaveMatch matchRecord(const zel::String& path, bool isReadOnly, const CheckedBytes& content,
                       int32_t& careerNumber) {
     SqliteFile file;
     const bool isKnown =

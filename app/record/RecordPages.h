@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
+#include "app/career/Checksum.h"
 #include "app/career/SaveCheck.h"
 #include "engine/core/String.h"
 
@@ -38,9 +38,9 @@ struct PageMark {
 
 /// Whether the save of that content has a page; see CareerObserver::matchSave. Unknown for a career
 /// that isn't the record's.
-SaveMatch matchPage(SqliteFile& file, std::string_view content, int32_t& careerNumber);
+SaveMatch matchPage(SqliteFile& file, const CheckedBytes& content, int32_t& careerNumber);
 /// The same from the record of that path; Unknown if it can't be read.
-SaveMatch matchRecord(const zel::String& path, bool isReadOnly, std::string_view content,
+SaveMatch matchRecord(const zel::String& path, bool isReadOnly, const CheckedBytes& content,
                       int32_t& careerNumber);
 /// Adds the page of a save: everything in the tables belongs to it.
 PageMark addPage(SqliteFile& file, const SavedPage& save);

@@ -54,13 +54,13 @@ std::vector<zel::String> recordsBeside(const zel::String& path, int32_t careerNu
 
 } // namespace
 
-bool isKnownElsewhere(const zel::String& path, std::string_view content, int32_t careerNumber) {
-    const SavedPage save = {checksumOf(content), 0}; // no page is as early, only its own
+bool isKnownElsewhere(const zel::String& path, const CheckedBytes& content, int32_t careerNumber) {
+    const SavedPage save = {content.checksum(), 0}; // no page is as early, only its own
     return !recordsBeside(path, careerNumber, save).empty() || isKept(path, save.checksum);
 }
 
 SaveMatch matchRecords(const zel::String& path, SqliteFile* open, bool isReadOnly,
-                       std::string_view content, int32_t& careerNumber) {
+                       const CheckedBytes& content, int32_t& careerNumber) {
     const SaveMatch found = open != nullptr ? matchPage(*open, content, careerNumber)
                                             : matchRecord(path, isReadOnly, content, careerNumber);
     const auto isOnDisk = [&] { // what the open transaction has cut off was saved

@@ -32,9 +32,9 @@ ShelvedCareer careerIn(const zel::String& folder, int32_t number) {
 
 /// What the record in a career's folder knows of its saves.
 RecordedMatch recordedIn(const zel::String& folder) {
-    return [record = recordIn(folder)](std::string_view content) {
+    return [record = recordIn(folder)](const CheckedBytes& content) {
         int32_t number = 0;
-        std::memcpy(&number, &content[CareerNumberOffset], sizeof number);
+        std::memcpy(&number, &content.bytes()[CareerNumberOffset], sizeof number);
         return matchRecords(record, nullptr, true, content, number);
     };
 }

@@ -26,7 +26,7 @@ TEST_F(ShelfTest, KeepsPages) {
         "19160419 19160330 19160229 19160130 19151231 ";
     EXPECT_EQ(names(), all);
     const std::string save = user(SaveFileName);
-    const auto unrecorded = [](std::string_view) { return SaveMatch::Unknown; };
+    const auto unrecorded = [](const CheckedBytes&) { return SaveMatch::Unknown; };
     const auto back = [&](const char* name) { return program.turnBack(name) && program.load(); };
     ASSERT_TRUE(back("19160130")) << program.shelf.problem().english().view();
     EXPECT_EQ(program.career.calendar().dateNumber(), 19160130);
