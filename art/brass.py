@@ -38,7 +38,8 @@ LOOKS = {
 PLATES = {
     'plate_menu': (392, 66, 3), 'plate_hub': (300, 66, 5), 'plate_back': (200, 52, 7),
     'plate_go': (300, 52, 9), 'plate_order': (480, 52, 11), 'plate_year': (176, 72, 13),
-    'plate_month': (248, 76, 15), 'plate_sheet': (124, 52, 17), 'plate_page': (228, 52, 33), 'plate_french': (372, 116, 27),
+    'plate_month': (248, 76, 15), 'plate_sheet': (124, 52, 17), 'plate_page': (228, 52, 33), 'plate_standin': (428, 52, 37),
+    'plate_french': (372, 116, 27),
     'plate_english': (372, 116, 27), 'plate_german': (372, 116, 27),
 }
 SWITCHES = {'toggle_plane': (416, 60, 19), 'toggle_map': (296, 66, 23), 'toggle_choice': (440, 60, 29)}

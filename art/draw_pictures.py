@@ -16,6 +16,7 @@ import overlays_flying as flying
 import overlays_office as office
 import overlays_people as people
 import overlays_record as record
+import overlays_simulator as simulator
 from brass import GAP, PLATES, SWITCHES, plate_sheet
 from fieldmap import SECTORS
 from holders import BINDINGS, ROWS, row_sheet, silk_ribbon, slip_sheet, spine_sheet
@@ -33,7 +34,7 @@ OVERLAYS = [
     flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
     book.over_logbook, book.over_where,
     record.over_diary, record.over_record, record.over_citation, record.over_fallen, record.over_war_over,
-    people.over_pilot,
+    people.over_pilot, simulator.over_simulator, simulator.over_folder,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
@@ -104,6 +105,10 @@ def pictures():
         'ribbon': lambda: whole(silk_ribbon(), 'ribbon'),
         'stamp_service': lambda: whole(book_stamp('ON SERVICE', BLUE, 172, 20), 'stamp_service'),
         'stamp_fallen': lambda: whole(book_stamp('FALLEN', RED, 136, 21), 'stamp_fallen'),
+        'stamp_ready': lambda: whole(simulator.stamp_ready(), 'stamp_ready'),
+        'stamp_open': lambda: whole(simulator.stamp_open(), 'stamp_open'),
+        'ticks': simulator.ticks,
+        'slip_folder': simulator.slip_folder,
         'map_off': lambda: whole(shade_off(), 'map_off'),
         'portraits': record.portraits,
         'portraits_mourned': record.portraits_mourned,
