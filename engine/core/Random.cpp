@@ -1,6 +1,7 @@
 #include "engine/core/Random.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "engine/core/Clock.h"
 #include "engine/core/System.h"
@@ -15,7 +16,7 @@ constexpr uint32_t LowerBits = 0x7FFFFFFFU;
 
 uint32_t staticNumber = 0;
 bool staticNumberSet = false;
-uint64_t blocksMade = 0;
+std::atomic<uint64_t> blocksMade{0}; // threads draw from generators of their own
 
 uint32_t twist(uint32_t upper, uint32_t lower) {
     const uint32_t joined = (upper & UpperBit) | (lower & LowerBits);
@@ -66,7 +67,7 @@ void Random::makeBlock() {
     for (i = 0; i < BlockSize; ++i)
         block[i] = temper(state[i]);
     index = 0;
-    ++blocksMade;
+    blocksMade.fetch_add(1, std::memory_order_relaxed);
 }
 
 void Random::discard(uint32_t count) {

@@ -5,14 +5,13 @@
 #include <vector>
 
 #include "engine/core/System.h"
-#include "standin/MissionWatch.h"
+#include "standin/NewMissions.h"
 #include "standin/StandIn.h"
 #include "tools/common/Print.h"
 #include "tools/standin/CommandLine.h"
 
 namespace {
 
-constexpr double LookPause = 0.5;  // seconds between two checks for missions
 constexpr double SleepSlice = 0.1; // seconds until an interrupt is noticed, at most
 
 volatile std::sig_atomic_t interrupted = 0;
@@ -41,13 +40,10 @@ void say(const standin::StandInCall& call, const std::string& text) {
     std::fflush(stdout);
 }
 
-bool fly(const standin::StandInCall& call, const zel::String& mission,
-         const standin::FlightOptions& options) {
-    tools::Finding finding;
-    standin::FlightSummary summary;
-    if (!standin::flyMission(call.dir, mission, options, finding, &summary))
-        return fail(finding);
-    say(call, standin::describe(summary));
+bool report(const standin::StandInCall& call, const standin::MissionOutcome& outcome) {
+    if (!outcome.isFlown)
+        return fail(outcome.finding);
+    say(call, standin::describe(outcome.summary));
     return true;
 }
 
@@ -57,28 +53,23 @@ bool flyOnce(const standin::StandInCall& call) {
         call.mission.empty() ? standin::newestMission(call.dir) : zel::String(call.mission);
     if (mission.empty())
         return fail({standin::missionsFolder(call.dir), 0, "there is no mission"});
-    return fly(call, mission, call.flight);
+    standin::MissionOutcome outcome;
+    outcome.isFlown =
+        standin::flyMission(call.dir, mission, call.flight, outcome.finding, &outcome.summary);
+    return report(call, outcome);
 }
 
 /// Flies until interrupted. A refused mission ends it only if the call requests a single flight.
 bool watch(const standin::StandInCall& call) {
-    standin::MissionWatch missions(call.dir);
-    standin::FlightOptions options = call.flight;
     say(call, "Waiting for missions in " + std::string(standin::missionsFolder(call.dir).view()) +
                   " (Ctrl+C ends)\n");
-    while (interrupted == 0) {
-        const zel::String mission = missions.poll();
-        if (mission.empty()) {
-            waitFor(LookPause);
-            continue;
-        }
-        const bool flown = fly(call, mission, options);
-        if (call.once)
-            return flown;
-        if (options.seed != 0 && ++options.seed == 0)
-            options.seed = 1;
-    }
-    return true;
+    bool isWell = true;
+    standin::flyNewMissions(call.dir, call.flight, [&](const standin::MissionOutcome& outcome) {
+        const bool isFlown = report(call, outcome);
+        isWell = isFlown || !call.once;
+        return !call.once;
+    });
+    return isWell;
 }
 
 } // namespace

@@ -1,0 +1,46 @@
+#include "standin/BackgroundFlights.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "engine/core/Log.h"
+#include "engine/core/System.h"
+#include "standin/NewMissions.h"
+
+namespace standin {
+
+namespace {
+
+bool logRefusal(const MissionOutcome& outcome) {
+    if (!outcome.isFlown)
+        zel::log(outcome.finding.text(), "StandIn", zel::LogWarning);
+    return true;
+}
+
+} // namespace
+
+BackgroundFlights::BackgroundFlights(const zel::String& dir, FlightOptions options) {
+    options.wait = [this](double seconds) { return wait(seconds); };
+    if (options.seed == 0)
+        options.seed = std::max(zel::system::entropy(), 1U);
+    thread = std::thread([folder = std::string(dir.view()), options] {
+        flyNewMissions(folder, options, logRefusal);
+    });
+}
+
+BackgroundFlights::~BackgroundFlights() {
+    {
+        const std::lock_guard lock(mutex);
+        isEnding = true;
+    }
+    ended.notify_all();
+    thread.join();
+}
+
+bool BackgroundFlights::wait(double seconds) {
+    std::unique_lock lock(mutex);
+    return !ended.wait_for(lock, std::chrono::duration<double>(seconds),
+                           [this] { return isEnding; });
+}
+
+} // namespace standin

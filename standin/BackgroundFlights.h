@@ -1,0 +1,34 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include "standin/StandIn.h"
+
+namespace standin {
+
+/// Flies the new missions of a simulator folder in a thread of its own, until it is destroyed. A
+/// mission that can't be flown is logged.
+///
+/// Destroying it waits for no more than what the thread computes at the moment: a pause is cut
+/// short, and leaves a truncated log as an interrupted flight does.
+class BackgroundFlights {
+public:
+    /// The options' wait is replaced. A seed of 0 is drawn from the system, so that the career's
+    /// draws stay the same.
+    BackgroundFlights(const zel::String& dir, FlightOptions options);
+    ~BackgroundFlights();
+    BackgroundFlights(const BackgroundFlights&) = delete;
+    BackgroundFlights& operator=(const BackgroundFlights&) = delete;
+
+private:
+    bool wait(double seconds);
+
+    std::mutex mutex;
+    std::condition_variable ended;
+    bool isEnding = false;
+    std::thread thread; // the last member: it uses the others
+};
+
+} // namespace standin
