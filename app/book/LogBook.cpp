@@ -69,7 +69,7 @@ private:
     void readFlights(LogBook& book) {
         SqliteStatement row(record,
                             "SELECT number, date, pilot, pilot_name, squadron, base, aircraft,"
-                            " kills, injury, damage, landed, dead, fate, cause FROM flight"
+                            " kills, injury, damage, landed, dead FROM flight"
                             " ORDER BY number");
         while (row.next()) {
             BookFlight& flight = book.flights.emplace_back();
@@ -86,8 +86,6 @@ private:
             flight.damage = static_cast<float>(row.real(9));
             flight.hasLanded = row.number(10) != 0;
             flight.isDead = row.number(11) != 0;
-            flight.fate = row.text(12);
-            flight.cause = row.text(13);
         }
     }
 

@@ -41,8 +41,6 @@ struct BookFlight {
     zel::String pilotTitle;     // with rank and decorations; only if he fell in this flight
     zel::String successor;      // who took his place; empty for nobody
     zel::String successorTitle; // with his first rank
-    zel::String fate;           // in the report's words, of the language in which it was shown
-    zel::String cause;          // likewise; empty unless his plane was lost
 };
 
 /// The player's flights from the record, those of his predecessors included.
