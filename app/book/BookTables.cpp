@@ -142,14 +142,20 @@ void BookTables::readVictories(const zel::String& file) {
 }
 
 void BookTables::readEvents(const zel::String& file) {
-    CsvFile table(file, "date,place,text_en,text_de,text_fr,weight,source", true);
+    constexpr std::string_view Texts = "text_";
+    constexpr size_t FirstText = 2;
+    CsvFile table(file, "date,place,text_en,text_*,weight,source", true);
+    for (const std::string& name : table.header())
+        if (name.rfind(Texts, 0) == 0)
+            eventLanguages.push_back(name.substr(Texts.size()));
     while (table.next()) {
         WarEvent event;
         event.date = table.date(0);
         event.place = table.text(1);
-        for (size_t language = 0; language < 3; ++language)
-            event.texts[language] = table.text(2 + language);
-        event.weight = std::clamp(table.number(5), LeastWeight, MostWeight);
+        for (size_t language = 0; language < eventLanguages.size(); ++language)
+            event.texts.push_back(table.text(FirstText + language));
+        event.weight =
+            std::clamp(table.number(FirstText + eventLanguages.size()), LeastWeight, MostWeight);
         if (event.date != 0 && !event.texts[0].empty())
             events.push_back(event);
     }

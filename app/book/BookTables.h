@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -78,8 +77,8 @@ struct RealVictory {
 struct WarEvent {
     int32_t date = 0;
     zel::String place;
-    std::array<zel::String, 3> texts; // English, German, French
-    int32_t weight = 0;               // 1 to 5, the most important
+    std::vector<zel::String> texts; // by BookTables::eventLanguages, empty without a translation
+    int32_t weight = 0;             // 1 to 5, the most important
 };
 
 /// The tables that the book of the war compares a career with. Rows that make no sense are logged
@@ -104,6 +103,8 @@ public:
     std::vector<RealAce> aces;
     std::vector<RealVictory> victories; // by date
     std::vector<WarEvent> events;       // likewise
+    /// Codes of the languages of the events, as the table's header has them; English first.
+    std::vector<std::string> eventLanguages;
 
 private:
     void readRanks(const zel::String& file);

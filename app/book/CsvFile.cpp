@@ -11,6 +11,29 @@ namespace {
 
 constexpr int32_t LongestTable = 16 << 20; // bytes
 
+std::vector<std::string> namesIn(std::string_view header) {
+    std::vector<std::string> names(1);
+    for (const char c : header)
+        if (c == ',')
+            names.emplace_back();
+        else
+            names.back() += c;
+    return names;
+}
+
+/// Whether the names are those wanted, of which "text_*" takes all that begin with "text_".
+bool fits(const std::vector<std::string>& names, const std::vector<std::string>& wanted) {
+    size_t at = 0;
+    for (const std::string& name : wanted) {
+        if (name.back() == '*')
+            while (at < names.size() && names[at].rfind(name.substr(0, name.size() - 1), 0) == 0)
+                ++at;
+        else if (at == names.size() || names[at++] != name)
+            return false;
+    }
+    return at == names.size();
+}
+
 } // namespace
 
 CsvFile::CsvFile(const zel::String& name, std::string_view header, bool mayBeMissing) : name(name) {
@@ -20,13 +43,11 @@ CsvFile::CsvFile(const zel::String& name, std::string_view header, bool mayBeMis
             zel::log("The table " + name + " can't be read", "Book", zel::LogWarning);
         return;
     }
-    columns = size_t(std::count(header.begin(), header.end(), ',')) + 1;
-    fields.reserve(columns);
-    const size_t end = std::min(content.find_first_of("\r\n"), content.size());
-    if (std::string_view(content).substr(0, end) == header) {
-        place = end;
+    place = std::min(content.find_first_of("\r\n"), content.size());
+    names = namesIn(std::string_view(content).substr(0, place));
+    if (fits(names, namesIn(header)))
         return;
-    }
+    names.clear();
     zel::log("The table " + name + " must begin with \"" + zel::String(header) + "\"", "Book",
              zel::LogWarning);
     content.clear();
@@ -42,9 +63,9 @@ bool CsvFile::next() {
         place = end;
         if (row.empty())
             continue;
-        if (split(row) && fields.size() == columns)
+        if (split(row) && fields.size() == names.size())
             return true;
-        report("the row must have " + zel::String(int32_t(columns)) + " fields");
+        report("the row must have " + zel::String(int32_t(names.size())) + " fields");
     }
     return false;
 }

@@ -8,13 +8,16 @@
 #include "engine/core/String.h"
 
 /// A table of comma-separated values, read row by row. A field in double quotes may hold commas and
-/// doubled quotes. Texts are Windows-1252 in the program and may be UTF-8 in the file.
+/// doubled quotes. Texts are in the program's code page, and may be UTF-8 in the file.
 class CsvFile {
 public:
-    /// header: the first line that the file must have. On error: a file that is missing or begins
-    /// otherwise is logged, unless it may be missing, and has no rows.
+    /// header: the first line that the file must have; a name that ends in `*` stands for any
+    /// number of columns that begin so, even none. On error: a file that begins otherwise is
+    /// logged, as is one that is missing, unless it may be, and has no rows.
     CsvFile(const zel::String& name, std::string_view header, bool mayBeMissing = false);
 
+    /// Names of the file's columns; empty without rows.
+    const std::vector<std::string>& header() const { return names; }
     /// Goes to the next row; false at the end. A row with more or fewer fields than the header is
     /// logged and left out.
     bool next();
@@ -32,8 +35,8 @@ private:
 
     zel::String name;
     std::string content;
-    size_t place = 0; // in the content, where the next line begins
-    int32_t line = 0; // of the present row, as an editor counts
-    size_t columns = 0;
+    size_t place = 0;               // in the content, where the next line begins
+    int32_t line = 0;               // of the present row, as an editor counts
+    std::vector<std::string> names; // of the columns
     std::vector<std::string> fields;
 };

@@ -27,9 +27,13 @@ struct DatedLine {
     DiaryLine line;
 };
 
-size_t languageOfTexts() {
-    const zel::String& code = zel::Language::getCode();
-    return code == "de" ? 1 : code == "fr" ? 2 : 0;
+/// The text in the language in use, in English without a translation.
+const zel::String& textIn(const BookTables& tables, const WarEvent& event) {
+    const auto& languages = tables.eventLanguages;
+    const auto own = std::find(languages.begin(), languages.end(), zel::Language::getCode().view());
+    if (own == languages.end() || event.texts[own - languages.begin()].empty())
+        return event.texts.front();
+    return event.texts[own - languages.begin()];
 }
 
 std::string lastWord(const std::string& name) { return name.substr(name.rfind(' ') + 1); }
@@ -68,13 +72,14 @@ private:
                                 [](const Row& row, int32_t date) { return row.date < date; });
     }
 
-    /// Whether an event of that day names him. A family name alone means the best of that name.
+    /// Whether an event of that day names him, by its English text: other languages decline names.
+    /// A family name alone means the best of that name.
     bool isTold(int32_t date, const RealAce& ace) const {
         const std::string name = folded(ace.name.view());
         const std::string family = lastWord(name);
         for (auto event = firstOf(tables.events, date);
              event != tables.events.end() && event->date == date; ++event) {
-            const std::string text = folded(event->texts[0].view());
+            const std::string text = folded(event->texts.front().view());
             if (text.find(name) != std::string::npos)
                 return true;
             if (hasWord(text, family) && isMeant(text, ace, family))
@@ -92,13 +97,10 @@ private:
     }
 
     void addEvents() {
-        const size_t language = languageOfTexts();
         for (auto event = firstOf(tables.events, from);
              event != tables.events.end() && event->date < until; ++event) {
-            const zel::String& own = event->texts[language];
             add(event->date, event->weight * EventWeight,
-                textOf(wording::RealEvent,
-                       {dayText(event->date), own.empty() ? event->texts[0] : own}));
+                textOf(wording::RealEvent, {dayText(event->date), textIn(tables, *event)}));
         }
     }
 

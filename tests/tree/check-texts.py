@@ -8,9 +8,11 @@ check-texts.py [FOLDER], the folder that holds app, tools and data; the tree its
 - Code gives no literal to an element (setText), and the sources of screens and of the career's
   texts hold no literal that reads like a text, but for those that go to the log.
 - A script in data/Menus gives no element a text with letters: layout.definewidgetlanguagetext does.
+- data/history/events.csv has each event in every language of data/Language, short enough to show.
 
 Each finding is a line "file:line: what is wrong".
 """
+import csv
 import re
 import sys
 from pathlib import Path
@@ -31,6 +33,10 @@ LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf)\s*\($")
 # A text in a script, by the command: which word, counted from 0.
 SCRIPT_TEXTS = {"addwidget": 2, "addtextarea": 2, "layout.definewidgettext": 1,
                 "layout.definetextareatext": 1}
+
+# Letters of an event at most, and those that the fonts have beside Windows-1252.
+EVENT_LETTERS = 90
+FURTHER_LETTERS = "ąćęłńśźżĄĆĘŁŃŚŹŻ"
 
 findings = []
 
@@ -138,6 +144,20 @@ def check_script(path, text):
             find(path, number, f"a text outside the tables: \"{words[place]}\"")
 
 
+def check_events(root):
+    name = "data/history/events.csv"
+    codes = sorted(path.stem for path in (root / "data/Language").glob("??.txt"))
+    rows = csv.DictReader((root / name).read_text("utf-8").splitlines())
+    for line, row in enumerate(rows, 2):
+        for code in codes:
+            text = row.get(f"text_{code}") or ""
+            plain = "".join(c for c in text if c not in FURTHER_LETTERS)
+            if not 0 < len(text) <= EVENT_LETTERS:
+                find(name, line, f"text_{code} has {len(text)} letters, not 1 to {EVENT_LETTERS}")
+            if plain.encode("cp1252", "replace").decode("cp1252") != plain:
+                find(name, line, f"text_{code} has a letter that no font has")
+
+
 def main():
     root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent.parent)
     paths = [path for folder in ("app", "tools") for path in sorted((root / folder).rglob("*.cpp"))]
@@ -147,6 +167,7 @@ def main():
         check_source(path, text)
     for path in sorted((root / "data/Menus").iterdir()):
         check_script(str(path.relative_to(root)), path.read_text("cp1252"))
+    check_events(root)
     print("\n".join(findings), end="\n" if findings else "")
     return 1 if findings else 0
 

@@ -172,11 +172,11 @@ TEST(RealWarTest, ChoosesTheMostImportantByDate) {
     folder.write("victories_by_day.csv", "name,date,victim_type,source\n"
                                          "Werner Voss,19170901,EA,x\nWerner Voss,19170905,EA,x\n"
                                          "Werner Voss,19170905,EA,x\nNobody,19170905,EA,x\n");
-    folder.write("events.csv", "date,place,text_en,text_de,text_fr,weight,source\n"
-                               "19170920,Ypres,\"The Menin Road, at dawn.\",,,5,x\n"
+    folder.write("events.csv", "date,place,text_en,text_pl,text_de,weight,source\n"
+                               "19170920,Ypres,\"The Menin Road, at dawn.\",,Im Nebel.,5,x\n"
                                "19170921,Ypres,Rain.,,,1,x\n19170921,Ypres,Mud.,,,1,x\n"
                                "19170921,Ypres,Fog.,,,1,x\n19170232,Ypres,Never.,,,1,x\n"
-                               "19170925,Ypres,Muller falls.,,,1,x\n"
+                               "19170925,Ypres,Muller falls.,Ginie.,,1,x\n"
                                "19170926,Ypres,The end of Otto von M\374ller.,,,5,x\n");
     folder.write("ranks.csv", "");
     folder.write("awards.csv", "");
@@ -201,6 +201,17 @@ TEST(RealWarTest, ChoosesTheMostImportantByDate) {
                      "26 September: Fritz M\374ller, 8 victories, is killed."}))
         << "an ace whom an event names has no second line";
     EXPECT_EQ(texts(realWar(tables, 19160910, 19160915)), Texts{"Nothing is known of these days."});
+    // Where there is no translation the text is English.
+    const std::tuple<const char*, int32_t, const char*> translations[] = {
+        {"de", 19170920, "20. September: Im Nebel."},
+        {"de", 19170925, "25. September: Muller falls."},
+        {"fr", 19170925, "25 septembre : Muller falls."},
+        {"pl", 19170925, "25 wrze\006nia: Ginie."}};
+    for (const auto& [code, date, text] : translations) {
+        ASSERT_TRUE(zel::Language::load(code));
+        EXPECT_EQ(texts(realWar(tables, date, date + 1)).front(), text);
+    }
+    zel::Language::reset();
 }
 
 // The means of the years are 15.25, 14.25, 13.25 and 11.25 days.
