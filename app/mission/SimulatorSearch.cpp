@@ -31,6 +31,8 @@ struct SimulatorSearch::State {
 };
 
 void SimulatorSearch::State::run() {
+    // A little less, so that whoever waits still sees how it ended.
+    const uint32_t most = bounds.milliseconds - bounds.milliseconds / 20;
     const uint32_t begun = zel::ticks();
     SimulatorWalk walk(
         bounds,
@@ -38,7 +40,7 @@ void SimulatorSearch::State::run() {
             const std::lock_guard<std::mutex> lock(mutex);
             places.push_back(place);
         },
-        [&] { return !isStopped && zel::ticks() - begun < bounds.milliseconds; });
+        [&] { return !isStopped && zel::ticks() - begun < most; });
     const bool isComplete = walk.run(roots);
     const std::lock_guard<std::mutex> lock(mutex);
     isWhole = isComplete;
@@ -79,8 +81,13 @@ void SimulatorSearch::wait() const {
 std::vector<SimulatorPlace> SimulatorSearch::places() const {
     if (state == nullptr)
         return {};
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    return state->places;
+    std::unique_lock<std::mutex> lock(state->mutex);
+    std::vector<SimulatorPlace> sorted = state->places;
+    lock.unlock();
+    std::stable_sort(
+        sorted.begin(), sorted.end(),
+        [](const SimulatorPlace& a, const SimulatorPlace& b) { return a.foundBy < b.foundBy; });
+    return sorted;
 }
 
 bool SimulatorSearch::isWhole() const {

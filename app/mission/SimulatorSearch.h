@@ -44,7 +44,7 @@ public:
     bool isRunning() const;
     /// Waits until it is over, at most for its time.
     void wait() const;
-    /// What was found so far, in the order of FoundBy's ways.
+    /// What was found so far, in the order of FoundBy.
     std::vector<SimulatorPlace> places() const;
     /// Whether it is over and ended neither by its bounds nor by stop().
     bool isWhole() const;

@@ -91,7 +91,7 @@ bool mayWrite(const zel::String& file) {
 zel::String decidingFile() {
     for (const zel::String& file : settingsFiles())
         if (holdsKey(file))
-            return file;
+            return zel::system::absolutePath(file);
     const zel::String usual = settingsFileToWrite();
     if (mayWrite(usual))
         return usual;

@@ -5,10 +5,13 @@
 #include <gtest/gtest.h>
 
 #include "app/mission/Configuration.h"
+#include "app/mission/SimulatorSetting.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TemporaryFolder.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -64,6 +67,48 @@ TEST_F(SettingsTest, AreToBeWrittenWhereThePlayerCan) {
             << file;
         EXPECT_EQ(std::filesystem::exists(file), name != "user");
     }
+}
+
+// The name of a folder, and which file has to have the setting then.
+TEST_F(SettingsTest, TakeTheSimulatorWhereItCounts) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "user"},                      // none is there
+        {"files", "files"},                // one without the setting
+        {"user=x", "user"},                // the only one with it
+        {"user=x files", "user"},          // the only one with it, overridden by none
+        {"user=x files=x start", "files"}, // the later one of two
+        {"user=x files=x start=x", "start"},
+        {"files locked", "user"}, // it may not be written, and doesn't matter
+    };
+    const std::string simulator = folder.path() + "/Rise of Flight \xC3\xA9";
+    folder.write("Rise of Flight \xC3\xA9/x", "");
+    for (const auto& [files, written] : cases) {
+        const fs::path locked = folder.file("files/wtysettings.ini");
+        for (const std::string name : {"user", "files", "start"}) {
+            const std::string file = name + "/wtysettings.ini";
+            fs::remove(folder.file(file));
+            if (files.find(name) != std::string::npos)
+                folder.write(file, files.find(name + "=") != std::string::npos
+                                       ? "# one\nrof.directory=old\n"
+                                       : "# one\n");
+        }
+        if (files.find("locked") != std::string::npos)
+            fs::permissions(locked, fs::perms::owner_read);
+        start();
+        const SettingWritten result = writeSimulatorFolder(simulator + "/");
+        EXPECT_EQ(result.fault, zel::FileFault::None) << files;
+        EXPECT_TRUE(fs::equivalent(fs::path(result.file.c_str()).parent_path(),
+                                   folder.path() + "/" + written))
+            << files << ": " << result.file.c_str();
+        EXPECT_EQ(fs::path(Configuration::getRofDirectory().c_str()), fs::path(simulator + "\\"))
+            << files;
+        if (fs::exists(locked))
+            fs::permissions(locked, fs::perms::owner_all);
+    }
+    folder.write("start/wtysettings.ini", "rof.directory=old\n");
+    fs::permissions(folder.file("start/wtysettings.ini"), fs::perms::owner_read);
+    EXPECT_EQ(writeSimulatorFolder(simulator).fault, zel::FileFault::ReadOnly);
+    EXPECT_EQ(folder.read("start/wtysettings.ini"), "rof.directory=old\n");
 }
 
 } // namespace
