@@ -6,8 +6,8 @@
 #include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
-/// What differs between Windows and POSIX systems where the simulator is sought: disks, links and
-/// running programs. All of it may be called from any thread.
+/// What differs between Windows and POSIX systems in what surrounds the program: disks, links,
+/// running programs and libraries. All of it may be called from any thread.
 namespace zel::system {
 
 /// The folders at which a player begins to browse: the drives of Windows ("C:\"); elsewhere "/" and
@@ -24,5 +24,7 @@ FileFault writeFault(const String& path);
 /// Whether a program of that file name runs, such as "ROF.exe", without regard to case. Off Windows
 /// that includes programs that Wine runs.
 bool isProgramRunning(std::string_view name);
+/// Whether the library of OpenGL can be loaded. Whether its driver draws shows only with a window.
+bool hasOpenGl();
 
 } // namespace zel::system

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -104,6 +105,14 @@ bool isProgramRunning(std::string_view name) {
             return true;
     }
     return false;
+}
+
+bool hasOpenGl() {
+    void* const library = dlopen("libGL.so.1", RTLD_LAZY | RTLD_LOCAL);
+    if (library == nullptr)
+        return false;
+    dlclose(library);
+    return true;
 }
 
 } // namespace zel::system

@@ -77,4 +77,12 @@ bool isProgramRunning(std::string_view name) {
     return isFound;
 }
 
+bool hasOpenGl() {
+    const HMODULE library = LoadLibraryExA("opengl32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (library == nullptr)
+        return false;
+    FreeLibrary(library);
+    return true;
+}
+
 } // namespace zel::system

@@ -21,7 +21,8 @@ WORDINGS = ["app/career/Wording.h", "app/report/ReportWording.h", "app/book/LogB
             "app/book/SketchWording.h",
             "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
 WORDINGS += ["app/book/ServiceWording.h", "app/book/DiaryWording.h", "app/book/WebWording.h",
-             "app/book/CitationWording.h", "app/mission/SimulatorWording.h"]
+             "app/book/CitationWording.h", "app/mission/SimulatorWording.h",
+             "tools/career/DoctorWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
                 "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]

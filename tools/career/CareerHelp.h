@@ -47,6 +47,8 @@ Commands:
   putaway NUMBER          moves a career to those put away
   pages                   the earlier saves of the current career
   page NAME               goes back to the earlier save of that name, a date as
-                          YYYYMMDD or as pages writes it, and loads it)";
+                          YYYYMMDD or as pages writes it, and loads it
+  doctor                  checks all that a career needs, from the simulator to the
+                          pictures, and says what to do; --fix does part of it)";
 inline constexpr const char* CareerEnding =
     "Exit status: 0 all commands did their work, 1 one of them failed, 2 a wrong call.";

@@ -22,6 +22,7 @@ struct CareerCall {
     std::optional<zel::String> squadron; // his squadron's key
     int32_t waitSeconds = 0;             // how long report waits for a log
     bool keepsRecord = true;             // of the war
+    bool fixes = false;                  // what doctor finds
     bool quiet = false;
     bool verbose = false;
     std::vector<std::function<bool(Session&)>> commands; // in their order

@@ -12,6 +12,7 @@
 #include "app/war/InvitationLetter.h"
 #include "engine/core/String.h"
 #include "tools/career/CareerStart.h"
+#include "tools/career/Doctor.h"
 #include "tools/career/Progress.h"
 #include "tools/career/RecordLines.h"
 #include "tools/career/ShelfCommands.h"
@@ -66,6 +67,12 @@ public:
     bool writeBook(const zel::String& file) { return writeFile(file, true); }
     /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
     bool exportRecord(const zel::String& file) { return writeFile(file, false); }
+    /// Checks all that a career needs and prints what to do. fixes: see Doctor.h. False if
+    /// something is wrong.
+    bool doctor(bool fixes) {
+        const zel::String why = Doctor(fixes, quiet).examine();
+        return why.empty() || fail(why);
+    }
     /// Ends what another run left half done among the careers; to be called first. On error: false,
     /// and the reason is in the log.
     bool tidy() { return shelf.tidy(); }

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/core/String.h"
+
+class Session;
+class ShelfCommands;
+struct CareerCall;
+
+/// A pilot's name as it is typed, in the encoding of the system; names are Windows-1252.
+zel::String typedName(const std::string& given);
+
+/// Reads commands with their arguments from the words of a call, and adds them to it. Each step
+/// returns the fault, or an empty text.
+class CommandReader {
+public:
+    CommandReader(const std::vector<std::string>& words, CareerCall& call)
+        : words(words), call(call) {}
+
+    std::string readAll();
+    /// Whether a career is begun by one of the commands.
+    bool begins() const { return beginsCareer; }
+    /// Whether one of the commands is the doctor.
+    bool examines() const { return hasDoctor; }
+
+private:
+    std::string readStart(std::string_view command);
+    std::string readUntil();
+    std::string readAdvance();
+    void readInvitation();
+    void readVictories();
+    std::string readWhy();
+    std::string readPilot();
+    std::string readFile(std::string_view command);
+    void readDoctor();
+    void addOnShelf(bool (ShelfCommands::*command)());
+    std::string readCareer(std::string_view command);
+    std::string readPage();
+    std::string readPlain(std::string_view command);
+
+    bool atEnd() const { return next == words.size(); }
+    std::string_view peek() const { return atEnd() ? std::string_view() : words[next]; }
+    /// A whole number of the range; false, taking nothing, if none follows.
+    bool takeNumber(int32_t least, int32_t most, int32_t& value);
+    void add(std::function<bool(Session&)> command);
+
+    const std::vector<std::string>& words;
+    CareerCall& call;
+    size_t next = 0;
+    bool beginsCareer = false;
+    bool hasDoctor = false;
+};

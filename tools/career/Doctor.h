@@ -1,0 +1,67 @@
+#pragma once
+
+#include <vector>
+
+#include "app/mission/SimulatorChecks.h"
+#include "engine/core/String.h"
+
+struct Wording;
+namespace wording {
+struct Complaint;
+}
+
+/// What the doctor checks, in its order.
+enum class DoctorCheck {
+    Simulator,
+    TextLog,
+    Template,
+    WriteAccess,
+    Save,
+    Record,
+    Data,
+    Pictures,
+    Languages,
+    OpenGl,
+};
+
+/// Checks all that a career needs, and says about each fault what to do. The working directory is
+/// that of the program's files. Nothing is changed unless it is to fix: then the simulator that is
+/// found is set as its folder, and its text log is switched on.
+class Doctor {
+public:
+    Doctor(bool fixes, bool isQuiet) : fixes(fixes), isQuiet(isQuiet) {}
+
+    /// Runs all checks and prints a line or a few for each. Returns, for the program's error line,
+    /// how many found something wrong; empty if all is well.
+    zel::String examine();
+
+private:
+    void examineSimulator();
+    void examineTextLog();
+    void examineWriteAccess();
+    void examineSave();
+    void examineRecord();
+    void examineData();
+    void examinePictures();
+    void examineLanguages();
+    void examineOpenGl();
+
+    void chooseSimulator();
+    void switchLogOn();
+
+    // `files` are names in the system's encoding, for the marks of a text in turn.
+    using Files = std::vector<zel::String>;
+    void say(const Wording& kind, DoctorCheck check, const Wording& what, const Files& files = {});
+    void good(DoctorCheck check, const Wording& what, const Files& files = {});
+    void note(DoctorCheck check, const Wording& what, const Files& files = {});
+    void complain(DoctorCheck check, const wording::Complaint& complaint,
+                  const std::vector<zel::String>& details = {});
+    /// A further line of a check, in the terminal's encoding.
+    void addDetail(const zel::String& printed) const;
+
+    bool fixes;
+    bool isQuiet;
+    int32_t complaints = 0;
+    zel::String folder; // the simulator's
+    SimulatorChecks simulator;
+};
