@@ -1,5 +1,8 @@
 #include "engine/core/Language.h"
 
+#include <algorithm>
+
+#include "engine/core/Directory.h"
 #include "engine/core/File.h"
 #include "engine/core/Log.h"
 #include "engine/core/Registry.h"
@@ -14,10 +17,20 @@ namespace {
 constexpr int32_t MaxLanguageSize = 1 << 24; // bytes
 constexpr const char* Preference = "_Language";
 constexpr const char* LastResort = "en";
+constexpr const char* Folder = "Language/";
+constexpr const char* Ending = ".txt";
 
 /// Whether a code names a file of the language folder and nothing else.
 bool isPlainName(std::string_view name) {
     return !name.empty() && name.find_first_of("/\\:") == name.npos && name != "..";
+}
+
+/// The form for that number among those that "|" separates.
+std::string_view formFor(std::string_view forms, int32_t number) {
+    for (int32_t left = pluralForm(Language::getCode(), number); left > 0; --left)
+        if (const size_t end = forms.find('|'); end != forms.npos)
+            forms.remove_prefix(end + 1);
+    return forms.substr(0, forms.find('|'));
 }
 
 void replaceFirst(std::string& text, std::string_view mark, std::string_view value) {
@@ -45,6 +58,18 @@ std::map<int32_t, String> parseLanguage(std::string_view text) {
     return result;
 }
 
+int32_t pluralForms(std::string_view code) { return code == "pl" ? 3 : 2; }
+
+int32_t pluralForm(std::string_view code, int32_t number) {
+    if (code == "fr")
+        return number == 0 || number == 1 ? 0 : 1;
+    if (number == 1 || code != "pl")
+        return number == 1 ? 0 : 1;
+    const int32_t last = number % 10;
+    const bool isTeen = number / 10 % 10 == 1;
+    return last >= 2 && last <= 4 && !isTeen ? 1 : 2;
+}
+
 String fillMarks(std::string_view text, const std::vector<String>& arguments) {
     std::string filled;
     for (size_t i = 0; i < text.size(); ++i) {
@@ -54,9 +79,15 @@ String fillMarks(std::string_view text, const std::vector<String>& arguments) {
             continue;
         }
         const auto argument = static_cast<size_t>(digit - '1');
-        if (argument < arguments.size())
-            filled += arguments[argument].view();
+        const String value = argument < arguments.size() ? arguments[argument] : String();
         ++i;
+        const size_t end = text.substr(i + 1, 1) == "{" ? text.find('}', i) : text.npos;
+        if (end == text.npos) {
+            filled += value.view();
+            continue;
+        }
+        filled += formFor(text.substr(i + 2, end - i - 2), value.toInt());
+        i = end;
     }
     return String(std::move(filled));
 }
@@ -81,8 +112,7 @@ String Language::getSystemLanguage() {
 
 bool Language::load(const String& newCode) {
     std::string content;
-    if (!isPlainName(newCode) ||
-        !readTextFile("Language/" + newCode + ".txt", MaxLanguageSize, content))
+    if (!isPlainName(newCode) || !readTextFile(Folder + newCode + Ending, MaxLanguageSize, content))
         return false;
     table = parseLanguage(content);
     code = newCode;
@@ -98,12 +128,43 @@ bool Language::setLanguage(const String& newCode) {
     return isLoaded;
 }
 
+std::vector<KnownLanguage> Language::known(int32_t nameNumber) {
+    std::vector<KnownLanguage> languages;
+    if (!system::isDirectory(Folder))
+        return languages;
+    const String nameLine = String(nameNumber) + ":";
+    const Directory folder(Folder, String("*") + Ending);
+    for (int32_t i = 0; i < folder.count(); ++i) {
+        const String file = folder.name(i);
+        std::string content;
+        if (!readTextFile(Folder + file, MaxLanguageSize, content))
+            continue;
+        KnownLanguage language{file.left(file.length() - 4), {}};
+        forEachLine(content, [&](std::string_view line) {
+            if (line.substr(0, nameLine.view().size()) == nameLine.view())
+                language.name = trimmed(line.substr(nameLine.view().size()), ' ');
+        });
+        if (!language.name.empty())
+            languages.push_back(language);
+    }
+    std::sort(languages.begin(), languages.end(),
+              [](const KnownLanguage& a, const KnownLanguage& b) { return a.code < b.code; });
+    return languages;
+}
+
+bool Language::choose(const String& newCode) {
+    const bool isSet = setLanguage(newCode);
+    if (isSet)
+        Registry::set(Preference, newCode);
+    return isSet;
+}
+
 void Language::init() {
     if (initialised)
         return;
     initialised = true;
     for (const String& candidate :
-         {getSystemLanguage(), Registry::get(Preference, ""), String(LastResort)})
+         {Registry::get(Preference, ""), getSystemLanguage(), String(LastResort)})
         if (!candidate.empty() && setLanguage(candidate))
             return;
 }

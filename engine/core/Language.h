@@ -8,6 +8,12 @@
 
 namespace zel {
 
+/// A language with a table, and what it calls itself.
+struct KnownLanguage {
+    String code;
+    String name;
+};
+
 /// The numbered texts of the screens in the language in use. One table, main thread only.
 class Language {
 public:
@@ -20,8 +26,14 @@ public:
     [[nodiscard]] static bool load(const String& newCode);
     /// The same, and logs the result.
     static bool setLanguage(const String& newCode);
-    /// Chooses a language: the user's, then the preference "_Language", then "en"; the first whose
-    /// file can be read. Runs once, until reset().
+    /// The languages in the folder "Language" whose tables have their own name under that number,
+    /// by code.
+    static std::vector<KnownLanguage> known(int32_t nameNumber);
+    /// setLanguage() as the player's choice, which is stored. False, with nothing changed, as with
+    /// load().
+    static bool choose(const String& newCode);
+    /// Sets a language: the one that the player chose (the preference "_Language"), then the
+    /// system's, then "en"; the first whose file can be read. Runs once, until reset().
     static void init();
     /// The text of a number, with the first "$1" replaced by a1, and so on up to "$8". Chooses a
     /// language first if none is loaded. On error: "(String NUMBER)".
@@ -44,8 +56,16 @@ private:
 /// Reads a language file's text: lines "NUMBER: TEXT"; of two lines with one number the later one
 /// counts. The characters `\` and `n` in a text become a line feed.
 std::map<int32_t, String> parseLanguage(std::string_view text);
-/// The text with every "$1" replaced by the first argument, and so on up to "$8". A mark without an
-/// argument vanishes; marks within an argument stay.
+/// How many forms of a word the language has for numbers: 3 in Polish, 2 in the others.
+int32_t pluralForms(std::string_view code);
+/// The form for that number, from 0 on: in Polish those for 1, for 2 to 4, 22 to 24 and so on, and
+/// for the rest; in the others those for one and more, where none counts as one in French alone.
+int32_t pluralForm(std::string_view code, int32_t number);
+
+/// The text with every "$1" replaced by the first argument, and so on up to "$8".
+/// "$1{flight|flights}" is the word for the number that the argument is, in the forms of the
+/// language in use; where there are too few of them, the last. A mark without an argument vanishes;
+/// marks within an argument stay.
 String fillMarks(std::string_view text, const std::vector<String>& arguments);
 /// The code in langcodes.dat for a locale identifier in decimal; empty if no line lists it.
 String findLanguageCode(std::string_view langcodes, std::string_view identifier);

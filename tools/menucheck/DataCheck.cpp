@@ -102,6 +102,26 @@ String shownMarks(const std::set<char>& marks) {
     return shown.empty() ? "none" : shown;
 }
 
+/// Reports words for a number that have another number of forms than the language.
+void checkForms(const String& name, const String& code, const LanguageTable& table,
+                FindingLog& findings) {
+    const int32_t wanted = zel::pluralForms(code);
+    for (const auto& [number, entry] : table) {
+        const std::string_view text = entry.text;
+        for (size_t at = text.find('{'); at != text.npos; at = text.find('{', at + 1)) {
+            const std::string_view forms = text.substr(at, text.find('}', at) - at);
+            const auto count =
+                1 + static_cast<int32_t>(std::count(forms.begin(), forms.end(), '|'));
+            if (at < 2 || text[at - 2] != '$' || text.find('}', at) == text.npos)
+                findings.add({name, entry.line}, String("text ") + number +
+                                                     " has a brace that is no word for a number");
+            else if (count != wanted)
+                findings.add({name, entry.line}, String("text ") + number + " has " + count +
+                                                     " forms of a word, the language " + wanted);
+        }
+    }
+}
+
 /// Reports texts whose marks differ from the model table's. Of a mark that occurs twice only the
 /// first is replaced.
 void checkMarks(const String& name, const LanguageTable& table, const String& modelName,
@@ -206,6 +226,7 @@ void NamedData::checkLanguages(FindingLog& findings) const {
     for (const String& code : codes) {
         const String name = String(Tables) + code + TableEnding;
         tables[name] = readTable(name, findings);
+        checkForms(name, code, tables[name], findings);
         readNotesOf(name, notes, findings);
     }
     std::map<int32_t, Source> used = texts;

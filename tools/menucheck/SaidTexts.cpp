@@ -1,5 +1,7 @@
 #include "tools/menucheck/SaidTexts.h"
 
+#include <algorithm>
+
 #include "engine/core/Language.h"
 
 namespace menucheck {
@@ -123,8 +125,11 @@ SaidTexts readSaidTexts(const std::vector<String>& words) { return NoteReader(wo
 std::vector<char> marksOf(std::string_view text) {
     std::vector<char> marks;
     for (size_t i = 0; i + 1 < text.size(); ++i)
-        if (text[i] == '$' && text[i + 1] >= '1' && text[i + 1] <= '8')
-            marks.push_back(text[i + 1]);
+        if (text[i] == '$' && text[i + 1] >= '1' && text[i + 1] <= '8') {
+            const bool isWord = text.substr(i + 2, 1) == "{"; // for the number, beside the number
+            if (!isWord || std::find(marks.begin(), marks.end(), text[i + 1]) == marks.end())
+                marks.push_back(text[i + 1]);
+        }
     return marks;
 }
 

@@ -84,6 +84,30 @@ TEST(LanguageMarks, AreFilledAtOnce) {
         EXPECT_EQ(zel::fillMarks(text, {"$2", "y"}), filled) << text;
 }
 
+TEST_F(LanguageTest, HasAWordForEachNumber) {
+    folder.write("Language/pl.txt", "1: Jeden\n");
+    const struct {
+        const char* code;
+        const char* text;
+        const char* filled; // for 0, 1, 2, 5, 12, 21, 22, 104, 112
+    } cases[] = {
+        {"pl", "$1{a|b|c}", "c a b c c c b b c"},
+        {"fr", "$1{a|b}", "a a b b b b b b b"},
+        {"de", "$1{a|b}", "b a b b b b b b b"},
+        {"pl", "$1{a|b}", "b a b b b b b b b"}, // one form is missing
+        {"pl", "$2{a|b|c}{", "c{ c{ c{ c{ c{ c{ c{ c{ c{"},
+    };
+    for (const auto& [code, text, filled] : cases) {
+        ASSERT_TRUE(Language::load(code));
+        std::string all;
+        for (const int32_t number : {0, 1, 2, 5, 12, 21, 22, 104, 112})
+            all += (all.empty() ? "" : " ") + std::string(zel::fillMarks(text, {number}).view());
+        EXPECT_EQ(all, filled) << code << " " << text;
+    }
+    ASSERT_TRUE(Language::load("pl"));
+    EXPECT_EQ(zel::fillMarks("$1 $1{lot|loty} $2 {$1{", {3, "x"}), "3 loty x {3{");
+}
+
 TEST_F(LanguageTest, KeepsItsTableWhenAFileIsMissing) {
     ASSERT_TRUE(Language::setLanguage("de"));
     const LogCapture log;
@@ -96,20 +120,27 @@ TEST_F(LanguageTest, KeepsItsTableWhenAFileIsMissing) {
     EXPECT_EQ(Language::getCode(), "de");
 }
 
-TEST_F(LanguageTest, ChoosesTheUsersLanguageThenThePreferenceThenEnglish) {
+TEST_F(LanguageTest, ChoosesThePreferenceThenTheSystemsLanguageThenEnglish) {
     zel::system::setEnvironment("LC_ALL", "de_AT.UTF-8"); // 3079
     folder.write("Language/langcodes.dat", "en 1033\nde 1031 3079\nit 1040\n");
     EXPECT_EQ(Language::get(1), "Eins") << "chosen at the first need";
-    zel::Registry::set("_Language", "fr");
+    folder.write("Language/fr.txt", "1: Un\n7: Fran\u00E7ais\n");
+    folder.write("Language/de.txt", "1: Eins\n7:Deutsch\n");
+    const std::vector<zel::KnownLanguage> known = Language::known(7);
+    ASSERT_EQ(known.size(), 2u) << "those with a name";
+    EXPECT_EQ(known[0].code + known[0].name, "deDeutsch");
+    EXPECT_EQ(known[1].code + known[1].name, "frFran\xE7"
+                                             "ais");
+    ASSERT_TRUE(Language::choose("fr"));
+    Language::reset();
+    EXPECT_EQ(Language::get(1), "Un") << "the player's choice";
+    EXPECT_FALSE(Language::choose("xx"));
+    zel::Registry::set("_Language", "xx");
     zel::system::setEnvironment("LC_ALL", "it_IT");
     Language::reset();
     const LogCapture log;
-    EXPECT_EQ(Language::get(1), "Un");
-    EXPECT_TRUE(log.holds("Failed to read language it")) << "named, but without a file";
-    zel::system::setEnvironment("LC_ALL", "C");
-    zel::Registry::set("_Language", "xx");
-    Language::reset();
     EXPECT_EQ(Language::get(1), "One");
+    EXPECT_TRUE(log.holds("Failed to read language it")) << "named, but without a file";
     zel::system::setEnvironment("LC_ALL", "");
 }
 
