@@ -42,7 +42,8 @@ PLATES = {
     'plate_french': (372, 116, 27),
     'plate_english': (372, 116, 27), 'plate_german': (372, 116, 27),
 }
-SWITCHES = {'toggle_plane': (416, 60, 19), 'toggle_map': (296, 66, 23), 'toggle_choice': (440, 60, 29)}
+SWITCHES = {'toggle_plane': (416, 60, 19), 'toggle_map': (296, 66, 23), 'toggle_choice': (440, 60, 29),
+            'toggle_language': (192, 52, 37)}
 
 
 # -- plates

@@ -166,7 +166,7 @@ LAYOUTS = {
     ],
     'wait': [
         area('title', 274, 76, 414, 38),
-        label('date', 456, 130, 232, 30, align=RIGHT),
+        label('date', 400, 130, 288, 30, align=RIGHT),
         area('line1', 132, 176, 556, 56),
         area('line2', 132, 244, 556, 54),
         area('watch', 132, 314, 556, 54),
@@ -316,8 +316,9 @@ LAYOUTS = {
     'settings': [
         area('title', 206, 56, 434, 38),
         *[widget('menuButton%d' % (i + 1), 140, 130 + i * 82, 392, 66) for i in range(3)],
-        widget('sound', 128, 430, 416, 60),
-        widget('fullScreen', 128, 510, 416, 60),
+        widget('sound', 128, 404, 416, 60),
+        widget('fullScreen', 128, 468, 416, 60),
+        *[widget('language%d' % (i + 1), 64 + i % 3 * 192, 542 + i // 3 * 56, 192, 52) for i in range(6)],
         BACK,
     ],
     'maps': [

@@ -6,6 +6,7 @@
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
+#include "engine/core/Language.h"
 
 void CitationPile::gather(const Database& career, int32_t newlyFallen) {
     const bool isSame = careerNumber == career.careerNumber && pilot == career.playerPilot;
@@ -15,7 +16,9 @@ void CitationPile::gather(const Database& career, int32_t newlyFallen) {
     const int32_t shown = isSame && date <= today ? date : 0;
     waiting.clear();
     fallenPilot = newlyFallen;
-    for (const Citation& citation : citationsAfter(player, std::max(lastFlight, shown)))
+    givenAfter = std::max(lastFlight, shown);
+    language = zel::Language::getCode();
+    for (const Citation& citation : citationsAfter(player, givenAfter))
         waiting.push_back(citation);
     careerNumber = career.careerNumber;
     pilot = career.playerPilot;
@@ -34,7 +37,18 @@ const char* CitationPile::back(const Database& career) {
     return std::exchange(isInterrupted, false) ? next(career) : nullptr;
 }
 
-Citation CitationPile::take() {
+void CitationPile::translate(const Database& career) {
+    if (language == zel::Language::getCode())
+        return;
+    language = zel::Language::getCode();
+    const PilotRecord player = readPilot(record.read(career), career, pilot);
+    const std::vector<Citation> all = citationsAfter(player, givenAfter);
+    if (all.size() >= waiting.size())
+        waiting.assign(all.end() - std::ptrdiff_t(waiting.size()), all.end());
+}
+
+Citation CitationPile::take(const Database& career) {
+    translate(career);
     Citation next = waiting.front();
     waiting.pop_front();
     return next;

@@ -28,12 +28,17 @@ public:
     void lookUp() { isInterrupted = true; }
     /// Where the screen on which he looks leads back to; null for where it always does.
     const char* back(const Database& career);
-    /// Takes the next one. REQUIRES: !empty().
-    Citation take();
+    /// Takes the next one, in the language in use. REQUIRES: !empty(), and the career that was
+    /// gathered for.
+    Citation take(const Database& career);
 
 private:
+    void translate(const Database& career);
+
     CareerRecord& record;
     std::deque<Citation> waiting;
+    int32_t givenAfter = 0; // the day after which they were given
+    zel::String language;   // of their texts
     int32_t fallenPilot = -1;
     bool isInterrupted = false;
     int32_t careerNumber = -1; // of the career that was gathered for last, and its pilot and day

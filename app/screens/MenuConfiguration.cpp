@@ -10,6 +10,17 @@ void MenuConfiguration::reset() {
     showsFullScreen = preferences::fullScreen().isOn();
 }
 
+void MenuConfiguration::onEnter() {
+    if (menu != nullptr)
+        languages.show(*menu);
+}
+
+void MenuConfiguration::onEvent(zel::Widget* widget, int32_t eventType) {
+    if (menu != nullptr && languages.press(*menu, *widget))
+        languages.show(*menu);
+    ConfigurationScreen::onEvent(widget, eventType);
+}
+
 void MenuConfiguration::update() {
     if (showsFullScreen != preferences::fullScreen().isOn()) // the keyboard has switched it
         reset();

@@ -18,9 +18,10 @@ void MenuGameCitation::onKey(const zel::KeyPress& key) {
 }
 
 void MenuGameCitation::showNext() {
-    if (pile.empty())
+    const Database* career = runningCareer();
+    if (pile.empty() || career == nullptr)
         return;
-    const Citation citation = pile.take();
+    const Citation citation = pile.take(*career);
     setText("title", citation.title);
     setText("line1", bookDate(Calendar::ofNumber(citation.date)));
     setText("line2", citation.pilot);

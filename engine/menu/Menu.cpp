@@ -110,6 +110,15 @@ bool Menu::setWidgetKind(const String& name, const String& kind) {
     return true;
 }
 
+void Menu::translateElements() {
+    if (layout == nullptr)
+        return;
+    for (const auto* definitions : {&layout->widgets, &layout->textAreas})
+        for (const auto& [name, definition] : *definitions)
+            if (definition.textNumber != 0)
+                setText(name, definition.text);
+}
+
 void Menu::recreateElements() {
     if (layout == nullptr)
         return;

@@ -48,6 +48,8 @@ public:
     void clearWidgets() { elements.clearWidgets(); }
     void clearTextAreas() { elements.clearTextAreas(); }
     void resetWidgets() { elements.resetWidgets(); }
+    /// Sets the texts of the layout's language numbers again, after LayoutHandler::translate().
+    void translateElements();
     /// Creates all elements again from the layout, keeping their texts, targets and switches.
     void recreateElements();
 

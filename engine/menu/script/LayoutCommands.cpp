@@ -61,13 +61,17 @@ template <Target Of> void defineElementFont(ScriptCall& call) {
 }
 
 template <Target Of> void defineText(ScriptCall& call) {
-    if (ElementDefinition* element = target<Of>())
+    if (ElementDefinition* element = target<Of>()) {
         element->text = unescapeLineFeeds(call[1]);
+        element->textNumber = 0;
+    }
 }
 
 void defineLanguageText(ScriptCall& call) {
-    if (ElementDefinition* element = target<W>())
-        element->text = Language::get(call[1].toInt());
+    if (ElementDefinition* element = target<W>()) {
+        element->textNumber = call[1].toInt();
+        element->text = Language::get(element->textNumber);
+    }
 }
 
 void defineTransition(ScriptCall& call) {

@@ -34,6 +34,7 @@ struct ElementDefinition {
     PixelRect rect;         // x and y relative to the origin
     Scroll scrollIn, scrollOut;
     String text;
+    int32_t textNumber = 0; // of the language table, for a text of it; 0 for any other
     String transition;
     int32_t alignment = 0; // bits; 0: none of its own
     int32_t origin = AlignLeft | AlignTop;

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <memory>
 
+#include "engine/core/Language.h"
 #include "engine/core/Log.h"
 #include "engine/core/Shutdown.h"
 #include "engine/menu/style/LayoutImage.h"
@@ -98,10 +99,19 @@ bool LayoutHandler::defineLike(const String& layoutName, const String& model, co
     ElementDefinition element = layout->second.widgets[model];
     element.name = name;
     element.text = String();
+    element.textNumber = 0;
     element.rect.x += right;
     element.rect.y += down;
     layout->second.widgets[name] = std::move(element);
     return true;
+}
+
+void LayoutHandler::translate() {
+    for (auto& [layoutName, layout] : layouts)
+        for (auto* elements : {&layout.widgets, &layout.textAreas})
+            for (auto& [name, element] : *elements)
+                if (element.textNumber != 0)
+                    element.text = Language::get(element.textNumber);
 }
 
 Layout* LayoutHandler::currentLayout() {

@@ -24,6 +24,10 @@ public:
     void defineWidget(const String& name, const String& kind);
     void defineTextArea(const String& name);
 
+    /// Takes the texts of language numbers again, after a change of the language. Elements that
+    /// exist keep theirs until Menu::translateElements().
+    void translate();
+
     /// Adds a widget to that layout: like its widget `model`, but that much further right and down,
     /// and without text. False for an unknown layout or model.
     bool defineLike(const String& layout, const String& model, const String& name, int32_t right,

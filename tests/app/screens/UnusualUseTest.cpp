@@ -3,6 +3,7 @@
 #include "app/mission/Configuration.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/Application.h"
+#include "engine/core/Language.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/StatesMachine.h"
 #include "tests/app/screens/CareerDriver.h"
@@ -32,6 +33,23 @@ TEST_F(UnusualUse, TwoQuickPressesAreOne) {
     pressTwice(driver, "menuButton4");
     ASSERT_TRUE(driver.screens->untilIdle("MenuGameMain"));
     EXPECT_EQ(Database::instance()->previousInvitation, other);
+}
+
+TEST_F(UnusualUse, ALanguageChangesAllTextsAtOnceAndIsRemembered) {
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton3>MenuConfiguration"));
+    EXPECT_EQ(driver.widget("language2")->getKind(), "languageon");
+    ASSERT_TRUE(driver.walk("fullScreen language6"));
+    EXPECT_EQ(driver.text("title"), "Ustawienia");
+    EXPECT_EQ(driver.text("fullScreen"), "Pe\x04ny ekran: w\x04.") << "also what code sets";
+    EXPECT_EQ(driver.widget("language2")->getKind(), "languageoff");
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
+    EXPECT_EQ(driver.text("menuButton4"), "Instrukcja") << "on a screen that was there before";
+    ASSERT_TRUE(driver.begin(German1915));
+    EXPECT_EQ(driver.text("menuButton1"), "Nast\x03pne zadanie");
+    zel::Language::reset();
+    zel::Language::init();
+    EXPECT_EQ(zel::Language::getCode(), "pl") << "in place of the system's";
 }
 
 TEST_F(UnusualUse, WhoGoesAwayGetsNoReport) {
