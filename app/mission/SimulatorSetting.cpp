@@ -92,7 +92,7 @@ zel::String decidingFile() {
     for (const zel::String& file : settingsFiles())
         if (holdsKey(file))
             return zel::system::absolutePath(file);
-    const zel::String usual = settingsFileToWrite();
+    zel::String usual = settingsFileToWrite();
     if (mayWrite(usual))
         return usual;
     zel::Directory::create(zel::getUserDirectory());

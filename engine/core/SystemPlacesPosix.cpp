@@ -76,7 +76,7 @@ std::vector<String> localDrives() {
 
 String canonicalPath(const String& path) {
     char* const resolved = realpath(nativePath(path).c_str(), nullptr);
-    const String result(resolved);
+    String result(resolved);
     std::free(resolved);
     return result;
 }

@@ -8,6 +8,7 @@
 #include "app/mission/SimulatorSetting.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
+#include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -39,6 +40,7 @@ struct SettingsTest : testing::Test {
     }
 
     TemporaryFolder folder;
+    LogCapture lines;
     zel::String before = zel::system::currentDirectory();
 };
 

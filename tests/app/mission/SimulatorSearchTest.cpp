@@ -120,17 +120,18 @@ std::vector<SearchCase> oddCases() {
     }
     cases.push_back(many);
 #ifndef _WIN32
-    cases.push_back({"link loops, other names of one place, and a prefix that has all the disks",
-                     {{simulator("disk/ROF"), ""}, {"home/.wine/drive_c/x", "x"}},
-                     {{"disk/loop", "."},
-                      {"disk/itself", "itself"},
-                      {"disk/up", ".."},
-                      {"home/.steam/steam", "../loop"},
-                      {"home/loop", "loop"},
-                      {"home/.wine/dosdevices/z:", "/"},
-                      {"home/.wine/dosdevices/d:", "../../../disk/ROF"}},
-                     {"Wine home/.wine/dosdevices/d:"},
-                     {"", "", "", "HERE/home", "", {"HERE/disk"}}});
+    cases.push_back(
+        {"link loops, a locked folder, other names of one place, a prefix that has all disks",
+         {{simulator("disk/ROF"), ""}, {"home/.wine/drive_c/x", "x"}, {"disk/locked/x", "x"}},
+         {{"disk/loop", "."},
+          {"disk/itself", "itself"},
+          {"disk/up", ".."},
+          {"home/.steam/steam", "../loop"},
+          {"home/loop", "loop"},
+          {"home/.wine/dosdevices/z:", "/"},
+          {"home/.wine/dosdevices/d:", "../../../disk/ROF"}},
+         {"Wine home/.wine/dosdevices/d:"},
+         {"", "", "", "HERE/home", "", {"HERE/disk"}}});
     cases.push_back({"other capitals",
                      {{"home/.wine/drive_c/ROF/Data/Startup.CFG", "x"}},
                      {},
@@ -151,6 +152,8 @@ void makeTree(const SearchCase& one, const TemporaryFolder& folder, const std::s
     for (const auto& [name, target] : one.links)
         fs::create_symlink(target, folder.file(name));
     folder.file("home/x");
+    if (fs::exists(here + "/disk/locked"))
+        fs::permissions(here + "/disk/locked", fs::perms::none);
 }
 
 TEST(SimulatorSearch, FindsThePlacesOfATree) {

@@ -17,6 +17,7 @@ namespace {
 /// Whether a program is seen that was started with these arguments, within a second.
 bool isSeen(const std::string& file, std::vector<std::string> words, const char* name) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
