@@ -147,8 +147,8 @@ LAYOUTS = {
     ],
     'orders': [
         area('title', 206, 56, 298, 38),
-        label('date', 404, 108, 240, 30, align=RIGHT),
-        area('line1', 64, 108, 330, 30),
+        label('date', 340, 108, 304, 30, align=RIGHT),
+        area('line1', 64, 108, 270, 30),
         area('line2', 64, 142, 580, 100),
         area('line3', 64, 244, 580, 88),
         area('rosterHead', 64, 340, 220, 28),
@@ -186,8 +186,8 @@ LAYOUTS = {
         onward('menuButton1'),
     ],
     'where': [
-        area('title', 56, 44, 420, 38),
-        label('date', 480, 46, 200, 32, align=RIGHT),
+        area('title', 56, 44, 372, 38),
+        label('date', 436, 46, 244, 32, align=RIGHT),
         widget('sketch', 56, 104, 624, 476),
         widget('scale', 56, 580, 160, 56),
         *[area('legend%d' % (i + 1), *rect) for i, rect in enumerate(

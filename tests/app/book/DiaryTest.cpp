@@ -104,7 +104,8 @@ TEST_F(DiaryTest, HasTheOwnLineFirstAndTheRestByWeight) {
     const std::tuple<const char*, int32_t, int32_t, const char*> days[] = {
         {"de", 19170906, 19170912, "6. bis 12. Sep. 1917"},
         {"fr", 19170601, 19170610, "1er au 10 juin 1917"},
-        {"fr", 19170528, 19170601, "28 mai au 1er juin 1917"}};
+        {"fr", 19170528, 19170601, "28 mai au 1er juin 1917"},
+        {"pl", 19170906, 19170912, "6 \x96 12 IX 1917"}};
     for (const auto& [code, from, until, text] : days) {
         ASSERT_TRUE(zel::Language::load(code));
         EXPECT_STREQ(daysText(from, until).c_str(), text);

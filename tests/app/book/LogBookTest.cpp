@@ -141,7 +141,7 @@ TEST_F(LogBookTest, CutsNamesToTheirColumns) {
 
 // The screen sets them in columns.
 TEST_F(LogBookTest, FitsItsColumnsInEveryLanguage) {
-    for (const char* code : {"en", "de", "fr"}) {
+    for (const char* code : {"en", "de", "fr", "es", "it", "pl"}) {
         ASSERT_TRUE(zel::Language::load(code));
         for (int32_t victories = 0; victories < 14; ++victories)
             for (int32_t fate = 0; fate < 128; ++fate) {

@@ -62,7 +62,7 @@ struct WebPageTest : testing::Test {
 
 TEST_F(WebPageTest, IsValidInEveryLanguage) {
     addFlights(83, "Albert <Reed> & \"Son\"");
-    for (const char* code : {"en", "de", "fr"}) {
+    for (const char* code : {"en", "de", "fr", "es", "it", "pl"}) {
         ASSERT_TRUE(zel::Language::load(code));
         const WebPage page = webPageOf(record.tables(), record.career);
         ASSERT_EQ(page.problem, "");
