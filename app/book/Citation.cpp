@@ -15,18 +15,6 @@ constexpr size_t SaysWith = 2; // index of the text with the victories after "wi
 
 size_t sideOf(int32_t nation) { return nation == France ? 1 : nation == Germany ? 2 : 0; }
 
-/// With which the letter of that day addresses him: what it brings comes with it.
-Honours honoursOn(const Honours& all, int32_t date) {
-    Honours then;
-    for (const RankGiven& one : all.ranks)
-        if (one.date <= date)
-            then.ranks.push_back(one);
-    for (const AwardGiven& one : all.awards)
-        if (one.date < date)
-            then.awards.push_back(one);
-    return then;
-}
-
 int32_t countBefore(const std::vector<int32_t>& days, int32_t date) {
     return int32_t(std::lower_bound(days.begin(), days.end(), date) - days.begin());
 }

@@ -1,6 +1,7 @@
 #include "app/book/Honours.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 #include "app/career/Calendar.h"
@@ -94,12 +95,12 @@ private:
         return nullptr;
     }
 
-    void setRank(int32_t date, const RankRow* rank) {
+    void setRank(int32_t date, const RankRow* rank, bool isEarned = false) {
         if (rank == nullptr)
             return;
         level = std::max(level, rank->level);
         if (given.rank() == nullptr || given.rank()->name != rank->name)
-            given.ranks.push_back({date, rank});
+            given.ranks.push_back({date, rank, isEarned});
         else
             given.ranks.back().rank = rank;
     }
@@ -140,7 +141,7 @@ private:
             if (rank.level <= level || !isHeldOn(rank, date))
                 continue;
             if (rank.months > 0 && hasServedFor(rank, day))
-                setRank(date, &rank);
+                setRank(date, &rank, true);
             return;
         }
     }
@@ -201,14 +202,10 @@ bool Honours::has(std::string_view key) const {
 }
 
 std::vector<RankGiven> Honours::promotions() const {
-    std::vector<RankGiven> higher;
-    int32_t level = ranks.empty() ? 0 : ranks.front().rank->level;
-    for (const RankGiven& one : ranks)
-        if (one.rank->level > level) {
-            higher.push_back(one);
-            level = one.rank->level;
-        }
-    return higher;
+    std::vector<RankGiven> earned;
+    std::copy_if(ranks.begin(), ranks.end(), std::back_inserter(earned),
+                 [](const RankGiven& one) { return one.isEarned; });
+    return earned;
 }
 
 std::vector<AwardGiven> Honours::ribbons() const {
@@ -227,6 +224,17 @@ const AwardRow* Honours::barOf(const AwardRow& award) const {
         if (one.award->worn == Worn::Bar && one.award->after == award.key)
             return one.award;
     return nullptr;
+}
+
+Honours honoursOn(const Honours& all, int32_t date) {
+    Honours then;
+    for (const RankGiven& one : all.ranks)
+        if (one.date <= date)
+            then.ranks.push_back(one);
+    for (const AwardGiven& one : all.awards)
+        if (one.date < date)
+            then.awards.push_back(one);
+    return then;
 }
 
 Branch branchOfUnit(int32_t number) {

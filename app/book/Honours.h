@@ -26,6 +26,7 @@ struct PilotService {
 struct RankGiven {
     int32_t date = 0;
     const RankRow* rank = nullptr; // of the tables
+    bool isEarned = false;         // not the one that he came with or that another branch gave him
 };
 
 struct AwardGiven {
@@ -42,14 +43,17 @@ struct Honours {
 
     const RankRow* rank() const { return ranks.empty() ? nullptr : ranks.back().rank; }
     bool has(std::string_view key) const;
-    /// The ranks that are higher than all before: neither that with which he came nor one that only
-    /// has another name.
+    /// The ranks that he earned: neither that with which he came nor one of another branch, be it
+    /// higher by the tables.
     std::vector<RankGiven> promotions() const;
     /// Those that are worn with a ribbon of their own, the highest first.
     std::vector<AwardGiven> ribbons() const;
     /// The bar on the ribbon of that one; null for none.
     const AwardRow* barOf(const AwardRow& award) const;
 };
+
+/// What he holds on that day: a rank from its day on, a decoration from the day after.
+Honours honoursOn(const Honours& all, int32_t date);
 
 /// The branch of a unit by its six-digit number.
 Branch branchOfUnit(int32_t number);

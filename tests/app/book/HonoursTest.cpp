@@ -95,6 +95,19 @@ TEST(HonoursTest, FollowFromTheDaysOfAService) {
     }
 }
 
+// A Flight Sub-Lieutenant is above a Second Lieutenant by the tables.
+TEST(HonoursTest, AnotherBranchPromotesNobody) {
+    const Honours given = honoursOf({England,
+                                     19170401,
+                                     19171201,
+                                     {{19170401, Branch::Army}, {19170501, Branch::Navy}},
+                                     {},
+                                     {},
+                                     false});
+    EXPECT_EQ(shown(given), "19170401 Second Lieutenant; 19170502 Flight Sub-Lieutenant; ");
+    EXPECT_TRUE(given.promotions().empty());
+}
+
 // However a service is cut into periods, what it brings is the same: a later day only adds.
 TEST(HonoursTest, NeverChangeWhatWasGiven) {
     for (const int32_t nation : {England, France, Germany, Usa}) {
