@@ -1,6 +1,7 @@
 #include "app/book/Condolence.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "app/book/CondolenceWording.h"
 #include "app/book/PilotRecord.h"
@@ -14,6 +15,7 @@
 #include "app/career/Nation.h"
 #include "app/career/UnitNames.h"
 #include "app/record/Sqlite.h"
+#include "app/report/Outcome.h"
 
 namespace {
 
@@ -67,9 +69,13 @@ private:
     zel::String cause(const PilotReport& own) const {
         if (own.shotdownBy >= 0)
             return byVictor(reports[size_t(own.shotdownBy)]);
-        if (own.shotdownByOwn >= 0)
+        if (own.shotdownByOwn >= 0 && own.shotdownByOwn != place)
             return textOf(wording::LetterOwnSide);
-        return textOf(own.shotDown != 0 ? wording::LetterCrash : wording::LetterWounds);
+        if (own.shotDown == 0)
+            return textOf(wording::LetterWounds);
+        const bool isAlone = own.shotdownByOwn < 0 &&
+                             Outcomes(reports, flight.mission.events).isUntouched(size_t(place));
+        return textOf(isAlone ? wording::LetterCrashAlone : wording::LetterCrash);
     }
 
     zel::String byVictor(const PilotReport& victor) const {
@@ -111,27 +117,72 @@ zel::String awardsSentence(const PilotRecord& pilot) {
         const zel::String one = awardText(*worn[i].award, pilot.honours);
         list = list.empty() ? one : textOf(wording::ListGoesOn, {list, one});
     }
+    if (worn.size() > MostAwards)
+        list = textOf(wording::LetterMoreAwards, {list, int32_t(worn.size() - MostAwards)});
     return list.empty() ? list : textOf(wording::LetterAwards, {list});
 }
 
+/// The number of the flight in which he died; 0 if the record lacks it.
 int32_t lastFlightOf(SqliteFile& record, int32_t pilot) {
-    SqliteStatement row(record, "SELECT max(number) FROM flight WHERE pilot = ?");
+    SqliteStatement row(record, "SELECT number FROM flight WHERE pilot = ? AND dead <> 0");
     row.with(pilot);
     return row.next() ? row.integer(0) : 0;
 }
 
-zel::String letterText(SqliteFile& record, const Database& career, const PilotRecord& pilot) {
+/// lastFlight: nothing if the record lacks it.
+zel::String letterText(const Database& career, const PilotRecord& pilot,
+                       const std::optional<RecordedFlight>& lastFlight) {
     const size_t service = serviceOf(pilot.nation);
     std::vector<zel::String> sentences = {
-        textOf(wording::SadDuties[service], {titleOf(pilot.honours, pilot.name)})};
-    if (const int32_t number = lastFlightOf(record, pilot.pilot); number > 0)
-        if (const auto flight = readFlight(record, number))
-            for (const zel::String& one : LastFlight(*flight, career).sentences())
-                sentences.push_back(one);
+        textOf(lastFlight ? wording::SadDuties[service] : wording::SadLateDuties[service],
+               {titleOf(pilot.honours, pilot.name)})};
+    if (lastFlight)
+        for (const zel::String& one : LastFlight(*lastFlight, career).sentences())
+            sentences.push_back(one);
     sentences.push_back(flightsSentence(pilot));
     sentences.push_back(awardsSentence(pilot));
     sentences.push_back(textOf(wording::LetterEnds[service]));
     return joined(sentences, " ");
+}
+
+/// The posting by which somebody took another's place.
+struct Succession {
+    int32_t successor = -1;
+    int32_t predecessor = -1;
+    int32_t date = 0; // yyyymmdd
+};
+
+/// How the pilot came to be the player's; nobody's place if the record has no such posting.
+Succession successionOf(SqliteFile& record, const Database& career, int32_t pilot) {
+    SqliteStatement row(record, "SELECT other, date FROM posting WHERE pilot = ?"
+                                " AND kind IN ('transferred', 'succeeded')" // as the index has it
+                                " AND kind = 'succeeded' ORDER BY id DESC LIMIT 1");
+    row.with(pilot);
+    if (!row.next() || !career.isPilot(row.index(0)) || row.index(0) == pilot)
+        return {};
+    return {pilot, row.index(0), row.integer(1)};
+}
+
+/// Who took the place of that pilot.
+Succession successionAfter(SqliteFile& record, const Database& career, int32_t pilot) {
+    Succession one = successionOf(record, career, career.playerPilot);
+    for (int32_t step = 0; one.predecessor >= 0 && one.predecessor != pilot &&
+                           step < career.pilotCount(); // a damaged record may lead in a circle
+         ++step)
+        one = successionOf(record, career, one.predecessor);
+    return one.predecessor == pilot ? one : Succession();
+}
+
+/// Of to-day's player if the record doesn't know who came. Empty if nobody has.
+zel::String successorTitle(SqliteFile& record, const Database& career, int32_t fallen,
+                           const Succession& known) {
+    const bool isFollowed = fallen != career.playerPilot && career.player().alive != 0;
+    if (known.successor < 0 && !isFollowed)
+        return {};
+    const PilotRecord next =
+        readPilot(record, career, known.successor < 0 ? career.playerPilot : known.successor);
+    return titleOf(known.successor < 0 ? next.honours : honoursOn(next.honours, known.date),
+                   next.name);
 }
 
 } // namespace
@@ -141,32 +192,31 @@ Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pil
     if (!career.isPilot(pilot))
         return letter;
     const PilotRecord fallen = readPilot(record, career, pilot);
-    letter.date = fallen.until;
+    const Succession succession = successionAfter(record, career, pilot);
+    std::optional<RecordedFlight> lastFlight;
+    if (const int32_t number = lastFlightOf(record, pilot); number > 0)
+        lastFlight = readFlight(record, number);
+    letter.date = lastFlight             ? lastFlight->date
+                  : succession.date != 0 ? succession.date
+                                         : career.calendar().dateNumber();
     letter.nation = fallen.nation;
     letter.greeting = textOf(wording::LetterGreeting);
-    letter.text = letterText(record, career, fallen);
+    letter.text = letterText(career, fallen, lastFlight);
     const zel::String unit = nameOfUnit(career, fallen.squadron);
     letter.sender =
         unit.empty() ? textOf(wording::LetterSenderAlone) : textOf(wording::LetterSender, {unit});
-    letter.hasSuccessor = career.player().alive != 0 && !isWarOver(career);
-    if (isWarOver(career)) {
-        letter.successor = textOf(wording::NobodyInPeace);
-    } else if (!letter.hasSuccessor) {
-        letter.successor = textOf(wording::NobodyReported);
-    } else {
-        const PilotRecord next = readPilot(record, career, career.playerPilot);
-        letter.successor = textOf(wording::HasReported, {titleOf(next.honours, next.name)});
-    }
+    const zel::String successor = successorTitle(record, career, pilot, succession);
+    letter.hasSuccessor = !successor.empty();
+    if (letter.hasSuccessor)
+        letter.successor = textOf(wording::HasReported, {successor});
+    else
+        letter.successor =
+            textOf(isWarOver(career) ? wording::NobodyInPeace : wording::NobodyReported);
     return letter;
 }
 
 int32_t predecessorOf(SqliteFile& record, const Database& career, int32_t pilot) {
-    SqliteStatement row(record, "SELECT other FROM posting WHERE pilot = ?"
-                                " AND kind IN ('transferred', 'succeeded')" // as the index has it
-                                " AND kind = 'succeeded' ORDER BY id DESC LIMIT 1");
-    row.with(pilot);
-    const int32_t other = row.next() ? row.index(0) : -1;
-    return career.isPilot(other) && other != pilot ? other : -1;
+    return successionOf(record, career, pilot).predecessor;
 }
 
 int32_t lastFallen(SqliteFile& record, const Database& career) {

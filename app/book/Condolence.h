@@ -10,13 +10,13 @@ class SqliteFile;
 /// The letter to the family of a pilot of the player's who fell, and the card with his successor,
 /// in the language in use.
 struct Condolence {
-    int32_t date = 0;   // of his last flight, yyyymmdd
+    int32_t date = 0;   // yyyymmdd, of his last flight, or a later day if the record lacks it
     int32_t nation = 0; // of his squadron
     zel::String greeting;
     zel::String text;
     zel::String sender;
     zel::String successor;
-    bool hasSuccessor = false; // none before the next flight, and none after the war
+    bool hasSuccessor = false; // somebody has taken his place
 };
 
 /// The letter about that pilot of the career. On error: what the career knows by itself, and the

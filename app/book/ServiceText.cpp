@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "app/book/Citation.h"
 #include "app/book/LogBook.h"
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
@@ -107,18 +108,20 @@ zel::String awardText(const AwardRow& award) {
                                         : textOf(wording::Awards[known - std::begin(AwardKeys)]);
 }
 
-zel::String awardText(const AwardRow& award, const Honours& honours) {
+zel::String awardText(const AwardRow& award, const Honours& honours, bool isBrief) {
     zel::String name = awardText(award);
     // Without letters after the name it has one of its own: an officer of the order.
     if (const AwardRow* bar = honours.barOf(award))
-        return award.letters.empty() ? awardText(*bar) : textOf(wording::AndBar, {award.letters});
+        return award.letters.empty() ? awardText(*bar)
+                                     : textOf(wording::AndBar, {isBrief ? award.letters : name});
     if (award.key != "croix" || honours.palms == 0)
         return name;
     return textOf(honours.palms == 1 ? wording::OnePalm : wording::Palms, {name, honours.palms});
 }
 
 zel::String awardCard(const AwardGiven& given, const Honours& honours) {
-    return awardText(*given.award, honours) + "\n" + shortDate(Calendar::ofNumber(given.date));
+    return awardText(*given.award, honours, true) + "\n" +
+           shortDate(Calendar::ofNumber(given.date));
 }
 
 bool isNamedUnit(const Database& career, int32_t squadron) {
@@ -130,9 +133,11 @@ zel::String unitText(const Database& career, int32_t squadron) {
     return hasUnitName(number) ? unitName(number) : textOf(wording::UnnamedSquadron);
 }
 
-zel::String unitOrServiceText(const Database& career, int32_t squadron) {
+zel::String unitOrServiceText(const Database& career, int32_t squadron, int32_t date) {
     const int32_t number = unitNumber(career, career.squadron(squadron).squadronFile);
-    return hasUnitName(number) ? unitName(number) : serviceName(career.squadron(squadron).nation);
+    return hasUnitName(number)
+               ? unitName(number)
+               : serviceName(career.squadron(squadron).nation, branchOfUnit(number), date);
 }
 
 zel::String unitNearText(const Database& career) {
@@ -180,7 +185,7 @@ std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& 
                                       flyingText(pilot)};
     addHonours(lines, pilot);
     if (pilot.honours.ribbons().empty())
-        lines.push_back(textOf(wording::NoAward));
+        lines.push_back(textOf(wording::NoDecoration));
     lines.push_back(victoriesText(pilot));
     if (!pilot.victories.empty())
         lines.push_back(textOf(wording::ByMachine, {machinesText(pilot)}));
@@ -189,7 +194,8 @@ std::vector<zel::String> serviceLines(const PilotRecord& pilot, const Database& 
 
 std::vector<zel::String> pilotLines(const PilotRecord& pilot, const Database& career) {
     std::vector<zel::String> lines = {titleOf(pilot.honours, pilot.name),
-                                      unitOrServiceText(career, pilot.squadron), flyingText(pilot)};
+                                      unitOrServiceText(career, pilot.squadron, pilot.until),
+                                      flyingText(pilot)};
     for (const PilotPosting& posting : pilot.postings)
         lines.push_back(postingText(posting, career));
     addHonours(lines, pilot);

@@ -9,16 +9,17 @@
 
 /// "Distinguished Service Order"; its key for one that the language tables don't know.
 zel::String awardText(const AwardRow& award);
-/// The same with what he has of it: "MC and bar", "Croix de guerre, 3 palms".
-zel::String awardText(const AwardRow& award, const Honours& honours);
+/// The same with what he has of it: "Military Cross and bar", "Croix de guerre, 3 palms"; with
+/// isBrief "MC and bar".
+zel::String awardText(const AwardRow& award, const Honours& honours, bool isBrief = false);
 /// A decoration with its day, on lines of their own.
 zel::String awardCard(const AwardGiven& given, const Honours& honours);
 /// Whether the squadron has a name.
 bool isNamedUnit(const Database& career, int32_t squadron);
 /// "No 56 Squadron RFC"; "another squadron" for one without a name.
 zel::String unitText(const Database& career, int32_t squadron);
-/// The same; the name of its service for one without a name.
-zel::String unitOrServiceText(const Database& career, int32_t squadron);
+/// The same; for one without a name that of its service on that day.
+zel::String unitOrServiceText(const Database& career, int32_t squadron, int32_t date);
 /// "No 56 Squadron RFC, near Arras", of the player's squadron.
 zel::String unitNearText(const Database& career);
 /// "Flying since 9 April 1917: 41 flights"; "41 flights" where that day isn't known; of

@@ -81,6 +81,8 @@ inline constexpr Wording OwnLateName     {4202, "$1 (you!) RIP"};
 inline constexpr Wording YourPlace       {3274, "Your place: $1"};
 inline constexpr Wording NoVictoryYet    {4207, "No victory yet"};
 inline constexpr Wording UnknownScore    {4208, "?"}; // of that day of the real war
+inline constexpr Wording NoVictory       {4212, "None."}; // of a dead pilot
+inline constexpr Wording NoDecoration    {4213, "No decoration yet."};
 inline constexpr Wording NoPostingKnown  {4211, "None of his postings are in the record."};
 
 } // namespace wording

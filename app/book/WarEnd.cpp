@@ -89,6 +89,16 @@ private:
 
 zel::String dayInBook(int32_t date) { return bookDate(Calendar::ofNumber(date)); }
 
+/// Empty for one who flew to the end since an unknown day.
+zel::String daysText(const PilotRecord& pilot) {
+    const zel::String since = dayInBook(pilot.since);
+    if (pilot.isAlive)
+        return pilot.isSinceKnown ? textOf(wording::FlewToTheEnd, {since}) : zel::String();
+    const zel::String until = dayInBook(pilot.until);
+    return pilot.isSinceKnown ? textOf(wording::FlewUntil, {since, until})
+                              : textOf(wording::FlewUntilAlone, {until});
+}
+
 zel::String placeText(const WarEnd& end) {
     if (end.pilot.victoryCount == 0)
         return end.pilot.isAlive ? textOf(wording::CameHome) : zel::String();
@@ -96,13 +106,15 @@ zel::String placeText(const WarEnd& end) {
     return textOf(isAce ? wording::PlaceOfAce : wording::PlaceOfPilot, {end.place});
 }
 
-zel::String predecessorsText(const WarEnd& end) {
-    if (end.fallen.empty())
+zel::String predecessorsText(const WarEnd& end, NamedFallen named) {
+    if (end.fallen.empty() || named == NamedFallen::None)
         return {};
+    const zel::String name =
+        named == NamedFallen::Brief ? shortName(end.lastFallen) : end.lastFallen;
     if (end.fallen.size() > 1)
-        return textOf(wording::SeveralBeforeHim, {int32_t(end.fallen.size()), end.lastFallen});
+        return textOf(wording::SeveralBeforeHim, {int32_t(end.fallen.size()), name});
     return textOf(wording::BeforeHim,
-                  {end.lastFallen, countText(wording::Victories, end.lastFallenVictories)});
+                  {name, countText(wording::Victories, end.lastFallenVictories)});
 }
 
 } // namespace
@@ -117,6 +129,8 @@ WarEnd readWarEnd(SqliteFile& record, const Database& career) {
 zel::String comradesText(const WarEnd& end) {
     if (end.comrades < 2)
         return {};
+    if (end.survivors == end.comrades)
+        return textOf(wording::AllComrades, {end.comrades});
     return textOf(wording::Comrades[size_t(std::min(end.survivors, 2))],
                   {end.comrades, end.survivors});
 }
@@ -128,16 +142,13 @@ zel::String realFirstText(const WarEnd& end) {
                   {end.realFirst->name, countText(wording::Victories, end.realFirst->victories)});
 }
 
-zel::String careerLines(const WarEnd& end) {
+zel::String careerLines(const WarEnd& end, NamedFallen named) {
     const PilotRecord& pilot = end.pilot;
     const int32_t flights = std::max(pilot.missions, int32_t(pilot.flights.size()));
-    const zel::String since = dayInBook(pilot.since);
     return joined(
         {textOf(wording::FlightsAndVictories, {countText(wording::BookFlights, flights),
                                                countText(wording::Victories, pilot.victoryCount)}),
-         pilot.isAlive ? textOf(wording::FlewToTheEnd, {since})
-                       : textOf(wording::FlewUntil, {since, dayInBook(pilot.until)}),
-         placeText(end), predecessorsText(end)},
+         daysText(pilot), placeText(end), predecessorsText(end, named)},
         "\n");
 }
 

@@ -29,8 +29,10 @@ WarEnd readWarEnd(SqliteFile& record, const Database& career);
 zel::String comradesText(const WarEnd& end);
 /// Who came first in the real war; empty if that isn't known.
 zel::String realFirstText(const WarEnd& end);
-/// Flights, dates, place and predecessors, a line each.
-zel::String careerLines(const WarEnd& end);
+/// How the last of the predecessors is named.
+enum class NamedFallen { Whole, Brief, None };
+/// Flights, dates, place and predecessors, a line each. None: without the predecessors.
+zel::String careerLines(const WarEnd& end, NamedFallen named = NamedFallen::Whole);
 /// His victories in the whole real war; empty for a pilot of no history.
 zel::String realTotalText(const StandingRow& row);
 /// All of it as lines.

@@ -62,6 +62,7 @@ public:
     zel::String fate() const;
     zel::String cause() const;
     zel::String reason() const;
+    bool isUntouched() const;
 
 private:
     const PilotReport& report(int32_t record) const {
@@ -190,8 +191,7 @@ zel::String Judgement::whyOwnSide() const {
 }
 
 zel::String Judgement::whyNobody() const {
-    const bool wasHit = traces(place).lastHitter >= 0;
-    return wasHit || isCut() ? textOf(wording::NobodyNamed) : ofHim(wording::NobodyHit);
+    return isUntouched() ? ofHim(wording::NobodyHit) : textOf(wording::NobodyNamed);
 }
 
 zel::String Judgement::whyNotCounted() const {
@@ -284,6 +284,15 @@ bool Judgement::hasShot(int32_t shooter, int32_t target) const {
     });
 }
 
+/// A shot of nobody whom the log lists is one of another too.
+bool Judgement::isUntouched() const {
+    const auto& events = suffered(place);
+    return !isCut() && std::none_of(events.begin(), events.end(), [&](const FlightEvent* event) {
+        return event->actor >= 0 ? isFight(event->kind) && event->actor != place
+                                 : event->kind == FlightEventKind::Hit;
+    });
+}
+
 int32_t Judgement::secondsBefore(int32_t victor, int32_t victim) const {
     const float end = traces(victim).end;
     float last = -1;
@@ -318,3 +327,5 @@ Outcome Outcomes::of(size_t place) const {
     const Judgement judgement(place, *this);
     return {judgement.fate(), judgement.cause(), judgement.reason()};
 }
+
+bool Outcomes::isUntouched(size_t place) const { return Judgement(place, *this).isUntouched(); }

@@ -24,6 +24,8 @@ public:
     Outcomes(const std::vector<PilotReport>& reports, const std::vector<FlightEvent>& events);
 
     Outcome of(size_t place) const;
+    /// Whether nobody else has hit that one, by a log that has all hits.
+    bool isUntouched(size_t place) const;
 
 private:
     friend class Judgement;

@@ -202,7 +202,7 @@ void ZelApp::initMenus() {
     addScreen<MenuGameCitation>(*citations());
     addScreen<MenuGameDiary>(*record(), *pilotPages());
     addScreen<MenuGameRecord>(*record(), *citations(), *pilotPages());
-    addScreen<MenuGameWarOver>(*record());
+    addScreen<MenuGameWarOver>(*record(), *reportPages());
     addScreen<MenuNotificationInstallDir>();
     addScreen<MenuBlackScreen>();
     addScreen<MenuNotificationRepair>();

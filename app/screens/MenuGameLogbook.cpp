@@ -5,6 +5,7 @@
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
 #include "app/book/PilotRecord.h"
+#include "app/book/Standing.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
 #include "app/screens/BookPage.h"
@@ -43,6 +44,11 @@ void MenuGameLogbook::onEnter() {
     pages.choose(0);
     readBook();
     showPage(isComingBack ? shownPage : pageCount());
+    const char* const opened = pages.takeBookOrigin();
+    if (!isComingBack)
+        origin = opened;
+    if (zel::Widget* back = getWidget("menuBack"))
+        back->setTransition(origin);
     isComingBack = false;
 }
 
@@ -105,10 +111,11 @@ void MenuGameLogbook::showRow(int32_t row, const Line* line) {
     zel::String left;
     zel::String right;
     if (line != nullptr && line->isFall) {
-        // The names alone where the titles have no room.
+        // The names alone where the titles have no room, the first one as its letter.
         BookFlight& fall = book.flights[line->flight];
-        if (!fits(rowName("left", row), fallText(fall)))
-            fall.pilotTitle = fall.pilotName;
+        for (const zel::String& name : {fall.pilotName, shortName(fall.pilotName)})
+            if (!fits(rowName("left", row), fallText(fall)))
+                fall.pilotTitle = name;
         left = fallText(fall);
         if (!fits(rowName("right", row), successionText(book, line->flight)))
             fall.successorTitle = fall.successor;

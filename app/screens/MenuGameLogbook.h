@@ -42,5 +42,6 @@ private:
     LogBook book;
     std::vector<Line> lines;
     int32_t shownPage = 1;
-    bool isComingBack = false; // from a flight's report
+    bool isComingBack = false;           // from a flight's report
+    const char* origin = "MenuGameMain"; // to which the book leads back
 };

@@ -21,7 +21,7 @@ void MenuGamePilot::onEnter() {
     if (career == nullptr || !career->isPilot(pages.pilot()))
         return;
     const PilotRecord pilot = showPilot(*career, pages.pilot());
-    setText("unit", unitOrServiceText(*career, pilot.squadron));
+    setText("unit", unitOrServiceText(*career, pilot.squadron, pilot.until));
     setText("real", realText(pilot, career->calendar().dateNumber()));
     showLists(pilot, *career);
 }
@@ -39,8 +39,8 @@ void MenuGamePilot::showLists(const PilotRecord& pilot, const Database& career) 
     lines.clear();
     for (const PilotVictory& victory : pilot.victories)
         lines.push_back(victoryLine(victory));
-    if (lines.empty())
-        lines.push_back(textOf(wording::NoAward));
+    if (pilot.victoryCount == 0)
+        lines.push_back(textOf(pilot.isAlive ? wording::NoAward : wording::NoVictory));
     victories.resize(*menu, lines.size());
     for (size_t i = 0; i < lines.size(); ++i)
         setText(victories.name("row", i), lines[i]);

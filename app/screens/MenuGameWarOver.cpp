@@ -9,8 +9,11 @@
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
 #include "app/screens/BookPage.h"
+#include "app/screens/ReportPages.h"
 #include "engine/core/Log.h"
 #include "engine/graphics/Text.h"
+#include "engine/menu/Menu.h"
+#include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 
 namespace {
@@ -18,6 +21,8 @@ namespace {
 constexpr size_t SheetRibbons = 5;
 constexpr int32_t GapHeight = 8; // pixels between the tenth row and one that isn't the next place
 constexpr int32_t RuleAbove = 6; // of the gold rules above the row between them
+constexpr int32_t LongPlace = 1000; // from which on a place begins at the board's frame
+constexpr int32_t LongPlaceStep = 14;
 constexpr uint32_t Gold = 0xFFEFD58F;
 constexpr uint32_t BrightGold = 0xFFFFF6DC; // of the player's row
 constexpr const char* Columns[] = {"place", "pilot", "count", "real"};
@@ -36,7 +41,9 @@ void MenuGameWarOver::onEnter() {
     setText("date", bookDate(Calendar::ofNumber(FirstDayOfPeace)));
     showSheet(end);
     showBoard(end);
-    setActive("webPage", !end.pilot.flights.empty() || !end.fallen.empty());
+    const bool hasFlown = !end.pilot.flights.empty() || !end.fallen.empty();
+    setActive("webPage", hasFlown);
+    setFocus(hasFlown ? "webPage" : "menuBack");
 }
 
 void MenuGameWarOver::showSheet(const WarEnd& end) {
@@ -47,8 +54,22 @@ void MenuGameWarOver::showSheet(const WarEnd& end) {
     showLines("text", texts);
     setVisible("note", false);
     setText("name", titleOf(end.pilot.honours, end.pilot.name));
-    setText("figures", careerLines(end));
+    showFigures(end);
     showRibbons(end.pilot.honours);
+}
+
+/// Without his predecessors where a long name takes their line: the log book has them.
+void MenuGameWarOver::showFigures(const WarEnd& end) {
+    setText("figures", careerLines(end));
+    zel::TextArea* area = menu != nullptr ? menu->getTextArea("figures") : nullptr;
+    if (area == nullptr)
+        return;
+    const zel::PixelRect rect = area->getBounds().rect;
+    area->setRect({rect.x, rect.y, rect.width, 2 * rect.height}); // to see how much it needs
+    for (const NamedFallen named : {NamedFallen::Brief, NamedFallen::None})
+        if (area->getLabel().height() > rect.height)
+            setText("figures", careerLines(end, named));
+    area->setRect(rect);
 }
 
 /// The highest.
@@ -76,6 +97,7 @@ void MenuGameWarOver::showBoard(const WarEnd& end) {
 }
 
 void MenuGameWarOver::showRow(int32_t number, const StandingRow& row, int32_t lower) {
+    makeRoom(number, row);
     const zel::String texts[] = {placeNumber(row), fitting(zel::String("pilot") + number, row),
                                  zel::String(row.victories), realTotalText(row)};
     for (size_t i = 0; i < std::size(Columns); ++i) {
@@ -96,6 +118,17 @@ void MenuGameWarOver::showRow(int32_t number, const StandingRow& row, int32_t lo
     rules->setVisible(true);
 }
 
+/// A long place goes on into the column of the names, which begin further right.
+void MenuGameWarOver::makeRoom(int32_t number, const StandingRow& row) const {
+    zel::Widget* place = getWidget(zel::String("place") + number);
+    zel::Widget* pilot = getWidget(zel::String("pilot") + number);
+    if (row.place < LongPlace || place == nullptr || pilot == nullptr)
+        return;
+    place->getBounds().rect.x += LongPlaceStep;
+    pilot->getBounds().rect.x += LongPlaceStep;
+    pilot->getBounds().rect.width -= LongPlaceStep;
+}
+
 zel::String MenuGameWarOver::fitting(const zel::String& element, const StandingRow& row) const {
     const zel::Widget* widget = getWidget(element);
     zel::String whole = markedName(row);
@@ -106,6 +139,8 @@ zel::String MenuGameWarOver::fitting(const zel::String& element, const StandingR
 
 void MenuGameWarOver::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     const Database* career = runningCareer();
+    if (widget->getName() == "logbook")
+        pages.openBook("MenuGameWarOver");
     if (widget->getName() != "webPage" || career == nullptr)
         return;
     widget->reset();

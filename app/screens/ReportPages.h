@@ -30,6 +30,11 @@ public:
     std::optional<RecordedFlight> shown() const;
     /// Where it began. False if that isn't known.
     bool base(const RecordedFlight& of, MapPoint& place) const;
+    /// The log book is opened from another screen than the office.
+    void openBook(const char* from) { bookOrigin = from; }
+    /// To be called when the log book is entered: where it leads back to.
+    const char* takeBookOrigin() { return std::exchange(bookOrigin, "MenuGameMain"); }
+
     /// The screen to which the pages lead.
     const char* next() const { return isFromBook() ? "MenuGameLogbook" : "MenuGameAdvance"; }
 
@@ -43,6 +48,7 @@ private:
     Flight& flight;
     CareerRecord& record;
     int32_t chosen = 0;
+    const char* bookOrigin = "MenuGameMain";
     std::vector<PilotReport> reports; // of the day's flight
     bool hasReport = false;
     int32_t fallen = -1;

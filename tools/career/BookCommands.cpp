@@ -7,6 +7,7 @@
 #include "app/book/WarEnd.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/record/Sqlite.h"
 #include "tools/career/SessionWording.h"
 
 std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career) {
@@ -26,7 +27,8 @@ std::vector<zel::String> letterPage(SqliteFile& record, const Database& career) 
                                ? career.playerPilot
                                : predecessorOf(record, career, career.playerPilot);
     if (fallen < 0)
-        return {textOf(wording::NobodyFell)};
+        return {textOf(record.number("SELECT count(*) FROM gap") > 0 ? wording::FallIsUnknown
+                                                                     : wording::NobodyFell)};
     return condolenceLines(condolenceFor(record, career, fallen));
 }
 

@@ -39,6 +39,7 @@ inline constexpr Wording PostedKilled    {3037, "$1: $2 was killed by $3"};
 inline constexpr Wording PostedSuccessor {3038, "$1: $2 took the place of $3"};
 inline constexpr Wording NothingRecorded {3039, "Nothing of the kind is recorded"};
 inline constexpr Wording NobodyFell      {4110, "None of your pilots has fallen"};
+inline constexpr Wording FallIsUnknown   {4112, "Whether a pilot of yours has fallen isn't known: the record of the war lacks a part"};
 inline constexpr Wording WarGoesOn       {4111, "The war isn't over yet"};
 inline constexpr Wording Exported        {3040, "Exported $1"};
 

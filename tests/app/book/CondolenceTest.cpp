@@ -38,21 +38,31 @@ TEST(CondolenceTest, SaysHowHeFell) {
     struct Case {
         void (*end)(PilotReport& own);
         const char* text;
+        int32_t shooter = -2; // who hit him; -1 for one whom the log doesn't list
     };
     const Case cases[] = {
         {[](PilotReport& own) { own.shotdownBy = 2; }, "James McCudden shot him down."},
         {[](PilotReport& own) { own.shotdownByOwn = 1; }, "one of our own brought him down."},
-        {[](PilotReport& own) { own.shotDown = 1; }, "His machine crashed"},
+        {[](PilotReport& own) { own.shotDown = 1; }, "crashed, and no enemy had a part in it."},
+        {[](PilotReport& own) { own.shotDown = 1; }, "His machine crashed. It", 2},
+        {[](PilotReport& own) { own.shotDown = 1; }, "His machine crashed. It", -1},
+        {[](PilotReport& own) {
+             own.shotDown = 1;
+             own.shotdownByOwn = 0; // himself
+         },
+         "His machine crashed. It"},
         {[](PilotReport&) {}, "He died of his wounds."},
     };
     for (const Case& one : cases) {
         Fallen record;
         one.end(record.flight->reports[0]);
+        if (one.shooter > -2)
+            Fallen::addEvent(*record.flight, FlightEventKind::Hit, 60, one.shooter, 0);
         record.succeed();
         const Condolence letter = condolenceFor(record.tables(), record.career, Fallen::Player);
         const std::string text = letter.text.c_str();
         EXPECT_NE(text.find(one.text), std::string::npos) << text;
-        EXPECT_EQ(text.find("In deep sorrow"), 0U) << "a German's";
+        EXPECT_EQ(text.find("in deep sorrow"), 0U) << "a German's";
         EXPECT_NE(text.find("It was his first flight with us."), std::string::npos);
         EXPECT_EQ(text.find("victor"), std::string::npos) << "he had none: " << text;
         EXPECT_EQ(letter.date, 19170924);
@@ -73,13 +83,30 @@ TEST(CondolenceTest, KnowsWhetherSomebodyFollows) {
     EXPECT_EQ(lastFallen(followed, later.career), Fallen::Player);
     const Condolence letter = condolenceFor(followed, later.career, Fallen::Player);
     EXPECT_TRUE(letter.hasSuccessor);
-    EXPECT_NE(std::string(letter.text.c_str()).find("In one flight with us he won 7 victories."),
+    EXPECT_NE(std::string(letter.text.c_str()).find("In one flight he won 7 victories."),
               std::string::npos);
     setDate(later.career, 1918, 11, 11);
-    EXPECT_FALSE(condolenceFor(followed, later.career, Fallen::Player).hasSuccessor) << "in peace";
+    EXPECT_EQ(condolenceFor(followed, later.career, Fallen::Player).successor, letter.successor)
+        << "as on that day";
     later.career.pilots[Fallen::Successor].missions = 1;
     EXPECT_EQ(lastFallen(followed, later.career), -1) << "he flies";
     EXPECT_EQ(predecessorOf(followed, later.career, Fallen::Successor), Fallen::Player);
+}
+
+// The record lacks the flight in which he fell.
+TEST(CondolenceTest, KnowsOnlyWhatTheRecordHas) {
+    Fallen record;
+    record.flight->reports[0].dead = 0;
+    record.succeed();
+    SqliteFile& tables = record.tables();
+    const Condolence letter = condolenceFor(tables, record.career, Fallen::Player);
+    EXPECT_EQ(letter.date, 19170930) << "of the posting";
+    const std::string text = letter.text.c_str();
+    EXPECT_NE(text.find("from his last flight. It was"), std::string::npos) << text;
+    record.career.player().alive = 0;
+    setDate(record.career, 1918, 11, 11);
+    EXPECT_EQ(condolenceFor(tables, record.career, Fallen::Successor).successor,
+              "The war is over. Nobody takes his place.");
 }
 
 // The board in every state: among the first, below them, without a victory, after a fall.

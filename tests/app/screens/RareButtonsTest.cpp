@@ -74,8 +74,7 @@ constexpr Passage Passages[] = {
            "menuButton1>MenuGameFallen menuButton1>MenuGameMain"},
     {[](CareerDriver&) { setDate(*Database::instance(), 1918, 11, 11); },
      "diary>MenuGameDiary menuButton1>MenuGameWarOver webPage logbook>MenuGameLogbook "
-     "menuBack>MenuGameMain diary>MenuGameDiary menuButton1>MenuGameWarOver "
-     "menuBack>MenuGameMain"},
+     "menuBack>MenuGameWarOver menuBack>MenuGameMain"},
     {makeAnAce, "menuButton3>MenuGameTopAces pilot.row1>MenuGamePilot menuBack>MenuGameTopAces "
                 "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationMission"); },
