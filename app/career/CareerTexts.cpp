@@ -36,19 +36,6 @@ zel::String serviceText(int32_t service) {
     return textOf(wording::Services[isKnown ? service : ServiceFrench]);
 }
 
-zel::String serviceName(int32_t nation) {
-    switch (nation) {
-    case France:
-        return textOf(wording::FrenchService);
-    case Germany:
-        return textOf(wording::GermanService);
-    case Usa:
-        return textOf(wording::AmericanService);
-    default:
-        return textOf(wording::EnglishService);
-    }
-}
-
 zel::String startDateText(int32_t year, int32_t month) {
     return textOf(wording::StartDate, {monthInLanguage(month), year});
 }

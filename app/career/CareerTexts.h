@@ -15,8 +15,6 @@ constexpr int32_t FirstDayOfPeace = 19181111; // as Calendar::dateNumber()
 
 /// "Service: English"; any number but 1 and 2 is French.
 zel::String serviceText(int32_t service);
-/// "Royal Flying Corps", by the nation's code.
-zel::String serviceName(int32_t nation);
 /// "Start date: March 1917".
 zel::String startDateText(int32_t year, int32_t month);
 /// "Your pilot's name: First Last".

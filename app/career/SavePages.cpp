@@ -166,10 +166,11 @@ void thinPages(const zel::String& save, const std::vector<PageFile>& pages) {
     }
 }
 
-SavePage pageOf(SavePage::Kind kind, const zel::String& file, bool isWhole) {
+SavePage pageOf(SavePage::Kind kind, const zel::String& file, bool isWhole,
+                const Closing& closing) {
     SavePage page;
     page.kind = kind;
-    page.summary = summaryOf(file);
+    page.summary = summaryOf(file, closing);
     page.isWhole = isWhole && page.summary.isReadable;
     return page;
 }
@@ -195,22 +196,23 @@ bool isKnownWhole(const zel::String& save, const CheckedBytes& content) {
            isUnrecorded(save, content);
 }
 
-std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded) {
+std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded,
+                                const Closing& closing) {
     std::vector<SavePage> pages;
     zel::String backupChecksum;
     if (zel::system::fileStatus(save).exists)
         pages.push_back(
-            pageOf(SavePage::Present, save, !wholeContent(save, save, recorded).empty()));
+            pageOf(SavePage::Present, save, !wholeContent(save, save, recorded).empty(), closing));
     const zel::String backup = save + BackupEnding;
     if (zel::system::fileStatus(backup).exists) {
         const CheckedBytes content = wholeContent(save, backup, recorded);
         backupChecksum = content.checksum();
-        pages.push_back(pageOf(SavePage::Backup, backup, !content.empty()));
+        pages.push_back(pageOf(SavePage::Backup, backup, !content.empty(), closing));
     }
     for (const PageFile& kept : listedPages(save)) {
         const zel::String file = pagesFolder(save) + kept.name();
         if (kept.checksum != backupChecksum.view())
-            pages.push_back(pageOf(SavePage::Earlier, file, isWholePage(file, kept)));
+            pages.push_back(pageOf(SavePage::Earlier, file, isWholePage(file, kept), closing));
     }
     namePages(pages);
     return pages;

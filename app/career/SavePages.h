@@ -43,8 +43,10 @@ struct SavePage {
 };
 
 /// All pages of a career, newest first: the present save, the one before it, the others. Each file
-/// is read whole for its checksum. Damaged files are among them. Empty without a career.
-std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded);
+/// is read whole for its checksum. Damaged files are among them. Empty without a career. closing:
+/// of the career; the page that it is about has the fallen pilot's summary.
+std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded,
+                                const Closing& closing = {});
 
 /// The path of the newest page that is whole, the present save left out; empty if there is none. It
 /// is what to offer when the present save can't be used.

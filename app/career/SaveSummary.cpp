@@ -107,12 +107,15 @@ bool readPlayer(const SaveBytes& bytes, const Layout& layout, const Closing& clo
         !readRecord(bytes, layout.squadrons, layout.squadronCount, pilot.squadron, squadron))
         return false;
     summary.pilot = zel::String(zel::arrayText(pilot.name));
+    summary.pilotIndex = index;
+    summary.isPlayer = !isClosed;
     summary.victories = pilot.shotdowns;
     summary.missions = pilot.missions;
     summary.nation = squadron.nation;
-    const int32_t unit = squadron.squadronFile >= 0 ? zel::toInt(zel::arrayText(squadron.key)) : -1;
-    if (hasUnitName(unit))
-        summary.squadron = unitName(unit);
+    if (squadron.squadronFile >= 0)
+        summary.unit = zel::toInt(zel::arrayText(squadron.key));
+    if (hasUnitName(summary.unit))
+        summary.squadron = unitName(summary.unit);
     summary.base = nameInLanguage(zel::String(zel::arrayText(squadron.baseName)));
     if (pilot.alive == 0)
         summary.state = CareerState::Fallen;

@@ -20,10 +20,13 @@ struct SaveSummary {
 
     int32_t careerNumber = 0; // Database::careerNumber
     Calendar date{0, 0, 0};
-    zel::String pilot;    // the player's name
-    int32_t nation = 0;   // of his squadron (Nation.h)
-    zel::String squadron; // its name in the language in use; empty if it has none
-    zel::String base;     // the town near it, in the language in use
+    zel::String pilot;       // the player's name
+    int32_t pilotIndex = -1; // of the career
+    bool isPlayer = true;    // false for the pilot with whom the book was closed
+    int32_t nation = 0;      // of his squadron (Nation.h)
+    int32_t unit = -1;       // its number (UnitNames.h); -1 if it has none
+    zel::String squadron;    // its name in the language in use; empty if it has none
+    zel::String base;        // the town near it, in the language in use
     int32_t victories = 0;
     int32_t missions = 0;                     // that the pilot has flown
     CareerState state = CareerState::Serving; // Fallen also after the war

@@ -163,10 +163,6 @@ inline constexpr Wording NoAces     {1312, "(NO PILOTS WITH MORE THAN 5 SHOTDOWN
 
 inline constexpr Wording OrdersVoid {2714, "Your orders of $1 are void: the save is older."}; // the date
 
-inline constexpr Wording FrenchService   {202, "French Air Service"};
-inline constexpr Wording EnglishService  {203, "Royal Flying Corps"};
-inline constexpr Wording GermanService   {204, "German Air Service"};
-inline constexpr Wording AmericanService {2812, "United States Air Service"};
 inline constexpr Wording BookDate        {2814, "$1 $2 $3"}; // day, month, year
 inline constexpr Wording BookFirstOfMonth{2815, "1 $1 $2"};
 inline constexpr CountForms Victories  = {{2816, "0 victories"}, {2817, "1 victory"}, {2818, "$1 victories"}};

@@ -206,7 +206,7 @@ std::vector<ShelvedCareer> Shelf::careers(Problem& unread) const {
 }
 
 std::vector<SavePage> Shelf::pages(const ShelvedCareer& of) {
-    return savePages(saveIn(of.folder), recordedIn(of.folder));
+    return savePages(saveIn(of.folder), recordedIn(of.folder), keptClosing(of.folder));
 }
 
 std::optional<ShelvedCareer> Shelf::find(int32_t number) {

@@ -1,7 +1,12 @@
 #include "app/screens/BookTexts.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <iterator>
 
+#include "app/book/Citation.h"
+#include "app/book/SavedHonours.h"
+#include "app/book/Standing.h"
 #include "app/career/CareerTexts.h"
 #include "app/record/ShelfFolders.h"
 #include "app/screens/ScreenWording.h"
@@ -10,6 +15,7 @@
 namespace {
 
 constexpr int32_t SpineLetters = 36; // as wide as the label
+constexpr int32_t CardLetters = 44;  // on two lines of the card
 constexpr const char* Dagger = " \x86";
 constexpr const char* Cut = "...";
 
@@ -45,25 +51,49 @@ zel::String column(const zel::String& text, int32_t letters) {
     return text + zel::String(std::string(size_t(std::max(1, letters - text.length())), ' '));
 }
 
-} // namespace
-
-zel::String bookName(const ShelvedCareer& book) {
-    if (book.summary.isReadable)
-        return book.summary.pilot;
+zel::String folderName(const ShelvedCareer& book) {
     const std::string_view folder = nameOfFolder(book.folder);
     const std::string_view name = folder.substr(std::min(folder.find(' '), folder.size()));
     const bool isNamed = !book.isCurrent && name.size() > 1 && name.substr(1) != UnknownPilot;
     return isNamed ? zel::String(name.substr(1)) : textOf(wording::UnreadableBook);
 }
 
-zel::String spineText(const ShelvedCareer& book) {
+/// The first of them that fits, or the last one, cut.
+zel::String firstToFit(std::initializer_list<zel::String> titles, int32_t letters) {
+    for (const zel::String& title : titles)
+        if (title.length() <= letters)
+            return title;
+    return std::prev(titles.end())->left(letters - zel::String(Cut).length()) + Cut;
+}
+
+zel::String cardTitle(const Honours& honours, const zel::String& pilot) {
+    return firstToFit({titleOf(honours, pilot), shortTitleOf(honours, pilot),
+                       shortTitleOf(honours, shortName(pilot))},
+                      CardLetters);
+}
+
+} // namespace
+
+zel::String bookTitle(const LogBookOfCareer& book) {
+    return book.summary.isReadable ? cardTitle(book.honours, book.summary.pilot) : folderName(book);
+}
+
+zel::String pageTitle(const LogBookOfCareer& book, const SaveSummary& page) {
+    return cardTitle(savedHonours(recordIn(book.folder), page), page.pilot);
+}
+
+zel::String spineText(const LogBookOfCareer& book) {
     const bool hasFallen = book.summary.isReadable && book.summary.state == CareerState::Fallen;
     const zel::String ending = hasFallen ? Dagger : "";
-    const zel::String name = bookName(book);
     const int32_t room = SpineLetters - ending.length();
-    if (name.length() <= room)
-        return name + ending;
-    return name.left(room - zel::String(Cut).length()) + Cut + ending;
+    if (!book.summary.isReadable)
+        return firstToFit({folderName(book)}, room);
+    const zel::String& pilot = book.summary.pilot;
+    const bool isTitled = book.honours.rank() != nullptr;
+    return firstToFit({shortTitleOf(book.honours, pilot),
+                       isTitled ? shortTitleOf(book.honours, shortName(pilot)) : pilot},
+                      room) +
+           ending;
 }
 
 zel::String unreadableText(const ShelvedCareer& book) {
@@ -78,7 +108,8 @@ zel::String unreadableText(const ShelvedCareer& book) {
 
 zel::String serviceLines(const SaveSummary& summary) {
     return joined(
-        {serviceName(summary.nation), summary.squadron,
+        {serviceName(summary.nation, branchOfUnit(summary.unit), summary.date.dateNumber()),
+         summary.squadron,
          summary.base.empty() ? zel::String() : textOf(wording::NearBase, {summary.base})},
         "\n");
 }
@@ -92,9 +123,9 @@ zel::String warLines(const SaveSummary& summary) {
     return joined({bookDate(summary.date), figuresText(summary)}, "\n");
 }
 
-zel::String railLines(const ShelvedCareer& book) {
+zel::String railLines(const LogBookOfCareer& book) {
     return book.summary.isReadable ? joined({spineText(book), bookDate(book.summary.date)}, "\n")
-                                   : bookName(book);
+                                   : folderName(book);
 }
 
 zel::String pageLines(const SaveSummary& summary) {

@@ -2,16 +2,18 @@
 
 #include <algorithm>
 
+#include "app/book/SavedHonours.h"
 #include "app/career/Database.h"
+#include "app/record/ShelfFolders.h"
 #include "app/screens/MenuNotification.h"
 
 void CareerDrawer::read() {
     const int32_t number = chosenBook() != nullptr ? chosenBook()->number : 0;
-    books = shelf.careers();
-    books.erase(std::remove_if(books.begin(), books.end(),
-                               [](const ShelvedCareer& book) { return book.isPutAway; }),
-                books.end());
-    const auto same = std::find_if(books.begin(), books.end(), [&](const ShelvedCareer& book) {
+    books.clear();
+    for (const ShelvedCareer& one : shelf.careers())
+        if (!one.isPutAway)
+            books.push_back({one, savedHonours(recordIn(one.folder), one.summary)});
+    const auto same = std::find_if(books.begin(), books.end(), [&](const LogBookOfCareer& book) {
         return book.number == number;
     });
     chosen = same != books.end() ? size_t(same - books.begin()) : 0;
@@ -33,7 +35,7 @@ bool CareerDrawer::note(bool succeeded) {
 }
 
 zel::String CareerDrawer::open() {
-    const ShelvedCareer* book = chosenBook();
+    const LogBookOfCareer* book = chosenBook();
     if (book != nullptr && !note(book->isCurrent || shelf.take(book->number)))
         return "MenuCareers";
     if (!career.loadFile(SaveFileName))
@@ -56,7 +58,7 @@ int32_t CareerDrawer::closedWith() const {
 }
 
 bool CareerDrawer::putAway() {
-    const ShelvedCareer* book = chosenBook();
+    const LogBookOfCareer* book = chosenBook();
     const bool succeeded = book != nullptr && note(shelf.putAway(book->number));
     if (succeeded)
         read();
@@ -64,6 +66,6 @@ bool CareerDrawer::putAway() {
 }
 
 bool CareerDrawer::turnBack(const SavePage& page) {
-    const ShelvedCareer* book = chosenBook();
+    const LogBookOfCareer* book = chosenBook();
     return book != nullptr && note(shelf.turnBack(*book, page));
 }

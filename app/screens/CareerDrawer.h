@@ -2,7 +2,13 @@
 
 #include <vector>
 
+#include "app/book/Honours.h"
 #include "app/record/Shelf.h"
+
+/// A career as the drawer shows it.
+struct LogBookOfCareer : ShelvedCareer {
+    Honours honours; // of the pilot of its summary, as far as its record is there
+};
 
 /// The player's log books as the drawer shows them, and which one he has chosen: what the screens
 /// of the careers share. Careers that were put away are left out.
@@ -18,11 +24,11 @@ public:
     void choose(size_t index);
 
     /// The book that was flown last is the first one.
-    const std::vector<ShelvedCareer>& getBooks() const { return books; }
+    const std::vector<LogBookOfCareer>& getBooks() const { return books; }
     /// The index of the chosen book; 0 if there is none.
     size_t getChosen() const { return chosen; }
     /// Null if there is none.
-    const ShelvedCareer* chosenBook() const {
+    const LogBookOfCareer* chosenBook() const {
         return chosen < books.size() ? &books[chosen] : nullptr;
     }
 
@@ -51,7 +57,7 @@ private:
 
     Database& career;
     Shelf& shelf;
-    std::vector<ShelvedCareer> books;
+    std::vector<LogBookOfCareer> books;
     size_t chosen = 0;
     zel::String problem;
 };

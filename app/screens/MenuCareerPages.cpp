@@ -19,10 +19,9 @@ const char* slipKind(bool isWhole, bool isChosen) {
 } // namespace
 
 void MenuCareerPages::onEnter() {
-    const ShelvedCareer* book = drawer.chosenBook();
+    const LogBookOfCareer* book = drawer.chosenBook();
     pages = book != nullptr ? Shelf::pages(*book) : std::vector<SavePage>();
     chosen = 0;
-    setText("name", book != nullptr ? bookName(*book) : "");
     rows.resize(*menu, pages.size());
     for (size_t i = 0; i < pages.size(); ++i)
         setText(rows.name("row", i), pageText(pages[i]));
@@ -46,6 +45,10 @@ void MenuCareerPages::showPages() {
 void MenuCareerPages::showCard() {
     const SavePage* page = chosen < pages.size() ? &pages[chosen] : nullptr;
     const bool isWhole = page != nullptr && page->isWhole;
+    if (const LogBookOfCareer* book = drawer.chosenBook(); book != nullptr && isWhole)
+        setText("name", pageTitle(*book, page->summary));
+    else
+        setText("name", book != nullptr ? bookTitle(*book) : "");
     setActive("menuButton1", isWhole && page->kind != SavePage::Present);
     if (!drawer.trouble().empty())
         setText("facts", textOf(wording::NotPossible, {drawer.trouble()}));

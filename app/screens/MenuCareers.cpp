@@ -52,7 +52,7 @@ void MenuCareers::onKey(const zel::KeyPress& key) {
 }
 
 void MenuCareers::showBooks() {
-    const std::vector<ShelvedCareer>& books = drawer.getBooks();
+    const std::vector<LogBookOfCareer>& books = drawer.getBooks();
     rows.resize(*menu, books.size());
     for (size_t i = 0; i < books.size(); ++i) {
         const zel::String row = rows.name("row", i);
@@ -70,9 +70,9 @@ void MenuCareers::showChosen() {
 }
 
 void MenuCareers::showCard() {
-    const ShelvedCareer* book = drawer.chosenBook();
+    const LogBookOfCareer* book = drawer.chosenBook();
     showParticulars(book != nullptr ? book->summary : SaveSummary());
-    setText("name", book != nullptr ? bookName(*book) : textOf(wording::DrawerIsEmpty));
+    setText("name", book != nullptr ? bookTitle(*book) : textOf(wording::DrawerIsEmpty));
     if (!drawer.trouble().empty())
         showNote(textOf(wording::NotPossible, {drawer.trouble()}));
     else if (isAsking)
@@ -106,7 +106,7 @@ void MenuCareers::showNote(const zel::String& text) {
 }
 
 void MenuCareers::showPlates() {
-    const ShelvedCareer* book = drawer.chosenBook();
+    const LogBookOfCareer* book = drawer.chosenBook();
     setText("another", textOf(book != nullptr ? wording::BeginAnother : wording::BeginABook));
     setText("pages", textOf(isAsking ? wording::YesPutAway : wording::EarlierPages));
     setText("away", textOf(isAsking ? wording::KeepIt : wording::PutAway));

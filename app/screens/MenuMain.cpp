@@ -24,7 +24,7 @@ void MenuMain::onEnter() {
 }
 
 void MenuMain::showLastBook() {
-    const ShelvedCareer* book = drawer.chosenBook();
+    const LogBookOfCareer* book = drawer.chosenBook();
     setActive("menuButton2", book != nullptr);
     setFocus(book != nullptr ? "menuButton2" : "careers");
     setText("last", book != nullptr ? railLines(*book) : "");

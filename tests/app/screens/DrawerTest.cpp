@@ -23,6 +23,7 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(driver.begin(German1915Choices));
         pilot = player();
+        title = "Lt " + pilot;
         missions = Database::instance()->player().missions;
         ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     }
@@ -36,22 +37,23 @@ protected:
     void choose(const char* row) { driver.screens->menu().hitWidget(row); }
 
     std::string pilot;
+    std::string title;    // as on the spine
     int32_t missions = 0; // that he has flown before
 };
 
 TEST_F(Drawer, KeepsTheCareerThatAnotherFollows) {
-    EXPECT_EQ(driver.text("last"), pilot + "\n" + "1 December 1915");
+    EXPECT_EQ(driver.text("last"), title + "\n" + "1 December 1915");
     ASSERT_TRUE(driver.walk("careers>MenuCareers"));
-    EXPECT_EQ(rows(), pilot + "|");
+    EXPECT_EQ(rows(), title + "|");
     EXPECT_EQ(driver.text("count"), "Books 1 to 1 of 1");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
-    const std::string other = player();
+    const std::string other = "2nd Lt " + player();
     ASSERT_TRUE(driver.walk("menuBack>MenuMain careers>MenuCareers"));
-    EXPECT_EQ(rows(), other + "|" + pilot + "|");
+    EXPECT_EQ(rows(), other + "|" + title + "|");
 
     choose("book.row2");
-    EXPECT_EQ(driver.text("name"), pilot);
+    EXPECT_EQ(driver.text("name"), "Leutnant " + pilot);
     EXPECT_EQ(
         driver.text("war").find("1 December 1915\n0 victories, " + std::to_string(missions) + " "),
         0U)
@@ -61,15 +63,15 @@ TEST_F(Drawer, KeepsTheCareerThatAnotherFollows) {
     EXPECT_FALSE(driver.widget("book.ribbon1")->isVisible());
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain"));
     EXPECT_EQ(player(), pilot);
-    EXPECT_EQ(driver.text("last").find(pilot), 0U);
+    EXPECT_EQ(driver.text("last").find(title), 0U);
     ASSERT_TRUE(driver.walk("careers>MenuCareers"));
-    EXPECT_EQ(rows(), pilot + "|" + other + "|");
+    EXPECT_EQ(rows(), title + "|" + other + "|");
 }
 
 TEST_F(Drawer, AsksBeforeABookIsPutAway) {
     putBook(home, 7, Delmas);
     ASSERT_TRUE(driver.walk("careers>MenuCareers"));
-    const std::string both = pilot + "|Lucien Delmas|";
+    const std::string both = title + "|Lucien Delmas|";
     ASSERT_EQ(rows(), both);
     const auto isAsked = [&] { return driver.text("note").find("Put this book away?") == 0; };
     ASSERT_TRUE(driver.walk("away"));
@@ -90,7 +92,7 @@ TEST_F(Drawer, AsksBeforeABookIsPutAway) {
     driver.screens->step();
     ASSERT_EQ(rows(), both);
     choose("pages");
-    EXPECT_EQ(rows(), pilot + "|");
+    EXPECT_EQ(rows(), title + "|");
     EXPECT_TRUE(std::filesystem::exists(
         home.folder.file("user/Careers/Put away/0007 Lucien Delmas/savegame_v03.wty")));
     ASSERT_TRUE(driver.walk("away pages")) << "the one that is current";
@@ -112,7 +114,7 @@ TEST_F(Drawer, ShowsWhatCantBeReadAndLeavesItAlone) {
     for (const std::string& content : {newer, std::string("no career at all"), std::string()}) {
         home.folder.write(file, content);
         ASSERT_TRUE(driver.walk("careers>MenuCareers"));
-        ASSERT_EQ(rows(), pilot + "|Somebody|Friedrich Brandner \x86|");
+        ASSERT_EQ(rows(), title + "|Somebody|Friedrich Brandner \x86|");
         EXPECT_EQ(driver.widget("book.row2")->getKind(), "spineunread");
         choose("book.row2");
         EXPECT_NE(driver.text("note").find("0009 Somebody"), std::string::npos);
