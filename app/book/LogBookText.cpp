@@ -17,11 +17,6 @@ constexpr float Destruction = 0.5F;
 constexpr std::string_view Cut = "...";
 constexpr size_t NoLimit = 1000; // letters
 
-zel::String cutTo(const zel::String& text, size_t letters) {
-    const auto room = static_cast<int32_t>(letters);
-    return text.length() <= room ? text : text.left(room - static_cast<int32_t>(Cut.size())) + Cut;
-}
-
 /// "Albatros" of "Albatros D.III"; all of what an object on the ground is.
 zel::String maker(const zel::String& aircraft) {
     zel::String name = machineText(aircraft);
@@ -137,6 +132,11 @@ zel::String rightAligned(int32_t number, int32_t letters) {
 
 } // namespace
 
+zel::String cutTo(const zel::String& text, size_t letters) {
+    const auto room = static_cast<int32_t>(letters);
+    return text.length() <= room ? text : text.left(room - static_cast<int32_t>(Cut.size())) + Cut;
+}
+
 zel::String column(const zel::String& text, size_t letters) {
     std::string padded(text.view().substr(0, letters));
     padded.resize(letters, ' ');
@@ -159,9 +159,8 @@ zel::String initialName(const zel::String& name, size_t letters) {
     const std::string_view whole = name.view();
     const size_t blank = whole.find(' ');
     if (whole.size() <= letters || blank == whole.npos)
-        return zel::String(whole.substr(0, letters));
-    const zel::String brief = zel::String(whole.substr(0, 1)) + "." + whole.substr(blank);
-    return zel::String(brief.view().substr(0, letters));
+        return cutTo(name, letters);
+    return cutTo(zel::String(whole.substr(0, 1)) + "." + whole.substr(blank), letters);
 }
 
 // The names of aircraft have a blank after "D.", for which columns have no room.

@@ -49,7 +49,7 @@ zel::String successionText(const LogBook& book, size_t flight);
 
 /// "von Richthofen": the name without first names and initials.
 zel::String lastName(const zel::String& name);
-/// "M. von Richthofen" of a name that has more letters than that; cut if that has, too.
+/// "M. von Richthofen" of a name that has more letters than that; cut with "..." if that has, too.
 zel::String initialName(const zel::String& name, size_t letters);
 /// "Albatros D.III" of an identifier, "observation balloon" of an object on the ground; of another
 /// text that text.
@@ -57,6 +57,9 @@ zel::String machineText(const zel::String& aircraft);
 /// The same in at most so many letters: "Halberstadt" of "Halberstadt D.II", "Triplane" of
 /// "Sopwith Triplane".
 zel::String machineText(const zel::String& aircraft, size_t letters);
+/// The text in at most so many letters: its end is "..." where it is longer. REQUIRES: three or
+/// more.
+zel::String cutTo(const zel::String& text, size_t letters);
 /// The text with blanks up to so many bytes, or cut to them.
 zel::String column(const zel::String& text, size_t letters);
 

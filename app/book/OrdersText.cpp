@@ -8,6 +8,7 @@
 #include "app/book/LogBookText.h"
 #include "app/book/OrdersWording.h"
 #include "app/book/PilotRecord.h"
+#include "app/book/Standing.h"
 #include "app/career/Wording.h"
 
 namespace {
@@ -40,21 +41,16 @@ zel::String taskText(const MapPoint& field, const MapPoint& fight, bool onChanne
 
 zel::String rosterName(const PilotRecord& player, size_t letters) {
     const RankRow* rank = player.honours.rank();
-    const std::string_view whole = player.name;
-    const std::string_view family = whole.substr(std::min(whole.find(' ') + 1, whole.size()));
-    const auto nameBeside = [&](const zel::String& title) {
-        const size_t others = textOf(wording::YouInTheRoster, {title}).view().size();
-        return initialName(player.name, letters > others ? letters - others : 0);
-    };
-    // The rank is left out where the family name would be cut.
-    zel::String title = rank != nullptr ? rank->shortName + " " : zel::String();
-    zel::String name = nameBeside(title);
-    const std::string_view shown = name.view();
-    if (shown.substr(shown.size() - std::min(shown.size(), family.size())) != family) {
-        title = "";
-        name = nameBeside(title);
+    const zel::String title = rank != nullptr ? rank->shortName + " " : zel::String();
+    const zel::String brief = shortName(player.name);
+    for (const zel::String& name :
+         {title + player.name, title + brief, title + lastName(player.name), player.name, brief}) {
+        zel::String row = textOf(wording::YouInTheRoster, {name});
+        if (size_t(row.length()) <= letters)
+            return row;
     }
-    return textOf(wording::YouInTheRoster, {title + name});
+    const auto others = size_t(textOf(wording::YouInTheRoster, {""}).length());
+    return textOf(wording::YouInTheRoster, {cutTo(brief, letters - std::min(letters, others))});
 }
 
 zel::String fightText(const MapPoint& field, const MapPoint& fight) {

@@ -138,7 +138,7 @@ zel::String shortSquadron(const zel::String& key) {
 
 /// Cut so that a blank is left before the next one.
 zel::String listColumn(const zel::String& text, size_t letters) {
-    return column(zel::String(text.view().substr(0, letters - 1)), letters);
+    return column(cutTo(text, letters - 1), letters);
 }
 
 } // namespace
@@ -177,4 +177,17 @@ zel::String squadronRow(const SquadronToJoin& squadron, const zel::String& base)
         row += listColumn(textOf(wording::BaseInList, {base}), BaseLetters);
     return (row + listColumn(initialName(squadron.knownPilot, KnownLetters - 1), KnownLetters))
         .trim(' ');
+}
+
+std::vector<zel::String> squadronLines(const std::vector<SquadronToJoin>& squadrons) {
+    constexpr size_t KeyLetters = 8;
+    std::vector<zel::String> lines;
+    if (!squadrons.empty())
+        lines.push_back(column(textOf(wording::KeyHead), KeyLetters) +
+                        column(textOf(wording::SquadronHead), SquadronLetters) +
+                        column(textOf(wording::MachineHead), FlownLetters) +
+                        textOf(wording::KnownPilotHead));
+    for (const SquadronToJoin& squadron : squadrons)
+        lines.push_back(column(squadron.key, KeyLetters) + squadronRow(squadron, {}));
+    return lines;
 }

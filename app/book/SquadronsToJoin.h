@@ -31,3 +31,6 @@ constexpr size_t KnownLetters = 20;
 /// for their column are shortened. base: in the language in use; without one there is no such
 /// column.
 zel::String squadronRow(const SquadronToJoin& squadron, const zel::String& base);
+/// The squadrons with their keys as lines under the heads of the columns; no line without any.
+/// Their bases are missing: they are drawn when a career begins.
+std::vector<zel::String> squadronLines(const std::vector<SquadronToJoin>& squadrons);

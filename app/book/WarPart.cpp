@@ -35,7 +35,10 @@ WarPart readWarPart(SqliteFile& record, const Database& career) {
         war.since = std::min(war.since, page);
     if (!war.flights.empty())
         war.since = std::min(war.since, war.flights.front());
-    war.flown = std::max(int32_t(war.flights.size()), int32_t(career.player().missions));
+    // A pilot has missions from before the player took him up, too.
+    war.flown = int32_t(war.flights.size());
+    if (record.number("SELECT count(*) FROM gap") > 0 || record.failed())
+        war.flown = std::max(war.flown, int32_t(career.player().missions));
     war.expected = war.flown + periodsToCome(war.today);
     return war;
 }

@@ -78,7 +78,8 @@ void MenuEnlist::checkName() {
 
 /// What is wrong with the name or with the last key; for lack of that, why he can't choose.
 zel::String MenuEnlist::nameHint() const {
-    const zel::TextInput::Refusal refusal = nameInput()->getRefusal();
+    const zel::TextInput* input = nameInput();
+    const auto refusal = input->isFocused() ? input->getRefusal() : zel::TextInput::Refusal::None;
     if (refusal == zel::TextInput::Refusal::Character || check.fault == NameFault::Character)
         return textOf(wording::NameNotInTheLog);
     if (refusal == zel::TextInput::Refusal::Length || check.fault == NameFault::TooLong)

@@ -46,12 +46,14 @@ void MenuGameDiary::onEnter() {
         zel::log("The diary lacks what the record of the war has: " + tables.problem(), "Book",
                  zel::LogWarning);
     setText("date", daysText(diary.from, diary.until));
+    int32_t space = OtherSpace;
+    fit("news", diary.front, space);
     entryPresses.resize(*menu, diary.squadron.size());
     newsPresses.resize(*menu, diary.front.size());
     showLines("entry", diary.squadron, EntryRows, SquadronSpace);
-    showLines("news", diary.front, FrontRows, OtherSpace);
-    int32_t space = OtherSpace;
-    fitReal(diary.real, space);
+    showLines("news", diary.front, FrontRows, space);
+    space = OtherSpace;
+    fit("real", diary.real, space);
     showLines("real", diary.real, RealRows, space);
     constexpr const char* Areas[] = {"entry", "news", "real"};
     for (size_t i = 0; i < std::size(Areas); ++i)
@@ -72,9 +74,9 @@ void MenuGameDiary::onEnter() {
 
 /// Brings the lines together, or leaves out the least important ones, until they fit on the paper.
 /// Their list would scroll, but a line that is cut looks like a fault.
-void MenuGameDiary::fitReal(std::vector<DiaryLine>& lines, int32_t& space) {
-    zel::TextArea* row = menu->getTextArea("real.row1");
-    const zel::Widget* area = getWidget("real");
+void MenuGameDiary::fit(const char* list, std::vector<DiaryLine>& lines, int32_t& space) {
+    zel::TextArea* row = menu->getTextArea(zel::String(list) + ".row1");
+    const zel::Widget* area = getWidget(list);
     if (row == nullptr || area == nullptr)
         return;
     const zel::PixelRect rect = row->getBounds().rect;

@@ -44,6 +44,7 @@ void MenuGameStartMission::onEnter() {
     showTask(*career, today);
     showRoster(*career, today);
     setText("menuButton4", startLabel(today));
+    setFocus("menuButton4");
     isSkipped = !today.isFlyable;
     showWhatToDo(today.isFlyable);
     setText("line3", textOf(flight.areOrdersKept() ? wording::FlyAndReturn : wording::FlyAndStay));
@@ -56,7 +57,7 @@ void MenuGameStartMission::onEnter() {
 }
 
 void MenuGameStartMission::showWhatToDo(bool isFlyable) {
-    for (const char* line : {"line1", "line2", "line3"})
+    for (const char* line : {"line1", "line2", "line3", "legend2"})
         setVisible(line, isFlyable);
     for (const char* line : {"skip1", "skip2"})
         setVisible(line, !isFlyable);
@@ -66,11 +67,9 @@ void MenuGameStartMission::showTask(const Database& career, const DailyMission& 
     const Squadron& squadron = career.playerSquadron();
     const bool isChannel = squadron.onChannelMap != 0;
     const zel::String field = nameInLanguage(zel::arrayText(squadron.baseName));
-    const Sector sector{career.calendar().dateNumber(),
-                        isChannel,
-                        {squadron.baseX, squadron.baseZ},
-                        field,
-                        {today.fightX, today.fightZ}};
+    const Sector sector{career.calendar().dateNumber(),   isChannel,
+                        {squadron.baseX, squadron.baseZ}, field,
+                        {today.fightX, today.fightZ},     today.isFlyable};
     setText("line2", textOf(wording::TaskAndSky,
                             {taskText(sector.field, sector.fight, isChannel), skyText(today.sky)}));
     setText("sector", textOf(wording::SectorOf, {field}));

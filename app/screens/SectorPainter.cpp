@@ -24,6 +24,7 @@ constexpr float FarAway = 600000; // metres, beyond every edge
 
 // All in pixels.
 constexpr float TrenchAside = 3; // from the front to each side's line
+constexpr float NameAside = 6;   // from the front to where a name may begin
 constexpr float FightRadius = 19;
 constexpr float FieldRadius = 8;
 constexpr float ShortestWay = 20; // between the rings, for an arrow
@@ -33,6 +34,7 @@ constexpr float HalfName = 8;   // of its height
 constexpr float ScaleLeft = 8;
 constexpr float ScaleAbove = 28; // from the map to the bar
 constexpr float ScaleThickness = 6;
+constexpr float LeastMark = 18;
 constexpr int32_t ScaleMarks[] = {0, 5, 10, 20}; // kilometres
 
 } // namespace
@@ -88,11 +90,14 @@ zel::BitmapData SectorPainter::paint() {
     paintTrench(sheet, line, TrenchAside, TheirRed, {Width, Height});
     paintTrench(sheet, line, -TrenchAside, OurBlue, {Width, Height});
     for (const auto& [place, radius] :
-         {std::pair{at(sector.fight), FightRadius}, std::pair{at(sector.field), FieldRadius}})
-        taken.push_back({place.x - radius, place.y - radius, place.x + radius, place.y + radius});
-    name(at(sector.field), sector.fieldName.view(), FieldRadius + 3);
+         {std::pair{at(sector.field), FieldRadius}, std::pair{at(sector.fight), FightRadius}})
+        if (sector.isFlown || radius == FieldRadius)
+            taken.push_back(
+                {place.x - radius, place.y - radius, place.x + radius, place.y + radius});
+    paintFieldName(line);
     paintTowns();
-    paintWay();
+    if (sector.isFlown)
+        paintWay();
     paintRings();
     sheet.setLowest(Height + BarHeight);
     paintBar();
@@ -124,6 +129,28 @@ void SectorPainter::paintSquares() {
         const float y = first.y + static_cast<float>(i) * step;
         sheet.line({0, y}, {Width, y}, 0.6F, SquareInk);
     }
+}
+
+/// Beside the front if there is room. Names of towns are left out rather than written over it.
+void SectorPainter::paintFieldName(const std::vector<Point>& line) {
+    const std::vector<Box> rings = taken;
+    for (size_t i = 1; i < line.size(); ++i) {
+        const Point way{line[i].x - line[i - 1].x, line[i].y - line[i - 1].y};
+        const float steps = std::ceil(std::hypot(way.x, way.y) / NameAside);
+        for (float step = 0; step <= steps; ++step) {
+            const Point place{line[i - 1].x + way.x * step / steps,
+                              line[i - 1].y + way.y * step / steps};
+            taken.push_back({place.x - NameAside, place.y - NameAside, place.x + NameAside,
+                             place.y + NameAside});
+        }
+    }
+    const Point field = at(sector.field);
+    if (name(field, sector.fieldName.view(), FieldRadius + 3))
+        return;
+    std::vector<Box> all = taken;
+    taken = rings;
+    name(field, sector.fieldName.view(), FieldRadius + 3);
+    taken.insert(taken.end(), all.begin() + std::ptrdiff_t(rings.size()), all.end());
 }
 
 /// Those next to the middle first: of two whose names meet the first is shown.
@@ -193,7 +220,8 @@ void SectorPainter::paintRings() {
     sheet.disc(field, FieldRadius, OurBlue);
     sheet.disc(field, FieldRadius * 0.6F, Blank);
     sheet.disc(field, FieldRadius * 0.3F, RingRed);
-    sheet.ring(at(sector.fight), FightRadius, 3, RingRed);
+    if (sector.isFlown)
+        sheet.ring(at(sector.fight), FightRadius, 3, RingRed);
 }
 
 void SectorPainter::paintBar() {
@@ -205,6 +233,8 @@ void SectorPainter::paintBar() {
     bool isDark = true;
     int32_t last = 0;
     for (const int32_t mark : ScaleMarks) {
+        if (mark > 0 && x(mark) - x(last) < LeastMark)
+            continue; // two figures would touch
         sheet.write(names, {x(mark), top - 5}, zel::String(mark).view(), MapInk,
                     PencilSheet::Align::Centre);
         if (mark == 0)

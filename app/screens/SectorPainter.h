@@ -12,6 +12,7 @@ struct Sector {
     MapPoint field;
     zel::String fieldName; // in the language in use
     MapPoint fight;
+    bool isFlown = true; // false: nobody flies there, and the fight isn't shown
 };
 
 /// Draws the map of a sector with a clear background: sea, squares of ten kilometres, front, towns,
@@ -50,6 +51,7 @@ private:
     std::vector<Point> at(const std::vector<MapPoint>& places) const;
     void paintSea();
     void paintSquares();
+    void paintFieldName(const std::vector<Point>& line);
     void paintTowns();
     bool name(Point place, std::string_view text, float gap);
     void paintWay();

@@ -10,7 +10,9 @@ Commands:
                           from 1915 12 to 1918 10. --name and --squadron choose
                           what the service chooses otherwise
   squadrons SERVICE YEAR MONTH
-                          the squadrons that can be chosen then, with their keys
+                          the squadrons that can be chosen then, with their keys,
+                          machines and known pilots; where each of them is only
+                          follows when the career begins
   load | save             the career file in the user's folder
   status                  the career in a few lines, and what to do next
   mission                 writes the mission of the day into the simulator's folder

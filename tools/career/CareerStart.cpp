@@ -57,10 +57,8 @@ std::vector<zel::String> squadronsOf(Database& career, const CareerStart& start)
     auto dataLines = std::exchange(career.dataLines, {});
     const bool wasBroken = career.hasBrokenHistory;
     readDataFiles(career);
-    std::vector<zel::String> lines;
-    for (const SquadronToJoin& squadron :
-         squadronsToJoin(career, start.service, start.year, start.month))
-        lines.push_back(squadron.key + "  " + squadronRow(squadron, {}));
+    std::vector<zel::String> lines =
+        squadronLines(squadronsToJoin(career, start.service, start.year, start.month));
     career.squadronFiles = std::move(squadronFiles);
     career.pilotFiles = std::move(pilotFiles);
     career.dataLines = std::move(dataLines);

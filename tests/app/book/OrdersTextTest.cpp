@@ -41,13 +41,14 @@ TEST(OrdersText, NamesThePlayerInHisColumn) {
     EXPECT_EQ(rosterName(player, 25), "Ernst Udet (you)");
     player.name = "Friedrich von Falkenhausen";
     EXPECT_EQ(rosterName(player, 25), "F. von Falkenhausen (you)");
-    EXPECT_EQ(rosterName(player, 16), "F. von Fal (you)");
+    EXPECT_EQ(rosterName(player, 16), "F. von ... (you)");
     RankRow rank;
     rank.shortName = "Flt Sub-Lt";
     player.honours.ranks.push_back({19170402, &rank});
     player.name = "Giles Bateman";
     EXPECT_EQ(rosterName(player, 27), "Flt Sub-Lt G. Bateman (you)");
-    EXPECT_EQ(rosterName(player, 26), "Giles Bateman (you)");
+    EXPECT_EQ(rosterName(player, 26), "Flt Sub-Lt Bateman (you)");
+    EXPECT_EQ(rosterName(player, 23), "Giles Bateman (you)");
 }
 
 } // namespace

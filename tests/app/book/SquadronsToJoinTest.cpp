@@ -67,7 +67,7 @@ TEST_F(SquadronsToJoinTest, AreShownInColumns) {
     EXPECT_EQ(squadronRow(german[0], "Cambrai"),
               "Jasta 11              Albatros D.III      Near Cambrai    M. von Richthofen");
     EXPECT_EQ(squadronRow(german[1], "Zeebrugge on the sea").view().substr(0, 59),
-              "MFJ 1                 Albatros D.III      Near Zeebrugge  O");
+              "MFJ 1                 Albatros D.III      Near Zeebrug... O");
 }
 
 } // namespace

@@ -56,6 +56,8 @@ TEST_F(EnlistmentScreen, TakesANameFromTheKeys) {
     EXPECT_TRUE(mayReport()) << "what is there is right";
     driver.screens->key(zel::KeyReturn, '\r');
     EXPECT_TRUE(driver.widget("another")->isFocused());
+    driver.screens->step();
+    EXPECT_EQ(driver.text("hint"), "") << "it was about a key";
 }
 
 TEST_F(EnlistmentScreen, LeadsIntoTheChosenSquadron) {
