@@ -19,7 +19,7 @@ from theatremap import theatre_map
 
 
 def over_main():
-    """The closed log book, insignia cut from wings above the plates, a pencil below them."""
+    """The closed log book, and insignia cut from wings above the plates."""
     ov = empty(W, H)
     w, h = 456, 616
     leaves = paper(w - 10, h - 8, 9, base='#D9C9A0', rough=.3)
@@ -32,7 +32,6 @@ def over_main():
     for kind, seed, x, y, degrees in (('french', 7, 572, 47, 5), ('german', 5, 838, 53, -6),
                                       ('english', 3, 703, 41, -2)):
         lay_turned(ov, swatch(158, kind, seed), degrees, x, y, 4, 6, 6, .6)
-    lay_pencil(ov, 320, GREEN_PENCIL, -3.5, 776, 649)
     return ov
 
 

@@ -39,12 +39,15 @@
 #include "app/screens/MenuMain.h"
 #include "app/screens/MenuNewCareer.h"
 #include "app/screens/MenuNotification.h"
-#include "app/screens/MenuNotificationInstallDir.h"
 #include "app/screens/MenuNotificationRepair.h"
 #include "app/screens/MenuNotificationUnsaved.h"
+#include "app/screens/MenuSimulator.h"
+#include "app/screens/MenuSimulatorFolder.h"
+#include "app/screens/OwnStandIn.h"
 #include "app/screens/PilotPages.h"
 #include "app/screens/Preferences.h"
 #include "app/screens/ReportPages.h"
+#include "app/screens/SimulatorPlaces.h"
 #include "app/screens/ZelAppInfo.h"
 #include "engine/core/Log.h"
 #include "engine/core/UserDirectory.h"
@@ -108,6 +111,16 @@ std::unique_ptr<Flight>& flight() {
     return instance;
 }
 
+std::unique_ptr<OwnStandIn>& ownStandIn() {
+    static std::unique_ptr<OwnStandIn> instance;
+    return instance;
+}
+
+std::unique_ptr<SimulatorPlaces>& simulatorPlaces() {
+    static std::unique_ptr<SimulatorPlaces> instance;
+    return instance;
+}
+
 EnlistmentForm& enlistmentForm() {
     static EnlistmentForm form;
     return form;
@@ -165,6 +178,9 @@ void ZelApp::init() {
     CareerScreen::setShelf(shelf().get());
     drawer() = std::make_unique<CareerDrawer>(*database(), *shelf());
     preferences::applySound();
+    ownStandIn() = std::make_unique<OwnStandIn>();
+    ownStandIn()->follow();
+    simulatorPlaces() = std::make_unique<SimulatorPlaces>();
 }
 
 void ZelApp::onLanguageSet() {}
@@ -180,6 +196,8 @@ void ZelApp::initMenus() {
     addScreen<MenuGameStartMission>(*flight(), *record());
     addScreen<MenuGameFinishMission>(*flight());
     addScreen<MenuMain>(*drawer());
+    addScreen<MenuSimulator>(*simulatorPlaces(), *ownStandIn());
+    addScreen<MenuSimulatorFolder>(*simulatorPlaces());
     addScreen<MenuCareers>(*drawer());
     addScreen<MenuCareerPages>(*drawer());
     addScreen<MenuGameMain>(*record(), *flight());
@@ -203,7 +221,6 @@ void ZelApp::initMenus() {
     addScreen<MenuGameDiary>(*record(), *pilotPages());
     addScreen<MenuGameRecord>(*record(), *citations(), *pilotPages());
     addScreen<MenuGameWarOver>(*record(), *reportPages());
-    addScreen<MenuNotificationInstallDir>();
     addScreen<MenuBlackScreen>();
     addScreen<MenuNotificationRepair>();
     addScreen<MenuNotificationUnsaved>(*flight(), *reportPages());
@@ -218,6 +235,8 @@ void ZelApp::onContinue() {}
 void ZelApp::onShutdown() {}
 void ZelApp::onDestroy() {}
 void ZelApp::releaseDatabase() {
+    simulatorPlaces().reset();
+    ownStandIn().reset();
     reportPages().reset();
     flight().reset();
     citations().reset();

@@ -10,6 +10,7 @@
 #include "app/record/CareerRecord.h"
 #include "app/report/Flight.h"
 #include "app/screens/MenuNotification.h"
+#include "app/screens/OwnStandIn.h"
 #include "app/screens/ScreenSounds.h"
 #include "app/screens/ScreenWording.h"
 #include "app/screens/SectorPainter.h"
@@ -47,7 +48,9 @@ void MenuGameStartMission::onEnter() {
     setFocus("menuButton4");
     isSkipped = !today.isFlyable;
     showWhatToDo(today.isFlyable);
-    setText("line3", textOf(flight.areOrdersKept() ? wording::FlyAndReturn : wording::FlyAndStay));
+    setText("line3", textOf(!flight.areOrdersKept()  ? wording::FlyAndStay
+                            : OwnStandIn::isChosen() ? wording::StandInFlight
+                                                     : wording::FlyAndReturn));
     if (zel::Widget* button = getWidget("menuButton4"); button != nullptr && isSkipped)
         button->setTransition("MenuGameCombatReport"); // there is no flight to wait for
     if (today.fault == MissionFault::None)

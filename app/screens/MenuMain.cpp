@@ -8,16 +8,9 @@
 
 void MenuMain::onEnter() {
     CareerScreen::setOpen(false);
-    switch (checkSimulator()) {
-    case SimulatorState::NotFound:
-        setTransition("MenuNotificationInstallDir");
-        break;
-    case SimulatorState::NoTextLog:
-        setTransition("MenuNotificationMissionTextLog");
-        break;
-    case SimulatorState::Ready:
-        break;
-    }
+    if (checkSimulator() != SimulatorState::Ready)
+        setTransition("MenuSimulator");
+    secondPress.begin(); // the page of the simulator has a plate where this one has "Quit"
     drawer.read();
     drawer.chooseFirst();
     showLastBook();
@@ -33,4 +26,12 @@ void MenuMain::showLastBook() {
 void MenuMain::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (widget->getName() == "menuButton2")
         setTransition(drawer.open());
+    else if (widget->getName() == "menuBack")
+        quit(*widget);
+}
+
+void MenuMain::quit(zel::Widget& plate) {
+    plate.reset(); // the screen may stay
+    if (!secondPress.isDue())
+        setTransition("quitApp");
 }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/screens/SecondPress.h"
 #include "engine/menu/HandledMenuExtension.h"
 
 class CareerDrawer;
 
 /// The main menu. Each time it is entered, it checks that the simulator is there and writes the log
-/// from which reports are made. Otherwise it leads to the notice that says what to do. It shows
-/// whose log book was flown last, and takes it up.
+/// from which reports are made. Otherwise it leads to the page that asks for it. It shows whose log
+/// book was flown last, and takes it up.
 class MenuMain : public zel::HandledMenuExtension {
 public:
     /// REQUIRES: the drawer outlives the screen.
@@ -17,6 +18,8 @@ public:
 
 private:
     void showLastBook();
+    void quit(zel::Widget& plate);
 
     CareerDrawer& drawer;
+    SecondPress secondPress;
 };

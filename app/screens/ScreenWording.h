@@ -30,7 +30,6 @@ inline constexpr SwitchForms WesternFront{{1510, "Western Front: On"}, {1511, "W
 inline constexpr SwitchForms TheChannel  {{1512, "The Channel: On"}, {1513, "The Channel: Off"}};
 inline constexpr SwitchForms Plane       {{1610, "$1: On"}, {1611, "$1: Off"}};
 
-inline constexpr Wording ExampleFromTheRoot{2007, "rof.directory=/home/you/.wine/drive_c/Games/Rise of Flight"};
 inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first fault on; the file
     {2211, "The mission template can't be read: $1"},
     {2212, "The mission template is damaged: $1"},
@@ -97,6 +96,52 @@ inline constexpr Wording SavedToday      {2858, "to-day, $1"}; // the time of da
 inline constexpr Wording SavedThisYear   {2859, "$1 $2, $3"};  // day, month, the time of day
 inline constexpr Wording PageIsDamaged   {2862, "This page is damaged. It stays as it is."};
 inline constexpr Wording DamagedPage     {2863, "Damaged page"};
+
+
+inline constexpr Wording GoBack          {1, "Back"};
+inline constexpr Wording QuitProgram     {2, "Quit"};
+inline constexpr Wording FoundOne        {4810, "Found $1."}; // the ways
+inline constexpr Wording FoundSeveral    {4811, "Found $1. Choose one."};
+inline constexpr Wording FoundWays[] = { // by FoundBy
+    {4812, "where it was before"}, {4813, "by you"}, {4814, "in the registry"}, {4815, "in the libraries of Steam"},
+    {4816, "in the prefixes of Proton"}, {4817, "in the prefixes of Wine"}, {4818, "on the disks"},
+};
+inline constexpr Wording FoundNowhere    {4819, "Nothing was found in the registry, in the libraries of Steam or on the disks."};
+inline constexpr Wording FoundNowhereHere{4820, "Nothing was found in the libraries of Steam, in the prefixes of Wine and Proton or on the disks."}; // off Windows
+inline constexpr Wording StillSearching  {4821, "Wingtally is looking for Rise of Flight."};
+inline constexpr Wording GoneFromThere   {4822, "It is gone from where it was. $1"}; // another of these
+inline constexpr Wording PlaceRow        {4823, "$1: $2"}; // how it was found, its folder
+inline constexpr Wording OpenChecks[]    {{4830, "The folder"}, {4831, "The text log"}, {4832, "Writing missions"}, {4833, "The last log"}};
+inline constexpr Wording FolderIsThere   {4834, "The folder is there."};
+inline constexpr Wording FolderIsGone    {4835, "data\\startup.cfg is missing."};
+inline constexpr Wording TextLogIsOn     {4836, "The text log is on."};
+inline constexpr Wording TextLogIsOff    {4837, "The text log is off."};
+inline constexpr Wording TextLogUnknown  {4838, "startup.cfg can't be read."};
+inline constexpr Wording LineToWrite     {4839, "Write: mission_text_log = 1"};
+inline constexpr Wording MissionsWritable{4840, "Missions can be written."};
+inline constexpr Wording MissionsKeptOut {4841, "Windows keeps this folder from being written."};
+inline constexpr Wording MissionsUnwritable{4842, "The folder data\\Missions can't be written."};
+inline constexpr Wording LastLog         {4843, "Last log: $1, $2"}; // the day, the time of day
+inline constexpr Wording NoLogYet        {4844, "No flight has left a log yet."};
+inline constexpr CountForms ThingsMissing = {
+    {4845, "Everything is as it should be."},
+    {4846, "One thing is missing before you can fly."},
+    {4847, "$1 things are missing before you can fly."},
+};
+inline constexpr Wording LookOrStandIn   {4848, "Look elsewhere, or use the stand-in."};
+inline constexpr Wording ChoiceUnkept    {4849, "The choice can't be kept: $1 can't be written. $2"}; // the file, why
+inline constexpr Wording StandInUnmade   {4850, "The stand-in's folder can't be made: $1"};
+inline constexpr Wording StandInFlies    {4851, "The stand-in flies your missions now. To fly them yourself, choose a place."};
+inline constexpr Wording StandInOffered  {4807, "No simulator on this machine? The stand-in flies your missions for you and leaves the same log."};
+
+inline constexpr Wording Drives          {4883, "Drives"};
+inline constexpr Wording WhichFolder     {4886, "It is the one in which the folder data lies, and in that the file startup.cfg. Its name is often Rise of Flight."};
+inline constexpr Wording RightFolder     {4888, "data\\startup.cfg lies here: this is the folder of Rise of Flight. Press Choose This Folder."};
+inline constexpr Wording InsideData      {4889, "startup.cfg lies in this folder, data. The folder above is that of Rise of Flight. Press Choose This Folder."};
+inline constexpr Wording FoldersSeen     {4890, "Folders $1 to $2 of $3"};
+inline constexpr Wording NoFolders       {4891, "No folders"};
+inline constexpr Wording FolderUnreadable{4892, "This folder can't be read."};
+inline constexpr Wording StandInFlight   {4893, "The stand-in flies WingtallyMission for you within seconds: take off, and wait for its log."};
 
 } // namespace wording
 // clang-format on

@@ -30,7 +30,7 @@ LAYERS = [
     ("app/report", ["engine/core", "app/career", "app/mission"]),
     ("app/record", ["engine/core", "app/career"]),
     ("app/book", ["engine/core", "app/career", "app/report", "app/record"]),
-    ("app/screens", ["engine", "app"]),
+    ("app/screens", ["engine", "app", "standin", "tools/common"]),
     ("standin", ["engine/core", "app/aircraft", "tools/common"]),
     ("tools/common", ["engine/core"]),
     ("tools/menucheck", ["engine", "tools/common"]),

@@ -7,6 +7,7 @@
 #include "app/mission/Configuration.h"
 #include "app/mission/DailyMission.h"
 #include "app/screens/Application.h"
+#include "app/screens/SimulatorPlaces.h"
 #include "app/war/SquadronSimulator.h"
 #include "engine/core/Clock.h"
 #include "engine/core/Language.h"
@@ -23,6 +24,7 @@
 namespace {
 
 constexpr int32_t LookTime = 9000; // milliseconds
+constexpr int32_t SecondPressTime = 600;
 // Seeds take the clock in: so a career doesn't depend on what came before it.
 constexpr uint32_t EnlistmentTime = 60000;
 constexpr int32_t MostWidgets = 64;
@@ -51,6 +53,11 @@ CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow,
     zel::sharedRandom(); // built at its first use, which takes a static number
     zel::Random::setStaticNumber(seed);
     zel::seedSharedRandom(0);
+    SearchRoots roots;
+    roots.lastTime = home.simulatorFolder();
+    SimulatorPlaces::setRoots(roots);
+    homeBefore = zel::system::environment("HOME");
+    zel::system::setEnvironment("HOME", home.folder.path());
     screens = std::make_unique<ScreenDriver>(zel::system::currentDirectory().c_str(), locale);
     zel::setUserDirectory(home.folder.file("user"));
     zel::Registry::reset();
@@ -60,6 +67,8 @@ CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow,
 
 CareerDriver::~CareerDriver() {
     screens.reset();
+    SimulatorPlaces::resetRoots();
+    zel::system::setEnvironment("HOME", homeBefore);
     zel::setWallTimeSource(nullptr);
     Configuration::reset();
     zel::Registry::reset();
@@ -90,6 +99,8 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
     const zel::PixelRect pressed = widget(name)->getBounds().currentRect();
     if (from == "MenuEnlist")
         ScreenDriver::waitUntil(EnlistmentTime);
+    if (target == "quitApp")
+        screens->step(SecondPressTime);
     press(name, how);
     const bool isThere = screens->untilIdle(target.c_str()) || readLetters(target);
     if (!isThere)
@@ -143,7 +154,9 @@ testing::AssertionResult CareerDriver::walk(const std::string& steps, How how) {
         const std::string before = arrow == step.npos ? allTexts() : "";
         if (const auto result = go(name, target, how); !result)
             return result;
-        if (arrow == step.npos && widget(name)->isVisible() && allTexts() == before)
+        const zel::Widget* pressed = widget(name);
+        const bool isShown = pressed != nullptr && pressed->isVisible();
+        if (arrow == step.npos && isShown && allTexts() == before)
             return testing::AssertionFailure() << name << " of " << state() << " does nothing";
     }
     return testing::AssertionSuccess();

@@ -81,11 +81,8 @@ constexpr Passage Passages[] = {
      "menuButton1>MenuGameMain"},
     {[](CareerDriver& driver) { show(driver, "MenuNotificationSave"); },
      "menuButton1>MenuGameMain"},
-    {[](CareerDriver& driver) { show(driver, "MenuNotificationInstallDir"); },
-     "menuButton1>MenuMain"},
-    {[](CareerDriver& driver) { show(driver, "BlackScreen"); }, "menuBack>MenuMain"},
-    {[](CareerDriver& driver) { show(driver, "MenuNotificationMissionTextLog"); },
-     "menuButton1>MenuMain menuButton3>MenuConfiguration fullScreen"},
+    {[](CareerDriver& driver) { show(driver, "BlackScreen"); },
+     "menuBack>MenuMain menuButton3>MenuConfiguration fullScreen"},
 };
 
 struct Ending {
@@ -96,8 +93,6 @@ constexpr Ending Endings[] = {
     {"MenuMain", "menuBack"},
     {"MenuGameMain", "menuButton4"},
     {"MenuNotificationSave", "menuButton2"},
-    {"MenuNotificationInstallDir", "menuBack"},
-    {"MenuNotificationMissionTextLog", "menuBack"},
 };
 
 class RareButtons : public testing::TestWithParam<How> {

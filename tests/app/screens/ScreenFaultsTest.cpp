@@ -17,36 +17,6 @@ constexpr const char* FirstChoices = "menuButton3>MenuNewYear menuButton1>MenuEn
 
 using ScreenFaults = CareerScreens;
 
-TEST(ScreenFaultsAtTheStart, TheSimulatorIsNotThereOrKeepsNoLog) {
-    PlayerHome home;
-    const std::string settings = home.simulator + "/data/startup.cfg";
-    const std::string good = home.folder.read(settings);
-    home.folder.write(settings, "mission_text_log = 0\n");
-    CareerDriver driver(home);
-    ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationMissionTextLog"));
-    std::filesystem::remove(home.folder.file(settings));
-    ASSERT_TRUE(driver.go("menuButton1", "MenuNotificationInstallDir"));
-    EXPECT_NE(driver.text("path").find("wtysettings.ini"), std::string::npos);
-    const std::string example = driver.text("example"); // a drive, or none, as the player's system
-    const std::string key = "rof.directory=";
-    ASSERT_EQ(example.find(key), 0U);
-    EXPECT_EQ(example[key.size()] == '/', driver.text("path")[0] == '/');
-    home.folder.write(settings, good);
-    ASSERT_TRUE(driver.go("menuButton1", "MenuMain"));
-}
-
-TEST(ScreenFaultsAtTheStart, TheSettingsAreReadAgain) {
-    PlayerHome home;
-    CareerDriver driver(home);
-    const std::string elsewhere = home.folder.file("elsewhere");
-    std::filesystem::rename(home.simulatorFolder(), elsewhere);
-    ASSERT_TRUE(driver.screens->untilIdle("MenuNotificationInstallDir"));
-    home.folder.write("user/wtysettings.ini", "rof.directory=" + elsewhere + "\n");
-    ASSERT_TRUE(driver.go("menuButton1", "MenuMain"));
-    home.folder.write("user/wtysettings.ini", "# nothing\n");
-    ASSERT_TRUE(driver.walk("menuButton5>MenuCredits menuBack>MenuMain")) << "not by itself";
-}
-
 TEST_F(ScreenFaults, TheMissionCannotBeWritten) {
     ASSERT_TRUE(driver.begin(FirstChoices));
     const std::string missions = home.simulatorFolder() + "/data/Missions";

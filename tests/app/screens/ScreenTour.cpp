@@ -87,7 +87,8 @@ public:
                follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
                follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(80) &&
                follow(ToTheFullBook) && serve() && endWar() && turnTo("MenuGameMain") &&
-               follow(ToTheEnd) && endWays() && drawer() && follow(ThroughTheSettings) && notices();
+               follow(ToTheEnd) && endWays() && drawer() && follow(ThroughTheSettings) &&
+               notices() && tourSimulator(driver, visit);
     }
 
 private:
@@ -124,8 +125,6 @@ private:
     void showEverybodysFolders() {
         zel::Menu& menu = driver.screens->menu();
         menu.setText("path", "C:\\Games\\Wingtally\\wtysettings.ini");
-        if (driver.state() == "MenuNotificationInstallDir")
-            menu.setText("example", zel::Language::get(2004));
         if (driver.state() != "MenuNotificationRepair")
             return;
         menu.setText("path", "C:\\Users\\Albert Ball\\AppData\\Roaming\\Wingtally\\Saves\\"
@@ -289,8 +288,6 @@ private:
         const std::pair<const char*, zel::String> notices[] = {
             {"MenuNotificationMission", zel::Language::get(2214, mission)},
             {"MenuNotificationSave", save},
-            {"MenuNotificationMissionTextLog", {}},
-            {"MenuNotificationInstallDir", {}},
             {"BlackScreen", {}},
             {"MenuNotificationRepair", {}},
             {"MenuNotificationUnsaved", {}},

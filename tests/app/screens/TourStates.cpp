@@ -1,10 +1,62 @@
 #include "tests/app/screens/TourStates.h"
 
+#include <filesystem>
+
 #include "app/career/Nation.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/FlightRoster.h"
+#include "app/screens/SimulatorPlaces.h"
+#include "app/screens/SimulatorTexts.h"
+#include "engine/core/System.h"
 #include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
+#include "tests/app/screens/LogBooks.h"
+
+namespace {
+
+/// In place of this computer's folders.
+void showEverybodysPlaces(CareerDriver& driver, bool hasChosen) {
+    std::vector<SimulatorPlace> shown{
+        {"C:\\Program Files (x86)\\Steam\\steamapps\\common\\Rise of Flight", FoundBy::LastTime},
+        {"C:\\Games\\Rise of Flight", FoundBy::Registry},
+        {"E:\\Old\\Rise of Flight", FoundBy::Drive}};
+    if (hasChosen)
+        shown.insert(shown.begin(), {"D:\\Simulators\\Rise of Flight", FoundBy::Chosen});
+    for (size_t row = 0; row < shown.size(); ++row)
+        driver.screens->menu().setText(zel::String("place.row") + int32_t(row + 1),
+                                       placeText(shown[row]));
+}
+
+/// Three places, and a desk with folders. One of them holds a simulator that can't be used yet.
+void layPlaces(const PlayerHome& home) {
+    const std::string data = home.simulator + "/data/";
+    for (const auto& entry : std::filesystem::directory_iterator(home.folder.file(data)))
+        if (entry.path().extension() == ".txt")
+            std::filesystem::remove(entry.path());
+    setWritten(home.folder.write(data + "missionReport(2009-05-06_20-15-00)[0].txt", "T:0"),
+               "2009-05-06 20:15");
+    SearchRoots roots;
+    roots.lastTime = home.simulatorFolder();
+    for (const char* place : {"registry", "disk/Rise of Flight"})
+        home.folder.write(std::string(place) + "/data/startup.cfg", "mission_text_log = 1\n");
+    roots.registry = home.folder.file("registry");
+    roots.drives = {home.folder.file("disk")};
+    SimulatorPlaces::setRoots(roots);
+    for (const char* folder :
+         {"1946", "Backup", "Rowing", "Saved Games", "Screenshots", "Skins", "Tools", ".wine",
+          "Rise of Flight/bin_game", "Rise of Flight/docs", "Xylophones", "Zeppelins"})
+        std::filesystem::create_directories(home.folder.file("desk") + "/" + folder);
+    home.folder.write("desk/Rise of Flight/data/startup.cfg",
+                      std::string_view("\xFF\xFE[\0K\0", 6)); // UTF-16, which isn't changed
+    zel::system::setEnvironment("HOME", home.folder.file("desk"));
+}
+
+/// The main menu, entered again, leads on to the page of the simulator.
+bool comesByItself(CareerDriver& driver) {
+    return driver.walk("menuButton5>MenuCredits menuBack>MenuSimulator");
+}
+
+} // namespace
 
 bool tourEnlistment(CareerDriver& driver, const std::function<void(const std::string&)>& visit) {
     const std::string drawn = driver.text("name");
@@ -42,5 +94,47 @@ bool fillReport() {
         pilot.shotdownBy = i == 0 ? 1 : 0;
         pilot.human = i == 1 ? 1 : 0;
     }
+    return true;
+}
+
+bool tourSimulator(CareerDriver& driver, const std::function<void(const std::string&)>& visit) {
+    const auto visitPlaces = [&](const std::string& picture, bool hasChosen = false) {
+        showEverybodysPlaces(driver, hasChosen);
+        visit(picture);
+    };
+    const std::string settings = driver.home.simulator + "/data/startup.cfg";
+    layPlaces(driver.home);
+    if (!driver.walk("simulator>MenuSimulator"))
+        return false;
+    visitPlaces("MenuSimulator_Ready");
+    if (!driver.walk("lookElsewhere>MenuSimulatorFolder"))
+        return false;
+    visit("MenuSimulatorFolder");
+    if (!driver.walk("folder.row3"))
+        return false;
+    visit("MenuSimulatorFolder_Right");
+    if (!driver.walk("folder.row2"))
+        return false;
+    visit("MenuSimulatorFolder_Data");
+    if (!driver.walk("menuButton1>MenuSimulator switchOn"))
+        return false;
+    visitPlaces("MenuSimulator_Unwritable", true);
+    if (!driver.walk("menuBack>MenuMain"))
+        return false;
+    driver.home.folder.write(settings, "mission_text_log = 0\n");
+    if (!comesByItself(driver))
+        return false;
+    visitPlaces("MenuSimulator");
+    if (!driver.walk("switchOn"))
+        return false;
+    visitPlaces("MenuSimulator_Switched");
+    SimulatorPlaces::setRoots({});
+    std::filesystem::remove(driver.home.folder.file(settings));
+    if (!driver.walk("menuButton1"))
+        return false;
+    visitPlaces("MenuSimulator_Gone");
+    if (!driver.walk("lookAgain"))
+        return false;
+    visit("MenuSimulator_None");
     return true;
 }

@@ -12,5 +12,7 @@ class CareerDriver;
 bool tourEnlistment(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
 /// On the orders: twelve companions, more than any plan has.
 bool crowdRoster(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
+/// The pages of the simulator in all their states. It ends without a simulator.
+bool tourSimulator(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
 /// In the report: twenty more pilots, with all that can be said of them. Always true.
 bool fillReport();

@@ -100,7 +100,8 @@ TEST(UnusualMenus, EveryElementMayBeMissing) {
                               {"MenuConfigurationMaps", ""},
                               {"MenuConfigurationPlanes1", ""},
                               {"MenuConfigurationPlanes2", ""},
-                              {"MenuNotificationInstallDir", ""}});
+                              {"MenuSimulator", ""},
+                              {"MenuSimulatorFolder", ""}});
         ASSERT_TRUE(screens.untilIdle("MenuMain"));
         // The enlistment makes the career that the other pages then show. Without a mission
         // template there is no mission, and no page that says so.

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/screens/FolderWalk.h"
+#include "app/screens/RowList.h"
+#include "engine/menu/HandledMenuExtension.h"
+
+class SimulatorPlaces;
+
+/// A walk through the folders of the machine, to the one of the simulator. A letter goes to the
+/// next folder that begins with it, Backspace to the folder above.
+class MenuSimulatorFolder : public zel::HandledMenuExtension {
+public:
+    /// REQUIRES: the places outlive the screen.
+    explicit MenuSimulatorFolder(SimulatorPlaces& places)
+        : HandledMenuExtension("MenuSimulatorFolder"), places(places) {}
+
+    void onEnter() override;
+    void update() override; // the line that counts what is in view
+    void onKey(const zel::KeyPress& key) override;
+    void onEvent(zel::Widget* widget, int32_t eventType) override;
+
+private:
+    void showFolder();
+    void showCard();
+    void goUp();
+    void focusRow(int32_t row);
+
+    SimulatorPlaces& places;
+    FolderWalk walk;
+    RowList rows{"folder", 50, {"row"}};
+};

@@ -1,0 +1,53 @@
+#include "app/screens/OwnStandIn.h"
+
+#include "app/mission/Configuration.h"
+#include "engine/core/Log.h"
+#include "engine/core/System.h"
+#include "engine/core/SystemPlaces.h"
+#include "engine/core/UserDirectory.h"
+
+namespace {
+
+constexpr const char* FolderName = "Stand-in";
+
+standin::FlightOptions& flightOptions() {
+    static standin::FlightOptions options = [] {
+        standin::FlightOptions atFirst;
+        atFirst.delay = 6; // seconds, in which the player reads what he waits for
+        return atFirst;
+    }();
+    return options;
+}
+
+} // namespace
+
+zel::String OwnStandIn::folder() {
+    return zel::system::absolutePath(zel::getUserDirectory() + FolderName);
+}
+
+bool OwnStandIn::isChosen() {
+    const zel::String chosen = Configuration::get("rof.directory", "");
+    if (chosen.empty())
+        return false;
+    const zel::String own = folder();
+    const zel::String path = zel::system::canonicalPath(chosen);
+    return chosen == own || (!path.empty() && path == zel::system::canonicalPath(own));
+}
+
+bool OwnStandIn::make(tools::Finding& finding) {
+    return standin::makeSimulatorFolder(folder(), finding);
+}
+
+void OwnStandIn::setOptions(const standin::FlightOptions& options) { flightOptions() = options; }
+
+void OwnStandIn::follow() {
+    if (!isChosen()) {
+        flights.reset();
+        return;
+    }
+    tools::Finding finding;
+    if (!make(finding))
+        zel::log(finding.text(), "OwnStandIn", zel::LogError);
+    else if (flights == nullptr)
+        flights = std::make_unique<standin::BackgroundFlights>(folder(), flightOptions());
+}

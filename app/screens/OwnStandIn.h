@@ -1,0 +1,27 @@
+#pragma once
+
+#include <memory>
+
+#include "standin/BackgroundFlights.h"
+#include "tools/common/Finding.h"
+
+/// The stand-in simulator inside the program: it flies the missions of a player who has no
+/// simulator. Its simulator folder is in the player's folder, and the settings name that folder, so
+/// that the choice is kept, and undone by choosing another.
+class OwnStandIn {
+public:
+    /// From the root, without a trailing separator.
+    static zel::String folder();
+    /// Whether the settings name its folder as the simulator's.
+    static bool isChosen();
+    /// Makes the folder as a simulator's is. On error: false with the finding.
+    [[nodiscard]] static bool make(tools::Finding& finding);
+    /// How it flies from now on, for tests.
+    static void setOptions(const standin::FlightOptions& options);
+
+    /// Starts it if it is chosen, making its folder if need be, and ends it otherwise.
+    void follow();
+
+private:
+    std::unique_ptr<standin::BackgroundFlights> flights; // while it is chosen
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "engine/core/String.h"
+
+// How paths are shown where there is little room: with what the system shows them, in letters of a
+// typewriter face.
+
+/// A path of at most that many letters: a longer one loses its middle, "D:\...\Rise of Flight", and
+/// a last name that is too long itself its beginning. Off Windows the player's own folder is "~".
+zel::String shortPath(const zel::String& path, size_t letters);
+/// A path in at most that many lines, broken after separators. A longer one loses its middle.
+zel::String pathInLines(const zel::String& path, size_t letters, size_t lines);

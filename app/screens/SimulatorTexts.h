@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/mission/SimulatorChecks.h"
+#include "app/mission/SimulatorSearch.h"
+
+// What the page of the simulator says, in the language in use. The examples are the English ones.
+
+enum class CheckMark { Yes, No, Open };
+
+/// A line of the form: the folder, the text log, writing missions, the last log.
+struct CheckLine {
+    CheckMark mark = CheckMark::Open;
+    zel::String text;
+};
+constexpr size_t CheckCount = 4;
+
+/// "Registry: C:\Games\Rise of Flight", with a folder that fits the row.
+zel::String placeText(const SimulatorPlace& place);
+/// The ways by which the places were found; that nothing was found, or not yet. isGone: the
+/// settings name a folder that has no simulator.
+zel::String foundText(const std::vector<SimulatorPlace>& places, bool isSearching, bool isGone);
+/// The lines for a place, or for none. mustWrite: startup.cfg couldn't be changed, so the player
+/// has to.
+std::vector<CheckLine> checkLines(const SimulatorChecks& checks, bool hasPlace, bool mustWrite);
+/// "One thing is missing before you can fly."
+zel::String statusText(const std::vector<CheckLine>& lines, bool hasPlace, bool isSearching);
