@@ -4,7 +4,8 @@ BitFont.write() puts a font on disk in the binary BMFont form, version 3, with o
 records, whose ids are the bytes of the program's code page (Windows-1252, and the letters of Polish
 at control codes), in their order. The program looks kerning up by
 first byte x number of records + second byte, and only 256 records make that a place of its own for
-every pair.
+every pair. NAME@2x.png beside it is the same page drawn at twice the size: each glyph in the doubled
+rectangle of the plain page, so both have the same metrics.
 
 Pictures draw their texts through BitFont.draw(), which places whole glyph bitmaps at whole pixels,
 the way the program does, so a line is exactly as wide in a picture as on the screen.
@@ -18,7 +19,7 @@ import numpy as np
 from PIL import Image, ImageDraw, ImageFont
 from scipy import ndimage
 
-from pixels import fbm, over, rgb, with_alpha
+from pixels import DOUBLE, detail, drawn_at, fbm, over, rgb, with_alpha
 
 SCALE = 4        # glyphs are drawn this much larger, then reduced
 PAD = 4          # pixels around a glyph while it is drawn
@@ -114,49 +115,59 @@ class BitFont:
 
     def __init__(self, name, file, px, weight=1.25, advance=None, style='white', typed=0.0):
         self.name, self.px, self.style = name, px, style
-        font = ImageFont.truetype(font_file(file), int(round(px * SCALE)))
+        size = int(round(px * SCALE))
+        font = ImageFont.truetype(font_file(file), size)
+        large_font = ImageFont.truetype(font_file(file), size * DOUBLE)
         ascent, descent = font.getmetrics()
         self.base = math.ceil(ascent / SCALE)
         self.line_height = self.base + math.ceil(descent / SCALE)
         self.glyphs = {}  # byte: picture, x offset, y offset, advance
+        self.large = {}   # byte: the picture at twice the size
         for code in range(256):
             text = drawn_text(font, code)
             if text is None:
                 self.glyphs[code] = (np.zeros((1, 1, 4), np.float32), 0, 0, 0)
+                self.large[code] = np.zeros((DOUBLE, DOUBLE, 4), np.float32)
                 continue
             step = advance if advance else int(round(font.getlength(plain(text)) / SCALE))
-            alpha = self._shape(font, text, self.base * SCALE - ascent)
-            if advance and len(text) > 1:
-                alpha = self._squeezed(alpha, advance)
-            alpha = np.clip(alpha, 0, 1) ** (1 / weight)
-            if typed:
-                n = fbm(alpha.shape[1], alpha.shape[0], 5, 5, code * 7 + 3, 2)
-                alpha = np.clip(alpha * (1 - typed * np.clip(n + 0.25, 0, 1)), 0, 1)
-            self.glyphs[code] = self._cut(self._inked(alpha)) + (step,)
+            width = math.ceil(font.getlength(text) / SCALE) + 2 * PAD + 4
+            squeezed = advance if advance and len(text) > 1 else None
+            top = self.base * SCALE - ascent
+
+            def draw(font):
+                alpha = self._shape(font, text, width, top, squeezed)
+                alpha = np.clip(alpha, 0, 1) ** (1 / weight)
+                if typed:
+                    h, w = alpha.shape[0] // detail(), alpha.shape[1] // detail()
+                    n = fbm(w, h, 5, 5, code * 7 + 3, 2)
+                    alpha = np.clip(alpha * (1 - typed * np.clip(n + 0.25, 0, 1)), 0, 1)
+                return self._inked(alpha)
+
+            glyph, ox, oy = self._cut(draw(font))
+            self.glyphs[code] = (glyph, ox, oy, step)
+            with drawn_at(DOUBLE):
+                self.large[code] = self._same_part(draw(large_font), glyph, ox, oy)
         self.kerning = {} if advance else self._measure_kerning(file)
 
-    def _shape(self, font, text, top):
-        w = math.ceil(font.getlength(text) / SCALE) + 2 * PAD + 4
-        h = self.line_height + 2 * PAD
-        im = Image.new('L', (w * SCALE, h * SCALE), 0)
+    def _shape(self, font, text, w, top, squeezed):
+        """The text's alpha. squeezed: the advance that several letters share; None for one letter."""
+        scale, h = SCALE * detail(), self.line_height + 2 * PAD
+        im = Image.new('L', (w * scale, h * scale), 0)
         draw = ImageDraw.Draw(im)
-        draw.text((PAD * SCALE, PAD * SCALE + top), plain(text), font=font, fill=255)
+        x, y = PAD * scale, PAD * scale + top * detail()
+        draw.text((x, y), plain(text), font=font, fill=255)
         if plain(text) != text:
-            draw_mark(draw, font, text, PAD * SCALE, PAD * SCALE + top)
-        return np.asarray(im.resize((w, h), Image.BOX)).astype(np.float32) / 255
-
-    @staticmethod
-    def _squeezed(alpha, advance):
-        """Several letters in the place of one."""
-        h, w = alpha.shape
-        width = advance + 2 * PAD
-        im = Image.fromarray(alpha, 'F').resize((width, h), Image.BOX)
-        return np.asarray(im)
+            draw_mark(draw, font, text, x, y)
+        w, h = w * detail(), h * detail()
+        alpha = np.asarray(im.resize((w, h), Image.BOX)).astype(np.float32) / 255
+        if squeezed is None:
+            return alpha
+        return np.asarray(Image.fromarray(alpha, 'F').resize(((squeezed + 2 * PAD) * detail(), h), Image.BOX))
 
     def _inked(self, alpha):
         if self.style == 'engraved':
             dark = with_alpha(rgb('#2A1805'), alpha)
-            edge = np.clip(ndimage.shift(alpha, (1.0, 0.6), order=1), 0, 1) * 0.55
+            edge = np.clip(ndimage.shift(alpha, (1.0 * detail(), 0.6 * detail()), order=1), 0, 1) * 0.55
             return over(with_alpha(rgb('#FFF0C0'), edge), dark)
         if self.style.startswith('ink:'):
             return with_alpha(rgb(self.style[4:]), alpha)
@@ -170,6 +181,15 @@ class BitFont:
             return np.zeros((1, 1, 4), np.float32), 0, 0
         y0, y1, x0, x1 = ys.min(), ys.max() + 1, xs.min(), xs.max() + 1
         return glyph[y0:y1, x0:x1], int(x0 - PAD), int(y0 - PAD)
+
+    @staticmethod
+    def _same_part(picture, glyph, ox, oy):
+        """The part of the glyph's picture of twice the size that _cut() has left of the plain one."""
+        gh, gw = glyph.shape[:2]
+        if (glyph[..., 3] <= INVISIBLE).all():
+            return np.zeros((gh * DOUBLE, gw * DOUBLE, 4), np.float32)
+        x, y = ox + PAD, oy + PAD
+        return picture[y * DOUBLE:(y + gh) * DOUBLE, x * DOUBLE:(x + gw) * DOUBLE]
 
     def _measure_kerning(self, file):
         """Whole pixels by pair of bytes; below a little over half a pixel it isn't worth a jump."""
@@ -243,19 +263,21 @@ class BitFont:
             row = max(row, gh)
         return places
 
-    def _page(self):
+    def _layout(self):
+        """Width and height of the page, and the glyphs' places on it."""
         side = 128
         while True:
             for size in ((side, side), (2 * side, side)):
                 places = self._placed(*size)
                 if places:
-                    break
-            if places:
-                break
+                    return size, places
             side *= 2
-        page = np.zeros((size[1], size[0], 4), np.float32)
+
+    def _page(self, size, glyphs, places, factor):
+        """The page with the glyphs at factor times their places."""
+        page = np.zeros((size[1] * factor, size[0] * factor, 4), np.float32)
         for code, (x, y) in places.items():
-            glyph = self.glyphs[code][0]
+            glyph, x, y = glyphs[code], x * factor, y * factor
             page[y:y + glyph.shape[0], x:x + glyph.shape[1]] = glyph
         # What is transparent takes the colour of the nearest ink: where the picture is drawn
         # enlarged, the neighbours' colours run into the rim of a letter.
@@ -264,15 +286,17 @@ class BitFont:
         else:
             distance, nearest = ndimage.distance_transform_edt(page[..., 3] <= INVISIBLE, return_indices=True)
             page[..., :3] = page[nearest[0], nearest[1], :3]
-            page[distance > 2, :3] = page[0, 0, :3]  # farther off nothing shows, and even packs well
-        return page, places
+            page[distance > 2 * factor, :3] = page[0, 0, :3]  # farther off nothing shows, and even packs well
+        return page
 
     def write(self, folder):
-        """Writes NAME.fnt and NAME.png."""
-        page, places = self._page()
-        pixels = (page * 255 + 0.5).astype(np.uint8)
-        Image.fromarray(pixels, 'RGBA').save(os.path.join(folder, self.name + '.png'), optimize=True)
-        height, width = pixels.shape[:2]
+        """Writes NAME.fnt, NAME.png and NAME@2x.png."""
+        (width, height), places = self._layout()
+        plain = {code: glyph for code, (glyph, *_rest) in self.glyphs.items()}
+        for glyphs, factor, ending in ((plain, 1, '.png'), (self.large, DOUBLE, '@2x.png')):
+            page = self._page((width, height), glyphs, places, factor)
+            pixels = (page * 255 + 0.5).astype(np.uint8)
+            Image.fromarray(pixels, 'RGBA').save(os.path.join(folder, self.name + ending), optimize=True)
 
         def block(kind, data):
             return struct.pack('<BI', kind, len(data)) + data

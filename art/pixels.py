@@ -1,4 +1,10 @@
-"""Float pictures: height x width x 3 or 4, values 0..1, straight alpha."""
+"""Float pictures: height x width x 3 or 4, values 0..1, straight alpha.
+
+All measures are pixels of the design. Within drawn_at(2) everything is drawn with two pixels of the
+picture to one of the design, from the same numbers: only shapes of arrays tell the difference, and
+size(), part() and px() deal with those.
+"""
+import contextlib
 import math
 
 import numpy as np
@@ -6,6 +12,26 @@ from PIL import Image
 from scipy import ndimage
 
 SHADOW = np.array([0.05, 0.03, 0.015], np.float32)
+
+DOUBLE = 2  # pixels of a picture NAME@2x to one of the design
+
+_detail = 1
+
+
+def detail():
+    """Pixels of the pictures to one of the design, at present."""
+    return _detail
+
+
+@contextlib.contextmanager
+def drawn_at(factor):
+    """What is drawn meanwhile has that many pixels to one of the design."""
+    global _detail
+    before, _detail = _detail, factor
+    try:
+        yield
+    finally:
+        _detail = before
 
 
 # -- colours
@@ -36,13 +62,36 @@ def with_alpha(color, alpha):
     return np.dstack([np.broadcast_to(color, alpha.shape + (3,)), alpha]).astype(np.float32)
 
 
+# -- measures
+
+
+def px(length):
+    """A length as whole pixels of an array."""
+    return int(length * _detail)
+
+
+def size(a):
+    """Height and width."""
+    return a.shape[0] // _detail, a.shape[1] // _detail
+
+
+def part(a, x, y, w, h):
+    """A rectangle of a picture or plane, without a copy."""
+    return a[px(y):px(y + h), px(x):px(x + w)]
+
+
 # -- planes
+
+
+def full(w, h, value):
+    """A plane of one value."""
+    return np.full((px(h), px(w)), value, np.float32)
 
 
 def grid(w, h):
     """x and y of the pixels' middles."""
-    y, x = np.mgrid[0:h, 0:w].astype(np.float32)
-    return x + 0.5, y + 0.5
+    y, x = np.mgrid[0:px(h), 0:px(w)].astype(np.float32)
+    return (x + 0.5) / _detail, (y + 0.5) / _detail
 
 
 def smooth(t, a, b):
@@ -61,14 +110,13 @@ def noise(w, h, sx, sy, seed):
     rng = np.random.default_rng(seed)
     gw, gh = max(4, int(w / sx) + 4), max(4, int(h / sy) + 4)
     g = rng.uniform(-1, 1, (gh, gw)).astype(np.float32)
-    a = np.asarray(Image.fromarray(g, 'F').resize((int(gw * sx) + 1, int(gh * sy) + 1), Image.BICUBIC))
-    oy, ox = int(sy), int(sx)
-    return a[oy:oy + h, ox:ox + w]
+    a = np.asarray(Image.fromarray(g, 'F').resize((px(int(gw * sx) + 1), px(int(gh * sy) + 1)), Image.BICUBIC))
+    return part(a, int(sx), int(sy), w, h)
 
 
 def fbm(w, h, sx, sy, seed, octaves=5, gain=0.5):
     """Noise with finer and weaker octaves on top. The same seed gives the same picture."""
-    out, amp, total = np.zeros((h, w), np.float32), 1.0, 0.0
+    out, amp, total = full(w, h, 0), 1.0, 0.0
     for i in range(octaves):
         if sx < 1 and sy < 1:
             break
@@ -80,12 +128,28 @@ def fbm(w, h, sx, sy, seed, octaves=5, gain=0.5):
 
 
 def blur(a, radius):
+    radius *= _detail
     return ndimage.gaussian_filter(a, radius if np.ndim(a) == 2 else (radius, radius, 0))
+
+
+def moved(plane, dx, dy):
+    return ndimage.shift(plane, (dy * _detail, dx * _detail), order=1)
+
+
+def distance_inside(mask):
+    """How far each pixel is from the edge of the mask that it is in; 0 outside."""
+    return ndimage.distance_transform_edt(mask > .5) / _detail
+
+
+def slopes(height):
+    """How a plane rises along x and y, a pixel of the design."""
+    gy, gx = np.gradient(height)
+    return gx * _detail, gy * _detail
 
 
 def shade(height):
     """Light from the upper left on a plane of heights: 0 on level ground, above it where lit."""
-    gy, gx = np.gradient(height)
+    gx, gy = slopes(height)
     return -math.sqrt(0.5) * (gx + gy)
 
 
@@ -93,12 +157,12 @@ def shade(height):
 
 
 def empty(w, h):
-    return np.zeros((h, w, 4), np.float32)
+    return np.zeros((px(h), px(w), 4), np.float32)
 
 
 def over(dst, src, x=0, y=0, alpha=1.0):
     """Source-over of src (RGBA) on dst (RGB or RGBA) at x, y, clipped. Changes dst."""
-    x, y = int(round(x)), int(round(y))
+    x, y = int(round(x * _detail)), int(round(y * _detail))
     sh, sw = src.shape[:2]
     dh, dw = dst.shape[:2]
     x0, y0, x1, y1 = max(x, 0), max(y, 0), min(x + sw, dw), min(y + sh, dh)
@@ -122,9 +186,9 @@ def lay(dst, layer, x, y, dx=5, dy=7, radius=7, strength=0.55):
     """Puts a layer down at x, y with the shadow that it throws: a soft one, thrown by dx and dy,
     and a narrow one where it touches. Changes dst."""
     pad = int(3 * radius + max(dx, dy)) + 2
-    alpha = np.pad(layer[..., 3], pad)
-    soft = ndimage.shift(blur(alpha, radius), (dy, dx), order=1)
-    touch = ndimage.shift(blur(alpha, 1.6), (2, 1.5), order=1) * 0.8
+    alpha = np.pad(layer[..., 3], px(pad))
+    soft = moved(blur(alpha, radius), dx, dy)
+    touch = moved(blur(alpha, 1.6), 1.5, 2) * 0.8
     dark = np.clip(np.maximum(soft, touch) * strength, 0, 1)
     over(dst, with_alpha(SHADOW, dark), x - pad, y - pad)
     return over(dst, layer, x, y)
@@ -132,7 +196,7 @@ def lay(dst, layer, x, y, dx=5, dy=7, radius=7, strength=0.55):
 
 def rotate(layer, degrees, pad=40):
     """A layer turned around its middle, counterclockwise, with pad pixels more on each side."""
-    h, w = layer.shape[:2]
+    h, w = size(layer)
     big = empty(w + 2 * pad, h + 2 * pad)
     over(big, layer, pad, pad)
     big[..., :3] *= big[..., 3:4]
