@@ -4,7 +4,7 @@ import math
 import numpy as np
 
 from outlines import path, vector
-from pixels import blur, fbm, grid, noise, over, ramp, smooth
+from pixels import blur, fbm, grid, noise, over, part, ramp, size, smooth
 from textures import paper
 
 # All measures are metres: x forward, y up, z to the right, from the machine's middle.
@@ -171,7 +171,7 @@ def photograph(w, h, seed, planes, ground=0.0, border=11):
     far = (x / pw - .5) ** 2 + (y / ph - .5) ** 2
     grey = np.clip(grey * (1 - 0.55 * far), 0, 1)
     sheet = paper(w, h, seed + 20, base='#EFE6D0', edge='#BFA878', fibre=0.15, foxing=2, rough=0.25, margin=7)
-    sheet[border:border + ph, border:border + pw, :3] = ramp(
+    part(sheet, border, border, pw, ph)[..., :3] = ramp(
         grey, [(0, '#1E130B'), (0.35, '#5B4027'), (0.7, '#B39468'), (1, '#EBDBB6')])
     return sheet
 
@@ -183,7 +183,7 @@ def _sky(w, h, seed):
 
 
 def _field(sky, horizon, seed):
-    h, w = sky.shape
+    h, w = size(sky)
     y = grid(w, h)[1]
     grass = 0.60 + 0.06 * fbm(w, h, 120, 8, seed + 3, 4) + 0.05 * fbm(w, h, 5, 3, seed + 4, 2)
     trees = horizon - 6 - 7 * np.clip(fbm(w, 1, 26, 1, seed + 6, 4)[0], -.4, 1)

@@ -10,8 +10,8 @@ from PIL import Image
 from scipy import ndimage
 
 from outlines import rounded_mask, vector
-from pixels import (SHADOW, blur, bump, empty, fbm, grid, mix, noise, over, ramp, rgb, shade, smooth,
-                    with_alpha)
+from pixels import (SHADOW, blur, bump, distance_inside, empty, fbm, grid, mix, moved, noise, over, part, px, ramp,
+                    rgb, shade, size, slopes, smooth, with_alpha)
 from props import insignia
 
 MARGIN = 3  # px of shadow around a plate
@@ -50,7 +50,7 @@ SWITCHES = {'toggle_plane': (416, 60, 19), 'toggle_map': (296, 66, 23), 'toggle_
 
 
 def _scaled(plane, w, h):
-    return np.asarray(Image.fromarray(plane.astype(np.float32), 'F').resize((w, h), Image.BOX))
+    return np.asarray(Image.fromarray(plane.astype(np.float32), 'F').resize((px(w), px(h)), Image.BOX))
 
 
 def _metal(w, h, look, dist, seed, border):
@@ -62,7 +62,7 @@ def _metal(w, h, look, dist, seed, border):
     color *= (1 + 0.045 * brushed + 0.05 * fbm(w, h, 90, 60, seed + 2, 4))[..., None]
     tarnish = np.exp(-np.maximum(dist, 0) / 6) * (0.5 + 0.5 * fbm(w, h, 50, 50, seed + 3, 3))
     color = mix(color, rgb(look.tarnish), 0.42 * np.clip(tarnish, 0, 1))
-    gy, gx = np.gradient(blur(dist, 0.8))
+    gx, gy = slopes(blur(dist, 0.8))
     color += (look.bevel * np.clip(1 - dist / 3, 0, 1) * (0.55 * gx + 0.83 * gy))[..., None]
     color *= (1 - 0.42 * bump(dist - border, 0.75))[..., None]
     color += 0.10 * bump(dist - border - 1.3, 0.75)[..., None]
@@ -73,7 +73,7 @@ def _metal(w, h, look, dist, seed, border):
 
 
 def _with_screw(color, look, sx, sy, angle):
-    h, w = color.shape[:2]
+    h, w = size(color)
     x, y = grid(w, h)
     x, y, radius = x - sx, y - sy, 5.6
     d = np.hypot(x, y)
@@ -86,14 +86,14 @@ def plate(w, h, name, seed, radius=7, screws='both', border=7.0):
     """A screwed-on plate of w by h in the look of that name. screws: 'both', 'right' or 'none'."""
     look, scale = LOOKS[name], 3
     mask = rounded_mask(w, h, radius, MARGIN, scale)
-    dist = _scaled(ndimage.distance_transform_edt(mask > 0.5) / scale, w, h)
+    dist = _scaled(distance_inside(mask) / scale, w, h)
     alpha = _scaled(mask, w, h)
     color = _metal(w, h, look, dist, seed, border)
     if screws == 'both':
         color = _with_screw(color, look, 19, h / 2, 0.5 + seed)
     if screws != 'none':
         color = _with_screw(color, look, w - 19, h / 2, 1.9 + 2 * seed)
-    shadow = ndimage.shift(blur(alpha, 1.5), (1.4, 0.9), order=1) * look.shadow
+    shadow = moved(blur(alpha, 1.5), 0.9, 1.4) * look.shadow
     out = with_alpha(SHADOW, np.clip(shadow, 0, 1))
     over(out, with_alpha(np.clip(color, 0, 1), alpha))
     if name == 'over':
@@ -107,11 +107,11 @@ def service_plate(w, h, name, kind, seed):
     r = h * (.27 if kind == 'german' else .30)
     enamel = vector(w, h, lambda c: insignia(c, kind, 76, h / 2, r))
     alpha = enamel[..., 3]
-    dome = blur(ndimage.distance_transform_edt(alpha > .5).clip(0, 5).astype(np.float32), 1.0)
+    dome = blur(distance_inside(alpha).clip(0, 5).astype(np.float32), 1.0)
     color = np.clip(enamel[..., :3] * LOOKS[name].enamel + .10 * shade(dome)[..., None], 0, 1)
     x, y = grid(w, h)
     glare = bump(np.hypot((x - 62) / 26, (y - h * .33) / 12), 1) * .20 * alpha
-    rim = blur(np.clip(ndimage.grey_dilation(alpha, (5, 5)) - .2 * alpha, 0, 1), .7)
+    rim = blur(np.clip(ndimage.grey_dilation(alpha, (px(4) + 1, px(4) + 1)) - .2 * alpha, 0, 1), .7)
     over(out, with_alpha(rgb('#3A2608'), .8 * np.clip(rim, 0, 1)))
     return over(out, with_alpha(mix(color, np.ones(3, np.float32), glare), alpha))
 
@@ -161,13 +161,13 @@ def _looks_of(name):
 def looks_sheet(looks):
     """Pictures of one size in two columns, and the text of the image index that cuts them out.
     looks: name and picture of each."""
-    h, w = looks[0][1].shape[:2]
+    h, w = size(looks[0][1])
     rows = (len(looks) + 1) // 2
     sheet = empty(2 * w + GAP, rows * (h + GAP) - GAP)
     lines = ['lifetime long']
     for i, (image, picture) in enumerate(looks):
         x, y = i % 2 * (w + GAP), i // 2 * (h + GAP)
-        sheet[y:y + h, x:x + w] = picture
+        part(sheet, x, y, w, h)[...] = picture
         lines += ['image ' + image, 'dims %d %d %d %d' % (x, y, w, h)]
     return sheet, '\n'.join(lines) + '\n'
 

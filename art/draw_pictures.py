@@ -1,6 +1,7 @@
 """Draws the pictures of the screens and the program's icon.
 
-    draw_pictures.py FOLDER             writes every picture, and its image index, into FOLDER
+    draw_pictures.py FOLDER             writes every picture, the same twice as large as NAME@2x, and its
+                                        image index into FOLDER
     draw_pictures.py FOLDER NAME ...    only those, such as over_main, plate_back or desk
     draw_pictures.py FOLDER --on-desk OTHER  also writes each overlay as it lies on the desk
 """
@@ -22,7 +23,7 @@ from fieldmap import SECTORS
 from holders import BINDINGS, ROWS, row_sheet, silk_ribbon, slip_sheet, spine_sheet
 from icon import large_icon, small_icon
 from outlines import fill, path, stroke, vector
-from pixels import empty, over, rgb, to_bytes, with_alpha
+from pixels import DOUBLE, drawn_at, empty, full, over, part, rgb, size, to_bytes, with_alpha
 from props import stamp, sweep_hand
 from sheets import BLUE, INK, RED, desk
 from tallies import sign
@@ -37,6 +38,7 @@ OVERLAYS = [
     people.over_pilot, simulator.over_simulator, simulator.over_folder,
 ]
 HANDS = (4, 2, 81)  # of the watch: columns, rows, px of the radius
+PLAIN = ('blank', 'map_off', 'icon', 'icon_256')  # of one colour, or not of a screen
 BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it that would blur
 
 
@@ -80,12 +82,14 @@ def whole(picture, name, lifetime=''):
 
 def book_stamp(text, color, w, px):
     """What is stamped on the card of a log book, without the room around it."""
-    return stamp([(text, px)], color, 8, w, 54, -6, px)[20:-20, 20:-20]
+    printed = stamp([(text, px)], color, 8, w, 54, -6, px)
+    h, w = size(printed)
+    return part(printed, 20, 20, w - 40, h - 40)
 
 
 def shade_off():
     """The shade over a map that is switched off."""
-    return with_alpha(np.broadcast_to(rgb('#2A1E12'), (4, 4, 3)), np.full((4, 4), .5, np.float32))
+    return with_alpha(rgb('#2A1E12'), full(4, 4, .5))
 
 
 def pictures():
@@ -140,11 +144,36 @@ def pictures():
     return table
 
 
-def write(folder, name, picture, index):
-    pixels = to_bytes(picture)
+def draw(name, maker):
+    """The picture, the same twice as large, or None where nobody would see a difference, and the text
+    of the image index, which is that of both."""
+    picture, index = maker()
+    if name in PLAIN:
+        return picture, None, index
+    with drawn_at(DOUBLE):
+        large, _ = maker()
+    if large.shape[:2] != (DOUBLE * picture.shape[0], DOUBLE * picture.shape[1]):
+        raise SystemExit('%s@2x is %d x %d, not twice as large as %s' % (name, large.shape[1], large.shape[0], name))
+    return picture, large, index
+
+
+def in_steps(pixels):
+    """Every second value of a colour: nobody sees it in what is so fine, and the file is a quarter
+    smaller."""
+    pixels[..., :3] = np.minimum((pixels[..., :3].astype(int) + 1) // 2 * 2, 255)
+    return pixels
+
+
+def save(path, pixels):
     if pixels.shape[2] == 4:
         pixels[pixels[..., 3] == 0] = 0  # what cannot be seen packs best when it is even
-    Image.fromarray(pixels).save(os.path.join(folder, name + '.png'), optimize=True)
+    Image.fromarray(pixels).save(path, optimize=True)
+
+
+def write(folder, name, picture, large, index):
+    save(os.path.join(folder, name + '.png'), to_bytes(picture))
+    if large is not None:
+        save(os.path.join(folder, name + '@2x.png'), in_steps(to_bytes(large)))
     if index:
         with open(os.path.join(folder, name + '.idx'), 'w', newline='\n') as file:
             file.write(index)
@@ -160,8 +189,8 @@ def main():
     for name in options.names or table:
         if name not in table:
             raise SystemExit('there is no picture ' + name)
-        picture, index = table[name]()
-        write(options.folder, name, picture, index)
+        picture, large, index = draw(name, table[name])
+        write(options.folder, name, picture, large, index)
         if options.on_desk and name.startswith('over_'):
             laid = over(desk(), picture)
             Image.fromarray(to_bytes(laid)).save(os.path.join(options.on_desk, name + '.png'))

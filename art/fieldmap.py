@@ -6,7 +6,7 @@ import numpy as np
 
 from lettering import MAP, MAP_ITALIC, ink, put
 from outlines import fill, path, source, spline, spline_points, stroke, vector
-from pixels import empty, fbm, grid, over, rgb, with_alpha
+from pixels import detail, empty, fbm, full, grid, over, rgb, size, slopes, with_alpha
 from textures import paper
 
 MAP_INK, ROAD, OURS, THEIRS = '#2C2114', '#3A2E1E', '#2F4A7A', '#A8301F'
@@ -70,13 +70,13 @@ def trench(c, points, color, depth=4, pitch=7, width=1.3):
 def contours(w, h, seed, scale=230, step=0.085, color='#9A5B2C', alpha=0.55):
     """Lines of equal height, every fifth drawn heavier. scale: size of the hills in px."""
     z = fbm(w, h, scale, scale, seed, 4, 0.42)
-    gy, gx = np.gradient(z)
+    gx, gy = slopes(z)
     slope = np.hypot(gx, gy) + 1e-5
-    lines = np.zeros((h, w), np.float32)
+    lines = full(w, h, 0)
     for every, width, strength in ((1, 0.55, 0.75), (5, 0.9, 1.0)):
         f = z / (step * every)
         d = np.abs(f - np.round(f)) * step * every / slope
-        lines = np.maximum(lines, np.clip(width + 0.5 - d, 0, 1) * strength)
+        lines = np.maximum(lines, np.clip((width - d) * detail() + 0.5, 0, 1) * strength)
     return with_alpha(rgb(color), lines * alpha)
 
 
@@ -104,7 +104,7 @@ def trench_map(w, h, seed, titles=('', '', '')):
 
 
 def _print_titles(sheet, titles):
-    w, m = sheet.shape[1], MARGIN
+    w, m = size(sheet)[1], MARGIN
     for text, at, align in zip(titles, (m, w / 2, w - m), ('left', 'center', 'right')):
         if text:
             put(sheet, text, MAP, 16.5, at, m, MAP_INK, align, 3 if align == 'center' else 1)

@@ -6,7 +6,8 @@ import numpy as np
 
 from brass import JEWELS, LOOKS, looks_sheet, plate, switch
 from outlines import fill, rounded_mask, vector
-from pixels import SHADOW, blur, bump, empty, grid, lay, mix, noise, over, rgb, shade, smooth, with_alpha
+from pixels import (SHADOW, blur, bump, empty, full, grid, lay, mix, noise, over, part, rgb, shade, size, smooth,
+                    with_alpha)
 from props import insignia
 from textures import cloth, foil, leather, paper, pressed
 
@@ -24,7 +25,7 @@ SLIP_TO_WRITE_ON = (560, 54, 3)  # likewise
 
 
 def _rivet(dst, cx, cy, r):
-    h, w = dst.shape[:2]
+    h, w = size(dst)
     x, y = grid(w, h)
     x, y = x - cx, y - cy
     light = np.clip(.55 + .5 * (-.5 * x - .8 * y) / r, 0, 1)
@@ -35,9 +36,9 @@ def _rivet(dst, cx, cy, r):
 
 def _frame(w, h, x, y, iw, ih, width, inner):
     """A line around a rectangle: from `width` px outside it to `inner` px."""
-    rim = np.zeros((h, w), np.float32)
-    rim[y - width:y + ih + width, x - width:x + iw + width] = 1
-    rim[y - inner:y + ih + inner, x - inner:x + iw + inner] = 0
+    rim = full(w, h, 0)
+    part(rim, x - width, y - width, iw + 2 * width, ih + 2 * width)[...] = 1
+    part(rim, x - inner, y - inner, iw + 2 * inner, ih + 2 * inner)[...] = 0
     return rim
 
 
@@ -72,8 +73,8 @@ def _mark(c, service, x, y, r):
     if service != 'american':
         insignia(c, service, x, y, r)
         return
-    for part, color in zip((1, .66, .34), AMERICAN_RINGS):
-        c.arc(x, y, r * part, 0, 2 * math.pi)
+    for share, color in zip((1, .66, .34), AMERICAN_RINGS):
+        c.arc(x, y, r * share, 0, 2 * math.pi)
         fill(c, color)
 
 

@@ -8,7 +8,7 @@ import numpy as np
 from PIL import Image, ImageDraw, ImageFont
 
 from bitfont import SCALE, font_file
-from pixels import fbm, over, rgb, smooth, with_alpha
+from pixels import fbm, over, px, rgb, size, smooth, with_alpha
 
 HEAD = 'OldStandard-Bold.ttf'
 TEXT = 'OldStandard-Regular.ttf'
@@ -18,35 +18,36 @@ MAP_ITALIC = 'LinLibertine_RI.otf'
 TYPE = 'GNUTypewriter.ttf'  # no round brackets in it: for printed words only
 
 
-def put(dst, text, file, px, x, y, color, align='left', spacing=0.0):
+def put(dst, text, file, height, x, y, color, align='left', spacing=0.0):
     """Sets a line on dst with its baseline at y. align says which point of the line x is; spacing
     is added between the letters, in pixels."""
-    font = ImageFont.truetype(font_file(file), int(round(px * SCALE)))
+    font = ImageFont.truetype(font_file(file), px(round(height * SCALE)))
     layer = _line(text, font, color, spacing)
-    w = layer.shape[1] - 5
+    w = size(layer)[1] - 5
     left = x - {'left': 0, 'center': w / 2, 'right': w}[align]
-    over(dst, layer, left - 2, y - font.getmetrics()[0] / SCALE - 2)
+    over(dst, layer, left - 2, y - font.getmetrics()[0] / px(SCALE) - 2)
 
 
 def _line(text, font, color, spacing):
     """The line with two pixels more on each side."""
     # A spaced line is set letter by letter, an unspaced one whole, for its kerning.
     parts = list(text) if spacing else [text]
-    width = sum(font.getlength(part) for part in parts) + spacing * SCALE * (len(parts) - 1)
-    w = math.ceil(int(width + 6 * SCALE) / SCALE)
-    h = math.ceil((sum(font.getmetrics()) + 4 * SCALE) / SCALE)
-    im = Image.new('L', (w * SCALE, h * SCALE), 0)
-    x = 2 * SCALE
+    scale = px(SCALE)
+    width = sum(font.getlength(part) for part in parts) + spacing * scale * (len(parts) - 1)
+    w = math.ceil(int(width + 6 * scale) / scale)
+    h = math.ceil((sum(font.getmetrics()) + 4 * scale) / scale)
+    im = Image.new('L', (w * scale, h * scale), 0)
+    x = 2 * scale
     for part in parts:
-        ImageDraw.Draw(im).text((x, 2 * SCALE), part, font=font, fill=255)
-        x += font.getlength(part) + spacing * SCALE
-    alpha = np.asarray(im.resize((w, h), Image.BOX)).astype(np.float32) / 255
+        ImageDraw.Draw(im).text((x, 2 * scale), part, font=font, fill=255)
+        x += font.getlength(part) + spacing * scale
+    alpha = np.asarray(im.resize((px(w), px(h)), Image.BOX)).astype(np.float32) / 255
     return with_alpha(rgb(color), alpha)
 
 
 def ink(layer, seed, wear=0.35, grain=6.6):
     """Takes small flecks out of a printed layer, as letterpress and stamps do."""
-    h, w = layer.shape[:2]
+    h, w = size(layer)
     n = fbm(w, h, grain, grain, seed, 3) + 0.35 * fbm(w, h, 90, 90, seed + 5, 2)
     out = layer.copy()
     out[..., 3] *= 1 - wear * smooth(n, 0.0, 0.55)

@@ -2,11 +2,11 @@
 import math
 
 import numpy as np
-from scipy import ndimage
 
 from lettering import HEAD, put
 from outlines import path, rounded, rounded_mask, source, vector
-from pixels import blur, fbm, grid, noise, over, ramp, reduced, rgb, shade, smooth, with_alpha
+from pixels import (blur, distance_inside, empty, fbm, full, grid, noise, over, ramp, reduced, rgb, shade, size, smooth,
+                    with_alpha)
 from sheets import framed_board
 
 # Stripes of a ribbon across its width, in parts.
@@ -29,24 +29,24 @@ RIBBONS = {
 def ribbon(kind, w, h):
     """A piece of watered silk, its stripes upright."""
     x, y = grid(w, h)
-    color = np.zeros((h, w, 3), np.float32)
+    color = np.zeros((*x.shape, 3), np.float32)
     if RIBBONS[kind] is None:  # the ribbon of its first year, with narrow horizontal stripes
         band = (y // 2.6).astype(int) % 2
         color[...] = np.where(band[..., None] == 0, rgb('#E8E3D6'), rgb('#5A3A74'))
     else:
-        total, at = sum(part for _, part in RIBBONS[kind]), 0
-        for tint, part in RIBBONS[kind]:
-            inside = smooth(x - at, -.5, .5) * smooth(at + part / total * w - x, -.5, .5)
+        total, at = sum(share for _, share in RIBBONS[kind]), 0
+        for tint, share in RIBBONS[kind]:
+            inside = smooth(x - at, -.5, .5) * smooth(at + share / total * w - x, -.5, .5)
             color += rgb(tint) * inside[..., None]
-            at += part / total * w
+            at += share / total * w
     moire = 1 + .05 * np.sin(2 * np.pi * y / 1.9) + .09 * noise(w, h, 30, 3, 9)
     edge = 1 - .35 * np.exp(-x / 1.6) - .35 * np.exp(-(w - x) / 1.6)
-    return with_alpha(np.clip(color * (moire * edge)[..., None], 0, 1), np.ones((h, w), np.float32))
+    return with_alpha(np.clip(color * (moire * edge)[..., None], 0, 1), full(w, h, 1))
 
 
 def _relief(mask, metal, enamel=None, bevel=2.2):
     """A mask as a piece of metal, lit from the upper left. metal: dark, middle, light."""
-    h, w = mask.shape
+    h, w = size(mask)
     dome = blur(np.minimum(_inside(mask), bevel * 2), .8)
     light = shade(dome)
     color = ramp(np.clip(.5 + .55 * light + .06 * fbm(w, h, 9, 9, 5, 2), 0, 1),
@@ -58,7 +58,7 @@ def _relief(mask, metal, enamel=None, bevel=2.2):
 
 def _inside(mask):
     """How far inside the mask each pixel is."""
-    return ndimage.distance_transform_edt(mask > .5).astype(np.float32)
+    return distance_inside(mask).astype(np.float32)
 
 
 SILVER, GILT, BRONZE, IRON = (('#4A4A48', '#A9A8A2', '#F4F2EA'), ('#6E4E14', '#C99F3E', '#F8E6AE'),
@@ -128,7 +128,7 @@ def medal(kind, w=72, h=136, times=1):
     s = SCALE
     palms = int(kind[5:] or 0) if kind.startswith('croix') else 0
     kind = 'croix' if kind.startswith('croix') else kind
-    out = np.zeros((h * s, w * s, 4), np.float32)
+    out = empty(w * s, h * s)
     cx, ribbon_w, ribbon_h = w / 2, 44, 56
     cy, r = h - 40, 32
 

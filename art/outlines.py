@@ -4,14 +4,14 @@ import math
 import cairo
 import numpy as np
 
-from pixels import rgb, unpremultiplied
+from pixels import px, rgb, unpremultiplied
 
 
 def vector(w, h, draw, scale=1):
     """Runs draw(context) on a transparent surface and gives it as a layer."""
-    surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, int(w * scale), int(h * scale))
+    surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, px(int(w * scale)), px(int(h * scale)))
     c = cairo.Context(surface)
-    c.scale(scale, scale)
+    c.scale(px(scale), px(scale))
     draw(c)
     surface.flush()
     shape = (surface.get_height(), surface.get_width(), 4)

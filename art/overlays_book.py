@@ -131,4 +131,4 @@ def row_ledger():
     w, h = 64, 34
     x, y = grid(w, h)
     edge = smooth(np.minimum(y, h - 1 - y), 0, 3)
-    return with_alpha(np.broadcast_to(rgb('#E8B53A'), (h, w, 3)), (.30 * edge).astype(np.float32))
+    return with_alpha(rgb('#E8B53A'), (.30 * edge).astype(np.float32))

@@ -8,7 +8,7 @@ from fieldmap import OURS, THEIRS, neat_line, sector_names, trench_map
 from lettering import ink
 from outlines import fill, stroke, vector
 from overlays_book import compass_rose
-from pixels import bump, empty, lay, over, rotate, with_alpha
+from pixels import bump, empty, full, lay, over, part, rotate, with_alpha
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
 from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page,
                     framed_board, heading, lay_pencil, lay_turned, office_sheet, open_book, ruled, rules)
@@ -61,7 +61,7 @@ def sheet(sector):
     above = empty(W, H)
     _lay_on_field(above)
     layer[..., 3] *= 1 - np.clip(above[..., 3] * 1.5, 0, 1)
-    return layer[:SHEET[1], :SHEET[0]]
+    return part(layer, 0, 0, *SHEET)
 
 
 PAD = 40  # px, for the corners that turn
@@ -108,7 +108,7 @@ def over_aces():
     gold = vector(w, h, draw)[..., 3]
     pressed(board, gold, .4)
     over(board, foil(gold, 6))
-    lay(ov, with_alpha(board, np.ones((h, w), np.float32)), 104, 18, 7, 10, 10, .65)
+    lay(ov, with_alpha(board, full(w, h, 1)), 104, 18, 7, 10, 10, .65)
     for x in (126, 898):
         for y in (40, 648):
             lay(ov, screw(7), x - 10.5, y - 10.5, 1, 1, 1.5, .5)
@@ -252,8 +252,8 @@ FLAGS = [
 def _lay_pinned_map(ov):
     """A strip of the theatre of war, glued into the page, with flags on both sides of the front."""
     w, h, left, top, margin = 620, 560, 40, 204, 24
-    strip = np.pad(theatre_map(w, h, 33, regions=False)[top:top + 226, left:left + 540],
-                   ((margin, margin), (margin, margin), (0, 0)))
+    strip = empty(540 + 2 * margin, 226 + 2 * margin)
+    over(strip, part(theatre_map(w, h, 33, regions=False), left, top, 540, 226), margin, margin)
     for color, points in FLAGS:
         for point in points:
             x, y = place(w, h, *point)

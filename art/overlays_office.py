@@ -7,7 +7,7 @@ from aeroplane import aeroplane, photograph
 from fieldmap import trench_map
 from lettering import BOOK, ink, put
 from outlines import fill, path, rounded, rounded_mask, source, vector
-from pixels import blur, bump, empty, fbm, grid, lay, mix, over, rgb, shade, smooth, with_alpha
+from pixels import blur, bump, empty, fbm, full, grid, lay, mix, over, rgb, shade, size, smooth, with_alpha
 from props import emblem, emblem_layer, insignia, pin, stamp, swatch
 from sheets import (BLUE, BOOKLET, CARD, GREEN_PENCIL, H, INK, MESSAGE, OLD_CARD, RED, RED_PENCIL, W,
                     book_page, dotted, framed_board, fringe, heading, lay_pencil, lay_turned, office_sheet, open_book,
@@ -51,7 +51,7 @@ def _binding(w, h):
 
 def _stamp_gold(book, cx):
     """Frame, emblem, title and a machine in gold leaf, around the column cx."""
-    h, w = book.shape[:2]
+    h, w = size(book)
     layer = vector(w, h, lambda c: _draw_cover(c, w, h, cx))
     for text, px, y, spacing in (('WINGTALLY', 44, 288, 2.0), ('A PILOT’S RECORD', 22, 378, 2.4),
                                  ('OF SERVICE', 22, 408, 2.4), ('1915 – 1918', 24, 540, 2)):
@@ -157,7 +157,7 @@ def over_careers():
     d = np.minimum(np.minimum(gx - 26, w - 26 - gx), np.minimum(gy - 26, h - 26 - gy))
     deep = .52 + .40 * np.exp(-np.maximum(gy - 26, 0) / 26) + .22 * np.exp(-np.maximum(gx - 26, 0) / 16)
     board = np.clip(board * np.clip(1 - smooth(d, 0, 1.5) * deep, .1, 1)[..., None], 0, 1)
-    lay(ov, with_alpha(board, np.ones((h, w), np.float32)), x, y, 6, 9, 9, .6)
+    lay(ov, with_alpha(board, full(w, h, 1)), x, y, 6, 9, 9, .6)
     lay_turned(ov, paper(312, 396, 38, base=OLD_CARD, rough=.6), 1.8, 676, 26, 4, 6, 6, .5)
     lay(ov, paper(316, 404, 37, base=CARD, rough=.6), 674, 22, 4, 6, 6, .6)
     rules(ov, 696, 116, 272)

@@ -26,7 +26,7 @@ def stroke_of_pencil(w, h, color, alpha):
     """A broad stroke over a whole row."""
     _, y = grid(w, h)
     edge = smooth(np.minimum(y, h - 1 - y), 0, 3)
-    return with_alpha(np.broadcast_to(rgb(color), (h, w, 3)), (alpha * edge).astype(np.float32))
+    return with_alpha(rgb(color), (alpha * edge).astype(np.float32))
 
 
 LOOKS = ('plain', 'over', 'own', 'own_over')

@@ -7,7 +7,7 @@ from lettering import HEAD, ink, put
 from medals import medal, medal_case, metal_star, ribbon
 from outlines import fill, path, stroke, vector
 from overlays_flying import LETTERHEAD, sign_letter
-from pixels import bump, empty, grid, lay, mix, over, rgb, smooth, with_alpha
+from pixels import bump, empty, full, grid, lay, mix, over, rgb, size, smooth, with_alpha
 from portraits import portrait
 from props import emblem, emblem_layer, pin, wax_seal
 from sheets import CARD, H, INK, LEDGER, LETTER, W, book_page, framed_board, lay_turned, office_sheet, open_book, rules
@@ -192,7 +192,7 @@ def over_war_over():
     gold = vector(w, h, draw)[..., 3]
     pressed(board, gold, .4)
     over(board, foil(gold, 6))
-    lay(ov, with_alpha(board, np.ones((h, w), np.float32)), 472, 14, 7, 10, 10, .65)
+    lay(ov, with_alpha(board, full(w, h, 1)), 472, 14, 7, 10, 10, .65)
     sheet = paper(420, 648, 58, base='#E8DFC4', rough=.8)
     crease(sheet, y=324, strength=.05, seed=4)
     lay(ov, sheet, 28, 20, 5, 7, 7, .6)
@@ -223,7 +223,7 @@ WIDEST = 1110  # px of a picture with several
 def row_of(name, kinds, draw):
     """A picture of each kind in rows, and the index that cuts them out: NAME_KIND."""
     cells = [draw(kind) for kind in kinds]
-    h, w = cells[0].shape[:2]
+    h, w = size(cells[0])
     columns = min(len(cells), max(1, WIDEST // w))
     sheet = empty(w * columns, h * -(-len(cells) // columns))
     index = ''

@@ -2,7 +2,7 @@
 import numpy as np
 
 from outlines import fill, path, stroke, vector
-from pixels import blur, empty, fbm, grid, noise, over, ramp, smooth
+from pixels import blur, empty, fbm, grid, noise, over, part, px, ramp, smooth
 from textures import paper
 
 
@@ -108,13 +108,13 @@ def portrait(w, h, seed, kind='english', border=12, turned=1):
 
     layer = np.dstack([ground, ground, ground, np.ones_like(ground)]).astype(np.float32)
     figure = empty(pw, ph)
-    for part in (body, head, features, collar, cap):
-        over(figure, vector(pw, ph, part))
+    for piece in (body, head, features, collar, cap):
+        over(figure, vector(pw, ph, piece))
     shadow = np.clip(1.10 - .62 * smooth((cx + 8 * s - x) * turned, -40 * s, 40 * s), .3, 1.2)
     face_dark = 1 - .30 * np.exp(-(((x - cx) / (40 * s)) ** 2 + ((y - top - 74 * s) / (34 * s)) ** 2))
     figure[..., :3] *= (shadow * face_dark)[..., None]
     alpha = figure[..., 3]
-    rim = np.clip(alpha - np.roll(alpha, -int(3 * s) * turned, 1), 0, 1)
+    rim = np.clip(alpha - np.roll(alpha, -px(int(3 * s)) * turned, 1), 0, 1)
     figure[..., :3] = np.clip(figure[..., :3] + .16 * blur(rim, 1.4)[..., None], 0, 1)
     over(layer, figure)
     grey = blur(layer[..., 0], 1.1)
@@ -122,6 +122,6 @@ def portrait(w, h, seed, kind='english', border=12, turned=1):
     far = (x / pw - .5) ** 2 + (y / ph - .5) ** 2
     grey = np.clip(grey * (1 - .6 * far), 0, 1)
     sheet = paper(w, h, seed + 20, base='#EFE6D0', edge='#BFA878', fibre=.15, foxing=2, rough=.25, margin=7)
-    sheet[border:border + ph, border:border + pw, :3] = ramp(
+    part(sheet, border, border, pw, ph)[..., :3] = ramp(
         grey, [(0, '#1E130B'), (.35, '#5B4027'), (.7, '#B39468'), (1, '#EBDBB6')])
     return sheet

@@ -3,12 +3,11 @@ import math
 
 import cairo
 import numpy as np
-from scipy import ndimage
 
 from lettering import HEAD, TEXT, ink, put
 from outlines import fill, rounded, source, stroke, vector
-from pixels import (SHADOW, blur, bump, fbm, grid, mix, noise, over, ramp, reduced, rgb, rotate,
-                    shade, smooth, with_alpha)
+from pixels import (SHADOW, blur, bump, fbm, grid, mix, moved, noise, over, ramp, reduced, rgb, rotate,
+                    shade, size, smooth, with_alpha)
 from textures import linen
 
 # -- the emblem
@@ -126,7 +125,7 @@ def pin(radius=7, color='#B3231A'):
     light = np.clip(1.15 - np.hypot(x + radius * .35, y + radius * .4) / (radius * 1.25), 0, 1.2)
     glint = .5 * bump(np.hypot(x + radius * .38, y + radius * .42), radius * .35)
     color = rgb(color) * (0.45 + 0.8 * light[..., None]) + glint[..., None]
-    shadow = ndimage.shift(blur(alpha, 2.2), (radius * .55, radius * .45), order=1) * .6
+    shadow = moved(blur(alpha, 2.2), radius * .45, radius * .55) * .6
     return over(with_alpha(SHADOW, shadow), with_alpha(np.clip(color, 0, 1), alpha))
 
 
@@ -171,7 +170,7 @@ def _watch_case(x, y, d, r):
     metal_light = shade(10 * smooth(r - d, 0, 8) - 6 * smooth(r * .87 - d, 0, 4))
     metal = ramp(np.clip(.5 + .42 * metal_light - .08 * (x + y) / r, 0, 1),
                  [(0, '#3E3A33'), (.5, '#8E897C'), (1, '#EDE9DB')])
-    h, w = d.shape
+    h, w = size(d)
     face = ramp(np.clip(.75 - .1 * (x + y) / r + .03 * fbm(w, h, 60, 60, 5, 3), 0, 1),
                 [(0, '#BDAE88'), (1, '#F1E8CE')])
     inside = smooth(r * .84 - d, 0, 1.5)

@@ -5,7 +5,8 @@ import numpy as np
 
 from lettering import ink
 from outlines import fill, rounded_mask, stroke, vector
-from pixels import blur, bump, empty, grid, lay, noise, over, rotate, shade, smooth, with_alpha
+from pixels import (blur, bump, detail, empty, grid, lay, noise, over, px, rotate, shade, size, smooth,
+                    with_alpha)
 from props import emblem_layer, pencil
 from textures import crease, lamp, paper, wood
 
@@ -21,14 +22,14 @@ def desk():
     """The squadron office's desk in the light of a lamp at the upper left; RGB."""
     top = wood(W, H, 4) * lamp(W, H, 360, 230, 780)
     rail = wood(W, H - RAIL, 31, '#1F0E07', '#4B2110', '#6E3519') * .92
-    y = np.arange(H - RAIL, dtype=np.float32)
+    y = np.arange(px(H - RAIL), dtype=np.float32) / detail()
     moulding = 1 + .55 * bump(y - 5, 2.2) - .45 * bump(y - 11, 2.2) + .22 * bump(y - 15, 1.6)
     moulding -= .30 * np.exp((y - 80) / 8)
-    rail *= moulding[:, None, None] * lamp(W, H, 400, 560, 900, 1.18, .55)[RAIL:]
-    top[RAIL:] = rail
+    rail *= moulding[:, None, None] * lamp(W, H, 400, 560, 900, 1.18, .55)[px(RAIL):]
+    top[px(RAIL):] = rail
     y = grid(W, H)[1]
     top *= (1 - .75 * bump(y - RAIL + 1.5, 2.0))[..., None]
-    top[:RAIL] *= (1 - .35 * np.exp((y[:RAIL] - RAIL) / 7))[..., None]
+    top[:px(RAIL)] *= (1 - .35 * np.exp((y[:px(RAIL)] - RAIL) / 7))[..., None]
     return np.clip(top, 0, 1)
 
 
@@ -80,7 +81,7 @@ def office_sheet(x, y, w, h, seed, fold=.5):
 
 def lay_turned(ov, layer, degrees, x, y, dx=4, dy=6, radius=6, strength=.6):
     """A layer turned around its middle and laid down. x, y: its upper left corner before that."""
-    pad = int(abs(np.sin(np.radians(degrees))) * max(layer.shape[:2]) / 2) + 4
+    pad = int(abs(np.sin(np.radians(degrees))) * max(size(layer)) / 2) + 4
     lay(ov, rotate(layer, degrees, pad), x - pad, y - pad, dx, dy, radius, strength)
 
 
@@ -91,10 +92,10 @@ def lay_pencil(ov, length, color, degrees, cx, cy):
 def open_book(ov, x, y, cover, pages, top):
     """A book that lies open: its cover, RGB, at x, y, and a left and a right page with their upper
     edge at top."""
-    h, w = cover.shape[:2]
+    h, w = size(cover)
     lay(ov, with_alpha(cover, rounded_mask(w, h, 7)), x, y, 6, 9, 9, .6)
     for side, (page, page_x) in enumerate(zip(pages, (26, 512))):
-        ph, pw = page.shape[:2]
+        ph, pw = size(page)
         px, _ = grid(pw, ph)
         from_gutter = pw - px if side == 0 else px
         light = 1 - .42 * np.exp(-from_gutter / 15) + .05 * bump(from_gutter - 46, 30)

@@ -7,7 +7,7 @@ import math
 import numpy as np
 
 from outlines import vector
-from pixels import blur, bump, fbm, grid, mix, noise, ramp, rgb, shade, smooth, with_alpha
+from pixels import blur, bump, fbm, grid, mix, noise, ramp, rgb, shade, size, smooth, with_alpha
 
 
 def lamp(w, h, cx, cy, radius, inner=1.25, outer=0.42):
@@ -72,7 +72,7 @@ def _hairs(c, w, h, count, rng):
 
 def crease(sheet, x=None, y=None, strength=0.06, seed=3):
     """A fold across a sheet, along a column x or a row y. Changes the sheet."""
-    h, w = sheet.shape[:2]
+    h, w = size(sheet)
     gx, gy = grid(w, h)
     if x is not None:
         d = gx - x - 0.8 * fbm(w, h, 300, 30, seed, 3)
@@ -103,7 +103,7 @@ def linen(w, h, seed, base='#CDBB8E'):
 
 def tape(surface, y=None, x=None, width=30, pitch=13):
     """A doped rib tape with its stitches, across (y) or down (x). Changes surface."""
-    h, w = surface.shape[:2]
+    h, w = size(surface)
     gx, gy = grid(w, h)
     d, along = (gy - y, gx) if y is not None else (gx - x, gy)
     half = width / 2 + 1.2 * np.sin(2 * np.pi * along / 3.4)
@@ -137,7 +137,7 @@ def leather(w, h, seed, base):
 
 def foil(mask, seed):
     """Gold leaf pressed into cloth or wood: a mask coloured, with lit and dark edges."""
-    h, w = mask.shape
+    h, w = size(mask)
     x, y = grid(w, h)
     tone = 0.55 + 0.35 * fbm(w, h, 60, 60, seed, 4) + 0.10 * np.sin((x + y) / 46)
     color = ramp(np.clip(tone, 0, 1), [(0, '#8C6A2C'), (0.5, '#CFA855'), (1, '#F3DFA0')])
