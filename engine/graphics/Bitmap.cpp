@@ -7,6 +7,7 @@
 #include "engine/graphics/FormatANY.h"
 #include "engine/graphics/FormatBMP.h"
 #include "engine/graphics/FormatZEL.h"
+#include "engine/graphics/PictureDetail.h"
 
 namespace zel {
 
@@ -75,6 +76,34 @@ String readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
     return fault;
 }
 
+/// Reads the file. Returns what is wrong; empty for nothing. Everything is logged.
+String readFile(const String& fileName, bool powerOfTwo, BitmapData& data) {
+    if (!system::fileStatus(fileName).exists) {
+        log("File " + fileName + " does not exist", "Bitmap", LogError);
+        return "no such file";
+    }
+    if (!File::exists(fileName)) {
+        log("Cannot open file " + fileName, "Bitmap", LogError);
+        return "it cannot be opened";
+    }
+    return readPicture(fileName, powerOfTwo, data);
+}
+
+/// Reads the picture of twice the size. False if there is none; one that is no use is logged.
+bool readDoubled(const String& fileName, BitmapData& data) {
+    const String doubled = PictureDetail::doubledName(fileName);
+    if (!system::fileStatus(doubled).exists || !readFile(doubled, false, data).empty())
+        return false;
+    if (data.pictureWidth % PictureDetail::Doubled != 0 ||
+        data.pictureHeight % PictureDetail::Doubled != 0) {
+        log(doubled + " has an odd side, so it is not twice as large as " + fileName, "Bitmap",
+            LogError);
+        return false;
+    }
+    data.detail = PictureDetail::Doubled;
+    return true;
+}
+
 uint32_t argb(const uint8_t* pixel, int32_t depth, ChannelOrder order) {
     const uint32_t alpha = depth == 4 ? pixel[3] : 255;
     const bool redFirst = order == ChannelOrder::Rgb;
@@ -104,19 +133,39 @@ Bitmap::~Bitmap() { unload(); }
 bool Bitmap::load(const String& fileName, bool powerOfTwo) {
     unload();
     name = fileName;
-    if (!system::fileStatus(fileName).exists) {
-        log("File " + fileName + " does not exist", "Bitmap", LogError);
-        error = "no such file";
-        return false;
-    }
-    if (!File::exists(fileName)) {
-        log("Cannot open file " + fileName, "Bitmap", LogError);
-        error = "it cannot be opened";
-        return false;
-    }
     BitmapData read;
-    error = readPicture(fileName, powerOfTwo, read);
-    return error.empty() && adopt(read, fileName);
+    error = readFile(fileName, powerOfTwo, read);
+    return error.empty() && adopt(read);
+}
+
+bool Bitmap::loadFollowing(const String& fileName, bool powerOfTwo) {
+    unload();
+    name = fileName;
+    isFile = true;
+    return adoptFromSource([this, fileName, powerOfTwo](int32_t detail) {
+        BitmapData read;
+        if (detail < PictureDetail::Doubled || !readDoubled(fileName, read)) {
+            read = {};
+            error = readFile(fileName, powerOfTwo, read);
+        }
+        return read;
+    });
+}
+
+bool Bitmap::assign(Source newSource, const String& newName) {
+    unload();
+    name = newName;
+    return adoptFromSource(std::move(newSource));
+}
+
+bool Bitmap::adoptFromSource(Source newSource) {
+    askedDetail = PictureDetail::get();
+    BitmapData made = newSource(askedDetail);
+    if (!isWhole(made))
+        return false;
+    source = std::move(newSource);
+    PictureDetail::add(*this);
+    return adopt(made);
 }
 
 bool Bitmap::assign(BitmapData newData, const String& newName) {
@@ -131,13 +180,19 @@ bool Bitmap::assign(BitmapData newData, const String& newName) {
         log("Bitmap: illegal size of " + newName, "Bitmap", LogError);
         return false;
     }
-    return adopt(newData, newName);
+    return adopt(newData);
 }
 
-bool Bitmap::adopt(BitmapData& newData, const String& newName) {
-    name = newName;
+/// As the log shows it: the file that was read.
+String Bitmap::loadedName() const {
+    return isFile && data.detail > 1 ? PictureDetail::doubledName(name) : name;
+}
+
+bool Bitmap::adopt(BitmapData& newData) const {
+    if (const int64_t before = bytes(data); before > 0)
+        accountSystem(-before);
     data = std::move(newData);
-    log("Loaded " + name, "System", LogInfo);
+    log("Loaded " + loadedName(), "System", LogInfo);
     accountSystem(bytes(data));
     return true;
 }
@@ -145,16 +200,45 @@ bool Bitmap::adopt(BitmapData& newData, const String& newName) {
 void Bitmap::unload() {
     dropTexture();
     texture = {};
+    if (source != nullptr)
+        PictureDetail::remove(*this);
+    source = nullptr;
+    isFile = false;
     if (!isLoaded())
         return;
     const int64_t size = bytes(data);
+    const String unloaded = loadedName();
     data = {};
     accountSystem(-size);
-    log("Unloaded " + name, "System", LogInfo);
+    log("Unloaded " + unloaded, "System", LogInfo);
+}
+
+bool Bitmap::isStale() const { return source != nullptr && askedDetail != PictureDetail::get(); }
+
+void Bitmap::refresh() const {
+    if (source == nullptr || (!isStale() && !isAsleep()))
+        return;
+    askedDetail = PictureDetail::get();
+    BitmapData made = source(askedDetail);
+    if (!isWhole(made))
+        return;
+    dropTexture();
+    adopt(made);
+}
+
+void Bitmap::sleep() const {
+    if (source == nullptr || isAsleep())
+        return;
+    dropTexture();
+    const int64_t size = bytes(data);
+    data.pixels = {};
+    accountSystem(-size);
 }
 
 uint32_t Bitmap::pixelAt(int32_t x, int32_t y) const {
-    if (x < 0 || y < 0 || x >= data.pictureWidth || y >= data.pictureHeight)
+    if (isAsleep())
+        refresh();
+    if (x < 0 || y < 0 || x >= data.pictureWidth || y >= data.pictureHeight || data.pixels.empty())
         return 0;
     return argb(data.line(y) + size_t(x) * size_t(data.depth), data.depth, data.order);
 }
@@ -163,8 +247,9 @@ void Bitmap::textureMade(uint32_t handle, uint32_t generation) const {
     dropTexture();
     texture.handle = handle;
     texture.generation = generation;
-    log("Loaded " + name + " (depth: " + data.depth + ")", "System", LogInfo);
-    accountGraphics(bytes(data));
+    texture.bytes = bytes(data);
+    log("Loaded " + loadedName() + " (depth: " + data.depth + ")", "System", LogInfo);
+    accountGraphics(texture.bytes);
 }
 
 void Bitmap::dropTexture() const {
@@ -177,7 +262,7 @@ void Bitmap::textureLost() const {
     if (texture.handle == 0)
         return;
     texture.handle = 0;
-    accountGraphics(-bytes(data));
+    accountGraphics(-texture.bytes);
 }
 
 void Bitmap::setTextureRelease(void (*release)(uint32_t handle)) { releaseTexture = release; }

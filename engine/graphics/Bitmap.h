@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "engine/core/String.h"
@@ -23,7 +24,8 @@ struct BitmapData {
     int32_t height = 0;
     int32_t pictureWidth = 0; // of the picture in it
     int32_t pictureHeight = 0;
-    int32_t depth = 0; // bytes per pixel: 3 or 4
+    int32_t depth = 0;  // bytes per pixel: 3 or 4
+    int32_t detail = 1; // pixels of the picture to one of the design, along either side
     ChannelOrder order = ChannelOrder::Rgb;
     std::vector<uint8_t> pixels;
 
@@ -40,12 +42,19 @@ struct BitmapData {
     void lineArgb(int32_t y, uint32_t* result) const;
 };
 
-/// One picture: its pixels in memory, which stay there, and a texture once it has been drawn.
+/// One picture: its pixels in memory, and a texture once it has been drawn.
 ///
 /// The pixels need no window. The canvas makes the texture at the first drawing, reports it by
 /// textureMade(), and sets the function that releases it.
+///
+/// A bitmap with a source can be made again: it follows PictureDetail, and its pixels may be freed
+/// until something needs them.
 class Bitmap {
 public:
+    /// Makes the picture at a detail, or at 1 if it has no other. On error: log lines, and a
+    /// picture without pixels.
+    using Source = std::function<BitmapData(int32_t detail)>;
+
     Bitmap() = default;
     virtual ~Bitmap();
     Bitmap(const Bitmap&) = delete;
@@ -55,28 +64,44 @@ public:
     /// that stb_image decodes. powerOfTwo: the buffer's sides become powers of two.
     /// On error: false and a log line; the bitmap is without pixels, and drawing it draws nothing.
     bool load(const String& fileName, bool powerOfTwo);
+    /// Likewise, in the size that PictureDetail wants: NAME@2x.png instead of NAME.png at twice the
+    /// detail, if there is one, whose sides never become powers of two.
+    bool loadFollowing(const String& fileName, bool powerOfTwo);
     /// Why the last load() failed: "no such file", "too large: ..." and the like; empty if it
     /// didn't.
     const String& getError() const { return error; }
     /// Takes a picture made in memory; `name` replaces the file name. On error (a depth other than
     /// 3 and 4, a side out of range, a buffer of another size): false and a log line.
     bool assign(BitmapData newData, const String& name);
+    /// Likewise, made by a source at the present detail and after each change of it.
+    bool assign(Source newSource, const String& name);
     /// Frees pixels and texture.
     void unload();
 
-    bool isLoaded() const { return !data.pixels.empty(); } // has pixels
+    bool isLoaded() const { return data.width > 0; } // has a picture
     const String& getName() const { return name; }
-    int32_t width() const { return data.pictureWidth; } // of the picture; 0 without pixels
-    int32_t height() const { return data.pictureHeight; }
+    /// Of the picture in pixels of the design, the same at each detail; 0 without a picture.
+    int32_t width() const { return data.pictureWidth / data.detail; }
+    int32_t height() const { return data.pictureHeight / data.detail; }
     const BitmapData& getData() const { return data; }
     /// ARGB of a pixel, y counted from the top; 0 outside the picture.
     uint32_t pixelAt(int32_t x, int32_t y) const;
+
+    // Drawing leaves what a bitmap shows unchanged, so these are const.
+    /// Whether it was made at another detail than the present one.
+    bool isStale() const;
+    /// Makes it again if it is stale or asleep. On error: what was there before is still there.
+    void refresh() const;
+    /// Frees pixels and texture of a bitmap with a source until something needs them.
+    void sleep() const;
+    bool isAsleep() const { return isLoaded() && data.pixels.empty(); }
 
     // The texture. Drawing leaves everything else of a bitmap unchanged, so it is mutable.
     struct Texture {
         uint32_t handle = 0;     // 0: none
         uint32_t generation = 0; // of the OpenGL context, as the canvas counts them
         bool refused = false;    // could not be made; logged once and not tried again
+        int64_t bytes = 0;
     };
     const Texture& getTexture() const { return texture; }
     /// The canvas has made a texture of it. An earlier one is released.
@@ -95,11 +120,16 @@ public:
     static int64_t graphicsMemory();
 
 private:
-    bool adopt(BitmapData& newData, const String& newName);
+    bool adopt(BitmapData& newData) const;
+    bool adoptFromSource(Source newSource);
+    String loadedName() const;
 
     String name;
     String error;
-    BitmapData data;
+    Source source;                   // null: can't be made again
+    bool isFile = false;             // what the source reads
+    mutable int32_t askedDetail = 1; // of the source
+    mutable BitmapData data;
     mutable Texture texture;
 };
 

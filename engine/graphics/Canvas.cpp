@@ -30,12 +30,14 @@ uint32_t multiplied(uint32_t first, uint32_t second) {
     return result;
 }
 
-/// Converts pixels of a bitmap's picture to texture coordinates. The picture's top line is the
-/// buffer's last one.
+/// Converts pixels of the design, from the upper left of a bitmap's picture, to texture
+/// coordinates. The picture's top line is the buffer's last one.
 struct TextureMap {
     explicit TextureMap(const Bitmap& bitmap)
-        : u(1.0F / static_cast<float>(std::max(1, bitmap.getData().width))),
-          v(1.0F / static_cast<float>(std::max(1, bitmap.getData().height))) {}
+        : u(partOf(bitmap, bitmap.getData().width)), v(partOf(bitmap, bitmap.getData().height)) {}
+    static float partOf(const Bitmap& bitmap, int32_t side) {
+        return static_cast<float>(bitmap.getData().detail) / static_cast<float>(std::max(1, side));
+    }
     float u, v;
 };
 
@@ -96,6 +98,7 @@ Canvas::Canvas() { Bitmap::setTextureRelease(releaseOnCanvas); }
 
 bool Canvas::isAttached() const { return side.isAttached(); }
 int32_t Canvas::getMaximumTextureSize() const { return side.getMaximumTextureSize(); }
+bool Canvas::takesAnyTextureSize() const { return side.takesAnyTextureSize(); }
 int32_t Canvas::getStateChanges() const { return side.getStateChanges(); }
 int32_t Canvas::getDrawCalls() const { return side.getDrawCalls(); }
 void Canvas::releaseTexture(uint32_t handle) { side.release(handle); }

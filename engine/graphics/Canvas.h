@@ -19,7 +19,7 @@ struct Point {
 };
 
 /// A corner of a drawn picture: its position in design pixels, and the point of the bitmap's
-/// picture that is drawn there, in pixels from the top left.
+/// picture that is drawn there, in pixels of the design from the top left.
 struct Corner {
     float x, y;
     float u, v;
@@ -27,7 +27,7 @@ struct Corner {
 
 /// One rectangle of a bitmap, to be drawn into a rectangle of the design.
 struct Quad {
-    Rect source;   // pixels of the picture
+    Rect source;   // of the picture, in pixels of the design
     Rect target;   // design pixels
     uint32_t argb; // multiplied with the picture's colours; 0xFFFFFFFF leaves them
 };
@@ -89,6 +89,8 @@ public:
     bool shows(const Bitmap& bitmap) const;
     bool isAttached() const;
     int32_t getMaximumTextureSize() const; // 0 without a window
+    /// Whether the sides of a texture may be other than powers of two; false without a window.
+    bool takesAnyTextureSize() const;
     /// Sends the frame if it differs from the one shown last. Returns whether there is something to
     /// show. One that nobody sees, as of a minimised window, isn't sent.
     bool finishFrame(bool isSeen = true);

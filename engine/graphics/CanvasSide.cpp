@@ -12,7 +12,8 @@ namespace zel {
 
 namespace {
 
-constexpr uint32_t White = 0; // number of the texture of a single white pixel
+constexpr uint32_t White = 0;           // number of the texture of a single white pixel
+constexpr int32_t VersionOfAnySize = 2; // of OpenGL, from which textures may have any sides
 
 GLenum pixelFormat(const BitmapData& data) {
     if (data.order == ChannelOrder::Rgb)
@@ -74,6 +75,7 @@ void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
     GLint reported = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &reported);
     maximumTextureSize = reported;
+    anyTextureSize = toInt(driverText(GL_VERSION).view()) >= VersionOfAnySize;
     log("Maximum texture size: " + String(maximumTextureSize), "Canvas", LogInfo);
     log("OpenGL of " + driverText(GL_VENDOR) + ", renderer " + driverText(GL_RENDERER) +
             ", version " + driverText(GL_VERSION),
@@ -109,7 +111,7 @@ void CanvasSide::detach() {
         glDeleteTextures(1, &name);
     textures.clear();
     released.clear();
-    attached = false;
+    attached = anyTextureSize = false;
     maximumTextureSize = 0;
 }
 
@@ -126,7 +128,11 @@ uint32_t CanvasSide::textureOf(const Bitmap& bitmap) {
         return texture.handle;
     if (!bitmap.isLoaded() || texture.refused)
         return 0;
+    if (bitmap.isAsleep())
+        bitmap.refresh();
     const BitmapData& data = bitmap.getData();
+    if (data.pixels.empty())
+        return 0;
     bitmap.textureLost();
     uint32_t number = 0;
     if (data.depth != 3 && data.depth != 4) {

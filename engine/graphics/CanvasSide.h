@@ -20,6 +20,7 @@ public:
     void detach();
     bool isAttached() const { return attached; }
     int32_t getMaximumTextureSize() const { return maximumTextureSize; }
+    bool takesAnyTextureSize() const { return anyTextureSize; }
 
     /// The number of the bitmap's texture, made if need be; 0 if there is none.
     uint32_t textureOf(const Bitmap& bitmap);
@@ -49,7 +50,8 @@ private:
     int32_t width = 0;
     int32_t height = 0;
     int32_t maximumTextureSize = 0;
-    uint32_t generation = 0; // of the context
+    bool anyTextureSize = false; // not powers of two alone
+    uint32_t generation = 0;     // of the context
     // OpenGL's names by our numbers. A number is never used twice, so that one of an earlier
     // context can't refer to a texture of this one.
     std::map<uint32_t, uint32_t> textures;

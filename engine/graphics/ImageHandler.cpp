@@ -11,6 +11,8 @@ namespace zel {
 
 namespace {
 
+constexpr int64_t MostPixelBytes = 192 << 20; // kept for screens that come again
+
 /// False if there is no index file; one that can't be read counts as empty.
 bool readIndex(const String& bitmapName, int32_t lifetime, float scale, ImageIndex& index) {
     const String name = imageIndexName(bitmapName);
@@ -37,11 +39,12 @@ bool ImageHandler::loadBitmap(const String& fileName, int32_t lifetime, float sc
     if (failedBitmaps.count(fileName) != 0)
         return false;
     auto loaded = std::make_unique<LoadedBitmap>();
-    if (!loaded->bitmap.load(fileName, (flags & ImageFlagPowerOfTwo) != 0)) {
+    if (!loaded->bitmap.loadFollowing(fileName, (flags & ImageFlagPowerOfTwo) != 0)) {
         failedBitmaps.insert(fileName);
         return false;
     }
     loaded->lifetime = lifetime;
+    loaded->left = ++leftCount;
     ImageIndex index;
     const bool hasIndex = readIndex(fileName, lifetime, scale, index);
     if (!hasIndex) {
@@ -117,9 +120,20 @@ const ImageGroup* ImageHandler::getImageGroup(const String& name) {
 }
 
 void ImageHandler::releaseShortLived() {
-    for (const auto& [name, loaded] : bitmaps)
-        if (loaded->lifetime == LifetimeShort && !Canvas::getInstance().shows(loaded->bitmap))
-            loaded->bitmap.dropTexture();
+    std::vector<LoadedBitmap*> released;
+    for (const auto& [name, loaded] : bitmaps) {
+        if (loaded->lifetime != LifetimeShort || Canvas::getInstance().shows(loaded->bitmap))
+            continue;
+        if (loaded->bitmap.getTexture().handle != 0)
+            loaded->left = ++leftCount;
+        loaded->bitmap.dropTexture();
+        released.push_back(loaded.get());
+    }
+    std::sort(released.begin(), released.end(),
+              [](const LoadedBitmap* a, const LoadedBitmap* b) { return a->left < b->left; });
+    for (const LoadedBitmap* loaded : released)
+        if (Bitmap::systemMemory() > MostPixelBytes)
+            loaded->bitmap.sleep();
 }
 
 void ImageHandler::clear() {

@@ -38,7 +38,8 @@ public:
 
     BitmapLoadingQueue& getQueue() { return queue; }
 
-    /// Frees the textures of short-lived bitmaps that aren't on the screen. They are made again
+    /// Frees the textures of short-lived bitmaps that aren't on the screen, and of those that left
+    /// it first the pixels too, as long as all pixels take more than 192 MB. They are made again
     /// when drawn again.
     void releaseShortLived();
     /// Drops everything, the queue's entries too, and forgets what could not be loaded.
@@ -48,12 +49,14 @@ private:
     struct LoadedBitmap {
         Bitmap bitmap;
         int32_t lifetime = LifetimeShort; // the longest of its images
+        int32_t left = 0;                 // how many had left the screen, or come, before it
     };
     const Image* find(const String& name) const;
     void registerIndex(LoadedBitmap& loaded, const ImageIndex& index);
     void registerImage(const Bitmap& bitmap, const ImageDescription& description);
 
     int32_t flags = 0;
+    int32_t leftCount = 0;
     std::map<String, std::unique_ptr<LoadedBitmap>> bitmaps; // by file name
     std::vector<std::unique_ptr<Image>> images;              // all that were ever registered
     std::map<String, const Image*> imagesByName;             // the last one of each name

@@ -7,6 +7,7 @@
 #include "engine/graphics/Canvas.h"
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
+#include "engine/graphics/PictureDetail.h"
 #include "engine/window/HighLevelScheduler.h"
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"
@@ -94,6 +95,7 @@ ZelLoop::ZelLoop() {
     app = std::make_unique<ZelApp>();
     applicationTimer.stop();
     app->init();
+    PictureDetail::follow(); // before the first picture is loaded
     Language::init();
     StatesMachine::getInstance().setBackgroundWork(&bitmapLoading);
     syncHandler().join(HighLevelScheduler::getInstance());
@@ -141,6 +143,7 @@ void ZelLoop::step() {
     if (Window* window = Window::current())
         window->setPaced(isFirstScreenShown);
     HighLevelScheduler::getInstance().render();
+    PictureDetail::follow();
     update();
 }
 

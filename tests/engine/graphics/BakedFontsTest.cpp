@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include <gtest/gtest.h>
 
 #include "engine/graphics/Font.h"
@@ -55,6 +57,33 @@ TEST_F(BakedFontsTest, HoldEveryCharacter) {
         }
     }
     EXPECT_EQ(log.text(), "");
+}
+
+// A page of twice the size that was baked before the plain one would show other letters.
+TEST_F(BakedFontsTest, AreTheSameAtTwiceTheSize) {
+    for (const char* name : BakedFonts) {
+        zel::Bitmap doubled;
+        const zel::String file = zel::String(FONT_FOLDER) + "/" + name;
+        ASSERT_TRUE(doubled.load(file + "@2x.png", false)) << name;
+        const zel::Font* found = font(name);
+        ASSERT_NE(found, nullptr) << name;
+        const zel::Bitmap& plain = found->pageImage(0)->getBitmap();
+        ASSERT_EQ(doubled.width(), plain.width() * 2) << name;
+        ASSERT_EQ(doubled.height(), plain.height() * 2) << name;
+        const auto ink = [](const zel::Bitmap& page, int32_t x, int32_t y) {
+            return static_cast<int32_t>(page.pixelAt(x, y) >> 24);
+        };
+        int64_t off = 0, all = 0;
+        for (int32_t y = 0; y < plain.height(); ++y)
+            for (int32_t x = 0; x < plain.width(); ++x) {
+                const int32_t four = ink(doubled, 2 * x, 2 * y) + ink(doubled, 2 * x + 1, 2 * y) +
+                                     ink(doubled, 2 * x, 2 * y + 1) +
+                                     ink(doubled, 2 * x + 1, 2 * y + 1);
+                off += std::abs(ink(plain, x, y) - four / 4);
+                all += ink(plain, x, y);
+            }
+        EXPECT_LT(off * 4, all) << name;
+    }
 }
 
 } // namespace

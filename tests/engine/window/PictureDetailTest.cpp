@@ -1,0 +1,93 @@
+// Pictures of two sizes, in a window that changes its size.
+#include "engine/graphics/PictureDetail.h"
+
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+#include "engine/graphics/Canvas.h"
+#include "engine/graphics/ImageHandler.h"
+#include "engine/window/Window.h"
+#include "tests/engine/graphics/Pictures.h"
+#include "tests/engine/window/Shot.h"
+#include "tests/support/LogCapture.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace zel {
+
+namespace {
+
+class PictureDetailTest : public testing::Test {
+protected:
+    PictureDetailTest() {
+        for (const auto& [name, side, grey] : {std::tuple{"shown", 2, '\x40'},
+                                               {"shown@2x", 4, '\x80'},
+                                               {"single", 2, '\x20'},
+                                               {"unseen", 2, '\x20'},
+                                               {"unseen@2x", 4, '\x20'},
+                                               {"odd", 2, '\x20'},
+                                               {"odd@2x", 3, '\x20'}})
+            folder.write(std::string(name) + ".zel",
+                         zelFile(side, side, 24, std::string(size_t(side * side * 3), grey)));
+        EXPECT_TRUE(Window::create(129, 129, 32));
+        Window::current()->setSimulatedResolution(100, 100, true);
+        PictureDetail::follow();
+    }
+    ~PictureDetailTest() override {
+        ImageHandler::getInstance().clear();
+        Window::destroy();
+        PictureDetail::follow();
+    }
+    const Bitmap& bitmap(const char* name) {
+        return ImageHandler::getInstance()
+            .getImage(folder.path() + "/" + name + ".zel")
+            ->getBitmap();
+    }
+    static void resize(int32_t side) {
+        Window::current()->resize(side, side);
+        PictureDetail::follow();
+    }
+    /// Shows a frame with two pictures. The colour of the first.
+    uint32_t drawn() {
+        canvas.clearWindow();
+        canvas.draw(bitmap("shown"), {0, 0, 2, 2}, {0, 0, 50, 50});
+        canvas.draw(bitmap("single"), {50, 0, 50, 50});
+        const uint32_t color = Shot().at(10, 10);
+        Window::current()->swapBuffers();
+        PictureDetail::follow();
+        return color;
+    }
+
+    const LogCapture log{LogInfo};
+    const TemporaryFolder folder;
+    Canvas& canvas = Canvas::getInstance();
+};
+
+TEST_F(PictureDetailTest, FollowsTheWindowsSize) {
+    EXPECT_EQ(drawn(), 0xFF404040) << "1.29 pixels to one of the design";
+    const int64_t plain = Bitmap::systemMemory();
+    static_cast<void>(bitmap("unseen"));
+    static_cast<void>(bitmap("odd"));
+    resize(130);
+    EXPECT_EQ(drawn(), 0xFF404040) << "no gap: what was there, until the other size is read";
+    EXPECT_EQ(drawn(), 0xFF808080);
+    for (int32_t i = 0; i < 3; ++i)
+        drawn();
+    EXPECT_EQ(bitmap("shown").width(), 2) << "in pixels of the design, as before";
+    EXPECT_EQ(bitmap("single").getData().detail, 1);
+    EXPECT_TRUE(bitmap("unseen").isAsleep() && bitmap("odd").isAsleep());
+    EXPECT_EQ(Bitmap::systemMemory(), plain + (4 * 4 - 2 * 2) * 3);
+    EXPECT_FALSE(log.holds("single@2x")) << "no complaint where there is but one size";
+    EXPECT_EQ(bitmap("unseen").pixelAt(3, 3), 0xFF202020) << "awake, and of the new size";
+    EXPECT_EQ(bitmap("odd").pixelAt(0, 0), 0xFF202020);
+    EXPECT_TRUE(log.holds("odd@2x.zel has an odd side")) << log.text();
+    resize(129);
+    for (int32_t i = 0; i < 4; ++i)
+        drawn();
+    EXPECT_EQ(drawn(), 0xFF404040);
+    EXPECT_EQ(Bitmap::systemMemory(), plain);
+}
+
+} // namespace
+
+} // namespace zel
