@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "engine/graphics/Bitmap.h"
 #include "engine/graphics/Image.h"
@@ -11,16 +13,19 @@ class Menu;
 }
 
 /// A picture that is put together from images while the program runs, and shown by a widget. Places
-/// are pixels from the upper left. Images that don't exist, and what is beyond the edge, draw
-/// nothing.
+/// are pixels of the design from the upper left. Images that don't exist, and what is beyond the
+/// edge, draw nothing.
+///
+/// It remembers what was drawn: the picture is made when it is shown, and again when the window
+/// wants another detail.
 class MadePicture {
 public:
     /// Begins a clear picture.
     void begin(int32_t width, int32_t height);
     /// Begins a copy of the image of that name; a clear picture of no size without it.
     void begin(const char* name);
-    /// Takes a picture that was made elsewhere.
-    void take(zel::BitmapData made) { data = std::move(made); }
+    /// Takes a picture that is made elsewhere.
+    void take(zel::Bitmap::Source made) { maker = std::move(made); }
     void draw(const zel::String& name, int32_t x, int32_t y);
     /// The columns of an image of the same size, from one up to another.
     void drawColumns(const char* name, int32_t from, int32_t until);
@@ -29,13 +34,21 @@ public:
     /// Gives the picture to the widget, for all its looks. The widget must not outlive this.
     void show(const zel::Menu& menu, const char* name);
 
-    int32_t width() const { return data.pictureWidth; }
-    int32_t height() const { return data.pictureHeight; }
+    int32_t width() const { return size.width; }
+    int32_t height() const { return size.height; }
 
 private:
-    void blend(int32_t x, int32_t y, uint32_t argb);
+    struct Size {
+        int32_t width = 0;
+        int32_t height = 0;
+    };
+    using Step = std::function<void(zel::BitmapData& picture)>;
 
-    zel::BitmapData data;
+    static zel::BitmapData made(Size size, int32_t detail, const std::vector<Step>& steps);
+
+    Size size;
+    std::vector<Step> steps;
+    zel::Bitmap::Source maker; // null: the steps make it
     zel::Bitmap bitmap;
     std::unique_ptr<zel::Image> image;
 };

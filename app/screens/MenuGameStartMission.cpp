@@ -80,7 +80,9 @@ void MenuGameStartMission::showTask(const Database& career, const DailyMission& 
     setText("legend2", fightText(sector.field, sector.fight));
     if (menu == nullptr)
         return;
-    map.take(SectorPainter(sector, zel::FontHandler::getFont(TownFont)).paint());
+    map.take([sector](int32_t detail) {
+        return SectorPainter(sector, zel::FontHandler::getFont(TownFont), detail).paint();
+    });
     map.show(*menu, "map");
 }
 

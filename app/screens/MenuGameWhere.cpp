@@ -53,11 +53,14 @@ void MenuGameWhere::showSketch() {
 }
 
 void MenuGameWhere::drawSketch(const Sketch& sketch) {
-    SketchPainter painter(sketch, zel::FontHandler::getFont(PlaceFont),
-                          zel::FontHandler::getFont(NumberFont));
     if (bitmap == nullptr)
         bitmap = std::make_unique<zel::Bitmap>();
-    if (!bitmap->assign(painter.paint(), "sketch"))
+    const auto paint = [sketch](int32_t detail) {
+        return SketchPainter(sketch, zel::FontHandler::getFont(PlaceFont),
+                             zel::FontHandler::getFont(NumberFont), detail)
+            .paint();
+    };
+    if (!bitmap->assign(paint, "sketch"))
         return;
     showPart("sketch", map, {0, 0, SketchPainter::Width, SketchPainter::Height});
     showPart("scale", bar,

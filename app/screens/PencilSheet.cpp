@@ -26,12 +26,14 @@ int32_t powerOfTwo(int32_t least) {
 
 } // namespace
 
-PencilSheet::PencilSheet(int32_t width, int32_t height) : lowest(height) {
-    picture.pictureWidth = width;
-    picture.pictureHeight = height;
-    // As old graphics cards want them.
-    picture.width = powerOfTwo(width);
-    picture.height = powerOfTwo(height);
+PencilSheet::PencilSheet(int32_t width, int32_t height, int32_t detail)
+    : lowest(height * detail), detail(detail), scale(static_cast<float>(detail)) {
+    picture.detail = detail;
+    picture.pictureWidth = width * detail;
+    picture.pictureHeight = height * detail;
+    // As old graphics cards want them, which show no other detail.
+    picture.width = detail == 1 ? powerOfTwo(width) : picture.pictureWidth;
+    picture.height = detail == 1 ? powerOfTwo(height) : picture.pictureHeight;
     picture.depth = BytesPerPixel;
     picture.pixels.assign(picture.rowSize() * static_cast<size_t>(picture.height), 0);
 }
@@ -55,6 +57,9 @@ void PencilSheet::blend(int32_t x, int32_t y, const Ink& ink, float alpha) {
 }
 
 void PencilSheet::line(Point from, Point to, float width, const Ink& ink) {
+    from = {from.x * scale, from.y * scale};
+    to = {to.x * scale, to.y * scale};
+    width *= scale;
     const float dx = to.x - from.x;
     const float dy = to.y - from.y;
     const float length = dx * dx + dy * dy;
@@ -111,8 +116,10 @@ void PencilSheet::fill(const std::vector<Point>& outline, const Ink& ink, float 
         const float middle = static_cast<float>(y) + 0.5F;
         crossings.clear();
         for (size_t i = 0; i < outline.size(); ++i) {
-            const Point a = outline[i];
-            const Point b = outline[(i + 1) % outline.size()];
+            const Point first = outline[i];
+            const Point second = outline[(i + 1) % outline.size()];
+            const Point a{first.x * scale, first.y * scale};
+            const Point b{second.x * scale, second.y * scale};
             if ((a.y <= middle) != (b.y <= middle))
                 crossings.push_back(a.x + (b.x - a.x) * (middle - a.y) / (b.y - a.y));
         }
@@ -128,6 +135,9 @@ void PencilSheet::fill(const std::vector<Point>& outline, const Ink& ink, float 
 }
 
 void PencilSheet::ring(Point centre, float radius, float width, const Ink& ink) {
+    centre = {centre.x * scale, centre.y * scale};
+    radius *= scale;
+    width *= scale;
     const float reach = radius + width;
     for (auto y = static_cast<int32_t>(centre.y - reach); static_cast<float>(y) <= centre.y + reach;
          ++y)
@@ -141,6 +151,8 @@ void PencilSheet::ring(Point centre, float radius, float width, const Ink& ink) 
 }
 
 void PencilSheet::disc(Point centre, float radius, const Ink& ink, float alpha) {
+    centre = {centre.x * scale, centre.y * scale};
+    radius *= scale;
     for (auto y = static_cast<int32_t>(centre.y - radius - 1);
          static_cast<float>(y) <= centre.y + radius + 1; ++y)
         for (auto x = static_cast<int32_t>(centre.x - radius - 1);
@@ -169,13 +181,20 @@ void PencilSheet::write(const zel::Font* font, Point base, std::string_view text
             continue;
         if (before != 0)
             pen += font->kerning(before, letter) + font->charOffset();
-        for (int32_t y = 0; y < glyph->height; ++y)
-            for (int32_t x = 0; x < glyph->width; ++x) {
-                const uint32_t argb = page->getBitmap().pixelAt(glyph->x + x, glyph->y + y);
-                blend(pen + glyph->xOffset + x, top + glyph->yOffset + y, ink,
-                      static_cast<float>(argb >> 24) / 255);
-            }
+        writeLetter(*glyph, page->getBitmap(), pen + glyph->xOffset, top + glyph->yOffset, ink);
         pen += glyph->xAdvance;
         before = letter;
     }
+}
+
+void PencilSheet::writeLetter(const zel::Glyph& glyph, const zel::Bitmap& page, int32_t left,
+                              int32_t top, const Ink& ink) {
+    page.refresh();
+    const int32_t theirs = page.getData().detail; // may be less, where a font has but one size
+    for (int32_t y = 0; y < glyph.height * detail; ++y)
+        for (int32_t x = 0; x < glyph.width * detail; ++x) {
+            const uint32_t argb = page.pixelAt(glyph.x * theirs + x * theirs / detail,
+                                               glyph.y * theirs + y * theirs / detail);
+            blend(left * detail + x, top * detail + y, ink, static_cast<float>(argb >> 24) / 255);
+        }
 }

@@ -6,10 +6,11 @@
 
 namespace zel {
 class Font;
-}
+struct Glyph;
+} // namespace zel
 
-/// A clear picture on which lines, signs and letters are drawn as with a pencil. Places are pixels
-/// from the upper left; what is beyond the edge is not drawn.
+/// A clear picture on which lines, signs and letters are drawn as with a pencil. Places and lengths
+/// are pixels of the design, from the upper left; what is beyond the edge is not drawn.
 class PencilSheet {
 public:
     struct Point {
@@ -20,10 +21,11 @@ public:
     };
     enum class Align { Left, Centre, Right };
 
-    PencilSheet(int32_t width, int32_t height);
+    /// detail: pixels of the picture to one of the design.
+    PencilSheet(int32_t width, int32_t height, int32_t detail);
 
     /// From now on nothing is drawn below that line of pixels.
-    void setLowest(int32_t y) { lowest = y; }
+    void setLowest(int32_t y) { lowest = y * detail; }
     void line(Point from, Point to, float width, const Ink& ink);
     /// drawn: how many pixels of dashes and gaps there are already; it is moved on.
     void dashes(Point from, Point to, const Ink& ink, float& drawn);
@@ -41,8 +43,12 @@ public:
     zel::BitmapData take() { return std::move(picture); }
 
 private:
-    void blend(int32_t x, int32_t y, const Ink& ink, float alpha);
+    void blend(int32_t x, int32_t y, const Ink& ink, float alpha); // pixels of the picture
+    void writeLetter(const zel::Glyph& glyph, const zel::Bitmap& page, int32_t left, int32_t top,
+                     const Ink& ink);
 
+    int32_t lowest; // pixels of the picture
+    int32_t detail;
+    float scale; // the same as a number to multiply with
     zel::BitmapData picture;
-    int32_t lowest;
 };

@@ -39,8 +39,9 @@ constexpr int32_t ScaleMarks[] = {0, 5, 10, 20}; // kilometres
 
 } // namespace
 
-SectorPainter::SectorPainter(const Sector& sector, const zel::Font* names)
-    : sector(sector), names(names), front(frontOf(sector.date, sector.onChannelMap)) {
+SectorPainter::SectorPainter(const Sector& sector, const zel::Font* names, int32_t detail)
+    : sector(sector), names(names), front(frontOf(sector.date, sector.onChannelMap)),
+      sheet(Width, Height + BarHeight, detail) {
     for (const float scale : Scales) {
         metresAPixel = scale;
         if (fitsAt(scale) && showsFront())

@@ -26,11 +26,11 @@ public:
     static constexpr int32_t Height = 300;
     static constexpr int32_t BarHeight = 44; // below the map
 
-    /// names: the font of towns and figures; a null one leaves them out. REQUIRES: both outlive the
-    /// painter.
-    SectorPainter(const Sector& sector, const zel::Font* names);
+    /// names: the font of towns and figures; a null one leaves them out. detail: pixels of the
+    /// picture to one of the design. REQUIRES: sector and font outlive the painter.
+    SectorPainter(const Sector& sector, const zel::Font* names, int32_t detail = 1);
 
-    /// The picture, Width by Height and BarHeight. To be called once.
+    /// The picture, Width by Height and BarHeight in pixels of the design. To be called once.
     zel::BitmapData paint();
 
 private:
@@ -62,6 +62,6 @@ private:
     const zel::Font* names;
     std::vector<MapPoint> front;
     float metresAPixel = 0;
-    PencilSheet sheet{Width, Height + BarHeight};
+    PencilSheet sheet;
     std::vector<Box> taken;
 };

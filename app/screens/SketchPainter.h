@@ -14,12 +14,14 @@ public:
     static constexpr int32_t BarHeight = 56; // below it
     static constexpr int32_t BarWidth = 160;
 
-    /// placeNames, numbers: fonts; a null one leaves its texts out. REQUIRES: all outlive the
-    /// painter.
-    SketchPainter(const Sketch& sketch, const zel::Font* placeNames, const zel::Font* numbers)
-        : sketch(sketch), placeNames(placeNames), numbers(numbers) {}
+    /// placeNames, numbers: fonts; a null one leaves its texts out. detail: pixels of the picture
+    /// to one of the design. REQUIRES: sketch and fonts outlive the painter.
+    SketchPainter(const Sketch& sketch, const zel::Font* placeNames, const zel::Font* numbers,
+                  int32_t detail = 1)
+        : sketch(sketch), placeNames(placeNames), numbers(numbers),
+          sheet(Width, Height + BarHeight, detail) {}
 
-    /// The picture, Width by Height and BarHeight. To be called once.
+    /// The picture, Width by Height and BarHeight in pixels of the design. To be called once.
     zel::BitmapData paint();
 
 private:
@@ -37,6 +39,6 @@ private:
     const Sketch& sketch;
     const zel::Font* placeNames;
     const zel::Font* numbers;
-    PencilSheet sheet{Width, Height + BarHeight};
+    PencilSheet sheet;
     std::vector<Point> taken; // by marks and numbers
 };

@@ -20,6 +20,7 @@
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"
+#include "engine/window/Window.h"
 
 namespace {
 
@@ -233,7 +234,11 @@ Picture CareerDriver::shot() {
     screens->moveTo(5, 5);
     screens->step(); // draws
     screens->step(); // shows it and draws it again
-    return {1024, 768, zel::Canvas::getInstance().readPixels()};
+    const zel::Window* window = zel::Window::current();
+    if (window == nullptr)
+        return {};
+    return {window->getRealWidth(), window->getRealHeight(),
+            zel::Canvas::getInstance().readPixels()};
 }
 
 InFront::InFront(bool isDrawn) {
