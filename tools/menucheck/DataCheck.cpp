@@ -1,6 +1,7 @@
 #include "tools/menucheck/DataCheck.h"
 
 #include <algorithm>
+#include <set>
 
 #include "engine/core/Directory.h"
 #include "engine/core/File.h"
@@ -10,6 +11,7 @@
 #include "engine/graphics/Font.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/graphics/ImageIndex.h"
+#include "engine/graphics/PictureDetail.h"
 #include "engine/sound/SoundHandler.h"
 #include "tools/menucheck/SaidTexts.h"
 #include "tools/menucheck/ScriptLines.h"
@@ -201,9 +203,13 @@ void NamedData::checkPictures(FindingLog& findings) const {
     if (!zel::system::isDirectory("Pictures"))
         return;
     const zel::Directory folder("Pictures", "*.*");
+    std::set<String> doubled; // shown in place of the plain pictures, on large windows
+    for (int32_t i = 0; i < folder.count(); ++i)
+        doubled.insert(zel::PictureDetail::doubledName(folder.name(i)));
     for (int32_t i = 0; i < folder.count(); ++i) {
         const String file = String(Pictures) + folder.name(i);
-        if (folder.isDirectory(i) || zel::equalsNoCase(file.right(4), IndexEnding))
+        if (folder.isDirectory(i) || zel::equalsNoCase(file.right(4), IndexEnding) ||
+            doubled.count(folder.name(i)) != 0)
             continue;
         const std::vector<zel::ImageDescription> inside = imagesIn(file);
         const bool isShown =
