@@ -105,22 +105,27 @@ void addFlightsToBook(Database& career, int32_t count) {
 }
 
 void addFallToBook(Database& career) {
+    const int32_t nation = career.playerSquadron().nation;
+    const bool isAlliedPlayer = isAllied(nation);
+    const int32_t other = isAlliedPlayer ? Germany : England;
+    const char* const own = isAlliedPlayer ? "se5a" : "fokkerdr1";
+    const char* const theirs = isAlliedPlayer ? "fokkerdr1" : "se5a";
     int32_t foe = 0;
-    while (career.squadron(career.pilot(foe).squadron).nation != Germany)
+    while (career.squadron(career.pilot(foe).squadron).nation != other)
         ++foe;
     FlownMission flight;
     flight.log = "none";
     const std::string names[] = {std::string(zel::arrayText(career.player().name)),
                                  std::string(zel::arrayText(career.pilot(foe).name))};
-    addPlane(flight, career.playerPilot, names[0].c_str(), England, "se5a");
-    addPlane(flight, foe, names[1].c_str(), Germany, "fokkerdr1");
+    addPlane(flight, career.playerPilot, names[0].c_str(), nation, own);
+    addPlane(flight, foe, names[1].c_str(), other, theirs);
     for (const int32_t mate : career.squadronRoster(career.player().squadron))
         if (mate != career.playerPilot)
-            addPlane(flight, mate, career.pilot(mate).name, England, "se5a");
+            addPlane(flight, mate, career.pilot(mate).name, nation, own);
     for (FlightPlane& plane : flight.plan)
         plane.squadron = career.pilot(plane.pilot).squadron;
-    PilotReport& own = flight.reports[0];
-    own.shotDown = own.dead = own.shotdownBy = 1;
+    PilotReport& fallen = flight.reports[0];
+    fallen.shotDown = fallen.dead = fallen.shotdownBy = 1;
     flight.reports[1].kills = {0};
     flight.events.push_back(
         eventAt(career.playerSquadron(), FlightEventKind::Kill, 420, 1, 0, 2000, 3000));
@@ -134,7 +139,8 @@ void addFlight(Database& career, int32_t victories) {
     FlownMission flight;
     flight.log = "none";
     flight.plan.push_back({career.playerPilot, career.player().squadron,
-                           zel::arrayText(career.player().name), "se5a",
+                           zel::arrayText(career.player().name),
+                           isAllied(career.playerSquadron().nation) ? "se5a" : "albatrosd3",
                            career.playerSquadron().nation, 1});
     PilotReport& report = flight.reports.emplace_back();
     report.pilot = career.playerPilot;
@@ -143,7 +149,9 @@ void addFlight(Database& career, int32_t victories) {
     flight.causes.resize(1);
     career.observer->onFlight(career, flight);
     for (int32_t i = 0; i < victories; ++i) {
-        Victory victory = victoryOver("August Hanko", career.player().shotdowns);
+        const bool isOverGerman = isAllied(career.playerSquadron().nation);
+        Victory victory = victoryOver(isOverGerman ? "August Hanko" : "Leonard Barlow",
+                                      career.player().shotdowns, isOverGerman);
         victory.victor = career.playerPilot;
         victory.isSeen = true;
         career.observer->onVictory(career, victory);
@@ -152,13 +160,14 @@ void addFlight(Database& career, int32_t victories) {
     ++career.player().missions;
 }
 
-Victory victoryOver(const char* victim, int32_t number) {
-    constexpr const char* Machines[] = {"albatrosd3", "fokkerdr1", "DFW C.V", "fokkerd8",
-                                        "Balloon"};
+Victory victoryOver(const char* victim, int32_t number, bool isGerman) {
+    constexpr const char* Machines[][5] = {
+        {"spad13", "soptriplane", "R.E.8", "sopcamel", "Balloon"},
+        {"albatrosd3", "fokkerdr1", "DFW C.V", "fokkerd8", "Balloon"}};
     Victory victory;
     victory.victimName = victim;
     victory.victorAircraft = "se5a";
-    victory.victimAircraft = Machines[number % 5];
+    victory.victimAircraft = Machines[isGerman ? 1 : 0][number % 5];
     return victory;
 }
 

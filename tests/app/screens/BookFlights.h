@@ -10,12 +10,12 @@ class Database;
 /// days up to its date. Each is a fight of his squadron against four others, with its places; every
 /// third brings a victory. The save knows nothing of them.
 void addFlightsToBook(Database& career, int32_t count);
-/// The player, an Englishman, falls to a German of the career: one more flight of his, which is
-/// carried into the career too.
+/// The player falls to somebody of the other side: one more flight of his, which is carried into
+/// the career too.
 void addFallToBook(Database& career);
 /// A flight of the player with so many victories, as the record hears of it.
 void addFlight(Database& career, int32_t victories);
 /// A victory over a man of that name, in one of five machines by the number. Its victor is missing.
-Victory victoryOver(const char* victim, int32_t number);
+Victory victoryOver(const char* victim, int32_t number, bool isGerman = true);
 /// The victor brings the pilot down, who dies.
 void fell(Database& career, int32_t pilot, int32_t victor);

@@ -1,7 +1,11 @@
 #include "tests/app/screens/TourStates.h"
 
+#include <algorithm>
 #include <filesystem>
 
+#include "app/book/LogBookText.h"
+#include "app/book/OrdersText.h"
+#include "app/book/PilotRecord.h"
 #include "app/career/Nation.h"
 #include "app/report/CombatReport.h"
 #include "app/screens/FlightRoster.h"
@@ -75,9 +79,17 @@ bool tourEnlistment(CareerDriver& driver, const std::function<void(const std::st
 }
 
 bool crowdRoster(CareerDriver& driver, const std::function<void(const std::string&)>& visit) {
-    std::vector<RosterEntry> flight{{"2nd Lt W. Hohenlohe (you)", "se5a", 100}};
+    constexpr size_t Letters = 25; // of the orders
+    const RankRow* const rank =
+        &*std::find_if(BookTables::instance().ranks.begin(), BookTables::instance().ranks.end(),
+                       [](const RankRow& one) { return one.shortName == "Flt Sub-Lt"; });
+    PilotRecord player;
+    player.name = "Bartholomew-Maximilian Feathers";
+    player.honours.ranks.push_back({19170402, rank});
+    std::vector<RosterEntry> flight{{rosterName(player, Letters), "se5a", 100}};
     for (int32_t i = 0; i < 12; ++i)
-        flight.push_back({"Companion", i % 2 == 0 ? "albatrosd2late" : "sopcamel", 12 - i});
+        flight.push_back({initialName("Wolfram-Friedrich von Hohenlohe", Letters),
+                          i % 2 == 0 ? "albatrosd2late" : "sopcamel", 12 - i});
     FlightRoster().show(driver.screens->menu(), flight);
     visit("MenuGameStartMission_Full");
     return true;
