@@ -183,7 +183,9 @@ bool SectorPainter::name(Point place, std::string_view text, float gap) {
     const Point starts[] = {{place.x + gap, place.y},
                             {place.x - gap - width, place.y},
                             {place.x - width / 2, place.y - gap - HalfName},
-                            {place.x - width / 2, place.y + gap + HalfName}};
+                            {place.x - width / 2, place.y + gap + HalfName},
+                            {place.x - width / 2, place.y + gap + 3 * HalfName},
+                            {place.x - width / 2, place.y - gap - 3 * HalfName}};
     for (const Point& start : starts) {
         const Box box{start.x, start.y - HalfName, start.x + width, start.y + HalfName};
         const bool isIn =
