@@ -23,7 +23,7 @@ from fieldmap import SECTORS
 from holders import BINDINGS, ROWS, row_sheet, silk_ribbon, slip_sheet, spine_sheet
 from icon import large_icon, small_icon
 from outlines import fill, path, stroke, vector
-from pixels import DOUBLE, drawn_at, empty, full, over, part, rgb, size, to_bytes, with_alpha
+from pixels import DOUBLE, drawn_at, empty, full, over, rgb, to_bytes, trimmed, with_alpha
 from props import stamp, sweep_hand
 from sheets import BLUE, INK, RED, desk
 from tallies import sign
@@ -82,9 +82,7 @@ def whole(picture, name, lifetime=''):
 
 def book_stamp(text, color, w, px):
     """What is stamped on the card of a log book, without the room around it."""
-    printed = stamp([(text, px)], color, 8, w, 54, -6, px)
-    h, w = size(printed)
-    return part(printed, 20, 20, w - 40, h - 40)
+    return trimmed(stamp([(text, px)], color, 8, w, 54, -6, px), 20)
 
 
 def shade_off():

@@ -4,7 +4,7 @@ from brass import LOOKS, looks_sheet
 from holders import holder
 from lettering import ink
 from outlines import path, spline, stroke, vector
-from pixels import empty, lay, over, part, rgb, size
+from pixels import empty, lay, over, rgb, trimmed
 from props import pin, stamp
 from sheets import (BLUE, CARD, GREEN_PENCIL, H, OLD_CARD, RED, W, lay_pencil, lay_turned, office_sheet, ruled, rules)
 from textures import paper
@@ -81,19 +81,12 @@ def ticks():
     return sheet, index
 
 
-def _stamped(text, color, w, px):
-    """A stamp without the room around it."""
-    printed = stamp([(text, px)], color, 8, w, 58, -5, px)
-    h, w = size(printed)
-    return part(printed, 20, 20, w - 40, h - 40)
-
-
 def stamp_ready():
-    return _stamped('READY TO FLY', BLUE, 212, 22)
+    return trimmed(stamp([('READY TO FLY', 22)], BLUE, 8, 212, 58, -5, 22), 20)
 
 
 def stamp_open():
-    return _stamped('NOT READY YET', RED, 240, 21)
+    return trimmed(stamp([('NOT READY YET', 21)], RED, 8, 240, 58, -5, 21), 20)
 
 
 # -- rows of folders

@@ -80,6 +80,12 @@ def part(a, x, y, w, h):
     return a[px(y):px(y + h), px(x):px(x + w)]
 
 
+def trimmed(a, margin):
+    """Without a margin on all sides."""
+    h, w = size(a)
+    return part(a, margin, margin, w - 2 * margin, h - 2 * margin)
+
+
 # -- planes
 
 
