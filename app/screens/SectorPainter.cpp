@@ -137,10 +137,10 @@ void SectorPainter::paintFieldName(const std::vector<Point>& line) {
     const std::vector<Box> rings = taken;
     for (size_t i = 1; i < line.size(); ++i) {
         const Point way{line[i].x - line[i - 1].x, line[i].y - line[i - 1].y};
-        const float steps = std::ceil(std::hypot(way.x, way.y) / NameAside);
-        for (float step = 0; step <= steps; ++step) {
-            const Point place{line[i - 1].x + way.x * step / steps,
-                              line[i - 1].y + way.y * step / steps};
+        const auto steps = static_cast<int32_t>(std::ceil(std::hypot(way.x, way.y) / NameAside));
+        for (int32_t step = 0; step <= steps; ++step) {
+            const float part = static_cast<float>(step) / static_cast<float>(std::max(steps, 1));
+            const Point place{line[i - 1].x + way.x * part, line[i - 1].y + way.y * part};
             taken.push_back({place.x - NameAside, place.y - NameAside, place.x + NameAside,
                              place.y + NameAside});
         }
