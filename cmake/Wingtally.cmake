@@ -93,6 +93,6 @@ function(wingtally_screen_test name)
     COMMAND ${own_display} ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>
     WORKING_DIRECTORY ${WINGTALLY_RUN_DIR})
   # One at a time, and from the start: they take longest.
-  set_tests_properties(${name} PROPERTIES LABELS screens TIMEOUT 600 RESOURCE_LOCK display COST 1000
+  set_tests_properties(${name} PROPERTIES LABELS screens TIMEOUT 1200 RESOURCE_LOCK display COST 1000
     ENVIRONMENT "LIBGL_ALWAYS_SOFTWARE=1;SDL_AUDIODRIVER=dummy")
 endfunction()
