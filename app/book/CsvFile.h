@@ -11,8 +11,8 @@
 /// doubled quotes. Texts are in the program's code page, and may be UTF-8 in the file.
 class CsvFile {
 public:
-    /// header: the first line that the file must have; a name that ends in `*` stands for any
-    /// number of columns that begin so, even none. On error: a file that begins otherwise is
+    /// header: the first line that the file must have; a name that ends in `*` matches any
+    /// number of columns with that beginning, even none. On error: a file that begins otherwise is
     /// logged, as is one that is missing, unless it may be, and has no rows.
     CsvFile(const zel::String& name, std::string_view header, bool mayBeMissing = false);
 

@@ -6,8 +6,8 @@
 #include "tools/common/Finding.h"
 
 /// The stand-in simulator inside the program: it flies the missions of a player who has no
-/// simulator. Its simulator folder is in the player's folder, and the settings name that folder, so
-/// that the choice is kept, and undone by choosing another.
+/// simulator. Its simulator folder is in the player's folder. The settings name that folder, which
+/// keeps the choice; choosing another folder undoes it.
 class OwnStandIn {
 public:
     /// From the root, without a trailing separator.
