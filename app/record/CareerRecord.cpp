@@ -207,7 +207,7 @@ bool CareerRecord::onSaving(const Database& career, std::string_view content) {
     place = Place::File;
     lastSave = page;
     mark = added;
-    events = {};
+    events.clear();
     writer.reset();
     rowsWait = false;
     return true;

@@ -57,6 +57,14 @@ struct RecordEvents {
 
     /// A flight with that log, by its name and hash.
     bool hasFlight(const zel::String& log, const zel::String& hash) const;
+    /// Keeps the room: the next period brings as many.
+    void clear() {
+        gaps.clear();
+        flights.clear();
+        victories.clear();
+        postings.clear();
+        bases.clear();
+    }
     bool empty() const {
         return gaps.empty() && flights.empty() && victories.empty() && postings.empty() &&
                bases.empty();

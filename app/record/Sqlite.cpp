@@ -1,25 +1,15 @@
 #include "app/record/Sqlite.h"
 
-#include <cmath>
 #include <sqlite3.h>
 #include <utility>
 
+#include "app/record/SqliteText.h"
 #include "engine/core/System.h"
-#include "engine/core/TextEncoding.h"
 
 namespace {
 
 // A player may be reading the file with a tool of his own.
 constexpr int PatienceMilliseconds = 500;
-
-bool isPlain(std::string_view text) {
-    uint8_t bits = 0; // of all characters: faster than to stop at the first
-    for (const char character : text) {
-        const auto byte = static_cast<uint8_t>(character);
-        bits |= byte < ' ' ? 0x80 : byte; // control codes may be letters of texts
-    }
-    return bits < 0x80;
-}
 
 /// A file that nobody has open is read as it is, without locks and companions beside it: then it
 /// can also be on a disk that is read-only.
@@ -86,9 +76,10 @@ bool SqliteFile::openAs(const char* name, int flags) {
     close();
     const int result = sqlite3_open_v2(
         name, &handle, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
-    if (handle != nullptr)
-        sqlite3_busy_timeout(handle, PatienceMilliseconds);
-    return check(result);
+    if (handle == nullptr || !check(result))
+        return check(result);
+    sqlite3_busy_timeout(handle, PatienceMilliseconds);
+    return check(addRowsTable(handle, &rowsToInsert));
 }
 
 void SqliteFile::close() {
@@ -141,6 +132,12 @@ bool SqliteFile::isInTransaction() const {
 }
 
 int64_t SqliteFile::lastRow() const { return sqlite3_last_insert_rowid(handle); }
+
+void SqliteFile::insertAll(const char* table, int columns, const SqliteRows& rows) {
+    rowsToInsert = &rows;
+    SqliteStatement(*this, insertionOfRows(table, columns)).next();
+    rowsToInsert = nullptr;
+}
 
 bool SqliteFile::isDamaged() const {
     switch (code & 0xFF) {
@@ -201,34 +198,24 @@ bool SqliteStatement::next() {
     return false;
 }
 
-void SqliteStatement::bind(int place, int64_t value) {
-    if (handle != nullptr)
-        file.check(sqlite3_bind_int64(handle, place, value));
-}
-
-void SqliteStatement::bind(int place, double value) {
-    if (handle != nullptr)
-        file.check(sqlite3_bind_double(handle, place, value));
-}
-
-void SqliteStatement::bind(int place, float value) {
-    bind(place, std::round(double{value} * 1000) / 1000);
-}
-
-void SqliteStatement::bind(int place, std::string_view value) {
+void SqliteStatement::bind(int place, const SqliteValue& value) {
     if (handle == nullptr)
         return;
-    const std::string converted = isPlain(value) ? std::string() : zel::utf8Of(value);
-    const std::string_view bytes = converted.empty() ? value : converted;
-    const char* start = bytes.data() != nullptr ? bytes.data() : ""; // null would be NULL
-    // Only what was converted is gone before the statement runs.
-    const sqlite3_destructor_type lifetime = converted.empty() ? SQLITE_STATIC : SQLITE_TRANSIENT;
-    file.check(sqlite3_bind_text(handle, place, start, static_cast<int>(bytes.size()), lifetime));
-}
-
-void SqliteStatement::bindNull(int place) {
-    if (handle != nullptr)
+    switch (value.kind()) {
+    case SqliteValue::Kind::Null:
         file.check(sqlite3_bind_null(handle, place));
+        break;
+    case SqliteValue::Kind::Integer:
+        file.check(sqlite3_bind_int64(handle, place, value.integer()));
+        break;
+    case SqliteValue::Kind::Real:
+        file.check(sqlite3_bind_double(handle, place, value.real()));
+        break;
+    case SqliteValue::Kind::Text:
+        passText(value.text(), [&](const char* text, int size, sqlite3_destructor_type lifetime) {
+            file.check(sqlite3_bind_text(handle, place, text, size, lifetime));
+        });
+    }
 }
 
 int64_t SqliteStatement::number(int column) const { return sqlite3_column_int64(handle, column); }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "app/record/SqliteRows.h"
 #include "engine/core/String.h"
 
 struct sqlite3;
@@ -47,6 +48,8 @@ public:
     bool isInTransaction() const;
     /// Of the last row that was inserted.
     int64_t lastRow() const;
+    /// Inserts rows of so many values, one for each column of the table. On error: none of them.
+    void insertAll(const char* table, int columns, const SqliteRows& rows);
 
     bool failed() const { return code != 0; }
     /// The error is of the file's content, and will be there again at the next attempt: it is no
@@ -62,6 +65,7 @@ private:
 
     sqlite3* handle = nullptr;
     std::unordered_map<std::string, sqlite3_stmt*> idle; // prepared, by their text
+    const SqliteRows* rowsToInsert = nullptr;            // during insertAll()
     int code = 0;                                        // of the first error
     zel::String message;
 };
@@ -79,12 +83,9 @@ public:
     /// stay as they are until the rows have been read.
     template <typename... Values> SqliteStatement& with(const Values&... values) {
         restart();
-        fill(0, values...);
-        return *this;
-    }
-    /// Binds the values to the marks after the first so many, without restarting it.
-    template <typename... Values> void fill(int place, const Values&... values) {
+        int place = 0;
         (bind(++place, values), ...);
+        return *this;
     }
     /// The same, and runs a statement that gives no rows.
     template <typename... Values> void insert(const Values&... values) {
@@ -110,21 +111,7 @@ public:
 
 private:
     void restart();
-    void bind(int place, int64_t value);
-    void bind(int place, int32_t value) { bind(place, int64_t{value}); }
-    void bind(int place, bool value) { bind(place, int64_t{value}); }
-    void bind(int place, double value);
-    void bind(int place, float value); // to three decimals
-    void bind(int place, std::string_view value);
-    void bind(int place, const zel::String& value) { bind(place, value.view()); }
-    void bind(int place, const char* value) { bind(place, std::string_view(value)); }
-    template <typename Value> void bind(int place, const std::optional<Value>& value) {
-        if (value)
-            bind(place, *value);
-        else
-            bindNull(place);
-    }
-    void bindNull(int place);
+    void bind(int place, const SqliteValue& value);
 
     SqliteFile& file;
     std::string sql;
