@@ -2,8 +2,9 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
+
+#include "tests/support/Texts.h"
 
 namespace fs = std::filesystem;
 
@@ -31,7 +32,4 @@ std::string TemporaryFolder::write(std::string_view name, std::string_view conte
     return path;
 }
 
-std::string TemporaryFolder::read(std::string_view name) const {
-    std::ifstream stream(fs::path(folder) / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
+std::string TemporaryFolder::read(std::string_view name) const { return fileText(file(name)); }

@@ -26,10 +26,14 @@ Picture loaded(const std::string& file) {
         return result;
     result.width = bitmap.width();
     result.height = bitmap.height();
+    result.pixels.resize(static_cast<size_t>(result.width) * static_cast<size_t>(result.height) * 3);
+    uint8_t* channel = result.pixels.data();
     for (int32_t y = 0; y < result.height; ++y)
-        for (int32_t x = 0; x < result.width; ++x)
+        for (int32_t x = 0; x < result.width; ++x) {
+            const uint32_t argb = bitmap.pixelAt(x, y);
             for (const int32_t shift : {16, 8, 0})
-                result.pixels.push_back(static_cast<uint8_t>(bitmap.pixelAt(x, y) >> shift & 0xFF));
+                *channel++ = static_cast<uint8_t>(argb >> shift & 0xFF);
+        }
     return result;
 }
 
