@@ -212,21 +212,21 @@ public:
         svg.rect(0.5F, 0.5F, MapWidth - 1, height - 1, "fill=\"#EFE6CE\" stroke=\"#2A1E12\"");
         front(3, "stroke=\"#A3241B\" stroke-width=\"1.8\" stroke-dasharray=\"5 2\"");
         front(-3, "stroke=\"#23406B\" stroke-width=\"1.8\" stroke-dasharray=\"5 2\"");
+        svg.beginLine();
+        for (const MapPoint& point : sketch.way)
+            svg.point(x(point), y(point));
+        if (!sketch.way.empty())
+            svg.endLine("stroke=\"#2A1E12\" stroke-width=\"1.5\" stroke-dasharray=\"6 3\"");
         for (const Town& town : sketch.towns)
             place(town.place, nameInLanguage(town.name), 2);
         if (sketch.hasBase) {
             svg.circle(x(sketch.base), y(sketch.base), 5, "fill=\"none\" stroke=\"#2A1E12\"");
             place(sketch.base, sketch.baseName, 2.5F);
         }
-        svg.beginLine();
-        for (const MapPoint& point : sketch.way)
-            svg.point(x(point), y(point));
-        if (!sketch.way.empty())
-            svg.endLine("stroke=\"#2A1E12\" stroke-width=\"1.5\" stroke-dasharray=\"6 3\"");
         for (const SketchMark& one : sketch.marks)
             mark(one);
         bar();
-        return svg.element(title, described);
+        return svg.element(title, described, "halo"); // lines run below the names
     }
 
 private:

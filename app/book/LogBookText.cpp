@@ -284,8 +284,7 @@ std::vector<zel::String> logBookLines(const LogBook& book) {
         lines.push_back(lineOf(logBookRow(book.flights[i])));
         if (!book.endsPilot(i))
             continue;
-        const zel::String next = successionText(book, i);
-        lines.push_back(fallText(book.flights[i]) + (next.empty() ? "" : " ") + next);
+        lines.push_back(joined({fallText(book.flights[i]), successionText(book, i)}, " "));
     }
     if (book.flights.empty())
         lines.push_back(emptyBookText(book));

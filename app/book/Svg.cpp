@@ -90,9 +90,12 @@ std::string Svg::ornament(std::string_view cssClass, int32_t shownWidth) const {
            "\" aria-hidden=\"true\">" + body + "</svg>";
 }
 
-std::string Svg::element(const zel::String& title, const zel::String& description) const {
+std::string Svg::element(const zel::String& title, const zel::String& description,
+                         std::string_view cssClass) const {
     const std::string name = htmlOf(title);
-    return "<svg viewBox=\"0 0 " + figure(width) + " " + figure(height) +
+    const std::string classText =
+        cssClass.empty() ? "" : "class=\"" + std::string(cssClass) + "\" ";
+    return "<svg " + classText + "viewBox=\"0 0 " + figure(width) + " " + figure(height) +
            "\" role=\"img\" aria-label=\"" + name + "\"><title>" + name + "</title><desc>" +
            htmlOf(description) + "</desc>" + body + "</svg>";
 }

@@ -25,8 +25,10 @@ public:
     void point(float x, float y);
     void endLine(std::string_view style);
 
-    /// The element, with a title and a description for those who don't see it.
-    std::string element(const zel::String& title, const zel::String& description) const;
+    /// The element, with a title and a description for those who don't see it. cssClass: of the
+    /// page's template; empty for none.
+    std::string element(const zel::String& title, const zel::String& description,
+                        std::string_view cssClass = {}) const;
     /// The element as an ornament beside words that say the same, so wide in the page's pixels.
     std::string ornament(std::string_view cssClass, int32_t shownWidth) const;
 

@@ -191,7 +191,7 @@ void PageData::addFlights() {
         one["result"] = valueOf(row.result);
         one["total"] = valueOf(row.total);
         if (book.endsPilot(i))
-            one["fall"] = valueOf(fallText(flight) + " " + successionText(book, i));
+            one["fall"] = valueOf(joined({fallText(flight), successionText(book, i)}, " "));
         rows << one;
     }
     page["flights"] = std::move(rows);
