@@ -201,6 +201,16 @@ std::string timelineOf(const LogBook& book, const Honours& honours) {
 
 namespace {
 
+struct Pixel {
+    float x, y;
+};
+/// A part of a line, in lengths of the whole one.
+struct Clip {
+    float begin = 0;
+    float end = 1;
+    bool isEmpty() const { return begin >= end; }
+};
+
 /// Draws a sketch on its small map.
 class MapDrawing {
 public:
@@ -234,31 +244,54 @@ private:
     float y(const MapPoint& point) const {
         return height - (point.x - sketch.frame.southWest.x) * scale;
     }
-    /// The pieces of it that touch the map.
+    /// The pieces of it on the map, moved so many pixels to its left.
     void front(float aside, const char* style) {
         bool isOpen = false;
         for (size_t i = 1; i < sketch.front.size(); ++i) {
-            const MapPoint& from = sketch.front[i - 1];
-            const MapPoint& to = sketch.front[i];
-            if (!sketch.frame.holds(from) && !sketch.frame.holds(to)) {
-                if (isOpen)
-                    svg.endLine(style);
-                isOpen = false;
+            Pixel from{x(sketch.front[i - 1]), y(sketch.front[i - 1])};
+            Pixel to{x(sketch.front[i]), y(sketch.front[i])};
+            const float length = std::hypot(to.x - from.x, to.y - from.y);
+            if (length <= 0)
                 continue;
+            const Pixel shift{(to.y - from.y) / length * aside, (from.x - to.x) / length * aside};
+            from = {from.x + shift.x, from.y + shift.y};
+            to = {to.x + shift.x, to.y + shift.y};
+            const Clip part = onMap(from, to);
+            if (isOpen && (part.isEmpty() || part.begin > 0)) {
+                svg.endLine(style);
+                isOpen = false;
             }
-            if (!isOpen) {
+            if (part.isEmpty())
+                continue;
+            if (!isOpen)
                 svg.beginLine();
-                point(from, aside);
-            }
-            isOpen = true;
-            point(to, aside);
+            svg.point(from.x + (to.x - from.x) * part.begin, from.y + (to.y - from.y) * part.begin);
+            svg.point(from.x + (to.x - from.x) * part.end, from.y + (to.y - from.y) * part.end);
+            isOpen = part.end == 1;
+            if (!isOpen)
+                svg.endLine(style);
         }
         if (isOpen)
             svg.endLine(style);
     }
-    void point(const MapPoint& place, float aside) {
-        svg.point(std::clamp(x(place) + aside, 1.0F, MapWidth - 1),
-                  std::clamp(y(place), 1.0F, height - 1));
+    /// Which part of that line is on the map.
+    Clip onMap(const Pixel& from, const Pixel& to) const {
+        constexpr float Edge = 1;
+        Clip part;
+        // room: from its begin to that edge; step: how far it goes that way.
+        const auto cut = [&](float step, float room) {
+            if (step > 0)
+                part.end = std::min(part.end, room / step);
+            else if (step < 0)
+                part.begin = std::max(part.begin, room / step);
+            else if (room < 0)
+                part.end = 0;
+        };
+        cut(from.x - to.x, from.x - Edge);
+        cut(to.x - from.x, MapWidth - Edge - from.x);
+        cut(from.y - to.y, from.y - Edge);
+        cut(to.y - from.y, height - Edge - from.y);
+        return part;
     }
     void place(const MapPoint& place, const zel::String& name, float dot) {
         svg.circle(x(place), y(place), dot, "fill=\"#2A1E12\"");

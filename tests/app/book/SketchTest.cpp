@@ -1,9 +1,11 @@
 #include "app/book/Sketch.h"
 
+#include <array>
 #include <cmath>
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookCharts.h"
 #include "app/report/CombatReport.h"
 #include "app/report/FlightAccount.h"
 #include "tests/app/book/HandMadeRecord.h"
@@ -158,6 +160,33 @@ TEST(Sketch, TakesTheBaseOfItsDayFromTheRecord) {
 
 // Towns and front are where the airfields of the simulator's maps are, within some kilometres, and
 // the front stays between the two sides' towns.
+TEST(Sketch, HasItsFrontInPiecesOnThePage) {
+    // Pixels of the picture, and the lines that are drawn: red three to the left of it, then blue.
+    struct Case {
+        std::vector<std::array<float, 2>> front;
+        std::vector<const char*> lines;
+    };
+    for (const Case& one : std::vector<Case>{
+             {{{-50, 119}, {400, 119}}, {"1.0,116.0 311.0,116.0", "1.0,122.0 311.0,122.0"}},
+             {{{-104, 204}, {204, -104}}, {"1.0,94.8 94.8,1.0", "1.0,103.2 103.2,1.0"}},
+             {{{-104, 50}, {50, -104}}, {}},
+             {{{100, -9}, {100, 50}, {400, 50}, {400, 90}, {100, 90}},
+              {"103.0,1.0 103.0,50.0 100.0,47.0 311.0,47.0", "311.0,93.0 100.0,93.0",
+               "97.0,1.0 97.0,50.0 100.0,53.0 311.0,53.0", "311.0,87.0 100.0,87.0"}}}) {
+        Sketch sketch;
+        const float scale = sketch.frame.width() / 312; // metres of a pixel
+        for (const auto& [x, y] : one.front)
+            sketch.front.push_back({(238 - y) * scale, x * scale});
+        const std::string page = sketchPicture(sketch, "", "");
+        size_t at = 0;
+        for (const char* line : one.lines) {
+            at = page.find("<polyline points=\"", at) + 18;
+            EXPECT_EQ(page.substr(at, page.find('"', at) - at), line);
+        }
+        EXPECT_EQ(page.find("<polyline", at), std::string::npos);
+    }
+}
+
 TEST(Theatre, FitsTheSimulatorsMaps) {
     const struct {
         const char* name;
