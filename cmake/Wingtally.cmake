@@ -1,5 +1,11 @@
 # How every library, program and test of the tree is made: the flags live here once.
 
+# Unity builds (presets ci and asan) compile the sources of a target together: the standard headers are
+# read once. A compiler cache does better with one source at a time.
+if(CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_UNITY_BUILD OFF)
+endif()
+
 add_library(wingtally_flags INTERFACE)
 target_include_directories(wingtally_flags INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(wingtally_flags INTERFACE
@@ -7,13 +13,9 @@ target_compile_options(wingtally_flags INTERFACE
   -ffp-contract=off
   -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wformat=2
   $<$<CXX_COMPILER_ID:GNU>:-Wsuggest-override> $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
-  $<$<CXX_COMPILER_ID:Clang>:-Wshadow>)
+  # In a unity build the names of one source would shadow those of another.
+  $<$<AND:$<CXX_COMPILER_ID:Clang>,$<NOT:$<BOOL:${CMAKE_UNITY_BUILD}>>>:-Wshadow>)
 
-# Unity builds (presets ci and asan) compile the sources of a target together: the standard headers are
-# read once. A compiler cache does better with one source at a time.
-if(CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_UNITY_BUILD OFF)
-endif()
 if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   # It takes every source in a unity build for a header, in which an anonymous namespace is a fault.
   target_compile_options(wingtally_flags INTERFACE -Wno-subobject-linkage)
@@ -67,12 +69,13 @@ endfunction()
 # label. It runs in the staged run folder, where the delivered Data is.
 function(wingtally_test name)
   cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LINKS" ${ARGN})
-  if(ARG_LABEL STREQUAL unit AND NOT WINGTALLY_UNIT_TESTS)
-    return()
-  endif()
   add_test_program(${name} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS})
   if(ARG_LABEL STREQUAL unit)
     add_dependencies(unit_tests ${name})
+  endif()
+  if(ARG_LABEL STREQUAL unit AND NOT WINGTALLY_UNIT_TESTS)
+    set_target_properties(${name} PROPERTIES EXCLUDE_FROM_ALL ON)
+    return()
   endif()
   gtest_discover_tests(${name} WORKING_DIRECTORY ${WINGTALLY_RUN_DIR} DISCOVERY_MODE PRE_TEST
     PROPERTIES LABELS ${ARG_LABEL} TIMEOUT 900
