@@ -101,12 +101,12 @@ private:
 };
 
 zel::String flightsSentence(const PilotRecord& pilot) {
-    const int32_t flights = std::max(pilot.missions, int32_t(pilot.flights.size()));
-    const zel::String flown = countText(wording::FlightsOfLetter, flights);
+    const zel::String flown = countText(wording::FlightsOfLetter, pilot.flown);
     if (pilot.victoryCount > 0)
         return textOf(wording::LetterVictories,
                       {flown, countText(wording::Victories, pilot.victoryCount)});
-    return flights <= 1 ? textOf(wording::LetterFirst) : textOf(wording::LetterFlights, {flown});
+    return pilot.flown <= 1 ? textOf(wording::LetterFirst)
+                            : textOf(wording::LetterFlights, {flown});
 }
 
 /// Empty without a decoration.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/book/LogBook.h"
+#include "app/book/RecordedService.h"
 #include "app/book/RowSearch.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
@@ -23,35 +24,42 @@ public:
 
     void read(bool mayGather) {
         const ReadLock lock(record);
-        readFlights();
         readMoves();
-        if (isPlayers())
+        const SavedPilot saved = savedPilot();
+        pilot.served = readService(record, saved);
+        pilot.flights = pilot.served.flights;
+        if (pilot.served.since != 0)
             readOwn();
         else
             readOthers(mayGather);
-        if (pilot.since == 0)
-            pilot.since = pilot.victories.empty() ? pilot.until : pilot.victories.front().date;
-        if (branches.empty() && career.isSquadron(pilot.squadron))
-            serve(pilot.since, pilot.squadron); // he hasn't flown yet
-        pilot.served = service();
+        addUnrecorded(record, saved, pilot.served);
+        pilot.flown =
+            pilot.served.hasFlights ? int32_t(pilot.served.flights.size()) : pilot.missions;
         pilot.honours = honoursOf(pilot.served);
     }
 
 private:
-    bool isPlayers() const { return !pilot.flights.empty() || pilot.pilot == career.playerPilot; }
+    SavedPilot savedPilot() const {
+        SavedPilot saved;
+        saved.pilot = pilot.pilot;
+        saved.isPlayer = pilot.pilot == career.playerPilot;
+        saved.isAlive = pilot.isAlive;
+        saved.nation = pilot.nation;
+        saved.unit = unitNumber(career, career.squadron(pilot.squadron).squadronFile);
+        saved.date = pilot.until;
+        saved.missions = pilot.missions;
+        saved.victories = pilot.victoryCount;
+        return saved;
+    }
 
-    void readFlights() {
-        SqliteStatement row(record, "SELECT date, squadron, dead, number FROM flight"
-                                    " WHERE pilot = ? ORDER BY number");
+    /// The flight in which he fell.
+    void readFall() {
+        SqliteStatement row(record, "SELECT date, squadron, number FROM flight"
+                                    " WHERE pilot = ? AND dead <> 0");
         row.with(pilot.pilot);
-        while (row.next()) {
-            const int32_t date = row.integer(0);
-            pilot.flights.push_back(date);
-            serve(date, row.integer(1));
-            if (row.number(2) != 0)
-                pilot.postings.push_back(
-                    {PilotPosting::Died, date, row.integer(1), -1, victorIn(row.integer(3))});
-        }
+        while (row.next())
+            pilot.postings.push_back(
+                {PilotPosting::Died, row.integer(0), row.integer(1), -1, victorIn(row.integer(2))});
     }
 
     /// Who brought him down in that flight; empty for nobody else.
@@ -67,13 +75,6 @@ private:
                           : zel::String();
     }
 
-    void serve(int32_t date, int32_t squadron) {
-        const int32_t unit = unitNumber(career, career.squadron(squadron).squadronFile);
-        const Branch branch = branchOfUnit(unit);
-        if (branches.empty() || branches.back().branch != branch)
-            branches.push_back({date, branch});
-    }
-
     /// Transfers and successions.
     void readMoves() {
         SqliteStatement row(record,
@@ -86,23 +87,13 @@ private:
             pilot.postings.push_back({isMove ? PilotPosting::Moved : PilotPosting::Succeeded,
                                       row.integer(0), row.integer(2), row.index(3),
                                       isMove ? zel::String() : row.text(4)});
-            if (!isMove)
-                pilot.since = row.integer(0);
         }
     }
 
-    /// The player was in his squadron from the first day of the war, and flies from the day on
-    /// which the player took him up.
     void readOwn() {
-        if (pilot.since == 0) {
-            pilot.since = firstDayOfPlay();
-            SqliteStatement gap(record,
-                                "SELECT count(*) FROM gap WHERE since <= ?1 AND until >= ?1");
-            gap.with(pilot.since);
-            pilot.isSinceKnown = !gap.next() || gap.number(0) == 0;
-        }
-        if (!pilot.flights.empty() && !pilot.isAlive)
-            pilot.until = pilot.flights.back();
+        pilot.since = pilot.served.since;
+        pilot.until = pilot.served.until;
+        readFall();
         // CROSS: the flights first, whose victories are indexed.
         SqliteStatement row(record,
                             "SELECT victory.date, victim_name, victim_aircraft, died FROM flight"
@@ -114,19 +105,14 @@ private:
             std::any_of(pilot.postings.begin(), pilot.postings.end(), [](const PilotPosting& one) {
                 return one.kind == PilotPosting::Succeeded;
             });
-        if (!hasCome)
+        if (!hasCome) {
+            SqliteStatement gap(record,
+                                "SELECT count(*) FROM gap WHERE since <= ?1 AND until >= ?1");
+            gap.with(pilot.since);
+            pilot.isSinceKnown = !gap.next() || gap.number(0) == 0;
             addArrival();
+        }
         sortPostings();
-    }
-
-    int32_t firstDayOfPlay() const {
-        int32_t day = career.calendar().dateNumber();
-        if (const auto page = int32_t(record.number("SELECT date FROM page ORDER BY id LIMIT 1"));
-            page != 0)
-            day = std::min(day, page);
-        if (!pilot.flights.empty())
-            day = std::min(day, pilot.flights.front());
-        return day;
     }
 
     /// He came to the squadron that he left first, or is in still. What moved him before that
@@ -152,8 +138,13 @@ private:
         if (!pilot.isAlive)
             readDeath();
         sortPostings();
-        for (const PilotPosting& one : pilot.postings)
-            serve(one.date, one.squadron);
+        readVictories();
+        if (pilot.since == 0)
+            pilot.since = pilot.victories.empty() ? pilot.until : pilot.victories.front().date;
+        serve();
+    }
+
+    void readVictories() {
         if (pilot.victoryCount == 0)
             return;
         SqliteStatement known(record, "SELECT date, victim_name, victim_aircraft, died FROM victory"
@@ -167,6 +158,26 @@ private:
                        : firstRowFrom(record, DatedTable::Victory, pilot.since) - 1,
                    pilot.pilot);
         takeVictories(newer);
+    }
+
+    /// His service by his postings and victories.
+    void serve() {
+        PilotService& served = pilot.served;
+        served.since = pilot.since;
+        served.until = pilot.until;
+        served.hasFlights = false;
+        const auto join = [&](int32_t date, int32_t squadron) {
+            const Branch branch =
+                branchOfUnit(unitNumber(career, career.squadron(squadron).squadronFile));
+            if (served.branches.empty() || served.branches.back().branch != branch)
+                served.branches.push_back({date, branch});
+        };
+        for (const PilotPosting& one : pilot.postings)
+            join(one.date, one.squadron);
+        if (pilot.postings.empty() && career.isSquadron(pilot.squadron))
+            join(pilot.since, pilot.squadron);
+        for (const PilotVictory& victory : pilot.victories)
+            served.victories.push_back(victory.date);
     }
 
     /// New pilots get the next indices, so the row of their arrival can be searched.
@@ -211,39 +222,10 @@ private:
                 {row.integer(0), row.text(1), row.text(2), row.number(3) != 0});
     }
 
-    /// What the save has and the record doesn't was done by the end of the last gap.
-    int32_t endOfGap() const {
-        const auto end = int32_t(record.number("SELECT until FROM gap ORDER BY id DESC LIMIT 1"));
-        return std::max(end, pilot.since);
-    }
-
-    PilotService service() {
-        PilotService served;
-        served.nation = pilot.nation;
-        served.since = pilot.since;
-        served.until = pilot.until;
-        served.branches = branches;
-        served.hasFlights = isPlayers();
-        for (const PilotVictory& victory : pilot.victories)
-            served.victories.push_back(victory.date);
-        served.flights = pilot.flights;
-        const int32_t gap = endOfGap();
-        const auto fill = [&](std::vector<int32_t>& days, int32_t count) {
-            for (auto i = int32_t(days.size()); i < count; ++i)
-                days.push_back(gap);
-            std::sort(days.begin(), days.end());
-        };
-        fill(served.victories, pilot.victoryCount);
-        if (served.hasFlights)
-            fill(served.flights, pilot.missions);
-        return served;
-    }
-
     SqliteFile& record;
     const Database& career;
     PilotRows& rows;
     PilotRecord& pilot;
-    std::vector<PilotService::Change> branches;
     int64_t arrival = 0; // its row; 0 if it isn't in the record
 };
 
@@ -268,6 +250,7 @@ PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index,
     PilotReader(record, career, rows != nullptr ? *rows : none, pilot).read(rows != nullptr);
     if (record.failed()) {
         pilot.isUnreadable = true;
+        pilot.flown = saved.missions;
         pilot.honours = {};
         pilot.victories.clear();
         pilot.postings.clear();

@@ -43,6 +43,9 @@ struct PilotRecord {
         true;             // false if a gap of the record comes before: he may have served longer
     int32_t until = 0;    // to-day, or the day of his death
     int32_t missions = 0; // by the save, as is victoryCount
+    /// The player's flights: those in the record, or by the save if it has more after a gap. Of
+    /// others their missions.
+    int32_t flown = 0;
     int32_t victoryCount = 0;
     std::vector<PilotVictory> victories; // those in the record, which may be fewer
     std::vector<PilotPosting> postings;

@@ -148,10 +148,9 @@ zel::String unitNearText(const Database& career) {
 zel::String flyingText(const PilotRecord& pilot) {
     if (pilot.isUnreadable)
         return textOf(wording::RecordUnreadable);
-    if (pilot.flights.empty() && pilot.missions > 0)
-        return textOf(wording::MissionsFlown, {pilot.missions});
-    const zel::String flown =
-        countText(wording::FlightsFlown, std::max(pilot.missions, int32_t(pilot.flights.size())));
+    if (!pilot.served.hasFlights && pilot.flown > 0)
+        return textOf(wording::MissionsFlown, {pilot.flown});
+    const zel::String flown = countText(wording::FlightsFlown, pilot.flown);
     return pilot.isSinceKnown ? textOf(wording::FlyingSince, {dateText(pilot.since), flown})
                               : flown;
 }

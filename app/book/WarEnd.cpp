@@ -144,9 +144,8 @@ zel::String realFirstText(const WarEnd& end) {
 
 zel::String careerLines(const WarEnd& end, NamedFallen named) {
     const PilotRecord& pilot = end.pilot;
-    const int32_t flights = std::max(pilot.missions, int32_t(pilot.flights.size()));
     return joined(
-        {textOf(wording::FlightsAndVictories, {countText(wording::BookFlights, flights),
+        {textOf(wording::FlightsAndVictories, {countText(wording::BookFlights, pilot.flown),
                                                countText(wording::Victories, pilot.victoryCount)}),
          daysText(pilot), placeText(end), predecessorsText(end, named)},
         "\n");

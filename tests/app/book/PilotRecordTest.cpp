@@ -6,6 +6,7 @@
 
 #include "app/book/LogBook.h"
 #include "app/book/PilotRows.h"
+#include "app/book/RecordedService.h"
 #include "app/book/RowSearch.h"
 #include "app/book/ServiceText.h"
 #include "tests/app/book/HandMadeRecord.h"
@@ -145,7 +146,7 @@ struct PlayersRecordTest : testing::Test {
                                                0,
                                                -1,
                                                flight});
-        record.career.pilots[0].missions = 9;
+        record.career.pilots[0].missions = 30; // most of them before the player took him up
         record.career.pilots[0].shotdowns = 9;
     }
     HandMadeRecord record;
@@ -168,11 +169,11 @@ TEST_F(PlayersRecordTest, HoldsHisServiceUpToHisDeath) {
         awards += std::to_string(one.date) + " " + one.award->key + ";";
     // The tenth flight would have brought the first class.
     EXPECT_EQ(awards, "19170904 cup;19170904 iron2;");
+    EXPECT_EQ(flyingText(pilot), "Flying since 3 September 1917: 9 flights");
 }
 
 // What was won before the record began counts from its begin on.
 TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
-    record.career.pilots[0].missions = 30;
     record.career.pilots[0].shotdowns = 21;
     record.events.gaps.push_back({19151201, 19170903});
     const PilotRecord pilot = readPilot(record.tables(), record.career, 0);
@@ -183,6 +184,36 @@ TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
         return line == "Victories: 21, 12 of them not in the record";
     }));
     EXPECT_EQ(flyingText(pilot), "30 flights") << "since when isn't known";
+}
+
+// Of a save that the record is further than, too.
+TEST_F(PlayersRecordTest, CountsUpToTheGapBeforeASave) {
+    record.events.gaps = {{19151201, 19170904}, {19170919, 19170920}};
+    record.career.playerPilot = 1;
+    record.events.postings.push_back(
+        {19170928, {PostingKind::Succeeded, PostingCause::Replacement, 1, -1, 0, {}}, 0});
+    SqliteFile& tables = record.tables();
+    struct Case {
+        int32_t pilot, date;
+        size_t flights;
+        int32_t gap; // whose last day has the rest
+    };
+    for (const Case& one : {Case{0, 19170903, 1, 0},
+                            {0, 19170910, 3, 19170904},
+                            {0, 19170930, 9, 19170920},
+                            {1, 19170930, 0, 0}}) {
+        SavedPilot saved;
+        saved.pilot = one.pilot;
+        saved.date = one.date;
+        saved.missions = 30;
+        saved.isShelved = true;
+        PilotService service = readService(tables, saved);
+        EXPECT_EQ(service.flights.size(), one.flights) << one.date;
+        addUnrecorded(tables, saved, service);
+        const auto added = std::count(service.flights.begin(), service.flights.end(), one.gap);
+        EXPECT_EQ(size_t(added), one.gap != 0 ? 30 - one.flights : 0) << one.date;
+        EXPECT_EQ(service.flights.size(), one.flights + size_t(added)) << one.date;
+    }
 }
 
 } // namespace

@@ -4,7 +4,10 @@
 
 #include "app/book/Diary.h"
 #include "app/book/LogBookText.h"
+#include "app/book/LogBookWording.h"
 #include "app/book/SavedHonours.h"
+#include "app/book/ServiceText.h"
+#include "app/book/ServiceWording.h"
 #include "app/book/WarEnd.h"
 #include "app/book/WebPage.h"
 #include "app/career/CareerTexts.h"
@@ -58,6 +61,9 @@ void expectSums(SqliteFile& record, const std::vector<int32_t>& before) {
         const PilotRecord page = expectSums(record, pilot);
         victories += career.pilot(pilot).shotdowns;
         flights += page.flights.size();
+        const zel::String flown = countText(wording::FlightsFlown, int32_t(page.flights.size()));
+        EXPECT_NE(flyingText(page).view().find((" " + flown).view()), std::string_view::npos)
+            << "the save also counts missions that nobody flew";
         const auto last = std::find_if(book.flights.rbegin(), book.flights.rend(),
                                        [&](const BookFlight& one) { return one.pilot == pilot; });
         ASSERT_NE(last, book.flights.rend());
@@ -65,6 +71,9 @@ void expectSums(SqliteFile& record, const std::vector<int32_t>& before) {
     }
     EXPECT_EQ(book.victories, victories);
     EXPECT_EQ(book.flights.size(), flights);
+    EXPECT_EQ(careerLines(end).view().find(
+                  countText(wording::BookFlights, int32_t(end.pilot.flights.size())).view()),
+              0U);
     std::vector<StandingRow> lists = aceRows(career, 10);
     for (const auto& list : {rosterRows(career), end.board})
         lists.insert(lists.end(), list.begin(), list.end());

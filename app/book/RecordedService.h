@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+#include "app/book/Honours.h"
+
+class SqliteFile;
+
+/// A pilot as a save has him.
+struct SavedPilot {
+    int32_t pilot = -1; // index of the career
+    bool isPlayer = true;
+    bool isAlive = true;
+    int32_t nation = 0;
+    int32_t unit = -1; // number of his squadron; -1 if it has none
+    int32_t date = 0;  // of the save, yyyymmdd
+    int32_t missions = 0;
+    int32_t victories = 0;
+    /// The record may be further than the save: it counts up to that day and these two figures.
+    bool isShelved = false;
+};
+
+/// What the record has of the service of the player or of one of his predecessors. `since` is 0 for
+/// anybody else, of whom it has no flights. On error: the file has failed.
+PilotService readService(SqliteFile& record, const SavedPilot& pilot);
+
+/// Adds what the save has and the record doesn't: it was done by the end of the last gap of his
+/// service. Flights are added only if there is such a gap, since a save also counts missions from
+/// before the player took the pilot up.
+void addUnrecorded(SqliteFile& record, const SavedPilot& pilot, PilotService& service);
