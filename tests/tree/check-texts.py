@@ -3,7 +3,7 @@
 
 check-texts.py [FOLDER], the folder that holds app, tools and data; the tree itself without it.
 
-- A wording of the code (app/career/Wording.h and its like) must read in data/Language/en.txt as it
+- A wording of the code (Wording.h in app and tools, and its like) must read in data/Language/en.txt as it
   reads in the code, and some code must use it.
 - Code gives no literal to an element (setText), and the sources of screens and of the career's
   texts hold no literal that reads like a text, but for those that go to the log.
@@ -17,12 +17,6 @@ import re
 import sys
 from pathlib import Path
 
-WORDINGS = ["app/career/Wording.h", "app/report/ReportWording.h", "app/book/LogBookWording.h",
-            "app/book/SketchWording.h",
-            "app/screens/ScreenWording.h", "tools/career/SessionWording.h"]
-WORDINGS += ["app/book/ServiceWording.h", "app/book/DiaryWording.h", "app/book/WebWording.h",
-             "app/book/CitationWording.h", "app/mission/SimulatorWording.h",
-             "tools/career/DoctorWording.h"]
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
                 "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
@@ -100,8 +94,10 @@ def check_wordings(root, sources):
     for line in (root / "data/Language/en.txt").read_text("cp1252").splitlines():
         if match := re.match(r"(\d+): *(.*?) *$", line):
             table[int(match[1])] = match[2]
-    for name in WORDINGS:
-        text = without_comments((root / name).read_text())
+    headers = sorted(root.glob("app/*/*Wording.h")) + sorted(root.glob("tools/*/*Wording.h"))
+    for header in headers:
+        name = header.relative_to(root)
+        text = without_comments(header.read_text())
         pairs = list(re.finditer(r"\{\s*(\d+)\s*,\s*" + LITERAL + r"\s*\}", text))
         if not pairs:
             find(name, 0, "no wording found")
