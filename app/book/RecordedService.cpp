@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int32_t NoLimit = -1; // of rows
+constexpr int32_t AllRows = -1; // of rows
 
 /// Reads his flights and returns the number of the last one; 0 without any.
 int32_t readFlights(SqliteFile& record, const SavedPilot& pilot, PilotService& service) {
@@ -14,7 +14,7 @@ int32_t readFlights(SqliteFile& record, const SavedPilot& pilot, PilotService& s
     SqliteStatement row(record, "SELECT date, number, unit FROM flight"
                                 " LEFT JOIN squadron ON squadron.id = flight.squadron"
                                 " WHERE pilot = ? AND date <= ? ORDER BY number LIMIT ?");
-    row.with(pilot.pilot, pilot.date, pilot.isShelved ? pilot.missions : NoLimit);
+    row.with(pilot.pilot, pilot.date, pilot.isShelved ? pilot.missions : AllRows);
     while (row.next()) {
         service.flights.push_back(row.integer(0));
         last = row.integer(1);
@@ -54,7 +54,7 @@ void readVictories(SqliteFile& record, const SavedPilot& pilot, int32_t lastFlig
                                 " CROSS JOIN victory ON victory.flight = flight.number"
                                 " WHERE flight.pilot = ?1 AND victor = ?1"
                                 " AND flight.number <= ?2 ORDER BY id LIMIT ?3");
-    row.with(pilot.pilot, lastFlight, pilot.isShelved ? pilot.victories : NoLimit);
+    row.with(pilot.pilot, lastFlight, pilot.isShelved ? pilot.victories : AllRows);
     while (row.next())
         service.victories.push_back(row.integer(0));
 }
