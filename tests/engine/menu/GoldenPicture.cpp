@@ -26,7 +26,8 @@ Picture loaded(const std::string& file) {
         return result;
     result.width = bitmap.width();
     result.height = bitmap.height();
-    result.pixels.resize(static_cast<size_t>(result.width) * static_cast<size_t>(result.height) * 3);
+    result.pixels.resize(static_cast<size_t>(result.width) * static_cast<size_t>(result.height) *
+                         3);
     uint8_t* channel = result.pixels.data();
     for (int32_t y = 0; y < result.height; ++y)
         for (int32_t x = 0; x < result.width; ++x) {
