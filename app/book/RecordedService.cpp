@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int32_t AllRows = -1; // of rows
+constexpr int32_t AllRows = -1; // as a limit
 
 /// Reads his flights and returns the number of the last one; 0 without any.
 int32_t readFlights(SqliteFile& record, const SavedPilot& pilot, PilotService& service) {
