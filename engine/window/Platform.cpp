@@ -212,6 +212,9 @@ void Platform::buttonEvent(const SDL_Event& event) {
     const int32_t button = engineButton(event.button.button);
     if (button < 0)
         return;
+    // On Windows SDL reports the motion after a press that came with it.
+    mouseX = event.button.x;
+    mouseY = event.button.y;
     Press& press = presses[button];
     if (event.type == SDL_MOUSEBUTTONDOWN) {
         buttonDown[button] = 1;

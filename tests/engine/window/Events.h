@@ -4,6 +4,12 @@
 
 // What the system reports, as SDL gives it.
 
+/// Where the last motion event leaves the pointer.
+inline SDL_MouseMotionEvent& lastMotion() {
+    static SDL_MouseMotionEvent motion{};
+    return motion;
+}
+
 inline SDL_Event motionEvent(int32_t x, int32_t y, int32_t moveX = 0, int32_t moveY = 0) {
     SDL_Event event{};
     event.type = SDL_MOUSEMOTION;
@@ -11,6 +17,7 @@ inline SDL_Event motionEvent(int32_t x, int32_t y, int32_t moveX = 0, int32_t mo
     event.motion.y = static_cast<Uint16>(y);
     event.motion.xrel = static_cast<Sint16>(moveX);
     event.motion.yrel = static_cast<Sint16>(moveY);
+    lastMotion() = event.motion;
     return event;
 }
 
@@ -18,6 +25,8 @@ inline SDL_Event buttonEvent(int32_t number, bool down) {
     SDL_Event event{};
     event.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
     event.button.button = static_cast<Uint8>(number);
+    event.button.x = lastMotion().x;
+    event.button.y = lastMotion().y;
     return event;
 }
 
