@@ -31,7 +31,7 @@ bool keepFileAs(const String& file, const String& name);
 /// Removes an empty folder. On error: false.
 bool removeFolder(const String& path);
 /// Renames a folder with all that is in it. Nothing may have the new name. While another program
-/// holds a file of it, it is tried again for half a second.
+/// holds a file of it, it is tried again for half a second; then lastFault() is Held.
 bool renameFolder(const String& from, const String& to);
 
 /// Waits until the folder's entries are on the disk: new names, renamed and removed ones. True

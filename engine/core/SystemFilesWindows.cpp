@@ -93,6 +93,24 @@ bool flushFile(const String& path) {
     return isFlushed;
 }
 
+/// Whether a program has a file of the folder open, or of a folder in it. Such a folder can't be
+/// renamed, and Windows calls that "access denied", as it calls a lack of permission.
+bool hasOpenFile(const String& folder) {
+    std::vector<DirectoryEntry> entries;
+    listDirectory(folder, entries);
+    return std::any_of(entries.begin(), entries.end(), [&](const DirectoryEntry& entry) {
+        const String path = folder + "\\" + entry.name;
+        if (entry.isDirectory)
+            return !isOtherName(path) && hasOpenFile(path);
+        const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE)
+            return GetLastError() == ERROR_SHARING_VIOLATION;
+        CloseHandle(file);
+        return false;
+    });
+}
+
 } // namespace
 
 FileFault lastFault() {
@@ -237,15 +255,16 @@ bool keepFileAs(const String& file, const String& name) {
 
 bool removeFolder(const String& path) { return RemoveDirectoryA(path.c_str()) != 0; }
 
-// A scanner that has opened a file of the folder makes it "access denied".
 bool renameFolder(const String& from, const String& to) {
     for (int32_t attempt = 1;; ++attempt) {
         if (MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0)
             return true;
         const DWORD error = GetLastError();
-        if (attempt == AttemptsToWrite ||
-            (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION))
+        const bool isDenied = error == ERROR_ACCESS_DENIED;
+        if (attempt == AttemptsToWrite || (!isDenied && error != ERROR_SHARING_VIOLATION)) {
+            SetLastError(isDenied && hasOpenFile(from) ? ERROR_SHARING_VIOLATION : error);
             return false;
+        }
         Sleep(AttemptPause);
     }
 }

@@ -4,6 +4,7 @@
 #include "engine/core/Clock.h"
 #include "engine/core/File.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemFiles.h"
 #include "tests/support/HeldFile.h"
 #include "tests/support/LogCapture.h"
 #include "tests/support/Printers.h"
@@ -142,6 +143,19 @@ TEST(HeldFolders, LoseNothing) {
     EXPECT_EQ(folder.read("held/target"), "new");
     EXPECT_TRUE(system::listDirectory(place, entries));
     EXPECT_EQ(entries.size(), 2u);
+}
+
+TEST(HeldFolders, ArentRenamedForThatReason) {
+    const TemporaryFolder folder;
+    folder.write("career/pages/page", "text");
+    HeldFile held(folder.file("career/pages/page"));
+    ASSERT_TRUE(held.isHeld());
+    if (system::renameFolder(folder.file("career"), folder.file("other")))
+        GTEST_SKIP() << "Wine renames them";
+    EXPECT_EQ(system::lastFault(), zel::FileFault::Held);
+    held.release();
+    EXPECT_TRUE(system::renameFolder(folder.file("career"), folder.file("other")));
+    EXPECT_EQ(folder.read("other/pages/page"), "text");
 }
 
 TEST(Names, OfFilesComeFromUtf8) {
