@@ -7,7 +7,7 @@
 #include "engine/core/String.h"
 
 /// What differs between Windows and POSIX systems in what surrounds the program: disks, links,
-/// running programs and libraries. All of it may be called from any thread.
+/// running programs, the terminal and libraries. All of it may be called from any thread.
 namespace zel::system {
 
 /// The folders at which a player begins to browse: the drives of Windows ("C:\"); elsewhere "/" and
@@ -24,6 +24,9 @@ FileFault writeFault(const String& path);
 /// Whether a program of that file name runs, such as "ROF.exe", without regard to case. Off Windows
 /// that includes programs that Wine runs.
 bool isProgramRunning(std::string_view name);
+/// A file name as a terminal of the system shows it: on Windows in the console's code page, which
+/// differs from that of file names; elsewhere unchanged.
+String printedName(const String& name);
 /// Whether the library of OpenGL can be loaded. Whether its driver draws shows only with a window.
 bool hasOpenGl();
 

@@ -107,6 +107,8 @@ bool isProgramRunning(std::string_view name) {
     return false;
 }
 
+String printedName(const String& name) { return name; }
+
 bool hasOpenGl() {
     void* const library = dlopen("libGL.so.1", RTLD_LAZY | RTLD_LOCAL);
     if (library == nullptr)

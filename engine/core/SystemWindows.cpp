@@ -9,6 +9,7 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
+#include "engine/core/SystemPlaces.h"
 #include "engine/core/TextEncoding.h"
 
 namespace zel::system {
@@ -91,6 +92,12 @@ std::string named(const std::wstring& path, bool& isWhole) {
 String named(const std::wstring& path) {
     bool isWhole = false;
     return named(path, isWhole);
+}
+
+String printed(const std::wstring& wide) {
+    bool isWhole = false;
+    const UINT console = GetConsoleOutputCP();
+    return narrowed(wide, console != 0 ? console : CP_ACP, isWhole);
 }
 
 } // namespace
@@ -187,11 +194,9 @@ String shownText(const String& text) {
     return fromUtf8(narrowed(widened(text, CP_ACP), CP_UTF8, isWhole));
 }
 
-String printedText(const String& text) {
-    bool isWhole = false;
-    const UINT console = GetConsoleOutputCP();
-    return narrowed(widened(utf8Of(text), CP_UTF8), console != 0 ? console : CP_ACP, isWhole);
-}
+String printedText(const String& text) { return printed(widened(utf8Of(text), CP_UTF8)); }
+
+String printedName(const String& name) { return printed(widened(name, CP_ACP)); }
 
 String queryRegistryValue(const String& keyPath, const String& valueName) {
     HKEY key;

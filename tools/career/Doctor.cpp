@@ -45,10 +45,12 @@ zel::FileFault folderFault(zel::String folder) {
     return draft.write("") ? zel::FileFault::None : draft.fault();
 }
 
+zel::String printedName(const zel::String& file) { return zel::system::printedName(file); }
+
 /// Without the separator at its end.
-zel::String shownFolder(const zel::String& folder) {
+zel::String printedFolder(const zel::String& folder) {
     const std::string_view path = folder;
-    return path.substr(0, path.find_last_not_of("\\/") + 1);
+    return printedName(path.substr(0, path.find_last_not_of("\\/") + 1));
 }
 
 zel::String saveFile() { return zel::getUserDirectory() + SaveFileName; }
@@ -131,7 +133,7 @@ void Doctor::examineSimulator() {
     folder = Configuration::getRofDirectory();
     simulator = checkSimulatorIn(folder);
     if (simulator.isThere)
-        return good(DoctorCheck::Simulator, wording::DoctorFolder, {shownFolder(folder)});
+        return good(DoctorCheck::Simulator, wording::DoctorFolder, {printedFolder(folder)});
     chooseSimulator();
 }
 
@@ -148,23 +150,23 @@ void Doctor::chooseSimulator() {
     simulator = checkSimulatorIn(folder);
     std::vector<zel::String> details;
     if (written.fault != zel::FileFault::None)
-        details.push_back(
-            printedWording(wording::PlaceUnset, {written.file, printedFault(written.fault)}));
+        details.push_back(printedWording(wording::PlaceUnset,
+                                         {printedName(written.file), printedFault(written.fault)}));
     for (const SimulatorPlace& place : places)
-        details.push_back(
-            printedWording(wording::FoundPlace,
-                           {place.folder, zel::system::printedText(foundByText(place.foundBy))}));
+        details.push_back(printedWording(
+            wording::FoundPlace,
+            {printedName(place.folder), zel::system::printedText(foundByText(place.foundBy))}));
     if (places.empty())
         details.push_back(printedWording(wording::FoundNothing));
     if (!search.isWhole())
         details.push_back(printedWording(wording::SearchCut));
     if (!simulator.isThere) {
-        details.insert(details.begin(), shownFolder(folder));
+        details.insert(details.begin(), printedFolder(folder));
         return complain(DoctorCheck::Simulator,
                         isSet ? wording::NotTheSimulator : wording::NoSimulator, details);
     }
     say(wording::DoctorFixed, DoctorCheck::Simulator, wording::PlaceTaken,
-        {places.front().folder, written.file});
+        {printedName(places.front().folder), printedName(written.file)});
     for (const zel::String& detail : details)
         addDetail(detail);
 }
@@ -197,7 +199,8 @@ void Doctor::examineWriteAccess() {
     const zel::FileFault own = folderFault(zel::getUserDirectory() + "Saves");
     if (own != zel::FileFault::None)
         complain(DoctorCheck::WriteAccess, wording::UserFolderLocked,
-                 {zel::system::absolutePath(zel::getUserDirectory()) + ": " + printedFault(own)});
+                 {printedName(zel::system::absolutePath(zel::getUserDirectory())) + ": " +
+                  printedFault(own)});
     const bool isLocked = simulator.isThere && simulator.missionsFault != zel::FileFault::None;
     if (isLocked)
         complain(DoctorCheck::WriteAccess, wording::MissionsLocked,
@@ -215,10 +218,11 @@ void Doctor::examineSave() {
     const zel::String fault =
         unread != zel::FileFault::None ? zel::faultText(unread) : saveFault(content);
     if (!fault.empty())
-        return complain(DoctorCheck::Save, wording::SaveUnusable, {saveFile() + ": " + fault});
+        return complain(DoctorCheck::Save, wording::SaveUnusable,
+                        {printedName(saveFile()) + ": " + fault});
     switch (matchOf(content)) {
     case SaveMatch::Changed:
-        return complain(DoctorCheck::Save, wording::SaveChanged, {saveFile()});
+        return complain(DoctorCheck::Save, wording::SaveChanged, {printedName(saveFile())});
     case SaveMatch::Unknown:
         return good(DoctorCheck::Save, wording::SaveUnmatched);
     case SaveMatch::Whole:
@@ -238,7 +242,7 @@ void Doctor::examineRecord() {
     if (state == RecordState::Ready)
         return good(DoctorCheck::Record, wording::RecordWhole);
     complain(DoctorCheck::Record, wording::RecordUnusable,
-             {path + ": " + recordStateTexts(state).text});
+             {printedName(path) + ": " + recordStateTexts(state).text});
 }
 
 void Doctor::examineData() {

@@ -16,6 +16,7 @@
 #include "engine/core/Language.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
+#include "engine/core/SystemPlaces.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/core/WholeFile.h"
 #include "standin/StandIn.h"
@@ -59,10 +60,10 @@ bool Session::sayAll(const std::vector<zel::String>& lines) const {
     return true;
 }
 
-// The file's name is already in the system's encoding.
 void Session::sayFile(const Wording& wording, const zel::String& file) const {
     if (!quiet)
-        print(zel::fillMarks(zel::system::printedText(textOf(wording, {"$1"})), {file}));
+        print(zel::fillMarks(zel::system::printedText(textOf(wording, {"$1"})),
+                             {zel::system::printedName(file)}));
 }
 
 bool Session::needCareer() {

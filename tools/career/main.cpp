@@ -9,6 +9,7 @@
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
+#include "engine/core/SystemPlaces.h"
 #include "engine/core/UserDirectory.h"
 #include "tools/career/CommandLine.h"
 #include "tools/career/Session.h"
@@ -18,7 +19,7 @@ namespace {
 
 int failed(const zel::String& why) {
     std::fflush(stdout);
-    tools::print(stderr, "wingtally-career: " + why + "\n");
+    tools::print(stderr, "wingtally-career: " + zel::system::printedName(why) + "\n");
     return 1;
 }
 
