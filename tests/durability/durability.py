@@ -4,8 +4,9 @@ that changes the disk, has each operation fail in turn, or loses power after it;
 must still be there. docs/testing.md says how to run it.
 
 Usage: durability.py [--every K] [--only NAME] [--jobs N] [--keep DIR] [--lenient] BUILD TEST...
-BUILD is a build folder. TEST is kills, faults, reads, nolinks, cuts, damages=N, cycles=N or war. --every K takes
-each K-th operation only, --lenient takes damage that is not reported. Exit status: 0 if all is well.
+BUILD is a build folder. TEST is kills, faults, reads, nolinks, cuts, strikes, damages=N, cycles=N or war. --every K
+takes each K-th operation only, --lenient takes damage that is not reported. A build for Windows, which
+packaging/with-wine.sh must start, knows only the last four. Exit status: 0 if all is well.
 """
 import argparse
 import collections
@@ -66,10 +67,15 @@ class Program:
     def __init__(self, build):
         self.build = os.path.abspath(build)
         self.run_folder = os.path.join(self.build, "run")
-        self.career = os.path.join(self.build, "bin/wingtally-career")
+        self.is_traced = not os.path.exists(os.path.join(self.build, "bin/wingtally-career.exe"))
+        self.career = self.command("wingtally-career")
         self.faulty = os.path.join(self.build, "bin/faulty-disk")
         self.takes_up_orders = None
-        self.help = subprocess.run([self.career, "--help"], capture_output=True, text=True, check=True).stdout
+        self.help = subprocess.run([*self.career, "--help"], capture_output=True, text=True, check=True).stdout
+
+    def command(self, name):
+        path = os.path.join(self.build, "bin", name)
+        return [path] if self.is_traced else ["wine64", path + ".exe"]
 
     def knows(self, what):
         """Whether this version can do what a scenario needs."""
@@ -81,25 +87,56 @@ class Program:
                 self.takes_up_orders = "no mission of this run" not in report.stderr
         return what == "" or (self.takes_up_orders if what == "orders" else f"\n  {what}" in self.help)
 
-    def call(self, folder, words, disk=(), options=()):
-        """In `folder` are the user's folder and the simulator's."""
+    def words_of(self, folder, words, options=()):
+        """The command and its words. In `folder` are the user's folder and the simulator's."""
         if words == "fly":
-            command = [os.path.join(self.build, "bin/wingtally-standin"), "--seed", "3", "--fly", folder + "/sim"]
-        else:
-            # Two careers of one seed would have one number, and either could be taken for the other.
-            seed = "6" if "new english" in words else "5"
-            command = [self.career, "--seed", seed, *options, "--rof", folder + "/sim", "--user", folder + "/user", *words.split()]
+            return [*self.command("wingtally-standin"), "--seed", "3", "--fly", folder + "/sim"]
+        # Two careers of one seed would have one number, and either could be taken for the other.
+        seed = "6" if "new english" in words else "5"
+        return [*self.career, "--seed", seed, *options, "--rof", folder + "/sim", "--user", folder + "/user", *words.split()]
+
+    def call(self, folder, words, disk=(), options=()):
+        command = self.words_of(folder, words, options)
         disturbed = [self.faulty, "--root", folder, *disk, "--"] if disk else []
         # Leaks are found by other tests; a traced program can't look for them.
         environment = {**os.environ, "ASAN_OPTIONS": "detect_leaks=0"}
         return subprocess.run(disturbed + command, cwd=self.run_folder, env=environment, capture_output=True, timeout=TIMEOUT,
                               stdin=subprocess.DEVNULL, check=False, encoding="utf-8", errors="replace")
 
+    def strike(self, folder, words, options, last):
+        """Makes a call and kills it when its folder has changed `last` times, as far as can be seen from outside; never
+        if `last` is 0. Gives the changes seen and the exit status."""
+        process = subprocess.Popen(self.words_of(folder, words, options), cwd=self.run_folder, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        before, changes = look_of(folder), 0
+        while process.poll() is None:
+            look = look_of(folder)
+            changes += look != before
+            before = look
+            if 0 < last == changes:
+                process.kill()
+                process.wait()
+                break
+        return changes, process.returncode
+
     def make(self, folder):
         os.makedirs(folder + "/sim/data/Missions")
         os.makedirs(folder + "/user")
         with open(folder + "/sim/data/startup.cfg", "w", encoding="ascii") as config:
             config.write("[KEY = system]\n\tmission_text_log = 1\n[END]\n")
+
+
+def look_of(folder):
+    """What the files below the folder look like: names, sizes and times."""
+    look = []
+    for place, folders, names in os.walk(folder):
+        for name in names + folders:
+            try:
+                status = os.stat(os.path.join(place, name))
+                look.append((place, name, status.st_size, status.st_mtime_ns))
+            except FileNotFoundError:
+                look.append((place, name))
+    return look
 
 
 def content_of(path):
@@ -160,10 +197,10 @@ class Checker:
         self.saves = saves_in(self.template)
         self.list, self.data = os.path.join(work, "list"), os.path.join(work, "data")
         whole = self.fresh("whole")
-        self.whole = self.call(whole, ["--list", self.list, "--data", self.data])
+        self.whole = self.call(whole, ["--list", self.list, "--data", self.data] if program.is_traced else [])
         assert self.whole.returncode == 0, self.whole.stderr
         self.new = content_of(whole + "/user/" + SAVE)
-        self.operations = diskmodel.read_operations(self.list, self.data)
+        self.operations = diskmodel.read_operations(self.list, self.data) if program.is_traced else []
         self.states = {digest(self.old), digest(self.new)} | self.middle_states()
         shutil.rmtree(whole)
 
@@ -300,6 +337,22 @@ def test_kills(args, checker):
         return f"{checker.scenario.name}: killed {when} {operation}", faults
 
     return run_points(args, points, check)
+
+
+def test_strikes(args, checker):
+    """Kills of a program whose system calls can't be traced, such as one under Wine, at each change of its folder
+    that is seen from outside."""
+    words, options = checker.words, checker.scenario.options
+    whole = checker.fresh("strike-none")
+    changes, _ = checker.program.strike(whole, words, options, 0)
+    shutil.rmtree(whole)
+    count = Count()
+    for last in range(1, changes + 1, args.every):
+        folder = checker.fresh(f"strike-{last}")
+        checker.program.strike(folder, words, options, last)
+        count.add(f"{checker.scenario.name}: killed at change {last}", checker.faults_of(folder))
+        shutil.rmtree(folder)
+    return count
 
 
 def is_optional(operation, done):
@@ -489,7 +542,7 @@ def test_damages(program, work, number, is_lenient=False):
     program.make(work + "/damages")
     done = program.call(work + "/damages", "new german 1915 12 advance 2 save")
     assert done.returncode == 0, done.stderr
-    run = subprocess.run([program.build + "/bin/damage-run", work + "/damages/user", str(number)], cwd=program.run_folder,
+    run = subprocess.run([*program.command("damage-run"), work + "/damages/user", str(number)], cwd=program.run_folder,
                          capture_output=True, text=True, check=False)
     print(run.stdout, end="")
     count.add("damages", [] if run.returncode in ((0, 1) if is_lenient else (0,)) else [f"exit status {run.returncode}: {run.stderr.strip()}"])
@@ -504,7 +557,8 @@ def disturb(args, program, name, run):
             continue
         with tempfile.TemporaryDirectory(dir=args.keep) as work:
             checker = Checker(program, scenario, os.path.realpath(work), NO_LINKS if name == "nolinks" else ())
-            fine = run(args, checker).print(f"{name}, {scenario.name}, {len(checker.operations)} operations") and fine
+            operations = f", {len(checker.operations)} operations" if checker.operations else ""
+            fine = run(args, checker).print(f"{name}, {scenario.name}{operations}") and fine
     return fine
 
 
@@ -519,7 +573,8 @@ def main():
     reader.add_argument("tests", nargs="+")
     args = reader.parse_args()
     program = Program(args.build)
-    tests = {"kills": test_kills, "faults": test_faults, "reads": test_reads, "nolinks": test_nolinks, "cuts": test_cuts}
+    tests = {"kills": test_kills, "faults": test_faults, "reads": test_reads, "nolinks": test_nolinks, "cuts": test_cuts,
+             "strikes": test_strikes}
     fine = True
     for test in args.tests:
         name, _, number = test.partition("=")
