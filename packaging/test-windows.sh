@@ -40,7 +40,7 @@ expected() {
         echo "./Licenses/$licence.txt"
     done
     echo ./README.md
-    for document in manual standin data-files history menu-scripts; do
+    for document in manual rules standin data-files history menu-scripts; do
         echo "./docs/$document.md"
     done
     [ ! -d docs/pictures ] || find docs/pictures -type f | sed 's|^|./|'
