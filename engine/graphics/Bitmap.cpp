@@ -213,21 +213,26 @@ void Bitmap::unload() {
     log("Unloaded " + unloaded, "System", LogInfo);
 }
 
-bool Bitmap::isStale() const { return source != nullptr && askedDetail != PictureDetail::get(); }
+bool Bitmap::isStale() const {
+    return isLoaded() && source != nullptr && askedDetail != PictureDetail::get();
+}
 
 void Bitmap::refresh() const {
     if (source == nullptr || (!isStale() && !isAsleep()))
         return;
     askedDetail = PictureDetail::get();
     BitmapData made = source(askedDetail);
-    if (!isWhole(made))
+    if (!isWhole(made)) {
+        if (isAsleep())
+            data = {}; // or each drawing would try again
         return;
+    }
     dropTexture();
     adopt(made);
 }
 
 void Bitmap::sleep() const {
-    if (source == nullptr || isAsleep())
+    if (source == nullptr || data.pixels.empty())
         return;
     dropTexture();
     const int64_t size = bytes(data);

@@ -90,7 +90,8 @@ public:
     // Drawing leaves what a bitmap shows unchanged, so these are const.
     /// Whether it was made at another detail than the present one.
     bool isStale() const;
-    /// Makes it again if it is stale or asleep. On error: what was there before is still there.
+    /// Makes it again if it is stale or asleep. On error: a stale picture is still there. One that
+    /// was asleep is gone, and isn't tried again until the next load.
     void refresh() const;
     /// Frees pixels and texture of a bitmap with a source until something needs them.
     void sleep() const;

@@ -1,5 +1,7 @@
 #include "engine/graphics/Bitmap.h"
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "engine/core/Log.h"
@@ -194,6 +196,20 @@ TEST_F(BitmapTest, KeepsFromTheDecoderWhatItDoesNotBear) {
     EXPECT_TRUE(load(RgbaPng + "junk"));
     EXPECT_FALSE(load(greedy));
     EXPECT_FALSE(load(jpeg('\x11')));
+}
+
+TEST_F(BitmapTest, IsReadOnceAfterItsFileHasGone) {
+    const std::string file = folder.write("picture", RgbaPng);
+    ASSERT_TRUE(bitmap.loadFollowing(file, false));
+    bitmap.sleep();
+    EXPECT_EQ(bitmap.pixelAt(0, 0), 0xFF010203) << "awake";
+    bitmap.sleep();
+    std::filesystem::remove(file);
+    const LogCapture log;
+    for (int32_t frame = 0; frame < 2; ++frame)
+        EXPECT_EQ(bitmap.pixelAt(0, 0), 0u);
+    EXPECT_EQ(log.linesWith("does not exist"), 1);
+    EXPECT_FALSE(bitmap.isLoaded());
 }
 
 TEST_F(BitmapTest, TakesPicturesMadeInMemory) {
