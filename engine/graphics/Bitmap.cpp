@@ -203,7 +203,7 @@ void Bitmap::unload() {
     if (source != nullptr)
         PictureDetail::remove(*this);
     source = nullptr;
-    isFile = false;
+    isFile = staysPlain = false;
     if (!isLoaded())
         return;
     const int64_t size = bytes(data);
@@ -214,21 +214,35 @@ void Bitmap::unload() {
 }
 
 bool Bitmap::isStale() const {
-    return isLoaded() && source != nullptr && askedDetail != PictureDetail::get();
+    return isLoaded() && source != nullptr && askedDetail != wantedDetail();
+}
+
+int32_t Bitmap::wantedDetail() const {
+    return staysPlain ? PictureDetail::Plain : PictureDetail::get();
 }
 
 void Bitmap::refresh() const {
     if (source == nullptr || (!isStale() && !isAsleep()))
         return;
-    askedDetail = PictureDetail::get();
+    if (!makeAgain() && isAsleep())
+        data = {}; // or each drawing would try again
+}
+
+bool Bitmap::makePlain() const {
+    if (source == nullptr || data.detail == PictureDetail::Plain)
+        return false;
+    staysPlain = true;
+    return makeAgain();
+}
+
+bool Bitmap::makeAgain() const {
+    askedDetail = wantedDetail();
     BitmapData made = source(askedDetail);
-    if (!isWhole(made)) {
-        if (isAsleep())
-            data = {}; // or each drawing would try again
-        return;
-    }
+    if (!isWhole(made))
+        return false;
     dropTexture();
-    adopt(made);
+    texture.refusedIn = 0;
+    return adopt(made);
 }
 
 void Bitmap::sleep() const {

@@ -93,6 +93,9 @@ public:
     /// Makes it again if it is stale or asleep. On error: a stale picture is still there. One that
     /// was asleep is gone, and isn't tried again until the next load.
     void refresh() const;
+    /// Makes it again at the plain detail, where it stays until the next load. False if it has that
+    /// already or on error.
+    bool makePlain() const;
     /// Frees pixels and texture of a bitmap with a source until something needs them.
     void sleep() const;
     bool isAsleep() const { return isLoaded() && data.pixels.empty(); }
@@ -101,14 +104,14 @@ public:
     struct Texture {
         uint32_t handle = 0;     // 0: none
         uint32_t generation = 0; // of the OpenGL context, as the canvas counts them
-        bool refused = false;    // could not be made; logged once and not tried again
+        uint32_t refusedIn = 0;  // generation of the context that could not make it; 0: none
         int64_t bytes = 0;
     };
     const Texture& getTexture() const { return texture; }
     /// The canvas has made a texture of it. An earlier one is released.
     void textureMade(uint32_t handle, uint32_t generation) const;
-    /// Marks the bitmap as having no texture, until the next load.
-    void refuseTexture() const { texture.refused = true; }
+    /// The context of that generation can't make a texture of it, and isn't asked again.
+    void refuseTexture(uint32_t generation) const { texture.refusedIn = generation; }
     /// Releases the texture. The next drawing makes a new one from the pixels.
     void dropTexture() const;
     /// Forgets a texture that was lost with its window.
@@ -121,8 +124,10 @@ public:
     static int64_t graphicsMemory();
 
 private:
+    int32_t wantedDetail() const;
     bool adopt(BitmapData& newData) const;
     bool adoptFromSource(Source newSource);
+    bool makeAgain() const;
     String loadedName() const;
 
     String name;
@@ -130,6 +135,7 @@ private:
     Source source;                   // null: can't be made again
     bool isFile = false;             // what the source reads
     mutable int32_t askedDetail = 1; // of the source
+    mutable bool staysPlain = false; // whatever the present detail is
     mutable BitmapData data;
     mutable Texture texture;
 };

@@ -126,14 +126,26 @@ uint32_t CanvasSide::textureOf(const Bitmap& bitmap) {
     const Bitmap::Texture& texture = bitmap.getTexture();
     if (texture.handle != 0 && texture.generation == generation)
         return texture.handle;
-    if (!bitmap.isLoaded() || texture.refused)
+    if (!bitmap.isLoaded() || texture.refusedIn == generation)
         return 0;
     if (bitmap.isAsleep())
         bitmap.refresh();
-    const BitmapData& data = bitmap.getData();
-    if (data.pixels.empty())
+    if (bitmap.getData().pixels.empty())
         return 0;
     bitmap.textureLost();
+    uint32_t number = makeTexture(bitmap);
+    if (number == 0 && bitmap.makePlain())
+        number = makeTexture(bitmap);
+    if (number == 0)
+        bitmap.refuseTexture(generation);
+    else
+        bitmap.textureMade(number, generation);
+    return number;
+}
+
+/// The texture's number. On error: 0 and a log line.
+uint32_t CanvasSide::makeTexture(const Bitmap& bitmap) {
+    const BitmapData& data = bitmap.getData();
     uint32_t number = 0;
     if (data.depth != 3 && data.depth != 4) {
         log("Bitmap: illegal depth", "Bitmap", LogError);
@@ -147,10 +159,6 @@ uint32_t CanvasSide::textureOf(const Bitmap& bitmap) {
         if (number == 0)
             log("No graphics memory for " + bitmap.getName(), "Bitmap", LogError);
     }
-    if (number == 0)
-        bitmap.refuseTexture();
-    else
-        bitmap.textureMade(number, generation);
     return number;
 }
 

@@ -22,7 +22,8 @@ public:
     int32_t getMaximumTextureSize() const { return maximumTextureSize; }
     bool takesAnyTextureSize() const { return anyTextureSize; }
 
-    /// The number of the bitmap's texture, made if need be; 0 if there is none.
+    /// The number of the bitmap's texture, made if need be; 0 if there is none. A picture of twice
+    /// the size that the graphics card refuses becomes the plain one.
     uint32_t textureOf(const Bitmap& bitmap);
     /// Frees one texture at the next deleteReleased(): a frame that waits to be sent may still show
     /// it. Unknown numbers, of a context that is gone, are ignored.
@@ -39,6 +40,7 @@ public:
     int32_t getDrawCalls() const { return drawCalls; }
 
 private:
+    uint32_t makeTexture(const Bitmap& bitmap);
     uint32_t upload(const BitmapData& data);
     void makeWhite();
     void clearWindow();

@@ -88,6 +88,26 @@ TEST_F(PictureDetailTest, FollowsTheWindowsSize) {
     EXPECT_EQ(Bitmap::systemMemory(), plain);
 }
 
+// A depth that no card takes is refused as a lack of memory is.
+TEST_F(PictureDetailTest, ShowsThePlainPictureWhereTheLargeOneIsRefused) {
+    resize(130);
+    Bitmap made;
+    const auto making = [](int32_t detail) {
+        BitmapData data = plainPicture(2 * detail, 2 * detail, detail > 1 ? 2 : 3, 0x40);
+        data.detail = detail;
+        return data;
+    };
+    ASSERT_TRUE(made.assign(making, "made"));
+    for (int32_t twice = 0; twice < 2; ++twice) {
+        canvas.clearWindow();
+        canvas.draw(made, {0, 0, 2, 2}, {0, 0, 50, 50});
+        EXPECT_EQ(Shot().at(10, 10), 0xFF404040);
+        Window::current()->swapBuffers();
+        made.sleep();
+    }
+    EXPECT_EQ(log.linesWith("Illegal depth: 2"), 1) << "not tried again";
+}
+
 } // namespace
 
 } // namespace zel
