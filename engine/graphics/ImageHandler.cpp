@@ -34,8 +34,12 @@ ImageHandler& ImageHandler::getInstance() {
 }
 
 bool ImageHandler::loadBitmap(const String& fileName, int32_t lifetime, float scale) {
-    if (bitmaps.count(fileName) != 0)
-        return true;
+    if (const auto known = bitmaps.find(fileName); known != bitmaps.end()) {
+        LoadedBitmap& again = *known->second;
+        again.bitmap.refresh(); // now, not in the first frame that draws it
+        again.left = ++leftCount;
+        return again.bitmap.isLoaded();
+    }
     if (failedBitmaps.count(fileName) != 0)
         return false;
     auto loaded = std::make_unique<LoadedBitmap>();

@@ -25,8 +25,9 @@ public:
 
     /// Loads a bitmap and its index file (same name, ending ".idx"), and registers the images that
     /// it names; without an index file the bitmap is one image of its own name. A bitmap is loaded
-    /// only once, and one that failed isn't tried again. lifetime and scale apply until the index
-    /// file sets its own. On error: false, and once the bitmap's log lines.
+    /// only once, and one that failed isn't tried again. If its pixels were freed since, they are
+    /// read again, and are the last to be freed. lifetime and scale apply until the index file sets
+    /// its own. On error: false, and once the bitmap's log lines.
     bool loadBitmap(const String& fileName, int32_t lifetime = LifetimeShort, float scale = 1);
 
     /// The image of that name, exactly as written. If it is unknown, the loading queue is worked
@@ -49,7 +50,7 @@ private:
     struct LoadedBitmap {
         Bitmap bitmap;
         int32_t lifetime = LifetimeShort; // the longest of its images
-        int32_t left = 0;                 // how many had left the screen, or come, before it
+        int32_t left = 0;                 // how many had left the screen, or were loaded, before it
     };
     const Image* find(const String& name) const;
     void registerIndex(LoadedBitmap& loaded, const ImageIndex& index);

@@ -37,8 +37,10 @@ TEST_F(ImageHandlerTest, RegistersWhatTheIndexNames) {
     EXPECT_EQ(one->frameRect(), (zel::FrameRect{1, 1, 2, 2}));
     EXPECT_EQ(handler.getImage("two")->frameRect(), (zel::FrameRect{0, 0, 8, 4}));
     EXPECT_EQ(&one->getBitmap(), &handler.getImage("two")->getBitmap());
+    one->getBitmap().sleep();
     ASSERT_TRUE(handler.loadBitmap(file));
     EXPECT_EQ(handler.getImage("one"), one) << "not loaded twice";
+    EXPECT_FALSE(one->getBitmap().isAsleep()) << "but read again before it is drawn";
     EXPECT_EQ(handler.getImage("One"), nullptr);
     EXPECT_TRUE(log.holds(" w "));
     EXPECT_TRUE(log.holds("[ImageHandler] Did not find image One"));
