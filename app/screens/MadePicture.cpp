@@ -93,10 +93,8 @@ void MadePicture::drawColumn(int32_t x, int32_t top, int32_t height, uint32_t co
 zel::BitmapData MadePicture::made(Size size, int32_t detail, const std::vector<Step>& steps) {
     zel::BitmapData picture;
     picture.detail = detail;
-    picture.width = picture.pictureWidth = size.width * detail;
-    picture.height = picture.pictureHeight = size.height * detail;
-    picture.depth = Depth;
-    picture.pixels.assign(picture.rowSize() * size_t(picture.height), 0);
+    // Old graphics cards show no other detail.
+    picture.allocate(size.width * detail, size.height * detail, Depth, detail == 1);
     for (const Step& step : steps)
         step(picture);
     return picture;

@@ -17,25 +17,13 @@ constexpr float ArrowSize = 11;
 constexpr float ArrowTurn = 2.65F; // of its sides, from the way
 constexpr float Pressure = 0.95F;  // of the pencil
 
-int32_t powerOfTwo(int32_t least) {
-    int32_t power = 1;
-    while (power < least)
-        power *= 2;
-    return power;
-}
-
 } // namespace
 
 PencilSheet::PencilSheet(int32_t width, int32_t height, int32_t detail)
     : lowest(height * detail), detail(detail), scale(static_cast<float>(detail)) {
     picture.detail = detail;
-    picture.pictureWidth = width * detail;
-    picture.pictureHeight = height * detail;
-    // As old graphics cards want them, which show no other detail.
-    picture.width = detail == 1 ? powerOfTwo(width) : picture.pictureWidth;
-    picture.height = detail == 1 ? powerOfTwo(height) : picture.pictureHeight;
-    picture.depth = BytesPerPixel;
-    picture.pixels.assign(picture.rowSize() * static_cast<size_t>(picture.height), 0);
+    // Old graphics cards show no other detail.
+    picture.allocate(width * detail, height * detail, BytesPerPixel, detail == 1);
 }
 
 // On what is there; the picture keeps straight alpha.

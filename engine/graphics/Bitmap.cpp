@@ -31,6 +31,13 @@ void accountGraphics(int64_t change) {
         "GfxMem", LogDebug);
 }
 
+int32_t nextPowerOfTwo(int32_t size) {
+    int32_t power = 1;
+    while (power < size)
+        power *= 2;
+    return power;
+}
+
 int64_t bytes(const BitmapData& data) { return static_cast<int64_t>(data.pixels.size()); }
 
 bool isSide(int32_t size) { return size >= 1 && size <= MaxPictureSide; }
@@ -113,6 +120,15 @@ uint32_t argb(const uint8_t* pixel, int32_t depth, ChannelOrder order) {
 }
 
 } // namespace
+
+void BitmapData::allocate(int32_t newWidth, int32_t newHeight, int32_t newDepth, bool powerOfTwo) {
+    pictureWidth = newWidth;
+    pictureHeight = newHeight;
+    width = powerOfTwo ? nextPowerOfTwo(newWidth) : newWidth;
+    height = powerOfTwo ? nextPowerOfTwo(newHeight) : newHeight;
+    depth = newDepth;
+    pixels.assign(rowSize() * static_cast<size_t>(height), 0);
+}
 
 void BitmapData::lineArgb(int32_t y, uint32_t* result) const {
     const uint8_t* pixel = line(y);

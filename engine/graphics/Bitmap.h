@@ -29,6 +29,9 @@ struct BitmapData {
     ChannelOrder order = ChannelOrder::Rgb;
     std::vector<uint8_t> pixels;
 
+    /// Makes it a clear picture of that size. powerOfTwo: the buffer's sides become powers of two,
+    /// as graphics cards before OpenGL 2.0 need them.
+    void allocate(int32_t newWidth, int32_t newHeight, int32_t newDepth, bool powerOfTwo);
     size_t rowSize() const { return static_cast<size_t>(width) * static_cast<size_t>(depth); }
     /// A line of the picture, counted from the top. REQUIRES: 0 <= y < pictureHeight.
     const uint8_t* line(int32_t y) const {

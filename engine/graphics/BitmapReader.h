@@ -36,8 +36,6 @@ protected:
 
     /// Whether a picture may have that size; if not, the fault says why.
     bool isSizeAccepted(int64_t width, int64_t height);
-    /// Allocates the buffer for a picture of that size and gives it its sizes.
-    void allocate(BitmapData& data, int32_t width, int32_t height, int32_t depth) const;
 
     bool powerOfTwo;
     std::optional<File> file;

@@ -66,7 +66,7 @@ bool FormatANY::decode(BitmapData& data) {
         log("Can't read data", "FormatANY", LogError);
         return false;
     }
-    allocate(data, picture.width, picture.height, picture.channels % 2 == 0 ? 4 : 3);
+    data.allocate(picture.width, picture.height, picture.channels % 2 == 0 ? 4 : 3, powerOfTwo);
     data.order = ChannelOrder::Rgb;
     const size_t lineSize =
         static_cast<size_t>(picture.width) * static_cast<size_t>(picture.channels);

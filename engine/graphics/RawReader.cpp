@@ -16,7 +16,7 @@ bool RawReader::readRows(BitmapData& data, int32_t padding, bool topDown) {
     const int64_t size = (int64_t(rowBytes) + padding) * height - padding;
     if (!fits(*file, pixelOffset, size) || !file->seek(static_cast<int32_t>(pixelOffset), 0))
         return false;
-    allocate(data, width, height, depth);
+    data.allocate(width, height, depth, powerOfTwo);
     data.order = ChannelOrder::Bgr;
     const bool isStoredAlike =
         padding == 0 && !topDown && data.width == width && data.height == height;
