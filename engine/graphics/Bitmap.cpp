@@ -1,5 +1,6 @@
 #include "engine/graphics/Bitmap.h"
 
+#include <array>
 #include <memory>
 
 #include "engine/core/Log.h"
@@ -58,15 +59,17 @@ bool readInto(BitmapReader& reader, const String& fileName, BitmapData& data) {
     return error == nullptr;
 }
 
+std::array<std::unique_ptr<BitmapReader>, 3> readersOf(bool powerOfTwo) {
+    return {std::make_unique<FormatZEL>(powerOfTwo), std::make_unique<FormatBMP>(powerOfTwo),
+            std::make_unique<FormatANY>(powerOfTwo)};
+}
+
 /// Tries the readers in turn. Returns what is wrong; empty for nothing. The refusal of a header is
 /// logged as an error only if no reader accepts the file.
 String readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
-    const std::unique_ptr<BitmapReader> readers[] = {std::make_unique<FormatZEL>(powerOfTwo),
-                                                     std::make_unique<FormatBMP>(powerOfTwo),
-                                                     std::make_unique<FormatANY>(powerOfTwo)};
     std::vector<String> refusals;
     String fault = "no picture";
-    for (const auto& reader : readers) {
+    for (const auto& reader : readersOf(powerOfTwo)) {
         const char* error = reader->open(fileName);
         if (error == nullptr) {
             for (const String& refusal : refusals)
@@ -101,10 +104,10 @@ bool readDoubled(const String& fileName, BitmapData& data) {
     const String doubled = PictureDetail::doubledName(fileName);
     if (!system::fileStatus(doubled).exists || !readFile(doubled, false, data).empty())
         return false;
-    if (data.pictureWidth % PictureDetail::Doubled != 0 ||
-        data.pictureHeight % PictureDetail::Doubled != 0) {
-        log(doubled + " has an odd side, so it is not twice as large as " + fileName, "Bitmap",
-            LogError);
+    const String fault =
+        PictureDetail::doubledFault({data.pictureWidth, data.pictureHeight}, fileName);
+    if (!fault.empty()) {
+        log(doubled + " " + fault, "Bitmap", LogError);
         return false;
     }
     data.detail = PictureDetail::Doubled;
@@ -142,6 +145,13 @@ void BitmapData::lineArgb(int32_t y, uint32_t* result) const {
     else
         for (int32_t x = 0; x < pictureWidth; ++x, pixel += depth)
             result[x] = argb(pixel, depth, ChannelOrder::Bgr);
+}
+
+PictureSize pictureSizeOf(const String& fileName) {
+    for (const auto& reader : readersOf(false))
+        if (reader->open(fileName) == nullptr)
+            return {reader->getWidth(), reader->getHeight()};
+    return {};
 }
 
 Bitmap::~Bitmap() { unload(); }

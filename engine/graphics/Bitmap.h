@@ -45,6 +45,14 @@ struct BitmapData {
     void lineArgb(int32_t y, uint32_t* result) const;
 };
 
+/// A size in pixels.
+struct PictureSize {
+    int32_t width = 0;
+    int32_t height = 0;
+};
+/// The size of a picture file by its header; nothing is decoded. 0 by 0 if no reader accepts it.
+PictureSize pictureSizeOf(const String& fileName);
+
 /// One picture: its pixels in memory, and a texture once it has been drawn.
 ///
 /// The pixels need no window. The canvas makes the texture at the first drawing, reports it by

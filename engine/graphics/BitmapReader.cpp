@@ -17,14 +17,20 @@ const char* BitmapReader::readPixels(BitmapData& data) {
     return nullptr;
 }
 
-bool BitmapReader::isSizeAccepted(int64_t width, int64_t height) {
-    const auto size = [&] { return std::to_string(width) + " by " + std::to_string(height); };
-    if (width < 1 || height < 1)
-        fault = "empty: " + size() + " pixels";
-    else if (width > MaxPictureSide || height > MaxPictureSide)
-        fault = "too large: " + size() + " pixels, at most " + String(MaxPictureSide) + " by " +
+bool BitmapReader::acceptSize(int64_t newWidth, int64_t newHeight) {
+    const auto size = [&] {
+        return std::to_string(newWidth) + " by " + std::to_string(newHeight) + " pixels";
+    };
+    if (newWidth < 1 || newHeight < 1)
+        fault = "empty: " + size();
+    else if (newWidth > MaxPictureSide || newHeight > MaxPictureSide)
+        fault = "too large: " + size() + ", at most " + String(MaxPictureSide) + " by " +
                 MaxPictureSide;
-    return fault.empty();
+    if (!fault.empty())
+        return false;
+    width = static_cast<int32_t>(newWidth);
+    height = static_cast<int32_t>(newHeight);
+    return true;
 }
 
 } // namespace zel

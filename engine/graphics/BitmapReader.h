@@ -25,6 +25,9 @@ public:
     const char* open(const String& fileName);
     /// Null if all is well, else "Unable to read pixel data", and `data` is as it was.
     const char* readPixels(BitmapData& data);
+    /// Of the picture, in pixels, as its header says. REQUIRES: open() has accepted it.
+    int32_t getWidth() const { return width; }
+    int32_t getHeight() const { return height; }
     /// What is wrong with a picture whose format it knows, such as "too large: 9000 by 50 pixels,
     /// at most 8192 by 8192"; empty if there is nothing to say.
     const String& getFault() const { return fault; }
@@ -34,10 +37,12 @@ protected:
     virtual bool checkHeader() = 0;
     virtual bool decode(BitmapData& data) = 0;
 
-    /// Whether a picture may have that size; if not, the fault says why.
-    bool isSizeAccepted(int64_t width, int64_t height);
+    /// Takes the size if a picture may have it. If not: false, and the fault says why.
+    bool acceptSize(int64_t newWidth, int64_t newHeight);
 
     bool powerOfTwo;
+    int32_t width = 0; // of the picture, in pixels
+    int32_t height = 0;
     std::optional<File> file;
     String fault;
 };

@@ -50,7 +50,7 @@ bool FormatANY::checkHeader() {
     }
     StbInfo info;
     if (!isSafeToDecode(content) || !readStbInfo(content, info) ||
-        !isSizeAccepted(info.width, info.height))
+        !acceptSize(info.width, info.height))
         return false;
     if (!isPlausible(info, content.size()))
         fault = String("damaged: ") + info.width + " by " + info.height + " pixels in " +
@@ -61,7 +61,7 @@ bool FormatANY::checkHeader() {
 bool FormatANY::decode(BitmapData& data) {
     StbInfo picture;
     const StbPixels decoded = decodeWithStb(content, picture);
-    if (decoded == nullptr || !isSizeAccepted(picture.width, picture.height) ||
+    if (decoded == nullptr || !acceptSize(picture.width, picture.height) ||
         !isPlausible(picture, content.size()) || picture.channels < 1 || picture.channels > 4) {
         log("Can't read data", "FormatANY", LogError);
         return false;

@@ -54,13 +54,9 @@ bool FormatBMP::checkHeader() {
         log(error, "FormatBMP", LogDebug);
         return false;
     }
-    if (!isSizeAccepted(signedWidth, std::abs(signedHeight)))
-        return false;
     topDown = signedHeight < 0;
-    width = static_cast<int32_t>(signedWidth);
-    height = static_cast<int32_t>(std::abs(signedHeight));
     depth = bits / 8;
-    return true;
+    return acceptSize(signedWidth, std::abs(signedHeight));
 }
 
 bool FormatBMP::decode(BitmapData& data) {

@@ -20,15 +20,15 @@ bool FormatZEL::checkHeader() {
         return false;
     }
     pixelOffset = header.u32();
-    width = header.u16();
-    height = header.u16();
+    const int32_t pictureWidth = header.u16();
+    const int32_t pictureHeight = header.u16();
     const int32_t bits = header.u16();
     if (!isDepth(bits)) {
         log("ZEL depth unsupported", "FormatZEL", LogWarning);
         return false;
     }
     depth = bits / 8;
-    return isSizeAccepted(width, height);
+    return acceptSize(pictureWidth, pictureHeight);
 }
 
 } // namespace zel

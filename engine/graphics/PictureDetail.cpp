@@ -64,6 +64,14 @@ String PictureDetail::doubledName(const String& pictureFile) {
     return String(name.substr(0, end)) + "@2x" + String(name.substr(end));
 }
 
+String PictureDetail::doubledFault(const PictureSize& doubled, const String& pictureFile) {
+    const PictureSize plain = pictureSizeOf(pictureFile);
+    if (doubled.width == plain.width * Doubled && doubled.height == plain.height * Doubled)
+        return {};
+    return String("is ") + doubled.width + " x " + doubled.height + ", not twice as large as " +
+           pictureFile;
+}
+
 void PictureDetail::add(const Bitmap& bitmap) { followers().push_back(&bitmap); }
 
 void PictureDetail::remove(const Bitmap& bitmap) {

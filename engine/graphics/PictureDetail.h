@@ -7,6 +7,7 @@
 namespace zel {
 
 class Bitmap;
+struct PictureSize;
 
 /// How many pixels pictures have to one of the design: one, or two on a window that is much larger
 /// than the design. Screens don't notice: sizes, index files and fonts are in pixels of the design
@@ -26,6 +27,9 @@ public:
     static void follow();
     /// The file of twice the size: "a/b@2x.png" for "a/b.png".
     static String doubledName(const String& pictureFile);
+    /// What is wrong with a file of twice the size that is that large, such as "is 5 x 4, not twice
+    /// as large as a/b.png"; empty if nothing.
+    static String doubledFault(const PictureSize& doubled, const String& pictureFile);
 
     // For bitmaps with a source.
     static void add(const Bitmap& bitmap);

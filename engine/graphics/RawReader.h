@@ -16,8 +16,6 @@ protected:
     bool readRows(BitmapData& data, int32_t padding, bool topDown);
 
     uint32_t pixelOffset = 0;
-    int32_t width = 0;
-    int32_t height = 0;
     int32_t depth = 0; // bytes a pixel
 };
 

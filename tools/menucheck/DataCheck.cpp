@@ -27,7 +27,8 @@ constexpr const char* Tables = "Language/";
 constexpr const char* TableEnding = ".txt";
 constexpr const char* ModelCode = "en"; // of the table whose marks are the model
 constexpr const char* Codes = "Language/langcodes.dat";
-constexpr const char* Pictures = "Pictures/";
+constexpr const char* Pictures = "Pictures";
+constexpr const char* Fonts = "Fonts";
 constexpr const char* IndexEnding = ".idx";
 
 enum class Names { Image, Font, Sound, PaintedLayout, Text };
@@ -70,6 +71,22 @@ std::vector<zel::ImageDescription> imagesIn(const String& picture) {
     if (!zel::readTextFile(zel::imageIndexName(picture), zel::MaxIndexSize, text))
         return {};
     return zel::parseImageIndex(text, zel::LifetimeShort, 1).images;
+}
+
+/// Reports pictures that large windows don't show, since they aren't twice as large.
+void checkDoubledIn(const char* folderName, FindingLog& findings) {
+    if (!zel::system::isDirectory(folderName))
+        return;
+    const zel::Directory folder(folderName, "*.*");
+    for (int32_t i = 0; i < folder.count(); ++i) {
+        const String plain = String(folderName) + "/" + folder.name(i);
+        const String doubled = zel::PictureDetail::doubledName(plain);
+        if (!zel::File::exists(doubled))
+            continue;
+        const String fault = zel::PictureDetail::doubledFault(zel::pictureSizeOf(doubled), plain);
+        if (!fault.empty())
+            findings.add({doubled, 0}, fault);
+    }
 }
 
 /// A text of a table, and its line.
@@ -200,14 +217,16 @@ void NamedData::checkFiles(FindingLog& findings) const {
 }
 
 void NamedData::checkPictures(FindingLog& findings) const {
-    if (!zel::system::isDirectory("Pictures"))
+    checkDoubledIn(Pictures, findings);
+    checkDoubledIn(Fonts, findings);
+    if (!zel::system::isDirectory(Pictures))
         return;
-    const zel::Directory folder("Pictures", "*.*");
+    const zel::Directory folder(Pictures, "*.*");
     std::set<String> doubled; // shown in place of the plain pictures, on large windows
     for (int32_t i = 0; i < folder.count(); ++i)
         doubled.insert(zel::PictureDetail::doubledName(folder.name(i)));
     for (int32_t i = 0; i < folder.count(); ++i) {
-        const String file = String(Pictures) + folder.name(i);
+        const String file = String(Pictures) + "/" + folder.name(i);
         if (folder.isDirectory(i) || zel::equalsNoCase(file.right(4), IndexEnding) ||
             doubled.count(folder.name(i)) != 0)
             continue;

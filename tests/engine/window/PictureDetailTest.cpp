@@ -25,8 +25,8 @@ protected:
                                                {"single", 2, '\x20'},
                                                {"unseen", 2, '\x20'},
                                                {"unseen@2x", 4, '\x20'},
-                                               {"odd", 2, '\x20'},
-                                               {"odd@2x", 3, '\x20'}})
+                                               {"other", 2, '\x20'},
+                                               {"other@2x", 6, '\x30'}})
             folder.write(std::string(name) + ".zel",
                          zelFile(side, side, 24, std::string(size_t(side * side * 3), grey)));
         EXPECT_TRUE(Window::create(129, 129, 32));
@@ -67,7 +67,7 @@ TEST_F(PictureDetailTest, FollowsTheWindowsSize) {
     EXPECT_EQ(drawn(), 0xFF404040) << "1.29 pixels to one of the design";
     const int64_t plain = Bitmap::systemMemory();
     static_cast<void>(bitmap("unseen"));
-    static_cast<void>(bitmap("odd"));
+    static_cast<void>(bitmap("other"));
     resize(130);
     EXPECT_EQ(drawn(), 0xFF404040) << "no gap: what was there, until the other size is read";
     EXPECT_EQ(drawn(), 0xFF808080);
@@ -75,12 +75,12 @@ TEST_F(PictureDetailTest, FollowsTheWindowsSize) {
         drawn();
     EXPECT_EQ(bitmap("shown").width(), 2) << "in pixels of the design, as before";
     EXPECT_EQ(bitmap("single").getData().detail, 1);
-    EXPECT_TRUE(bitmap("unseen").isAsleep() && bitmap("odd").isAsleep());
+    EXPECT_TRUE(bitmap("unseen").isAsleep() && bitmap("other").isAsleep());
     EXPECT_EQ(Bitmap::systemMemory(), plain + (4 * 4 - 2 * 2) * 3);
     EXPECT_FALSE(log.holds("single@2x")) << "no complaint where there is but one size";
     EXPECT_EQ(bitmap("unseen").pixelAt(3, 3), 0xFF202020) << "awake, and of the new size";
-    EXPECT_EQ(bitmap("odd").pixelAt(0, 0), 0xFF202020);
-    EXPECT_TRUE(log.holds("odd@2x.zel has an odd side")) << log.text();
+    EXPECT_EQ(bitmap("other").pixelAt(0, 0), 0xFF202020);
+    EXPECT_TRUE(log.holds("other@2x.zel is 6 x 6, not twice as large as ")) << log.text();
     resize(129);
     for (int32_t i = 0; i < 4; ++i)
         drawn();
