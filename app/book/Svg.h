@@ -5,8 +5,8 @@
 
 #include "engine/core/String.h"
 
-/// A drawing for a web page, piece by piece. Texts are Windows-1252, as everywhere; the drawing is
-/// UTF-8 and needs nothing from elsewhere.
+/// A drawing for a web page, piece by piece. Texts are bytes of the code page of TextEncoding.h;
+/// the drawing is UTF-8 and needs nothing from elsewhere.
 class Svg {
 public:
     enum class Anchor { Start, Middle, End };

@@ -8,7 +8,8 @@ namespace zel {
 
 class Image;
 
-/// A bitmap font. Texts are bytes of Windows-1252, and a byte is its character's code.
+/// A bitmap font. Texts are bytes of the code page of TextEncoding.h, and a byte is its character's
+/// code.
 ///
 /// Layout of a line: the pen starts at 0; before each character but the first it moves by
 /// kerning(previous, code) and by charOffset; the glyph's picture goes to pen + xOffset, line top +

@@ -25,8 +25,8 @@ enum class TextFlow : uint8_t {
 /// A text laid out in a rectangle with a font. It is laid out at the first drawing or query after a
 /// change: drawing an unchanged text only sends its glyphs.
 ///
-/// Texts are bytes of Windows-1252. A line feed ends a line. A character that the font lacks is
-/// logged once per layout and skipped.
+/// Texts are bytes of the code page of TextEncoding.h. A line feed ends a line. A character that
+/// the font lacks is logged once per layout and skipped.
 class Text {
 public:
     /// The font must outlive the text, or be replaced; null draws nothing.
