@@ -12,24 +12,15 @@ namespace zel {
 
 namespace {
 
-constexpr uint32_t White = 0;           // number of the texture of a single white pixel
-constexpr int32_t VersionOfAnySize = 2; // of OpenGL, from which textures may have any sides
+constexpr uint32_t White = 0; // number of the texture of a single white pixel
+// Versions of OpenGL: 102 is 1.2.
+constexpr int32_t VersionOfAnySize = 200; // from which textures may have any sides
+constexpr int32_t VersionOfEdges = 102;   // from which they may end at their own edges
 
 GLenum pixelFormat(const BitmapData& data) {
     if (data.order == ChannelOrder::Rgb)
         return data.depth == 4 ? GL_RGBA : GL_RGB;
     return data.depth == 4 ? GL_BGRA : GL_BGR;
-}
-
-GLuint newTexture() {
-    GLuint name = 0;
-    glGenTextures(1, &name);
-    glBindTexture(GL_TEXTURE_2D, name);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-    return name;
 }
 
 /// Repeats the picture's lower and right edge by one pixel into the rest of the buffer, if there is
@@ -62,6 +53,13 @@ const void* at(const std::vector<Vertex>& vertices, size_t offset) {
 /// A text of the driver: players' logs show a slow renderer such as "GDI Generic".
 String driverText(GLenum name) { return reinterpret_cast<const char*>(glGetString(name)); }
 
+/// Of a text such as "1.2.1 Mesa".
+int32_t versionOf(const String& text) {
+    const std::string_view digits = text.view();
+    const size_t dot = std::min(digits.find('.'), digits.size() - 1);
+    return toInt(digits) * 100 + toInt(digits.substr(dot + 1));
+}
+
 } // namespace
 
 void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
@@ -72,15 +70,7 @@ void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
     blend = static_cast<uint32_t>(Blend::Normal);
     clipping = false;
     clip = {};
-    GLint reported = 0;
-    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &reported);
-    maximumTextureSize = reported;
-    anyTextureSize = toInt(driverText(GL_VERSION).view()) >= VersionOfAnySize;
-    log("Maximum texture size: " + String(maximumTextureSize), "Canvas", LogInfo);
-    log("OpenGL of " + driverText(GL_VENDOR) + ", renderer " + driverText(GL_RENDERER) +
-            ", version " + driverText(GL_VERSION),
-        "Canvas", LogInfo);
-
+    readDriver();
     glViewport(0, 0, width, height);
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -102,6 +92,34 @@ void CanvasSide::attach(int32_t windowWidth, int32_t windowHeight) {
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
     makeWhite();
+}
+
+void CanvasSide::readDriver() {
+    GLint reported = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &reported);
+    maximumTextureSize = reported;
+    const int32_t version = versionOf(driverText(GL_VERSION));
+    anyTextureSize = version >= VersionOfAnySize;
+    edges = version >= VersionOfEdges ? GL_CLAMP_TO_EDGE : GL_CLAMP;
+    log("Maximum texture size: " + String(maximumTextureSize), "Canvas", LogInfo);
+    log("OpenGL of " + driverText(GL_VENDOR) + ", renderer " + driverText(GL_RENDERER) +
+            ", version " + driverText(GL_VERSION),
+        "Canvas", LogInfo);
+    if (version < VersionOfEdges)
+        log("OpenGL is older than 1.2, as without the driver of a graphics card: pictures may have "
+            "faint edges",
+            "Canvas", LogWarning);
+}
+
+uint32_t CanvasSide::newTexture() const {
+    GLuint name = 0;
+    glGenTextures(1, &name);
+    glBindTexture(GL_TEXTURE_2D, name);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, edges);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, edges);
+    return name;
 }
 
 void CanvasSide::detach() {
@@ -163,10 +181,10 @@ uint32_t CanvasSide::makeTexture(const Bitmap& bitmap) {
 }
 
 uint32_t CanvasSide::upload(const BitmapData& data) {
+    const GLuint name = newTexture();
     // Clears older errors, which aren't this picture's. A lost context may report them forever.
     for (int32_t i = 0; i < 16 && glGetError() != GL_NO_ERROR; ++i) {
     }
-    const GLuint name = newTexture();
     boundNumber = lastNumber + 1;
     glTexImage2D(GL_TEXTURE_2D, 0, data.depth == 4 ? GL_RGBA8 : GL_RGB8, data.width, data.height, 0,
                  pixelFormat(data), GL_UNSIGNED_BYTE, data.pixels.data());

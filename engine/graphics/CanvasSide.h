@@ -40,6 +40,8 @@ public:
     int32_t getDrawCalls() const { return drawCalls; }
 
 private:
+    void readDriver();
+    uint32_t newTexture() const;
     uint32_t makeTexture(const Bitmap& bitmap);
     uint32_t upload(const BitmapData& data);
     void makeWhite();
@@ -53,6 +55,7 @@ private:
     int32_t height = 0;
     int32_t maximumTextureSize = 0;
     bool anyTextureSize = false; // not powers of two alone
+    int32_t edges = 0;           // of textures, beyond which nothing of them is repeated
     uint32_t generation = 0;     // of the context
     // OpenGL's names by our numbers. A number is never used twice, so that one of an earlier
     // context can't refer to a texture of this one.
