@@ -218,9 +218,7 @@ bool writePieces(const zel::String& data, const std::vector<std::string>& pieces
 } // namespace
 
 zel::String dataFolder(const zel::String& dir) {
-    std::string_view folder = dir.view();
-    while (folder.size() > 1 && (folder.back() == '/' || folder.back() == '\\'))
-        folder.remove_suffix(1);
+    const std::string_view folder = zel::withoutSeparator(dir.view());
     return folder.empty() ? zel::String("data") : zel::String(folder) + "/data";
 }
 

@@ -49,6 +49,13 @@ bool fitsPattern(std::string_view name, std::string_view pattern) {
     return p == pattern.size();
 }
 
+std::string_view withoutSeparator(std::string_view folder) {
+    const auto isDrive = [&] { return folder.size() == 3 && folder[1] == ':'; };
+    while (folder.size() > 1 && isSeparator(folder.back()) && !isDrive())
+        folder.remove_suffix(1);
+    return folder;
+}
+
 bool Directory::list(const String& path, const String& pattern) {
     const bool isReadable = system::listDirectory(path, entries);
     why = isReadable ? FileFault::None : system::lastFault();
@@ -75,9 +82,7 @@ bool Directory::holds(std::string_view name) const {
 }
 
 bool Directory::create(const String& path) {
-    std::string_view folder = path.view();
-    while (folder.size() > 1 && isSeparator(folder.back()))
-        folder.remove_suffix(1);
+    const std::string_view folder = withoutSeparator(path.view());
     if (folder.empty() || system::isDirectory(String(folder)))
         return true;
     const size_t separator = folder.find_last_of("\\/");

@@ -42,4 +42,7 @@ private:
 /// itself without regard to case. "*.*" matches every name, also one without a dot.
 bool fitsPattern(std::string_view name, std::string_view pattern);
 
+/// A folder without the separators at its end. A root keeps its own: "/", "C:\".
+std::string_view withoutSeparator(std::string_view folder);
+
 } // namespace zel

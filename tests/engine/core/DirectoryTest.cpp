@@ -32,6 +32,15 @@ TEST(Directory, FitsNamesToPatterns) {
 }
 // clang-format on
 
+TEST(Directory, TakesTheSeparatorOffAFolder) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"/", "/"},          {"C:\\", "C:\\"}, {"C:\\a\\/", "C:\\a"},
+        {"/x/d:/", "/x/d:"}, {"", ""},         {"\\\\s\\share\\", "\\\\s\\share"},
+    };
+    for (const auto& [folder, bare] : cases)
+        EXPECT_EQ(zel::withoutSeparator(folder), bare) << folder;
+}
+
 TEST(Directory, ListsInTheOrderOfLoweredBytes) {
     const TemporaryFolder folder;
     folder.write("b", "");
