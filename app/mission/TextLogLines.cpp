@@ -54,17 +54,31 @@ bool isSystemSection(std::string_view line) {
 }
 
 bool isBracket(std::string_view line) { return bare(line).substr(0, 1) == "["; }
+bool isSectionEnd(std::string_view line) { return zel::equalsNoCase(bare(line), "[END]"); }
 
-/// The line with 1 in place of its value; blanks and what follows the value stay.
+/// How long the number or the word is with which a text begins; 0 for anything else.
+size_t valueLength(std::string_view text) {
+    const auto end = [&](std::string_view letters, size_t start) {
+        return std::min(text.find_first_not_of(letters, start), text.size());
+    };
+    const size_t sign = std::min<size_t>(end("+-", 0), 1);
+    if (const size_t number = end("0123456789", sign); number > sign)
+        return number;
+    return end("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ", 0);
+}
+
+/// The line with 1 in place of its value; all that surrounds the value stays.
 std::string switchedLine(std::string_view line) {
     const std::string_view after = *valueIn(line);
     const size_t start = std::min(after.find_first_not_of(Blanks), after.size());
-    const size_t end = std::min(after.find_first_of(Blanks, start), after.size());
+    const size_t length = valueLength(after.substr(start));
     std::string result(line.substr(0, line.size() - after.size() + start));
-    if (start == end && start == 0)
+    if (after.empty())
         result += ' ';
     result += '1';
-    result += after.substr(end);
+    if (length == 0 && start < after.size())
+        result += ' ';
+    result += after.substr(start + length);
     return result;
 }
 
@@ -75,7 +89,7 @@ public:
         while (!settings.empty())
             take(takeLine(settings));
         closeSection();
-        if (!hasSection && !hasKey)
+        if (!hasSection && !hasOwnKey)
             addSection();
         return std::move(content);
     }
@@ -85,13 +99,14 @@ private:
         if (isBracket(line.text)) {
             closeSection();
             isInside = isSystemSection(line.text);
+            isForeign = !isInside && !isSectionEnd(line.text);
             hasSection = hasSection || isInside;
             hasKeyInside = false;
             indent = "\t";
         }
         const std::optional<std::string_view> value = valueIn(line.text);
         if (value) {
-            hasKey = true;
+            hasOwnKey = hasOwnKey || !isForeign;
             hasKeyInside = hasKeyInside || isInside;
         }
         content += value && zel::toInt(bare(*value)) == 0 ? switchedLine(line.text)
@@ -101,8 +116,10 @@ private:
             ending = line.end;
         if (!isBracket(line.text) && !bare(line.text).empty())
             indent = line.text.substr(0, line.text.find_first_not_of(Blanks));
-        if (!bare(line.text).empty())
+        if (!bare(line.text).empty()) {
             lastLine = content.size();
+            lastEnding = ending;
+        }
     }
 
     /// A section without the key gets it after its last line that isn't empty.
@@ -110,10 +127,10 @@ private:
         if (isInside && !hasKeyInside) {
             const bool isEnded =
                 lastLine > 0 && (content[lastLine - 1] == '\n' || content[lastLine - 1] == '\r');
-            std::string added = isEnded ? "" : std::string(ending);
+            std::string added = isEnded ? "" : std::string(lastEnding);
             added += std::string(indent) + std::string(KeyName) + " = 1";
             if (isEnded)
-                added += ending;
+                added += lastEnding;
             content.insert(lastLine, added);
         }
         isInside = false;
@@ -131,10 +148,12 @@ private:
     std::string_view ending = "\r\n"; // of the line before
     std::string_view indent = "\t";   // of the section's lines
     size_t lastLine = 0;              // where the last line that isn't empty ends
-    bool isInside = false;            // of the section
+    std::string_view lastEnding = ending;
+    bool isInside = false; // of the section
     bool hasSection = false;
     bool hasKeyInside = false;
-    bool hasKey = false;
+    bool isForeign = false; // in another section
+    bool hasOwnKey = false; // outside of other sections
 };
 
 } // namespace

@@ -8,8 +8,8 @@
 /// and none means 0. isReported: each of them goes to the console.
 int32_t textLogValue(std::string_view settings, bool isReported = false);
 
-/// The content with mission_text_log = 1 in its section, [KEY = system]. Where lines have it, each
-/// gets that value; a section without it gets a line at its end, and a text without the section the
-/// section. Every other byte stays as it is; new lines end as the line before them does. A text
-/// that has it already is unchanged.
+/// The content with mission_text_log = 1 in its section, [KEY = system]. Each line that has it gets
+/// that value; a section without it gets a line at its end. A text without the section gets one,
+/// unless it has the line outside of all sections. Every other byte stays as it is; new lines end
+/// as the line before them does. A text that has it already is unchanged.
 std::string withTextLogOn(std::string_view settings);

@@ -29,6 +29,11 @@ TEST(TextLogLines, KeepEveryOtherByte) {
         {"[KEY = system]\nmission_text_log = 0", "[KEY = system]\nmission_text_log = 1"},
         {"[KEY = system]\nmission_text_log =\n", "[KEY = system]\nmission_text_log = 1\n"},
         {"mission_text_log =  \t\n", "mission_text_log =  \t1\n"},
+        // What follows the value without a blank, and what isn't one.
+        {"mission_text_log = 0;\n", "mission_text_log = 1;\n"},
+        {"mission_text_log=-0//note", "mission_text_log=1//note"},
+        {"mission_text_log = off# 0\n", "mission_text_log = 1# 0\n"},
+        {"mission_text_log = // off\n", "mission_text_log = 1 // off\n"},
         // Twice, with one of them on, and lines of either end.
         {"[KEY = system]\r\nmission_text_log = 1\n\xE9\rmission_text_log = 0\n[END]\r",
          "[KEY = system]\r\nmission_text_log = 1\n\xE9\rmission_text_log = 1\n[END]\r"},
@@ -40,6 +45,8 @@ TEST(TextLogLines, KeepEveryOtherByte) {
         {"[KEY = system]\n gamelog = 1", "[KEY = system]\n gamelog = 1\n mission_text_log = 1"},
         // In another section it isn't the simulator's.
         {"[KEY = a]\nmission_text_log = 1\n[END]\n[KEY = system]\n[END]\n",
+         "[KEY = a]\nmission_text_log = 1\n[END]\n[KEY = system]\n\tmission_text_log = 1\n[END]\n"},
+        {"[KEY = a]\nmission_text_log = 0\n[END]\n",
          "[KEY = a]\nmission_text_log = 1\n[END]\n[KEY = system]\n\tmission_text_log = 1\n[END]\n"},
         // No section.
         {"[KEY = a]\r\nx_mission_text_log = 0\r\n[END]",
