@@ -37,7 +37,7 @@ void keepLog() {
 } // namespace
 
 int main(int /*argc*/, char** /*argv*/) {
-    zel::system::openStandardStreams();
+    zel::system::beginProgram();
     if (!zel::system::hasTerminals())
         keepLog();
     if (const zel::String problem = zel::system::applicationDataProblem(); !problem.empty()) {

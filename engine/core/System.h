@@ -47,10 +47,12 @@ void setEnvironment(const char* name, const String& value);
 /// The folder of users' application data, without a trailing separator: APPDATA; off Windows, where
 /// that is unset, XDG_DATA_HOME, or .local/share in the home folder.
 ///
-/// On Windows this folder, the next two and absolutePath() are given by their short names where the
-/// code page lacks a character of the long ones. Where the disk keeps no short names, "?" replaces
-/// such a character, and nothing is found by that path; this function logs it.
+/// On Windows this folder, the next three and absolutePath() are given by their short names where
+/// the code page lacks a character of the long ones. Where the disk keeps no short names, "?"
+/// replaces such a character, and nothing is found by that path; this function logs it.
 String applicationDataDirectory();
+/// The player's own folder: USERPROFILE on Windows, HOME elsewhere. Empty if that is unset.
+String homeDirectory();
 String executableDirectory(); // without a trailing separator; empty if unknown
 String currentDirectory();
 bool changeDirectory(const String& path); // false, and nothing changed, on error
@@ -76,7 +78,9 @@ String printedText(const String& text);
 FILE* openFile(const String& path, const char* mode);
 FileStatus fileStatus(const String& path); // exists is false on error
 bool isDirectory(const String& path);
-/// The folder's entries in no particular order, without "." and ".."; false if it can't be read.
+/// The folder's entries in no particular order, without "." and ".."; false if it can't be read. On
+/// Windows an entry has its short name where the code page lacks a character of the long one, and
+/// "?" for such a character where the disk keeps no short names.
 bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries);
 /// True if the folder exists afterwards. Its parent must exist.
 bool createDirectory(const String& path);
@@ -89,6 +93,7 @@ bool removeFile(const String& path); // false if it can't, or there is none
 /// A text from HKEY_LOCAL_MACHINE in the Windows registry; empty if it can't be read, and on other
 /// systems.
 String queryRegistryValue(const String& keyPath, const String& valueName);
+bool hasRegistry();
 
 /// Windows' identifier of the user's locale, such as 1031 for German; 0 if unknown. LC_ALL
 /// overrides it, for trying out a language. Off Windows it comes from LC_ALL, LC_MESSAGES or LANG,
@@ -102,9 +107,10 @@ bool hasDisplay();
 Extent roomForWindow(Extent desktop);
 /// Whether a program with a window has a standard output that anyone can see.
 bool hasTerminals();
-/// Gives a program that was started without them standard streams that fail: or the next files that
-/// it opens would get their numbers, and what it prints. To be called first.
-void openStandardStreams();
+/// To be called first. Off Windows it gives a program that was started without them standard
+/// streams that fail: or the next files that it opens would get their numbers, and what it prints.
+/// On Windows it keeps the system from asking the player for the disk of an empty drive.
+void beginProgram();
 /// Opens a web address, or a file that a browser shows, without waiting; false if that can't be
 /// started. REQUIRES: it begins with "http://", or is an absolute path.
 bool openBrowser(const String& address);

@@ -6,6 +6,7 @@
 
 #include "engine/core/System.h"
 #include "engine/core/SystemFiles.h"
+#include "engine/core/SystemWindows.h"
 
 namespace zel::system {
 
@@ -74,6 +75,16 @@ bool isOtherName(const String& path) {
     FindClose(search);
     return (data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            IsReparseTagNameSurrogate(data.dwReserved0);
+}
+
+/// In the code page, by its short name if need be.
+std::string entryName(const WIN32_FIND_DATAW& data) {
+    bool isWhole = false;
+    std::string name = narrowed(data.cFileName, CP_ACP, isWhole);
+    if (isWhole || data.cAlternateFileName[0] == L'\0')
+        return name;
+    std::string shortName = narrowed(data.cAlternateFileName, CP_ACP, isWhole);
+    return isWhole ? shortName : name;
 }
 
 /// Waits until a file that was replaced is on the disk under its new name.
@@ -201,18 +212,18 @@ bool isDirectory(const String& path) {
 
 bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     entries.clear();
-    WIN32_FIND_DATAA data;
-    std::string folder(path.empty() ? "." : path.view());
-    if (folder.back() != '\\' && folder.back() != '/')
-        folder += '\\';
-    const HANDLE search = FindFirstFileA((folder + '*').c_str(), &data);
+    WIN32_FIND_DATAW data;
+    std::wstring folder = widened(path.empty() ? "." : path.view(), CP_ACP);
+    if (folder.back() != L'\\' && folder.back() != L'/')
+        folder += L'\\';
+    const HANDLE search = FindFirstFileW((folder + L'*').c_str(), &data);
     if (search == INVALID_HANDLE_VALUE)
         return GetLastError() == ERROR_FILE_NOT_FOUND; // a drive without entries
     do {
-        const std::string name = data.cFileName;
+        const std::string name = entryName(data);
         if (name != "." && name != "..")
             entries.push_back({name, (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
-    } while (FindNextFileA(search, &data) != 0);
+    } while (FindNextFileW(search, &data) != 0);
     const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
     FindClose(search);
     return isWhole;

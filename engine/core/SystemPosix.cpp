@@ -67,8 +67,10 @@ String applicationDataDirectory() {
     for (const char* name : {"APPDATA", "XDG_DATA_HOME"})
         if (String value = environment(name); !value.empty())
             return value;
-    return environment("HOME") + "/.local/share";
+    return homeDirectory() + "/.local/share";
 }
+
+String homeDirectory() { return environment("HOME"); }
 
 String applicationDataProblem() {
     const char* const name = !environment("APPDATA").empty()         ? "APPDATA"
@@ -104,6 +106,7 @@ String shownText(const String& text) { return fromUtf8(text); }
 String printedText(const String& text) { return utf8Of(text); }
 
 String queryRegistryValue(const String& /*keyPath*/, const String& /*valueName*/) { return {}; }
+bool hasRegistry() { return false; }
 
 uint32_t userLocale() {
     for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
@@ -117,7 +120,7 @@ uint32_t userLocale() {
 bool hasDisplay() { return !environment("DISPLAY").empty(); }
 bool hasTerminals() { return true; }
 
-void openStandardStreams() {
+void beginProgram() {
     for (int file = 0; file <= STDERR_FILENO; ++file)
         if (fcntl(file, F_GETFD) < 0) // the lowest number that is free is this one
             static_cast<void>(open("/dev/null", file == STDIN_FILENO ? O_WRONLY : O_RDONLY));

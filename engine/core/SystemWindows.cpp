@@ -1,3 +1,5 @@
+#include "engine/core/SystemWindows.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <io.h>
@@ -39,7 +41,9 @@ WallTime partsOf(const SYSTEMTIME& time) {
     return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
 }
 
-std::wstring widened(std::string_view text, UINT page, DWORD flags = 0) {
+} // namespace
+
+std::wstring widened(std::string_view text, UINT page, DWORD flags) {
     const int length = static_cast<int>(text.size());
     std::wstring wide(text.size(), L'\0'); // no character takes more units than bytes
     wide.resize(static_cast<size_t>(
@@ -47,8 +51,6 @@ std::wstring widened(std::string_view text, UINT page, DWORD flags = 0) {
     return wide;
 }
 
-/// In that code page, with "?" for characters that it lacks rather than similar ones: no file is
-/// found by that. `isWhole` returns whether nothing was lacking.
 std::string narrowed(const std::wstring& wide, UINT page, bool& isWhole) {
     const bool isUtf8 =
         page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8); // has every character
@@ -62,6 +64,8 @@ std::string narrowed(const std::wstring& wide, UINT page, bool& isWhole) {
     isWhole = lacking == FALSE;
     return text;
 }
+
+namespace {
 
 /// The text of a Windows function that fills a buffer. It returns the text's length or, if that
 /// doesn't fit, the buffer's size or the size that it needs.
@@ -100,6 +104,11 @@ String printed(const std::wstring& wide) {
     return narrowed(wide, console != 0 ? console : CP_ACP, isWhole);
 }
 
+std::wstring variable(const wchar_t* name) {
+    return textOf(
+        [&](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(name, text, size); });
+}
+
 } // namespace
 
 uint32_t ticks() {
@@ -131,10 +140,8 @@ String environment(const char* name) { return String(std::getenv(name)); }
 void setEnvironment(const char* name, const String& value) { _putenv_s(name, value.c_str()); }
 
 String applicationDataDirectory() {
-    const std::wstring path = textOf(
-        [](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(L"APPDATA", text, size); });
     bool isWhole = false;
-    String name = named(path, isWhole);
+    String name = named(variable(L"APPDATA"), isWhole);
     static bool isTold = false;
     if (!isWhole && !isTold) {
         isTold = true;
@@ -143,6 +150,8 @@ String applicationDataDirectory() {
     }
     return name;
 }
+
+String homeDirectory() { return named(variable(L"USERPROFILE")); }
 
 String applicationDataProblem() {
     const String folder = environment("APPDATA");
@@ -212,6 +221,8 @@ String queryRegistryValue(const String& keyPath, const String& valueName) {
     return result == ERROR_SUCCESS && isText ? String(buffer) : String();
 }
 
+bool hasRegistry() { return true; }
+
 uint32_t userLocale() {
     const uint32_t chosen = localeIdentifier(environment("LC_ALL"));
     return chosen != 0 ? chosen : GetUserDefaultLCID();
@@ -220,7 +231,8 @@ uint32_t userLocale() {
 bool hasDisplay() { return true; }
 bool hasTerminals() { return false; }
 
-void openStandardStreams() {} // handles have no numbers here that others could get
+// Standard streams need nothing: handles have no numbers here that others could get.
+void beginProgram() { SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX); }
 
 Extent roomForWindow(Extent desktop) {
     RECT clear; // of the bars

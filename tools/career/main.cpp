@@ -64,7 +64,7 @@ bool enterRunDirectory(const zel::String& chosen) {
 } // namespace
 
 int main(int argc, char** argv) {
-    zel::system::openStandardStreams();
+    zel::system::beginProgram();
     zel::setApplicationTitle("Wingtally");
     CareerCall call;
     const tools::CallReading reading = readCareerCall(tools::argumentsOf(argc, argv), call);

@@ -75,7 +75,7 @@ bool watch(const standin::StandInCall& call) {
 } // namespace
 
 int main(int count, char** words) {
-    zel::system::openStandardStreams();
+    zel::system::beginProgram();
     standin::StandInCall call;
     const tools::CallReading reading =
         standin::readStandInCall(tools::argumentsOf(count, words), call);
