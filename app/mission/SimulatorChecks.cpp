@@ -48,12 +48,17 @@ void findNewestLog(const zel::String& folder, SimulatorChecks& checks) {
 
 } // namespace
 
+bool holdsSimulator(const zel::String& folder) {
+    return !folder.empty() && zel::system::fileStatus(folder + "/data/startup.cfg").size > 0 &&
+           !zel::system::isDirectory(folder + "/bin/game");
+}
+
 SimulatorChecks checkSimulatorIn(const zel::String& folder) {
     SimulatorChecks checks;
     if (folder.empty())
         return checks;
     const zel::String settings = folder + "/data/startup.cfg";
-    checks.isThere = zel::system::fileStatus(settings).size > 0;
+    checks.isThere = holdsSimulator(folder);
     checkTextLog(settings, checks);
     checks.missionsFault = missionsFault(folder);
     findNewestLog(folder + "/data", checks);

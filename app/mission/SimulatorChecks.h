@@ -10,9 +10,9 @@ enum class TextLog {
     Unknown, // data/startup.cfg is missing or can't be read
 };
 
-/// What was found in a folder that is to be the simulator's.
+/// What the checks of one folder found.
 struct SimulatorChecks {
-    bool isThere = false; // data/startup.cfg is there and isn't empty
+    bool isThere = false; // as holdsSimulator() finds
     TextLog textLog = TextLog::Unknown;
     zel::FileFault settingsFault = zel::FileFault::None; // why startup.cfg can't be read
     zel::FileFault missionsFault = zel::FileFault::None; // why data/Missions can't be written
@@ -28,3 +28,6 @@ struct SimulatorChecks {
 /// Checks a folder. Whether missions can be written is really tried, with a draft that is removed
 /// again. An empty name has nothing.
 SimulatorChecks checkSimulatorIn(const zel::String& folder);
+/// Whether that folder has the simulator: data/startup.cfg that isn't empty. The later simulators
+/// of the same make have such a file too, and their program elsewhere. An empty name has nothing.
+bool holdsSimulator(const zel::String& folder);

@@ -62,6 +62,3 @@ private:
 /// The whole search at once, within its bounds.
 std::vector<SimulatorPlace> findSimulators(const SearchRoots& roots = SearchRoots::ofSystem(),
                                            const SearchBounds& bounds = {});
-/// Whether that folder has the simulator: data/startup.cfg that isn't empty. The later simulators
-/// of the same make have such a file too, and their program elsewhere.
-bool holdsSimulator(const zel::String& folder);

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "app/mission/SimulatorChecks.h"
 #include "app/mission/SteamFiles.h"
+#include "engine/core/Directory.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemPlaces.h"
 #include "engine/core/TextLines.h"
@@ -92,11 +94,6 @@ FoundBy byPath(const zel::String& folder, FoundBy foundBy) {
 }
 
 } // namespace
-
-bool holdsSimulator(const zel::String& folder) {
-    return !folder.empty() && zel::system::fileStatus(folder + "/data/startup.cfg").size > 0 &&
-           !zel::system::isDirectory(folder + "/bin/game");
-}
 
 bool SimulatorWalk::isOver() {
     isCut = isCut || listed >= bounds.folders || known.size() >= bounds.places || !mayGoOn();

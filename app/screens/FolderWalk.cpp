@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/mission/SimulatorSearch.h"
+#include "app/mission/SimulatorChecks.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemPlaces.h"
 

@@ -27,8 +27,8 @@ inline constexpr Complaint NoSimulator{
     {4640, "No folder is set for Rise of Flight."},
     {4660, "Choose it on the page \"The Simulator\", or run wingtally-career doctor --fix, which takes the first one that it finds."}};
 inline constexpr Complaint NotTheSimulator{
-    {4641, "The folder that is set for Rise of Flight has no data\\startup.cfg, or an empty one."},
-    {4661, "Choose another one on the page \"The Simulator\", or run wingtally-career doctor --fix. If it is the right one, start the simulator once."}};
+    {4641, "The folder that is set for Rise of Flight has no data\\startup.cfg, an empty one, or a later simulator in it."},
+    {4661, "Choose another one on the page \"The Simulator\", or run wingtally-career doctor --fix. If it is the right one, start Rise of Flight once."}};
 inline constexpr Complaint TextLogOff{
     {4642, "The simulator writes no text log."},
     {4662, "Close it and press \"Switch it on\" on the page \"The Simulator\", or run wingtally-career doctor --fix."}};

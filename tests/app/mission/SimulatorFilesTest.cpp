@@ -140,6 +140,8 @@ TEST_F(SimulatorFiles, AreChecked) {
     fs::permissions(folder.file("data/Missions/WingtallyMission.Mission"), fs::perms::owner_read);
     EXPECT_EQ(checkSimulatorIn(folder.path()).missionsFault, zel::FileFault::ReadOnly);
     EXPECT_FALSE(checkSimulatorIn("").isThere);
+    fs::create_directories(folder.file("bin/game"));
+    EXPECT_FALSE(checkSimulatorIn(folder.path()).isThere) << "that is a later simulator";
 }
 
 TEST(SimulatorSetting, KeepsTheRestOfTheFile) {
