@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/mission/SimulatorChecks.h"
+#include "engine/core/Directory.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemPlaces.h"
 
@@ -11,22 +12,15 @@ namespace {
 constexpr std::string_view Separators = "\\/";
 constexpr const char* DataFolder = "data";
 
-/// The folder without separators at its end, but for those of a root: "/", "C:\".
-std::string_view trimmedPath(std::string_view path) {
-    while (path.size() > 1 && Separators.find(path.back()) != path.npos &&
-           path[path.size() - 2] != ':')
-        path.remove_suffix(1);
-    return path;
-}
-
 /// Empty for a root, a share of the network too.
 std::string_view parentOf(std::string_view path) {
     const bool isShare = path.substr(0, 2) == "\\\\";
-    const size_t separator = trimmedPath(path).find_last_of(Separators);
+    const size_t separator = zel::withoutSeparator(path).find_last_of(Separators);
     if (separator == path.npos || separator + 1 == path.size() ||
         (isShare && path.find_last_of(Separators, separator - 1) < 2))
         return {};
-    const bool isRoot = separator == 0 || path[separator - 1] == ':';
+    // A folder of Wine may also be named "d:".
+    const bool isRoot = separator == 0 || (separator == 2 && path[1] == ':');
     return path.substr(0, isRoot ? separator + 1 : separator);
 }
 
@@ -55,7 +49,7 @@ bool sortsBefore(const zel::String& a, const zel::String& b) {
 } // namespace
 
 void FolderWalk::open(const zel::String& newFolder) {
-    folder = zel::String(trimmedPath(newFolder.view()));
+    folder = zel::String(zel::withoutSeparator(newFolder.view()));
     if (folder.empty())
         openDrives();
     else
@@ -68,10 +62,7 @@ void FolderWalk::openDrives() {
     names = zel::system::driveRoots();
 }
 
-void FolderWalk::goHome() {
-    const zel::String home = zel::system::environment("USERPROFILE"); // of Windows
-    open(home.empty() ? zel::system::environment("HOME") : home);
-}
+void FolderWalk::goHome() { open(zel::system::homeDirectory()); }
 
 void FolderWalk::enter(size_t row) {
     const zel::String name = names[row];

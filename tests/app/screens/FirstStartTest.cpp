@@ -1,7 +1,8 @@
-// The way from an empty folder of the player's to the first report, and what stands in it.
+// From an empty user folder to the first report, and what can go wrong on the way.
 #include <filesystem>
 
 #include "app/mission/Settings.h"
+#include "app/screens/FolderWalk.h"
 #include "app/screens/OwnStandIn.h"
 #include "app/screens/PathText.h"
 #include "app/screens/SimulatorPlaces.h"
@@ -165,6 +166,20 @@ TEST(FirstStartPages, AFolderThatIsGoneIsNamed) {
     EXPECT_EQ(driver.text("more"), "This folder can't be read.");
     ASSERT_TRUE(driver.walk("up"));
 }
+
+#ifndef _WIN32
+TEST(FolderWalk, LeavesAFolderNamedLikeADrive) {
+    const TemporaryFolder folder;
+    folder.write("d:/Games/x", "");
+    FolderWalk walk;
+    walk.open(folder.path() + "/d:/");
+    walk.enter(0);
+    EXPECT_EQ(walk.goUp(), 0);
+    EXPECT_EQ(walk.getFolder(), folder.path() + "/d:");
+    EXPECT_EQ(walk.goUp(), 0);
+    EXPECT_EQ(walk.getFolder(), folder.path());
+}
+#endif
 
 TEST(PathText, LosesItsMiddle) {
     struct Case {
