@@ -2,7 +2,6 @@
 
 #include "app/mission/Configuration.h"
 #include "engine/core/System.h"
-#include "engine/core/SystemPlaces.h"
 
 namespace {
 
@@ -17,8 +16,8 @@ SearchRoots SearchRoots::ofSystem() {
         roots.lastTime = zel::system::absolutePath(chosen);
     roots.registry = Configuration::installedDirectory();
     roots.steam = zel::system::queryRegistryValue(SteamKey, SteamValueName);
-    roots.home = zel::system::environment("HOME");
+    roots.home = zel::system::homeDirectory();
     roots.winePrefix = zel::system::environment("WINEPREFIX");
-    roots.drives = zel::system::localDrives();
+    roots.addsLocalDrives = true; // one that doesn't answer would hold up this thread
     return roots;
 }

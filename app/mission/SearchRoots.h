@@ -13,7 +13,8 @@ struct SearchRoots {
     zel::String home;                // the player's own folder
     zel::String winePrefix;          // of the variable WINEPREFIX
     std::vector<zel::String> drives; // root folders of disks
+    bool addsLocalDrives = false;    // the search asks for this machine's disks
 
-    /// Those of this machine. Call it in the main thread.
+    /// Those of this machine. It reads the settings and no disk: call it in the main thread.
     static SearchRoots ofSystem();
 };

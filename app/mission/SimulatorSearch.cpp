@@ -4,13 +4,24 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <iterator>
 #include <mutex>
 #include <system_error>
 #include <thread>
 
 #include "app/mission/SimulatorWalk.h"
 #include "app/mission/SimulatorWording.h"
-#include "engine/core/Clock.h"
+#include "engine/core/SystemPlaces.h"
+
+namespace {
+
+// The engine's clock may be stopped, while the disks take their time all the same.
+using Time = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+} // namespace
+
+static_assert(std::size(wording::FoundByNames) == FoundByCount);
 
 zel::String foundByText(FoundBy foundBy) {
     return textOf(wording::FoundByNames[static_cast<int32_t>(foundBy)]);
@@ -22,8 +33,8 @@ struct SimulatorSearch::State {
     std::vector<SimulatorPlace> places;
     bool isDone = false;
     bool isWhole = false;
-    int32_t listed = 0;
     std::atomic<bool> isStopped{false};
+    const Time::time_point started = Time::now();
     SearchRoots roots;
     SearchBounds bounds;
 
@@ -32,19 +43,20 @@ struct SimulatorSearch::State {
 
 void SimulatorSearch::State::run() {
     // A little less, so that whoever waits still sees how it ended.
-    const uint32_t most = bounds.milliseconds - bounds.milliseconds / 20;
-    const uint32_t begun = zel::ticks();
+    const milliseconds most(bounds.milliseconds - bounds.milliseconds / 20);
+    if (roots.addsLocalDrives)
+        for (const zel::String& drive : zel::system::localDrives())
+            roots.drives.push_back(drive);
     SimulatorWalk walk(
         bounds,
         [this](const SimulatorPlace& place) {
             const std::lock_guard<std::mutex> lock(mutex);
             places.push_back(place);
         },
-        [&] { return !isStopped && zel::ticks() - begun < most; });
+        [&] { return !isStopped && Time::now() - started < most; });
     const bool isComplete = walk.run(roots);
     const std::lock_guard<std::mutex> lock(mutex);
     isWhole = isComplete;
-    listed = walk.listedFolders();
     isDone = true;
     changed.notify_all();
 }
@@ -55,7 +67,6 @@ void SimulatorSearch::start(const SearchRoots& roots, const SearchBounds& bounds
     state = std::make_shared<State>();
     state->roots = roots;
     state->bounds = bounds;
-    started = zel::ticks();
     try {
         std::thread([shared = state] { shared->run(); }).detach();
     } catch (const std::system_error&) {
@@ -67,14 +78,15 @@ bool SimulatorSearch::isRunning() const {
     if (state == nullptr || state->isStopped)
         return false;
     const std::lock_guard<std::mutex> lock(state->mutex);
-    return !state->isDone && zel::ticks() - started < state->bounds.milliseconds;
+    return !state->isDone &&
+           Time::now() - state->started < milliseconds(state->bounds.milliseconds);
 }
 
 void SimulatorSearch::wait() const {
     if (state == nullptr)
         return;
     std::unique_lock<std::mutex> lock(state->mutex);
-    state->changed.wait_for(lock, std::chrono::milliseconds(state->bounds.milliseconds),
+    state->changed.wait_for(lock, milliseconds(state->bounds.milliseconds),
                             [this] { return state->isDone || state->isStopped; });
 }
 
@@ -95,13 +107,6 @@ bool SimulatorSearch::isWhole() const {
         return false;
     const std::lock_guard<std::mutex> lock(state->mutex);
     return state->isWhole;
-}
-
-int32_t SimulatorSearch::listedFolders() const {
-    if (state == nullptr)
-        return 0;
-    const std::lock_guard<std::mutex> lock(state->mutex);
-    return state->listed;
 }
 
 void SimulatorSearch::stop() {

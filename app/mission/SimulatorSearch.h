@@ -25,10 +25,10 @@ struct SearchBounds {
     size_t places = 50;
 };
 
-/// Seeks the simulator in a thread of its own, so that a slow disk delays nothing: where it was
-/// before, by the registry, in Steam's libraries, in the prefixes of Wine and Proton, and on the
-/// disks. Folders that can't be read are passed over, links are followed once, and a place that is
-/// found under two names is listed once.
+/// Searches for the simulator in a thread of its own, so that a slow disk delays nothing: where it
+/// was before, by the registry, in Steam's libraries, in the prefixes of Wine and Proton, and on
+/// the disks. Folders that can't be read are passed over, links are followed once, and a place that
+/// is found under two names is listed once.
 class SimulatorSearch {
 public:
     SimulatorSearch() = default;
@@ -48,15 +48,12 @@ public:
     std::vector<SimulatorPlace> places() const;
     /// Whether it is over and ended neither by its bounds nor by stop().
     bool isWhole() const;
-    /// How many folders it has listed.
-    int32_t listedFolders() const;
     /// Ends the search; what was found stays.
     void stop();
 
 private:
     struct State;
     std::shared_ptr<State> state; // shared with the thread, which may outlive this
-    uint32_t started = 0;         // on the engine's clock
 };
 
 /// The whole search at once, within its bounds.

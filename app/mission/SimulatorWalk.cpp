@@ -49,8 +49,9 @@ constexpr const char* DriveLibraries[] = {"/SteamLibrary", "/Steam", "/Games/Ste
                                           "/Program Files (x86)/Steam", "/Program Files/Steam"};
 /// Folders of the system, without games, and those whose size would use up the bounds.
 constexpr std::string_view PassedOver[] = {
-    "windows", "programdata", "users", "$recycle.bin", "system volume information",
-    "proc",    "sys",         "dev",   "run",          "lost+found",
+    "windows",    "programdata", "users", "$recycle.bin", "system volume information",
+    "appdata",    "proc",        "sys",   "dev",          "run",
+    "lost+found",
 };
 
 bool isPassedOver(std::string_view name) {
@@ -71,12 +72,9 @@ std::string contentOf(const zel::String& file) {
     return content;
 }
 
-zel::String withoutSeparator(const zel::String& folder) {
-    std::string_view text = folder;
-    while (text.size() > 1 && (text.back() == '\\' || text.back() == '/') &&
-           text[text.size() - 2] != ':')
-        text.remove_suffix(1);
-    return text;
+/// Of this or of a later simulator: no other one is in its folder "data".
+bool hasStartup(const zel::String& folder) {
+    return zel::system::fileStatus(folder + "/data/startup.cfg").exists;
 }
 
 /// By what is in a path: places on a disk may belong to Steam or Wine all the same.
@@ -117,7 +115,7 @@ std::vector<zel::String> SimulatorWalk::foldersIn(const zel::String& folder) {
 void SimulatorWalk::checkFolder(const zel::String& folder, FoundBy foundBy) {
     if (!holdsSimulator(folder) || isOver())
         return;
-    const zel::String path = withoutSeparator(zel::system::absolutePath(folder));
+    const zel::String path = zel::withoutSeparator(zel::system::absolutePath(folder));
     if (known.insert(zel::system::canonicalPath(folder)).second)
         found({path, byPath(path, foundBy)});
 }
@@ -213,7 +211,7 @@ void SimulatorWalk::lookInLutris(const zel::String& folder) {
 }
 
 void SimulatorWalk::lookOnDrive(const zel::String& drive) {
-    const zel::String root = withoutSeparator(drive);
+    const zel::String root = zel::withoutSeparator(drive);
     for (const char* library : DriveLibraries)
         lookInLibrary(root + library);
     for (const char* folder : {"/Program Files (x86)", "/Program Files", "/Games", ""})
@@ -234,7 +232,7 @@ void SimulatorWalk::visit(const Pending& pending) {
     if (canonical.empty() || !visited.insert(canonical).second)
         return;
     for (const zel::String& name : foldersIn(pending.folder)) {
-        if (zel::equalsNoCase(name, "data"))
+        if (zel::equalsNoCase(name, "data") && hasStartup(pending.folder))
             checkFolder(pending.folder, pending.foundBy);
         else if (pending.depth > 0 && !isPassedOver(name))
             queue.push_back({pending.folder + "/" + name, pending.depth - 1, pending.foundBy});

@@ -17,7 +17,6 @@ public:
 
     /// Walks all of it. False if it has ended before.
     bool run(const SearchRoots& roots);
-    int32_t listedFolders() const { return listed; }
 
 private:
     struct Pending {

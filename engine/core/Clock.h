@@ -10,9 +10,9 @@ struct WallTime {
     int32_t hour, minute, second;
 };
 
-/// The only source of time in the program. A test replaces it and so stops the clock. Only the
-/// progress line of a terminal (tools/career/Progress.cpp) asks the system itself: it has to move
-/// on while the clock is stopped.
+/// The only source of time in the program. A test replaces it and so stops the clock. Only what has
+/// to move on while that is stopped asks the system itself: the progress line of a terminal
+/// (tools/career/Progress.cpp) and the search of the disks (app/mission/SimulatorSearch.cpp).
 ///
 /// Milliseconds since the program started.
 uint32_t ticks();

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// In the folder of a test: "HERE" stands for it.
+/// In the folder of a test: "HERE" is replaced by its path.
 struct SearchCase {
     const char* name;
     std::vector<std::pair<std::string, std::string>> files; // content "" for a startup.cfg
@@ -95,11 +95,12 @@ std::vector<SearchCase> otherCases() {
           {simulator("disk/Games/Rise of Flight"), ""},
           {simulator("disk/SteamLibrary/steamapps/common/a"), ""},
           {simulator("disk/a/b/c"), ""},
+          {simulator("disk/Data/Games/ROF"), ""},
           {simulator("disk/a/b/c/d/e"), ""}, // too deep
           {simulator("disk/.hidden"), ""}},
          {},
          {"Last time before", "Registry registry", "Steam disk/SteamLibrary/steamapps/common/a",
-          "Disk disk/Games/Rise of Flight", "Disk disk/a/b/c"},
+          "Disk disk/Games/Rise of Flight", "Disk disk/Data/Games/ROF", "Disk disk/a/b/c"},
          {"HERE/before", "HERE/registry/", "HERE/none", "", "", {"HERE/disk/"}}});
     cases.push_back({"one place by two ways, and the one before is gone",
                      {{simulator("disk/ROF"), ""}},
@@ -194,7 +195,8 @@ TEST(SimulatorSearch, EndsAtItsBounds) {
     roots.drives = {folder.path() + "/disk"};
     EXPECT_EQ(findSimulators(roots).size(), 20u);
     EXPECT_EQ(findSimulators(roots, {2000, 100, 5}).size(), 5u) << "places";
-    EXPECT_LE(findSimulators(roots, {2000, 6, 100}).size(), 6u) << "folders";
+    const size_t few = findSimulators(roots, {2000, 6, 100}).size();
+    EXPECT_TRUE(few >= 4 && few <= 6) << few << " of six folders";
     EXPECT_TRUE(findSimulators(roots, {0, 100, 100}).empty()) << "time";
     SimulatorSearch search;
     search.start(roots, {0, 100, 100});
