@@ -60,6 +60,7 @@ void loadSettings() {
 void reloadSettings() {
     Configuration::reset();
     const zel::String here = zel::system::currentDirectory();
+    start().simulator = {}; // the folder may be gone
     if (!start().folder.empty() && zel::system::changeDirectory(start().folder)) {
         readStartFolder();
         zel::system::changeDirectory(here);

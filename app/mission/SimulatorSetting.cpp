@@ -99,25 +99,31 @@ zel::String decidingFile() {
     return zel::system::absolutePath(settingsFiles().back());
 }
 
-/// Without the separator at its end, which the settings don't have; a drive's root keeps it.
-std::string_view plainFolder(std::string_view folder) {
-    while (folder.size() > 1 && (folder.back() == '/' || folder.back() == '\\') &&
-           folder[folder.size() - 2] != ':')
-        folder.remove_suffix(1);
-    return folder;
-}
-
-zel::FileFault writeSetting(const zel::String& file, const std::string& folder) {
+/// Changes a settings file and reads all settings again. What isn't read back as `folder` is
+/// undone: a line loses the blanks at its end, for example.
+zel::FileFault writeSetting(const zel::String& file, const zel::String& folder) {
+    const std::string written = zel::system::pathInUtf8(folder);
+    if (written.find_first_of("\r\n") != std::string::npos)
+        return zel::FileFault::Other;
     std::string before;
-    if (zel::system::fileStatus(file).exists) {
-        zel::FileFault fault = zel::system::writeFault(file);
-        if (fault == zel::FileFault::None)
-            fault = zel::readFileWhole(file, before);
-        if (fault != zel::FileFault::None)
-            return fault;
-    }
-    const std::string after = withSetting(before, Key, folder);
-    return after == before ? zel::FileFault::None : zel::writeFileWhole(file, after);
+    const bool existed = zel::system::fileStatus(file).exists;
+    zel::FileFault fault = existed ? zel::system::writeFault(file) : zel::FileFault::None;
+    if (existed && fault == zel::FileFault::None)
+        fault = zel::readFileWhole(file, before);
+    const std::string after = withSetting(before, Key, written);
+    if (fault == zel::FileFault::None && after != before)
+        fault = zel::writeFileWhole(file, after);
+    if (fault != zel::FileFault::None)
+        return fault;
+    reloadSettings();
+    if (Configuration::get(zel::String(Key), "") == folder)
+        return zel::FileFault::None;
+    if (!existed)
+        zel::system::removeFile(file);
+    else if (after != before)
+        fault = zel::writeFileWhole(file, before);
+    reloadSettings();
+    return fault == zel::FileFault::None ? zel::FileFault::Other : fault;
 }
 
 } // namespace
@@ -138,12 +144,8 @@ std::string withSetting(std::string_view settings, std::string_view key, std::st
 SettingWritten writeSimulatorFolder(const zel::String& folder) {
     SettingWritten result;
     result.file = decidingFile();
-    const zel::String full = zel::system::absolutePath(plainFolder(folder));
-    const std::string written = zel::system::pathInUtf8(full);
-    const bool isOneLine = written.find_first_of("\r\n") == std::string::npos;
-    result.fault = isOneLine ? writeSetting(result.file, written) : zel::FileFault::NameTooLong;
-    if (result.fault == zel::FileFault::None)
-        reloadSettings();
+    const zel::String full = zel::system::absolutePath(zel::withoutSeparator(folder));
+    result.fault = writeSetting(result.file, full);
     zel::log(result.fault == zel::FileFault::None
                  ? "The simulator's folder is " + full + ", by " + result.file
                  : result.file + " can't be written: " + zel::faultText(result.fault),

@@ -15,7 +15,8 @@ struct SettingWritten {
 /// Writes the simulator's folder as rof.directory into the settings file that decides, and reads
 /// all settings again. That is the one whose line overrides the others'; without such a line the
 /// file that the player should write (settingsFileToWrite), or his own if that can't be written.
-/// Comments, unknown lines and line ends stay. On error: every file is as it was.
+/// Comments, unknown lines and line ends stay. On error every file is as it was: Other also means
+/// a name that a settings file can't hold.
 SettingWritten writeSimulatorFolder(const zel::String& folder);
 
 /// The content of a settings file with that value for the key: in its last line that has it, else

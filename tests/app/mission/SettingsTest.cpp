@@ -58,8 +58,8 @@ TEST_F(SettingsTest, ComeFromThreeFolders) {
         << "as seen from the settings that name it";
 }
 
-// In a folder that is there; where two have settings, the later one of these goes first.
-TEST_F(SettingsTest, AreToBeWrittenWhereThePlayerCan) {
+// In a folder that is there; where two have settings, the later one overrides the other.
+TEST_F(SettingsTest, AreWrittenWhereThePlayerMay) {
     start();
     for (const std::string name : {"user", "files", "start"}) {
         if (name != "user")
@@ -111,6 +111,18 @@ TEST_F(SettingsTest, TakeTheSimulatorWhereItCounts) {
     fs::permissions(folder.file("start/wtysettings.ini"), fs::perms::owner_read);
     EXPECT_EQ(writeSimulatorFolder(simulator).fault, zel::FileFault::ReadOnly);
     EXPECT_EQ(folder.read("start/wtysettings.ini"), "rof.directory=old\n");
+    // A start folder that is gone overrides nothing.
+    fs::permissions(folder.file("start/wtysettings.ini"), fs::perms::owner_all);
+    fs::remove_all(folder.path() + "/start");
+    EXPECT_EQ(writeSimulatorFolder(simulator).fault, zel::FileFault::None);
+    EXPECT_EQ(fs::path(Configuration::getRofDirectory().c_str()), fs::path(simulator + "\\"));
+#ifndef _WIN32
+    const std::string before = folder.read("user/wtysettings.ini");
+    for (const char* unheld : {" ", "\nb"})
+        EXPECT_EQ(writeSimulatorFolder(simulator + unheld).fault, zel::FileFault::Other);
+    EXPECT_EQ(folder.read("user/wtysettings.ini"), before);
+    EXPECT_EQ(Configuration::get("rof.directory", ""), simulator);
+#endif
 }
 
 } // namespace
