@@ -8,6 +8,7 @@
 #include "engine/core/File.h"
 #include "engine/core/Random.h"
 #include "engine/core/System.h"
+#include "engine/core/WholeFile.h"
 #include "standin/fight/Dogfight.h"
 #include "standin/log/MissionLog.h"
 #include "standin/mission/MissionReader.h"
@@ -224,15 +225,22 @@ zel::String dataFolder(const zel::String& dir) {
 
 zel::String missionsFolder(const zel::String& dir) { return dataFolder(dir) + "/Missions"; }
 
+zel::String startupFile(const zel::String& dir) { return dataFolder(dir) + "/startup.cfg"; }
+
 bool makeSimulatorFolder(const zel::String& dir, tools::Finding& finding) {
     if (dir.empty() || !zel::Directory::create(missionsFolder(dir))) {
         finding = {missionsFolder(dir), 0, "the folder can't be made"};
         return false;
     }
-    const zel::String startup = dataFolder(dir) + "/startup.cfg";
-    if (zel::File::exists(startup) || writeFile(startup, StartupText))
+    return zel::File::exists(startupFile(dir)) || writeStartup(dir, finding);
+}
+
+bool writeStartup(const zel::String& dir, tools::Finding& finding) {
+    const zel::FileFault fault = zel::writeFileWhole(startupFile(dir), StartupText);
+    if (fault == zel::FileFault::None)
         return true;
-    finding = {startup, 0, "the file can't be written"};
+    finding = {startupFile(dir), 0,
+               zel::String("the file can't be written: ") + zel::faultText(fault)};
     return false;
 }
 

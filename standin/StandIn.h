@@ -54,10 +54,14 @@ struct FlightSummary {
 /// if it is empty.
 zel::String dataFolder(const zel::String& dir);
 zel::String missionsFolder(const zel::String& dir);
+zel::String startupFile(const zel::String& dir);
 
 /// Makes `dir` a simulator folder: data/startup.cfg with the text log switched on, data/Missions.
 /// Leaves existing files unchanged. On error: false with the finding.
 [[nodiscard]] bool makeSimulatorFolder(const zel::String& dir, tools::Finding& finding);
+/// Writes data/startup.cfg with the text log switched on, in place of any other. On error: false
+/// with the finding, and the file as it was.
+[[nodiscard]] bool writeStartup(const zel::String& dir, tools::Finding& finding);
 
 /// The name, without folder, of the mission file that was changed last; empty if there is none.
 zel::String newestMission(const zel::String& dir);

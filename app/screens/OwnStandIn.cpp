@@ -1,6 +1,7 @@
 #include "app/screens/OwnStandIn.h"
 
 #include "app/mission/Configuration.h"
+#include "app/mission/SimulatorChecks.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "engine/core/SystemPlaces.h"
@@ -35,7 +36,11 @@ bool OwnStandIn::isChosen() {
 }
 
 bool OwnStandIn::make(tools::Finding& finding) {
-    return standin::makeSimulatorFolder(folder(), finding);
+    if (!standin::makeSimulatorFolder(folder(), finding))
+        return false;
+    // A full disk or a power cut may have left an empty startup.cfg.
+    return checkSimulatorIn(folder()).textLog == TextLog::On ||
+           standin::writeStartup(folder(), finding);
 }
 
 void OwnStandIn::setOptions(const standin::FlightOptions& options) { flightOptions() = options; }

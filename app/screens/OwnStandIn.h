@@ -14,7 +14,8 @@ public:
     static zel::String folder();
     /// Whether the settings name its folder as the simulator's.
     static bool isChosen();
-    /// Makes the folder as a simulator's is. On error: false with the finding.
+    /// Makes the folder as a simulator's is, with the text log on whatever its startup.cfg was. On
+    /// error: false with the finding.
     [[nodiscard]] static bool make(tools::Finding& finding);
     /// How it flies from now on, for tests.
     static void setOptions(const standin::FlightOptions& options);

@@ -57,6 +57,7 @@ TEST_P(FirstStart, LeadsToAReportWithoutASimulator) {
     flight.seed = 2;
     OwnStandIn::setOptions(flight);
     NewPlayer player;
+    player.home.folder.write("user/Stand-in/data/startup.cfg", ""); // of a disk that was full
     ASSERT_TRUE(player.driver->screens->untilIdle("MenuSimulator"));
     ASSERT_TRUE(player.driver->walk(
         "standin>MenuMain careers>MenuCareers another>MenuNewService menuButton2>MenuNewYear "
