@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <system_error>
 
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
@@ -23,9 +24,13 @@ BackgroundFlights::BackgroundFlights(const zel::String& dir, FlightOptions optio
     options.wait = [this](double seconds) { return wait(seconds); };
     if (options.seed == 0)
         options.seed = std::max(zel::system::entropy(), 1U);
-    thread = std::thread([folder = std::string(dir.view()), options] {
-        flyNewMissions(folder, options, logRefusal);
-    });
+    try {
+        thread = std::thread([folder = std::string(dir.view()), options] {
+            flyNewMissions(folder, options, logRefusal);
+        });
+    } catch (const std::system_error&) {
+        zel::log("The stand-in can't fly: no thread can be had", "StandIn", zel::LogError);
+    }
 }
 
 BackgroundFlights::~BackgroundFlights() {
@@ -34,7 +39,8 @@ BackgroundFlights::~BackgroundFlights() {
         isEnding = true;
     }
     ended.notify_all();
-    thread.join();
+    if (thread.joinable())
+        thread.join();
 }
 
 bool BackgroundFlights::wait(double seconds) {
