@@ -27,7 +27,7 @@ void MenuSimulator::onEnter() {
     readSettings();
     endsProgram = checkSimulator() != SimulatorState::Ready;
     setText("menuBack", textOf(endsProgram ? wording::QuitProgram : wording::GoBack));
-    message = ownFocus = {};
+    message = ownFocus = unwritable = {};
     secondPress.begin(); // the page of the folders has its way back where this one has "Quit"
     if (!places.takeKept())
         places.lookAgain();
@@ -67,12 +67,12 @@ void MenuSimulator::showPlaces() {
 
 void MenuSimulator::showChecks() {
     checks = checkSimulatorIn(places.chosenFolder());
-    mustWrite = false;
     showWords();
 }
 
 void MenuSimulator::showWords() {
     const bool hasPlace = !places.getPlaces().empty();
+    const bool mustWrite = hasPlace && unwritable == places.chosenFolder();
     const std::vector<CheckLine> lines = checkLines(checks, hasPlace, mustWrite);
     for (size_t i = 0; i < lines.size(); ++i) {
         const zel::String name = zel::String("check") + int32_t(i + 1);
@@ -143,6 +143,7 @@ void MenuSimulator::lookAgain() {
     reloadSettings();
     standIn.follow();
     readSettings();
+    unwritable = {};
     places.lookAgain();
     wasSearching = true;
     showPlaces();
@@ -150,12 +151,15 @@ void MenuSimulator::lookAgain() {
 }
 
 void MenuSimulator::switchTextLogOn() {
-    const TextLogSwitch result = ::switchTextLogOn(places.chosenFolder());
+    if (!places.getPlaces().empty())
+        places.choose(places.getChosen()); // a better find would take the first row
+    const zel::String folder = places.chosenFolder();
+    const TextLogSwitch result = ::switchTextLogOn(folder);
+    const bool mustWrite =
+        result.outcome == SwitchOutcome::NotWritten || result.outcome == SwitchOutcome::NotText;
+    unwritable = mustWrite ? folder : zel::String();
     message = result.text();
     showChecks();
-    mustWrite =
-        result.outcome == SwitchOutcome::NotWritten || result.outcome == SwitchOutcome::NotText;
-    showWords();
     if (isReady())
         playScreenSound("stamp");
     if (const zel::Widget* plate = getWidget("switchOn"); plate != nullptr && !plate->isVisible())

@@ -7,7 +7,6 @@
 
 class OwnStandIn;
 class SimulatorPlaces;
-struct TextLogSwitch;
 
 /// Where the simulator is: every place that was found is a row, and below them are the checks of
 /// the chosen one, made again at each visit and each press. It comes before the main menu while the
@@ -43,7 +42,7 @@ private:
     SimulatorChecks checks; // of the chosen place
     zel::String message;    // about the last press; empty: how the places were found
     zel::String ownFocus;   // where the screen has put the focus itself
-    bool mustWrite = false; // startup.cfg couldn't be changed
+    zel::String unwritable; // the folder whose startup.cfg couldn't be changed
     bool isGone = false;    // the settings name a folder without the simulator
     bool endsProgram = false;
     bool wasSearching = false;

@@ -60,9 +60,6 @@ bool SimulatorPlaces::update() {
 void SimulatorPlaces::pick(const zel::String& folder) {
     picked = chosen = folder;
     gather();
-    for (const SimulatorPlace& place : places)
-        if (isSameFolder(place.folder, folder))
-            chosen = place.folder;
 }
 
 void SimulatorPlaces::gather() {
@@ -77,6 +74,19 @@ void SimulatorPlaces::gather() {
     }
     if (!isPickedFound)
         places.insert(places.begin(), {picked, FoundBy::Chosen});
+    followChosen();
+}
+
+// The search may have found the chosen folder under another name.
+void SimulatorPlaces::followChosen() {
+    if (chosen.empty() || places.empty() || places[getChosen()].folder == chosen)
+        return;
+    for (const SimulatorPlace& place : places) {
+        if (isSameFolder(place.folder, chosen)) {
+            chosen = place.folder;
+            return;
+        }
+    }
 }
 
 size_t SimulatorPlaces::getChosen() const {

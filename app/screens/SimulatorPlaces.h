@@ -36,6 +36,7 @@ public:
 
 private:
     void gather();
+    void followChosen();
 
     SimulatorSearch search;
     std::vector<SimulatorPlace> found; // by the search, up to the last update
