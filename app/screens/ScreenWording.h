@@ -121,6 +121,8 @@ inline constexpr Wording LineToWrite     {4839, "Write: mission_text_log = 1"};
 inline constexpr Wording MissionsWritable{4840, "Missions can be written."};
 inline constexpr Wording MissionsKeptOut {4841, "Windows keeps this folder from being written."};
 inline constexpr Wording MissionsUnwritable{4842, "The folder data\\Missions can't be written."};
+inline constexpr Wording MissionsMissing {4852, "The folder data\\Missions is missing."};
+inline constexpr Wording MissionsReadOnly{4853, "WingtallyMission or the disk is read-only."};
 inline constexpr Wording LastLog         {4843, "Last log: $1, $2"}; // the day, the time of day
 inline constexpr Wording NoLogYet        {4844, "No flight has left a log yet."};
 inline constexpr CountForms ThingsMissing = {

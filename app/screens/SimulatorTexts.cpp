@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
@@ -13,8 +14,6 @@
 namespace {
 
 constexpr int32_t PlaceLetters = 46; // of a slip, whose typewriter face has one advance
-
-bool isOnWindows() { return zel::system::currentDirectory().view().substr(0, 1) != "/"; }
 
 /// "in the registry, in the libraries of Steam and where it was before".
 zel::String waysText(const std::vector<SimulatorPlace>& places) {
@@ -51,6 +50,23 @@ CheckLine textLogLine(const SimulatorChecks& checks, bool mustWrite) {
     return {CheckMark::No, textOf(wording::TextLogUnknown)};
 }
 
+zel::String whyUnwritable(zel::FileFault fault) {
+    switch (fault) {
+    case zel::FileFault::NoPermission:
+        return textOf(zel::system::hasRegistry() ? wording::MissionsKeptOut
+                                                 : wording::MissionsUnwritable);
+    case zel::FileFault::Missing:
+        return textOf(wording::MissionsMissing);
+    case zel::FileFault::ReadOnly:
+        return textOf(wording::MissionsReadOnly);
+    default:
+        return faultSentence(fault);
+    }
+}
+
+static_assert(std::size(wording::FoundWays) == FoundByCount);
+static_assert(std::size(wording::OpenChecks) == 4); // by line
+
 } // namespace
 
 zel::String placeText(const SimulatorPlace& place) {
@@ -67,7 +83,8 @@ zel::String foundText(const std::vector<SimulatorPlace>& places, bool isSearchin
     else if (isSearching)
         text = textOf(wording::StillSearching);
     else
-        text = textOf(isOnWindows() ? wording::FoundNowhere : wording::FoundNowhereHere);
+        text =
+            textOf(zel::system::hasRegistry() ? wording::FoundNowhere : wording::FoundNowhereHere);
     return isGone ? textOf(wording::GoneFromThere, {text}) : text;
 }
 
@@ -86,8 +103,7 @@ std::vector<CheckLine> checkLines(const SimulatorChecks& checks, bool hasPlace, 
     if (checks.missionsFault == zel::FileFault::None)
         lines[2] = {CheckMark::Yes, textOf(wording::MissionsWritable)};
     else
-        lines[2] = {CheckMark::No,
-                    textOf(isOnWindows() ? wording::MissionsKeptOut : wording::MissionsUnwritable)};
+        lines[2] = {CheckMark::No, whyUnwritable(checks.missionsFault)};
     if (checks.newestLog.empty())
         lines[3].text = textOf(wording::NoLogYet);
     else

@@ -7,20 +7,19 @@
 
 enum class CheckMark { Yes, No, Open };
 
-/// A line of the form: the folder, the text log, writing missions, the last log.
+/// A line of the form.
 struct CheckLine {
     CheckMark mark = CheckMark::Open;
     zel::String text;
 };
-constexpr size_t CheckCount = 4;
 
 /// "Registry: C:\Games\Rise of Flight", with a folder that fits the row.
 zel::String placeText(const SimulatorPlace& place);
 /// The ways by which the places were found; that nothing was found, or not yet. isGone: the
 /// settings name a folder that has no simulator.
 zel::String foundText(const std::vector<SimulatorPlace>& places, bool isSearching, bool isGone);
-/// The lines for a place, or for none. mustWrite: startup.cfg couldn't be changed, so the player
-/// has to.
+/// The four lines for a place, or for none: the folder, the text log, writing missions, the last
+/// log. mustWrite: startup.cfg couldn't be changed, so the player has to.
 std::vector<CheckLine> checkLines(const SimulatorChecks& checks, bool hasPlace, bool mustWrite);
 /// "One thing is missing before you can fly."
 zel::String statusText(const std::vector<CheckLine>& lines, bool hasPlace, bool isSearching);
