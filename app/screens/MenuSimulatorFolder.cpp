@@ -112,8 +112,12 @@ void MenuSimulatorFolder::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
         return;
     }
     if (name == "menuBack")
-        return;
+        return;      // the script leads back
     widget->reset(); // the screen stays
+    if (row >= 0 && !byKey && opened.isDue())
+        return; // or a double click would go two folders down
+    if (row >= 0 && !byKey)
+        opened.begin();
     if (row >= 0)
         walk.enter(size_t(row));
     else if (name == "home")

@@ -2,6 +2,7 @@
 
 #include "app/screens/FolderWalk.h"
 #include "app/screens/RowList.h"
+#include "app/screens/SecondPress.h"
 #include "engine/menu/HandledMenuExtension.h"
 
 class SimulatorPlaces;
@@ -28,4 +29,5 @@ private:
     SimulatorPlaces& places;
     FolderWalk walk;
     RowList rows{"folder", 50, {"row"}};
+    SecondPress opened; // a folder, by the pointer
 };

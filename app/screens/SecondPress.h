@@ -2,16 +2,16 @@
 
 #include "engine/core/Clock.h"
 
-/// Players press twice. A screen whose "Quit" is where the screen before had another plate takes no
-/// notice of it in the first half second.
+/// Players press twice. Where a press changes what is under the pointer, the second one of the pair
+/// mustn't be taken: for half a second after the change a press may still be that one.
 class SecondPress {
 public:
-    /// The screen has been entered.
-    void begin() { enteredAt = zel::ticks(); }
-    /// Whether a press may still belong to the screen before.
-    bool isDue() const { return zel::ticks() - enteredAt < Milliseconds; }
+    /// What is under the pointer has changed.
+    void begin() { changedAt = zel::ticks(); }
+    /// Whether a press may be the second one of a pair.
+    bool isDue() const { return zel::ticks() - changedAt < Milliseconds; }
 
 private:
     static constexpr uint32_t Milliseconds = 500;
-    uint32_t enteredAt = 0; // on the engine's clock
+    uint32_t changedAt = 0; // on the engine's clock
 };
