@@ -1,5 +1,7 @@
 #include "app/mission/TextLogSwitch.h"
 
+#include <iterator>
+
 #include "app/mission/SimulatorWording.h"
 #include "app/mission/TextLogLines.h"
 #include "engine/core/File.h"
@@ -56,10 +58,10 @@ SwitchOutcome switchFile(TextLogSwitch& result) {
 
 } // namespace
 
-bool isSimulatorRunning() { return zel::system::isProgramRunning(SimulatorProgram); }
+static_assert(std::size(wording::SwitchOutcomes) == SwitchOutcomeCount);
 
 TextLogSwitch switchTextLogOn(const zel::String& folder) {
-    return switchTextLogOn(folder, isSimulatorRunning());
+    return switchTextLogOn(folder, zel::system::isProgramRunning(SimulatorProgram));
 }
 
 TextLogSwitch switchTextLogOn(const zel::String& folder, bool isSimulatorRunning) {

@@ -37,5 +37,3 @@ struct TextLogSwitch {
 TextLogSwitch switchTextLogOn(const zel::String& folder);
 /// The same where it is known whether the simulator runs.
 TextLogSwitch switchTextLogOn(const zel::String& folder, bool isSimulatorRunning);
-/// Whether the simulator runs on this machine, also in Wine.
-bool isSimulatorRunning();
