@@ -1,6 +1,7 @@
 #include "tools/career/Doctor.h"
 
 #include <cstdio>
+#include <iterator>
 
 #include "app/career/Database.h"
 #include "app/career/SavePages.h"
@@ -65,6 +66,8 @@ SaveMatch matchOf(const std::string& content) {
     return match != SaveMatch::Whole && isKnownWhole(saveFile(), content) ? SaveMatch::Whole
                                                                           : match;
 }
+
+static_assert(std::size(wording::CheckNames) == DoctorCheckCount);
 
 /// Faults of one kind among those of the data files.
 struct DataFaults {
@@ -140,7 +143,7 @@ void Doctor::examineSimulator() {
 void Doctor::chooseSimulator() {
     const bool isSet = !folder.empty();
     SimulatorSearch search;
-    search.start();
+    search.start(roots);
     search.wait();
     const std::vector<SimulatorPlace> places = search.places();
     SettingWritten written;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <utility>
 #include <vector>
 
+#include "app/mission/SearchRoots.h"
 #include "app/mission/SimulatorChecks.h"
 #include "engine/core/String.h"
 
@@ -23,13 +25,16 @@ enum class DoctorCheck {
     Languages,
     OpenGl,
 };
+constexpr int32_t DoctorCheckCount = static_cast<int32_t>(DoctorCheck::OpenGl) + 1;
 
 /// Checks all that a career needs, and says about each fault what to do. The working directory is
 /// that of the program's files. Nothing is changed unless it is to fix: then the simulator that is
 /// found is set as its folder, and its text log is switched on.
 class Doctor {
 public:
-    Doctor(bool fixes, bool isQuiet) : fixes(fixes), isQuiet(isQuiet) {}
+    /// roots: where it searches for the simulator.
+    Doctor(bool fixes, bool isQuiet, SearchRoots roots = SearchRoots::ofSystem())
+        : roots(std::move(roots)), fixes(fixes), isQuiet(isQuiet) {}
 
     /// Runs all checks and prints a line or a few for each. Returns, for the program's error line,
     /// how many found something wrong; empty if all is well.
@@ -59,6 +64,7 @@ private:
     /// A further line of a check, in the terminal's encoding.
     void addDetail(const zel::String& printed) const;
 
+    SearchRoots roots;
     bool fixes;
     bool isQuiet;
     int32_t complaints = 0;

@@ -1,3 +1,5 @@
+#include "tools/career/Doctor.h"
+
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -5,8 +7,9 @@
 #include <gtest/gtest.h>
 
 #include "standin/StandIn.h"
+#include "tests/support/PinnedRun.h"
+#include "tests/support/Printers.h"
 #include "tests/support/ProgramCall.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tools/career/DoctorWording.h"
 
 namespace fs = std::filesystem;
@@ -47,23 +50,40 @@ TEST_F(DoctorTest, FindsNothingWrongWithAWholeCareer) {
     EXPECT_EQ(call("--fix status"), 2) << out;
 }
 
-TEST_F(DoctorTest, FixesTheSimulator) {
+// The class itself, which searches the folder of the test alone.
+TEST(Doctor, FixesTheSimulator) {
+    const PinnedRun run(1);
+    Configuration::reset();
     const std::string cfg = "home/Games/rof/data/startup.cfg";
-    folder.write(cfg, "[KEY = system]\r\n\tmission_text_log = 0\r\n[END]\r\n");
-    EXPECT_EQ(call("doctor"), 1) << out;
+    run.folder.write("home/Games/rof/data/Missions/x", "");
+    run.folder.write("user/x", "");
+    run.folder.write(cfg, "[KEY = system]\r\n\tmission_text_log = 0\r\n[END]\r\n");
+    SearchRoots roots;
+    roots.home = run.folder.path() + "/home";
+    std::string out;
+    const auto finds = [&](bool fixes) {
+        testing::internal::CaptureStdout();
+        const zel::String result = Doctor(fixes, false, roots).examine();
+        out = testing::internal::GetCapturedStdout();
+        return result;
+    };
+    const auto says = [&](const char* text) { return out.find(text) != std::string::npos; };
+    EXPECT_EQ(finds(false), "1 check found something wrong") << out;
     EXPECT_TRUE(says("WRONG    Simulator: No folder is set") && says("/home/Games/rof (Disk)"))
         << out;
-    EXPECT_TRUE(folder.read("user/wtysettings.ini").empty());
-    EXPECT_EQ(call(sim() + "doctor"), 1) << out;
-    EXPECT_TRUE(says("WRONG    Text log: ") && says("2 checks") == false) << out;
-    EXPECT_EQ(call("--fix doctor"), 0) << out;
+    EXPECT_TRUE(run.folder.read("user/wtysettings.ini").empty());
+    Configuration::set("rof.directory", run.folder.path() + "/home/Games/rof");
+    EXPECT_EQ(finds(false), "1 check found something wrong") << out;
+    EXPECT_TRUE(says("WRONG    Text log: ")) << out;
+    Configuration::reset();
+    EXPECT_EQ(finds(true), "") << out;
     EXPECT_TRUE(says("fixed    Simulator: ") && says("fixed    Text log: ")) << out;
-    EXPECT_EQ(folder.read(cfg), "[KEY = system]\r\n\tmission_text_log = 1\r\n[END]\r\n");
-    EXPECT_EQ(folder.read("user/wtysettings.ini"),
-              "rof.directory=" + folder.path() + "/home/Games/rof\n");
-    EXPECT_EQ(call("doctor"), 0) << out;
-    fs::remove_all(folder.file("home/Games"));
-    EXPECT_EQ(call("--fix doctor"), 1) << out;
+    EXPECT_EQ(run.folder.read(cfg), "[KEY = system]\r\n\tmission_text_log = 1\r\n[END]\r\n");
+    EXPECT_EQ(run.folder.read("user/wtysettings.ini"),
+              "rof.directory=" + run.folder.path() + "/home/Games/rof\n");
+    EXPECT_EQ(finds(false), "") << out;
+    fs::remove_all(run.folder.file("home/Games"));
+    EXPECT_NE(finds(true), "") << out;
     EXPECT_TRUE(says("has no data\\startup.cfg") && says("Nothing was found")) << out;
 }
 
