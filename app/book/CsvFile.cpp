@@ -88,6 +88,13 @@ bool CsvFile::split(std::string_view row) {
     return !isQuoted;
 }
 
+int32_t CsvFile::number(size_t field) const {
+    if (fields[field].find_first_not_of("0123456789") == std::string::npos)
+        return zel::toInt(fields[field]);
+    report("\"" + zel::String(fields[field]) + "\" is no number");
+    return 0;
+}
+
 int32_t CsvFile::date(size_t field) const {
     const int32_t number = zel::toInt(fields[field]);
     const int32_t day = number % 100;

@@ -23,8 +23,8 @@ public:
     bool next();
     /// A field of the present row, from 0. REQUIRES: the header has as many.
     const std::string& text(size_t field) const { return fields[field]; }
-    /// The same as a number; 0 without one.
-    int32_t number(size_t field) const { return zel::toInt(fields[field]); }
+    /// The same as a number, 0 for an empty field; logs one that isn't all digits, and returns 0.
+    int32_t number(size_t field) const;
     /// The same as a date; logs one that is none, and returns 0.
     int32_t date(size_t field) const;
     /// Logs what is wrong with the present row.

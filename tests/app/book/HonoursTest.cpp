@@ -160,14 +160,17 @@ TEST(CsvFileTest, ReportsBadRowsAndGoesOn) {
     const TemporaryFolder folder;
     const LogCapture lines;
     CsvFile table(
-        folder.write("t.csv", "a,b\r\n1,\"x, \"\"y\"\"\"\r\n\r\n2\n3,\"open\n4,G\xC3\xA9\n")
+        folder.write("t.csv", "a,b\r\n1,\"x, \"\"y\"\"\"\r\n\r\n2\n3,\"open\n4,G\xC3\xA9\nsix,\n")
             .c_str(),
         "a,b");
     std::string rows;
     while (table.next())
-        rows += table.text(0) + "=" + table.text(1) + ";";
-    EXPECT_EQ(rows, "1=x, \"y\";4=G\xE9;");
+        rows += std::to_string(table.number(0)) + "=" + table.text(1) + ";";
+    EXPECT_EQ(rows, "1=x, \"y\";4=G\xE9;0=;");
+    EXPECT_EQ(table.number(1), 0);
     EXPECT_TRUE(lines.holds("line 4") && lines.holds("line 5")) << lines.text();
+    EXPECT_TRUE(lines.holds("line 7: \"six\" is no number")) << lines.text();
+    EXPECT_FALSE(lines.holds("\"\"")) << "an empty field is none";
     EXPECT_FALSE(CsvFile(folder.file("t.csv").c_str(), "a,c").next());
     EXPECT_TRUE(lines.holds("must begin with")) << lines.text();
 }
