@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <iterator>
 #include <kainjow/mustache.hpp>
+#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "app/book/BookCharts.h"
 #include "app/book/BookPictures.h"
+#include "app/book/ChartStyle.h"
 #include "app/book/Citation.h"
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
@@ -66,6 +68,7 @@ private:
 
     void addHeads();
     void addFigures();
+    zel::String bestMonth() const;
     void addService();
     void addFlights();
     void addVictories();
@@ -122,6 +125,20 @@ void PageData::addHeads() {
         textOf(wording::WebFooter, {pilot.name, dayTextOf(career.calendar().dateNumber())}));
 }
 
+/// In which he won most, and how many.
+zel::String PageData::bestMonth() const {
+    std::map<int32_t, int32_t> won; // by month
+    for (const BookFlight& flight : book.flights)
+        if (flight.pilot == pilot.pilot)
+            won[monthOf(flight.date)] += flight.victories;
+    const auto [month, most] = *std::max_element(
+        won.begin(), won.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+    const bool isLong =
+        monthOf(book.flights.back().date) - monthOf(book.flights.front().date) >= 100;
+    return textOf(wording::PairOfFigures,
+                  {isLong ? monthAndYear(month) : shortMonth(month % 100), most});
+}
+
 void PageData::addFigures() {
     data figures(data::type::list);
     const auto add = [&](const Wording& label, const zel::String& value) {
@@ -149,11 +166,8 @@ void PageData::addFigures() {
     for (const BookFlight& flight : book.flights)
         won += flight.pilot == own ? flight.victories : 0;
     addBoth(wording::FigureVictories, won, book.victories);
-    const auto best = std::max_element(months.begin(), months.end(),
-                                       [](const auto& a, const auto& b) { return a.own < b.own; });
-    if (best->own > 0)
-        add(wording::FigureBestMonth,
-            textOf(wording::FigureOfMonth, {shortMonth(best->month % 100), best->own}));
+    if (won > 0)
+        add(wording::FigureBestMonth, bestMonth());
     add(wording::FigureMachine, machineText(book.flights.back().aircraft));
     addCount(wording::FigureDamaged, [](const BookFlight& f) { return f.damage >= NotedDamage; });
     addCount(wording::FigureInjured, [](const BookFlight& f) { return f.injury > 0; });
@@ -163,14 +177,14 @@ void PageData::addFigures() {
 void PageData::addService() {
     data ranks(data::type::list);
     for (const RankGiven& given : pilot.honours.ranks)
-        ranks << valueOf(textOf(wording::FigureOfMonth, {given.rank->name, dayTextOf(given.date)}));
+        ranks << valueOf(textOf(wording::PairOfFigures, {given.rank->name, dayTextOf(given.date)}));
     page["ranks"] = std::move(ranks);
     data awards(data::type::list);
     for (const AwardGiven& given : pilot.honours.awards) {
         data award;
         award["ribbon"] = data(ribbonPicture(given.award->key));
         award["words"] = valueOf(
-            textOf(wording::FigureOfMonth, {awardText(*given.award), dayTextOf(given.date)}));
+            textOf(wording::PairOfFigures, {awardText(*given.award), dayTextOf(given.date)}));
         awards << award;
     }
     page["awards"] = std::move(awards);

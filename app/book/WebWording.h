@@ -20,7 +20,7 @@ inline constexpr Wording FigureBestMonth{3910, "best month"};
 inline constexpr Wording FigureMachine  {3911, "machine"};
 inline constexpr Wording FigureDamaged  {3912, "damaged"};
 inline constexpr Wording FigureInjured  {3913, "injured"};
-inline constexpr Wording FigureOfMonth  {3914, "$1, $2"}; // month, victories
+inline constexpr Wording PairOfFigures  {3914, "$1, $2"}; // month and victories, rank or decoration and date
 inline constexpr Wording OwnMonths      {3915, "your victories in a month"};
 inline constexpr Wording BestMonths     {3916, "the best man of the same squadron in the real war"};
 inline constexpr Wording BestOfFront    {3442, "the best of five leading men of the front in the real war"};

@@ -88,6 +88,16 @@ TEST_F(WebPageTest, ShowsAFlightWithoutAVictory) {
     EXPECT_EQ(count(page.html, "id=\"victories\""), 0);
 }
 
+TEST_F(WebPageTest, NamesTheBestMonthOfTheLastPilot) {
+    addFlights(5, "Albert Reed");
+    setDate(record.career, 1918, 3, 5);
+    record.credit(record.addFlight(19180301, {{1, 0, "Otto von der Heydt", "fokkerdr1", Germany, 1},
+                                              {30, 0, "Albert Reed", "sopcamel", England, 1}}),
+                  0, 1);
+    const std::string html = webPageOf(record.tables(), record.career).html;
+    EXPECT_EQ(count(html, "<span>best month</span> <b>Mar 1918, 1</b>"), 1);
+}
+
 TEST_F(WebPageTest, IsntWrittenWithoutAFlightOrWithoutARecord) {
     const WebPage page = webPageOf(record.tables(), record.career);
     EXPECT_EQ(page.html, "");
