@@ -16,6 +16,7 @@
 #include "app/book/LogBookWording.h"
 #include "app/book/RecordedFlight.h"
 #include "app/book/ServiceText.h"
+#include "app/book/ServiceWording.h"
 #include "app/book/TotalChart.h"
 #include "app/book/WebWording.h"
 #include "app/career/Calendar.h"
@@ -303,22 +304,32 @@ void PageData::addSketch(data& sketches, const RecordedFlight& flight) {
     sketches << one;
 }
 
+WebPage failure(const zel::String& problem, const Wording& reason) {
+    return {{}, problem, textOf(reason)};
+}
+
 } // namespace
 
 WebPage webPageOf(SqliteFile& record, const Database& career) {
+    const auto unreadable = [&] {
+        return failure("The record of the war can't be read: " + record.problem(),
+                       wording::RecordUnreadable);
+    };
     const LogBook book = readLogBook(record, career);
     if (record.failed())
-        return {{}, "The record of the war can't be read: " + record.problem()};
+        return unreadable();
     if (book.flights.empty())
-        return {{}, "There is no flight yet"};
+        return failure("There is no flight yet", wording::NoFlightYet);
     std::string text;
     if (!zel::readFile(TemplateFile, LargestTemplate, text))
-        return {{}, zel::String("The page's template can't be read: ") + TemplateFile};
+        return failure(zel::String("The page's template can't be read: ") + TemplateFile,
+                       wording::NoTemplate);
     kainjow::mustache::mustache page(text);
     if (!page.is_valid())
-        return {{}, zel::String("The page's template is wrong: ") + page.error_message()};
+        return failure(zel::String("The page's template is wrong: ") + page.error_message(),
+                       wording::WrongTemplate);
     data values = PageData(record, career, book).make();
     if (record.failed())
-        return {{}, "The record of the war can't be read: " + record.problem()};
-    return {page.render(values), {}};
+        return unreadable();
+    return {page.render(values), {}, {}};
 }

@@ -12,5 +12,6 @@ class SqliteFile;
 struct WebPage {
     std::string html;    // empty if there is no flight, or on error
     zel::String problem; // why, in English; empty if there is none
+    zel::String reason;  // the same as a short sentence in the language in use
 };
 WebPage webPageOf(SqliteFile& record, const Database& career);

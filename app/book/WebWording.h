@@ -44,6 +44,8 @@ inline constexpr Wording SketchesNote   {3927, "Dashed: your way. Crosses: machi
 inline constexpr Wording WebFooter      {3928, "Written by Wingtally from the career of $1, $2. The figures of the real war are those of its history tables."};
 inline constexpr Wording Kilometres     {3931, "$1 km"};
 inline constexpr Wording NorthMark      {3932, "N"};
+inline constexpr Wording NoTemplate     {3943, "Its template can't be read."}; // the page's
+inline constexpr Wording WrongTemplate  {3944, "Its template is faulty."};
 
 } // namespace wording
 // clang-format on

@@ -20,7 +20,7 @@ zel::String writeBookPage(CareerRecord& record, const Database& career) {
     const WebPage page = webPageOf(record.read(career), career);
     if (page.html.empty()) {
         zel::log(page.problem, "BookPage", zel::LogWarning);
-        return textOf(wording::PageNotWritten, {});
+        return textOf(wording::PageNotWritten, {page.reason});
     }
     if (const zel::FileFault fault = zel::writeFileWhole(file, page.html);
         fault != zel::FileFault::None)

@@ -330,7 +330,7 @@ bool Session::writeFile(const zel::String& file, bool isPage) {
     if (belongsToCareer(file))
         return fail(file + " belongs to a career");
     SqliteFile& tables = record.read(career);
-    const WebPage made = isPage ? webPageOf(tables, career) : WebPage{recordAsJson(tables), {}};
+    const WebPage made = isPage ? webPageOf(tables, career) : WebPage{recordAsJson(tables), {}, {}};
     if (made.html.empty())
         return fail(isPage ? made.problem
                            : "The record of the war can't be read: " + tables.problem());

@@ -103,7 +103,9 @@ TEST_F(WebPageTest, IsntWrittenWithoutAFlightOrWithoutARecord) {
     EXPECT_EQ(page.html, "");
     EXPECT_EQ(page.problem, "There is no flight yet");
     SqliteFile closed;
-    EXPECT_EQ(webPageOf(closed, record.career).html, "");
+    const WebPage unreadable = webPageOf(closed, record.career);
+    EXPECT_EQ(unreadable.html, "");
+    EXPECT_EQ(unreadable.reason, "The record of the war can't be read.");
 }
 
 } // namespace
