@@ -7,7 +7,6 @@
 #include "app/book/PilotRecord.h"
 #include "app/book/RecordedFlight.h"
 #include "app/book/ServiceText.h"
-#include "app/book/Theatre.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
@@ -45,27 +44,13 @@ public:
         if (place < 0)
             return {};
         std::vector<zel::String> all;
-        if (const char* town = townOfEnd())
+        if (const char* town = townOfEnd(flight, place))
             all.push_back(textOf(wording::LetterPlace, {nameInLanguage(town)}));
         all.push_back(cause(reports[size_t(place)]));
         return all;
     }
 
 private:
-    /// Near which town the log has his end; null if it doesn't say where, or far from any.
-    const char* townOfEnd() const {
-        const auto& events = flight.mission.events;
-        const auto end = std::find_if(events.rbegin(), events.rend(), [&](const FlightEvent& one) {
-            const bool isEnd = one.kind == FlightEventKind::Kill ||
-                               one.kind == FlightEventKind::Crash ||
-                               one.kind == FlightEventKind::Death;
-            return isEnd && one.hasPosition && one.target == place;
-        });
-        if (end == events.rend())
-            return nullptr;
-        return townNear({end->x, end->z}, flight.onChannelMap, NearTown);
-    }
-
     zel::String cause(const PilotReport& own) const {
         if (own.shotdownBy >= 0)
             return byVictor(reports[size_t(own.shotdownBy)]);

@@ -1,5 +1,6 @@
 #include "app/book/RecordedFlight.h"
 
+#include "app/book/Theatre.h"
 #include "app/record/RecordSchema.h"
 #include "app/record/Sqlite.h"
 
@@ -134,4 +135,19 @@ std::optional<RecordedFlight> readFlight(SqliteFile& record, int32_t number) {
     if (record.failed())
         return std::nullopt;
     return flight;
+}
+
+bool isEnd(FlightEventKind kind) {
+    return kind == FlightEventKind::Kill || kind == FlightEventKind::Crash ||
+           kind == FlightEventKind::Death;
+}
+
+const char* townOfEnd(const RecordedFlight& flight, int32_t place) {
+    for (const FlightEvent& event : flight.mission.events) {
+        if (!isEnd(event.kind) || !event.hasPosition || event.target != place)
+            continue;
+        if (const char* town = townNear({event.x, event.z}, flight.onChannelMap, NearTown))
+            return town;
+    }
+    return nullptr;
 }

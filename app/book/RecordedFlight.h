@@ -23,3 +23,9 @@ struct RecordedFlight {
 /// The flight of that number; the last one for 0. Nothing if there is none, and on error, in which
 /// case the file has failed.
 std::optional<RecordedFlight> readFlight(SqliteFile& record, int32_t number = 0);
+
+/// Whether an event of that kind is the end of its target.
+bool isEnd(FlightEventKind kind);
+/// The town near which the log has the end of the report at that place: that of the first such
+/// event near one. Null if the log doesn't say where, or far from any.
+const char* townOfEnd(const RecordedFlight& flight, int32_t place);

@@ -21,11 +21,6 @@ bool isFight(FlightEventKind kind) {
            kind == FlightEventKind::Wound;
 }
 
-bool isEnd(FlightEventKind kind) {
-    return kind == FlightEventKind::Kill || kind == FlightEventKind::Crash ||
-           kind == FlightEventKind::Death;
-}
-
 bool hasPlace(const FlightEvent& event) {
     return event.hasPosition && std::fabs(event.x) < EdgeOfTheWorld &&
            std::fabs(event.z) < EdgeOfTheWorld;

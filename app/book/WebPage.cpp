@@ -235,15 +235,7 @@ void PageData::addVictories() {
 void PageData::addVictory(data& rows, const RecordedFlight& flight, size_t victim) {
     const FlownMission& mission = flight.mission;
     const PilotReport& fallen = mission.reports[victim];
-    const char* town = nullptr;
-    for (const FlightEvent& event : mission.events) {
-        const bool isEnd = event.kind == FlightEventKind::Kill ||
-                           event.kind == FlightEventKind::Crash ||
-                           event.kind == FlightEventKind::Death;
-        if (town == nullptr && isEnd && event.hasPosition &&
-            event.target == static_cast<int32_t>(victim))
-            town = townNear({event.x, event.z}, flight.onChannelMap, NearTown);
-    }
+    const char* const town = townOfEnd(flight, static_cast<int32_t>(victim));
     data row;
     row["number"] = valueOf(++victoryNumber);
     row["date"] = valueOf(dayTextOf(flight.date));
