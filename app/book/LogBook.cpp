@@ -15,22 +15,6 @@ namespace {
 
 constexpr double DaysPerMonth = 365.25 / 12;
 
-void count(std::vector<MachineCount>& machines, const zel::String& aircraft) {
-    const auto known = std::find_if(machines.begin(), machines.end(),
-                                    [&](const MachineCount& m) { return m.aircraft == aircraft; });
-    if (known == machines.end())
-        machines.push_back({aircraft, 1});
-    else
-        ++known->count;
-}
-
-/// Types of equal count stay in the order in which they were met.
-void sortByCount(std::vector<MachineCount>& machines) {
-    std::stable_sort(
-        machines.begin(), machines.end(),
-        [](const MachineCount& a, const MachineCount& b) { return a.count > b.count; });
-}
-
 /// The tables of flights, which all have the flight's number as their first column and are read in
 /// its order, in step.
 class BookReader {
@@ -112,7 +96,7 @@ private:
                 const auto found = std::find(unseen.begin(), unseen.end(), event.index(column));
                 if (found == unseen.end())
                     continue;
-                count(flight.opponents, machines[static_cast<size_t>(*found)]);
+                addTo(flight.opponents, machines[static_cast<size_t>(*found)]);
                 unseen.erase(found);
             }
     }
@@ -135,7 +119,7 @@ private:
             }
         } else if (!isSameSide(row.integer(3), side) && groundObject(row.text(2)) == nullptr) {
             if (row.number(4) != 0 || row.number(7) != 0)
-                count(flight.opponents, machines.back());
+                addTo(flight.opponents, machines.back());
             else
                 unseen.push_back(static_cast<int32_t>(place));
         }
@@ -145,7 +129,7 @@ private:
         sortByCount(flight.opponents);
         for (size_t i = 0; own >= 0 && i < victors.size(); ++i)
             if (victors[i] == own)
-                count(book.victims, machines[i]);
+                addTo(book.victims, machines[i]);
     }
 
     struct Planned {
@@ -196,6 +180,21 @@ void addTitles(LogBook& book, SqliteFile& record, const Database& career) {
 }
 
 } // namespace
+
+void addTo(std::vector<MachineCount>& machines, const zel::String& name, int32_t count) {
+    const auto known = std::find_if(machines.begin(), machines.end(),
+                                    [&](const MachineCount& m) { return m.aircraft == name; });
+    if (known == machines.end())
+        machines.push_back({name, count});
+    else
+        known->count += count;
+}
+
+void sortByCount(std::vector<MachineCount>& machines) {
+    std::stable_sort(
+        machines.begin(), machines.end(),
+        [](const MachineCount& a, const MachineCount& b) { return a.count > b.count; });
+}
 
 int32_t LogBook::months() const {
     if (flights.empty())

@@ -18,6 +18,11 @@ struct MachineCount {
     int32_t count = 0;
 };
 
+/// Adds so many machines of that name, which is listed once.
+void addTo(std::vector<MachineCount>& machines, const zel::String& name, int32_t count = 1);
+/// The most frequent first; those of equal count stay in the order in which they were met.
+void sortByCount(std::vector<MachineCount>& machines);
+
 /// One flight of the player.
 struct BookFlight {
     int32_t number = 0; // from 1

@@ -102,18 +102,9 @@ zel::String listed(const std::vector<zel::String>& parts) {
 /// By maker, the most frequent first.
 std::vector<MachineCount> byMaker(const std::vector<MachineCount>& machines) {
     std::vector<MachineCount> makers;
-    for (const MachineCount& machine : machines) {
-        const zel::String name = maker(machine.aircraft);
-        const auto known = std::find_if(makers.begin(), makers.end(),
-                                        [&](const MachineCount& m) { return m.aircraft == name; });
-        if (known == makers.end())
-            makers.push_back({name, machine.count});
-        else
-            known->count += machine.count;
-    }
-    std::stable_sort(
-        makers.begin(), makers.end(),
-        [](const MachineCount& a, const MachineCount& b) { return a.count > b.count; });
+    for (const MachineCount& machine : machines)
+        addTo(makers, maker(machine.aircraft), machine.count);
+    sortByCount(makers);
     return makers;
 }
 
@@ -247,9 +238,9 @@ zel::String victoriesText(const LogBook& book, size_t letters) {
     if (book.victories == 0)
         return victories;
     std::vector<zel::String> parts;
-    for (const MachineCount& maker : byMaker(book.victims))
-        parts.push_back(textOf(wording::CountOfMachines, {maker.count, maker.aircraft}));
     const std::vector<MachineCount> makers = byMaker(book.victims);
+    for (const MachineCount& maker : makers)
+        parts.push_back(textOf(wording::CountOfMachines, {maker.count, maker.aircraft}));
     for (size_t shown = makers.size(); shown > 0; --shown) {
         std::vector<zel::String> some(parts.begin(),
                                       parts.begin() + static_cast<std::ptrdiff_t>(shown));

@@ -261,18 +261,9 @@ PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index,
 
 std::vector<MachineCount> machinesOf(const PilotRecord& pilot) {
     std::vector<MachineCount> machines;
-    for (const PilotVictory& victory : pilot.victories) {
-        const auto known =
-            std::find_if(machines.begin(), machines.end(),
-                         [&](const MachineCount& m) { return m.aircraft == victory.machine; });
-        if (known == machines.end())
-            machines.push_back({victory.machine, 1});
-        else
-            ++known->count;
-    }
-    std::stable_sort(
-        machines.begin(), machines.end(),
-        [](const MachineCount& a, const MachineCount& b) { return a.count > b.count; });
+    for (const PilotVictory& victory : pilot.victories)
+        addTo(machines, victory.machine);
+    sortByCount(machines);
     return machines;
 }
 
