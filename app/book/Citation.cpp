@@ -10,10 +10,8 @@
 namespace {
 
 constexpr int32_t FirstDayOfAirForce = 19180401;
-constexpr size_t TextsPerSide = 3;
+constexpr size_t TextsPerService = 3;
 constexpr size_t SaysWith = 2; // index of the text with the victories after "with"
-
-size_t sideOf(int32_t nation) { return nation == France ? 1 : nation == Germany ? 2 : 0; }
 
 int32_t countBefore(const std::vector<int32_t>& days, int32_t date) {
     return int32_t(std::lower_bound(days.begin(), days.end(), date) - days.begin());
@@ -30,11 +28,12 @@ public:
 
     /// Three texts take turns.
     Citation ofAward(const AwardGiven& given, size_t number) const {
-        const size_t side = sideOf(pilot.nation);
+        const size_t service = serviceIndex(pilot.nation);
         const int32_t victories = countBefore(pilot.served.victories, given.date);
-        const Wording& text = victories == 0
-                                  ? wording::NoVictoryCited[side]
-                                  : wording::Citations[TextsPerSide * side + number % TextsPerSide];
+        const Wording& text =
+            victories == 0
+                ? wording::NoVictoryCited[service]
+                : wording::Citations[TextsPerService * service + number % TextsPerService];
         const bool isWith = &text == &wording::Citations[SaysWith];
         return {
             given.date, awardText(*given.award), addressee(given.date),
@@ -77,6 +76,8 @@ std::vector<Citation> citationsAfter(const PilotRecord& pilot, int32_t date) {
                      [](const Citation& a, const Citation& b) { return a.date < b.date; });
     return all;
 }
+
+size_t serviceIndex(int32_t nation) { return nation == France ? 1 : nation == Germany ? 2 : 0; }
 
 zel::String serviceName(int32_t nation, Branch branch, int32_t date) {
     if (nation == England && date >= FirstDayOfAirForce)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "app/book/Citation.h"
 #include "app/book/CondolenceWording.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/RecordedFlight.h"
@@ -19,8 +20,6 @@
 namespace {
 
 constexpr size_t MostAwards = 3; // the highest
-
-size_t serviceOf(int32_t nation) { return nation == France ? 1 : nation == Germany ? 2 : 0; }
 
 /// The unit's name; empty for one without.
 zel::String nameOfUnit(const Database& career, int32_t squadron) {
@@ -96,12 +95,11 @@ zel::String flightsSentence(const PilotRecord& pilot) {
 
 /// Empty without a decoration.
 zel::String awardsSentence(const PilotRecord& pilot) {
-    zel::String list;
     const std::vector<AwardGiven> worn = pilot.honours.ribbons();
-    for (size_t i = 0; i < std::min(worn.size(), MostAwards); ++i) {
-        const zel::String one = awardText(*worn[i].award, pilot.honours);
-        list = list.empty() ? one : textOf(wording::ListGoesOn, {list, one});
-    }
+    std::vector<zel::String> names;
+    for (size_t i = 0; i < std::min(worn.size(), MostAwards); ++i)
+        names.push_back(awardText(*worn[i].award, pilot.honours));
+    zel::String list = listed(names);
     if (worn.size() > MostAwards)
         list = textOf(wording::LetterMoreAwards, {list, int32_t(worn.size() - MostAwards)});
     return list.empty() ? list : textOf(wording::LetterAwards, {list});
@@ -117,7 +115,7 @@ int32_t lastFlightOf(SqliteFile& record, int32_t pilot) {
 /// lastFlight: nothing if the record lacks it.
 zel::String letterText(const Database& career, const PilotRecord& pilot,
                        const std::optional<RecordedFlight>& lastFlight) {
-    const size_t service = serviceOf(pilot.nation);
+    const size_t service = serviceIndex(pilot.nation);
     std::vector<zel::String> sentences = {
         textOf(lastFlight ? wording::SadDuties[service] : wording::SadLateDuties[service],
                {titleOf(pilot.honours, pilot.name)})};

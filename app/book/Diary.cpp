@@ -33,17 +33,6 @@ zel::String nameOf(const Database& career, int32_t pilot) {
     return zel::arrayText(career.pilot(pilot).name);
 }
 
-/// "A, B and C".
-zel::String sentence(const std::vector<zel::String>& names) {
-    zel::String list;
-    for (size_t i = 0; i < names.size(); ++i) {
-        const bool isLast = i + 1 == names.size();
-        list = i == 0 ? names[i]
-                      : textOf(isLast ? wording::ListEnds : wording::ListGoesOn, {list, names[i]});
-    }
-    return list;
-}
-
 /// A mention isn't given to him: he is named.
 zel::String awardedText(const AwardRow& award) {
     if (award.key == "mention")
@@ -211,7 +200,7 @@ private:
         if (score != scores.end())
             add(DiarySign::Scored, OwnWeight, own,
                 textOf(wording::YouBroughtDown,
-                       {sentence(score->second.victims),
+                       {enumerated(score->second.victims),
                         countText(wording::Victories, career.pilot(own).shotdowns)}));
         if (injury > 0)
             add(DiarySign::None, OwnWeight - 2, own, woundText(injury));
@@ -269,7 +258,8 @@ private:
             for (size_t i = first; i < end; ++i)
                 some.push_back(arrivals[i].second);
             add(DiarySign::Joined, PostedWeight, some.size() == 1 ? arrivals[first].first : -1,
-                textOf(some.size() == 1 ? wording::HasCome : wording::HaveCome, {sentence(some)}));
+                textOf(some.size() == 1 ? wording::HasCome : wording::HaveCome,
+                       {enumerated(some)}));
         }
     }
 

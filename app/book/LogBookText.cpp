@@ -6,6 +6,7 @@
 #include "app/book/DiaryWording.h"
 #include "app/book/LogBookWording.h"
 #include "app/book/ServiceWording.h"
+#include "app/book/Standing.h"
 #include "app/career/Aircraft.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
@@ -92,13 +93,6 @@ const Wording* fateAfterVictories(const BookFlight& flight) {
     return flight.damage >= NotedDamage ? &wording::AndDamaged : nullptr;
 }
 
-zel::String listed(const std::vector<zel::String>& parts) {
-    zel::String list;
-    for (const zel::String& part : parts)
-        list = list.empty() ? part : textOf(wording::ListGoesOn, {list, part});
-    return list;
-}
-
 /// By maker, the most frequent first.
 std::vector<MachineCount> byMaker(const std::vector<MachineCount>& machines) {
     std::vector<MachineCount> makers;
@@ -147,11 +141,8 @@ zel::String lastName(const zel::String& name) {
 }
 
 zel::String initialName(const zel::String& name, size_t letters) {
-    const std::string_view whole = name.view();
-    const size_t blank = whole.find(' ');
-    if (whole.size() <= letters || blank == whole.npos)
-        return cutTo(name, letters);
-    return cutTo(zel::String(whole.substr(0, 1)) + "." + whole.substr(blank), letters);
+    const bool isWhole = name.length() <= static_cast<int32_t>(letters);
+    return isWhole ? name : cutTo(shortName(name), letters);
 }
 
 // The names of aircraft have a blank after "D.", for which columns have no room.

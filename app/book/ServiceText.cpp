@@ -75,13 +75,11 @@ zel::String fateText(const RealAce& ace) {
 
 /// "16 Albatros D.III, 2 Pfalz D.IIIa".
 zel::String machinesText(const PilotRecord& pilot) {
-    zel::String list;
-    for (const MachineCount& machine : machinesOf(pilot)) {
-        const zel::String one =
-            textOf(wording::CountOfMachines, {machine.count, machineText(machine.aircraft)});
-        list = list.empty() ? one : textOf(wording::ListGoesOn, {list, one});
-    }
-    return list;
+    std::vector<zel::String> machines;
+    for (const MachineCount& machine : machinesOf(pilot))
+        machines.push_back(
+            textOf(wording::CountOfMachines, {machine.count, machineText(machine.aircraft)}));
+    return listed(machines);
 }
 
 void addHonours(std::vector<zel::String>& lines, const PilotRecord& pilot) {

@@ -1,6 +1,7 @@
 #include "app/career/CareerTexts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 
 #include "app/career/Database.h"
@@ -73,6 +74,20 @@ zel::String joined(const std::vector<zel::String>& parts, const char* between) {
         if (!part.empty())
             whole += (whole.empty() ? "" : between) + part;
     return whole;
+}
+
+zel::String listed(const std::vector<zel::String>& parts) {
+    zel::String list;
+    for (size_t i = 0; i < parts.size(); ++i)
+        list = i == 0 ? parts[i] : textOf(wording::ListGoesOn, {list, parts[i]});
+    return list;
+}
+
+zel::String enumerated(const std::vector<zel::String>& parts) {
+    if (parts.size() < 2)
+        return listed(parts);
+    return textOf(wording::ListEnds,
+                  {listed({parts.begin(), std::prev(parts.end())}), parts.back()});
 }
 
 bool isWarOver(const Database& career) { return career.calendar().dateNumber() >= FirstDayOfPeace; }

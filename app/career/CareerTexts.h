@@ -31,6 +31,10 @@ zel::String shortMonth(int32_t month);
 
 /// The parts that are not empty, with `between` between them.
 zel::String joined(const std::vector<zel::String>& parts, const char* between);
+/// "A, B, C"; empty without any.
+zel::String listed(const std::vector<zel::String>& parts);
+/// "A, B and C"; empty without any.
+zel::String enumerated(const std::vector<zel::String>& parts);
 
 bool isWarOver(const Database& career);
 /// "Next Mission" or "The War is over!".

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/career/CareerTexts.h"
 #include "app/career/GroundObjects.h"
 #include "app/report/FlightAccount.h"
 #include "app/report/ReportWording.h"
@@ -201,15 +202,12 @@ zel::String Judgement::whyNotCounted() const {
 zel::String Judgement::victims() const {
     const size_t count = pilot.kills.size();
     const size_t named = count > MostNames + 1 ? MostNames : count;
-    zel::String list;
-    for (size_t i = 0; i < named; ++i) {
-        const zel::String one = name(pilot.kills[i]);
-        const Wording& joint = i + 1 == count ? wording::ListEnds : wording::ListGoesOn;
-        list = i == 0 ? one : textOf(joint, {list, one});
-    }
-    return named == count
-               ? list
-               : textOf(wording::AndMoreNames, {list, static_cast<int32_t>(count - named)});
+    std::vector<zel::String> names;
+    for (size_t i = 0; i < named; ++i)
+        names.push_back(name(pilot.kills[i]));
+    return named == count ? enumerated(names)
+                          : textOf(wording::AndMoreNames,
+                                   {listed(names), static_cast<int32_t>(count - named)});
 }
 
 zel::String Judgement::whyCredited() const {

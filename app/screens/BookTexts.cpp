@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "app/book/Citation.h"
+#include "app/book/LogBookText.h"
 #include "app/book/SavedHonours.h"
 #include "app/book/Standing.h"
 #include "app/career/CareerTexts.h"
@@ -17,7 +18,6 @@ namespace {
 constexpr int32_t SpineLetters = 36; // as wide as the label
 constexpr int32_t CardLetters = 44;  // on two lines of the card
 constexpr const char* Dagger = " \x86";
-constexpr const char* Cut = "...";
 
 // Letters of the columns of a page's row, whose typewriter face has one advance.
 constexpr int32_t DateColumn = 15;
@@ -47,7 +47,7 @@ zel::String savedText(const zel::WallTime& saved) {
 }
 
 /// The text and blanks up to that many letters, but at least one.
-zel::String column(const zel::String& text, int32_t letters) {
+zel::String spaced(const zel::String& text, int32_t letters) {
     return text + zel::String(std::string(size_t(std::max(1, letters - text.length())), ' '));
 }
 
@@ -63,7 +63,7 @@ zel::String firstToFit(std::initializer_list<zel::String> titles, int32_t letter
     for (const zel::String& title : titles)
         if (title.length() <= letters)
             return title;
-    return std::prev(titles.end())->left(letters - zel::String(Cut).length()) + Cut;
+    return cutTo(*std::prev(titles.end()), size_t(letters));
 }
 
 zel::String cardTitle(const Honours& honours, const zel::String& pilot) {
@@ -143,9 +143,9 @@ zel::String pageText(const SavePage& page) {
     const SaveSummary& summary = page.summary;
     zel::String row = textOf(wording::DamagedPage);
     if (summary.isReadable) {
-        row = column(shortDate(summary.date), DateColumn) +
-              column(zel::String(summary.missions), FlightsColumn) + summary.victories;
+        row = spaced(shortDate(summary.date), DateColumn) +
+              spaced(zel::String(summary.missions), FlightsColumn) + summary.victories;
     }
     const zel::String saved = savedText(summary.written);
-    return saved.empty() ? row : column(row, RowLetters - saved.length()) + saved;
+    return saved.empty() ? row : spaced(row, RowLetters - saved.length()) + saved;
 }

@@ -1,6 +1,7 @@
 #include "app/war/InvitationLetter.h"
 
 #include "app/career/CareerEvents.h"
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
 #include "app/career/SquadronRoster.h"
@@ -16,15 +17,6 @@ constexpr int32_t LeastLower = 1;
 constexpr int32_t MostLower = 3;
 constexpr int32_t LeastUpper = 3;
 constexpr int32_t MostUpper = 6;
-
-/// "A", "A and B", "A, B and C". REQUIRES: a name.
-zel::String enumeration(const std::vector<zel::String>& names) {
-    zel::String text = names.front();
-    for (size_t i = 1; i < names.size(); ++i)
-        text = textOf(i + 1 == names.size() ? wording::ListEnds : wording::ListGoesOn,
-                      {text, names[i]});
-    return text;
-}
 
 /// Both empty where there is none.
 zel::String firstSentence(const zel::String& leader, const zel::String& squadron) {
@@ -67,7 +59,7 @@ void InvitationLetter::write(const Database& career) {
             aces.push_back(nameOf(roster[i]));
     }
     if (!aces.empty())
-        add(textOf(aces.size() == 1 ? wording::OneAce : wording::Aces, {enumeration(aces)}));
+        add(textOf(aces.size() == 1 ? wording::OneAce : wording::Aces, {enumerated(aces)}));
     add(countText(wording::Shotdowns, shotdowns));
     add(textOf(wording::WillYouAccept));
 }
