@@ -144,21 +144,39 @@ void drawFlight(Svg& svg, const BookFlight& flight, float x) {
                  "fill=\"#EADFC0\" stroke=\"#5A452C\" stroke-width=\"1.5\"");
 }
 
-/// A flag where no other one is in the way.
-void drawFlag(Svg& svg, std::vector<float>& ends, float x, const zel::String& words, bool isAward) {
-    const float width = LetterWidth * static_cast<float>(words.length());
-    const bool isLeft = x + width > ChartWidth;
-    const float begin = isLeft ? x - width - 5 : x;
-    size_t level = 0;
-    while (level + 1 < ends.size() && ends[level] > begin)
-        ++level;
-    ends[level] = (isLeft ? x : x + width) + 10;
-    const float y = TimeAxis - 26 - FlagStep * static_cast<float>(level);
-    svg.line(x, TimeAxis - 18, x, y - 10,
-             isAward ? "stroke=\"#8E1F17\" stroke-width=\"1.4\""
-                     : "stroke=\"#23406B\" stroke-width=\"1.4\"");
-    svg.text(x + (isLeft ? -5 : 5), y, words, isLeft ? Anchor::End : Anchor::Start,
-             isAward ? RedText : BlueText);
+struct Flag {
+    int32_t date;
+    zel::String words;
+    bool isAward;
+    float x = 0, y = 0; // the foot of its text
+    bool isLeft = false;
+};
+
+/// Puts each flag where no other one is in the way.
+void placeFlags(std::vector<Flag>& flags, const TimeScale& scale) {
+    std::vector<float> ends(FlagLevels, 0.0F);
+    for (Flag& flag : flags) {
+        flag.x = scale.at(flag.date);
+        const float width = LetterWidth * static_cast<float>(flag.words.length());
+        flag.isLeft = flag.x + width > ChartWidth;
+        const float begin = flag.isLeft ? flag.x - width - 5 : flag.x;
+        size_t level = 0;
+        while (level + 1 < ends.size() && ends[level] > begin)
+            ++level;
+        ends[level] = (flag.isLeft ? flag.x : flag.x + width) + 10;
+        flag.y = TimeAxis - 26 - FlagStep * static_cast<float>(level);
+    }
+}
+
+/// The texts after all lines, so that no line crosses one.
+void drawFlags(Svg& svg, const std::vector<Flag>& flags) {
+    for (const Flag& flag : flags)
+        svg.line(flag.x, TimeAxis - 18, flag.x, flag.y - 10,
+                 flag.isAward ? "stroke=\"#8E1F17\" stroke-width=\"1.4\""
+                              : "stroke=\"#23406B\" stroke-width=\"1.4\"");
+    for (const Flag& flag : flags)
+        svg.text(flag.x + (flag.isLeft ? -5 : 5), flag.y, flag.words,
+                 flag.isLeft ? Anchor::End : Anchor::Start, flag.isAward ? RedText : BlueText);
 }
 
 } // namespace
@@ -180,22 +198,19 @@ std::string timelineOf(const LogBook& book, const Honours& honours) {
     }
     for (const BookFlight& flight : book.flights)
         drawFlight(svg, flight, scale.at(flight.date));
-    struct Flag {
-        int32_t date;
-        zel::String words;
-        bool isAward;
-    };
     std::vector<Flag> flags;
+    const auto add = [&](int32_t date, const zel::String& words, bool isAward) {
+        if (date >= begin && date < end)
+            flags.push_back({date, words, isAward});
+    };
     for (const RankGiven& given : honours.ranks)
-        flags.push_back({given.date, given.rank->name, false});
+        add(given.date, given.rank->name, false);
     for (const AwardGiven& given : honours.awards)
-        flags.push_back({given.date, awardText(*given.award), true});
+        add(given.date, awardText(*given.award), true);
     std::stable_sort(flags.begin(), flags.end(),
                      [](const Flag& a, const Flag& b) { return a.date < b.date; });
-    std::vector<float> ends(FlagLevels, 0.0F);
-    for (const Flag& flag : flags)
-        if (flag.date >= begin && flag.date < end)
-            drawFlag(svg, ends, scale.at(flag.date), flag.words, flag.isAward);
+    placeFlags(flags, scale);
+    drawFlags(svg, flags);
     return svg.element(textOf(wording::TimeLine), flightsText(book));
 }
 

@@ -45,6 +45,8 @@ public:
             drawMan(men.best[i], MenLines[i]);
         drawOwn();
         svg.line(TotalLeft, TotalGround, width - TotalRight, TotalGround, ChartInk);
+        for (const Note& note : notes) // after the lines, which would cross them
+            svg.text(note.x, note.y, note.text, Svg::Anchor::Start, note.style);
         drawNames();
         return svg.element(textOf(wording::TotalChart), joined(sentences, " "));
     }
@@ -54,6 +56,13 @@ private:
         float y;
         zel::String text;
         bool isOwn;
+    };
+
+    /// The name of one whose line ends before the chart's end.
+    struct Note {
+        float x, y;
+        zel::String text;
+        const char* style;
     };
 
     float x(int32_t date) const {
@@ -125,8 +134,8 @@ private:
         if (end == men.end)
             names.push_back({y(won), lastName(man.ace->name) + " " + won, false});
         else
-            svg.text(x(end) + 4, y(won) - 4, lastName(man.ace->name) + " " + won,
-                     Svg::Anchor::Start, ChartSmall);
+            notes.push_back(
+                {x(end) + 4, y(won) - 4, lastName(man.ace->name) + " " + won, ChartSmall});
         sentences.push_back(textOf(wording::TotalOfChart, {man.ace->name, won}));
     }
 
@@ -149,7 +158,7 @@ private:
             if (next == book.flights.size()) {
                 names.push_back({y(last.total), words, true});
             } else if (clear <= x(last.date)) {
-                svg.text(x(last.date) + 4, y(last.total) - 6, words, Svg::Anchor::Start, OwnText);
+                notes.push_back({x(last.date) + 4, y(last.total) - 6, words, OwnText});
                 clear = x(last.date) + LongestName;
             }
             i = next;
@@ -177,6 +186,7 @@ private:
     Svg svg;
     int32_t top = 4;
     std::vector<Name> names;
+    std::vector<Note> notes;
     std::vector<zel::String> sentences; // what the drawing shows, in words
 };
 
