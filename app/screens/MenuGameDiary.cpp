@@ -47,10 +47,12 @@ void MenuGameDiary::onEnter() {
                  zel::LogWarning);
     setText("date", daysText(diary.from, diary.until));
     int32_t space = OtherSpace;
+    int32_t squadronSpace = SquadronSpace;
     fit("news", diary.front, space);
+    closeUp("entry", diary.squadron, squadronSpace);
     entryPresses.resize(*menu, diary.squadron.size());
     newsPresses.resize(*menu, diary.front.size());
-    showLines("entry", diary.squadron, EntryRows, SquadronSpace);
+    showLines("entry", diary.squadron, EntryRows, squadronSpace);
     showLines("news", diary.front, FrontRows, space);
     space = OtherSpace;
     fit("real", diary.real, space);
@@ -72,23 +74,34 @@ void MenuGameDiary::onEnter() {
     });
 }
 
-/// Brings the lines together, or leaves out the least important ones, until they fit on the paper.
-/// Their list would scroll, but a line that is cut looks like a fault.
-void MenuGameDiary::fit(const char* list, std::vector<DiaryLine>& lines, int32_t& space) {
+/// From the upper edge of the list to the lower edge of each line.
+std::vector<int32_t> MenuGameDiary::bottoms(const char* list, const std::vector<DiaryLine>& lines,
+                                            int32_t space) const {
+    std::vector<int32_t> found;
     zel::TextArea* row = menu->getTextArea(zel::String(list) + ".row1");
     const zel::Widget* area = getWidget(list);
     if (row == nullptr || area == nullptr)
-        return;
+        return found;
     const zel::PixelRect rect = row->getBounds().rect;
-    const zel::PixelRect paper = area->getBounds().rect;
+    int32_t bottom = rect.y - area->getBounds().rect.y - space;
+    for (const DiaryLine& line : lines) {
+        row->setRect({rect.x, rect.y, rect.width, TallestRow});
+        row->setText(line.text);
+        bottom += space + row->getLabel().height();
+        found.push_back(bottom);
+    }
+    row->setRect(rect);
+    return found;
+}
+
+/// Brings the lines together, or leaves out the least important ones, until they fit on the paper.
+/// Their list would scroll, but a line that is cut looks like a fault.
+void MenuGameDiary::fit(const char* list, std::vector<DiaryLine>& lines, int32_t& space) {
+    const zel::Widget* area = getWidget(list);
+    const int32_t room = area != nullptr ? area->getBounds().rect.height : 0;
     const auto doFit = [&] {
-        int32_t bottom = rect.y - space;
-        for (const DiaryLine& line : lines) {
-            row->setRect({rect.x, rect.y, rect.width, TallestRow});
-            row->setText(line.text);
-            bottom += space + row->getLabel().height();
-        }
-        return bottom <= paper.y + paper.height;
+        const std::vector<int32_t> ends = bottoms(list, lines, space);
+        return ends.empty() || ends.back() <= room;
     };
     if (!doFit())
         space = CloseSpace;
@@ -96,7 +109,27 @@ void MenuGameDiary::fit(const char* list, std::vector<DiaryLine>& lines, int32_t
         lines.erase(std::min_element(
             lines.begin(), lines.end(),
             [](const DiaryLine& a, const DiaryLine& b) { return a.weight < b.weight; }));
-    row->setRect(rect);
+}
+
+/// Brings the lines together if they don't fit. If that isn't enough, the list scrolls, and its
+/// window ends at a whole line.
+void MenuGameDiary::closeUp(const char* list, const std::vector<DiaryLine>& lines, int32_t& space) {
+    zel::Widget* area = getWidget(list);
+    if (area == nullptr)
+        return;
+    int32_t& room = area->getBounds().rect.height;
+    std::vector<int32_t> ends = bottoms(list, lines, space);
+    if (ends.empty() || ends.back() <= room)
+        return;
+    space = CloseSpace;
+    ends = bottoms(list, lines, space);
+    if (ends.back() <= room)
+        return;
+    int32_t whole = room;
+    for (const int32_t end : ends)
+        if (end <= room)
+            whole = end;
+    room = whole;
 }
 
 void MenuGameDiary::makeStop(const char* area, MadePicture& mark) {

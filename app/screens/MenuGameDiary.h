@@ -27,7 +27,10 @@ public:
 private:
     static constexpr int32_t PressStep = 24; // design pixels, until a line is in its place
 
+    std::vector<int32_t> bottoms(const char* list, const std::vector<DiaryLine>& lines,
+                                 int32_t space) const;
     void fit(const char* list, std::vector<DiaryLine>& lines, int32_t& space);
+    void closeUp(const char* list, const std::vector<DiaryLine>& lines, int32_t& space);
     /// Puts each line below the one before, as high as its text, and hides the rows that are left.
     void showLines(const char* area, const std::vector<DiaryLine>& lines, int32_t most,
                    int32_t space);
