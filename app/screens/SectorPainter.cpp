@@ -31,6 +31,8 @@ constexpr float ShortestWay = 20; // between the rings, for an arrow
 constexpr float Dot = 2.6F;
 constexpr float NearField = 10; // a town there is the field's
 constexpr float HalfName = 8;   // of its height
+constexpr float NameEdge = 2;   // from a name to the map's edge, at least
+constexpr float NameGap = 4;    // between two names on a line, at least
 constexpr float ScaleLeft = 8;
 constexpr float ScaleAbove = 28; // from the map to the bar
 constexpr float ScaleThickness = 6;
@@ -41,12 +43,28 @@ constexpr int32_t ScaleMarks[] = {0, 5, 10, 20}; // kilometres
 
 SectorPainter::SectorPainter(const Sector& sector, const zel::Font* names, int32_t detail)
     : sector(sector), names(names), front(frontOf(sector.date, sector.onChannelMap)),
+      towns(townsOf(sector.onChannelMap)), taskTown(findTaskTown()),
       sheet(Width, Height + BarHeight, detail) {
     for (const float scale : Scales) {
         metresAPixel = scale;
-        if (fitsAt(scale) && showsFront())
+        if (fitsAt(scale) && showsFront() && (taskTown == nullptr || isOnMap(taskTown->place)))
             break;
     }
+}
+
+/// Null if the task names none, or one that is the field.
+const Town* SectorPainter::findTaskTown() const {
+    const char* name =
+        sector.isFlown ? townNear(sector.fight, sector.onChannelMap, NearTown) : nullptr;
+    const auto found = std::find_if(towns.begin(), towns.end(), [&](const Town& town) {
+        return name != nullptr && std::string_view(town.name) == name;
+    });
+    return found != towns.end() ? &*found : nullptr;
+}
+
+bool SectorPainter::isOnMap(const MapPoint& place) const {
+    const Point point = at(place);
+    return point.x > Dot && point.y > Dot && point.x < Width - Dot && point.y < Height - Dot;
 }
 
 bool SectorPainter::fitsAt(float metres) const {
@@ -95,7 +113,9 @@ zel::BitmapData SectorPainter::paint() {
         if (sector.isFlown || radius == FieldRadius)
             taken.push_back(
                 {place.x - radius, place.y - radius, place.x + radius, place.y + radius});
-    paintFieldName(line);
+    coverFront(line);
+    paintFieldName();
+    paintTaskTown();
     paintTowns();
     if (sector.isFlown)
         paintWay();
@@ -132,69 +152,90 @@ void SectorPainter::paintSquares() {
     }
 }
 
-/// Beside the front if there is room. Names of towns are left out rather than written over it.
-void SectorPainter::paintFieldName(const std::vector<Point>& line) {
-    const std::vector<Box> rings = taken;
+/// Notes what of the map the front covers.
+void SectorPainter::coverFront(const std::vector<Point>& line) {
     for (size_t i = 1; i < line.size(); ++i) {
         const Point way{line[i].x - line[i - 1].x, line[i].y - line[i - 1].y};
         const auto steps = static_cast<int32_t>(std::ceil(std::hypot(way.x, way.y) / NameAside));
         for (int32_t step = 0; step <= steps; ++step) {
             const float part = static_cast<float>(step) / static_cast<float>(std::max(steps, 1));
             const Point place{line[i - 1].x + way.x * part, line[i - 1].y + way.y * part};
-            taken.push_back({place.x - NameAside, place.y - NameAside, place.x + NameAside,
-                             place.y + NameAside});
+            frontBoxes.push_back({place.x - NameAside, place.y - NameAside, place.x + NameAside,
+                                  place.y + NameAside});
         }
     }
-    const Point field = at(sector.field);
-    if (name(field, sector.fieldName.view(), FieldRadius + 3))
-        return;
-    std::vector<Box> all = taken;
-    taken = rings;
-    name(field, sector.fieldName.view(), FieldRadius + 3);
-    taken.insert(taken.end(), all.begin() + std::ptrdiff_t(rings.size()), all.end());
 }
 
-/// Those next to the middle first: of two whose names meet the first is shown.
+/// Beside the front if there is room.
+void SectorPainter::paintFieldName() {
+    const Point field = at(sector.field);
+    for (const Over over : {Over::Nothing, Over::Front})
+        if (name(field, sector.fieldName.view(), FieldRadius + 3, over))
+            return;
+}
+
+/// It is always named, over the front or even over a ring.
+void SectorPainter::paintTaskTown() {
+    for (const Over over : {Over::Nothing, Over::Front, Over::Everything})
+        if (taskTown != nullptr && paintTown(*taskTown, over))
+            return;
+}
+
+/// Those next to the middle first: of two whose names meet the first is shown. Names are left out
+/// rather than written over the front.
 void SectorPainter::paintTowns() {
-    std::vector<Town> towns = townsOf(sector.onChannelMap);
     const Point middle{Width / 2.0F, Height / 2.0F};
-    const auto away = [&](const Town& town) {
-        const Point place = at(town.place);
+    const auto away = [&](const Town* town) {
+        const Point place = at(town->place);
         return std::hypot(place.x - middle.x, place.y - middle.y);
     };
-    std::stable_sort(towns.begin(), towns.end(),
-                     [&](const Town& a, const Town& b) { return away(a) < away(b); });
+    std::vector<const Town*> others;
+    for (const Town& town : towns)
+        if (&town != taskTown)
+            others.push_back(&town);
+    std::stable_sort(others.begin(), others.end(),
+                     [&](const Town* a, const Town* b) { return away(a) < away(b); });
+    for (const Town* town : others)
+        paintTown(*town, Over::Nothing);
+}
+
+/// False if there is no room. One at the field is named as the field.
+bool SectorPainter::paintTown(const Town& town, Over over) {
+    const Point place = at(town.place);
     const Point field = at(sector.field);
-    for (const Town& town : towns) {
-        const Point place = at(town.place);
-        const bool isIn =
-            place.x > Dot && place.y > Dot && place.x < Width - Dot && place.y < Height - Dot;
-        const zel::String townName = nameInLanguage(town.name);
-        const bool isField = townName == sector.fieldName ||
-                             std::hypot(place.x - field.x, place.y - field.y) < NearField;
-        if (isIn && !isField && name(place, townName.view(), Dot + 4))
-            sheet.disc(place, Dot, MapInk);
-    }
+    const zel::String townName = nameInLanguage(town.name);
+    const bool isField = townName == sector.fieldName ||
+                         std::hypot(place.x - field.x, place.y - field.y) < NearField;
+    if (!isOnMap(town.place) || isField || !name(place, townName.view(), Dot + 4, over))
+        return false;
+    sheet.disc(place, Dot, MapInk);
+    return true;
 }
 
 /// Writes it beside the place, on the side where there is room; false if there is none.
-bool SectorPainter::name(Point place, std::string_view text, float gap) {
+bool SectorPainter::name(Point place, std::string_view text, float gap, Over over) {
     const float width = names != nullptr ? static_cast<float>(names->width(text)) : 0;
+    const float middle =
+        std::clamp(place.x - width / 2, NameEdge, std::max(NameEdge, Width - NameEdge - width));
     const Point starts[] = {{place.x + gap, place.y},
                             {place.x - gap - width, place.y},
-                            {place.x - width / 2, place.y - gap - HalfName},
-                            {place.x - width / 2, place.y + gap + HalfName},
-                            {place.x - width / 2, place.y + gap + 3 * HalfName},
-                            {place.x - width / 2, place.y - gap - 3 * HalfName}};
+                            {middle, place.y - gap - HalfName},
+                            {middle, place.y + gap + HalfName},
+                            {middle, place.y + gap + 3 * HalfName},
+                            {middle, place.y - gap - 3 * HalfName}};
     for (const Point& start : starts) {
         const Box box{start.x, start.y - HalfName, start.x + width, start.y + HalfName};
-        const bool isIn =
-            box.left >= 2 && box.top >= 2 && box.right <= Width - 2 && box.bottom <= Height - 2;
-        if (!isIn || std::any_of(taken.begin(), taken.end(),
-                                 [&](const Box& other) { return box.meets(other); }))
+        const auto isMet = [&](const Box& other) { return box.meets(other); };
+        const bool isIn = box.left >= NameEdge && box.top >= NameEdge &&
+                          box.right <= Width - NameEdge && box.bottom <= Height - NameEdge;
+        const bool isFree =
+            over == Over::Everything ||
+            (std::none_of(taken.begin(), taken.end(), isMet) &&
+             (over == Over::Front || std::none_of(frontBoxes.begin(), frontBoxes.end(), isMet)));
+        if (!isIn || !isFree)
             continue;
         sheet.write(names, {start.x, start.y + 6}, text, MapInk, PencilSheet::Align::Left);
-        taken.push_back(box);
+        taken.push_back({box.left - NameGap, box.top, box.right + NameGap, box.bottom});
         taken.push_back({place.x - gap, place.y - gap, place.x + gap, place.y + gap});
         return true;
     }

@@ -18,8 +18,9 @@ struct Sector {
 /// Draws the map of a sector with a clear background: sea, squares of ten kilometres, front, towns,
 /// the field in a blue ring and the fight in a red one, and the scale bar below.
 ///
-/// Both rings are at least a sixth of its sides from the edge, and the front is on it if it is not
-/// too far away.
+/// Both rings are at least a sixth of its sides from the edge; the front and the town that the task
+/// names are on it if they are not too far away. That town is named in any case, the others where
+/// there is room.
 class SectorPainter {
 public:
     static constexpr int32_t Width = 264; // pixels of the design
@@ -45,15 +46,23 @@ private:
         }
     };
 
+    /// What a name may cover; the front is the least harm.
+    enum class Over : uint8_t { Nothing, Front, Everything };
+
+    const Town* findTaskTown() const;
+    bool isOnMap(const MapPoint& place) const;
     bool fitsAt(float metres) const;
     bool showsFront() const;
     Point at(const MapPoint& place) const;
     std::vector<Point> at(const std::vector<MapPoint>& places) const;
     void paintSea();
     void paintSquares();
-    void paintFieldName(const std::vector<Point>& line);
+    void coverFront(const std::vector<Point>& line);
+    void paintFieldName();
+    void paintTaskTown();
     void paintTowns();
-    bool name(Point place, std::string_view text, float gap);
+    bool paintTown(const Town& town, Over over);
+    bool name(Point place, std::string_view text, float gap, Over over);
     void paintWay();
     void paintRings();
     void paintBar();
@@ -61,7 +70,10 @@ private:
     const Sector& sector;
     const zel::Font* names;
     std::vector<MapPoint> front;
+    std::vector<Town> towns;
+    const Town* taskTown; // one of them, or null
     float metresAPixel = 0;
     PencilSheet sheet;
     std::vector<Box> taken;
+    std::vector<Box> frontBoxes;
 };
