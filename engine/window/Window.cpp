@@ -117,6 +117,8 @@ bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscree
 
 void Window::setIcon(const Bitmap& picture) {
     Platform::getInstance();
+    if (SDL_WasInit(SDL_INIT_VIDEO) == 0) // SDL itself would crash
+        return;
     if (picture.width() != IconSide || picture.height() != IconSide) {
         log("Icon " + picture.getName() + " is not 32 by 32 pixels", WindowCategory, LogWarning);
         return;
