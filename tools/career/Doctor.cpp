@@ -50,8 +50,7 @@ zel::String printedName(const zel::String& file) { return zel::system::printedNa
 
 /// Without the separator at its end.
 zel::String printedFolder(const zel::String& folder) {
-    const std::string_view path = folder;
-    return printedName(path.substr(0, path.find_last_not_of("\\/") + 1));
+    return printedName(zel::withoutSeparator(folder));
 }
 
 zel::String saveFile() { return zel::getUserDirectory() + SaveFileName; }
