@@ -77,6 +77,12 @@ bool hasStartup(const zel::String& folder) {
     return zel::system::fileStatus(folder + "/data/startup.cfg").exists;
 }
 
+/// Of a path with all links followed: "/", or under Wine that of a drive.
+bool isRoot(const zel::String& canonical) {
+    return !canonical.empty() &&
+           (canonical.view().back() == '/' || canonical.view().back() == '\\');
+}
+
 /// By what is in a path: places on a disk may belong to Steam or Wine all the same.
 FoundBy byPath(const zel::String& folder, FoundBy foundBy) {
     if (foundBy != FoundBy::Drive)
@@ -177,7 +183,8 @@ void SimulatorWalk::lookInPrefixes(const zel::String& folder, const zel::String&
         lookInPrefix(folder + "/" + name + inner, foundBy);
 }
 
-// The other drives of a prefix are links to folders elsewhere, one of them to "/".
+// The other drives of a prefix are links to folders elsewhere, one of them to the root of all. That
+// isn't the prefix's, and a Windows program under Wine has it among its own drives.
 void SimulatorWalk::lookInPrefix(const zel::String& prefix, FoundBy foundBy) {
     if (prefix.empty() || !zel::system::isDirectory(prefix))
         return;
@@ -185,7 +192,7 @@ void SimulatorWalk::lookInPrefix(const zel::String& prefix, FoundBy foundBy) {
     const zel::String devices = prefix + "/dosdevices";
     for (const zel::String& name : foldersIn(devices)) {
         const zel::String drive = devices + "/" + name;
-        if (zel::system::canonicalPath(drive) != "/")
+        if (!isRoot(zel::system::canonicalPath(drive)))
             queue.push_back({drive, DriveDepth, foundBy});
     }
 }
