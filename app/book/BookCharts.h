@@ -7,7 +7,6 @@
 #include "app/book/LogBook.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/RealSquadron.h"
-#include "app/book/Sketch.h"
 
 // The drawings of the web page, as SVG elements with title and description.
 
@@ -20,6 +19,3 @@ float chartWidth(int32_t since, int32_t end);
 std::string monthChart(const std::vector<MonthScore>& months);
 /// The flights along the time, with victories, damage and injuries; ranks and decorations above.
 std::string timelineOf(const LogBook& book, const Honours& honours);
-/// A fight on a small map.
-std::string sketchPicture(const Sketch& sketch, const zel::String& title,
-                          const zel::String& described);

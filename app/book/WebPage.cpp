@@ -17,6 +17,7 @@
 #include "app/book/RecordedFlight.h"
 #include "app/book/ServiceText.h"
 #include "app/book/ServiceWording.h"
+#include "app/book/SketchPicture.h"
 #include "app/book/TotalChart.h"
 #include "app/book/WebWording.h"
 #include "app/career/Calendar.h"

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/book/BookCharts.h"
+#include "app/book/SketchPicture.h"
 #include "app/report/CombatReport.h"
 #include "app/report/FlightAccount.h"
 #include "tests/app/book/HandMadeRecord.h"
