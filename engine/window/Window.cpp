@@ -96,6 +96,8 @@ std::vector<uint8_t> iconMask(const Bitmap& picture) {
 bool Window::create(int32_t width, int32_t height, int32_t depth, bool fullscreen) {
     const Platform& platform = Platform::getInstance();
     destroy();
+    if (SDL_WasInit(SDL_INIT_VIDEO) == 0) // Platform has logged why, and SDL would crash
+        return false;
     auto* window = new Window;
     window->depth = depth <= 16 ? 16 : 32;
     const system::Extent desktop{platform.getDesktopWidth(), platform.getDesktopHeight()};
