@@ -125,6 +125,7 @@ bool tourSimulator(CareerDriver& driver, const std::function<void(const std::str
     if (!driver.walk("folder.row3"))
         return false;
     visit("MenuSimulatorFolder_Right");
+    driver.screens->step(600); // a double click opens one folder
     if (!driver.walk("folder.row2"))
         return false;
     visit("MenuSimulatorFolder_Data");
