@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
         if (std::find(wanted.begin(), wanted.end(), name) == wanted.end())
             return;
         const Picture picture = driver.shot();
-        written = !picture.pixels.empty() && writePicture(folder + "/" + name + ".png", picture) &&
+        written = !picture.pixels.empty() && writePicture(folder + "/" + name + ".jpg", picture) &&
                   written;
     };
     return tourScreens(driver, visit) && written ? 0 : 1;
