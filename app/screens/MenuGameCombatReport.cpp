@@ -1,11 +1,11 @@
 #include "app/screens/MenuGameCombatReport.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "app/book/ServiceWording.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/report/ReportText.h"
 #include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/Log.h"
@@ -19,7 +19,6 @@ namespace {
 constexpr int32_t EntryCount = 21; // of a column
 constexpr int32_t LinesPerEntry = 3;
 constexpr int32_t EntriesPerSheet = 5;
-constexpr int32_t CauseHeight = 22; // design pixels of an entry's third line
 
 void logReport(const zel::String& message) {
     zel::log(message, "MenuGameCombatReport", zel::LogInfo);
@@ -30,13 +29,13 @@ int32_t sheetsFor(const ReportColumns& columns) {
     return std::max(1, (std::min(entries, EntryCount) + EntriesPerSheet - 1) / EntriesPerSheet);
 }
 
-/// line: 1 to 3 of an entry, which counts from 0.
-zel::String lineName(const char* column, int32_t entry, int32_t line) {
-    return zel::String(column) + (entry * LinesPerEntry + line);
+/// place: of the entry on its sheet, from 0; line: 1 to 3.
+zel::String lineName(const char* column, int32_t place, int32_t line) {
+    return zel::String(column) + (place * LinesPerEntry + line);
 }
 
-zel::String reasonName(const char* column, int32_t entry) {
-    return zel::String(column) + "Why" + (entry + 1);
+zel::String reasonName(const char* column, int32_t place) {
+    return zel::String(column) + "Why" + (place + 1);
 }
 
 } // namespace
@@ -44,7 +43,11 @@ zel::String reasonName(const char* column, int32_t entry) {
 void MenuGameCombatReport::onEnter() {
     pages.enterReport();
     endsDay = !pages.isFromBook();
-    clearColumns();
+    pilotFont = fontOf("left1");
+    causeFont = fontOf("left3");
+    const zel::TextArea* reason = menu->getTextArea("leftWhy1");
+    reasonFont = reason != nullptr ? reason->getFont() : nullptr;
+    columns = {};
     sheetCount = 1;
     const std::optional<RecordedFlight> flown = pages.shown();
     if (const Database* career = runningCareer()) {
@@ -55,13 +58,16 @@ void MenuGameCombatReport::onEnter() {
     if (flown) {
         const std::vector<PilotReport>& records = flown->mission.reports;
         logReport(zel::String("Number of Pilots: ") + int32_t(records.size()));
-        const ReportColumns columns = combatReportColumns(records, flown->mission.events);
-        fillColumn("left", columns.left);
-        fillColumn("right", columns.right);
+        columns = combatReportColumns(records, flown->mission.events);
         if (columns.right.empty())
-            setText(reasonName("right", 0), textOf(wording::NobodyOpposite));
+            columns.right.emplace_back().reason = textOf(wording::NobodyOpposite);
         sheetCount = sheetsFor(columns);
     }
+    // A flight of the book that isn't found can't be read.
+    if (columns.left.empty() && pages.isFromBook())
+        columns.left.emplace_back().reason = textOf(wording::RecordUnreadable);
+    else if (columns.left.empty())
+        columns.left.emplace_back().pilot = textOf(wording::NoMission);
     setVisible("where", flown.has_value());
     setText("menuButton1", textOf(pages.isFromBook() ? wording::ToTheLogBook : wording::GoOn));
     if (zel::Widget* onward = getWidget("menuButton1"))
@@ -69,76 +75,62 @@ void MenuGameCombatReport::onEnter() {
     showSheet(1);
 }
 
-void MenuGameCombatReport::clearColumns() {
-    for (const char* column : {"left", "right"})
-        for (int32_t entry = 0; entry < EntryCount; ++entry) {
-            for (int32_t line = 1; line <= LinesPerEntry; ++line)
-                setText(lineName(column, entry, line), "");
-            setText(reasonName(column, entry), "");
-        }
-    // A flight of the book that isn't found can't be read.
-    if (pages.isFromBook())
-        setText(reasonName("left", 0), textOf(wording::RecordUnreadable));
-    else
-        setText("left1", textOf(wording::NoMission));
-}
-
-void MenuGameCombatReport::fillColumn(const char* column, const std::vector<ReportEntry>& entries) {
-    const auto count = std::min(int32_t(entries.size()), EntryCount);
-    for (int32_t i = 0; i < count; ++i) {
-        const ReportEntry& entry = entries[size_t(i)];
-        if (entry.isPlayer)
-            takeFont(lineName(column, i, 1), "ownLine");
-        setLine(lineName(column, i, 1), entry.pilot, entry.isPlayer ? "narrowOwn" : "narrowLine");
-        setText(lineName(column, i, 2), entry.fate);
-        setLine(lineName(column, i, 3), entry.cause, "narrowCause");
-        setReason(reasonName(column, i), entry);
-    }
-}
-
-/// Below the cause, or in its place. In the narrow type if it doesn't fit.
-void MenuGameCombatReport::setReason(const zel::String& name, const ReportEntry& entry) {
-    zel::TextArea* area = menu->getTextArea(name);
-    if (area == nullptr)
-        return;
-    if (!entry.cause.empty()) {
-        zel::PixelRect rect = area->getBounds().rect;
-        rect.y += CauseHeight;
-        rect.height -= CauseHeight;
-        area->setRect(rect);
-    }
-    area->setText(entry.reason);
-    const zel::Widget* narrow = getWidget("narrowWhy");
-    if (narrow != nullptr && area->getLabel().isCut())
-        area->setFont(narrow->getFont());
-}
-
-/// Gives a line the font of another element.
-void MenuGameCombatReport::takeFont(const zel::String& line, const char* element) {
-    zel::Widget* widget = getWidget(line);
-    const zel::Widget* other = getWidget(element);
-    if (widget != nullptr && other != nullptr)
-        widget->setFont(other->getFont());
+/// Null if there is no such widget.
+const zel::Font* MenuGameCombatReport::fontOf(const zel::String& element) const {
+    const zel::Widget* widget = getWidget(element);
+    return widget != nullptr ? widget->getFont() : nullptr;
 }
 
 /// Sets a line's text, in the font of the element if its own makes the text wider than the line.
 void MenuGameCombatReport::setLine(const zel::String& line, const zel::String& text,
-                                   const char* narrowElement) {
-    const zel::Widget* widget = getWidget(line);
-    if (widget != nullptr &&
-        zel::Text::widthOf(widget->getFont(), text) > widget->getBounds().rect.width)
-        takeFont(line, narrowElement);
+                                   const zel::Font* font, const char* narrowElement) {
+    zel::Widget* widget = getWidget(line);
+    if (widget == nullptr)
+        return;
+    const zel::Font* narrow = fontOf(narrowElement);
+    const bool isWide = zel::Text::widthOf(font, text) > widget->getBounds().rect.width;
+    widget->setFont(isWide && narrow != nullptr ? narrow : font);
     setText(line, text);
+}
+
+/// Below the cause, or in its place. In the narrow type if it doesn't fit.
+void MenuGameCombatReport::setReason(const char* column, int32_t place, const ReportEntry& entry) {
+    zel::TextArea* area = menu->getTextArea(reasonName(column, place));
+    if (area == nullptr)
+        return;
+    if (const zel::Widget* cause = getWidget(lineName(column, place, LinesPerEntry))) {
+        const zel::PixelRect& above = cause->getBounds().rect;
+        zel::PixelRect rect = area->getBounds().rect;
+        const int32_t bottom = rect.y + rect.height;
+        rect.y = above.y + (entry.cause.empty() ? 0 : above.height);
+        rect.height = bottom - rect.y;
+        area->setRect(rect);
+    }
+    area->setFont(reasonFont);
+    area->setText(entry.reason);
+    const zel::Font* narrow = fontOf("narrowWhy");
+    if (narrow != nullptr && area->getLabel().isCut())
+        area->setFont(narrow);
+}
+
+void MenuGameCombatReport::setEntry(const char* column, int32_t place, const ReportEntry& entry) {
+    const bool isOwn = entry.isPlayer && fontOf("ownLine") != nullptr;
+    setLine(lineName(column, place, 1), entry.pilot, isOwn ? fontOf("ownLine") : pilotFont,
+            entry.isPlayer ? "narrowOwn" : "narrowLine");
+    setText(lineName(column, place, 2), entry.fate);
+    setLine(lineName(column, place, 3), entry.cause, causeFont, "narrowCause");
+    setReason(column, place, entry);
 }
 
 void MenuGameCombatReport::showSheet(int32_t sheet) {
     shownSheet = sheet;
-    for (const char* column : {"left", "right"})
-        for (int32_t entry = 0; entry < EntryCount; ++entry) {
-            const bool isShown = entry / EntriesPerSheet + 1 == sheet;
-            for (int32_t line = 1; line <= LinesPerEntry; ++line)
-                setVisible(lineName(column, entry, line), isShown);
-            setVisible(reasonName(column, entry), isShown);
+    const ReportEntry none;
+    for (const auto& [column, entries] :
+         {std::pair{"left", &columns.left}, std::pair{"right", &columns.right}})
+        for (int32_t place = 0; place < EntriesPerSheet; ++place) {
+            const int32_t number = (sheet - 1) * EntriesPerSheet + place;
+            const bool isThere = number < std::min(int32_t(entries->size()), EntryCount);
+            setEntry(column, place, isThere ? (*entries)[size_t(number)] : none);
         }
     setVisible("nextSheet", sheetCount > 1);
     setVisible("sheetNumber", sheetCount > 1);

@@ -2,10 +2,13 @@
 
 #include <vector>
 
+#include "app/report/ReportText.h"
 #include "app/screens/CareerScreen.h"
 
+namespace zel {
+class Font;
+}
 class ReportPages;
-struct ReportEntry;
 
 /// What happened to everybody in a mission and why, one column per side: in the last one, after
 /// which the war moves on, or in one of the log book.
@@ -21,14 +24,18 @@ public:
     void onKey(const zel::KeyPress& key) override;
 
 private:
-    void clearColumns();
-    void fillColumn(const char* column, const std::vector<ReportEntry>& entries);
-    void setReason(const zel::String& name, const ReportEntry& entry);
-    void takeFont(const zel::String& line, const char* element);
-    void setLine(const zel::String& line, const zel::String& text, const char* narrowElement);
+    const zel::Font* fontOf(const zel::String& element) const;
+    void setLine(const zel::String& line, const zel::String& text, const zel::Font* font,
+                 const char* narrowElement);
+    void setReason(const char* column, int32_t place, const ReportEntry& entry);
+    void setEntry(const char* column, int32_t place, const ReportEntry& entry);
     void showSheet(int32_t sheet); // from 1 on
 
     ReportPages& pages;
+    ReportColumns columns;
+    const zel::Font* pilotFont = nullptr; // of the lines and the reason, as the layout has them
+    const zel::Font* causeFont = nullptr;
+    const zel::Font* reasonFont = nullptr;
     bool endsDay = true; // by being left; the other page of the flight doesn't
     int32_t sheetCount = 1;
     int32_t shownSheet = 1;
