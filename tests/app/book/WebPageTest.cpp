@@ -107,8 +107,8 @@ TEST_F(WebPageTest, IsntWrittenWithoutAFlightOrWithoutARecord) {
     const WebPage page = webPageOf(record.tables(), record.career);
     EXPECT_EQ(page.html, "");
     EXPECT_EQ(page.problem, "There is no flight yet");
-    SqliteFile closed;
-    const WebPage unreadable = webPageOf(closed, record.career);
+    EXPECT_TRUE(record.file.run("DROP TABLE flight_report"));
+    const WebPage unreadable = webPageOf(record.file, record.career);
     EXPECT_EQ(unreadable.html, "");
     EXPECT_EQ(unreadable.reason, "The record of the war can't be read.");
 }
