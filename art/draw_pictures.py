@@ -31,8 +31,9 @@ from tallies import sign
 OVERLAYS = [
     office.over_main, office.over_service, office.over_year, office.over_month, office.over_summary,
     office.over_settings, office.over_maps, office.over_planes_allied, office.over_planes_german,
-    office.over_notice, office.over_help, office.over_careers, office.over_pages, office.over_enlist, flying.over_hub, flying.over_roster, flying.over_aces,
-    flying.over_letter, flying.over_orders, flying.over_wait, flying.over_report, flying.over_advance,
+    office.over_notice, office.over_help, office.over_careers, office.over_pages, office.over_enlist,
+    flying.over_hub, flying.over_roster, flying.over_aces, flying.over_letter, flying.over_orders,
+    flying.over_wait, flying.over_report, flying.over_advance,
     book.over_logbook, book.over_where,
     record.over_diary, record.over_record, record.over_citation, record.over_fallen, record.over_war_over,
     people.over_pilot, simulator.over_simulator, simulator.over_folder,

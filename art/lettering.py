@@ -15,7 +15,6 @@ TEXT = 'OldStandard-Regular.ttf'
 BOOK = 'GoudyBookletter1911.otf'
 MAP = 'LinLibertine_R.otf'
 MAP_ITALIC = 'LinLibertine_RI.otf'
-TYPE = 'GNUTypewriter.ttf'  # no round brackets in it: for printed words only
 
 
 def put(dst, text, file, height, x, y, color, align='left', spacing=0.0):

@@ -108,11 +108,9 @@ def _swords(c, x, y, r):
         c.restore()
 
 
-def _wreath(c, x, y, r, width, opening=.0):
+def _wreath(c, x, y, r, width):
     for k in range(22):
         a = k * 2 * math.pi / 22 + .1
-        if opening and abs(math.sin((a - 1.5 * math.pi) / 2)) < opening:
-            continue
         c.save()
         c.translate(x + r * math.cos(a), y + r * math.sin(a))
         c.rotate(a + math.pi / 2 + .5 * (1 if math.cos(a) > 0 else -1))
@@ -122,118 +120,175 @@ def _wreath(c, x, y, r, width, opening=.0):
         c.fill()
 
 
-def medal(kind, w=72, h=136, times=1):
-    """A decoration on its ribbon, hung up; "croix2" has two palms. The ribbon takes the upper 58 pixels. The Iron Cross of the
-    first class has no ribbon, the Pour le Merite a short one to the neck."""
-    s = SCALE
-    palms = int(kind[5:] or 0) if kind.startswith('croix') else 0
-    kind = 'croix' if kind.startswith('croix') else kind
-    out = empty(w * s, h * s)
-    cx, ribbon_w, ribbon_h = w / 2, 44, 56
-    cy, r = h - 40, 32
+class _Medal:
+    """A decoration that is being made, SCALE times as large as it will be. x, y: its middle; r: its radius."""
+    def __init__(self, w, h):
+        self.w, self.h = w, h
+        self.out = empty(w * SCALE, h * SCALE)
+        self.x, self.y, self.r = w / 2, h - 40, 32
 
-    def metal(draw, tone, enamel=None, bevel=2.2):
-        mask = _layer(draw, w, h)
-        edge = _relief(mask, tone, enamel, bevel * s)
-        over(out, edge)
+    def metal(self, draw, tone, enamel=None, bevel=2.2):
+        over(self.out, _relief(_layer(draw, self.w, self.h), tone, enamel, bevel * SCALE))
 
-    def filled(shape):
+    def fill(self, shape, tone, enamel=None, bevel=2.2):
         def draw(c):
             shape(c)
             source(c, '#FFFFFF')
             c.fill()
-        return draw
+        self.metal(draw, tone, enamel, bevel)
 
-    def outlined(shape, width):
+    def outline(self, shape, width, tone, enamel=None, bevel=2.2):
         def draw(c):
             shape(c)
             source(c, '#FFFFFF')
             c.set_line_width(width)
             c.stroke()
-        return draw
+        self.metal(draw, tone, enamel, bevel)
 
+    def disc(self, r, tone, enamel=None):
+        self.fill(lambda c: c.arc(self.x, self.y, r, 0, 7), tone, enamel)
+
+    def ring(self, r, width, tone, enamel=None, bevel=2.2):
+        self.outline(lambda c: c.arc(self.x, self.y, r, 0, 7), width, tone, enamel, bevel)
+
+    def pattee(self, tone, *shape, part=1, enamel=None, bevel=2.2):
+        self.fill(lambda c: _pattee(c, self.x, self.y, self.r * part, *shape), tone, enamel, bevel)
+
+    def maltese(self, tone, *shape, part=1, enamel=None):
+        self.fill(lambda c: _maltese(c, self.x, self.y, self.r * part, *shape), tone, enamel)
+
+    def wreath(self, r, width, tone, enamel=None):
+        self.fill(lambda c: _wreath(c, self.x, self.y, r, width), tone, enamel)
+
+    def letters(self, tint, *texts):
+        """texts: each with its size and its place from the middle."""
+        layer = np.zeros_like(self.out)
+        for text, height, dx, dy in texts:
+            put(layer, text, HEAD, height * SCALE, (self.x + dx) * SCALE, (self.y + dy) * SCALE, tint, 'center')
+        over(self.out, layer)
+
+
+RIBBON = (44, 56)  # px of a medal's ribbon
+
+
+def _hang(m, kind):
+    """Its ribbon, and the ring on which it hangs."""
+    ribbon_w, ribbon_h = RIBBON
+    rib = ribbon({'iron2': 'iron'}.get(kind, kind), ribbon_w * SCALE, ribbon_h * SCALE)
+    if kind in ('croix', 'medaille', 'legion', 'iron2', 'house', 'merite'):
+        # Continental ribbons narrow towards the ring.
+        x, y = grid(m.w * SCALE, m.h * SCALE)
+        half = np.where(y < 34 * SCALE, ribbon_w * SCALE / 2, ribbon_w * SCALE / 2 - (y - 34 * SCALE) * .78)
+        canvas = np.zeros_like(m.out)
+        over(canvas, rib, (m.w - ribbon_w) * SCALE / 2, 0)
+        canvas[..., 3] *= smooth(half - np.abs(x - m.w * SCALE / 2), 0, 2)
+        over(m.out, canvas)
+    else:
+        over(m.out, rib, (m.w - ribbon_w) * SCALE / 2, 0)
+        m.fill(lambda c: rounded(c, m.x - 24, ribbon_h - 4, 48, 6, 2), BRONZE if kind == 'vc' else SILVER)
+    m.outline(lambda c: c.arc(m.x, ribbon_h + 4, 4, 0, 7), 1.8, BRONZE if kind in ('vc', 'croix') else SILVER)
+
+
+def _vc(m):
+    m.pattee(BRONZE, .2, .62, .99, bevel=1.6)
+    m.fill(lambda c: (c.arc(m.x, m.y - 2, 8, 0, 7), c.rectangle(m.x - 15, m.y + 8, 30, 6)), BRONZE, bevel=2)
+
+
+def _dso(m):
+    m.pattee(GILT, .26, .56, .98)
+    m.pattee(GILT, .24, .52, .98, part=.92, enamel='#EFEBDD')
+    m.disc(11, GILT)
+    m.ring(8.6, 3.4, GILT, '#3F7A3B')
+    m.disc(5.6, GILT, '#A3241F')
+
+
+def _silver_cross(m):
+    def cross(c):
+        for k in range(4):
+            c.save()
+            c.translate(m.x, m.y)
+            c.rotate(k * math.pi / 2)
+            path(c, [(-5, 0), (-6.5, -m.r * .74), (-10, -m.r * .78), (-10, -m.r), (10, -m.r), (10, -m.r * .78),
+                     (6.5, -m.r * .74), (5, 0)], True)
+            c.restore()
+    m.fill(cross, SILVER)
+    m.ring(6, 1.4, SILVER, bevel=1)
+
+
+def _dfc(m):
+    m.ring(m.r * .72, 3, SILVER, bevel=1)
+    m.pattee(SILVER, .16, .34, 1.02)
+    m.wreath(9, 2.6, SILVER)
+
+
+def _croix(m):
+    m.fill(lambda c: _swords(c, m.x, m.y, m.r * .95), BRONZE, bevel=1)
+    m.pattee(BRONZE, .28, .52, .98, part=.82)
+    m.ring(10, 2.2, BRONZE, bevel=1)
+
+
+def _medaille(m):
+    m.wreath(m.r * .70, 4.4, SILVER)
+    m.disc(m.r * .64, GILT)
+    m.ring(m.r * .50, 5, GILT, '#28477E')
+    m.disc(m.r * .40, GILT)
+    m.fill(lambda c: (c.rectangle(m.x - 10, m.y - m.r - 3, 20, 5), c.rectangle(m.x - 2, m.y - m.r - 8, 4, 14)), GILT,
+           bevel=1)
+
+
+def _legion(m):
+    m.wreath(m.r * .74, 4.0, GILT, '#3F7A3B')
+    m.maltese(GILT, 5, .34, .84)
+    m.maltese(GILT, 5, .30, .86, part=.90, enamel='#F2EEE2')
+    m.disc(9.5, GILT, '#28477E')
+    m.disc(6.6, GILT)
+
+
+def _iron(m):
+    m.pattee(SILVER, .16, .60, .98, bevel=1.4)
+    m.pattee(IRON, .13, .53, .97, part=.84, bevel=1.2)
+    m.letters('#B9B7AE', ('1914', 9, 0, m.r * .74), ('W', 13, 0, 5))
+
+
+def _iron_pinned(m):
+    m.y, m.r = m.h / 2 + 16, 34
+    _iron(m)
+
+
+def _house(m):
+    m.fill(lambda c: _swords(c, m.x, m.y, m.r), GILT, bevel=1)
+    m.wreath(m.r * .55, 4.2, GILT, '#4E7A40')
+    m.pattee(SILVER, .14, .44, .94, part=.95, enamel='#201E1B', bevel=1)
+    m.pattee(SILVER, .11, .38, .94, part=.84, enamel='#EFEBDD', bevel=1)
+    m.disc(9, GILT)
+    m.disc(6.8, GILT, '#28477E')
+
+
+def _merite(m):
+    m.fill(lambda c: _eagles(c, m.x, m.y, m.r), GILT, bevel=1)
+    m.maltese(GILT, 4, .52, .76)
+    m.maltese(GILT, 4, .49, .77, part=.92, enamel='#2A55A0')
+    m.letters('#F3DFA0', ('F', 9, 0, -m.r * .44), ('Pour', 6.4, -.62 * m.r, .12 * m.r), ('Mé', 6.4, .60 * m.r, .12 * m.r),
+              ('rite', 6.4, 0, .66 * m.r))
+
+
+MAKERS = {'vc': _vc, 'dso': _dso, 'mc': _silver_cross, 'dsc': _silver_cross, 'dfc': _dfc, 'croix': _croix,
+          'medaille': _medaille, 'legion': _legion, 'iron2': _iron, 'iron1': _iron_pinned, 'house': _house,
+          'merite': _merite}
+
+
+def medal(kind, w=72, h=136, times=1):
+    """A decoration on its ribbon, hung up; "croix2" has two palms. The ribbon takes the upper 58 pixels. The Iron Cross of the
+    first class has no ribbon, the Pour le Merite a short one to the neck."""
+    palms = int(kind[5:] or 0) if kind.startswith('croix') else 0
+    kind = 'croix' if kind.startswith('croix') else kind
+    m = _Medal(w, h)
     if kind != 'iron1':
-        rib = ribbon({'iron2': 'iron'}.get(kind, kind), ribbon_w * s // 1, ribbon_h * s)
-        if kind in ('croix', 'medaille', 'legion', 'iron2', 'house', 'merite'):
-            # Continental ribbons narrow towards the ring.
-            x, y = grid(w * s, h * s)
-            half = np.where(y < 34 * s, ribbon_w * s / 2, ribbon_w * s / 2 - (y - 34 * s) * .78)
-            canvas = np.zeros_like(out)
-            over(canvas, rib, (w - ribbon_w) * s / 2, 0)
-            canvas[..., 3] *= smooth(half - np.abs(x - w * s / 2), 0, 2)
-            over(out, canvas)
-        else:
-            over(out, rib, (w - ribbon_w) * s / 2, 0)
-            metal(filled(lambda c: rounded(c, cx - 24, ribbon_h - 4, 48, 6, 2)), BRONZE if kind == 'vc' else SILVER)
-        metal(outlined(lambda c: c.arc(cx, ribbon_h + 4, 4, 0, 7), 1.8), BRONZE if kind in ('vc', 'croix') else SILVER)
-    if kind == 'vc':
-        metal(filled(lambda c: _pattee(c, cx, cy, r, .2, .62, .99)), BRONZE, bevel=1.6)
-        metal(filled(lambda c: (c.arc(cx, cy - 2, 8, 0, 7), c.rectangle(cx - 15, cy + 8, 30, 6))), BRONZE, bevel=2)
-    elif kind == 'dso':
-        metal(filled(lambda c: _pattee(c, cx, cy, r, .26, .56, .98)), GILT)
-        metal(filled(lambda c: _pattee(c, cx, cy, r * .92, .24, .52, .98)), GILT, '#EFEBDD')
-        metal(filled(lambda c: c.arc(cx, cy, 11, 0, 7)), GILT)
-        metal(outlined(lambda c: c.arc(cx, cy, 8.6, 0, 7), 3.4), GILT, '#3F7A3B')
-        metal(filled(lambda c: c.arc(cx, cy, 5.6, 0, 7)), GILT, '#A3241F')
-    elif kind in ('mc', 'dsc'):
-        def cross(c):
-            for k in range(4):
-                c.save()
-                c.translate(cx, cy)
-                c.rotate(k * math.pi / 2)
-                path(c, [(-5, 0), (-6.5, -r * .74), (-10, -r * .78), (-10, -r), (10, -r), (10, -r * .78),
-                         (6.5, -r * .74), (5, 0)], True)
-                c.restore()
-        metal(filled(cross), SILVER)
-        metal(outlined(lambda c: c.arc(cx, cy, 6, 0, 7), 1.4), SILVER, bevel=1)
-    elif kind == 'dfc':
-        metal(outlined(lambda c: c.arc(cx, cy, r * .72, 0, 7), 3), SILVER, bevel=1)
-        metal(filled(lambda c: _pattee(c, cx, cy, r, .16, .34, 1.02)), SILVER)
-        metal(filled(lambda c: _wreath(c, cx, cy, 9, 2.6)), SILVER)
-    elif kind == 'croix':
-        metal(filled(lambda c: _swords(c, cx, cy, r * .95)), BRONZE, bevel=1)
-        metal(filled(lambda c: _pattee(c, cx, cy, r * .82, .28, .52, .98)), BRONZE)
-        metal(outlined(lambda c: c.arc(cx, cy, 10, 0, 7), 2.2), BRONZE, bevel=1)
-        for k in range(palms):  # one for each further citation
-            metal(filled(lambda c: _palm(c, cx, 9 + 12 * k, 17)), BRONZE, bevel=1)
-    elif kind == 'medaille':
-        metal(filled(lambda c: _wreath(c, cx, cy, r * .70, 4.4)), SILVER)
-        metal(filled(lambda c: c.arc(cx, cy, r * .64, 0, 7)), GILT)
-        metal(outlined(lambda c: c.arc(cx, cy, r * .50, 0, 7), 5), GILT, '#28477E')
-        metal(filled(lambda c: c.arc(cx, cy, r * .40, 0, 7)), GILT)
-        metal(filled(lambda c: (c.rectangle(cx - 10, cy - r - 3, 20, 5), c.rectangle(cx - 2, cy - r - 8, 4, 14))), GILT, bevel=1)
-    elif kind == 'legion':
-        metal(filled(lambda c: _wreath(c, cx, cy, r * .74, 4.0)), GILT, '#3F7A3B')
-        metal(filled(lambda c: _maltese(c, cx, cy, r, 5, .34, .84)), GILT)
-        metal(filled(lambda c: _maltese(c, cx, cy, r * .90, 5, .30, .86)), GILT, '#F2EEE2')
-        metal(filled(lambda c: c.arc(cx, cy, 9.5, 0, 7)), GILT, '#28477E')
-        metal(filled(lambda c: c.arc(cx, cy, 6.6, 0, 7)), GILT)
-    elif kind in ('iron2', 'iron1'):
-        if kind == 'iron1':
-            cy, r = h / 2 + 16, 34
-        metal(filled(lambda c: _pattee(c, cx, cy, r, .16, .60, .98)), SILVER, bevel=1.4)
-        metal(filled(lambda c: _pattee(c, cx, cy, r * .84, .13, .53, .97)), IRON, bevel=1.2)
-        layer = np.zeros_like(out)
-        put(layer, '1914', HEAD, 9 * s, cx * s, (cy + r * .74) * s, '#B9B7AE', 'center')
-        put(layer, 'W', HEAD, 13 * s, cx * s, (cy + 5) * s, '#B9B7AE', 'center')
-        over(out, layer)
-    elif kind == 'house':
-        metal(filled(lambda c: _swords(c, cx, cy, r)), GILT, bevel=1)
-        metal(filled(lambda c: _wreath(c, cx, cy, r * .55, 4.2)), GILT, '#4E7A40')
-        metal(filled(lambda c: _pattee(c, cx, cy, r * .95, .14, .44, .94)), SILVER, '#201E1B', bevel=1)
-        metal(filled(lambda c: _pattee(c, cx, cy, r * .84, .11, .38, .94)), SILVER, '#EFEBDD', bevel=1)
-        metal(filled(lambda c: c.arc(cx, cy, 9, 0, 7)), GILT)
-        metal(filled(lambda c: c.arc(cx, cy, 6.8, 0, 7)), GILT, '#28477E')
-    elif kind == 'merite':
-        metal(filled(lambda c: _eagles(c, cx, cy, r)), GILT, bevel=1)
-        metal(filled(lambda c: _maltese(c, cx, cy, r, 4, .52, .76)), GILT)
-        metal(filled(lambda c: _maltese(c, cx, cy, r * .92, 4, .49, .77)), GILT, '#2A55A0')
-        layer = np.zeros_like(out)
-        put(layer, 'F', HEAD, 9 * s, cx * s, (cy - r * .44) * s, '#F3DFA0', 'center')
-        for px, py, text in ((-.62, .12, 'Pour'), (.60, .12, 'Mé'), (0, .66, 'rite')):
-            put(layer, text, HEAD, 6.4 * s, (cx + px * r) * s, (cy + py * r) * s, '#F3DFA0', 'center')
-        over(out, layer)
-    return reduced(out, s // times)
+        _hang(m, kind)
+    MAKERS[kind](m)
+    for k in range(palms):  # one for each further citation
+        m.fill(lambda c: _palm(c, m.x, 9 + 12 * k, 17), BRONZE, bevel=1)
+    return reduced(m.out, SCALE // times)
 
 
 def _palm(c, x, y, half):

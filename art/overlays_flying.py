@@ -8,11 +8,11 @@ from fieldmap import OURS, THEIRS, neat_line, sector_names, trench_map
 from lettering import ink
 from outlines import fill, stroke, vector
 from overlays_book import compass_rose
-from pixels import bump, empty, full, lay, over, part, rotate, with_alpha
+from pixels import bump, empty, lay, over, part, rotate
 from props import emblem, emblem_layer, pin, screw, stamp, watch, wax_seal
-from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OFFICE, OLD_CARD, RED, W, book_page,
-                    framed_board, heading, lay_pencil, lay_turned, office_sheet, open_book, ruled, rules)
-from textures import crease, foil, leather, paper, pressed
+from sheets import (BLOCK, CARD, GREEN_PENCIL, H, INK, LEDGER, LETTER, OLD_CARD, RED, W, book_page,
+                    heading, lay_gilt_board, lay_pencil, lay_turned, office_sheet, open_book, ruled, rules)
+from textures import crease, leather, paper
 from theatremap import place, theatre_map
 
 LETTERHEAD = '#3A4A63'
@@ -96,7 +96,6 @@ def over_aces():
     """A board of honour with a mitred frame."""
     ov = empty(W, H)
     w, h = 816, 652
-    board = framed_board(w, h, 44)
 
     def draw(c):
         c.rectangle(60, 60, w - 120, h - 120)
@@ -105,10 +104,7 @@ def over_aces():
         for y in (542, 546):  # above the player's place
             c.rectangle(68, y, 680, 1.6)
             c.fill()
-    gold = vector(w, h, draw)[..., 3]
-    pressed(board, gold, .4)
-    over(board, foil(gold, 6))
-    lay(ov, with_alpha(board, full(w, h, 1)), 104, 18, 7, 10, 10, .65)
+    lay_gilt_board(ov, w, h, 44, 104, 18, draw)
     for x in (126, 898):
         for y in (40, 648):
             lay(ov, screw(7), x - 10.5, y - 10.5, 1, 1, 1.5, .5)

@@ -1,10 +1,8 @@
 """The page of a pilot, and the rows of the lists that lead to it."""
 import numpy as np
 
-from lettering import ink
 from outlines import fill, vector
 from pixels import empty, grid, over, rgb, smooth, with_alpha
-from props import emblem_layer
 from sheets import BLUE, H, W, office_sheet, ruled, rules
 from textures import foil
 

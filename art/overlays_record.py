@@ -7,12 +7,13 @@ from lettering import HEAD, ink, put
 from medals import medal, medal_case, metal_star, ribbon
 from outlines import fill, path, stroke, vector
 from overlays_flying import LETTERHEAD, sign_letter
-from pixels import bump, empty, full, grid, lay, mix, over, rgb, size, smooth, with_alpha
+from pixels import bump, empty, grid, lay, mix, over, rgb, size, smooth
 from portraits import portrait
 from props import emblem, emblem_layer, pin, wax_seal
-from sheets import CARD, H, INK, LEDGER, LETTER, W, book_page, framed_board, lay_turned, office_sheet, open_book, rules
+from sheets import (CARD, H, INK, LEDGER, LETTER, W, book_page, lay_gilt_board, lay_turned, office_sheet, open_book,
+                    rules)
 from tallies import balloon, car, plan_view
-from textures import crease, foil, leather, paper, pressed
+from textures import crease, foil, leather, paper
 
 # -- the war as a strip
 
@@ -183,16 +184,12 @@ def over_war_over():
     """A board in gold for the aces of the war, and a sheet for what remains of a career."""
     ov = empty(W, H)
     w, h = 536, 656
-    board = framed_board(w, h, 34)
 
     def draw(c):
         c.rectangle(48, 48, w - 96, h - 96)
         stroke(c, '#FFFFFF', 1.6)
         emblem(c, w / 2, 86, .66)
-    gold = vector(w, h, draw)[..., 3]
-    pressed(board, gold, .4)
-    over(board, foil(gold, 6))
-    lay(ov, with_alpha(board, full(w, h, 1)), 472, 14, 7, 10, 10, .65)
+    lay_gilt_board(ov, w, h, 34, 472, 14, draw)
     sheet = paper(420, 648, 58, base='#E8DFC4', rough=.8)
     crease(sheet, y=324, strength=.05, seed=4)
     lay(ov, sheet, 28, 20, 5, 7, 7, .6)
@@ -282,16 +279,16 @@ TALLIES = {'tally': (37, 32, 3.4), 'small': (21, 21, 1.95)}  # px of a cell, and
 
 def tallies(name):
     """A machine from above for each victory, and a car for what is on the ground."""
-    w, h, size = TALLIES[name]
+    w, h, scale = TALLIES[name]
 
     def draw(kind):
         def shape(c):
             c.set_source_rgba(*[float(v) for v in rgb('#2A1E12')], .92)
             if kind == 'balloon':
-                balloon(c, w / 2, h * .42, size)
+                balloon(c, w / 2, h * .42, scale)
             elif kind == 'ground':
-                car(c, w / 2, h * .42, size)
+                car(c, w / 2, h * .42, scale)
             else:
-                plan_view(c, w / 2, h * .42, size, 'tri' if kind == 'three' else kind)
+                plan_view(c, w / 2, h * .42, scale, 'tri' if kind == 'three' else kind)
         return vector(w, h, shape)
     return row_of(name, SHAPES, draw)

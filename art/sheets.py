@@ -5,10 +5,10 @@ import numpy as np
 
 from lettering import ink
 from outlines import fill, rounded_mask, stroke, vector
-from pixels import (blur, bump, detail, empty, grid, lay, noise, over, px, rotate, shade, size, smooth,
+from pixels import (blur, bump, detail, empty, full, grid, lay, noise, over, px, rotate, shade, size, smooth,
                     with_alpha)
 from props import emblem_layer, pencil
-from textures import crease, lamp, paper, wood
+from textures import crease, foil, lamp, paper, pressed, wood
 
 W, H = 1024, 768  # the screen, in px
 RAIL = 688        # the rail along the front edge of the desk begins here
@@ -127,6 +127,15 @@ def framed_board(w, h, width):
     corner = .5 * np.exp(-np.abs(d - width - 1) / 1.6) * (d > width - 2)
     board *= ((1 - corner) * (1 - .45 * np.exp(-inside / 7) * (d > width)))[..., None]
     return np.clip(board * lamp(w, h, 330, 200, 640, 1.16, .66), 0, 1)
+
+
+def lay_gilt_board(layer, w, h, width, x, y, draw):
+    """Lays a framed board on a layer, with what draw draws as gold leaf pressed into it."""
+    board = framed_board(w, h, width)
+    gold = vector(w, h, draw)[..., 3]
+    pressed(board, gold, .4)
+    over(board, foil(gold, 6))
+    lay(layer, with_alpha(board, full(w, h, 1)), x, y, 7, 10, 10, .65)
 
 
 book_page = partial(paper, rough=.35, margin=10, foxing=3, fibre=.3)
