@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int32_t DaysApart = 5;
 constexpr int32_t Companions = 3;
 constexpr int32_t Opponents = 4;
 constexpr const char* OpponentNames[] = {"Max von Mueller", "August Hanko", "Otto Reinhold",
@@ -90,18 +89,14 @@ FlownMission flightOf(const Database& career, int32_t number) {
 } // namespace
 
 void addFlightsToBook(Database& career, int32_t count) {
-    const Calendar today = career.calendar();
     for (int32_t i = 0; i < count; ++i) {
-        Calendar day = today;
-        day.subtractDays((count - i) * DaysApart);
+        career.observer->onFlight(career, flightOf(career, i));
+        Calendar day = career.calendar();
+        day.addDays(1);
         career.year = day.getYear();
         career.month = day.getMonth();
         career.day = day.getDay();
-        career.observer->onFlight(career, flightOf(career, i));
     }
-    career.year = today.getYear();
-    career.month = today.getMonth();
-    career.day = today.getDay();
 }
 
 void addFallToBook(Database& career) {

@@ -6,9 +6,9 @@
 
 class Database;
 
-/// Adds so many flights of the player's pilot to the record of the career in memory, one every few
-/// days up to its date. Each is a fight of his squadron against four others, with its places; every
-/// third brings a victory. The save knows nothing of them.
+/// Adds so many flights of the player's pilot to the record of the career in memory, one a day from
+/// its date on, and leaves the date after them. Each is a fight of his squadron against four
+/// others, with its places; every third brings a victory. The save knows nothing of them.
 void addFlightsToBook(Database& career, int32_t count);
 /// The player falls to somebody of the other side: one more flight of his, which is carried into
 /// the career too.
