@@ -139,7 +139,7 @@ inline constexpr Wording StandInOffered  {4807, "No simulator on this machine? T
 inline constexpr Wording Drives          {4883, "Drives"};
 inline constexpr Wording WhichFolder     {4886, "It is the one in which the folder data lies, and in that the file startup.cfg. Its name is often Rise of Flight."};
 inline constexpr Wording RightFolder     {4888, "data\\startup.cfg lies here: this is the folder of Rise of Flight. Press Choose This Folder."};
-inline constexpr Wording InsideData      {4889, "startup.cfg lies in this folder, data. The folder above is that of Rise of Flight. Press Choose This Folder."};
+inline constexpr Wording InsideData      {4889, "This is the folder data, with startup.cfg in it. The folder above is that of Rise of Flight. Press Choose This Folder."};
 inline constexpr Wording FoldersSeen     {4890, "Folders $1 to $2 of $3"};
 inline constexpr Wording NoFolders       {4891, "No folders"};
 inline constexpr Wording FolderUnreadable{4892, "This folder can't be read."};
