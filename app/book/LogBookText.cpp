@@ -230,6 +230,7 @@ zel::String victoriesText(const LogBook& book, size_t letters) {
         return victories;
     std::vector<zel::String> parts;
     const std::vector<MachineCount> makers = byMaker(book.victims);
+    parts.reserve(makers.size());
     for (const MachineCount& maker : makers)
         parts.push_back(textOf(wording::CountOfMachines, {maker.count, maker.aircraft}));
     for (size_t shown = makers.size(); shown > 0; --shown) {
