@@ -4,6 +4,7 @@
 #include <chrono>
 #include <system_error>
 
+#include "engine/core/LockFile.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 #include "standin/NewMissions.h"
@@ -11,6 +12,8 @@
 namespace standin {
 
 namespace {
+
+constexpr double SecondsToNextTry = 1;
 
 bool logRefusal(const MissionOutcome& outcome) {
     if (!outcome.isFlown)
@@ -25,7 +28,11 @@ BackgroundFlights::BackgroundFlights(const zel::String& dir, FlightOptions optio
     if (options.seed == 0)
         options.seed = std::max(zel::system::entropy(), 1U);
     try {
-        thread = std::thread([folder = std::string(dir.view()), options] {
+        thread = std::thread([this, folder = std::string(dir.view()), options] {
+            zel::LockFile lock;
+            while (!lock.take(folder + "/flights.lock") && lock.fault() == zel::FileFault::Held)
+                if (!wait(SecondsToNextTry))
+                    return;
             flyNewMissions(folder, options, logRefusal);
         });
     } catch (const std::system_error&) {

@@ -10,6 +10,7 @@ namespace standin {
 
 /// Flies the new missions of a simulator folder in a thread of its own, until it is destroyed. A
 /// mission that can't be flown is logged, and so is a system that has no thread left: then none is.
+/// While another one flies those of the same folder, in whatever program, this one waits.
 ///
 /// Destroying it waits for no more than what the thread computes at the moment: a pause is cut
 /// short, and leaves a truncated log as an interrupted flight does.
