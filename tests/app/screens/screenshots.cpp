@@ -11,6 +11,8 @@
 #include "tests/app/screens/ScreenTour.h"
 #include "tests/engine/menu/GoldenPicture.h"
 
+constexpr int Quality = 68; // of the JPEG: they come with every package
+
 int main(int argc, char** argv) {
     if (argc < 3) {
         std::fprintf(stderr, "usage: screenshots FOLDER [WIDTHxHEIGHT] SCREEN...\n");
@@ -30,8 +32,8 @@ int main(int argc, char** argv) {
         if (std::find(wanted.begin(), wanted.end(), name) == wanted.end())
             return;
         const Picture picture = driver.shot();
-        written = !picture.pixels.empty() && writePicture(folder + "/" + name + ".jpg", picture) &&
-                  written;
+        written = !picture.pixels.empty() &&
+                  writePicture(folder + "/" + name + ".jpg", picture, Quality) && written;
     };
     return tourScreens(driver, visit) && written ? 0 : 1;
 }

@@ -17,7 +17,6 @@ constexpr double ShareAllowed = 0.005;               // of the pixels may be tha
 constexpr int32_t InkOff = 64;                       // of 255, in brightness, at full size
 constexpr int32_t BlockWidth = 24, BlockHeight = 16; // about two letters
 constexpr int32_t InkAllowed = 20;                   // pixels of a block may be that far off
-constexpr int JpegQuality = 80;
 
 Picture loaded(const std::string& file) {
     zel::Bitmap bitmap;
@@ -122,12 +121,12 @@ testing::AssertionResult isGoldenPicture(const Picture& picture,
            << (written ? "the new picture is " : "can't write ") << newFile;
 }
 
-bool writePicture(const std::string& file, const Picture& picture) {
+bool writePicture(const std::string& file, const Picture& picture, int quality) {
     const std::filesystem::path path(file);
     std::filesystem::create_directories(path.parent_path());
     if (path.extension() == ".jpg")
         return stbi_write_jpg(file.c_str(), picture.width, picture.height, 3, picture.pixels.data(),
-                              JpegQuality) != 0;
+                              quality) != 0;
     return stbi_write_png(file.c_str(), picture.width, picture.height, 3, picture.pixels.data(),
                           picture.width * 3) != 0;
 }

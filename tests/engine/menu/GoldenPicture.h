@@ -25,5 +25,5 @@ testing::AssertionResult isGoldenPicture(const Picture& picture,
                                          const std::vector<zel::PixelRect>& texts,
                                          const std::string& goldenFile, const std::string& newFile);
 
-/// Writes PNG or JPEG, by the ending. Folders on the way are made.
-bool writePicture(const std::string& file, const Picture& picture);
+/// Writes PNG or JPEG, by the ending. Folders on the way are made. quality: of a JPEG, up to 100.
+bool writePicture(const std::string& file, const Picture& picture, int quality = 80);
