@@ -92,7 +92,7 @@ void addFlightsToBook(Database& career, int32_t count) {
     for (int32_t i = 0; i < count; ++i) {
         career.observer->onFlight(career, flightOf(career, i));
         Calendar day = career.calendar();
-        day.addDays(1);
+        day.addDays(i % 2);
         career.year = day.getYear();
         career.month = day.getMonth();
         career.day = day.getDay();

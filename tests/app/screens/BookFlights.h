@@ -6,7 +6,7 @@
 
 class Database;
 
-/// Adds so many flights of the player's pilot to the record of the career in memory, one a day from
+/// Adds so many flights of the player's pilot to the record of the career in memory, two a day from
 /// its date on, and leaves the date after them. Each is a fight of his squadron against four
 /// others, with its places; every third brings a victory. The save knows nothing of them.
 void addFlightsToBook(Database& career, int32_t count);

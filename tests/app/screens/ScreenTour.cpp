@@ -85,7 +85,7 @@ public:
                follow(ToTheInvitation) && driver.invite() >= 0 && follow(ToTheFlight) &&
                crowdRoster(driver, visit) && follow(FromTheOrders) && flight() &&
                follow(ToTheBook) && fillReport() && follow(ToTheFullReport) &&
-               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(40) &&
+               follow(ToTheNextFlight) && follow(ToTheEmptyReport) && addFlights(82) &&
                follow(ToTheFullBook) && serve() && endWar() && turnTo("MenuGameMain") &&
                follow(ToTheEnd) && endWays() && drawer() && follow(ThroughTheSettings) &&
                notices() && tourSimulator(driver, visit);
