@@ -36,7 +36,8 @@ BackgroundFlights::BackgroundFlights(const zel::String& dir, FlightOptions optio
             flyNewMissions(folder, options, logRefusal);
         });
     } catch (const std::system_error&) {
-        zel::log("The stand-in can't fly: no thread can be had", "StandIn", zel::LogError);
+        zel::log("The stand-in can't fly: the system can't start another thread", "StandIn",
+                 zel::LogError);
     }
 }
 

@@ -70,7 +70,7 @@ void SimulatorSearch::start(const SearchRoots& roots, const SearchBounds& bounds
     try {
         std::thread([shared = state] { shared->run(); }).detach();
     } catch (const std::system_error&) {
-        state->run(); // no thread can be had
+        state->run(); // the system has no thread left
     }
 }
 

@@ -1,9 +1,9 @@
 #!/bin/sh
-# Goes through the window of the Windows program: a first start from an empty folder of the player's with
-# the stand-in to the first report, by pointer and by keys, and a cycle with a simulator that is in the
-# registry and nowhere else. Then it turns switches there and in the Linux program, and both have to save
-# the same bytes. tests/windows/cycle.sh LINUX-BUILD WINDOWS-BUILD, to be run with packaging/with-wine.sh.
-# With ImageMagick installed it leaves a picture of each screen in WINDOWS-BUILD/cycle.
+# Plays the Windows program in its window. Twice, by pointer and by keys, it starts with an empty player
+# folder, chooses the stand-in and plays up to the first report. Then it plays a cycle with a simulator
+# that only the registry names. At last it flips switches here and in the Linux program: both must save the
+# same bytes. Usage: tests/windows/cycle.sh LINUX-BUILD WINDOWS-BUILD, run with packaging/with-wine.sh.
+# With ImageMagick installed it saves a picture of each screen in WINDOWS-BUILD/cycle.
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
 linux=$(cd "$1" && pwd)
@@ -222,7 +222,7 @@ for by in pointer keys; do
         quits
     fi
     [ -f "$user/Saves/record.db" ] || fail "there is no record of the career"
-    echo "A first start with the stand-in, by $by: $pictures screens so far"
+    echo "First start by $by done, $pictures screens so far"
 done
 
 rm -rf "$user"

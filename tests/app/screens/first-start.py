@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Goes through a whole first start of the real program on an X server of its own: from an empty folder of
-the player's, with the stand-in, to the first report, the diary and out of the program again. Keeps a picture
-of each page, to be looked at.
+"""Plays a whole first start of the real program on its own X server: it begins with an empty player folder,
+chooses the stand-in, flies to the first report, reads the diary and quits. Saves a picture of each page for
+somebody to look at.
 
 Usage: first-start.py [--languages en,pl] [--sizes 1280x800] [--by pointer,keys] [--display N] BUILD PICTURES
 BUILD is a build folder. Needs Xvfb and xdotool. Exit status: 0 if every page came and the program ended well.
