@@ -85,11 +85,13 @@ private:
 };
 
 zel::String flightsSentence(const PilotRecord& pilot) {
+    if (pilot.flown == 0)
+        return {}; // the record lacks them
     const zel::String flown = countText(wording::FlightsOfLetter, pilot.flown);
     if (pilot.victoryCount > 0)
         return textOf(wording::LetterVictories,
                       {flown, countText(wording::Victories, pilot.victoryCount)});
-    return pilot.flown <= 1 ? textOf(wording::LetterFirst)
+    return pilot.flown == 1 ? textOf(wording::LetterFirst)
                             : textOf(wording::LetterFlights, {flown});
 }
 
