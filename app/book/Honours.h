@@ -21,6 +21,12 @@ struct PilotService {
     std::vector<int32_t> victories; // days of the victories, ascending
     std::vector<int32_t> flights;   // days of the flights, ascending
     bool hasFlights = true;         // false: they aren't known, and none are asked for
+
+    /// He serves in that branch on that day. REQUIRES: the days ascend.
+    void serve(int32_t date, Branch branch) {
+        if (branches.empty() || branches.back().branch != branch)
+            branches.push_back({date, branch});
+    }
 };
 
 struct RankGiven {

@@ -39,13 +39,17 @@ public:
     }
 
 private:
+    int32_t unitOf(int32_t squadron) const {
+        return unitNumber(career, career.squadron(squadron).squadronFile);
+    }
+
     SavedPilot savedPilot() const {
         SavedPilot saved;
         saved.pilot = pilot.pilot;
         saved.isPlayer = pilot.pilot == career.playerPilot;
         saved.isAlive = pilot.isAlive;
         saved.nation = pilot.nation;
-        saved.unit = unitNumber(career, career.squadron(pilot.squadron).squadronFile);
+        saved.unit = career.isSquadron(pilot.squadron) ? unitOf(pilot.squadron) : -1;
         saved.date = pilot.until;
         saved.missions = pilot.missions;
         saved.victories = pilot.victoryCount;
@@ -166,16 +170,10 @@ private:
         served.since = pilot.since;
         served.until = pilot.until;
         served.hasFlights = false;
-        const auto join = [&](int32_t date, int32_t squadron) {
-            const Branch branch =
-                branchOfUnit(unitNumber(career, career.squadron(squadron).squadronFile));
-            if (served.branches.empty() || served.branches.back().branch != branch)
-                served.branches.push_back({date, branch});
-        };
         for (const PilotPosting& one : pilot.postings)
-            join(one.date, one.squadron);
+            served.serve(one.date, branchOfUnit(unitOf(one.squadron)));
         if (pilot.postings.empty() && career.isSquadron(pilot.squadron))
-            join(pilot.since, pilot.squadron);
+            served.serve(pilot.since, branchOfUnit(unitOf(pilot.squadron)));
         for (const PilotVictory& victory : pilot.victories)
             served.victories.push_back(victory.date);
     }
