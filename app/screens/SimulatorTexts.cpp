@@ -24,12 +24,7 @@ zel::String waysText(const std::vector<SimulatorPlace>& places) {
             }))
             ways.insert(way < int32_t(FoundBy::Registry) ? ways.end() : ways.begin(),
                         textOf(wording::FoundWays[way]));
-    zel::String list;
-    for (size_t i = 0; i < ways.size(); ++i)
-        list = i == 0 ? ways[i]
-                      : textOf(i + 1 == ways.size() ? wording::ListEnds : wording::ListGoesOn,
-                               {list, ways[i]});
-    return list;
+    return enumerated(ways);
 }
 
 zel::String timeOfLog(const zel::WallTime& time) {
