@@ -46,7 +46,7 @@ zel::FileFault folderFault(zel::String folder) {
     return draft.write("") ? zel::FileFault::None : draft.fault();
 }
 
-zel::String printedName(const zel::String& file) { return zel::system::printedName(file); }
+using zel::system::printedName;
 
 /// Without the separator at its end.
 zel::String printedFolder(const zel::String& folder) {
