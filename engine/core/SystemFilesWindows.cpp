@@ -39,13 +39,15 @@ bool isHeld(const String& path, DWORD error) {
     }
 }
 
-/// Tries again while another program holds the file of that path.
+/// Tries again while another program holds the file of that path. That a folder has its name is
+/// reported as such, for Windows calls it "access denied".
 template <typename Operation>
 bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
     for (int32_t attempt = 1; !operation(); ++attempt) {
         const DWORD error = GetLastError(); // querying the file would change it
         if (attempt == attempts || !isHeld(path, error)) {
-            SetLastError(error);
+            SetLastError(error == ERROR_ACCESS_DENIED && isDirectory(path) ? ERROR_DIRECTORY
+                                                                           : error);
             return false;
         }
         Sleep(AttemptPause);

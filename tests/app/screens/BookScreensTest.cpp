@@ -56,7 +56,7 @@ TEST_F(BookScreens, WritesTheLogBookAsAWebPage) {
     addFlightsToBook(*Database::instance(), 3);
     ASSERT_TRUE(driver.walk("logbook>MenuGameLogbook webPage"));
     EXPECT_EQ(home.folder.read("user/logbook.html").find("<!DOCTYPE html>"), 0U);
-    EXPECT_EQ(opened, home.folder.file("user/logbook.html"));
+    EXPECT_EQ(std::filesystem::path(opened.c_str()), home.folder.file("user/logbook.html"));
     EXPECT_NE(driver.text("note").find("logbook.html"), std::string::npos);
     std::filesystem::remove(home.folder.file("user/logbook.html"));
     std::filesystem::create_directories(home.folder.file("user/logbook.html"));
