@@ -4,9 +4,10 @@ chooses the stand-in, flies to the first report, reads the diary and quits. Save
 somebody to look at.
 
 Usage: first-start.py [--languages en,pl] [--sizes 1280x800] [--by pointer,keys] [--display N] BUILD PICTURES
-BUILD is a build folder. Needs Xvfb and xdotool. Exit status: 0 if every page came and the program ended well.
+BUILD is a build folder, of Windows programs too: then it needs Wine. Needs Xvfb and xdotool. Exit status: 0 if every page came and the program ended well.
 """
 import argparse
+import glob
 import os
 import re
 import shutil
@@ -115,25 +116,70 @@ class Screen:
         return header[4], header[5], content[start:start + header[5] * header[12]], header[12]
 
 
+class Linux:
+    """Where the program runs and writes its log."""
+
+    def __init__(self, build, language, home):
+        self.program, self.folder = [os.path.join(build, "bin/wingtally")], home
+        self.log_path = os.path.join(home, "log")
+        self.environment = {"HOME": home, "PATH": os.environ["PATH"], "LC_ALL": LOCALES[language] + ".UTF-8",
+                            "LIBGL_ALWAYS_SOFTWARE": "1", "SDL_AUDIODRIVER": "dummy"}
+
+    def stop(self):
+        pass
+
+
+class Wine:
+    """The same for Windows programs, in a Wine prefix of its own, where the player has no folder yet."""
+
+    def __init__(self, build, language, home):
+        prefix = os.path.join(build, "wine-first-start")
+        locales, locale = prefix + ".locale", LOCALES[language] + ".UTF-8"
+        self.program, self.folder = ["wine64", os.path.join(build, "bin/wingtally.exe")], build
+        self.environment = {"HOME": home, "PATH": "/usr/lib/wine:" + os.environ["PATH"], "LC_ALL": locale,
+                            "LOCPATH": locales, "LIBGL_ALWAYS_SOFTWARE": "1", "SDL_AUDIODRIVER": "dummy",
+                            "WINEPREFIX": prefix, "WINEDEBUG": "-all",
+                            "WINEDLLOVERRIDES": "mscoree,mshtml,winedbg.exe="}
+        if not os.path.exists(os.path.join(locales, locale)):  # Wine takes the player's language from it
+            os.makedirs(locales, exist_ok=True)
+            self.call("localedef", "-i", LOCALES[language], "-f", "UTF-8", os.path.join(locales, locale))
+        self.call("wineboot", "-i")
+        self.call("wineserver", "-w")
+        drives = os.path.join(prefix, "dosdevices")
+        if os.path.lexists(os.path.join(drives, "z:")):  # a simulator on this machine would be found there
+            os.remove(os.path.join(drives, "z:"))
+            os.symlink(build, os.path.join(drives, "d:"))
+        user = os.path.join(glob.glob(os.path.join(prefix, "drive_c/users/*/AppData/Roaming"))[0], "Wingtally")
+        shutil.rmtree(user, ignore_errors=True)
+        self.log_path = os.path.join(user, "wingtally.log")
+
+    def call(self, *words):
+        subprocess.run(words, env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, check=True)
+
+    def stop(self):
+        self.call("wineserver", "-k")
+
+
 class Player:
     """The program with one who presses its buttons."""
 
-    def __init__(self, screen, program, size, language, by_keys, home):
+    def __init__(self, screen, place, size, by_keys, home):
         self.screen, self.by_keys = screen, by_keys
-        self.log_path = os.path.join(home, "log")
+        self.log_path = place.log_path
         self.seen = 0
         self.pressed = None
         self.pressed_at = self.steps_at_press = 0
         self.width, self.height = map(int, size.split("x"))
         self.pause = 0.25 if self.width < 2000 else 3  # seconds, a few frames
-        environment = {"HOME": home, "PATH": os.environ["PATH"], "LC_ALL": LOCALES[language] + ".UTF-8",
-                       "DISPLAY": screen.environment["DISPLAY"], "LIBGL_ALWAYS_SOFTWARE": "1",
-                       "SDL_AUDIODRIVER": "dummy"}
-        with open(self.log_path, "wb") as log:
-            self.process = subprocess.Popen([program], cwd=home, env=environment, stdin=subprocess.DEVNULL, stdout=log,
-                                            stderr=subprocess.STDOUT)
+        with open(os.path.join(home, "log"), "wb") as log:
+            self.process = subprocess.Popen(place.program, cwd=place.folder,
+                                            env=dict(place.environment, DISPLAY=screen.environment["DISPLAY"]),
+                                            stdin=subprocess.DEVNULL, stdout=log, stderr=subprocess.STDOUT)
 
     def log(self):
+        if not os.path.exists(self.log_path):
+            return ""
         with open(self.log_path, encoding="latin-1") as file:
             return file.read()
 
@@ -208,10 +254,12 @@ def first_start(build, size, language, by, pictures, display):
     shutil.rmtree(pictures, ignore_errors=True)
     os.makedirs(pictures)
     with tempfile.TemporaryDirectory() as home, tempfile.TemporaryDirectory() as folder:
+        is_windows = os.path.exists(os.path.join(build, "bin/wingtally.exe"))
+        place = (Wine if is_windows else Linux)(build, language, home)
         screen = Screen(size, folder, display)
         player = None
         try:
-            player = Player(screen, os.path.join(build, "bin/wingtally"), size, language, by == "keys", home)
+            player = Player(screen, place, size, by == "keys", home)
             player.await_page(WAY[0][0])
             player.take_size()
             play(player, pictures)
@@ -219,7 +267,9 @@ def first_start(build, size, language, by, pictures, display):
             if player is not None:
                 player.process.kill()
                 player.process.wait()
-                shutil.copy(player.log_path, os.path.join(pictures, "log"))
+                if os.path.exists(player.log_path):
+                    shutil.copy(player.log_path, os.path.join(pictures, "log"))
+            place.stop()
             screen.stop()
 
 
