@@ -57,7 +57,9 @@ TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
         ASSERT_TRUE(second.save());
     }
     EXPECT_EQ(sealOf(path()), RecordSeal::Whole) << "what it begins afterwards is its own";
+#ifndef _WIN32
     // If the lock file is removed, another program can take the lock. Then the first can't save.
+    // On Windows its name stays until the first lets go of it.
     CareerLock lock;
     Program first;
     first.career.lock = &lock;
@@ -65,6 +67,7 @@ TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
     fs::remove(run.folder.file("user/career.lock"));
     ASSERT_TRUE(other.take(run.folder.file("user/career.lock")));
     EXPECT_FALSE(first.save());
+#endif
 }
 
 // Whoever only loads a save, whichever it is, finds the record as it was.

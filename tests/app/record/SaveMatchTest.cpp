@@ -128,6 +128,7 @@ TEST_F(SaveMatchTest, KnowsASaveThatTheRecordDidNotGet) {
         SavingProgram program;
         ASSERT_TRUE(program.load());
         ++program.career.player().missions;
+        program.record.close();
         fs::remove(path);
         fs::create_directory(path); // nothing can be written there
         ASSERT_TRUE(program.save());

@@ -31,8 +31,15 @@ constexpr uint32_t EnlistmentTime = 60000;
 constexpr int32_t MostWidgets = 64;
 constexpr float QuickFades = 100;    // nobody looks at them here
 constexpr int32_t YesPutAway = 2807; // of the language tables
+#ifdef _WIN32
+constexpr const char* HomeVariable = "USERPROFILE";
+#else
+constexpr const char* HomeVariable = "HOME";
+#endif
 
 } // namespace
+
+void setHome(const std::string& folder) { zel::system::setEnvironment(HomeVariable, folder); }
 
 PlayerHome::PlayerHome(const std::string& simulator) : simulator(simulator) {
     tools::Finding finding;
@@ -57,8 +64,8 @@ CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow,
     SearchRoots roots;
     roots.lastTime = home.simulatorFolder();
     SimulatorPlaces::setRoots(roots);
-    homeBefore = zel::system::environment("HOME");
-    zel::system::setEnvironment("HOME", home.folder.path());
+    homeBefore = zel::system::environment(HomeVariable);
+    setHome(home.folder.path());
     screens = std::make_unique<ScreenDriver>(zel::system::currentDirectory().c_str(), locale);
     zel::setUserDirectory(home.folder.file("user"));
     zel::Registry::reset();
@@ -69,7 +76,7 @@ CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow,
 CareerDriver::~CareerDriver() {
     screens.reset();
     SimulatorPlaces::resetRoots();
-    zel::system::setEnvironment("HOME", homeBefore);
+    setHome(homeBefore.c_str());
     zel::setWallTimeSource(nullptr);
     Configuration::reset();
     zel::Registry::reset();

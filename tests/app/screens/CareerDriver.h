@@ -10,6 +10,9 @@
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/support/TemporaryFolder.h"
 
+/// Makes it the player's own folder.
+void setHome(const std::string& folder);
+
 /// Where one player's files are: what one run of the program leaves here the next one finds.
 struct PlayerHome {
     /// `simulator`: the name of the simulator's folder, which is made as the stand-in makes it.

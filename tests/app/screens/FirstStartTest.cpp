@@ -1,4 +1,5 @@
 // From an empty user folder to the first report, and what can go wrong on the way.
+#include <algorithm>
 #include <filesystem>
 
 #include "app/mission/Settings.h"
@@ -16,6 +17,12 @@ namespace {
 
 using How = CareerDriver::How;
 
+/// A path, or text with paths, as it is everywhere but on Windows.
+std::string slashed(std::string path) {
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 /// A player who has no settings yet.
 struct NewPlayer {
     explicit NewPlayer(const SearchRoots& roots = {}, bool waits = true) {
@@ -29,7 +36,17 @@ struct NewPlayer {
         driver = std::make_unique<CareerDriver>(home);
         reloadSettings();
     }
-    std::string settings() const { return home.folder.read("user/wtysettings.ini"); }
+    std::string settings() const { return slashed(home.folder.read("user/wtysettings.ini")); }
+    std::string chosen() const { return "rof.directory=" + slashed(home.simulatorFolder()) + "\n"; }
+
+    /// The folder that is listed, in one line. On Windows, too, his own folder is "~" here.
+    std::string listed() const {
+        std::string path = driver->text("path");
+        path.erase(std::remove(path.begin(), path.end(), '\n'), path.end());
+        if (path.compare(0, home.folder.path().size(), home.folder.path()) == 0)
+            path.replace(0, home.folder.path().size(), "~");
+        return slashed(path);
+    }
 
     const InFront inFront{false};
     PlayerHome home;
@@ -72,7 +89,7 @@ TEST_P(FirstStart, LeadsToAReportWithoutASimulator) {
     SimulatorPlaces::setRoots(rootsAt(player.home.simulatorFolder()));
     ASSERT_TRUE(player.driver->walk("simulator>MenuSimulator menuButton1>MenuMain", GetParam()));
     EXPECT_FALSE(OwnStandIn::isChosen());
-    EXPECT_EQ(player.settings(), "rof.directory=" + player.home.simulatorFolder() + "\n");
+    EXPECT_EQ(player.settings(), player.chosen());
 }
 
 TEST_P(FirstStart, SwitchesTheTextLogOn) {
@@ -146,12 +163,12 @@ TEST(FirstStartPages, FoldersAnswerTheKeys) {
     };
     for (const Stroke& stroke : strokes) {
         type(stroke.key, stroke.letter);
-        EXPECT_EQ(driver.text("path"), stroke.path);
+        EXPECT_EQ(player.listed(), stroke.path);
         EXPECT_EQ(driver.text("more"), stroke.line) << stroke.path;
     }
     ASSERT_TRUE(driver.walk("menuButton1>MenuSimulator menuButton1>MenuMain"))
         << "the folder above data";
-    EXPECT_NE(player.settings().find(player.home.simulatorFolder() + "\n"), std::string::npos);
+    EXPECT_NE(player.settings().find(player.chosen()), std::string::npos);
 }
 
 TEST(FirstStartPages, AFolderThatIsGoneIsNamed) {

@@ -105,6 +105,15 @@ TEST_F(ScreensInWindow, EndWhenTheyAreClosedWhileTheWarIsFought) {
     EXPECT_TRUE(home.save().empty());
 }
 
+/// Windows shows its own paths, and searches in its own places.
+bool isOtherOnWindows([[maybe_unused]] const std::string& picture) {
+#ifdef _WIN32
+    return picture.compare(0, 19, "MenuSimulatorFolder") == 0 || picture == "MenuSimulator_None";
+#else
+    return false;
+#endif
+}
+
 TEST_P(ScreenLanguages, LookAsTheyWereKept) {
     const std::string language = std::string(GetParam()).substr(0, 2);
     const InFront inFront{false};
@@ -112,6 +121,8 @@ TEST_P(ScreenLanguages, LookAsTheyWereKept) {
     CareerDriver driver(home, 1, true, GetParam());
     ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
     const auto visit = [&](const std::string& name) {
+        if (isOtherOnWindows(name))
+            return;
         const std::string file = language + "/" + name + ".jpg";
         EXPECT_TRUE(isGoldenPicture(driver.shot(), textRects(driver.screens->menu()),
                                     std::string(GOLDEN_FOLDER) + "/" + file,

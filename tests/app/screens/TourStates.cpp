@@ -11,7 +11,6 @@
 #include "app/screens/FlightRoster.h"
 #include "app/screens/SimulatorPlaces.h"
 #include "app/screens/SimulatorTexts.h"
-#include "engine/core/System.h"
 #include "engine/menu/widgets/Widget.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/app/screens/LogBooks.h"
@@ -52,7 +51,7 @@ void layPlaces(const PlayerHome& home) {
         std::filesystem::create_directories(home.folder.file("desk") + "/" + folder);
     home.folder.write("desk/Rise of Flight/data/startup.cfg",
                       std::string_view("\xFF\xFE[\0K\0", 6)); // UTF-16, which isn't changed
-    zel::system::setEnvironment("HOME", home.folder.file("desk"));
+    setHome(home.folder.file("desk"));
 }
 
 /// The main menu, entered again, leads on to the page of the simulator.

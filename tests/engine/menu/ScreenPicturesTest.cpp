@@ -25,9 +25,12 @@ protected:
             ASSERT_TRUE(zel::Window::create(Width, Height, 32));
             zel::Window::current()->setSimulatedResolution(Width, Height, true);
         };
+        // Pointer and keyboard are in this window, wherever the real ones are.
+        zel::Platform::getInstance().setAppState(7);
         driver = std::make_unique<ScreenDriver>(SAMPLE_FOLDER);
         ASSERT_TRUE(driver->untilIdle("Start"));
     }
+    void TearDown() override { zel::Platform::getInstance().setAppState(-1); }
     void expectPicture(const std::string& name) {
         driver->step(); // draws
         driver->step(); // shows it and draws it again
