@@ -92,7 +92,8 @@ protected:
     }
 };
 INSTANTIATE_TEST_SUITE_P(Tables, RareStates,
-                         testing::Values("en_GB.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8"));
+                         testing::Values("en_GB.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8", "es_AR.UTF-8",
+                                         "it_CH.UTF-8", "pl_PL.UTF-8"));
 
 uint32_t quickTime = 0;
 /// A millisecond a reading.
