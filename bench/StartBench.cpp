@@ -38,9 +38,10 @@ struct Size {
 };
 constexpr Size Plain{1024, 768};
 constexpr Size Large{1440, 1080}; // what a screen of 1920 by 1080 shows of the design
-constexpr const char* ListFile = "start_bench.lst"; // the pictures that ours has loaded
-constexpr const char* UserFolder = "start_bench.user";
-constexpr const char* Simulator = "start_bench.simulator";
+// Beside the folder of the staged data, which a package is compared with.
+constexpr const char* ListFile = "../start_bench.lst"; // the pictures that ours has loaded
+constexpr const char* UserFolder = "../start_bench.user";
+constexpr const char* Simulator = "../start_bench.simulator";
 
 std::vector<std::string>& loadedPictures() {
     static std::vector<std::string> files;
