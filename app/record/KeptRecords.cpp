@@ -43,6 +43,14 @@ bool knowsSave(const zel::String& record, const zel::String& checksum) {
     return page.with(checksum).next();
 }
 
+/// The checksum of the last save that the record knows; empty if it knows none.
+zel::String lastSaveIn(const zel::String& record) {
+    SqliteFile file;
+    file.open(record, SqliteFile::ReadOnly);
+    SqliteStatement last(file, "SELECT checksum FROM page ORDER BY id DESC LIMIT 1");
+    return last.next() ? last.text(0) : zel::String();
+}
+
 } // namespace
 
 bool keepRecord(const zel::String& folder, Problem& problem) {
@@ -50,10 +58,15 @@ bool keepRecord(const zel::String& folder, Problem& problem) {
     if (!zel::system::fileStatus(record).exists)
         return true;
     const zel::String save = saveIn(folder);
-    const zel::String kept = keptRecordOf(save, checksumOfFile(save));
     const Join joined = joinLog(record);
     if (joined == Join::Damaged) // it is set aside when the career is loaded
         return true;
+    zel::String checksum = checksumOfFile(save);
+    if (checksum.empty()) // there is no save, or it can't be read
+        checksum = lastSaveIn(record);
+    if (checksum.empty())
+        return true; // nothing in it was ever saved
+    const zel::String kept = keptRecordOf(save, checksum);
     if (joined == Join::InUse) {
         problem = Problem(wording::RecordNotKept, {kept}, zel::FileFault::Held);
         return false;
@@ -82,15 +95,7 @@ zel::String copyKeptRecord(const zel::String& record, const zel::String& checksu
 }
 
 bool keepReplaced(const zel::String& record) {
-    SqliteFile file;
-    file.open(record, SqliteFile::ReadOnly);
-    zel::String checksum;
-    {
-        SqliteStatement last(file, "SELECT checksum FROM page ORDER BY id DESC LIMIT 1");
-        if (last.next())
-            checksum = last.text(0);
-    }
-    file.close();
+    const zel::String checksum = lastSaveIn(record);
     const zel::String kept = keptRecordOf(record, checksum);
     return !checksum.empty() && zel::system::fileStatus(kept).exists && moveRecord(record, kept);
 }

@@ -95,6 +95,10 @@ TEST_F(ShelfTest, KeepsADamagedSaveAsADamagedPage) {
     EXPECT_FALSE(program.load());
     EXPECT_TRUE(hasEarlierSave(program.career, SaveFileName));
     EXPECT_TRUE(program.turnBack("19151202") && program.load());
+    // Nor without any save: the record is kept under the name of the last one that it knows.
+    fs::remove(user("Saves/savegame_v03.wty"));
+    EXPECT_TRUE(program.turnBack("19151202") && program.load());
+    EXPECT_FALSE(fs::exists(user("Saves/Pages/record .db")));
 }
 
 // Saves that the record can't have are whole all the same.
