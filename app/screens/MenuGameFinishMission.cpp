@@ -5,6 +5,7 @@
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
 #include "app/report/ReportText.h"
+#include "app/screens/OwnStandIn.h"
 #include "app/screens/ScreenSounds.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/Clock.h"
@@ -48,6 +49,7 @@ void MenuGameFinishMission::onEnter() {
     lookedAt = {};
     hand = -1;
     flight.report().clear();
+    setText("line2", textOf(OwnStandIn::isChosen() ? wording::StandInAway : wording::FinishFlight));
     showNews();
     showWatch();
 }

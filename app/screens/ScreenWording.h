@@ -11,6 +11,7 @@ struct SwitchForms {
 namespace wording {
 
 inline constexpr Wording FlyAndReturn    {802, "Start Rise of Flight and fly WingtallyMission, then come back here. You may close Wingtally meanwhile: your orders are kept."};
+inline constexpr Wording FinishFlight    {902, "Finish the mission in the simulator. Then come back and leave the pointer on this window."};
 inline constexpr Wording QuietLog        {920, "No new log for $1 min. If you have flown: was it WingtallyMission, and is mission_text_log = 1 in the simulator's data\\startup.cfg?"}; // minutes
 inline constexpr Wording LooksForLog     {921, "Wingtally looks for the log every eight seconds."};
 inline constexpr Wording LookedForLog    {922, "Last look for the log at $1. The next one follows within eight seconds."}; // the time of day
@@ -144,6 +145,7 @@ inline constexpr Wording FoldersSeen     {4890, "Folders $1 to $2 of $3"};
 inline constexpr Wording NoFolders       {4891, "No folders"};
 inline constexpr Wording FolderUnreadable{4892, "This folder can't be read."};
 inline constexpr Wording StandInFlight   {4893, "The stand-in flies WingtallyMission for you within seconds: take off, and wait for its log."};
+inline constexpr Wording StandInAway     {4894, "The stand-in flies your mission. Leave the pointer on this window."};
 
 } // namespace wording
 // clang-format on

@@ -81,6 +81,7 @@ TEST_P(FirstStart, LeadsToAReportWithoutASimulator) {
         "menuButton1>MenuEnlist menuButton1>MenuNewCareer menuButton4>MenuGameMain "
         "menuButton1>MenuGameStartMission menuButton4>MenuGameFinishMission",
         GetParam()));
+    EXPECT_EQ(player.driver->text("line2").find("The stand-in flies your mission."), 0U);
     ASSERT_TRUE(untilReported(*player.driver)) << player.driver->state();
     ASSERT_TRUE(player.driver->closeReport());
 
