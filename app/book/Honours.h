@@ -22,10 +22,10 @@ struct PilotService {
     std::vector<int32_t> flights;   // days of the flights, ascending
     bool hasFlights = true;         // false: they aren't known, and none are asked for
 
-    /// He serves in that branch on that day. REQUIRES: the days ascend.
-    void serve(int32_t date, Branch branch) {
+    /// From that day on he serves in that branch. REQUIRES: the days ascend.
+    void addBranch(int32_t since, Branch branch) {
         if (branches.empty() || branches.back().branch != branch)
-            branches.push_back({date, branch});
+            branches.push_back({since, branch});
     }
 };
 

@@ -171,9 +171,9 @@ private:
         served.until = pilot.until;
         served.hasFlights = false;
         for (const PilotPosting& one : pilot.postings)
-            served.serve(one.date, branchOfUnit(unitOf(one.squadron)));
+            served.addBranch(one.date, branchOfUnit(unitOf(one.squadron)));
         if (pilot.postings.empty() && career.isSquadron(pilot.squadron))
-            served.serve(pilot.since, branchOfUnit(unitOf(pilot.squadron)));
+            served.addBranch(pilot.since, branchOfUnit(unitOf(pilot.squadron)));
         for (const PilotVictory& victory : pilot.victories)
             served.victories.push_back(victory.date);
     }

@@ -18,7 +18,7 @@ int32_t readFlights(SqliteFile& record, const SavedPilot& pilot, PilotService& s
     while (row.next()) {
         service.flights.push_back(row.integer(0));
         last = row.integer(1);
-        service.serve(row.integer(0), branchOfUnit(row.index(2)));
+        service.addBranch(row.integer(0), branchOfUnit(row.index(2)));
     }
     return last;
 }
@@ -85,7 +85,7 @@ PilotService readService(SqliteFile& record, const SavedPilot& pilot) {
         service.until = service.flights.back();
     service.since = firstDay(record, pilot, service);
     if (service.branches.empty())
-        service.serve(service.since, branchOfUnit(pilot.unit));
+        service.addBranch(service.since, branchOfUnit(pilot.unit));
     readVictories(record, pilot, lastFlight, service);
     return service;
 }

@@ -43,12 +43,13 @@ bool knowsSave(const zel::String& record, const zel::String& checksum) {
     return page.with(checksum).next();
 }
 
-/// The checksum of the last save that the record knows; empty if it knows none.
-zel::String lastSaveIn(const zel::String& record) {
+/// The checksum of the last save that the record knows; empty if it knows none. On error: false.
+bool lastSaveIn(const zel::String& record, zel::String& checksum) {
     SqliteFile file;
     file.open(record, SqliteFile::ReadOnly);
     SqliteStatement last(file, "SELECT checksum FROM page ORDER BY id DESC LIMIT 1");
-    return last.next() ? last.text(0) : zel::String();
+    checksum = last.next() ? last.text(0) : zel::String();
+    return !file.failed();
 }
 
 } // namespace
@@ -58,25 +59,24 @@ bool keepRecord(const zel::String& folder, Problem& problem) {
     if (!zel::system::fileStatus(record).exists)
         return true;
     const zel::String save = saveIn(folder);
+    zel::String checksum = checksumOfFile(save);
+    const auto fail = [&](zel::FileFault fault) {
+        problem = Problem(wording::RecordNotKept, {keptRecordOf(save, checksum)}, fault);
+        return false;
+    };
     const Join joined = joinLog(record);
     if (joined == Join::Damaged) // it is set aside when the career is loaded
         return true;
-    zel::String checksum = checksumOfFile(save);
-    if (checksum.empty()) // there is no save, or it can't be read
-        checksum = lastSaveIn(record);
+    if (joined == Join::InUse)
+        return fail(zel::FileFault::Held);
+    if (checksum.empty() && !lastSaveIn(record, checksum)) // no save, or one that can't be read
+        return fail(zel::FileFault::DiskError);
     if (checksum.empty())
         return true; // nothing in it was ever saved
-    const zel::String kept = keptRecordOf(save, checksum);
-    if (joined == Join::InUse) {
-        problem = Problem(wording::RecordNotKept, {kept}, zel::FileFault::Held);
-        return false;
-    }
     if (!makeFolder(folder + "/" + PagesFolder, problem))
         return false;
-    const zel::FileFault fault = copyRecord(record, kept);
-    if (fault != zel::FileFault::None)
-        problem = Problem(wording::RecordNotKept, {kept}, fault);
-    return fault == zel::FileFault::None;
+    const zel::FileFault fault = copyRecord(record, keptRecordOf(save, checksum));
+    return fault == zel::FileFault::None || fail(fault);
 }
 
 bool isKept(const zel::String& record, const zel::String& checksum) {
@@ -95,7 +95,9 @@ zel::String copyKeptRecord(const zel::String& record, const zel::String& checksu
 }
 
 bool keepReplaced(const zel::String& record) {
-    const zel::String checksum = lastSaveIn(record);
+    zel::String checksum;
+    if (!lastSaveIn(record, checksum) || checksum.empty())
+        return false;
     const zel::String kept = keptRecordOf(record, checksum);
-    return !checksum.empty() && zel::system::fileStatus(kept).exists && moveRecord(record, kept);
+    return zel::system::fileStatus(kept).exists && moveRecord(record, kept);
 }

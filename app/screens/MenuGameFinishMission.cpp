@@ -49,7 +49,8 @@ void MenuGameFinishMission::onEnter() {
     lookedAt = {};
     hand = -1;
     flight.report().clear();
-    setText("line2", textOf(OwnStandIn::isChosen() ? wording::StandInAway : wording::FinishFlight));
+    setText("line2",
+            textOf(OwnStandIn::isChosen() ? wording::StandInFlying : wording::FinishFlight));
     showNews();
     showWatch();
 }

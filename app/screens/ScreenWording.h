@@ -145,7 +145,7 @@ inline constexpr Wording FoldersSeen     {4890, "Folders $1 to $2 of $3"};
 inline constexpr Wording NoFolders       {4891, "No folders"};
 inline constexpr Wording FolderUnreadable{4892, "This folder can't be read."};
 inline constexpr Wording StandInFlight   {4893, "The stand-in flies WingtallyMission for you within seconds: take off, and wait for its log."};
-inline constexpr Wording StandInAway     {4894, "The stand-in flies your mission. Leave the pointer on this window."};
+inline constexpr Wording StandInFlying   {4894, "The stand-in flies your mission. Leave the pointer on this window."};
 
 } // namespace wording
 // clang-format on

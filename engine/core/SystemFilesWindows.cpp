@@ -39,8 +39,9 @@ bool isHeld(const String& path, DWORD error) {
     }
 }
 
-/// Tries again while another program holds the file of that path. That a folder has its name is
-/// reported as such, for Windows calls it "access denied".
+/// Tries again while another program holds the file of that path. Where a folder has the name,
+/// Windows says "access denied"; the error becomes ERROR_DIRECTORY, so that nobody looks for a
+/// permission.
 template <typename Operation>
 bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
     for (int32_t attempt = 1; !operation(); ++attempt) {

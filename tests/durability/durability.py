@@ -359,7 +359,7 @@ def is_optional(operation, done):
     """Whether a call may go on after that failure without a word: it has another way, or is only less tidy."""
     if done.returncode != 0:
         return False
-    # The draft of a copy, of the save before or of a page, without second names: the file itself is renamed then.
+    # The draft of a copy (of the save before, or of a page) on a disk without second names: the save itself is renamed then.
     is_copy = re.search(r"(\.wty\.bak|[0-9a-f]{16}\.wty)\.\d", operation.path)
     return (operation.result < 0 or operation.name in ("unlink", "chmod", "link") or is_copy is not None
             or operation.path.endswith((".lock", "-shm")))

@@ -76,7 +76,7 @@ public:
 private:
     void press(const std::string& widget, How how);
     std::string allTexts() const;
-    zel::String homeBefore; // the variable HOME of this machine
+    zel::String homeBefore; // of this machine, while the driver has its own
     /// Reads the letters that may come before that page; false if they lead elsewhere.
     bool readLetters(const std::string& target);
     /// The plate that ends the program or puts a career away and shares a pixel with that place;

@@ -39,12 +39,15 @@ struct NewPlayer {
     std::string settings() const { return slashed(home.folder.read("user/wtysettings.ini")); }
     std::string chosen() const { return "rof.directory=" + slashed(home.simulatorFolder()) + "\n"; }
 
-    /// The folder that is listed, in one line. On Windows, too, his own folder is "~" here.
+    /// The folder that is listed, in one line. Windows shows the whole path of his own folder; here
+    /// it is "~" there, too.
     std::string listed() const {
         std::string path = driver->text("path");
         path.erase(std::remove(path.begin(), path.end(), '\n'), path.end());
+#ifdef _WIN32
         if (path.compare(0, home.folder.path().size(), home.folder.path()) == 0)
             path.replace(0, home.folder.path().size(), "~");
+#endif
         return slashed(path);
     }
 

@@ -4,7 +4,8 @@ chooses the stand-in, flies to the first report, reads the diary and quits. Save
 somebody to look at.
 
 Usage: first-start.py [--languages en,pl] [--sizes 1280x800] [--by pointer,keys] [--display N] BUILD PICTURES
-BUILD is a build folder, of Windows programs too: then it needs Wine. Needs Xvfb and xdotool. Exit status: 0 if every page came and the program ended well.
+BUILD is a build folder; one of Windows programs needs Wine. Needs Xvfb and xdotool. Exit status: 0 if every page
+came and the program ended well.
 """
 import argparse
 import glob
@@ -146,19 +147,20 @@ class Wine:
         self.call("wineboot", "-i")
         self.call("wineserver", "-w")
         drives = os.path.join(prefix, "dosdevices")
-        if os.path.lexists(os.path.join(drives, "z:")):  # a simulator on this machine would be found there
-            os.remove(os.path.join(drives, "z:"))
-            os.symlink(build, os.path.join(drives, "d:"))
+        for drive in ("z:", "d:"):  # Z: would show the simulators of this machine
+            if os.path.lexists(os.path.join(drives, drive)):
+                os.remove(os.path.join(drives, drive))
+        os.symlink(build, os.path.join(drives, "d:"))
         user = os.path.join(glob.glob(os.path.join(prefix, "drive_c/users/*/AppData/Roaming"))[0], "Wingtally")
         shutil.rmtree(user, ignore_errors=True)
         self.log_path = os.path.join(user, "wingtally.log")
 
-    def call(self, *words):
+    def call(self, *words, must_work=True):
         subprocess.run(words, env=self.environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                       stderr=subprocess.DEVNULL, check=True)
+                       stderr=subprocess.DEVNULL, check=must_work)
 
     def stop(self):
-        self.call("wineserver", "-k")
+        self.call("wineserver", "-k", must_work=False)  # it may have ended
 
 
 class Player:
