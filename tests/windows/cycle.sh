@@ -1,7 +1,7 @@
 #!/bin/sh
 # Plays the Windows program in its window. Twice, by pointer and by keys, it starts with an empty player
 # folder, chooses the stand-in and plays up to the first report. Then it plays a cycle with a simulator
-# that only the registry names. At last it flips switches here and in the Linux program: both must save the
+# that only the registry names. Finally it flips switches here and in the Linux program: both must save the
 # same bytes. Usage: tests/windows/cycle.sh LINUX-BUILD WINDOWS-BUILD, run with packaging/with-wine.sh.
 # With ImageMagick installed it saves a picture of each screen in WINDOWS-BUILD/cycle.
 set -eu
