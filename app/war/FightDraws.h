@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "engine/core/Random.h"
@@ -31,22 +32,67 @@ inline uint32_t placesBelow(const uint32_t* values, int32_t limit) {
 #endif
 }
 
-/// The number of leading pairs of values that cannot select two planes that may meet. Places below
-/// `front` belong to one side, those from there to `planes` to the other; the rest are empty.
-/// Towards the end only whole chunks of eight pairs count, so a few more such pairs may follow.
-inline int32_t missesBefore(const uint32_t* values, int32_t pairs, int32_t front, int32_t planes) {
-    constexpr uint32_t FirstOfPairs = 0x5555;
-    int32_t misses = 0;
-    for (; misses + 8 <= pairs; misses += 8, values += 16) {
-        const uint32_t inFront = placesBelow(values, front);
-        const uint32_t known = placesBelow(values, planes);
-        const uint32_t opponents =
-            (inFront ^ inFront >> 1) & known & known >> 1 & FirstOfPairs; // bit 2p for pair p
-        if (opponents != 0)
-            return misses + __builtin_ctz(opponents) / 2;
+/// Finds the steps of a fight that can lead to a meeting: those whose two draws select two planes
+/// of different sides. Places below `front` belong to one side, those from there to `planes` to the
+/// other; the rest are empty. A whole block of draws is looked at together, because no processor
+/// can predict how far it is to the next such step.
+class MeetingMap {
+public:
+    MeetingMap(int32_t front, int32_t planes) : front(front), planes(planes) {}
+
+    /// Takes the draws of the next steps, up to `most`, that cannot lead to a meeting, and returns
+    /// the number of these steps. Takes only pairs that are in the present block, so more may
+    /// follow.
+    int32_t skipMisses(zel::Random& random, int32_t most) {
+        if (random.ready() > ready) // another block; each draw leaves fewer
+            make(random.block());
+        const uint32_t first = zel::Random::BlockSize - random.ready();
+        uint32_t place = first;
+        for (; place < zel::Random::BlockSize; place += 64) {
+            const uint64_t found = from(place) & EverySecond;
+            if (found != 0) {
+                place += static_cast<uint32_t>(__builtin_ctzll(found));
+                break;
+            }
+        }
+        const uint32_t pairs = (std::min(place, zel::Random::BlockSize) - first) / 2;
+        const uint32_t misses = std::min(pairs, static_cast<uint32_t>(most));
+        random.skip(2 * misses);
+        ready = random.ready();
+        return static_cast<int32_t>(misses);
     }
-    return misses;
-}
+
+private:
+    static constexpr uint64_t EverySecond = 0x5555555555555555;
+    static constexpr uint32_t Words = zel::Random::BlockSize / 64 + 2; // the last one stays 0
+
+    /// The 64 bits from that draw on.
+    uint64_t from(uint32_t place) const {
+        const uint32_t shift = place % 64;
+        const uint64_t* words = &meets[place / 64];
+        return words[0] >> shift | words[1] << 1 << (63 - shift);
+    }
+
+    void make(const uint32_t* values) {
+        std::array<uint64_t, Words> inFront{};
+        std::array<uint64_t, Words> taken{}; // the places where a plane is
+        for (uint32_t i = 0; i < zel::Random::BlockSize; i += 16) {
+            inFront[i / 64] |= uint64_t{placesBelow(values + i, front)} << i % 64;
+            taken[i / 64] |= uint64_t{placesBelow(values + i, planes)} << i % 64;
+        }
+        for (uint32_t i = 0; i + 1 < Words; ++i) {
+            const uint64_t nextInFront = inFront[i] >> 1 | inFront[i + 1] << 63;
+            const uint64_t nextTaken = taken[i] >> 1 | taken[i + 1] << 63;
+            meets[i] = (inFront[i] ^ nextInFront) & taken[i] & nextTaken;
+        }
+    }
+
+    int32_t front;
+    int32_t planes;
+    std::array<uint64_t, Words> meets{}; // a bit for each draw of the block: it and the next one do
+    uint32_t ready = 0;                  // draws that were left of it after the last call
+};
+static_assert(zel::Random::BlockSize % 16 == 0);
 
 /// A generator's draws as a meeting takes them, one by one.
 class PlainDraws {

@@ -86,14 +86,10 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
 
 // Nine of ten steps find no pair; these are detected and skipped in bulk.
 void MissionSimulator::fight(int32_t steps) {
-    const int32_t planes = std::min(static_cast<int32_t>(pilots.size()), FightPlaces);
+    MeetingMap map(front, std::min(static_cast<int32_t>(pilots.size()), FightPlaces));
     while (steps > 0) {
-        const int32_t pairs = std::min(steps, static_cast<int32_t>(random.ready() / 2));
-        if (front > 0) {
-            const int32_t misses = missesBefore(random.ahead(0), pairs, front, planes);
-            random.skip(2 * static_cast<uint32_t>(misses));
-            steps -= misses;
-        }
+        if (front > 0)
+            steps -= map.skipMisses(random, steps);
         if (steps-- > 0 && fightStep())
             return;
     }

@@ -65,7 +65,7 @@ void Random::makeBlock() {
         state[i] = state[i + Middle - BlockSize] ^ twist(state[i], state[i + 1]);
     state[BlockSize - 1] = state[Middle - 1] ^ twist(state[BlockSize - 1], state[0]);
     for (i = 0; i < BlockSize; ++i)
-        block[i] = temper(state[i]);
+        values[i] = temper(state[i]);
     index = 0;
     blocksMade.fetch_add(1, std::memory_order_relaxed);
 }

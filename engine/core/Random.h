@@ -30,7 +30,7 @@ public:
     uint32_t next() {
         if (index == BlockSize)
             makeBlock();
-        return block[index++];
+        return values[index++];
     }
     /// a to b inclusive; the bounds are exchanged if a is greater.
     int32_t getInt(int32_t a, int32_t b) {
@@ -51,17 +51,19 @@ public:
     float getFloat() { return static_cast<float>(next()) * 0x1p-32F; }
     float getFloat(float a, float b) { return getFloat() * (b - a) + a; }
 
+    /// The values of the present block, taken or not; the last ready() of them are next.
+    const uint32_t* block() const { return values.data(); }
     /// The next `count` values without taking them, for hot code that takes some of them and then
     /// reports how many with skip(). Null if the current block holds fewer.
     const uint32_t* ahead(uint32_t count) const {
-        return BlockSize - index >= count ? block.data() + index : nullptr;
+        return BlockSize - index >= count ? values.data() + index : nullptr;
     }
+    /// How many values are left of the present block.
+    uint32_t ready() const { return BlockSize - index; }
     /// Takes `count` of the values that ahead() showed.
     void skip(uint32_t count) { index += count; }
     /// Takes that many values and drops them.
     void discard(uint32_t count);
-    /// How many values are left of the present block.
-    uint32_t ready() const { return BlockSize - index; }
 
     /// Sets the static number that a seed of 0 starts from; together with the clock's tick source
     /// it makes a whole run reproducible. Unset, it comes from the system's entropy at first use.
@@ -76,8 +78,8 @@ private:
     void makeBlock();
 
     std::array<uint32_t, BlockSize> state{};
-    std::array<uint32_t, BlockSize> block{}; // values made from the state
-    uint32_t index = BlockSize;              // of the next value; BlockSize when a new block is due
+    std::array<uint32_t, BlockSize> values{}; // made from the state
+    uint32_t index = BlockSize; // of the next value; BlockSize when a new block is due
 };
 
 /// The engine's shared generator, built at its first use.

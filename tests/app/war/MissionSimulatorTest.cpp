@@ -102,7 +102,8 @@ std::string outcomeOf(const MissionSimulator& simulator) {
 }
 
 // A fight passes over steps without a meeting in bulk, within blocks of draws and up to its limit.
-// It also has to find the meetings of a plan that isn't grouped by side.
+// It also has to find the meetings of a plan that isn't grouped by side, and those of a few planes,
+// which are several blocks apart.
 TEST(MissionSimulator, FightsAsItsStepsDo) {
     MissionGenerator generator;
     for (uint32_t seed = 1; seed <= 60; ++seed) {
@@ -110,6 +111,8 @@ TEST(MissionSimulator, FightsAsItsStepsDo) {
         generator.plan = mixedPlan(allies, 8 - allies + static_cast<int32_t>(seed % 13), seed);
         if (seed % 5 == 0)
             std::reverse(generator.plan.begin() + 1, generator.plan.end());
+        if (seed % 7 == 0)
+            generator.plan = mixedPlan(1, 1, seed);
         const auto steps = static_cast<int32_t>(seed * seed);
         const auto whole = pinnedSimulator(seed);
         whole->fight(steps);
