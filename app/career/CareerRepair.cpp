@@ -1,6 +1,8 @@
 #include "app/career/CareerRepair.h"
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 #include "app/career/Database.h"
 #include "app/career/SlotRepair.h"
@@ -21,8 +23,8 @@ void checkIndex(int32_t& index, size_t count, int32_t& faults, int32_t none = -1
 
 class CareerRepair {
 public:
-    CareerRepair(Database& career, const Soundness& soundness, CareerRepairs& repairs)
-        : career(career), soundness(soundness), repairs(repairs) {}
+    CareerRepair(Database& career, Soundness soundness, CareerRepairs& repairs)
+        : career(career), soundness(std::move(soundness)), repairs(repairs) {}
 
     /// False if there is nothing that a career could go on from.
     bool run() {
@@ -36,8 +38,11 @@ public:
         if (!soundness.pilots)
             for (Pilot& pilot : career.pilots)
                 pilot.squadron = std::max(pilot.squadron, 0); // in no slot, and counted above
-        const bool arePilotsSound = soundness.values && repairs.faults() == 0;
-        report(repairs.values, repairValues(career, arePilotsSound),
+        if (repairs.faults() > 0) { // what has been put right may not fit the rest
+            soundness.doubtful.resize(career.pilots.size());
+            std::iota(soundness.doubtful.begin(), soundness.doubtful.end(), 0);
+        }
+        report(repairs.values, repairValues(career, soundness.doubtful, soundness.files),
                " names, nations and figures were impossible");
         if (!repairPlayer())
             return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 class Database;
 
@@ -10,10 +11,11 @@ constexpr int32_t LastSaveYear = 1919;
 
 /// What was checked while a save file's records were read.
 struct Soundness {
-    bool pilots = false; // each names a squadron, and a file or none
-    bool values = false; // nothing else about a pilot is impossible
-    bool lines = true;   // the data files name lines that are there, or none
-    int32_t living = 0;  // pilots
+    bool pilots = false;           // each names a squadron, and a file or none
+    bool lines = true;             // the data files name lines that are there, or none
+    bool files = true;             // nothing else about a data file or its lines is impossible
+    int32_t living = 0;            // pilots
+    std::vector<int32_t> doubtful; // pilots about whom something else may be impossible
 };
 
 /// What was fixed in a career when it was loaded, as counts of faults.

@@ -11,6 +11,7 @@ namespace {
 
 constexpr char Magic[] = {'W', 'T', 'S', 'V'};
 constexpr int32_t FirstDay = 19151201; // of a career, as Calendar::dateNumber()
+constexpr size_t BytesTogether = 4096; // are copied and then checked while they are in the cache
 
 template <typename Value> void append(std::string& content, const Value& value) {
     content.append(reinterpret_cast<const char*>(&value), sizeof value);
@@ -22,7 +23,10 @@ void appendRecords(std::string& content, const std::vector<Record>& records) {
     content.append(reinterpret_cast<const char*>(records.data()), records.size() * sizeof(Record));
 }
 
-template <size_t Size> void terminate(char (&text)[Size]) { text[Size - 1] = 0; }
+template <size_t Size> void terminate(char (&text)[Size]) {
+    if (text[Size - 1] != 0) // reading what was just written would wait for the write
+        text[Size - 1] = 0;
+}
 
 // The texts of a record from a file end within their arrays, whatever the file says.
 void endTexts(Squadron& squadron) {
@@ -64,20 +68,23 @@ public:
     void records(std::vector<Record>& result, const Check& check) {
         const auto count = static_cast<uint32_t>(number());
         const size_t held = std::min<size_t>(count, rest.size() / sizeof(Record));
-        result.resize(held);            // those of a career before it are overwritten
-        for (Record& record : result) { // copied and checked while it is in the cache
-            take(&record, sizeof record);
-            endTexts(record);
-            reading.blank += isBlank(record) ? 1 : 0;
-            check(record);
+        result.resize(held); // those of a career before it are overwritten
+        int64_t blank = 0;
+        constexpr size_t Together = BytesTogether / sizeof(Record);
+        for (size_t done = 0; done < held; done += Together) {
+            Record* const first = &result[done];
+            Record* const last = first + std::min(Together, held - done);
+            take(first, static_cast<size_t>(last - first) * sizeof(Record));
+            for (Record* record = first; record != last; ++record) {
+                endTexts(*record);
+                blank += isBlank(*record) ? 1 : 0;
+                check(*record);
+            }
         }
+        reading.blank += blank;
         reading.missing += static_cast<int64_t>(count) - static_cast<int64_t>(held);
         if (held < count)
             end();
-    }
-
-    template <typename Record> void records(std::vector<Record>& result) {
-        records(result, [](const Record&) {});
     }
 
     bool hasEndedEarly() const { return endedEarly; }
@@ -128,30 +135,33 @@ SaveFault readHeader(SaveReader& reader, Database& career, int32_t& version) {
 /// The records and the invitation after them. False if the bytes end before the last pilot: no war
 /// can go on without its men.
 bool readRecords(SaveReader& reader, Database& career, Soundness& soundness) {
-    reader.records(career.squadrons);
+    reader.records(career.squadrons, [](const Squadron&) {});
     uint32_t highestSquadron = 0; // that a pilot names, and his file
     uint32_t highestFile = 0;
-    bool arePlausible = true;
     reader.records(career.pilots, [&](const Pilot& pilot) {
-        arePlausible = arePlausible && isPlausible(pilot);
+        if (!isPlausible(pilot))
+            soundness.doubtful.push_back(static_cast<int32_t>(&pilot - career.pilots.data()));
         soundness.living += pilot.alive != 0 ? 1 : 0;
         highestSquadron = std::max(highestSquadron, static_cast<uint32_t>(pilot.squadron));
         highestFile = std::max(highestFile, static_cast<uint32_t>(pilot.pilotFile) + 1);
     });
     if (reader.hasEndedEarly())
         return false;
-    reader.records(career.dataLines);
-    const auto checkLines = [&](const auto& record) {
-        soundness.lines = soundness.lines && areLines(record.lines, career.dataLines.size());
+    const auto check = [&](const auto& record) {
+        soundness.files = soundness.files && isPlausible(record);
     };
-    reader.records(career.squadronFiles, checkLines);
-    reader.records(career.pilotFiles, checkLines);
+    const auto checkFile = [&](const auto& file) {
+        check(file);
+        soundness.lines = soundness.lines && areLines(file.lines, career.dataLines.size());
+    };
+    reader.records(career.dataLines, check);
+    reader.records(career.squadronFiles, checkFile);
+    reader.records(career.pilotFiles, checkFile);
     for (int32_t* value : {&career.invitationYear, &career.invitationMonth,
                            &career.invitationSquadron, &career.previousInvitation})
         *value = reader.number();
     soundness.pilots =
         highestSquadron < career.squadrons.size() && highestFile <= career.pilotFiles.size();
-    soundness.values = arePlausible;
     return true;
 }
 

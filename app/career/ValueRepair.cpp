@@ -27,20 +27,18 @@ class ValueRepair {
 public:
     explicit ValueRepair(Database& career) : career(career) {}
 
-    int32_t run(bool arePilotsSound) {
-        for (int32_t i = 0; i < career.squadronFileCount(); ++i)
-            repairSquadronFile(i);
+    int32_t run(const std::vector<int32_t>& pilots, bool areFilesPlausible) {
+        if (!areFilesPlausible)
+            for (int32_t i = 0; i < career.squadronFileCount(); ++i)
+                repairSquadronFile(i);
         for (int32_t i = 0; i < career.squadronCount(); ++i)
             repairSquadron(i);
         for (const Squadron& squadron : career.squadrons)
             nations.insert(squadron.nation);
-        if (!arePilotsSound)
-            for (Pilot& pilot : career.pilots)
-                repairPilot(pilot);
-        for (PilotFile& file : career.pilotFiles)
-            cleanText(file.name);
-        for (DataLine& line : career.dataLines)
-            keepBits(line.applied, uint8_t(1));
+        for (const int32_t pilot : pilots)
+            repairPilot(career.pilots[pilot]);
+        if (!areFilesPlausible)
+            repairPilotFiles();
         return faults;
     }
 
@@ -70,6 +68,14 @@ private:
             if (static_cast<uint8_t>(character) < 0x20 || character == 0x7F)
                 character = '?';
         setText(text, cleaned);
+    }
+
+    /// And the lines of all files.
+    void repairPilotFiles() {
+        for (PilotFile& file : career.pilotFiles)
+            cleanText(file.name);
+        for (DataLine& line : career.dataLines)
+            keepBits(line.applied, uint8_t(1));
     }
 
     /// Its name is there twice, and for the most part a third time in its squadron.
@@ -148,6 +154,6 @@ private:
 
 } // namespace
 
-int32_t repairValues(Database& career, bool arePilotsSound) {
-    return ValueRepair(career).run(arePilotsSound);
+int32_t repairValues(Database& career, const std::vector<int32_t>& pilots, bool areFilesPlausible) {
+    return ValueRepair(career).run(pilots, areFilesPlausible);
 }

@@ -292,6 +292,9 @@ TEST_F(DamagedSaveFile, RepairsWhatNoCareerHolds) {
         {Pilots + 78, flipped(Pilots + 78, 1), Values, true}, // of the history
         {Falke, 0x0A6C6C61, Values, true},                    // a line end in his name
         {Pilots, 0x1B6C6C61, Values},
+        {Pilots + 40, 0x41, Values}, // a letter after the name's end, and the last possible one
+        {Pilots + 60, 0x410000, Values},
+        {FalkesFile + 16, 0x7F, Values},
         {DataLines, flipped(DataLines, 2), Values, true}, // applied
     });
 }
