@@ -15,6 +15,7 @@
 #include "app/career/CareerTexts.h"
 #include "app/record/CareerRecord.h"
 #include "app/record/Sqlite.h"
+#include "app/report/FlightAccount.h"
 #include "app/war/WarAdvance.h"
 #include "bench/Benches.h"
 #include "bench/PinnedCareer.h"
@@ -27,7 +28,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr size_t UsualEvents = 200; // of a flight
-constexpr size_t MostEvents = 2000; // that a flight's account holds
 constexpr int32_t FlightsOfWebPage = 83;
 constexpr int64_t RowsOfFrame = 2000;       // that a list of pilots reads
 constexpr double MostSecondsOfPage = 0.005; // of what a screen shows
@@ -286,7 +286,7 @@ void webPages(benchmark::State& state) {
 
 double recordSizeOfWar() {
     RecordedCareer war(true);
-    fightWar(war, MostEvents);
+    fightWar(war, MostFlightEvents);
     return war.recordSize();
 }
 

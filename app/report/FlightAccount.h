@@ -8,7 +8,7 @@ class CombatReport;
 class MissionGenerator;
 
 /// After so many events of a log hits, damage and positions are dropped.
-constexpr size_t MostFlightEvents = 2000;
+constexpr size_t MostFlightEvents = 1500;
 
 /// Everything known about a flight whose report has been read: the plan, the report with its
 /// wording, and the log's events with time and place. `log` is the log's first piece, with its

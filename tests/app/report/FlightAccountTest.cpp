@@ -67,7 +67,7 @@ TEST(FlightAccount, DropsOnlyWhatIsMany) {
     static_cast<void>(report.analyse()); // the log has no end
     const FlownMission flown = accountOf(report, generator, "log[0].txt");
     std::string ends;
-    for (size_t i = 2000; i < flown.events.size(); ++i)
+    for (size_t i = MostFlightEvents; i < flown.events.size(); ++i)
         ends += text(flown.events[i]) + "; ";
     EXPECT_EQ(ends, "2800.00 wound -1>0; 2800.00 take-off 0>-1; 2800.00 landing 0>-1; "
                     "2800.00 crash -1>0; ");
