@@ -106,21 +106,27 @@ int64_t waits() {
 #endif
 }
 
+/// Runs the loop for so many seconds or a little longer. Returns how many they were.
+double stepFor(zel::ZelLoop& loop, double seconds) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point start = Clock::now();
+    std::chrono::duration<double> passed{};
+    for (; passed.count() < seconds; passed = Clock::now() - start)
+        loop.step();
+    return passed.count();
+}
+
 /// How often a second the program wakes up while nobody does anything. Exit code 1 if that breaks
 /// the limit, 2 on error.
 int idleOurs() {
-    using Clock = std::chrono::steady_clock;
-    constexpr double Seconds = 5;
     prepareOurs();
     zel::ZelLoop loop;
     while (!zel::StatesMachine::getInstance().isSettled())
         loop.step();
-    const Clock::time_point start = Clock::now();
+    stepFor(loop, 1); // while the plates slide in, OpenGL's threads wait for one another
     const int64_t before = waits();
-    std::chrono::duration<double> passed{};
-    for (; passed.count() < Seconds; passed = Clock::now() - start)
-        loop.step();
-    const double rate = static_cast<double>(waits() - before) / passed.count();
+    const double seconds = stepFor(loop, 5);
+    const double rate = static_cast<double>(waits() - before) / seconds;
     std::printf("%-34s %7.1f a second %29.0f%s\n", "idle wake-ups", rate, MostWakeUps,
                 rate <= MostWakeUps ? "" : "  BROKEN");
     std::fflush(stdout);
