@@ -156,6 +156,8 @@ private:
     }
 
     void takeHit(const FlightEvent& event) {
+        if (event.actor < 0 && isLost[static_cast<size_t>(event.target)])
+            return; // the ground
         auto burst = std::find_if(bursts.rbegin(), bursts.rend(), [&](const Burst& known) {
             return known.actor == event.actor && known.target == event.target;
         });
@@ -208,7 +210,7 @@ private:
 
     void takeLanding(const FlightEvent& event) {
         hasLanded = hasLanded || isYou(event.actor);
-        if (!hasPlace(event))
+        if (!hasPlace(event) || report(event.actor).killCount > 0) // a dead man's plane comes down
             return;
         const char* town = townNear({event.x, event.z}, flight.onChannelMap, NearTown);
         drafts.push_back({event.seconds, addMark(SketchMark::Landing, event, event.actor), true,

@@ -88,7 +88,8 @@ TEST(Sketch, KeepsOutWhatHasNoPlace) {
     EXPECT_TRUE(sketchOf(RecordedFlight(), nullptr).lines.empty());
 }
 
-// Bursts, collisions, own side, a fall; and the pilot who falls hasn't left in the air.
+// Bursts, collisions, own side, a fall; and the pilot who falls hasn't left in the air. What the
+// log says of his plane after that is of no interest.
 TEST(Sketch, NamesWhoAndWhen) {
     RecordedFlight flight = flightOf({at(FlightEventKind::Damage, 10, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 29, 2, 0, 210000, 60000),
@@ -96,7 +97,10 @@ TEST(Sketch, NamesWhoAndWhen) {
                                       at(FlightEventKind::Damage, 70, -1, 2, 210000, 60000),
                                       at(FlightEventKind::Kill, 80, 0, 1, 210000, 60000),
                                       at(FlightEventKind::Death, 81, -1, 0, 210000, 60000),
-                                      at(FlightEventKind::Crash, 82, -1, 0, 210000, 60000)});
+                                      at(FlightEventKind::Crash, 82, -1, 0, 210000, 60000),
+                                      at(FlightEventKind::Damage, 99, -1, 0, 210000, 60000),
+                                      at(FlightEventKind::Landing, 99, 0, -1, 210000, 60000)});
+    flight.mission.reports[0].killCount = 1;
     flight.mission.reports[1].shotDown = 1;
     flight.mission.reports[1].shotdownByOwn = 0;
     flight.mission.reports[0].shotDown = 1;
