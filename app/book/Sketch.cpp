@@ -156,8 +156,8 @@ private:
     }
 
     void takeHit(const FlightEvent& event) {
-        if (event.actor < 0 && isLost[static_cast<size_t>(event.target)])
-            return; // the ground
+        if (isLost[static_cast<size_t>(event.target)])
+            return; // a wreck
         auto burst = std::find_if(bursts.rbegin(), bursts.rend(), [&](const Burst& known) {
             return known.actor == event.actor && known.target == event.target;
         });

@@ -98,6 +98,7 @@ TEST(Sketch, NamesWhoAndWhen) {
                                       at(FlightEventKind::Kill, 80, 0, 1, 210000, 60000),
                                       at(FlightEventKind::Death, 81, -1, 0, 210000, 60000),
                                       at(FlightEventKind::Crash, 82, -1, 0, 210000, 60000),
+                                      at(FlightEventKind::Damage, 98, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 99, -1, 0, 210000, 60000),
                                       at(FlightEventKind::Landing, 99, 0, -1, 210000, 60000)});
     flight.mission.reports[0].killCount = 1;
