@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <optional>
 
 #include "app/book/SketchWording.h"
 #include "app/career/Nation.h"
@@ -12,7 +13,8 @@
 
 namespace {
 
-constexpr float LongestBreak = 20;     // seconds between hits of one burst
+constexpr float LongestBreak = 20; // seconds between hits of one burst
+constexpr float LongestFall = 5;   // seconds until a wreck lies still, which the log calls landing
 constexpr float EdgeOfTheWorld = 1e6F; // metres; coordinates beyond it are invalid
 constexpr size_t LongestCrowd = 9;     // numbers that a square has room for
 
@@ -48,7 +50,7 @@ struct Draft {
 class Sketcher {
 public:
     Sketcher(const RecordedFlight& flight, Sketch& sketch)
-        : flight(flight), reports(flight.mission.reports), sketch(sketch), isLost(reports.size()) {
+        : flight(flight), reports(flight.mission.reports), sketch(sketch), lostAt(reports.size()) {
         for (size_t i = 0; i < reports.size() && own < 0; ++i)
             if (reports[i].human != 0)
                 own = static_cast<int32_t>(i);
@@ -96,6 +98,12 @@ public:
     }
 
 private:
+    bool isLost(int32_t record) const { return lostAt[static_cast<size_t>(record)].has_value(); }
+    /// Whether a landing is only the end of a fall.
+    bool isWreck(const FlightEvent& landing) const {
+        const std::optional<float>& lost = lostAt[static_cast<size_t>(landing.actor)];
+        return lost && (report(landing.actor).dead != 0 || landing.seconds - *lost < LongestFall);
+    }
     bool isYou(int32_t record) const { return record >= 0 && record == own; }
     const PilotReport& report(int32_t record) const { return reports[static_cast<size_t>(record)]; }
     zel::String name(int32_t record) const {
@@ -156,7 +164,7 @@ private:
     }
 
     void takeHit(const FlightEvent& event) {
-        if (isLost[static_cast<size_t>(event.target)])
+        if (isLost(event.target))
             return; // a wreck
         auto burst = std::find_if(bursts.rbegin(), bursts.rend(), [&](const Burst& known) {
             return known.actor == event.actor && known.target == event.target;
@@ -193,9 +201,9 @@ private:
 
     void takeEnd(const FlightEvent& event) {
         const auto place = static_cast<size_t>(event.target);
-        if (!hasPlace(event) || isLost[place])
+        if (!hasPlace(event) || isLost(event.target))
             return;
-        isLost[place] = true;
+        lostAt[place] = event.seconds;
         const PilotReport& lost = reports[place];
         zel::String text;
         if (lost.shotdownBy >= 0)
@@ -210,7 +218,7 @@ private:
 
     void takeLanding(const FlightEvent& event) {
         hasLanded = hasLanded || isYou(event.actor);
-        if (!hasPlace(event) || report(event.actor).killCount > 0) // a dead man's plane comes down
+        if (!hasPlace(event) || isWreck(event))
             return;
         const char* town = townNear({event.x, event.z}, flight.onChannelMap, NearTown);
         drafts.push_back({event.seconds, addMark(SketchMark::Landing, event, event.actor), true,
@@ -223,7 +231,7 @@ private:
     const std::vector<PilotReport>& reports;
     Sketch& sketch;
     int32_t own = -1;
-    std::vector<bool> isLost; // by record
+    std::vector<std::optional<float>> lostAt; // seconds, by record
     std::vector<Burst> bursts;
     std::vector<Draft> drafts;
     bool hasLanded = false; // the player

@@ -47,7 +47,8 @@ struct SketchFrame {
 };
 
 /// The fight of a flight as the log has it: its events with a place, and nothing else, on the
-/// country below. All within the frame with a square to spare but front and towns.
+/// country below. Of a plane that has gone down nothing more is told, except that a survivor lands.
+/// All within the frame with a square to spare but front and towns.
 struct Sketch {
     SketchFrame frame;
     std::vector<MapPoint>

@@ -88,27 +88,30 @@ TEST(Sketch, KeepsOutWhatHasNoPlace) {
     EXPECT_TRUE(sketchOf(RecordedFlight(), nullptr).lines.empty());
 }
 
-// Bursts, collisions, own side, a fall; and the pilot who falls hasn't left in the air. What the
-// log says of his plane after that is of no interest.
+// Bursts, collisions, own side, a fall; and the pilot who falls hasn't left in the air. Of a
+// wreck nothing more is told; whoever comes down a while after his loss has landed.
 TEST(Sketch, NamesWhoAndWhen) {
     RecordedFlight flight = flightOf({at(FlightEventKind::Damage, 10, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 29, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 60, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 70, -1, 2, 210000, 60000),
                                       at(FlightEventKind::Kill, 80, 0, 1, 210000, 60000),
+                                      at(FlightEventKind::Landing, 80, 1, -1, 210000, 60000),
                                       at(FlightEventKind::Death, 81, -1, 0, 210000, 60000),
                                       at(FlightEventKind::Crash, 82, -1, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 98, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 99, -1, 0, 210000, 60000),
-                                      at(FlightEventKind::Landing, 99, 0, -1, 210000, 60000)});
-    flight.mission.reports[0].killCount = 1;
+                                      at(FlightEventKind::Landing, 99, 0, -1, 210000, 60000),
+                                      at(FlightEventKind::Landing, 200, 1, -1, 210000, 60000)});
+    flight.mission.reports[0].dead = 1;
     flight.mission.reports[1].shotDown = 1;
     flight.mission.reports[1].shotdownByOwn = 0;
     flight.mission.reports[0].shotDown = 1;
     EXPECT_EQ(text(sketchOf(flight, nullptr)),
               "1. 0:10  In the air near Arras\n2. 0:10  Albert Reed damages you\n"
               "3. 1:00  Albert Reed damages you\n4. 1:10  Albert Reed is damaged\n"
-              "5. 1:20  Kurt Brandt, of your own side, falls to you\n6. 1:21  You crash\n");
+              "5. 1:20  Kurt Brandt, of your own side, falls to you\n6. 1:21  You crash\n"
+              "7. 3:20  Kurt Brandt lands near Arras\n");
     flight.mission.reports[0].shotdownBy = 2;
     EXPECT_NE(text(sketchOf(flight, nullptr)).find("Albert Reed brings you down"),
               std::string::npos);
