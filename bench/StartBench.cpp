@@ -121,9 +121,9 @@ double stepFor(zel::ZelLoop& loop, double seconds) {
 int idleOurs() {
     prepareOurs();
     zel::ZelLoop loop;
-    while (!zel::StatesMachine::getInstance().isSettled())
+    const zel::StatesMachine& machine = zel::StatesMachine::getInstance();
+    while (machine.getActiveState() == nullptr || !machine.isSettled())
         loop.step();
-    stepFor(loop, 1); // while the plates slide in, OpenGL's threads wait for one another
     const int64_t before = waits();
     const double seconds = stepFor(loop, 5);
     const double rate = static_cast<double>(waits() - before) / seconds;
