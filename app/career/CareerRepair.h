@@ -9,7 +9,7 @@ class Database;
 constexpr int32_t FirstSaveYear = 1915;
 constexpr int32_t LastSaveYear = 1919;
 
-/// What was checked while a save file's records were read.
+/// What readContent() has found out about a save file's records.
 struct Soundness {
     bool pilots = false;           // each names a squadron, and a file or none
     bool lines = true;             // the data files name lines that are there, or none

@@ -71,6 +71,7 @@ public:
         result.resize(held); // those of a career before it are overwritten
         int64_t blank = 0;
         constexpr size_t Together = BytesTogether / sizeof(Record);
+        static_assert(Together > 0);
         for (size_t done = 0; done < held; done += Together) {
             Record* const first = &result[done];
             Record* const last = first + std::min(Together, held - done);

@@ -70,7 +70,7 @@ private:
         setText(text, cleaned);
     }
 
-    /// And the lines of all files.
+    /// Their names, and which data lines are applied.
     void repairPilotFiles() {
         for (PilotFile& file : career.pilotFiles)
             cleanText(file.name);

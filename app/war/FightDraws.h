@@ -36,6 +36,8 @@ inline uint32_t placesBelow(const uint32_t* values, int32_t limit) {
 /// of different sides. Places below `front` belong to one side, those from there to `planes` to the
 /// other; the rest are empty. A whole block of draws is looked at together, because no processor
 /// can predict how far it is to the next such step.
+///
+/// REQUIRES: one generator, which gives fewer values than a block between two calls.
 class MeetingMap {
 public:
     MeetingMap(int32_t front, int32_t planes) : front(front), planes(planes) {}
@@ -89,7 +91,7 @@ private:
 
     int32_t front;
     int32_t planes;
-    std::array<uint64_t, Words> meets{}; // a bit for each draw of the block: it and the next one do
+    std::array<uint64_t, Words> meets{}; // bit i: draws i and i + 1 of the block do
     uint32_t ready = 0;                  // draws that were left of it after the last call
 };
 static_assert(zel::Random::BlockSize % 16 == 0);

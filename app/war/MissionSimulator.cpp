@@ -39,6 +39,7 @@ float defenceOf(const PilotReport& pilot, int32_t level) {
 void MissionSimulator::reset() {
     pilots.clear();
     opponents.fill(0);
+    front = 0;
     alliedLeft = 0;
     centralLeft = 0;
 }

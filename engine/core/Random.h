@@ -60,7 +60,7 @@ public:
     }
     /// How many values are left of the present block.
     uint32_t ready() const { return BlockSize - index; }
-    /// Takes `count` of the values that ahead() showed.
+    /// Takes the next `count` values, which the present block must hold.
     void skip(uint32_t count) { index += count; }
     /// Takes that many values and drops them.
     void discard(uint32_t count);

@@ -102,8 +102,8 @@ std::string outcomeOf(const MissionSimulator& simulator) {
 }
 
 // A fight passes over steps without a meeting in bulk, within blocks of draws and up to its limit.
-// It also has to find the meetings of a plan that isn't grouped by side, and those of a few planes,
-// which are several blocks apart.
+// It also has to find the meetings of a plan that isn't grouped by side, and those of two planes,
+// which may be more than a block apart.
 TEST(MissionSimulator, FightsAsItsStepsDo) {
     MissionGenerator generator;
     for (uint32_t seed = 1; seed <= 60; ++seed) {
@@ -116,12 +116,12 @@ TEST(MissionSimulator, FightsAsItsStepsDo) {
         const auto steps = static_cast<int32_t>(seed * seed);
         const auto whole = pinnedSimulator(seed);
         whole->fight(steps);
-        whole->fight(7);
+        whole->fight(700);
         const auto single = pinnedSimulator(seed);
         for (int32_t i = 0; i < steps; ++i)
             if (single->fightStep())
                 break;
-        for (int32_t i = 0; i < 7; ++i)
+        for (int32_t i = 0; i < 700; ++i)
             if (single->fightStep())
                 break;
         EXPECT_EQ(outcomeOf(*whole), outcomeOf(*single)) << seed;
