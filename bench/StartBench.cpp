@@ -106,27 +106,22 @@ int64_t waits() {
 #endif
 }
 
-/// Runs the loop for so many seconds or a little longer. Returns how many they were.
-double stepFor(zel::ZelLoop& loop, double seconds) {
-    using Clock = std::chrono::steady_clock;
-    const Clock::time_point start = Clock::now();
-    std::chrono::duration<double> passed{};
-    for (; passed.count() < seconds; passed = Clock::now() - start)
-        loop.step();
-    return passed.count();
-}
-
 /// How often a second the program wakes up while nobody does anything. Exit code 1 if that breaks
 /// the limit, 2 on error.
 int idleOurs() {
+    using Clock = std::chrono::steady_clock;
+    constexpr double Seconds = 5;
     prepareOurs();
     zel::ZelLoop loop;
     const zel::StatesMachine& machine = zel::StatesMachine::getInstance();
     while (machine.getActiveState() == nullptr || !machine.isSettled())
         loop.step();
+    const Clock::time_point start = Clock::now();
     const int64_t before = waits();
-    const double seconds = stepFor(loop, 5);
-    const double rate = static_cast<double>(waits() - before) / seconds;
+    std::chrono::duration<double> passed{};
+    for (; passed.count() < Seconds; passed = Clock::now() - start)
+        loop.step();
+    const double rate = static_cast<double>(waits() - before) / passed.count();
     std::printf("%-34s %7.1f a second %29.0f%s\n", "idle wake-ups", rate, MostWakeUps,
                 rate <= MostWakeUps ? "" : "  BROKEN");
     std::fflush(stdout);
