@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr float LongestBreak = 20; // seconds between hits of one burst
-constexpr float LongestFall = 5;   // seconds until a wreck lies still, which the log calls landing
+constexpr float LongestBreak = 20;     // seconds between hits of one burst
+constexpr float LongestFall = 5;       // seconds; the log calls it a landing when a wreck stops
 constexpr float EdgeOfTheWorld = 1e6F; // metres; coordinates beyond it are invalid
 constexpr size_t LongestCrowd = 9;     // numbers that a square has room for
 

@@ -47,7 +47,7 @@ struct SketchFrame {
 };
 
 /// The fight of a flight as the log has it: its events with a place, and nothing else, on the
-/// country below. Of a plane that has gone down nothing more is told, except that a survivor lands.
+/// country below. Once a plane is lost, the only event shown of it is the landing of a survivor.
 /// All within the frame with a square to spare but front and towns.
 struct Sketch {
     SketchFrame frame;

@@ -88,8 +88,8 @@ TEST(Sketch, KeepsOutWhatHasNoPlace) {
     EXPECT_TRUE(sketchOf(RecordedFlight(), nullptr).lines.empty());
 }
 
-// Bursts, collisions, own side, a fall; and the pilot who falls hasn't left in the air. Of a
-// wreck nothing more is told; whoever comes down a while after his loss has landed.
+// Bursts, collisions, own side, a fall; and the pilot who falls hasn't left in the air. What
+// happens to a wreck isn't shown, but a survivor who comes down well after his loss has landed.
 TEST(Sketch, NamesWhoAndWhen) {
     RecordedFlight flight = flightOf({at(FlightEventKind::Damage, 10, 2, 0, 210000, 60000),
                                       at(FlightEventKind::Damage, 29, 2, 0, 210000, 60000),
