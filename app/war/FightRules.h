@@ -31,6 +31,5 @@ constexpr uint32_t WoundDraw = 4;
 constexpr float WoundStep = 0.25F; // of each point of that draw
 constexpr float DamageThatDowns = 1.0F;
 constexpr float InjuryThatKills = 1.0F;
-constexpr uint32_t DroppedDraw = 12; // drawn when a plane goes down, and not used
 
 } // namespace fight

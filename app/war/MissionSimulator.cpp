@@ -11,6 +11,9 @@
 namespace {
 
 constexpr int32_t SpareOfSimulator = 1000;
+// The unit of a draw, and half of it. Scaling by a power of two is exact.
+constexpr float WholeDraw = 0x1p-32F;
+constexpr float HalfDraw = 0x1p-33F;
 
 float attackOf(const PilotReport& pilot, int32_t level) {
     float attack = static_cast<float>(level) * fight::AttackOfLevel;
@@ -32,6 +35,23 @@ float defenceOf(const PilotReport& pilot, int32_t level) {
     for (int32_t i = pilot.missions; i < fight::MissionsNotGreen; ++i)
         defence /= fight::GreenDivisor;
     return defence;
+}
+
+/// The draw in its own units, of 2^-32.
+float real(uint32_t draw) { return static_cast<float>(static_cast<int64_t>(draw)); }
+
+/// The draw if the condition, 0 or 1, holds, otherwise 0. Integers make the choice, because
+/// compilers turn one between floats, or by a bool, into a branch.
+float realIf(uint32_t condition, uint32_t draw) { return real(draw & (0U - condition)); }
+
+/// Spoils a value by `aims` aims, whose draws begin at `draws`. Gives the number of draws taken.
+/// `above`: bit i is set when draw i is above the attacker's skill.
+template <uint32_t aims> uint32_t fumble(float& value, const uint32_t* draws, uint32_t above) {
+    static_assert(aims <= AimPath::Aims && fight::AimDraw == FightPlaces - 1);
+    const AimPath& path = AimPaths[above & 0xFF];
+    for (uint32_t i = 0; i < aims; ++i)
+        value *= std::max(real(draws[path.factor[i]]) * WholeDraw, path.least[i]);
+    return path.next[aims];
 }
 
 } // namespace
@@ -71,7 +91,11 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
     for (int32_t i = 0; i < places; ++i) {
         const PilotReport& pilot = pilots[i];
         const int32_t level = pilotLevel(pilot.skill, pilot.shotdowns, pilot.missions);
-        figures[i] = {attackOf(pilot, level), defenceOf(pilot, level), pilot.skill};
+        FightFigures& figure = figures[i];
+        figure.attack = attackOf(pilot, level) * HalfDraw;
+        figure.defence = defenceOf(pilot, level) * HalfDraw;
+        figure.skill = pilot.skill;
+        figure.aimLimits.fill(static_cast<int8_t>(std::min(pilot.skill, FightPlaces)));
         uint16_t& side = isAllied(pilot.country) ? allied : central;
         side = static_cast<uint16_t>(side | (1U << i));
     }
@@ -85,60 +109,91 @@ void MissionSimulator::loadPlan(const std::vector<PlannedPlane>& plan) {
         front = 0;
 }
 
-// Nine of ten steps find no pair; these are detected and skipped in bulk.
-void MissionSimulator::fight(int32_t steps) {
-    MeetingMap map(front, std::min(static_cast<int32_t>(pilots.size()), FightPlaces));
-    while (steps > 0) {
-        if (front > 0)
-            steps -= map.skipMisses(random, steps);
-        if (steps-- > 0 && fightStep())
-            return;
-    }
-}
+void MissionSimulator::fight(int32_t steps) { takeSteps(steps); }
 
-bool MissionSimulator::fightStep() {
+bool MissionSimulator::fightStep() { return takeSteps(1); }
+
+// Nine of ten steps find no pair; the window passes over them in bulk.
+bool MissionSimulator::takeSteps(int32_t steps) {
     if (pilots.empty())
         return true;
-    const int32_t attacker = random.getIntUpTo<FightPlaces - 1>();
-    const int32_t target = random.getIntUpTo<FightPlaces - 1>();
-    if ((opponents[attacker] >> target & 1) == 0)
-        return false;
-    if (const uint32_t* values = random.ahead(ReadyDraws::MostOfMeeting)) {
-        ReadyDraws draws(random, values);
-        return meet(draws, attacker, target);
+    DrawWindow window(random, front, std::min(static_cast<int32_t>(pilots.size()), FightPlaces));
+    DrawCursor cursor = window.cursorAt(0);
+    bool isOver = false;
+    while (steps > 0 && !isOver) {
+        const uint32_t pair = window.findPair(cursor);
+        const int32_t misses = static_cast<int32_t>(pair - cursor.next) / 2;
+        if (misses >= steps) {
+            cursor.next += 2 * static_cast<uint32_t>(steps);
+            break;
+        }
+        steps -= misses;
+        cursor.next = pair;
+        if (pair > window.lastStep()) {
+            window.take(pair);
+            cursor = window.cursorAt(0);
+            continue;
+        }
+        --steps;
+        isOver = meet(window, cursor);
     }
-    PlainDraws draws(random);
-    return meet(draws, attacker, target);
+    random.skip(cursor.next);
+    return isOver;
 }
 
-template <typename Draws>
-bool MissionSimulator::meet(Draws& draws, int32_t attackerPlace, int32_t targetPlace) {
+// Which draws a meeting takes is a coin toss again and again, which no processor can predict: both
+// outcomes are computed and one is kept.
+inline bool MissionSimulator::meet(const DrawWindow& window, DrawCursor& cursor) {
+    const uint8_t* places = window.placesAt(cursor.next);
+    const int32_t attackerPlace = places[0];
+    const int32_t targetPlace = places[1];
+    uint32_t next = cursor.next + 2;
+    if ((opponents[attackerPlace] >> targetPlace & 1) == 0) {
+        cursor = window.cursorAt(next);
+        return false;
+    }
     const FightFigures& attacker = figures[attackerPlace];
     const FightFigures& target = figures[targetPlace];
-    float value = draws.getFloat(attacker.attack);
-    value += draws.getFloat(attacker.attack);
-    value -= draws.getFloat(target.defence);
-    value -= draws.getFloat(target.defence);
-    const bool defendsWell = target.skill > draws.template getInt<fight::ThirdDefenceDraw>();
-    value -= draws.getFloatIf(defendsWell, target.defence);
-    value = (value + std::abs(value)) / 2; // no less than 0, and no branch
-    value = draws.fumble(value, attacker.skill, fight::Aims);
-    const float good = draws.getFloat(fight::Luck);
-    const float bad = draws.getFloat(fight::Luck);
+    const uint32_t* draws = window.drawsAt(next);
+    float value = real(draws[0]) * attacker.attack;
+    value += real(draws[1]) * attacker.attack;
+    value -= real(draws[2]) * target.defence;
+    value -= real(draws[3]) * target.defence;
+    const auto defenceDraw = static_cast<int32_t>(draws[4] % (fight::ThirdDefenceDraw + 1));
+    const uint32_t defendsWell = target.skill > defenceDraw ? 1 : 0;
+    value -= realIf(defendsWell, draws[5]) * target.defence;
+    value += std::abs(value); // the halves' sum, no less than 0, and no branch
+
+    const uint32_t above = placesAbove(places + 7, attacker.aimLimits.data()) >> defendsWell;
+    next += 5 + defendsWell;
+    const uint32_t first = fumble<AimPath::Aims>(value, window.drawsAt(next), above);
+    next += first;
+    next += fumble<fight::Aims - AimPath::Aims>(value, window.drawsAt(next), above >> first);
+
+    draws = window.drawsAt(next);
+    const float good = real(draws[0]) * (fight::Luck * WholeDraw);
+    const float bad = real(draws[1]) * (fight::Luck * WholeDraw);
+    cursor = window.cursorAt(next + 2);
     const float chance = value + good - bad;
-    const float hit = draws.getFloatIf(chance >= 0, chance);
+    const uint32_t isHit = chance >= 0 ? 1 : 0;
+    const float hit = realIf(isHit, draws[2]) * WholeDraw * chance;
+    cursor.take(isHit);
     float injury = 0;
-    if (hit > fight::LeastWoundingHit)
-        injury = static_cast<float>(draws.template getInt<fight::WoundDraw>()) * fight::WoundStep;
+    if (hit > fight::LeastWoundingHit) {
+        const uint32_t wound = *window.drawsAt(cursor.next) % (fight::WoundDraw + 1);
+        injury = static_cast<float>(wound) * fight::WoundStep;
+        cursor.take(1);
+    }
     PilotReport& victim = pilots[targetPlace];
     victim.damage += hit;
     victim.injury += injury;
-    return victim.damage >= fight::DamageThatDowns && takeOut(draws, attackerPlace, targetPlace);
+    if (victim.damage < fight::DamageThatDowns)
+        return false;
+    cursor = window.cursorAt(cursor.next + 1); // one draw is dropped
+    return takeOut(attackerPlace, targetPlace);
 }
 
-template <typename Draws>
-bool MissionSimulator::takeOut(Draws& draws, int32_t attacker, int32_t target) {
-    draws.template getInt<fight::DroppedDraw>(); // the sequence of draws is part of every career
+bool MissionSimulator::takeOut(int32_t attacker, int32_t target) {
     PilotReport& victim = pilots[target];
     victim.shotDown = 1;
     victim.finished = 1;

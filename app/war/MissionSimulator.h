@@ -40,13 +40,15 @@ public:
 private:
     /// A record's contribution to every meeting; constant during the fight.
     struct FightFigures {
-        float attack = 0;  // each of the two attack draws goes up to this
-        float defence = 0; // and each defence draw up to this
+        float attack = 0;  // half of what a unit of 2^-32 counts in each of the two attack draws
+        float defence = 0; // likewise in each defence draw
         int32_t skill = 0;
+        std::array<int8_t, 16> aimLimits{}; // the skill, to compare sixteen places with
     };
 
-    template <typename Draws> bool meet(Draws& draws, int32_t attacker, int32_t target);
-    template <typename Draws> bool takeOut(Draws& draws, int32_t attacker, int32_t target);
+    bool takeSteps(int32_t steps);
+    bool meet(const DrawWindow& window, DrawCursor& cursor);
+    bool takeOut(int32_t attacker, int32_t target);
 
     std::vector<PilotReport> pilots;
     std::array<FightFigures, FightPlaces> figures; // only the first sixteen records can meet

@@ -54,10 +54,13 @@ void Random::fillState(uint32_t value) {
     state[0] = value;
     for (uint32_t i = 1; i < BlockSize; ++i)
         state[i] = 1812433253U * (state[i - 1] ^ (state[i - 1] >> 30)) + i;
-    index = BlockSize;
+    index = LeastAhead + BlockSize;
 }
 
 void Random::makeBlock() {
+    const uint32_t left = ready();
+    std::copy_n(values.begin() + index, left, values.begin() + LeastAhead - left);
+    index = LeastAhead - left;
     uint32_t i = 0;
     for (; i < BlockSize - Middle; ++i)
         state[i] = state[i + Middle] ^ twist(state[i], state[i + 1]);
@@ -65,14 +68,13 @@ void Random::makeBlock() {
         state[i] = state[i + Middle - BlockSize] ^ twist(state[i], state[i + 1]);
     state[BlockSize - 1] = state[Middle - 1] ^ twist(state[BlockSize - 1], state[0]);
     for (i = 0; i < BlockSize; ++i)
-        values[i] = temper(state[i]);
-    index = 0;
+        values[LeastAhead + i] = temper(state[i]);
     blocksMade.fetch_add(1, std::memory_order_relaxed);
 }
 
 void Random::discard(uint32_t count) {
     while (count > 0) {
-        if (index == BlockSize)
+        if (ready() == 0)
             makeBlock();
         const uint32_t dropped = std::min(count, ready());
         skip(dropped);

@@ -28,7 +28,7 @@ public:
 
     /// The next 32-bit value of the published sequence.
     uint32_t next() {
-        if (index == BlockSize)
+        if (ready() == 0)
             makeBlock();
         return values[index++];
     }
@@ -51,16 +51,22 @@ public:
     float getFloat() { return static_cast<float>(next()) * 0x1p-32F; }
     float getFloat(float a, float b) { return getFloat() * (b - a) + a; }
 
-    /// The values of the present block, taken or not; the last ready() of them are next.
-    const uint32_t* block() const { return values.data(); }
-    /// The next `count` values without taking them, for hot code that takes some of them and then
-    /// reports how many with skip(). Null if the current block holds fewer.
-    const uint32_t* ahead(uint32_t count) const {
-        return BlockSize - index >= count ? values.data() + index : nullptr;
+    /// At least that many values are ready after ahead().
+    static constexpr uint32_t LeastAhead = 32;
+    /// So many words behind the ready values may be read, too. They mean nothing.
+    static constexpr uint32_t Padding = 64;
+
+    /// The next values without taking them, for hot code that takes some of them and then reports
+    /// how many with skip(). Makes another block if fewer than LeastAhead are ready. Valid until
+    /// the next draw.
+    const uint32_t* ahead() {
+        if (ready() < LeastAhead)
+            makeBlock();
+        return values.data() + index;
     }
-    /// How many values are left of the present block.
-    uint32_t ready() const { return BlockSize - index; }
-    /// Takes the next `count` values, which the present block must hold.
+    /// How many values are made and not taken.
+    uint32_t ready() const { return LeastAhead + BlockSize - index; }
+    /// Takes the next `count` values, which must be ready.
     void skip(uint32_t count) { index += count; }
     /// Takes that many values and drops them.
     void discard(uint32_t count);
@@ -77,9 +83,10 @@ private:
     void fillState(uint32_t value);
     void makeBlock();
 
-    std::array<uint32_t, BlockSize> state{};
-    std::array<uint32_t, BlockSize> values{}; // made from the state
-    uint32_t index = BlockSize; // of the next value; BlockSize when a new block is due
+    alignas(64) std::array<uint32_t, BlockSize> state{}; // from the start of a cache line
+    // A block made from the state, and in front of it what was left of the one before.
+    alignas(64) std::array<uint32_t, LeastAhead + BlockSize + Padding> values{};
+    uint32_t index = LeastAhead + BlockSize; // of the next value
 };
 
 /// The engine's shared generator, built at its first use.

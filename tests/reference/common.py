@@ -12,7 +12,6 @@ class Random:
     """MT19937 (Matsumoto, Nishimura 1998) with the draws that the program takes from it."""
 
     def __init__(self, seed):
-        self.made = 0  # values, in blocks of 624
         self.seed(seed)
 
     def seed(self, seed):
@@ -29,7 +28,6 @@ class Random:
                 bits = (state[i] & 0x80000000) | (state[(i + 1) % 624] & 0x7FFFFFFF)
                 state[i] = state[(i + 397) % 624] ^ (bits >> 1) ^ (0x9908B0DF if bits & 1 else 0)
             self.index = 0
-            self.made += 624
         value = self.state[self.index]
         self.index += 1
         value ^= value >> 11

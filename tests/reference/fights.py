@@ -3,7 +3,7 @@
 
 A line for each step that changes a record or ends the fight: its number, 1 if the fight is over,
 and the record that was hit: index, damage and injury as the hex of their bits, shot down, dead, by
-whom, and the victories of its victor. After each fight a line with the number of values made.
+whom, and the victories of its victor. After each fight another one with the draws that follow.
 """
 import struct
 
@@ -11,6 +11,7 @@ from common import Random, f32, write
 from levels import level
 
 STEPS = 6000
+STEPS_AFTER = 300
 CASES = [(1, 1), (2, 3), (4, 4), (8, 8), (14, 6), (6, 14)]  # Allies, Germans
 
 
@@ -94,11 +95,10 @@ def bits(value):
     return struct.pack(">f", value).hex()
 
 
-def course(planes, seed):
-    draw = Random(seed)
+def course(planes, steps, draw):
     lines = []
     before = [(plane.damage, plane.injury) for plane in planes]
-    for number in range(STEPS):
+    for number in range(steps):
         index, over = step(planes, draw)
         if index is None:
             continue
@@ -109,9 +109,15 @@ def course(planes, seed):
         kills = ",".join(str(kill) for kill in planes[hit.by].kills) if hit.by >= 0 else ""
         lines.append(f"{number} {int(over)} {index} {bits(hit.damage)} {bits(hit.injury)} "
                      f"{int(hit.is_out)} {int(hit.is_dead)} {hit.by} {kills}\n")
-    return "".join(lines) + f"{draw.made}\n"
+    return "".join(lines)
+
+
+def courses(allies, germans, seed):
+    draw = Random(seed)
+    first = course(mixed_plan(allies, germans, seed * 100), STEPS, draw)
+    return first + course(mixed_plan(germans, allies, seed * 100 + 1), STEPS_AFTER, draw)
 
 
 if __name__ == "__main__":
-    write("".join(course(mixed_plan(allies, germans, seed * 100), seed)
+    write("".join(courses(allies, germans, seed)
                   for allies, germans in CASES for seed in range(1, 7)))

@@ -38,6 +38,24 @@ TEST(Random, GivesThePublishedSequence) {
     }
 }
 
+// Whatever is taken between two looks, also where a block ends in between.
+TEST(Random, ShowsTheValuesAhead) {
+    zel::Random random(7);
+    std::mt19937 reference(7);
+    for (uint32_t look = 0; look < 3000; ++look) {
+        const uint32_t* values = random.ahead();
+        ASSERT_GE(random.ready(), zel::Random::LeastAhead);
+        std::mt19937 following = reference;
+        for (uint32_t i = 0; i < random.ready(); ++i)
+            ASSERT_EQ(values[i], following()) << look << ", " << i;
+        const uint32_t taken = look % (zel::Random::LeastAhead + 1);
+        random.skip(taken);
+        reference.discard(taken);
+        for (uint32_t i = 0; i < look % 3; ++i)
+            ASSERT_EQ(random.next(), reference());
+    }
+}
+
 TEST(Random, KeepsToItsBounds) {
     zel::Random random(11);
     std::mt19937 reference(11);
