@@ -36,6 +36,18 @@ zel::String ownedType(const zel::String& drawn, bool allied) {
     return drawn;
 }
 
+/// Fetches the records of a squadron's pilots together. Late in a war they are all over a few
+/// megabytes, and planning would wait for them one by one.
+void prefetchPilots(const Database& career, const Squadron& squadron) {
+    for (const int32_t pilot : squadron.slots) {
+        if (!career.isPilot(pilot))
+            continue;
+        const Pilot& record = career.pilots[pilot];
+        __builtin_prefetch(record.name);
+        __builtin_prefetch(&record.alive);
+    }
+}
+
 PlannedPlane planeOf(const Database& career, int32_t pilotIndex, int32_t squadron,
                      const zel::String& type) {
     const Pilot& pilot = career.pilot(pilotIndex);
@@ -171,6 +183,7 @@ bool PlanDraw::fillGroup(bool allied, const PlannedSide& side, int32_t count) {
     const size_t groupStart = plan.size();
     const int32_t lastSlot = squadron.pilotCount - 1;
     count = std::min(count, lastSlot + 1);
+    prefetchPilots(career, squadron);
     for (int32_t attempt = 0; count > 0 && attempt < MostAttempts; ++attempt) {
         const int32_t pilot = squadron.slots[random.getInt(0, lastSlot)];
         const bool drawnAlready =
