@@ -40,6 +40,22 @@ std::string_view postingDate(const std::vector<DataToken>& tokens) {
     return {};
 }
 
+/// One past the last line of a file. Most files have a few, so the empty places are skipped sixteen
+/// at a time.
+int32_t endOfLines(const PilotFile& file) {
+    constexpr int32_t Together = 16;
+    static_assert(LineReferenceCount % Together == 0);
+    int32_t end = LineReferenceCount;
+    for (; end > 0; end -= Together) {
+        int32_t all = -1;
+        for (int32_t i = end - Together; i < end; ++i)
+            all &= file.lines[i];
+        if (all >= 0)
+            break;
+    }
+    return end;
+}
+
 /// How good a named pilot is when he joins.
 uint8_t drawHistoricSkill(int32_t aceLevel, int32_t acePotential, zel::Random& random) {
     int32_t skill = 0;
@@ -61,12 +77,13 @@ uint8_t drawHistoricSkill(int32_t aceLevel, int32_t acePotential, zel::Random& r
 /// The postings of named pilots, as their files order them.
 class PilotPostings {
 public:
-    explicit PilotPostings(Database& career) : career(career), keys(career.squadrons) {}
+    explicit PilotPostings(Database& career) : career(career) {}
 
     /// Applies the lines of a pilot file that are due.
     void applyFile(int32_t fileIndex, std::string_view today) {
         const PilotFile& file = career.pilotFile(fileIndex);
-        for (int32_t place = 0; place < LineReferenceCount; ++place) {
+        const int32_t end = endOfLines(file);
+        for (int32_t place = 0; place < end; ++place) {
             const int32_t line = file.lines[place];
             if (line < 0 || career.dataLine(line).applied != 0)
                 continue;
@@ -90,7 +107,9 @@ public:
         for (const DataToken& token : tokens) {
             if (!token.is("unit") || token.value.empty())
                 continue;
-            const int32_t squadron = keys.find(token.value);
+            if (!keys)
+                keys.emplace(career.squadrons);
+            const int32_t squadron = keys->find(token.value);
             if (!career.isSquadron(squadron))
                 continue;
             if (file.joined == 0)
@@ -185,7 +204,7 @@ private:
     }
 
     Database& career;
-    SquadronKeys keys;
+    std::optional<SquadronKeys> keys;  // made for the first event: most updates have none
     std::vector<DataToken> lineTokens; // memory that one line leaves to the next
 };
 
