@@ -6,12 +6,25 @@
 #define XXH_INLINE_ALL
 #include <xxhash.h>
 
+#include "app/career/ChecksumAvx2.h"
 #include "engine/core/File.h"
+
+namespace {
+
+uint64_t hashOf(std::string_view bytes) {
+#ifdef __x86_64__
+    static const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
+    if (hasAvx2)
+        return hashWithAvx2(bytes.data(), bytes.size());
+#endif
+    return XXH3_64bits(bytes.data(), bytes.size());
+}
+
+} // namespace
 
 zel::String checksumOf(std::string_view bytes) {
     char text[20];
-    std::snprintf(text, sizeof text, "%016" PRIx64,
-                  static_cast<uint64_t>(XXH3_64bits(bytes.data(), bytes.size())));
+    std::snprintf(text, sizeof text, "%016" PRIx64, hashOf(bytes));
     return text;
 }
 
