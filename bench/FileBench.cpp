@@ -73,8 +73,8 @@ void createCareerBare(benchmark::State& state) {
 
 /// A career as it is in the middle of the war.
 Database& grownCareer() {
+    zel::setUserDirectory(workFolder()); // other benchmarks have folders of their own
     static const auto career = [] {
-        zel::setUserDirectory(workFolder());
         zel::Random::setStaticNumber(FileSeed);
         auto grown = std::make_unique<Database>();
         const MissionGenerator generator;
