@@ -20,6 +20,7 @@ constexpr int32_t StartYear = 1915;
 constexpr int32_t StartMonth = 12;
 constexpr int32_t StartDay = 1;
 constexpr size_t SquadronsOfWar = 400; // generated ones fill up to this
+constexpr size_t PilotsOfWar = 65536;  // room for most wars; what isn't used takes no memory
 // A new pilot's skill goes up to a draw in this range; his missions to a draw, of a draw, of one in
 // this range.
 constexpr int32_t LeastHighestSkill = 2;
@@ -170,7 +171,7 @@ void createCareer(Database& career, int32_t service) {
 
     const size_t planned = std::max(career.squadronFiles.size(), SquadronsOfWar);
     career.squadrons.reserve(planned);
-    career.pilots.reserve(planned * PilotsOfNewSquadron);
+    career.pilots.reserve(PilotsOfWar);
     for (int32_t i = 0; i < career.squadronFileCount(); ++i)
         makeHistoricalSquadron(career, i);
     while (career.squadrons.size() < SquadronsOfWar)
