@@ -28,7 +28,7 @@ void drawOnly(benchmark::State& state, uint64_t draws) {
         static_cast<void>(unused);
         int64_t sum = 0;
         for (uint64_t i = 0; i < draws; ++i)
-            sum += random.getIntUpTo<15>();
+            sum += random.next() % 16;
         benchmark::DoNotOptimize(sum);
     }
 }

@@ -8,7 +8,7 @@
 
 /// A folder for what the benchmarks of this run write, and of no other that goes on beside it.
 /// Removed at the end. It is in memory where the system has such a file system with room for a war:
-/// what a disk's file system takes for the same work varies by half from one turn to the next.
+/// the time that a disk's file system takes for the same work varies by half between two turns.
 class WorkFolder {
 public:
     WorkFolder()

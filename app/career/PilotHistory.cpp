@@ -40,8 +40,8 @@ std::string_view postingDate(const std::vector<DataToken>& tokens) {
     return {};
 }
 
-/// One past the last line of a file. Most files have a few, so the empty places are skipped sixteen
-/// at a time.
+/// A place behind the last line of a file, or soon after it: empty places are skipped sixteen at a
+/// time, and most files have few lines.
 int32_t endOfLines(const PilotFile& file) {
     constexpr int32_t Together = 16;
     static_assert(LineReferenceCount % Together == 0);

@@ -36,8 +36,8 @@ zel::String ownedType(const zel::String& drawn, bool allied) {
     return drawn;
 }
 
-/// Fetches the records of a squadron's pilots together. Late in a war they are all over a few
-/// megabytes, and planning would wait for them one by one.
+/// Fetches the records of a squadron's pilots together. Late in a war they are scattered over
+/// a few megabytes, and planning would wait for them one by one.
 void prefetchPilots(const Database& career, const Squadron& squadron) {
     for (const int32_t pilot : squadron.slots) {
         if (!career.isPilot(pilot))

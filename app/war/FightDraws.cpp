@@ -1,5 +1,7 @@
 #include "app/war/FightDraws.h"
 
+#include <algorithm>
+
 namespace {
 
 /// The places that sixteen draws select.

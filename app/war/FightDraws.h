@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -73,7 +72,7 @@ public:
     /// The places that the draws select.
     const uint8_t* placesAt(uint32_t draw) const { return &places[draw]; }
 
-    /// Takes the draws before that one from the generator. The window then shows what is ready.
+    /// Takes the next `count` draws from the generator. The window then shows what is ready.
     void take(uint32_t count);
 
 private:
@@ -94,7 +93,7 @@ private:
 
 /// How the draws of an attacker's aims are used: each aim draws a place, and one above his skill is
 /// followed by a draw that spoils the aim. Bit i of a path's number: draw i is above the skill.
-/// Whether one is can't be predicted, so the draws are looked up instead of tested one by one.
+/// That can't be predicted, so a table is read instead of testing draw by draw.
 struct AimPath {
     static constexpr uint32_t Aims = 4;
     std::array<float, Aims> least{};      // of the aim's factor: 1 for an aim that isn't spoilt

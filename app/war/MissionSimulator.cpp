@@ -44,14 +44,14 @@ float real(uint32_t draw) { return static_cast<float>(static_cast<int64_t>(draw)
 /// compilers turn one between floats, or by a bool, into a branch.
 float realIf(uint32_t condition, uint32_t draw) { return real(draw & (0U - condition)); }
 
-/// Spoils a value by `aims` aims, whose draws begin at `draws`. Gives the number of draws taken.
+/// Spoils a value by so many aims, whose draws begin at `draws`. Gives the number of draws taken.
 /// `above`: bit i is set when draw i is above the attacker's skill.
-template <uint32_t aims> uint32_t fumble(float& value, const uint32_t* draws, uint32_t above) {
-    static_assert(aims <= AimPath::Aims && fight::AimDraw == FightPlaces - 1);
+template <uint32_t Count> uint32_t fumble(float& value, const uint32_t* draws, uint32_t above) {
+    static_assert(Count <= AimPath::Aims && fight::AimDraw == FightPlaces - 1);
     const AimPath& path = AimPaths[above & 0xFF];
-    for (uint32_t i = 0; i < aims; ++i)
+    for (uint32_t i = 0; i < Count; ++i)
         value *= std::max(real(draws[path.factor[i]]) * WholeDraw, path.least[i]);
-    return path.next[aims];
+    return path.next[Count];
 }
 
 } // namespace
@@ -141,7 +141,7 @@ bool MissionSimulator::takeSteps(int32_t steps) {
     return isOver;
 }
 
-// Which draws a meeting takes is a coin toss again and again, which no processor can predict: both
+// Whether a meeting takes a draw is often a coin toss, which no processor can predict: both
 // outcomes are computed and one is kept.
 inline bool MissionSimulator::meet(const DrawWindow& window, DrawCursor& cursor) {
     const uint8_t* places = window.placesAt(cursor.next);
@@ -189,7 +189,8 @@ inline bool MissionSimulator::meet(const DrawWindow& window, DrawCursor& cursor)
     victim.injury += injury;
     if (victim.damage < fight::DamageThatDowns)
         return false;
-    cursor = window.cursorAt(cursor.next + 1); // one draw is dropped
+    // One draw is dropped: every career depends on the sequence.
+    cursor = window.cursorAt(cursor.next + 1);
     return takeOut(attackerPlace, targetPlace);
 }
 

@@ -47,7 +47,7 @@ private:
     };
 
     bool takeSteps(int32_t steps);
-    bool meet(const DrawWindow& window, DrawCursor& cursor);
+    inline bool meet(const DrawWindow& window, DrawCursor& cursor);
     bool takeOut(int32_t attacker, int32_t target);
 
     std::vector<PilotReport> pilots;

@@ -42,18 +42,14 @@ public:
         return static_cast<int32_t>((range != 0 ? value % range : value) +
                                     static_cast<uint32_t>(a));
     }
-    /// getInt(0, Most) with a division that the compiler resolves.
-    template <uint32_t Most> int32_t getIntUpTo() {
-        return static_cast<int32_t>(next() % (Most + 1));
-    }
     bool getBool() { return getInt(0, 1) == 1; }
     /// 0 to 1 inclusive: the largest draws round up to 1.
     float getFloat() { return static_cast<float>(next()) * 0x1p-32F; }
     float getFloat(float a, float b) { return getFloat() * (b - a) + a; }
 
-    /// At least that many values are ready after ahead().
+    /// At least this many values are ready after ahead().
     static constexpr uint32_t LeastAhead = 32;
-    /// So many words behind the ready values may be read, too. They mean nothing.
+    /// This many words past the ready values may be read as well; their contents mean nothing.
     static constexpr uint32_t Padding = 64;
 
     /// The next values without taking them, for hot code that takes some of them and then reports
