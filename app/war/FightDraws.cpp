@@ -53,8 +53,9 @@ void DrawWindow::fill() {
         uint64_t nextBehind = 0;
         uint64_t nextEmpty = 0;
         for (uint32_t i = 0; i < 64; i += 16) {
-            uint8_t* sixteen = &places[64 * word + i];
-            placesOf(ready + 64 * word + i, sixteen);
+            const uint32_t draw = 64 * word + i;
+            uint8_t* sixteen = &places[draw];
+            placesOf(ready + draw, sixteen);
             nextBehind |= uint64_t{placesAbove(sixteen, ofFront.data())} << i;
             nextEmpty |= uint64_t{placesAbove(sixteen, ofPlanes.data())} << i;
         }

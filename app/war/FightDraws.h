@@ -86,7 +86,7 @@ private:
     int32_t planes;
     const uint32_t* draws = nullptr;
     uint32_t last = 0;
-    std::array<uint8_t, 64 * Words> places; // of each draw
+    std::array<uint8_t, size_t{64} * Words> places; // of each draw
     std::array<uint64_t, Words>
         pairs; // bit of each draw, as in DrawCursor; set above the last step
 };

@@ -79,9 +79,9 @@ private:
     void fillState(uint32_t value);
     void makeBlock();
 
-    alignas(64) std::array<uint32_t, BlockSize> state{}; // from the start of a cache line
+    std::array<uint32_t, BlockSize> state{};
     // A block made from the state, and in front of it what was left of the one before.
-    alignas(64) std::array<uint32_t, LeastAhead + BlockSize + Padding> values{};
+    std::array<uint32_t, LeastAhead + BlockSize + Padding> values{};
     uint32_t index = LeastAhead + BlockSize; // of the next value
 };
 
