@@ -25,7 +25,7 @@ constexpr int32_t MonthsWithNames = 14; // for more there is no room
 constexpr const char* BlueText = "font-size=\"13\" fill=\"#23406B\"";
 constexpr const char* RedText = "font-size=\"13\" fill=\"#8E1F17\"";
 
-/// Lines of the scale go up to that.
+/// The highest value that gets a scale line.
 int32_t topOf(const std::vector<MonthScore>& months) {
     int32_t top = 4;
     for (const MonthScore& month : months)
@@ -38,7 +38,7 @@ void drawBars(Svg& svg, const MonthScore& month, float x, float width, float uni
     const auto own = static_cast<float>(month.own);
     const auto best = static_cast<float>(month.best);
     svg.rect(x, ground - own * unit, bar, own * unit, "fill=\"#2B4B2E\" stroke=\"#2A1E12\"");
-    // Hatched, for those who see no colour.
+    // Hatched, for colour-blind readers.
     const auto height = static_cast<int32_t>(std::ceil(own * unit));
     for (int32_t line = 4; line < height; line += 6) {
         const float y = ground - static_cast<float>(line);

@@ -180,7 +180,7 @@ int32_t BookTables::realScore(const RealAce& ace, int32_t date) {
         return ace.victories;
     if (days.empty())
         return -1;
-    // Some lists of days lack a victory or have one too many: the total is the better known.
+    // Some lists of days lack a victory or have one too many: the total is more reliable.
     const auto known = int32_t(std::upper_bound(days.begin(), days.end(), date) - days.begin());
     return std::min(known, ace.victories);
 }

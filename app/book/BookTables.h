@@ -47,7 +47,7 @@ struct AwardRow {
     int32_t victories = 0;    // from which on it is given
     bool countsOwn = false;   // only victories since the decoration began count
     int32_t flights = 0;      // at least
-    int32_t flightsAlone = 0; // so many flights do in place of the victories; 0: none do
+    int32_t flightsAlone = 0; // this many flights count instead of victories; 0: never
     int32_t place = 0;        // in the order in which they are worn, 1 is the highest
     Worn worn = Worn::None;
     zel::String letters; // after the name: "DSO"; empty if there are none
@@ -94,8 +94,8 @@ public:
     const RealAce* ace(const zel::String& name) const;
     /// The decoration of that key; null for none.
     const AwardRow* award(std::string_view key) const;
-    /// How many he had brought down in the real war up to that day; -1 if that isn't known by the
-    /// day, and the day is not the end of the war.
+    /// How many he had brought down in the real war up to that day; -1 if his victories aren't
+    /// known by day, unless his flying or the war was over by then.
     static int32_t realScore(const RealAce& ace, int32_t date);
 
     std::vector<RankRow> ranks;   // in the file's order

@@ -14,8 +14,8 @@ struct Citation {
     std::string picture; // key of the decoration; "star" for a rank
 };
 
-/// What the pilot was given after that day, the oldest first. The rank with which he came isn't
-/// among it, nor one that only has another name.
+/// What the pilot was given after that day, the oldest first. Leaves out his first rank and ranks
+/// that merely change name.
 std::vector<Citation> citationsAfter(const PilotRecord& pilot, int32_t date);
 /// Whose texts are about a pilot of that nation: 0 for the British and American ones, 1 for the
 /// French, 2 for the German.

@@ -158,7 +158,8 @@ Succession successionAfter(SqliteFile& record, const Database& career, int32_t p
     return one.predecessor == pilot ? one : Succession();
 }
 
-/// Of to-day's player if the record doesn't know who came. Empty if nobody has.
+/// The successor with his title: today's player if the record names no successor. Empty if nobody
+/// has come.
 zel::String successorTitle(SqliteFile& record, const Database& career, int32_t fallen,
                            const Succession& known) {
     const bool isFollowed = fallen != career.playerPilot && career.player().alive != 0;

@@ -7,8 +7,8 @@
 class Database;
 class SqliteFile;
 
-/// The letter to the family of a pilot of the player's who fell, and the card with his successor,
-/// in the language in use.
+/// The letter to the family of one of the player's pilots who fell, and the card with his
+/// successor, in the language in use.
 struct Condolence {
     int32_t date = 0;   // yyyymmdd, of his last flight, or a later day if the record lacks it
     int32_t nation = 0; // of his squadron
@@ -23,9 +23,9 @@ struct Condolence {
 /// file has failed.
 Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pilot);
 
-/// The pilot of the player's who fell last, if his successor hasn't flown yet; -1 for nobody.
+/// The last of the player's pilots to fall, if his successor hasn't flown yet; -1 for nobody.
 int32_t lastFallen(SqliteFile& record, const Database& career);
-/// The pilot whom the player succeeded as that one; -1 for nobody.
+/// That pilot's predecessor; -1 if he succeeded nobody.
 int32_t predecessorOf(SqliteFile& record, const Database& career, int32_t pilot);
 
 /// All of the letter as lines.

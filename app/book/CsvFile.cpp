@@ -21,7 +21,7 @@ std::vector<std::string> namesIn(std::string_view header) {
     return names;
 }
 
-/// Whether the names are those wanted, of which "text_*" takes all that begin with "text_".
+/// Whether the header matches; "text_*" matches any number of columns that begin with "text_".
 bool fits(const std::vector<std::string>& names, const std::vector<std::string>& wanted) {
     size_t at = 0;
     for (const std::string& name : wanted) {

@@ -12,8 +12,8 @@
 class CsvFile {
 public:
     /// header: the first line that the file must have; a name that ends in `*` matches any
-    /// number of columns with that beginning, even none. On error: a file that begins otherwise is
-    /// logged, as is one that is missing, unless it may be, and has no rows.
+    /// number of columns with that beginning, even none. On error: a file with another header, or a
+    /// missing one unless mayBeMissing, is logged and has no rows.
     CsvFile(const zel::String& name, std::string_view header, bool mayBeMissing = false);
 
     /// Names of the file's columns; empty without rows.
@@ -25,7 +25,7 @@ public:
     const std::string& text(size_t field) const { return fields[field]; }
     /// The same as a number, 0 for an empty field; logs one that isn't all digits, and returns 0.
     int32_t number(size_t field) const;
-    /// The same as a date; logs one that is none, and returns 0.
+    /// The same as a date; logs a field that isn't a date, and returns 0.
     int32_t date(size_t field) const;
     /// Logs what is wrong with the present row.
     void report(const zel::String& what) const;

@@ -33,7 +33,7 @@ zel::String nameOf(const Database& career, int32_t pilot) {
     return zel::arrayText(career.pilot(pilot).name);
 }
 
-/// A mention isn't given to him: he is named.
+/// A mention isn't awarded; the text says he is mentioned.
 zel::String awardedText(const AwardRow& award) {
     if (award.key == "mention")
         return textOf(wording::YouAreMentioned);

@@ -32,5 +32,6 @@ struct Diary {
     WarPart war;
 };
 
-/// On error: that the record can't be read and what the real war knows, and the file has failed.
+/// On error: a line saying that the record can't be read, and the real war's lines; the file has
+/// failed.
 Diary readDiary(SqliteFile& record, const Database& career);

@@ -2,7 +2,7 @@
 
 #include "app/career/Wording.h"
 
-// What is said of a name and of the squadrons when a player enlists.
+// What the enlistment says about a name and about the squadrons.
 // clang-format off
 namespace wording {
 

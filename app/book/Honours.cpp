@@ -17,7 +17,7 @@ int32_t dayAfter(int32_t date) {
     return day.dateNumber();
 }
 
-/// The same day so many months later, or the last one of its month.
+/// The same day `months` months later, or the last one of its month.
 int32_t monthsLater(int32_t date, int32_t months) {
     const int32_t month = date / 10000 * 12 + date / 100 % 100 - 1 + months;
     const int32_t year = month / 12;
@@ -105,7 +105,8 @@ private:
             given.ranks.back().rank = rank;
     }
 
-    /// In another branch, or when the services change, he gets the rank there that is his.
+    /// In another branch, or when the services change, he gets the new branch's rank of his level,
+    /// or the next lower one.
     void keepRank(int32_t date) {
         const RankRow* held = given.rank();
         if (held == nullptr || isHeldOn(*held, date))

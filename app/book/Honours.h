@@ -48,9 +48,10 @@ struct Honours {
     int32_t palms = 0; // on the Croix de guerre
 
     const RankRow* rank() const { return ranks.empty() ? nullptr : ranks.back().rank; }
+    /// Whether he has the decoration of that key.
     bool has(std::string_view key) const;
-    /// The ranks that he earned: neither that with which he came nor one of another branch, be it
-    /// higher by the tables.
+    /// The ranks that he earned: neither his first rank nor one that came with another branch, even
+    /// if the tables rank it higher.
     std::vector<RankGiven> promotions() const;
     /// Those that are worn with a ribbon of their own, the highest first.
     std::vector<AwardGiven> ribbons() const;
@@ -66,8 +67,8 @@ Branch branchOfUnit(int32_t number);
 
 /// Follows a service day by day: what is earned on one day is given on the next, one rank and one
 /// decoration that is worn a day. So whatever a period of the war brings follows from its own days
-/// alone. With the victories of a rank it takes its months, with twice as many half of them, with
-/// fewer twice as long.
+/// alone. A rank takes its months of service, half of them with twice its victories, double with
+/// fewer victories.
 Honours honoursOf(const PilotService& service, const BookTables& tables = BookTables::instance());
 
 /// "Captain Edward Harcourt DSO MC", and with the short rank "Capt Edward Harcourt DSO MC"; the

@@ -83,8 +83,8 @@ private:
         plan.push_back({pilot, row.text(4)});
     }
 
-    /// The opponents of whom the reports don't show that they took part, in the flight's events:
-    /// most are in one of the first.
+    /// Finds, in the flight's events, opponents whose reports show no part in the fight. Most are
+    /// in one of the first events.
     void seekUnseen(BookFlight& flight) {
         if (unseen.empty())
             return;

@@ -11,14 +11,14 @@ class SqliteFile;
 /// From which damage on a machine counts as damaged, as in the combat report.
 constexpr float NotedDamage = 0.01F;
 
-/// So many machines of a type: an identifier of the aircraft table, or the type in the log of one
-/// that isn't in the plan.
+/// A number of machines of one type: an identifier of the aircraft table, or the type in the log
+/// for a machine that isn't in the plan.
 struct MachineCount {
     zel::String aircraft;
     int32_t count = 0;
 };
 
-/// Adds so many machines of that name, which is listed once.
+/// Adds `count` machines of that name, which is listed once.
 void addTo(std::vector<MachineCount>& machines, const zel::String& name, int32_t count = 1);
 /// The most frequent first; those of equal count stay in the order in which they were met.
 void sortByCount(std::vector<MachineCount>& machines);

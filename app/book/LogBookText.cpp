@@ -165,8 +165,9 @@ zel::String machineText(const zel::String& aircraft, size_t letters) {
     if (whole.size() <= letters || blank == std::string_view::npos)
         return cutTo(name, letters);
     const std::string_view last = whole.substr(blank + 1);
+    // A word such as "late" isn't a name.
     const bool isName = last.size() >= LeastName && last.find('.') == std::string_view::npos &&
-                        last.front() >= 'A' && last.front() <= 'Z'; // a word such as "late" is none
+                        last.front() >= 'A' && last.front() <= 'Z';
     return cutTo(isName ? last : whole.substr(0, blank), letters);
 }
 

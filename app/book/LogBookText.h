@@ -25,14 +25,15 @@ constexpr size_t WithLetters = 15;
 constexpr size_t AgainstLetters = 18;
 constexpr size_t ResultLetters = 19;
 
+/// A flight's row, its texts cut to the columns' widths.
 LogBookRow logBookRow(const BookFlight& flight);
 /// The same where there is room for everything: nothing is cut.
 LogBookRow wholeRow(const BookFlight& flight);
 /// The heads of the columns.
 LogBookRow logBookHeads();
 
-/// "Two down", "Slightly injured", "One down, damaged": what the flight came to. Without its second
-/// half where both have more than so many letters.
+/// "Two down", "Slightly injured", "One down, damaged": what the flight came to. Only the more
+/// important half where both have more than `letters` characters.
 zel::String resultText(const BookFlight& flight, size_t letters = ResultLetters);
 /// "You came back slightly wounded.", by the percent of an injury.
 zel::String woundText(int32_t percent);
@@ -54,13 +55,13 @@ zel::String initialName(const zel::String& name, size_t letters);
 /// "Albatros D.III" of an identifier, "observation balloon" of an object on the ground; of another
 /// text that text.
 zel::String machineText(const zel::String& aircraft);
-/// The same in at most so many letters: "Halberstadt" of "Halberstadt D.II", "Triplane" of
+/// The same in at most `letters` characters: "Halberstadt" for "Halberstadt D.II", "Triplane" for
 /// "Sopwith Triplane".
 zel::String machineText(const zel::String& aircraft, size_t letters);
-/// The text in at most so many letters: its end is "..." where it is longer. REQUIRES: three or
-/// more.
+/// The text in at most `letters` characters: a longer one is cut and ends in "...". REQUIRES:
+/// letters is three or more.
 zel::String cutTo(const zel::String& text, size_t letters);
-/// The text with blanks up to so many bytes, or cut to them.
+/// The text padded with blanks to `letters` bytes, or cut to them.
 zel::String column(const zel::String& text, size_t letters);
 
 /// What a book without flights says in its first row.

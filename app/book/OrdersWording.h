@@ -2,7 +2,7 @@
 
 #include "app/career/Wording.h"
 
-// What the orders of the day say of the flight.
+// What the orders of the day say about the flight.
 // clang-format off
 namespace wording {
 

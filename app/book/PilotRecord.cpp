@@ -15,8 +15,8 @@
 
 namespace {
 
-/// Reads one pilot. Rows of a pilot of the player's are found by his flights, since the record
-/// indexes those.
+/// Reads one pilot. The player's own pilots are found through their flights, which the record
+/// indexes.
 class PilotReader {
 public:
     PilotReader(SqliteFile& record, const Database& career, PilotRows& rows, PilotRecord& pilot)
@@ -119,8 +119,7 @@ private:
         sortPostings();
     }
 
-    /// He came to the squadron that he left first, or is in still. What moved him before that
-    /// isn't his story.
+    /// He came to the squadron that he left first, or is still in. Earlier moves aren't shown.
     void addArrival() {
         auto& postings = pilot.postings;
         postings.erase(
@@ -134,7 +133,7 @@ private:
         postings.insert(postings.begin(), {PilotPosting::Came, pilot.since, squadron, -1, {}});
     }
 
-    /// What the rows of pilots don't know is searched in the time of his service.
+    /// Rows that `rows` hasn't gathered are searched within his time of service.
     void readOthers(bool mayGather) {
         if (mayGather)
             rows.gather(record, PilotRows::All);

@@ -50,8 +50,8 @@ struct PilotRecord {
     std::vector<PilotVictory> victories; // those in the record, which may be fewer
     std::vector<PilotPosting> postings;
     std::vector<int32_t> flights; // days of the player's flights; of others none are known
-    /// What the honours follow from. What the save has and the record doesn't is of the last day of
-    /// the last gap.
+    /// What the honours follow from. What only the save has is dated to the last day of the last
+    /// gap.
     PilotService served;
     Honours honours;
     const RealAce* real = nullptr; // who he was, if he is a pilot of history

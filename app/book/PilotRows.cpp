@@ -15,7 +15,7 @@ constexpr int32_t MostPilots = 1'000'000; // more than any war has: the file may
 bool PilotRows::gather(SqliteFile& record, int64_t most) {
     if (page.id == 0 || hashOf(record, page.id) != page.hash)
         *this = {};
-    // The rows of a page never change: so the newer page is the one to be remembered.
+    // The rows of a page never change, so remember the newer page.
     if (const Page newest = newestPage(record); newest.id > 0)
         page = newest;
     readOn(record, "SELECT id, victor FROM victory WHERE id > ? AND id <= ? ORDER BY id LIMIT ?",

@@ -12,7 +12,7 @@ class PilotRows {
 public:
     static constexpr int64_t All = INT64_MAX;
 
-    /// Reads at most so many rows on. Returns whether those of all pages are known. On error: the
+    /// Reads at most `most` more rows. Returns whether those of all pages are known. On error: the
     /// file has failed.
     bool gather(SqliteFile& record, int64_t most);
 

@@ -72,7 +72,7 @@ void readReports(SqliteFile& record, RecordedFlight& flight) {
     }
 }
 
-/// A place that a damaged record may have wrong.
+/// Clears an index that a damaged record may have out of range.
 void checkPlace(int32_t& place, size_t count) {
     if (place < 0 || static_cast<size_t>(place) >= count)
         place = -1;

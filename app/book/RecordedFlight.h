@@ -16,7 +16,7 @@ struct RecordedFlight {
     int32_t squadron = -1;
     zel::String base; // in English
     bool onChannelMap = false;
-    /// Of the reports what the record keeps: no hits of one another, no planned figures.
+    /// The reports are as recorded: without their lists of hits and the planned figures.
     FlownMission mission;
 };
 
@@ -26,6 +26,6 @@ std::optional<RecordedFlight> readFlight(SqliteFile& record, int32_t number = 0)
 
 /// Whether an event of that kind is the end of its target.
 bool isEnd(FlightEventKind kind);
-/// The town near which the log has the end of the report at that place: that of the first such
-/// event near one. Null if the log doesn't say where, or far from any.
+/// The town nearest to where the log reports that record's end, by the first such event near a
+/// town. place: index of the report. Null if the log doesn't say where, or far from any town.
 const char* townOfEnd(const RecordedFlight& flight, int32_t place);

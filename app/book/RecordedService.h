@@ -16,7 +16,7 @@ struct SavedPilot {
     int32_t date = 0;  // of the save, yyyymmdd
     int32_t missions = 0;
     int32_t victories = 0;
-    /// The record may be further than the save: it counts up to that day and these two figures.
+    /// The record may be ahead of the save: it counts up to that day and these two figures.
     bool isShelved = false;
 };
 

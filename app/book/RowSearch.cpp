@@ -6,8 +6,8 @@
 
 namespace {
 
-/// The least key for which the first row from there on, which the statement gives as its key and a
-/// number, has at least that number.
+/// Binary search: the lowest key from which the next row's number is at least `least`; last + 1 if
+/// there is none. rowFrom gives the first row from a key on, as its key and its number.
 int64_t search(SqliteStatement& rowFrom, int64_t last, int32_t least) {
     int64_t low = 1;
     int64_t high = last + 1;

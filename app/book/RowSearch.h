@@ -31,7 +31,7 @@ int64_t firstRowFrom(SqliteFile& record, DatedTable table, int32_t date);
 int64_t firstArrivalFrom(SqliteFile& record, int32_t pilot);
 
 /// How the book names one of a flight's reports: the career's pilot by his name, an object on the
-/// ground by what it is, and else as in the log.
+/// ground by what it is, otherwise by its name in the log.
 zel::String nameOfReport(const Database& career, int32_t pilot, const zel::String& name,
                          const zel::String& type);
 

@@ -24,7 +24,7 @@ constexpr std::string_view AwardKeys[] = {
     "golden", "house",         "iron1",    "iron2", "cup",        "medalofhonor",
 };
 static_assert(std::size(AwardKeys) == std::size(wording::Awards));
-// American ones that are called as those of the Allies.
+// American ones with the same name as an Allied one.
 constexpr std::pair<std::string_view, std::string_view> SameNames[] = {{"usdsc", "dsc"},
                                                                        {"uscroix", "croix"}};
 
@@ -239,7 +239,7 @@ std::vector<zel::String> severalPilots(const Database& career, const std::vector
     if (pilots.empty())
         return {};
     std::vector<zel::String> lines = {textOf(wording::SeveralPilots)};
-    // One pilot over the limit takes the line that would count him.
+    // If only one is over the limit, show him instead of "and 1 more".
     const size_t shown = pilots.size() <= MostListed + 1 ? pilots.size() : MostListed;
     for (size_t i = 0; i < shown; ++i) {
         const Pilot& pilot = career.pilot(pilots[i]);

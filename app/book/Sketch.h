@@ -29,26 +29,27 @@ struct SketchLine {
     bool isLoss = false; // of a plane
 };
 
-/// The part of the map that a sketch shows: squares of so many kilometres, from its lower left
+/// The part of the map that a sketch shows: squares of `kilometres` each way, from its lower left
 /// corner on.
 struct SketchFrame {
     static constexpr int32_t Columns = 30;
     static constexpr int32_t Rows = 23;             // the last one is cut
-    static constexpr float Shape = 476.0F / 624.0F; // its height in its widths
+    static constexpr float Shape = 476.0F / 624.0F; // height divided by width
     MapPoint southWest;
     int32_t kilometres = 1; // of a square: 1, 2 or 5, times a power of ten
 
     float width() const { return static_cast<float>(Columns * kilometres) * 1000; } // metres
     float height() const { return width() * Shape; }
+    /// Whether the point is within the frame.
     bool holds(const MapPoint& point) const {
         return point.x >= southWest.x && point.x <= southWest.x + height() &&
                point.z >= southWest.z && point.z <= southWest.z + width();
     }
 };
 
-/// The fight of a flight as the log has it: its events with a place, and nothing else, on the
+/// A flight's fight as logged: the events that have a position, and nothing else, on the map of the
 /// country below. Once a plane is lost, the only event shown of it is the landing of a survivor.
-/// All within the frame with a square to spare but front and towns.
+/// Everything except front and towns is at least one square inside the frame.
 struct Sketch {
     SketchFrame frame;
     std::vector<MapPoint>

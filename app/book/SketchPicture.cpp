@@ -57,7 +57,7 @@ private:
     float y(const MapPoint& point) const {
         return height - (point.x - sketch.frame.southWest.x) * scale;
     }
-    /// The pieces of it on the map, moved so many pixels to its left.
+    /// The pieces of the front that are on the map, moved `aside` pixels to its left.
     void front(float aside, const char* style) {
         bool isOpen = false;
         for (size_t i = 1; i < sketch.front.size(); ++i) {
@@ -91,7 +91,7 @@ private:
     Clip onMap(const Pixel& from, const Pixel& to) const {
         constexpr float Edge = 1;
         Clip part;
-        // room: from its begin to that edge; step: how far it goes that way.
+        // room: from its beginning to that edge; step: how far it goes that way.
         const auto cut = [&](float step, float room) {
             if (step > 0)
                 part.end = std::min(part.end, room / step);

@@ -2,7 +2,7 @@
 
 #include "app/career/Wording.h"
 
-// What the sketch of a fight says of the log's events. $1 is who did it, $2 to whom; in forms of
+// What the sketch of a fight says about the log's events. $1 is who did it, $2 to whom; in forms of
 // three the second is for the player as the one who did it, the third for him as the other.
 // clang-format off
 namespace wording {

@@ -16,9 +16,9 @@
 
 namespace {
 
-/// Units whose names are long, and what is in place of them.
+/// Units whose names are long, and their short forms.
 struct LongNames {
-    int32_t base; // less than their numbers by what the name says
+    int32_t base; // subtracted from the unit's number to get the number in its name
     const Wording* shortForm;
 };
 constexpr LongNames AllLongNames[] = {{101900, &wording::ShortChasse},
@@ -70,7 +70,7 @@ void forEachEntry(const Database& career, const int32_t (&lines)[LineReferenceCo
     }
 }
 
-/// What a pilot whom the table of aces lacks counts for, by his level in the data files.
+/// The score of a pilot who isn't in the table of aces, by his level in the data files.
 int32_t victoriesOfLevel(int32_t level) { return level == 1 ? 20 : level == 2 ? 10 : 5; }
 
 struct KnownPilot {

@@ -37,7 +37,7 @@ zel::String marked(const StandingRow& row, const zel::String& name) {
     return row.isAlive ? name : textOf(wording::LateName, {name});
 }
 
-/// At the right of so many letters.
+/// Right-aligned in `letters` characters.
 zel::String atRight(const zel::String& text, size_t letters) {
     const auto length = size_t(text.length());
     return zel::String(std::string(letters - std::min(letters, length), ' ')) + text;

@@ -22,7 +22,7 @@ struct StandingRow {
 
 /// The player's squadron, the best first.
 std::vector<StandingRow> rosterRows(const Database& career);
-/// The best of the war, living and dead, as far as they have five victories; at most so many.
+/// The best of the war, living and dead, as far as they have five victories; at most `most`.
 std::vector<StandingRow> aceRows(const Database& career, size_t most);
 /// A pilot among all those of the war; without a victory he has no place.
 /// REQUIRES: career.isPilot(index)
@@ -45,5 +45,5 @@ zel::String placeText(const StandingRow& own);
 zel::String rollLine(const StandingRow& row);
 constexpr size_t RollLetters = 50;
 
-/// "M. von Richthofen": the first name as its letter.
+/// "M. von Richthofen": with the first name as an initial.
 zel::String shortName(const zel::String& name);

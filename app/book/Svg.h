@@ -6,7 +6,7 @@
 #include "engine/core/String.h"
 
 /// A drawing for a web page, piece by piece. Texts are bytes of the code page of TextEncoding.h;
-/// the drawing is UTF-8 and needs nothing from elsewhere.
+/// the drawing is UTF-8 and self-contained.
 class Svg {
 public:
     enum class Anchor { Start, Middle, End };
@@ -29,7 +29,7 @@ public:
     /// page's template; empty for none.
     std::string element(const zel::String& title, const zel::String& description,
                         std::string_view cssClass = {}) const;
-    /// The element as an ornament beside words that say the same, so wide in the page's pixels.
+    /// The element as a decoration next to text that says the same, shownWidth page pixels wide.
     std::string ornament(std::string_view cssClass, int32_t shownWidth) const;
 
 private:

@@ -10,8 +10,8 @@ struct Place {
     float north;
 };
 
-/// Where a map has the point 3.5 east, 50 north, and its metres a degree: both maps are true to
-/// scale and nearly turned to the north. Fitted to the airfields of app/career/Bases.cpp.
+/// Map position of 3.5 degrees east, 50 degrees north, and metres per degree: both maps are true to
+/// scale and almost north-up. Fitted to the airfields of app/career/Bases.cpp.
 struct MapFit {
     float x, xByEast, xByNorth;
     float z, zByEast, zByNorth;

@@ -105,7 +105,7 @@ private:
         }
     }
 
-    /// A step up on each of the days, from the begin to the end of the line.
+    /// A step up on each of the days, from the beginning to the end of the line.
     void drawSteps(int32_t begin, int32_t end, int32_t first, const std::vector<int32_t>& days,
                    const char* style) {
         int32_t total = first;
@@ -154,7 +154,7 @@ private:
             drawSteps(first.date, last.date, first.total - first.victories, days, OwnLine);
             sentences.push_back(textOf(wording::TotalOfChart, {last.pilotName, last.total}));
             const zel::String words = lastName(last.pilotName) + " " + last.total;
-            // A predecessor's where it is clear of the one before.
+            // A predecessor's name, where it doesn't overlap the previous one.
             if (next == book.flights.size()) {
                 names.push_back({y(last.total), words, true});
             } else if (clear <= x(last.date)) {

@@ -8,7 +8,7 @@
 class Database;
 class SqliteFile;
 
-/// How far the player's war is.
+/// How far the player has got in the war.
 struct WarPart {
     int32_t since = 0; // yyyymmdd: from when on he flies, his predecessors included
     int32_t today = 0;

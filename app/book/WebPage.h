@@ -7,8 +7,8 @@
 class Database;
 class SqliteFile;
 
-/// The log book as one web page without scripts, which needs nothing from elsewhere: UTF-8, in the
-/// language in use. The template is Data\Book\logbook.html.
+/// The log book as one self-contained web page without scripts: UTF-8, in the language in use. The
+/// template is Data\Book\logbook.html.
 struct WebPage {
     std::string html;    // empty if there is no flight, or on error
     zel::String problem; // why, in English; empty if there is none

@@ -12,7 +12,7 @@ namespace {
 
 using Days = std::vector<int32_t>;
 
-/// So many days from the first one on, so many days apart.
+/// `count` days from the first one on, `step` days apart.
 Days every(int32_t step, int32_t first, int32_t count) {
     Days days;
     for (Calendar day = Calendar::ofNumber(first); count > 0; --count, day.addDays(step))

@@ -66,7 +66,7 @@ TEST(PilotRecordTest, KnowsWhatIsShownAndWhoIsMeant) {
     EXPECT_TRUE(pilotsNamed(career, "nobody").empty());
 }
 
-// Whether gathered before a save, after it, or of a course of the war that was given up.
+// Whether gathered before a save, after it, or from a timeline that was given up.
 TEST(PilotRowsTest, FindWhatASearchFinds) {
     const PinnedRun run(12);
     RecordedProgram program;
@@ -173,7 +173,7 @@ TEST_F(PlayersRecordTest, HoldsHisServiceUpToHisDeath) {
     EXPECT_EQ(flyingText(pilot), "Flying since 3 September 1917: 9 flights");
 }
 
-// What was won before the record began counts from its begin on.
+// What was won before the record began counts from its beginning on.
 TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
     record.career.pilots[0].shotdowns = 21;
     record.events.gaps.push_back({19151201, 19170903});
@@ -187,7 +187,7 @@ TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
     EXPECT_EQ(flyingText(pilot), "30 flights") << "since when isn't known";
 }
 
-// Of a save that the record is further than, too.
+// Also for a save that the record is ahead of.
 TEST_F(PlayersRecordTest, CountsUpToTheGapBeforeASave) {
     record.events.gaps = {{19151201, 19170904}, {19170919, 19170920}};
     record.career.playerPilot = 1;

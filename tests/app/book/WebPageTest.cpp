@@ -16,7 +16,7 @@ struct WebPageTest : testing::Test {
     WebPageTest() { initPlaneNames(); }
     ~WebPageTest() override { zel::Language::reset(); }
 
-    /// So many flights; every second one brings a victory over a man of that name.
+    /// Adds `count` flights; every second one brings a victory over a man of that name.
     void addFlights(int32_t count, const char* victim) {
         const FlightPlane own{0, 0, "Erich Sommer", "albatrosd3", Germany, 1};
         const FlightPlane other{30, 0, victim, "sopcamel", England, 1};
