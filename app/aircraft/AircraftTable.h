@@ -78,7 +78,7 @@ inline constexpr Aircraft AircraftRows[] = {
 class AircraftTable {
 public:
     static const std::vector<Aircraft>& rows() { return held(); }
-    /// For tests. Who keeps lists of his own, such as initPlaneNames(), has to make them again.
+    /// For tests. Callers that cache lists, such as initPlaneNames(), must rebuild them.
     static void replace(std::vector<Aircraft> rows) { held() = std::move(rows); }
 
 private:

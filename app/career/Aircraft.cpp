@@ -158,7 +158,7 @@ bool offers(const Period& period, int32_t nation) {
                        [nation](int32_t plane) { return accepts(nation, plane); });
 }
 
-/// The first type drawn that the nation accepts; -1 if so many draws give none.
+/// The first type drawn that the nation accepts; -1 if `tries` draws give none.
 int32_t drawAccepted(const Period& period, int32_t nation, int32_t tries, zel::Random& random) {
     for (int32_t i = 0; i < tries; ++i) {
         const int32_t plane = drawPlane(period, random);

@@ -15,7 +15,7 @@ struct Airfield {
     float x, y, z;
 };
 
-constexpr int32_t SquadronsPerChannel = 5; // one in so many goes there, where it may be drawn
+constexpr int32_t SquadronsPerChannel = 5; // one in this many goes there, where it may be drawn
 
 // In the order of the draw.
 // clang-format off

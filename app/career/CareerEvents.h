@@ -69,7 +69,7 @@ enum class FlightEventKind : uint8_t {
     Position, // of the player's plane
 };
 
-/// What the simulator's log says of a moment of the flight.
+/// What the simulator's log reports at a moment of the flight.
 struct FlightEvent {
     FlightEventKind kind = FlightEventKind::Hit;
     float seconds = 0;   // since the mission's begin

@@ -17,7 +17,7 @@ class String;
 /// Hears of what happens in a career (CareerEvents.h). It may not change the career nor take a draw
 /// from any generator: with and without an observer a seed gives the same career.
 ///
-/// Each operation is called in the midst of the career's work, with the career's date already the
+/// Each operation is called in the middle of the career's work, with the career's date already the
 /// day on which it happens. Database::observer names the one of a career.
 class CareerObserver {
 public:
@@ -34,15 +34,15 @@ public:
         return SaveMatch::Unknown;
     }
     /// The career is about to be written; `content` is the whole save file, which is on the disk
-    /// but has not its name yet. That may still fail. False if matchSave() will not know the
+    /// but doesn't have its name yet. That may still fail. False if matchSave() will not know the
     /// content.
     virtual bool onSaving(const Database&, std::string_view /*content*/) { return true; }
     /// The save that onSaving() announced has its final name.
     virtual void onSaved(const Database&) {}
 
-    /// Before the victor's victories are raised and anybody is dead.
+    /// Called before the victor's victories are raised and before anybody is marked dead.
     virtual void onVictory(const Database&, const Victory&) {}
-    /// After the records say so.
+    /// Called after the records have changed.
     virtual void onPosting(const Database&, const Posting&) {}
     /// The player's squadron has another base.
     virtual void onBaseChange(const Database&) {}

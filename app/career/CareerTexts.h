@@ -36,6 +36,7 @@ zel::String listed(const std::vector<zel::String>& parts);
 /// "A, B and C"; empty without any.
 zel::String enumerated(const std::vector<zel::String>& parts);
 
+/// Whether the career's date is the day of the Armistice or later.
 bool isWarOver(const Database& career);
 /// "Next Mission" or "The War is over!".
 zel::String missionButtonText(const Database& career);

@@ -12,7 +12,7 @@ class Database;
 /// Reads the squadron and pilot folders, the delivered ones before the player's own, and replaces
 /// what the career holds of them. A file of a name met before adds its lines to the same record.
 /// On error: bad files are logged and read as far as they make sense. If the disk failed in the
-/// midst of one, Database::hasBrokenHistory is set.
+/// middle of one, Database::hasBrokenHistory is set.
 void readDataFiles(Database& career);
 /// Whether a line of that squadron's file names the type.
 bool hasAircraft(const Database& career, const zel::String& key, const zel::String& plane);

@@ -19,7 +19,7 @@ constexpr auto LastSkill = static_cast<int32_t>(std::size(DivisorsOfSkill)) - 1;
 constexpr int32_t ValueOfAce = 5;
 constexpr int32_t ValueOfVeteran = 3;
 
-/// From that skill on, so many missions make a pilot experienced.
+/// From that skill on, this many missions make a pilot experienced.
 struct Experience {
     int32_t skill, missions;
 };

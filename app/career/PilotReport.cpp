@@ -19,7 +19,7 @@ const zel::String& aircraftOf(const PilotReport& report) {
     return report.plannedType.empty() ? report.type : report.plannedType;
 }
 
-/// While everybody is as alive as he was before the fight.
+/// Runs before anybody is marked dead.
 void reportVictories(const std::vector<PilotReport>& reports, const Database& career, bool isSeen) {
     for (const PilotReport& report : reports) {
         if (!career.isPilot(report.pilot))
@@ -48,7 +48,7 @@ Posting deathOf(const PilotReport& report, const std::vector<PilotReport>& repor
     death.kind = PostingKind::Died;
     death.pilot = report.pilot;
     const int32_t by = report.shotdownBy >= 0 ? report.shotdownBy : report.shotdownByOwn;
-    // Who damages himself last falls to nobody.
+    // If he did the last damage himself, nobody is credited.
     if (by < 0 || &reports[by] == &report) {
         death.cause = PostingCause::Crash;
         return death;

@@ -164,9 +164,9 @@ bool isMissing(const zel::String& path) {
            zel::system::lastFault() == zel::FileFault::Missing;
 }
 
-/// Where no file has the save's name, as a program leaves it that was killed in the midst of a
-/// save: gives that name to a whole draft, or finds the save before it. Returns the name of the
-/// file to read, in the user's folder.
+/// Where no file has the save's name, as after a program that was killed in the middle of a save:
+/// gives that name to a whole draft, or finds the save before it. Returns the name of the file to
+/// read, in the user's folder.
 zel::String findSave(Database& career, const zel::String& name) {
     const zel::String path = zel::getUserDirectory() + name;
     if (!isMissing(path))
@@ -210,8 +210,8 @@ bool endReading(Database& career, bool isRead) {
     return isRead;
 }
 
-/// Whether the file that a save replaces must not become the one to go back to. `known` is what
-/// match() says of one that may.
+/// Whether the file that a save replaces must not become the one to go back to. `known` receives
+/// match()'s result for a file that may be kept.
 bool replacesDamaged(const Database& career, const zel::String& path, SaveMatch& known) {
     return (!career.damagedSave.empty() && career.damagedSave == path) ||
            (zel::system::fileStatus(path).exists && !isWholeSave(career, path, known));

@@ -123,8 +123,8 @@ int32_t dateOf(std::string_view content) {
 }
 
 /// Gives an earlier save a name in Pages as well, or instead where the file system has no second
-/// names. `content` is the file's if it is whole, else nothing: then it is a damaged page. Where a
-/// page of the same content is there already, nothing is done. On error: false.
+/// names. `content` is the file's if it is whole, otherwise empty: then it is a damaged page. Where
+/// a page of the same content is there already, nothing is done. On error: false.
 bool keepAsPage(const zel::String& save, const zel::String& file, const CheckedBytes& content,
                 std::vector<PageFile>& pages) {
     PageFile page;

@@ -15,7 +15,7 @@ enum class CareerState { Serving, Fallen, WarOver };
 struct SaveSummary {
     bool isReadable = false;     // otherwise only `file`, `fault` and `written` have a meaning
     zel::String file;            // its path
-    zel::String fault;           // what is wrong with it, in English: "ends early"; else empty
+    zel::String fault;           // what is wrong with it, in English: "ends early"; or empty
     bool isOtherVersion = false; // and not known to be damaged
 
     int32_t careerNumber = 0; // Database::careerNumber

@@ -19,6 +19,6 @@ struct SettingWritten {
 /// a name that a settings file can't hold.
 SettingWritten writeSimulatorFolder(const zel::String& folder);
 
-/// The content of a settings file with that value for the key: in its last line that has it, else
-/// after the last comment that shows it, else at the end.
+/// The content of a settings file with that value for the key: in the last line that has the key,
+/// otherwise after the last comment that shows it, or at the end if there is none.
 std::string withSetting(std::string_view settings, std::string_view key, std::string_view value);

@@ -2,7 +2,7 @@
 
 #include "app/career/Wording.h"
 
-// What the orders say of the weather. $1 is the time of day.
+// What the orders say about the weather. $1 is the time of day.
 // clang-format off
 namespace wording {
 

@@ -7,7 +7,7 @@
 class CombatReport;
 class MissionGenerator;
 
-/// After so many events of a log hits, damage and positions are dropped.
+/// After this many events of a log, hits, damage and positions are dropped.
 constexpr size_t MostFlightEvents = 1500;
 
 /// Everything known about a flight whose report has been read: the plan, the report with its

@@ -11,6 +11,7 @@ struct LogExtent {
     int32_t pieces = 0; // that follow one another from the first one on
     int64_t bytes = 0;  // of all pieces
 
+    /// Whether the log has grown since `earlier`: it has more pieces or more bytes.
     bool isBeyond(const LogExtent& earlier) const {
         return pieces > earlier.pieces || bytes > earlier.bytes;
     }

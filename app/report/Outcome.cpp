@@ -43,7 +43,7 @@ bool isEnd(FlightEventKind kind) {
            kind == FlightEventKind::Death;
 }
 
-/// What the events say of one record.
+/// What the events show of one record.
 struct Traces {
     int32_t shots = 0;        // that hit it
     int32_t lastHitter = -1;  // by shots or otherwise

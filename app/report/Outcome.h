@@ -7,7 +7,7 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
-/// What the combat report says of one record, in the language in use.
+/// What the combat report says about one record, in the language in use.
 struct Outcome {
     zel::String fate;   // of pilot and plane
     zel::String cause;  // of its loss; empty unless the plane was lost
@@ -23,6 +23,7 @@ public:
     /// their indices are valid.
     Outcomes(const std::vector<PilotReport>& reports, const std::vector<FlightEvent>& events);
 
+    /// What became of a record. place: its index in the reports, here and below.
     Outcome of(size_t place) const;
     /// Whether nobody else has hit that one, by a log that has all hits.
     bool isUntouched(size_t place) const;

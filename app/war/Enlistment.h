@@ -10,8 +10,8 @@ namespace zel {
 class Random;
 }
 
-/// What a player chooses before his career begins. Nothing of it is a draw: as it is here, a career
-/// is what its seed alone makes of it.
+/// What a player chooses before his career begins. None of it takes a draw. With these defaults a
+/// career follows from its seed alone.
 struct Enlistment {
     zel::String name;      // empty: the one that was drawn
     int32_t squadron = -1; // of his service; -1: where the service sends him
@@ -35,7 +35,7 @@ struct NameCheck {
 };
 
 /// Whether the simulator's mission and log can carry the character of Windows-1252: no quotes, no
-/// "/" or "\", nothing that ends a text of theirs, no sign without a likeness in ASCII.
+/// "/" or "\", nothing that ends a text of theirs, no symbol without an ASCII look-alike.
 bool isNameCharacter(char character);
 /// What is wrong with the name whoever has it: Empty, TooLong, Character or None. Blanks around it
 /// don't count, here and below.

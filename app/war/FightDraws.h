@@ -26,7 +26,7 @@ inline uint32_t placesAbove(const uint8_t* places, const int8_t* limits) {
 #endif
 }
 
-/// Where a fight stands in the draws of its window.
+/// A fight's position in its window of draws.
 struct DrawCursor {
     uint32_t next = 0;  // draw of the window
     uint64_t pairs = 0; // bit i: the draws next + i and next + i + 1 select a pair that can meet
@@ -45,14 +45,16 @@ struct DrawCursor {
 /// processor can predict how far it is to the next such step.
 class DrawWindow {
 public:
-    /// The most draws of a step, and one more, so that a cursor always stands before a draw.
+    /// The most draws of a step, and one more, so that a cursor is always before a draw.
     static constexpr uint32_t MostOfStep = 27 + 1;
     static_assert(MostOfStep < zel::Random::LeastAhead);
 
+    /// Shows the draws that the generator has ready. REQUIRES: it outlives the window.
     DrawWindow(zel::Random& random, int32_t front, int32_t planes);
     DrawWindow(const DrawWindow&) = delete;
     DrawWindow& operator=(const DrawWindow&) = delete;
 
+    /// The cursor before that draw of the window.
     DrawCursor cursorAt(uint32_t draw) const {
         const uint32_t shift = draw % 64;
         const uint64_t* words = &pairs[draw / 64];
@@ -68,6 +70,7 @@ public:
     }
     /// The last draw with which a step can begin and have all its draws in the window.
     uint32_t lastStep() const { return last; }
+    /// The draws of the window from that one on.
     const uint32_t* drawsAt(uint32_t draw) const { return draws + draw; }
     /// The places that the draws select.
     const uint8_t* placesAt(uint32_t draw) const { return &places[draw]; }
@@ -98,9 +101,10 @@ struct AimPath {
     static constexpr uint32_t Aims = 4;
     std::array<float, Aims> least{};      // of the aim's factor: 1 for an aim that isn't spoilt
     std::array<uint8_t, Aims> factor{};   // the draw that spoils the aim, or any other
-    std::array<uint8_t, Aims + 1> next{}; // the first draw after so many aims
+    std::array<uint8_t, Aims + 1> next{}; // the first draw after this many aims
 };
 
+/// The paths of all numbers of eight draws.
 constexpr std::array<AimPath, 256> makeAimPaths() {
     std::array<AimPath, 256> paths{};
     for (uint32_t number = 0; number < paths.size(); ++number) {

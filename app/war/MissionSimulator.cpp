@@ -44,7 +44,7 @@ float real(uint32_t draw) { return static_cast<float>(static_cast<int64_t>(draw)
 /// compilers turn one between floats, or by a bool, into a branch.
 float realIf(uint32_t condition, uint32_t draw) { return real(draw & (0U - condition)); }
 
-/// Spoils a value by so many aims, whose draws begin at `draws`. Gives the number of draws taken.
+/// Spoils a value by `Count` aims, whose draws begin at `draws`. Gives the number of draws taken.
 /// `above`: bit i is set when draw i is above the attacker's skill.
 template <uint32_t Count> uint32_t fumble(float& value, const uint32_t* draws, uint32_t above) {
     static_assert(Count <= AimPath::Aims && fight::AimDraw == FightPlaces - 1);

@@ -20,6 +20,7 @@ public:
     MissionSimulator() = default;
     virtual ~MissionSimulator() = default;
 
+    /// Removes all records; the generator goes on.
     void reset();
     /// Appends one record for each plane of a plan, in the plan's order; without an argument, of
     /// the current generator's plan if there is a generator.
@@ -53,7 +54,7 @@ private:
     std::vector<PilotReport> pilots;
     std::array<FightFigures, FightPlaces> figures; // only the first sixteen records can meet
     std::array<uint16_t, FightPlaces> opponents{}; // bit t of place a: a may attack t
-    int32_t front = 0;      // places of the first one's side if they come before all others, else 0
+    int32_t front = 0;      // places of the first one's side, if they come before all others; or 0
     int32_t alliedLeft = 0; // records still in the fight, of all places
     int32_t centralLeft = 0;
     zel::Random random;

@@ -24,7 +24,7 @@ constexpr int32_t MostMissions = 750;
 // the first by MostSteps.
 constexpr int32_t LeastSteps = 10;
 constexpr int32_t MostSteps = 30000;
-constexpr int32_t SquadronsPerMove = 30; // one in so many changes its base in a period
+constexpr int32_t SquadronsPerMove = 30; // one in this many changes its base in a period
 
 WarObserver* warObserver = nullptr;
 

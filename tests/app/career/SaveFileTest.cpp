@@ -88,7 +88,7 @@ constexpr size_t SquadronFiles = Lines + 3 * 269 + 4;
 constexpr size_t PilotFiles = SquadronFiles + 1168 + 4;
 constexpr size_t Invitation = PilotFiles + 1120;
 
-// What a new career leaves at 0; all else is in the saves that DatabaseTest compares.
+// What a new career leaves at 0; everything else is in the saves that DatabaseTest compares.
 TEST_F(SaveFile, LaysTheRecordsOutAsTheFormatSays) {
     career.unusedA = 5;
     career.unusedB = 6;

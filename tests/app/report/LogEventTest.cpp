@@ -59,7 +59,7 @@ void expectByTheRule(const std::string& line) {
                 << name << " of \"" << line << '"';
 }
 
-// The lines of a flight, whole and cut, what else simulators write, and random lines.
+// The lines of a flight, whole and cut, other lines that simulators write, and random lines.
 TEST(LogEvent, IsReadByTheRuleWhateverItHolds) {
     for (const std::string& piece : FlightPieces) {
         std::istringstream stream(piece);

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A plan of so many Allies and Germans of all skills, grouped by side.
+/// A plan of that many Allies and Germans of all skills, grouped by side.
 std::vector<PlannedPlane> mixedPlan(int32_t allies, int32_t germans, uint32_t seed) {
     zel::Random draws(seed);
     std::vector<PlannedPlane> plan;
