@@ -101,8 +101,8 @@ void CareerRecord::attach(const Database& career) {
     startOver(state);
 }
 
-/// Looks for the career's record among those that were moved away. One of another course of the
-/// war is no better than the one that has the record's name.
+/// Looks for the career's record among those that were moved away. A record of a different timeline
+/// is as useless as the one in place.
 bool CareerRecord::attachOther(const Database& career) {
     const auto found = findRecord(recordPath(), career, lastSave, inTheWay == RecordState::Ready);
     if (!found)
@@ -156,9 +156,9 @@ void CareerRecord::giveUp() {
         startOver(path == recordPath() ? RecordState::Damaged : inTheWay);
 }
 
-/// Beside a career the file gets a name of its own until the save is in its place: a save that is
-/// never completed leaves no record without a career. A folder of its own is a draft as a
-/// whole.
+/// In a career's folder the file has a temporary name until the save is in place: a save that is
+/// never completed leaves no record without a career. A separate folder is a draft itself and needs
+/// none.
 bool CareerRecord::makeFile(const Database& career) {
     file.close();
     writer.reset();

@@ -19,9 +19,9 @@ constexpr const char* RecordFileName = "Saves/record.db";
 /// save, in one transaction just before the save gets its name. Whatever happens to the record, the
 /// career goes on: an error is a log line, and the next save tries again.
 ///
-/// Loading a save removes nothing: what isn't in the save is cut from the record, and what has the
-/// record's name without being of use is moved out of the way, when the career is saved. A record
-/// that was moved away before is found again by its career and its pages.
+/// Loading a save removes nothing. The next save cuts from the record what isn't in the loaded one,
+/// and moves an unusable file under the record's name aside. A record that was moved aside before
+/// is found again by its career and its pages.
 ///
 /// The orders of a mission are committed at once, if the career has a save. After a load the orders
 /// of the save's day are out.
@@ -114,9 +114,9 @@ private:
     const char* folder = nullptr; // null for that of RecordFileName
     Place place = Place::None;
     zel::String path; // of the file; until a save it may have another name than the record's
-    RecordState inTheWay = RecordState::Missing; // why what has that name is of no use, if it is
-    SavedPage lastSave;                          // that the events follow
-    PageMark mark;                               // of it in the file
+    RecordState inTheWay = RecordState::Missing; // of an unusable file under the record's name
+    SavedPage lastSave;                          // the save before the events
+    PageMark mark;                               // that save's page in the file
     RecordEvents events;                         // not saved yet
     RecordWriter writer;                         // of the events, in the open transaction
     bool rowsWait = false; // a transaction with them was rolled back: the save inserts all

@@ -18,7 +18,7 @@ namespace {
 
 enum class Join { Done, Damaged, InUse };
 
-/// Brings what SQLite has beside the file into it: a copy of the file alone would not be the
+/// Merges SQLite's write-ahead log into the file, so that a copy of the file alone is the whole
 /// record.
 Join joinLog(const zel::String& record) {
     SqliteFile file;

@@ -21,6 +21,7 @@ bool isKept(const zel::String& record, const zel::String& checksum);
 /// Copies the newest of these records that knows the save of that checksum to a free name beside
 /// the career's record. The copy's path; empty if there is none, or on error.
 zel::String copyKeptRecord(const zel::String& record, const zel::String& checksum);
-/// Lets a record that gives way take the place of the copy that was kept with its last page. False
-/// if there is no such copy, or on error. REQUIRES: it isn't open.
+/// Replaces the copy that was kept with the record's last page by the record itself, which another
+/// one is about to replace. False if there is no such copy, or on error. REQUIRES: the record isn't
+/// open.
 [[nodiscard]] bool keepReplaced(const zel::String& record);

@@ -47,17 +47,19 @@ struct RecordEvents {
     std::vector<DatedPosting> postings;
     std::vector<DatedBase> bases;
 
-    // Each takes what else belongs to the event from the career, as it is at that moment.
+    // Each adds an event of the career's present day. What else belongs to it comes from the
+    // career, as it is at that moment.
 
     void add(const Database& career, const Victory& victory);
     void add(const Database& career, const Posting& posting);
     void add(const Database& career, const FlownMission& mission);
-    /// The player's present one.
+    /// The present base of the player's squadron.
     void addBase(const Database& career);
 
-    /// A flight with that log, by its name and hash.
+    /// Whether there is a flight with that log. log: the name of its first piece, without folder.
+    /// hash: that piece's checksum.
     bool hasFlight(const zel::String& log, const zel::String& hash) const;
-    /// Keeps the room: the next period brings as many.
+    /// Keeps the capacity for the next period.
     void clear() {
         gaps.clear();
         flights.clear();

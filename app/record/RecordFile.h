@@ -21,8 +21,8 @@ enum class RecordState {
     Unusable, // read-only, held by another program, no space: perhaps later
 };
 
-/// Why a record is of no use, as the rest of a sentence, and the end of the name that it gets.
-/// Ready is one that holds another course of the same war.
+/// Why a record is of no use: `text` completes "The record ...", and `ending` is the suffix of its
+/// new name. Ready stands for a record of the same war with a different timeline.
 struct RecordStateTexts {
     const char *text, *ending;
 };
@@ -31,8 +31,7 @@ RecordStateTexts recordStateTexts(RecordState state);
 /// Opens the record of that career, checks its pages and tables and brings it to the present
 /// schema. Only with Ready is the file of use; its problem() has the cause of Unusable.
 RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber);
-/// Whether a file that has failed as damaged is so: SQLite takes some errors of the disk for
-/// damage.
+/// Whether a file reported as damaged really is: SQLite takes some disk errors for damage.
 bool isRecordDamaged(const zel::String& path);
 /// Opens it again without the checks. On error: false, and the file has failed.
 bool reopenRecord(SqliteFile& file, const zel::String& path);
@@ -50,6 +49,7 @@ bool createRecordInMemory(SqliteFile& file);
 zel::String freeRecordPath(const zel::String& path, const char* reason);
 /// False on error.
 bool moveRecord(const zel::String& from, const zel::String& to);
+/// Removes the database and its companions, as far as they exist and can be removed.
 void removeRecord(const zel::String& path);
 /// Removes the drafts beside that record, of saves that were never completed.
 void removeRecordDrafts(const zel::String& path);

@@ -18,7 +18,7 @@ public:
     /// The day of those that don't apply; or 0.
     int32_t voidDate(const Database& career) const;
     /// Writes them, if there are any, in place of those of all days after the last save: these are
-    /// of a course of the war that was never saved, or already reported.
+    /// of a timeline that was never saved, or already reported.
     void save(SqliteFile& file, int32_t lastSaved) const;
     /// Commits and syncs them alone. An open transaction is rolled back. On error: false, and the
     /// file has failed. REQUIRES: there are some.

@@ -52,8 +52,8 @@ PageMark findPage(SqliteFile& file, const SavedPage& save, const Database& caree
 /// Whether that page is in the file, and whether it is its last one.
 bool hasPage(SqliteFile& file, const PageMark& mark);
 bool endsWith(SqliteFile& file, const PageMark& mark);
-/// Whether a flight with that log is in the record up to that page; what comes after it is another
-/// course of the war.
+/// Whether a flight with that log is in the record up to that page; what comes after it is a
+/// different timeline.
 bool hasFlight(SqliteFile& file, const PageMark& mark, const zel::String& log,
                const zel::String& hash);
 /// The gaps up to that page.

@@ -20,7 +20,7 @@ extern const int32_t RecordVersion; // number of the steps
 bool migrateRecord(SqliteFile& file, const char* const* steps = RecordSteps,
                    int32_t count = RecordVersion);
 
-// What the columns of these names hold.
+// What the record's columns hold for these values: "joined", "shot down", "take-off".
 
 const char* kindName(PostingKind kind);
 const char* causeName(PostingCause cause);

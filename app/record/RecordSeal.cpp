@@ -72,7 +72,7 @@ void sealRecord(const zel::String& path) {
     closed.close();
     if (seals.noted != 0 || seals.found == 0)
         return;
-    // Without a sync: lost in a power cut, it costs a check.
+    // Not synced: losing it in a power cut only costs a full check.
     const std::string sql = "PRAGMA synchronous = OFF; PRAGMA application_id = " +
                             std::to_string(static_cast<int32_t>(seals.found));
     SqliteFile file;

@@ -13,9 +13,9 @@ class SqliteFile;
 class RecordWriter {
 public:
     /// Adds rows for what the last call hasn't written yet. REQUIRES: the events only grow. On
-    /// error: the file has failed, and its transaction is to be rolled back.
+    /// error: the file has failed, and its transaction must be rolled back.
     void write(SqliteFile& file, const Database& career, const RecordEvents& events);
-    /// What was written is rolled back, or the events are others.
+    /// Forgets what was written: it was rolled back, or the events were replaced.
     void reset() { *this = {}; }
 
 private:

@@ -39,7 +39,7 @@ RecordedMatch recordedIn(const zel::String& folder) {
     };
 }
 
-/// Whether there is a way back from a damaged save. Only the current career can go it.
+/// Whether a damaged save has a whole page to go back to. Only the current career can go back.
 bool hasWholePage(const zel::String& folder) {
     return !newestWholePage(saveIn(folder), recordedIn(folder)).empty();
 }

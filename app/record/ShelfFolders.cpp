@@ -101,7 +101,7 @@ zel::String shelfFolderName(int32_t number, std::string_view pilot) {
         name = UnknownPilot;
     char start[16];
     std::snprintf(start, sizeof start, "%04d ", number);
-    // What the system's names lack is "?", which no name may have.
+    // Characters that file names lack become "?", which is then replaced.
     return start + cleaned(std::string(zel::system::nameFromUtf8(zel::utf8Of(name)).view()));
 }
 

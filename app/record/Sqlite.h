@@ -13,9 +13,9 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// An open SQLite database, for one thread of the program alone. The first error stays: whatever is
-/// asked for after it does nothing and gives nothing, so that a piece of work is checked once at
-/// its end.
+/// An open SQLite database, for one thread of the program alone. The first error stays: after it
+/// every operation does nothing and gives nothing, so that a piece of work is checked once at its
+/// end.
 class SqliteFile {
 public:
     enum Mode { MayCreate, MustExist, ReadOnly };
@@ -48,12 +48,12 @@ public:
     bool isInTransaction() const;
     /// Of the last row that was inserted.
     int64_t lastRow() const;
-    /// Inserts rows of so many values, one for each column of the table. On error: none of them.
+    /// Inserts rows of `columns` values, one for each column of the table. On error: none of them.
     void insertAll(const char* table, int columns, const SqliteRows& rows);
 
     bool failed() const { return code != 0; }
-    /// The error is of the file's content, and will be there again at the next attempt: it is no
-    /// database, its pages contradict one another, or tables or columns are missing.
+    /// The error is in the file's content and will recur: the file isn't a database, its pages
+    /// contradict one another, or tables or columns are missing.
     bool isDamaged() const;
     /// What went wrong, for a log line: "database or disk is full"; empty without an error.
     const zel::String& problem() const { return message; }

@@ -75,5 +75,5 @@ constexpr std::optional<int32_t> NewKey;
 /// points to at that time. Inserting a save's rows from it takes about half as long as binding and
 /// running a statement for each of them. Returns SQLite's result code.
 int addRowsTable(sqlite3* connection, const SqliteRows** rows);
-/// The statement that inserts those rows into a table with so many columns.
+/// The statement that inserts those rows into a table with `columns` columns.
 std::string insertionOfRows(const char* table, int columns);

@@ -16,7 +16,7 @@ template <typename Pass> void passText(std::string_view text, const Pass& pass) 
     const std::string converted = bits < 0x80 ? std::string() : zel::utf8Of(text);
     const std::string_view bytes = converted.empty() ? text : converted;
     const char* const start = bytes.data() != nullptr ? bytes.data() : ""; // null would be NULL
-    // Only what was converted is gone before the statement runs.
+    // Only converted text is freed before the statement runs.
     pass(start, static_cast<int>(bytes.size()),
          converted.empty() ? SQLITE_STATIC : SQLITE_TRANSIENT);
 }

@@ -66,13 +66,13 @@ void checkPilots(const Database& career, const std::vector<int32_t>& places, Fau
     for (size_t i = 0; i < career.pilots.size(); ++i) {
         const Pilot& pilot = career.pilots[i];
         faults.check(career.isSquadron(pilot.squadron), "a pilot's squadron", i);
-        faults.check(places[i] <= 1, "a pilot stands in one slot", i);
+        faults.check(places[i] <= 1, "a pilot is in one slot", i);
         faults.check(pilot.pilotFile >= -1 && pilot.pilotFile < int32_t(career.pilotFiles.size()),
                      "a pilot's file", i);
         faults.check(ends(pilot.name), "a pilot's name", i);
     }
     faults.check(career.isPilot(career.playerPilot) && places[size_t(career.playerPilot)] == 1,
-                 "the player stands in a slot", size_t(career.playerPilot));
+                 "the player is in a slot", size_t(career.playerPilot));
 }
 
 void checkFiles(const Database& career, Faults& faults) {
@@ -103,8 +103,8 @@ void checkDates(const Database& career, Faults& faults) {
 
 void checkCompleteness(const Database& career, const std::vector<int32_t>& places, Faults& faults) {
     for (size_t i = 0; i < career.pilots.size(); ++i)
-        faults.check(career.pilots[i].alive == 0 || places[i] == 1,
-                     "a living pilot stands in a slot", i);
+        faults.check(career.pilots[i].alive == 0 || places[i] == 1, "a living pilot is in a slot",
+                     i);
     for (size_t i = 0; i < career.squadrons.size(); ++i)
         faults.check(career.squadrons[i].squadronFile ==
                          (i < career.squadronFiles.size() ? int32_t(i) : -1),
@@ -121,7 +121,7 @@ void checkCompleteness(const Database& career, const std::vector<int32_t>& place
                          career.pilots[size_t(career.playerPilot)].nation,
                  "an invitation comes from the player's nation", size_t(career.invitationSquadron));
     const int32_t date = career.calendar().dateNumber();
-    faults.check(date >= 19151201, "the date lies behind the first of the war", size_t(date));
+    faults.check(date >= 19151201, "the date isn't before the war", size_t(date));
 }
 
 template <size_t Size> bool isPlain(const char (&text)[Size]) {

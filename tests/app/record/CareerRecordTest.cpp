@@ -253,7 +253,7 @@ TEST_F(CareerRecordTest, MovesOnToLaterSchemas) {
                 looked.run("INSERT INTO gap(since, until) VALUES(19160101, 19160201)"));
     ASSERT_TRUE(step(2));
     EXPECT_EQ(looked.number("SELECT count(*) FROM gap WHERE why = 'lost' AND since = 19160101"), 1);
-    EXPECT_TRUE(step(2)) << "nothing is to be done";
+    EXPECT_TRUE(step(2)) << "nothing is left to do";
     EXPECT_FALSE(step(3));
     EXPECT_EQ(looked.number("PRAGMA user_version"), 2);
     EXPECT_EQ(looked.number("SELECT count(*) FROM gap"), 1);

@@ -91,7 +91,7 @@ TEST_F(RecordAndSaveTest, ALoadRemovesNothing) {
         content[place] = value;
         return content;
     };
-    // Of a save that differs only in the career's number, that number would be restored.
+    // If only the career's number differed, loading would restore it.
     const auto otherCareer = [&] {
         return withByte(withByte(newer, 32, char(newer[32] ^ 1)), 24, 1);
     };
@@ -130,7 +130,7 @@ TEST_F(RecordAndSaveTest, ALoadRemovesNothing) {
     }
 }
 
-// Two careers by turns: the record of each is found wherever it is, and has its name after a save.
+// Two careers in turn: the record of each is found wherever it is, and has its name after a save.
 TEST_F(RecordAndSaveTest, FindsTheRecordOfACareerAgain) {
     const auto recordOf = [&](const Program& program) {
         return inFile("SELECT value FROM meta WHERE key = 'career'") == program.career.careerNumber;
@@ -187,7 +187,7 @@ TEST_F(RecordAndSaveTest, LeavesARecordToTheSaveThatStays) {
     EXPECT_EQ(inFile("SELECT value FROM meta WHERE key = 'career'"), two.career.careerNumber);
 }
 
-// What happened on a course of the war that the save doesn't know isn't its past.
+// What happened on a timeline that the save doesn't know isn't its past.
 TEST_F(RecordAndSaveTest, KnowsTheCoursesOfTheWarApart) {
     std::string start;
     int32_t since = 0;

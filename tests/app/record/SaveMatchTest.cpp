@@ -1,4 +1,4 @@
-// What the checksum in the record says of a save when it is loaded and when it is replaced.
+// What the checksum in the record says about a save when it is loaded and when it is replaced.
 #include <cstring>
 #include <filesystem>
 
@@ -150,7 +150,7 @@ TEST_F(SaveMatchTest, KnowsASaveThatTheRecordDidNotGet) {
     EXPECT_TRUE(program.load() && program.career.repairs.changed);
 }
 
-// As a program leaves it that was killed on a file system without links.
+// As left by a program that was killed on a file system without links.
 TEST_F(SaveMatchTest, FindsASaveThatLostItsName) {
     const char* const draft = ".2147483646-1.new";
     fs::remove(run.folder.file(Save));

@@ -108,7 +108,7 @@ TEST_F(ShelfTest, KeepsADamagedSaveAsADamagedPage) {
     EXPECT_EQ(kept.size(), std::string("record 0123456789abcdef.db").size()) << kept;
 }
 
-// Saves that the record can't have are whole all the same.
+// Saves missing from the record are still whole.
 TEST_F(ShelfTest, KnowsPagesThatTheRecordLacks) {
     ShelfProgram program;
     const auto saveAfter = [&](int32_t days) {
