@@ -233,7 +233,7 @@ def row_of(name, kinds, draw):
 
 RIBBONS = ('vc', 'dso', 'mc', 'dsc', 'dfc', 'legion', 'medaille', 'croix', 'merite', 'house', 'iron2')
 MEDALS = (*RIBBONS, 'iron1')
-PALMS = ('croix1', 'croix2', 'croix3', 'croix4')  # the cross with so many palms
+PALMS = ('croix1', 'croix2', 'croix3', 'croix4')  # the cross with that many palms
 
 
 def ribbons():

@@ -62,7 +62,7 @@ def put(sound, piece, start):
 
 
 def smooth_chance(random, seconds, rate):
-    """A curve about 0 with a deviation of 1 that wanders so many times a second."""
+    """A curve about 0 with a deviation of 1 that wanders `rate` times a second."""
     points = random.standard_normal(int(seconds * rate) + 4)
     t = times(seconds) * rate
     curve = np.interp(t, np.arange(len(points)), points)

@@ -118,8 +118,8 @@ void load(benchmark::State& state) {
     }
 }
 
-// The bytes in memory, and a copy of them as records, as what is judged before it replaces a career
-// needs.
+// The bytes in memory, and a copy of them as records: the least that checking a save before using
+// it needs.
 void loadBare(benchmark::State& state) {
     grownCareer().storeFile(SaveFileName);
     std::vector<char> buffer(fs::file_size(saveFile()));

@@ -49,7 +49,7 @@ struct RecordedCareer {
     std::unique_ptr<PinnedCareer> pinned;
 };
 
-/// A flight of eight planes with so many events.
+/// A flight of eight planes with that many events.
 FlownMission flightWith(size_t events) {
     FlownMission flight;
     flight.log = "missionReport(2026-11-22_08-00-00)[0].txt";

@@ -67,7 +67,7 @@ void drawScreen(benchmark::State& state) {
             canvas.draw(screen().button, place);
             canvas.draw(screen().page, screen().text, {place.x + 10, place.y + 5});
         }
-        canvas.invalidate(); // else the second frame wouldn't be sent at all
+        canvas.invalidate(); // otherwise the second frame wouldn't be sent at all
         benchmark::DoNotOptimize(canvas.finishFrame());
         glFinish();
     }

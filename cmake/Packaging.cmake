@@ -110,7 +110,7 @@ else()
   set(CPACK_PACKAGE_FILE_NAME wingtally-${PROJECT_VERSION}-linux-${CMAKE_SYSTEM_PROCESSOR})
 endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION utils) # games would have to lie in /usr/games
+set(CPACK_DEBIAN_PACKAGE_SECTION utils) # games would have to be in /usr/games
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 include(CPack)

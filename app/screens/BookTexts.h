@@ -3,8 +3,8 @@
 #include "app/screens/CareerDrawer.h"
 #include "engine/core/Clock.h"
 
-// What the log books of the careers and their pages say, in the language in use. The examples are
-// the English ones.
+// The texts that the screens show of the careers' log books and their pages, in the language in
+// use. The examples are the English ones.
 
 /// The name on the card: "Lieutenant Edward Harcourt MC", shortened if it is too long for two
 /// lines. A book that can't be read has the name of its folder, or is an "Unreadable log book".
@@ -22,7 +22,8 @@ zel::String serviceLines(const SaveSummary& summary);
 zel::String figuresText(const SaveSummary& summary);
 /// The date of the war and the figures, a line each.
 zel::String warLines(const SaveSummary& summary);
-/// What the main menu says of the book: as on the spine, and the date of the war, a line each.
+/// The text that the main menu shows: the book as on the spine, and the date of the war, a line
+/// each.
 zel::String railLines(const LogBookOfCareer& book);
 /// The squadron, the date of the war and the figures of a page, a line each.
 zel::String pageLines(const SaveSummary& summary);

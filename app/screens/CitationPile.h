@@ -18,7 +18,7 @@ public:
     /// Gathers what the player was given since the last flight and hasn't been shown. newlyFallen:
     /// the player's pilot who fell meanwhile, or -1.
     void gather(const Database& career, int32_t newlyFallen = -1);
-    /// The pilot whose letter is to be shown; -1 for none.
+    /// The pilot whose letter is shown next; -1 for none.
     int32_t fallen() const { return fallenPilot; }
     void forgetFallen() { fallenPilot = -1; }
     bool empty() const { return waiting.empty(); }
@@ -26,7 +26,7 @@ public:
     const char* next(const Database& career) const;
     /// The player looks something up between two citations: back() leads to the next one, once.
     void lookUp() { isInterrupted = true; }
-    /// Where the screen on which he looks leads back to; null for where it always does.
+    /// The current page's way back; null for its usual one.
     const char* back(const Database& career);
     /// Takes the next one, in the language in use. REQUIRES: !empty(), and the career that was
     /// gathered for.

@@ -31,7 +31,7 @@ public:
     /// The first folder whose name begins with that letter, in either case; the next one if `from`
     /// does so as well. -1 for none.
     int32_t find(char letter, int32_t from) const;
-    /// The simulator's folder if this is it, or is its folder "data"; else empty.
+    /// The simulator's folder if this is it, or is its folder "data"; otherwise empty.
     zel::String simulatorHere() const;
     /// Whether this is the simulator's folder "data".
     bool isInData() const;

@@ -76,7 +76,7 @@ void MenuEnlist::checkName() {
     setActive("menuButton1", runningCareer() != nullptr && check.fault == NameFault::None);
 }
 
-/// What is wrong with the name or with the last key; for lack of that, why he can't choose.
+/// What is wrong with the name or with the last key; otherwise why no squadron can be chosen.
 zel::String MenuEnlist::nameHint() const {
     const zel::TextInput* input = nameInput();
     const auto refusal = input->isFocused() ? input->getRefusal() : zel::TextInput::Refusal::None;

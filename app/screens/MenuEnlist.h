@@ -20,7 +20,7 @@ public:
     explicit MenuEnlist(EnlistmentForm& form) : CareerScreen("MenuEnlist"), form(form) {}
 
     void onEnter() override;
-    void update() override; // what is said of the name, and of the rows in view
+    void update() override; // the hint about the name, or the rows in view
     void onKey(const zel::KeyPress& key) override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 

@@ -20,7 +20,8 @@ public:
 
 private:
     void close(zel::Widget& plate);
-    /// Of the period that was fought last; else the one with whom the book was closed or saved.
+    /// Of the period that was fought last; otherwise the one with whom the book was closed or
+    /// saved.
     int32_t fallenPilot(const Database& career) const;
 
     CareerRecord& record;

@@ -111,7 +111,7 @@ void MenuGameLogbook::showRow(int32_t row, const Line* line) {
     zel::String left;
     zel::String right;
     if (line != nullptr && line->isFall) {
-        // The names alone where the titles have no room, the first one as its letter.
+        // The bare name where the title has no room, and the first name as an initial if need be.
         BookFlight& fall = book.flights[line->flight];
         for (const zel::String& name : {fall.pilotName, shortName(fall.pilotName)})
             if (!fits(rowName("left", row), fallText(fall)))

@@ -2,8 +2,7 @@
 
 #include "engine/core/String.h"
 
-// How paths are shown where there is little room: with what the system shows them, in letters of a
-// typewriter face.
+// How paths are shown where there is little room: in display encoding, for fixed-width fonts.
 
 /// A path of at most that many letters: a longer one loses its middle, "D:\...\Rise of Flight", and
 /// a last name that is too long itself its beginning. Off Windows the player's own folder is "~".

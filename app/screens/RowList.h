@@ -10,15 +10,15 @@ class ScrollingArea;
 class Widget;
 } // namespace zel
 
-/// The rows of a scrolling area, as many as there is something to show: "book.row1" and on, in the
-/// area "book". The script adds the first row, the others are made like it.
+/// The rows of a scrolling area, one for each item: "book.row1" and on, in the area "book". The
+/// script adds the first row, the others are made like it.
 class RowList {
 public:
     /// parts: what a row consists of, as "row" and "ribbon", for "book.row1" and "book.ribbon1".
     RowList(const char* area, int32_t step, std::vector<const char*> parts)
         : areaName(area), step(step), parts(std::move(parts)) {}
 
-    /// Makes or removes rows until there are so many.
+    /// Makes or removes rows until there are `count`.
     void resize(zel::Menu& menu, size_t count);
     /// The name of a row's part, the first row's index is 0.
     zel::String name(const char* part, size_t index) const;

@@ -33,8 +33,8 @@ struct FileStatus {
     int64_t changed = 0; // time of the last change, in units of the system
 };
 
-uint32_t ticks(); // milliseconds since the program started
-WallTime wallTime();
+uint32_t ticks();    // milliseconds since the program started
+WallTime wallTime(); // the local date and time of day
 /// When a file was changed last, in the local time zone; zeroes for one that doesn't exist.
 WallTime wallTimeOf(const FileStatus& file);
 uint32_t entropy();                            // a number that differs at each start
@@ -77,7 +77,7 @@ String printedText(const String& text);
 /// tenth before reading.
 FILE* openFile(const String& path, const char* mode);
 FileStatus fileStatus(const String& path); // exists is false on error
-bool isDirectory(const String& path);
+bool isDirectory(const String& path);      // false on error
 /// The folder's entries in no particular order, without "." and ".."; false if it can't be read. On
 /// Windows an entry has its short name where the code page lacks a character of the long one, and
 /// "?" for such a character where the disk keeps no short names.

@@ -38,7 +38,8 @@ bool renameFolder(const String& from, const String& to);
 /// where the system has no such operation. On error: false.
 bool syncFolder(const String& path);
 
-uint32_t processId();
+uint32_t processId(); // of this process
+/// Whether a process has that id, whoever runs it.
 bool isProcessRunning(uint32_t id);
 
 /// A file that didn't exist before, for writing alone.

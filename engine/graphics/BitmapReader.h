@@ -20,10 +20,10 @@ public:
 
     /// "ZEL", "BMP" or "ANY".
     virtual const char* format() const = 0;
-    /// Opens the file and checks its header. Null if all is well, else what is wrong:
+    /// Opens the file and checks its header. Null if all is well, otherwise what is wrong:
     /// "Cannot load file" or "Illegal ZEL header" and the like.
     const char* open(const String& fileName);
-    /// Null if all is well, else "Unable to read pixel data", and `data` is as it was.
+    /// Null if all is well, otherwise "Unable to read pixel data", and `data` is as it was.
     const char* readPixels(BitmapData& data);
     /// Of the picture, in pixels, as its header says. REQUIRES: open() has accepted it.
     int32_t getWidth() const { return width; }

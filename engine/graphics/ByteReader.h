@@ -18,6 +18,7 @@ public:
     uint16_t u16() { return static_cast<uint16_t>(number(2)); }
     int16_t i16() { return static_cast<int16_t>(number(2)); }
     uint32_t u32() { return number(4); }
+    /// A view of the next `count` bytes of the block.
     std::string_view bytes(size_t count) {
         if (count > rest.size()) {
             failed = true;

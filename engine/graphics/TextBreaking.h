@@ -21,8 +21,8 @@ std::string plainText(std::string_view text);
 std::vector<std::string> brokenIntoLines(const Font& font, std::string_view text, int32_t width,
                                          size_t mostLines);
 
-/// The text itself if it is no wider than `width` pixels, else as much of its beginning as fits
-/// before "...".
+/// The text itself if it is no wider than `width` pixels, otherwise as much of its beginning as
+/// fits before "...".
 std::string shortenedTo(const Font& font, std::string_view text, int32_t width);
 
 } // namespace zel

@@ -17,8 +17,8 @@ struct ThemeOverlay;
 /// A picture of a state, given by its getter so that both states of a fade can be asked.
 using PictureOf = StateOverlay* (State::*)() const;
 
-/// The theme's overlay of that name, else the image of that name as an overlay, else the overlay of
-/// the theme's image. Null if there is none.
+/// The theme's overlay of that name, otherwise the image of that name as an overlay, otherwise the
+/// overlay of the theme's image. Null if there is none.
 MenuOverlay* themePicture(const ThemeOverlay& named, const String& image);
 
 /// The alpha, 0 to 255, with which the state is drawn in this frame, apart from shared pictures:

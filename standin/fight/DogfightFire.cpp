@@ -83,7 +83,7 @@ void DogfightFire::hurtPilot(int32_t attacker, int32_t target, int32_t amount) {
     writeEvent(EventKind::Destroyed, attacker, bodyOf(target), 0, fighter.position);
     fighter.pilotAlive = false;
     if (target == human() && fighter.task != FighterTask::Down && chance(0.5))
-        endHumanAfter(draw(3, 12)); // else when the wreck is down
+        endHumanAfter(draw(3, 12)); // otherwise when the wreck is down
     if (fighter.task == FighterTask::Down)
         return;
     if (!fighter.destroyed && chance(0.5))

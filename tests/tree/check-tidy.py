@@ -24,7 +24,7 @@ from definitions import definitions
 FOLDERS = ("app/", "engine/", "standin/", "tools/")
 MOST_LINES = 6000  # of a unit of several targets: both of two cores have work to the end
 ALONE = "engine/core"  # where it sees how a string copies what it owns, the analyzer takes each copy for a leak
-# The analyzer gives up a function after so many states; the default of 225,000 takes eight times as long.
+# The analyzer gives up a function after that many states; the default of 225,000 takes eight times as long.
 ANALYZER = ("-Xclang", "-analyzer-config", "-Xclang", "max-nodes=5000")
 
 

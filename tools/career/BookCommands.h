@@ -11,8 +11,11 @@ class SqliteFile;
 // What the commands of the book of the war print, in the current language. A record that can't be
 // read leaves its file failed.
 
+/// All flights of the player and his predecessors, and their sums.
 std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career);
+/// The squadron, the front and the real war since the last flight.
 std::vector<zel::String> diaryPage(SqliteFile& record, const Database& career);
+/// The player's unit, ranks, decorations and victories.
 std::vector<zel::String> serviceRecord(SqliteFile& record, const Database& career);
 /// The letter about the player's pilot who fell last.
 std::vector<zel::String> letterPage(SqliteFile& record, const Database& career);

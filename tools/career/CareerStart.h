@@ -20,9 +20,9 @@ struct CareerStart {
 
 /// What is wrong with a name, in English; empty for a name that is right.
 zel::String nameProblem(const NameCheck& check);
-/// Creates the career of that start, and says with what its service is to be begun. On error: the
-/// reason, in English, and a career that must not be used.
+/// Creates the career of that start, and returns in `enlistment` how to begin its service. Empty if
+/// it worked; on error the reason, in English, and a career that must not be used.
 zel::String createCareer(Database& career, const CareerStart& start, Enlistment& enlistment);
 /// A line for each squadron that can be chosen: its key, name, type and known pilot. Reads the data
-/// files anew and leaves the career as it is.
+/// files again and leaves the career as it is.
 std::vector<zel::String> squadronsOf(Database& career, const CareerStart& start);

@@ -30,6 +30,7 @@ public:
         career.observer = keepsRecord ? static_cast<CareerObserver*>(&record) : &nobody;
     }
 
+    /// Creates a career and fights the war up to its start. It isn't saved yet.
     bool newCareer(const CareerStart& start);
     /// The squadrons in which a career of that start can begin.
     bool squadrons(const CareerStart& start) { return sayAll(squadronsOf(career, start)); }

@@ -132,7 +132,7 @@ void readSquadrons(CsvTable& table, Tables& tables) {
     }
 }
 
-/// What aces.csv says of a pilot.
+/// What aces.csv says about a pilot.
 struct AceRow {
     size_t line; // index
     std::string acePotential;

@@ -18,7 +18,7 @@ constexpr double Margin = 0.25; // of the best scores by nation
 constexpr const char* NationNames[NationCount] = {"French", "British", "American", "German"};
 constexpr double RealBest[NationCount] = {75, 72, 26, 80};
 
-/// The number with so many decimals.
+/// The number with that many decimals.
 std::string digits(double value, int decimals) {
     char text[32];
     std::snprintf(text, sizeof text, "%.*f", decimals, value);
@@ -63,7 +63,7 @@ double total(const std::array<double, NationCount>& counts) {
     return std::accumulate(counts.begin(), counts.end(), 0.0);
 }
 
-/// What the real total says of a side, in the simulated counts.
+/// The simulated figure that the real total is compared with.
 double comparable(const RealTotal& real, const DayCounts& counts) {
     const std::array<double, NationCount>& figure = real.figure == "claimed" ? counts.claimed
                                                     : real.figure == "lost"  ? counts.lost

@@ -14,6 +14,7 @@ struct Share {
     double hits = 0;
     double tries = 0;
 
+    /// One more try.
     void add(bool isHit) {
         hits += isHit ? 1 : 0;
         ++tries;
@@ -55,8 +56,9 @@ struct WarFigures {
 /// of; REQUIRES: no career and no mission generator in the program.
 WarFigures fightWar(uint32_t seed, int32_t service, const RealWarTables& real);
 
-/// How many of so many German careers begin in a Jasta, in whatever month: the player's squadron is
-/// drawn before the war moves on to it.
+/// How many of `count` German careers begin in a Jasta, in whatever month: the player's squadron is
+/// drawn before the war moves on to it. firstSeed: of the first career; each further one has the
+/// next.
 Share startsInJasta(uint32_t firstSeed, int32_t count);
 
 } // namespace warstats

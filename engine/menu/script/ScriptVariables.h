@@ -19,9 +19,9 @@ public:
     void restoreFlag(const String& name);     // unchanged if they lack it
     void setString(const String& name, const String& value);
     String getString(const String& name) const; // empty if never set
-    void storeString(const String& name) const;
-    void restoreString(const String& name);
-    void clear();
+    void storeString(const String& name) const; // to the preferences
+    void restoreString(const String& name);     // unchanged if they lack it
+    void clear();                               // all flags and strings; the preferences stay
 
 private:
     String keyOf(const char* kind, const String& name) const;

@@ -30,8 +30,8 @@ struct TextAreaStyle {
     std::optional<uint32_t> color;
 };
 
-/// An overlay behind or in front of all screens of a theme: the registered one of that name, or
-/// else one of the image of that name.
+/// An overlay behind or in front of all screens of a theme: the registered one of that name,
+/// otherwise one of the image of that name.
 struct ThemeOverlay {
     String name; // empty: none
     OverlayOptions options;

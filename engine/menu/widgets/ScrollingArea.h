@@ -17,7 +17,8 @@ public:
     /// Also scrolls to the beginning.
     void reset() override;
     void handlePointer(const Pointer& pointer) override;
-    /// Only an area that is a stop can, while it has more than it shows; else only its rows can.
+    /// Only an area that is a stop can, while it has more than it shows; otherwise only its rows
+    /// can.
     bool canFocus() const override { return stop && isActive() && isVisible() && furthest > 0; }
     /// Makes the area a stop of the keyboard's focus, so that keys can scroll it: for one of
     /// several whose rows can't be pressed.

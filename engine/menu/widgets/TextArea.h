@@ -26,11 +26,13 @@ public:
     virtual void internalUpdate();
 
     const String& getName() const { return name; }
+    /// Also breaks the text into lines; on error as internalUpdate().
     void setText(const String& newText);
     const String& getText() const { return text.getText(); }
     void setRect(const PixelRect& rect); // at rest, in design pixels
+    /// Null for none: nothing is drawn then.
     void setFont(const Font* font);
-    /// The font by name, or else by its index in the theme's list. On error: a log line, and no
+    /// The font by name, otherwise by its index in the theme's list. On error: a log line, and no
     /// font.
     void setFont(const FontChoice& choice, const std::vector<String>& themeFonts);
     const Font* getFont() const { return text.getFont(); }

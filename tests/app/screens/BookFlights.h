@@ -6,14 +6,14 @@
 
 class Database;
 
-/// Adds so many flights of the player's pilot to the record of the career in memory, two a day from
+/// Adds `count` flights of the player's pilot to the record of the career in memory, two a day from
 /// its date on, and leaves the date after them. Each is a fight of his squadron against four
 /// others, with its places; every third brings a victory. The save knows nothing of them.
 void addFlightsToBook(Database& career, int32_t count);
 /// The player falls to somebody of the other side: one more flight of his, which is carried into
 /// the career too.
 void addFallToBook(Database& career);
-/// A flight of the player with so many victories, as the record hears of it.
+/// Adds a flight of the player with that number of victories, as the record hears of it.
 void addFlight(Database& career, int32_t victories);
 /// A victory over a man of that name, in one of five machines by the number. Its victor is missing.
 Victory victoryOver(const char* victim, int32_t number, bool isGerman = true);

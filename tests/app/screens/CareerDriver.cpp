@@ -26,7 +26,7 @@ namespace {
 
 constexpr int32_t LookTime = 9000; // milliseconds
 constexpr int32_t SecondPressTime = 600;
-// Seeds take the clock in: so a career doesn't depend on what came before it.
+// Seeds depend on the clock, so a career doesn't depend on what came before it.
 constexpr uint32_t EnlistmentTime = 60000;
 constexpr int32_t MostWidgets = 64;
 constexpr float QuickFades = 100;    // nobody looks at them here

@@ -13,7 +13,7 @@ protected:
         ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
         ASSERT_TRUE(driver.takeOff());
     }
-    /// Shows a report of so many Britons and Germans, the first of whom is the player.
+    /// Shows a report of that many Britons and Germans, the first of whom is the player.
     void showReport(int32_t allied, int32_t german) {
         for (int32_t i = 0; i < allied + german; ++i) {
             PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
@@ -26,7 +26,7 @@ protected:
         ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
     }
     bool isShown(const std::string& name) { return driver.widget(name)->isVisible(); }
-    /// Whether the sheet of so many shows: up to five entries, of which the player's is the first.
+    /// Expects that sheet of `count`: up to five entries, of which the player's is the first.
     void expectSheet(int32_t sheet, int32_t count) {
         EXPECT_EQ(driver.text("sheetNumber"),
                   std::to_string(sheet) + " of " + std::to_string(count));

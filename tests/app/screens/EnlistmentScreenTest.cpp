@@ -84,7 +84,8 @@ TEST_F(EnlistmentScreen, LeadsIntoTheChosenSquadron) {
     EXPECT_NE(home.mission().find("Juergen-Friedrich von Hohenst"), std::string::npos);
 }
 
-// Whoever leaves all to the service gets its career, whatever he has tried before.
+// A player who leaves everything to the service gets the default career, whatever he has tried
+// before.
 TEST(Enlistment, LeavesTheServicesCareerAsItIs) {
     std::string saves[2];
     for (const bool hesitates : {false, true}) {

@@ -19,7 +19,7 @@ struct ShelvedBook {
 };
 
 /// Puts the book on the shelf, as the career of that number. Returns its folder, in the home's.
-/// REQUIRES: a career in memory, which stays as it is: all else in the save is of it.
+/// REQUIRES: a career in memory, which stays as it is: everything else in the save is from it.
 std::string putBook(const PlayerHome& home, int32_t number, const ShelvedBook& book);
 /// Adds an earlier page to a career's folder. A damaged one isn't as it was when it was kept.
 void putPage(const PlayerHome& home, const std::string& folder, int32_t number,

@@ -72,7 +72,8 @@ class RareStates : public RareScreens, public testing::WithParamInterface<const 
 protected:
     RareStates() : RareScreens(GetParam()) {}
 
-    /// So many flights of the player's, three days apart, from that day on. The next day is to-day.
+    /// Adds `count` flights of the player's, three days apart, from that day on. The next day is
+    /// today.
     static void serve(int32_t count, Calendar day) {
         Database& career = *Database::instance();
         for (int32_t flight = 0; flight < count; ++flight, day.addDays(3)) {

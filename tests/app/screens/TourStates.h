@@ -14,5 +14,5 @@ bool tourEnlistment(CareerDriver& driver, const std::function<void(const std::st
 bool crowdRoster(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
 /// The pages of the simulator in all their states. It ends without a simulator.
 bool tourSimulator(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
-/// In the report: twenty more pilots, with all that can be said of them. Always true.
+/// In the report: twenty more pilots, with all that can be said about them. Always true.
 bool fillReport();

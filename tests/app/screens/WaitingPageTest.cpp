@@ -1,5 +1,5 @@
-// The page that waits for a flight: what it says of the logs that it finds, look by look, and what
-// its buttons and keys do with a flight that has come.
+// The page that waits for a flight: what it says about the logs that it finds, look by look, and
+// what its buttons and keys do with a flight that has come.
 #include <filesystem>
 #include <map>
 #include <set>
@@ -58,7 +58,7 @@ protected:
         EXPECT_EQ(driver.state(), "MenuGameFinishMission");
         return driver.text("log");
     }
-    /// Expects that for so many looks, without a change of the logs.
+    /// Expects that line for `looks` looks, without a change of the logs.
     void expectQuietly(const std::string& line, int32_t looks) {
         for (int32_t look = 1; look <= looks; ++look)
             EXPECT_EQ(afterLook(), line) << "look " << look;

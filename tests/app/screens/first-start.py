@@ -189,7 +189,7 @@ class Player:
         return re.findall(r"\] (\w+): onEntered", self.log())
 
     def steps(self):
-        """Counts what the log says of changes of the page."""
+        """Counts the log's lines about changes of the page."""
         return self.log().count("[StatesMachine]")
 
     def await_page(self, wanted):

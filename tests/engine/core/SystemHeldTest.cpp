@@ -34,8 +34,8 @@ TEST(HeldFiles, AreThereAndDontOpen) {
 
 #ifdef _WIN32
 
-/// A file that is to be written is tried again for at least 480 milliseconds: what takes less
-/// hasn't waited in vain for it.
+/// Opening a held file for writing is tried again for at least 480 milliseconds: an operation that
+/// takes less hasn't waited in vain.
 constexpr uint32_t Soon = 400;    // milliseconds
 constexpr uint32_t HoldTime = 40; // milliseconds
 
@@ -181,7 +181,7 @@ struct DistantNames : testing::Test {
         system::changeDirectory(before);
         SetEnvironmentVariableW(L"APPDATA", appData.c_str());
     }
-    /// Whether a file comes to lie in the folder when it is written under that name of it.
+    /// Whether a file written through that name ends up in the folder.
     bool isIts(const zel::String& name) const {
         if (FILE* file = system::openFile(name + "\\file", "wb"))
             std::fclose(file);
@@ -220,7 +220,7 @@ TEST_F(DistantNames, AreToldOfWhereNothingReachesThem) {
     EXPECT_EQ(lines.linesWith("nothing can be kept"), 1);
 }
 
-/// The data lie in the working folder, which has no name at all.
+/// The data are in the working folder, which has no name at all.
 TEST_F(DistantNames, KeepNobodyFromTheDataBesideHim) {
     const std::wstring lost = distant + L"\\lost";
     CreateDirectoryW(lost.c_str(), nullptr);
