@@ -87,7 +87,17 @@ TEST_F(SampleProgram, MovesElementsInAndOut) {
     EXPECT_LT(way.front(), -150) << "it comes from 320 pixels to the left of 64";
     driver->menu().render();
     EXPECT_EQ(driver->widget("fromLeft")->getBounds().drawX, 64);
-    go("menuBack", "Start");
+    HandledMenu& leaving = driver->menu();
+    driver->press("menuBack");
+    way.clear();
+    for (; machine.getPhase() == StatesMachine::FadeOut; driver->step()) {
+        leaving.render();
+        way.push_back(leaving.getWidget("fromLeft")->getBounds().drawY);
+    }
+    ASSERT_GT(way.size(), 5U);
+    EXPECT_TRUE(std::is_sorted(way.rbegin(), way.rend()));
+    EXPECT_LT(way.back(), way.front() - 60) << "it leaves upwards by 120 pixels";
+    EXPECT_TRUE(driver->untilIdle("Start"));
 }
 
 TEST_F(SampleProgram, RunsEverySection) {
@@ -95,6 +105,7 @@ TEST_F(SampleProgram, RunsEverySection) {
     HandledMenu& menu = driver->menu();
     EXPECT_TRUE(menu.getLocalFlag("wasreset"));
     EXPECT_TRUE(menu.getLocalFlag("entered"));
+    EXPECT_EQ(menu.getLocalString("accent"), "\xE9") << "the script is UTF-8";
     driver->press("store");
     EXPECT_FALSE(driver->widget("store")->wasHit()) << "onevent resets it";
     ZelLoop::onPause();

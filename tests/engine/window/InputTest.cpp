@@ -47,6 +47,7 @@ protected:
         {'(', [this] { platform.beginInputFrame(); }},
         {')', [this] { platform.endInputFrame(); }},
         {'f', [this] { platform.forgetPresses(); }},
+        {'c', [] { Mouse::consumeHits(); }},
         {'b', [this] { clock.advance(1500); }}, // the program is busy
     };
 };
@@ -130,6 +131,8 @@ TEST_F(InputTest, KnowsATapFromOtherClicks) {
         {"d(u)", 20, true, "it ends while half of the widgets had their turn"},
         {"duf", 20, false, "pressed in a fade"},
         {"dfu", 20, false, "begun in a fade, ended after it"},
+        {"duc", 20, false, "taken before a frame saw it"},
+        {"dcu", 20, false, "its press was taken"},
         {"()dub", 20, false, "tapped while the program was busy"},
     };
     for (const auto& [steps, width, isTap, what] : cases) {
