@@ -64,10 +64,12 @@ void MenuElements::removeTextArea(const String& name) {
 void MenuElements::clearWidgets() {
     for (const auto& [name, widget] : widgets)
         unlinkWidget(*widget, widgets, textAreas);
+    std::fill(walk.begin(), walk.end(), nullptr);
     Widgets removed;
     removed.swap(widgets);
-    for (auto& [name, widget] : removed)
-        deferDeletion(std::move(widget));
+    if (depth > 0)
+        for (auto& [name, widget] : removed)
+            deferred.push_back(std::move(widget));
 }
 
 void MenuElements::clearTextAreas() {
