@@ -4,6 +4,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,6 +27,9 @@ namespace {
 
 constexpr uint32_t FileSeed = 20260;
 constexpr int32_t LogLines = 100000;
+constexpr int32_t UsualPlanes = 8; // in a log
+constexpr int32_t ManyPlanes = 2000;
+constexpr int32_t FewerPlanes = ManyPlanes / 10;
 
 const std::string& workFolder() {
     static const WorkFolder folder;
@@ -132,55 +136,60 @@ void loadBare(benchmark::State& state) {
     }
 }
 
-/// A log of one long fight: planes and pilots first, then hits, damage and positions.
-const std::string& logFile() {
-    static const std::string path = [] {
-        const std::string name = workFolder() + "/log[0].txt";
-        std::ofstream log(name, std::ios::binary);
-        log << "T:0 AType:15 VER:18\r\n";
-        for (int32_t i = 0; i < 8; ++i) {
-            log << "T:5 AType:12 ID:" << 20000 + i
-                << " TYPE:SPAD 7.C1 150hp COUNTRY:" << (i < 4 ? 101 : 501) << " NAME:Jean Martin "
-                << i << " PID:-1\r\n"
-                << "T:5 AType:12 ID:" << 30000 + i
-                << " TYPE:Common Bot COUNTRY:101 NAME: PID:" << 20000 + i << "\r\n";
+void writeLog(const std::string& path, int32_t planes) {
+    std::ofstream log(path, std::ios::binary);
+    log << "T:0 AType:15 VER:18\r\n";
+    for (int32_t i = 0; i < planes; ++i) {
+        log << "T:5 AType:12 ID:" << 20000 + i
+            << " TYPE:SPAD 7.C1 150hp COUNTRY:" << (i < planes / 2 ? 101 : 501)
+            << " NAME:Jean Martin " << i << " PID:-1\r\n"
+            << "T:5 AType:12 ID:" << 30000 + i
+            << " TYPE:Common Bot COUNTRY:101 NAME: PID:" << 20000 + i << "\r\n";
+    }
+    zel::Random random(FileSeed);
+    int32_t from = 20000;
+    int32_t to = 20000 + planes / 2;
+    for (int32_t i = 1 + 2 * planes; i < LogLines; ++i) {
+        if (i % 20 == 0) { // a burst later, somebody else fires
+            from = 20000 + random.getInt(0, planes - 1);
+            to = 20000 + random.getInt(0, planes - 1);
         }
-        zel::Random random(FileSeed);
-        int32_t from = 20000;
-        int32_t to = 20004;
-        for (int32_t i = 17; i < LogLines; ++i) {
-            if (i % 20 == 0) { // a burst later, somebody else fires
-                from = 20000 + random.getInt(0, 7);
-                to = 20000 + random.getInt(0, 7);
-            }
-            if (i % 3 == 0)
-                log << "T:" << i << " AType:2 DMG:0.012 AID:" << from << " TID:" << to
-                    << " POS(211602.250,1580.125,63020.500)\r\n";
-            else
-                log << "T:" << i << " AType:1 AMMO:BULLET_GER_792x57_SS AID:" << from
-                    << " TID:" << to << "\r\n";
-        }
-        return name;
-    }();
-    return path;
+        if (i % 3 == 0)
+            log << "T:" << i << " AType:2 DMG:0.012 AID:" << from << " TID:" << to
+                << " POS(211602.250,1580.125,63020.500)\r\n";
+        else
+            log << "T:" << i << " AType:1 AMMO:BULLET_GER_792x57_SS AID:" << from << " TID:" << to
+                << "\r\n";
+    }
 }
 
-void readLog(benchmark::State& state) {
-    logFile();
+/// The name, in the work folder, of a log of one long fight: planes and pilots first, then hits,
+/// damage and positions.
+std::string logOf(int32_t planes) {
+    std::string name = "log" + std::to_string(planes) + "[0].txt";
+    const std::string path = workFolder() + "/" + name;
+    if (!fs::exists(path))
+        writeLog(path, planes);
+    return name;
+}
+
+void readLog(benchmark::State& state, int32_t planes) {
+    const std::string name = logOf(planes);
     CombatReport report;
     for (auto unused : state) {
         static_cast<void>(unused);
         state.PauseTiming(); // giving the last one's memory back is not reading
         report.clear();
         state.ResumeTiming();
-        benchmark::DoNotOptimize(report.readMission(workFolder() + "/", "log[0].txt"));
+        benchmark::DoNotOptimize(report.readMission(workFolder() + "/", name));
     }
 }
 
 void readLogBare(benchmark::State& state) {
+    const std::string path = workFolder() + "/" + logOf(UsualPlanes);
     for (auto unused : state) {
         static_cast<void>(unused);
-        std::ifstream file(logFile(), std::ios::binary);
+        std::ifstream file(path, std::ios::binary);
         std::string line;
         size_t bytes = 0;
         while (std::getline(file, line))
@@ -196,7 +205,10 @@ void registerFileBenches() {
     using benchmark::kMillisecond;
     struct Bench {
         const char* name;
-        void (*run)(benchmark::State&);
+        std::function<void(benchmark::State&)> run;
+    };
+    const auto logWith = [](int32_t planes) {
+        return [planes](benchmark::State& state) { readLog(state, planes); };
     };
     const Bench benches[] = {
         {"createCareer/ours", createCareer},
@@ -205,13 +217,16 @@ void registerFileBenches() {
         {"storeFile/bare", storeBare},
         {"loadFile/ours", load},
         {"loadFile/bare", loadBare},
-        {"log of 100000 lines/ours", readLog},
+        {"log of 100000 lines/ours", logWith(UsualPlanes)},
         {"log of 100000 lines/bare", readLogBare},
+        {"log of 2000 planes against 200/ours", logWith(ManyPlanes)},
+        {"log of 2000 planes against 200/bare", logWith(FewerPlanes)},
     };
     for (const Bench& bench : benches)
         benchmark::RegisterBenchmark(bench.name, bench.run)->Unit(kMillisecond);
-    RatioReport::setLimit("createCareer", 4);
+    RatioReport::setLimit("createCareer", 3);
     RatioReport::setLimit("storeFile", 3);
     RatioReport::setLimit("loadFile", 3);
     RatioReport::setLimit("log of 100000 lines", 4);
+    RatioReport::setLimit("log of 2000 planes against 200", 2);
 }

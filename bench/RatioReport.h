@@ -8,8 +8,8 @@
 
 /// Collects pairs of benchmarks, "NAME/ours" and "NAME/bare", and prints their ratio: both ran
 /// within one process, turn by turn, so a noisy machine slows both. What other programs take only
-/// adds to a time, and often for several turns, so each side stands for the lower quartile of its
-/// turns. Where there is nothing to compare with, "NAME/ours" is alone, with a time as its limit.
+/// adds to a time, and often for several turns, so the least time of each side's turns stands for
+/// it. Where there is nothing to compare with, "NAME/ours" is alone, with a time as its limit.
 /// All in processor time.
 class RatioReport : public benchmark::BenchmarkReporter {
 public:

@@ -20,13 +20,17 @@ VALUE = re.compile(NAME + r"(?P<value>[\d.]+) (?P<unit>[a-zA-Z ]+?) +(?P<limit>[
 
 
 def values_of(report):
-    """Name to (value, unit, limit) for each line of a report that holds one."""
+    """(name, is a ratio) to (value, unit, limit) for each line of a report that holds one; times in us."""
     found = {}
     for line in report.splitlines():
-        match = RATIO.match(line) or VALUE.match(line)
+        ratio = RATIO.match(line)
+        match = ratio or VALUE.match(line)
         if match:
             parts = match.groupdict()
-            found[parts["name"].strip()] = (float(parts["value"]), parts.get("unit") or "", parts["limit"] or "")
+            value, unit = float(parts["value"]), parts.get("unit") or ""
+            if unit == "ms":
+                value, unit = value * 1000, "us"
+            found[parts["name"].strip(), ratio is not None] = (value, unit, parts["limit"] or "")
     return found
 
 
@@ -38,17 +42,22 @@ def run_all(command, runs):
         print(f"run {number} of {runs}", file=sys.stderr)
         result = subprocess.run(command, stdout=subprocess.PIPE, text=True, check=False)
         passed = passed and result.returncode == 0
-        for name, (value, unit, limit) in values_of(result.stdout).items():
-            lines.setdefault(name, (unit, limit, []))[2].append(value)
+        for line, (value, unit, limit) in values_of(result.stdout).items():
+            lines.setdefault(line, (unit, limit, []))[2].append(value)
     return lines, passed
+
+
+def value_text(value, unit):
+    if unit == "us" and value >= 1000:
+        value, unit = value / 1000, "ms"
+    return f"{value:.4g} {unit}".rstrip()
 
 
 def print_table(lines):
     print("| Line | At most | Least | Median | Largest |")
     print("|---|---|---|---|---|")
-    for name, (unit, limit, values) in lines.items():
-        cells = (f"{value:g}{' ' + unit if unit else ''}"
-                 for value in (min(values), statistics.median(values), max(values)))
+    for (name, _), (unit, limit, values) in lines.items():
+        cells = (value_text(value, unit) for value in (min(values), statistics.median(values), max(values)))
         print(f"| {name} | {limit} | " + " | ".join(cells) + " |")
 
 
