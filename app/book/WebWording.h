@@ -40,7 +40,7 @@ inline constexpr Wording NoWebAward     {3923, "None yet"};
 inline constexpr Wording WebPilot       {3924, "Pilot"};
 inline constexpr Wording WebWhy         {3925, "Why it counts"};
 inline constexpr Wording SketchOfFlight {3926, "Flight $1, $2."}; // number, date
-inline constexpr Wording SketchesNote   {3927, "Dashed: your way. Crosses: machines lost, red German, blue Allied, in a ring your own. Rings: hits. Triangle: landed. Blue and red lines: the front."};
+inline constexpr Wording SketchesNote   {3927, "Dashed: your route. Crosses: machines lost, red German, blue Allied, in a ring your own. Rings: hits. Triangle: landed. Blue and red lines: the front."};
 inline constexpr Wording WebFooter      {3928, "Written by Wingtally from the career of $1, $2. The figures of the real war are those of its history tables."};
 inline constexpr Wording Kilometres     {3931, "$1 km"};
 inline constexpr Wording NorthMark      {3932, "N"};

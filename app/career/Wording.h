@@ -118,11 +118,11 @@ inline constexpr Wording LogNewsTexts[] = { // by LogState
     {910, "No log of your flight has come yet."},
     {911, "No log can come: the simulator's text log is off. Set mission_text_log = 1 in its data\\startup.cfg, start it again, and fly the mission again."},
     {912, "This folder of the simulator is gone, or can't be read: $1"},
-    {913, "A log has come, but another program holds it: $1"},
-    {914, "The log of your flight has come. It has no end yet."},
+    {913, "A log has come, but another program is using it: $1"},
+    {914, "The log of your flight has come. It isn't complete yet."},
     {915, "Your flight isn't over yet: the log is still growing."},
     {916, "The end of your flight is being written: one more look, and the report is there."},
-    {917, "The log of your flight has stopped without an end. Finish the mission in the simulator, or fly it again."},
+    {917, "The log of your flight has stopped before the end. Finish the mission in the simulator, or fly it again."},
     {918, "The newest log belongs to another mission, \"$1\". Fly WingtallyMission."},
     {919, "The newest log belongs to other orders: to-day's don't name its pilot, $1. Fly WingtallyMission as it is now."},
 };
@@ -175,7 +175,7 @@ inline constexpr Wording ShortMonths[] = {
 };
 
 /// Why a career can't be moved or saved (Problem.h).
-inline constexpr Wording NoSuchCareer    {2890, "There is no career of the number $1"};
+inline constexpr Wording NoSuchCareer    {2890, "There is no career number $1"};
 inline constexpr Wording DamagedCareer   {2891, "The career $1 is damaged"};
 inline constexpr Wording CareerOfOther   {2892, "The career $1 is of another version of Wingtally"};
 inline constexpr Wording CareerHeld      {2893, "Process $1 has the career open"};
@@ -186,9 +186,9 @@ inline constexpr Wording NotMoved        {2897, "$1 can't be moved to $2"};
 inline constexpr Wording LinkNotMoved    {2898, "$1 can't be moved: it is a link, which may lead nowhere from there"};
 inline constexpr Wording NameTaken       {2899, "$1 can't be moved: $2 is there already"};
 inline constexpr Wording RecordNotKept   {2901, "The record of the war can't be kept as $1"};
-inline constexpr Wording PresentPage     {2902, "That page is the present one"};
+inline constexpr Wording PresentPage     {2902, "That page is already the current one"};
 inline constexpr Wording DamagedPageFile {2903, "The page $1 is damaged"};
-inline constexpr Wording SavesNotKept    {2904, "The present saves can't be kept as pages"};
+inline constexpr Wording SavesNotKept    {2904, "The current saves can't be kept as pages"};
 inline constexpr Wording PageNotTurned   {2905, "The page can't replace $1"};
 inline constexpr Wording ProblemAlone    {2906, "$1."};
 inline constexpr Wording ProblemAndReason{2907, "$1. $2"}; // FileFaults

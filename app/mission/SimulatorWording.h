@@ -11,7 +11,7 @@ inline constexpr Wording FoundByNames[] = { // by FoundBy
     {4604, "Proton"},    {4605, "Wine"},   {4606, "Disk"},
 };
 inline constexpr Wording SwitchOutcomes[] = { // by SwitchOutcome; the backup's name, the reason
-    {4610, "The text log is on. The file as it was is kept as $1."},
+    {4610, "The text log is on. The old file is kept as $1."},
     {4611, "The text log is on already."},
     {4612, "Rise of Flight is running. Close it first: it would undo the change."},
     {4613, "There is no startup.cfg in the folder data."},

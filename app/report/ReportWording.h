@@ -31,7 +31,7 @@ inline constexpr Wording CreditedAt         {3734, "Credited with $1: last to hi
 inline constexpr Wording Credited           {3735, "Credited with $1: last to hit him."};
 inline constexpr Wording CreditedEach       {3736, "Credited with $1: last to hit each of them."};
 inline constexpr Wording CreditedMixed      {3737, "Credited with $1: named by the log, or last to hit."};
-inline constexpr Wording NobodyLikeYou      {3738, "Your orders name nobody like you: the flight is not counted."};
+inline constexpr Wording NobodyLikeYou      {3738, "Your orders don't name you: the flight is not counted."};
 
 inline constexpr ReasonForms HitBy        = {{3740, "Hit $2 by $1; he did not fall."}, {3741, "You hit him $1; he did not fall."}, {3742, "Hit $2 by $1; you did not fall."}}; // times
 inline constexpr ReasonForms HitByLanded  = {{3743, "Hit $2 by $1; he landed. Not credited."}, {3744, "You hit him $1; he landed. Not credited."}, {3745, "Hit $2 by $1; you landed."}};

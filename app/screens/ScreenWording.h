@@ -43,10 +43,10 @@ inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault 
     {2410, "There is no saved career."},
     {2411, "The career file can't be read."},
     {2412, "The career file is no save of Wingtally."},
-    {2413, "The career file was written by another version of Wingtally: its form is $1, and this version reads $2."},
-    {2414, "Too much of the career file is lost to go on from it."},
+    {2413, "The career file was written by another version of Wingtally: its format is $1, and this version reads $2."},
+    {2414, "Too much of the career file is lost to continue."},
 };
-inline constexpr Wording ChangedAndLost  {2415, "The career file was changed or damaged outside of Wingtally. Too much of it is lost to go on from it."};
+inline constexpr Wording ChangedAndLost  {2415, "The career file was changed or damaged outside of Wingtally. Too much of it is lost to continue."};
 inline constexpr Wording EndMissing      {2511, "The end of the file is missing."};
 inline constexpr Wording RepairCounts[] = { // in the order of CareerRepairs
     {2512, "References to squadron and pilot files that led nowhere: $1"},
@@ -59,7 +59,7 @@ inline constexpr Wording PlayerMoved     {2516, "Your pilot was in no squadron. 
 inline constexpr Wording EndExceeded     {2518, "Bytes after the end of the file: $1"}; // their number
 inline constexpr Wording ChangedOutside  {2519, "It was changed or damaged outside of Wingtally."};
 inline constexpr Wording ChangedSoundly  {2520, "It was changed or damaged outside of Wingtally. All that can be checked is in order."};
-inline constexpr Wording DraftTaken      {2521, "The file was missing. An interrupted save had written it whole under another name, and it has its name again."};
+inline constexpr Wording DraftTaken      {2521, "The file was missing. An interrupted save had written it whole under another name, and it was renamed."};
 inline constexpr Wording BackupTaken     {2522, "The file is missing. The save before it is used."};
 inline constexpr Wording UnreportedFlight{2604, "Your flight has not been reported"};
 
@@ -71,12 +71,12 @@ inline constexpr Wording OrdersFaults[] = { // by OrdersFile, from the first fau
     {2711, "The mission in the simulator isn't that of your orders any more. If you haven't flown yet, ask for new orders."},
     {2712, "The mission of your orders is gone from the simulator. If you haven't flown yet, ask for new orders."},
 };
-inline constexpr Wording OrdersUnkept    {2713, "These orders could not be written down. Leave Wingtally open until the report has come."};
-inline constexpr Wording FlyAndStay      {2715, "Start Rise of Flight and fly WingtallyMission. These orders could not be written down: leave Wingtally open until the report has come."};
-inline constexpr Wording QuitLosesOrders {2721, "Your orders are out, and they could not be written down. If you quit now, the flight can never be reported, whether you save or not."};
+inline constexpr Wording OrdersUnkept    {2713, "These orders could not be saved. Leave Wingtally open until the report has come."};
+inline constexpr Wording FlyAndStay      {2715, "Start Rise of Flight and fly WingtallyMission. These orders could not be saved: leave Wingtally open until the report has come."};
+inline constexpr Wording QuitLosesOrders {2721, "Your orders are out, and they could not be saved. If you quit now, the flight can never be reported, whether you save the career or not."};
 
 inline constexpr Wording DrawerIsEmpty   {2801, "The drawer is empty"};
-inline constexpr Wording NoBookHere      {2802, "No log book lies here. Begin the first one: choose a service, a year and a month."};
+inline constexpr Wording NoBookHere      {2802, "There is no log book here. Begin the first one: choose a service, a year and a month."};
 inline constexpr Wording BeginAnother    {2803, "Begin Another"};
 inline constexpr Wording BeginABook      {2804, "Begin a Book"};
 inline constexpr Wording EarlierPages    {2805, "Earlier Pages"};
@@ -138,8 +138,8 @@ inline constexpr Wording StandInFlies    {4851, "The stand-in flies your mission
 inline constexpr Wording StandInOffered  {4807, "No simulator on this machine? The stand-in flies your missions for you and leaves the same log."};
 
 inline constexpr Wording Drives          {4883, "Drives"};
-inline constexpr Wording WhichFolder     {4886, "It is the one in which the folder data lies, and in that the file startup.cfg. Its name is often Rise of Flight."};
-inline constexpr Wording RightFolder     {4888, "data\\startup.cfg lies here: this is the folder of Rise of Flight. Press Choose This Folder."};
+inline constexpr Wording WhichFolder     {4886, "It contains the folder data with the file startup.cfg. Its name is often Rise of Flight."};
+inline constexpr Wording RightFolder     {4888, "data\\startup.cfg is here: this is the folder of Rise of Flight. Press Choose This Folder."};
 inline constexpr Wording InsideData      {4889, "This is the folder data, with startup.cfg in it. The folder above is that of Rise of Flight. Press Choose This Folder."};
 inline constexpr Wording FoldersSeen     {4890, "Folders $1 to $2 of $3"};
 inline constexpr Wording NoFolders       {4891, "No folders"};

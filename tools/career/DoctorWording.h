@@ -27,20 +27,20 @@ inline constexpr Complaint NoSimulator{
     {4640, "No folder is set for Rise of Flight."},
     {4660, "Choose it on the page \"The Simulator\", or run wingtally-career doctor --fix, which takes the first one that it finds."}};
 inline constexpr Complaint NotTheSimulator{
-    {4641, "The folder that is set for Rise of Flight has no data\\startup.cfg, an empty one, or a later simulator in it."},
+    {4641, "The folder that is set for Rise of Flight lacks data\\startup.cfg, has an empty one, or belongs to a later simulator."},
     {4661, "Choose another one on the page \"The Simulator\", or run wingtally-career doctor --fix. If it is the right one, start Rise of Flight once."}};
 inline constexpr Complaint TextLogOff{
     {4642, "The simulator writes no text log."},
     {4662, "Close it and press \"Switch it on\" on the page \"The Simulator\", or run wingtally-career doctor --fix."}};
 inline constexpr Complaint TextLogUnknown{
     {4643, "The simulator's data\\startup.cfg can't be read."},
-    {4663, "Give yourself the right to read it, and close the program that has it open."}};
+    {4663, "Give yourself permission to read it, and close the program that has it open."}};
 inline constexpr Complaint MissionsLocked{
     {4644, "Missions can't be written into the simulator's folder data\\Missions."},
-    {4664, "Make the folder if it is missing, and give yourself the right to write in it. WingtallyMission.Mission must not be write-protected."}};
+    {4664, "Make the folder if it is missing, and give yourself permission to write in it. WingtallyMission.Mission must not be write-protected."}};
 inline constexpr Complaint UserFolderLocked{
     {4645, "Nothing can be written into Wingtally's folder of your careers."},
-    {4665, "Make room on the disk, and give yourself the right to write there."}};
+    {4665, "Make room on the disk, and give yourself permission to write there."}};
 inline constexpr Complaint TemplateDamaged{
     {4646, "The mission template can't be read, or is damaged."},
     {4666, "Install Wingtally again."}};
@@ -52,7 +52,7 @@ inline constexpr Complaint SaveChanged{
     {4668, "Open it: a page shows what was fixed and offers the save before it."}};
 inline constexpr Complaint RecordUnusable{
     {4649, "The record of the war can't be used."},
-    {4669, "Close other programs that have it open. A damaged one is kept aside, and a new one begun, when the career is saved."}};
+    {4669, "Close other programs that have it open. A damaged one is set aside and a new one started when the career is saved."}};
 inline constexpr Complaint DataDamaged{
     {4650, "Wingtally's data files are missing or damaged."},
     {4670, "Install Wingtally again. Your own files stay."}};
@@ -70,7 +70,7 @@ inline constexpr Complaint NoOpenGl{
     {4674, "Install the driver of the graphics card; on Linux the package libgl1 as well."}};
 
 inline constexpr Wording DoctorFolder {4698, "It is in $1"};
-inline constexpr Wording NotLookedAt  {4699, "It can't be checked before that is put right."};
+inline constexpr Wording NotLookedAt  {4699, "It can't be checked until that is fixed."};
 inline constexpr Wording DataWhole    {4700, "All data files are in order."};
 inline constexpr Wording OwnFolderOpen{4701, "Careers can be written."};
 inline constexpr Wording LogSwitchedOn{4702, "It was off."};
@@ -79,17 +79,17 @@ inline constexpr Wording LogNone      {4681, "It is on. There is no log yet."};
 inline constexpr Wording TemplateWhole{4682, "It is whole."};
 inline constexpr Wording FoldersOpen  {4683, "Missions and careers can be written."};
 inline constexpr Wording NoSaveYet    {4684, "There is no career yet."};
-inline constexpr Wording SaveUnmatched{4685, "It can be read. Whether each byte is as it was saved is not known without its record."};
+inline constexpr Wording SaveUnmatched{4685, "It can be read. Without its record Wingtally can't tell whether it was changed."};
 inline constexpr Wording SaveWhole    {4686, "It is as it was saved."};
 inline constexpr Wording RecordWhole  {4687, "It is whole."};
 inline constexpr Wording NoRecordYet  {4688, "There is none yet. The next save begins one."};
 inline constexpr Wording FilesWhole   {4689, "$1 files are whole."};
-inline constexpr Wording TablesWhole  {4690, "$1 languages have all texts."};
-inline constexpr Wording OpenGlThere  {4691, "Its library is there. Whether the graphics card draws with it is not tried here: only the window does that."};
+inline constexpr Wording TablesWhole  {4690, "All $1 languages are complete."};
+inline constexpr Wording OpenGlThere  {4691, "Its library is there. Whether the graphics card draws with it shows only when the window opens."};
 inline constexpr Wording NoScreen     {4692, "There is no screen here, so no window can be opened."};
 inline constexpr Wording FoundPlace   {4693, "Found: $1 ($2)"};
 inline constexpr Wording FoundNothing {4694, "Nothing was found in the registry, in Steam, Wine and Proton, and on the disks."};
-inline constexpr Wording SearchCut    {4695, "The search has ended before it had looked everywhere."};
+inline constexpr Wording SearchCut    {4695, "The search ended before it had looked everywhere."};
 inline constexpr Wording PlaceTaken   {4696, "$1 is set as its folder in $2."};
 inline constexpr Wording PlaceUnset   {4697, "The setting can't be written into $1. $2"};
 

@@ -39,7 +39,7 @@ inline constexpr Wording PostedKilled    {3037, "$1: $2 was killed by $3"};
 inline constexpr Wording PostedSuccessor {3038, "$1: $2 took the place of $3"};
 inline constexpr Wording NothingRecorded {3039, "Nothing of the kind is recorded"};
 inline constexpr Wording NobodyFell      {4110, "None of your pilots has fallen"};
-inline constexpr Wording FallIsUnknown   {4112, "Whether a pilot of yours has fallen isn't known: the record of the war lacks a part"};
+inline constexpr Wording FallIsUnknown   {4112, "It isn't known whether one of your pilots has fallen: the record of the war has a gap"};
 inline constexpr Wording WarGoesOn       {4111, "The war isn't over yet"};
 inline constexpr Wording Exported        {3040, "Exported $1"};
 
@@ -56,7 +56,7 @@ inline constexpr Wording HasPutAway      {3079, "Career $1 is put away"};
 inline constexpr Wording PageOfCareer    {3080, "$1: $2. Victories: $3. Missions: $4. Saved: $5"}; // name, date
 inline constexpr Wording PageIsDamaged   {3081, "$1 (damaged)"};
 inline constexpr Wording PageUnreadable  {3082, "$1: $2 is damaged. Saved: $3"}; // name, file
-inline constexpr Wording TurnedBack      {3083, "The page $1 is the present save"};
+inline constexpr Wording TurnedBack      {3083, "The page $1 is the current save"};
 
 inline constexpr Wording OrdersOut       {2730, "Orders: those of $1 are out"};
 inline constexpr Wording OrdersFiles[] = { // by OrdersFile

@@ -68,7 +68,7 @@ TEST(Sketch, DrawsWhatTheLogSays) {
                             "2. 0:49  You hit Albert Reed once\n"
                             "3. 0:57  You bring down Albert Reed\n"
                             "4. 1:02  Ernest M. Hall brings down Kurt Brandt\n"
-                            "5. 1:06  Ernest M. Hall damages you\n"
+                            "5. 1:06  Ernest M. Hall damages your plane\n"
                             "6. 3:00  You land near Arras\n");
     EXPECT_EQ(sketch.way.size(), 3U) << "begin, wound, landing";
     for (const SketchMark& mark : sketch.marks)
@@ -108,8 +108,8 @@ TEST(Sketch, NamesWhoAndWhen) {
     flight.mission.reports[1].shotdownByOwn = 0;
     flight.mission.reports[0].shotDown = 1;
     EXPECT_EQ(text(sketchOf(flight, nullptr)),
-              "1. 0:10  In the air near Arras\n2. 0:10  Albert Reed damages you\n"
-              "3. 1:00  Albert Reed damages you\n4. 1:10  Albert Reed is damaged\n"
+              "1. 0:10  In the air near Arras\n2. 0:10  Albert Reed damages your plane\n"
+              "3. 1:00  Albert Reed damages your plane\n4. 1:10  Albert Reed is damaged\n"
               "5. 1:20  Kurt Brandt, of your own side, falls to you\n6. 1:21  You crash\n"
               "7. 3:20  Kurt Brandt lands near Arras\n");
     flight.mission.reports[0].shotdownBy = 2;

@@ -71,7 +71,7 @@ TEST_F(ShelfTest, KeepsEachCareerWhole) {
     EXPECT_EQ(program.bases(), second);
     EXPECT_TRUE(program.record.gaps().empty());
     EXPECT_FALSE(program.shelf.take(3));
-    EXPECT_EQ(program.shelf.problem().english(), "There is no career of the number 3");
+    EXPECT_EQ(program.shelf.problem().english(), "There is no career number 3");
 
     // A number is gone for good with its folder.
     program.begin("Fritz Braun");

@@ -91,7 +91,7 @@ TEST_F(CombatReportScreen, FitsTheLongestNames) {
                          .getTextArea("leftWhy" + std::to_string(entry))
                          ->getLabel()
                          .isCut());
-    EXPECT_NE(driver.text("leftWhy2").find("name nobody like you"), std::string::npos);
+    EXPECT_NE(driver.text("leftWhy2").find("don't name you"), std::string::npos);
 }
 
 TEST_F(CombatReportScreen, KeepsTheFirstOfTooMany) {

@@ -17,9 +17,9 @@ using How = CareerDriver::How;
 
 constexpr int32_t QuietLooks = 5; // until it gives up; the simulator writes at every fourth look
 constexpr const char* Waits = "No log of your flight has come yet.";
-constexpr const char* Begun = "The log of your flight has come. It has no end yet.";
+constexpr const char* Begun = "The log of your flight has come. It isn't complete yet.";
 constexpr const char* Grows = "Your flight isn't over yet: the log is still growing.";
-constexpr const char* Stopped = "The log of your flight has stopped without an end. Finish the "
+constexpr const char* Stopped = "The log of your flight has stopped before the end. Finish the "
                                 "mission in the simulator, or fly it again.";
 constexpr const char* Other = "The newest log belongs to another mission, \"other\". Fly "
                               "WingtallyMission.";

@@ -43,7 +43,7 @@ TEST_F(DoctorTest, FindsNothingWrongWithAWholeCareer) {
     EXPECT_EQ(call(sim() + "doctor"), 0) << out;
     EXPECT_EQ(out.find("WRONG"), std::string::npos) << out;
     for (const char* line : {"Simulator: It is in", "Save: It is as it was saved.",
-                             "Record: It is whole.", "languages have all texts."})
+                             "Record: It is whole.", "languages are complete."})
         EXPECT_TRUE(says(line)) << line << '\n' << out;
     EXPECT_EQ(call("--quiet " + sim() + "doctor"), 0);
     EXPECT_EQ(out, "");
@@ -84,7 +84,7 @@ TEST(Doctor, FixesTheSimulator) {
     EXPECT_EQ(finds(false), "") << out;
     fs::remove_all(run.folder.file("home/Games"));
     EXPECT_NE(finds(true), "") << out;
-    EXPECT_TRUE(says("has no data\\startup.cfg") && says("Nothing was found")) << out;
+    EXPECT_TRUE(says("lacks data\\startup.cfg") && says("Nothing was found")) << out;
 }
 
 TEST_F(DoctorTest, ComplainsOfWhatIsDamaged) {

@@ -76,7 +76,7 @@ TEST_F(SessionTest, ChangesBetweenCareers) {
     expectProblem(take(1), "save it first");
     ASSERT_TRUE(session.save()) << session.problem().c_str();
     EXPECT_TRUE(session.onShelf(&ShelfCommands::careers) && session.onShelf(&ShelfCommands::pages));
-    expectProblem(take(3), "There is no career of the number 3");
+    expectProblem(take(3), "There is no career number 3");
     ASSERT_TRUE(take(1)) << session.problem().c_str();
     expectProblem(session.save(), "There is no career yet");
     ASSERT_TRUE(session.load());
