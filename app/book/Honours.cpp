@@ -69,7 +69,7 @@ private:
             if (rank.nation == service.nation)
                 for (const int32_t months : {(rank.months + 1) / 2, rank.months, 2 * rank.months})
                     all.insert(monthsLater(service.since, months));
-        for (const PilotService::Change& change : service.branches)
+        for (const PilotService::BranchChange& change : service.branches)
             all.insert(change.date);
         all.erase(all.begin(), all.lower_bound(service.since));
         return all;
@@ -77,7 +77,7 @@ private:
 
     Branch branchOn(int32_t date) const {
         Branch branch = Branch::Army;
-        for (const PilotService::Change& change : service.branches)
+        for (const PilotService::BranchChange& change : service.branches)
             if (change.date <= date || &change == &service.branches.front())
                 branch = change.branch;
         return branch;

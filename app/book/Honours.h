@@ -9,18 +9,18 @@
 /// What ranks and decorations of a pilot follow from. Dates are yyyymmdd.
 struct PilotService {
     /// From that day on he serves there.
-    struct Change {
+    struct BranchChange {
         int32_t date = 0;
         Branch branch = Branch::Army;
     };
 
     int32_t nation = 0;
-    int32_t since = 0;              // the first day of his service
-    int32_t until = 0;              // to-day, or the day of his death
-    std::vector<Change> branches;   // ascending; empty for the army
-    std::vector<int32_t> victories; // days of the victories, ascending
-    std::vector<int32_t> flights;   // days of the flights, ascending
-    bool hasFlights = true;         // false: they aren't known, and none are asked for
+    int32_t since = 0;                  // the first day of his service
+    int32_t until = 0;                  // to-day, or the day of his death
+    std::vector<BranchChange> branches; // ascending; empty for the army
+    std::vector<int32_t> victories;     // days of the victories, ascending
+    std::vector<int32_t> flights;       // days of the flights, ascending
+    bool hasFlights = true;             // false: they aren't known, and none are asked for
 
     /// From that day on he serves in that branch. REQUIRES: the days ascend.
     void addBranch(int32_t since, Branch branch) {

@@ -16,7 +16,7 @@ bool PilotRows::gather(SqliteFile& record, int64_t most) {
     if (page.id == 0 || hashOf(record, page.id) != page.hash)
         *this = {};
     // The rows of a page never change, so remember the newer page.
-    if (const Page newest = newestPage(record); newest.id > 0)
+    if (const PageKeys newest = newestPage(record); newest.id > 0)
         page = newest;
     readOn(record, "SELECT id, victor FROM victory WHERE id > ? AND id <= ? ORDER BY id LIMIT ?",
            page.victory, most, victories);
@@ -27,8 +27,8 @@ bool PilotRows::gather(SqliteFile& record, int64_t most) {
     return most > 0 && !record.failed();
 }
 
-PilotRows::Page PilotRows::newestPage(SqliteFile& record) {
-    Page newest;
+PilotRows::PageKeys PilotRows::newestPage(SqliteFile& record) {
+    PageKeys newest;
     SqliteStatement row(record, "SELECT id, victory, posting FROM page ORDER BY id DESC LIMIT 1");
     if (row.next())
         newest = {row.number(0), 0, row.number(1), row.number(2)};
@@ -43,7 +43,7 @@ uint64_t PilotRows::hashOf(SqliteFile& record, int64_t page) {
 }
 
 void PilotRows::readOn(SqliteFile& record, const char* sql, int64_t until, int64_t& most,
-                       Rows& known) {
+                       KnownRows& known) {
     if (known.last >= until || most <= 0)
         return;
     SqliteStatement row(record, sql);
@@ -65,7 +65,7 @@ void PilotRows::readOn(SqliteFile& record, const char* sql, int64_t until, int64
     most -= count;
 }
 
-int32_t PilotRows::newestOf(const Rows& known, int32_t pilot) {
+int32_t PilotRows::newestOf(const KnownRows& known, int32_t pilot) {
     return pilot >= 0 && static_cast<size_t>(pilot) < known.newest.size()
                ? known.newest[static_cast<size_t>(pilot)]
                : -1;

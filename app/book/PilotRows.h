@@ -29,24 +29,24 @@ private:
         int32_t key = 0;
         int32_t before = -1; // index of the same pilot's row before it; -1 for none
     };
-    struct Rows {
+    struct KnownRows {
         std::vector<Row> rows;
         std::vector<int32_t> newest; // by pilot, likewise
         int64_t last = 0;            // key
     };
-    struct Page {
+    struct PageKeys {
         int64_t id = 0;
         uint64_t hash = 0; // of its checksum
         int64_t victory = 0, posting = 0;
     };
 
-    static int32_t newestOf(const Rows& known, int32_t pilot);
-    static Page newestPage(SqliteFile& record);
+    static int32_t newestOf(const KnownRows& known, int32_t pilot);
+    static PageKeys newestPage(SqliteFile& record);
     static uint64_t hashOf(SqliteFile& record, int64_t page);
     static void readOn(SqliteFile& record, const char* sql, int64_t until, int64_t& most,
-                       Rows& known);
+                       KnownRows& known);
 
-    Page page; // all known rows are of it or of pages before it
-    Rows victories;
-    Rows deaths;
+    PageKeys page; // all known rows are of it or of pages before it
+    KnownRows victories;
+    KnownRows deaths;
 };

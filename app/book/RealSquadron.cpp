@@ -111,7 +111,7 @@ RealMen realMen(const LogBook& book, const Database& career, const BookTables& t
     if (men.best.empty()) {
         men.isFront = true;
         men.best = bestOfTheFront(tables, men.since, men.end);
-        for (RealMen::Month& month : men.months)
+        for (RealMen::SquadronMonth& month : men.months)
             month.men = men.best;
         return men;
     }
@@ -124,7 +124,7 @@ RealMen realMen(const LogBook& book, const Database& career, const BookTables& t
 
 std::vector<MonthScore> monthScores(const LogBook& book, const RealMen& men) {
     std::vector<MonthScore> months;
-    for (const RealMen::Month& one : men.months) {
+    for (const RealMen::SquadronMonth& one : men.months) {
         MonthScore& score = months.emplace_back();
         score.month = one.month;
         for (const BookFlight& flight : book.flights)

@@ -23,14 +23,14 @@ struct RealMember {
 /// or, where the tables know none who scored there, the five best of the front.
 struct RealMen {
     /// A month of the book, and the men of the squadron in which the player flew then.
-    struct Month {
+    struct SquadronMonth {
         int32_t month = 0; // yyyymm
         std::vector<RealMember> men;
     };
 
     int32_t since = 0; // yyyymmdd, the first day of the months; so end, the day after the last
     int32_t end = 0;
-    std::vector<Month> months;
+    std::vector<SquadronMonth> months;
     std::vector<RealMember> best; // at most five, the best first: of the present squadron, if any
     bool isFront = false;
 };

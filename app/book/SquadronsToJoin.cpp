@@ -26,8 +26,8 @@ constexpr LongNames AllLongNames[] = {{101900, &wording::ShortChasse},
 constexpr int32_t UnitsOfBase = 99;
 
 /// A month as the texts of its first and last day, "yyyymmdd", which compare like dates.
-struct Month {
-    Month(int32_t year, int32_t month)
+struct MonthSpan {
+    MonthSpan(int32_t year, int32_t month)
         : first(Calendar(year, month, 1).dateText()),
           last(Calendar(year, month, Calendar::daysInMonth(year, month)).dateText()) {}
 
@@ -39,7 +39,7 @@ struct Entry {
     std::string_view date, until, aircraft, unit;
     int32_t level = 0;
 
-    bool isIn(const Month& month) const {
+    bool isIn(const MonthSpan& month) const {
         return !date.empty() && date <= month.last.view() &&
                (until.empty() || until >= month.first.view());
     }
@@ -78,7 +78,7 @@ struct KnownPilot {
     zel::String name;
 };
 
-std::map<std::string, KnownPilot> knownPilots(const Database& career, const Month& month) {
+std::map<std::string, KnownPilot> knownPilots(const Database& career, const MonthSpan& month) {
     std::map<std::string, KnownPilot> known; // by the key of the squadron
     for (const PilotFile& file : career.pilotFiles) {
         const zel::String name(zel::arrayText(file.name));
@@ -99,7 +99,7 @@ std::map<std::string, KnownPilot> knownPilots(const Database& career, const Mont
 /// What the player would fly with the squadron: of the types that his nation flies in the month one
 /// that the file names, if possible for that month and as late as possible. Empty if all that it
 /// flies is switched off.
-zel::String machineOf(const Database& career, const SquadronFile& file, const Month& month,
+zel::String machineOf(const Database& career, const SquadronFile& file, const MonthSpan& month,
                       const std::vector<const char*>& drawable) {
     zel::String machine;
     std::string_view since;
@@ -146,7 +146,7 @@ zel::String listColumn(const zel::String& text, size_t letters) {
 std::vector<SquadronToJoin> squadronsToJoin(const Database& career, int32_t service, int32_t year,
                                             int32_t month) {
     const int32_t nation = nationOfService(service);
-    const Month asked(year, month);
+    const MonthSpan asked(year, month);
     const std::vector<const char*> drawable = planesDrawable(nation, year, month);
     const std::map<std::string, KnownPilot> known = knownPilots(career, asked);
     std::vector<SquadronToJoin> squadrons;

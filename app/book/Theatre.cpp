@@ -5,7 +5,7 @@
 namespace {
 
 /// A point of the earth, in degrees.
-struct Place {
+struct GeoPoint {
     float east;
     float north;
 };
@@ -19,7 +19,7 @@ struct MapFit {
 constexpr MapFit WesternFit = {181137, 2582, 117161, 112336, 70540, -4760};
 constexpr MapFit ChannelFit = {-35300, 0, 111300, 251000, 70400, 0};
 
-MapPoint onMap(const Place& place, bool onChannelMap) {
+MapPoint onMap(const GeoPoint& place, bool onChannelMap) {
     const MapFit& fit = onChannelMap ? ChannelFit : WesternFit;
     const float east = place.east - 3.5F;
     const float north = place.north - 50;
@@ -29,7 +29,7 @@ MapPoint onMap(const Place& place, bool onChannelMap) {
 
 struct NamedPlace {
     const char* name;
-    Place place;
+    GeoPoint place;
 };
 
 // clang-format off
@@ -60,82 +60,82 @@ constexpr NamedPlace Towns[] = {
 };
 
 // From Dieppe to the Scheldt.
-constexpr Place Coast[] = {
+constexpr GeoPoint Coast[] = {
     {1.08F, 49.93F}, {1.37F, 50.06F}, {1.55F, 50.22F}, {1.58F, 50.40F}, {1.58F, 50.73F}, {1.60F, 50.87F},
     {1.85F, 50.97F}, {2.12F, 51.01F}, {2.37F, 51.06F}, {2.75F, 51.15F}, {2.92F, 51.24F}, {3.20F, 51.34F},
     {3.45F, 51.40F}, {3.90F, 51.44F}, {4.20F, 51.60F},
 };
 
 // The front in pieces that changed at different times, from the sea on.
-constexpr Place Yser[] = {{2.74F, 51.15F}, {2.86F, 51.03F}, {2.88F, 50.94F}};
-constexpr Place YserOctober[] = {{3.38F, 51.37F}, {3.52F, 51.20F}, {3.58F, 51.02F}};
-constexpr Place YserNovember[] = {{3.80F, 51.25F}, {3.74F, 51.10F}, {3.72F, 50.98F}};
+constexpr GeoPoint Yser[] = {{2.74F, 51.15F}, {2.86F, 51.03F}, {2.88F, 50.94F}};
+constexpr GeoPoint YserOctober[] = {{3.38F, 51.37F}, {3.52F, 51.20F}, {3.58F, 51.02F}};
+constexpr GeoPoint YserNovember[] = {{3.80F, 51.25F}, {3.74F, 51.10F}, {3.72F, 50.98F}};
 
-constexpr Place Ypres[] = {{2.92F, 50.89F}, {2.95F, 50.85F}, {2.90F, 50.81F}, {2.88F, 50.78F}, {2.91F, 50.73F}};
-constexpr Place YpresSummer1917[] = {{2.93F, 50.90F}, {2.97F, 50.86F}, {2.95F, 50.81F}, {2.94F, 50.76F}, {2.92F, 50.72F}};
-constexpr Place YpresWinter1917[] = {{2.95F, 50.94F}, {3.03F, 50.91F}, {3.00F, 50.84F}, {2.95F, 50.77F}, {2.92F, 50.72F}};
-constexpr Place YpresApril1918[] = {{2.88F, 50.91F}, {2.92F, 50.87F}, {2.88F, 50.81F}, {2.79F, 50.78F}, {2.68F, 50.74F}};
-constexpr Place YpresOctober1918[] = {{3.12F, 50.98F}, {3.12F, 50.90F}, {3.06F, 50.82F}, {3.00F, 50.76F}, {2.96F, 50.71F}};
-constexpr Place YpresEnd[] = {{3.60F, 50.92F}, {3.58F, 50.85F}, {3.48F, 50.76F}, {3.40F, 50.68F}, {3.37F, 50.62F}};
+constexpr GeoPoint Ypres[] = {{2.92F, 50.89F}, {2.95F, 50.85F}, {2.90F, 50.81F}, {2.88F, 50.78F}, {2.91F, 50.73F}};
+constexpr GeoPoint YpresSummer1917[] = {{2.93F, 50.90F}, {2.97F, 50.86F}, {2.95F, 50.81F}, {2.94F, 50.76F}, {2.92F, 50.72F}};
+constexpr GeoPoint YpresWinter1917[] = {{2.95F, 50.94F}, {3.03F, 50.91F}, {3.00F, 50.84F}, {2.95F, 50.77F}, {2.92F, 50.72F}};
+constexpr GeoPoint YpresApril1918[] = {{2.88F, 50.91F}, {2.92F, 50.87F}, {2.88F, 50.81F}, {2.79F, 50.78F}, {2.68F, 50.74F}};
+constexpr GeoPoint YpresOctober1918[] = {{3.12F, 50.98F}, {3.12F, 50.90F}, {3.06F, 50.82F}, {3.00F, 50.76F}, {2.96F, 50.71F}};
+constexpr GeoPoint YpresEnd[] = {{3.60F, 50.92F}, {3.58F, 50.85F}, {3.48F, 50.76F}, {3.40F, 50.68F}, {3.37F, 50.62F}};
 
-constexpr Place Lys[] = {{2.93F, 50.68F}, {2.82F, 50.60F}, {2.76F, 50.55F}};
-constexpr Place Lys1918[] = {{2.60F, 50.68F}, {2.61F, 50.62F}, {2.72F, 50.56F}};
-constexpr Place LysAutumn[] = {{2.94F, 50.66F}, {2.90F, 50.58F}, {2.84F, 50.52F}};
-constexpr Place LysEnd[] = {{3.38F, 50.56F}, {3.45F, 50.48F}, {3.52F, 50.42F}};
+constexpr GeoPoint Lys[] = {{2.93F, 50.68F}, {2.82F, 50.60F}, {2.76F, 50.55F}};
+constexpr GeoPoint Lys1918[] = {{2.60F, 50.68F}, {2.61F, 50.62F}, {2.72F, 50.56F}};
+constexpr GeoPoint LysAutumn[] = {{2.94F, 50.66F}, {2.90F, 50.58F}, {2.84F, 50.52F}};
+constexpr GeoPoint LysEnd[] = {{3.38F, 50.56F}, {3.45F, 50.48F}, {3.52F, 50.42F}};
 
-constexpr Place Artois[] = {{2.79F, 50.46F}, {2.77F, 50.38F}, {2.81F, 50.30F}, {2.78F, 50.24F}};
-constexpr Place Artois1917[] = {{2.81F, 50.44F}, {2.87F, 50.37F}, {2.90F, 50.33F}, {2.92F, 50.26F}, {2.93F, 50.20F}};
-constexpr Place Artois1918[] = {{2.82F, 50.44F}, {2.86F, 50.36F}, {2.85F, 50.29F}, {2.75F, 50.21F}};
-constexpr Place ArtoisAutumn[] = {{2.90F, 50.44F}, {3.00F, 50.36F}, {3.08F, 50.27F}, {3.16F, 50.20F}};
-constexpr Place ArtoisEnd[] = {{3.54F, 50.38F}, {3.62F, 50.30F}, {3.65F, 50.22F}};
+constexpr GeoPoint Artois[] = {{2.79F, 50.46F}, {2.77F, 50.38F}, {2.81F, 50.30F}, {2.78F, 50.24F}};
+constexpr GeoPoint Artois1917[] = {{2.81F, 50.44F}, {2.87F, 50.37F}, {2.90F, 50.33F}, {2.92F, 50.26F}, {2.93F, 50.20F}};
+constexpr GeoPoint Artois1918[] = {{2.82F, 50.44F}, {2.86F, 50.36F}, {2.85F, 50.29F}, {2.75F, 50.21F}};
+constexpr GeoPoint ArtoisAutumn[] = {{2.90F, 50.44F}, {3.00F, 50.36F}, {3.08F, 50.27F}, {3.16F, 50.20F}};
+constexpr GeoPoint ArtoisEnd[] = {{3.54F, 50.38F}, {3.62F, 50.30F}, {3.65F, 50.22F}};
 
-constexpr Place Somme[] = {{2.66F, 50.14F}, {2.67F, 50.06F}, {2.72F, 50.00F}, {2.80F, 49.96F}, {2.79F, 49.88F}, {2.76F, 49.80F}, {2.74F, 49.70F}, {2.84F, 49.59F}, {2.95F, 49.51F}};
-constexpr Place SommeAutumn1916[] = {{2.66F, 50.14F}, {2.71F, 50.07F}, {2.80F, 50.07F}, {2.89F, 50.03F}, {2.91F, 49.97F}, {2.89F, 49.90F}, {2.80F, 49.82F}, {2.74F, 49.70F}, {2.84F, 49.59F}, {2.95F, 49.51F}};
-constexpr Place Siegfried[] = {{3.06F, 50.14F}, {3.13F, 50.06F}, {3.18F, 49.98F}, {3.22F, 49.91F}, {3.27F, 49.84F}, {3.35F, 49.74F}, {3.35F, 49.66F}, {3.32F, 49.56F}};
-constexpr Place Spring1918[] = {{2.65F, 50.13F}, {2.62F, 50.03F}, {2.62F, 49.95F}, {2.55F, 49.87F}, {2.49F, 49.77F}, {2.53F, 49.65F}, {2.72F, 49.55F}, {2.90F, 49.55F}};
-constexpr Place August1918[] = {{2.75F, 50.13F}, {2.74F, 50.04F}, {2.76F, 49.93F}, {2.74F, 49.83F}, {2.75F, 49.70F}, {2.82F, 49.58F}, {2.98F, 49.52F}};
-constexpr Place October1918[] = {{3.30F, 50.14F}, {3.32F, 50.04F}, {3.35F, 49.95F}, {3.40F, 49.84F}, {3.44F, 49.72F}, {3.46F, 49.62F}};
-constexpr Place SommeEnd[] = {{3.70F, 50.14F}, {3.72F, 50.05F}, {3.74F, 49.95F}, {3.80F, 49.86F}, {3.95F, 49.76F}};
+constexpr GeoPoint Somme[] = {{2.66F, 50.14F}, {2.67F, 50.06F}, {2.72F, 50.00F}, {2.80F, 49.96F}, {2.79F, 49.88F}, {2.76F, 49.80F}, {2.74F, 49.70F}, {2.84F, 49.59F}, {2.95F, 49.51F}};
+constexpr GeoPoint SommeAutumn1916[] = {{2.66F, 50.14F}, {2.71F, 50.07F}, {2.80F, 50.07F}, {2.89F, 50.03F}, {2.91F, 49.97F}, {2.89F, 49.90F}, {2.80F, 49.82F}, {2.74F, 49.70F}, {2.84F, 49.59F}, {2.95F, 49.51F}};
+constexpr GeoPoint Siegfried[] = {{3.06F, 50.14F}, {3.13F, 50.06F}, {3.18F, 49.98F}, {3.22F, 49.91F}, {3.27F, 49.84F}, {3.35F, 49.74F}, {3.35F, 49.66F}, {3.32F, 49.56F}};
+constexpr GeoPoint Spring1918[] = {{2.65F, 50.13F}, {2.62F, 50.03F}, {2.62F, 49.95F}, {2.55F, 49.87F}, {2.49F, 49.77F}, {2.53F, 49.65F}, {2.72F, 49.55F}, {2.90F, 49.55F}};
+constexpr GeoPoint August1918[] = {{2.75F, 50.13F}, {2.74F, 50.04F}, {2.76F, 49.93F}, {2.74F, 49.83F}, {2.75F, 49.70F}, {2.82F, 49.58F}, {2.98F, 49.52F}};
+constexpr GeoPoint October1918[] = {{3.30F, 50.14F}, {3.32F, 50.04F}, {3.35F, 49.95F}, {3.40F, 49.84F}, {3.44F, 49.72F}, {3.46F, 49.62F}};
+constexpr GeoPoint SommeEnd[] = {{3.70F, 50.14F}, {3.72F, 50.05F}, {3.74F, 49.95F}, {3.80F, 49.86F}, {3.95F, 49.76F}};
 
-constexpr Place Aisne[] = {{3.10F, 49.45F}, {3.32F, 49.41F}, {3.52F, 49.41F}, {3.76F, 49.42F}, {3.90F, 49.40F}};
-constexpr Place Aisne1917[] = {{3.42F, 49.48F}, {3.55F, 49.46F}, {3.78F, 49.45F}, {3.91F, 49.42F}};
-constexpr Place Marne1918[] = {{3.12F, 49.46F}, {3.22F, 49.34F}, {3.20F, 49.20F}, {3.30F, 49.08F}, {3.45F, 49.05F}, {3.64F, 49.09F}, {3.85F, 49.18F}, {3.96F, 49.27F}};
-constexpr Place Vesle[] = {{3.18F, 49.43F}, {3.34F, 49.39F}, {3.55F, 49.34F}, {3.72F, 49.31F}, {3.92F, 49.32F}};
-constexpr Place AisneOctober[] = {{3.50F, 49.54F}, {3.62F, 49.48F}, {3.82F, 49.46F}, {3.96F, 49.44F}};
-constexpr Place AisneEnd[] = {{4.10F, 49.70F}, {4.25F, 49.64F}, {4.40F, 49.58F}};
+constexpr GeoPoint Aisne[] = {{3.10F, 49.45F}, {3.32F, 49.41F}, {3.52F, 49.41F}, {3.76F, 49.42F}, {3.90F, 49.40F}};
+constexpr GeoPoint Aisne1917[] = {{3.42F, 49.48F}, {3.55F, 49.46F}, {3.78F, 49.45F}, {3.91F, 49.42F}};
+constexpr GeoPoint Marne1918[] = {{3.12F, 49.46F}, {3.22F, 49.34F}, {3.20F, 49.20F}, {3.30F, 49.08F}, {3.45F, 49.05F}, {3.64F, 49.09F}, {3.85F, 49.18F}, {3.96F, 49.27F}};
+constexpr GeoPoint Vesle[] = {{3.18F, 49.43F}, {3.34F, 49.39F}, {3.55F, 49.34F}, {3.72F, 49.31F}, {3.92F, 49.32F}};
+constexpr GeoPoint AisneOctober[] = {{3.50F, 49.54F}, {3.62F, 49.48F}, {3.82F, 49.46F}, {3.96F, 49.44F}};
+constexpr GeoPoint AisneEnd[] = {{4.10F, 49.70F}, {4.25F, 49.64F}, {4.40F, 49.58F}};
 
-constexpr Place Champagne[] = {{4.07F, 49.30F}, {4.26F, 49.22F}, {4.45F, 49.20F}, {4.62F, 49.20F}, {4.78F, 49.19F}, {4.95F, 49.21F}, {5.07F, 49.21F}, {5.18F, 49.26F}};
-constexpr Place ChampagneOctober[] = {{4.15F, 49.36F}, {4.35F, 49.34F}, {4.55F, 49.32F}, {4.72F, 49.32F}, {4.90F, 49.32F}, {5.05F, 49.33F}, {5.18F, 49.34F}};
-constexpr Place ChampagneEnd[] = {{4.55F, 49.58F}, {4.72F, 49.60F}, {4.90F, 49.62F}, {5.02F, 49.60F}, {5.12F, 49.54F}};
+constexpr GeoPoint Champagne[] = {{4.07F, 49.30F}, {4.26F, 49.22F}, {4.45F, 49.20F}, {4.62F, 49.20F}, {4.78F, 49.19F}, {4.95F, 49.21F}, {5.07F, 49.21F}, {5.18F, 49.26F}};
+constexpr GeoPoint ChampagneOctober[] = {{4.15F, 49.36F}, {4.35F, 49.34F}, {4.55F, 49.32F}, {4.72F, 49.32F}, {4.90F, 49.32F}, {5.05F, 49.33F}, {5.18F, 49.34F}};
+constexpr GeoPoint ChampagneEnd[] = {{4.55F, 49.58F}, {4.72F, 49.60F}, {4.90F, 49.62F}, {5.02F, 49.60F}, {5.12F, 49.54F}};
 
-constexpr Place VerdunBefore[] = {{5.33F, 49.31F}, {5.47F, 49.31F}, {5.58F, 49.22F}, {5.60F, 49.10F}};
-constexpr Place Verdun1916[] = {{5.28F, 49.24F}, {5.36F, 49.22F}, {5.43F, 49.20F}, {5.50F, 49.17F}, {5.57F, 49.10F}};
-constexpr Place VerdunAfter[] = {{5.30F, 49.27F}, {5.39F, 49.26F}, {5.47F, 49.23F}, {5.54F, 49.18F}, {5.59F, 49.10F}};
-constexpr Place VerdunEnd[] = {{5.22F, 49.44F}, {5.38F, 49.36F}, {5.52F, 49.27F}, {5.60F, 49.18F}};
+constexpr GeoPoint VerdunBefore[] = {{5.33F, 49.31F}, {5.47F, 49.31F}, {5.58F, 49.22F}, {5.60F, 49.10F}};
+constexpr GeoPoint Verdun1916[] = {{5.28F, 49.24F}, {5.36F, 49.22F}, {5.43F, 49.20F}, {5.50F, 49.17F}, {5.57F, 49.10F}};
+constexpr GeoPoint VerdunAfter[] = {{5.30F, 49.27F}, {5.39F, 49.26F}, {5.47F, 49.23F}, {5.54F, 49.18F}, {5.59F, 49.10F}};
+constexpr GeoPoint VerdunEnd[] = {{5.22F, 49.44F}, {5.38F, 49.36F}, {5.52F, 49.27F}, {5.60F, 49.18F}};
 
-constexpr Place Woevre[] = {{5.60F, 49.05F}, {5.52F, 48.92F}, {5.55F, 48.86F}, {5.66F, 48.85F}, {5.85F, 48.87F}, {6.03F, 48.93F}};
-constexpr Place WoevreAutumn[] = {{5.66F, 49.06F}, {5.75F, 49.02F}, {5.88F, 48.99F}, {6.03F, 48.95F}};
-constexpr Place Lorraine[] = {{6.22F, 48.88F}, {6.40F, 48.78F}, {6.55F, 48.70F}, {6.72F, 48.60F}, {6.95F, 48.42F}};
+constexpr GeoPoint Woevre[] = {{5.60F, 49.05F}, {5.52F, 48.92F}, {5.55F, 48.86F}, {5.66F, 48.85F}, {5.85F, 48.87F}, {6.03F, 48.93F}};
+constexpr GeoPoint WoevreAutumn[] = {{5.66F, 49.06F}, {5.75F, 49.02F}, {5.88F, 48.99F}, {6.03F, 48.95F}};
+constexpr GeoPoint Lorraine[] = {{6.22F, 48.88F}, {6.40F, 48.78F}, {6.55F, 48.70F}, {6.72F, 48.60F}, {6.95F, 48.42F}};
 // clang-format on
 
-struct Stretch {
-    const Place* points;
+struct FrontStretch {
+    const GeoPoint* points;
     size_t count;
 };
-template <size_t Count> constexpr Stretch stretch(const Place (&points)[Count]) {
+template <size_t Count> constexpr FrontStretch stretch(const GeoPoint (&points)[Count]) {
     return {points, Count};
 }
 
 /// From that day on; the row before ends.
-struct Change {
+struct FrontChange {
     int32_t since;
     int32_t stretch; // its index from the sea on
-    Stretch line;
+    FrontStretch line;
 };
 
 constexpr int32_t Stretches = 9;
 // clang-format off
-constexpr Change Changes[] = {
+constexpr FrontChange Changes[] = {
     {0, 0, stretch(Yser)}, {0, 1, stretch(Ypres)}, {0, 2, stretch(Lys)}, {0, 3, stretch(Artois)}, {0, 4, stretch(Somme)},
     {0, 5, stretch(Aisne)}, {0, 6, stretch(Champagne)}, {0, 7, stretch(VerdunBefore)}, {0, 8, stretch(Woevre)},
     {19160301, 7, stretch(Verdun1916)},
@@ -176,23 +176,23 @@ std::vector<Town> townsOf(bool onChannelMap) {
 
 std::vector<MapPoint> coastOf(bool onChannelMap) {
     std::vector<MapPoint> coast;
-    for (const Place& place : Coast)
+    for (const GeoPoint& place : Coast)
         coast.push_back(onMap(place, onChannelMap));
     return coast;
 }
 
 std::vector<MapPoint> frontOf(int32_t date, bool onChannelMap) {
-    Stretch now[Stretches] = {};
-    for (const Change& change : Changes)
+    FrontStretch now[Stretches] = {};
+    for (const FrontChange& change : Changes)
         if (change.since <= date)
             now[change.stretch] = change.line;
     std::vector<MapPoint> front;
-    const auto add = [&](const Place* points, size_t count) {
+    const auto add = [&](const GeoPoint* points, size_t count) {
         for (size_t i = 0; i < count; ++i)
             if (!onChannelMap || points[i].north > ChannelEnd)
                 front.push_back(onMap(points[i], onChannelMap));
     };
-    for (const Stretch& one : now)
+    for (const FrontStretch& one : now)
         add(one.points, one.count);
     add(Lorraine, std::size(Lorraine));
     return front;

@@ -45,21 +45,21 @@ public:
             drawMan(men.best[i], MenLines[i]);
         drawOwn();
         svg.line(TotalLeft, TotalGround, width - TotalRight, TotalGround, ChartInk);
-        for (const Note& note : notes) // after the lines, which would cross them
+        for (const NameOnLine& note : notes) // after the lines, which would cross them
             svg.text(note.x, note.y, note.text, Svg::Anchor::Start, note.style);
         drawNames();
         return svg.element(textOf(wording::TotalChart), joined(sentences, " "));
     }
 
 private:
-    struct Name {
+    struct EndName {
         float y;
         zel::String text;
         bool isOwn;
     };
 
     /// The name of one whose line ends before the chart's end.
-    struct Note {
+    struct NameOnLine {
         float x, y;
         zel::String text;
         const char* style;
@@ -168,7 +168,7 @@ private:
     /// At the right, one below the other.
     void drawNames() {
         std::stable_sort(names.begin(), names.end(),
-                         [](const Name& a, const Name& b) { return a.y < b.y; });
+                         [](const EndName& a, const EndName& b) { return a.y < b.y; });
         const auto count = static_cast<float>(names.size());
         float least = TotalTop;
         for (size_t i = 0; i < names.size(); ++i) {
@@ -185,8 +185,8 @@ private:
     float width;
     Svg svg;
     int32_t top = 4;
-    std::vector<Name> names;
-    std::vector<Note> notes;
+    std::vector<EndName> names;
+    std::vector<NameOnLine> notes;
     std::vector<zel::String> sentences; // what the drawing shows, in words
 };
 

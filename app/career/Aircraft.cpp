@@ -20,11 +20,11 @@ constexpr int32_t placeOf(std::string_view identifier) {
 }
 
 /// A type and its part of a draw, out of the row's sum.
-struct Share {
+struct TypeShare {
     int32_t plane; // place in the table
     int32_t weight;
 
-    constexpr Share(std::string_view identifier, int32_t weight)
+    constexpr TypeShare(std::string_view identifier, int32_t weight)
         : plane(placeOf(identifier)), weight(weight) {}
 };
 
@@ -33,8 +33,8 @@ struct Share {
 struct Period {
     static constexpr int32_t LargestSum = 10;
 
-    constexpr Period(int32_t until, std::initializer_list<Share> shares) : until(until) {
-        for (const Share& share : shares)
+    constexpr Period(int32_t until, std::initializer_list<TypeShare> shares) : until(until) {
+        for (const TypeShare& share : shares)
             for (int32_t i = 0; i < share.weight; ++i)
                 planes[sum++] = static_cast<int8_t>(share.plane);
     }

@@ -34,11 +34,11 @@ const zel::String& CheckedBytes::checksum() const {
     return sum;
 }
 
-struct ChecksumOfPieces::State {
+struct ChecksumOfPieces::HashState {
     XXH3_state_t hash;
 };
 
-ChecksumOfPieces::ChecksumOfPieces() : state(std::make_unique<State>()) {
+ChecksumOfPieces::ChecksumOfPieces() : state(std::make_unique<HashState>()) {
     XXH3_64bits_reset(&state->hash);
 }
 ChecksumOfPieces::~ChecksumOfPieces() = default;

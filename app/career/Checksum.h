@@ -35,8 +35,8 @@ public:
     uint64_t value() const;
 
 private:
-    struct State;
-    std::unique_ptr<State> state;
+    struct HashState;
+    std::unique_ptr<HashState> state;
 };
 /// Of a whole file; empty if it can't be read.
 zel::String checksumOfFile(const zel::String& name);

@@ -45,7 +45,7 @@ private:
 };
 
 /// What a save begins with, and where its records are.
-struct Layout {
+struct SaveLayout {
     Head head{};
     int64_t squadrons = 0; // where the first one is
     int64_t pilots = 0;
@@ -55,7 +55,7 @@ struct Layout {
 };
 
 /// Follows the counts through the file. What is wrong, or an empty text.
-const char* readLayout(const SaveBytes& bytes, Layout& layout) {
+const char* readLayout(const SaveBytes& bytes, SaveLayout& layout) {
     constexpr const char* EndsEarly = "ends early";
     if (!bytes.read(0, layout.head) || std::memcmp(layout.head.magic, "WTSV", 4) != 0)
         return "is no save game";
@@ -96,7 +96,7 @@ bool readRecord(const SaveBytes& bytes, int64_t first, uint32_t count, int32_t i
 
 /// The player and his squadron, or the pilot with whom the book was closed. False if the file has
 /// none.
-bool readPlayer(const SaveBytes& bytes, const Layout& layout, const Closing& closing,
+bool readPlayer(const SaveBytes& bytes, const SaveLayout& layout, const Closing& closing,
                 SaveSummary& summary) {
     Pilot pilot;
     Squadron squadron;
@@ -142,7 +142,7 @@ SaveSummary summaryOf(const zel::String& path, const Closing& closing) {
         return summary;
     }
     const SaveBytes bytes(file);
-    Layout layout;
+    SaveLayout layout;
     summary.fault = readLayout(bytes, layout);
     summary.isOtherVersion = summary.fault == OtherVersion;
     if (!layout.isUsable)
@@ -156,6 +156,6 @@ SaveSummary summaryOf(const zel::String& path, const Closing& closing) {
 }
 
 zel::String saveFault(std::string_view content) {
-    Layout layout;
+    SaveLayout layout;
     return readLayout(SaveBytes(content), layout);
 }

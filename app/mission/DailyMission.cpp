@@ -31,13 +31,13 @@ void listRoster(const std::vector<PlannedPlane>& plan, DailyMission& mission) {
     }
 }
 
-struct Outcome {
+struct PreparationResult {
     MissionFault fault;
     zel::String problem;
     zel::FileFault reason = zel::FileFault::None;
 };
 
-Outcome prepare(Database& career, MissionGenerator& generator, const zel::String& file) {
+PreparationResult prepare(Database& career, MissionGenerator& generator, const zel::String& file) {
     placeMission(career.playerSquadron(), generator);
     generator.reseed(career.careerSeed());
     const bool loaded = generator.loadTemplate(MissionTemplateFile);
@@ -71,7 +71,7 @@ DailyMission writeDailyMission(Database& career, MissionGenerator& generator) {
     zel::log("Generating mission file", "MenuGameStartMission", zel::LogInfo);
     DailyMission mission;
     mission.file = missionFilePath();
-    const Outcome outcome = prepare(career, generator, mission.file);
+    const PreparationResult outcome = prepare(career, generator, mission.file);
     mission.fault = outcome.fault;
     mission.problem = outcome.problem;
     mission.reason = outcome.reason;

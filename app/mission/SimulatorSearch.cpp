@@ -27,7 +27,7 @@ zel::String foundByText(FoundBy foundBy) {
     return textOf(wording::FoundByNames[static_cast<int32_t>(foundBy)]);
 }
 
-struct SimulatorSearch::State {
+struct SimulatorSearch::SharedState {
     mutable std::mutex mutex;
     std::condition_variable changed;
     std::vector<SimulatorPlace> places;
@@ -41,7 +41,7 @@ struct SimulatorSearch::State {
     void run();
 };
 
-void SimulatorSearch::State::run() {
+void SimulatorSearch::SharedState::run() {
     // A little less, so that whoever waits still sees how it ended.
     const milliseconds most(bounds.milliseconds - bounds.milliseconds / 20);
     if (roots.addsLocalDrives)
@@ -64,7 +64,7 @@ void SimulatorSearch::State::run() {
 // The thread is never joined: a disk that doesn't answer would hold up the program's end.
 void SimulatorSearch::start(const SearchRoots& roots, const SearchBounds& bounds) {
     stop();
-    state = std::make_shared<State>();
+    state = std::make_shared<SharedState>();
     state->roots = roots;
     state->bounds = bounds;
     try {

@@ -52,8 +52,8 @@ public:
     void stop();
 
 private:
-    struct State;
-    std::shared_ptr<State> state; // shared with the thread, which may outlive this
+    struct SharedState;
+    std::shared_ptr<SharedState> state; // shared with the thread, which may outlive this
 };
 
 /// The whole search at once, within its bounds.

@@ -21,16 +21,16 @@ std::string_view bare(std::string_view text) {
 }
 
 /// A line's text without its end, and the end.
-struct Line {
+struct EndedLine {
     std::string_view text;
     std::string_view end;
 };
 
-Line takeLine(std::string_view& rest) {
+EndedLine takeLine(std::string_view& rest) {
     const size_t length = std::min(rest.find_first_of("\r\n"), rest.size());
     const size_t ending =
         std::min<size_t>(rest.substr(length, 2) == "\r\n" ? 2 : 1, rest.size() - length);
-    const Line line{rest.substr(0, length), rest.substr(length, ending)};
+    const EndedLine line{rest.substr(0, length), rest.substr(length, ending)};
     rest.remove_prefix(length + ending);
     return line;
 }
@@ -95,7 +95,7 @@ public:
     }
 
 private:
-    void take(const Line& line) {
+    void take(const EndedLine& line) {
         if (isBracket(line.text)) {
             closeSection();
             isInside = isSystemSection(line.text);

@@ -24,7 +24,7 @@ CareerRecord::~CareerRecord() { close(); }
 
 bool CareerRecord::close() {
     file.close();
-    const bool isFile = place == Place::File && !isCopy;
+    const bool isFile = storage == Storage::File && !isCopy;
     const bool isClosed = !isFile || !hasCompanions(path);
     if (!isClosed)
         logRecord("Another program has " + path + " open");
@@ -35,7 +35,7 @@ bool CareerRecord::close() {
     rowsWait = false;
     knownGaps.clear();
     orders = {};
-    place = Place::None;
+    storage = Storage::None;
     folder = nullptr;
     isCopy = false;
     return isClosed;
@@ -43,7 +43,7 @@ bool CareerRecord::close() {
 
 void CareerRecord::reopen(const Database& career, const char* newFolder) {
     folder = newFolder;
-    if (place == Place::File)
+    if (storage == Storage::File)
         attach(career);
 }
 
@@ -55,7 +55,7 @@ zel::String CareerRecord::recordPath() const {
 
 void CareerRecord::onCareerBegun(const Database& career) {
     close();
-    place = Place::Memory;
+    storage = Storage::Memory;
     inTheWay = RecordState::OtherCareer;
     lastSave = {{}, today(career)};
     mark = {};
@@ -70,7 +70,7 @@ void CareerRecord::onCareerLoaded(const Database& career) {
     close();
     lastSave = {career.saveCheck.checksum, today(career)};
     attach(career);
-    if (place == Place::File)
+    if (storage == Storage::File)
         orders.takeUp(file, career, lastSave.date);
 }
 
@@ -115,7 +115,7 @@ bool CareerRecord::attachOther(const Database& career) {
 
 /// REQUIRES: the file is open, and `mark` the page in it.
 void CareerRecord::connect() {
-    place = Place::File;
+    storage = Storage::File;
     noteGaps();
     if (file.failed())
         giveUp();
@@ -133,7 +133,7 @@ void CareerRecord::noteGaps() {
 
 /// The career goes on with a record that holds nothing of what was before.
 void CareerRecord::startOver(RecordState why) {
-    place = Place::Memory;
+    storage = Storage::Memory;
     inTheWay = why;
     mark = {};
     if (lastSave.checksum.empty())
@@ -151,7 +151,7 @@ void CareerRecord::giveUp() {
               "); the career goes on, and the next save tries again");
     file.close();
     writer.reset();
-    place = Place::Unusable;
+    storage = Storage::Unusable;
     if (isDamaged)
         startOver(path == recordPath() ? RecordState::Damaged : inTheWay);
 }
@@ -178,23 +178,23 @@ bool CareerRecord::makeFile(const Database& career) {
 void CareerRecord::dropFile() {
     giveUp();
     removeRecord(path);
-    place = Place::Memory;
+    storage = Storage::Memory;
 }
 
 SaveMatch CareerRecord::matchSave(const Database& career, const CheckedBytes& content,
                                   int32_t& careerNumber) {
-    const bool isOpen = place == Place::File && !file.failed();
+    const bool isOpen = storage == Storage::File && !file.failed();
     return matchRecords(recordPath(), isOpen ? &file : nullptr, career.isReadOnly, content,
                         careerNumber);
 }
 
 bool CareerRecord::onSaving(const Database& career, std::string_view content) {
-    if (place == Place::File && file.failed())
+    if (storage == Storage::File && file.failed())
         giveUp();
-    if (place == Place::Unusable)
+    if (storage == Storage::Unusable)
         attach(career);
-    const bool isNew = place == Place::Memory;
-    if (place == Place::None || place == Place::Unusable || (isNew && !makeFile(career)))
+    const bool isNew = storage == Storage::Memory;
+    if (storage == Storage::None || storage == Storage::Unusable || (isNew && !makeFile(career)))
         return false;
     writeEvents(career);
     orders.save(file, lastSave.date);
@@ -204,7 +204,7 @@ bool CareerRecord::onSaving(const Database& career, std::string_view content) {
         isNew ? dropFile() : giveUp();
         return false;
     }
-    place = Place::File;
+    storage = Storage::File;
     lastSave = page;
     mark = added;
     events.clear();
@@ -214,9 +214,9 @@ bool CareerRecord::onSaving(const Database& career, std::string_view content) {
 }
 
 void CareerRecord::onSaved(const Database&) {
-    if (place == Place::File && path != recordPath())
+    if (storage == Storage::File && path != recordPath())
         takeName();
-    if (place == Place::File && path == recordPath())
+    if (storage == Storage::File && path == recordPath())
         removeRecordDrafts(path);
 }
 
@@ -262,24 +262,24 @@ bool CareerRecord::keep(const Database& career, MissionOrders kept) {
     orders.replace(std::move(kept));
     if (career.isReadOnly)
         return false;
-    if (place == Place::File && file.failed())
+    if (storage == Storage::File && file.failed())
         giveUp();
-    if (place == Place::Unusable)
+    if (storage == Storage::Unusable)
         attach(career);
-    const bool isNew = place == Place::Memory;
+    const bool isNew = storage == Storage::Memory;
     if (isNew && lastSave.checksum.empty())
         return true; // without a save there is nothing to come back to
-    if (place == Place::Unusable || (isNew && !makeFile(career)))
+    if (storage == Storage::Unusable || (isNew && !makeFile(career)))
         return false;
     if (isNew && !file.commit()) {
         dropFile();
         return false;
     }
-    place = Place::File;
+    storage = Storage::File;
     // The save that it belongs to is in its place already.
     if (isNew && path != recordPath())
         takeName();
-    if (place != Place::File)
+    if (storage != Storage::File)
         return false;
     // What the open transaction holds belongs to a save that may never be made.
     rowsWait = rowsWait || file.isInTransaction();
@@ -292,11 +292,11 @@ bool CareerRecord::keep(const Database& career, MissionOrders kept) {
 
 bool CareerRecord::isReported(const zel::String& log, const zel::String& hash) {
     return events.hasFlight(log, hash) ||
-           (place == Place::File && hasFlight(file, mark, log, hash));
+           (storage == Storage::File && hasFlight(file, mark, log, hash));
 }
 
 SqliteFile& CareerRecord::read(const Database& career) {
-    if (place == Place::File) {
+    if (storage == Storage::File) {
         const bool isAsSaved = !file.isInTransaction() && events.empty() && endsWith(file, mark);
         if (!isAsSaved)
             writeEvents(career);
@@ -314,7 +314,7 @@ SqliteFile& CareerRecord::read(const Database& career) {
 /// Makes tables in memory. On error: the file has failed.
 void CareerRecord::openForReading(const Database& career) {
     mark = {};
-    if (place == Place::Unusable) {
+    if (storage == Storage::Unusable) {
         path = recordPath();
         const RecordState state = openRecordCopy(file, path, career.careerNumber);
         if (state == RecordState::Ready) {

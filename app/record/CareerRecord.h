@@ -46,7 +46,7 @@ public:
     /// them. Once orders have rolled them back they wait in memory, or many missions without a save
     /// would insert the same rows again and again.
     void onWarAdvanced(const Database& career) override {
-        if (place == Place::File && !rowsWait)
+        if (storage == Storage::File && !rowsWait)
             writeEvents(career);
     }
     void onVictory(const Database& career, const Victory& victory) override {
@@ -88,7 +88,7 @@ public:
     void reopen(const Database& career, const char* newFolder);
 
 private:
-    enum class Place {
+    enum class Storage {
         None,     // no career
         Memory,   // a career that has no file yet: the next save makes one
         Unusable, // the file can't be used at present; a save tries again
@@ -112,7 +112,7 @@ private:
     SqliteFile file;
     bool isCopy = false;          // in memory, of a file that another program needs
     const char* folder = nullptr; // null for that of RecordFileName
-    Place place = Place::None;
+    Storage storage = Storage::None;
     zel::String path; // of the file; until a save it may have another name than the record's
     RecordState inTheWay = RecordState::Missing; // of an unusable file under the record's name
     SavedPage lastSave;                          // the save before the events

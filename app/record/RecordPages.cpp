@@ -134,10 +134,10 @@ std::vector<RecordGap> gapsUpTo(SqliteFile& file, const PageMark& mark) {
 }
 
 void cutRecord(SqliteFile& file, const PageMark& mark) {
-    struct Table {
+    struct CutTable {
         const char *name, *key, *mark;
     };
-    constexpr Table Tables[] = {
+    constexpr CutTable Tables[] = {
         {"flight_plane", "flight", "flight"},
         {"flight_report", "flight", "flight"},
         {"flight_event", "flight", "flight"},
@@ -148,7 +148,7 @@ void cutRecord(SqliteFile& file, const PageMark& mark) {
         {"gap", "id", "gap"},
         {"page", "id", "id"},
     };
-    for (const Table& table : Tables) {
+    for (const CutTable& table : Tables) {
         const std::string sql = std::string("DELETE FROM ") + table.name + " WHERE " + table.key +
                                 " > coalesce((SELECT " + table.mark +
                                 " FROM page WHERE id = ?), 0)";

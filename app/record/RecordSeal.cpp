@@ -17,10 +17,10 @@ constexpr int32_t PieceLength = 1 << 18;
 
 /// Places in the head that the checksum leaves out: SQLite's counter of changes, the seal itself,
 /// and the counter's value and SQLite's version at the last change.
-struct Place {
+struct ByteRange {
     int32_t offset, length;
 };
-constexpr Place Changing[] = {{24, 4}, {68, 4}, {92, 8}};
+constexpr ByteRange Changing[] = {{24, 4}, {68, 4}, {92, 8}};
 constexpr int32_t SealOffset = 68;
 
 struct Seals {
@@ -42,7 +42,7 @@ Seals readSeals(zel::File& file) {
                 return {};
             for (int32_t i = 0; i < 4; ++i)
                 seals.noted = seals.noted << 8U | static_cast<uint8_t>(piece[SealOffset + i]);
-            for (const Place& place : Changing)
+            for (const ByteRange& place : Changing)
                 std::memset(&piece[place.offset], 0, static_cast<size_t>(place.length));
         }
         checksum.add({piece.data(), static_cast<size_t>(length)});

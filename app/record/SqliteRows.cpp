@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* TableName = "rows_to_insert";
 
-struct Table : sqlite3_vtab {
+struct RowsTable : sqlite3_vtab {
     const SqliteRows** rows = nullptr;
 };
 
@@ -28,7 +28,7 @@ int connectTable(sqlite3* connection, void* rows, int /*count*/, const char* con
         columns.append(columns.empty() ? "" : ",").append(columnName(column));
     const int result =
         sqlite3_declare_vtab(connection, ("CREATE TABLE x(" + columns + ")").c_str());
-    auto* const table = new (std::nothrow) Table;
+    auto* const table = new (std::nothrow) RowsTable;
     if (table == nullptr || result != SQLITE_OK) {
         delete table;
         return table == nullptr ? SQLITE_NOMEM : result;
@@ -39,7 +39,7 @@ int connectTable(sqlite3* connection, void* rows, int /*count*/, const char* con
 }
 
 int disconnectTable(sqlite3_vtab* table) {
-    delete static_cast<Table*>(table);
+    delete static_cast<RowsTable*>(table);
     return SQLITE_OK;
 }
 
@@ -57,7 +57,7 @@ int closeCursor(sqlite3_vtab_cursor* cursor) {
 
 int nextRow(sqlite3_vtab_cursor* base) {
     auto* const cursor = static_cast<Cursor*>(base);
-    const SqliteRows* const rows = *static_cast<Table*>(base->pVtab)->rows;
+    const SqliteRows* const rows = *static_cast<RowsTable*>(base->pVtab)->rows;
     cursor->isAtEnd = rows == nullptr || !(*rows)(cursor->row);
     ++cursor->number;
     return SQLITE_OK;

@@ -107,7 +107,7 @@ void MadePicture::show(const zel::Menu& menu, const char* name) {
     const auto making = [size = size, steps = steps](int32_t detail) {
         return made(size, detail, steps);
     };
-    if (!bitmap.assign(maker != nullptr ? maker : zel::Bitmap::Source(making), name))
+    if (!bitmap.assign(maker != nullptr ? maker : zel::Bitmap::PixelSource(making), name))
         return;
     if (image == nullptr) {
         zel::ImageDescription description;

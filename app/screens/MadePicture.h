@@ -25,7 +25,7 @@ public:
     /// Begins a copy of the image of that name; a clear picture of no size without it.
     void begin(const char* name);
     /// Takes a picture that is made elsewhere.
-    void take(zel::Bitmap::Source made) { maker = std::move(made); }
+    void take(zel::Bitmap::PixelSource made) { maker = std::move(made); }
     void draw(const zel::String& name, int32_t x, int32_t y);
     /// The columns of an image of the same size, from one up to another.
     void drawColumns(const char* name, int32_t from, int32_t until);
@@ -48,7 +48,7 @@ private:
 
     Size size;
     std::vector<Step> steps;
-    zel::Bitmap::Source maker; // null: the steps make it
+    zel::Bitmap::PixelSource maker; // null: the steps make it
     zel::Bitmap bitmap;
     std::unique_ptr<zel::Image> image;
 };

@@ -107,7 +107,7 @@ void MenuGameLogbook::showPage(int32_t page) {
     setActive("later", shownPage < pageCount());
 }
 
-void MenuGameLogbook::showRow(int32_t row, const Line* line) {
+void MenuGameLogbook::showRow(int32_t row, const BookLine* line) {
     zel::String left;
     zel::String right;
     if (line != nullptr && line->isFall) {
@@ -138,7 +138,8 @@ bool MenuGameLogbook::fits(const zel::String& row, const zel::String& text) cons
 }
 
 /// In red ink for a fall, in blue for a flight with a victory. A fall isn't set in columns.
-void MenuGameLogbook::showHalf(const zel::String& name, const zel::String& text, const Line* line) {
+void MenuGameLogbook::showHalf(const zel::String& name, const zel::String& text,
+                               const BookLine* line) {
     zel::Widget* half = getWidget(name);
     if (half == nullptr)
         return;

@@ -24,7 +24,7 @@ public:
 
 private:
     /// A line of the book.
-    struct Line {
+    struct BookLine {
         size_t flight;       // index in the book
         bool isFall = false; // of its pilot, instead of the flight
     };
@@ -33,14 +33,14 @@ private:
     void showName(const PilotRecord& pilot);
     int32_t pageCount() const;
     void showPage(int32_t page); // from 1 on, clamped
-    void showRow(int32_t row, const Line* line);
+    void showRow(int32_t row, const BookLine* line);
     bool fits(const zel::String& row, const zel::String& text) const;
-    void showHalf(const zel::String& name, const zel::String& text, const Line* line);
+    void showHalf(const zel::String& name, const zel::String& text, const BookLine* line);
 
     CareerRecord& record;
     ReportPages& pages;
     LogBook book;
-    std::vector<Line> lines;
+    std::vector<BookLine> lines;
     int32_t shownPage = 1;
     bool isComingBack = false;           // from a flight's report
     const char* origin = "MenuGameMain"; // to which the book leads back

@@ -21,12 +21,12 @@ constexpr int32_t MostPalms = 4; // that a picture has
 
 /// How machines are laid out in rows: the step from one to the next, how many a row has, the pixels
 /// of a row, and the space after each fifth.
-struct Rows {
+struct TallyLayout {
     const char* images;
     int32_t step, perRow, height, afterFive;
 };
-constexpr Rows LargeRows = {"tally", 37, 22, 34, 6};
-constexpr Rows SmallRows = {"small", 21, 40, 17, 4};
+constexpr TallyLayout LargeRows = {"tally", 37, 22, 34, 6};
+constexpr TallyLayout SmallRows = {"small", 21, 40, 17, 4};
 constexpr size_t MostLarge = 44;
 constexpr size_t MostSmall = 160;
 constexpr const char* ShapeNames[] = {"scout", "two",     "three",
@@ -113,7 +113,7 @@ void MenuGameRecord::showVictories(const PilotRecord& pilot) {
         return;
     setActive("victories", false); // not a button
     const auto count = std::min(size_t(std::max(pilot.victoryCount, 0)), MostSmall);
-    const Rows& rows = count > MostLarge ? SmallRows : LargeRows;
+    const TallyLayout& rows = count > MostLarge ? SmallRows : LargeRows;
     const zel::PixelRect& place = widget->getBounds().rect;
     victories.begin(place.width, place.height);
     // Those that the record doesn't know come first, as scouts.

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "engine/graphics/Bitmap.h"
+#include "engine/graphics/Canvas.h"
 
 namespace zel {
 class Font;
@@ -13,9 +14,7 @@ struct Glyph;
 /// are pixels of the design, from the upper left; what is beyond the edge is not drawn.
 class PencilSheet {
 public:
-    struct Point {
-        float x, y;
-    };
+    using Point = zel::Point;
     struct Ink {
         uint8_t red, green, blue;
     };

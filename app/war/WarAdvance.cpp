@@ -29,7 +29,7 @@ constexpr int32_t SquadronsPerMove = 30; // one in this many changes its base in
 WarObserver* warObserver = nullptr;
 
 /// The days that simulateToDate covers, for the fraction that the observer receives.
-struct Stretch {
+struct SpanOfDays {
     int32_t firstDay; // as Calendar::dayNumber()
     int32_t days;
 };
@@ -41,7 +41,7 @@ void reportProgress(const Database& career, float share) {
 
 /// The fraction of the stretch that is done; of the period if there is no stretch or it has no
 /// days.
-float shareDone(const Database& career, const Stretch* stretch, float shareOfPeriod) {
+float shareDone(const Database& career, const SpanOfDays* stretch, float shareOfPeriod) {
     if (stretch == nullptr || stretch->days <= 0)
         return shareOfPeriod;
     const int32_t done = career.calendar().dayNumber() - stretch->firstDay;
@@ -67,7 +67,7 @@ void fightPlan(Database& career, const std::vector<PlannedPlane>& plan, MissionS
     simulator.applyResult(career);
 }
 
-void fightPeriod(Database& career, MissionGenerator& generator, const Stretch* stretch) {
+void fightPeriod(Database& career, MissionGenerator& generator, const SpanOfDays* stretch) {
     MissionSimulator simulator;
     int32_t count = zel::random(LeastMissions, MostMissions);
     if (career.year == 1915)
@@ -83,7 +83,7 @@ void fightPeriod(Database& career, MissionGenerator& generator, const Stretch* s
     }
 }
 
-void advancePeriod(Database& career, MissionGenerator* generator, const Stretch* stretch) {
+void advancePeriod(Database& career, MissionGenerator* generator, const SpanOfDays* stretch) {
     Calendar date = career.calendar();
     date.addDays(drawDays(date.getYear()));
     career.year = date.getYear();
@@ -115,7 +115,7 @@ void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
     MissionGenerator& generator = *MissionGenerator::instance();
     const Calendar target(toYear, toMonth, toDay);
     const int32_t firstDay = calendar().dayNumber();
-    const Stretch stretch = {firstDay, target.dayNumber() - firstDay};
+    const SpanOfDays stretch = {firstDay, target.dayNumber() - firstDay};
 
     MissionSimulator simulator;
     const int32_t count = zel::random(LeastStartMissions, MostStartMissions);

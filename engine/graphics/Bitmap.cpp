@@ -178,13 +178,13 @@ bool Bitmap::loadFollowing(const String& fileName, bool powerOfTwo) {
     });
 }
 
-bool Bitmap::assign(Source newSource, const String& newName) {
+bool Bitmap::assign(PixelSource newSource, const String& newName) {
     unload();
     name = newName;
     return adoptFromSource(std::move(newSource));
 }
 
-bool Bitmap::adoptFromSource(Source newSource) {
+bool Bitmap::adoptFromSource(PixelSource newSource) {
     askedDetail = PictureDetail::get();
     BitmapData made = newSource(askedDetail);
     if (!isWhole(made))

@@ -64,7 +64,7 @@ class Bitmap {
 public:
     /// Makes the picture at a detail, or at 1 if it has no other. On error: log lines, and a
     /// picture without pixels.
-    using Source = std::function<BitmapData(int32_t detail)>;
+    using PixelSource = std::function<BitmapData(int32_t detail)>;
 
     Bitmap() = default;
     virtual ~Bitmap();
@@ -85,7 +85,7 @@ public:
     /// 3 and 4, a side out of range, a buffer of another size): false and a log line.
     bool assign(BitmapData newData, const String& name);
     /// Likewise, made by a source at the present detail and after each change of it.
-    bool assign(Source newSource, const String& name);
+    bool assign(PixelSource newSource, const String& name);
     /// Frees pixels and texture.
     void unload();
 
@@ -137,13 +137,13 @@ public:
 private:
     int32_t wantedDetail() const;
     bool adopt(BitmapData& newData) const;
-    bool adoptFromSource(Source newSource);
+    bool adoptFromSource(PixelSource newSource);
     bool makeAgain() const;
     String loadedName() const;
 
     String name;
     String error;
-    Source source;                   // null: can't be made again
+    PixelSource source;              // null: can't be made again
     bool isFile = false;             // what the source reads
     mutable int32_t askedDetail = 1; // of the source
     mutable bool staysPlain = false; // whatever the present detail is

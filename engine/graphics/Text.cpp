@@ -61,7 +61,7 @@ void Text::draw(Canvas& canvas, Point offset, int32_t alpha) const {
     layOut();
     const auto shade = static_cast<uint32_t>(std::clamp(alpha, 0, 255));
     const uint32_t tint = (color & 0xFFFFFF) | ((color >> 24) * shade + 127) / 255 << 24;
-    for (const Page& page : pages)
+    for (const GlyphPage& page : pages)
         if (const Image* image = font->pageImage(page.number))
             canvas.draw(image->getBitmap(), page.quads, {rect.x + offset.x, rect.y + offset.y},
                         tint);
@@ -74,7 +74,7 @@ void Text::layOut() const {
     ++layouts;
     cut = false;
     brokenLines.clear();
-    for (Page& page : pages)
+    for (GlyphPage& page : pages)
         page.quads.clear();
     if (font == nullptr || text.empty())
         return;
@@ -140,7 +140,7 @@ Quad Text::glyphQuad(const Glyph& glyph, int32_t pen, int32_t top) {
 }
 
 std::vector<Quad>& Text::quadsOf(int32_t page) const {
-    for (Page& known : pages)
+    for (GlyphPage& known : pages)
         if (known.number == page)
             return known.quads;
     pages.push_back({page, {}});

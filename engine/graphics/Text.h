@@ -65,7 +65,7 @@ private:
         int32_t width;
     };
     /// The glyphs of one page of the font, relative to the rectangle's corner.
-    struct Page {
+    struct GlyphPage {
         int32_t number;
         std::vector<Quad> quads;
     };
@@ -90,7 +90,7 @@ private:
     mutable bool cut = false;
     mutable int32_t layouts = 0;
     mutable std::vector<BrokenLine> brokenLines;
-    mutable std::vector<Page> pages;
+    mutable std::vector<GlyphPage> pages;
 };
 
 } // namespace zel

@@ -9,73 +9,73 @@ namespace standin {
 
 namespace {
 
-enum class Kind { Whole, Number, Switch, Text, List, Time, Date };
+enum class Form { Whole, Number, Switch, Text, List, Time, Date };
 
 struct KeyRule {
     const char* key;
-    Kind kind;
+    Form form;
     bool required;
 };
 
 // clang-format off
 constexpr KeyRule OptionsKeys[] = {
-    {"LCName", Kind::Whole, true}, {"LCDesc", Kind::Whole, true}, {"LCAuthor", Kind::Whole, true},
-    {"PlayerConfig", Kind::Text, false}, {"Time", Kind::Time, true}, {"Date", Kind::Date, true},
-    {"HMap", Kind::Text, true}, {"Textures", Kind::Text, true}, {"Forests", Kind::Text, true},
-    {"GuiMap", Kind::Text, true}, {"SeasonPrefix", Kind::Text, true},
-    {"MissionType", Kind::Whole, true}, {"CloudLevel", Kind::Number, true},
-    {"CloudHeight", Kind::Number, true}, {"PrecLevel", Kind::Whole, true},
-    {"PrecType", Kind::Whole, true}, {"CloudConfig", Kind::Text, true},
-    {"SeaState", Kind::Whole, true}, {"Turbulence", Kind::Number, true},
-    {"TempPressLevel", Kind::Whole, true}, {"Temperature", Kind::Number, true},
-    {"Pressure", Kind::Number, true},
+    {"LCName", Form::Whole, true}, {"LCDesc", Form::Whole, true}, {"LCAuthor", Form::Whole, true},
+    {"PlayerConfig", Form::Text, false}, {"Time", Form::Time, true}, {"Date", Form::Date, true},
+    {"HMap", Form::Text, true}, {"Textures", Form::Text, true}, {"Forests", Form::Text, true},
+    {"GuiMap", Form::Text, true}, {"SeasonPrefix", Form::Text, true},
+    {"MissionType", Form::Whole, true}, {"CloudLevel", Form::Number, true},
+    {"CloudHeight", Form::Number, true}, {"PrecLevel", Form::Whole, true},
+    {"PrecType", Form::Whole, true}, {"CloudConfig", Form::Text, true},
+    {"SeaState", Form::Whole, true}, {"Turbulence", Form::Number, true},
+    {"TempPressLevel", Form::Whole, true}, {"Temperature", Form::Number, true},
+    {"Pressure", Form::Number, true},
 };
 
 // The keys of every object and logic block. Name is checked separately, since some have none.
 constexpr KeyRule CommonKeys[] = {
-    {"Index", Kind::Whole, true}, {"Name", Kind::Text, false}, {"Desc", Kind::Text, false},
-    {"LinkTrId", Kind::Whole, false}, {"Targets", Kind::List, false},
-    {"Objects", Kind::List, false}, {"XPos", Kind::Number, false}, {"YPos", Kind::Number, false},
-    {"ZPos", Kind::Number, false}, {"XOri", Kind::Number, false}, {"YOri", Kind::Number, false},
-    {"ZOri", Kind::Number, false},
+    {"Index", Form::Whole, true}, {"Name", Form::Text, false}, {"Desc", Form::Text, false},
+    {"LinkTrId", Form::Whole, false}, {"Targets", Form::List, false},
+    {"Objects", Form::List, false}, {"XPos", Form::Number, false}, {"YPos", Form::Number, false},
+    {"ZPos", Form::Number, false}, {"XOri", Form::Number, false}, {"YOri", Form::Number, false},
+    {"ZOri", Form::Number, false},
 };
 
 constexpr KeyRule PlaneKeys[] = {
-    {"LinkTrId", Kind::Whole, true}, {"XPos", Kind::Number, true}, {"YPos", Kind::Number, true},
-    {"ZPos", Kind::Number, true}, {"YOri", Kind::Number, true}, {"Script", Kind::Text, true},
-    {"Model", Kind::Text, true}, {"Country", Kind::Whole, true}, {"Skin", Kind::Text, false},
-    {"AILevel", Kind::Whole, true}, {"CoopStart", Kind::Switch, false},
-    {"NumberInFormation", Kind::Whole, false}, {"Vulnerable", Kind::Switch, false},
-    {"Engageable", Kind::Switch, false}, {"LimitAmmo", Kind::Switch, false},
-    {"StartInAir", Kind::Switch, true}, {"Time", Kind::Number, false},
-    {"DamageReport", Kind::Number, false}, {"DamageThreshold", Kind::Number, false},
-    {"PayloadId", Kind::Whole, false}, {"AiRTBDecision", Kind::Switch, false},
-    {"DeleteAfterDeath", Kind::Switch, false}, {"Fuel", Kind::Number, false},
+    {"LinkTrId", Form::Whole, true}, {"XPos", Form::Number, true}, {"YPos", Form::Number, true},
+    {"ZPos", Form::Number, true}, {"YOri", Form::Number, true}, {"Script", Form::Text, true},
+    {"Model", Form::Text, true}, {"Country", Form::Whole, true}, {"Skin", Form::Text, false},
+    {"AILevel", Form::Whole, true}, {"CoopStart", Form::Switch, false},
+    {"NumberInFormation", Form::Whole, false}, {"Vulnerable", Form::Switch, false},
+    {"Engageable", Form::Switch, false}, {"LimitAmmo", Form::Switch, false},
+    {"StartInAir", Form::Switch, true}, {"Time", Form::Number, false},
+    {"DamageReport", Form::Number, false}, {"DamageThreshold", Form::Number, false},
+    {"PayloadId", Form::Whole, false}, {"AiRTBDecision", Form::Switch, false},
+    {"DeleteAfterDeath", Form::Switch, false}, {"Fuel", Form::Number, false},
 };
 
 constexpr KeyRule EntityKeys[] = {
-    {"Targets", Kind::List, true}, {"Objects", Kind::List, true}, {"Enabled", Kind::Switch, true},
-    {"MisObjID", Kind::Whole, true},
+    {"Targets", Form::List, true}, {"Objects", Form::List, true}, {"Enabled", Form::Switch, true},
+    {"MisObjID", Form::Whole, true},
 };
 
-constexpr KeyRule BeginKeys[] = {{"Targets", Kind::List, true}, {"Enabled", Kind::Switch, true}};
+constexpr KeyRule BeginKeys[] = {{"Targets", Form::List, true}, {"Enabled", Form::Switch, true}};
 
 constexpr KeyRule TimerKeys[] = {
-    {"Targets", Kind::List, true}, {"Time", Kind::Number, true}, {"Random", Kind::Whole, true},
+    {"Targets", Form::List, true}, {"Time", Form::Number, true}, {"Random", Form::Whole, true},
 };
 
 constexpr KeyRule AttackAreaKeys[] = {
-    {"Objects", Kind::List, true}, {"XPos", Kind::Number, true}, {"YPos", Kind::Number, true},
-    {"ZPos", Kind::Number, true}, {"AttackGround", Kind::Switch, true},
-    {"AttackAir", Kind::Switch, true}, {"AttackGTargets", Kind::Switch, true},
-    {"AttackArea", Kind::Number, true}, {"Time", Kind::Number, true},
-    {"GoalType", Kind::Whole, false}, {"Priority", Kind::Whole, true},
+    {"Objects", Form::List, true}, {"XPos", Form::Number, true}, {"YPos", Form::Number, true},
+    {"ZPos", Form::Number, true}, {"AttackGround", Form::Switch, true},
+    {"AttackAir", Form::Switch, true}, {"AttackGTargets", Form::Switch, true},
+    {"AttackArea", Form::Number, true}, {"Time", Form::Number, true},
+    {"GoalType", Form::Whole, false}, {"Priority", Form::Whole, true},
 };
 
 constexpr KeyRule ObjectiveKeys[] = {
-    {"Enabled", Kind::Switch, true}, {"LCName", Kind::Whole, true}, {"LCDesc", Kind::Whole, true},
-    {"TaskType", Kind::Whole, true}, {"Coalition", Kind::Whole, true},
-    {"Success", Kind::Whole, true}, {"IconType", Kind::Whole, false},
+    {"Enabled", Form::Switch, true}, {"LCName", Form::Whole, true}, {"LCDesc", Form::Whole, true},
+    {"TaskType", Form::Whole, true}, {"Coalition", Form::Whole, true},
+    {"Success", Form::Whole, true}, {"IconType", Form::Whole, false},
 };
 
 /// Blocks whose keys are all known: any other key is a typo.
@@ -107,27 +107,27 @@ template <size_t Size> bool holds(const std::string_view (&list)[Size], std::str
     return std::find(std::begin(list), std::end(list), name) != std::end(list);
 }
 
-/// Describes a valid value of the kind, for messages; empty if this value is valid.
-std::string missing(Kind kind, std::string_view value) {
+/// Describes a valid value of the form, for messages; empty if this value is valid.
+std::string missing(Form form, std::string_view value) {
     int32_t whole = 0;
     double number = 0;
     int32_t parts[3] = {};
     std::string text;
     std::vector<int32_t> list;
-    switch (kind) {
-    case Kind::Whole:
+    switch (form) {
+    case Form::Whole:
         return parseWhole(value, whole) ? "" : "a whole number";
-    case Kind::Number:
+    case Form::Number:
         return parseNumber(value, number) ? "" : "a number without exponent";
-    case Kind::Switch:
+    case Form::Switch:
         return value == "0" || value == "1" ? "" : "0 or 1";
-    case Kind::Text:
+    case Form::Text:
         return unquoted(value, text) ? "" : "a text in double quotes";
-    case Kind::List:
+    case Form::List:
         return parseList(value, list) ? "" : "a list such as [1,2] or []";
-    case Kind::Time:
+    case Form::Time:
         return parseTime(value, parts) ? "" : "a time of day such as 9:30:0";
-    case Kind::Date:
+    case Form::Date:
         return parseDate(value, parts) ? "" : "a date such as 21.3.1918";
     }
     return {};
@@ -154,7 +154,7 @@ bool checkEntries(const MissionBlock& block, const BlockRule* own, bool common,
             continue;
         if (block.find(entry.key) != &entry)
             return refuse(finding, entry.line, entry.key + " is twice in " + block.name);
-        if (const std::string wanted = missing(rule->kind, entry.value); !wanted.empty())
+        if (const std::string wanted = missing(rule->form, entry.value); !wanted.empty())
             return refuse(finding, entry.line,
                           entry.key + " is " + entry.value + " and not " + wanted);
     }

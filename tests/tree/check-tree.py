@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks what a compiler doesn't: who may include whom, how long files and
-functions are, that each source has its header, and that no two sources of a target define the same name:
-unity builds compile them together.
+functions are, that each source has its header, that no two sources of a target define the same name, since
+unity builds compile them together, and that no two types of the product share one.
 
 Run from the top of the tree: tests/tree/check-tree.py. Prints one line per finding, as
 "file:line: message", and exits with 1 if there is any.
@@ -11,10 +11,14 @@ import re
 import subprocess
 import sys
 
-from definitions import definitions
+from definitions import definitions, types
 
 MOST_LINES_OF_A_FILE = 350
 MOST_LINES_OF_A_FUNCTION = 60
+
+PRODUCT = ("app/", "engine/", "standin/", "tools/")
+# Names of nested types that say enough beside the name of their class.
+NESTED_NAMES = {"Kind"}
 
 # What a folder may include, apart from itself. The first row that matches a file decides.
 LAYERS = [
@@ -98,8 +102,8 @@ def own_header(path, paths):
     """Yields a finding for a source of a library or program that has no header of its name."""
     # The two sides of the one seam between systems share the headers engine/core/System*.h.
     alone = ("main.cpp", "Posix.cpp", "Windows.cpp")
-    if (path.startswith(("engine/", "app/", "standin/", "tools/")) and path.endswith(".cpp") and
-            not path.endswith(alone) and path[:-4] + ".h" not in paths):
+    if (path.startswith(PRODUCT) and path.endswith(".cpp") and not path.endswith(alone) and
+            path[:-4] + ".h" not in paths):
         yield 1, "has no header of its name"
 
 
@@ -116,9 +120,9 @@ def targets():
                 yield sources
 
 
-def clashes():
-    """Yields source, line and message for each name that an earlier source of the target defines. The same
-    alias twice is no clash."""
+def clashes(paths):
+    """Yields source, line and message for each name that an earlier source of the target defines, and for
+    each type whose name an earlier one of the product has. The same alias twice in a target is no clash."""
     for sources in targets():
         known = {}
         for source in filter(os.path.exists, sources):
@@ -126,6 +130,12 @@ def clashes():
                 first, before = known.setdefault(name, (source, text))
                 if first != source and not (text.startswith("using ") and text == before):
                     yield source, number, f"{name.split('(')[0]} is defined in {first} too"
+    known = {}
+    for path in sorted(path for path in paths if path.startswith(PRODUCT)):
+        for number, name in types(path):
+            first = known.setdefault(name, f"{path}:{number}")
+            if first != f"{path}:{number}" and name not in NESTED_NAMES:
+                yield path, number, f"a type named {name} is in {first} too"
 
 
 def main():
@@ -138,7 +148,7 @@ def main():
         for number, message in [*includes(path, lines), *sizes(path, lines), *own_header(path, paths)]:
             print(f"{path}:{number}: {message}")
             findings += 1
-    for path, number, message in clashes():
+    for path, number, message in clashes(paths):
         print(f"{path}:{number}: {message}")
         findings += 1
     return 1 if findings else 0

@@ -58,11 +58,11 @@ void lookThrough(const char* folder, FilesLook& look) {
     }
 }
 
-using Table = std::map<int32_t, zel::String>;
+using LanguageTexts = std::map<int32_t, zel::String>;
 
-Table readTable(const zel::String& file) {
+LanguageTexts readTable(const zel::String& file) {
     std::string text;
-    return zel::readTextFile(file, LongestTable, text) ? zel::parseLanguage(text) : Table();
+    return zel::readTextFile(file, LongestTable, text) ? zel::parseLanguage(text) : LanguageTexts();
 }
 
 } // namespace
@@ -76,7 +76,7 @@ FilesLook lookThroughScreens() {
 
 FilesLook lookThroughLanguages() {
     FilesLook look;
-    const Table english = readTable("Language/en.txt");
+    const LanguageTexts english = readTable("Language/en.txt");
     if (english.empty())
         look.faults.emplace_back("Language/en.txt: it is missing or has no texts");
     if (!zel::Directory("Language", "langcodes.dat").holds("langcodes.dat"))
@@ -84,7 +84,7 @@ FilesLook lookThroughLanguages() {
     const zel::Directory tables("Language", "*.txt");
     for (int32_t i = 0; i < tables.count(); ++i) {
         const zel::String file = "Language/" + tables.name(i);
-        const Table table = readTable(file);
+        const LanguageTexts table = readTable(file);
         ++look.count;
         const auto missing = std::count_if(english.begin(), english.end(), [&](const auto& text) {
             const auto found = table.find(text.first);

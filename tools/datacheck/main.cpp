@@ -17,13 +17,13 @@ the folder Data or the one that holds it; without FOLDER, the files that the gam
 uses. Prints each finding as file:line: what is wrong: what to write instead.)";
 constexpr const char* Ending = "Exit status: 0 no findings, 1 findings, 2 a wrong call or no data.";
 
-struct Call {
+struct CheckOptions {
     bool coverage = false;
     bool hints = false;
     std::string folder;
 };
 
-tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
+tools::CallReading readCall(const std::vector<std::string>& words, CheckOptions& call) {
     tools::CommandLine line(Program, "[--coverage] [--hints] [FOLDER]", Description, Ending);
     line.addFlag("--coverage", call.coverage,
                  "print, for each nation and month, how many of the squadrons have one\n"
@@ -47,7 +47,7 @@ int printFindings(tools::Findings findings, bool hints) {
     return status;
 }
 
-int run(const Call& call) {
+int run(const CheckOptions& call) {
     zel::setConsoleShown(false); // a missing folder is a finding
     const zel::String found = call.folder.empty() ? zel::findRunDirectory() : zel::String();
     const zel::String start =
@@ -69,7 +69,7 @@ int run(const Call& call) {
 } // namespace
 
 int main(int argc, char** argv) {
-    Call call;
+    CheckOptions call;
     const tools::CallReading reading = readCall(tools::argumentsOf(argc, argv), call);
     const std::optional<int> status = tools::answer(reading);
     return status ? *status : tools::exitStatus(run(call));

@@ -146,7 +146,7 @@ private:
     // Compares the elements that notes and sections name with all elements that existed at some
     // time.
     void checkNames() {
-        for (const ScriptNotes::Name& note : notes.named) {
+        for (const ScriptNotes::NamedElement& note : notes.named) {
             bool& isMet = survey.noted[{note.source.file, note.source.line, note.name}];
             isMet = isMet || seen.count(note.name) != 0;
         }

@@ -9,7 +9,7 @@ namespace menucheck {
 /// The notes for this check in a screen's script and the files that it includes: comments such as
 /// "#check code NAME...". docs/menu-scripts.md lists them.
 struct ScriptNotes {
-    struct Name {
+    struct NamedElement {
         zel::String name;
         Source source;
     };
@@ -23,12 +23,13 @@ struct ScriptNotes {
     std::map<zel::String, Source> code;  // widgets whose hits the program's code handles
     std::map<zel::String, Source> leads; // states to which the code leads from here
     std::vector<Overlap> overlaps;
-    std::vector<WidestText> widest;                 // texts that code may show
-    std::map<zel::String, std::vector<Name>> kinds; // widgets to which code may give that kind
-    std::vector<Name> named;                        // elements that any note names
-    std::set<zel::String> stretched;                // images that are drawn in any size
-    std::set<zel::String> pictures;                 // files and images that code draws, lowered
-    std::map<int32_t, Source> texts;                // language texts that code takes
+    std::vector<WidestText> widest; // texts that code may show
+    std::map<zel::String, std::vector<NamedElement>>
+        kinds;                       // widgets to which code may give that kind
+    std::vector<NamedElement> named; // elements that any note names
+    std::set<zel::String> stretched; // images that are drawn in any size
+    std::set<zel::String> pictures;  // files and images that code draws, lowered
+    std::map<int32_t, Source> texts; // language texts that code takes
     bool mayHaveConditions = false;
 
     bool mayOverlap(const zel::String& a, const zel::String& b) const;

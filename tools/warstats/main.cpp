@@ -23,7 +23,7 @@ constexpr const char* Ending =
 constexpr int32_t MostWars = 10000;
 constexpr int32_t MostStarts = 100000;
 
-struct Call {
+struct StatsOptions {
     int32_t wars = 20;
     int32_t starts = 400;
     uint32_t seed = 1;
@@ -31,7 +31,7 @@ struct Call {
     std::string tables;
 };
 
-tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
+tools::CallReading readCall(const std::vector<std::string>& words, StatsOptions& call) {
     tools::CommandLine line(Program, "[OPTION]... TABLES", Description, Ending);
     line.addOption("--wars", call.wars, "how many wars, 20 otherwise")
         .valueName("N")
@@ -49,7 +49,7 @@ tools::CallReading readCall(const std::vector<std::string>& words, Call& call) {
     return line.read(words);
 }
 
-int run(const Call& call) {
+int run(const StatsOptions& call) {
     zel::setConsoleShown(false);
     warstats::RealWarTables real;
     const tools::Findings findings = warstats::readRealWar(call.tables, real);
@@ -78,7 +78,7 @@ int run(const Call& call) {
 } // namespace
 
 int main(int argc, char** argv) {
-    Call call;
+    StatsOptions call;
     const tools::CallReading reading = readCall(tools::argumentsOf(argc, argv), call);
     const std::optional<int> status = tools::answer(reading);
     return status ? *status : tools::exitStatus(run(call));
