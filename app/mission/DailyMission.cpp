@@ -37,6 +37,11 @@ struct PreparationResult {
     zel::FileFault reason = zel::FileFault::None;
 };
 
+PreparationResult failure(MissionFault fault, const zel::String& problem,
+                          zel::FileFault reason = zel::FileFault::None) {
+    return {fault, problem, reason};
+}
+
 PreparationResult prepare(Database& career, MissionGenerator& generator, const zel::String& file) {
     placeMission(career.playerSquadron(), generator);
     generator.reseed(career.careerSeed());
@@ -45,19 +50,21 @@ PreparationResult prepare(Database& career, MissionGenerator& generator, const z
     planMission(generator, career, true);
     const zel::String name = MissionTemplateFile;
     if (!loaded)
-        return {MissionFault::TemplateUnread, "The mission template can't be read: " + name};
+        return failure(MissionFault::TemplateUnread, "The mission template can't be read: " + name);
     if (generator.attackArea < 0)
-        return {MissionFault::TemplateUnfit, "The mission template has no attack area: " + name};
+        return failure(MissionFault::TemplateUnfit,
+                       "The mission template has no attack area: " + name);
     if (generator.maxIndex > HighestIndex)
-        return {MissionFault::TemplateUnfit,
-                "The mission template's Index values are too high: " + name};
+        return failure(MissionFault::TemplateUnfit,
+                       "The mission template's Index values are too high: " + name);
     if (generator.plan.empty())
-        return {MissionFault::NothingPlanned, "No mission can be planned for today"};
+        return failure(MissionFault::NothingPlanned, "No mission can be planned for today");
     generateMission(generator, career);
     if (const zel::FileFault reason = generator.lines.writeFile(file);
         reason != zel::FileFault::None)
-        return {MissionFault::FileUnwritten,
-                "The mission can't be written to " + file + ": " + zel::faultText(reason), reason};
+        return failure(MissionFault::FileUnwritten,
+                       "The mission can't be written to " + file + ": " + zel::faultText(reason),
+                       reason);
     return {MissionFault::None, {}};
 }
 

@@ -5,7 +5,7 @@ check-texts.py [FOLDER], the folder that holds app, tools and data; the tree its
 
 - A wording of the code (Wording.h in app and tools, and its like) must read in data/Language/en.txt as it
   reads in the code, and some code must use it.
-- Code gives no literal to an element (setText), and the sources of screens and of the career's
+- Code gives no literal to an element (setText), and the sources of screens, of the book and of the career's
   texts hold no literal that reads like a text, but for those that go to the log.
 - A script in data/Menus gives no element a text with letters: layout.definewidgetlanguagetext does.
 - data/history/events.csv has each event in every language of data/Language, short enough to show.
@@ -18,13 +18,22 @@ import sys
 from pathlib import Path
 
 # Whose literals are texts, if they hold a letter at all.
-TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/UnitNames.cpp",
-                "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
+TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/Problem.cpp", "app/career/UnitNames.cpp",
+                "app/report/Outcome.cpp", "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
+# Whose literals may be texts too, if they read like one: names beside them are no texts.
+MIXED_SOURCES = ("app/screens/", "app/book/", "app/career/GroundObjects.cpp",
+                 "app/mission/DailyMission.cpp", "app/mission/MissionSky.cpp")
 # Whose literals are names by which something is found.
-NAME_SOURCES = ["app/screens/MapSheets.cpp"]
+NAME_SOURCES = ["app/book/Theatre.cpp", "app/screens/MapSheets.cpp"]
 LITERAL = r'"((?:[^"\\\n]|\\.)*)"'
+# Several words, or one that ends as a label does.
+WORDS = re.compile(r"[A-Za-z][,:!?]? |[A-Za-z][:!?]$| [A-Za-z]{2}")
+WORD = re.compile(r"[A-Z][a-z]+[.,]?$")
+NO_TEXT = re.compile(r"(?:SELECT|INSERT|UPDATE|DELETE|CREATE|PRAGMA) |</?\w|.*=\\\"|(?!.*[A-Za-z]{2})", re.S)
+# What follows the first literal of a table's row, if it is the key of a constant.
+KEYED = re.compile(r"\s*,\s*&?(?:\w+::)*[A-Z]\w*\s*[,}]")
 # Calls whose literals no player sees on a screen.
-LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf)\s*\($")
+LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf|\breport|\bfailure)\s*\($")
 # A text in a script, by the command: which word, counted from 0.
 SCRIPT_TEXTS = {"addwidget": 2, "addtextarea": 2, "layout.definewidgettext": 1,
                 "layout.definetextareatext": 1}
@@ -121,14 +130,28 @@ def check_source(path, text):
                 if re.search(r"[A-Za-z]", literal[1]):
                     find(path, line_of(text, place + literal.start()),
                          f"a literal for an element: \"{literal[1]}\"")
-    isText = path in TEXT_SOURCES
-    if path in NAME_SOURCES or not isText and not path.startswith("app/screens/"):
-        return
-    for literal in re.finditer(LITERAL, text):
-        reads = re.search(r"[A-Za-z]" if isText else r"[A-Za-z][,:!?]? |[A-Za-z][:!?]$| [A-Za-z]{2}",
-                          literal[1])
-        if reads and not any(LOG_CALL.search(call) for call in calls_around(text, literal.start())):
-            find(path, line_of(text, literal.start()), f"a text outside the tables: \"{literal[1]}\"")
+    if path in TEXT_SOURCES or path.startswith(MIXED_SOURCES) and path not in NAME_SOURCES:
+        check_literals(path, text)
+
+
+def check_literals(path, text):
+    """Finds texts among a source's literals. Those that the compiler joins are one."""
+    for joined in re.finditer(LITERAL + r"(?:\s*" + LITERAL + ")*", text):
+        literal = "".join(re.findall(LITERAL, joined[0]))
+        if path in TEXT_SOURCES:
+            reads = re.search(r"[A-Za-z]", literal)
+        else:
+            reads = reads_like_text(literal, text[:joined.start()], text[joined.end():])
+        if reads and not any(LOG_CALL.search(call) for call in calls_around(text, joined.start())):
+            find(path, line_of(text, joined.start()), f"a text outside the tables: \"{literal}\"")
+
+
+def reads_like_text(literal, before, after):
+    """Whether a literal between two pieces of the source may be a text, not a name, a key, SQL or markup."""
+    if NO_TEXT.match(literal) or before.rstrip().endswith("{") and KEYED.match(after):
+        return False
+    # A word that joins a name without a blank makes another name.
+    return WORDS.search(literal) or WORD.match(literal) and not re.search(r"[\w)]\s*\+\s*$", before)
 
 
 def check_script(path, text):
