@@ -10,6 +10,7 @@
 #include "app/book/WebWording.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
+#include "app/report/Outcome.h"
 
 namespace {
 

@@ -13,8 +13,6 @@ inline constexpr Wording NameOfPilot     {4413, "There is another pilot of this 
 inline constexpr Wording NameNotInTheLog     {4414, "The simulator's log can't carry this character."};
 inline constexpr Wording NameTooLong     {4415, "A name has at most $1 letters."};
 inline constexpr Wording NoSquadronOpen  {4416, "All machines of this month are switched off: no squadron can be chosen."};
-inline constexpr Wording ShortMarineUnit {4417, "MFJ $1"};
-inline constexpr Wording ShortChasse     {4418, "$1eme Esc de Chasse"};
 inline constexpr Wording KeyHead         {4420, "Key"}; // of the column with the data's numbers
 inline constexpr Wording SquadronHead    {4405, "Squadron"};
 inline constexpr Wording MachineHead     {4406, "Machine"};

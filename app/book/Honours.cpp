@@ -6,6 +6,7 @@
 
 #include "app/career/Calendar.h"
 #include "app/career/Nation.h"
+#include "app/career/UnitNames.h"
 
 namespace {
 
@@ -238,13 +239,7 @@ Honours honoursOn(const Honours& all, int32_t date) {
     return then;
 }
 
-Branch branchOfUnit(int32_t number) {
-    constexpr int32_t NavalUnits[][2] = {{102201, 102299}, {501301, 501399}, {501601, 501700}};
-    for (const auto& [first, last] : NavalUnits)
-        if (number >= first && number <= last)
-            return Branch::Navy;
-    return Branch::Army;
-}
+Branch branchOfUnit(int32_t number) { return isNavalUnit(number) ? Branch::Navy : Branch::Army; }
 
 Honours honoursOf(const PilotService& service, const BookTables& tables) {
     return Course(service, tables).run();

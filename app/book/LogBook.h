@@ -8,9 +8,6 @@
 class Database;
 class SqliteFile;
 
-/// From which damage on a machine counts as damaged, as in the combat report.
-constexpr float NotedDamage = 0.01F;
-
 /// A number of machines of one type: an identifier of the aircraft table, or the type in the log
 /// for a machine that isn't in the plan.
 struct MachineCount {

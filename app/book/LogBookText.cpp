@@ -11,10 +11,10 @@
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/GroundObjects.h"
+#include "app/report/Outcome.h"
 
 namespace {
 
-constexpr float Destruction = 0.5F;
 constexpr std::string_view Cut = "...";
 constexpr size_t NoLimit = 1000; // letters
 
@@ -55,7 +55,9 @@ zel::String againstText(const BookFlight& flight, size_t letters) {
 }
 
 /// Slight, moderate or severe as in the combat report: 0 to 2.
-size_t severityOf(int32_t percent) { return percent > 50 ? 2 : percent > 25 ? 1 : 0; }
+size_t severityOf(int32_t percent) {
+    return percent > SevereInjury ? 2 : percent > ModerateInjury ? 1 : 0;
+}
 
 const Wording& injuryWording(int32_t percent) {
     const Wording* const forms[] = {&wording::SlightlyInjured, &wording::WasInjured,
@@ -74,7 +76,7 @@ const Wording& ownFate(const BookFlight& flight) {
     if (flight.injury > 0)
         return injuryWording(flight.injury);
     if (flight.damage >= NotedDamage) {
-        const bool isDestroyed = flight.damage >= Destruction;
+        const bool isDestroyed = flight.damage >= DestroyingDamage;
         if (flight.hasLanded)
             return isDestroyed ? wording::BadLanding : wording::DamagedAndLanded;
         return isDestroyed ? wording::WasDestroyed : wording::WasDamaged;

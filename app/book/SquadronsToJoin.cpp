@@ -16,15 +16,6 @@
 
 namespace {
 
-/// Units whose names are long, and their short forms.
-struct LongNames {
-    int32_t base; // subtracted from the unit's number to get the number in its name
-    const Wording* shortForm;
-};
-constexpr LongNames AllLongNames[] = {{101900, &wording::ShortChasse},
-                                      {501300, &wording::ShortMarineUnit}};
-constexpr int32_t UnitsOfBase = 99;
-
 /// A month as the texts of its first and last day, "yyyymmdd", which compare like dates.
 struct MonthSpan {
     MonthSpan(int32_t year, int32_t month)
@@ -126,14 +117,10 @@ zel::String machineOf(const Database& career, const SquadronFile& file, const Mo
     return own != drawable.end() ? zel::String(*own) : zel::String();
 }
 
-zel::String shortSquadron(const zel::String& key) {
-    const int32_t number = key.toInt();
-    zel::String name = unitName(number);
-    if (name.view().size() >= SquadronLetters)
-        for (const LongNames& names : AllLongNames)
-            if (number > names.base && number <= names.base + UnitsOfBase)
-                return textOf(*names.shortForm, {number - names.base});
-    return name;
+/// A name that would fill the column gives way to the short one.
+zel::String nameInColumn(const zel::String& key) {
+    const zel::String name = unitName(key.toInt());
+    return name.view().size() < SquadronLetters ? name : shortUnitName(key.toInt());
 }
 
 /// Cut so that a blank is left before the next one.
@@ -171,7 +158,7 @@ std::vector<SquadronToJoin> squadronsToJoin(const Database& career, int32_t serv
 }
 
 zel::String squadronRow(const SquadronToJoin& squadron, const zel::String& base) {
-    zel::String row = listColumn(shortSquadron(squadron.key), SquadronLetters) +
+    zel::String row = listColumn(nameInColumn(squadron.key), SquadronLetters) +
                       listColumn(machineText(squadron.machine, FlownLetters - 1), FlownLetters);
     if (!base.empty())
         row += listColumn(textOf(wording::BaseInList, {base}), BaseLetters);

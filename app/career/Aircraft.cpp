@@ -6,6 +6,7 @@
 
 #include "app/aircraft/AircraftTable.h"
 #include "app/career/Nation.h"
+#include "app/career/NewCareer.h"
 #include "engine/core/Random.h"
 
 namespace {
@@ -90,7 +91,6 @@ template <size_t Count> constexpr bool ascend(const Period (&periods)[Count]) {
 static_assert(ascend(AlliedPeriods) && ascend(CentralPeriods));
 
 /// The month from which on a type is drawn: the career's first one for those of the first row.
-constexpr int32_t FirstMonthOfCareer = 191512;
 template <size_t Count>
 constexpr int32_t firstMonthIn(const Period (&periods)[Count], int32_t plane) {
     for (size_t i = 0; i < Count; ++i)

@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <vector>
 
+#include "app/career/NewCareer.h"
+
 class Database;
 
 /// The years that a save file can be of: from a career's first day to a little past the war.
-constexpr int32_t FirstSaveYear = 1915;
+constexpr int32_t FirstSaveYear = FirstDayOfCareer / 10000;
 constexpr int32_t LastSaveYear = 1919;
 
 /// What readContent() has found out about a save file's records.

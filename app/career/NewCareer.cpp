@@ -16,9 +16,6 @@
 
 namespace {
 
-constexpr int32_t StartYear = 1915;
-constexpr int32_t StartMonth = 12;
-constexpr int32_t StartDay = 1;
 constexpr size_t SquadronsOfWar = 400; // generated ones fill up to this
 constexpr size_t PilotsOfWar = 65536;  // room for most wars; what isn't used takes no memory
 // A new pilot's skill goes up to a draw in this range; his missions to a draw, of a draw, of one in
@@ -159,9 +156,10 @@ void createCareer(Database& career, int32_t service) {
                  zel::LogError);
         return;
     }
-    career.year = StartYear;
-    career.month = StartMonth;
-    career.day = StartDay;
+    const Calendar start = Calendar::ofNumber(FirstDayOfCareer);
+    career.year = start.getYear();
+    career.month = start.getMonth();
+    career.day = start.getDay();
     career.invitationYear = 0;
     career.invitationMonth = 0;
     career.invitationSquadron = NoInvitation;

@@ -7,6 +7,9 @@
 
 class Database;
 
+/// As much of a name as the simulator's log keeps.
+constexpr int32_t LongestLoggedName = 31;
+
 /// One flying object of a mission and what became of it: read from a log, or fought in the
 /// abstract. Indices are places in the mission's list of such records.
 struct PilotReport {

@@ -5,12 +5,12 @@
 #include <vector>
 
 #include "app/career/Database.h"
+#include "app/career/NewCareer.h"
 #include "app/career/ValueRepair.h"
 
 namespace {
 
 constexpr char Magic[] = {'W', 'T', 'S', 'V'};
-constexpr int32_t FirstDay = 19151201; // of a career, as Calendar::dateNumber()
 constexpr size_t BytesTogether = 4096; // are copied and then checked while they are in the cache
 
 template <typename Value> void append(std::string& content, const Value& value) {
@@ -177,7 +177,7 @@ bool isDayOfSave(const Calendar& day) {
     return day.getYear() >= FirstSaveYear && day.getYear() <= LastSaveYear && day.getMonth() >= 1 &&
            day.getMonth() <= 12 && day.getDay() >= 1 &&
            day.getDay() <= Calendar::daysInMonth(day.getYear(), day.getMonth()) &&
-           day.dateNumber() >= FirstDay;
+           day.dateNumber() >= FirstDayOfCareer;
 }
 
 SaveReading readContent(Database& career, std::string_view content) {

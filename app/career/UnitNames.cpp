@@ -12,26 +12,28 @@ namespace {
 struct NameRange {
     int32_t first, last;
     int32_t base;
+    bool isNaval;
     const Wording* form;
+    const Wording* shortForm = nullptr; // where the other one is too long
 };
 // The first range that holds a number names it.
 // clang-format off
 constexpr NameRange NameRanges[] = {
-    {101001, 101227, 101000, &wording::Escadrille},
-    {101901, 101901, 101900, &wording::FirstChasse},
-    {101903, 101903, 101900, &wording::Observation},
-    {101901, 101999, 101900, &wording::Chasse},
-    {102001, 102100, 102000, &wording::FlyingCorps},
-    {102101, 102200, 102100, &wording::AustralianCorps},
-    {102201, 102299, 102200, &wording::NavalService},
-    {103001, 103001, 103000, &wording::FirstAero},
-    {103001, 103999, 103000, &wording::Aero[0]},
-    {501001, 501100, 501000, &wording::Jasta},
-    {501101, 501200, 501100, &wording::Schlasta},
-    {501201, 501300, 501200, &wording::Fliegerabteilung},
-    {501301, 501399, 501300, &wording::MarineFeldjagdstaffel},
-    {501400, 501500, 501200, &wording::Fliegerabteilung},
-    {501601, 501700, 501600, &wording::Seefrontstaffel},
+    {101001, 101227, 101000, false, &wording::Escadrille},
+    {101901, 101901, 101900, false, &wording::FirstChasse, &wording::ShortChasse},
+    {101903, 101903, 101900, false, &wording::Observation},
+    {101901, 101999, 101900, false, &wording::Chasse, &wording::ShortChasse},
+    {102001, 102100, 102000, false, &wording::FlyingCorps},
+    {102101, 102200, 102100, false, &wording::AustralianCorps},
+    {102201, 102299, 102200, true,  &wording::NavalService},
+    {103001, 103001, 103000, false, &wording::FirstAero},
+    {103001, 103999, 103000, false, &wording::Aero[0]},
+    {501001, 501100, 501000, false, &wording::Jasta},
+    {501101, 501200, 501100, false, &wording::Schlasta},
+    {501201, 501300, 501200, false, &wording::Fliegerabteilung},
+    {501301, 501399, 501300, true,  &wording::MarineFeldjagdstaffel, &wording::ShortMarineUnit},
+    {501400, 501500, 501200, false, &wording::Fliegerabteilung},
+    {501601, 501700, 501600, true,  &wording::Seefrontstaffel},
 };
 // clang-format on
 
@@ -60,6 +62,18 @@ zel::String unitName(int32_t number) {
         return zel::String("(") + number + ")";
     const bool isAero = range->form == wording::Aero;
     return textOf(isAero ? wording::Aero[aeroForm(number)] : *range->form, {number - range->base});
+}
+
+zel::String shortUnitName(int32_t number) {
+    const NameRange* range = rangeOf(number);
+    return range != nullptr && range->shortForm != nullptr
+               ? textOf(*range->shortForm, {number - range->base})
+               : unitName(number);
+}
+
+bool isNavalUnit(int32_t number) {
+    const NameRange* range = rangeOf(number);
+    return range != nullptr && range->isNaval;
 }
 
 bool hasUnitName(int32_t number) { return rangeOf(number) != nullptr; }

@@ -52,6 +52,8 @@ inline constexpr Wording Schlasta            {58, "Schlasta $1"};
 inline constexpr Wording Fliegerabteilung    {59, "FA $1"};
 inline constexpr Wording MarineFeldjagdstaffel{60, "Marine-Feldjagdstaffel $1"};
 inline constexpr Wording Seefrontstaffel     {61, "SFL $1"};
+inline constexpr Wording ShortChasse         {4418, "$1eme Esc de Chasse"};
+inline constexpr Wording ShortMarineUnit     {4417, "MFJ $1"};
 inline constexpr Wording FirstAero           {62, "1th Aero"}; // sic
 inline constexpr Wording Aero[] = {{63, "$1th Aero"}, {64, "$1st Aero"}, {65, "$1nd Aero"}, {66, "$1rd Aero"}};
 

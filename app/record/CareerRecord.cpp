@@ -4,6 +4,7 @@
 
 #include "app/career/Checksum.h"
 #include "app/career/Database.h"
+#include "app/career/NewCareer.h"
 #include "app/record/KeptRecords.h"
 #include "app/record/OrdersTable.h"
 #include "app/record/RecordSeal.h"
@@ -138,7 +139,7 @@ void CareerRecord::startOver(RecordState why) {
     mark = {};
     if (lastSave.checksum.empty())
         return; // it began in this run: all of it is among the events
-    events.gaps = {{FirstDayOfWar, lastSave.date}};
+    events.gaps = {{FirstDayOfCareer, lastSave.date}};
     knownGaps = events.gaps;
     logRecord(zel::String("The record of the war ") + recordStateTexts(why).text +
               ": it has nothing before " + lastSave.date);

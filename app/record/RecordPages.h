@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/career/Checksum.h"
+#include "app/career/NewCareer.h"
 #include "app/career/SaveCheck.h"
 #include "engine/core/String.h"
 
@@ -12,8 +13,6 @@ class SqliteFile;
 
 // How record and saves are held together: each save has a page, which holds its checksum and the
 // last key of each table.
-
-constexpr int32_t FirstDayOfWar = 19151201; // of every career
 
 /// From when to when nothing is in the record, as yyyymmdd. The second day is in it again; if both
 /// are the same, part of that day is missing.
@@ -33,7 +32,7 @@ struct PageMark {
     int64_t id = 0;       // 0: nothing in the record leads to the save
     bool isOwn = false;   // the save's own page, otherwise an earlier one
     zel::String checksum; // of the page
-    int32_t date = FirstDayOfWar;
+    int32_t date = FirstDayOfCareer;
 };
 
 /// Whether the save of that content has a page; see CareerObserver::matchSave. Unknown for a career

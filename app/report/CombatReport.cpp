@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "app/career/Database.h"
+#include "app/career/PilotReport.h"
 #include "app/mission/MissionGenerator.h"
 #include "app/mission/MissionLine.h"
 #include "app/report/ReportRules.h"
 #include "engine/core/Log.h"
 
 namespace {
-
-constexpr size_t LongestLoggedName = 31; // the simulator cuts names there
 
 CombatReport* currentReport = nullptr;
 

@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr float LeastDamage = 0.01F;
-constexpr float DestroyedPercent = 50.0F;
 constexpr float SecondsPerMinute = 60;
 constexpr size_t MostNames = 2; // of a man's victims, and how many more
 
@@ -117,14 +115,14 @@ zel::String Judgement::fate() const {
         return textOf(wording::DiedInTheAir);
     if (pilot.dead != 0)
         return textOf(wording::CrashedAndDied);
-    if (pilot.injuryPercent > 50)
+    if (pilot.injuryPercent > SevereInjury)
         return textOf(wording::SevereInjuries);
-    if (pilot.injuryPercent > 25)
+    if (pilot.injuryPercent > ModerateInjury)
         return textOf(wording::Injured);
     if (pilot.injuryPercent > 0)
         return textOf(wording::SlightInjuries);
-    if (pilot.damage >= LeastDamage) {
-        const bool destroyed = pilot.damage * 100 >= DestroyedPercent;
+    if (pilot.damage >= NotedDamage) {
+        const bool destroyed = pilot.damage >= DestroyingDamage;
         if (landed)
             return textOf(destroyed ? wording::LandedDestroyed : wording::LandedDamaged);
         return textOf(destroyed ? wording::Destroyed : wording::Damaged);
@@ -240,7 +238,7 @@ zel::String Judgement::whySurvived() const {
             return textOf(forms[1], {times});
         return textOf(forms[pilot.human != 0 ? 2 : 0], {name(found.lastHitter), times});
     }
-    if (pilot.damage >= LeastDamage || pilot.injuryPercent > 0)
+    if (pilot.damage >= NotedDamage || pilot.injuryPercent > 0)
         return textOf(wording::DamagedByNobody);
     if (const float seconds = flight.landing[static_cast<size_t>(place)]; seconds >= 0) {
         const auto minutes = static_cast<int32_t>(seconds / SecondsPerMinute);

@@ -7,6 +7,13 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
+// Injuries in percent: anything above is moderate or severe.
+constexpr int32_t ModerateInjury = 25;
+constexpr int32_t SevereInjury = 50;
+// Parts of a machine: from there on, it counts as damaged or as destroyed.
+constexpr float NotedDamage = 0.01F;
+constexpr float DestroyingDamage = 0.5F;
+
 /// What the combat report says about one record, in the language in use.
 struct Outcome {
     zel::String fate;   // of pilot and plane

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
 class Database;
@@ -17,8 +18,8 @@ struct Enlistment {
     int32_t squadron = -1; // of his service; -1: where the service sends him
 };
 
-/// As much of a name as the simulator's log keeps.
-constexpr int32_t LongestPilotName = 31;
+/// What the player may call himself: as much as the log keeps.
+constexpr int32_t LongestPilotName = LongestLoggedName;
 
 enum class NameFault {
     None,

@@ -6,6 +6,7 @@
 
 #include "app/career/Calendar.h"
 #include "app/career/Database.h"
+#include "app/career/NewCareer.h"
 #include "engine/core/System.h"
 #include "engine/core/TextEncoding.h"
 #include "tools/career/BookCommands.h"
@@ -124,7 +125,7 @@ std::string CommandReader::readStart(std::string_view command) {
     int32_t month = 0;
     const bool isDate = takeNumber(1915, 1918, year) && takeNumber(1, 12, month);
     const int32_t start = year * 100 + month;
-    if (!isDate || start < 191512 || start > 191810)
+    if (!isDate || start < FirstMonthOfCareer || start > 191810)
         return std::string(command) + " wants a year and a month from 1915 12 to 1918 10";
     const bool begins = command == "new";
     beginsCareer = beginsCareer || begins;
@@ -137,7 +138,7 @@ std::string CommandReader::readStart(std::string_view command) {
 
 std::string CommandReader::readUntil() {
     int32_t date = 0;
-    const bool isNumber = takeNumber(19151201, 19191231, date);
+    const bool isNumber = takeNumber(FirstDayOfCareer, 19191231, date);
     const int32_t month = date / 100 % 100;
     const int32_t day = date % 100;
     if (!isNumber || day < 1 || day > Calendar::daysInMonth(date / 10000, month))

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "app/career/NewCareer.h"
 #include "tools/datacheck/History.h"
 
 namespace datacheck {
@@ -10,8 +11,8 @@ namespace datacheck {
 /// Months are counted as 12 * year + month - 1, so that the next month is one more.
 using Month = int32_t;
 
-constexpr Month FirstMonth = 1915 * 12 + 11; // December 1915, when every career begins
-constexpr Month LastMonth = 1918 * 12 + 10;  // November 1918, the Armistice
+constexpr Month FirstMonth = FirstMonthOfCareer / 100 * 12 + FirstMonthOfCareer % 100 - 1;
+constexpr Month LastMonth = 1918 * 12 + 10; // November 1918, the Armistice
 
 /// REQUIRES: isWarDate(date).
 Month monthOf(const std::string& date);

@@ -3,12 +3,16 @@
 #include <set>
 #include <string>
 
+#include "app/career/PilotReport.h"
 #include "app/mission/MissionLine.h"
 #include "tools/common/PilotNames.h"
 
 namespace datacheck {
 
 namespace {
+
+// After the name of an ace the log has "/" and his victories.
+static_assert(tools::LongestPilotName + 4 == LongestLoggedName);
 
 constexpr const char* NationsWithNames[] = {"France", "England", "Germany", "USA"};
 

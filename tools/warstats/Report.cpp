@@ -7,6 +7,7 @@
 
 #include "app/career/Calendar.h"
 #include "app/career/Nation.h"
+#include "app/career/NewCareer.h"
 
 namespace warstats {
 
@@ -199,7 +200,7 @@ void Report::addMonths(const RealWarTables& real) {
     std::vector<double> lists;
     std::vector<double> all;
     std::vector<double> historic;
-    for (int32_t month = 191512; month <= 191811; month += month % 100 == 12 ? 89 : 1) {
+    for (int32_t month = FirstMonthOfCareer; month <= 191811; month += month % 100 == 12 ? 89 : 1) {
         const DayCounts sum =
             meanSum(month * 100 + 1, month * 100 + Calendar::daysInMonth(month / 100, month % 100));
         const auto found = real.victories.find(month);

@@ -5,6 +5,7 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/career/NewCareer.h"
 #include "app/career/UnitNames.h"
 #include "app/mission/MissionGenerator.h"
 #include "app/war/Invitations.h"
@@ -135,7 +136,8 @@ WarFigures fightWar(uint32_t seed, int32_t service, const RealWarTables& real) {
     MissionGenerator generator;
     career.observer = &figures.tally;
     career.createCareer(service);
-    career.simulateToDate(1915, 12, 1);
+    const Calendar start = Calendar::ofNumber(FirstDayOfCareer);
+    career.simulateToDate(start.getYear(), start.getMonth(), start.getDay());
     figures.tally.closePeriod(career);
     while (career.calendar().dateNumber() < FirstDayOfPeace) {
         sampleMissions(career, generator, real, figures);

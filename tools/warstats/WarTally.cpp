@@ -4,6 +4,7 @@
 
 #include "app/career/CareerEvents.h"
 #include "app/career/Database.h"
+#include "app/career/NewCareer.h"
 
 namespace warstats {
 
@@ -11,7 +12,7 @@ namespace {
 
 constexpr int32_t Nations[NationCount] = {France, England, Usa, Germany};
 
-int32_t firstDay() { return Calendar(1915, 12, 1).dayNumber(); }
+int32_t firstDay() { return Calendar::ofNumber(FirstDayOfCareer).dayNumber(); }
 
 double strengthOf(const Database& career) {
     double strength = 0;
