@@ -1,6 +1,7 @@
 #include "app/book/PilotRecord.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -265,35 +266,22 @@ std::vector<MachineCount> machinesOf(const PilotRecord& pilot) {
 }
 
 Shape shapeOf(const zel::String& machine) {
-    // By the beginning of an identifier or of the log's type; all other machines are scouts.
-    constexpr std::pair<std::string_view, Shape> Shapes[] = {
-        {"fokkerdr", Shape::Triplane},
-        {"soptriplane", Shape::Triplane},
-        {"sopwith triplane", Shape::Triplane},
-        {"fokker dr", Shape::Triplane},
-        {"fokkere", Shape::Monoplane},
-        {"fokkerd8", Shape::Monoplane},
-        {"fokker e", Shape::Monoplane},
-        {"fokker d.viii", Shape::Monoplane},
-        {"balloon", Shape::Balloon},
-        {"bristol", Shape::TwoSeater},
-        {"dfw", Shape::TwoSeater},
-        {"breguet", Shape::TwoSeater},
-        {"r.e.8", Shape::TwoSeater},
-        {"re8", Shape::TwoSeater},
-        {"roland c", Shape::TwoSeater},
-        {"halberstadt cl", Shape::TwoSeater},
-        {"f.e.2", Shape::TwoSeater},
-        {"felixf2a", Shape::TwoSeater},
-        {"brandenburg", Shape::TwoSeater},
-        {"gotha", Shape::TwoSeater},
-        {"handley", Shape::TwoSeater},
-        {"dh4", Shape::TwoSeater},
+    // Types that only logs have, by their beginning; all others without a row are scouts.
+    constexpr std::pair<std::string_view, Shape> LoggedShapes[] = {
+        {"balloon", Shape::Balloon},       {"bristol", Shape::TwoSeater},
+        {"dfw", Shape::TwoSeater},         {"breguet", Shape::TwoSeater},
+        {"r.e.8", Shape::TwoSeater},       {"re8", Shape::TwoSeater},
+        {"roland c", Shape::TwoSeater},    {"halberstadt cl", Shape::TwoSeater},
+        {"f.e.2", Shape::TwoSeater},       {"felixf2a", Shape::TwoSeater},
+        {"brandenburg", Shape::TwoSeater}, {"gotha", Shape::TwoSeater},
+        {"handley", Shape::TwoSeater},     {"dh4", Shape::TwoSeater},
     };
     if (const Wording* ground = groundObject(machine.view()))
         return ground == &wording::Balloon ? Shape::Balloon : Shape::Ground;
+    if (const std::optional<Shape> shape = planeShape(machine.view()))
+        return *shape;
     const zel::String lowered = machine.toLower();
-    for (const auto& [start, shape] : Shapes)
+    for (const auto& [start, shape] : LoggedShapes)
         if (lowered.view().substr(0, start.size()) == start)
             return shape;
     return Shape::Scout;

@@ -5,6 +5,7 @@
 
 #include "app/book/Honours.h"
 #include "app/book/PilotRows.h"
+#include "app/career/Aircraft.h"
 #include "engine/core/String.h"
 
 class Database;
@@ -27,9 +28,6 @@ struct PilotPosting {
     int32_t from = -1;     // Moved
     zel::String other;     // Succeeded: the predecessor; Died: who killed him, empty if nobody did
 };
-
-/// Kinds of machines, each with a silhouette of its own.
-enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon, Ground };
 
 /// The service of one pilot of the career: the player's record of service, or anybody's page.
 struct PilotRecord {

@@ -4,7 +4,6 @@
 #include <initializer_list>
 #include <iterator>
 
-#include "app/aircraft/AircraftTable.h"
 #include "app/career/Nation.h"
 #include "app/career/NewCareer.h"
 #include "engine/core/Random.h"
@@ -216,6 +215,14 @@ int32_t planeIndex(std::string_view identifier) {
         if (identifier == rows[i].identifier)
             return i;
     return -1;
+}
+
+std::optional<Shape> planeShape(std::string_view machine) {
+    for (const Aircraft& row : AircraftTable::rows())
+        if (zel::equalsNoCase(machine, row.identifier) ||
+            zel::equalsNoCase(machine, row.standIn.logType))
+            return row.shape;
+    return std::nullopt;
 }
 
 bool isAlliedPlane(int32_t index) { return AircraftTable::rows()[index].isAllied(); }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <vector>
 
+#include "app/aircraft/AircraftTable.h"
 #include "engine/core/String.h"
 
 namespace zel {
@@ -21,6 +23,9 @@ const std::vector<zel::String>& planeDisplayNames(); // in step with planeIdenti
 zel::String planeDisplayName(const zel::String& identifier);
 /// Index in planeIdentifiers() of the last entry of that name; -1 if there is none.
 int32_t planeIndex(std::string_view identifier);
+/// The shape of a type by its identifier or by its name in the simulator's log, in any case; none
+/// for a type without a row.
+std::optional<Shape> planeShape(std::string_view machine);
 /// Whether the type of that index flies for the Allies. REQUIRES: a valid index.
 bool isAlliedPlane(int32_t index);
 

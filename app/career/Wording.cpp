@@ -1,9 +1,26 @@
 #include "app/career/Wording.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view>
 
+#include "app/aircraft/AircraftTable.h"
 #include "engine/core/Language.h"
+
+namespace {
+
+constexpr bool haveTheirRows() {
+    for (const Wording& name : wording::PlaneNames) {
+        bool isFound = false;
+        for (const Aircraft& row : AircraftRows)
+            isFound = isFound || std::string_view(row.displayName) == name.english;
+        if (!isFound)
+            return false;
+    }
+    return true;
+}
+static_assert(haveTheirRows(), "a name to translate is no type's: nobody would see it translated");
+
+} // namespace
 
 zel::String textOf(const Wording& wording, std::initializer_list<zel::String> arguments) {
     const zel::String* translated = zel::Language::find(wording.number);
@@ -20,8 +37,11 @@ zel::String faultSentence(zel::FileFault fault) {
 }
 
 zel::String nameInLanguage(const zel::String& english) {
-    const auto* const known =
-        std::find_if(std::begin(wording::Names), std::end(wording::Names),
-                     [&](const Wording& name) { return english == name.english; });
-    return known == std::end(wording::Names) ? english : textOf(*known);
+    for (const Wording& plane : wording::PlaneNames)
+        if (english == plane.english)
+            return textOf(plane);
+    for (const Wording& place : wording::PlaceNames)
+        if (english == place.english)
+            return textOf(place);
+    return english;
 }

@@ -52,19 +52,21 @@ inline constexpr Wording Schlasta            {58, "Schlasta $1"};
 inline constexpr Wording Fliegerabteilung    {59, "FA $1"};
 inline constexpr Wording MarineFeldjagdstaffel{60, "Marine-Feldjagdstaffel $1"};
 inline constexpr Wording Seefrontstaffel     {61, "SFL $1"};
-inline constexpr Wording ShortChasse         {4418, "$1eme Esc de Chasse"};
-inline constexpr Wording ShortMarineUnit     {4417, "MFJ $1"};
 inline constexpr Wording FirstAero           {62, "1th Aero"}; // sic
 inline constexpr Wording Aero[] = {{63, "$1th Aero"}, {64, "$1st Aero"}, {65, "$1nd Aero"}, {66, "$1rd Aero"}};
+inline constexpr Wording ShortMarineUnit     {4417, "MFJ $1"};
+inline constexpr Wording ShortChasse         {4418, "$1eme Esc de Chasse"};
 
-/// Names that some language writes otherwise.
-inline constexpr Wording Names[] = {
+// Names that some language writes otherwise.
+inline constexpr Wording PlaceNames[] = {
     {70, "Dunkerque"},      {71, "Ypres"},         {72, "St. Omer"}, {73, "Zeebrugge"},
-    {74, "SPAD VII Early"}, {75, "SPAD VII Late"}, {76, "Albatros D. II Late"},
     {3480, "Bruges"},         {3481, "Ghent"},          {3482, "Armentieres"},    {3483, "Bethune"},
     {3484, "La Bassee"},      {3485, "Peronne"},        {3486, "Compiegne"},      {3487, "Epernay"},
     {3488, "Chateau-Thierry"},{3489, "Chalons"},        {3490, "Ste. Menehould"}, {3491, "Etain"},
     {3492, "Pont-a-Mousson"}, {3493, "Chateau-Salins"}, {3494, "Luneville"},
+};
+inline constexpr Wording PlaneNames[] = { // as in the rows of app/aircraft/AircraftTable.h
+    {74, "SPAD VII Early"}, {75, "SPAD VII Late"}, {76, "Albatros D. II Late"},
 };
 
 inline constexpr Wording FileFaults[] = { // by FileFault, from the first fault on

@@ -20,7 +20,7 @@ import aircraft  # noqa: E402: it is where the line above says
 MONTHS = ("January February March April May June July August September October November "
           "December").split()
 NATIONS = {"French": "France", "British": "England", "American": "USA", "German": "Germany"}
-ROW = re.compile(r'\{"(\w+)",\s*"([^"]+)",\s*WarSide::\w+,\s*([\w |]+),\s*(\d{4})(\d\d),')
+ROW = re.compile(r'\{"(\w+)",\s*"([^"]+)",\s*WarSide::\w+,\s*Shape::\w+,\s*([\w |]+),\s*(\d{4})(\d\d),')
 SHARES = re.compile(r"\| (\w+) (\d{4}) \| (\w+) (\d{4}) \| (.*) \|")
 
 

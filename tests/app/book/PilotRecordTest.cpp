@@ -49,8 +49,10 @@ TEST(PilotRecordTest, AgreesWithTheSave) {
 
 TEST(PilotRecordTest, KnowsWhatIsShownAndWhoIsMeant) {
     const std::pair<const char*, Shape> shapes[] = {
-        {"AeType", Shape::Balloon},   {"Parseval", Shape::Balloon}, {"13pdrAAA", Shape::Ground},
-        {"Benz_open", Shape::Ground}, {"albatrosd3", Shape::Scout}, {"DFW C.V", Shape::TwoSeater}};
+        {"AeType", Shape::Balloon},       {"Parseval", Shape::Balloon},
+        {"13pdrAAA", Shape::Ground},      {"Benz_open", Shape::Ground},
+        {"albatrosd3", Shape::Scout},     {"DFW C.V", Shape::TwoSeater},
+        {"Fokker Dr.I", Shape::Triplane}, {"fokkerd8", Shape::Monoplane}};
     for (const auto& [machine, shape] : shapes)
         EXPECT_EQ(shapeOf(machine), shape) << machine;
     HandMadeRecord record;

@@ -18,6 +18,8 @@ struct SnipeAdded {
         Aircraft snipe = rows.front();
         snipe.identifier = "sopsnipe";
         snipe.displayName = "Sopwith Snipe";
+        snipe.payload = "2";
+        snipe.shape = Shape::Triplane;
         rows.insert(central, snipe);
         AircraftTable::replace(rows);
         initPlaneNames();
@@ -59,6 +61,8 @@ TEST(PlanesScreen, HasASwitchForAThirteenthTypeOfASide) {
     EXPECT_EQ(driver.text("item1"), "Airco DH2: On") << "the first sheet again";
     EXPECT_GE(standin::findAircraft("SopSnipe"), 0);
     EXPECT_TRUE(isAlliedPlane(planeIndex("sopsnipe")));
+    EXPECT_EQ(payloadId("sopsnipe"), "2");
+    EXPECT_EQ(planeShape("sopsnipe"), Shape::Triplane);
 }
 
 } // namespace
