@@ -22,37 +22,6 @@ struct ServiceName {
 constexpr ServiceName Services[] = {
     {"french", ServiceFrench}, {"english", ServiceEnglish}, {"german", ServiceGerman}};
 
-struct Plain {
-    std::string_view name;
-    bool (Session::*run)();
-};
-constexpr Plain PlainCommands[] = {
-    {"load", &Session::load},         {"save", &Session::save}, {"status", &Session::status},
-    {"mission", &Session::mission},   {"fly", &Session::fly},   {"report", &Session::report},
-    {"squadron", &Session::squadron}, {"aces", &Session::aces}, {"flights", &Session::flights},
-    {"postings", &Session::postings},
-};
-
-struct FromBook {
-    std::string_view name;
-    std::vector<zel::String> (*linesOf)(SqliteFile&, const Database&);
-};
-constexpr FromBook BookCommands[] = {
-    {"logbook", logBookPage}, {"diary", diaryPage}, {"record", serviceRecord},
-    {"letter", letterPage},   {"end", endPage},
-};
-
-bool isCommand(std::string_view word) {
-    constexpr std::string_view Others[] = {
-        "new",     "until", "advance", "invitation", "victories", "export", "careers",   "take",
-        "putaway", "pages", "page",    "why",        "pilot",     "book",   "squadrons", "doctor"};
-    return std::find(std::begin(Others), std::end(Others), word) != std::end(Others) ||
-           std::any_of(std::begin(BookCommands), std::end(BookCommands),
-                       [&](const FromBook& known) { return known.name == word; }) ||
-           std::any_of(std::begin(PlainCommands), std::end(PlainCommands),
-                       [&](const Plain& known) { return known.name == word; });
-}
-
 } // namespace
 
 zel::String typedName(const std::string& given) {
@@ -75,40 +44,73 @@ bool CommandReader::takeNumber(int32_t least, int32_t most, int32_t& value) {
     return true;
 }
 
+template <bool (Session::*Run)()>
+std::string CommandReader::addPlain(std::string_view /*command*/) {
+    add(Run);
+    return {};
+}
+
+template <bool (ShelfCommands::*Run)()>
+std::string CommandReader::addOnShelf(std::string_view /*command*/) {
+    add([](Session& session) {
+        return session.onShelf([](ShelfCommands& shelf) { return (shelf.*Run)(); });
+    });
+    return {};
+}
+
+template <auto LinesOf> std::string CommandReader::addFromBook(std::string_view /*command*/) {
+    add([](Session& session) { return session.showBook(LinesOf); });
+    return {};
+}
+
+const CommandReader::NamedReader* CommandReader::find(std::string_view word) {
+    static constexpr NamedReader Readers[] = {
+        {"new", &CommandReader::readStart},
+        {"squadrons", &CommandReader::readStart},
+        {"load", &CommandReader::addPlain<&Session::load>},
+        {"save", &CommandReader::addPlain<&Session::save>},
+        {"status", &CommandReader::addPlain<&Session::status>},
+        {"mission", &CommandReader::addPlain<&Session::mission>},
+        {"fly", &CommandReader::addPlain<&Session::fly>},
+        {"report", &CommandReader::addPlain<&Session::report>},
+        {"until", &CommandReader::readUntil},
+        {"advance", &CommandReader::readAdvance},
+        {"invitation", &CommandReader::readInvitation},
+        {"squadron", &CommandReader::addPlain<&Session::squadron>},
+        {"aces", &CommandReader::addPlain<&Session::aces>},
+        {"flights", &CommandReader::addPlain<&Session::flights>},
+        {"postings", &CommandReader::addPlain<&Session::postings>},
+        {"victories", &CommandReader::readVictories},
+        {"why", &CommandReader::readWhy},
+        {"pilot", &CommandReader::readPilot},
+        {"logbook", &CommandReader::addFromBook<logBookPage>},
+        {"diary", &CommandReader::addFromBook<diaryPage>},
+        {"record", &CommandReader::addFromBook<serviceRecord>},
+        {"letter", &CommandReader::addFromBook<letterPage>},
+        {"end", &CommandReader::addFromBook<endPage>},
+        {"export", &CommandReader::readFile},
+        {"book", &CommandReader::readFile},
+        {"careers", &CommandReader::addOnShelf<&ShelfCommands::careers>},
+        {"pages", &CommandReader::addOnShelf<&ShelfCommands::pages>},
+        {"take", &CommandReader::readCareer},
+        {"putaway", &CommandReader::readCareer},
+        {"page", &CommandReader::readPage},
+        {"doctor", &CommandReader::readDoctor},
+    };
+    const auto* const reader =
+        std::find_if(std::begin(Readers), std::end(Readers),
+                     [word](const NamedReader& known) { return known.name == word; });
+    return reader == std::end(Readers) ? nullptr : reader;
+}
+
 std::string CommandReader::readAll() {
     if (words.empty())
         return "no command given";
     std::string wrong;
     while (wrong.empty() && !atEnd()) {
-        const std::string_view command = words[next++];
-        if (command == "new" || command == "squadrons")
-            wrong = readStart(command);
-        else if (command == "until")
-            wrong = readUntil();
-        else if (command == "advance")
-            wrong = readAdvance();
-        else if (command == "invitation")
-            readInvitation();
-        else if (command == "victories")
-            readVictories();
-        else if (command == "why")
-            wrong = readWhy();
-        else if (command == "pilot")
-            wrong = readPilot();
-        else if (command == "export" || command == "book")
-            wrong = readFile(command);
-        else if (command == "doctor")
-            readDoctor();
-        else if (command == "careers")
-            addOnShelf(&ShelfCommands::careers);
-        else if (command == "pages")
-            addOnShelf(&ShelfCommands::pages);
-        else if (command == "take" || command == "putaway")
-            wrong = readCareer(command);
-        else if (command == "page")
-            wrong = readPage();
-        else
-            wrong = readPlain(command);
+        const std::string& command = words[next++];
+        const NamedReader* reader = find(command);
+        wrong = reader == nullptr ? "unknown command: " + command : (this->*reader->read)(command);
     }
     return wrong;
 }
@@ -136,7 +138,7 @@ std::string CommandReader::readStart(std::string_view command) {
     return {};
 }
 
-std::string CommandReader::readUntil() {
+std::string CommandReader::readUntil(std::string_view /*command*/) {
     int32_t date = 0;
     const bool isNumber = takeNumber(FirstDayOfCareer, 19191231, date);
     const int32_t month = date / 100 % 100;
@@ -147,7 +149,7 @@ std::string CommandReader::readUntil() {
     return {};
 }
 
-std::string CommandReader::readAdvance() {
+std::string CommandReader::readAdvance(std::string_view /*command*/) {
     int32_t periods = 1;
     const bool wantsNumber = peek().find_first_of("0123456789") == 0;
     if (!takeNumber(1, 1000, periods) && wantsNumber)
@@ -156,23 +158,26 @@ std::string CommandReader::readAdvance() {
     return {};
 }
 
-void CommandReader::readInvitation() {
-    if (peek() == "accept")
+std::string CommandReader::readInvitation(std::string_view /*command*/) {
+    const std::string_view answer = peek();
+    if (answer == "accept")
         add(&Session::acceptInvitation);
-    else if (peek() == "refuse")
+    else if (answer == "refuse")
         add(&Session::refuseInvitation);
     else
-        return add(&Session::showInvitation);
-    ++next;
+        add(&Session::showInvitation);
+    next += answer == "accept" || answer == "refuse" ? 1 : 0;
+    return {};
 }
 
-void CommandReader::readVictories() {
+std::string CommandReader::readVictories(std::string_view /*command*/) {
     const bool hasName = !atEnd() && !isCommand(peek());
     const zel::String name = hasName ? typedName(words[next++]) : zel::String();
     add([=](Session& session) { return session.victories(name); });
+    return {};
 }
 
-std::string CommandReader::readWhy() {
+std::string CommandReader::readWhy(std::string_view /*command*/) {
     const bool wantsNumber = peek().find_first_of("0123456789") == 0;
     int32_t number = 0;
     if (wantsNumber && !takeNumber(1, INT32_MAX, number))
@@ -181,7 +186,7 @@ std::string CommandReader::readWhy() {
     return {};
 }
 
-std::string CommandReader::readPilot() {
+std::string CommandReader::readPilot(std::string_view /*command*/) {
     if (atEnd() || isCommand(peek()))
         return "pilot wants a name or a part of one";
     const zel::String name = typedName(words[next++]);
@@ -207,15 +212,10 @@ std::string CommandReader::readFile(std::string_view command) {
     return {};
 }
 
-void CommandReader::readDoctor() {
+std::string CommandReader::readDoctor(std::string_view /*command*/) {
     hasDoctor = true;
     add([fixes = call.fixes](Session& session) { return session.doctor(fixes); });
-}
-
-void CommandReader::addOnShelf(bool (ShelfCommands::*command)()) {
-    add([=](Session& session) {
-        return session.onShelf([=](ShelfCommands& shelf) { return (shelf.*command)(); });
-    });
+    return {};
 }
 
 std::string CommandReader::readCareer(std::string_view command) {
@@ -231,7 +231,7 @@ std::string CommandReader::readCareer(std::string_view command) {
     return {};
 }
 
-std::string CommandReader::readPage() {
+std::string CommandReader::readPage(std::string_view /*command*/) {
     if (peek().find_first_of("0123456789") != 0)
         return "page wants a date as YYYYMMDD, or the name of a page";
     const zel::String name = words[next++];
@@ -240,20 +240,4 @@ std::string CommandReader::readPage() {
                session.load();
     });
     return {};
-}
-
-std::string CommandReader::readPlain(std::string_view command) {
-    for (const FromBook& known : BookCommands) {
-        if (known.name != command)
-            continue;
-        add([linesOf = known.linesOf](Session& session) { return session.showBook(linesOf); });
-        return {};
-    }
-    for (const Plain& known : PlainCommands) {
-        if (known.name != command)
-            continue;
-        add(known.run);
-        return {};
-    }
-    return "unknown command: " + std::string(command);
 }

@@ -29,19 +29,30 @@ public:
     bool examines() const { return hasDoctor; }
 
 private:
+    /// A command, and what reads the words that follow it.
+    struct NamedReader {
+        std::string_view name;
+        std::string (CommandReader::*read)(std::string_view command);
+    };
+    /// Null for a word that is no command.
+    static const NamedReader* find(std::string_view word);
+    static bool isCommand(std::string_view word) { return find(word) != nullptr; }
+
     std::string readStart(std::string_view command);
-    std::string readUntil();
-    std::string readAdvance();
-    void readInvitation();
-    void readVictories();
-    std::string readWhy();
-    std::string readPilot();
+    std::string readUntil(std::string_view command);
+    std::string readAdvance(std::string_view command);
+    std::string readInvitation(std::string_view command);
+    std::string readVictories(std::string_view command);
+    std::string readWhy(std::string_view command);
+    std::string readPilot(std::string_view command);
     std::string readFile(std::string_view command);
-    void readDoctor();
-    void addOnShelf(bool (ShelfCommands::*command)());
+    std::string readDoctor(std::string_view command);
     std::string readCareer(std::string_view command);
-    std::string readPage();
-    std::string readPlain(std::string_view command);
+    std::string readPage(std::string_view command);
+    // Without words of their own.
+    template <bool (Session::*Run)()> std::string addPlain(std::string_view command);
+    template <bool (ShelfCommands::*Run)()> std::string addOnShelf(std::string_view command);
+    template <auto LinesOf> std::string addFromBook(std::string_view command);
 
     bool atEnd() const { return next == words.size(); }
     std::string_view peek() const { return atEnd() ? std::string_view() : words[next]; }
