@@ -53,7 +53,7 @@ size_t readPlainly(const std::string& name, std::vector<char>& buffer) {
     return count;
 }
 
-void createCareer(benchmark::State& state) {
+void newCareer(benchmark::State& state) {
     zel::Random::setStaticNumber(FileSeed);
     Database career;
     const MissionGenerator generator;
@@ -63,7 +63,7 @@ void createCareer(benchmark::State& state) {
     }
 }
 
-void createCareerBare(benchmark::State& state) {
+void newCareerBare(benchmark::State& state) {
     const std::vector<std::string> names = dataFiles();
     std::vector<char> buffer(1 << 20);
     for (auto unused : state) {
@@ -211,8 +211,8 @@ void registerFileBenches() {
         return [planes](benchmark::State& state) { readLog(state, planes); };
     };
     const Bench benches[] = {
-        {"createCareer/ours", createCareer},
-        {"createCareer/bare", createCareerBare},
+        {"createCareer/ours", newCareer},
+        {"createCareer/bare", newCareerBare},
         {"storeFile/ours", store},
         {"storeFile/bare", storeBare},
         {"loadFile/ours", load},
