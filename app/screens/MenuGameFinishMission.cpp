@@ -44,6 +44,7 @@ zel::String newsText(const LogNews& news, int32_t quietMinutes) {
 } // namespace
 
 void MenuGameFinishMission::onEnter() {
+    secondPress.begin();
     showDate();
     timer.reset();
     lookedAt = {};
@@ -58,9 +59,12 @@ void MenuGameFinishMission::onEnter() {
 void MenuGameFinishMission::update() {
     if (runningCareer() == nullptr)
         return;
+    const bool isSettled = zel::StatesMachine::getInstance().isSettled();
+    if (!isSettled)
+        secondPress.begin(); // a press counts from the moment that the plate can take one
     // A report that is found while the player leaves the page would never be shown.
     if ((timer.getSeconds() > LookInterval || flight.isToBeSought()) && isPlayerHere() &&
-        zel::StatesMachine::getInstance().isSettled() && look(false))
+        isSettled && look(false))
         setTransition("MenuGameCombatReport");
     showWatch();
 }
@@ -68,13 +72,23 @@ void MenuGameFinishMission::update() {
 void MenuGameFinishMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (runningCareer() == nullptr || menu->isTransitionRequested())
         return;
-    if (widget->getName() == "menuButton4") { // leads to the report, found or not
-        look(true);
+    if (widget->getName() == "menuButton4") {
+        goOnWithout(*widget);
     } else if (widget->getName() == "lookNow") {
         widget->reset();
         if (look(false))
             setTransition("MenuGameCombatReport");
     }
+}
+
+// To the report, found or not.
+void MenuGameFinishMission::goOnWithout(zel::Widget& plate) {
+    const bool stays = secondPress.isDue();
+    plate.setTransition(stays ? "" : "MenuGameCombatReport");
+    if (stays)
+        plate.reset();
+    else
+        look(true);
 }
 
 bool MenuGameFinishMission::look(bool isLastLook) {

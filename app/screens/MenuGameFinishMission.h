@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/screens/CareerScreen.h"
+#include "app/screens/SecondPress.h"
 #include "engine/window/Timer.h"
 
 class Flight;
@@ -9,7 +10,8 @@ class Flight;
 /// the log of the flight. Once the log has the end of the mission, the combat report follows. Until
 /// then the page shows whether it is checking ("watch", and the watch's hand) and what it has found
 /// so far ("log"). "lookNow" checks at once; so does the button that continues without a report,
-/// and the page itself if an earlier run of the program has given the orders.
+/// and the page itself if an earlier run of the program has given the orders. That button is where
+/// the page before has "Start Mission": the second press of a pair doesn't end the day.
 class MenuGameFinishMission : public CareerScreen {
 public:
     explicit MenuGameFinishMission(Flight& flight)
@@ -21,10 +23,12 @@ public:
 
 private:
     bool look(bool isLastLook);
+    void goOnWithout(zel::Widget& plate);
     void showWatch();
     void showNews();
 
     Flight& flight;
+    SecondPress secondPress;
     zel::Timer timer;     // since the last look
     zel::String lookedAt; // the time of day of the last look; empty before the first
     int32_t hand = -1;    // the second that the watch shows

@@ -9,6 +9,7 @@
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
+#include "engine/window/State.h"
 #include "tests/app/screens/CareerDriver.h"
 
 namespace {
@@ -186,6 +187,21 @@ TEST_F(WaitingPage, GoesOnWithoutAReportOnlyWhereThereIsNone) {
     }
     ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport", How::Keys));
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
+}
+
+// "Start Mission" was there, and the screens change slowly.
+TEST_F(WaitingPage, IgnoresTheSecondPressOfAPair) {
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
+    zel::State::setFadeSpeed(1);
+    ASSERT_TRUE(driver.takeOff());
+    for (int32_t press = 0; press < 2; ++press) {
+        driver.screens->press("menuButton4");
+        ASSERT_TRUE(driver.screens->untilIdle("MenuGameFinishMission"));
+    }
+    EXPECT_FALSE(driver.widget("menuButton4")->wasHit()) << "it is drawn at rest";
+    driver.screens->step(600);
+    driver.screens->press("menuButton4");
+    EXPECT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
 }
 
 TEST_F(WaitingPage, HasNoDefaultForAKeyPressedTooOften) {

@@ -118,6 +118,8 @@ bool ScreenDriver::untilIdle(const char* state) {
 
 void ScreenDriver::waitUntil(uint32_t time) { now = std::max(now, time); }
 
+void ScreenDriver::shiftClock(int32_t milliseconds) { now += static_cast<uint32_t>(milliseconds); }
+
 void ScreenDriver::moveTo(int32_t x, int32_t y) { send(motionEvent(x, y)); }
 
 void ScreenDriver::button(bool down) { send(buttonEvent(SDL_BUTTON_LEFT, down)); }
