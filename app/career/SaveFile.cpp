@@ -188,11 +188,13 @@ zel::String findSave(Database& career, const zel::String& name) {
 }
 
 /// The newest whole save before the one of that name, in the user's folder: the one before it, or
-/// the newest of the pages. Empty if there is none.
+/// the newest of the pages. Empty if there is none. What was read last doesn't count if it had to
+/// be repaired, or was read in place of a file that was missing.
 zel::String earlierSave(const Database& career, const zel::String& name) {
     const zel::String folder = zel::getUserDirectory();
+    const zel::String tried = career.repairs.any() ? career.saveCheck.checksum : zel::String();
     const auto recorded = [&](const CheckedBytes& content) { return match(career, content); };
-    const zel::String page = newestWholePage(folder + name, recorded);
+    const zel::String page = newestWholePage(folder + name, recorded, tried);
     return page.view().substr(page.empty() ? 0 : static_cast<size_t>(folder.length()));
 }
 
@@ -217,8 +219,8 @@ bool replacesDamaged(const Database& career, const zel::String& path, SaveMatch&
            (zel::system::fileStatus(path).exists && !isWholeSave(career, path, known));
 }
 
-/// A save from before the record, which is about to become ".bak": the record that begins now will
-/// not have it, and would call it changed.
+/// A save that is about to become ".bak" and is from before the record, or of a course of the war
+/// that the record is about to leave: the record will not have it, and would call it changed.
 void noteUnknown(const Database& career, const zel::String& path) {
     std::string& content = roomToRead();
     if (career.observer != nullptr && zel::system::fileStatus(path).exists &&
@@ -305,9 +307,14 @@ bool hasEarlierSave(const Database& career, const zel::String& name) {
 }
 
 bool readBackup(Database& career, const zel::String& name) {
-    beginReading(career);
     const zel::String earlier = earlierSave(career, name);
+    // A draft that has taken the name is whole, and becomes the one before.
+    const bool isDamaged = !career.repairs.recovered || !career.damagedSave.empty();
+    beginReading(career);
     const bool isRead = readFile(career, earlier.empty() ? name + BackupEnding : earlier);
-    career.damagedSave = zel::getUserDirectory() + name;
+    const zel::String path = zel::getUserDirectory() + name;
+    if (isRead && !isDamaged)
+        noteUnknown(career, path);
+    career.damagedSave = isDamaged ? path : zel::String();
     return endReading(career, isRead);
 }

@@ -19,8 +19,9 @@ bool isSaved(const Database& career, const zel::String& name);
 /// is no such file, a whole draft gets its name, or the save before it is read. On error: false, a
 /// log line at level 3, Database::saveCheck, and neither squadrons nor pilots.
 [[nodiscard]] bool readSave(Database& career, const zel::String& name);
-/// Whether readBackup() would find a whole save.
+/// Whether readBackup() would find a whole save. What was read last doesn't count if it had to be
+/// repaired, or was read in place of a file that was missing.
 bool hasEarlierSave(const Database& career, const zel::String& name);
 /// The same as readSave from the save before the one of that name, which the caller has found
-/// damaged: the next save keeps that with DamagedEnding. On error: as readSave.
+/// damaged or missing: the next save keeps a damaged one with DamagedEnding. On error: as readSave.
 [[nodiscard]] bool readBackup(Database& career, const zel::String& name);

@@ -218,13 +218,20 @@ std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& re
     return pages;
 }
 
-zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded) {
+zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded,
+                            const zel::String& before) {
+    const std::vector<PageFile> pages = listedPages(save);
+    const auto tried = std::find_if(pages.rbegin(), pages.rend(), [&](const PageFile& page) {
+        return page.checksum == before.view();
+    });
     zel::String backup = save + BackupEnding;
-    if (!wholeContent(save, backup, recorded).empty())
+    const CheckedBytes content =
+        tried == pages.rend() ? wholeContent(save, backup, recorded) : CheckedBytes();
+    if (!content.empty() && (before.empty() || content.checksum() != before))
         return backup;
-    for (const PageFile& page : listedPages(save)) {
-        zel::String file = pagesFolder(save) + page.name();
-        if (isWholePage(file, page))
+    for (auto page = tried.base(); page != pages.end(); ++page) {
+        zel::String file = pagesFolder(save) + page->name();
+        if (isWholePage(file, *page))
             return file;
     }
     return {};

@@ -49,8 +49,10 @@ std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& re
                                 const Closing& closing = {});
 
 /// The path of the newest page that is whole, the present save left out; empty if there is none. It
-/// is what to offer when the present save can't be used.
-zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded);
+/// is what to offer when the present save can't be used. `before` is the checksum of a save that
+/// was tried already: if it is one of the pages, only older ones count. Empty for none.
+zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded,
+                            const zel::String& before = {});
 
 /// Before a save replaces ".bak": gives that file a place in Pages, as a damaged page if it isn't
 /// whole, and removes the pages that are neither among the last ten nor the last of their month.

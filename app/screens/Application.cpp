@@ -221,8 +221,8 @@ void ZelApp::initMenus() {
     addScreen<MenuGameDiary>(*record(), *pilotPages());
     addScreen<MenuGameRecord>(*record(), *citations(), *pilotPages());
     addScreen<MenuGameWarOver>(*record(), *reportPages());
-    addScreen<MenuBlackScreen>();
-    addScreen<MenuNotificationRepair>();
+    addScreen<MenuBlackScreen>(*drawer());
+    addScreen<MenuNotificationRepair>(*drawer());
     addScreen<MenuNotificationUnsaved>(*flight(), *reportPages());
     for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
         addScreen<MenuNotification>(page);

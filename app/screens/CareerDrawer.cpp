@@ -44,6 +44,10 @@ zel::String CareerDrawer::open() {
         career.repairs.any() && MenuNotification::isPage("MenuNotificationRepair");
     if (isRepaired)
         return "MenuNotificationRepair";
+    return firstScreen();
+}
+
+const char* CareerDrawer::firstScreen() const {
     return closedWith() >= 0 || career.player().alive == 0 ? "MenuGameFallen" : "MenuGameMain";
 }
 

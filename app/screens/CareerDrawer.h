@@ -37,6 +37,9 @@ public:
     /// career that can't be loaded. On error: the drawer itself, and trouble() says why; all books
     /// are where they were.
     zel::String open();
+    /// The screen that follows the career that was loaded: the office, or the letter about a fallen
+    /// pilot whom nobody follows yet.
+    const char* firstScreen() const;
     /// Closes the book of the career in memory with that pilot, who has fallen: it goes to the
     /// shelf. REQUIRES: it is saved. On error: false, and trouble() says why.
     bool close(int32_t fallen);

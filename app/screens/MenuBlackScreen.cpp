@@ -3,6 +3,7 @@
 #include "app/career/Database.h"
 #include "app/career/SaveFile.h"
 #include "app/career/SaveFormat.h"
+#include "app/screens/CareerDrawer.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/menu/widgets/Widget.h"
 
@@ -40,5 +41,5 @@ void MenuBlackScreen::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (!career->loadBackup(SaveFileName))
         onEnter(); // it could be read a moment ago
     else
-        setTransition(career->repairs.any() ? "MenuNotificationRepair" : "MenuGameMain");
+        setTransition(career->repairs.any() ? "MenuNotificationRepair" : drawer.firstScreen());
 }

@@ -2,8 +2,9 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/career/SaveFile.h"
+#include "app/screens/CareerDrawer.h"
 #include "app/screens/ScreenWording.h"
-#include "engine/core/File.h"
 #include "engine/core/System.h"
 #include "engine/core/UserDirectory.h"
 #include "engine/menu/widgets/Widget.h"
@@ -36,28 +37,27 @@ zel::String repairLines(const Database& career) {
     return joined(lines, "\n");
 }
 
-zel::String savePath(const char* ending) { return zel::getUserDirectory() + SaveFileName + ending; }
+zel::String damagedPath() {
+    return zel::system::absolutePath(zel::getUserDirectory() + SaveFileName + DamagedEnding);
+}
 
 } // namespace
 
 void MenuNotificationRepair::onEnter() {
     const Database* career = Database::instance();
-    showRepairs(career != nullptr && career->saveCheck.source == SaveSource::Named &&
-                zel::File::exists(savePath(BackupEnding)));
-}
-
-void MenuNotificationRepair::showRepairs(bool hasBackup) {
-    const Database* career = Database::instance();
     if (career == nullptr || !career->hasCareer())
         return;
     setText("reason", repairLines(*career));
-    setText("path", zel::system::shownText(zel::system::absolutePath(savePath(DamagedEnding))));
+    setText("path", zel::system::shownText(damagedPath()));
     const bool isKept = !career->damagedSave.empty();
     setVisible("text2", isKept);
     setVisible("path", isKept);
-    setVisible("text3", hasBackup);
-    setVisible("text4", !hasBackup);
-    setVisible("menuButton2", hasBackup);
+    const bool hasEarlier = hasEarlierSave(*career, SaveFileName);
+    setVisible("text3", hasEarlier);
+    setVisible("text4", !hasEarlier);
+    setVisible("menuButton2", hasEarlier);
+    if (zel::Widget* onward = getWidget("menuButton1"))
+        onward->setTransition(drawer.firstScreen());
 }
 
 void MenuNotificationRepair::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
@@ -65,9 +65,9 @@ void MenuNotificationRepair::onEvent(zel::Widget* widget, int32_t /*eventType*/)
     if (career == nullptr || widget->getName() != "menuButton2")
         return;
     if (!career->loadBackup(SaveFileName))
-        setTransition("BlackScreen");
-    else if (!career->repairs.any())
-        setTransition("MenuGameMain");
-    else
-        showRepairs(false); // it was damaged as well
+        return setTransition("BlackScreen");
+    if (!career->repairs.any())
+        return setTransition(drawer.firstScreen());
+    widget->reset(); // it was damaged as well: the screen stays
+    onEnter();
 }

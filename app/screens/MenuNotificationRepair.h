@@ -2,15 +2,20 @@
 
 #include "app/screens/MenuNotification.h"
 
-/// Shown before the squadron office when the save file was damaged: what was fixed, where the
-/// damaged file is kept, and how to return to the previous save.
+class CareerDrawer;
+
+/// Shown before a career's first screen when the save file was damaged: what was fixed, where the
+/// damaged file is kept, and how to return to the previous save, as long as there is one before
+/// what was read.
 class MenuNotificationRepair : public MenuNotification {
 public:
-    MenuNotificationRepair() : MenuNotification("MenuNotificationRepair") {}
+    /// REQUIRES: the drawer outlives the screen.
+    explicit MenuNotificationRepair(const CareerDrawer& drawer)
+        : MenuNotification("MenuNotificationRepair"), drawer(drawer) {}
 
     void onEnter() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
 
 private:
-    void showRepairs(bool hasBackup);
+    const CareerDrawer& drawer;
 };

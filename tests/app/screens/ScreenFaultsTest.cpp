@@ -1,6 +1,7 @@
 // What goes wrong around the program ends in a page or a line that says what to do, and loses
 // nothing.
 #include <filesystem>
+#include <memory>
 
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
@@ -138,6 +139,86 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     ASSERT_TRUE(driver.go("menuButton2", "BlackScreen"));
     EXPECT_EQ(driver.text("reason"), "There is no saved career.");
     ASSERT_TRUE(driver.go("menuButton2", "MenuGameMain")) << "a page is left";
+}
+
+// The present save, the one before it, and two pages.
+class EarlierSaves : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(driver->begin(FirstChoices));
+        for (std::string& content : saves) {
+            if (driver->state() == "MenuMain") {
+                ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain"));
+            }
+            ++Database::instance()->player().missions;
+            ASSERT_TRUE(driver->walk("menuBack>MenuMain"));
+            content = home.save();
+        }
+    }
+    /// On the page about the repair.
+    bool isOffered() const {
+        const auto isShown = [&](const char* text) {
+            return driver->screens->menu().getTextArea(text)->isVisible();
+        };
+        EXPECT_NE(isShown("text3"), isShown("text4"));
+        EXPECT_EQ(isShown("text3"), driver->widget("menuButton2")->isVisible());
+        return isShown("text3");
+    }
+
+    const std::string save = "user/Saves/savegame_v03.wty";
+    const PlayerHome home;
+    const std::string path = home.folder.file(save);
+    std::unique_ptr<CareerDriver> driver = std::make_unique<CareerDriver>(home);
+    std::string saves[3];
+};
+
+TEST_F(EarlierSaves, AreOfferedInPlaceOfADraftAndOfTheOneBefore) {
+    std::filesystem::rename(path, path + ".2147483646-1.new"); // of a program that was killed
+    ASSERT_TRUE(driver->go("menuButton2", "MenuNotificationRepair"));
+    EXPECT_TRUE(isOffered());
+    ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain menuBack>MenuMain"));
+    EXPECT_TRUE(home.save() == saves[1]);
+    EXPECT_TRUE(home.folder.read(save + ".bak") == saves[2]) << "the draft was whole";
+    std::filesystem::remove(path);
+    ASSERT_TRUE(driver->go("menuButton2", "MenuNotificationRepair"));
+    EXPECT_TRUE(isOffered());
+    ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain menuBack>MenuMain"));
+    EXPECT_TRUE(home.save() == saves[1]) << "not the one that was read just before";
+}
+
+// Without a record nobody knows that a file of sound form was changed.
+TEST_F(EarlierSaves, AreOfferedAsLongAsThereAreAny) {
+    driver.reset();
+    std::filesystem::remove(home.folder.file("user/Saves/record.db"));
+    driver = std::make_unique<CareerDriver>(home, 2);
+    ASSERT_TRUE(driver->screens->untilIdle("MenuMain"));
+    const std::string pages = home.folder.file("user/Saves/Pages");
+    const std::string impossible = "AAAA"; // at the end, in the invitation
+    for (const auto& [ending, number] : {std::pair{"", 2}, {".bak", 1}})
+        home.folder.write(save + ending,
+                          saves[number].substr(0, saves[number].size() - 4) + impossible);
+    for (const bool hasPages : {false, true}) {
+        std::filesystem::rename(hasPages ? pages + ".away" : pages,
+                                hasPages ? pages : pages + ".away");
+        ASSERT_TRUE(driver->go("menuButton2", "MenuNotificationRepair"));
+        EXPECT_TRUE(isOffered());
+        const int32_t missions = Database::instance()->player().missions;
+        ASSERT_TRUE(driver->go("menuButton2", "MenuNotificationRepair"));
+        EXPECT_EQ(Database::instance()->player().missions, missions - 1) << "damaged as well";
+        EXPECT_EQ(isOffered(), hasPages);
+        ASSERT_TRUE(driver->go(hasPages ? "menuButton2" : "menuBack",
+                               hasPages ? "MenuGameMain" : "MenuMain"));
+    }
+    ASSERT_TRUE(driver->walk("menuBack>MenuMain"));
+    EXPECT_TRUE(home.save() == saves[0]);
+}
+
+TEST_F(EarlierSaves, OfAFallenPilotLeadToTheLetter) {
+    ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain"));
+    Database::instance()->player().alive = 0;
+    ASSERT_TRUE(driver->walk("menuBack>MenuMain"));
+    home.folder.write(save, home.save().substr(0, saves[2].size() - 8));
+    ASSERT_TRUE(driver->walk("menuButton2>MenuNotificationRepair menuButton1>MenuGameFallen"));
 }
 
 TEST(ScreenFaultsInFlight, TheSimulatorsFolderHasBracketsOfItsOwn) {
