@@ -10,8 +10,9 @@ class CareerScreen : public zel::HandledMenuExtension {
 public:
     using zel::HandledMenuExtension::HandledMenuExtension;
 
-    /// Whether the player is in his career: from the squadron office on, until he is back in the
-    /// main menu. The career in memory is a draft before that, and saved after it.
+    /// Whether the player is in his career: from the squadron office on, or from a first save that
+    /// failed, until he is back in the main menu. The career in memory is a draft before that, and
+    /// saved after it.
     static bool isOpen();
     static void setOpen(bool open);
     /// Through what careers are saved; null for nothing, and then nothing is saved.

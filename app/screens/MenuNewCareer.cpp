@@ -42,8 +42,9 @@ void MenuNewCareer::startCareer() {
     }
     if (zel::ZelLoop::isFinished())
         return; // he closed the window meanwhile, and begins no career
-    if (zel::String problem; save(problem))
-        setTransition("MenuGameMain");
-    else
-        MenuNotification::show(*menu, "MenuNotificationSave", problem);
+    zel::String problem;
+    if (save(problem))
+        return setTransition("MenuGameMain");
+    setOpen(true); // it is no draft any more: closing the window would lose it
+    MenuNotification::show(*menu, "MenuNotificationSave", problem);
 }

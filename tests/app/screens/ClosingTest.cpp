@@ -18,19 +18,18 @@ namespace {
 constexpr const char* Saves = "user/Saves";
 constexpr const char* Question = "MenuNotificationUnsaved";
 
-class Closing : public testing::Test {
+// The first save has failed.
+class ClosingAtOnce : public testing::Test {
 protected:
-    // The first save fails.
     void SetUp() override {
         home.folder.write(Saves, "in the way");
         ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
-        ASSERT_TRUE(driver.walk(
-            "careers>MenuCareers another>MenuNewService "
-            "menuButton2>MenuNewYear menuButton1>MenuEnlist "
-            "menuButton1>MenuNewCareer menuButton4>MenuNotificationSave menuButton1>MenuGameMain"));
+        ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService "
+                                "menuButton2>MenuNewYear menuButton1>MenuEnlist "
+                                "menuButton1>MenuNewCareer menuButton4>MenuNotificationSave"));
         std::filesystem::remove(home.folder.file(Saves));
     }
-    ~Closing() override { zel::Platform::getInstance().clearInput(); }
+    ~ClosingAtOnce() override { zel::Platform::getInstance().clearInput(); }
 
     /// Whether the program ends, once nothing moves on the screen any more.
     bool close() {
@@ -57,6 +56,20 @@ protected:
     const PlayerHome home;
     CareerDriver driver{home, 1, true};
 };
+
+// In the office.
+class Closing : public ClosingAtOnce {
+protected:
+    void SetUp() override {
+        ClosingAtOnce::SetUp();
+        ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
+    }
+};
+
+TEST_F(ClosingAtOnce, AsksAboutACareerThatWasNeverSaved) {
+    expectAsked("MenuNotificationSave");
+    EXPECT_NE(driver.text("reason").find("savegame_v03.wty"), std::string::npos);
+}
 
 TEST_F(Closing, AsksOnEveryPageOfAnUnsavedCareer) {
     expectAsked("MenuGameMain");
