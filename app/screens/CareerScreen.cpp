@@ -24,9 +24,9 @@ void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
 
 void CareerScreen::setShelf(Shelf* saves) { shelf = saves; }
 
-void CareerScreen::saveBefore(zel::Widget& leaving) {
+void CareerScreen::saveBefore(zel::Widget& leaving, const zel::String& back) {
     if (zel::String problem; !save(problem))
-        MenuNotification::divert(leaving, "MenuNotificationSave", problem);
+        MenuNotification::divert(leaving, "MenuNotificationSave", problem, back);
 }
 
 bool CareerScreen::save(zel::String& problem) {

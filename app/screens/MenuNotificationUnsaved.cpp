@@ -1,5 +1,7 @@
 #include "app/screens/MenuNotificationUnsaved.h"
 
+#include <utility>
+
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
 #include "app/screens/ReportPages.h"
@@ -9,7 +11,7 @@
 #include "engine/window/StatesMachine.h"
 #include "engine/window/ZelLoop.h"
 
-MenuNotificationUnsaved::MenuNotificationUnsaved(Flight& flight, const ReportPages& pages)
+MenuNotificationUnsaved::MenuNotificationUnsaved(Flight& flight, ReportPages& pages)
     : CareerScreen("MenuNotificationUnsaved"), flight(flight), pages(pages) {
     zel::ZelLoop::setCloseAnswer([this] { return mayClose(); });
 }
@@ -24,18 +26,25 @@ bool MenuNotificationUnsaved::mayClose() {
     if (!machine.isSettled())
         return false;
     const zel::String shown = machine.getActiveState()->getName();
+    if (shown == page->getName()) {
+        zel::Platform::getInstance().forgetQuit();
+        return false; // he closes the question itself
+    }
+    const bool isReport = shown == "MenuGameCombatReport" || shown == "MenuGameWhere";
+    isDayHeld = isReport && !pages.isFromBook();
     const MissionOrders* orders = flight.orders(*runningCareer());
-    areOrdersOut = orders != nullptr && orders->isFlyable;
+    // Once he has gone on without a report, none is waited for.
+    areOrdersOut = orders != nullptr && orders->isFlyable && !isDayHeld;
     areOrdersLost = areOrdersOut && !flight.areOrdersKept();
     isSaved = runningCareer()->isSaved(SaveFileName);
     if (isSaved && !areOrdersLost)
         return true;
     zel::Platform::getInstance().forgetQuit();
-    if (shown == page->getName())
-        return false; // he closes the question itself
-    // Leaving the report advances the war, and the report of the day is shown only once.
-    const bool isReport = shown == "MenuGameCombatReport" || shown == "MenuGameWhere";
-    cameFrom = isReport ? zel::String(pages.next()) : shown;
+    if (isDayHeld)
+        pages.holdDay();
+    if (shown != "MenuNotificationSave")
+        wayOn = {};
+    cameFrom = shown;
     machine.setActiveState(page);
     return false;
 }
@@ -54,5 +63,15 @@ void MenuNotificationUnsaved::onEvent(zel::Widget* widget, int32_t /*eventType*/
     if (name == "menuBack")
         setTransition(cameFrom);
     else if (name == "menuButton1")
-        saveBefore(*widget);
+        saveAndQuit(*widget);
+}
+
+// What is saved is what leaving the report and saving in the office would save. Where that fails,
+// the way back leads on from the report, and its letters are still read.
+void MenuNotificationUnsaved::saveAndQuit(zel::Widget& plate) {
+    if (std::exchange(isDayHeld, false)) {
+        pages.endDay();
+        wayOn = pages.next();
+    }
+    saveBefore(plate, wayOn);
 }

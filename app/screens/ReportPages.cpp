@@ -66,7 +66,7 @@ bool ReportPages::base(const RecordedFlight& of, MapPoint& place) const {
 
 void ReportPages::endDay() {
     Database* career = runningCareer();
-    if (career == nullptr)
+    if (std::exchange(isHeld, false) || career == nullptr)
         return;
     hasReport = false;
     const int32_t pilot = career->playerPilot;

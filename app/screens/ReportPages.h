@@ -38,8 +38,12 @@ public:
     /// The screen to which the pages lead.
     const char* next() const { return isFromBook() ? "MenuGameLogbook" : "MenuGameAdvance"; }
 
-    /// The player leaves the flight of the day: the war moves on.
+    /// The player leaves the flight of the day: the war moves on. Does nothing, this once, if the
+    /// day is held.
     void endDay();
+    /// The page that shows the flight of the day is left for the question whether to close the
+    /// window, and the player may come back to it: its endDay() does nothing.
+    void holdDay() { isHeld = true; }
     /// The player's pilot who fell on the day that ended last; -1 for nobody, and from the second
     /// call on.
     int32_t takeFallen() { return std::exchange(fallen, -1); }
@@ -51,5 +55,6 @@ private:
     const char* bookOrigin = "MenuGameMain";
     std::vector<PilotReport> reports; // of the day's flight
     bool hasReport = false;
+    bool isHeld = false; // the day, until the page is left
     int32_t fallen = -1;
 };

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
+#include "engine/core/Clock.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
@@ -17,6 +18,31 @@ namespace {
 
 constexpr const char* Saves = "user/Saves";
 constexpr const char* Question = "MenuNotificationUnsaved";
+
+/// Whether the program ends, once nothing moves on the screen any more.
+bool closeWindow(CareerDriver& driver) {
+    zel::Platform::getInstance().handleEvent(quitEvent());
+    for (int32_t frame = 0; frame < 20; ++frame) {
+        if (zel::ZelLoop::isFinished())
+            return true;
+        driver.screens->step();
+    }
+    return false;
+}
+
+/// From the office to the report of a flight.
+testing::AssertionResult toReport(CareerDriver& driver, const standin::FlightOptions& flight = {}) {
+    if (const auto result = driver.takeOff(); !result)
+        return result;
+    if (const auto result = driver.fly(flight); !result)
+        return result;
+    driver.look();
+    return driver.screens->untilIdle("MenuGameCombatReport")
+               ? testing::AssertionSuccess()
+               : testing::AssertionFailure() << driver.state();
+}
+
+int32_t dateNow() { return Database::instance()->calendar().dateNumber(); }
 
 // The first save has failed.
 class ClosingAtOnce : public testing::Test {
@@ -31,16 +57,7 @@ protected:
     }
     ~ClosingAtOnce() override { zel::Platform::getInstance().clearInput(); }
 
-    /// Whether the program ends, once nothing moves on the screen any more.
-    bool close() {
-        zel::Platform::getInstance().handleEvent(quitEvent());
-        for (int32_t frame = 0; frame < 20; ++frame) {
-            if (zel::ZelLoop::isFinished())
-                return true;
-            driver.screens->step();
-        }
-        return false;
-    }
+    bool close() { return closeWindow(driver); }
     /// Closes, is asked, and goes back.
     void expectAsked(const char* backTo) {
         const std::string from = driver.state();
@@ -49,6 +66,12 @@ protected:
         EXPECT_FALSE(close()) << "the question is no answer";
         ASSERT_TRUE(driver.screens->untilIdle(Question));
         ASSERT_TRUE(driver.go("menuBack", backTo));
+    }
+    /// Closes, is asked, and saves.
+    void saveAndQuit(const char* to) {
+        EXPECT_FALSE(close());
+        ASSERT_TRUE(driver.screens->untilIdle(Question));
+        ASSERT_TRUE(driver.go("menuButton1", to));
     }
     bool isShown(const char* text) { return driver.screens->menu().getTextArea(text)->isVisible(); }
 
@@ -78,13 +101,102 @@ TEST_F(Closing, AsksOnEveryPageOfAnUnsavedCareer) {
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
     ASSERT_TRUE(driver.takeOff());
     expectAsked("MenuGameFinishMission");
-    ASSERT_TRUE(driver.fly());
-    driver.look();
-    ASSERT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
-    const int32_t before = Database::instance()->calendar().dateNumber();
-    expectAsked("MenuGameAdvance");
-    EXPECT_GT(Database::instance()->calendar().dateNumber(), before) << "the report was left";
     EXPECT_EQ(home.save(), "");
+}
+
+TEST_F(Closing, HoldsTheDayOfTheReport) {
+    ASSERT_TRUE(toReport(driver));
+    const int32_t before = dateNow();
+    const std::string own = driver.text("left1");
+    expectAsked("MenuGameCombatReport");
+    EXPECT_EQ(driver.text("left1"), own);
+    ASSERT_TRUE(driver.walk("where>MenuGameWhere"));
+    const std::string line = driver.text("event.row1");
+    EXPECT_NE(line, "");
+    expectAsked("MenuGameWhere");
+    EXPECT_EQ(driver.text("event.row1"), line);
+    EXPECT_EQ(dateNow(), before);
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameDiary"));
+    const int32_t after = dateNow();
+    EXPECT_GT(after, before) << "it was held only once";
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain logbook>MenuGameLogbook "
+                            "left1>MenuGameCombatReport"));
+    expectAsked("MenuGameCombatReport");
+    EXPECT_EQ(driver.text("left1"), own);
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameLogbook menuBack>MenuGameMain"));
+    ASSERT_TRUE(driver.takeOff());
+    ASSERT_TRUE(driver.walk("menuButton4>MenuGameCombatReport"));
+    EXPECT_FALSE(close());
+    ASSERT_TRUE(driver.screens->untilIdle(Question));
+    EXPECT_FALSE(isShown("text2")) << "nobody waits for the flight any more";
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameCombatReport menuButton1>MenuGameAdvance"));
+    EXPECT_GT(dateNow(), after) << "a flight of the book holds no day";
+}
+
+TEST_F(Closing, EndsTheDayOfTheReportOnceIfItCannotBeSaved) {
+    standin::FlightOptions flight;
+    flight.killPlayer = true;
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
+    ASSERT_TRUE(toReport(driver, flight));
+    const int32_t before = dateNow();
+    home.folder.write("user/Saves/savegame_v03.wty.bak/x", "in the way");
+    ASSERT_NO_FATAL_FAILURE(saveAndQuit("MenuNotificationSave"));
+    const int32_t after = dateNow();
+    EXPECT_GT(after, before);
+    expectAsked("MenuNotificationSave");
+    ASSERT_NO_FATAL_FAILURE(saveAndQuit("MenuNotificationSave"));
+    ASSERT_TRUE(driver.go("menuButton1", "MenuGameAdvance"));
+    EXPECT_EQ(dateNow(), after);
+    driver.screens->menu().hitWidget("menuButton1");
+    EXPECT_TRUE(driver.screens->untilIdle("MenuGameFallen")) << "the letter is still read";
+}
+
+/// Leaves the report and saves in the office, or closes the window on it and saves there. `dayEnd`:
+/// when the day ends, which the draws of its fights take in.
+void saveAfterReport(CareerDriver& driver, bool closes, uint32_t& dayEnd) {
+    const int32_t before = dateNow();
+    if (closes) {
+        EXPECT_FALSE(closeWindow(driver));
+        ASSERT_TRUE(driver.screens->untilIdle(Question));
+    }
+    ScreenDriver::waitUntil(dayEnd);
+    driver.screens->menu().hitWidget("menuButton1");
+    for (int32_t frame = 0; frame < 100 && dateNow() == before; ++frame)
+        driver.screens->step();
+    dayEnd = zel::ticks();
+    ASSERT_TRUE(driver.screens->untilIdle(closes ? "quitApp" : "MenuGameAdvance"));
+    if (!closes) {
+        ASSERT_TRUE(driver.walk("menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
+        ASSERT_TRUE(driver.go("menuButton4", "quitApp"));
+    }
+}
+
+TEST(ClosingOnTheReport, SavesWhatLeavingItSaves) {
+    const InFront inFront;
+    std::string saves[2];
+    uint32_t dayEnd = 900000;
+    for (const bool closes : {false, true}) {
+        const PlayerHome home;
+        int32_t missions = 0;
+        {
+            CareerDriver driver(home, 1, true);
+            ASSERT_TRUE(driver.begin("menuButton2>MenuNewYear menuButton1>MenuEnlist"));
+            missions = Database::instance()->player().missions;
+            ASSERT_TRUE(toReport(driver));
+            ASSERT_NO_FATAL_FAILURE(saveAfterReport(driver, closes, dayEnd));
+        }
+        saves[closes ? 1 : 0] = home.save();
+        CareerDriver next(home, 2);
+        ASSERT_TRUE(next.screens->untilIdle("MenuMain"));
+        ASSERT_TRUE(next.walk("menuButton2>MenuGameMain"));
+        EXPECT_EQ(Database::instance()->player().missions, missions + 1);
+        for (const char* element : {"orders", "note"})
+            EXPECT_EQ(next.text(element), "");
+        ASSERT_TRUE(next.takeOff());
+        next.look();
+        EXPECT_EQ(next.state(), "MenuGameFinishMission") << "its log is known";
+    }
+    EXPECT_TRUE(saves[0] == saves[1]);
 }
 
 TEST_F(Closing, AsksNobodyWhoLosesNothing) {
