@@ -13,6 +13,13 @@ namespace {
 
 CombatReport* currentReport = nullptr;
 
+/// Empty without a generator.
+const std::vector<PlannedPlane>& currentPlan() {
+    static const std::vector<PlannedPlane> none;
+    const MissionGenerator* generator = MissionGenerator::instance();
+    return generator != nullptr ? generator->plan : none;
+}
+
 /// The name without the victories and whatever else follows the first "/".
 std::string_view shortName(std::string_view name) {
     const std::string_view front = zel::trimmed(name.substr(0, name.find('/')), ' ');
@@ -54,13 +61,20 @@ void CombatReport::clear() {
     lines.clear();
 }
 
+bool CombatReport::readMission(const zel::String& folder, const zel::String& name,
+                               const std::vector<PlannedPlane>& plan) {
+    return lines.readPieces(folder, name) && analyse(plan);
+}
+
 bool CombatReport::readMission(const zel::String& folder, const zel::String& name) {
-    return lines.readPieces(folder, name) && analyse();
+    return readMission(folder, name, currentPlan());
 }
 
 void CombatReport::parseLine(std::string_view line) { events.emplace_back(line); }
 
-bool CombatReport::analyse() {
+bool CombatReport::analyse() { return analyse(currentPlan()); }
+
+bool CombatReport::analyse(const std::vector<PlannedPlane>& plan) {
     pilots.clear();
     objects.clear();
     events.clear();
@@ -72,7 +86,7 @@ bool CombatReport::analyse() {
     }
     const bool finished = rules.judge();
     describe();
-    const int32_t matches = mapPilots();
+    const int32_t matches = mapPilots(plan);
     zel::console(zel::String("MISSION FINISHED: ") + (finished ? 1 : 0));
     zel::console(zel::String("MATCHING PILOTS: ") + matches);
     return finished && matches > 0;
@@ -90,10 +104,7 @@ bool CombatReport::applyToCareer() {
     return career != nullptr && applyReports(pilots, *career);
 }
 
-int32_t CombatReport::mapPilots() {
-    const MissionGenerator* generator = MissionGenerator::instance();
-    return generator != nullptr ? mapPilots(generator->plan) : 0;
-}
+int32_t CombatReport::mapPilots() { return mapPilots(currentPlan()); }
 
 int32_t CombatReport::mapPilots(const std::vector<PlannedPlane>& plan) {
     if (plan.empty())

@@ -13,8 +13,9 @@
 struct PlannedPlane;
 
 /// The report of one flown mission. It is read from the simulator's log and judged. Its records are
-/// matched with the career's pilots through the plan that the mission generator still holds, and
-/// the results are applied to the career. instance() is the most recent report.
+/// matched with the career's pilots through the plan of the mission, and the results are applied to
+/// the career. Without a plan, that of the running program's generator is taken. instance() is the
+/// most recent report.
 class CombatReport {
 public:
     CombatReport();
@@ -33,6 +34,8 @@ public:
     /// least one pilot of the plan; otherwise the records must not be used. False, with a log line,
     /// if an existing piece can't be read, for example because another program holds it: the
     /// records would cover only part of the flight.
+    [[nodiscard]] bool readMission(const zel::String& folder, const zel::String& name,
+                                   const std::vector<PlannedPlane>& plan);
     [[nodiscard]] bool readMission(const zel::String& folder, const zel::String& name);
     /// Whether the last readMission met such a piece: reading the log again may give more, even if
     /// it hasn't grown.
@@ -42,6 +45,7 @@ public:
     void parseLine(zel::String&&) = delete;
     /// Makes the events and records from `lines`, judges and maps them. Returns the same as
     /// readMission.
+    [[nodiscard]] bool analyse(const std::vector<PlannedPlane>& plan);
     [[nodiscard]] bool analyse();
 
     /// Index of the first record with that plane or body; -1 for none, and for a negative id.
@@ -49,10 +53,9 @@ public:
     /// Whether the first record with that id has it as its pilot's body.
     bool isBody(int32_t id) const;
 
-    /// Finds the plan's pilots among the records; without an argument, those of the current mission
-    /// generator's plan. Returns the number of matches.
-    int32_t mapPilots();
+    /// Finds the plan's pilots among the records. Returns the number of matches.
     int32_t mapPilots(const std::vector<PlannedPlane>& plan);
+    int32_t mapPilots();
     /// Applies the records to the running program's career (applyReports). True if any was mapped
     /// to a pilot.
     bool applyToCareer();

@@ -183,7 +183,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
 /// Reads a log into the report and returns what it turned out to be.
 LogNews Flight::readLog(const zel::String& folder, const zel::String& name) {
     combatReport.clear();
-    if (combatReport.readMission(folder, name))
+    if (combatReport.readMission(folder, name, missionGenerator.plan))
         return {LogState::Ending, {}};
     if (combatReport.hasUnreadPiece())
         return {LogState::Unread, name};

@@ -34,6 +34,16 @@ struct SpanOfDays {
     int32_t days;
 };
 
+/// The running program's generator or, where there is none, one for as long as this object lives.
+class GeneratorInUse {
+public:
+    MissionGenerator& operator*() { return *MissionGenerator::instance(); }
+
+private:
+    const std::unique_ptr<MissionGenerator> own =
+        MissionGenerator::instance() == nullptr ? std::make_unique<MissionGenerator>() : nullptr;
+};
+
 void reportProgress(const Database& career, float share) {
     if (warObserver != nullptr)
         warObserver->onWarProgress(career.calendar(), share);
@@ -108,28 +118,27 @@ void advanceWar(Database& career, MissionGenerator* generator) {
     advancePeriod(career, generator, nullptr);
 }
 
-void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
-    std::unique_ptr<MissionGenerator> ownGenerator;
-    if (MissionGenerator::instance() == nullptr)
-        ownGenerator = std::make_unique<MissionGenerator>();
-    MissionGenerator& generator = *MissionGenerator::instance();
-    const Calendar target(toYear, toMonth, toDay);
-    const int32_t firstDay = calendar().dayNumber();
+void simulateToDate(Database& career, MissionGenerator& generator, const Calendar& target) {
+    const int32_t firstDay = career.calendar().dayNumber();
     const SpanOfDays stretch = {firstDay, target.dayNumber() - firstDay};
 
     MissionSimulator simulator;
     const int32_t count = zel::random(LeastStartMissions, MostStartMissions);
     for (int32_t i = 0; i < count; ++i) {
-        planMission(generator, *this, false);
-        fightPlan(*this, generator.plan, simulator, StartUpSteps);
-        reportProgress(*this, shareDone(*this, &stretch, 0));
+        planMission(generator, career, false);
+        fightPlan(career, generator.plan, simulator, StartUpSteps);
+        reportProgress(career, shareDone(career, &stretch, 0));
     }
     zel::console("SIMULATED MISSIONS");
 
-    while (calendar().dateNumber() < target.dateNumber()) {
-        const int32_t before = calendar().dateNumber();
-        advancePeriod(*this, &generator, &stretch);
-        if (calendar().dateNumber() == before)
+    while (career.calendar().dateNumber() < target.dateNumber()) {
+        const int32_t before = career.calendar().dateNumber();
+        advancePeriod(career, &generator, &stretch);
+        if (career.calendar().dateNumber() == before)
             break; // outside the years of the war the date doesn't move
     }
+}
+
+void Database::simulateToDate(int32_t toYear, int32_t toMonth, int32_t toDay) {
+    ::simulateToDate(*this, *GeneratorInUse(), Calendar(toYear, toMonth, toDay));
 }

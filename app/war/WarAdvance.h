@@ -9,6 +9,8 @@ class MissionGenerator;
 /// base, the history is applied. Without a generator (null) no missions are fought. In years other
 /// than 1915 to 1918 the date stays as it is.
 void advanceWar(Database& career, MissionGenerator* generator);
+/// Fights the start-up missions and moves the war on until the date is reached or passed.
+void simulateToDate(Database& career, MissionGenerator& generator, const Calendar& target);
 
 /// Receives the progress of a long simulation, to show it. It must not change the career.
 class WarObserver {

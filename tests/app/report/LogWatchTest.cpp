@@ -117,6 +117,14 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     EXPECT_EQ(missionsOf(10), 10);
 }
 
+TEST_F(LogWatchTest, ReadsByThePlanOfItsOwnFlight) {
+    Flight later;
+    later.generator().plan = {plannedPlane(0, "Desk Jockey", France, {0, 0, 0})};
+    writeFlight("missionReport(a)");
+    EXPECT_TRUE(flight.findReport(career));
+    EXPECT_EQ(missionsOf(10), 10);
+}
+
 // A pilot who was in no fight is named after the end of the mission. Whatever part of that piece a
 // look finds, he has flown once it is carried into the career.
 TEST_F(LogWatchTest, LeavesAnEndThatIsBeingWritten) {

@@ -142,6 +142,11 @@ TEST(WarAdvance, GoesUpToTheDate) {
     EXPECT_LT(war.career.calendar().dateNumber(), 19160310) << "one period further at most";
     EXPECT_FLOAT_EQ(counter.lastShare, 1);
     EXPECT_EQ(MissionGenerator::instance(), &generator);
+
+    const MissionGenerator later;
+    simulateToDate(war.career, generator, {1916, 4, 1});
+    EXPECT_GE(war.career.calendar().dateNumber(), 19160401);
+    EXPECT_TRUE(later.plan.empty()) << "of the two generators it takes the one that it is given";
 }
 
 TEST(WarAdvance, EndsWhenNoDayMoves) {
