@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameMain.h"
 
+#include "app/book/Condolence.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/WarPart.h"
 #include "app/career/Bases.h"
@@ -41,9 +42,13 @@ void MenuGameMain::showPilot(const Database& career) {
     SqliteFile& tables = record.read(career);
     const PilotRecord player = readPilot(tables, career, career.playerPilot);
     const zel::String title = titleOf(player.honours, player.name);
-    if (career.isPilot(predecessor))
-        setText("pilot", textOf(wording::Successor,
-                                {title, zel::arrayText(career.pilot(predecessor).name)}));
+    // Of an earlier run the record knows it. It is news as long as he hasn't flown.
+    const int32_t fallen = predecessor >= 0 || !player.flights.empty()
+                               ? predecessor
+                               : predecessorOf(tables, career, career.playerPilot);
+    if (career.isPilot(fallen))
+        setText("pilot",
+                textOf(wording::Successor, {title, zel::arrayText(career.pilot(fallen).name)}));
     else
         setText("pilot", title);
     setText("figures",
