@@ -42,7 +42,7 @@ bool read(const CsvFile& row, size_t field, const Meaning<Value> (&meanings)[Siz
         value = meaning.value;
         return true;
     }
-    row.report("\"" + zel::String(row.text(field)) + "\" is unknown here");
+    row.logRow("\"" + zel::String(row.text(field)) + "\" is unknown here");
     return false;
 }
 
@@ -130,7 +130,7 @@ void BookTables::readVictories(const zel::String& file) {
         const auto ace = aceByName.find(table.text(0));
         RealVictory victory{table.date(1), 0, table.text(2)};
         if (ace == aceByName.end())
-            table.report("nobody in aces.csv has this name");
+            table.logRow("nobody in aces.csv has this name");
         if (ace == aceByName.end() || victory.date == 0)
             continue;
         victory.ace = int32_t(ace->second);

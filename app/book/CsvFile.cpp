@@ -65,7 +65,7 @@ bool CsvFile::next() {
             continue;
         if (split(row) && fields.size() == names.size())
             return true;
-        report("the row must have " + zel::String(int32_t(names.size())) + " fields");
+        logRow("the row must have " + zel::String(int32_t(names.size())) + " fields");
     }
     return false;
 }
@@ -91,7 +91,7 @@ bool CsvFile::split(std::string_view row) {
 int32_t CsvFile::number(size_t field) const {
     if (fields[field].find_first_not_of("0123456789") == std::string::npos)
         return zel::toInt(fields[field]);
-    report("\"" + zel::String(fields[field]) + "\" is no number");
+    logRow("\"" + zel::String(fields[field]) + "\" is no number");
     return 0;
 }
 
@@ -101,10 +101,10 @@ int32_t CsvFile::date(size_t field) const {
     if (fields[field].size() == 8 && day >= 1 &&
         day <= Calendar::daysInMonth(number / 10000, number / 100 % 100))
         return number;
-    report("\"" + zel::String(fields[field]) + "\" is no date");
+    logRow("\"" + zel::String(fields[field]) + "\" is no date");
     return 0;
 }
 
-void CsvFile::report(const zel::String& what) const {
+void CsvFile::logRow(const zel::String& what) const {
     zel::log(name + ", line " + line + ": " + what, "Book", zel::LogWarning);
 }

@@ -28,7 +28,7 @@ public:
     /// The same as a date; logs a field that isn't a date, and returns 0.
     int32_t date(size_t field) const;
     /// Logs what is wrong with the present row.
-    void report(const zel::String& what) const;
+    void logRow(const zel::String& what) const;
 
 private:
     bool split(std::string_view row);

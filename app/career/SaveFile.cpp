@@ -308,12 +308,12 @@ bool hasEarlierSave(const Database& career, const zel::String& name) {
 
 bool readBackup(Database& career, const zel::String& name) {
     const zel::String earlier = earlierSave(career, name);
-    // A draft that has taken the name is whole, and becomes the one before.
-    const bool isDamaged = !career.repairs.recovered || !career.damagedSave.empty();
+    // A draft that has taken the name of a missing save is whole, and becomes the one before.
+    const bool isDamaged = !career.damagedSave.empty();
     beginReading(career);
     const bool isRead = readFile(career, earlier.empty() ? name + BackupEnding : earlier);
     const zel::String path = zel::getUserDirectory() + name;
-    if (isRead && !isDamaged)
+    if (isRead && !isDamaged && !career.isReadOnly)
         noteUnknown(career, path);
     career.damagedSave = isDamaged ? path : zel::String();
     return endReading(career, isRead);

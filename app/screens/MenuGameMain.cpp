@@ -42,7 +42,7 @@ void MenuGameMain::showPilot(const Database& career) {
     SqliteFile& tables = record.read(career);
     const PilotRecord player = readPilot(tables, career, career.playerPilot);
     const zel::String title = titleOf(player.honours, player.name);
-    // Of an earlier run the record knows it. It is news as long as he hasn't flown.
+    // In a later run the record knows it, and it is news until he has flown.
     const int32_t fallen = predecessor >= 0 || !player.flights.empty()
                                ? predecessor
                                : predecessorOf(tables, career, career.playerPilot);

@@ -21,6 +21,9 @@ public:
     static void divert(zel::Widget& widget, const char* page, const zel::String& why,
                        const zel::String& back = {});
 
+    /// The screen to which the page shown last leads back; empty for that of its script.
+    static const zel::String& back() { return wayBack; }
+
 private:
     static zel::String reason; // of the page shown next
     static zel::String wayBack;

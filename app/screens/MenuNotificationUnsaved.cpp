@@ -4,6 +4,7 @@
 
 #include "app/career/Database.h"
 #include "app/report/Flight.h"
+#include "app/screens/MenuNotification.h"
 #include "app/screens/ReportPages.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/menu/widgets/Widget.h"
@@ -42,8 +43,7 @@ bool MenuNotificationUnsaved::mayClose() {
     zel::Platform::getInstance().forgetQuit();
     if (isDayHeld)
         pages.holdDay();
-    if (shown != "MenuNotificationSave")
-        wayOn = {};
+    wayOn = shown == "MenuNotificationSave" ? MenuNotification::back() : zel::String();
     cameFrom = shown;
     machine.setActiveState(page);
     return false;

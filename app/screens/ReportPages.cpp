@@ -18,6 +18,7 @@ Database* runningCareer() {
 } // namespace
 
 void ReportPages::enterReport() {
+    isHeld = false;
     CombatReport& report = flight.report();
     const bool isNew = !report.pilots.empty();
     if (isNew) {

@@ -33,7 +33,7 @@ NO_TEXT = re.compile(r"(?:SELECT|INSERT|UPDATE|DELETE|CREATE|PRAGMA) |</?\w|.*=\
 # What follows the first literal of a table's row, if it is the key of a constant.
 KEYED = re.compile(r"\s*,\s*&?(?:\w+::)*[A-Z]\w*\s*[,}]")
 # Calls whose literals no player sees on a screen.
-LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf|\breport|\bfailure)\s*\($")
+LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf|\bfailure)\s*\($")
 # A text in a script, by the command: which word, counted from 0.
 SCRIPT_TEXTS = {"addwidget": 2, "addtextarea": 2, "layout.definewidgettext": 1,
                 "layout.definetextareatext": 1}

@@ -155,6 +155,17 @@ protected:
             content = home.save();
         }
     }
+    /// Without a record nobody knows that a file of sound form was changed.
+    void loseRecord() {
+        driver.reset();
+        std::filesystem::remove(home.folder.file("user/Saves/record.db"));
+        driver = std::make_unique<CareerDriver>(home, 2);
+        ASSERT_TRUE(driver->screens->untilIdle("MenuMain"));
+    }
+    /// Writes an impossible invitation into that save, which is at its end.
+    void damage(const char* ending, const std::string& content) {
+        home.folder.write(save + ending, content.substr(0, content.size() - 4) + "AAAA");
+    }
     /// On the page about the repair.
     bool isOffered() const {
         const auto isShown = [&](const char* text) {
@@ -186,17 +197,11 @@ TEST_F(EarlierSaves, AreOfferedInPlaceOfADraftAndOfTheOneBefore) {
     EXPECT_TRUE(home.save() == saves[1]) << "not the one that was read just before";
 }
 
-// Without a record nobody knows that a file of sound form was changed.
 TEST_F(EarlierSaves, AreOfferedAsLongAsThereAreAny) {
-    driver.reset();
-    std::filesystem::remove(home.folder.file("user/Saves/record.db"));
-    driver = std::make_unique<CareerDriver>(home, 2);
-    ASSERT_TRUE(driver->screens->untilIdle("MenuMain"));
+    loseRecord();
     const std::string pages = home.folder.file("user/Saves/Pages");
-    const std::string impossible = "AAAA"; // at the end, in the invitation
-    for (const auto& [ending, number] : {std::pair{"", 2}, {".bak", 1}})
-        home.folder.write(save + ending,
-                          saves[number].substr(0, saves[number].size() - 4) + impossible);
+    damage("", saves[2]);
+    damage(".bak", saves[1]);
     for (const bool hasPages : {false, true}) {
         std::filesystem::rename(hasPages ? pages + ".away" : pages,
                                 hasPages ? pages : pages + ".away");
@@ -211,6 +216,18 @@ TEST_F(EarlierSaves, AreOfferedAsLongAsThereAreAny) {
     }
     ASSERT_TRUE(driver->walk("menuBack>MenuMain"));
     EXPECT_TRUE(home.save() == saves[0]);
+}
+
+TEST_F(EarlierSaves, LeaveAWholeDraftWhole) {
+    loseRecord();
+    std::filesystem::rename(path, path + ".2147483646-1.new");
+    damage(".bak", saves[1]);
+    ASSERT_TRUE(driver->walk("menuButton2>MenuNotificationRepair"));
+    ASSERT_TRUE(driver->go("menuButton2", "MenuNotificationRepair"));
+    ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain menuBack>MenuMain"));
+    EXPECT_TRUE(home.save() == saves[0]);
+    EXPECT_TRUE(home.folder.read(save + ".bak") == saves[2]);
+    EXPECT_FALSE(std::filesystem::exists(path + ".damaged"));
 }
 
 TEST_F(EarlierSaves, OfAFallenPilotLeadToTheLetter) {

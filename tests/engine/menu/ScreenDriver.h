@@ -45,7 +45,7 @@ public:
 
     /// Sets the test's clock to that time, in milliseconds, if it is before it.
     static void waitUntil(uint32_t time);
-    /// Moves the test's clock by so many milliseconds, forward or back, without a frame.
+    /// Moves the test's clock by `milliseconds`, forward or back, without a frame.
     static void shiftClock(int32_t milliseconds);
 
     void moveTo(int32_t x, int32_t y);
