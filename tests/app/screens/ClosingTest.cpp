@@ -139,7 +139,9 @@ TEST_F(Closing, EndsTheDayOfTheReportOnceIfItCannotBeSaved) {
     ASSERT_TRUE(driver.walk("menuBack>MenuMain menuButton2>MenuGameMain"));
     ASSERT_TRUE(toReport(driver, flight));
     const int32_t before = dateNow();
-    home.folder.write("user/Saves/savegame_v03.wty.bak/x", "in the way");
+    const std::string backup = "user/Saves/savegame_v03.wty.bak";
+    std::filesystem::remove(home.folder.file(backup));
+    home.folder.write(backup + "/x", "in the way");
     ASSERT_NO_FATAL_FAILURE(saveAndQuit("MenuNotificationSave"));
     const int32_t after = dateNow();
     EXPECT_GT(after, before);
