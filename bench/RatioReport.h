@@ -7,10 +7,9 @@
 #include <benchmark/benchmark.h>
 
 /// Collects pairs of benchmarks, "NAME/ours" and "NAME/bare", and prints their ratio: both ran
-/// within one process, turn by turn, so a noisy machine slows both. What other programs take only
-/// adds to a time, and often for several turns, so the least time of each side's turns stands for
-/// it. Where there is nothing to compare with, "NAME/ours" is alone, with a time as its limit.
-/// All in processor time.
+/// within one process, turn by turn, so a noisy machine slows both. Other programs can only make a
+/// turn slower, so the ratio is that of each side's fastest turn. Where there is nothing to compare
+/// with, "NAME/ours" is alone, with a time as its limit. All times are processor time.
 class RatioReport : public benchmark::BenchmarkReporter {
 public:
     /// Takes the program's arguments. False, and a line on standard error, for an unknown one.

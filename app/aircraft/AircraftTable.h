@@ -32,8 +32,8 @@ struct StandInFigures {
     int32_t rounds; // for all guns
 };
 
-/// A fighter type: its names, who flies it and from when on, its shape, and its figures in the
-/// stand-in.
+/// A fighter type: its names, its shape, who flies it and from which month on, and the figures that
+/// the stand-in flies it with.
 struct Aircraft {
     const char* identifier;  // the simulator's name in lower case, and the key of the preferences
     const char* displayName; // on every page

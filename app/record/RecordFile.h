@@ -21,8 +21,8 @@ enum class RecordState {
     Unusable, // read-only, held by another program, no space: perhaps later
 };
 
-/// Why a record is of no use: `text` completes "The record ...", and `ending` is the suffix of its
-/// new name. Ready stands for a record of the same war with a different timeline.
+/// Why a record can't be used: `text` completes "The record ...", and `ending` is the suffix that
+/// it gets when it is renamed. Ready means that the record is this career's, with another timeline.
 struct RecordStateTexts {
     const char *text, *ending;
 };

@@ -29,15 +29,16 @@ public:
     State& operator=(const State&) = delete;
 
     virtual String getName() const { return name; }
-    virtual void reset() = 0;                                    // after every onEnter()
-    virtual void onFirstEnter() = 0;                             // once; may load whole screens
-    virtual void onEnter() = 0;                                  // before the fade to it begins
-    virtual void onEntered() = 0;                                // it is fully visible
-    virtual void onLeaving() = 0;                                // the fade away from it begins
-    virtual void onLeave() = 0;                                  // it is no longer visible
-    virtual void onPause() = 0;                                  // the program is suspended
-    virtual void onContinue() = 0;                               // the program is resumed
-    virtual void onEvent(Widget* widget, int32_t eventType) = 0; // a hit: Widget::EventHit
+    virtual void reset() = 0;        // after every onEnter()
+    virtual void onFirstEnter() = 0; // once; may load whole screens
+    virtual void onEnter() = 0;      // before the fade to it begins
+    virtual void onEntered() = 0;    // it is fully visible
+    virtual void onLeaving() = 0;    // the fade away from it begins
+    virtual void onLeave() = 0;      // it is no longer visible
+    virtual void onPause() = 0;      // the program is suspended
+    virtual void onContinue() = 0;   // the program is resumed
+    /// The widget was hit. eventType: Widget::EventHit.
+    virtual void onEvent(Widget* widget, int32_t eventType) = 0;
     virtual StateOverlay* getBackgroundOverlay() const { return backgroundOverlay; }
     virtual StateOverlay* getForegroundOverlay() const { return foregroundOverlay; }
     virtual bool query() { return true; } // no caller depends on it

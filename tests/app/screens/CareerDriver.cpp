@@ -108,7 +108,7 @@ testing::AssertionResult CareerDriver::go(const std::string& name, const std::st
     if (from == "MenuEnlist")
         ScreenDriver::waitUntil(EnlistmentTime);
     const bool endsWait = from == "MenuGameFinishMission" && name == "menuButton4";
-    // By name it is pressed without a frame. Seeds take the clock in: the wait leaves no trace.
+    // A press by name takes no frame. Seeds depend on the clock, so the wait must leave no trace.
     const int32_t wait = endsWait && how == How::Name ? SecondPressTime : 0;
     if (target == "quitApp" || (endsWait && wait == 0))
         screens->step(SecondPressTime);

@@ -154,7 +154,7 @@ TEST_F(Closing, EndsTheDayOfTheReportOnceIfItCannotBeSaved) {
 }
 
 /// Leaves the report and saves in the office, or closes the window on it and saves there. `dayEnd`:
-/// when the day ends, which the draws of its fights take in.
+/// when the day ends, since the draws of its fights depend on it.
 void saveAfterReport(CareerDriver& driver, bool closes, uint32_t& dayEnd) {
     const int32_t before = dateNow();
     if (closes) {
