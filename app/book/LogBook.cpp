@@ -96,7 +96,7 @@ private:
                 const auto found = std::find(unseen.begin(), unseen.end(), event.index(column));
                 if (found == unseen.end())
                     continue;
-                addTo(flight.opponents, machines[static_cast<size_t>(*found)]);
+                addTo(flight.opponents, machines[*found]);
                 unseen.erase(found);
             }
     }

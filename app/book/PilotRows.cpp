@@ -56,7 +56,7 @@ void PilotRows::readOn(SqliteFile& record, const char* sql, int64_t until, int64
             continue;
         if (static_cast<size_t>(pilot) >= known.newest.size())
             known.newest.resize(static_cast<size_t>(pilot) + 1, -1);
-        int32_t& newest = known.newest[static_cast<size_t>(pilot)];
+        int32_t& newest = known.newest[pilot];
         known.rows.push_back({static_cast<int32_t>(known.last), newest});
         newest = static_cast<int32_t>(known.rows.size()) - 1;
     }
@@ -66,21 +66,19 @@ void PilotRows::readOn(SqliteFile& record, const char* sql, int64_t until, int64
 }
 
 int32_t PilotRows::newestOf(const KnownRows& known, int32_t pilot) {
-    return pilot >= 0 && static_cast<size_t>(pilot) < known.newest.size()
-               ? known.newest[static_cast<size_t>(pilot)]
-               : -1;
+    return pilot >= 0 && static_cast<size_t>(pilot) < known.newest.size() ? known.newest[pilot]
+                                                                          : -1;
 }
 
 std::vector<int64_t> PilotRows::victoriesOf(int32_t pilot) const {
     std::vector<int64_t> keys;
-    for (int32_t i = newestOf(victories, pilot); i >= 0;
-         i = victories.rows[static_cast<size_t>(i)].before)
-        keys.push_back(victories.rows[static_cast<size_t>(i)].key);
+    for (int32_t i = newestOf(victories, pilot); i >= 0; i = victories.rows[i].before)
+        keys.push_back(victories.rows[i].key);
     std::reverse(keys.begin(), keys.end());
     return keys;
 }
 
 int64_t PilotRows::deathOf(int32_t pilot) const {
     const int32_t found = newestOf(deaths, pilot);
-    return found >= 0 ? deaths.rows[static_cast<size_t>(found)].key : 0;
+    return found >= 0 ? deaths.rows[found].key : 0;
 }

@@ -84,8 +84,7 @@ void findKills(FlownMission& mission) {
         checkPlace(reports[i].shotdownBy, reports.size());
         checkPlace(reports[i].shotdownByOwn, reports.size());
         if (reports[i].shotdownBy >= 0)
-            reports[static_cast<size_t>(reports[i].shotdownBy)].kills.push_back(
-                static_cast<int32_t>(i));
+            reports[reports[i].shotdownBy].kills.push_back(static_cast<int32_t>(i));
     }
 }
 

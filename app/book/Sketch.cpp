@@ -98,14 +98,14 @@ public:
     }
 
 private:
-    bool isLost(int32_t record) const { return lostAt[static_cast<size_t>(record)].has_value(); }
+    bool isLost(int32_t record) const { return lostAt[record].has_value(); }
     /// Whether a landing is only the end of a fall.
     bool isWreck(const FlightEvent& landing) const {
-        const std::optional<float>& lost = lostAt[static_cast<size_t>(landing.actor)];
+        const std::optional<float>& lost = lostAt[landing.actor];
         return lost && (report(landing.actor).dead != 0 || landing.seconds - *lost < LongestFall);
     }
     bool isYou(int32_t record) const { return record >= 0 && record == own; }
-    const PilotReport& report(int32_t record) const { return reports[static_cast<size_t>(record)]; }
+    const PilotReport& report(int32_t record) const { return reports[record]; }
     zel::String name(int32_t record) const {
         if (record < 0)
             return {};

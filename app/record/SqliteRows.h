@@ -59,7 +59,7 @@ public:
         size_t column = 0;
         ((values[column++] = newValues), ...);
     }
-    const SqliteValue& value(int column) const { return values[static_cast<size_t>(column)]; }
+    const SqliteValue& value(int column) const { return values[column]; }
 
 private:
     std::array<SqliteValue, MostColumns> values;

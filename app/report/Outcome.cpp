@@ -64,11 +64,9 @@ public:
     bool isUntouched() const;
 
 private:
-    const PilotReport& report(int32_t record) const {
-        return flight.reports[static_cast<size_t>(record)];
-    }
+    const PilotReport& report(int32_t record) const { return flight.reports[record]; }
     const std::vector<const FlightEvent*>& suffered(int32_t record) const {
-        return flight.suffered[static_cast<size_t>(record)];
+        return flight.suffered[record];
     }
     bool isYou(int32_t record) const { return record >= 0 && report(record).human != 0; }
     /// The name in the plan is without what the mission adds to it.
@@ -240,12 +238,11 @@ zel::String Judgement::whySurvived() const {
     }
     if (pilot.damage >= NotedDamage || pilot.injuryPercent > 0)
         return textOf(wording::DamagedByNobody);
-    if (const float seconds = flight.landing[static_cast<size_t>(place)]; seconds >= 0) {
+    if (const float seconds = flight.landing[place]; seconds >= 0) {
         const auto minutes = static_cast<int32_t>(seconds / SecondsPerMinute);
         return ofHim(wording::LandedAfter, countText(wording::Minutes, minutes));
     }
-    return flight.isSeen[static_cast<size_t>(place)] ? ofHim(wording::NoLanding)
-                                                     : textOf(wording::OnlyNamed);
+    return flight.isSeen[place] ? ofHim(wording::NoLanding) : textOf(wording::OnlyNamed);
 }
 
 Traces Judgement::traces(int32_t record) const {

@@ -81,7 +81,7 @@ DayCounts WarTally::sum(int32_t from, int32_t until) const {
                                   static_cast<int32_t>(days.size()));
     DayCounts result;
     for (int32_t day = first; day < last; ++day)
-        result.add(days[static_cast<size_t>(day)], 1);
+        result.add(days[day], 1);
     return result;
 }
 
