@@ -34,8 +34,7 @@ protected:
 
     void expectKept(const Picture& picture, const std::string& name) {
         const std::string file = language + "/" + name + ".jpg";
-        EXPECT_TRUE(isGoldenPicture(picture, textRects(driver.screens->menu()),
-                                    std::string(GOLDEN_FOLDER) + "/" + file,
+        EXPECT_TRUE(isGoldenPicture(picture, std::string(GOLDEN_FOLDER) + "/" + file,
                                     std::string(NEW_PICTURES_FOLDER) + "/" + file));
     }
     void expectKept(const std::string& name) { expectKept(driver.shot(), name); }

@@ -35,7 +35,6 @@ protected:
         driver->step(); // draws
         driver->step(); // shows it and draws it again
         EXPECT_TRUE(isGoldenPicture({Width, Height, zel::Canvas::getInstance().readPixels()},
-                                    textRects(driver->menu()),
                                     std::string(GOLDEN_FOLDER) + "/" + name + ".png",
                                     std::string(NEW_PICTURES_FOLDER) + "/" + name + ".png"));
     }
