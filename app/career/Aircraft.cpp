@@ -89,7 +89,7 @@ template <size_t Count> constexpr bool ascend(const Period (&periods)[Count]) {
 }
 static_assert(ascend(AlliedPeriods) && ascend(CentralPeriods));
 
-/// The month from which on a type is drawn: the career's first one for those of the first row.
+/// The first month in which a type is drawn: the career's first for those of the first row.
 template <size_t Count>
 constexpr int32_t firstMonthIn(const Period (&periods)[Count], int32_t plane) {
     for (size_t i = 0; i < Count; ++i)
@@ -112,7 +112,7 @@ constexpr bool haveTheirFirstMonths() {
     }
     return true;
 }
-static_assert(haveTheirFirstMonths(), "a type is drawn from another month on than its row says");
+static_assert(haveTheirFirstMonths(), "a type's first month differs from its row");
 
 constexpr bool alliedComeFirst() {
     for (size_t i = 1; i < std::size(AircraftRows); ++i)
@@ -139,7 +139,7 @@ const Period& periodAt(bool allied, int32_t year, int32_t month) {
     return *std::find_if(std::begin(CentralPeriods), last, reaches);
 }
 
-/// Place of the type drawn: one draw, also where the row has but one type.
+/// Place of the type drawn: one draw, even for a row with one type.
 int32_t drawPlane(const Period& period, zel::Random& random) {
     return period.planes[random.getInt(0, period.sum - 1)];
 }
@@ -234,13 +234,12 @@ zel::String planeDisplayName(const zel::String& identifier) {
     return AircraftTable::rows()[index].displayName;
 }
 
-zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t /*day*/) {
-    return AircraftRows[drawPlane(periodAt(allied, year, month), planeRandom())].identifier;
+zel::String planeForSide(bool allied, int32_t year, int32_t month, zel::Random& random) {
+    return AircraftRows[drawPlane(periodAt(allied, year, month), random)].identifier;
 }
 
-zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t /*day*/) {
+zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, zel::Random& random) {
     const bool allied = isAllied(nation);
-    zel::Random& random = planeRandom();
     int32_t workingYear = year;
     int32_t workingMonth = month;
     for (const int32_t tries : TriesByMonthsBack) {
@@ -273,6 +272,14 @@ std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t mo
 zel::String payloadId(const zel::String& plane) {
     const int32_t index = planeIndex(plane);
     return index >= 0 ? AircraftTable::rows()[index].payload : "0";
+}
+
+zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t /*day*/) {
+    return planeForSide(allied, year, month, planeRandom());
+}
+
+zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t /*day*/) {
+    return chooseNationPlane(nation, year, month, planeRandom());
 }
 
 void setPlaneRandom(zel::Random* random) { currentRandom = random; }

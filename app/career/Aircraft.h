@@ -29,10 +29,13 @@ std::optional<Shape> planeShape(std::string_view machine);
 /// Whether the type of that index flies for the Allies. REQUIRES: a valid index.
 bool isAlliedPlane(int32_t index);
 
-/// Draws what a side flies in that month: one draw, whatever the row. The day plays no part.
-zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t day);
+/// Draws what a side flies in that month: one draw, whatever the row.
+zel::String planeForSide(bool allied, int32_t year, int32_t month, zel::Random& random);
 /// Draws what a nation flies: 200 tries in that month, then further back, ten months at most. With
 /// nothing found, the last type drawn.
+zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, zel::Random& random);
+/// The same with the running program's draws (setPlaneRandom). The day plays no part.
+zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t day);
 zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t day);
 /// The identifiers that chooseNationPlane can give in that month without going further back.
 std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t month);
@@ -40,6 +43,6 @@ std::vector<const char*> planesDrawable(int32_t nation, int32_t year, int32_t mo
 /// The simulator's PayloadId of a type: guns and nothing else.
 zel::String payloadId(const zel::String& plane);
 
-/// Where the draws above come from: the current mission generator's source while there is one (it
-/// sets and clears it); null means a source of the program's own.
+/// The running program's draws: those of the current mission generator while there is one, which
+/// sets and clears them; null means a source of the program's own.
 void setPlaneRandom(zel::Random* random);

@@ -112,7 +112,7 @@ bool PlanDraw::chooseSide(bool allied, bool withPlayer, PlannedSide& side) {
     const bool isPlayers = withPlayer && isOfSide(career.playerSquadron().nation, allied);
     for (int32_t i = 0; i < TriesForType; ++i) {
         if (!allied)
-            side.type = planeForSide(false, career.year, career.month, career.day);
+            side.type = planeForSide(false, career.year, career.month, random);
         side.squadron = drawSquadron(allied, isPlayers, allied ? &side.type : nullptr);
         if (side.squadron < 0)
             return false;
@@ -144,7 +144,7 @@ int32_t PlanDraw::drawSquadron(bool allied, bool isPlayers, zel::String* alliedT
         const int32_t candidate = isPlayers ? career.player().squadron : random.getInt(0, last);
         const int32_t nation = career.squadron(candidate).nation;
         if (alliedType != nullptr)
-            *alliedType = chooseNationPlane(nation, career.year, career.month, career.day);
+            *alliedType = chooseNationPlane(nation, career.year, career.month, random);
         if (isOfSide(nation, allied) && career.squadron(candidate).pilotCount > 0)
             return candidate;
     }
@@ -247,7 +247,8 @@ void planMission(MissionGenerator& generator, Database& career, bool withPlayer)
         if (plan.empty() || withPlayer == (player >= 0))
             break;
         if (attempt == MostAttempts) {
-            logHopeless("No plan comes out as it should with regard to the player");
+            logHopeless(withPlayer ? "No plan has a place for the player"
+                                   : "No plan leaves the player out");
             if (withPlayer)
                 plan.clear();
             else

@@ -211,7 +211,7 @@ void ZelApp::initMenus() {
     addScreen<MenuConfigurationPlanes1>();
     addScreen<MenuConfigurationPlanes2>();
     addScreen<MenuEnlist>(enlistmentForm());
-    addScreen<MenuNewCareer>(enlistmentForm());
+    addScreen<MenuNewCareer>(enlistmentForm(), *flight());
     addScreen<MenuGameInvite>();
     addScreen<MenuConfiguration>();
     citations() = std::make_unique<CitationPile>(*record());

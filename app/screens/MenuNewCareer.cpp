@@ -2,6 +2,7 @@
 
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
+#include "app/report/Flight.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/WarProgress.h"
 #include "app/war/Enlistment.h"
@@ -38,10 +39,11 @@ void MenuNewCareer::startCareer() {
         return; // the second of two quick presses arrives after the work is done
     {
         const WarProgress progress;
-        beginService(*career, form.enlistment, chosen("startYear"), chosen("startMonth"));
+        beginService(*career, flight.generator(), form.enlistment, chosen("startYear"),
+                     chosen("startMonth"));
     }
     if (zel::ZelLoop::isFinished())
-        return; // he closed the window meanwhile, and begins no career
+        return; // the window was closed: no career begins
     zel::String problem;
     if (save(problem))
         return setTransition("MenuGameMain");

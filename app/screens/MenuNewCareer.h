@@ -3,6 +3,8 @@
 #include "app/screens/CareerScreen.h"
 #include "app/screens/EnlistmentForm.h"
 
+class Flight;
+
 /// The last page before a new career. It shows the player who he is and, once he confirms,
 /// simulates the war up to his first day and saves.
 ///
@@ -10,8 +12,9 @@
 /// `service` (0 French, 1 English, 2 German), `startYear` and `startMonth`.
 class MenuNewCareer : public CareerScreen {
 public:
-    /// REQUIRES: the form outlives the screen.
-    explicit MenuNewCareer(EnlistmentForm& form) : CareerScreen("MenuNewCareer"), form(form) {}
+    /// REQUIRES: the form and the flight outlive the screen.
+    MenuNewCareer(EnlistmentForm& form, Flight& flight)
+        : CareerScreen("MenuNewCareer"), form(form), flight(flight) {}
 
     void reset() override;
     void onEvent(zel::Widget* widget, int32_t eventType) override;
@@ -22,4 +25,5 @@ private:
     void startCareer();
 
     EnlistmentForm& form;
+    Flight& flight;
 };

@@ -11,6 +11,7 @@
 #include "app/career/NameLists.h"
 #include "app/career/SquadronRoster.h"
 #include "app/mission/MissionLine.h"
+#include "app/war/WarAdvance.h"
 
 namespace {
 
@@ -81,12 +82,13 @@ zel::String drawAnotherName(const Database& career, zel::Random& random) {
     return drawn;
 }
 
-void beginService(Database& career, const Enlistment& enlistment, int32_t year, int32_t month) {
+void beginService(Database& career, MissionGenerator& generator, const Enlistment& enlistment,
+                  int32_t year, int32_t month) {
     const bool isChosen = career.isSquadron(enlistment.squadron);
     const zel::String base = isChosen ? baseForPlayer(career, enlistment.squadron) : zel::String();
     if (isChosen || !enlistment.name.empty())
         enlist(career, enlistment);
-    career.simulateToDate(year, month, 1);
+    simulateToDate(career, generator, {year, month, 1});
     if (!isChosen)
         return;
     career.playerSquadron().active = 1; // it may come in the course of the month

@@ -6,6 +6,7 @@
 #include "engine/core/String.h"
 
 class Database;
+class MissionGenerator;
 
 namespace zel {
 class Random;
@@ -50,4 +51,5 @@ zel::String drawAnotherName(const Database& career, zel::Random& random);
 /// Begins the service in a career that was just made: the player gets the name and changes places
 /// with a pilot of the squadron, and the war is fought up to the first of the month. A chosen
 /// squadron is then active at the base that baseForPlayer() gave for it (Bases.h).
-void beginService(Database& career, const Enlistment& enlistment, int32_t year, int32_t month);
+void beginService(Database& career, MissionGenerator& generator, const Enlistment& enlistment,
+                  int32_t year, int32_t month);

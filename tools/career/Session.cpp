@@ -87,7 +87,7 @@ bool Session::newCareer(const CareerStart& start) {
     say(serviceText(start.service));
     say(startDateText(start.year, start.month));
     say(pilotNameText(start.name.value_or(zel::String(zel::arrayText(career.player().name)))));
-    beginService(career, enlistment, start.year, start.month);
+    beginService(career, flight.generator(), enlistment, start.year, start.month);
     progress.clear();
     return true;
 }

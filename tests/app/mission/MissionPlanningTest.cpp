@@ -84,6 +84,7 @@ void checkPlan(const Planning& test, bool withPlayer) {
 TEST(MissionPlanning, DrawsInTheOrderOfItsRules) {
     for (const int32_t service : {ServiceFrench, ServiceEnglish, ServiceGerman}) {
         PlannedCareer test(service);
+        const MissionGenerator later; // is the current one, and leaves the draws alone
         std::string drawn;
         for (uint32_t i = 0; i < 240; ++i) {
             setDate(test.career, 1915 + int32_t(i % 5), int32_t(i / 5) % 12 + 1, 20);

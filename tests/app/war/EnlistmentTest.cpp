@@ -4,6 +4,7 @@
 
 #include "app/career/Bases.h"
 #include "app/career/CareerObserver.h"
+#include "app/mission/MissionGenerator.h"
 #include "engine/core/Registry.h"
 #include "tests/support/CareerInvariants.h"
 #include "tests/support/Draws.h"
@@ -83,7 +84,10 @@ TEST_F(EnlistmentTest, PutsThePlayerIntoTheSquadronOfHisChoice) {
     const int32_t other = chosen.slots[0];
     BeginningHeard heard;
     career.observer = &heard;
-    beginService(career, {" Emil Kurz ", Jasta}, 1916, 2);
+    MissionGenerator generator;
+    const MissionGenerator later;
+    beginService(career, generator, {" Emil Kurz ", Jasta}, 1916, 2);
+    EXPECT_TRUE(later.plan.empty()) << "the war is fought with the generator that it is given";
     EXPECT_EQ(heard.pilot, "Emil Kurz");
     EXPECT_EQ(heard.squadron, Jasta);
     EXPECT_EQ(zel::arrayText(career.player().name), "Emil Kurz");
