@@ -1,5 +1,6 @@
 # What ./play, ./check, ./package and the scripts of packaging share. Source it from the top of the
 # tree, with set -eu.
+# shellcheck shell=sh disable=SC2034 # the variables are for the scripts that source it
 
 say() { printf '%s\n' "$*"; }
 fail() {

@@ -7,4 +7,4 @@ tests/tree/check-tree.py
 tests/tree/check-texts.py
 tests/tree/check-docs.py
 git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
-git ls-files | xargs grep -lE '^#!/(bin/|usr/bin/env )(ba)?sh' | xargs shellcheck -x
+git ls-files | xargs grep -lE '^#!/(bin/|usr/bin/env )(ba)?sh' | xargs shellcheck -x -a

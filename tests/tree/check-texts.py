@@ -5,8 +5,8 @@ check-texts.py [FOLDER], the folder that holds app, tools and data; the tree its
 
 - A wording of the code (Wording.h in app and tools, and its like) must read in data/Language/en.txt as it
   reads in the code, and some code must use it.
-- Code gives no literal to an element (setText), and the sources of screens, of the book and of the career's
-  texts hold no literal that reads like a text, but for those that go to the log.
+- Code gives no literal to an element (setText), and no source or header in app holds a literal that reads
+  like a text, but for those that go to the log and the files that PLAIN_SOURCES names.
 - A script in data/Menus gives no element a text with letters: layout.definewidgetlanguagetext does.
 - data/history/events.csv has each event in every language of data/Language, short enough to show.
 
@@ -20,20 +20,30 @@ from pathlib import Path
 # Whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/Problem.cpp", "app/career/UnitNames.cpp",
                 "app/report/Outcome.cpp", "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
-# Whose literals may be texts too, if they read like one: names beside them are no texts.
-MIXED_SOURCES = ("app/screens/", "app/book/", "app/career/GroundObjects.cpp",
-                 "app/mission/DailyMission.cpp", "app/mission/MissionSky.cpp")
-# Whose literals are names by which something is found.
-NAME_SOURCES = ["app/book/Theatre.cpp", "app/screens/MapSheets.cpp"]
+# Whose literals no screen shows: names by which something is found, lines of a mission or a table, SQL, and
+# what the log and the command line say in English.
+PLAIN_SOURCES = [
+    "app/aircraft/AircraftTable.h", "app/book/Theatre.cpp", "app/career/Bases.cpp",
+    "app/career/Calendar.cpp", "app/career/CareerLock.cpp", "app/career/CareerRepair.cpp",
+    "app/career/Database.h", "app/career/NameLists.cpp", "app/career/SaveCheck.cpp",
+    "app/career/SavePages.cpp", "app/career/SaveSummary.cpp", "app/mission/MissionLine.cpp",
+    "app/mission/MissionWriter.cpp", "app/mission/PlaneEmission.cpp", "app/mission/SimulatorWalk.cpp",
+    "app/record/RecordFile.cpp", "app/record/RecordSchema.cpp", "app/record/Shelf.h",
+    "app/record/ShelfFolders.h", "app/record/ShelfFolders.cpp", "app/record/Sqlite.cpp",
+    "app/screens/MapSheets.cpp", "app/screens/ZelAppInfo.h"]
+# The same elsewhere.
+PLAIN_TEXTS = {"file:", "MFile:", " POS(", "Pages", " is whole and takes its place", " and can't be moved",
+               "The simulator's logs can't be listed in ", "; no mission is written", "No mission is written: "}
 LITERAL = r'"((?:[^"\\\n]|\\.)*)"'
 # Several words, or one that ends as a label does.
 WORDS = re.compile(r"[A-Za-z][,:!?]? |[A-Za-z][:!?]$| [A-Za-z]{2}")
 WORD = re.compile(r"[A-Z][a-z]+[.,]?$")
-NO_TEXT = re.compile(r"(?:SELECT|INSERT|UPDATE|DELETE|CREATE|PRAGMA) |</?\w|.*=\\\"|(?!.*[A-Za-z]{2})", re.S)
+NO_TEXT = re.compile(r" ?(?:SELECT|INSERT|UPDATE|DELETE|CREATE|PRAGMA|FROM|WHERE|ORDER BY|AND|>) |</?\w|"
+                     r"/|\[|.*=\\\"|(?!.*[A-Za-z]{2})", re.S)
 # What follows the first literal of a table's row, if it is the key of a constant.
 KEYED = re.compile(r"\s*,\s*&?(?:\w+::)*[A-Z]\w*\s*[,}]")
 # Calls whose literals no player sees on a screen.
-LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf|\bfailure)\s*\($")
+LOG_CALL = re.compile(r"(?:\blog|\w*[lL]og\w*|\bconsole|\bfprintf|\bfailure|static_assert)\s*\($")
 # A text in a script, by the command: which word, counted from 0.
 SCRIPT_TEXTS = {"addwidget": 2, "addtextarea": 2, "layout.definewidgettext": 1,
                 "layout.definetextareatext": 1}
@@ -130,7 +140,7 @@ def check_source(path, text):
                 if re.search(r"[A-Za-z]", literal[1]):
                     find(path, line_of(text, place + literal.start()),
                          f"a literal for an element: \"{literal[1]}\"")
-    if path in TEXT_SOURCES or path.startswith(MIXED_SOURCES) and path not in NAME_SOURCES:
+    if path.startswith("app/") and path not in PLAIN_SOURCES and not path.endswith("Wording.h"):
         check_literals(path, text)
 
 
@@ -148,7 +158,7 @@ def check_literals(path, text):
 
 def reads_like_text(literal, before, after):
     """Whether a literal between two pieces of the source may be a text, not a name, a key, SQL or markup."""
-    if NO_TEXT.match(literal) or before.rstrip().endswith("{") and KEYED.match(after):
+    if literal in PLAIN_TEXTS or NO_TEXT.match(literal) or before.rstrip().endswith("{") and KEYED.match(after):
         return False
     # A word that joins a name without a blank makes another name.
     return WORDS.search(literal) or WORD.match(literal) and not re.search(r"[\w)]\s*\+\s*$", before)
@@ -180,7 +190,8 @@ def check_events(root):
 
 def main():
     root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent.parent)
-    paths = [path for folder in ("app", "tools") for path in sorted((root / folder).rglob("*.cpp"))]
+    paths = [path for folder in ("app", "tools") for path in sorted((root / folder).rglob("*.*"))
+             if path.suffix in (".cpp", ".h")]
     sources = {str(path.relative_to(root)): without_comments(path.read_text()) for path in paths}
     check_wordings(root, sources.values())
     for path, text in sources.items():

@@ -2,13 +2,13 @@
 import re
 
 # "constexpr int32_t Rows = 8;", "struct Row {", "void draw(Row row) {".
-DEFINITION = re.compile(r"(?:struct|class|enum|enum class) (?P<type>\w+) |using (?P<alias>\w+) = |"
+DEFINITION = re.compile(r"(?:struct|class|enum|enum class)(?: alignas\(\w+\))? (?P<type>\w+) |using (?P<alias>\w+) = |"
                         r"(?!return |using |namespace )\w[\w:<>&*, ]*[ &*]"
                         r"(?:(?P<constant>[\w]+)(?:\[\w*\])*(?:;| =|\{)|(?P<function>\w+\(.*[{,]$))")
 
 # Likewise at any depth. An alias for a type of the same name adds none.
 TYPE = re.compile(r"\s*(?:template <.*> )?(?:"
-                  r"(?:struct|class|enum|enum class|union) (?:\w+::)*(?P<type>\w+)(?: final)?(?: : [^;]*)?(?: \{|$)|"
+                  r"(?:struct|class|enum|enum class|union)(?: alignas\(\w+\))? (?:\w+::)*(?P<type>\w+)(?: final)?(?: : [^;]*)?(?: \{|$)|"
                   r"using (?P<alias>\w+) = (?!.*\b(?P=alias);))")
 
 
