@@ -32,7 +32,7 @@ struct StandInFigures {
     int32_t rounds; // for all guns
 };
 
-/// A fighter type: its names, its shape, who flies it and from which month on, and the figures that
+/// A fighter type: its names, its shape, who flies it and since which month, and the figures that
 /// the stand-in flies it with.
 struct Aircraft {
     const char* identifier;  // the simulator's name in lower case, and the key of the preferences
@@ -40,7 +40,7 @@ struct Aircraft {
     WarSide side;
     Shape shape;         // of its silhouette on the pages of the book
     uint8_t nations;     // FlownBy
-    int32_t firstMonth;  // from which on the career gives it out, yyyymm
+    int32_t firstMonth;  // in which the career uses it, yyyymm
     const char* payload; // the simulator's PayloadId for guns and nothing else
     StandInFigures standIn;
 

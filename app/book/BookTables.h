@@ -44,7 +44,7 @@ struct AwardRow {
     Branch branch = Branch::Any;
     Holders holders = All;
     std::string after;        // key of one that he must hold; empty for none
-    int32_t victories = 0;    // from which on it is given
+    int32_t victories = 0;    // required
     bool countsOwn = false;   // only victories since the decoration began count
     int32_t flights = 0;      // at least
     int32_t flightsAlone = 0; // this many flights count instead of victories; 0: never

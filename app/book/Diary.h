@@ -24,7 +24,7 @@ struct DiaryLine {
 /// Each list has at most a page, the most important first; docs/decisions.md has the rule. Without
 /// a line a list says so.
 struct Diary {
-    int32_t from = 0; // yyyymmdd, the day of the last flight; to-day if there was none
+    int32_t from = 0; // yyyymmdd, the day of the last flight; today if there was none
     int32_t until = 0;
     std::vector<DiaryLine> squadron;
     std::vector<DiaryLine> front;

@@ -6,7 +6,7 @@
 #include "app/book/BookTables.h"
 #include "engine/core/String.h"
 
-/// What ranks and decorations of a pilot follow from. Dates are yyyymmdd.
+/// The input for a pilot's ranks and decorations. Dates are yyyymmdd.
 struct PilotService {
     /// From that day on he serves there.
     struct BranchChange {
@@ -16,7 +16,7 @@ struct PilotService {
 
     int32_t nation = 0;
     int32_t since = 0;                  // the first day of his service
-    int32_t until = 0;                  // to-day, or the day of his death
+    int32_t until = 0;                  // today, or the day of his death
     std::vector<BranchChange> branches; // ascending; empty for the army
     std::vector<int32_t> victories;     // days of the victories, ascending
     std::vector<int32_t> flights;       // days of the flights, ascending

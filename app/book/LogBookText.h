@@ -32,7 +32,7 @@ LogBookRow wholeRow(const BookFlight& flight);
 /// The heads of the columns.
 LogBookRow logBookHeads();
 
-/// "Two down", "Slightly injured", "One down, damaged": what the flight came to. Only the more
+/// "Two down", "Slightly injured", "One down, damaged": the result of the flight. Only the more
 /// important half where both have more than `letters` characters.
 zel::String resultText(const BookFlight& flight, size_t letters = ResultLetters);
 /// "You came back slightly wounded.", by the percent of an injury.

@@ -3,7 +3,7 @@
 #include "app/career/Wording.h"
 
 // What the flying log book says. The columns of a page are set in a typewriter face: results have
-// at most 19 letters in every language, a test asks for it.
+// at most 19 letters in every language; a test checks this.
 // clang-format off
 namespace wording {
 

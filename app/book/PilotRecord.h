@@ -39,7 +39,7 @@ struct PilotRecord {
     int32_t since = 0;     // yyyymmdd; the first day of his service, 0 if unknown
     bool isSinceKnown =
         true;             // false if a gap of the record comes before: he may have served longer
-    int32_t until = 0;    // to-day, or the day of his death
+    int32_t until = 0;    // today, or the day of his death
     int32_t missions = 0; // by the save, as is victoryCount
     /// The player's flights: those in the record, or by the save if it has more after a gap. Of
     /// others their missions.
@@ -48,7 +48,7 @@ struct PilotRecord {
     std::vector<PilotVictory> victories; // those in the record, which may be fewer
     std::vector<PilotPosting> postings;
     std::vector<int32_t> flights; // days of the player's flights; of others none are known
-    /// What the honours follow from. What only the save has is dated to the last day of the last
+    /// The input for the honours. What only the save has is dated to the last day of the last
     /// gap.
     PilotService served;
     Honours honours;

@@ -33,7 +33,7 @@ int32_t daySucceeded(SqliteFile& record, int32_t pilot) {
 }
 
 /// He was in his squadron from the first day of the war, and flies from the day on which the player
-/// took him up.
+/// took him over.
 int32_t firstDay(SqliteFile& record, const SavedPilot& pilot, const PilotService& service) {
     if (const int32_t day = daySucceeded(record, pilot.pilot); day != 0)
         return day;

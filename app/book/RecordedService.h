@@ -26,5 +26,5 @@ PilotService readService(SqliteFile& record, const SavedPilot& pilot);
 
 /// Adds what the save has and the record doesn't: it was done by the end of the last gap of his
 /// service. Flights are added only if there is such a gap, since a save also counts missions from
-/// before the player took the pilot up.
+/// before the player took the pilot over.
 void addUnrecorded(SqliteFile& record, const SavedPilot& pilot, PilotService& service);

@@ -27,7 +27,7 @@ zel::String unitNearText(const Database& career);
 zel::String flyingText(const PilotRecord& pilot);
 /// "Victories: 17"; it says how many aren't in the record.
 zel::String victoriesText(const PilotRecord& pilot);
-/// How many victories were won in the month up to to-day.
+/// How many victories were won in the month up to today.
 int32_t victoriesOfLastMonth(const PilotRecord& pilot);
 /// What the real war knows of him, up to that day of the career; empty for a pilot of no history.
 zel::String realText(const PilotRecord& pilot, int32_t today);

@@ -126,7 +126,7 @@ template <size_t Count> constexpr FrontStretch stretch(const GeoPoint (&points)[
     return {points, Count};
 }
 
-/// From that day on; the row before ends.
+/// Takes effect on that day and replaces the row before it.
 struct FrontChange {
     int32_t since;
     int32_t stretch; // its index from the sea on

@@ -35,7 +35,7 @@ WarPart readWarPart(SqliteFile& record, const Database& career) {
         war.since = std::min(war.since, page);
     if (!war.flights.empty())
         war.since = std::min(war.since, war.flights.front());
-    // A pilot has missions from before the player took him up, too.
+    // A pilot has missions from before the player took him over, too.
     war.flown = int32_t(war.flights.size());
     if (record.number("SELECT count(*) FROM gap") > 0 || record.failed())
         war.flown = std::max(war.flown, int32_t(career.player().missions));

@@ -10,7 +10,7 @@ class SqliteFile;
 
 /// How far the player has got in the war.
 struct WarPart {
-    int32_t since = 0; // yyyymmdd: from when on he flies, his predecessors included
+    int32_t since = 0; // yyyymmdd: the first day he flies, his predecessors included
     int32_t today = 0;
     std::vector<int32_t> flights; // days of all flights
     int32_t flown = 0;            // how many, by the save if the record lacks some

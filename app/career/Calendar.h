@@ -34,7 +34,7 @@ public:
     int32_t getDay() const { return day; }
     /// yyyymmdd as a number, 19151201 for 1 December 1915: it sorts as the date does.
     int32_t dateNumber() const { return year * 10000 + month * 100 + day; }
-    /// Days from a fixed day long past: of two dates the difference counts.
+    /// Days since a fixed date; only differences are meaningful.
     int32_t dayNumber() const;
     /// "yyyymmdd", as the data files write dates: the year as it is, month and day of two digits.
     zel::String dateText() const;

@@ -12,8 +12,8 @@
 /// Made by the application or the session that owns the career, as its Database::lock.
 class CareerLock {
 public:
-    /// Before careers are changed in any way, each time. False if another program has the lock,
-    /// which is logged. A folder that can't be locked for another reason is nobody's.
+    /// Call it before every change to the careers. False if another program has the lock, which is
+    /// logged. A folder that can't be locked for another reason is nobody's.
     bool take();
     /// That program's process id; 0 if it is unknown.
     uint32_t holder() const { return file->holder(); }

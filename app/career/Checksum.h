@@ -7,7 +7,7 @@
 
 #include "engine/core/String.h"
 
-/// XXH3's 64 bits of the bytes, in sixteen hexadecimal digits: it finds damage, not forgery.
+/// The 64-bit XXH3 hash of the bytes, in sixteen hexadecimal digits: it finds damage, not forgery.
 zel::String checksumOf(std::string_view bytes);
 /// Bytes whose checksum is computed when it is first asked for, and once: it takes almost as long
 /// as reading them. REQUIRES: the bytes outlive it and don't change.

@@ -109,7 +109,7 @@ void logDebug(const char* first, std::string_view second, const char* third = ""
         zel::log(zel::String(first) + second + third + fourth, "Database", zel::LogDebug);
 }
 
-/// Calls use(line text) for the lines of every squadron file of that key, until it answers true.
+/// Calls use(line text) for the lines of every squadron file of that key, until it returns true.
 template <typename Use>
 bool anyLineOf(const Database& career, std::string_view key, const Use& use) {
     for (const SquadronFile& file : career.squadronFiles) {

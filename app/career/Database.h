@@ -52,7 +52,7 @@ public:
 
     static Database* instance();
 
-    /// What a mission's draws start from: it follows from the career and the day alone; never 0.
+    /// The seed of a mission's draws: it depends only on the career and the day, and is never 0.
     uint32_t careerSeed() const;
     bool hasCareer() const { return !squadrons.empty() && !pilots.empty(); }
     Calendar calendar() const { return {year, month, day}; }

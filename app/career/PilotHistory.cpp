@@ -40,7 +40,7 @@ std::string_view postingDate(const std::vector<DataToken>& tokens) {
     return {};
 }
 
-/// A place behind the last line of a file, or soon after it: empty places are skipped sixteen at a
+/// An index after the last line of a file, or soon after it: empty places are skipped sixteen at a
 /// time, and most files have few lines.
 int32_t endOfLines(const PilotFile& file) {
     constexpr int32_t Together = 16;

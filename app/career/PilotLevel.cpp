@@ -15,7 +15,7 @@ constexpr Divisors DivisorsOfSkill[] = {{3, 15}, {3, 12}, {3, 11}, {3, 10}, {3, 
                                         {3, 7},  {2, 6},  {2, 5},  {1, 5},  {1, 4}};
 constexpr auto LastSkill = static_cast<int32_t>(std::size(DivisorsOfSkill)) - 1;
 
-// The sums of the quotients from which on the level is certain.
+// The least sum of the quotients that makes the level certain.
 constexpr int32_t ValueOfAce = 5;
 constexpr int32_t ValueOfVeteran = 3;
 

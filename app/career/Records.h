@@ -12,7 +12,7 @@
 
 constexpr int32_t SlotCount = 32;
 constexpr int32_t LineReferenceCount = 256;
-constexpr int32_t AceShotdowns = 5; // victories from which on a pilot is called an ace
+constexpr int32_t AceShotdowns = 5; // the fewest victories of an ace
 
 /// A person of the career, historic or generated. One who was ever made is never removed.
 struct Pilot {

@@ -22,15 +22,15 @@ enum class SaveMatch {
     Changed, // changed or damaged outside of the program
 };
 
-/// From where a career was loaded though there was no file under the save's name. On a file system
-/// that has no links a program that is killed may leave one so.
+/// Which file a career was loaded from: another one if the save was missing. A program killed on a
+/// file system without links can leave none.
 enum class SaveSource {
     Named,
     Draft,  // a whole one, which now has the name
     Backup, // the save before it
 };
 
-/// What reading a save file came to.
+/// The result of reading a save file.
 struct SaveCheck {
     SaveFault fault = SaveFault::None;
     zel::FileFault reason = zel::FileFault::None; // of Unread

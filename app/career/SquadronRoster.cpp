@@ -43,7 +43,7 @@ bool swapPilots(Database& career, int32_t first, int32_t second, PostingCause ca
     std::swap(a.squadron, b.squadron);
     *slotA = second;
     *slotB = first;
-    // A dead man changes his place on paper alone.
+    // Moving a dead pilot changes only the records.
     const auto report = [&](int32_t moved, PostingCause why, int32_t from, int32_t other) {
         if (career.observer != nullptr && career.pilot(moved).alive != 0)
             career.observer->onPosting(career,

@@ -25,9 +25,9 @@ struct SimulatorChecks {
     }
 };
 
-/// Checks a folder. Whether missions can be written is really tried, with a draft that is removed
-/// again. An empty name has nothing.
+/// Checks a folder. Write access for missions is tested by creating and removing a draft. For an
+/// empty name nothing is checked.
 SimulatorChecks checkSimulatorIn(const zel::String& folder);
 /// Whether that folder has the simulator: data/startup.cfg that isn't empty. The later simulators
-/// of the same make have such a file too, and their program elsewhere. An empty name has nothing.
+/// of the same make have such a file too, and their program elsewhere. False for an empty name.
 bool holdsSimulator(const zel::String& folder);

@@ -11,7 +11,7 @@ constexpr std::string_view RecordEnding = ".db";
 /// In the name of a record whose save is not in its place yet.
 constexpr const char* RecordDraft = "-new";
 
-/// What became of opening a record.
+/// The result of opening a record.
 enum class RecordState {
     Ready,
     Missing,

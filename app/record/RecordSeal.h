@@ -5,7 +5,7 @@
 class SqliteFile;
 
 // The seal of a record that is closed: a checksum of the file, in PRAGMA application_id. A sealed
-// file is as this program left it. Its pages need no check, which takes much longer than to read
+// file is as this program left it. Its pages need no check, which takes much longer than reading
 // them, and a change that harms no page is noticed.
 
 enum class RecordSeal {

@@ -54,7 +54,7 @@ bool belongsToCareer(const zel::String& path);
 /// Whether the folder has any of them. A folder that can't be read counts as a career's: it must
 /// not be taken for an empty one.
 bool holdsCareer(const zel::String& folder);
-/// Whether it has a save or an earlier one, be it among its pages.
+/// Whether it has a save or an earlier one, possibly among its pages.
 bool holdsSave(const zel::String& folder);
 
 /// The number that the folder keeps for its career; 0 for none.

@@ -277,7 +277,7 @@ bool Judgement::hasShot(int32_t shooter, int32_t target) const {
     });
 }
 
-/// A shot of nobody whom the log lists is one of another too.
+/// A hit by somebody whom the log doesn't list also counts as another's.
 bool Judgement::isUntouched() const {
     const auto& events = suffered(place);
     return !isCut() && std::none_of(events.begin(), events.end(), [&](const FlightEvent* event) {

@@ -3,7 +3,7 @@
 #include "app/career/Wording.h"
 
 // Why the combat report says what it says. $1 is a name, except in the forms for the player as the
-// one who did it. He also has forms as the one to whom it was done.
+// one who did it. Further forms have the player as the victim.
 // clang-format off
 namespace wording {
 

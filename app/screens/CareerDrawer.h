@@ -33,12 +33,12 @@ public:
     }
 
     /// Takes up the chosen book and loads it. Returns the screen that follows: the office,
-    /// the letter about a fallen pilot whom nobody follows yet, or the page about a repair or a
+    /// the letter about a fallen pilot who has no successor yet, or the page about a repair or a
     /// career that can't be loaded. On error: the drawer itself, and trouble() says why; all books
     /// are where they were.
     zel::String open();
     /// The screen that follows the career that was loaded: the office, or the letter about a fallen
-    /// pilot whom nobody follows yet.
+    /// pilot who has no successor yet.
     const char* firstScreen() const;
     /// Closes the book of the career in memory with that pilot, who has fallen: it goes to the
     /// shelf. REQUIRES: it is saved. On error: false, and trouble() says why.

@@ -21,7 +21,7 @@ namespace {
 constexpr size_t SheetRibbons = 5;
 constexpr int32_t GapHeight = 8; // pixels between the tenth row and one that isn't the next place
 constexpr int32_t RuleAbove = 6; // of the gold rules above the row between them
-constexpr int32_t LongPlace = 1000; // from which on a place begins at the board's frame
+constexpr int32_t LongPlace = 1000; // places from here up start at the board's frame
 constexpr int32_t LongPlaceStep = 14;
 constexpr uint32_t Gold = 0xFFEFD58F;
 constexpr uint32_t BrightGold = 0xFFFFF6DC; // of the player's row
@@ -118,7 +118,7 @@ void MenuGameWarOver::showRow(int32_t number, const StandingRow& row, int32_t lo
     rules->setVisible(true);
 }
 
-/// A long place goes on into the column of the names, which begin further right.
+/// A long place extends into the column of names, so the name starts further right.
 void MenuGameWarOver::makeRoom(int32_t number, const StandingRow& row) const {
     zel::Widget* place = getWidget(zel::String("place") + number);
     zel::Widget* pilot = getWidget(zel::String("pilot") + number);

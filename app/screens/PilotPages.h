@@ -27,8 +27,8 @@ public:
     /// that screen, or -1.
     int32_t takeReturn(const zel::String& screen);
 
-    /// Reads a part of what the pages need of the record, while a list is shown: to be called in
-    /// each of its frames. So no page has to wait for all of it.
+    /// Reads a part of what the pages need of the record, while a list is shown. Call this in
+    /// each of its frames, so that no page has to wait for all of it.
     void readOn(const Database& career);
     PilotRows rows;
 

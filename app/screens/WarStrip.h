@@ -4,7 +4,7 @@
 #include "app/screens/MadePicture.h"
 
 /// The strip of the war: a month to each mark, the part that the player has served hatched, a light
-/// stroke for each flight, and a red flag at to-day.
+/// stroke for each flight, and a red flag at today.
 class WarStrip {
 public:
     /// name: of the pictures of the strip, blank and served ("strip_diary"). The widget must not

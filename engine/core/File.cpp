@@ -49,7 +49,7 @@ File::File(const String& name, int32_t mode) {
         position = size;
 }
 
-/// Notes that the operation of the system failed that was called last.
+/// Records the failure of the last system call.
 bool File::fail() {
     if (why == FileFault::None)
         why = system::lastFault();

@@ -107,9 +107,9 @@ bool hasDisplay();
 Extent roomForWindow(Extent desktop);
 /// Whether a program with a window has a standard output that anyone can see.
 bool hasTerminals();
-/// To be called first. Off Windows it gives a program that was started without them standard
-/// streams that fail: or the next files that it opens would get their numbers, and what it prints.
-/// On Windows it keeps the system from asking the player for the disk of an empty drive.
+/// Call this first. Off Windows it opens failing standard streams in place of closed ones;
+/// otherwise the next files opened would get their descriptors, and the program's output. On
+/// Windows it keeps the system from asking the player for the disk of an empty drive.
 void beginProgram();
 /// Opens a web address, or a file that a browser shows, without waiting; false if that can't be
 /// started. REQUIRES: it begins with "http://", or is an absolute path.

@@ -78,7 +78,8 @@ public:
     bool take(const String& path, std::string_view text);
     /// Removes the file, if it is still this one.
     void release();
-    /// Whether the file is there under its name: who removes it lets another program make its own.
+    /// Whether the file is there under its name: once it is removed, another program can create
+    /// its own.
     bool isInPlace() const;
     bool isHeld() const { return handle != -1; }
 

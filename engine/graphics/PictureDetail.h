@@ -21,7 +21,7 @@ public:
     static int32_t forScale(float scale);
     /// The present detail; plain until follow() has found a larger window.
     static int32_t get() { return present; }
-    /// Adapts to the canvas; to be called before pictures are loaded, and after each frame. After a
+    /// Adapts to the canvas. Call this before pictures are loaded, and after each frame. After a
     /// change the pictures on the screen are made again, one a call, then the pixels of all others
     /// are freed until they are needed. Until then what was there is drawn.
     static void follow();

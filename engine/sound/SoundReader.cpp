@@ -56,16 +56,16 @@ uint32_t numberAt(std::string_view bytes, size_t place, size_t size) {
     return number;
 }
 
-/// The file with its two parts that matter, whose sizes are true: SDL allocates what a part claims
-/// before it reads it. Empty for another kind of file, a part that claims more than the file holds,
-/// and samples that are compressed.
-std::string soundParts(std::string_view file) {
-    constexpr size_t HeadSize = 8;    // of a part: name and size
+/// The file with only the two chunks that matter, their sizes verified: SDL allocates what a chunk
+/// claims before it reads it. Empty for another kind of file, a chunk that claims more than the
+/// file holds, and samples that are compressed.
+std::string soundChunks(std::string_view file) {
+    constexpr size_t HeadSize = 8;    // of a chunk: name and size
     constexpr size_t FormatSize = 16; // at least
     constexpr uint32_t Uncompressed = 1;
     if (file.size() < 12 || file.substr(0, 4) != "RIFF" || file.substr(8, 4) != "WAVE")
         return {};
-    std::string parts(file.substr(0, 12));
+    std::string chunks(file.substr(0, 12));
     for (std::string_view rest = file.substr(12); rest.size() >= HeadSize;) {
         const std::string_view name = rest.substr(0, 4);
         const size_t size = numberAt(rest, 4, 4);
@@ -75,9 +75,9 @@ std::string soundParts(std::string_view file) {
         if (isFormat && (size < FormatSize || numberAt(rest, HeadSize, 2) != Uncompressed))
             return {};
         if (isFormat || name == "data")
-            parts += rest.substr(0, HeadSize + size);
+            chunks += rest.substr(0, HeadSize + size);
         if (name == "data")
-            return parts;
+            return chunks;
         rest.remove_prefix(std::min(HeadSize + size + size % 2, rest.size())); // even places
     }
     return {};
@@ -115,7 +115,7 @@ std::shared_ptr<const SoundSamples> readSound(const String& fileName) {
     std::string content;
     if (file.hasFailed() || file.fileSize() > MostBytes || !file.readWhole(content))
         return nullptr;
-    content = soundParts(content);
+    content = soundChunks(content);
     SDL_RWops* source = SDL_RWFromConstMem(content.data(), static_cast<int>(content.size()));
     SDL_AudioSpec spec;
     uint8_t* data = nullptr;

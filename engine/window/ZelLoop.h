@@ -41,7 +41,7 @@ public:
     // Defined here, so that the parts below the application can ask without linking it.
     /// The loop ends before the next frame.
     static void quit() { quitRequested = true; }
-    /// The same, and run() answers true.
+    /// The same, and run() returns true.
     static void restart() { restartRequested = true; }
     static bool isQuitRequested() { return quitRequested; }
 

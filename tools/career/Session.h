@@ -53,8 +53,8 @@ public:
     /// The combat report of that flight, the last one for 0, with its reasons.
     bool why(int32_t number);
     using BookLines = std::function<std::vector<zel::String>(SqliteFile&, const Database&)>;
-    /// Prints what the function gives of the record, or that it is nothing; with a fault nothing is
-    /// an error.
+    /// Prints the lines that the function reads from the record, or that there are none. If `fault`
+    /// is given, having none is that error.
     bool showBook(const BookLines& linesOf, const zel::String& fault = {}) {
         return sayRecord([&](SqliteFile& t) { return linesOf(t, career); }, fault);
     }
@@ -74,7 +74,7 @@ public:
         const zel::String why = Doctor(fixes, quiet).examine();
         return why.empty() || fail(why);
     }
-    /// Ends what another run left half done among the careers; to be called first. On error: false,
+    /// Ends what another run left half done among the careers. Call this first. On error: false,
     /// and the reason is in the log.
     bool tidy() { return shelf.tidy(); }
     /// Runs a command on the shelf and prints its lines.

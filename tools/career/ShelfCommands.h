@@ -13,7 +13,7 @@ class ShelfCommands {
 public:
     ShelfCommands(Database& career, CareerRecord& record) : career(career), shelf(career, record) {}
 
-    /// Ends what another run of the program left half done; to be called before anything is loaded.
+    /// Ends what another run of the program left half done. Call this before anything is loaded.
     /// On error: false, and the reason is in the log.
     bool tidy() { return shelf.tidy(); }
     bool save() { return shelf.save() || fail(shelf.problem().english()); }

@@ -22,8 +22,8 @@ std::vector<std::string> argumentsOf(int count, char** words);
 /// to standard output, and 2 after a wrong call, whose text goes to standard error. Empty for Run.
 std::optional<int> answer(const CallReading& reading);
 
-/// The status with which a program ends that has done its work so: 1 in place of 0, and a line on
-/// standard error, if not all that it has printed reached standard output.
+/// The program's exit status: the given one, but 1 instead of 0 if output was lost. That also gets
+/// a line on standard error.
 int exitStatus(int status);
 
 } // namespace tools

@@ -13,8 +13,8 @@ namespace tables {
 /// squadron has several rows, which may overlap.
 struct SquadronRow {
     std::string key;      // six digits, the nation's code first
-    std::string aircraft; // the simulator's identifier, such as "spad13"; empty for a unit of
-                          // two-seaters, which none of them fits
+    std::string aircraft; // the simulator's identifier, such as "spad13"; empty for two-seater
+                          // units: no type fits
     std::string from;     // yyyymmdd; empty, with until, for a type that doesn't date its squadron
     std::string until;    // yyyymmdd
     std::string skin;     // empty for the simulator's standard paint

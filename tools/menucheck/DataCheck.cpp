@@ -121,7 +121,7 @@ String shownMarks(const std::set<char>& marks) {
     return shown.empty() ? "none" : shown;
 }
 
-/// Reports words for a number that have another number of forms than the language.
+/// Reports words for a number whose number of forms differs from the language's.
 void checkForms(const String& name, const String& code, const LanguageTable& table,
                 FindingLog& findings) {
     const int32_t wanted = zel::pluralForms(code);

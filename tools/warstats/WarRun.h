@@ -42,7 +42,8 @@ struct WarFigures {
     int32_t men = 0;       // all pilots of the war
     int32_t aceNames = 0;  // men who are made up and have the name of an ace
     int32_t namesakes = 0; // men with the name of one who came before them
-    /// Enemies who flew what they meet the player in: an Allied player's and a German one's.
+    /// Enemies whose squadron really flew the type in which they meet an Allied player, and a
+    /// German one.
     std::array<Share, EnemyMonths.size()> realGermans;
     std::array<Share, EnemyMonths.size()> realAllies;
     Share

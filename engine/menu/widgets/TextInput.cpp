@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view EndCursor = "_";    // after the text
 constexpr std::string_view MiddleCursor = "|"; // within it, narrow so that letters hardly move
 
-/// Whether the key has a character to be typed, be it of Windows-1252 or not.
+/// Whether the key types a character, in Windows-1252 or not.
 bool isTyped(const KeyPress& key) {
     constexpr uint8_t DeleteCode = 127;
     const auto code = static_cast<uint8_t>(key.character);

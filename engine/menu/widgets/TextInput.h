@@ -17,7 +17,7 @@ public:
     /// The maximum of characters, from 1; initially 128. A longer text is cut.
     void setLengthLimit(int32_t count);
     int32_t getLengthLimit() const { return lengthLimit; }
-    /// Takes only the characters of which the function says so; null, the default, for all.
+    /// Accepts only characters for which the function returns true; null, the default, for all.
     void setFilter(bool (*newFilter)(char character)) { filter = newFilter; }
     /// Why the last key that it used changed nothing.
     enum class Refusal : uint8_t {

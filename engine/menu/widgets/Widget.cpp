@@ -51,7 +51,7 @@ void Widget::handlePointer(const Pointer& pointer) {
     }
     const bool isInside = isWithin(bounds.shownRect(), pointer.x, pointer.y);
     const bool isNear = isWithin(bounds.currentRect(), pointer.x, pointer.y, Slip);
-    // A fast press and release can fall between two frames, and the pointer be elsewhere by now.
+    // A fast press and release can fall between two frames, and the pointer may have moved on.
     if (pointer.hasTapped && !pointer.isDown && !armed && isIdle() && wasTapped())
         performHit();
     const bool isDragged = bounds.area != nullptr && bounds.area->isDragged();
