@@ -6,8 +6,8 @@
 #include "app/career/PilotReport.h"
 #include "engine/core/String.h"
 
-// What happens in a career, as a CareerObserver hears of it. Pilots and squadrons are the career's
-// indices, -1 for none. Nations are its codes, aircraft its identifiers.
+// What happens in a career, as a CareerObserver is notified of it. Pilots and squadrons are the
+// career's indices, -1 for none. Nations are its codes, aircraft its identifiers.
 
 /// One victory, as it is credited. The squadrons are those that the two belong to at that moment.
 struct Victory {
@@ -82,7 +82,7 @@ struct FlightEvent {
     float z = 0;
 };
 
-/// A mission of the player whose report has come.
+/// A mission that the player flew and that was reported.
 struct FlownMission {
     zel::String log;   // first piece of the log, with its path
     float seconds = 0; // the log's length

@@ -14,7 +14,7 @@ namespace zel {
 class String;
 }
 
-/// Hears of what happens in a career (CareerEvents.h). It may not change the career nor take a draw
+/// Is notified of what happens in a career (CareerEvents.h). It must not change the career or draw
 /// from any generator: with and without an observer a seed gives the same career.
 ///
 /// Each operation is called in the middle of the career's work, with the career's date already the

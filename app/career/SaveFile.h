@@ -7,7 +7,7 @@ class Database;
 // The save file: a career's records as they are in memory (docs/formats.md shows it). Names of
 // files are relative to the user's folder.
 
-/// Writes the career as WholeFile does; the observer hears of it before the rename. What had the
+/// Writes the career as WholeFile does; the observer is notified before the rename. What had the
 /// name is kept with BackupEnding or, unless it is a whole save, with DamagedEnding. On error, also
 /// without a career: false, a log line at level 2, Database::writeFault, and the old file stays
 /// whole.

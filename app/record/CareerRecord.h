@@ -15,9 +15,9 @@
 /// Where the record is in the user's folder, beside the career.
 constexpr const char* RecordFileName = "Saves/record.db";
 
-/// The record of a career's war: what the observer hears waits in memory and is written with each
-/// save, in one transaction just before the save gets its name. Whatever happens to the record, the
-/// career goes on: an error is a log line, and the next save tries again.
+/// The record of a career's war. Events are kept in memory and written with each save, in one
+/// transaction just before the save gets its name. Whatever happens to the record, the career goes
+/// on: an error is a log line, and the next save tries again.
 ///
 /// Loading a save removes nothing. The next save cuts from the record what isn't in the loaded one,
 /// and moves an unusable file under the record's name aside. A record that was moved aside before

@@ -59,7 +59,7 @@ void MenuGameDiary::onEnter() {
     showLines("real", diary.real, RealRows, space);
     constexpr const char* Areas[] = {"entry", "news", "real"};
     for (size_t i = 0; i < std::size(Areas); ++i)
-        makeStop(Areas[i], marks[i]);
+        makeTabStop(Areas[i], marks[i]);
     setText("count", flightOfText(diary.war, diary.war.flown == 0));
     setText("rest", servedText(diary.war));
     strip.show(*menu, "strip", "strip_diary", diary.war);
@@ -132,11 +132,11 @@ void MenuGameDiary::closeUp(const char* list, const std::vector<DiaryLine>& line
     room = whole;
 }
 
-void MenuGameDiary::makeStop(const char* area, MadePicture& mark) {
+void MenuGameDiary::makeTabStop(const char* area, MadePicture& mark) {
     auto* list = dynamic_cast<zel::ScrollingArea*>(getWidget(area));
     if (list == nullptr)
         return;
-    list->setStop(true);
+    list->setTabStop(true);
     const zel::PixelRect& rect = list->getBounds().rect;
     mark.begin(rect.width, rect.height);
     for (int32_t x = 1; x <= FocusStrokeWidth; ++x)

@@ -43,7 +43,7 @@ private:
     forEachPress(const std::function<void(const zel::String& name, int32_t pilot)>& action) const;
 
     /// Lets keys scroll the area, with a stroke beside it while it has the focus.
-    void makeStop(const char* area, MadePicture& mark);
+    void makeTabStop(const char* area, MadePicture& mark);
 
     CareerRecord& record;
     PilotPages& pages;

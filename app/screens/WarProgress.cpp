@@ -42,7 +42,7 @@ void WarProgress::onWarProgress(const Calendar& date, float share) {
     if (menu == nullptr || !work.isDue())
         return;
     menu->setText("progressDate", dateInLanguage(date));
-    work.showPicture([&] { drawBar(*menu, share); });
+    work.showFrame([&] { drawBar(*menu, share); });
 }
 
 void WarProgress::drawBar(const zel::Menu& menu, float share) {

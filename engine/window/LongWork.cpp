@@ -9,7 +9,7 @@ namespace zel {
 
 namespace {
 
-constexpr uint32_t PicturePeriod = 100; // milliseconds
+constexpr uint32_t WorkFramePeriod = 100; // milliseconds
 
 } // namespace
 
@@ -22,16 +22,16 @@ LongWork::~LongWork() {
     HighLevelScheduler::getInstance().countTimeFromHere();
 }
 
-bool LongWork::isDue() const { return sincePicture.getTicks() >= PicturePeriod; }
+bool LongWork::isDue() const { return sinceFrame.getTicks() >= WorkFramePeriod; }
 
-void LongWork::showPicture(const std::function<void()>& drawAbove) {
+void LongWork::showFrame(const std::function<void()>& drawAbove) {
     Platform::getInstance().pumpAndDrop(); // first: the window may take another size
     StatesMachine::getInstance().render();
     if (drawAbove)
         drawAbove();
     if (Window* window = Window::current())
         window->swapBuffers();
-    sincePicture.reset();
+    sinceFrame.reset();
 }
 
 } // namespace zel

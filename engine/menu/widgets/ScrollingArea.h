@@ -17,12 +17,12 @@ public:
     /// Also scrolls to the beginning.
     void reset() override;
     void handlePointer(const Pointer& pointer) override;
-    /// Only an area that is a stop can, while it has more than it shows; otherwise only its rows
-    /// can.
-    bool canFocus() const override { return stop && isActive() && isVisible() && furthest > 0; }
-    /// Makes the area a stop of the keyboard's focus, so that keys can scroll it: for one of
-    /// several whose rows can't be pressed.
-    void setStop(bool isStop) { stop = isStop; }
+    /// Only an area that is a tab stop can, while it has more than it shows; otherwise only its
+    /// rows can.
+    bool canFocus() const override { return tabStop && isActive() && isVisible() && furthest > 0; }
+    /// Makes the area a tab stop, so that keys can scroll it: for one of several whose rows can't
+    /// be pressed.
+    void setTabStop(bool isTabStop) { tabStop = isTabStop; }
 
     /// How far the elements have moved up, in design pixels; 0 shows their beginning.
     int32_t getOffset() const { return offset; }
@@ -51,7 +51,7 @@ private:
     std::multiset<int32_t> bottoms; // lower edges of the elements at offset 0
     int32_t offset = 0;
     int32_t furthest = 0; // offset at which the last element ends at the lower edge
-    bool stop = false;
+    bool tabStop = false;
     bool pressed = false;        // the button went down inside and still is
     bool pressedOutside = false; // it went down outside and still is
     bool dragged = false;

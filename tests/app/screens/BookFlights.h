@@ -13,7 +13,7 @@ void addFlightsToBook(Database& career, int32_t count);
 /// The player falls to somebody of the other side: one more flight of his, which is carried into
 /// the career too.
 void addFallToBook(Database& career);
-/// Adds a flight of the player with that number of victories, as the record hears of it.
+/// Adds a flight of the player with that number of victories, as the record is notified of it.
 void addFlight(Database& career, int32_t victories);
 /// A victory over a man of that name, in one of five machines by the number. Its victor is missing.
 Victory victoryOver(const char* victim, int32_t number, bool isGerman = true);

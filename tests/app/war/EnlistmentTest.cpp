@@ -62,7 +62,7 @@ TEST_F(EnlistmentTest, DrawsOtherNamesOnTheSide) {
     EXPECT_EQ(drawsBetween(before[1], zel::sharedRandom()), 0);
 }
 
-struct BeginningHeard : CareerObserver {
+struct BeginningSeen : CareerObserver {
     void onCareerBegun(const Database& career) override {
         pilot = zel::arrayText(career.player().name);
         squadron = career.player().squadron;
@@ -82,14 +82,14 @@ TEST_F(EnlistmentTest, PutsThePlayerIntoTheSquadronOfHisChoice) {
     ASSERT_EQ(career.squadron(Generated).nation, Germany);
     career.playerPilot = career.squadron(Generated).slots[0];
     const int32_t other = chosen.slots[0];
-    BeginningHeard heard;
-    career.observer = &heard;
+    BeginningSeen seen;
+    career.observer = &seen;
     MissionGenerator generator;
     const MissionGenerator later;
     beginService(career, generator, {" Emil Kurz ", Jasta}, 1916, 2);
     EXPECT_TRUE(later.plan.empty()) << "the war is fought with the generator that it is given";
-    EXPECT_EQ(heard.pilot, "Emil Kurz");
-    EXPECT_EQ(heard.squadron, Jasta);
+    EXPECT_EQ(seen.pilot, "Emil Kurz");
+    EXPECT_EQ(seen.squadron, Jasta);
     EXPECT_EQ(zel::arrayText(career.player().name), "Emil Kurz");
     EXPECT_EQ(career.player().squadron, Jasta);
     EXPECT_EQ(career.pilot(other).squadron, Generated) << "whose place he has";

@@ -33,7 +33,7 @@ private:
         for (int32_t step = 0; step < 100; ++step) {
             clock.advance(50);
             if (work.isDue())
-                work.showPicture([this] { told.emplace_back("bar"); });
+                work.showFrame([this] { told.emplace_back("bar"); });
         }
     }
 
@@ -74,7 +74,7 @@ protected:
     RecordingState next{"next", told};
 };
 
-TEST_F(LongWorkTest, ShowsTenPicturesASecond) {
+TEST_F(LongWorkTest, ShowsTenFramesASecond) {
     told.clear();
     working.update();
     EXPECT_EQ(std::count(told.begin(), told.end(), "bar"), 50);
@@ -90,7 +90,7 @@ TEST_F(LongWorkTest, DropsWhatIsPressedMeanwhile) {
         type('a');
         press();
         press(false);
-        work.showPicture();
+        work.showFrame();
         type('b');
         press(); // and still held after it
         push(quitEvent());

@@ -258,7 +258,7 @@ TEST_F(WindowScreenTest, ShowsHowLongWorkGoes) {
     const int32_t before = canvas.getFramesSent();
     LongWork work;
     for (const float done : {100.0F, 200.0F})
-        work.showPicture([&] { canvas.fill({0, 0, done, 10}, Red); });
+        work.showFrame([&] { canvas.fill({0, 0, done, 10}, Red); });
     EXPECT_EQ(canvas.getFramesSent(), before + 2);
     expect({{195, 5, Red}, {205, 5, Black}});
 }

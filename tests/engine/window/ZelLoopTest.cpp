@@ -112,7 +112,7 @@ TEST_F(ZelLoopTest, QuitsByAState) {
     EXPECT_TRUE(ZelLoop::isQuitRequested());
     const Told all = taken();
     EXPECT_NE(std::find(all.begin(), all.end(), "start.onLeave"), all.end())
-        << "the screen that was left has heard of it";
+        << "the screen that was left was notified";
     EXPECT_FALSE(loop.run());
     EXPECT_EQ(taken().back(), "onShutdown");
 }

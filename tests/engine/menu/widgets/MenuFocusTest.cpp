@@ -205,7 +205,7 @@ TEST_F(AreaFocusTest, DoesNotCountRowsForTheOnlyWidget) {
 TEST_F(AreaFocusTest, StopsAtAnAreaWhoseRowsCannotBePressed) {
     for (int32_t row = 1; row <= 5; ++row)
         driver.widget(("list." + std::to_string(row)).c_str())->setActive(false);
-    area().setStop(true);
+    area().setTabStop(true);
     EXPECT_EQ(keys({KeyTab, KeyTab, KeyTab}), "zabove@0 zaside@0 list@0 ");
     EXPECT_EQ(keys({KeyPageDown, KeyHome, KeyEnd, KeyReturn, KeyPageUp, KeyTab}),
               "list@100 list@0 list@100 list@100 list@0 zbelow@0 ");
