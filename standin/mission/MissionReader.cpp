@@ -101,7 +101,7 @@ bool MissionFileReader::readObject(const MissionBlock& block) {
         node.seconds = numberOf(block, "Time");
         node.fires = wholeOf(block, "Random") > 0;
         if (node.seconds < 0)
-            return refuse(lineOf(block, "Time"), "a timer can't wait for less than no time");
+            return refuse(lineOf(block, "Time"), "a timer's Time is negative");
     } else if (const MissionEntry* enabled = block.find("Enabled")) {
         node.fires = enabled->value != "0";
     }
@@ -131,7 +131,7 @@ bool MissionFileReader::readAttackArea(const MissionBlock& block) {
     if (area.radius <= 0)
         return refuse(lineOf(block, "AttackArea"), "the radius of the attack area is not above 0");
     if (area.seconds <= 0)
-        return refuse(lineOf(block, "Time"), "the order to attack lasts for no time");
+        return refuse(lineOf(block, "Time"), "the time of the attack order is not above 0");
     const int32_t priority = wholeOf(block, "Priority");
     if (priority < 0 || priority > 2)
         return refuse(lineOf(block, "Priority"), "Priority is outside 0 to 2");
