@@ -8,10 +8,10 @@
 #include "engine/core/Clock.h"
 #include "engine/core/String.h"
 
-/// All that differs between Windows and POSIX systems, implemented by SystemWindows.cpp and
-/// SystemPosix.cpp. Paths come in as the program writes them, with backslashes. Off Windows these
-/// are turned, and each existing component is matched exactly or, failing that, without regard to
-/// case, as the simulator's folder under Wine needs.
+/// All that differs between Windows and POSIX systems, with SystemFiles.h and SystemPlaces.h.
+/// System*Windows.cpp and System*Posix.cpp implement the three. Paths come in as the program writes
+/// them, with backslashes. Off Windows these are turned, and each existing component is matched
+/// exactly or, failing that, without regard to case, as the simulator's folder under Wine needs.
 namespace zel::system {
 
 /// A file or folder in a folder, by its name there.
