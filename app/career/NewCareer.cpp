@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr size_t SquadronsOfWar = 400; // generated ones fill up to this
+constexpr size_t SquadronsOfWar = 400; // if there are fewer files, generated ones fill up
 constexpr size_t PilotsOfWar = 65536;  // room for most wars; what isn't used takes no memory
 // A new pilot's skill goes up to a draw in this range; his missions to a draw, of a draw, of one in
 // this range.

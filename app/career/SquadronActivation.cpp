@@ -5,7 +5,9 @@
 
 namespace {
 
-// Nations aim at a number of squadrons that grows by the month.
+// Nations aim at a number of active squadrons that grows by the month, and generated ones make up
+// for those that are missing. The delivered data has more files than SquadronsOfWar, so its careers
+// have no generated squadrons, and the rule changes nothing there.
 constexpr int32_t MonthsBeforeWar = 22980; // year * 12 + month of December 1914
 
 /// Places in the counts of active squadrons; -1 for a nation that isn't counted.
