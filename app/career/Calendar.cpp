@@ -2,7 +2,7 @@
 
 namespace {
 
-// Read with the month itself, so index 0 is no month.
+// Read with the month itself, so index 0 isn't a month.
 constexpr int32_t DaysInMonth[] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 constexpr const char* MonthNames[] = {"",        "January",  "February", "March",  "April",
                                       "May",     "June",     "July",     "August", "September",

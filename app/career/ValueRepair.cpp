@@ -20,7 +20,7 @@ constexpr float HighestBase = 10000.0F;
 bool isOnMap(const Squadron& squadron) {
     const auto isWay = [](float way) { return way >= LeastWay && way <= LongestWay; };
     return isWay(squadron.baseX) && isWay(squadron.baseZ) &&
-           std::abs(squadron.baseY) <= HighestBase; // false for what is no number
+           std::abs(squadron.baseY) <= HighestBase; // false for what isn't a number
 }
 
 class ValueRepair {

@@ -22,7 +22,7 @@ bool prepare(SqliteFile& file) {
                     "PRAGMA temp_store = MEMORY");
 }
 
-/// Whether a finding of the check says that a page could not be read, which is no damage: the disk
+/// Whether a finding of the check says that a page could not be read, which isn't damage: the disk
 /// may give it later.
 bool isReadError(std::string_view finding) {
     constexpr std::string_view Mark = "error code=";

@@ -31,8 +31,8 @@ public:
     /// out.
     DailyMission begin(Database& career);
     /// The orders for the career's present day, whoever wrote them: those of an earlier run are
-    /// taken up with their plan and the logs known to them. Null if none are out. To be called
-    /// before findReport() if begin() wasn't.
+    /// taken up with their plan and the logs known to them. Null if none are out. Call this
+    /// before findReport() unless begin() was called.
     const MissionOrders* orders(const Database& career);
     /// Whether the orders that are out will still be out in a later run.
     bool areOrdersKept() const { return areKept; }

@@ -23,7 +23,7 @@ public:
 
     /// Without blanks around it; empty if the line doesn't have the key.
     std::string_view value(LogKey key) const { return zel::trimmed(rawValue(key), ' '); }
-    /// The value as zel::toInt reads it: 0 for a missing key and for what is no number.
+    /// The value as zel::toInt reads it: 0 for a missing key and for what isn't a number.
     int32_t number(LogKey key) const {
         const std::string_view digits = rawValue(key);
         uint32_t number = 0;

@@ -32,7 +32,7 @@ protected:
     /// The base and the name of the player's squadron, in "airport" and "squadron". A
     /// squadron without a name leaves the menu's own text.
     void showSquadron();
-    /// Shows the image in the widget, which is no button; hides it without one.
+    /// Shows the image in the widget, which isn't a button; hides it without one.
     void showImage(const zel::String& name, const zel::String& imageName);
     /// lines[i] in the element PREFIX and i + 1. Elements beyond the lines stay as they are.
     void showLines(const char* prefix, const std::vector<zel::String>& lines);

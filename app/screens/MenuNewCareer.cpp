@@ -47,6 +47,6 @@ void MenuNewCareer::startCareer() {
     zel::String problem;
     if (save(problem))
         return setTransition("MenuGameMain");
-    setOpen(true); // it is no draft any more: closing the window would lose it
+    setOpen(true); // it isn't a draft any more: closing the window would lose it
     MenuNotification::show(*menu, "MenuNotificationSave", problem);
 }

@@ -77,7 +77,7 @@ void MenuSimulator::showWords() {
     for (size_t i = 0; i < lines.size(); ++i) {
         const zel::String name = zel::String("check") + int32_t(i + 1);
         setWidgetKind(name + "mark", markKind(lines[i].mark));
-        setActive(name + "mark", false); // it is no button
+        setActive(name + "mark", false); // it isn't a button
         setText(name, lines[i].text);
     }
     setVisible("switchOn", hasPlace && checks.isThere && checks.textLog == TextLog::Off);

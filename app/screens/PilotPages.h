@@ -18,12 +18,12 @@ public:
     const char* open(const Database& career, int32_t pilot, const zel::String& from);
     int32_t pilot() const { return shown; } // index of the career; -1 before the first one
 
-    /// To be called when the page is entered: the screen that it was opened from. Empty for a
+    /// Call this when the page is entered. Returns the screen that it was opened from, empty for a
     /// record of service that no list of pilots has led to.
     zel::String takeOrigin();
     /// The player presses the way back.
     void goBack() { isGoingBack = true; }
-    /// To be called when a list is entered: the pilot from whose page the player comes back to
+    /// Call this when a list is entered. Returns the pilot from whose page the player comes back to
     /// that screen, or -1.
     int32_t takeReturn(const zel::String& screen);
 

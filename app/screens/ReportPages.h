@@ -23,7 +23,7 @@ public:
     void choose(int32_t number) { chosen = number; }
     bool isFromBook() const { return chosen > 0; }
 
-    /// To be called when the report is entered. A report that was found is taken over, and emptied:
+    /// Call this when the report is entered. A report that was found is taken over and emptied:
     /// the same flight isn't shown twice.
     void enterReport();
     /// The flight; nothing after a mission that wasn't flown, or if the record can't be read.
@@ -32,7 +32,7 @@ public:
     bool base(const RecordedFlight& of, MapPoint& place) const;
     /// The log book is opened from another screen than the office.
     void openBook(const char* from) { bookOrigin = from; }
-    /// To be called when the log book is entered: where it leads back to.
+    /// Call this when the log book is entered. Returns where it leads back to.
     const char* takeBookOrigin() { return std::exchange(bookOrigin, "MenuGameMain"); }
 
     /// The screen to which the pages lead.

@@ -31,7 +31,7 @@ public:
     /// picture to one of the design. REQUIRES: sector and font outlive the painter.
     SectorPainter(const Sector& sector, const zel::Font* names, int32_t detail = 1);
 
-    /// The picture, Width by Height and BarHeight in pixels of the design. To be called once.
+    /// The picture, Width by Height and BarHeight in pixels of the design. Call it once.
     zel::BitmapData paint();
 
 private:

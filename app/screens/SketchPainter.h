@@ -21,7 +21,7 @@ public:
         : sketch(sketch), placeNames(placeNames), numbers(numbers),
           sheet(Width, Height + BarHeight, detail) {}
 
-    /// The picture, Width by Height and BarHeight in pixels of the design. To be called once.
+    /// The picture, Width by Height and BarHeight in pixels of the design. Call it once.
     zel::BitmapData paint();
 
 private:

@@ -176,7 +176,7 @@ bool listDirectory(const String& path, std::vector<DirectoryEntry>& entries) {
     if (directory == nullptr)
         return false;
     const auto next = [&] {
-        errno = 0; // the end is no error
+        errno = 0; // the end isn't an error
         return readdir(directory);
     };
     for (const dirent* entry = next(); entry != nullptr; entry = next()) {

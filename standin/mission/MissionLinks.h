@@ -14,7 +14,7 @@ struct Node {
     int32_t line = 0;
     int32_t index = 0;
     int32_t linkTrId = 0;         // index of the object's entity; 0 none
-    int32_t misObjId = 0;         // index of the entity's object; 0 if this is no entity
+    int32_t misObjId = 0;         // index of the entity's object; 0 if this isn't an entity
     std::vector<int32_t> targets; // what it triggers; of an entity: its leader's entity
     std::vector<int32_t> objects; // entities on which a command works
     std::vector<int32_t> events;  // what the events of an entity trigger

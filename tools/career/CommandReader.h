@@ -34,7 +34,7 @@ private:
         std::string_view name;
         std::string (CommandReader::*read)(std::string_view command);
     };
-    /// Null for a word that is no command.
+    /// Null for a word that isn't a command.
     static const NamedReader* find(std::string_view word);
     static bool isCommand(std::string_view word) { return find(word) != nullptr; }
 

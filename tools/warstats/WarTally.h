@@ -16,7 +16,7 @@ constexpr size_t NationCount = 4;
 size_t nationIndex(int32_t code);
 
 /// What happened in a day, by nation. A period's events are spread evenly over its days, so the
-/// numbers are no whole ones.
+/// numbers have fractions.
 struct DayCounts {
     std::array<double, NationCount> claimed{}; // victories of its pilots
     std::array<double, NationCount> lost{};    // machines

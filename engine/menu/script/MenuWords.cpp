@@ -100,7 +100,7 @@ std::optional<bool> parseFlag(std::string_view word) {
 
 int32_t parseCoordinate(std::string_view word) { return std::clamp(toInt(word), -32768, 32768); }
 
-// The comparison is false for a text that is no number.
+// The comparison is false for a text that isn't a number.
 float parseSeconds(std::string_view word) {
     const float seconds = toFloat(word);
     return seconds > 0.0F ? std::min(seconds, 3600.0F) : 0.0F;

@@ -64,7 +64,7 @@ std::vector<Widget*> focusOrder(const Menu& menu) {
         if (!isNew && isAbove(own, first->second))
             first->second = own;
     }
-    // An area is no stop by itself while one of its rows is.
+    // An area isn't a tab stop while one of its rows is.
     stops.erase(std::remove_if(stops.begin(), stops.end(),
                                [&](const Stop& stop) {
                                    const auto* area = dynamic_cast<ScrollingArea*>(stop.widget);

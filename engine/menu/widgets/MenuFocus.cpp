@@ -115,7 +115,7 @@ void MenuFocus::takeHitKey(Menu& menu, const KeyPress& key) {
     const bool isEscape = key.symbol == KeyEscape;
     Widget* widget = menu.getWidget(name);
     if (asArea(widget) != nullptr)
-        widget = nullptr; // it is no button
+        widget = nullptr; // it isn't a button
     if (isHit && widget != nullptr) {
         const Bounds& bounds = widget->getBounds();
         if (bounds.area == nullptr || bounds.area->isWhollyShown(bounds.rect))

@@ -21,7 +21,7 @@ void ScrollingArea::reset() {
     pressed = dragged = false;
 }
 
-// It is no button: a press inside starts dragging, a release hits nothing.
+// It isn't a button: a press inside starts dragging, a release hits nothing.
 void ScrollingArea::handlePointer(const Pointer& pointer) {
     if (!isActive() || !isVisible()) {
         pressed = dragged = false;
