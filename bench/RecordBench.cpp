@@ -87,7 +87,7 @@ void fightWar(RecordedCareer& war, size_t eventsOfFlight, int32_t mostFlights = 
         advanceWar(career, war.generator());
         career.storeFile(SaveFileName);
     }
-    war.record.close();
+    static_cast<void>(war.record.close());
 }
 
 void fightWars(benchmark::State& state, bool hasRecord) {
@@ -131,7 +131,7 @@ void saves(benchmark::State& state, bool hasRecord) {
         career.storeFile(SaveFileName);
         state.PauseTiming();
         if (!hasRecord)
-            war.record.close();
+            static_cast<void>(war.record.close());
         state.ResumeTiming();
     }
 }

@@ -38,7 +38,7 @@ public:
     /// Replaces the orders of their day. When it returns true they are committed and synced, or the
     /// career has no save yet and its first one will hold them. On error: false, a log line; they
     /// are out until the program ends, and the next save tries again.
-    virtual bool keep(const Database& career, MissionOrders orders) = 0;
+    [[nodiscard]] virtual bool keep(const Database& career, MissionOrders orders) = 0;
     /// Whether a flight that was reported has that log. `hash`: checksumOf its first piece.
     virtual bool isReported(const zel::String& log, const zel::String& hash) = 0;
     /// The day of orders that don't apply, although their flight was not reported: a day after the

@@ -21,7 +21,7 @@ int32_t today(const Database& career) { return career.calendar().dateNumber(); }
 
 } // namespace
 
-CareerRecord::~CareerRecord() { close(); }
+CareerRecord::~CareerRecord() { static_cast<void>(close()); }
 
 bool CareerRecord::close() {
     file.close();
@@ -55,7 +55,7 @@ zel::String CareerRecord::recordPath() const {
 }
 
 void CareerRecord::onCareerBegun(const Database& career) {
-    close();
+    static_cast<void>(close()); // nothing is moved
     storage = Storage::Memory;
     inTheWay = RecordState::OtherCareer;
     lastSave = {{}, today(career)};
@@ -68,7 +68,7 @@ void CareerRecord::onCareerBegun(const Database& career) {
 }
 
 void CareerRecord::onCareerLoaded(const Database& career) {
-    close();
+    static_cast<void>(close()); // nothing is moved
     lastSave = {career.saveCheck.checksum, today(career)};
     attach(career);
     if (storage == Storage::File)

@@ -59,7 +59,7 @@ public:
     std::shared_ptr<const MissionOrders> ordersOut(const Database& career) const override {
         return orders.out(career);
     }
-    bool keep(const Database& career, MissionOrders kept) override;
+    [[nodiscard]] bool keep(const Database& career, MissionOrders kept) override;
     bool isReported(const zel::String& log, const zel::String& hash) override;
     int32_t voidOrders(const Database& career) const override { return orders.voidDate(career); }
 
@@ -72,7 +72,7 @@ public:
     const std::vector<RecordGap>& gaps() const { return knownGaps; }
     /// Closes the file, so that it can be moved. What is not saved is lost. False if SQLite's
     /// companions are still beside it, because another program has it open.
-    bool close();
+    [[nodiscard]] bool close();
 
     // While a new career changes places with the one before it (Shelf):
 

@@ -87,7 +87,9 @@ zel::String Shelf::shelve(const zel::String& folder, const char* place) {
 
 /// The career in memory must not be saved over the one that comes in its place.
 void Shelf::leaveCurrent() {
-    record.close();
+    // Another program that has the record open loses nothing: all its files move with the folder,
+    // or the folder can't be moved, which is reported.
+    static_cast<void>(record.close());
     career.squadrons.clear();
     career.pilots.clear();
     career.repairs = {};

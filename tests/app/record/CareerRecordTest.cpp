@@ -151,7 +151,7 @@ TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
     Program program;
     program.begin();
     ASSERT_TRUE(program.save());
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     {
         SqliteFile tool;
         ASSERT_TRUE(tool.open(path(), SqliteFile::MustExist) &&
@@ -165,7 +165,7 @@ TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
     EXPECT_EQ(run.lines.linesWith("was changed or damaged outside of Wingtally"), 1);
     EXPECT_EQ(run.lines.linesWith("[Record]"), 1) << run.lines.text();
     // A changed letter harms no page, and is noticed all the same.
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     std::string content = run.folder.read(RecordFile);
     content[content.rfind("joined") + 1] ^= 1;
     run.folder.write(RecordFile, content);
@@ -180,7 +180,7 @@ TEST_F(CareerRecordTest, IsReadWhereItCantBeWritten) {
     program.begin();
     ASSERT_TRUE(program.save());
     const std::string figures = program.figures();
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     SqliteFile other;
     ASSERT_TRUE(other.open(path(), SqliteFile::MustExist) && other.begin());
     ASSERT_TRUE(program.load());
@@ -188,7 +188,7 @@ TEST_F(CareerRecordTest, IsReadWhereItCantBeWritten) {
     program.goOn();
     EXPECT_NE(program.figures(), figures);
     EXPECT_TRUE(program.record.gaps().empty());
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     other.rollback();
     ASSERT_TRUE(other.run("PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE;"
                           "INSERT INTO gap(since, until) VALUES(1, 2)"));
@@ -215,7 +215,7 @@ TEST_F(CareerRecordTest, WaitsUntilTheFileCanBeUsed) {
     const std::string saved = program.figures();
     EXPECT_GT(victories, 0);
 
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     SqliteFile other;
     ASSERT_TRUE(other.open(path(), SqliteFile::MustExist) && other.run("BEGIN IMMEDIATE"));
     ASSERT_TRUE(program.load());

@@ -182,7 +182,7 @@ TEST_F(RecordAndSaveTest, LeavesARecordToTheSaveThatStays) {
     ASSERT_TRUE(one.load());
     EXPECT_EQ(one.figures(), figures);
     EXPECT_EQ(inFile("SELECT value FROM meta WHERE key = 'career'"), one.career.careerNumber);
-    one.record.close();
+    EXPECT_TRUE(one.record.close());
     ASSERT_TRUE(two.save());
     EXPECT_EQ(inFile("SELECT value FROM meta WHERE key = 'career'"), two.career.careerNumber);
 }

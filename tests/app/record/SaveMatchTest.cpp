@@ -42,7 +42,7 @@ struct SaveMatchTest : testing::Test {
         playerName = pilots + player * sizeof(Pilot);
         EXPECT_TRUE(program.save());
         whole = saved();
-        program.record.close();
+        EXPECT_TRUE(program.record.close());
         record = run.folder.read("user/Saves/record.db");
     }
     std::string saved(const char* ending = "") const {
@@ -128,7 +128,7 @@ TEST_F(SaveMatchTest, KnowsASaveThatTheRecordDidNotGet) {
         SavingProgram program;
         ASSERT_TRUE(program.load());
         ++program.career.player().missions;
-        program.record.close();
+        EXPECT_TRUE(program.record.close());
         fs::remove(path);
         fs::create_directory(path); // nothing can be written there
         ASSERT_TRUE(program.save());

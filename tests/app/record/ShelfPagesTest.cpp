@@ -118,7 +118,7 @@ TEST_F(ShelfTest, KnowsPagesThatTheRecordLacks) {
     };
     program.begin("Hans Braun");
     ASSERT_TRUE(saveAfter(1) && saveAfter(1));
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     fs::remove(user("Saves/record.db")); // as of a program before there was one
     ASSERT_TRUE(program.load() && saveAfter(1) && saveAfter(1) && saveAfter(1));
     EXPECT_EQ(program.pages(), "present 19151205 19151204 19151203 19151202 ");

@@ -89,7 +89,7 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     ASSERT_TRUE(program.shelf.save());
     program.begin("Otto Klein");
     ASSERT_TRUE(program.shelf.save());
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     const std::string both = "2 Otto Klein*\n1 Hans Braun\n";
     const auto restart = [&] {
         ShelfProgram other;
@@ -136,7 +136,7 @@ TEST_F(ShelfTest, TakesOtherNumbersForNone) {
     ShelfProgram program;
     program.begin("Hans Braun");
     ASSERT_TRUE(program.shelf.save());
-    program.record.close();
+    EXPECT_TRUE(program.record.close());
     world.folder.write("user/Careers/2024 backup/letter.txt", "of mine");
     fs::copy(user("Saves"), user("Careers/2147483647 Hans Braun"), fs::copy_options::recursive);
     world.folder.write("user/Careers/last number.txt", "2147483647\n");
