@@ -51,7 +51,7 @@ void Configuration::set(const zel::String& key, const zel::String& value) {
 zel::String Configuration::getRofDirectory() {
     zel::String& directory = configuration().rofDirectory;
     if (directory.empty()) {
-        const zel::String chosen = get("rof.directory", "");
+        const zel::String chosen = get(SimulatorKey, "");
         directory = chosen.empty() ? installedDirectory() : chosen + "\\";
     }
     return directory;

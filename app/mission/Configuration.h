@@ -2,6 +2,9 @@
 
 #include "engine/core/String.h"
 
+/// The setting that names the simulator's folder.
+constexpr const char* SimulatorKey = "rof.directory";
+
 /// The settings that a player edits by hand, and the one place that knows where the simulator is.
 /// All of it is static; docs/manual.md describes the file.
 class Configuration {

@@ -12,7 +12,7 @@ constexpr const char* SteamValueName = "InstallPath";
 
 SearchRoots SearchRoots::ofSystem() {
     SearchRoots roots;
-    if (const zel::String chosen = Configuration::get("rof.directory", ""); !chosen.empty())
+    if (const zel::String chosen = Configuration::get(SimulatorKey, ""); !chosen.empty())
         roots.lastTime = zel::system::absolutePath(chosen);
     roots.registry = Configuration::installedDirectory();
     roots.steam = zel::system::queryRegistryValue(SteamKey, SteamValueName);

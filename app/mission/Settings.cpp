@@ -10,7 +10,6 @@
 namespace {
 
 constexpr const char* FileName = "wtysettings.ini";
-constexpr const char* SimulatorKey = "rof.directory";
 
 struct Start {
     zel::String folder;

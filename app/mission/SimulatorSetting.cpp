@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr std::string_view Key = "rof.directory";
-
 /// As Configuration::load reads lines.
 bool hasKey(std::string_view line, std::string_view key) {
     const size_t equals = line.find('=');
@@ -80,7 +78,7 @@ Places findPlaces(std::string_view settings, std::string_view key) {
 bool holdsKey(const zel::String& file) {
     std::string content;
     return zel::readFileWhole(file, content) == zel::FileFault::None &&
-           findPlaces(content, Key).value != std::string::npos;
+           findPlaces(content, SimulatorKey).value != std::string::npos;
 }
 
 bool mayWrite(const zel::String& file) {
@@ -110,13 +108,13 @@ zel::FileFault writeSetting(const zel::String& file, const zel::String& folder) 
     zel::FileFault fault = existed ? zel::system::writeFault(file) : zel::FileFault::None;
     if (existed && fault == zel::FileFault::None)
         fault = zel::readFileWhole(file, before);
-    const std::string after = withSetting(before, Key, written);
+    const std::string after = withSetting(before, SimulatorKey, written);
     if (fault == zel::FileFault::None && after != before)
         fault = zel::writeFileWhole(file, after);
     if (fault != zel::FileFault::None)
         return fault;
     reloadSettings();
-    if (Configuration::get(zel::String(Key), "") == folder)
+    if (Configuration::get(SimulatorKey, "") == folder)
         return zel::FileFault::None;
     if (!existed)
         zel::system::removeFile(file);

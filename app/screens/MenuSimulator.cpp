@@ -39,7 +39,7 @@ void MenuSimulator::onEnter() {
 }
 
 void MenuSimulator::readSettings() {
-    const zel::String setFolder = Configuration::get("rof.directory", "");
+    const zel::String setFolder = Configuration::get(SimulatorKey, "");
     isGone = !setFolder.empty() && !holdsSimulator(setFolder);
     setText("standinText",
             textOf(OwnStandIn::isChosen() ? wording::StandInFlies : wording::StandInOffered));

@@ -27,7 +27,7 @@ zel::String OwnStandIn::folder() {
 }
 
 bool OwnStandIn::isChosen() {
-    const zel::String chosen = Configuration::get("rof.directory", "");
+    const zel::String chosen = Configuration::get(SimulatorKey, "");
     if (chosen.empty())
         return false;
     const zel::String own = folder();

@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
                       call.language + ".txt beside Data");
     loadSettings();
     if (!rofDirectory.empty())
-        Configuration::set("rof.directory", rofDirectory);
+        Configuration::set(SimulatorKey, rofDirectory);
 
     initPlaneNames();
     Session session(call.quiet, call.waitSeconds, call.keepsRecord);
