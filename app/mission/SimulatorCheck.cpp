@@ -8,7 +8,7 @@
 
 SimulatorState checkSimulator() {
     const zel::String folder = Configuration::getRofDirectory();
-    const zel::String file = folder + "data\\startup.cfg";
+    const zel::String file = folder + "data\\" + StartupName;
     std::string settings;
     const bool exists = zel::readFileWhole(file, settings) == zel::FileFault::None &&
                         settings.find_first_not_of("\r\n") != std::string::npos;

@@ -49,17 +49,18 @@ void findNewestLog(const zel::String& folder, SimulatorChecks& checks) {
 } // namespace
 
 bool holdsSimulator(const zel::String& folder) {
-    return !folder.empty() && zel::system::fileStatus(folder + "/data/startup.cfg").size > 0 &&
+    return !folder.empty() && zel::system::fileStatus(startupFileIn(folder)).size > 0 &&
            !zel::system::isDirectory(folder + "/bin/game");
 }
+
+zel::String startupFileIn(const zel::String& folder) { return folder + "/data/" + StartupName; }
 
 SimulatorChecks checkSimulatorIn(const zel::String& folder) {
     SimulatorChecks checks;
     if (folder.empty())
         return checks;
-    const zel::String settings = folder + "/data/startup.cfg";
     checks.isThere = holdsSimulator(folder);
-    checkTextLog(settings, checks);
+    checkTextLog(startupFileIn(folder), checks);
     checks.missionsFault = missionsFault(folder);
     findNewestLog(folder + "/data", checks);
     return checks;

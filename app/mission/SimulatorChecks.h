@@ -4,6 +4,9 @@
 #include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
+/// The simulator's settings, in its folder "data".
+constexpr const char* StartupName = "startup.cfg";
+
 enum class TextLog {
     On,
     Off,
@@ -31,3 +34,5 @@ SimulatorChecks checkSimulatorIn(const zel::String& folder);
 /// Whether that folder has the simulator: data/startup.cfg that isn't empty. The later simulators
 /// of the same make have such a file too, and their program elsewhere. False for an empty name.
 bool holdsSimulator(const zel::String& folder);
+/// data/startup.cfg of that folder.
+zel::String startupFileIn(const zel::String& folder);

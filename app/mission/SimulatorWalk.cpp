@@ -74,7 +74,7 @@ std::string contentOf(const zel::String& file) {
 
 /// Of this or of a later simulator: no other one is in its folder "data".
 bool hasStartup(const zel::String& folder) {
-    return zel::system::fileStatus(folder + "/data/startup.cfg").exists;
+    return zel::system::fileStatus(startupFileIn(folder)).exists;
 }
 
 /// Of a path with all links followed: "/", or under Wine that of a drive.

@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "app/mission/SimulatorChecks.h"
 #include "app/mission/SimulatorWording.h"
 #include "app/mission/TextLogLines.h"
 #include "engine/core/File.h"
@@ -66,7 +67,7 @@ TextLogSwitch switchTextLogOn(const zel::String& folder) {
 
 TextLogSwitch switchTextLogOn(const zel::String& folder, bool isSimulatorRunning) {
     TextLogSwitch result;
-    result.file = zel::system::absolutePath(folder + "/data/startup.cfg");
+    result.file = zel::system::absolutePath(startupFileIn(folder));
     result.outcome = isSimulatorRunning ? SwitchOutcome::SimulatorRuns : switchFile(result);
     if (result.outcome != SwitchOutcome::Done)
         result.backup = {};
