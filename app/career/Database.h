@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "app/career/Calendar.h"
@@ -27,8 +28,10 @@ constexpr int32_t NoSearch = -1;     // put off without a search
 /// The most that careerNumber can be.
 constexpr int32_t LastCareerNumber = 0x7FFF5037;
 
-/// Where the career is in the user's folder.
+/// Where the career that can be played is in the user's folder: its own folder and its save.
+constexpr const char* CurrentFolder = "Saves";
 constexpr const char* SaveFileName = "Saves/savegame_v03.wty";
+static_assert(std::string_view(SaveFileName).find(CurrentFolder) == 0);
 constexpr const char* BackupEnding = ".bak";      // after its name: the save before it
 constexpr const char* DamagedEnding = ".damaged"; // a damaged file that a save replaced
 

@@ -19,7 +19,7 @@
 
 namespace {
 
-void createSaveFolder() { zel::Directory::create(zel::getUserDirectory() + "Saves"); }
+void createSaveFolder() { zel::Directory::create(zel::getUserDirectory() + CurrentFolder); }
 
 void logSave(const zel::String& message, int32_t level = zel::LogWarning) {
     zel::log(message, "Database", level);
@@ -175,7 +175,7 @@ zel::String findSave(Database& career, const zel::String& name) {
         if (career.isReadOnly || !isWholeSave(career, draft) ||
             !zel::system::replaceFile(draft, zel::system::linkTarget(path)))
             continue;
-        zel::system::syncFolder(zel::getUserDirectory() + "Saves");
+        zel::system::syncFolder(zel::getUserDirectory() + CurrentFolder);
         logSave("File " + name + " was missing; " + draft + " is whole and takes its place");
         career.saveCheck.source = SaveSource::Draft;
         return name;

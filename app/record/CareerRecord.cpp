@@ -50,7 +50,7 @@ void CareerRecord::reopen(const Database& career, const char* newFolder) {
 
 zel::String CareerRecord::recordPath() const {
     const zel::String name =
-        folder != nullptr ? zel::String(folder) + "/record.db" : RecordFileName;
+        zel::String(folder != nullptr ? folder : CurrentFolder) + "/" + RecordFileName;
     return zel::system::absolutePath(zel::getUserDirectory() + name);
 }
 

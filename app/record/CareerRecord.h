@@ -12,8 +12,8 @@
 #include "app/record/Sqlite.h"
 #include "engine/core/String.h"
 
-/// Where the record is in the user's folder, beside the career.
-constexpr const char* RecordFileName = "Saves/record.db";
+/// The record's name in the career's folder.
+constexpr const char* RecordFileName = "record.db";
 
 /// The record of a career's war. Events are kept in memory and written with each save, in one
 /// transaction just before the save gets its name. Whatever happens to the record, the career goes
@@ -111,7 +111,7 @@ private:
 
     SqliteFile file;
     bool isCopy = false;          // in memory, of a file that another program needs
-    const char* folder = nullptr; // null for that of RecordFileName
+    const char* folder = nullptr; // null for CurrentFolder
     Storage storage = Storage::None;
     zel::String path; // of the file; until a save it may have another name than the record's
     RecordState inTheWay = RecordState::Missing; // of an unusable file under the record's name

@@ -12,9 +12,8 @@
 class CareerRecord;
 class Database;
 
-// Where careers are in the user's folder. Each is a folder with its save, its record and its pages,
-// and moves as a whole.
-constexpr const char* CurrentFolder = "Saves";            // of the one that can be played
+// Where careers are in the user's folder; the one that can be played is in CurrentFolder. Each is a
+// folder with its save, its record and its pages, and moves as a whole.
 constexpr const char* ShelfFolder = "Careers";            // of the others, as "0003 Erich Sommer"
 constexpr const char* PutAwayFolder = "Careers/Put away"; // of those that the player has put away
 

@@ -169,9 +169,7 @@ bool holdsSave(const zel::String& folder) {
 
 zel::String saveIn(const zel::String& folder) { return folder + "/" + nameOfFolder(SaveFileName); }
 
-zel::String recordIn(const zel::String& folder) {
-    return folder + "/" + nameOfFolder(RecordFileName);
-}
+zel::String recordIn(const zel::String& folder) { return folder + "/" + RecordFileName; }
 
 int32_t keptNumber(const zel::String& folder) { return readNumber(folder + NumberFile); }
 

@@ -198,7 +198,7 @@ void Doctor::switchLogOn() {
 }
 
 void Doctor::examineWriteAccess() {
-    const zel::FileFault own = folderFault(zel::getUserDirectory() + "Saves");
+    const zel::FileFault own = folderFault(zel::getUserDirectory() + CurrentFolder);
     if (own != zel::FileFault::None)
         complain(DoctorCheck::WriteAccess, wording::UserFolderLocked,
                  {printedName(zel::system::absolutePath(zel::getUserDirectory())) + ": " +
@@ -233,7 +233,7 @@ void Doctor::examineSave() {
 }
 
 void Doctor::examineRecord() {
-    const zel::String path = zel::getUserDirectory() + RecordFileName;
+    const zel::String path = zel::getUserDirectory() + CurrentFolder + "/" + RecordFileName;
     if (!zel::system::fileStatus(path).exists)
         return good(DoctorCheck::Record, wording::NoRecordYet);
     const SaveSummary save = summaryOf(saveFile());
