@@ -24,7 +24,7 @@ void setName(SquadronFile& file, std::string_view name) {
 
 void setName(PilotFile& file, std::string_view name) { zel::copyText(file.name, name); }
 
-void logFile(const zel::String& path, const char* fault) {
+void logFile(const zel::String& path, const zel::String& fault) {
     zel::log(path + ": " + fault, "Database", zel::LogWarning);
 }
 
@@ -60,7 +60,8 @@ private:
 
     void readLines(const DataFile& source) {
         if (source.name.size() > LongestRecordName)
-            logFile(source.path, "the name is cut to 63 characters");
+            logFile(source.path,
+                    "the name is cut to " + std::to_string(LongestRecordName) + " characters");
         zel::File file(source.path, zel::FileRead);
         if (file.hasFailed())
             logFile(source.path, "can't be read");
@@ -72,7 +73,8 @@ private:
             if (lineCount < LineReferenceCount)
                 records[source.record].lines[lineCount] = static_cast<int32_t>(dataLines.size());
             else if (lineCount == LineReferenceCount)
-                logFile(source.path, "only the first 256 lines are used");
+                logFile(source.path,
+                        zel::String("only the first ") + LineReferenceCount + " lines are used");
             ++lineCount;
             dataLines.push_back(blank<DataLine>());
             zel::copyText(dataLines.back().text, text);
@@ -80,7 +82,8 @@ private:
         if (file.fault() == zel::FileFault::DiskError)
             isBroken = true;
         if (hasLongLine)
-            logFile(source.path, "lines are cut to 255 characters");
+            logFile(source.path,
+                    "lines are cut to " + std::to_string(LongestDataLine) + " characters");
     }
 
     std::vector<Record>& records;

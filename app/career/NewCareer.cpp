@@ -6,6 +6,7 @@
 #include "app/career/Bases.h"
 #include "app/career/CareerLock.h"
 #include "app/career/CareerObserver.h"
+#include "app/career/DataFolders.h"
 #include "app/career/DataTables.h"
 #include "app/career/Database.h"
 #include "app/career/InvitationSchedule.h"
@@ -34,7 +35,7 @@ void makeHistoricalSquadron(Database& career, int32_t fileIndex) {
     const int32_t nation = nationOfKey(zel::arrayText(file.key));
     Squadron& made = career.squadron(addSquadron(career, nation));
     made.squadronFile = static_cast<int16_t>(fileIndex);
-    zel::copyText(made.key, zel::arrayText(file.key).substr(0, 11));
+    zel::copyText(made.key, zel::arrayText(file.key).substr(0, LongestSquadronKey));
 
     std::vector<DataToken> tokens;
     for (const int32_t line : file.lines) {

@@ -1,6 +1,7 @@
 #include "tools/datacheck/History.h"
 
 #include <algorithm>
+#include <string>
 
 #include "app/career/DataFolders.h"
 #include "app/career/Records.h"
@@ -89,8 +90,8 @@ HistoryLine readLine(const TextLine& text, const LinePlace& place) {
     line.number = text.number;
     const std::string_view view = text.text.view();
     if (view.size() > LongestDataLine)
-        place.report("the line has " + std::to_string(view.size()) +
-                         " characters, of which 255 are read",
+        place.report("the line has " + std::to_string(view.size()) + " characters, of which " +
+                         std::to_string(LongestDataLine) + " are read",
                      "shorten it");
     checkBlanks(view, place);
     std::vector<zel::String> tokens;
@@ -111,8 +112,9 @@ void readFile(const DataFile& file, HistoryRecord& record, Findings& findings) {
         record.lines.back().file = record.files.size() - 1;
         if (record.lines.size() == LineReferenceCount + 1)
             findings.emplace_back(file.path, text.number,
-                                  "\"" + file.name +
-                                      "\" has more than 256 lines, in both folders together",
+                                  "\"" + file.name + "\" has more than " +
+                                      std::to_string(LineReferenceCount) +
+                                      " lines, in both folders together",
                                   "this one and the following ones are not used");
     }
 }

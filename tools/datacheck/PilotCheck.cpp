@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <string>
 
 #include "app/career/DataFolders.h"
 #include "tools/common/PilotNames.h"
@@ -47,7 +48,9 @@ void checkUnit(const HistoryRecord& pilot, const HistoryLine& line,
     };
     const zel::String unit(line.unit);
     if (line.unit.size() > LongestSquadronKey)
-        report("unit=" + unit + " has more than 11 characters and matches no squadron", {});
+        report("unit=" + unit + " has more than " + std::to_string(LongestSquadronKey) +
+                   " characters and matches no squadron",
+               {});
     else if (std::none_of(squadrons.begin(), squadrons.end(),
                           [&](const HistoryRecord& squadron) { return squadron.name == unit; }))
         report("there is no squadron file for unit=" + unit, nearestSquadron(unit, squadrons));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <string>
 
 #include "app/career/Aircraft.h"
 #include "app/career/DataFolders.h"
@@ -58,8 +59,9 @@ void checkKey(const HistoryRecord& squadron, Findings& findings) {
     for (const zel::String& file : squadron.files) {
         if (squadron.name.view().size() > LongestSquadronKey)
             findings.emplace_back(file, 0,
-                                  "the file's name has more than 11 characters, and no pilot's "
-                                  "unit= would match it",
+                                  "the file's name has more than " +
+                                      std::to_string(LongestSquadronKey) +
+                                      " characters, and no pilot's unit= would match it",
                                   "name it by its six digits");
         else if (!isKey)
             findings.emplace_back(file, 0,
