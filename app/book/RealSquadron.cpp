@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/book/LogBook.h"
+#include "app/career/Calendar.h"
 #include "app/career/DataTokens.h"
 #include "app/career/Database.h"
 
@@ -78,8 +79,6 @@ std::vector<RealMember> bestOfTheFront(const BookTables& tables, int32_t since, 
 }
 
 } // namespace
-
-int32_t nextMonth(int32_t month) { return month % 100 == 12 ? month + 89 : month + 1; }
 
 int32_t RealMember::victories(int32_t since, int32_t end) const {
     const auto& days = ace->victoryDays;

@@ -49,5 +49,3 @@ std::vector<MonthScore> monthScores(const LogBook& book, const RealMen& men);
 
 /// The month of a date, yyyymm.
 constexpr int32_t monthOf(int32_t date) { return date / 100; }
-/// The month after, yyyymm.
-int32_t nextMonth(int32_t month);

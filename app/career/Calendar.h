@@ -4,6 +4,11 @@
 
 #include "engine/core/String.h"
 
+/// The month after, both as yyyymm.
+constexpr int32_t nextMonth(int32_t month) {
+    return month % 100 == 12 ? (month / 100 + 1) * 100 + 1 : month + 1;
+}
+
 /// A day of the Gregorian calendar from which days can be counted.
 ///
 /// A value: made from the career's date, moved, read back. It knows nothing of the war and

@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "app/career/Calendar.h"
+#include "app/career/CareerTexts.h"
 #include "app/career/Nation.h"
 #include "app/career/NewCareer.h"
 
@@ -14,6 +15,7 @@ namespace warstats {
 namespace {
 
 constexpr double NoBound = 1e9;
+constexpr int32_t LastMonthOfWar = FirstDayOfPeace / 100; // yyyymm, that of the Armistice
 constexpr size_t FigureWidth = 68;
 constexpr double Margin = 0.25; // of the best scores by nation
 constexpr const char* NationNames[NationCount] = {"French", "British", "American", "German"};
@@ -200,7 +202,7 @@ void Report::addMonths(const RealWarTables& real) {
     std::vector<double> lists;
     std::vector<double> all;
     std::vector<double> historic;
-    for (int32_t month = FirstMonthOfCareer; month <= 191811; month += month % 100 == 12 ? 89 : 1) {
+    for (int32_t month = FirstMonthOfCareer; month <= LastMonthOfWar; month = nextMonth(month)) {
         const DayCounts sum =
             meanSum(month * 100 + 1, month * 100 + Calendar::daysInMonth(month / 100, month % 100));
         const auto found = real.victories.find(month);

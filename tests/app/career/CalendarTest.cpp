@@ -12,6 +12,8 @@ int32_t moved(Calendar date, int32_t days) {
     return date.dateNumber();
 }
 
+static_assert(nextMonth(191511) == 191512 && nextMonth(191512) == 191601);
+
 TEST(Calendar, CrossesTheEndsOfMonthsAndYears) {
     EXPECT_EQ(moved({1917, 12, 31}, 1), 19180101);
     EXPECT_EQ(moved({1918, 1, 1}, -1), 19171231);
