@@ -5,6 +5,8 @@
 #include <iterator>
 
 #include "app/career/Calendar.h"
+#include "app/career/CareerRepair.h"
+#include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/career/NewCareer.h"
 #include "engine/core/System.h"
@@ -14,6 +16,10 @@
 #include "tools/career/Session.h"
 
 namespace {
+
+// A career can begin up to the month before the Armistice, and go on as long as it can be saved.
+constexpr int32_t LastMonthToBegin = FirstDayOfPeace / 100 - 1;  // yyyymm
+constexpr int32_t LastDayOfCareer = LastSaveYear * 10000 + 1231; // yyyymmdd
 
 struct ServiceName {
     std::string_view name;
@@ -127,7 +133,7 @@ std::string CommandReader::readStart(std::string_view command) {
     int32_t month = 0;
     const bool isDate = takeNumber(1915, 1918, year) && takeNumber(1, 12, month);
     const int32_t start = year * 100 + month;
-    if (!isDate || start < FirstMonthOfCareer || start > 191810)
+    if (!isDate || start < FirstMonthOfCareer || start > LastMonthToBegin)
         return std::string(command) + " wants a year and a month from 1915 12 to 1918 10";
     const bool begins = command == "new";
     beginsCareer = beginsCareer || begins;
@@ -140,7 +146,7 @@ std::string CommandReader::readStart(std::string_view command) {
 
 std::string CommandReader::readUntil(std::string_view /*command*/) {
     int32_t date = 0;
-    const bool isNumber = takeNumber(FirstDayOfCareer, 19191231, date);
+    const bool isNumber = takeNumber(FirstDayOfCareer, LastDayOfCareer, date);
     const int32_t month = date / 100 % 100;
     const int32_t day = date % 100;
     if (!isNumber || day < 1 || day > Calendar::daysInMonth(date / 10000, month))
