@@ -12,7 +12,7 @@ namespace datacheck {
 namespace {
 
 // After the name of an ace the log has "/" and his victories.
-static_assert(tools::LongestPilotName + 4 == LongestLoggedName);
+static_assert(tools::LongestAceName + 4 == LongestLoggedName);
 
 constexpr const char* NationsWithNames[] = {"France", "England", "Germany", "USA"};
 
@@ -57,11 +57,11 @@ void checkNameLists(const zel::String& dataFolder, Findings& findings) {
         const LongestName first = checkList(start + "_1st.txt", findings);
         const LongestName last = checkList(start + "_2nd.txt", findings);
         const zel::String whole = first.line.text + " " + last.line.text;
-        if (whole.view().size() > tools::LongestPilotName)
+        if (whole.view().size() > tools::LongestAceName)
             findings.emplace_back(first.file, first.line.number,
                                   whole + " has " + whole.length() +
                                       " characters, of which the simulator keeps " +
-                                      static_cast<int32_t>(tools::LongestPilotName),
+                                      static_cast<int32_t>(tools::LongestAceName),
                                   "remove the longest names");
     }
 }

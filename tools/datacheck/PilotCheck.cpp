@@ -19,11 +19,11 @@ constexpr int32_t HighestPotential = 255;
 void checkPilotName(const HistoryRecord& pilot, Findings& findings) {
     for (const zel::String& file : pilot.files) {
         tools::Finding finding = checkName(pilot.name, file, 0);
-        if (pilot.name.view().size() > tools::LongestPilotName)
+        if (pilot.name.view().size() > tools::LongestAceName)
             finding = {file, 0,
                        zel::String("the name has ") + pilot.name.length() +
                            " characters, of which the simulator keeps " +
-                           static_cast<int32_t>(tools::LongestPilotName),
+                           static_cast<int32_t>(tools::LongestAceName),
                        "shorten a first name to its initial"};
         if (!finding.message.empty())
             findings.push_back(std::move(finding));

@@ -87,7 +87,7 @@ bool isPilotName(const std::string& name) {
     const auto isAllowed = [](char character) {
         return isLetter(character) || std::string_view(" .'-").find(character) != std::string::npos;
     };
-    return !name.empty() && name.size() <= tools::LongestPilotName && isLetter(name.front()) &&
+    return !name.empty() && name.size() <= tools::LongestAceName && isLetter(name.front()) &&
            name.find("  ") == std::string::npos && std::all_of(name.begin(), name.end(), isAllowed);
 }
 
@@ -154,7 +154,7 @@ Aces readAces(CsvTable& table) {
         const std::string& name = row.fields[0];
         if (!isPilotName(name))
             table.report(row.line, quoted(name) + " can't be a pilot's name",
-                         "write at most " + std::to_string(tools::LongestPilotName) +
+                         "write at most " + std::to_string(tools::LongestAceName) +
                              " letters, blanks, points, apostrophes and hyphens");
         if (!isNation(row.fields[1]))
             table.report(row.line, "there is no nation " + quoted(row.fields[1]));
