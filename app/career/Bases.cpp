@@ -78,8 +78,8 @@ void putOn(Squadron& squadron, const Airfield& airfield, bool onChannelMap) {
 /// Whether the player's squadron is on the Channel map, by his preferences and what they leave
 /// open.
 bool isOnChannelForPlayer(bool otherwise) {
-    const bool western = zel::Registry::isOn("mapWestern");
-    const bool channel = zel::Registry::isOn("mapChannel");
+    const bool western = zel::Registry::isOn(WesternMapKey);
+    const bool channel = zel::Registry::isOn(ChannelMapKey);
     return western && channel ? otherwise : channel;
 }
 
@@ -140,8 +140,8 @@ void moveToBase(Database& career, int32_t squadron, const zel::String& name) {
 
 void keepPlayerOnAllowedMap(Database& career) {
     const Squadron& squadron = career.playerSquadron();
-    const bool western = zel::Registry::isOn("mapWestern");
-    const bool channel = zel::Registry::isOn("mapChannel");
+    const bool western = zel::Registry::isOn(WesternMapKey);
+    const bool channel = zel::Registry::isOn(ChannelMapKey);
     if (squadron.onChannelMap == 0 ? !western && channel : !channel)
         assignBase(career, career.player().squadron, isAllied(squadron.nation), false);
 }

@@ -7,6 +7,11 @@
 class Database;
 struct Squadron;
 
+// The player's preferences for the maps that he may be based on, both on at first. With both off he
+// stays on the Western Front.
+constexpr const char* WesternMapKey = "mapWestern";
+constexpr const char* ChannelMapKey = "mapChannel";
+
 /// Gives a squadron one of its side's airfields. If the Channel map may be drawn, one squadron in
 /// five goes there. The player's squadron stays on a map that his preferences allow. Draws from
 /// the engine's shared generator. An index out of range changes and draws nothing.
