@@ -11,6 +11,22 @@
 namespace {
 
 constexpr float Spacing = 100.0F; // metres between two planes of a group
+// Half the distance between the groups, in metres.
+constexpr float LeastSpread = 1000.0F;
+constexpr float MostSpread = 2000.0F;
+// A group's height in metres: the fixed part above the fight's centre, and what a draw adds.
+constexpr float GroupHeight = 100.0F;
+constexpr float LeastHeightDraw = -250.0F;
+constexpr float MostHeightDraw = 350.0F;
+// Headings in degrees, from north to the east: the groups head for each other, but for this much.
+constexpr float Eastward = 90.0F;
+constexpr float Westward = 270.0F;
+constexpr float MostHeadingOff = 10.0F;
+
+// The level that somebody but the first plane must reach, by the number of planes.
+constexpr int32_t WantedLevel = 2;
+constexpr int32_t WantedLevelOfMany = 3;
+constexpr size_t ManyPlanes = 4;
 
 /// Where a side's group starts, in metres. Each plane is north of the one before it.
 struct GroupPlacing {
@@ -122,13 +138,13 @@ std::vector<zel::String> planeLines(const EmittedPlane& plane) {
 
 /// Both groups around the fight's centre, facing each other.
 Placing drawPlacing(float x, float y, float z, zel::Random& random) {
-    const float spread = random.getFloat(1000, 2000); // half the distance between the groups
-    const float heightA = random.getFloat(-250, 350);
-    const float heightG = random.getFloat(-250, 350);
-    const float headingA = random.getFloat(-10, 10);
-    const float headingG = random.getFloat(-10, 10);
-    return {{x, y + 100 + heightA, z - spread, headingA + 90},
-            {x, y + 100 + heightG, z + spread, headingG + 270}};
+    const float spread = random.getFloat(LeastSpread, MostSpread);
+    const float heightA = random.getFloat(LeastHeightDraw, MostHeightDraw);
+    const float heightG = random.getFloat(LeastHeightDraw, MostHeightDraw);
+    const float headingA = random.getFloat(-MostHeadingOff, MostHeadingOff);
+    const float headingG = random.getFloat(-MostHeadingOff, MostHeadingOff);
+    return {{x, y + GroupHeight + heightA, z - spread, headingA + Eastward},
+            {x, y + GroupHeight + heightG, z + spread, headingG + Westward}};
 }
 
 /// The skin if the simulator can hold its name, otherwise none.
@@ -171,7 +187,7 @@ EmittedPlane emittedPlane(const Database& career, const PlannedPlane& planned,
 } // namespace
 
 std::vector<int32_t> planeLevels(const std::vector<PlannedPlane>& plan) {
-    const int32_t wanted = plan.size() > 3 ? 3 : 2;
+    const int32_t wanted = plan.size() >= ManyPlanes ? WantedLevelOfMany : WantedLevel;
     std::vector<int32_t> levels(plan.size(), 0);
     for (int32_t more = 0; plan.size() > 1; ++more) {
         for (size_t i = 1; i < plan.size(); ++i)
