@@ -9,6 +9,9 @@ namespace {
 // for those that are missing. The delivered data has more files than SquadronsOfWar, so its careers
 // have no generated squadrons, and the rule changes nothing there.
 constexpr int32_t MonthsBeforeWar = 22980; // year * 12 + month of December 1914
+constexpr int32_t MonthsOfStep = 3;
+constexpr int32_t AlliedSquadronsOfStep = 5; // of France and of England each
+constexpr int32_t GermanSquadronsOfStep = 10;
 
 /// Places in the counts of active squadrons; -1 for a nation that isn't counted.
 enum CountedNation : int32_t { CountedFrance, CountedEngland, CountedUsa, CountedGermany, Counted };
@@ -44,8 +47,9 @@ void activateSquadrons(Database& career, const Calendar& date) {
 
     const int32_t months = date.getYear() * 12 + date.getMonth() - MonthsBeforeWar;
     int32_t targets[Counted] = {};
-    targets[CountedFrance] = targets[CountedEngland] = 5 * months / 3;
-    targets[CountedGermany] = 10 * months / 3;
+    targets[CountedFrance] = targets[CountedEngland] =
+        AlliedSquadronsOfStep * months / MonthsOfStep;
+    targets[CountedGermany] = GermanSquadronsOfStep * months / MonthsOfStep;
     for (Squadron& squadron : career.squadrons) {
         const int32_t nation = countedNation(squadron.nation);
         if (squadron.squadronFile >= 0 || nation < 0 || counts[nation] >= targets[nation])
