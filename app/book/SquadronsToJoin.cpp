@@ -61,8 +61,15 @@ void forEachEntry(const Database& career, const int32_t (&lines)[LineReferenceCo
     }
 }
 
-/// The score of a pilot who isn't in the table of aces, by his level in the data files.
-int32_t victoriesOfLevel(int32_t level) { return level == 1 ? 20 : level == 2 ? 10 : 5; }
+// The score of a pilot who isn't in the table of aces, by his acelevel in the data files: the least
+// that has the level.
+constexpr int32_t VictoriesOfLevel1 = 20;
+constexpr int32_t VictoriesOfLevel2 = 10;
+constexpr int32_t VictoriesOfOthers = 5;
+
+int32_t victoriesOfLevel(int32_t level) {
+    return level == 1 ? VictoriesOfLevel1 : level == 2 ? VictoriesOfLevel2 : VictoriesOfOthers;
+}
 
 struct KnownPilot {
     int32_t victories = 0;
