@@ -13,6 +13,17 @@ constexpr int32_t TriesForType = 100;
 constexpr int32_t MostVacantDraws = 10;
 constexpr int32_t MostAttempts = 10000; // after this many tries planning fails
 
+// Planes a side, and how often another number than the usual one is drawn: once in so many draws.
+constexpr int32_t LeastPlanes = 2;
+constexpr int32_t MostPlanes = 4;
+constexpr int32_t LeastUpTo1916 = 1;
+constexpr int32_t MostUpTo1916 = 2;
+constexpr int32_t MoreUpTo1916 = 3;
+constexpr int32_t DrawsForMoreUpTo1916 = 3;
+constexpr int32_t DrawsForDuelIn1917 = 12;
+constexpr int32_t LargerLeastIn1918 = 3;
+constexpr int32_t DrawsForLargerIn1918 = 2;
+
 bool isOfSide(int32_t nation, bool allied) {
     return isAllied(nation) == allied && !belongsToNobody(nation);
 }
@@ -154,16 +165,18 @@ int32_t PlanDraw::drawSquadron(bool allied, bool isPlayers, zel::String* alliedT
 
 GroupSizes PlanDraw::drawGroupSizes() {
     for (int32_t attempt = 0; attempt < MostAttempts; ++attempt) {
-        int32_t least = 2;
-        int32_t most = 4;
+        int32_t least = LeastPlanes;
+        int32_t most = MostPlanes;
         if (career.year <= 1916) {
-            least = 1;
-            most = random.getInt(0, 2) == 2 ? 3 : 2;
+            const int32_t last = DrawsForMoreUpTo1916 - 1;
+            least = LeastUpTo1916;
+            most = random.getInt(0, last) == last ? MoreUpTo1916 : MostUpTo1916;
         } else if (career.year == 1917) {
-            if (random.getInt(0, 11) == 0)
+            if (random.getInt(0, DrawsForDuelIn1917 - 1) == 0)
                 return {1, 1};
         } else if (career.year == 1918) {
-            least = random.getInt(0, 1) == 0 ? 2 : 3;
+            if (random.getInt(0, DrawsForLargerIn1918 - 1) != 0)
+                least = LargerLeastIn1918;
         }
         const int32_t german = random.getInt(least, most);
         const int32_t allied = random.getInt(least, most);
