@@ -7,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/Diary.h"
 #include "app/book/LogBook.h"
 #include "app/book/PilotRecord.h"
@@ -224,24 +225,28 @@ struct BookPage {
 constexpr BookPage BookPages[] = {
     {"log book of a war",
      [](const ReadWar& war) {
-         benchmark::DoNotOptimize(readLogBook(*war.tables, war.career()).victories);
+         benchmark::DoNotOptimize(
+             readLogBook(*war.tables, war.career(), BookTables::instance()).victories);
      },
      rowsOfLogBook},
     {"diary at the end of a war",
      [](const ReadWar& war) {
-         benchmark::DoNotOptimize(readDiary(*war.tables, war.career()).until);
+         benchmark::DoNotOptimize(
+             readDiary(*war.tables, war.career(), BookTables::instance()).until);
      },
      rowsOfDiary},
     {"record of service of a war",
      [](const ReadWar& war) {
          benchmark::DoNotOptimize(
-             readPilot(*war.tables, war.career(), war.career().playerPilot).until);
+             readPilot(*war.tables, war.career(), BookTables::instance(), war.career().playerPilot)
+                 .until);
      },
      rowsOfService},
     {"page of the best ace of a war",
      [](const ReadWar& war) {
          static PilotRows rows; // of the first time, and of all after it
-         benchmark::DoNotOptimize(readPilot(*war.tables, war.career(), war.ace, &rows).until);
+         benchmark::DoNotOptimize(
+             readPilot(*war.tables, war.career(), BookTables::instance(), war.ace, &rows).until);
      },
      rowsOfPilot},
 };
@@ -276,7 +281,7 @@ void webPages(benchmark::State& state) {
     static const ReadWar war(FlightsOfWebPage);
     for (auto unused : state) {
         static_cast<void>(unused);
-        const WebPage page = webPageOf(*war.tables, war.career());
+        const WebPage page = webPageOf(*war.tables, war.career(), BookTables::instance());
         if (page.html.empty())
             state.SkipWithError(page.problem.c_str());
     }

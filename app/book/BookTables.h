@@ -87,7 +87,8 @@ class BookTables {
 public:
     /// folder: with a separator at its end.
     explicit BookTables(const zel::String& folder);
-    /// Those of the program, read from Data at the first call.
+    /// Those of the program, read from Data at the first call. Only the screens and the command
+    /// line call it; they pass the tables on.
     static const BookTables& instance();
 
     /// The ace of that name; null for none.

@@ -160,24 +160,25 @@ Succession successionAfter(SqliteFile& record, const Database& career, int32_t p
 
 /// The successor with his title: today's player if the record names no successor. Empty if nobody
 /// has come.
-zel::String successorTitle(SqliteFile& record, const Database& career, int32_t fallen,
-                           const Succession& known) {
+zel::String successorTitle(SqliteFile& record, const Database& career, const BookTables& tables,
+                           int32_t fallen, const Succession& known) {
     const bool isFollowed = fallen != career.playerPilot && career.player().alive != 0;
     if (known.successor < 0 && !isFollowed)
         return {};
-    const PilotRecord next =
-        readPilot(record, career, known.successor < 0 ? career.playerPilot : known.successor);
+    const PilotRecord next = readPilot(record, career, tables,
+                                       known.successor < 0 ? career.playerPilot : known.successor);
     return titleOf(known.successor < 0 ? next.honours : honoursOn(next.honours, known.date),
                    next.name);
 }
 
 } // namespace
 
-Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pilot) {
+Condolence condolenceFor(SqliteFile& record, const Database& career, const BookTables& tables,
+                         int32_t pilot) {
     Condolence letter;
     if (!career.isPilot(pilot))
         return letter;
-    const PilotRecord fallen = readPilot(record, career, pilot);
+    const PilotRecord fallen = readPilot(record, career, tables, pilot);
     const Succession succession = successionAfter(record, career, pilot);
     std::optional<RecordedFlight> lastFlight;
     if (const int32_t number = lastFlightOf(record, pilot); number > 0)
@@ -191,7 +192,7 @@ Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pil
     const zel::String unit = nameOfUnit(career, fallen.squadron);
     letter.sender =
         unit.empty() ? textOf(wording::LetterSenderAlone) : textOf(wording::LetterSender, {unit});
-    const zel::String successor = successorTitle(record, career, pilot, succession);
+    const zel::String successor = successorTitle(record, career, tables, pilot, succession);
     letter.hasSuccessor = !successor.empty();
     if (letter.hasSuccessor)
         letter.successor = textOf(wording::HasReported, {successor});

@@ -4,6 +4,7 @@
 
 #include "engine/core/String.h"
 
+class BookTables;
 class Database;
 class SqliteFile;
 
@@ -21,7 +22,8 @@ struct Condolence {
 
 /// The letter about that pilot of the career. On error: what the career knows by itself, and the
 /// file has failed.
-Condolence condolenceFor(SqliteFile& record, const Database& career, int32_t pilot);
+Condolence condolenceFor(SqliteFile& record, const Database& career, const BookTables& tables,
+                         int32_t pilot);
 
 /// The last of the player's pilots to fall, if his successor hasn't flown yet; -1 for nobody.
 int32_t lastFallen(SqliteFile& record, const Database& career);

@@ -51,8 +51,8 @@ void sortByWeight(std::vector<DiaryLine>& lines, size_t most) {
 /// A period's rows have the day on which it ended, a flight's that of the flight.
 class DiaryReader {
 public:
-    DiaryReader(SqliteFile& record, const Database& career, Diary& diary)
-        : record(record), career(career), diary(diary) {}
+    DiaryReader(SqliteFile& record, const Database& career, const BookTables& tables, Diary& diary)
+        : record(record), career(career), tables(tables), diary(diary) {}
 
     void read() {
         readFlight();
@@ -206,7 +206,7 @@ private:
             add(DiarySign::None, OwnWeight - 2, own, woundText(injury));
         if (own != career.playerPilot)
             return;
-        const PilotRecord player = readPilot(record, career, own);
+        const PilotRecord player = readPilot(record, career, tables, own);
         const auto isNew = [&](int32_t date) { return date > diary.from && date <= diary.until; };
         for (const RankGiven& one : player.honours.promotions())
             if (isNew(one.date) && one.date > player.since)
@@ -219,7 +219,7 @@ private:
     }
 
     zel::String titleOfPilot(int32_t pilot, const zel::String& name) {
-        return titleOf(readPilot(record, career, pilot).honours, name);
+        return titleOf(readPilot(record, career, tables, pilot).honours, name);
     }
 
     void addScore(int32_t victor) {
@@ -311,6 +311,7 @@ private:
 
     SqliteFile& record;
     const Database& career;
+    const BookTables& tables;
     Diary& diary;
     int32_t flight = 0;              // number of the last one; 0 for none
     int32_t squadron = -1, own = -1; // the player's squadron and pilot of that day
@@ -324,12 +325,12 @@ private:
 
 } // namespace
 
-Diary readDiary(SqliteFile& record, const Database& career) {
+Diary readDiary(SqliteFile& record, const Database& career, const BookTables& tables) {
     Diary diary;
     if (!career.hasCareer())
         return diary;
-    DiaryReader(record, career, diary).read();
-    diary.real = realWar(BookTables::instance(), diary.from, diary.until);
+    DiaryReader(record, career, tables, diary).read();
+    diary.real = realWar(tables, diary.from, diary.until);
     diary.war = readWarPart(record, career);
     if (record.failed()) {
         diary.from = diary.until = career.calendar().dateNumber();

@@ -6,6 +6,7 @@
 #include "app/book/WarPart.h"
 #include "engine/core/String.h"
 
+class BookTables;
 class Database;
 class SqliteFile;
 
@@ -34,4 +35,4 @@ struct Diary {
 
 /// On error: a line saying that the record can't be read, and the real war's lines; the file has
 /// failed.
-Diary readDiary(SqliteFile& record, const Database& career);
+Diary readDiary(SqliteFile& record, const Database& career, const BookTables& tables);

@@ -69,7 +69,7 @@ Branch branchOfUnit(int32_t number);
 /// decoration that is worn a day. So whatever a period of the war brings follows from its own days
 /// alone. A rank takes its months of service, half of them with twice its victories, double with
 /// fewer victories.
-Honours honoursOf(const PilotService& service, const BookTables& tables = BookTables::instance());
+Honours honoursOf(const PilotService& service, const BookTables& tables);
 
 /// "Captain Edward Harcourt DSO MC", and with the short rank "Capt Edward Harcourt DSO MC"; the
 /// name alone without a rank.

@@ -160,18 +160,19 @@ void addTotals(LogBook& book, const Database& career) {
 }
 
 /// Of those who fell, and with what rank their successors began.
-void addTitles(LogBook& book, SqliteFile& record, const Database& career) {
+void addTitles(LogBook& book, SqliteFile& record, const Database& career,
+               const BookTables& tables) {
     for (size_t i = 0; i < book.flights.size(); ++i) {
         BookFlight& flight = book.flights[i];
         if (!flight.isDead)
             continue;
         const bool isLast = i + 1 == book.flights.size();
         flight.pilotTitle =
-            titleOf(readPilot(record, career, flight.pilot).honours, flight.pilotName);
+            titleOf(readPilot(record, career, tables, flight.pilot).honours, flight.pilotName);
         const int32_t next = isLast ? career.playerPilot : book.flights[i + 1].pilot;
         if (next == flight.pilot || !career.isPilot(next))
             continue;
-        Honours first = readPilot(record, career, next).honours;
+        Honours first = readPilot(record, career, tables, next).honours;
         first.ranks.resize(std::min<size_t>(first.ranks.size(), 1));
         first.awards.clear();
         flight.successor = zel::arrayText(career.pilot(next).name);
@@ -204,7 +205,7 @@ int32_t LogBook::months() const {
     return static_cast<int32_t>(std::lround((days + 1) / DaysPerMonth));
 }
 
-LogBook readLogBook(SqliteFile& record, const Database& career) {
+LogBook readLogBook(SqliteFile& record, const Database& career, const BookTables& tables) {
     LogBook book;
     BookReader(record).read(book);
     if (record.failed()) {
@@ -213,6 +214,6 @@ LogBook readLogBook(SqliteFile& record, const Database& career) {
         return book;
     }
     addTotals(book, career);
-    addTitles(book, record, career);
+    addTitles(book, record, career, tables);
     return book;
 }

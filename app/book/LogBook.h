@@ -5,6 +5,7 @@
 
 #include "engine/core/String.h"
 
+class BookTables;
 class Database;
 class SqliteFile;
 
@@ -62,4 +63,4 @@ struct LogBook {
 
 /// Reads the record, as CareerRecord::read gives it. On error: an empty book that is unreadable,
 /// and the file has failed.
-LogBook readLogBook(SqliteFile& record, const Database& career);
+LogBook readLogBook(SqliteFile& record, const Database& career, const BookTables& tables);

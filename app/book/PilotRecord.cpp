@@ -20,8 +20,9 @@ namespace {
 /// indexes.
 class PilotReader {
 public:
-    PilotReader(SqliteFile& record, const Database& career, PilotRows& rows, PilotRecord& pilot)
-        : record(record), career(career), rows(rows), pilot(pilot) {}
+    PilotReader(SqliteFile& record, const Database& career, const BookTables& tables,
+                PilotRows& rows, PilotRecord& pilot)
+        : record(record), career(career), tables(tables), rows(rows), pilot(pilot) {}
 
     void read(bool mayGather) {
         const ReadLock lock(record);
@@ -36,7 +37,7 @@ public:
         addUnrecorded(record, saved, pilot.served);
         pilot.flown =
             pilot.served.hasFlights ? int32_t(pilot.served.flights.size()) : pilot.missions;
-        pilot.honours = honoursOf(pilot.served);
+        pilot.honours = honoursOf(pilot.served, tables);
     }
 
 private:
@@ -222,6 +223,7 @@ private:
 
     SqliteFile& record;
     const Database& career;
+    const BookTables& tables;
     PilotRows& rows;
     PilotRecord& pilot;
     int64_t arrival = 0; // its row; 0 if it isn't in the record
@@ -229,7 +231,8 @@ private:
 
 } // namespace
 
-PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index, PilotRows* rows) {
+PilotRecord readPilot(SqliteFile& record, const Database& career, const BookTables& tables,
+                      int32_t index, PilotRows* rows) {
     PilotRecord pilot;
     if (!career.isPilot(index))
         return pilot;
@@ -243,9 +246,10 @@ PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index,
     pilot.missions = saved.missions;
     pilot.victoryCount = saved.shotdowns;
     if (saved.historic != 0)
-        pilot.real = BookTables::instance().ace(pilot.name);
+        pilot.real = tables.ace(pilot.name);
     PilotRows none;
-    PilotReader(record, career, rows != nullptr ? *rows : none, pilot).read(rows != nullptr);
+    PilotReader(record, career, tables, rows != nullptr ? *rows : none, pilot)
+        .read(rows != nullptr);
     if (record.failed()) {
         pilot.isUnreadable = true;
         pilot.flown = saved.missions;

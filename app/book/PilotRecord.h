@@ -63,8 +63,8 @@ struct PilotRecord {
 /// of others by the rows of pilots, which are gathered first. Without those the time of his service
 /// is searched, which takes long. On error: what the save has of him, without rank and decorations,
 /// and the file has failed.
-PilotRecord readPilot(SqliteFile& record, const Database& career, int32_t index,
-                      PilotRows* rows = nullptr);
+PilotRecord readPilot(SqliteFile& record, const Database& career, const BookTables& tables,
+                      int32_t index, PilotRows* rows = nullptr);
 
 /// How often each machine is among the victories, the most frequent first.
 struct MachineCount;

@@ -5,7 +5,7 @@
 #include "app/record/Sqlite.h"
 #include "engine/core/System.h"
 
-Honours savedHonours(const zel::String& record, const SaveSummary& save) {
+Honours savedHonours(const zel::String& record, const SaveSummary& save, const BookTables& tables) {
     SqliteFile file;
     if (!save.isReadable || !zel::system::fileStatus(record).exists ||
         !file.open(record, SqliteFile::ReadOnly) ||
@@ -24,5 +24,5 @@ Honours savedHonours(const zel::String& record, const SaveSummary& save) {
     PilotService service = readService(file, pilot);
     if (service.since != 0)
         addUnrecorded(file, pilot, service);
-    return file.failed() || service.since == 0 ? Honours() : honoursOf(service);
+    return file.failed() || service.since == 0 ? Honours() : honoursOf(service, tables);
 }

@@ -9,4 +9,4 @@ struct SaveSummary;
 /// that a whole drawer opens at once. A record that is ahead of the save counts up to the save's
 /// day. None if the record is missing, can't be read or is another career's.
 /// record: the path of its file.
-Honours savedHonours(const zel::String& record, const SaveSummary& save);
+Honours savedHonours(const zel::String& record, const SaveSummary& save, const BookTables& tables);

@@ -76,11 +76,12 @@ struct KnownPilot {
     zel::String name;
 };
 
-std::map<std::string, KnownPilot> knownPilots(const Database& career, const MonthSpan& month) {
+std::map<std::string, KnownPilot> knownPilots(const Database& career, const BookTables& tables,
+                                              const MonthSpan& month) {
     std::map<std::string, KnownPilot> known; // by the key of the squadron
     for (const PilotFile& file : career.pilotFiles) {
         const zel::String name(zel::arrayText(file.name));
-        const RealAce* ace = BookTables::instance().ace(name);
+        const RealAce* ace = tables.ace(name);
         forEachEntry(career, file.lines, [&](const Entry& entry) {
             if (entry.unit.empty() || !entry.isIn(month))
                 return;
@@ -137,12 +138,12 @@ zel::String listColumn(const zel::String& text, size_t letters) {
 
 } // namespace
 
-std::vector<SquadronToJoin> squadronsToJoin(const Database& career, int32_t service, int32_t year,
-                                            int32_t month) {
+std::vector<SquadronToJoin> squadronsToJoin(const Database& career, const BookTables& tables,
+                                            int32_t service, int32_t year, int32_t month) {
     const int32_t nation = nationOfService(service);
     const MonthSpan asked(year, month);
     const std::vector<const char*> drawable = planesDrawable(nation, year, month);
-    const std::map<std::string, KnownPilot> known = knownPilots(career, asked);
+    const std::map<std::string, KnownPilot> known = knownPilots(career, tables, asked);
     std::vector<SquadronToJoin> squadrons;
     for (int32_t i = 0; i < career.squadronFileCount(); ++i) {
         const SquadronFile& file = career.squadronFile(i);

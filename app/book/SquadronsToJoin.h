@@ -5,6 +5,7 @@
 
 #include "engine/core/String.h"
 
+class BookTables;
 class Database;
 
 /// A squadron in which a career can begin.
@@ -19,8 +20,8 @@ struct SquadronToJoin {
 /// The squadrons of the service that fly in the month, by their keys. Left out is what has no name,
 /// and what flies only types that the player has switched off. Reads the career's data files and
 /// draws nothing.
-std::vector<SquadronToJoin> squadronsToJoin(const Database& career, int32_t service, int32_t year,
-                                            int32_t month);
+std::vector<SquadronToJoin> squadronsToJoin(const Database& career, const BookTables& tables,
+                                            int32_t service, int32_t year, int32_t month);
 
 /// Columns of a list, with the blank after them.
 constexpr size_t SquadronLetters = 22;

@@ -16,7 +16,7 @@ constexpr size_t NameLetters = 31;
 constexpr size_t VictoryColumn = 4;
 constexpr size_t MissionLetters = RollLetters - PlaceLetters - 1 - NameLetters - VictoryColumn;
 
-StandingRow rowOf(const Database& career, int32_t index, size_t place) {
+StandingRow rowOf(const Database& career, const BookTables& tables, int32_t index, size_t place) {
     const Pilot& pilot = career.pilot(index);
     StandingRow row;
     row.pilot = index;
@@ -27,7 +27,7 @@ StandingRow rowOf(const Database& career, int32_t index, size_t place) {
     row.isOwn = index == career.playerPilot;
     row.isAlive = pilot.alive != 0;
     if (pilot.historic != 0)
-        row.real = BookTables::instance().ace(row.name);
+        row.real = tables.ace(row.name);
     return row;
 }
 
@@ -45,25 +45,25 @@ zel::String atRight(const zel::String& text, size_t letters) {
 
 } // namespace
 
-std::vector<StandingRow> rosterRows(const Database& career) {
+std::vector<StandingRow> rosterRows(const Database& career, const BookTables& tables) {
     std::vector<StandingRow> rows;
     for (const int32_t pilot : career.squadronRoster(career.player().squadron))
-        rows.push_back(rowOf(career, pilot, rows.size() + 1));
+        rows.push_back(rowOf(career, tables, pilot, rows.size() + 1));
     return rows;
 }
 
-std::vector<StandingRow> aceRows(const Database& career, size_t most) {
+std::vector<StandingRow> aceRows(const Database& career, const BookTables& tables, size_t most) {
     std::vector<StandingRow> rows;
     for (const int32_t pilot : bestPilots(career.pilots, most))
         if (career.pilot(pilot).shotdowns >= AceShotdowns)
-            rows.push_back(rowOf(career, pilot, rows.size() + 1));
+            rows.push_back(rowOf(career, tables, pilot, rows.size() + 1));
     return rows;
 }
 
-StandingRow standingOf(const Database& career, int32_t index) {
+StandingRow standingOf(const Database& career, const BookTables& tables, int32_t index) {
     const Pilot& own = career.pilot(index);
     if (own.shotdowns == 0)
-        return rowOf(career, index, 0);
+        return rowOf(career, tables, index, 0);
     size_t better = 0;
     for (int32_t i = 0; i < career.pilotCount(); ++i) {
         const Pilot& other = career.pilots[size_t(i)];
@@ -73,7 +73,7 @@ StandingRow standingOf(const Database& career, int32_t index) {
                                                                : i < index;
         better += isBetter ? 1 : 0;
     }
-    return rowOf(career, index, better + 1);
+    return rowOf(career, tables, index, better + 1);
 }
 
 zel::String markedName(const StandingRow& row) { return marked(row, row.name); }

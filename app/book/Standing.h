@@ -21,12 +21,12 @@ struct StandingRow {
 };
 
 /// The player's squadron, the best first.
-std::vector<StandingRow> rosterRows(const Database& career);
+std::vector<StandingRow> rosterRows(const Database& career, const BookTables& tables);
 /// The best of the war, living and dead, as far as they have five victories; at most `most`.
-std::vector<StandingRow> aceRows(const Database& career, size_t most);
+std::vector<StandingRow> aceRows(const Database& career, const BookTables& tables, size_t most);
 /// A pilot among all those of the war; without a victory he has no place.
 /// REQUIRES: career.isPilot(index)
-StandingRow standingOf(const Database& career, int32_t index);
+StandingRow standingOf(const Database& career, const BookTables& tables, int32_t index);
 
 // The rows as text, in the language in use. The examples are the English ones.
 

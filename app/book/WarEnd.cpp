@@ -16,18 +16,18 @@ namespace {
 /// Reads it part by part.
 class EndReader {
 public:
-    EndReader(SqliteFile& record, const Database& career, WarEnd& end)
-        : record(record), career(career), end(end) {}
+    EndReader(SqliteFile& record, const Database& career, const BookTables& tables, WarEnd& end)
+        : record(record), career(career), tables(tables), end(end) {}
 
     void read() {
         int32_t own = career.playerPilot;
         if (const int32_t fallen = lastFallen(record, career); fallen >= 0)
             own = fallen;
-        end.pilot = readPilot(record, career, own);
+        end.pilot = readPilot(record, career, tables, own);
         fillBoard(own);
         readPredecessors(own);
         readComrades();
-        const auto& aces = BookTables::instance().aces;
+        const auto& aces = tables.aces;
         const auto best =
             std::max_element(aces.begin(), aces.end(), [](const RealAce& a, const RealAce& b) {
                 return a.victories < b.victories;
@@ -68,10 +68,10 @@ private:
     }
 
     void fillBoard(int32_t own) {
-        StandingRow standing = standingOf(career, own);
+        StandingRow standing = standingOf(career, tables, own);
         standing.isOwn = true;
         end.place = standing.place;
-        end.board = aceRows(career, BoardRows);
+        end.board = aceRows(career, tables, BoardRows);
         for (StandingRow& row : end.board)
             row.isOwn = row.pilot == own;
         if (standing.place == 0 || standing.place <= int32_t(end.board.size()))
@@ -84,6 +84,7 @@ private:
 
     SqliteFile& record;
     const Database& career;
+    const BookTables& tables;
     WarEnd& end;
 };
 
@@ -119,10 +120,10 @@ zel::String predecessorsText(const WarEnd& end, NamedFallen named) {
 
 } // namespace
 
-WarEnd readWarEnd(SqliteFile& record, const Database& career) {
+WarEnd readWarEnd(SqliteFile& record, const Database& career, const BookTables& tables) {
     WarEnd end;
     if (career.hasCareer())
-        EndReader(record, career, end).read();
+        EndReader(record, career, tables, end).read();
     return end;
 }
 

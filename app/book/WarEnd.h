@@ -21,7 +21,7 @@ struct WarEnd {
 constexpr size_t BoardRows = 11;
 
 /// On error: what the career knows by itself, and the file has failed.
-WarEnd readWarEnd(SqliteFile& record, const Database& career);
+WarEnd readWarEnd(SqliteFile& record, const Database& career, const BookTables& tables);
 
 // Its texts, in the language in use.
 

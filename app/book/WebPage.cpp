@@ -45,10 +45,11 @@ zel::String dayTextOf(int32_t date) { return bookDate(Calendar::ofNumber(date));
 /// The page's data, part by part.
 class PageData {
 public:
-    PageData(SqliteFile& record, const Database& career, const LogBook& book)
+    PageData(SqliteFile& record, const Database& career, const BookTables& tables,
+             const LogBook& book)
         : record(record), career(career), book(book),
-          pilot(readPilot(record, career, book.flights.back().pilot)),
-          men(realMen(book, career, BookTables::instance())), months(monthScores(book, men)) {}
+          pilot(readPilot(record, career, tables, book.flights.back().pilot)),
+          men(realMen(book, career, tables)), months(monthScores(book, men)) {}
 
     data make() {
         addHeads();
@@ -303,12 +304,12 @@ WebPage failure(const zel::String& problem, const Wording& reason) {
 
 } // namespace
 
-WebPage webPageOf(SqliteFile& record, const Database& career) {
+WebPage webPageOf(SqliteFile& record, const Database& career, const BookTables& tables) {
     const auto unreadable = [&] {
         return failure("The record of the war can't be read: " + record.problem(),
                        wording::RecordUnreadable);
     };
-    const LogBook book = readLogBook(record, career);
+    const LogBook book = readLogBook(record, career, tables);
     if (record.failed())
         return unreadable();
     if (book.flights.empty())
@@ -321,7 +322,7 @@ WebPage webPageOf(SqliteFile& record, const Database& career) {
     if (!page.is_valid())
         return failure(zel::String("The page's template is wrong: ") + page.error_message(),
                        wording::WrongTemplate);
-    data values = PageData(record, career, book).make();
+    data values = PageData(record, career, tables, book).make();
     if (record.failed())
         return unreadable();
     return {page.render(values), {}, {}};

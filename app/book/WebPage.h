@@ -4,6 +4,7 @@
 
 #include "engine/core/String.h"
 
+class BookTables;
 class Database;
 class SqliteFile;
 
@@ -14,4 +15,4 @@ struct WebPage {
     zel::String problem; // why, in English; empty if there is none
     zel::String reason;  // the same as a short sentence in the language in use
 };
-WebPage webPageOf(SqliteFile& record, const Database& career);
+WebPage webPageOf(SqliteFile& record, const Database& career, const BookTables& tables);

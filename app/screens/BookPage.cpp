@@ -1,5 +1,6 @@
 #include "app/screens/BookPage.h"
 
+#include "app/book/BookTables.h"
 #include "app/book/WebPage.h"
 #include "app/record/CareerRecord.h"
 #include "app/screens/ScreenWording.h"
@@ -17,7 +18,7 @@ constexpr const char* WebPageFile = "logbook.html";
 
 zel::String writeBookPage(CareerRecord& record, const Database& career) {
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + WebPageFile);
-    const WebPage page = webPageOf(record.read(career), career);
+    const WebPage page = webPageOf(record.read(career), career, BookTables::instance());
     if (page.html.empty()) {
         zel::log(page.problem, "BookPage", zel::LogWarning);
         return textOf(wording::PageNotWritten, {page.reason});

@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "app/book/BookTables.h"
 #include "app/book/Citation.h"
 #include "app/book/LogBookText.h"
 #include "app/book/SavedHonours.h"
@@ -79,7 +80,7 @@ zel::String bookTitle(const LogBookOfCareer& book) {
 }
 
 zel::String pageTitle(const LogBookOfCareer& book, const SaveSummary& page) {
-    return cardTitle(savedHonours(recordIn(book.folder), page), page.pilot);
+    return cardTitle(savedHonours(recordIn(book.folder), page, BookTables::instance()), page.pilot);
 }
 
 zel::String spineText(const LogBookOfCareer& book) {

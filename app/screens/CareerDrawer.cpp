@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/book/BookTables.h"
 #include "app/book/SavedHonours.h"
 #include "app/career/Database.h"
 #include "app/record/ShelfFolders.h"
@@ -12,7 +13,8 @@ void CareerDrawer::read() {
     books.clear();
     for (const ShelvedCareer& one : shelf.careers())
         if (!one.isPutAway)
-            books.push_back({one, savedHonours(recordIn(one.folder), one.summary)});
+            books.push_back(
+                {one, savedHonours(recordIn(one.folder), one.summary, BookTables::instance())});
     const auto same = std::find_if(books.begin(), books.end(), [&](const LogBookOfCareer& book) {
         return book.number == number;
     });

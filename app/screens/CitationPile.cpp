@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/book/BookTables.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
 #include "app/record/CareerRecord.h"
@@ -11,7 +12,8 @@
 void CitationPile::gather(const Database& career, int32_t newlyFallen) {
     const bool isSame = careerNumber == career.careerNumber && pilot == career.playerPilot;
     const int32_t today = career.calendar().dateNumber();
-    const PilotRecord player = readPilot(record.read(career), career, career.playerPilot);
+    const PilotRecord player =
+        readPilot(record.read(career), career, BookTables::instance(), career.playerPilot);
     const int32_t lastFlight = player.flights.empty() ? player.since : player.flights.back();
     const int32_t shown = isSame && date <= today ? date : 0;
     waiting.clear();
@@ -41,7 +43,8 @@ void CitationPile::translate(const Database& career) {
     if (language == zel::Language::getCode())
         return;
     language = zel::Language::getCode();
-    const PilotRecord player = readPilot(record.read(career), career, pilot);
+    const PilotRecord player =
+        readPilot(record.read(career), career, BookTables::instance(), pilot);
     const std::vector<Citation> all = citationsAfter(player, givenAfter);
     if (all.size() >= waiting.size())
         waiting.assign(all.end() - std::ptrdiff_t(waiting.size()), all.end());

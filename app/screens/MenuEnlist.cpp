@@ -1,5 +1,6 @@
 #include "app/screens/MenuEnlist.h"
 
+#include "app/book/BookTables.h"
 #include "app/book/EnlistmentWording.h"
 #include "app/career/Bases.h"
 #include "app/career/Database.h"
@@ -35,7 +36,8 @@ void MenuEnlist::beginForm(Database& career) {
         return; // MenuNewCareer begins none without it
     names.seed(career.careerSeed());
     form.name = zel::arrayText(career.player().name);
-    form.squadrons = squadronsToJoin(career, service, getGlobalString("startYear").toInt(),
+    form.squadrons = squadronsToJoin(career, BookTables::instance(), service,
+                                     getGlobalString("startYear").toInt(),
                                      getGlobalString("startMonth").toInt());
 }
 

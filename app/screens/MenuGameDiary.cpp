@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "app/book/BookTables.h"
 #include "app/book/DiaryText.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
@@ -41,7 +42,7 @@ void MenuGameDiary::onEnter() {
     if (career == nullptr)
         return;
     SqliteFile& tables = record.read(*career);
-    diary = readDiary(tables, *career);
+    diary = readDiary(tables, *career, BookTables::instance());
     if (tables.failed())
         zel::log("The diary lacks what the record of the war has: " + tables.problem(), "Book",
                  zel::LogWarning);

@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameFallen.h"
 
+#include "app/book/BookTables.h"
 #include "app/book/Condolence.h"
 #include "app/career/Calendar.h"
 #include "app/career/CareerTexts.h"
@@ -29,7 +30,7 @@ void MenuGameFallen::onEnter() {
         return;
     fallen = fallenPilot(*career);
     SqliteFile& tables = record.read(*career);
-    const Condolence letter = condolenceFor(tables, *career, fallen);
+    const Condolence letter = condolenceFor(tables, *career, BookTables::instance(), fallen);
     if (tables.failed())
         zel::log("The letter lacks what the record of the war has: " + tables.problem(), "Book",
                  zel::LogWarning);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/book/BookTables.h"
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
 #include "app/book/PilotRecord.h"
@@ -59,7 +60,7 @@ void MenuGameLogbook::readBook() {
     if (career == nullptr)
         return;
     SqliteFile& tables = record.read(*career);
-    book = readLogBook(tables, *career);
+    book = readLogBook(tables, *career, BookTables::instance());
     if (tables.failed())
         zel::log("The log book can't be read: " + tables.problem(), "MenuGameLogbook",
                  zel::LogWarning);
@@ -68,7 +69,7 @@ void MenuGameLogbook::readBook() {
         if (book.endsPilot(i))
             lines.push_back({i, true});
     }
-    showName(readPilot(tables, *career, career->playerPilot));
+    showName(readPilot(tables, *career, BookTables::instance(), career->playerPilot));
     setText("totalLeft", book.isUnreadable ? zel::String() : flightsText(book));
     setText("totalRight", book.isUnreadable ? zel::String() : victoriesText(book, TotalLetters));
 }

@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameMain.h"
 
+#include "app/book/BookTables.h"
 #include "app/book/Condolence.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/WarPart.h"
@@ -40,7 +41,8 @@ void MenuGameMain::onEntered() {
 
 void MenuGameMain::showPilot(const Database& career) {
     SqliteFile& tables = record.read(career);
-    const PilotRecord player = readPilot(tables, career, career.playerPilot);
+    const PilotRecord player =
+        readPilot(tables, career, BookTables::instance(), career.playerPilot);
     const zel::String title = titleOf(player.honours, player.name);
     // In a later run the record knows it, and it is news until he has flown.
     const int32_t fallen = predecessor >= 0 || !player.flights.empty()

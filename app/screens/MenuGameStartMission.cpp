@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameStartMission.h"
 
+#include "app/book/BookTables.h"
 #include "app/book/LogBookText.h"
 #include "app/book/OrdersText.h"
 #include "app/book/OrdersWording.h"
@@ -91,7 +92,8 @@ void MenuGameStartMission::showRoster(const Database& career, const DailyMission
     for (const PlannedPlane& plane : today.planes)
         entries.push_back({initialName(plane.name, NameLetters), plane.type, plane.shotdowns});
     if (!entries.empty()) {
-        const PilotRecord own = readPilot(record.read(career), career, career.playerPilot);
+        const PilotRecord own =
+            readPilot(record.read(career), career, BookTables::instance(), career.playerPilot);
         entries.front().name = rosterName(own, NameLetters);
     }
     if (menu != nullptr)

@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameTopAces.h"
 
+#include "app/book/BookTables.h"
 #include "app/career/Database.h"
 #include "app/screens/PilotPages.h"
 #include "engine/graphics/Text.h"
@@ -20,7 +21,8 @@ MenuGameTopAces::MenuGameTopAces(PilotPages& pages)
 
 void MenuGameTopAces::onEnter() {
     const Database* career = runningCareer();
-    aces = career != nullptr ? aceRows(*career, Aces) : std::vector<StandingRow>();
+    aces = career != nullptr ? aceRows(*career, BookTables::instance(), Aces)
+                             : std::vector<StandingRow>();
     rows.resize(*menu, aces.size());
     for (size_t i = 0; i < aces.size(); ++i)
         showAce(*career, i);
@@ -55,7 +57,7 @@ void MenuGameTopAces::showAce(const Database& career, size_t index) {
 }
 
 void MenuGameTopAces::showOwn(const Database& career) {
-    const StandingRow own = standingOf(career, career.playerPilot);
+    const StandingRow own = standingOf(career, BookTables::instance(), career.playerPilot);
     setText(OwnRow, placeText(own));
     setText("pilot.ownVictories", own.victories);
     setText("pilot.ownMissions", own.missions);

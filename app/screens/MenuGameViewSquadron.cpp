@@ -1,5 +1,6 @@
 #include "app/screens/MenuGameViewSquadron.h"
 
+#include "app/book/BookTables.h"
 #include "app/career/Database.h"
 #include "app/screens/PilotPages.h"
 #include "engine/menu/widgets/Widget.h"
@@ -15,7 +16,8 @@ MenuGameViewSquadron::MenuGameViewSquadron(PilotPages& pages)
 
 void MenuGameViewSquadron::onEnter() {
     const Database* career = runningCareer();
-    roster = career != nullptr ? rosterRows(*career) : std::vector<StandingRow>();
+    roster = career != nullptr ? rosterRows(*career, BookTables::instance())
+                               : std::vector<StandingRow>();
     rows.resize(*menu, roster.size());
     const int32_t back = pages.takeReturn("MenuGameViewSquadron");
     for (size_t i = 0; i < roster.size(); ++i) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/book/BookTables.h"
 #include "app/book/LogBookText.h"
 #include "app/book/WarEndWording.h"
 #include "app/career/Calendar.h"
@@ -34,7 +35,7 @@ void MenuGameWarOver::onEnter() {
     if (career == nullptr)
         return;
     SqliteFile& tables = record.read(*career);
-    const WarEnd end = readWarEnd(tables, *career);
+    const WarEnd end = readWarEnd(tables, *career, BookTables::instance());
     if (tables.failed())
         zel::log("The end of the war lacks what the record of the war has: " + tables.problem(),
                  "Book", zel::LogWarning);

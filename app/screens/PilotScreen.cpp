@@ -1,5 +1,6 @@
 #include "app/screens/PilotScreen.h"
 
+#include "app/book/BookTables.h"
 #include "app/book/ServiceText.h"
 #include "app/career/Database.h"
 #include "app/career/Nation.h"
@@ -22,7 +23,7 @@ const char* portraitOf(int32_t nation) {
 
 PilotRecord PilotScreen::showPilot(const Database& career, int32_t pilot) {
     SqliteFile& tables = record.read(career);
-    PilotRecord read = readPilot(tables, career, pilot, &pages.rows);
+    PilotRecord read = readPilot(tables, career, BookTables::instance(), pilot, &pages.rows);
     if (tables.failed())
         zel::log("The page of a pilot lacks what the record of the war has: " + tables.problem(),
                  "Book", zel::LogWarning);

@@ -10,38 +10,43 @@
 #include "app/record/Sqlite.h"
 #include "tools/career/SessionWording.h"
 
-std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career) {
-    return logBookLines(readLogBook(record, career));
+std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career,
+                                     const BookTables& tables) {
+    return logBookLines(readLogBook(record, career, tables));
 }
 
-std::vector<zel::String> diaryPage(SqliteFile& record, const Database& career) {
-    return diaryLines(readDiary(record, career));
+std::vector<zel::String> diaryPage(SqliteFile& record, const Database& career,
+                                   const BookTables& tables) {
+    return diaryLines(readDiary(record, career, tables));
 }
 
-std::vector<zel::String> serviceRecord(SqliteFile& record, const Database& career) {
-    return serviceLines(readPilot(record, career, career.playerPilot), career);
+std::vector<zel::String> serviceRecord(SqliteFile& record, const Database& career,
+                                       const BookTables& tables) {
+    return serviceLines(readPilot(record, career, tables, career.playerPilot), career);
 }
 
-std::vector<zel::String> letterPage(SqliteFile& record, const Database& career) {
+std::vector<zel::String> letterPage(SqliteFile& record, const Database& career,
+                                    const BookTables& tables) {
     const int32_t fallen = career.player().alive == 0
                                ? career.playerPilot
                                : predecessorOf(record, career, career.playerPilot);
     if (fallen < 0)
         return {textOf(record.number("SELECT count(*) FROM gap") > 0 ? wording::FallIsUnknown
                                                                      : wording::NobodyFell)};
-    return condolenceLines(condolenceFor(record, career, fallen));
+    return condolenceLines(condolenceFor(record, career, tables, fallen));
 }
 
-std::vector<zel::String> endPage(SqliteFile& record, const Database& career) {
+std::vector<zel::String> endPage(SqliteFile& record, const Database& career,
+                                 const BookTables& tables) {
     if (!isWarOver(career))
         return {textOf(wording::WarGoesOn)};
-    return warEndLines(readWarEnd(record, career));
+    return warEndLines(readWarEnd(record, career, tables));
 }
 
 std::vector<zel::String> pilotPage(SqliteFile& record, const Database& career,
-                                   std::string_view name) {
+                                   const BookTables& tables, std::string_view name) {
     const std::vector<int32_t> found = pilotsNamed(career, name);
     if (found.size() == 1)
-        return pilotLines(readPilot(record, career, found.front()), career);
+        return pilotLines(readPilot(record, career, tables, found.front()), career);
     return severalPilots(career, found);
 }

@@ -25,7 +25,8 @@ zel::String nameProblem(const NameCheck& check) {
     return {};
 }
 
-zel::String createCareer(Database& career, const CareerStart& start, Enlistment& enlistment) {
+zel::String createCareer(Database& career, const BookTables& tables, const CareerStart& start,
+                         Enlistment& enlistment) {
     career.createCareer(start.service);
     if (!career.hasCareer())
         return career.hasBrokenHistory
@@ -39,7 +40,7 @@ zel::String createCareer(Database& career, const CareerStart& start, Enlistment&
     }
     if (!start.squadron)
         return {};
-    const auto squadrons = squadronsToJoin(career, start.service, start.year, start.month);
+    const auto squadrons = squadronsToJoin(career, tables, start.service, start.year, start.month);
     const auto chosen =
         std::find_if(squadrons.begin(), squadrons.end(), [&](const SquadronToJoin& squadron) {
             return squadron.key == *start.squadron;
@@ -51,14 +52,15 @@ zel::String createCareer(Database& career, const CareerStart& start, Enlistment&
     return {};
 }
 
-std::vector<zel::String> squadronsOf(Database& career, const CareerStart& start) {
+std::vector<zel::String> squadronsOf(Database& career, const BookTables& tables,
+                                     const CareerStart& start) {
     auto squadronFiles = std::exchange(career.squadronFiles, {});
     auto pilotFiles = std::exchange(career.pilotFiles, {});
     auto dataLines = std::exchange(career.dataLines, {});
     const bool wasBroken = career.hasBrokenHistory;
     readDataFiles(career);
     std::vector<zel::String> lines =
-        squadronLines(squadronsToJoin(career, start.service, start.year, start.month));
+        squadronLines(squadronsToJoin(career, tables, start.service, start.year, start.month));
     career.squadronFiles = std::move(squadronFiles);
     career.pilotFiles = std::move(pilotFiles);
     career.dataLines = std::move(dataLines);

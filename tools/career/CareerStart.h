@@ -7,6 +7,7 @@
 #include "app/war/Enlistment.h"
 #include "engine/core/String.h"
 
+class BookTables;
 class Database;
 
 /// What the commands on a career's beginning ask for.
@@ -22,7 +23,9 @@ struct CareerStart {
 zel::String nameProblem(const NameCheck& check);
 /// Creates the career of that start, and returns in `enlistment` how to begin its service. Empty if
 /// it worked; on error the reason, in English, and a career that must not be used.
-zel::String createCareer(Database& career, const CareerStart& start, Enlistment& enlistment);
+zel::String createCareer(Database& career, const BookTables& tables, const CareerStart& start,
+                         Enlistment& enlistment);
 /// A line for each squadron that can be chosen: its key, name, type and known pilot. Reads the data
 /// files again and leaves the career as it is.
-std::vector<zel::String> squadronsOf(Database& career, const CareerStart& start);
+std::vector<zel::String> squadronsOf(Database& career, const BookTables& tables,
+                                     const CareerStart& start);

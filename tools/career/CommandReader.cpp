@@ -198,8 +198,8 @@ std::string CommandReader::readPilot(std::string_view /*command*/) {
     const zel::String name = typedName(words[next++]);
     add([=](Session& session) {
         return session.showBook(
-            [&](SqliteFile& record, const Database& career) {
-                return pilotPage(record, career, name.view());
+            [&](SqliteFile& record, const Database& career, const BookTables& tables) {
+                return pilotPage(record, career, tables, name.view());
             },
             "No pilot of this war is called " + name);
     });

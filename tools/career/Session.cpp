@@ -20,7 +20,6 @@
 #include "engine/core/UserDirectory.h"
 #include "engine/core/WholeFile.h"
 #include "standin/StandIn.h"
-#include "tools/career/RecordLines.h"
 #include "tools/career/ReportLines.h"
 #include "tools/career/SessionWording.h"
 #include "tools/common/Print.h"
@@ -82,7 +81,8 @@ bool Session::needRecord() {
 
 bool Session::newCareer(const CareerStart& start) {
     Enlistment enlistment;
-    if (const zel::String why = createCareer(career, start, enlistment); !why.empty())
+    if (const zel::String why = createCareer(career, BookTables::instance(), start, enlistment);
+        !why.empty())
         return fail(why);
     say(serviceText(start.service));
     say(startDateText(start.year, start.month));
@@ -330,7 +330,8 @@ bool Session::writeFile(const zel::String& file, bool isPage) {
     if (belongsToCareer(file))
         return fail(file + " belongs to a career");
     SqliteFile& tables = record.read(career);
-    const WebPage made = isPage ? webPageOf(tables, career) : WebPage{recordAsJson(tables), {}, {}};
+    const WebPage made = isPage ? webPageOf(tables, career, BookTables::instance())
+                                : WebPage{recordAsJson(tables), {}, {}};
     if (made.html.empty())
         return fail(isPage ? made.problem
                            : "The record of the war can't be read: " + tables.problem());

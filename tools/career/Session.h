@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "app/book/BookTables.h"
 #include "app/career/CareerLock.h"
 #include "app/career/Database.h"
 #include "app/career/Wording.h"
@@ -33,7 +34,9 @@ public:
     /// Creates a career and fights the war up to its start. It isn't saved yet.
     bool newCareer(const CareerStart& start);
     /// The squadrons in which a career of that start can begin.
-    bool squadrons(const CareerStart& start) { return sayAll(squadronsOf(career, start)); }
+    bool squadrons(const CareerStart& start) {
+        return sayAll(squadronsOf(career, BookTables::instance(), start));
+    }
     bool load();
     bool save();
     bool status();
@@ -52,11 +55,13 @@ public:
     bool flights();
     /// The combat report of that flight, the last one for 0, with its reasons.
     bool why(int32_t number);
-    using BookLines = std::function<std::vector<zel::String>(SqliteFile&, const Database&)>;
+    using BookLines =
+        std::function<std::vector<zel::String>(SqliteFile&, const Database&, const BookTables&)>;
     /// Prints the lines that the function reads from the record, or that there are none. If `fault`
     /// is given, having none is that error.
     bool showBook(const BookLines& linesOf, const zel::String& fault = {}) {
-        return sayRecord([&](SqliteFile& t) { return linesOf(t, career); }, fault);
+        return sayRecord([&](SqliteFile& t) { return linesOf(t, career, BookTables::instance()); },
+                         fault);
     }
     /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
     /// one.

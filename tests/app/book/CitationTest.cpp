@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/career/Nation.h"
 #include "engine/core/Language.h"
 
@@ -19,7 +20,7 @@ TEST(CitationTest, BringsWhatWasGivenAfterADay) {
         service.victories.push_back(19171100 + day);
     service.flights = service.victories;
     pilot.served = service;
-    pilot.honours = honoursOf(service);
+    pilot.honours = honoursOf(service, BookTables::instance());
 
     std::string all;
     for (const Citation& one : citationsAfter(pilot, 0))
@@ -48,14 +49,14 @@ TEST(CitationTest, CountsWithoutVictoriesAndInTheDative) {
     pilot.served = {France, pilot.since, 19170601, {}, {}, {}};
     for (int32_t day = 1; day <= 28; ++day)
         pilot.served.flights.push_back(19170200 + day);
-    pilot.honours = honoursOf(pilot.served);
+    pilot.honours = honoursOf(pilot.served, BookTables::instance());
     ASSERT_FALSE(citationsAfter(pilot, 0).empty());
     EXPECT_STREQ(citationsAfter(pilot, 0)[0].text.c_str(),
                  "Cited in the order of the army: in 25 flights always ready to attack.");
     pilot.nation = pilot.served.nation = Germany;
     for (int32_t day = 1; day <= 12; ++day)
         pilot.served.victories.push_back(19170200 + day);
-    pilot.honours = honoursOf(pilot.served);
+    pilot.honours = honoursOf(pilot.served, BookTables::instance());
     ASSERT_TRUE(zel::Language::load("de"));
     const std::vector<Citation> letters = citationsAfter(pilot, 0);
     EXPECT_NE(letters.back().text.view().find(" Fl\374gen"), std::string_view::npos)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/WarEnd.h"
 #include "app/career/CareerTexts.h"
 #include "tests/app/book/HandMadeRecord.h"
@@ -59,7 +60,8 @@ TEST(CondolenceTest, SaysHowHeFell) {
         if (one.shooter > -2)
             Fallen::addEvent(*record.flight, FlightEventKind::Hit, 60, one.shooter, 0);
         record.succeed();
-        const Condolence letter = condolenceFor(record.tables(), record.career, Fallen::Player);
+        const Condolence letter =
+            condolenceFor(record.tables(), record.career, BookTables::instance(), Fallen::Player);
         const std::string text = letter.text.c_str();
         EXPECT_NE(text.find(one.text), std::string::npos) << text;
         EXPECT_EQ(text.find("in deep sorrow"), 0U) << "a German's";
@@ -75,18 +77,23 @@ TEST(CondolenceTest, KnowsWhetherSomebodyFollows) {
     Fallen record;
     SqliteFile& tables = record.tables();
     EXPECT_EQ(lastFallen(tables, record.career), Fallen::Player);
-    EXPECT_FALSE(condolenceFor(tables, record.career, Fallen::Player).hasSuccessor) << "not yet";
+    EXPECT_FALSE(
+        condolenceFor(tables, record.career, BookTables::instance(), Fallen::Player).hasSuccessor)
+        << "not yet";
     Fallen later;
     later.career.pilots[Fallen::Player].shotdowns = 7;
     later.succeed();
     SqliteFile& followed = later.tables();
     EXPECT_EQ(lastFallen(followed, later.career), Fallen::Player);
-    const Condolence letter = condolenceFor(followed, later.career, Fallen::Player);
+    const Condolence letter =
+        condolenceFor(followed, later.career, BookTables::instance(), Fallen::Player);
     EXPECT_TRUE(letter.hasSuccessor);
     EXPECT_NE(std::string(letter.text.c_str()).find("In one flight he won 7 victories."),
               std::string::npos);
     setDate(later.career, 1918, 11, 11);
-    EXPECT_EQ(condolenceFor(followed, later.career, Fallen::Player).successor, letter.successor)
+    EXPECT_EQ(
+        condolenceFor(followed, later.career, BookTables::instance(), Fallen::Player).successor,
+        letter.successor)
         << "as on that day";
     later.career.pilots[Fallen::Successor].missions = 1;
     EXPECT_EQ(lastFallen(followed, later.career), -1) << "he flies";
@@ -99,14 +106,16 @@ TEST(CondolenceTest, KnowsOnlyWhatTheRecordHas) {
     record.flight->reports[0].dead = 0;
     record.succeed();
     SqliteFile& tables = record.tables();
-    const Condolence letter = condolenceFor(tables, record.career, Fallen::Player);
+    const Condolence letter =
+        condolenceFor(tables, record.career, BookTables::instance(), Fallen::Player);
     EXPECT_EQ(letter.date, 19170930) << "of the posting";
     const std::string text = letter.text.c_str();
     EXPECT_NE(text.find("from his last flight. It was"), std::string::npos) << text;
     record.career.player().alive = 0;
     setDate(record.career, 1918, 11, 11);
-    EXPECT_EQ(condolenceFor(tables, record.career, Fallen::Successor).successor,
-              "The war is over. Nobody takes his place.");
+    EXPECT_EQ(
+        condolenceFor(tables, record.career, BookTables::instance(), Fallen::Successor).successor,
+        "The war is over. Nobody takes his place.");
 }
 
 // The board in every state: among the first, below them, without a victory, after a fall.
@@ -128,7 +137,7 @@ TEST(WarEndTest, PutsThePlayerOnTheBoard) {
         record.career.pilots[Fallen::Successor].shotdowns = uint16_t(victories);
         squadronOf(record.career, Germany, {40, 38, 36, 34, 32, 30, 28, 26, 24, 8, 8, 8});
         setDate(record.career, 1918, 11, 11);
-        const WarEnd end = readWarEnd(record.tables(), record.career);
+        const WarEnd end = readWarEnd(record.tables(), record.career, BookTables::instance());
         ASSERT_EQ(end.board.size(), rows) << victories;
         EXPECT_EQ(end.board.back().place, place) << victories;
         EXPECT_EQ(end.board.back().isOwn, isOwn) << victories;
@@ -142,7 +151,8 @@ TEST(WarEndTest, PutsThePlayerOnTheBoard) {
     }
     Fallen last;
     last.succeed();
-    EXPECT_EQ(readWarEnd(last.tables(), last.career).pilot.pilot, Fallen::Player);
+    EXPECT_EQ(readWarEnd(last.tables(), last.career, BookTables::instance()).pilot.pilot,
+              Fallen::Player);
 }
 
 } // namespace

@@ -66,7 +66,7 @@ struct DiaryTest : testing::Test {
     void post(const Posting& posting, int32_t squadron = 0, int32_t date = 19170930) {
         record.events.postings.push_back({date, posting, squadron});
     }
-    Diary read() { return readDiary(record.tables(), record.career); }
+    Diary read() { return readDiary(record.tables(), record.career, BookTables::instance()); }
 
     HandMadeRecord record;
 };
@@ -143,9 +143,11 @@ TEST_F(DiaryTest, NamesWhoBroughtThemDown) {
     EXPECT_EQ(lines[0],
               "Your pilot Leutnant Erich Sommer fell to anti-aircraft fire, with 7 victories.");
     EXPECT_EQ(lines[1], "Karl Bauer fell. He had 3 victories.");
-    EXPECT_STREQ(readPilot(record.file, record.career, Player).postings.back().other.c_str(),
+    EXPECT_STREQ(readPilot(record.file, record.career, BookTables::instance(), Player)
+                     .postings.back()
+                     .other.c_str(),
                  "anti-aircraft fire");
-    const LogBook book = readLogBook(record.file, record.career);
+    const LogBook book = readLogBook(record.file, record.career, BookTables::instance());
     EXPECT_FALSE(book.flights[0].isShotDown);
     EXPECT_TRUE(book.flights[1].isShotDown);
 }
@@ -154,11 +156,11 @@ TEST_F(DiaryTest, NamesWhoBroughtThemDown) {
 TEST_F(DiaryTest, SaysThatTheRecordCannotBeRead) {
     fly(false);
     record.tables().run("DROP TABLE victory");
-    const Diary diary = readDiary(record.file, record.career);
+    const Diary diary = readDiary(record.file, record.career, BookTables::instance());
     EXPECT_TRUE(record.file.failed());
     EXPECT_EQ(texts(diary.squadron), Texts{"The record of the war can't be read."});
     EXPECT_TRUE(diary.front.empty() && !diary.real.empty());
-    const PilotRecord pilot = readPilot(record.file, record.career, Player);
+    const PilotRecord pilot = readPilot(record.file, record.career, BookTables::instance(), Player);
     EXPECT_STREQ(titleOf(pilot.honours, pilot.name).c_str(), "Erich Sommer");
     EXPECT_EQ(pilot.victoryCount, 7);
 }

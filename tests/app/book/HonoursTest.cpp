@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/CsvFile.h"
 #include "app/career/Calendar.h"
 #include "app/career/Nation.h"
@@ -86,7 +87,7 @@ const ServiceCase Cases[] = {
 
 TEST(HonoursTest, FollowFromTheDaysOfAService) {
     for (const auto& [what, service, honours, title, shortTitle] : Cases) {
-        const Honours given = honoursOf(service);
+        const Honours given = honoursOf(service, BookTables::instance());
         EXPECT_EQ(shown(given), honours) << what;
         if (*title != '\0') {
             EXPECT_STREQ(titleOf(given, "A. B").c_str(), title) << what;
@@ -103,7 +104,8 @@ TEST(HonoursTest, AnotherBranchPromotesNobody) {
                                      {{19170401, Branch::Army}, {19170501, Branch::Navy}},
                                      {},
                                      {},
-                                     false});
+                                     false},
+                                    BookTables::instance());
     EXPECT_EQ(shown(given), "19170401 Second Lieutenant; 19170502 Flight Sub-Lieutenant; ");
     EXPECT_TRUE(given.promotions().empty());
 }
@@ -117,11 +119,11 @@ TEST(HonoursTest, NeverChangeWhatWasGiven) {
                              {{19171001, Branch::Navy}, {19180115, Branch::Army}},
                              every(9, 19171005, 40),
                              every(4, 19171001, 90)};
-        const std::string whole = shown(honoursOf(service)).c_str();
-        const Honours last = honoursOf(service);
+        const std::string whole = shown(honoursOf(service, BookTables::instance())).c_str();
+        const Honours last = honoursOf(service, BookTables::instance());
         for (Calendar day(1917, 10, 1); day.dateNumber() < 19181111; day.addDays(5)) {
             service.until = day.dateNumber();
-            const Honours then = honoursOf(service);
+            const Honours then = honoursOf(service, BookTables::instance());
             ASSERT_LE(then.ranks.size(), last.ranks.size());
             ASSERT_LE(then.awards.size(), last.awards.size());
             for (size_t i = 0; i < then.ranks.size(); ++i)

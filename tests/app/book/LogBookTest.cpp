@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/LogBookText.h"
 #include "app/career/Aircraft.h"
 #include "engine/core/Language.h"
@@ -58,7 +59,7 @@ TEST_F(LogBookTest, HasARowForEachFlight) {
     FlownMission& fourth = record.addFlight(19170925, {Heydt, Hall});
     record.credit(fourth, 0, 1);
     fourth.reports[0].flightStatus = 1;
-    const LogBook book = readLogBook(record.tables(), record.career);
+    const LogBook book = readLogBook(record.tables(), record.career, BookTables::instance());
     ASSERT_EQ(book.flights.size(), 4U) << record.file.problem().c_str();
     EXPECT_EQ(row(book.flights[0]),
               "  1|9 Apr 17|Douai|Albatros D.III|alone|nobody met|Left in the air|   2");
@@ -80,14 +81,14 @@ TEST_F(LogBookTest, HasARowForEachFlight) {
 
 TEST_F(LogBookTest, IsEmptyWithoutFlightsOrWithoutARecord) {
     const std::vector<zel::String> lines =
-        logBookLines(readLogBook(record.tables(), record.career));
+        logBookLines(readLogBook(record.tables(), record.career, BookTables::instance()));
     ASSERT_EQ(lines.size(), 4U);
     EXPECT_EQ(lines[1], "No flight yet");
     EXPECT_EQ(lines[2], "0 flights");
     SqliteFile nothing;
-    EXPECT_TRUE(readLogBook(nothing, record.career).flights.empty());
+    EXPECT_TRUE(readLogBook(nothing, record.career, BookTables::instance()).flights.empty());
     EXPECT_TRUE(record.file.run("DROP TABLE flight_report"));
-    const LogBook unreadable = readLogBook(record.file, record.career);
+    const LogBook unreadable = readLogBook(record.file, record.career, BookTables::instance());
     EXPECT_TRUE(unreadable.flights.empty() && record.file.failed());
     EXPECT_STREQ(emptyBookText(unreadable).c_str(), "The record of the war can't be read.");
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/LogBook.h"
 #include "app/book/PilotRows.h"
 #include "app/book/RecordedService.h"
@@ -27,7 +28,7 @@ TEST(PilotRecordTest, AgreesWithTheSave) {
     int32_t dead = 0;
     for (int32_t i = 0; i < career.pilotCount(); i += 7) {
         const Pilot& saved = career.pilot(i);
-        const PilotRecord page = readPilot(tables, career, i);
+        const PilotRecord page = readPilot(tables, career, BookTables::instance(), i);
         ASSERT_FALSE(tables.failed()) << tables.problem().c_str();
         ASSERT_EQ(page.unrecorded(), 0) << saved.name;
         ASSERT_FALSE(page.postings.empty()) << saved.name;
@@ -40,11 +41,12 @@ TEST(PilotRecordTest, AgreesWithTheSave) {
         dead += hasDied ? 1 : 0;
     }
     EXPECT_GT(dead, 10);
-    const PilotRecord player = readPilot(tables, career, career.playerPilot);
+    const PilotRecord player =
+        readPilot(tables, career, BookTables::instance(), career.playerPilot);
     EXPECT_EQ(player.postings.front().kind, PilotPosting::Came);
     EXPECT_GE(player.postings.size(), 3U) << "he moves at the end of each period";
     EXPECT_EQ(player.postings.back().squadron, career.player().squadron);
-    EXPECT_EQ(readPilot(tables, career, -1).pilot, -1);
+    EXPECT_EQ(readPilot(tables, career, BookTables::instance(), -1).pilot, -1);
 }
 
 TEST(PilotRecordTest, KnowsWhatIsShownAndWhoIsMeant) {
@@ -83,8 +85,10 @@ TEST(PilotRowsTest, FindWhatASearchFinds) {
         SqliteFile& tables = program.record.read(program.career);
         size_t victories = 0;
         for (int32_t i = 0; i < program.career.pilotCount(); i += 11) {
-            const PilotRecord found = readPilot(tables, program.career, i, &rows);
-            const PilotRecord searched = readPilot(tables, program.career, i);
+            const PilotRecord found =
+                readPilot(tables, program.career, BookTables::instance(), i, &rows);
+            const PilotRecord searched =
+                readPilot(tables, program.career, BookTables::instance(), i);
             ASSERT_EQ(pilotLines(found, program.career), pilotLines(searched, program.career))
                 << when;
             victories += found.victories.size();
@@ -157,7 +161,7 @@ struct PlayersRecordTest : testing::Test {
 
 TEST_F(PlayersRecordTest, HoldsHisServiceUpToHisDeath) {
     record.career.pilots[0].alive = 0;
-    const PilotRecord pilot = readPilot(record.tables(), record.career, 0);
+    const PilotRecord pilot = readPilot(record.tables(), record.career, BookTables::instance(), 0);
     EXPECT_EQ(pilot.since, 19170903);
     EXPECT_EQ(pilot.until, 19170927);
     ASSERT_EQ(pilot.postings.size(), 2U);
@@ -179,7 +183,7 @@ TEST_F(PlayersRecordTest, HoldsHisServiceUpToHisDeath) {
 TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
     record.career.pilots[0].shotdowns = 21;
     record.events.gaps.push_back({19151201, 19170903});
-    const PilotRecord pilot = readPilot(record.tables(), record.career, 0);
+    const PilotRecord pilot = readPilot(record.tables(), record.career, BookTables::instance(), 0);
     EXPECT_EQ(pilot.unrecorded(), 12);
     EXPECT_TRUE(pilot.honours.has("merite"));
     const std::vector<zel::String> lines = serviceLines(pilot, record.career);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/career/Database.h"
 #include "engine/core/Registry.h"
 #include "tests/support/HandMade.h"
@@ -39,7 +40,8 @@ struct SquadronsToJoinTest : testing::Test {
     }
     std::string rows(int32_t service) const {
         std::string all;
-        for (const SquadronToJoin& squadron : squadronsToJoin(career, service, 1917, 4))
+        for (const SquadronToJoin& squadron :
+             squadronsToJoin(career, BookTables::instance(), service, 1917, 4))
             all +=
                 squadron.key.c_str() + (" " + squadron.machine) + " " + squadron.knownPilot + "\n";
         return all;
@@ -62,7 +64,7 @@ TEST_F(SquadronsToJoinTest, AreThoseOfTheMonth) {
 }
 
 TEST_F(SquadronsToJoinTest, AreShownInColumns) {
-    const auto german = squadronsToJoin(career, ServiceGerman, 1917, 4);
+    const auto german = squadronsToJoin(career, BookTables::instance(), ServiceGerman, 1917, 4);
     ASSERT_EQ(german.size(), 2U);
     EXPECT_EQ(squadronRow(german[0], "Cambrai"),
               "Jasta 11              Albatros D.III      Near Cambrai    M. von Richthofen");

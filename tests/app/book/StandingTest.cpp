@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/PilotRecord.h"
 #include "app/book/ServiceText.h"
 #include "tests/support/HandMade.h"
@@ -38,15 +39,17 @@ struct StandingTest : testing::Test {
 
 TEST_F(StandingTest, RanksTheAcesAndThePlayer) {
     std::string table;
-    for (const StandingRow& row : aceRows(career, 10))
+    for (const StandingRow& row : aceRows(career, BookTables::instance(), 10))
         table += std::string(zel::String(row.place)) + " " + std::string(shortMarkedName(row)) +
                  " " + std::string(realScoreText(row, 19170430)) + ";";
     EXPECT_EQ(table, "1 W. von Hohenlohe RIP ;2 M. von Richthofen 52;3 L. Drei ;"
                      "4 E. Sommer (you!) ;");
-    EXPECT_EQ(aceRows(career, 2).size(), 2U);
-    EXPECT_EQ(placeText(standingOf(career, career.playerPilot)), "Your place: 4");
+    EXPECT_EQ(aceRows(career, BookTables::instance(), 2).size(), 2U);
+    EXPECT_EQ(placeText(standingOf(career, BookTables::instance(), career.playerPilot)),
+              "Your place: 4");
     career.pilots[0].shotdowns = 0;
-    EXPECT_EQ(placeText(standingOf(career, career.playerPilot)), "No victory yet");
+    EXPECT_EQ(placeText(standingOf(career, BookTables::instance(), career.playerPilot)),
+              "No victory yet");
 }
 
 TEST_F(StandingTest, SetsTheRollInColumns) {
@@ -55,7 +58,7 @@ TEST_F(StandingTest, SetsTheRollInColumns) {
         " 2. Lothar Drei                       7         41",
         " 3. Erich Sommer (you!)               7         40",
     };
-    const std::vector<StandingRow> rows = rosterRows(career);
+    const std::vector<StandingRow> rows = rosterRows(career, BookTables::instance());
     ASSERT_GE(rows.size(), std::size(lines));
     const size_t first = rows[0].isAlive ? 0 : 1;
     for (size_t i = 0; i < std::size(lines); ++i) {

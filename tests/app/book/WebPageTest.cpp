@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/career/Aircraft.h"
 #include "engine/core/Language.h"
 #include "tests/app/book/HandMadeRecord.h"
@@ -69,7 +70,7 @@ TEST_F(WebPageTest, IsValidInEveryLanguage) {
     addFlights(83, "Albert <Reed> & \"Son\"");
     for (const char* code : {"en", "de", "fr", "es", "it", "pl"}) {
         ASSERT_TRUE(zel::Language::load(code));
-        const WebPage page = webPageOf(record.tables(), record.career);
+        const WebPage page = webPageOf(record.tables(), record.career, BookTables::instance());
         ASSERT_EQ(page.problem, "");
         EXPECT_EQ(findings(page.html), "") << code;
         EXPECT_NE(page.html.find(std::string("<html lang=\"") + code), std::string::npos);
@@ -88,7 +89,7 @@ TEST_F(WebPageTest, ShowsAFlightWithoutAVictory) {
     addFlights(1, "Albert Reed");
     record.events.flights[0].mission.reports[0].kills.clear();
     record.events.flights[0].mission.reports[1].shotdownBy = -1;
-    const WebPage page = webPageOf(record.tables(), record.career);
+    const WebPage page = webPageOf(record.tables(), record.career, BookTables::instance());
     EXPECT_EQ(findings(page.html), "");
     EXPECT_EQ(count(page.html, "id=\"victories\""), 0);
 }
@@ -99,16 +100,16 @@ TEST_F(WebPageTest, NamesTheBestMonthOfTheLastPilot) {
     record.credit(record.addFlight(19180301, {{1, 0, "Otto von der Heydt", "fokkerdr1", Germany, 1},
                                               {30, 0, "Albert Reed", "sopcamel", England, 1}}),
                   0, 1);
-    const std::string html = webPageOf(record.tables(), record.career).html;
+    const std::string html = webPageOf(record.tables(), record.career, BookTables::instance()).html;
     EXPECT_EQ(count(html, "<span>best month</span> <b>Mar 1918, 1</b>"), 1);
 }
 
 TEST_F(WebPageTest, IsntWrittenWithoutAFlightOrWithoutARecord) {
-    const WebPage page = webPageOf(record.tables(), record.career);
+    const WebPage page = webPageOf(record.tables(), record.career, BookTables::instance());
     EXPECT_EQ(page.html, "");
     EXPECT_EQ(page.problem, "There is no flight yet");
     EXPECT_TRUE(record.file.run("DROP TABLE flight_report"));
-    const WebPage unreadable = webPageOf(record.file, record.career);
+    const WebPage unreadable = webPageOf(record.file, record.career, BookTables::instance());
     EXPECT_EQ(unreadable.html, "");
     EXPECT_EQ(unreadable.reason, "The record of the war can't be read.");
 }

@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "app/book/BookTables.h"
 #include "app/book/Standing.h"
 #include "app/career/Database.h"
 #include "app/report/CombatReport.h"
@@ -72,7 +73,8 @@ TEST_F(BookScreens, OpensThePageOfAPilotAndLeadsBack) {
     career.player().shotdowns = 40; // the first of both lists
     const auto walk = [&](const std::string& steps) { ASSERT_TRUE(driver.walk(steps)); };
     walk("menuButton2>MenuGameViewSquadron pilot.row2>MenuGamePilot");
-    const std::string other = career.pilot(rosterRows(career)[1].pilot).name;
+    const std::string other =
+        career.pilot(rosterRows(career, BookTables::instance())[1].pilot).name;
     EXPECT_NE(driver.text("name").find(other), std::string::npos);
     walk("menuBack>MenuGameViewSquadron");
     EXPECT_TRUE(driver.widget("pilot.row2")->isFocused());

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "app/book/BookTables.h"
 #include "app/book/Standing.h"
 #include "app/career/CareerEvents.h"
 #include "app/career/CareerObserver.h"
@@ -171,7 +172,7 @@ private:
         constexpr int32_t Victories = 121; // one more than the player
         constexpr const char* LongName = "Wolfram-Friedrich von Hohenlohe";
         Database& career = *Database::instance();
-        const int32_t best = aceRows(career, 2).back().pilot;
+        const int32_t best = aceRows(career, BookTables::instance(), 2).back().pilot;
         const zel::String own = zel::arrayText(career.player().name);
         zel::copyText(career.pilot(best).name, LongName);
         zel::copyText(career.player().name, "Bartholomew-Maximilian Feathers");
@@ -182,7 +183,7 @@ private:
             career.observer->onVictory(career, victory);
         }
         career.pilot(best).shotdowns = Victories;
-        fell(career, aceRows(career, 4).back().pilot, best);
+        fell(career, aceRows(career, BookTables::instance(), 4).back().pilot, best);
         const bool isDone = turnTo("MenuGameMain") && follow(ToThePilots);
         zel::copyText(career.player().name, own);
         return isDone;

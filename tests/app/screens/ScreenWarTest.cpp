@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/book/BookTables.h"
 #include "app/book/Diary.h"
 #include "app/book/LogBookText.h"
 #include "app/book/LogBookWording.h"
@@ -39,7 +40,7 @@ size_t count(const std::string& text, const std::string& part) {
 PilotRecord expectSums(SqliteFile& record, int32_t pilot) {
     const Database& career = *Database::instance();
     PilotRows rows;
-    PilotRecord page = readPilot(record, career, pilot, &rows);
+    PilotRecord page = readPilot(record, career, BookTables::instance(), pilot, &rows);
     EXPECT_EQ(page.victories.size(), career.pilot(pilot).shotdowns) << page.name.c_str();
     int32_t machines = 0;
     for (const MachineCount& machine : machinesOf(page))
@@ -51,8 +52,8 @@ PilotRecord expectSums(SqliteFile& record, int32_t pilot) {
 /// before: the scores at the last flight.
 void expectSums(SqliteFile& record, const std::vector<int32_t>& before) {
     const Database& career = *Database::instance();
-    const LogBook book = readLogBook(record, career);
-    const WarEnd end = readWarEnd(record, career);
+    const LogBook book = readLogBook(record, career, BookTables::instance());
+    const WarEnd end = readWarEnd(record, career, BookTables::instance());
     std::vector<int32_t> own = end.fallen;
     own.push_back(end.pilot.pilot);
     int32_t victories = 0;
@@ -74,15 +75,15 @@ void expectSums(SqliteFile& record, const std::vector<int32_t>& before) {
     EXPECT_EQ(careerLines(end).view().find(
                   countText(wording::BookFlights, int32_t(end.pilot.flights.size())).view()),
               0U);
-    std::vector<StandingRow> lists = aceRows(career, 10);
-    for (const auto& list : {rosterRows(career), end.board})
+    std::vector<StandingRow> lists = aceRows(career, BookTables::instance(), 10);
+    for (const auto& list : {rosterRows(career, BookTables::instance()), end.board})
         lists.insert(lists.end(), list.begin(), list.end());
     for (const StandingRow& row : lists)
         EXPECT_EQ(size_t(row.victories), expectSums(record, row.pilot).victories.size());
-    const std::string html = webPageOf(record, career).html;
+    const std::string html = webPageOf(record, career, BookTables::instance()).html;
     EXPECT_EQ(count(html, "<th scope=\"row\""), flights + size_t(victories));
     EXPECT_NE(html.find(countText(wording::Victories, victories).c_str()), html.npos);
-    for (const DiaryLine& line : readDiary(record, career).squadron)
+    for (const DiaryLine& line : readDiary(record, career, BookTables::instance()).squadron)
         if (line.sign == DiarySign::Scored && line.pilot != end.pilot.pilot) {
             const int32_t now = career.pilot(line.pilot).shotdowns;
             const int32_t won =
@@ -133,9 +134,10 @@ TEST(ScreenWar, LastsUntilTheArmistice) {
     ASSERT_TRUE(record.open(file, SqliteFile::ReadOnly));
     expectSums(record, lastScores);
     const Database& career = *Database::instance();
-    const PilotRecord player = readPilot(record, career, career.playerPilot);
-    const Honours shelved =
-        savedHonours(file, summaryOf(home.folder.file("user/Saves/savegame_v03.wty")));
+    const PilotRecord player =
+        readPilot(record, career, BookTables::instance(), career.playerPilot);
+    const Honours shelved = savedHonours(
+        file, summaryOf(home.folder.file("user/Saves/savegame_v03.wty")), BookTables::instance());
     EXPECT_STREQ(titleOf(shelved, player.name).c_str(),
                  titleOf(player.honours, player.name).c_str());
     EXPECT_EQ(shelved.awards.size(), player.honours.awards.size());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/book/BookTables.h"
 #include "app/book/LogBookText.h"
 #include "app/book/OrdersText.h"
 #include "app/book/PilotRecord.h"
