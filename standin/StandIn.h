@@ -30,9 +30,9 @@ struct FlightOptions {
 
 /// What became of a plane and its pilot.
 struct PlaneResult {
-    std::string name;
-    int32_t country = 0;
-    int32_t victories = 0;
+    std::string name;      // as in the mission
+    int32_t country = 0;   // by the simulator's code
+    int32_t victories = 0; // in this flight
     bool isPlayer = false;
     bool lost = false; // the plane
     bool dead = false; // the pilot

@@ -2,9 +2,10 @@
 
 #include <cstdint>
 
-/// The bounds of the two draws between which the days of a period of the war are drawn.
+/// The bounds of the two draws between which the days of a period of the war are drawn: four
+/// numbers of days, each of which can be drawn itself.
 struct PeriodBounds {
-    int32_t year;
+    int32_t year; // in which the period begins
     int32_t upperFrom, upperTo;
     int32_t lowerFrom, lowerTo;
 };

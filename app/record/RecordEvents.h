@@ -10,7 +10,8 @@
 class Database;
 
 /// What has happened in a career since it was last written to the record. Names of pilots aren't
-/// copied: a pilot keeps his index and his name for the whole career.
+/// copied: a pilot keeps his index and his name for the whole career. Dates are yyyymmdd, squadrons
+/// and pilots indices of the career.
 struct RecordEvents {
     struct DatedFlight {
         int32_t date;
@@ -18,7 +19,7 @@ struct RecordEvents {
         zel::String log; // its first piece, without folder
         zel::String logHash;
         int32_t squadron; // the player's
-        zel::String base;
+        zel::String base; // of that squadron, in English
         bool onChannelMap;
     };
     struct DatedVictory {
@@ -35,10 +36,10 @@ struct RecordEvents {
     };
     struct DatedBase {
         int32_t date;
-        int32_t squadron;
-        zel::String name;
+        int32_t squadron; // the player's
+        zel::String name; // of the base, in English
         bool onChannelMap;
-        float x, z;
+        float x, z; // metres to the north and to the east
     };
 
     std::vector<RecordGap> gaps;

@@ -45,7 +45,7 @@ struct ImageDescription {
 struct AnimationEntry {
     String name;
     int32_t first = 0, last = 0; // indices of transforms
-    float speed = 0;
+    float speed = 0;             // as in the file; nothing uses it
 };
 
 /// An image group: members that move together.

@@ -30,9 +30,10 @@ enum class MenuCallback {
 class MenuListener {
 public:
     virtual ~MenuListener() = default;
+    /// Called after what the menu itself does at that moment.
     virtual void notify(Menu& menu, MenuCallback what) = 0;
-    virtual void onEvent(Menu& menu, Widget* widget,
-                         int32_t eventType) = 0; // a hit: Widget::EventHit
+    /// A widget was hit. eventType: Widget::EventHit.
+    virtual void onEvent(Menu& menu, Widget* widget, int32_t eventType) = 0;
 };
 
 /// The registry of listeners and extensions, by menu. Listeners are called first, each table in the

@@ -16,17 +16,21 @@ public:
     void beforeServices();
     void afterServices();
     void beforeMenus();
+    /// Makes the menus and their states.
     void initMenus();
+    /// The last step before the first frame.
     void onStarted();
 
     /// The state entered first.
     static zel::String getFirstStateName();
 
+    // The application is suspended, and goes on: before the active state's, and after it.
     void onPause();
     void onContinue();
 
     void onShutdown(); // at the end of the run, and again when the loop ends
     void onDestroy();
+    // In this order, after onDestroy(); the images and fonts still exist.
     void releaseDatabase();
     void releaseMenus();
 };

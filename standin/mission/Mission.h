@@ -17,9 +17,11 @@ struct Plane {
     Vector position;      // the height above the sea
     double heading = 0;   // degrees, 0 to the north
     int32_t aircraft = 0; // see AircraftTypes.h
+    /// By the simulator's codes: the plane's country, and the side for which that fights.
     int32_t country = 0;
     int32_t coalition = 0;
     int32_t level = 0; // 1 novice to 4 ace; 0 the human
+    /// As in the mission; only the log shows these two.
     int32_t numberInFormation = 0;
     int32_t payload = 0;
     double fuel = 1;    // 0 to 1
@@ -31,8 +33,8 @@ struct Plane {
 
 /// An order to attack, for the planes that it names and those that follow them.
 struct AttackArea {
-    int32_t index = 0;
-    int32_t line = 0;
+    int32_t index = 0; // of the object in the mission's text
+    int32_t line = 0;  // of the block
     Vector position;
     double radius = 0;            // metres
     double seconds = 0;           // the order's life
@@ -40,13 +42,13 @@ struct AttackArea {
     std::vector<int32_t> objects; // entities of the planes
 };
 
-/// A goal of the mission, whose outcome the log reports.
+/// A goal of the mission, whose outcome the log reports. Index and codes are as in the mission.
 struct Objective {
     int32_t index = 0;
     Vector position;
     int32_t coalition = 0;
     int32_t taskType = 0; // 0 primary
-    int32_t success = 0;
+    int32_t success = 0;  // the log's result of it
     int32_t iconType = 0;
     double delay = 0; // seconds from the mission's start; below 0: never reached
 };
@@ -61,6 +63,7 @@ struct Country {
 struct Mission {
     int32_t year = 0, month = 0, day = 0;
     int32_t hour = 0, minute = 0, second = 0;
+    /// 0, a single-player mission; others are refused.
     int32_t missionType = 0;
     std::vector<Country> countries; // in the order of the text
     std::vector<Plane> planes;      // in the order of the text, two coalitions at least
