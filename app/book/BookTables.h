@@ -21,10 +21,10 @@ struct RankRow {
     int32_t from = 0; // yyyymmdd, as is until
     int32_t until = 0;
     bool isOfficer = false;
-    bool isStart = false; // with which a pilot comes to his first squadron
-    int32_t months = 0;   // of service; with victories and flights 0: nobody is promoted to it
-    int32_t victories = 0;
-    int32_t flights = 0;
+    bool isStart = false;  // with which a pilot comes to his first squadron
+    int32_t months = 0;    // of service; with victories and flights 0: nobody is promoted to it
+    int32_t victories = 0; // for promotion after these months
+    int32_t flights = 0;   // at least
 };
 
 enum class Worn : uint8_t {
@@ -37,9 +37,9 @@ enum class Worn : uint8_t {
 struct AwardRow {
     enum Holders : uint8_t { All, Officers, Men };
 
-    std::string key; // "dso"; of the pictures too
-    int32_t nation = 0;
-    int32_t from = 0; // yyyymmdd, as is until
+    std::string key;    // "dso"; of the pictures too
+    int32_t nation = 0; // its code
+    int32_t from = 0;   // yyyymmdd, as is until
     int32_t until = 0;
     Branch branch = Branch::Any;
     Holders holders = All;
@@ -57,10 +57,10 @@ enum class Fate : uint8_t { Survived, Killed, Died, Captured, Wounded };
 
 /// An ace of history, as he really was.
 struct RealAce {
-    zel::String name; // as the career's pilots have it
-    int32_t nation = 0;
-    int32_t born = 0; // year; 0 if unknown
-    int32_t victories = 0;
+    zel::String name;      // as the career's pilots have it
+    int32_t nation = 0;    // its code
+    int32_t born = 0;      // year; 0 if unknown
+    int32_t victories = 0; // in the whole war
     Fate fate = Fate::Survived;
     int32_t fateDate = 0;             // yyyymmdd; 0 if unknown
     std::vector<int32_t> victoryDays; // yyyymmdd, ascending; empty for most
@@ -68,14 +68,14 @@ struct RealAce {
 
 /// A victory in the real war.
 struct RealVictory {
-    int32_t date = 0;
-    int32_t ace = 0; // index of the aces
+    int32_t date = 0; // yyyymmdd
+    int32_t ace = 0;  // index of the aces
     zel::String victim;
 };
 
 /// Something that happened in the real war.
 struct WarEvent {
-    int32_t date = 0;
+    int32_t date = 0; // yyyymmdd
     zel::String place;
     std::vector<zel::String> texts; // by BookTables::eventLanguages, empty without a translation
     int32_t weight = 0;             // 1 to 5, the most important

@@ -14,7 +14,7 @@ struct PilotService {
         Branch branch = Branch::Army;
     };
 
-    int32_t nation = 0;
+    int32_t nation = 0;                 // code
     int32_t since = 0;                  // the first day of his service
     int32_t until = 0;                  // today, or the day of his death
     std::vector<BranchChange> branches; // ascending; empty for the army
@@ -30,13 +30,13 @@ struct PilotService {
 };
 
 struct RankGiven {
-    int32_t date = 0;
+    int32_t date = 0;              // yyyymmdd
     const RankRow* rank = nullptr; // of the tables
     bool isEarned = false;         // not the one that he came with or that another branch gave him
 };
 
 struct AwardGiven {
-    int32_t date = 0;
+    int32_t date = 0;                // yyyymmdd
     const AwardRow* award = nullptr; // of the tables
 };
 

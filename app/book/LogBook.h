@@ -27,17 +27,17 @@ struct BookFlight {
     int32_t date = 0;   // yyyymmdd
     int32_t pilot = -1; // index of the career
     zel::String pilotName;
-    int32_t squadron = -1;
+    int32_t squadron = -1;               // index of the career
     zel::String base;                    // in English, as the save has it
     zel::String aircraft;                // identifier
     std::vector<zel::String> companions; // of his side, in the plan's order
     std::vector<MachineCount> opponents; // who took part in the fight; the most frequent type first
     bool isNamed = false;                // the log names him: the next ones are known
-    int32_t victories = 0;
-    int32_t total = 0;   // his victories with this flight
-    int32_t injury = 0;  // percent
-    float damage = 0;    // 1.0 is a destroyed plane
-    bool isLost = false; // the plane
+    int32_t victories = 0;               // in this flight
+    int32_t total = 0;                   // his victories with this flight
+    int32_t injury = 0;                  // percent
+    float damage = 0;                    // 1.0 is a destroyed plane
+    bool isLost = false;                 // the plane
     bool isShotDown = false;
     bool hasLanded = false;
     bool isDead = false;

@@ -33,7 +33,7 @@ struct PilotPosting {
 struct PilotRecord {
     int32_t pilot = -1; // index of the career
     zel::String name;
-    int32_t nation = 0;
+    int32_t nation = 0; // code, that of his squadron
     bool isAlive = false;
     int32_t squadron = -1; // the present or the last one
     int32_t since = 0;     // yyyymmdd; the first day of his service, 0 if unknown

@@ -11,9 +11,9 @@ struct SavedPilot {
     int32_t pilot = -1; // index of the career
     bool isPlayer = true;
     bool isAlive = true;
-    int32_t nation = 0;
-    int32_t unit = -1; // number of his squadron; -1 if it has none
-    int32_t date = 0;  // of the save, yyyymmdd
+    int32_t nation = 0; // code
+    int32_t unit = -1;  // number of his squadron; -1 if it has none
+    int32_t date = 0;   // of the save, yyyymmdd
     int32_t missions = 0;
     int32_t victories = 0;
     /// The record may be ahead of the save: it counts up to that day and these two figures.

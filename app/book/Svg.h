@@ -6,7 +6,8 @@
 #include "engine/core/String.h"
 
 /// A drawing for a web page, piece by piece. Texts are bytes of the code page of TextEncoding.h;
-/// the drawing is UTF-8 and self-contained.
+/// the drawing is UTF-8 and self-contained. Places and sizes are in units of the drawing, from its
+/// upper left.
 class Svg {
 public:
     enum class Anchor { Start, Middle, End };

@@ -19,7 +19,7 @@ constexpr size_t CareerNumberOffset = 32; // of the career's number, in bytes
 /// What was found while the bytes were taken apart.
 struct SaveReading {
     SaveFault fault = SaveFault::None; // NoSave, OtherVersion or none
-    int32_t version = 0;
+    int32_t version = 0;               // as in the file
     Soundness soundness;
     bool endedEarly = false; // somewhere after the pilots
     int32_t surplus = 0;     // bytes after the end

@@ -8,7 +8,7 @@ class EntireFile;
 
 /// Hour, sky and wind, as a mission's file has them.
 struct MissionSky {
-    int32_t hour = 0;
+    int32_t hour = 0; // 0 to 23
     int32_t minute = 0;
     bool isClear = true;
     int32_t windFrom = 0;  // degrees

@@ -22,7 +22,7 @@ struct SimulatorPlace {
 struct SearchBounds {
     uint32_t milliseconds = 2000; // of the whole search
     int32_t folders = 30000;      // that are listed
-    size_t places = 50;
+    size_t places = 50;           // that are found
 };
 
 /// Searches for the simulator in a thread of its own, so that a slow disk delays nothing: where it

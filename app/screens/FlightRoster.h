@@ -9,7 +9,7 @@
 struct RosterEntry {
     zel::String name;
     zel::String machine;
-    int32_t shotdowns = 0;
+    int32_t shotdowns = 0; // before this flight
 };
 
 /// Who flies with the player: the numbered rows of the orders in columns, himself first, in blue.

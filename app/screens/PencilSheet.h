@@ -11,12 +11,13 @@ struct Glyph;
 } // namespace zel
 
 /// A clear picture on which lines, signs and letters are drawn as with a pencil. Places and lengths
-/// are pixels of the design, from the upper left; what is beyond the edge is not drawn.
+/// are pixels of the design, from the upper left; what is beyond the edge is not drawn. An alpha is
+/// 0 to 1.
 class PencilSheet {
 public:
     using Point = zel::Point;
     struct Ink {
-        uint8_t red, green, blue;
+        uint8_t red, green, blue; // 0 to 255
     };
     enum class Align { Left, Centre, Right };
 

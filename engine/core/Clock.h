@@ -6,8 +6,8 @@ namespace zel {
 
 /// The time of the player's clock, in the local time zone.
 struct WallTime {
-    int32_t year, month, day; // month 1 to 12, day from 1
-    int32_t hour, minute, second;
+    int32_t year, month, day;     // month 1 to 12, day from 1
+    int32_t hour, minute, second; // hour 0 to 23
 };
 
 /// The only source of time in the program. A test replaces it and so stops the clock. Only what has

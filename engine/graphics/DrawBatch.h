@@ -19,7 +19,7 @@ static_assert(sizeof(Vertex) == 20);
 /// What all corners of one draw call have in common.
 struct DrawKey {
     uint32_t texture = 0; // its number on the canvas; 0 is plain white
-    uint32_t blend = 0;
+    uint32_t blend = 0;   // a Blend of the canvas
     int32_t clipX = 0, clipY = 0, clipWidth = 0, clipHeight = 0; // window pixels
 };
 bool operator==(const DrawKey& a, const DrawKey& b);

@@ -17,7 +17,7 @@ struct Glyph {
     int16_t yOffset;  // from the line's top to the picture's upper edge
     int16_t xAdvance; // how far the pen moves on
     uint8_t page;     // index of the page
-    uint8_t channel;
+    uint8_t channel;  // bits of the page's channels that have it
 };
 static_assert(sizeof(Glyph) == 20);
 

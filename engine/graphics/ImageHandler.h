@@ -20,6 +20,7 @@ class ImageHandler {
 public:
     static ImageHandler& getInstance();
 
+    /// The flags above, for bitmaps that are loaded later.
     void setFlags(int32_t mask) { flags = mask; }
     int32_t getFlags() const { return flags; }
 

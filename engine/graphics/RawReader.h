@@ -15,8 +15,8 @@ protected:
     /// padding: bytes after each row; those after the last one may be missing.
     bool readRows(BitmapData& data, int32_t padding, bool topDown);
 
-    uint32_t pixelOffset = 0;
-    int32_t depth = 0; // bytes a pixel
+    uint32_t pixelOffset = 0; // bytes before the first row
+    int32_t depth = 0;        // bytes a pixel
 };
 
 } // namespace zel

@@ -41,13 +41,13 @@ public:
     const String& getText() const { return text; }
     const Rect& getRect() const { return rect; }
 
-    /// Draws at the rectangle, moved by `offset`.
+    /// Draws at the rectangle, moved by `offset` (design pixels). alpha: 0 to 255.
     void draw(Canvas& canvas, Point offset = {0, 0}, int32_t alpha = 255) const;
 
     int32_t lineCount() const; // lines that fit
     /// Of the widest line, in design pixels.
     int32_t width() const;
-    /// Of all lines.
+    /// Of all lines, likewise.
     int32_t height() const;
     /// Whether something was cut off, at the end of the line or below the rectangle.
     bool isCut() const;

@@ -16,6 +16,7 @@ struct Theme;
 /// names, all widgets before all text areas.
 class Menu : public State {
 public:
+    /// flags: see State.
     Menu(const String& name, int32_t flags);
     ~Menu() override;
 
@@ -60,7 +61,7 @@ public:
     const Theme* getTheme() const { return theme; }
     /// Replaces the state's own picture there. On error: log lines, and the old one is kept.
     void setMenuOverlay(bool isBackground, const String& image, const OverlayOptions& options);
-    /// For elements created later that have no alignment of their own.
+    /// For elements created later that have no alignment of their own: bits of Alignment.
     void setWidgetAlignment(int32_t bits) { widgetAlignment = bits; }
     void setTextAreaAlignment(int32_t bits) { textAreaAlignment = bits; }
 

@@ -40,7 +40,7 @@ enum KeySymbol : int32_t {
 /// A press and release of a mouse button between two frames, so that no frame saw the button down:
 /// touchpads and slow frames cause them. Window pixels.
 struct Tap {
-    int32_t button;
+    int32_t button; // numbered as in Mouse
     int32_t pressX, pressY;
     int32_t releaseX, releaseY;
 };

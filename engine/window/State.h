@@ -68,6 +68,7 @@ public:
     float getContentProgress() const { return contentProgress; } // 0 to 1, for effects of its own
     int32_t getOpacityPhase() const { return opacityPhase; }     // 0 entering, 1 leaving
     float getOpacity() const { return opacity; }                 // 0 to 1
+    /// The opacity as 0 to 255.
     int32_t getOpacityByte() const { return static_cast<int32_t>(opacity * 255); }
     bool isDrawnOnTop() const { return (flags & DrawnOnTop) != 0; }
 

@@ -15,7 +15,7 @@ class Bitmap;
 
 /// The position of a picture of the design's size in a window, scaled equally in both directions.
 struct Letterbox {
-    float scale = 1;
+    float scale = 1;        // pixels of the window to one of the design
     float offsetX = 0;      // pixels from the left, whole
     float offsetY = 0;      // pixels from the top, whole
     bool barsAtTop = false; // otherwise at the sides, if any
@@ -39,8 +39,8 @@ std::vector<uint8_t> iconMask(const Bitmap& picture);
 class Window {
 public:
     /// Opens the window; a width or height of 0 takes the desktop's. A window that would extend
-    /// past the desktop or under its bars is made smaller, in the same shape. On error: log lines,
-    /// false, and no window.
+    /// past the desktop or under its bars is made smaller, in the same shape. depth: bits a pixel.
+    /// On error: log lines, false, and no window.
     [[nodiscard]] static bool create(int32_t width, int32_t height, int32_t depth,
                                      bool fullscreen = false);
     static Window* current() { return currentWindow; } // null without one

@@ -12,7 +12,7 @@
 namespace standin {
 
 constexpr double StepSeconds = 0.1;
-constexpr int32_t StepTicks = 5;
+constexpr int32_t StepTicks = 5;    // the same in ticks
 constexpr double BulletSpeed = 650; // m/s
 constexpr int32_t FirstPositionTick = 58;
 
@@ -45,9 +45,9 @@ protected:
         double burst = 0;         // seconds that the trigger is held; below 0: the pause after it
         double partRound = 0;     // of the next bullet
         int32_t side = 1;         // 1 turns right, -1 left
-        int32_t rounds = 0;
-        int32_t damage = 0; // thousandths
-        int32_t wounds = 0; // thousandths
+        int32_t rounds = 0;       // left
+        int32_t damage = 0;       // thousandths
+        int32_t wounds = 0;       // thousandths
         bool pilotAlive = true;
         bool destroyed = false;
         bool gliding = false; // falls under control
@@ -55,6 +55,7 @@ protected:
 
     int32_t count() const { return static_cast<int32_t>(fighters.size()); }
     bool isFlying(const Fighter& fighter) const;
+    /// The human's sortie ends that long after this step, unless its end is set already.
     void endHumanAfter(double seconds);
     void writeEvent(EventKind kind, int32_t attacker, int32_t target, int32_t damage,
                     const Vector& position, bool armourPiercing = false);

@@ -10,6 +10,7 @@ protected:
     using DogfightFire::DogfightFire;
 
     void fly(int32_t index);
+    /// Turns away for that many seconds.
     void breakOff(int32_t index, double seconds);
 
 private:

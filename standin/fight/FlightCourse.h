@@ -7,8 +7,8 @@
 
 namespace standin {
 
-constexpr int32_t TicksPerSecond = 50;
-constexpr int32_t Nobody = -1; // the ground, fire, strain
+constexpr int32_t TicksPerSecond = 50; // a tick is the log's unit of time
+constexpr int32_t Nobody = -1;         // the ground, fire, strain
 
 /// Kinds of the events of a flight.
 enum class EventKind {
@@ -26,10 +26,10 @@ enum class EventKind {
 /// order, then the guns on the ground.
 struct Event {
     EventKind kind;
-    int32_t tick;
+    int32_t tick;     // since the mission's start
     int32_t attacker; // Nobody for none
-    int32_t target;
-    int32_t damage; // thousandths; 1000 is the end
+    int32_t target;   // an object too
+    int32_t damage;   // thousandths; 1000 is the end
     bool armourPiercing;
     Vector position; // of the target
 };
@@ -45,7 +45,7 @@ struct PlaneEnd {
 
 /// A gun on the ground.
 struct Gun {
-    int32_t country;
+    int32_t country; // code
     Vector position;
 };
 

@@ -10,7 +10,7 @@ namespace standin {
 
 /// A line of a log with its end, and its time.
 struct TickLine {
-    int32_t tick;
+    int32_t tick; // since the mission's start
     std::string text;
 };
 

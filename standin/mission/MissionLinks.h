@@ -10,15 +10,15 @@ namespace standin {
 
 /// A linked object of a mission: any block with an Index.
 struct Node {
-    std::string block; // name of the block
-    int32_t line = 0;
-    int32_t index = 0;
+    std::string block;            // name of the block
+    int32_t line = 0;             // of the block, from 1
+    int32_t index = 0;            // its own
     int32_t linkTrId = 0;         // index of the object's entity; 0 none
     int32_t misObjId = 0;         // index of the entity's object; 0 if this isn't an entity
     std::vector<int32_t> targets; // what it triggers; of an entity: its leader's entity
     std::vector<int32_t> objects; // entities on which a command works
     std::vector<int32_t> events;  // what the events of an entity trigger
-    int32_t targetsLine = 0;
+    int32_t targetsLine = 0;      // of these two lists, from 1
     int32_t objectsLine = 0;
     double seconds = 0; // of a timer's delay
     bool fires = true;  // false for what is switched off

@@ -16,14 +16,14 @@ bool refuse(tools::Finding& finding, int32_t line, std::string_view reason);
 struct MissionEntry {
     std::string key;
     std::string value;
-    int32_t line = 0;
+    int32_t line = 0; // from 1
 };
 
 /// A line such as `500 : 0 : 0;` or `264998, 38650.7;`.
 struct MissionRow {
     std::vector<std::string> values; // without the blanks around them
     char separator = ':';            // or ','
-    int32_t line = 0;
+    int32_t line = 0;                // from 1
 };
 
 /// A name, and between its braces entries, rows and further blocks.

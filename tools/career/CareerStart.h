@@ -12,9 +12,9 @@ class Database;
 
 /// What the commands on a career's beginning ask for.
 struct CareerStart {
-    int32_t service = 0;
-    int32_t year = 0;
-    int32_t month = 0;
+    int32_t service = 0;                                // a Service
+    int32_t year = 0;                                   // 1915 to 1918
+    int32_t month = 0;                                  // 1 to 12
     std::optional<zel::String> name = std::nullopt;     // of the pilot; without one it is drawn
     std::optional<zel::String> squadron = std::nullopt; // its key; without one the service chooses
 };

@@ -43,6 +43,7 @@ public:
     bool mission();
     bool fly();
     bool report();
+    /// Moves the war on by that many periods.
     bool advance(int32_t periods);
     /// Mission, flight and report over and over, invitations accepted, up to that date (yyyymmdd)
     /// or the end of the war.

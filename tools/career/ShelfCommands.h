@@ -19,8 +19,9 @@ public:
     bool save() { return shelf.save() || fail(shelf.problem().english()); }
     /// A line for each career.
     bool careers();
-    /// The career is current afterwards, and not loaded.
+    /// The career of that number is current afterwards, and not loaded.
     bool take(int32_t number);
+    /// The career of that number is among those put away afterwards.
     bool putAway(int32_t number);
     /// A line for each page of the current career.
     bool pages();

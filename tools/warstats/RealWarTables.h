@@ -13,9 +13,9 @@ namespace warstats {
 /// An ace as he really was.
 struct RealMan {
     std::string name;
-    int32_t victories = 0;
-    std::string fate;     // "killed", "died", "captured", "wounded" or "survived"
-    int32_t fateDate = 0; // yyyymmdd; 0 if there is none
+    int32_t victories = 0; // in the whole war
+    std::string fate;      // "killed", "died", "captured", "wounded" or "survived"
+    int32_t fateDate = 0;  // yyyymmdd; 0 if there is none
 };
 
 /// A type that a squadron really had.

@@ -35,8 +35,8 @@ struct WarFigures {
     int32_t realAmongTwenty = 0;  // of the real twenty best, among the simulated twenty best
     int32_t historicForty = 0;    // named men of 40 victories and more
     int32_t best = 0;             // the highest score
-    std::array<int32_t, NationCount> bestOf{};
-    Share survivorsDead;   // named men who survived the war and die
+    std::array<int32_t, NationCount> bestOf{}; // likewise, by nation
+    Share survivorsDead;                       // named men who survived the war and die
     Share deadEarly;       // named men who died in the war and die before their date
     int32_t joined = 0;    // named men who came to their squadron
     int32_t men = 0;       // all pilots of the war

@@ -24,8 +24,8 @@ FontResult chooseFont(const FontChoice& choice, const std::vector<String>& theme
 void styleWidget(Widget& widget, const Layout& layout, const Theme* theme);
 
 /// Builds the element that a layout defines. What the layout leaves open comes from the theme by
-/// the element's kind, then from the theme's defaults; a null theme has none. `alignment` applies
-/// to elements without one. On error: null, and a log line.
+/// the element's kind, then from the theme's defaults; a null theme has none. `alignment`, bits of
+/// Alignment, applies to elements without one. On error: null, and a log line.
 std::unique_ptr<Widget> createWidgetFromLayout(const Layout& layout, const String& name,
                                                const Theme* theme, int32_t alignment);
 std::unique_ptr<TextArea> createTextAreaFromLayout(const Layout& layout, const String& name,

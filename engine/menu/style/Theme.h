@@ -27,7 +27,7 @@ struct WidgetStyle {
 /// The style of text areas of one kind.
 struct TextAreaStyle {
     FontChoice font;
-    std::optional<uint32_t> color;
+    std::optional<uint32_t> color; // 0xAARRGGBB; without one the theme's
 };
 
 /// An overlay behind or in front of all screens of a theme: the registered one of that name,
@@ -43,9 +43,9 @@ struct Theme {
     std::map<String, WidgetStyle> widgets;     // by kind, lowered
     std::map<String, TextAreaStyle> textAreas; // by kind, lowered
     LookColors textColors;                     // of widgets whose kind has none
-    std::optional<uint32_t> textAreaColor;
-    std::vector<String> fonts;               // chosen by index
-    String backgroundImage, foregroundImage; // shown without an overlay
+    std::optional<uint32_t> textAreaColor;     // 0xAARRGGBB, of kinds that have none
+    std::vector<String> fonts;                 // chosen by index
+    String backgroundImage, foregroundImage;   // shown without an overlay
     ThemeOverlay backgroundOverlay, foregroundOverlay;
 
     /// The style of a kind; an empty one if the theme lacks it.
