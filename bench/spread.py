@@ -16,21 +16,28 @@ import sys
 NAME = r"^(?P<name>\S.{33}) +"
 END = r"(?: {2}BROKEN)?$"
 RATIO = re.compile(NAME + r"[\d.]+ [mu]s +[\d.]+ [mu]s +(?P<value>[\d.]+)(?: +(?P<limit>[\d.]+))?" + END)
-VALUE = re.compile(NAME + r"(?P<value>[\d.]+) (?P<unit>[a-zA-Z ]+?) +(?P<limit>[\d.]+)(?: ?[a-zA-Z]+)?" + END)
+VALUE = re.compile(
+    NAME + r"(?P<value>[\d.]+) (?P<unit>[a-zA-Z ]+?) +(?P<limit>[\d.]+)(?: ?(?P<limit_unit>[a-zA-Z]+))?" + END
+)
+
+
+def number(text, unit):
+    """Times in us."""
+    return float(text) * (1000 if unit == "ms" else 1)
 
 
 def values_of(report):
-    """(name, is a ratio) to (value, unit, limit) for each line of a report that holds one; times in us."""
+    """(name, is a ratio) to (value, unit, limit) for each line of a report that holds one."""
     found = {}
     for line in report.splitlines():
         ratio = RATIO.match(line)
         match = ratio or VALUE.match(line)
         if match:
             parts = match.groupdict()
-            value, unit = float(parts["value"]), parts.get("unit") or ""
-            if unit == "ms":
-                value, unit = value * 1000, "us"
-            found[parts["name"].strip(), ratio is not None] = (value, unit, parts["limit"] or "")
+            unit = parts.get("unit") or ""
+            limit = number(parts["limit"], parts.get("limit_unit")) if parts["limit"] else None
+            value = number(parts["value"], unit)
+            found[parts["name"].strip(), ratio is not None] = (value, "us" if unit == "ms" else unit, limit)
     return found
 
 
@@ -53,12 +60,15 @@ def value_text(value, unit):
     return f"{value:.4g} {unit}".rstrip()
 
 
-def print_table(lines):
-    print("| Line | At most | Least | Median | Largest |")
+def print_table(kind, lines):
+    print(f"| Line, {kind} | At most | Least | Median | Largest |")
     print("|---|---|---|---|---|")
     for (name, _), (unit, limit, values) in lines.items():
-        cells = (value_text(value, unit) for value in (min(values), statistics.median(values), max(values)))
-        print(f"| {name} | {limit} | " + " | ".join(cells) + " |")
+        cells = [name, "" if limit is None else value_text(limit, unit)]
+        for value in (min(values), statistics.median(values), max(values)):
+            mark = " (above its limit)" if limit is not None and value > limit else ""
+            cells.append(value_text(value, unit) + mark)
+        print("| " + " | ".join(cells) + " |")
 
 
 def main():
@@ -73,7 +83,7 @@ def main():
     finally:
         for process in busy:
             process.kill()
-    print_table(lines)
+    print_table("loaded" if options.load else "idle", lines)
     return 0 if passed and lines else 1
 
 
