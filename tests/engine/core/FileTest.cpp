@@ -57,6 +57,22 @@ TEST_F(File, SkipsZeroBytesAndAMarkInFrontOfALine) {
     EXPECT_EQ(numbered(mark.substr(0, 2)), Lines{"1:" + mark.substr(0, 2)});
 }
 
+// It reads 64 KB at once. The first line ends there, a return apart from its feed; others are
+// longer.
+TEST_F(File, ReadsLinesOfAnyLengthAcrossItsBuffer) {
+    constexpr size_t Buffer = 65536;
+    for (const std::string end : {"\n", "\r\n"}) {
+        std::string content;
+        Lines expected;
+        for (const size_t length : {Buffer - 1, size_t(5), 2 * Buffer + 1, size_t(7), Buffer}) {
+            const std::string line(length, static_cast<char>('a' + expected.size()));
+            content += line + end;
+            expected.push_back(std::to_string(expected.size() + 1) + ":" + line);
+        }
+        EXPECT_TRUE(numbered(content) == expected) << end.size();
+    }
+}
+
 TEST_F(File, LeavesTheBlockAloneWhenReadingPastTheEnd) {
     zel::File file(folder.write("four", "abcd"), zel::FileRead);
     char block[5] = "####";
