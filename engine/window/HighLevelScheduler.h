@@ -43,7 +43,8 @@ public:
     /// Minimum time between two starts. On error: a log line.
     void specifyTasMinimumTimeDifference(const UpdateObject* object, float seconds); // sic
     /// Another state in which a task with an owner runs; a state in which a task without one
-    /// doesn't.
+    /// doesn't. The task runs if the active state or the one being left allows it; outside a
+    /// transition the latter is null, which nothing excludes by itself.
     void addIncludedState(const UpdateObject* object, State* state);
     void addExcludedState(const UpdateObject* object, State* state);
 

@@ -112,6 +112,10 @@ TEST_F(HighLevelSchedulerTest, EstimatesByAQuarterOfALongerRun) {
         a.duration = other; // 10.17 or 9.17 ms are left
         EXPECT_EQ(pass(), runs) << other;
     }
+    a.duration = b.duration = 0;
+    EXPECT_EQ(pass(), "ab");
+    a.duration = 5; // 9.17 ms are left
+    EXPECT_EQ(pass(), "a") << "a shorter run took only a hundredth off the 10 ms";
 }
 
 TEST_F(HighLevelSchedulerTest, NeedsLessTimeTheLaterItIs) {
@@ -160,6 +164,8 @@ TEST_F(HighLevelSchedulerTest, DoesNotWaitForAMomentFarAway) {
     pass(101 + 20); // even once it is so late that it needs no time of the frame
     EXPECT_LT(ManualClock::ticks() - before, 121U * 21);
     EXPECT_EQ(ran, "");
+    clock.advance(5000 - 20 - 40 - (ManualClock::ticks() - before));
+    EXPECT_EQ(pass(), "") << "40 ms are more than a pass plans";
     clock.advance(5000);
     EXPECT_EQ(pass(), "a");
 }
@@ -181,6 +187,8 @@ TEST_F(HighLevelSchedulerTest, OwnedTasksRunWithTheirStates) {
     EXPECT_EQ(pass(), "ab");
     machine.setActiveState(&other);
     EXPECT_EQ(pass(), "ab") << "the state that is being left counts as well";
+    scheduler().addExcludedState(&b, &mine);
+    EXPECT_EQ(pass(), "a") << "both are excluded";
 }
 
 TEST_F(HighLevelSchedulerTest, TasksComeAndGoDuringAPass) {
