@@ -64,24 +64,29 @@ std::array<std::unique_ptr<BitmapReader>, 3> readersOf(bool powerOfTwo) {
             std::make_unique<FormatANY>(powerOfTwo)};
 }
 
-/// Tries the readers in turn. Returns what is wrong; empty for nothing. The refusal of a header is
-/// logged as an error only if no reader accepts the file.
+void logRefusals(const std::vector<String>& refusals, int32_t level) {
+    for (const String& refusal : refusals)
+        log(refusal, "Bitmap", level);
+}
+
+/// Tries the readers in turn. Returns what is wrong; empty for nothing. The refusals of headers are
+/// logged as errors only if no reader accepts the file, nor knows it well enough to say why not.
 String readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
     std::vector<String> refusals;
-    String fault = "no picture";
+    String fault;
     for (const auto& reader : readersOf(powerOfTwo)) {
         const char* error = reader->open(fileName);
         if (error == nullptr) {
-            for (const String& refusal : refusals)
-                log(refusal, "Bitmap", LogDebug);
+            logRefusals(refusals, LogDebug);
             return readInto(*reader, fileName, data) ? String() : String("damaged");
         }
         refusals.push_back("Error for " + fileName + ": " + error);
         if (!reader->getFault().empty())
             fault = reader->getFault();
     }
-    for (const String& refusal : refusals)
-        log(refusal, "Bitmap", LogError);
+    logRefusals(refusals, fault.empty() ? LogError : LogDebug);
+    if (fault.empty())
+        fault = "no picture";
     log(fileName + " is " + fault, "Bitmap", LogError);
     return fault;
 }

@@ -10,6 +10,8 @@ namespace menucheck {
 
 namespace {
 
+constexpr std::string_view Missing = "Did not find image "; // and its name
+
 /// A line of the log, and the line of the file that was being read; an empty file name if none was.
 struct HeldLine {
     zel::String text;
@@ -62,6 +64,14 @@ FindingLog::~FindingLog() {
     zel::MenuConfigFile::setFaultSink(nullptr);
     zel::setLogSink(nullptr);
     zel::setConsoleShown(wasConsoleShown);
+}
+
+/// Whether a finding says what is wrong with the picture of that name.
+bool FindingLog::explains(std::string_view picture) const {
+    const std::string start = std::string(picture) + " is ";
+    return std::any_of(faults.begin(), faults.end(), [&](const auto& fault) {
+        return std::get<2>(fault.first).view().substr(0, start.size()) == start;
+    });
 }
 
 void FindingLog::put(const Source& source, const zel::String& what, bool isWarning) {
@@ -121,6 +131,9 @@ tools::Findings FindingLog::sorted() const {
     tools::Findings result;
     for (const auto& [fault, isWarning] : faults) {
         const auto& [file, line, what] = fault;
+        const bool isMissing = what.view().substr(0, Missing.size()) == Missing;
+        if (isMissing && explains(what.view().substr(Missing.size())))
+            continue;
         result.emplace_back(file, line, what);
         result.back().isWarning = isWarning;
     }

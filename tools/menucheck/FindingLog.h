@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <string_view>
 #include <tuple>
 
 #include "engine/menu/HandledMenu.h"
@@ -33,11 +34,12 @@ public:
     void watch(const zel::Menu* menu);
     /// The line that created the element of the watched menu last.
     Source sourceOf(const zel::String& element) const;
-    /// All findings, sorted, each once.
+    /// All findings, sorted, each once; without missing images that another finding explains.
     tools::Findings sorted() const;
 
 private:
     void put(const Source& source, const zel::String& what, bool isWarning);
+    bool explains(std::string_view picture) const;
     void takeLog();
     void noteElements();
 

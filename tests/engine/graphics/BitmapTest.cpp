@@ -156,6 +156,8 @@ TEST_F(BitmapTest, LogsWhatIsWrong) {
         EXPECT_TRUE(log.holds(text)) << text << " in\n" << log.text();
     }
     const LogCapture log;
+    load(pngHead(2, 8193));
+    EXPECT_EQ(log.linesWith("Error for"), 0) << "readers of other formats have nothing to add";
     EXPECT_FALSE(bitmap.load(folder.path() + "/none", false));
     EXPECT_TRUE(log.holds("[Bitmap] File " + folder.path() + "/none does not exist"));
     EXPECT_FALSE(bitmap.isLoaded());
