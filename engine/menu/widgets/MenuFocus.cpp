@@ -75,6 +75,14 @@ Widget* targetOf(const Menu& menu, Widget* widget, const KeyPress& key) {
     return nullptr;
 }
 
+/// Scrolls the area by an arrow key; false if it is at the end of its way.
+bool scrollByLine(ScrollingArea& area, const KeyPress& key) {
+    const int32_t before = area.getOffset();
+    if (key.symbol == KeyUp || key.symbol == KeyDown)
+        area.scrollBy(key.symbol == KeyUp ? -LineStep : LineStep);
+    return area.getOffset() != before;
+}
+
 /// What a key does to an area when the focus has nowhere to go.
 void scroll(ScrollingArea& area, const KeyPress& key) {
     const int32_t page = area.getBounds().rect.height;
@@ -84,8 +92,8 @@ void scroll(ScrollingArea& area, const KeyPress& key) {
         area.scrollToEnd();
     else if (key.symbol == KeyPageUp || key.symbol == KeyPageDown)
         area.scrollBy(key.symbol == KeyPageUp ? -page : page);
-    else if (key.symbol == KeyUp || key.symbol == KeyDown)
-        area.scrollBy(key.symbol == KeyUp ? -LineStep : LineStep);
+    else
+        scrollByLine(area, key);
 }
 
 } // namespace
@@ -99,6 +107,8 @@ void MenuFocus::takeKey(Menu& menu, const KeyPress& key) {
     Widget* widget = menu.getWidget(name);
     if (widget != nullptr && key.symbol != KeyTab && key.symbol != KeyEscape &&
         key.symbol != KeyReturn && key.symbol != KeyEnter && widget->takeKey(key))
+        return;
+    if (ScrollingArea* area = asArea(widget); area != nullptr && scrollByLine(*area, key))
         return;
     if (const Widget* target = targetOf(menu, widget, key))
         give(menu, *target);

@@ -1,11 +1,15 @@
 #include "engine/menu/widgets/MenuFocus.h"
 
+#include <fstream>
+
 #include <gtest/gtest.h>
 
+#include "engine/graphics/Font.h"
 #include "engine/menu/widgets/ScrollingArea.h"
 #include "engine/menu/widgets/TextInput.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
+#include "tests/engine/graphics/Pictures.h"
 #include "tests/engine/menu/ScreenDriver.h"
 #include "tests/engine/window/Events.h"
 #include "tests/support/Printers.h"
@@ -209,6 +213,10 @@ TEST_F(AreaFocusTest, StopsAtAnAreaWhoseRowsCannotBePressed) {
     EXPECT_EQ(keys({KeyTab, KeyTab, KeyTab}), "zabove@0 zaside@0 list@0 ");
     EXPECT_EQ(keys({KeyPageDown, KeyHome, KeyEnd, KeyReturn, KeyPageUp, KeyTab}),
               "list@100 list@0 list@100 list@100 list@0 zbelow@0 ");
+    EXPECT_EQ(keys({KeyUp, KeyDown, KeyDown, KeyDown, KeyDown}),
+              "list@0 list@48 list@96 list@100 zbelow@100 ");
+    EXPECT_EQ(keys({KeyUp, KeyUp, KeyUp, KeyUp, KeyUp}),
+              "list@100 list@52 list@4 list@0 zabove@0 ");
     driver.menu().removeWidget("list.5");
     driver.menu().removeWidget("list.4");
     driver.menu().removeWidget("list.3");
@@ -260,4 +268,13 @@ TEST_F(MenuFocusTest, EditsTheTextOfAField) {
     EXPECT_EQ(driver.text("name"), "ac");
     field.setText("xyz");
     EXPECT_EQ(driver.text("name"), "xy");
+    std::ofstream("page.zel", std::ios::binary) << zelFile(1, 1, 24, "dot");
+    std::ofstream("wide.fnt", std::ios::binary) << fontFile(glyph('A', 40));
+    field.setFont(FontHandler::getFont("wide"));
+    field.setLengthLimit(9);
+    field.setText("A");
+    type('A');
+    type('A');
+    EXPECT_EQ(driver.text("name"), "AA") << "three are wider than the field";
+    EXPECT_EQ(field.getRefusal(), TextInput::Refusal::Length);
 }
