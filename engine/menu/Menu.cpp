@@ -194,12 +194,15 @@ bool Menu::hitWidget(const String& name) {
 }
 
 void Menu::update() {
+    const Pointer pointer = Pointer::read(); // by one for all: it resets the wheel
     for (StateOverlay* overlay : {getThemeBackground(), getBackgroundOverlay(),
                                   getThemeForeground(), getForegroundOverlay()}) {
-        if (overlay != nullptr)
-            overlay->update();
+        if (overlay == nullptr)
+            continue;
+        overlay->update();
+        overlay->handlePointer(pointer);
     }
-    elements.handlePointer(Pointer::read());
+    elements.handlePointer(pointer);
 }
 
 StateOverlay* Menu::getThemeBackground() const { return themeBackground; }

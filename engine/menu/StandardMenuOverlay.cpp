@@ -24,9 +24,9 @@ MenuOverlay* StandardMenuOverlay::of(const String& imageName, const OverlayOptio
     return add(std::make_unique<StandardMenuOverlay>(identifier, *image, options));
 }
 
-void StandardMenuOverlay::update() {
+void StandardMenuOverlay::handlePointer(const Pointer& pointer) {
     for (const std::unique_ptr<Widget>& widget : widgets)
-        widget->update();
+        widget->handlePointer(pointer);
 }
 
 void StandardMenuOverlay::reset() {

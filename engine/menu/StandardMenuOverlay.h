@@ -17,7 +17,8 @@ public:
                         const OverlayOptions& options);
     ~StandardMenuOverlay() override;
 
-    void update() override;
+    void update() override {}
+    void handlePointer(const Pointer& pointer) override;
     void render() override;
     void reset() override;
     /// Adds a widget that is drawn over the image.

@@ -6,6 +6,8 @@
 
 namespace zel {
 
+struct Pointer;
+
 /// A full-window picture behind or in front of a state, as the state machine sees it: it may be
 /// shared by several states, counts those that use it, and is notified as they are. Menus use
 /// zel::MenuOverlay.
@@ -19,6 +21,7 @@ public:
     virtual void onEntered() {}
     virtual void onLeaving() {}
     virtual void onLeave() {}
+    virtual void handlePointer(const Pointer&) {} // one frame of it, after update()
 
     int32_t getUserCount() const { return userCount; }
     void addUser() {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/graphics/Image.h"
+#include "engine/menu/StandardMenuOverlay.h"
 #include "engine/menu/widgets/ScrollingArea.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/window/Mouse.h"
@@ -291,6 +293,24 @@ TEST_F(ScrollingAreaTest, IgnoresAPressFromOutside) {
     EXPECT_EQ(area().getOffset(), 0);
     button(false);
     EXPECT_EQ(hit(), "none");
+}
+
+TEST_F(ScrollingAreaTest, SharesThePointerWithAnOverlay) {
+    const Bitmap bitmap;
+    ImageDescription whole;
+    whole.frames.push_back(WholeBitmap);
+    const Image image(bitmap, whole);
+    StandardMenuOverlay overlay("above", image, {});
+    auto made = std::make_unique<Widget>("seal");
+    Widget* const seal = made.get();
+    seal->getBounds().rect = {100, 100, 200, 100};
+    overlay.addWidget(std::move(made));
+    driver.menu().setForegroundOverlay(&overlay);
+    moveTo(150, 120);
+    EXPECT_TRUE(seal->isOver());
+    driver.wheel(false);
+    EXPECT_GT(area().getOffset(), 0) << "the overlay doesn't take the wheel away";
+    driver.menu().setForegroundOverlay(nullptr);
 }
 
 TEST_F(ScrollingAreaTest, HoldsOntoWhatIsLeft) {
