@@ -123,9 +123,10 @@ TEST_F(HandledMenuTest, RunsTheSectionThenTheTransition) {
 }
 
 TEST_F(HandledMenuTest, RunsPreloadAtEveryEntering) {
-    start("preload:\nsetlocalstring a preload\nsetlocalstring b preload\n"
+    start("preload:\nsetlocalstring a preload\nsetlocalstring b preload\nremovewidget none\n"
           "onenter:\nsetlocalstring a enter\nsetlocalstring c enter\n");
-    for (const char* entering : {"first", "second"}) {
+    for (const auto& [entering, runs] : {std::pair("first", 2), {"second", 3}}) {
+        EXPECT_EQ(driver->log.linesWith("unknown widget none"), runs) << entering;
         EXPECT_EQ(menu->getLocalString("a"), "enter") << "it runs before onenter: " << entering;
         EXPECT_EQ(menu->getLocalString("b"), "preload") << entering;
         menu->setLocalString("b", "");
@@ -141,6 +142,7 @@ TEST_F(HandledMenuTest, GoesOnByItself) {
     driver->step(2000); // and less than a second before
     EXPECT_EQ(&driver->menu(), menu);
     driver->step(2000);
+    EXPECT_EQ(StatesMachine::getInstance().getActiveState()->getName(), "B") << "not later";
     EXPECT_TRUE(driver->untilIdle("B"));
 }
 

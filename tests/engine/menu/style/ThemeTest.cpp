@@ -108,6 +108,7 @@ onenter:
 theme.definetheme t
 theme.definefont seed
 theme.definewidgetimage button rest active
+theme.definewidgetimagecolorargb button 80112233 active
 theme.definewidgettextcolorargb button FF000001 active
 theme.definewidgettextcolorargb button FF000002 inactive
 theme.definewidgettextcolorargb button FF000003 over
@@ -131,6 +132,7 @@ addwidget b A
         Canvas::getInstance().setRecorder(nullptr);
         ASSERT_EQ(records.size(), 2U) << what;
         EXPECT_EQ(records[0].name, "rest") << what;
+        EXPECT_EQ(records[0].argb, 0x80112233) << what;
         EXPECT_EQ(records[1].argb, color) << what;
         // The glyph itself is drawn one to the left and 3 down, and the line fills the height.
         EXPECT_EQ(records[1].target, (Rect{2, -2, 8, 9})) << what;
