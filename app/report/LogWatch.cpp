@@ -62,6 +62,9 @@ std::vector<zel::String> LogWatch::poll(const zel::String& folder) {
     missingFolder = present.list(folder, FirstPiecePattern) ? zel::String() : folder;
     if (!missingFolder.empty())
         return names;
+    logs.erase(std::remove_if(logs.begin(), logs.end(),
+                              [&](const Log& log) { return !present.holds(log.name); }),
+               logs.end());
     for (int32_t i = 0; i < present.count(); ++i) {
         const zel::String name = present.name(i);
         const auto earlier = std::find_if(logs.begin(), logs.end(),

@@ -52,7 +52,8 @@ public:
     /// waits for further ones.
     void resume();
     /// Lists the folder. Returns the names of the first pieces that have come since the last poll,
-    /// and of those found before whose logs have grown or have to be read again (Unread, Ending).
+    /// and of those found before whose logs have grown or have to be read again (Unread, Ending). A
+    /// log that has gone is forgotten, and new if it comes back.
     std::vector<zel::String> poll(const zel::String& folder);
     /// Whether a log of the last poll had its end at the poll before and hasn't grown since.
     bool hasStoppedEnding(const zel::String& name) const;

@@ -101,6 +101,10 @@ TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
     expectQuietly(Stopped, 3);
     write(first, beginning.substr(0, 600));
     EXPECT_EQ(afterLook(), Grows) << "it was only a rest";
+    takeLog();
+    EXPECT_EQ(afterLook(), Waits) << "it is gone";
+    write(first, beginning.substr(0, 600));
+    EXPECT_EQ(afterLook(), Begun) << "and back";
 
     ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
     ASSERT_TRUE(driver.takeOff());
