@@ -69,6 +69,8 @@ CREATE TABLE orders_log(name TEXT PRIMARY KEY, since INTEGER NOT NULL) WITHOUT R
 CREATE INDEX victory_flight ON victory(flight) WHERE flight IS NOT NULL;
 CREATE INDEX posting_moved ON posting(pilot) WHERE kind IN ('transferred', 'succeeded');
 )",
+    // Earlier orders have no folder.
+    "ALTER TABLE orders ADD COLUMN folder TEXT",
 };
 const int32_t RecordVersion = static_cast<int32_t>(std::size(RecordSteps));
 

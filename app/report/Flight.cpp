@@ -75,17 +75,15 @@ DailyMission Flight::begin(Database& career) {
     combatReport.clear();
     hasTextLog = true;
     isTakenUp = false;
-    if (before != nullptr) {
-        watch.resume();
-        // He went back to an earlier page, and chooses to fly again. A log that a power cut took
-        // may come again under its name.
-        if (!before->reportedLog.empty() &&
-            zel::system::fileStatus(logFolder() + before->reportedLog).exists)
-            watch.ignore(before->reportedLog);
-    } else if (const zel::FileFault reason = watch.begin(logFolder());
-               reason != zel::FileFault::None) {
+    const zel::FileFault reason =
+        before != nullptr ? watch.resume(logFolder()) : watch.begin(logFolder());
+    if (reason != zel::FileFault::None)
         return withoutLogs(reason);
-    }
+    // He went back to an earlier page, and chooses to fly again. A log that a power cut took may
+    // come again under its name.
+    if (before != nullptr && !before->reportedLog.empty() &&
+        zel::system::fileStatus(logFolder() + before->reportedLog).exists)
+        watch.ignore(before->reportedLog);
     DailyMission mission = writeDailyMission(career, missionGenerator);
     if (mission.fault == MissionFault::None)
         keepOrders(career, mission);
@@ -106,6 +104,7 @@ void Flight::keepOrders(const Database& career, const DailyMission& mission) {
     orders.z = missionGenerator.locationZ + missionGenerator.offsetZ;
     orders.planes = missionGenerator.plan;
     orders.knownLogs = watch.knownLogs();
+    orders.logFolder = LogWatch::markOf(logFolder());
     if (book == nullptr) {
         out = std::make_shared<const MissionOrders>(std::move(orders));
         return;
@@ -131,7 +130,8 @@ const MissionOrders* Flight::orders(const Database& career) {
 
 void Flight::takeUp() {
     restorePlan(*out, missionGenerator);
-    watch.begin(out->knownLogs);
+    watch.begin(out->knownLogs,
+                out->logFolder.empty() ? LogWatch::markOf(logFolder()) : out->logFolder);
     combatReport.clear();
     hasTextLog = true;
     areKept = true;

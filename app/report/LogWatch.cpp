@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "engine/core/Directory.h"
+#include "app/career/Checksum.h"
+#include "engine/core/SystemPlaces.h"
 
 namespace {
 
@@ -16,24 +17,44 @@ zel::FileFault LogWatch::begin(const zel::String& folder) {
     zel::Directory present;
     if (!present.list(folder, FirstPiecePattern))
         return present.fault();
-    logs.clear();
     startNews();
     known.clear();
-    for (int32_t i = 0; i < present.count(); ++i)
-        known.insert(present.name(i));
+    here = {};
+    enter(folder, present);
     return zel::FileFault::None;
 }
 
-void LogWatch::begin(const std::vector<zel::String>& knownLogs) {
+void LogWatch::begin(const std::vector<zel::String>& knownLogs, const zel::String& folder) {
     logs.clear();
     startNews();
-    known = std::set<zel::String>(knownLogs.begin(), knownLogs.end());
+    here = folder;
+    known = {{here, {knownLogs.begin(), knownLogs.end()}}};
 }
 
-void LogWatch::resume() {
+zel::String LogWatch::markOf(const zel::String& folder) {
+    return checksumOf(zel::system::canonicalPath(folder));
+}
+
+zel::FileFault LogWatch::resume(const zel::String& folder) {
+    zel::Directory present;
+    if (known.count(markOf(folder)) == 0 && !present.list(folder, FirstPiecePattern))
+        return present.fault();
+    enter(folder, present);
     for (Log& log : logs)
         log.isEarlier = true;
     startNews();
+    return zel::FileFault::None;
+}
+
+void LogWatch::enter(const zel::String& folder, const zel::Directory& present) {
+    const zel::String mark = markOf(folder);
+    if (mark == here)
+        return;
+    here = mark;
+    logs.clear();
+    if (const auto [names, isNew] = known.try_emplace(mark); isNew)
+        for (int32_t i = 0; i < present.count(); ++i)
+            names->second.insert(present.name(i));
 }
 
 void LogWatch::startNews() {
@@ -43,18 +64,23 @@ void LogWatch::startNews() {
 
 void LogWatch::markAsKnown() {
     for (const Log& log : logs)
-        known.insert(log.name);
+        known[here].insert(log.name);
     logs.clear();
 }
 
 void LogWatch::ignore(const zel::String& name) {
-    known.insert(name);
+    known[here].insert(name);
     logs.erase(
         std::remove_if(logs.begin(), logs.end(), [&](const Log& log) { return log.name == name; }),
         logs.end());
 }
 
-std::vector<zel::String> LogWatch::knownLogs() const { return {known.begin(), known.end()}; }
+std::vector<zel::String> LogWatch::knownLogs() const {
+    const auto names = known.find(here);
+    if (names == known.end())
+        return {};
+    return {names->second.begin(), names->second.end()};
+}
 
 std::vector<zel::String> LogWatch::poll(const zel::String& folder) {
     std::vector<zel::String> names;
@@ -62,6 +88,7 @@ std::vector<zel::String> LogWatch::poll(const zel::String& folder) {
     missingFolder = present.list(folder, FirstPiecePattern) ? zel::String() : folder;
     if (!missingFolder.empty())
         return names;
+    enter(folder, present);
     logs.erase(std::remove_if(logs.begin(), logs.end(),
                               [&](const Log& log) { return !present.holds(log.name); }),
                logs.end());
@@ -70,7 +97,7 @@ std::vector<zel::String> LogWatch::poll(const zel::String& folder) {
         const auto earlier = std::find_if(logs.begin(), logs.end(),
                                           [&](const Log& log) { return log.name == name; });
         const bool isNew = earlier == logs.end();
-        if (isNew && known.count(name) != 0)
+        if (isNew && known[here].count(name) != 0)
             continue;
         Log& log = isNew ? logs.emplace_back() : *earlier;
         // Measured before it is read: what is written meanwhile shows as growth.

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <vector>
 
 #include "app/report/LogExtent.h"
 #include "engine/core/Clock.h"
+#include "engine/core/Directory.h"
 #include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
@@ -42,18 +44,25 @@ public:
     /// folder that can't be listed is an error, after which nothing is known for certain: all old
     /// logs could count as new.
     [[nodiscard]] zel::FileFault begin(const zel::String& folder);
-    /// The same with the logs that an earlier run of the program has found.
-    void begin(const std::vector<zel::String>& knownLogs);
+    /// The same with the logs that an earlier run of the program has found. folder: markOf()
+    /// theirs.
+    void begin(const std::vector<zel::String>& knownLogs, const zel::String& folder);
+    /// What distinguishes a folder that exists from all others, by whatever path it is reached.
+    static zel::String markOf(const zel::String& folder);
     /// Forgets a log: it belongs to another flight, even if it grows.
     void ignore(const zel::String& name);
-    /// The first pieces of the logs that are known, without those that poll() found.
+    /// The first pieces of the logs that are known in the folder seen last, without those that
+    /// poll() found.
     std::vector<zel::String> knownLogs() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
-    /// waits for further ones.
-    void resume();
-    /// Lists the folder. Returns the names of the first pieces that have come since the last poll,
-    /// and of those found before whose logs have grown or have to be read again (Unread, Ending). A
-    /// log that has gone is forgotten, and new if it comes back.
+    /// waits for further ones. Another folder is entered as by poll(); one that can't be listed is
+    /// an error.
+    [[nodiscard]] zel::FileFault resume(const zel::String& folder);
+    /// Lists the folder. In a folder that it hasn't seen since begin() it notes the logs that are
+    /// there as known, since they aren't of this mission. Returns the names of the first pieces
+    /// that have come since the last poll, and of those found before whose logs have grown or have
+    /// to be read again (Unread, Ending). A log that has gone is forgotten, and new if it comes
+    /// back.
     std::vector<zel::String> poll(const zel::String& folder);
     /// Whether a log of the last poll had its end at the poll before and hasn't grown since.
     bool hasStoppedEnding(const zel::String& name) const;
@@ -80,9 +89,11 @@ private:
     };
 
     void startNews();
+    void enter(const zel::String& folder, const zel::Directory& present);
 
-    std::set<zel::String> known;
-    std::vector<Log> logs; // in the order in which they were found
+    std::map<zel::String, std::set<zel::String>> known; // by folder, of those seen since begin()
+    zel::String here;                                   // key of the one seen last
+    std::vector<Log> logs;                              // in the order in which they were found
     zel::String missingFolder;
     uint32_t newsTicks = zel::ticks(); // when there was news, on the engine's clock
 };

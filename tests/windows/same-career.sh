@@ -21,9 +21,12 @@ career() {
     # The saved file's path is named in each system's way.
     tr -d '\r' <"$folder/said" | grep -v '^Saved ' >"$folder/said-alike"
     rm "$folder/said"
-    # Of a record the rows count: what SQLite leaves free in a page is whatever was there.
+    # Of a record the rows count: what SQLite leaves free in a page is whatever was there. Each has its own
+    # folder of the simulator.
     python3 -c 'import sqlite3, sys
-print(*sqlite3.connect(sys.argv[1]).iterdump(), sep="\n")' "$folder/user/Saves/record.db" >"$folder/record.sql"
+record = sqlite3.connect(sys.argv[1])
+record.execute("UPDATE orders SET folder = NULL")
+print(*record.iterdump(), sep="\n")' "$folder/user/Saves/record.db" >"$folder/record.sql"
     rm "$folder/user/Saves/record.db"
 }
 

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/mission/Configuration.h"
 #include "app/mission/DailyMission.h"
 #include "app/record/Sqlite.h"
 #include "standin/StandIn.h"
@@ -190,6 +191,30 @@ TEST_F(OrdersTest, EndWithTheProgramWhereNothingCanBeWritten) {
     ASSERT_TRUE(session->newCareer({ServiceFrench, 1915, 12}) && session->mission() &&
                 session->fly() && session->save());
     expectReported(killAndLoad(), "of a career whose first save came after them");
+}
+
+TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
+    const std::string other = run.folder.file("other");
+    const auto choose = [](const zel::String& folder) {
+        Configuration::reset();
+        Configuration::set("rof.directory", folder);
+    };
+    ASSERT_TRUE(beginAndLoad().mission() && session->fly());
+    fs::copy(run.simulatorFolder(), other, fs::copy_options::recursive);
+    choose(other);
+    expectProblem(killAndLoad().report(), "No log of your flight has come yet");
+    choose(run.simulatorFolder());
+    expectReported(*session, "in the folder of the orders, which was left and chosen again");
+
+    ASSERT_TRUE(beginAndLoad().fly());
+    choose(other);
+    ASSERT_TRUE(session->mission());
+    expectProblem(session->report(), "No log of your flight has come yet");
+    ASSERT_TRUE(session->fly());
+    expectReported(killAndLoad(), "flown in the other folder");
+    session.reset();
+    number("UPDATE orders SET folder = NULL");
+    expectReported(beginAndLoad(), "orders of an earlier program");
 }
 
 TEST_F(OrdersTest, KeepTheCareerAsItIs) {
