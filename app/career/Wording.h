@@ -128,6 +128,7 @@ inline constexpr Wording LogNewsTexts[] = { // by LogState
     {916, "The end of your flight is being written: one more look, and the report is there."},
     {917, "The log of your flight has stopped before the end. Finish the mission in the simulator, or fly it again."},
     {918, "The newest log belongs to another mission, \"$1\". Fly WingtallyMission."},
+    {925, "The newest log belongs to the orders of another day. Fly WingtallyMission as it is now."},
     {919, "The newest log belongs to other orders: to-day's don't name its pilot, $1. Fly WingtallyMission as it is now."},
 };
 

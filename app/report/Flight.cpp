@@ -148,26 +148,11 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     logLook("Update directory: " + folder);
     const std::vector<zel::String> names = watch.poll(folder);
     logLook(zel::String("New files found: ") + int32_t(names.size()));
-    bool isFound = false;
-    zel::String found;
-    for (const zel::String& name : names) {
-        logLook("File found: " + name);
-        const LogNews news = readLog(folder, name);
-        isFound = news.state == LogState::Ending &&
-                  (isLastLook || namesEverybody() || watch.hasStoppedEnding(name));
-        if (isFound && wasReported(folder, name)) {
-            isFound = false;
-            logLook(name + " was reported before", zel::LogWarning);
-            watch.ignore(name);
-        } else if (isFound) {
-            found = name;
-            break;
-        }
-        watch.note(name, news);
-        combatReport.clear();
-    }
+    zel::String found = ownLog(folder, names, isLastLook);
+    if (found.empty() && isLastLook)
+        found = strangersLog(folder);
     logLook("---");
-    if (isFound) {
+    if (!found.empty()) {
         account = accountOf(combatReport, missionGenerator, folder + found);
         if (career.observer != nullptr)
             career.observer->onFlight(career, account);
@@ -177,14 +162,46 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     } else if (watch.news().state == LogState::None) {
         hasTextLog = checkSimulator() != SimulatorState::NoTextLog;
     }
-    return isFound;
+    return !found.empty();
+}
+
+/// Reads those logs up to the one that makes the report, and returns its name; empty for none.
+zel::String Flight::ownLog(const zel::String& folder, const std::vector<zel::String>& names,
+                           bool isLastLook) {
+    for (const zel::String& name : names) {
+        logLook("File found: " + name);
+        const LogNews news = readLog(folder, name);
+        const bool isWhole = news.state == LogState::Ending &&
+                             (isLastLook || namesEverybody() || watch.hasStoppedEnding(name));
+        if (!isWhole) {
+            watch.note(name, news);
+        } else if (!wasReported(folder, name)) {
+            return name;
+        } else {
+            logLook(name + " was reported before", zel::LogWarning);
+            watch.ignore(name);
+        }
+        combatReport.clear();
+    }
+    return {};
+}
+
+/// The same with the logs whose player the plan doesn't know: the simulator may have another name
+/// for his plane, as after a change in its editor.
+zel::String Flight::strangersLog(const zel::String& folder) {
+    for (const zel::String& name : watch.logsIn(LogState::OtherPilot)) {
+        if (combatReport.readMission(folder, name, missionGenerator.plan) &&
+            !wasReported(folder, name))
+            return name;
+        combatReport.clear();
+    }
+    return {};
 }
 
 /// Reads a log into the report and returns what it turned out to be.
 LogNews Flight::readLog(const zel::String& folder, const zel::String& name) {
     combatReport.clear();
-    if (combatReport.readMission(folder, name, missionGenerator.plan))
-        return {LogState::Ending, {}};
+    const bool hasEnd = combatReport.readMission(folder, name, missionGenerator.plan);
     if (combatReport.hasUnreadPiece())
         return {LogState::Unread, name};
     if (const zel::String mission = loggedMission(combatReport.lines);
@@ -192,10 +209,20 @@ LogNews Flight::readLog(const zel::String& folder, const zel::String& name) {
         logLook(name + " is the log of another mission: " + mission, zel::LogWarning);
         return {LogState::OtherMission, mission};
     }
-    for (const PilotReport& record : combatReport.pilots)
-        if (record.human != 0 && record.pilot < 0)
-            return {LogState::OtherPilot, record.name};
-    return {LogState::Begun, {}};
+    if (const int32_t date = loggedDate(combatReport.lines);
+        date != 0 && out != nullptr && date != out->date) {
+        logLook(name + " is the log of another day: " + date, zel::LogWarning);
+        return {LogState::OtherDay, {}};
+    }
+    const std::vector<PilotReport>& records = combatReport.pilots;
+    const auto isPlayer = [](const PilotReport& record) { return record.human != 0; };
+    const auto player = std::find_if(records.begin(), records.end(), isPlayer);
+    const bool isPlanned = std::any_of(player, records.end(), [&](const PilotReport& record) {
+        return isPlayer(record) && record.pilot >= 0;
+    });
+    if (player != records.end() && !isPlanned)
+        return {LogState::OtherPilot, player->name};
+    return {hasEnd ? LogState::Ending : LogState::Begun, {}};
 }
 
 bool Flight::wasReported(const zel::String& folder, const zel::String& name) const {

@@ -43,8 +43,9 @@ public:
     /// Looks once for the log of the mission that was flown. True when a finished mission was
     /// found: it is in the report and has been applied to the career. Otherwise the report is
     /// empty. A log that has an end but doesn't name everybody of the plan may be incomplete: it is
-    /// left to the next look, and accepted once it stops growing or if this is the last look. A log
-    /// that was reported before is passed over.
+    /// left to the next look, and accepted once it stops growing or if this is the last look. Logs
+    /// of other missions, of other days and those that were reported before are passed over. So are
+    /// those whose player isn't in the plan, but the last look accepts one if there is no other.
     bool findReport(Database& career, bool isLastLook = false);
     /// What the looks since begin() have found.
     LogNews news() const;
@@ -57,6 +58,9 @@ public:
     LogWatch& logs() { return watch; }
 
 private:
+    zel::String ownLog(const zel::String& folder, const std::vector<zel::String>& names,
+                       bool isLastLook);
+    zel::String strangersLog(const zel::String& folder);
     LogNews readLog(const zel::String& folder, const zel::String& name);
     bool namesEverybody() const;
     bool wasReported(const zel::String& folder, const zel::String& name) const;

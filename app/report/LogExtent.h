@@ -22,3 +22,5 @@ LogExtent measureLog(const zel::String& folder, const zel::String& firstPiece);
 
 /// The mission that the log names, without its folder and file ending; empty if it names none.
 zel::String loggedMission(const LogText& log);
+/// The mission's day that the log names, as Calendar::dateNumber(); 0 if it names none.
+int32_t loggedDate(const LogText& log);

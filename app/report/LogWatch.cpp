@@ -129,6 +129,14 @@ void LogWatch::note(const zel::String& name, const LogNews& news) {
             log.news = news;
 }
 
+std::vector<zel::String> LogWatch::logsIn(LogState state) const {
+    std::vector<zel::String> names;
+    for (const Log& log : logs)
+        if (log.news.state == state)
+            names.push_back(log.name);
+    return names;
+}
+
 int32_t LogWatch::quietMinutes() const {
     constexpr uint32_t Minute = 60000; // milliseconds
     return int32_t((zel::ticks() - newsTicks) / Minute);

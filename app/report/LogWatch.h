@@ -25,6 +25,7 @@ enum class LogState {
     Ending,       // its end is there and may still be incomplete
     Stopped,      // it has no end and no longer grows
     OtherMission, // it is the log of another mission
+    OtherDay,     // WingtallyMission, but of another day
     OtherPilot,   // WingtallyMission, but with a player whom the plan doesn't know
 };
 
@@ -66,9 +67,11 @@ public:
     std::vector<zel::String> poll(const zel::String& folder);
     /// Whether a log of the last poll had its end at the poll before and hasn't grown since.
     bool hasStoppedEnding(const zel::String& name) const;
-    /// What reading a log of the last poll has shown: Unread, Begun, Ending, OtherMission or
-    /// OtherPilot.
+    /// What reading a log of the last poll has shown: Unread, Begun, Ending, OtherMission, OtherDay
+    /// or OtherPilot.
     void note(const zel::String& name, const LogNews& news);
+    /// The logs of which that was noted, in the order in which they were found.
+    std::vector<zel::String> logsIn(LogState state) const;
     /// Marks the logs found so far as known, even if they grow.
     void markAsKnown();
 

@@ -117,6 +117,27 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     EXPECT_EQ(missionsOf(10), 10);
 }
 
+// As a career in the same squadron leaves it, or a plane that was renamed in the simulator.
+TEST_F(LogWatchTest, TakesTheFlightOfAStrangerAtTheLastLookOnly) {
+    flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
+    for (const bool hasOwn : {true, false}) {
+        const uint16_t own = missionsOf(10);
+        const uint16_t others = missionsOf(12);
+        const std::string log = hasOwn ? "missionReport(a)" : "missionReport(b)";
+        writeFlight(log);
+        std::string beginning(FlightPieces[0]);
+        beginning.replace(beginning.find("Erich Sommer"), 12, "Desk Jockey ");
+        write(log + "[0].txt", beginning);
+        EXPECT_FALSE(flight.findReport(career) || flight.findReport(career));
+        EXPECT_EQ(watch.news().state, LogState::OtherPilot);
+        if (hasOwn)
+            writeFlight("missionReport(own)");
+        EXPECT_TRUE(flight.findReport(career, true));
+        EXPECT_EQ(missionsOf(10), own + (hasOwn ? 1 : 0));
+        EXPECT_EQ(missionsOf(12), others + 1);
+    }
+}
+
 TEST_F(LogWatchTest, ReadsByThePlanOfItsOwnFlight) {
     Flight later;
     later.generator().plan = {plannedPlane(0, "Desk Jockey", France, {0, 0, 0})};

@@ -132,7 +132,14 @@ TEST_F(OrdersTest, HaveADefinedEnd) {
 }
 
 TEST_F(OrdersTest, CarryNoLogIntoTheCareerTwice) {
-    ASSERT_TRUE(beginAndLoad().mission() && session->fly() && session->report() && session->save());
+    ASSERT_TRUE(beginAndLoad().mission() && session->fly());
+    for (const auto& entry : fs::directory_iterator(run.folder.file("sim/data"))) {
+        const std::string name = "sim/data/" + entry.path().filename().string();
+        std::string text = run.folder.read(name);
+        if (const size_t date = text.find("GDate:"); date != text.npos)
+            run.folder.write(name, text.erase(date, 6)); // or the day alone would tell
+    }
+    ASSERT_TRUE(session->report() && session->save());
     ASSERT_TRUE(session->mission());
     session.reset();
     number("DELETE FROM orders_log"); // as if it had come after the orders
