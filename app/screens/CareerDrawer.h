@@ -51,7 +51,7 @@ public:
     bool putAway();
     /// Makes that page of the chosen book its present save. On error: as putAway().
     bool turnBack(const SavePage& page);
-    /// Why the last operation failed, as an English sentence without a full stop; empty if it
+    /// Why the last operation failed, as whole sentences in the language in use; empty if it
     /// succeeded.
     const zel::String& trouble() const { return problem; }
 
