@@ -240,6 +240,15 @@ bool isSaved(const Database& career, const zel::String& name) {
            saved == content;
 }
 
+zel::String freeDamagedPath(const zel::String& name) {
+    const zel::String path = zel::getUserDirectory() + name + DamagedEnding;
+    zel::String numbered = path;
+    for (int32_t number = 2; number <= LastDamaged && zel::system::fileStatus(numbered).exists;
+         ++number)
+        numbered = path + "-" + number;
+    return numbered;
+}
+
 bool writeSave(Database& career, const zel::String& name) {
     const zel::String path = zel::getUserDirectory() + name;
     if (!career.hasCareer()) {
@@ -274,7 +283,7 @@ bool writeSave(Database& career, const zel::String& name) {
         if (career.writeFault != zel::FileFault::None)
             return false; // the next load would call it changed
     }
-    isWritten = isWritten && file.commit(path + (isDamaged ? DamagedEnding : BackupEnding));
+    isWritten = isWritten && file.commit(isDamaged ? freeDamagedPath(name) : path + BackupEnding);
     career.writeFault = file.fault();
     if (isWritten) {
         career.damagedSave = "";

@@ -8,10 +8,14 @@ class Database;
 // files are relative to the user's folder.
 
 /// Writes the career as WholeFile does; the observer is notified before the rename. What had the
-/// name is kept with BackupEnding or, unless it is a whole save, with DamagedEnding. On error, also
-/// without a career: false, a log line at level 2, Database::writeFault, and the old file stays
-/// whole.
+/// name is kept with BackupEnding or, unless it is a whole save, as freeDamagedPath(). On error,
+/// also without a career: false, a log line at level 2, Database::writeFault, and the old file
+/// stays whole.
 [[nodiscard]] bool writeSave(Database& career, const zel::String& name);
+/// The path under which the next save keeps a damaged file, one that no other has: ".damaged",
+/// ".damaged-2" and so on. After LastDamaged of them the last is replaced.
+zel::String freeDamagedPath(const zel::String& name);
+constexpr int32_t LastDamaged = 99;
 /// Whether the file holds exactly this career, so that nothing is lost without another save. True
 /// without a career.
 bool isSaved(const Database& career, const zel::String& name);

@@ -37,10 +37,6 @@ zel::String repairLines(const Database& career) {
     return joined(lines, "\n");
 }
 
-zel::String damagedPath() {
-    return zel::system::absolutePath(zel::getUserDirectory() + SaveFileName + DamagedEnding);
-}
-
 } // namespace
 
 void MenuNotificationRepair::onEnter() {
@@ -48,7 +44,8 @@ void MenuNotificationRepair::onEnter() {
     if (career == nullptr || !career->hasCareer())
         return;
     setText("reason", repairLines(*career));
-    setText("path", zel::system::shownText(damagedPath()));
+    const zel::String damaged = zel::system::absolutePath(freeDamagedPath(SaveFileName));
+    setText("path", zel::system::shownText(damaged));
     const bool isKept = !career->damagedSave.empty();
     setVisible("text2", isKept);
     setVisible("path", isKept);

@@ -106,6 +106,7 @@ TEST_F(SaveMatchTest, JudgesAChangedSave) {
             program.career.createCareer(ServiceGerman);
         EXPECT_TRUE(program.save()) << what;
         EXPECT_TRUE(saved(".bak") == first && saved(".damaged") == content) << what;
+        fs::remove(run.folder.file(std::string(Save) + ".damaged"));
     }
 }
 

@@ -117,7 +117,8 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"));
     EXPECT_EQ(home.save(), whole);
     EXPECT_EQ(home.folder.read(save + ".bak"), whole) << "the damaged one doesn't replace it";
-    EXPECT_EQ(home.folder.read(save + ".damaged"), lost);
+    EXPECT_EQ(home.folder.read(save + ".damaged"), damaged) << "it isn't replaced";
+    EXPECT_EQ(home.folder.read(save + ".damaged-2"), lost);
     ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"))
         << "a whole one: no page";
 
