@@ -38,6 +38,7 @@ struct SaveCheck {
     SaveMatch match = SaveMatch::Unknown;
     zel::String checksum; // of the file that was read, for the career's observer
     SaveSource source = SaveSource::Named;
+    bool replacesUnread = false; // an earlier save was read, as the present one could not be
 };
 
 /// Why the save can't be used, as the end of an English sentence about it: "it is no save game".

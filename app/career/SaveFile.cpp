@@ -276,7 +276,8 @@ bool writeSave(Database& career, const zel::String& name) {
         career.writeFault = zel::system::lastFault();
         return false;
     }
-    if (isWritten && !isDamaged && replaced == SaveMatch::Unknown)
+    if (isWritten && !isDamaged &&
+        (replaced == SaveMatch::Unknown || career.saveCheck.replacesUnread))
         noteUnknown(career, path);
     if (isWritten && career.observer != nullptr && !career.observer->onSaving(career, content)) {
         career.writeFault = noteUnrecorded(path, content);
@@ -287,6 +288,7 @@ bool writeSave(Database& career, const zel::String& name) {
     career.writeFault = file.fault();
     if (isWritten) {
         career.damagedSave = "";
+        career.saveCheck.replacesUnread = false;
         career.isUnsaved = false;
         if (career.observer != nullptr)
             career.observer->onSaved(career);
@@ -306,7 +308,9 @@ bool readSave(Database& career, const zel::String& name) {
     beginReading(career);
     const zel::String found = findSave(career, name);
     const bool isRead = readFile(career, found);
-    const bool isDamaged = !isRead || career.repairs.any();
+    // One that can't be read now may be whole: the next save looks at it.
+    const bool isDamaged =
+        career.saveCheck.fault != SaveFault::Unread && (!isRead || career.repairs.any());
     career.damagedSave = isDamaged ? zel::getUserDirectory() + name : zel::String();
     return endReading(career, isRead);
 }
@@ -319,10 +323,13 @@ bool readBackup(Database& career, const zel::String& name) {
     const zel::String earlier = earlierSave(career, name);
     // A draft that has taken the name of a missing save is whole, and becomes the one before.
     const bool isDamaged = !career.damagedSave.empty();
+    const bool isUnread =
+        career.saveCheck.replacesUnread || career.saveCheck.fault == SaveFault::Unread;
     beginReading(career);
     const bool isRead = readFile(career, earlier.empty() ? name + BackupEnding : earlier);
     const zel::String path = zel::getUserDirectory() + name;
-    if (isRead && !isDamaged && !career.isReadOnly)
+    career.saveCheck.replacesUnread = isUnread && !isDamaged;
+    if (isRead && !isDamaged && !isUnread && !career.isReadOnly)
         noteUnknown(career, path);
     career.damagedSave = isDamaged ? path : zel::String();
     return endReading(career, isRead);

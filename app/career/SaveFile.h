@@ -27,5 +27,6 @@ bool isSaved(const Database& career, const zel::String& name);
 /// repaired, or was read in place of a file that was missing.
 bool hasEarlierSave(const Database& career, const zel::String& name);
 /// The same as readSave from the save before the one of that name, which the caller has found
-/// damaged or missing: the next save keeps a damaged one with DamagedEnding. On error: as readSave.
+/// damaged, missing or unreadable. The next save keeps a damaged one as freeDamagedPath(), and
+/// looks again at one that could not be read. On error: as readSave.
 [[nodiscard]] bool readBackup(Database& career, const zel::String& name);

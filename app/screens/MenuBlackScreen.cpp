@@ -28,18 +28,33 @@ void MenuBlackScreen::onEnter() {
     if (career->saveCheck.fault != SaveFault::None)
         setText("reason", sentenceOf(career->saveCheck));
     const bool hasEarlier = hasEarlierSave(*career, SaveFileName);
+    const bool isUnread = career->saveCheck.fault == SaveFault::Unread;
     setVisible("text2", !hasEarlier);
-    setVisible("text3", !hasEarlier);
+    setVisible("text3", !hasEarlier && !isUnread);
     setVisible("text4", hasEarlier);
+    setVisible("text5", isUnread);
+    setVisible("menuButton1", isUnread);
     setVisible("menuButton2", hasEarlier);
 }
 
 void MenuBlackScreen::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     Database* career = Database::instance();
-    if (career == nullptr || widget->getName() != "menuButton2")
+    if (career == nullptr)
         return;
-    if (!career->loadBackup(SaveFileName))
+    if (widget->getName() == "menuButton1")
+        tryAgain(*widget);
+    else if (widget->getName() != "menuButton2")
+        return;
+    else if (!career->loadBackup(SaveFileName))
         onEnter(); // it could be read a moment ago
     else
         setTransition(career->repairs.any() ? "MenuNotificationRepair" : drawer.firstScreen());
+}
+
+void MenuBlackScreen::tryAgain(zel::Widget& plate) {
+    const zel::String next = drawer.open();
+    if (next != menu->getName())
+        return setTransition(next);
+    plate.reset(); // the screen stays
+    onEnter();
 }

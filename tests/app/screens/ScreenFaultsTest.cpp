@@ -11,10 +11,13 @@
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "tests/app/screens/CareerDriver.h"
+#include "tests/support/HeldFile.h"
 
 namespace {
 
 constexpr const char* FirstChoices = "menuButton3>MenuNewYear menuButton1>MenuEnlist";
+
+constexpr const char* Pages = "user/Saves/Pages";
 
 using ScreenFaults = CareerScreens;
 
@@ -200,7 +203,7 @@ TEST_F(EarlierSaves, AreOfferedInPlaceOfADraftAndOfTheOneBefore) {
 
 TEST_F(EarlierSaves, AreOfferedAsLongAsThereAreAny) {
     loseRecord();
-    const std::string pages = home.folder.file("user/Saves/Pages");
+    const std::string pages = home.folder.file(Pages);
     damage("", saves[2]);
     damage(".bak", saves[1]);
     for (const bool hasPages : {false, true}) {
@@ -229,6 +232,33 @@ TEST_F(EarlierSaves, LeaveAWholeDraftWhole) {
     EXPECT_TRUE(home.save() == saves[0]);
     EXPECT_TRUE(home.folder.read(save + ".bak") == saves[2]);
     EXPECT_FALSE(std::filesystem::exists(path + ".damaged"));
+}
+
+// A virus scanner has it, for example.
+TEST_F(EarlierSaves, StandInForOneThatIsHeldForAMoment) {
+    HeldFile held(path);
+    if (!held.isHeld())
+        GTEST_SKIP() << "no file can be held here";
+    ASSERT_TRUE(driver->go("menuButton2", "BlackScreen"));
+    EXPECT_EQ(driver->text("reason"),
+              "The career file can't be read. Another program is using it.");
+    ASSERT_TRUE(driver->go("menuButton1", "BlackScreen")) << "it is still held";
+    held.release();
+    ASSERT_TRUE(driver->walk("menuButton1>MenuGameMain"));
+    ++Database::instance()->player().missions;
+    ASSERT_TRUE(driver->walk("menuBack>MenuMain"));
+    EXPECT_TRUE(home.folder.read(save + ".bak") == saves[2]);
+
+    const std::string newest = home.save();
+    HeldFile heldAgain(path);
+    ASSERT_TRUE(driver->walk("menuButton2>BlackScreen"));
+    heldAgain.release();
+    ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain menuBack>MenuMain"));
+    EXPECT_TRUE(home.save() == saves[2] && home.folder.read(save + ".bak") == newest);
+    ASSERT_TRUE(driver->walk("menuButton2>MenuGameMain menuBack>MenuMain"));
+    EXPECT_FALSE(std::filesystem::exists(path + ".damaged"));
+    for (const auto& page : std::filesystem::directory_iterator(home.folder.file(Pages)))
+        EXPECT_EQ(page.path().filename().string().find("damaged"), std::string::npos);
 }
 
 TEST_F(EarlierSaves, OfAFallenPilotLeadToTheLetter) {
