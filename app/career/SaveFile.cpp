@@ -236,6 +236,8 @@ bool isSaved(const Database& career, const zel::String& name) {
     std::string& saved = roomToRead();
     std::string& content = roomToWrite();
     writeContent(career, content);
+    if (career.isReadOnly && career.saveCheck.checksum == checksumOf(content))
+        return true;
     return zel::readFileWhole(zel::getUserDirectory() + name, saved) == zel::FileFault::None &&
            saved == content;
 }

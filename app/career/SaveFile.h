@@ -17,7 +17,7 @@ class Database;
 zel::String freeDamagedPath(const zel::String& name);
 constexpr int32_t LastDamaged = 99;
 /// Whether the file holds exactly this career, so that nothing is lost without another save. True
-/// without a career.
+/// without a career, and for one that can only be read and is as it was loaded.
 bool isSaved(const Database& career, const zel::String& name);
 /// Replaces the career by the file's. What is damaged is fixed and counted in `repairs`. If there
 /// is no such file, a whole draft gets its name, or the save before it is read. On error: false, a

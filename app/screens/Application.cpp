@@ -40,6 +40,7 @@
 #include "app/screens/MenuNewCareer.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/MenuNotificationRepair.h"
+#include "app/screens/MenuNotificationSave.h"
 #include "app/screens/MenuNotificationUnsaved.h"
 #include "app/screens/MenuSimulator.h"
 #include "app/screens/MenuSimulatorFolder.h"
@@ -224,8 +225,8 @@ void ZelApp::initMenus() {
     addScreen<MenuBlackScreen>(*drawer());
     addScreen<MenuNotificationRepair>(*drawer());
     addScreen<MenuNotificationUnsaved>(*flight(), *reportPages());
-    for (const char* page : {"MenuNotificationMission", "MenuNotificationSave"})
-        addScreen<MenuNotification>(page);
+    addScreen<MenuNotificationSave>();
+    addScreen<MenuNotification>("MenuNotificationMission");
 }
 
 void ZelApp::onStarted() {}

@@ -25,6 +25,9 @@ void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
 void CareerScreen::setShelf(Shelf* saves) { shelf = saves; }
 
 void CareerScreen::saveBefore(zel::Widget& leaving, const zel::String& back) {
+    const Database* career = runningCareer();
+    if (career != nullptr && career->isReadOnly && career->isSaved(SaveFileName))
+        return; // nothing has changed
     if (zel::String problem; !save(problem))
         MenuNotification::divert(leaving, "MenuNotificationSave", problem, back);
 }
@@ -33,9 +36,12 @@ bool CareerScreen::save(zel::String& problem) {
     const Database* career = runningCareer();
     if (career == nullptr || shelf == nullptr || shelf->save())
         return true;
+    if (career->isReadOnly) {
+        problem = heldElsewhereText(*career->lock);
+        return false;
+    }
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);
-    const zel::String reason = career->isReadOnly ? heldElsewhereText(*career->lock)
-                               : career->writeFault == zel::FileFault::None
+    const zel::String reason = career->writeFault == zel::FileFault::None
                                    ? shelf->problem().text()
                                    : faultSentence(career->writeFault);
     problem = zel::system::shownText(file) + "\n" + reason;

@@ -19,9 +19,10 @@ public:
     static void setShelf(Shelf* saves);
 
 protected:
-    /// Saves the career. On error the widget that was just hit leads, this once, to the page that
-    /// reports it: a player who continued would lose everything since the last save. That page
-    /// leads back to `back`, or where it normally does if that is empty.
+    /// Saves the career; does nothing if it can only be read and hasn't changed. On error the
+    /// widget that was just hit leads, this once, to the page that reports it: a player who
+    /// continued would lose everything since the last save. That page leads back to `back`, or
+    /// where it normally does if that is empty.
     static void saveBefore(zel::Widget& leaving, const zel::String& back = {});
     /// Saves the career. On error: false, and the file and the reason for the page that reports it.
     static bool save(zel::String& problem);

@@ -39,6 +39,8 @@ inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first 
     {2215, "The logs of the simulator can't be listed in this folder: $1"},
     {2216, "Another program has this career open. Its mission stays in the simulator, and none is written here."},
 };
+inline constexpr Wording CloseTheOther   {2305, "What was done here since the career was loaded can't be kept. Close the other program, leave for the main menu and press Continue."};
+inline constexpr Wording LeaveUnsaved    {2306, "Main menu without saving"};
 inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault on; the two versions
     {2410, "There is no saved career."},
     {2411, "The career file can't be read."},

@@ -6,6 +6,7 @@
 #include "app/career/Aircraft.h"
 #include "app/career/Database.h"
 #include "app/mission/DailyMission.h"
+#include "engine/core/LockFile.h"
 #include "engine/core/Registry.h"
 #include "engine/menu/widgets/TextArea.h"
 #include "engine/menu/widgets/Widget.h"
@@ -61,6 +62,29 @@ TEST_F(ScreenFaults, TheCareerCannotBeSaved) {
     std::filesystem::remove_all(home.folder.file("user/Saves/savegame_v03.wty.bak"));
     ASSERT_TRUE(driver.go("menuBack", "MenuMain"));
     EXPECT_NE(home.folder.read("user/Saves/savegame_v03.wty.bak"), "");
+}
+
+TEST(SecondProgram, LeavesACareerThatItCannotSave) {
+    const PlayerHome home;
+    const std::string save = home.folder.file("user/Saves/savegame_v03.wty");
+    ASSERT_TRUE(CareerDriver(home).begin(FirstChoices));
+    zel::LockFile other;
+    ASSERT_TRUE(other.take((home.folder.file("user") + "/career.lock").c_str()));
+    CareerDriver driver(home, 2);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain"));
+    std::filesystem::rename(save, save + ".away"); // its business
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain")) << "nothing has changed";
+    std::filesystem::rename(save + ".away", save);
+    ASSERT_TRUE(driver.walk("menuButton5>MenuCredits menuBack>MenuMain menuButton2>MenuGameMain"));
+    ++Database::instance()->player().missions;
+    ASSERT_TRUE(driver.walk("menuBack>MenuNotificationSave"));
+    EXPECT_NE(driver.text("reason").find("has this career open as well."), std::string::npos);
+    EXPECT_EQ(driver.text("text2").find("What was done here since the career was loaded"), 0U);
+    other.release();
+    ASSERT_TRUE(driver.walk("menuButton2>MenuMain menuButton2>MenuGameMain"));
+    ++Database::instance()->player().missions;
+    ASSERT_TRUE(driver.walk("menuBack>MenuMain")) << "now it is saved";
 }
 
 TEST_F(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
