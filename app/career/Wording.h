@@ -122,7 +122,7 @@ inline constexpr Wording LogNewsTexts[] = { // by LogState
     {910, "No log of your flight has come yet."},
     {911, "No log can come: the simulator's text log is off. Set mission_text_log = 1 in its data\\startup.cfg, start it again, and fly the mission again."},
     {912, "This folder of the simulator is gone, or can't be read: $1"},
-    {913, "A log has come, but another program is using it: $1"},
+    {913, "A log has come, but it can't be read: $1"},
     {914, "The log of your flight has come. It isn't complete yet."},
     {915, "Your flight isn't over yet: the log is still growing."},
     {916, "The end of your flight is being written: one more look, and the report is there."},

@@ -40,6 +40,8 @@ public:
     /// Whether the last readMission met such a piece: reading the log again may give more, even if
     /// it hasn't grown.
     bool hasUnreadPiece() const { return lines.hasUnreadPiece(); }
+    /// Why it could not be read.
+    zel::FileFault unreadFault() const { return lines.unreadFault(); }
     /// Appends one event. REQUIRES: the line outlives the events.
     void parseLine(std::string_view line);
     void parseLine(zel::String&&) = delete;

@@ -174,7 +174,7 @@ zel::String Flight::ownLog(const zel::String& folder, const std::vector<zel::Str
         const bool isWhole = news.state == LogState::Ending &&
                              (isLastLook || namesEverybody() || watch.hasStoppedEnding(name));
         if (!isWhole) {
-            watch.note(name, news);
+            watch.note(name, {news.state, news.detail, combatReport.unreadFault()});
         } else if (!wasReported(folder, name)) {
             return name;
         } else {

@@ -20,12 +20,12 @@ void logFile(const char* operation, const zel::String& name) {
         zel::log(operation + name, "EntireFile", zel::LogInfo);
 }
 
-/// Whether the piece is there and could not be read; otherwise the log has ended.
-bool isUnread(const zel::String& piece) {
+/// The reason if the piece is there and could not be read; None if the log has ended.
+zel::FileFault unreadPiece(const zel::String& piece, zel::FileFault reason) {
     if (!zel::system::fileStatus(piece).exists)
-        return false;
+        return zel::FileFault::None;
     logReading("Piece cannot be read: " + piece, zel::LogWarning);
-    return true;
+    return reason != zel::FileFault::None ? reason : zel::FileFault::Other; // it became shorter
 }
 
 } // namespace
@@ -39,10 +39,10 @@ bool LogText::loadFile(const zel::String& name) {
 bool LogText::appendFile(const zel::String& name) {
     logFile("appendFile ", name);
     zel::File file(name, zel::FileRead);
-    if (file.hasFailed())
-        return false;
-    const int32_t bytes = file.fileSize();
-    if (!file.read(makeRoom(size_t(bytes)), bytes))
+    const int32_t bytes = file.hasFailed() ? 0 : file.fileSize();
+    const bool isRead = !file.hasFailed() && file.read(makeRoom(size_t(bytes)), bytes);
+    appendFault = file.fault();
+    if (!isRead)
         return false;
     size += size_t(bytes);
     splitFrom(size - size_t(bytes));
@@ -72,9 +72,9 @@ char* LogText::makeRoom(size_t bytes) {
 }
 
 bool LogText::readPieces(const zel::String& folder, const zel::String& name) {
-    unreadPiece = false;
+    unread = zel::FileFault::None;
     if (!loadFile(folder + name)) {
-        unreadPiece = isUnread(folder + name);
+        unread = unreadPiece(folder + name, appendFault);
         return false;
     }
     // The bracket of the file's own name: the folder may have one too.
@@ -90,10 +90,10 @@ bool LogText::readPieces(const zel::String& folder, const zel::String& name) {
         const auto file = [&] { return base + "[" + piece + "]" + appendix; };
         while (appendFile(file()))
             ++piece;
-        unreadPiece = isUnread(file());
+        unread = unreadPiece(file(), appendFault);
     }
     logReading(zel::String("Total Lines Read: ") + lineCount());
-    return !unreadPiece;
+    return !hasUnreadPiece();
 }
 
 /// Finds the lines of the text from `start` on, where a file begins.

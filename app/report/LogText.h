@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
 /// The text of a mission's log as lines: all pieces that the simulator wrote, joined, in one
@@ -28,7 +29,9 @@ public:
     [[nodiscard]] bool readPieces(const zel::String& folder, const zel::String& name);
     /// Whether a piece was there at the last readPieces and could not be read, for example because
     /// another program holds it: reading again may give more, even if the log hasn't grown.
-    bool hasUnreadPiece() const { return unreadPiece; }
+    bool hasUnreadPiece() const { return unread != zel::FileFault::None; }
+    /// Why it could not be read; None if there was no such piece.
+    zel::FileFault unreadFault() const { return unread; }
 
     int32_t lineCount() const { return int32_t(lines.size()); }
     /// Valid until lines are added or replaced. REQUIRES: 0 <= index < lineCount().
@@ -55,5 +58,6 @@ private:
     size_t size = 0;     // bytes of the text in use
     size_t capacity = 0; // bytes
     std::vector<LineSpan> lines;
-    bool unreadPiece = false;
+    zel::FileFault appendFault = zel::FileFault::None; // of the last appendFile
+    zel::FileFault unread = zel::FileFault::None;      // of the piece of hasUnreadPiece()
 };

@@ -33,6 +33,7 @@ enum class LogState {
 struct LogNews {
     LogState state = LogState::None;
     zel::String detail; // NoFolder: the folder; Unread: the log; OtherMission, OtherPilot: its name
+    zel::FileFault fault = zel::FileFault::None; // Unread: why
 };
 
 /// Knows which of the simulator's logs are new since the mission was written.

@@ -6,6 +6,7 @@
 #include "app/career/Wording.h"
 #include "app/report/LogWatch.h"
 #include "app/report/Outcome.h"
+#include "engine/core/System.h"
 
 ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots,
                                   const std::vector<FlightEvent>& events) {
@@ -33,4 +34,14 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots,
 
 const Wording& newsWording(LogState state) {
     return wording::LogNewsTexts[static_cast<size_t>(state)];
+}
+
+zel::String newsText(const LogNews& news) {
+    const bool isFolder = news.state == LogState::NoFolder;
+    const zel::String text = textOf(
+        newsWording(news.state),
+        {isFolder ? zel::system::shownText(zel::system::absolutePath(news.detail)) : news.detail});
+    return news.fault == zel::FileFault::None
+               ? text
+               : textOf(wording::ProblemAndReason, {text, faultSentence(news.fault)});
 }

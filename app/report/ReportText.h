@@ -7,6 +7,7 @@
 #include "engine/core/String.h"
 
 enum class LogState;
+struct LogNews;
 struct Wording;
 
 // In the language in use; the examples are English.
@@ -34,3 +35,5 @@ ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots,
 
 /// What a look for the log has found; its mark is LogNews::detail.
 const Wording& newsWording(LogState state);
+/// The same with its detail and, for a log that can't be read, the reason.
+zel::String newsText(const LogNews& news);

@@ -9,7 +9,6 @@
 #include "app/screens/ScreenSounds.h"
 #include "app/screens/ScreenWording.h"
 #include "engine/core/Clock.h"
-#include "engine/core/System.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/StatesMachine.h"
@@ -30,15 +29,6 @@ zel::String timeOfDay() {
     char text[12];
     std::snprintf(text, sizeof text, "%02d:%02d:%02d", now.hour, now.minute, now.second);
     return text;
-}
-
-zel::String newsText(const LogNews& news, int32_t quietMinutes) {
-    if (news.state == LogState::None && quietMinutes > 0)
-        return textOf(wording::QuietLog, {quietMinutes});
-    const bool isFolder = news.state == LogState::NoFolder;
-    return textOf(
-        newsWording(news.state),
-        {isFolder ? zel::system::shownText(zel::system::absolutePath(news.detail)) : news.detail});
 }
 
 } // namespace
@@ -103,7 +93,10 @@ bool MenuGameFinishMission::look(bool isLastLook) {
 }
 
 void MenuGameFinishMission::showNews() {
-    setText("log", newsText(flight.news(), flight.logs().quietMinutes()));
+    const LogNews news = flight.news();
+    const int32_t quietMinutes = flight.logs().quietMinutes();
+    const bool isQuiet = news.state == LogState::None && quietMinutes > 0;
+    setText("log", isQuiet ? textOf(wording::QuietLog, {quietMinutes}) : newsText(news));
 }
 
 void MenuGameFinishMission::showWatch() {

@@ -82,6 +82,8 @@ zel::String whyNoOrders(const Flight& flight, const Database& career) {
 
 zel::String whyNoReport(const Flight& flight) {
     const LogNews news = flight.news();
+    const zel::String why =
+        news.fault != zel::FileFault::None ? zel::String(": ") + zel::faultText(news.fault) : "";
     return "No log of a finished flight has come into " + Configuration::getRofDirectory() +
-           "data\\: " + zel::fillMarks(newsWording(news.state).english, {news.detail});
+           "data\\: " + zel::fillMarks(newsWording(news.state).english, {news.detail}) + why;
 }
