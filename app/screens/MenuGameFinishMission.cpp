@@ -35,6 +35,7 @@ zel::String timeOfDay() {
 
 void MenuGameFinishMission::onEnter() {
     secondPress.begin();
+    lastLook.begin();
     showDate();
     timer.reset();
     lookedAt = {};
@@ -71,14 +72,17 @@ void MenuGameFinishMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) 
     }
 }
 
-// To the report, found or not.
+// To the report, found or not; but not past one that may still come.
 void MenuGameFinishMission::goOnWithout(zel::Widget& plate) {
-    const bool stays = secondPress.isDue();
+    bool stays = secondPress.isDue();
+    if (!stays && !look(true) && lastLook.holds(flight.news().state)) {
+        stays = true;
+        secondPress.begin();
+        showNews();
+    }
     plate.setTransition(stays ? "" : "MenuGameCombatReport");
     if (stays)
         plate.reset();
-    else
-        look(true);
 }
 
 bool MenuGameFinishMission::look(bool isLastLook) {
@@ -97,6 +101,8 @@ void MenuGameFinishMission::showNews() {
     const int32_t quietMinutes = flight.logs().quietMinutes();
     const bool isQuiet = news.state == LogState::None && quietMinutes > 0;
     setText("log", isQuiet ? textOf(wording::QuietLog, {quietMinutes}) : newsText(news));
+    setText("text1",
+            textOf(lastLook.hasHeld(news.state) ? wording::GoOnNotYet : wording::MayGoOnWithout));
 }
 
 void MenuGameFinishMission::showWatch() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/screens/CareerScreen.h"
+#include "app/screens/LastLook.h"
 #include "app/screens/SecondPress.h"
 #include "engine/window/Timer.h"
 
@@ -29,6 +30,7 @@ private:
 
     Flight& flight;
     SecondPress secondPress;
+    LastLook lastLook;
     zel::Timer timer;     // since the last look
     zel::String lookedAt; // the time of day of the last look; empty before the first
     int32_t hand = -1;    // the second that the watch shows

@@ -10,6 +10,7 @@
 #include "app/mission/DailyMission.h"
 #include "app/record/CareerRecord.h"
 #include "app/report/Flight.h"
+#include "app/report/ReportText.h"
 #include "app/screens/MenuNotification.h"
 #include "app/screens/OwnStandIn.h"
 #include "app/screens/ScreenSounds.h"
@@ -37,6 +38,7 @@ zel::String reasonFor(const DailyMission& mission) {
 
 void MenuGameStartMission::onEnter() {
     isSkipped = false;
+    lastLook.begin();
     showWhatToDo(true);
     Database* career = runningCareer();
     if (career == nullptr)
@@ -52,8 +54,6 @@ void MenuGameStartMission::onEnter() {
     setText("line3", textOf(!flight.areOrdersKept()  ? wording::FlyAndStay
                             : OwnStandIn::isChosen() ? wording::StandInFlight
                                                      : wording::FlyAndReturn));
-    if (zel::Widget* button = getWidget("menuButton4"); button != nullptr && isSkipped)
-        button->setTransition("MenuGameCombatReport"); // there is no flight to wait for
     if (today.fault == MissionFault::None)
         playScreenSound("engine");
     else if (menu != nullptr)
@@ -105,5 +105,19 @@ void MenuGameStartMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     if (widget->getName() == "menuButton1")
         widget->reset(); // it leads nowhere and stays usable
     else if (widget->getName() == "menuButton4" && isSkipped && career != nullptr)
-        flight.findReport(*career, true); // he may have flown before he switched his machines off
+        skip(*career, *widget);
+}
+
+// He may have flown before he switched his machines off.
+void MenuGameStartMission::skip(Database& career, zel::Widget& plate) {
+    bool stays = secondPress.isDue();
+    if (!stays && !flight.findReport(career, true) && lastLook.holds(flight.news().state)) {
+        stays = true;
+        secondPress.begin();
+        const zel::String why = newsText(flight.news()) + "\n";
+        setText("skip2", why + textOf(wording::SkipNotYet));
+    }
+    plate.setTransition(stays ? "" : "MenuGameCombatReport");
+    if (stays)
+        plate.reset();
 }

@@ -2,7 +2,9 @@
 
 #include "app/screens/CareerScreen.h"
 #include "app/screens/FlightRoster.h"
+#include "app/screens/LastLook.h"
 #include "app/screens/MadePicture.h"
+#include "app/screens/SecondPress.h"
 
 class CareerRecord;
 class Flight;
@@ -23,11 +25,14 @@ public:
 private:
     void showWhatToDo(bool isFlyable);
     void showTask(const Database& career, const DailyMission& today);
+    void skip(Database& career, zel::Widget& plate);
     void showRoster(const Database& career, const DailyMission& today);
 
     Flight& flight;
     CareerRecord& record;
     FlightRoster roster;
     MadePicture map;
+    SecondPress secondPress; // after the news that holds him
+    LastLook lastLook;
     bool isSkipped = false; // the player has no machine for it
 };

@@ -11,12 +11,15 @@ struct SwitchForms {
 namespace wording {
 
 inline constexpr Wording FlyAndReturn    {802, "Start Rise of Flight and fly WingtallyMission, then come back here. You may close Wingtally meanwhile: your orders are kept."};
+inline constexpr Wording SkipNotYet      {809, "The war hasn't moved on. Press \"Skip Mission\" once more to go on without a report."};
 inline constexpr Wording FinishFlight    {902, "Finish the mission in the simulator. Then come back and leave the pointer on this window."};
+inline constexpr Wording MayGoOnWithout  {905, "If you do not want to fly, go on without a report: the war moves on, and nothing of this flight is counted."};
 inline constexpr Wording QuietLog        {920, "No new log for $1 min. If you have flown: was it WingtallyMission, and is mission_text_log = 1 in the simulator's data\\startup.cfg?"}; // minutes
 inline constexpr Wording LooksForLog     {921, "Wingtally looks for the log every eight seconds."};
 inline constexpr Wording LookedForLog    {922, "Last look for the log at $1. The next one follows within eight seconds."}; // the time of day
 inline constexpr Wording PointerElsewhere{923, "Put the pointer on this window. Wingtally looks for the log only while it is there."};
 inline constexpr Wording KeyboardElsewhere{924, "Click into this window. Wingtally looks for the log only while it has the keyboard."};
+inline constexpr Wording GoOnNotYet      {926, "The war hasn't moved on: this flight may still be reported. Press \"Go on without a report\" once more to go on without it."};
 inline constexpr Wording GoOn            {1001, "Continue"};
 inline constexpr Wording GoOnWithHim     {4028, "Go On with Him"};
 inline constexpr Wording SheetOf         {1018, "$1 of $2"}; // which, how many

@@ -45,6 +45,14 @@ TEST_F(ScreenFaults, ThereIsNothingToFly) {
                                             {"skip1", !isFlyable},
                                             {"skip2", !isFlyable}})
             EXPECT_EQ(driver.screens->menu().getTextArea(line)->isVisible(), isShown) << line;
+        if (!isFlyable) {
+            const std::string folder = home.simulatorFolder() + "/data";
+            std::filesystem::rename(folder, folder + ".away");
+            ASSERT_TRUE(driver.go("menuButton4", "MenuGameStartMission"));
+            EXPECT_NE(driver.text("skip2").find("Press \"Skip Mission\" once more"),
+                      std::string::npos);
+            std::filesystem::rename(folder + ".away", folder);
+        }
         ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
     }
 }

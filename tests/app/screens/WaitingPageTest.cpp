@@ -11,6 +11,7 @@
 #include "engine/window/Platform.h"
 #include "engine/window/State.h"
 #include "tests/app/screens/CareerDriver.h"
+#include "tests/support/HeldFile.h"
 
 namespace {
 
@@ -199,6 +200,46 @@ TEST_F(WaitingPage, GoesOnWithoutAReportOnlyWhereThereIsNone) {
     }
     ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport", How::Keys));
     EXPECT_EQ(driver.text("left1"), "(No mission played.)");
+}
+
+TEST_F(WaitingPage, GoesOnWithoutAFlightThatMayStillBeReportedOnlyAtASecondPress) {
+    const auto press = [&] {
+        driver.screens->step(600);
+        return driver.go("menuButton4", "MenuGameFinishMission") &&
+               driver.text("text1").find("The war hasn't moved on") == 0;
+    };
+    const std::string folder = home.folder.file(home.simulator + "/data");
+    std::filesystem::rename(folder, folder + ".away");
+    EXPECT_TRUE(press());
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameFinishMission")) << "the second of a pair";
+    std::filesystem::rename(folder + ".away", folder);
+    ASSERT_TRUE(driver.fly());
+    const Pieces pieces = takeLog();
+    const auto& [first, beginning] = *pieces.begin();
+    for (const size_t length : {200U, 400U}) {
+        write(first, beginning.substr(0, length));
+        driver.look();
+    }
+    EXPECT_NE(driver.text("text1").find("If you do not want to fly"), std::string::npos);
+    EXPECT_TRUE(press()) << "it is still growing";
+    for (const auto& [name, content] : pieces)
+        write(name, content);
+    HeldFile held(home.folder.file(path(first)));
+    if (!held.isHeld())
+        GTEST_SKIP() << "no file can be held here";
+    EXPECT_TRUE(press());
+    EXPECT_EQ(driver.text("log"),
+              "A log has come, but it can't be read: " + first + ". Another program is using it.");
+    held.release();
+    driver.screens->step(600);
+    ASSERT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
+    expectReport();
+    ASSERT_TRUE(driver.closeReport());
+    ASSERT_TRUE(driver.takeOff());
+    std::filesystem::rename(folder, folder + ".away");
+    EXPECT_TRUE(press());
+    driver.screens->step(600);
+    EXPECT_TRUE(driver.go("menuButton4", "MenuGameCombatReport"));
 }
 
 // "Start Mission" was there, and the screens change slowly.
