@@ -50,9 +50,7 @@ void CitationPile::translate(const Database& career) {
         waiting.assign(all.end() - std::ptrdiff_t(waiting.size()), all.end());
 }
 
-Citation CitationPile::take(const Database& career) {
+const Citation& CitationPile::front(const Database& career) {
     translate(career);
-    Citation next = waiting.front();
-    waiting.pop_front();
-    return next;
+    return waiting.front();
 }

@@ -28,9 +28,11 @@ public:
     void lookUp() { isInterrupted = true; }
     /// The current page's way back; null for its usual one.
     const char* back(const Database& career);
-    /// Takes the next one, in the language in use. REQUIRES: !empty(), and the career that was
-    /// gathered for.
-    Citation take(const Database& career);
+    /// The next one, in the language in use. REQUIRES: !empty(), and the career that was gathered
+    /// for.
+    const Citation& front(const Database& career);
+    /// The player has read it. REQUIRES: !empty().
+    void forgetFront() { waiting.pop_front(); }
 
 private:
     void translate(const Database& career);

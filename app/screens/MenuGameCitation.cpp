@@ -7,7 +7,7 @@
 #include "engine/window/Platform.h"
 
 void MenuGameCitation::onEnter() {
-    showNext();
+    showFront();
     setFocus("menuButton1");
 }
 
@@ -17,11 +17,11 @@ void MenuGameCitation::onKey(const zel::KeyPress& key) {
         menu->hitWidget("menuButton1");
 }
 
-void MenuGameCitation::showNext() {
+void MenuGameCitation::showFront() {
     const Database* career = runningCareer();
     if (pile.empty() || career == nullptr)
         return;
-    const Citation citation = pile.take(*career);
+    const Citation& citation = pile.front(*career);
     setText("title", citation.title);
     setText("line1", bookDate(Calendar::ofNumber(citation.date)));
     setText("line2", citation.pilot);
@@ -31,15 +31,17 @@ void MenuGameCitation::showNext() {
 
 void MenuGameCitation::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     const zel::String name = widget->getName();
+    if (name != "record" && name != "menuButton1")
+        return;
+    if (!pile.empty())
+        pile.forgetFront();
     if (name == "record") {
         pile.lookUp();
-        setTransition("MenuGameRecord");
+        return setTransition("MenuGameRecord");
     }
-    if (name != "menuButton1")
-        return;
     const Database* career = runningCareer();
     if (pile.empty())
         return setTransition(career == nullptr ? "MenuGameDiary" : pile.next(*career));
     playScreenSound("paper");
-    showNext();
+    showFront();
 }

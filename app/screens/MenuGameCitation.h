@@ -15,7 +15,7 @@ public:
     void onKey(const zel::KeyPress& key) override;
 
 private:
-    void showNext();
+    void showFront();
 
     CitationPile& pile;
 };
