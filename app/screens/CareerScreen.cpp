@@ -10,6 +10,8 @@
 #include "engine/core/UserDirectory.h"
 #include "engine/graphics/ImageHandler.h"
 #include "engine/menu/widgets/Widget.h"
+#include "engine/window/State.h"
+#include "engine/window/StatesMachine.h"
 
 namespace {
 
@@ -23,6 +25,11 @@ bool CareerScreen::isOpen() { return careerIsOpen; }
 void CareerScreen::setOpen(bool open) { careerIsOpen = open; }
 
 void CareerScreen::setShelf(Shelf* saves) { shelf = saves; }
+
+bool CareerScreen::isReopened() {
+    const zel::State* before = zel::StatesMachine::getInstance().getPreviousState();
+    return before != nullptr && before->getName() == "MenuNotificationUnsaved";
+}
 
 void CareerScreen::saveBefore(zel::Widget& leaving, const zel::String& back) {
     const Database* career = runningCareer();

@@ -44,9 +44,10 @@ zel::String rowName(const char* half, int32_t row) { return zel::String(half) + 
 void MenuGameLogbook::onEnter() {
     pages.choose(0);
     readBook();
-    showPage(isComingBack ? shownPage : pageCount());
+    const bool isBack = isComingBack || isReopened();
+    showPage(isBack ? shownPage : pageCount());
     const char* const opened = pages.takeBookOrigin();
-    if (!isComingBack)
+    if (!isBack)
         origin = opened;
     if (zel::Widget* back = getWidget("menuBack"))
         back->setTransition(origin);

@@ -59,11 +59,12 @@ void MenuGameRecord::onEnter() {
 /// To the next citation instead if one has led here. The log book leads to the office, and would
 /// pass over those that wait.
 void MenuGameRecord::showWayBack(const Database& career) {
-    const char* back = pile.back(career);
-    setVisible("logbook", back == nullptr);
+    if (!isReopened())
+        onward = pile.back(career);
+    setVisible("logbook", onward == nullptr);
     zel::Widget* plate = getWidget("menuBack");
-    if (plate != nullptr && back != nullptr)
-        plate->setTransition(back);
+    if (plate != nullptr && onward != nullptr)
+        plate->setTransition(onward);
 }
 
 void MenuGameRecord::onEvent(zel::Widget* widget, int32_t eventType) {

@@ -23,5 +23,6 @@ private:
     void showVictories(const PilotRecord& pilot);
 
     CitationPile& pile;
+    const char* onward = nullptr; // to what comes after the citation that has led here
     MadePicture victories;
 };

@@ -7,7 +7,6 @@
 #include "app/book/PilotRecord.h"
 #include "app/career/CareerTexts.h"
 #include "app/career/Database.h"
-#include "app/mission/DailyMission.h"
 #include "app/record/CareerRecord.h"
 #include "app/report/Flight.h"
 #include "app/report/ReportText.h"
@@ -44,9 +43,10 @@ void MenuGameStartMission::onEnter() {
     if (career == nullptr)
         return;
     setText("date", bookDate(career->calendar()));
-    const DailyMission today = flight.begin(*career);
-    showTask(*career, today);
-    showRoster(*career, today);
+    if (!isReopened())
+        today = flight.begin(*career);
+    showTask(*career);
+    showRoster(*career);
     setText("menuButton4", startLabel(today));
     setFocus("menuButton4");
     isSkipped = !today.isFlyable;
@@ -67,7 +67,7 @@ void MenuGameStartMission::showWhatToDo(bool isFlyable) {
         setVisible(line, !isFlyable);
 }
 
-void MenuGameStartMission::showTask(const Database& career, const DailyMission& today) {
+void MenuGameStartMission::showTask(const Database& career) {
     const Squadron& squadron = career.playerSquadron();
     const bool isChannel = squadron.onChannelMap != 0;
     const zel::String field = nameInLanguage(zel::arrayText(squadron.baseName));
@@ -87,7 +87,7 @@ void MenuGameStartMission::showTask(const Database& career, const DailyMission& 
     map.show(*menu, "map");
 }
 
-void MenuGameStartMission::showRoster(const Database& career, const DailyMission& today) {
+void MenuGameStartMission::showRoster(const Database& career) {
     std::vector<RosterEntry> entries;
     for (const PlannedPlane& plane : today.planes)
         entries.push_back({initialName(plane.name, NameLetters), plane.type, plane.shotdowns});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/mission/DailyMission.h"
 #include "app/screens/CareerScreen.h"
 #include "app/screens/FlightRoster.h"
 #include "app/screens/LastLook.h"
@@ -8,11 +9,11 @@
 
 class CareerRecord;
 class Flight;
-struct DailyMission;
 
 /// The orders of the day: what to do, the sky, who flies with the player, and a map of the sector.
-/// Entering the page writes the mission into the simulator's folder, every time; the player then
-/// flies it there. If he has no machine for it, the page says how to get one.
+/// Entering the page writes the mission into the simulator's folder, every time but after the
+/// question about closing the window; the player then flies it there. If he has no machine for it,
+/// the page says how to get one.
 class MenuGameStartMission : public CareerScreen {
 public:
     /// REQUIRES: both outlive the screen.
@@ -24,12 +25,13 @@ public:
 
 private:
     void showWhatToDo(bool isFlyable);
-    void showTask(const Database& career, const DailyMission& today);
+    void showTask(const Database& career);
     void skip(Database& career, zel::Widget& plate);
-    void showRoster(const Database& career, const DailyMission& today);
+    void showRoster(const Database& career);
 
     Flight& flight;
     CareerRecord& record;
+    DailyMission today; // as it was written last
     FlightRoster roster;
     MadePicture map;
     SecondPress secondPress; // after the news that holds him

@@ -59,7 +59,8 @@ void PilotScreen::showRibbons(const Honours& honours) {
 }
 
 void PilotScreen::leadBack() {
-    const zel::String origin = pages.takeOrigin();
+    if (!isReopened())
+        origin = pages.takeOrigin();
     if (zel::Widget* back = getWidget("menuBack"))
         back->setTransition(origin.empty() ? "MenuGameMain" : origin);
 }

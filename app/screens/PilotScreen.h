@@ -26,4 +26,5 @@ private:
     void leadBack();
 
     PilotPages& pages;
+    zel::String origin; // the list that led here; empty for none
 };

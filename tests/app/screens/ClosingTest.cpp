@@ -2,6 +2,7 @@
 // nobody is asked in vain, or by a signal.
 #include <csignal>
 #include <filesystem>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -11,8 +12,10 @@
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
 #include "engine/window/ZelLoop.h"
+#include "tests/app/screens/BookFlights.h"
 #include "tests/app/screens/CareerDriver.h"
 #include "tests/engine/window/Events.h"
+#include "tests/support/HandMade.h"
 
 namespace {
 
@@ -42,6 +45,18 @@ testing::AssertionResult toReport(CareerDriver& driver, const standin::FlightOpt
                : testing::AssertionFailure() << driver.state();
 }
 
+/// What the page shows, and where it leads.
+std::string pageOf(const CareerDriver& driver) {
+    std::string page = driver.state() + "\n";
+    for (const auto& [name, plate] : driver.screens->menu().getWidgets())
+        if (plate->isVisible())
+            page += (name + ": " + plate->getText() + " > " + plate->getTransition() + "\n").view();
+    for (const auto& [name, area] : driver.screens->menu().getTextAreas())
+        if (area->isVisible())
+            page += (name + ": " + area->getText() + "\n").view();
+    return page;
+}
+
 int32_t dateNow() { return Database::instance()->calendar().dateNumber(); }
 
 // The first save has failed.
@@ -58,14 +73,23 @@ protected:
     ~ClosingAtOnce() override { zel::Platform::getInstance().clearInput(); }
 
     bool close() { return closeWindow(driver); }
-    /// Closes, is asked, and goes back.
-    void expectAsked(const char* backTo) {
+    /// Closes, is asked, and goes back to the same page.
+    void expectAsked() {
         const std::string from = driver.state();
+        const std::string page = pageOf(driver);
         EXPECT_FALSE(close()) << from;
         ASSERT_TRUE(driver.screens->untilIdle(Question)) << from;
         EXPECT_FALSE(close()) << "the question is no answer";
         ASSERT_TRUE(driver.screens->untilIdle(Question));
-        ASSERT_TRUE(driver.go("menuBack", backTo));
+        ASSERT_TRUE(driver.go("menuBack", from));
+        EXPECT_EQ(pageOf(driver), page);
+    }
+    void expectAskedAtEach(const std::string& steps) {
+        std::istringstream words(steps);
+        for (std::string step; words >> step;) {
+            ASSERT_TRUE(driver.walk(step));
+            ASSERT_NO_FATAL_FAILURE(expectAsked());
+        }
     }
     /// Closes, is asked, and saves.
     void saveAndQuit(const char* to) {
@@ -75,7 +99,7 @@ protected:
     }
     bool isShown(const char* text) { return driver.screens->menu().getTextArea(text)->isVisible(); }
 
-    const InFront inFront;
+    const InFront inFront{false};
     const PlayerHome home;
     CareerDriver driver{home, 1, true};
 };
@@ -90,40 +114,52 @@ protected:
 };
 
 TEST_F(ClosingAtOnce, AsksAboutACareerThatWasNeverSaved) {
-    expectAsked("MenuNotificationSave");
+    expectAsked();
     EXPECT_NE(driver.text("reason").find("savegame_v03.wty"), std::string::npos);
 }
 
 TEST_F(Closing, AsksOnEveryPageOfAnUnsavedCareer) {
-    expectAsked("MenuGameMain");
-    ASSERT_TRUE(driver.walk("menuButton2>MenuGameViewSquadron"));
-    expectAsked("MenuGameViewSquadron");
-    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain"));
-    ASSERT_TRUE(driver.takeOff());
-    expectAsked("MenuGameFinishMission");
+    expectAsked();
+    expectAskedAtEach("menuButton2>MenuGameViewSquadron pilot.row1>MenuGamePilot "
+                      "menuBack>MenuGameViewSquadron menuButton1>MenuGameMain "
+                      "menuButton3>MenuGameTopAces pilot.own>MenuGameRecord "
+                      "menuBack>MenuGameTopAces menuButton1>MenuGameMain "
+                      "record>MenuGameRecord menuBack>MenuGameMain");
+    driver.invite();
+    expectAskedAtEach("menuButton1>MenuGameInvite menuButton3>MenuGameMain "
+                      "menuButton1>MenuGameStartMission menuButton4>MenuGameFinishMission");
     EXPECT_EQ(home.save(), "");
+}
+
+TEST_F(Closing, LeavesTheWayThroughTheLettersAsItIs) {
+    Database& career = *Database::instance();
+    for (int32_t day = 1; day <= 15; ++day) { // the last one brings the Distinguished Service Order
+        setDate(career, 1917, 6, day);
+        addFlight(career, 1);
+    }
+    setDate(career, 1917, 6, 16);
+    driver.screens->menu().setTransition("MenuGameAdvance");
+    ASSERT_TRUE(driver.screens->untilIdle("MenuGameAdvance"));
+    expectAskedAtEach("menuButton1>MenuGameCitation record>MenuGameRecord menuBack>MenuGameDiary "
+                      "menuButton1>MenuGameMain logbook>MenuGameLogbook earlier "
+                      "menuBack>MenuGameMain");
+    setDate(career, 1918, 11, 11);
+    expectAskedAtEach("diary>MenuGameDiary menuButton1>MenuGameWarOver logbook>MenuGameLogbook "
+                      "menuBack>MenuGameWarOver menuBack>MenuGameMain");
 }
 
 TEST_F(Closing, HoldsTheDayOfTheReport) {
     ASSERT_TRUE(toReport(driver));
     const int32_t before = dateNow();
-    const std::string own = driver.text("left1");
-    expectAsked("MenuGameCombatReport");
-    EXPECT_EQ(driver.text("left1"), own);
-    ASSERT_TRUE(driver.walk("where>MenuGameWhere"));
-    const std::string line = driver.text("event.row1");
-    EXPECT_NE(line, "");
-    expectAsked("MenuGameWhere");
-    EXPECT_EQ(driver.text("event.row1"), line);
+    expectAsked();
+    expectAskedAtEach("where>MenuGameWhere");
     EXPECT_EQ(dateNow(), before);
     ASSERT_TRUE(driver.walk("menuButton1>MenuGameAdvance menuButton1>MenuGameDiary"));
     const int32_t after = dateNow();
     EXPECT_GT(after, before) << "it was held only once";
-    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain logbook>MenuGameLogbook "
-                            "left1>MenuGameCombatReport"));
-    expectAsked("MenuGameCombatReport");
-    EXPECT_EQ(driver.text("left1"), own);
-    ASSERT_TRUE(driver.walk("menuButton1>MenuGameLogbook menuBack>MenuGameMain"));
+    expectAskedAtEach("menuButton1>MenuGameMain logbook>MenuGameLogbook "
+                      "left1>MenuGameCombatReport menuButton1>MenuGameLogbook "
+                      "menuBack>MenuGameMain");
     ASSERT_TRUE(driver.takeOff());
     ASSERT_TRUE(driver.walk("menuButton4>MenuGameCombatReport"));
     EXPECT_FALSE(close());
@@ -145,7 +181,7 @@ TEST_F(Closing, EndsTheDayOfTheReportOnceIfItCannotBeSaved) {
     ASSERT_NO_FATAL_FAILURE(saveAndQuit("MenuNotificationSave"));
     const int32_t after = dateNow();
     EXPECT_GT(after, before);
-    expectAsked("MenuNotificationSave");
+    expectAsked();
     ASSERT_NO_FATAL_FAILURE(saveAndQuit("MenuNotificationSave"));
     ASSERT_TRUE(driver.go("menuButton1", "MenuGameAdvance"));
     EXPECT_EQ(dateNow(), after);
