@@ -10,14 +10,19 @@ namespace standin {
 
 namespace {
 
-/// The time at which the newest log was started; 0 if there is none.
+/// The time at which the newest log was started; 0 if there is none. Logs dated in the
+/// future, from before the clock was set back, don't count: every mission is older.
 int64_t newestLog(const zel::String& data) {
+    const int64_t now = zel::system::fileTime();
     int64_t newest = 0;
     if (!zel::system::isDirectory(data))
         return newest;
     const zel::Directory logs(data, "missionReport(*)[0].txt");
-    for (int32_t i = 0; i < logs.count(); ++i)
-        newest = std::max(newest, zel::system::fileStatus(data + "/" + logs.name(i)).changed);
+    for (int32_t i = 0; i < logs.count(); ++i) {
+        const int64_t changed = zel::system::fileStatus(data + "/" + logs.name(i)).changed;
+        if (changed <= now)
+            newest = std::max(newest, changed);
+    }
     return newest;
 }
 

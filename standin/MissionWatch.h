@@ -11,7 +11,7 @@ namespace standin {
 /// have been written again. A file counts once it looks the same twice in a row, so that no
 /// half-written file is flown.
 ///
-/// Files older than the newest log count as already flown.
+/// Files older than the newest log count as already flown; logs dated in the future don't count.
 class MissionWatch {
 public:
     explicit MissionWatch(const zel::String& dir);

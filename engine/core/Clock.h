@@ -13,6 +13,7 @@ struct WallTime {
 /// The only source of time in the program. A test replaces it and so stops the clock. Only what has
 /// to move on while that is stopped asks the system itself: the progress line of a terminal
 /// (tools/career/Progress.cpp) and the search of the disks (app/mission/SimulatorSearch.cpp).
+/// Times of files are the system's: what compares them asks it too (standin/MissionWatch.cpp).
 ///
 /// Milliseconds since the program started.
 uint32_t ticks();

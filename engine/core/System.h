@@ -37,6 +37,8 @@ uint32_t ticks();    // milliseconds since the program started
 WallTime wallTime(); // the local date and time of day
 /// When a file was changed last, in the local time zone; zeroes for one that doesn't exist.
 WallTime wallTimeOf(const FileStatus& file);
+/// The time that a file written now gets as FileStatus::changed, or a moment later.
+int64_t fileTime();
 uint32_t entropy();                            // a number that differs at each start
 void sleepMilliseconds(uint32_t milliseconds); // a signal may end it early
 

@@ -46,6 +46,12 @@ WallTime wallTimeOf(const FileStatus& file) {
     return file.exists ? localTime(static_cast<time_t>(file.changed / Nanoseconds)) : WallTime{};
 }
 
+int64_t fileTime() {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return now.tv_sec * Nanoseconds + now.tv_nsec;
+}
+
 uint32_t entropy() { return std::random_device{}(); }
 
 void sleepMilliseconds(uint32_t milliseconds) {

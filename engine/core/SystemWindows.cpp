@@ -134,6 +134,12 @@ WallTime wallTimeOf(const FileStatus& file) {
     return partsOf(local);
 }
 
+int64_t fileTime() {
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return static_cast<int64_t>(uint64_t{now.dwHighDateTime} << 32 | now.dwLowDateTime);
+}
+
 uint32_t entropy() { return std::random_device{}(); }
 void sleepMilliseconds(uint32_t milliseconds) { Sleep(milliseconds); }
 String environment(const char* name) { return String(std::getenv(name)); }

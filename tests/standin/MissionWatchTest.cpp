@@ -60,6 +60,10 @@ TEST(MissionWatch, LeavesOutWhatWasFlownBefore) {
     MissionWatch later(folder.path());
     later.poll();
     EXPECT_EQ(later.poll(), "One.Mission") << "written after the last flight";
+    setAge(folder, Log, 3600);
+    MissionWatch earlier(folder.path());
+    earlier.poll();
+    EXPECT_EQ(earlier.poll(), "One.Mission") << "the clock was set back since the last flight";
 }
 
 TEST(MissionWatch, FindsTheNewestMission) {
