@@ -4,7 +4,7 @@
 #include <mutex>
 #include <thread>
 
-#include "standin/StandIn.h"
+#include "standin/NewMissions.h"
 
 namespace standin {
 
@@ -23,13 +23,23 @@ public:
     BackgroundFlights(const BackgroundFlights&) = delete;
     BackgroundFlights& operator=(const BackgroundFlights&) = delete;
 
+    /// Why that mission can't be flown as it is in the folder now; without a message if it can, or
+    /// wasn't tried yet. Only the mission that was tried last is known.
+    tools::Finding refusal(const zel::String& mission) const;
+
 private:
     bool wait(double seconds);
+    bool note(const MissionOutcome& outcome);
+    int64_t changeOf(const zel::String& mission) const;
 
-    std::mutex mutex;
+    const zel::String dir;
+    mutable std::mutex mutex;
     std::condition_variable ended;
     bool isEnding = false;
-    std::thread thread; // the last member: it uses the others
+    MissionOutcome last;    // of the missions tried
+    int64_t lastChange = 0; // of its file, in units of the system
+    tools::Finding failure; // why none is flown
+    std::thread thread;     // the last member: it uses the others
 };
 
 } // namespace standin

@@ -20,6 +20,7 @@ void flyNewMissions(const zel::String& dir, FlightOptions options,
             continue;
         }
         MissionOutcome outcome;
+        outcome.mission = mission;
         outcome.isFlown = flyMission(dir, mission, options, outcome.finding, &outcome.summary);
         goesOn = after(outcome) && options.wait(0);
         if (options.seed != 0 && ++options.seed == 0)

@@ -8,6 +8,7 @@ namespace standin {
 
 /// A mission that was flown or refused.
 struct MissionOutcome {
+    zel::String mission; // its file, without folder
     bool isFlown = false;
     tools::Finding finding; // why it was refused
     FlightSummary summary;  // of the flight

@@ -195,7 +195,7 @@ void ZelApp::initMenus() {
     reportPages() = std::make_unique<ReportPages>(*flight(), *record());
     pilotPages() = std::make_unique<PilotPages>(*record());
     addScreen<MenuGameStartMission>(*flight(), *record());
-    addScreen<MenuGameFinishMission>(*flight());
+    addScreen<MenuGameFinishMission>(*flight(), *ownStandIn());
     addScreen<MenuMain>(*drawer());
     addScreen<MenuSimulator>(*simulatorPlaces(), *ownStandIn());
     addScreen<MenuSimulatorFolder>(*simulatorPlaces());

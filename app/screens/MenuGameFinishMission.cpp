@@ -41,8 +41,6 @@ void MenuGameFinishMission::onEnter() {
     lookedAt = {};
     hand = -1;
     flight.report().clear();
-    setText("line2",
-            textOf(OwnStandIn::isChosen() ? wording::StandInFlying : wording::FinishFlight));
     showNews();
     showWatch();
 }
@@ -96,13 +94,24 @@ bool MenuGameFinishMission::look(bool isLastLook) {
     return isFound;
 }
 
-void MenuGameFinishMission::showNews() {
+/// What the page says about the logs.
+zel::String MenuGameFinishMission::logText() const {
     const LogNews news = flight.news();
     const int32_t quietMinutes = flight.logs().quietMinutes();
-    const bool isQuiet = news.state == LogState::None && quietMinutes > 0;
-    setText("log", isQuiet ? textOf(wording::QuietLog, {quietMinutes}) : newsText(news));
-    setText("text1",
-            textOf(lastLook.hasHeld(news.state) ? wording::GoOnNotYet : wording::MayGoOnWithout));
+    if (news.state != LogState::None || quietMinutes == 0)
+        return newsText(news);
+    return textOf(OwnStandIn::isChosen() ? wording::QuietStandIn : wording::QuietLog,
+                  {quietMinutes});
+}
+
+void MenuGameFinishMission::showNews() {
+    const zel::String trouble = standIn.trouble();
+    setText("line2", textOf(!OwnStandIn::isChosen() ? wording::FinishFlight
+                            : trouble.empty()       ? wording::StandInFlying
+                                                    : wording::StandInIdle));
+    setText("log", trouble.empty() ? logText() : textOf(wording::StandInRefuses, {trouble}));
+    setText("text1", textOf(lastLook.hasHeld(flight.news().state) ? wording::GoOnNotYet
+                                                                 : wording::MayGoOnWithout));
 }
 
 void MenuGameFinishMission::showWatch() {

@@ -6,17 +6,20 @@
 #include "engine/window/Timer.h"
 
 class Flight;
+class OwnStandIn;
 
 /// Waits while the player flies. Every eight seconds, while the window is in front, it checks for
 /// the log of the flight. Once the log has the end of the mission, the combat report follows. Until
 /// then the page shows whether it is checking ("watch", and the watch's hand) and what it has found
-/// so far ("log"). "lookNow" checks at once; so does the button that continues without a report,
-/// and the page itself if an earlier run of the program has given the orders. That button is where
-/// the page before has "Start Mission": the second press of a pair doesn't end the day.
+/// so far ("log"), or why the stand-in can't fly. "lookNow" checks at once; so does the button that
+/// continues without a report, and the page itself if an earlier run of the program has given the
+/// orders. That button is where the page before has "Start Mission": the second press of a pair
+/// doesn't end the day.
 class MenuGameFinishMission : public CareerScreen {
 public:
-    explicit MenuGameFinishMission(Flight& flight)
-        : CareerScreen("MenuGameFinishMission"), flight(flight) {}
+    /// REQUIRES: both outlive the screen.
+    MenuGameFinishMission(Flight& flight, const OwnStandIn& standIn)
+        : CareerScreen("MenuGameFinishMission"), flight(flight), standIn(standIn) {}
 
     void update() override;
     void onEnter() override;
@@ -26,9 +29,11 @@ private:
     bool look(bool isLastLook);
     void goOnWithout(zel::Widget& plate);
     void showWatch();
+    zel::String logText() const;
     void showNews();
 
     Flight& flight;
+    const OwnStandIn& standIn;
     SecondPress secondPress;
     LastLook lastLook;
     zel::Timer timer;     // since the last look

@@ -1,6 +1,7 @@
 #include "app/screens/OwnStandIn.h"
 
 #include "app/mission/Configuration.h"
+#include "app/mission/DailyMission.h"
 #include "app/mission/SimulatorChecks.h"
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
@@ -46,13 +47,19 @@ bool OwnStandIn::make(tools::Finding& finding) {
 void OwnStandIn::setOptions(const standin::FlightOptions& options) { flightOptions() = options; }
 
 void OwnStandIn::follow() {
+    failure = {};
     if (!isChosen()) {
         flights.reset();
         return;
     }
-    tools::Finding finding;
-    if (!make(finding))
-        zel::log(finding.text(), "OwnStandIn", zel::LogError);
+    if (!make(failure))
+        zel::log(failure.text(), "OwnStandIn", zel::LogError);
     else if (flights == nullptr)
         flights = std::make_unique<standin::BackgroundFlights>(folder(), flightOptions());
+}
+
+zel::String OwnStandIn::trouble() const {
+    tools::Finding finding = flights != nullptr ? flights->refusal(MissionFileName) : failure;
+    finding.file.erase(0, finding.file.find_last_of("\\/") + 1); // its folder fills the page
+    return finding.text();
 }

@@ -22,7 +22,11 @@ public:
 
     /// Starts it if it is chosen, making its folder if need be, and ends it otherwise.
     void follow();
+    /// Why the mission of the orders isn't flown, in English without a full stop; empty if nothing
+    /// is known to be wrong.
+    zel::String trouble() const;
 
 private:
+    tools::Finding failure;                              // to make its folder, at the last follow()
     std::unique_ptr<standin::BackgroundFlights> flights; // while it is chosen
 };

@@ -151,6 +151,9 @@ inline constexpr Wording NoFolders       {4891, "No folders"};
 inline constexpr Wording FolderUnreadable{4892, "This folder can't be read."};
 inline constexpr Wording StandInFlight   {4893, "The stand-in flies WingtallyMission for you within seconds: take off, and wait for its log."};
 inline constexpr Wording StandInFlying   {4894, "The stand-in flies your mission. Leave the pointer on this window."};
+inline constexpr Wording StandInIdle     {4895, "The stand-in isn't flying. Press \"New orders\" in the office."};
+inline constexpr Wording StandInRefuses  {4896, "The stand-in can't fly this mission: $1"}; // why, in English
+inline constexpr Wording QuietStandIn    {4897, "No new log for $1 min. Press \"New orders\" in the office, and the stand-in flies again."}; // minutes
 
 } // namespace wording
 // clang-format on

@@ -2,11 +2,13 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "app/mission/DailyMission.h"
 #include "app/mission/Settings.h"
 #include "app/screens/FolderWalk.h"
 #include "app/screens/OwnStandIn.h"
 #include "app/screens/PathText.h"
 #include "app/screens/SimulatorPlaces.h"
+#include "engine/core/LockFile.h"
 #include "engine/core/System.h"
 #include "engine/menu/widgets/Widget.h"
 #include "engine/window/Platform.h"
@@ -27,6 +29,9 @@ std::string slashed(std::string path) {
 struct NewPlayer {
     explicit NewPlayer(const SearchRoots& roots = {}, bool waits = true) {
         std::filesystem::remove(home.folder.file("user/wtysettings.ini"));
+        standin::FlightOptions flight; // without a delay
+        flight.seed = 2;
+        OwnStandIn::setOptions(flight);
         start();
         SimulatorPlaces::setRoots(roots, waits);
     }
@@ -73,9 +78,6 @@ bool untilReported(CareerDriver& driver) {
 class FirstStart : public testing::TestWithParam<How> {};
 
 TEST_P(FirstStart, LeadsToAReportWithoutASimulator) {
-    standin::FlightOptions flight;
-    flight.seed = 2;
-    OwnStandIn::setOptions(flight);
     NewPlayer player;
     player.home.folder.write("user/Stand-in/data/startup.cfg", ""); // of a disk that was full
     ASSERT_TRUE(player.driver->screens->untilIdle("MenuSimulator"));
@@ -109,6 +111,40 @@ TEST_P(FirstStart, SwitchesTheTextLogOn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, FirstStart, testing::Values(How::Pointer, How::Keys));
+
+// Another program holds the stand-in's folder, and lets go of it when the mission is damaged.
+TEST(FirstStartPages, TheStandInSaysWhyItDoesNotFly) {
+    NewPlayer player;
+    CareerDriver& driver = *player.driver;
+    const TemporaryFolder& folder = player.home.folder;
+    folder.write("user/Stand-in/data/Missions/x", "");
+    auto other = std::make_unique<zel::LockFile>();
+    ASSERT_TRUE(other->take(folder.file("user/Stand-in/flights.lock")));
+    ASSERT_TRUE(driver.screens->untilIdle("MenuSimulator"));
+    ASSERT_TRUE(driver.walk(
+        "standin>MenuMain careers>MenuCareers another>MenuNewService menuButton2>MenuNewYear "
+        "menuButton1>MenuEnlist menuButton1>MenuNewCareer menuButton4>MenuGameMain "
+        "menuButton1>MenuGameStartMission menuButton4>MenuGameFinishMission"));
+    for (int32_t look = 0; look < 7; ++look)
+        driver.look();
+    EXPECT_EQ(driver.text("log"), "No new log for 1 min. Press \"New orders\" in the office, and "
+                                  "the stand-in flies again.");
+    folder.write(std::string("user/Stand-in/data/Missions/") + MissionFileName, "# nothing\r\n");
+    other.reset();
+    for (int32_t i = 0; i < 500 && driver.text("log").find("can't fly") == std::string::npos; ++i) {
+        zel::system::sleepMilliseconds(20);
+        driver.look();
+    }
+    EXPECT_EQ(driver.text("log"),
+              "The stand-in can't fly this mission: WingtallyMission.Mission:1: "
+              "a mission begins with '# Mission File Version = 1.0;'");
+    EXPECT_EQ(driver.text("line2"),
+              "The stand-in isn't flying. Press \"New orders\" in the office.");
+    ASSERT_TRUE(driver.walk("menuBack>MenuGameMain menuButton1>MenuGameStartMission "
+                            "menuButton4>MenuGameFinishMission"));
+    EXPECT_EQ(driver.text("line2").find("The stand-in flies your mission."), 0U);
+    EXPECT_TRUE(untilReported(driver)) << driver.text("log");
+}
 
 TEST(FirstStartPages, PlacesAppearWhileTheSearchRuns) {
     NewPlayer player({}, false);
