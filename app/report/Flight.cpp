@@ -75,6 +75,7 @@ DailyMission Flight::begin(Database& career) {
     combatReport.clear();
     hasTextLog = true;
     isTakenUp = false;
+    followFolder();
     const zel::FileFault reason =
         before != nullptr ? watch.resume(logFolder()) : watch.begin(logFolder());
     if (reason != zel::FileFault::None)
@@ -138,6 +139,13 @@ void Flight::takeUp() {
     isTakenUp = true;
 }
 
+/// A folder that has the mission of the orders is theirs, wherever it has been moved.
+void Flight::followFolder() {
+    const zel::String folder = logFolder();
+    if (out != nullptr && !watch.hasSeen(folder) && fileOf(*out) == OrdersFile::Same)
+        watch.moveTo(folder);
+}
+
 int32_t Flight::voidOrders(const Database& career) const {
     return book != nullptr ? book->voidOrders(career) : 0;
 }
@@ -146,6 +154,7 @@ bool Flight::findReport(Database& career, bool isLastLook) {
     const zel::String folder = logFolder();
     isTakenUp = false;
     logLook("Update directory: " + folder);
+    followFolder();
     const std::vector<zel::String> names = watch.poll(folder);
     logLook(zel::String("New files found: ") + int32_t(names.size()));
     zel::String found = ownLog(folder, names, isLastLook);

@@ -65,6 +65,7 @@ private:
     bool namesEverybody() const;
     bool wasReported(const zel::String& folder, const zel::String& name) const;
     void takeUp();
+    void followFolder();
     void keepOrders(const Database& career, const DailyMission& mission);
 
     OrdersBook* book;

@@ -37,13 +37,19 @@ zel::String LogWatch::markOf(const zel::String& folder) {
 
 zel::FileFault LogWatch::resume(const zel::String& folder) {
     zel::Directory present;
-    if (known.count(markOf(folder)) == 0 && !present.list(folder, FirstPiecePattern))
+    if (!hasSeen(folder) && !present.list(folder, FirstPiecePattern))
         return present.fault();
     enter(folder, present);
     for (Log& log : logs)
         log.isEarlier = true;
     startNews();
     return zel::FileFault::None;
+}
+
+void LogWatch::moveTo(const zel::String& folder) {
+    const zel::String mark = markOf(folder);
+    known[mark] = known[here];
+    here = mark;
 }
 
 void LogWatch::enter(const zel::String& folder, const zel::Directory& present) {

@@ -60,6 +60,11 @@ public:
     /// waits for further ones. Another folder is entered as by poll(); one that can't be listed is
     /// an error.
     [[nodiscard]] zel::FileFault resume(const zel::String& folder);
+    /// Whether this is one of the folders since begin().
+    bool hasSeen(const zel::String& folder) const { return known.count(markOf(folder)) != 0; }
+    /// The folder has taken the place of the one seen last: what is known there is known here.
+    /// REQUIRES: it exists.
+    void moveTo(const zel::String& folder);
     /// Lists the folder. In a folder that it hasn't seen since begin() it notes the logs that are
     /// there as known, since they aren't of this mission. Returns the names of the first pieces
     /// that have come since the last poll, and of those found before whose logs have grown or have

@@ -209,7 +209,9 @@ TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
     ASSERT_TRUE(beginAndLoad().mission() && session->fly());
     fs::copy(run.simulatorFolder(), other, fs::copy_options::recursive);
     choose(other);
-    expectProblem(killAndLoad().report(), "No log of your flight has come yet");
+    expectReported(killAndLoad(), "in a folder that has the mission");
+    fs::remove(other + "/data/Missions/" + MissionFileName);
+    expectProblem(beginAndLoad().report(), "No log of your flight has come yet");
     choose(run.simulatorFolder());
     expectReported(*session, "in the folder of the orders, which was left and chosen again");
 
