@@ -152,6 +152,7 @@ struct ReadWar {
     const Database& career() const { return war.career(); }
 
     RecordedCareer war{true};
+    const BookTables& book = BookTables::instance();
     SqliteFile* tables = nullptr;
     int32_t ace = -1; // the best but the player
     int32_t lastFlight = 0;
@@ -227,10 +228,10 @@ Selections valuesOfDiary(const ReadWar& war) {
     Selections all = valuesOfService(war);
     all.emplace_back("date FROM flight");
     const std::string flight = std::to_string(war.lastFlight);
-    const auto day =
-        int32_t(war.tables->number(("SELECT date FROM flight WHERE number = " + flight).c_str()));
-    const std::string victory = "victor, victor_squadron, victim, victim_name, victim_squadron,"
-                                " died";
+    const std::string date = "SELECT date FROM flight WHERE number = " + flight;
+    const auto day = int32_t(war.tables->number(date.c_str()));
+    const std::string victory =
+        "victor, victor_squadron, victim, victim_name, victim_squadron, died";
     all.push_back(victory + byKeys(*war.tables, "victory", "flight = " + flight));
     all.push_back(victory + after(*war.tables, DatedTable::Victory, day));
     all.push_back("kind, pilot, name, squadron, from_squadron, other_name" +
@@ -252,28 +253,25 @@ struct BookPage {
 constexpr BookPage BookPages[] = {
     {"log book of a war",
      [](const ReadWar& war) {
-         benchmark::DoNotOptimize(
-             readLogBook(*war.tables, war.career(), BookTables::instance()).victories);
+         benchmark::DoNotOptimize(readLogBook(*war.tables, war.career(), war.book).victories);
      },
      valuesOfLogBook, 2.5, 0.0012},
     {"diary at the end of a war",
      [](const ReadWar& war) {
-         benchmark::DoNotOptimize(
-             readDiary(*war.tables, war.career(), BookTables::instance()).until);
+         benchmark::DoNotOptimize(readDiary(*war.tables, war.career(), war.book).until);
      },
      valuesOfDiary, 5, 0.005},
     {"record of service of a war",
      [](const ReadWar& war) {
          benchmark::DoNotOptimize(
-             readPilot(*war.tables, war.career(), BookTables::instance(), war.career().playerPilot)
-                 .until);
+             readPilot(*war.tables, war.career(), war.book, war.career().playerPilot).until);
      },
      valuesOfService, 7, 0.0004},
     {"page of the best ace of a war",
      [](const ReadWar& war) {
          static PilotRows rows; // of the first time, and of all after it
          benchmark::DoNotOptimize(
-             readPilot(*war.tables, war.career(), BookTables::instance(), war.ace, &rows).until);
+             readPilot(*war.tables, war.career(), war.book, war.ace, &rows).until);
      },
      valuesOfPilot, 7, 0.0003},
 };
@@ -308,7 +306,7 @@ void webPages(benchmark::State& state) {
     static const ReadWar war(FlightsOfWebPage);
     for (auto unused : state) {
         static_cast<void>(unused);
-        const WebPage page = webPageOf(*war.tables, war.career(), BookTables::instance());
+        const WebPage page = webPageOf(*war.tables, war.career(), war.book);
         if (page.html.empty())
             state.SkipWithError(page.problem.c_str());
     }
@@ -324,19 +322,13 @@ double recordSizeOfWar() {
 
 void registerRecordBenches() {
     using benchmark::kMillisecond;
-    struct Bench {
-        const char* name;
-        void (*run)(benchmark::State&, bool);
-        bool hasRecord;
-    };
-    const Bench benches[] = {
-        {"war with its record/ours", fightWars, true},
-        {"war with its record/bare", fightWars, false},
-        {"save with its record/ours", saves, true},
-        {"save with its record/bare", saves, false},
-    };
-    for (const Bench& bench : benches)
-        benchmark::RegisterBenchmark(bench.name, bench.run, bench.hasRecord)->Unit(kMillisecond);
+    for (const bool hasRecord : {true, false}) {
+        const std::string ending = hasRecord ? "/ours" : "/bare";
+        for (const auto& [name, run] : {std::pair("war with its record", fightWars),
+                                        std::pair("save with its record", saves)})
+            benchmark::RegisterBenchmark((name + ending).c_str(), run, hasRecord)
+                ->Unit(kMillisecond);
+    }
     RatioReport::setLimit("war with its record", 1.25);
     RatioReport::setLimit("save with its record", 1.5);
     for (const BookPage& page : BookPages) {

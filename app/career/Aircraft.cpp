@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "app/career/Calendar.h"
 #include "app/career/Nation.h"
 #include "app/career/NewCareer.h"
 #include "engine/core/Random.h"
@@ -94,12 +95,8 @@ template <size_t Count>
 constexpr int32_t firstMonthIn(const Period (&periods)[Count], int32_t plane) {
     for (size_t i = 0; i < Count; ++i)
         for (int32_t drawn = 0; drawn < periods[i].sum; ++drawn)
-            if (periods[i].planes[drawn] == plane) {
-                if (i == 0)
-                    return FirstMonthOfCareer;
-                const int32_t before = periods[i - 1].until;
-                return before % 100 == 12 ? before + 89 : before + 1;
-            }
+            if (periods[i].planes[drawn] == plane)
+                return i == 0 ? FirstMonthOfCareer : nextMonth(periods[i - 1].until);
     return 0;
 }
 constexpr bool haveTheirFirstMonths() {

@@ -111,7 +111,7 @@ void MenuGameFinishMission::showNews() {
                                                     : wording::StandInIdle));
     setText("log", trouble.empty() ? logText() : textOf(wording::StandInRefuses, {trouble}));
     setText("text1", textOf(lastLook.hasHeld(flight.news().state) ? wording::GoOnNotYet
-                                                                 : wording::MayGoOnWithout));
+                                                                  : wording::MayGoOnWithout));
 }
 
 void MenuGameFinishMission::showWatch() {

@@ -32,7 +32,7 @@ PLAIN_SOURCES = [
     "app/record/ShelfFolders.h", "app/record/ShelfFolders.cpp", "app/record/Sqlite.cpp",
     "app/screens/MapSheets.cpp", "app/screens/ZelAppInfo.h"]
 # The same elsewhere.
-PLAIN_TEXTS = {"file:", "MFile:", " POS(", "Pages", " is whole and takes its place", " and can't be moved",
+PLAIN_TEXTS = {"file:", "MFile:", "GDate:", " POS(", "Pages", " is whole and takes its place", " and can't be moved",
                "The simulator's logs can't be listed in ", "; no mission is written", "No mission is written: "}
 LITERAL = r'"((?:[^"\\\n]|\\.)*)"'
 # Several words, or one that ends as a label does.
