@@ -22,7 +22,7 @@ struct MissionOrders {
     float z = 0;
     std::vector<PlannedPlane> planes;   // the player's first
     std::vector<zel::String> knownLogs; // first pieces of the logs that are of earlier flights
-    zel::String logFolder; // checksumOf the path of their folder; empty in orders of before it
+    zel::String logFolder; // checksumOf the path of their folder; empty in those of schema 3
     /// The log whose report was carried into the career and then lost, because the player went back
     /// to an earlier page. It counts as new; empty for none.
     zel::String reportedLog;

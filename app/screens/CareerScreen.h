@@ -19,8 +19,8 @@ public:
     static void setShelf(Shelf* saves);
 
 protected:
-    /// To be asked when the screen is entered: whether the player was here before the question that
-    /// closing the window asks. The screen is then as he left it, with the same way back.
+    /// Call this in onEnter(): whether the player was here before the question that closing the
+    /// window asks. The screen is then as he left it, with the same way back.
     static bool isReopened();
     /// Saves the career; does nothing if it can only be read and hasn't changed. On error the
     /// widget that was just hit leads, this once, to the page that reports it: a player who

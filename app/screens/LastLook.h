@@ -5,7 +5,7 @@
 #include "app/report/LogWatch.h"
 
 /// The player goes on without a report, and the last look has found none. Where the flight may
-/// still be reported, because its log can't be read at the moment or is still growing, he stays and
+/// still be reported, because its log can't be read at the moment or has no end yet, he stays and
 /// is told so. If he insists, he goes on.
 class LastLook {
 public:
@@ -13,13 +13,23 @@ public:
     void begin() { warned = LogState::None; }
     /// Whether the player must stay after a last look with that news. Not twice for the same news.
     bool holds(LogState news) {
-        const bool isOpen =
-            news == LogState::Unread || news == LogState::NoFolder || news == LogState::Growing;
-        return isOpen && std::exchange(warned, news) != news;
+        const LogState open = openState(news);
+        return open != LogState::None && std::exchange(warned, open) != open;
     }
     /// Whether he has been held for that news.
-    bool hasHeld(LogState news) const { return news != LogState::None && news == warned; }
+    bool hasHeld(LogState news) const {
+        return warned != LogState::None && openState(news) == warned;
+    }
 
 private:
+    /// Growing for a log that has just begun, too; None if the news leaves nothing to wait for.
+    static LogState openState(LogState news) {
+        if (news == LogState::Begun)
+            return LogState::Growing;
+        const bool isOpen =
+            news == LogState::Unread || news == LogState::NoFolder || news == LogState::Growing;
+        return isOpen ? news : LogState::None;
+    }
+
     LogState warned = LogState::None;
 };

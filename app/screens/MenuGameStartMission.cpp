@@ -36,15 +36,17 @@ zel::String reasonFor(const DailyMission& mission) {
 } // namespace
 
 void MenuGameStartMission::onEnter() {
+    const bool isEnteredAgain = isReopened();
     isSkipped = false;
-    lastLook.begin();
     showWhatToDo(true);
     Database* career = runningCareer();
     if (career == nullptr)
         return;
     setText("date", bookDate(career->calendar()));
-    if (!isReopened())
+    if (!isEnteredAgain) {
+        lastLook.begin();
         today = flight.begin(*career);
+    }
     showTask(*career);
     showRoster(*career);
     setText("menuButton4", startLabel(today));
@@ -54,6 +56,8 @@ void MenuGameStartMission::onEnter() {
     setText("line3", textOf(!flight.areOrdersKept()  ? wording::FlyAndStay
                             : OwnStandIn::isChosen() ? wording::StandInFlight
                                                      : wording::FlyAndReturn));
+    if (isEnteredAgain)
+        return;
     if (today.fault == MissionFault::None)
         playScreenSound("engine");
     else if (menu != nullptr)

@@ -59,7 +59,9 @@ void OwnStandIn::follow() {
 }
 
 zel::String OwnStandIn::trouble() const {
-    tools::Finding finding = flights != nullptr ? flights->refusal(MissionFileName) : failure;
+    tools::Finding finding = failure;
+    if (finding.message.empty() && flights != nullptr)
+        finding = flights->refusal(MissionFileName);
     finding.file.erase(0, finding.file.find_last_of("\\/") + 1); // its folder fills the page
     return finding.text();
 }

@@ -194,7 +194,7 @@ bool Menu::hitWidget(const String& name) {
 }
 
 void Menu::update() {
-    const Pointer pointer = Pointer::read(); // by one for all: it resets the wheel
+    const Pointer pointer = Pointer::read(); // once for all: reading resets the wheel
     for (StateOverlay* overlay : {getThemeBackground(), getBackgroundOverlay(),
                                   getThemeForeground(), getForegroundOverlay()}) {
         if (overlay == nullptr)

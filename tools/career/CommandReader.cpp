@@ -28,6 +28,11 @@ struct ServiceName {
 constexpr ServiceName Services[] = {
     {"french", ServiceFrench}, {"english", ServiceEnglish}, {"german", ServiceGerman}};
 
+/// "1915 12" of 191512, as it is typed.
+std::string inWords(int32_t month) {
+    return std::to_string(month / 100) + " " + std::to_string(month % 100);
+}
+
 } // namespace
 
 zel::String typedName(const std::string& given) {
@@ -131,10 +136,12 @@ std::string CommandReader::readStart(std::string_view command) {
         return std::string(command) + " wants french, english or german";
     int32_t year = 0;
     int32_t month = 0;
-    const bool isDate = takeNumber(1915, 1918, year) && takeNumber(1, 12, month);
+    const bool isDate = takeNumber(FirstMonthOfCareer / 100, LastMonthToBegin / 100, year) &&
+                        takeNumber(1, 12, month);
     const int32_t start = year * 100 + month;
     if (!isDate || start < FirstMonthOfCareer || start > LastMonthToBegin)
-        return std::string(command) + " wants a year and a month from 1915 12 to 1918 10";
+        return std::string(command) + " wants a year and a month from " +
+               inWords(FirstMonthOfCareer) + " to " + inWords(LastMonthToBegin);
     const bool begins = command == "new";
     beginsCareer = beginsCareer || begins;
     add([=, chosen = CareerStart{service->service, year, month, call.name, call.squadron}](

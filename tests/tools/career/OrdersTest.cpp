@@ -223,6 +223,7 @@ TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
     expectReported(killAndLoad(), "flown in the other folder");
     session.reset();
     number("UPDATE orders SET folder = NULL");
+    fs::remove(other + "/data/Missions/" + MissionFileName);
     expectReported(beginAndLoad(), "orders of an earlier program");
 }
 
