@@ -8,8 +8,9 @@
 
 /// Collects pairs of benchmarks, "NAME/ours" and "NAME/bare", and prints their ratio: both ran
 /// within one process, turn by turn, so a noisy machine slows both. Other programs can only make a
-/// turn slower, so the ratio is that of each side's fastest turn. Where there is nothing to compare
-/// with, "NAME/ours" is alone, with a time as its limit. All times are processor time.
+/// turn slower, so the ratio is that of each side's fastest turn, and with "--enforce" a line above
+/// its limit gets more turns before it counts as broken. Where there is nothing to compare with,
+/// "NAME/ours" is alone, with a time as its limit. All times are processor time.
 class RatioReport : public benchmark::BenchmarkReporter {
 public:
     /// Takes the program's arguments. False, and a line on standard error, for an unknown one.
@@ -28,7 +29,6 @@ public:
 
     bool ReportContext(const Context& context) override;
     void ReportRuns(const std::vector<Run>& runs) override;
-    void Finalize() override;
 
 private:
     struct Pair {
@@ -42,6 +42,8 @@ private:
         double limit;
     };
 
+    std::string namesAboveLimits() const;
+    void print();
     const char* judge(double value, double limit);
 
     std::map<std::string, Pair> pairs;
