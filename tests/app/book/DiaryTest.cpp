@@ -209,7 +209,7 @@ TEST(RealWarTest, ChoosesTheMostImportantByDate) {
     const std::tuple<const char*, int32_t, const char*> translations[] = {
         {"de", 19170920, "20. September: Im Nebel."},
         {"de", 19170925, "25. September: Muller falls."},
-        {"fr", 19170925, "25 septembre : Muller falls."},
+        {"fr", 19170925, "25 septembre\xA0: Muller falls."},
         {"pl", 19170925, "25 wrze\006nia: Ginie."}};
     for (const auto& [code, date, text] : translations) {
         ASSERT_TRUE(zel::Language::load(code));
