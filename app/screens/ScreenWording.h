@@ -43,7 +43,7 @@ inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first 
     {2216, "Another program has this career open. Its mission stays in the simulator, and none is written here."},
 };
 inline constexpr Wording CloseTheOther   {2305, "What was done here since the career was loaded can't be kept. Close the other program, leave for the main menu and press Continue."};
-inline constexpr Wording LeaveUnsaved    {2306, "Main menu without saving"};
+inline constexpr Wording LeaveUnsaved    {2306, "Leave without saving"};
 inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault on; the two versions
     {2410, "There is no saved career."},
     {2411, "The career file can't be read."},
@@ -153,7 +153,7 @@ inline constexpr Wording StandInFlight   {4893, "The stand-in flies WingtallyMis
 inline constexpr Wording StandInFlying   {4894, "The stand-in flies your mission. Leave the pointer on this window."};
 inline constexpr Wording StandInIdle     {4895, "The stand-in isn't flying. Press \"New orders\" in the office."};
 inline constexpr Wording StandInRefuses  {4896, "The stand-in can't fly this mission: $1"}; // why, in English
-inline constexpr Wording QuietStandIn    {4897, "No new log for $1 min. Press \"New orders\" in the office, and the stand-in flies again."}; // minutes
+inline constexpr Wording QuietStandIn    {4897, "No new log for $1 min. Press \"New orders\" in the office to have the stand-in fly again."}; // minutes
 
 } // namespace wording
 // clang-format on

@@ -112,7 +112,7 @@ TEST_P(FirstStart, SwitchesTheTextLogOn) {
 
 INSTANTIATE_TEST_SUITE_P(Both, FirstStart, testing::Values(How::Pointer, How::Keys));
 
-// Another program holds the stand-in's folder, and lets go of it when the mission is damaged.
+// Another program locks the stand-in's folder, and releases it once the mission is damaged.
 TEST(FirstStartPages, TheStandInSaysWhyItDoesNotFly) {
     NewPlayer player;
     CareerDriver& driver = *player.driver;
@@ -127,8 +127,8 @@ TEST(FirstStartPages, TheStandInSaysWhyItDoesNotFly) {
         "menuButton1>MenuGameStartMission menuButton4>MenuGameFinishMission"));
     for (int32_t look = 0; look < 7; ++look)
         driver.look();
-    EXPECT_EQ(driver.text("log"), "No new log for 1 min. Press \"New orders\" in the office, and "
-                                  "the stand-in flies again.");
+    EXPECT_EQ(driver.text("log"), "No new log for 1 min. Press \"New orders\" in the office to "
+                                  "have the stand-in fly again.");
     folder.write(std::string("user/Stand-in/data/Missions/") + MissionFileName, "# nothing\r\n");
     other.reset();
     for (int32_t i = 0; i < 500 && driver.text("log").find("can't fly") == std::string::npos; ++i) {
