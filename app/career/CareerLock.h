@@ -13,7 +13,7 @@
 class CareerLock {
 public:
     /// Call it before every change to the careers. False if another program has the lock, which is
-    /// logged. A folder that can't be locked for another reason is nobody's.
+    /// logged. A folder that can't be locked for another reason counts as free.
     bool take();
     /// That program's process id; 0 if it is unknown.
     uint32_t holder() const { return file->holder(); }

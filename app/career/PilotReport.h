@@ -22,7 +22,7 @@ struct PilotReport {
     int32_t bodyId = -1;             // object id of the pilot in it
     int32_t spare = -1;              // no reader; 1000 in the simulated war
     float damage = 0;                // of the plane; 1.0 is a destroyed one
-    float injury = 0;                // of the pilot; 1.0 is all
+    float injury = 0;                // of the pilot; 1.0 kills him
     std::vector<int32_t> hitTargets; // records that this one hit, in order, with repeats
     std::vector<int32_t> hitBy;      // records that hit this one, likewise
     int32_t shotDown = 0;            // 1 when the plane was destroyed

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// The bounds of the two draws between which the days of a period of the war are drawn: four
-/// numbers of days, each of which can be drawn itself.
+/// The length of a period of the war is drawn between the results of two draws. These are their
+/// bounds in days, inclusive.
 struct PeriodBounds {
     int32_t year; // in which the period begins
     int32_t upperFrom, upperTo;

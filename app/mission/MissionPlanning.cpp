@@ -13,7 +13,7 @@ constexpr int32_t TriesForType = 100;
 constexpr int32_t MostVacantDraws = 10;
 constexpr int32_t MostAttempts = 10000; // after this many tries planning fails
 
-// Planes a side, and how often another number than the usual one is drawn: once in so many draws.
+// Planes per side, and the odds of unusual numbers: one in so many draws.
 constexpr int32_t LeastPlanes = 2;
 constexpr int32_t MostPlanes = 4;
 constexpr int32_t LeastUpTo1916 = 1;

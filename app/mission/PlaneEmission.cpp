@@ -14,11 +14,12 @@ constexpr float Spacing = 100.0F; // metres between two planes of a group
 // Half the distance between the groups, in metres.
 constexpr float LeastSpread = 1000.0F;
 constexpr float MostSpread = 2000.0F;
-// A group's height in metres: the fixed part above the fight's centre, and what a draw adds.
+// A group's height above the fight's centre in metres: a fixed part, and what a draw adds.
 constexpr float GroupHeight = 100.0F;
 constexpr float LeastHeightDraw = -250.0F;
 constexpr float MostHeightDraw = 350.0F;
-// Headings in degrees, from north to the east: the groups head for each other, but for this much.
+// Headings in degrees, clockwise from north. The groups head for each other, give or take
+// MostHeadingOff.
 constexpr float Eastward = 90.0F;
 constexpr float Westward = 270.0F;
 constexpr float MostHeadingOff = 10.0F;

@@ -139,7 +139,7 @@ void Flight::takeUp() {
     isTakenUp = true;
 }
 
-/// A folder that has the mission of the orders is theirs, wherever it has been moved.
+/// A folder that holds the mission of the orders is the one they were written to, moved since.
 void Flight::followFolder() {
     const zel::String folder = logFolder();
     if (out != nullptr && !watch.hasSeen(folder) && fileOf(*out) == OrdersFile::Same)

@@ -46,10 +46,10 @@ public:
     /// folder that can't be listed is an error, after which nothing is known for certain: all old
     /// logs could count as new.
     [[nodiscard]] zel::FileFault begin(const zel::String& folder);
-    /// The same with the logs that an earlier run of the program has found. folder: markOf()
-    /// theirs.
+    /// The same with the logs that an earlier run of the program has found. folder: markOf() of
+    /// the folder that they are in.
     void begin(const std::vector<zel::String>& knownLogs, const zel::String& folder);
-    /// What distinguishes a folder that exists from all others, by whatever path it is reached.
+    /// A key for a folder that exists, the same by whatever path it is reached.
     static zel::String markOf(const zel::String& folder);
     /// Forgets a log: it belongs to another flight, even if it grows.
     void ignore(const zel::String& name);
@@ -65,11 +65,10 @@ public:
     /// The folder has taken the place of the one seen last: what is known there is known here.
     /// REQUIRES: it exists.
     void moveTo(const zel::String& folder);
-    /// Lists the folder. In a folder that it hasn't seen since begin() it notes the logs that are
-    /// there as known, since they aren't of this mission. Returns the names of the first pieces
-    /// that have come since the last poll, and of those found before whose logs have grown or have
-    /// to be read again (Unread, Ending). A log that has gone is forgotten, and new if it comes
-    /// back.
+    /// Lists the folder. In one that is new since begin() the logs that are there count as known,
+    /// since they aren't of this mission. Returns the names of the first pieces that have come
+    /// since the last poll, and of those found before whose logs have grown or have to be read
+    /// again (Unread, Ending). A log that has gone is forgotten, and new if it comes back.
     std::vector<zel::String> poll(const zel::String& folder);
     /// Whether a log of the last poll had its end at the poll before and hasn't grown since.
     bool hasStoppedEnding(const zel::String& name) const;

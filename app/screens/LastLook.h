@@ -4,9 +4,8 @@
 
 #include "app/report/LogWatch.h"
 
-/// The player goes on without a report, and the last look has found none. Where the flight may
-/// still be reported, because its log can't be read at the moment or has no end yet, he stays and
-/// is told so. If he insists, he goes on.
+/// Holds a player who goes on without a report while his flight may still be reported: its log
+/// can't be read at the moment, or has no end yet. A second press lets him go.
 class LastLook {
 public:
     /// The page is entered.
@@ -22,7 +21,7 @@ public:
     }
 
 private:
-    /// Growing for a log that has just begun, too; None if the news leaves nothing to wait for.
+    /// Growing also for a log that has just begun; None if there is nothing to wait for.
     static LogState openState(LogState news) {
         if (news == LogState::Begun)
             return LogState::Growing;

@@ -6,7 +6,7 @@
 /// explains them to players. Changing one changes every career.
 ///
 /// Attack, defence and hits are parts of the damage that downs a plane. Levels are 1 to 4, skills 0
-/// to about 12. The whole numbers named as draws are the highest result; the lowest is 0.
+/// to about 12. A whole number named as a draw is its highest result; the lowest is 0.
 namespace fight {
 
 // The upper bound of the attacker's two draws is his level's part plus, from LevelThatUsesSkill on,
