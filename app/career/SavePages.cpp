@@ -286,6 +286,10 @@ bool returnToPage(const zel::String& save, const SavePage& page, const RecordedM
     zel::String source = page.summary.file;
     const std::string bytes(wholeContent(save, source, recorded).bytes());
     const CheckedBytes content(bytes);
+    // One that another program holds may be whole: it must not pass for a damaged one.
+    for (const zel::String& file : {source, save, backup})
+        if (std::string held; zel::readFileWhole(file, held) == zel::FileFault::Held)
+            return fail(Problem(wording::PageNotTurned, {save}, zel::FileFault::Held));
     if (content.empty() || !page.isWhole)
         return fail(Problem(wording::DamagedPageFile, {source}));
     // A present save that isn't whole must not become the one before.

@@ -7,6 +7,7 @@
 #include "app/career/SaveFile.h"
 #include "app/career/SavePages.h"
 #include "tests/app/record/ShelfProgram.h"
+#include "tests/support/HeldFile.h"
 
 namespace fs = std::filesystem;
 
@@ -80,6 +81,12 @@ TEST_F(ShelfTest, KeepsADamagedSaveAsADamagedPage) {
     EXPECT_FALSE(program.turnBack("19151203"));
     ASSERT_TRUE(program.load() && saveAfter(1));
     EXPECT_EQ(program.pages(), "present 19151204 19151203! 19151202 ");
+
+    for (const char* ending : {"", ".bak"}) {
+        HeldFile held(user("Saves/savegame_v03.wty") + ending);
+        EXPECT_TRUE(!held.isHeld() || !program.turnBack("19151202")) << ending;
+    }
+    EXPECT_EQ(program.pages(), "present 19151204 19151203! 19151202 ") << "they may be whole";
 
     damage("Saves");
     ASSERT_TRUE(program.turnBack("19151202") && program.load() && saveAfter(4));
