@@ -45,14 +45,14 @@ public:
         std::vector<zel::String> all;
         if (const char* town = townOfEnd(flight, place))
             all.push_back(textOf(wording::LetterPlace, {nameInLanguage(town)}));
-        all.push_back(cause(reports[size_t(place)]));
+        all.push_back(cause(reports[place]));
         return all;
     }
 
 private:
     zel::String cause(const PilotReport& own) const {
         if (own.shotdownBy >= 0)
-            return byVictor(reports[size_t(own.shotdownBy)]);
+            return byVictor(reports[own.shotdownBy]);
         if (own.shotdownByOwn >= 0 && own.shotdownByOwn != place)
             return textOf(wording::LetterOwnSide);
         if (own.shotDown == 0)

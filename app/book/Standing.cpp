@@ -66,7 +66,7 @@ StandingRow standingOf(const Database& career, const BookTables& tables, int32_t
         return rowOf(career, tables, index, 0);
     size_t better = 0;
     for (int32_t i = 0; i < career.pilotCount(); ++i) {
-        const Pilot& other = career.pilots[size_t(i)];
+        const Pilot& other = career.pilots[i];
         // In the order of bestPilots(), without sorting all pilots.
         const bool isBetter = other.shotdowns != own.shotdowns ? other.shotdowns > own.shotdowns
                               : other.missions != own.missions ? other.missions > own.missions

@@ -132,8 +132,7 @@ zel::String comradesText(const WarEnd& end) {
         return {};
     if (end.survivors == end.comrades)
         return textOf(wording::AllComrades, {end.comrades});
-    return textOf(wording::Comrades[size_t(std::min(end.survivors, 2))],
-                  {end.comrades, end.survivors});
+    return textOf(wording::Comrades[std::min(end.survivors, 2)], {end.comrades, end.survivors});
 }
 
 zel::String realFirstText(const WarEnd& end) {

@@ -92,7 +92,7 @@ void FolderWalk::list() {
 
 int32_t FolderWalk::find(char letter, int32_t from) const {
     const auto fits = [&](int32_t row) {
-        const zel::String shown = zel::system::shownText(names[size_t(row)]);
+        const zel::String shown = zel::system::shownText(names[row]);
         return !shown.empty() && zel::lower(shown.view().front()) == zel::lower(letter);
     };
     const auto count = int32_t(names.size());

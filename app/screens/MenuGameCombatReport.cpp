@@ -130,7 +130,7 @@ void MenuGameCombatReport::showSheet(int32_t sheet) {
         for (int32_t place = 0; place < EntriesPerSheet; ++place) {
             const int32_t number = (sheet - 1) * EntriesPerSheet + place;
             const bool isThere = number < std::min(int32_t(entries->size()), EntryCount);
-            setEntry(column, place, isThere ? (*entries)[size_t(number)] : none);
+            setEntry(column, place, isThere ? (*entries)[number] : none);
         }
     setVisible("nextSheet", sheetCount > 1);
     setVisible("sheetNumber", sheetCount > 1);

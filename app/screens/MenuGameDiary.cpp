@@ -173,11 +173,11 @@ void MenuGameDiary::showLines(const char* area, const std::vector<DiaryLine>& li
             continue;
         }
         row->setRect({rect.x, y, rect.width, TallestRow});
-        row->setText(lines[size_t(i)].text);
+        row->setText(lines[i].text);
         rect.height = row->getLabel().height();
         row->setRect({rect.x, y, rect.width, rect.height});
-        showSign(sign, lines[size_t(i)].sign, y - SignLift);
-        showPress(press, lines[size_t(i)].pilot, y, rect.height);
+        showSign(sign, lines[i].sign, y - SignLift);
+        showPress(press, lines[i].pilot, y, rect.height);
         y += rect.height + space;
     }
 }

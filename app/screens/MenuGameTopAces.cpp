@@ -74,7 +74,7 @@ void MenuGameTopAces::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
         return;
     const int32_t row = rows.indexOf(*widget);
     if (row >= 0)
-        setTransition(pages.open(*career, aces[size_t(row)].pilot, "MenuGameTopAces"));
+        setTransition(pages.open(*career, aces[row].pilot, "MenuGameTopAces"));
     else if (widget->getName() == OwnRow)
         setTransition(pages.open(*career, career->playerPilot, "MenuGameTopAces"));
 }

@@ -40,5 +40,5 @@ void MenuGameViewSquadron::onEvent(zel::Widget* widget, int32_t /*eventType*/) {
     const Database* career = runningCareer();
     const int32_t row = rows.indexOf(*widget);
     if (career != nullptr && row >= 0)
-        setTransition(pages.open(*career, roster[size_t(row)].pilot, "MenuGameViewSquadron"));
+        setTransition(pages.open(*career, roster[row].pilot, "MenuGameViewSquadron"));
 }

@@ -93,7 +93,7 @@ void MenuGameWarOver::showBoard(const WarEnd& end) {
             setVisible(zel::String(part) + number, isShown);
         const bool isLast = number == int32_t(end.board.size());
         if (isShown)
-            showRow(number, end.board[size_t(number - 1)], end.hasGap && isLast ? GapHeight : 0);
+            showRow(number, end.board[number - 1], end.hasGap && isLast ? GapHeight : 0);
     }
 }
 
