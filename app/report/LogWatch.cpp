@@ -7,9 +7,10 @@
 
 namespace {
 
-/// After that many polls without growth the simulator, which writes a piece every half minute, has
-/// stopped. The page polls every eight seconds.
+/// After that many polls without growth, and that long, the simulator, which writes a piece every
+/// half minute, has stopped. The page polls every eight seconds, and whenever the player asks.
 constexpr int32_t QuietPolls = 5;
+constexpr uint32_t QuietMilliseconds = 40000;
 
 } // namespace
 
@@ -113,7 +114,7 @@ std::vector<zel::String> LogWatch::poll(const zel::String& folder) {
         log.extent = extent;
         log.quietPolls = isNew || log.hasGrown ? 0 : log.quietPolls + 1;
         if (isNew || log.hasGrown)
-            newsTicks = zel::ticks();
+            newsTicks = log.newsTicks = zel::ticks();
         log.isEarlier = log.isEarlier && !log.hasGrown;
         log.grows = log.grows || log.hasGrown;
         if (isNew || log.hasGrown || log.news.state == LogState::Unread ||
@@ -148,6 +149,14 @@ int32_t LogWatch::quietMinutes() const {
     return int32_t((zel::ticks() - newsTicks) / Minute);
 }
 
+LogState LogWatch::Log::state() const {
+    if (news.state != LogState::Begun)
+        return news.state;
+    if (quietPolls >= QuietPolls && zel::ticks() - newsTicks >= QuietMilliseconds)
+        return LogState::Stopped;
+    return grows ? LogState::Growing : LogState::Begun;
+}
+
 LogNews LogWatch::news() const {
     if (!missingFolder.empty())
         return {LogState::NoFolder, missingFolder};
@@ -156,13 +165,10 @@ LogNews LogWatch::news() const {
         if (log.isEarlier)
             continue;
         last = log.news;
-        if (last.state == LogState::Ending)
+        last.state = log.state();
+        if (last.state == LogState::Ending || last.state == LogState::Begun ||
+            last.state == LogState::Growing)
             return last;
-        if (last.state != LogState::Begun)
-            continue;
-        if (log.quietPolls < QuietPolls)
-            return {log.grows ? LogState::Growing : LogState::Begun, {}};
-        last.state = LogState::Stopped;
     }
     return last;
 }

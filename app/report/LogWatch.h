@@ -94,6 +94,9 @@ private:
         bool grows = false;     // it has grown since it came
         bool isEarlier = false; // it came before the mission was last written, and hasn't grown
         int32_t quietPolls = 0; // since it came or grew
+        uint32_t newsTicks = 0; // when it came or grew, on the engine's clock
+
+        LogState state() const;
     };
 
     void startNews();

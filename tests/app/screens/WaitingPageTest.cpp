@@ -102,6 +102,8 @@ TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
         driver.look();
     }
     EXPECT_EQ(driver.text("log"), Grows);
+    for (int32_t press = 0; press < QuietLooks; ++press)
+        ASSERT_TRUE(driver.go("lookNow", "MenuGameFinishMission"));
     expectQuietly(Grows, QuietLooks - 1);
     expectQuietly(Stopped, 3);
     write(first, beginning.substr(0, 600));
