@@ -198,8 +198,9 @@ zel::String Flight::ownLog(const zel::String& folder, const std::vector<zel::Str
 /// The same with the logs whose player the plan doesn't know: the simulator may have another name
 /// for his plane, as after a change in its editor.
 zel::String Flight::strangersLog(const zel::String& folder) {
-    if (!watch.logsIn(LogState::Begun).empty() || !watch.logsIn(LogState::Unread).empty())
-        return {}; // his own may still become a report
+    for (const LogState open : {LogState::Begun, LogState::Growing, LogState::Unread})
+        if (!watch.logsIn(open).empty())
+            return {}; // his own may still become a report
     const std::vector<zel::String> names = watch.logsIn(LogState::OtherPilot);
     for (auto name = names.rbegin(); name != names.rend(); ++name) {
         if (combatReport.readMission(folder, *name, missionGenerator.plan) &&

@@ -139,7 +139,7 @@ void LogWatch::note(const zel::String& name, const LogNews& news) {
 std::vector<zel::String> LogWatch::logsIn(LogState state) const {
     std::vector<zel::String> names;
     for (const Log& log : logs)
-        if (log.news.state == state)
+        if (log.state() == state)
             names.push_back(log.name);
     return names;
 }

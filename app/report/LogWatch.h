@@ -75,7 +75,7 @@ public:
     /// What reading a log of the last poll has shown: Unread, Begun, Ending, OtherMission, OtherDay
     /// or OtherPilot.
     void note(const zel::String& name, const LogNews& news);
-    /// The logs of which that was noted, in the order in which they were found.
+    /// The logs of which that is known now, in the order in which they were found.
     std::vector<zel::String> logsIn(LogState state) const;
     /// Marks the logs found so far as known, even if they grow.
     void markAsKnown();

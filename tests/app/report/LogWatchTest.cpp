@@ -7,6 +7,7 @@
 #include "app/career/CareerLock.h"
 #include "app/mission/Configuration.h"
 #include "app/report/Flight.h"
+#include "engine/core/Clock.h"
 #include "tests/app/report/FlightLog.h"
 #include "tests/support/HeldFile.h"
 #include "tests/support/LogCapture.h"
@@ -16,6 +17,8 @@
 namespace {
 
 using Names = std::vector<zel::String>;
+
+uint32_t now = 0; // of a clock that a test moves, in milliseconds
 
 /// A career of twenty pilots, the flight's among them, and the simulator's data folder.
 struct LogWatchTest : testing::Test {
@@ -120,10 +123,15 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
 // As a career in the same squadron leaves it, or a plane that was renamed in the simulator.
 TEST_F(LogWatchTest, TakesTheFlightOfAStrangerAtTheLastLookOnly) {
     flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
+    zel::setTickSource([] { return now; });
     for (const bool hasOwn : {true, false}) {
         const uint16_t own = missionsOf(10);
         const uint16_t others = missionsOf(12);
         const std::string log = hasOwn ? "missionReport(a)" : "missionReport(b)";
+        writePiece(log + "stopped", 0);
+        for (int32_t look = 0; look < 6; ++look, now += 8000)
+            EXPECT_FALSE(flight.findReport(career));
+        EXPECT_EQ(watch.news().state, LogState::Stopped);
         writeFlight(log);
         std::string beginning(FlightPieces[0]);
         beginning.replace(beginning.find("Erich Sommer"), 12, "Desk Jockey ");
@@ -136,6 +144,7 @@ TEST_F(LogWatchTest, TakesTheFlightOfAStrangerAtTheLastLookOnly) {
         EXPECT_EQ(missionsOf(10), own + (hasOwn ? 1 : 0));
         EXPECT_EQ(missionsOf(12), others + 1);
     }
+    zel::setTickSource(nullptr);
 }
 
 TEST_F(LogWatchTest, ReadsByThePlanOfItsOwnFlight) {
