@@ -162,13 +162,15 @@ LogNews LogWatch::news() const {
         return {LogState::NoFolder, missingFolder};
     LogNews last;
     for (const Log& log : logs) {
-        if (log.isEarlier)
+        const LogNews latest = {log.state(), log.news.detail, log.news.fault};
+        const bool isUnread = latest.state == LogState::Unread;
+        const bool isWritten = latest.state == LogState::Begun || latest.state == LogState::Growing;
+        if (log.isEarlier && !isUnread && !isWritten)
             continue;
-        last = log.news;
-        last.state = log.state();
-        if (last.state == LogState::Ending || last.state == LogState::Begun ||
-            last.state == LogState::Growing)
-            return last;
+        if (isWritten || latest.state == LogState::Ending)
+            return latest;
+        if (isUnread || last.state != LogState::Unread)
+            last = latest;
     }
     return last;
 }

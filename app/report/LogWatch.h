@@ -57,8 +57,8 @@ public:
     /// poll() found.
     std::vector<zel::String> knownLogs() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
-    /// waits for further ones. Another folder is entered as by poll(); one that can't be listed is
-    /// an error.
+    /// passes over those that are neither in progress nor unreadable. Another folder is entered as
+    /// by poll(); one that can't be listed is an error.
     [[nodiscard]] zel::FileFault resume(const zel::String& folder);
     /// Whether this is one of the folders since begin().
     bool hasSeen(const zel::String& folder) const { return known.count(markOf(folder)) != 0; }
@@ -80,7 +80,8 @@ public:
     /// Marks the logs found so far as known, even if they grow.
     void markAsKnown();
 
-    /// The news of a log in progress if there is one, otherwise of the latest log.
+    /// The news of a log in progress if there is one, otherwise of one that can't be read,
+    /// otherwise of the latest log.
     LogNews news() const;
     /// Whole minutes since the mission was written or a log has come or grown.
     int32_t quietMinutes() const;

@@ -115,7 +115,8 @@ TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
 
     ASSERT_TRUE(driver.walk("menuBack>MenuGameMain"));
     ASSERT_TRUE(driver.takeOff());
-    expectQuietly(Waits, QuietLooks + 1);
+    expectQuietly(Begun, QuietLooks - 1);
+    expectQuietly(Waits, 2);
     for (const auto& [name, content] : pieces)
         write("again_" + name, content);
     EXPECT_TRUE(driver.comeBack()) << "flown again";
