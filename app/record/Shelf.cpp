@@ -286,6 +286,9 @@ bool Shelf::turnBack(const ShelvedCareer& of, const SavePage& page) {
 
 bool Shelf::save() {
     career.writeFault = zel::FileFault::None;
+    // What was begun here replaces nothing that another program has saved meanwhile.
+    if (career.isReadOnly && career.isUnsaved)
+        career.isReadOnly = !career.lock->take();
     const bool isTriedAgain = onItsWay == career.careerNumber;
     const bool isAnother = career.isUnsaved && (isTriedAgain || holdsCareer(currentFolder()));
     if (!isAnother || career.isReadOnly)

@@ -44,7 +44,7 @@ bool CareerScreen::save(zel::String& problem) {
     if (career == nullptr || shelf == nullptr || shelf->save())
         return true;
     if (career->isReadOnly) {
-        problem = heldElsewhereText(*career->lock);
+        problem = career->isUnsaved ? shelf->problem().text() : heldElsewhereText(*career->lock);
         return false;
     }
     const zel::String file = zel::system::absolutePath(zel::getUserDirectory() + SaveFileName);

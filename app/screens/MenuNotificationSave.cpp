@@ -11,7 +11,7 @@ void MenuNotificationSave::onEnter() {
         return;
     setVisible("text1", false);
     setVisible("text3", false);
-    setText("text2", textOf(wording::CloseTheOther));
+    setText("text2", textOf(career->isUnsaved ? wording::CloseAndSave : wording::CloseTheOther));
     setText("menuButton2", textOf(wording::LeaveUnsaved));
     if (zel::Widget* plate = getWidget("menuButton2"))
         plate->setTransition("MenuMain");

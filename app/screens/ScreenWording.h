@@ -44,6 +44,7 @@ inline constexpr Wording MissionFaults[] = { // by MissionFault, from the first 
 };
 inline constexpr Wording CloseTheOther   {2305, "What was done here since the career was loaded can't be kept. Close the other program, leave for the main menu and press Continue."};
 inline constexpr Wording LeaveUnsaved    {2306, "Leave without saving"};
+inline constexpr Wording CloseAndSave    {2307, "Close the other program, then go back and save again."};
 inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault on; the two versions
     {2410, "There is no saved career."},
     {2411, "The career file can't be read."},

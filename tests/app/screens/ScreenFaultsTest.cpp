@@ -95,6 +95,25 @@ TEST(SecondProgram, LeavesACareerThatItCannotSave) {
     ASSERT_TRUE(driver.walk("menuBack>MenuMain")) << "now it is saved";
 }
 
+TEST(SecondProgram, SavesACareerOfItsOwnOnceItCan) {
+    const PlayerHome home;
+    ASSERT_TRUE(CareerDriver(home).begin(FirstChoices));
+    const std::string others = home.save();
+    zel::LockFile other;
+    ASSERT_TRUE(other.take((home.folder.file("user") + "/career.lock").c_str()));
+    CareerDriver driver(home, 2);
+    ASSERT_TRUE(driver.screens->untilIdle("MenuMain"));
+    ASSERT_TRUE(driver.walk("careers>MenuCareers another>MenuNewService "
+                            "menuButton2>MenuNewYear menuButton1>MenuEnlist "
+                            "menuButton1>MenuNewCareer menuButton4>MenuNotificationSave"));
+    EXPECT_EQ(driver.text("text2"), "Close the other program, then go back and save again.");
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuNotificationSave"));
+    other.release();
+    ASSERT_TRUE(driver.walk("menuButton1>MenuGameMain menuBack>MenuMain careers>MenuCareers"));
+    EXPECT_TRUE(Database::instance()->isSaved(SaveFileName) && home.save() != others);
+    EXPECT_TRUE(driver.widget("book.row2")->isVisible()) << "the other's is on the shelf";
+}
+
 TEST_F(ScreenFaults, ThePlayerMayQuitWithoutSaving) {
     ASSERT_TRUE(driver.begin(FirstChoices));
     home.folder.write("user/Saves/savegame_v03.wty.bak/x", "in the way");
