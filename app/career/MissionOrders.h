@@ -22,7 +22,8 @@ struct MissionOrders {
     float z = 0;
     std::vector<PlannedPlane> planes;   // the player's first
     std::vector<zel::String> knownLogs; // first pieces of the logs that are of earlier flights
-    zel::String logFolder; // checksumOf the path of their folder; empty in those of schema 3
+    /// checksumOf the paths of their folders, with blanks between; empty in those of schema 3.
+    zel::String logFolders;
     /// The log whose report was carried into the career and then lost, because the player went back
     /// to an earlier page. It counts as new; empty for none.
     zel::String reportedLog;

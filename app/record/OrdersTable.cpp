@@ -6,7 +6,7 @@ void writeOrders(SqliteFile& file, const MissionOrders& orders) {
     SqliteStatement(file, "INSERT OR REPLACE INTO orders VALUES(?,?,?,?,?,?,?,?,?)")
         .insert(orders.date, orders.file, orders.size, orders.hash, orders.isFlyable,
                 double{orders.x}, double{orders.z}, orNull(orders.reportedLog),
-                orNull(orders.logFolder));
+                orNull(orders.logFolders));
     SqliteStatement(file, "DELETE FROM orders_plane WHERE date = ?").insert(orders.date);
     SqliteStatement plane(file, "INSERT INTO orders_plane VALUES(?,?,?,?,?,?,?,?,?,?,?)");
     int32_t place = 0;
@@ -34,7 +34,7 @@ std::optional<MissionOrders> readOrders(SqliteFile& file, int32_t date) {
     orders.x = static_cast<float>(row.real(4));
     orders.z = static_cast<float>(row.real(5));
     orders.reportedLog = row.text(6);
-    orders.logFolder = row.text(7);
+    orders.logFolders = row.text(7);
     SqliteStatement plane(file, "SELECT pilot, name, nation, skill, victories, missions, squadron,"
                                 " pilot_file, aircraft FROM orders_plane WHERE date = ?"
                                 " ORDER BY place");

@@ -105,7 +105,7 @@ void Flight::keepOrders(const Database& career, const DailyMission& mission) {
     orders.z = missionGenerator.locationZ + missionGenerator.offsetZ;
     orders.planes = missionGenerator.plan;
     orders.knownLogs = watch.knownLogs();
-    orders.logFolder = LogWatch::markOf(logFolder());
+    orders.logFolders = watch.folders();
     if (book == nullptr) {
         out = std::make_shared<const MissionOrders>(std::move(orders));
         return;
@@ -132,7 +132,7 @@ const MissionOrders* Flight::orders(const Database& career) {
 void Flight::takeUp() {
     restorePlan(*out, missionGenerator);
     watch.begin(out->knownLogs,
-                out->logFolder.empty() ? LogWatch::markOf(logFolder()) : out->logFolder);
+                out->logFolders.empty() ? LogWatch::markOf(logFolder()) : out->logFolders);
     combatReport.clear();
     hasTextLog = true;
     areKept = true;

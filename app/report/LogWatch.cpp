@@ -1,6 +1,7 @@
 #include "app/report/LogWatch.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "app/career/Checksum.h"
 #include "engine/core/SystemPlaces.h"
@@ -25,11 +26,13 @@ zel::FileFault LogWatch::begin(const zel::String& folder) {
     return zel::FileFault::None;
 }
 
-void LogWatch::begin(const std::vector<zel::String>& knownLogs, const zel::String& folder) {
+void LogWatch::begin(const std::vector<zel::String>& knownLogs, const zel::String& folders) {
     logs.clear();
     startNews();
-    here = folder;
-    known = {{here, {knownLogs.begin(), knownLogs.end()}}};
+    known.clear();
+    std::istringstream marks{std::string(folders.view())};
+    for (std::string mark; marks >> mark; here = mark)
+        known[mark] = {knownLogs.begin(), knownLogs.end()};
 }
 
 zel::String LogWatch::markOf(const zel::String& folder) {
@@ -83,10 +86,17 @@ void LogWatch::ignore(const zel::String& name) {
 }
 
 std::vector<zel::String> LogWatch::knownLogs() const {
-    const auto names = known.find(here);
-    if (names == known.end())
-        return {};
-    return {names->second.begin(), names->second.end()};
+    std::set<zel::String> all;
+    for (const auto& [folder, names] : known)
+        all.insert(names.begin(), names.end());
+    return {all.begin(), all.end()};
+}
+
+zel::String LogWatch::folders() const {
+    zel::String marks;
+    for (const auto& [folder, names] : known)
+        marks += (marks.empty() ? "" : " ") + std::string(folder.view());
+    return marks;
 }
 
 std::vector<zel::String> LogWatch::poll(const zel::String& folder) {

@@ -46,16 +46,17 @@ public:
     /// folder that can't be listed is an error, after which nothing is known for certain: all old
     /// logs could count as new.
     [[nodiscard]] zel::FileFault begin(const zel::String& folder);
-    /// The same with the logs that an earlier run of the program has found. folder: markOf() of
-    /// the folder that they are in.
-    void begin(const std::vector<zel::String>& knownLogs, const zel::String& folder);
+    /// The same with the logs that an earlier run of the program has found. folders: those that
+    /// they are in, as folders() returns them; at least one.
+    void begin(const std::vector<zel::String>& knownLogs, const zel::String& folders);
     /// A key for a folder that exists, the same by whatever path it is reached.
     static zel::String markOf(const zel::String& folder);
     /// Forgets a log: it belongs to another flight, even if it grows.
     void ignore(const zel::String& name);
-    /// The first pieces of the logs that are known in the folder seen last, without those that
-    /// poll() found.
+    /// The first pieces of the logs that are known in any folder, without those that poll() found.
     std::vector<zel::String> knownLogs() const;
+    /// markOf() the folders since begin(), with blanks between.
+    zel::String folders() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
     /// passes over those that are neither in progress nor unreadable. Another folder is entered as
     /// by poll(); one that can't be listed is an error.

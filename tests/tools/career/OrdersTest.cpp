@@ -221,8 +221,11 @@ TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
     expectProblem(session->report(), "No log of your flight has come yet");
     ASSERT_TRUE(session->fly());
     expectReported(killAndLoad(), "flown in the other folder");
+    choose(run.simulatorFolder());
+    expectReported(beginAndLoad(), "flown in the first one before");
     session.reset();
     number("UPDATE orders SET folder = NULL");
+    choose(other);
     fs::remove(other + "/data/Missions/" + MissionFileName);
     expectReported(beginAndLoad(), "orders of an earlier program");
 }
