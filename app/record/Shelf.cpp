@@ -288,7 +288,7 @@ bool Shelf::save() {
     career.writeFault = zel::FileFault::None;
     // What was begun here replaces nothing that another program has saved meanwhile.
     if (career.isReadOnly && career.isUnsaved)
-        career.isReadOnly = !career.lock->take();
+        career.isReadOnly = !holdsLock();
     const bool isTriedAgain = onItsWay == career.careerNumber;
     const bool isAnother = career.isUnsaved && (isTriedAgain || holdsCareer(currentFolder()));
     if (!isAnother || career.isReadOnly)
