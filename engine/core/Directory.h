@@ -39,7 +39,7 @@ private:
 };
 
 /// "*" matches any run of characters, "?" a single one; every other character, "[" too, matches
-/// itself without regard to case. "*.*" matches every name, also one without a dot.
+/// itself without regard to case. "*.*" matches every name, even one without a dot.
 bool fitsPattern(std::string_view name, std::string_view pattern);
 
 /// A folder without the separators at its end. A root keeps its own: "/", "C:\".

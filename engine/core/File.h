@@ -25,8 +25,8 @@ public:
     File(const String& name, int32_t mode);
     ~File() override = default;
 
-    /// One block of `count` bytes. False, and hasFailed(), unless all of it goes through. A read
-    /// past the end leaves the block unchanged.
+    /// One block of `count` bytes. False, and hasFailed(), unless all of it is read or written. A
+    /// read past the end leaves the block unchanged.
     bool write(const void* block, int32_t count);
     bool read(void* block, int32_t count);
     /// whence: 0 from the start, 1 from here, 2 from the end.

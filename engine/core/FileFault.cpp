@@ -9,7 +9,7 @@ const char* faultText(FileFault fault) {
         "no permission",
         "it is read-only",
         "the file or its folder is missing",
-        "it is no file",
+        "it is not a file",
         "another program is using it",
         "the disk reports an error",
         "its name is too long",

@@ -10,7 +10,7 @@ enum class FileFault : int32_t {
     NoSpace,
     NoPermission,
     ReadOnly,    // the file or the whole disk
-    Missing,     // the file, or a folder on its way
+    Missing,     // the file, or a folder in its path
     NotAFile,    // a folder or a device has the name
     Held,        // another program has it open or locked
     DiskError,   // the disk couldn't read or write

@@ -19,7 +19,8 @@ class Language {
 public:
     virtual ~Language() = default;
 
-    /// Code of the user's language by "Language/langcodes.dat"; empty if the file doesn't list it.
+    /// Code of the user's language according to "Language/langcodes.dat"; empty if the file doesn't
+    /// list it.
     static String getSystemLanguage();
     /// Replaces the texts by those of "Language/CODE.txt". False, with nothing changed, if there is
     /// no such file or the code isn't a plain name.
@@ -29,7 +30,7 @@ public:
     /// The languages in the folder "Language" whose tables have their own name under that number,
     /// by code.
     static std::vector<KnownLanguage> known(int32_t nameNumber);
-    /// setLanguage() as the player's choice, which is stored. False, with nothing changed, as with
+    /// setLanguage() as the player's choice, which is stored. False, with nothing changed, as for
     /// load().
     static bool choose(const String& newCode);
     /// Sets a language: the one that the player chose (the preference "_Language"), then the
@@ -59,13 +60,13 @@ std::map<int32_t, String> parseLanguage(std::string_view text);
 /// How many forms of a word the language has for numbers: 3 in Polish, 2 in the others.
 int32_t pluralForms(std::string_view code);
 /// The form for that number, from 0 on: in Polish those for 1, for 2 to 4, 22 to 24 and so on, and
-/// for the rest; in the others those for one and more, where none counts as one in French alone.
+/// for the rest; in the others, those for one and for more. Zero takes the form for one in French
+/// alone.
 int32_t pluralForm(std::string_view code, int32_t number);
 
 /// The text with every "$1" replaced by the first argument, and so on up to "$8".
-/// "$1{flight|flights}" is the word for the number that the argument is, in the forms of the
-/// language in use; where there are too few of them, the last. A mark without an argument vanishes;
-/// marks within an argument stay.
+/// "$1{flight|flights}" is the form of the word for that number, in the language in use; the last
+/// form if there are too few. A mark without an argument vanishes; marks within an argument stay.
 String fillMarks(std::string_view text, const std::vector<String>& arguments);
 /// The code in langcodes.dat for a locale identifier in decimal; empty if no line lists it.
 String findLanguageCode(std::string_view langcodes, std::string_view identifier);

@@ -9,19 +9,19 @@
 namespace zel {
 
 /// A file that shows that one program alone works in a folder. It holds the process id. The lock
-/// ends with the process, so that what a dead process left is taken over.
+/// ends with the process, so a file that a dead process left is taken over.
 class LockFile {
 public:
-    /// Takes the lock, or does nothing if this object has it on that path already and its file is
-    /// still there; any other that it has is released. On error: false; holder() or fault() has the
-    /// reason.
+    /// Takes the lock, or does nothing if this object already has it on that path and its file
+    /// still exists. A lock on another path is released. On error: false; holder() or fault() has
+    /// the reason.
     [[nodiscard]] bool take(const String& path);
-    /// Removes the file. Also at the end of the object.
+    /// Removes the file. The destructor does so too.
     void release();
     bool isHeld() const { return lock.isHeld(); }
 
-    /// Process id of the program that had the lock when it was asked for last; 0 if it is unknown
-    /// or none had it.
+    /// Process id of the program that had the lock at the last attempt to take it; 0 if it is
+    /// unknown or none had it.
     uint32_t holder() const { return otherProcess; }
     /// Why the lock could not be taken: Held if another program has it.
     FileFault fault() const { return why; }

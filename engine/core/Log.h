@@ -26,7 +26,7 @@ bool isLogged(std::string_view category, int32_t level);
 void setLogLevel(int32_t level);
 /// A separate level for one category.
 void setCategoryLogLevel(const String& category, int32_t level);
-/// Nothing is logged any longer.
+/// Switches logging off.
 void disableLogging();
 /// Where log and console lines go: initially standard output.
 void setLogStream(FILE* stream);

@@ -6,13 +6,13 @@
 
 namespace zel {
 
-/// The text without what controls a terminal: "?" for control characters other than line ends and
-/// tabs, also for those that UTF-8 writes in two bytes. Names come from saves, data files and logs,
-/// and any of them may hold an escape sequence. The programs print through tools::print or log(),
-/// which call this.
+/// The text without anything that controls a terminal: "?" for control characters other than line
+/// ends and tabs, including those that UTF-8 writes in two bytes. Names come from saves, data files
+/// and logs, and any of them may hold an escape sequence. The programs print through tools::print
+/// or log(), which call this.
 ///
-/// In a header of its own, with the standard library alone: the program that makes the data files
-/// is compiled without this library.
+/// This header needs only the standard library: the program that makes the data files is compiled
+/// without the engine.
 inline std::string printable(std::string_view text) {
     std::string printed;
     printed.reserve(text.size());

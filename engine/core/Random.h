@@ -80,7 +80,7 @@ private:
     void makeBlock();
 
     std::array<uint32_t, BlockSize> state{};
-    // A block made from the state, and in front of it what was left of the one before.
+    // A block made from the state, preceded by the unused values of the one before.
     std::array<uint32_t, LeastAhead + BlockSize + Padding> values{};
     uint32_t index = LeastAhead + BlockSize; // of the next value
 };

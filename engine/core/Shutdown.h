@@ -14,8 +14,8 @@ enum class ShutdownStep : int32_t {
     Count
 };
 
-/// Registers what ends a part, once it has something to end: the loop knows none of them by name.
-/// The call must be harmless when nothing is left.
+/// Registers the call that ends a part, once it has something to end: the loop knows no part by
+/// name. The call must be harmless when nothing is left.
 void setShutdownStep(ShutdownStep step, void (*call)());
 /// Makes all registered calls in order. They stay registered: the next loop of the process ends the
 /// same way.

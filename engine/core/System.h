@@ -74,9 +74,9 @@ String shownText(const String& text);
 /// console's code page.
 String printedText(const String& text);
 
-/// The C library's fopen for regular files only: a folder, a pipe or a device gives null. A file
-/// that another program holds is tried again for half a second before writing, and for less than a
-/// tenth before reading.
+/// The C library's fopen for regular files only: a folder, a pipe or a device gives null. If
+/// another program holds the file, opening is retried for half a second to write, and for less than
+/// a tenth of a second to read.
 FILE* openFile(const String& path, const char* mode);
 FileStatus fileStatus(const String& path); // exists is false on error
 bool isDirectory(const String& path);      // false on error

@@ -22,7 +22,7 @@ bool writeAll(int file, std::string_view bytes) {
     return true;
 }
 
-/// Some file systems have no such operation, and need or can do nothing.
+/// Some file systems have no such operation: then nothing is needed, or nothing can be done.
 bool syncHandle(int file) {
     return uninterrupted([&] { return fsync(file); }) == 0 || errno == EINVAL || errno == ENOTSUP ||
            errno == ENOSYS;
@@ -117,11 +117,11 @@ bool NewFile::copyPermissions(const String& from) {
         return errno == ENOENT;
     if (fstat(file, &own) != 0)
         return false;
-    // Only root may give a file away; the group may be another one of the player's.
+    // Only root may give a file away; the group may be changed to another one of the player's.
     const bool isOthers = status.st_uid != own.st_uid || status.st_gid != own.st_gid;
     if (isOthers && fchown(file, status.st_uid, status.st_gid) != 0)
         static_cast<void>(fchown(file, uid_t(-1), status.st_gid) == 0);
-    // File systems without permissions refuse all but their own.
+    // File systems without permissions accept only their fixed ones.
     return fchmod(file, status.st_mode & 0777) == 0 || errno == EPERM || errno == ENOTSUP;
 }
 

@@ -11,8 +11,8 @@
 namespace zel::system {
 
 /// Why applicationDataDirectory() names no folder that files can be kept in: a variable of the
-/// environment isn't set, or is no absolute path. An English sentence without a full stop; empty if
-/// all is well.
+/// environment isn't set, or isn't an absolute path. An English sentence without a full stop; empty
+/// if all is well.
 String applicationDataProblem();
 
 /// Where a lock file is locked: far beyond its text, since on Windows a locked byte can't be read.
@@ -21,8 +21,8 @@ constexpr int32_t LockedByte = 0x40000000;
 /// Why the operation here or in System.h that failed last did so. Ask right after it.
 FileFault lastFault();
 
-/// The file that is meant by a path: where a symbolic link leads, through further links if need
-/// be; the path itself for anything else. The file need not exist.
+/// The file that a path refers to: where a symbolic link leads, through further links if need be;
+/// the path itself for anything else. The file need not exist.
 String linkTarget(const String& path);
 
 /// Gives a file a second name in place of what has that name. A file system without second names
@@ -31,7 +31,7 @@ bool keepFileAs(const String& file, const String& name);
 /// Removes an empty folder. On error: false.
 bool removeFolder(const String& path);
 /// Renames a folder with all that is in it. Nothing may have the new name. While another program
-/// holds a file of it, it is tried again for half a second; then lastFault() is Held.
+/// holds one of its files, it is retried for half a second; then lastFault() is Held.
 bool renameFolder(const String& from, const String& to);
 
 /// Waits until the folder's entries are on the disk: new names, renamed and removed ones. True

@@ -12,7 +12,7 @@ namespace zel::system {
 
 namespace {
 
-// Virus scanners and indexers hold a file for some moments after it was written. Reading waits for
+// Virus scanners and indexers hold a file for some moments after it was written. Reading waits
 // less, because the player waits too.
 constexpr int32_t AttemptsToWrite = 25;
 constexpr int32_t AttemptsToRead = 5;
@@ -20,7 +20,7 @@ constexpr DWORD AttemptPause = 20; // milliseconds
 DWORD attributes(const String& path) { return GetFileAttributesA(path.c_str()); }
 
 /// Whether the last error may pass because another program holds the file. Replacing an open file
-/// is "access denied", as is what is never allowed: a folder, a read-only file.
+/// gives "access denied", but so does what is never allowed: a folder, a read-only file.
 bool isHeld(const String& path, DWORD error) {
     constexpr DWORD Lasting = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
     switch (error) {
@@ -39,9 +39,8 @@ bool isHeld(const String& path, DWORD error) {
     }
 }
 
-/// Tries again while another program holds the file of that path. Where a folder has the name,
-/// Windows says "access denied"; the error becomes ERROR_DIRECTORY, so that nobody looks for a
-/// permission.
+/// Retries while another program holds the file at that path. Where a folder has the name, Windows
+/// says "access denied"; the error becomes ERROR_DIRECTORY, so that nobody looks for a permission.
 template <typename Operation>
 bool patiently(const String& path, const Operation& operation, int32_t attempts = AttemptsToWrite) {
     for (int32_t attempt = 1; !operation(); ++attempt) {
@@ -80,7 +79,7 @@ bool isOtherName(const String& path) {
            IsReparseTagNameSurrogate(data.dwReserved0);
 }
 
-/// In the code page, by its short name if need be.
+/// The entry's name in the code page; its short name if need be.
 std::string entryName(const WIN32_FIND_DATAW& data) {
     bool isWhole = false;
     std::string name = narrowed(data.cFileName, CP_ACP, isWhole);
@@ -107,8 +106,8 @@ bool flushFile(const String& path) {
     return isFlushed;
 }
 
-/// Whether a program has a file of the folder open, or of a folder in it. Such a folder can't be
-/// renamed, and Windows calls that "access denied", as it calls a lack of permission.
+/// Whether a program has a file open in the folder or below it. Such a folder can't be renamed, and
+/// Windows calls that "access denied", as it calls a lack of permission.
 bool hasOpenFile(const String& folder) {
     std::vector<DirectoryEntry> entries;
     listDirectory(folder, entries);
@@ -305,7 +304,7 @@ String linkTarget(const String& path) {
     return target.substr(0, Prefix.size()) == Prefix ? target.substr(Prefix.size()) : target;
 }
 
-// MOVEFILE_WRITE_THROUGH and the flush of a replaced file are what there is.
+// Windows offers nothing beyond MOVEFILE_WRITE_THROUGH and the flush of a replaced file.
 bool syncFolder(const String& /*path*/) { return true; }
 
 } // namespace zel::system

@@ -86,7 +86,7 @@ String applicationDataProblem() {
     if (folder.empty())
         return "Neither XDG_DATA_HOME nor HOME is set";
     return folder.view().front() == '/' ? String()
-                                        : String(name) + " is no absolute path: " + folder;
+                                        : String(name) + " is not an absolute path: " + folder;
 }
 
 String executableDirectory() {

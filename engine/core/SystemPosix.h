@@ -14,7 +14,7 @@ std::string withSlashes(const String& path);
 /// that, without regard to case. Components that don't exist stay as written.
 std::string nativePath(const String& path);
 
-/// A call of the system, repeated when a signal interrupts it.
+/// A system call, repeated when a signal interrupts it.
 template <typename Call> auto uninterrupted(const Call& call) {
     auto result = call();
     while (result == -1 && errno == EINTR)
@@ -22,7 +22,7 @@ template <typename Call> auto uninterrupted(const Call& call) {
     return result;
 }
 
-/// Keeps the reason of a failure while what it leaves is cleared away.
+/// Keeps the reason for a failure during the cleanup after it.
 class KeptReason {
 public:
     KeptReason() = default;

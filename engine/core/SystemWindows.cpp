@@ -165,7 +165,7 @@ String applicationDataProblem() {
         return "APPDATA is not set";
     const bool hasDrive = folder.length() > 2 && folder.view()[1] == ':';
     const bool hasServer = folder.view().substr(0, 2) == "\\\\";
-    return hasDrive || hasServer ? String() : "APPDATA is no absolute path: " + folder;
+    return hasDrive || hasServer ? String() : "APPDATA is not an absolute path: " + folder;
 }
 
 String executableDirectory() {

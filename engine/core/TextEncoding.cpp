@@ -63,7 +63,7 @@ bool isAscii(std::string_view text) {
                        [](char character) { return static_cast<uint8_t>(character) < 0x80; });
 }
 
-/// Takes the first character off a text that isn't empty; Invalid if it is no UTF-8.
+/// Takes the first character off a text that isn't empty; Invalid if it isn't UTF-8.
 uint32_t takeCharacter(std::string_view& text) {
     constexpr uint32_t Least[] = {0, 0x80, 0x800, 0x10000}; // by the number of bytes that follow
     const auto first = static_cast<uint8_t>(text.front());

@@ -32,11 +32,11 @@ std::string decodedText(std::string text, const String& fileName);
 /// The text in UTF-8, as files for other programs hold it; "?" for the five bytes that mean nothing
 /// in Windows-1252.
 std::string utf8Of(std::string_view text);
-/// The same the other way: "?" for what texts can't have, and for bytes that are no UTF-8.
+/// The same the other way: "?" for what texts can't have, and for bytes that aren't UTF-8.
 std::string fromUtf8(std::string_view utf8);
 
-/// Reads and decodes a text file of at most that many bytes. False, with nothing of use in `text`,
-/// if it is missing or longer or can't be read.
+/// Reads and decodes a text file of at most that many bytes. False, with `text` undefined, if it is
+/// missing or longer or can't be read.
 [[nodiscard]] bool readTextFile(const String& name, int32_t most, std::string& text);
 
 } // namespace zel

@@ -11,7 +11,7 @@ namespace zel {
 namespace {
 
 constexpr std::string_view DraftEnding = ".new";
-constexpr int32_t MostDrafts = 100; // of one process that an earlier one of the same number left
+constexpr int32_t MostDrafts = 100; // left by an earlier process with this one's id
 
 size_t nameStart(std::string_view path) {
     const size_t separator = path.find_last_of("\\/");

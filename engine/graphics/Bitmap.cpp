@@ -86,7 +86,7 @@ String readPicture(const String& fileName, bool powerOfTwo, BitmapData& data) {
     }
     logRefusals(refusals, fault.empty() ? LogError : LogDebug);
     if (fault.empty())
-        fault = "no picture";
+        fault = "not a picture";
     log(fileName + " is " + fault, "Bitmap", LogError);
     return fault;
 }
@@ -104,7 +104,7 @@ String readFile(const String& fileName, bool powerOfTwo, BitmapData& data) {
     return readPicture(fileName, powerOfTwo, data);
 }
 
-/// Reads the picture of twice the size. False if there is none; one that is no use is logged.
+/// Reads the picture of twice the size. False if there is none; an unusable one is logged.
 bool readDoubled(const String& fileName, BitmapData& data) {
     const String doubled = PictureDetail::doubledName(fileName);
     if (!system::fileStatus(doubled).exists || !readFile(doubled, false, data).empty())
@@ -214,7 +214,7 @@ bool Bitmap::assign(BitmapData newData, const String& newName) {
     return adopt(newData);
 }
 
-/// As the log shows it: the file that was read.
+/// The name in the log: the file that was read.
 String Bitmap::loadedName() const {
     return isFile && data.detail > 1 ? PictureDetail::doubledName(name) : name;
 }

@@ -25,7 +25,7 @@ struct BitmapData {
     int32_t pictureWidth = 0; // of the picture in it
     int32_t pictureHeight = 0;
     int32_t depth = 0;  // bytes per pixel: 3 or 4
-    int32_t detail = 1; // pixels of the picture to one of the design, along either side
+    int32_t detail = 1; // picture pixels per design pixel, along either side
     ChannelOrder order = ChannelOrder::Rgb;
     std::vector<uint8_t> pixels;
 
@@ -50,7 +50,8 @@ struct PictureSize {
     int32_t width = 0;
     int32_t height = 0;
 };
-/// The size of a picture file by its header; nothing is decoded. 0 by 0 if no reader accepts it.
+/// The size of a picture file according to its header; nothing is decoded. 0 by 0 if no reader
+/// accepts it.
 PictureSize pictureSizeOf(const String& fileName);
 
 /// One picture: its pixels in memory, and a texture once it has been drawn.
@@ -91,7 +92,7 @@ public:
 
     bool isLoaded() const { return data.width > 0; } // has a picture
     const String& getName() const { return name; }
-    /// Of the picture in pixels of the design, the same at each detail; 0 without a picture.
+    /// The picture's size in pixels of the design, the same at each detail; 0 without a picture.
     int32_t width() const { return data.pictureWidth / data.detail; }
     int32_t height() const { return data.pictureHeight / data.detail; }
     const BitmapData& getData() const { return data; }

@@ -25,7 +25,7 @@ public:
     const char* open(const String& fileName);
     /// Null if all is well, otherwise "Unable to read pixel data", and `data` is as it was.
     const char* readPixels(BitmapData& data);
-    /// Of the picture, in pixels, as its header says. REQUIRES: open() has accepted it.
+    /// The picture's size in pixels, according to its header. REQUIRES: open() has accepted it.
     int32_t getWidth() const { return width; }
     int32_t getHeight() const { return height; }
     /// What is wrong with a picture whose format it knows, such as "too large: 9000 by 50 pixels,

@@ -199,7 +199,7 @@ void Canvas::draw(const Bitmap& bitmap, const std::vector<Quad>& quads, Point of
     const TextureMap map(bitmap);
     std::vector<Vertex>& vertices = run(texture, toWindow(moved(around(quads))));
     vertices.reserve(vertices.size() + quads.size() * 4);
-    // Mostly all quads have one colour: it is computed again only where it changes.
+    // Usually all quads have one colour: it is computed again only where it changes.
     uint32_t lastColor = quads.front().argb;
     Color color = colorOf(multiplied(lastColor, shade));
     for (const Quad& quad : quads) {

@@ -70,7 +70,7 @@ public:
     void pushClip(const Rect& clip);
     void popClip(); // without effect when there is none
 
-    /// From design pixels to window pixels; the window sets them.
+    /// The factors from design pixels to window pixels; the window sets them.
     void setGlobalScale(float scaleX, float scaleY);
     void setGlobalOffset(float x, float y);
     /// Window pixels, y down.
@@ -92,10 +92,10 @@ public:
     /// Whether the sides of a texture may be other than powers of two; false without a window.
     bool takesAnyTextureSize() const;
     /// Sends the frame if it differs from the one shown last. Returns whether there is something to
-    /// show. One that nobody sees, as of a minimised window, isn't sent.
+    /// show. One that nobody sees, as in a minimised window, isn't sent.
     bool finishFrame(bool isSeen = true);
-    /// For tests, whose time goes into drawing: whether frames are seen at all. If not, nothing but
-    /// readPixels() draws.
+    /// For tests, which would spend most of their time drawing: whether frames are seen at all. If
+    /// not, nothing but readPixels() draws.
     void setSeen(bool seen) { areSeen = seen; }
     /// The next frame is sent in any case.
     void invalidate();

@@ -50,10 +50,10 @@ const void* at(const std::vector<Vertex>& vertices, size_t offset) {
     return reinterpret_cast<const uint8_t*>(vertices.data()) + offset;
 }
 
-/// A text of the driver: players' logs show a slow renderer such as "GDI Generic".
+/// A string from the driver: players' logs show a slow renderer such as "GDI Generic".
 String driverText(GLenum name) { return reinterpret_cast<const char*>(glGetString(name)); }
 
-/// Of a text such as "1.2.1 Mesa".
+/// The version in a text such as "1.2.1 Mesa", as 102.
 int32_t versionOf(const String& text) {
     const std::string_view digits = text.view();
     const size_t dot = std::min(digits.find('.'), digits.size() - 1);

@@ -54,9 +54,9 @@ private:
     int32_t width = 0;
     int32_t height = 0;
     int32_t maximumTextureSize = 0;
-    bool anyTextureSize = false; // not powers of two alone
-    int32_t edges = 0;           // of textures, beyond which nothing of them is repeated
-    uint32_t generation = 0;     // of the context
+    bool anyTextureSize = false; // not only powers of two
+    int32_t edges = 0;       // OpenGL's wrap mode, which repeats nothing beyond a texture's edges
+    uint32_t generation = 0; // of the context
     // OpenGL's names by our numbers. A number is never used twice, so that one of an earlier
     // context can't refer to a texture of this one.
     std::map<uint32_t, uint32_t> textures;

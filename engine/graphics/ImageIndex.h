@@ -33,7 +33,7 @@ struct ImageDescription {
     String groupName;                       // empty: in none
     std::vector<FrameRect> frames;          // at least one
     std::vector<FrameTransform> transforms; // by frame; may be shorter or longer
-    float positionX = 0, positionY = 0;     // added to the place where it is drawn
+    float positionX = 0, positionY = 0;     // added to the position at which it is drawn
     float scaleX = 1, scaleY = 1;
     float rotation = 0;             // degrees, clockwise, around the handle
     float handleX = 0, handleY = 0; // the image's origin within it

@@ -11,7 +11,7 @@ namespace zel {
 
 namespace {
 
-constexpr float LeastScale = 1.3F;            // window pixels to one of the design
+constexpr float LeastScale = 1.3F;            // window pixels per design pixel
 constexpr int32_t LeastMaximumTexture = 4096; // the longest side of the delivered pictures is 3588
 
 // Never destroyed: bitmaps that live as long as the program leave it.
@@ -38,7 +38,7 @@ int32_t PictureDetail::forScale(float scale) { return scale >= LeastScale ? Doub
 void PictureDetail::follow() {
     const Canvas& canvas = Canvas::getInstance();
     if (const int32_t wanted = wantedBy(canvas); wanted != present) {
-        log(String("Pixels of pictures to one of the design: ") + wanted, "PictureDetail", LogInfo);
+        log(String("Picture pixels per design pixel: ") + wanted, "PictureDetail", LogInfo);
         present = wanted;
         isChanging = true;
         framesBefore = canvas.getFramesSent();

@@ -19,7 +19,7 @@ int32_t whole(float value) {
     return static_cast<int32_t>(std::clamp(value, -1.0e6F, 1.0e6F)); // bounds senseless sizes
 }
 
-/// The start of something of that size in a room: 0, centred, or at the end.
+/// Where something of that size starts in the room: at 0, centred, or at the end.
 int32_t startOf(int32_t room, int32_t size, uint8_t alignment) {
     const int32_t rest = room - size;
     return alignment == 0 ? 0 : alignment == 1 ? (rest >= 0 ? rest / 2 : (rest - 1) / 2) : rest;

@@ -45,9 +45,9 @@ public:
     void draw(Canvas& canvas, Point offset = {0, 0}, int32_t alpha = 255) const;
 
     int32_t lineCount() const; // lines that fit
-    /// Of the widest line, in design pixels.
+    /// The width of the widest line, in design pixels.
     int32_t width() const;
-    /// Of all lines, likewise.
+    /// The height of all lines, in design pixels.
     int32_t height() const;
     /// Whether something was cut off, at the end of the line or below the rectangle.
     bool isCut() const;

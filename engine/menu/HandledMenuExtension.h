@@ -23,7 +23,7 @@ public:
     HandledMenuExtension& operator=(const HandledMenuExtension&) = delete;
 
     void update() override {}      // every frame, after the widgets
-    virtual void reset() {}        // at every entering, after onEnter()
+    virtual void reset() {}        // each time it is entered, after onEnter()
     virtual void onFirstEnter() {} // after the script's section, here and below
     virtual void onEnter() {}
     virtual void onEntered() {}                             // it is fully visible

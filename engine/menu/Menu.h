@@ -25,8 +25,8 @@ public:
     virtual Widget* addWidget(const String& name, const String& text, const String& transition);
     virtual TextArea* addTextArea(const String& name, const String& text);
     virtual Widget* createWidget(const String& name);
-    /// Creates a widget like the layout's widget `model`, that much lower and without text: the
-    /// next row of a list. On error: as createWidget().
+    /// Creates a widget like the layout's widget `model`, but `down` pixels lower and without text:
+    /// the next row of a list. On error: as createWidget().
     Widget* createRow(const String& model, const String& name, int32_t down);
     virtual TextArea* createTextArea(const String& name);
 
@@ -59,9 +59,10 @@ public:
     bool setTheme(const String& name);
     const Layout* getLayout() const { return layout; }
     const Theme* getTheme() const { return theme; }
-    /// Replaces the state's own picture there. On error: log lines, and the old one is kept.
+    /// Replaces the state's own picture, behind the elements or in front of them. On error: log
+    /// lines, and the old one is kept.
     void setMenuOverlay(bool isBackground, const String& image, const OverlayOptions& options);
-    /// For elements created later that have no alignment of their own: bits of Alignment.
+    /// The alignment, bits of Alignment, of elements created later that have none of their own.
     void setWidgetAlignment(int32_t bits) { widgetAlignment = bits; }
     void setTextAreaAlignment(int32_t bits) { textAreaAlignment = bits; }
 
@@ -75,8 +76,8 @@ public:
     StateOverlay* getThemeForeground() const override;
 
 protected:
-    /// Whether the state machine counts this state as a user of its overlays: from its entering to
-    /// its leaving.
+    /// Whether the state machine counts this state as a user of its overlays: from when it is
+    /// entered until it is left.
     bool isOverlayUser = false;
 
     /// Draws between the background and the widgets.

@@ -12,7 +12,7 @@ struct Pointer;
 /// The widgets and text areas of a menu, by name, with the links to their scrolling areas.
 ///
 /// A hit may remove the widget that was hit, or any other. It leaves the list at once, and its
-/// deletion is deferred until nothing of the list is at work.
+/// deletion is deferred until no call is working on the list.
 class MenuElements {
 public:
     ~MenuElements();

@@ -55,7 +55,7 @@ public:
 
     static void notify(Menu& menu, MenuCallback what);
     static void onEvent(Menu& menu, Widget* widget, int32_t eventType);
-    /// To the extensions alone.
+    /// Notifies only the extensions.
     static void onKey(Menu& menu, const KeyPress& key);
     /// True unless an extension of the menu returns false.
     static bool query(Menu& menu);

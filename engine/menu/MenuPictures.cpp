@@ -8,7 +8,7 @@ namespace zel {
 
 namespace {
 
-/// The other state of the fade that runs; null if there is none.
+/// The other state of the running fade; null if there is none.
 const State* partnerOf(const State& state) {
     const StatesMachine& machine = StatesMachine::getInstance();
     const State* const active = machine.getActiveState();

@@ -88,7 +88,7 @@ void StandardMenu::onEvent(Widget* widget, int32_t eventType) {
         focus.takeHit(*this, *widget);
 }
 
-// The machine adds the user at the end of the entering, before the first update.
+// The machine adds the user once the state has been entered, before the first update.
 void StandardMenu::update() {
     isOverlayUser = entered;
     Menu::update();

@@ -85,8 +85,8 @@ std::string soundChunks(std::string_view file) {
 
 } // namespace
 
-// Not by SDL: unless one rate is twice the other it takes the nearest that is, and the sound comes
-// out too high or too low.
+// SDL isn't used for this: it only doubles or halves a rate, so the sound would come out too high
+// or too low.
 SoundSamples convertSound(const SoundForm& form, std::string_view recording) {
     if (form.rate < 1 || form.channels < 1 || (form.bits != 8 && form.bits != 16))
         return {};

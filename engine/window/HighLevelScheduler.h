@@ -42,9 +42,9 @@ public:
     void setTaskMinFrameDifference(const UpdateObject* object, int32_t frames);
     /// Minimum time between two starts. On error: a log line.
     void specifyTasMinimumTimeDifference(const UpdateObject* object, float seconds); // sic
-    /// Another state in which a task with an owner runs; a state in which a task without one
-    /// doesn't. The task runs if the active state or the one being left allows it; outside a
-    /// transition the latter is null, which nothing excludes by itself.
+    /// For a task with an owner, another state in which it runs; for a task without one, a state in
+    /// which it doesn't. The task runs if the active state or the one being left allows it. Outside
+    /// a transition the latter is null, which counts as a state that isn't excluded.
     void addIncludedState(const UpdateObject* object, State* state);
     void addExcludedState(const UpdateObject* object, State* state);
 

@@ -4,7 +4,7 @@
 
 namespace zel {
 
-/// The mouse at one moment: all values are of the same drain of the event queue.
+/// The mouse at one moment: all values come from the same drain of the event queue.
 struct MouseState {
     int32_t x = 0, y = 0;   // design pixels
     bool isDown = false;    // the given button

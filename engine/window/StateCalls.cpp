@@ -46,7 +46,7 @@ void leave(State& state) {
 } // namespace
 
 void StateCalls::add(StateCallType type, State* state, State* otherState) {
-    // By type; the timer and the schedulers have no name of their own in the log.
+    // Indexed by type; the timer and the schedulers have no name of their own in the log.
     static constexpr const char* Names[] = {"ON_FIRST_ENTER", "ON_ENTER", nullptr, "ON_ENTERED",
                                             "ON_LEAVING",     "ON_LEAVE", nullptr};
     if (state != nullptr)

@@ -15,7 +15,7 @@ class Bitmap;
 
 /// The position of a picture of the design's size in a window, scaled equally in both directions.
 struct Letterbox {
-    float scale = 1;        // pixels of the window to one of the design
+    float scale = 1;        // window pixels per design pixel
     float offsetX = 0;      // pixels from the left, whole
     float offsetY = 0;      // pixels from the top, whole
     bool barsAtTop = false; // otherwise at the sides, if any
@@ -25,7 +25,7 @@ Letterbox letterbox(int32_t width, int32_t height, int32_t designWidth, int32_t 
                     bool centre);
 
 /// The wanted size of a window, or the largest size of the same shape, in whole pixels, that fits
-/// the room. Room of 0 and below is unknown.
+/// the room. A room of 0 or less counts as unknown.
 system::Extent fittingSize(system::Extent wanted, system::Extent room);
 
 /// The visible pixels of an icon: one bit each, the first in the highest, rows from the top, padded
@@ -67,7 +67,7 @@ public:
     int32_t getRealWidth() const { return width; }
     int32_t getRealHeight() const { return height; }
 
-    /// Sets the design's size, in whose pixels screens work. Sizes below 1 are ignored.
+    /// Sets the design's size; screens work in its pixels. Sizes below 1 are ignored.
     void setSimulatedResolution(int32_t designWidth, int32_t designHeight, bool centre);
     /// Convert window pixels to design pixels.
     float toDesignX(int32_t x) const;

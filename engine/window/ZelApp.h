@@ -24,7 +24,8 @@ public:
     /// The state entered first.
     static zel::String getFirstStateName();
 
-    // The application is suspended, and goes on: before the active state's, and after it.
+    // The application is suspended (called before the active state's onPause()) and goes on (after
+    // its onContinue()).
     void onPause();
     void onContinue();
 

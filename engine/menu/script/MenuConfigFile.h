@@ -22,7 +22,7 @@ struct ScriptFault {
 /// Bad lines are reported on the console and skipped. A menu owns the object.
 class MenuConfigFile {
 public:
-    /// A line of the script: not empty and no comment. Headers and includes are kept.
+    /// A line of the script: neither empty nor a comment. Headers and includes are kept.
     struct Line {
         String text;   // trimmed
         String number; // in its file

@@ -25,7 +25,7 @@ struct ScriptCall {
     HandledMenu* handled() const;
 };
 
-/// Sets a value for each look that the words from `first` on name. Words before an unknown one take
+/// Sets a value for each look named by the words from `first` on. Words before an unknown one take
 /// effect; the rest of the line is dropped.
 template <typename Values, typename Value>
 void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value) {
@@ -42,7 +42,7 @@ void setLooks(ScriptCall& call, size_t first, Values& values, const Value& value
     }
 }
 
-constexpr int32_t OpenCount = 1024; // maximum of arguments of commands without a limit
+constexpr int32_t OpenCount = 1024; // maximum number of arguments of commands without a limit
 
 /// A command of the script language: its name, how many arguments it takes, and what it does.
 struct ScriptCommand {

@@ -19,7 +19,7 @@ Value valueOf(const std::map<String, Value>& variables, const String& name) {
     return found != variables.end() ? found->second : Value();
 }
 
-/// What the preferences have under the key; empty if they lack it.
+/// The preference under that key; empty if there is none.
 std::optional<String> stored(const String& key) {
     return Registry::has(key) ? std::optional<String>(Registry::get(key, "")) : std::nullopt;
 }

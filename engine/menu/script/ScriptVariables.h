@@ -10,7 +10,7 @@ namespace zel {
 /// matched without regard to case.
 class ScriptVariables {
 public:
-    /// Of the menu with that name; of the program for an empty name.
+    /// The variables of the menu with that name; those of the program for an empty name.
     explicit ScriptVariables(const String& menuName) : menuName(menuName) {}
 
     void setFlag(const String& name, bool value);

@@ -15,11 +15,11 @@ struct FontChoice {
     bool isGiven() const { return !name.empty() || index >= 0; }
 };
 
-/// An element's distance from its rest position, in design pixels, when its way in begins or its
-/// way out ends.
+/// An element's distance from its rest position, in design pixels, when it begins to slide in or
+/// has slid out.
 struct Scroll {
     int32_t x = 0, y = 0;
-    float time = 0.0F; // seconds; without effect, the way takes as long as the fade
+    float time = 0.0F; // seconds; without effect: the slide takes as long as the fade
 };
 
 /// A rectangle on the screen, in design pixels.
@@ -34,7 +34,7 @@ struct ElementDefinition {
     PixelRect rect;         // x and y relative to the origin
     Scroll scrollIn, scrollOut;
     String text;
-    int32_t textNumber = 0; // of the language table, for a text of it; 0 for any other
+    int32_t textNumber = 0; // of a text from the language table; 0 for any other
     String transition;
     int32_t alignment = 0; // bits; 0: none of its own
     int32_t origin = AlignLeft | AlignTop;

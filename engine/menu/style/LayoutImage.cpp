@@ -199,8 +199,7 @@ LayoutIndex parseLayoutIndex(std::string_view text, const String& fileName) {
 }
 
 // Painted rectangles make long runs of one colour, so it is looked up only where it changes; and
-// most lines of them are equal to the line above, which adds a line to each box that was found in
-// that.
+// most lines are equal to the line above, so they only extend the boxes that were found in it.
 std::vector<PaintedBox> findBoxes(const BitmapData& picture, const std::vector<uint32_t>& colors) {
     std::vector<PaintedBox> boxes(colors.size());
     std::unordered_map<uint32_t, size_t> first; // box of each colour

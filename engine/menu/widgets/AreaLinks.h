@@ -16,7 +16,7 @@ struct Bounds;
 using Widgets = std::map<String, std::unique_ptr<Widget>>;
 using TextAreas = std::map<String, std::unique_ptr<TextArea>>;
 
-/// The widget as a scrolling area; null if it is none.
+/// The widget as a scrolling area; null if it isn't one.
 ScrollingArea* asArea(Widget* widget);
 
 /// The elements of a scrolling area are named after it: "list.row1" moves with "list". The links

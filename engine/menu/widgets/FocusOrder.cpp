@@ -29,7 +29,7 @@ struct Nearest {
     Widget* widget = nullptr;
     int32_t distance = 0;
 
-    /// isNarrow: only candidates that are no further aside than ahead.
+    /// isNarrow: only candidates that are at least as far ahead as aside.
     void offer(Widget& candidate, const Middle& middle, bool isNarrow) {
         const int32_t ahead = (middle.x - start.x) * stepX + (middle.y - start.y) * stepY;
         const int32_t aside =

@@ -12,7 +12,7 @@ class Widget;
 /// Where keys move the focus. Each operation returns null where there is nowhere to go.
 
 /// All widgets that can have the focus, by rows from the top and within a row from the left. The
-/// rows of a scrolling area follow one another; they come where the first of them is at rest.
+/// rows of a scrolling area follow one another; they come at the rest position of the first one.
 std::vector<Widget*> focusOrder(const Menu& menu);
 /// The next widget in that order, or the one before, cyclically; from null the first or the last.
 Widget* nextInOrder(const Menu& menu, const Widget* from, bool backwards);

@@ -75,7 +75,7 @@ Widget* targetOf(const Menu& menu, Widget* widget, const KeyPress& key) {
     return nullptr;
 }
 
-/// Scrolls the area by an arrow key; false if it is at the end of its way.
+/// Scrolls the area by an arrow key; false if it can't scroll further.
 bool scrollByLine(ScrollingArea& area, const KeyPress& key) {
     const int32_t before = area.getOffset();
     if (key.symbol == KeyUp || key.symbol == KeyDown)

@@ -14,11 +14,11 @@ struct KeyPress;
 
 /// The keyboard on a menu. Tab, the arrow keys, Home and End, and in a scrolling area page up and
 /// page down, move a focus from widget to widget; a row that is cut off scrolls into view. An area
-/// that is a stop has the focus itself, and they scroll it; up and down move on at the end of its
-/// way. Where no widget can take the focus they scroll the menu's first area instead. Enter and
-/// Space hit the widget with the focus, Escape hits "menuBack". Without either they hit the only
-/// other widget that can be pressed, if there is exactly one. All hits go through Menu::hitWidget,
-/// as the mouse's do.
+/// that is a stop has the focus itself, and they scroll it; up and down move on where it can't
+/// scroll further. Where no widget can take the focus they scroll the menu's first area instead.
+/// Enter and Space hit the widget with the focus, Escape hits "menuBack". Without either they hit
+/// the only other widget that can be pressed, if there is exactly one. All hits go through
+/// Menu::hitWidget, as the mouse's do.
 class MenuFocus {
 public:
     /// Handles keys in the order in which they were typed.

@@ -40,7 +40,7 @@ public:
     bool isDragged() const { return dragged; }
     /// Counts an element by its rectangle at rest; the lowest one limits the scrolling.
     void addElement(const PixelRect& element);
-    /// Removes an element that addElement() got.
+    /// Removes an element that addElement() counted.
     void removeElement(const PixelRect& element);
 
 private:

@@ -14,7 +14,7 @@ public:
     /// Cuts the text at the length limit; the cursor goes to its end.
     void setText(const String& newText) override;
     String getText() const override { return typed; }
-    /// The maximum of characters, from 1; initially 128. A longer text is cut.
+    /// The maximum number of characters, from 1; initially 128. A longer text is cut.
     void setLengthLimit(int32_t count);
     int32_t getLengthLimit() const { return lengthLimit; }
     /// Accepts only characters for which the function returns true; null, the default, for all.

@@ -16,7 +16,7 @@ struct KeyPress;
 /// text. A press and release of the mouse over it, or a key while it has the focus, hits it: it
 /// notifies the active state, then follows its transition.
 ///
-/// Owned by its menu, from the entering of the screen to its leaving.
+/// Owned by its menu, from when the screen is entered until it is left.
 class Widget : public UpdateAndRenderObject {
 public:
     static constexpr int32_t EventHit = 1;

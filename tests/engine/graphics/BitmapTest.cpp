@@ -126,7 +126,7 @@ TEST_F(BitmapTest, ReadsWhatTheDecoderKnows) {
     EXPECT_EQ(pixels(), (Pixels{0xFF070707, 0xFF080808, 0xFFFAFAFA}));
     bitmap.getData().lineArgb(0, line);
     EXPECT_EQ(line[1], 0xFF080808);
-    EXPECT_EQ(log.text(), "") << "readers that don't know the file are no news";
+    EXPECT_EQ(log.text(), "") << "readers that don't know the file aren't worth a line";
 }
 
 TEST_F(BitmapTest, LogsWhatIsWrong) {
@@ -146,7 +146,7 @@ TEST_F(BitmapTest, LogsWhatIsWrong) {
         {bmpFile(-1, 1, 24, "abc\0"s), "/picture is empty: -1 by 1 pixels"},
         {"", "[FormatANY] Cannot read file (filesize: 0)"},
         {zelFile(65, 1, 24, "ab"), "Read error for " + folder.path() + "/picture: Unable"},
-        {"nothing", "/picture is no picture"},
+        {"nothing", "/picture is not a picture"},
         {"nothing", "Illegal BMP header"},
         {"nothing", "Error for " + folder.path() + "/picture: Illegal ANY header"},
     };
@@ -173,7 +173,7 @@ TEST_F(BitmapTest, RefusesFilesCutAtAnyLength) {
             EXPECT_FALSE(load(file.substr(0, length), length % 2 == 0)) << file[0] << length;
             EXPECT_EQ(bitmap.pixelAt(0, 0), 0u);
         }
-    // Sizes that the file can't hold, at the borders of what a header can say.
+    // Sizes that the file can't hold, at the limits of what a header can say.
     EXPECT_FALSE(load(zelFile(8192, 8192, 32, "abc")));
     EXPECT_FALSE(
         load(Bytes().text("ZG").u32(0xFFFFFFFF).u16(1).u16(1).u16(24).u32(0).fill(9, 'x')));
@@ -188,7 +188,7 @@ TEST_F(BitmapTest, KeepsFromTheDecoderWhatItDoesNotBear) {
     };
     EXPECT_TRUE(zel::isSafeToDecode(jpeg('\x10'))) << "256 symbols";
     EXPECT_FALSE(zel::isSafeToDecode(jpeg('\x11'))) << "257: one more than there are";
-    EXPECT_FALSE(zel::isSafeToDecode("\xFF" + jpeg('\x11'))) << "a filled marker";
+    EXPECT_FALSE(zel::isSafeToDecode("\xFF" + jpeg('\x11'))) << "a fill byte before the marker";
     EXPECT_TRUE(zel::isSafeToDecode(RgbaPng));
     EXPECT_TRUE(zel::isSafeToDecode(RgbaPng + "\xFF\xFF\xFF\xFFjunk"));
     std::string greedy = RgbaPng;
