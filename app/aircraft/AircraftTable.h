@@ -21,8 +21,8 @@ enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon, Gro
 
 /// How a type fights in the stand-in simulator, and what the simulator's log calls it. The figures
 /// are round ones: speed and climb after the types' test reports, circles in the order in which
-/// pilots of the time put them. They are closer together than the real ones, since nobody there
-/// flies around his plane's weakness as those pilots learnt to.
+/// pilots of the time put them. They are closer together than the real ones, since the stand-in's
+/// pilots don't learn to fly around a plane's weakness as the real ones did.
 struct StandInFigures {
     const char* logType; // the log's TYPE
     int32_t speed;       // level, km/h

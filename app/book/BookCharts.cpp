@@ -94,7 +94,7 @@ std::string monthChart(const std::vector<MonthScore>& months) {
             svg.text(x + width / 2, Ground + 17,
                      isFew ? shortMonth(month.month % 100) : monthAndYear(month.month),
                      Anchor::Middle, ChartPlain);
-        // In two rows, since most names are wider than a month.
+        // Names are in two rows, since most are wider than a month.
         if (isFew && !month.bestMan.empty())
             svg.text(x + width / 2, Ground + 32 + static_cast<float>(i % 2) * 14,
                      lastName(month.bestMan), Anchor::Middle, ChartSmall);
@@ -116,7 +116,7 @@ constexpr float FlagStep = 18; // from level to level
 constexpr int32_t FlagLevels = 5;
 constexpr float LetterWidth = 7; // of a flag's text, about
 
-/// Places along the time.
+/// Positions on the time axis.
 class TimeScale {
 public:
     TimeScale(int32_t first, int32_t last)

@@ -12,10 +12,10 @@
 
 /// Whether there are more months than a chart of half the page's width has room for.
 bool hasManyMonths(int32_t since, int32_t end);
-/// Of a chart of victories over those months, in its own units.
+/// The width of a chart of victories over those months, in its own units.
 float chartWidth(int32_t since, int32_t end);
 
-/// Bars, his beside the best man's.
+/// Bars: the player's victories beside those of the best man.
 std::string monthChart(const std::vector<MonthScore>& months);
-/// The flights along the time, with victories, damage and injuries; ranks and decorations above.
+/// The flights on a time axis, with victories, damage and injuries; ranks and decorations above.
 std::string timelineOf(const LogBook& book, const Honours& honours);

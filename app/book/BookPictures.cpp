@@ -22,7 +22,7 @@ constexpr float RibbonWidth = 44;
 constexpr float RibbonHeight = 14;
 constexpr float AcrossHeight = 2;
 
-// As the ribbons of the screens, which art/medals.py draws.
+// The same as the ribbons of the screens, which art/medals.py draws.
 const std::vector<RibbonRow>& ribbonRows() {
     static const std::vector<RibbonRow> rows = {
         {"vc", {{"#7A1B22", 1}}},

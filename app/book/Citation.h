@@ -17,8 +17,8 @@ struct Citation {
 /// What the pilot was given after that day, the oldest first. Leaves out his first rank and ranks
 /// that merely change name.
 std::vector<Citation> citationsAfter(const PilotRecord& pilot, int32_t date);
-/// Whose texts are about a pilot of that nation: 0 for the British and American ones, 1 for the
-/// French, 2 for the German.
+/// Which side's texts are about a pilot of that nation: 0 for the British and American ones, 1 for
+/// the French, 2 for the German.
 size_t serviceIndex(int32_t nation);
 /// "Royal Flying Corps", on that day.
 zel::String serviceName(int32_t nation, Branch branch, int32_t date);

@@ -137,7 +137,7 @@ struct Succession {
     int32_t date = 0; // yyyymmdd
 };
 
-/// How the pilot came to be the player's; nobody's place if the record has no such posting.
+/// How the pilot became the player's; in nobody's place if the record has no such posting.
 Succession successionOf(SqliteFile& record, const Database& career, int32_t pilot) {
     SqliteStatement row(record, "SELECT other, date FROM posting WHERE pilot = ?"
                                 " AND kind IN ('transferred', 'succeeded')" // as the index has it

@@ -30,5 +30,5 @@ int32_t lastFallen(SqliteFile& record, const Database& career);
 /// That pilot's predecessor; -1 if he succeeded nobody.
 int32_t predecessorOf(SqliteFile& record, const Database& career, int32_t pilot);
 
-/// All of the letter as lines.
+/// The whole letter as lines.
 std::vector<zel::String> condolenceLines(const Condolence& letter);

@@ -20,7 +20,7 @@ inline constexpr Wording SadLateDuties[] = { // likewise, where the record lacks
 inline constexpr Wording LetterPlace     {4004, "He fell near $1."};
 inline constexpr Wording LetterVictorOf  {4005, "$1 of $2 shot him down."}; // victor, unit
 inline constexpr Wording LetterVictor    {4006, "$1 shot him down."};
-inline constexpr Wording LetterGround    {4007, "He was brought down from the ground ($1)."}; // by what
+inline constexpr Wording LetterGround    {4007, "He was brought down from the ground ($1)."}; // the weapon
 inline constexpr Wording LetterOwnSide   {4008, "By a dreadful mistake one of our own brought him down."};
 inline constexpr Wording LetterCrashAlone{4009, "His machine crashed, and no enemy had a part in it."};
 inline constexpr Wording LetterCrash     {4032, "His machine crashed."};

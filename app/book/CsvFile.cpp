@@ -91,7 +91,7 @@ bool CsvFile::split(std::string_view row) {
 int32_t CsvFile::number(size_t field) const {
     if (fields[field].find_first_not_of("0123456789") == std::string::npos)
         return zel::toInt(fields[field]);
-    logRow("\"" + zel::String(fields[field]) + "\" is no number");
+    logRow("\"" + zel::String(fields[field]) + "\" is not a number");
     return 0;
 }
 
@@ -101,7 +101,7 @@ int32_t CsvFile::date(size_t field) const {
     if (fields[field].size() == 8 && day >= 1 &&
         day <= Calendar::daysInMonth(number / 10000, number / 100 % 100))
         return number;
-    logRow("\"" + zel::String(fields[field]) + "\" is no date");
+    logRow("\"" + zel::String(fields[field]) + "\" is not a date");
     return 0;
 }
 

@@ -316,7 +316,7 @@ private:
     int32_t flight = 0;              // number of the last one; 0 for none
     int32_t squadron = -1, own = -1; // the player's squadron and pilot of that day
     int32_t injury = 0;              // his in that flight, in percent
-    std::map<int32_t, Score> scores; // of all who scored
+    std::map<int32_t, Score> scores; // all who scored
     std::set<int32_t> ownVictors;    // of the squadron
     std::vector<Death> deaths;       // likewise
     std::vector<std::pair<int32_t, zel::String>> arrivals; // pilots and names

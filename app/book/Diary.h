@@ -22,8 +22,8 @@ struct DiaryLine {
 };
 
 /// What happened since the last flight: in the player's squadron, at the front and in the real war.
-/// Each list has at most a page, the most important first; docs/decisions.md has the rule. Without
-/// a line a list says so.
+/// Each list has at most a page, the most important first; docs/decisions.md has the rule. An empty
+/// list says so in a line.
 struct Diary {
     int32_t from = 0; // yyyymmdd, the day of the last flight; today if there was none
     int32_t until = 0;

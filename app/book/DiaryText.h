@@ -6,5 +6,5 @@
 
 /// "7 to 10 June 1917".
 zel::String daysText(int32_t from, int32_t until);
-/// All of the diary as lines.
+/// The whole diary as lines.
 std::vector<zel::String> diaryLines(const Diary& diary);

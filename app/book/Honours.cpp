@@ -168,7 +168,7 @@ private:
                 (award.holders == AwardRow::Officers) == isOfficer);
     }
 
-    /// All that isn't worn, and of the others the lowest: the higher one comes next time.
+    /// All those that aren't worn, and the lowest of the others: the higher one comes next time.
     void decorate(int32_t day, int32_t date) {
         const AwardRow* next = nullptr;
         for (const AwardRow& award : tables.awards) {

@@ -159,7 +159,7 @@ void addTotals(LogBook& book, const Database& career) {
         flight.total = totals[flight.pilot] += flight.victories;
 }
 
-/// Of those who fell, and with what rank their successors began.
+/// Adds the titles of those who fell, and the ranks with which their successors began.
 void addTitles(LogBook& book, SqliteFile& record, const Database& career,
                const BookTables& tables) {
     for (size_t i = 0; i < book.flights.size(); ++i) {

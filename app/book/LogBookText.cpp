@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view Cut = "...";
 constexpr size_t NoLimit = 1000; // letters
 
-/// "Albatros" of "Albatros D.III"; all of what an object on the ground is.
+/// "Albatros" for "Albatros D.III"; an object on the ground in full.
 zel::String maker(const zel::String& aircraft) {
     zel::String name = machineText(aircraft);
     if (groundObject(aircraft.view()) != nullptr)
@@ -95,7 +95,7 @@ const Wording* fateAfterVictories(const BookFlight& flight) {
     return flight.damage >= NotedDamage ? &wording::AndDamaged : nullptr;
 }
 
-/// By maker, the most frequent first.
+/// The counts by maker, the most frequent first.
 std::vector<MachineCount> byMaker(const std::vector<MachineCount>& machines) {
     std::vector<MachineCount> makers;
     for (const MachineCount& machine : machines)

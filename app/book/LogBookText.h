@@ -50,10 +50,11 @@ zel::String successionText(const LogBook& book, size_t flight);
 
 /// "von Richthofen": the name without first names and initials.
 zel::String lastName(const zel::String& name);
-/// "M. von Richthofen" of a name that has more letters than that; cut with "..." if that has, too.
+/// "M. von Richthofen" for a name that is longer than that; cut with "..." if that is too long as
+/// well.
 zel::String initialName(const zel::String& name, size_t letters);
-/// "Albatros D.III" of an identifier, "observation balloon" of an object on the ground; of another
-/// text that text.
+/// "Albatros D.III" for an identifier, "observation balloon" for an object on the ground; any other
+/// text unchanged.
 zel::String machineText(const zel::String& aircraft);
 /// The same in at most `letters` characters: "Halberstadt" for "Halberstadt D.II", "Triplane" for
 /// "Sopwith Triplane".
@@ -66,5 +67,5 @@ zel::String column(const zel::String& text, size_t letters);
 
 /// What a book without flights says in its first row.
 zel::String emptyBookText(const LogBook& book);
-/// All of the book as lines: heads, flights, successions, totals.
+/// The whole book as lines: heads, flights, successions, totals.
 std::vector<zel::String> logBookLines(const LogBook& book);

@@ -68,7 +68,7 @@ private:
                 {PilotPosting::Died, row.integer(0), row.integer(1), -1, victorIn(row.integer(2))});
     }
 
-    /// Who brought him down in that flight; empty for nobody else.
+    /// Who brought him down in that flight; empty if nobody else did.
     zel::String victorIn(int32_t flight) {
         SqliteStatement row(record,
                             "SELECT other.pilot, other.name, other.type FROM flight_report AS own"
@@ -121,7 +121,8 @@ private:
         sortPostings();
     }
 
-    /// He came to the squadron that he left first, or is still in. Earlier moves aren't shown.
+    /// He came to the squadron that he was the first to leave, or that he is still in. Earlier
+    /// moves aren't shown.
     void addArrival() {
         auto& postings = pilot.postings;
         postings.erase(

@@ -14,7 +14,7 @@ class SqliteFile;
 struct PilotVictory {
     int32_t date = 0; // yyyymmdd
     zel::String victim;
-    zel::String machine; // identifier, or the type in the log of one that isn't in the plan
+    zel::String machine; // identifier, or the type in the log if it isn't in the plan
     bool hasDied = false;
 };
 
@@ -38,7 +38,7 @@ struct PilotRecord {
     int32_t squadron = -1; // the present or the last one
     int32_t since = 0;     // yyyymmdd; the first day of his service, 0 if unknown
     bool isSinceKnown =
-        true;             // false if a gap of the record comes before: he may have served longer
+        true;             // false if a gap of the record comes before it: he may have served longer
     int32_t until = 0;    // today, or the day of his death
     int32_t missions = 0; // by the save, as is victoryCount
     /// The player's flights: those in the record, or by the save if it has more after a gap. Of

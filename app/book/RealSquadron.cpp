@@ -17,7 +17,7 @@ constexpr size_t BestMen = 5;
 constexpr size_t MenOfSquadron = 4;
 constexpr int32_t Never = std::numeric_limits<int32_t>::max();
 
-/// When a pilot file takes its man to which unit, by date.
+/// When a pilot file posts its man to which unit, by date.
 using Postings = std::vector<std::pair<int32_t, std::string_view>>;
 
 Postings postingsOf(const Database& career, const PilotFile& file, std::vector<DataToken>& tokens) {

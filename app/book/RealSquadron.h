@@ -19,8 +19,8 @@ struct RealMember {
     int32_t victories(int32_t since, int32_t end) const;
 };
 
-/// Whom the charts compare the player with, over the months of the book: the aces of his squadrons
-/// or, where the tables know none who scored there, the five best of the front.
+/// The men with whom the charts compare the player over the months of the book: the aces of his
+/// squadrons or, if the tables know none who scored there, the five best of the front.
 struct RealMen {
     /// A month of the book, and the men of the squadron in which the player flew then.
     struct SquadronMonth {

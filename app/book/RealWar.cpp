@@ -13,11 +13,11 @@
 namespace {
 
 constexpr size_t MostLines = 4;
-constexpr int32_t DaysBefore = 30; // that are searched if nothing happened
+constexpr int32_t DaysBefore = 30; // days that are searched if nothing happened
 
 // Weights. An event of 5 is above all but the ends of the greatest aces.
 constexpr int32_t EventWeight = 10; // for each step of its own
-constexpr int32_t EndWeight = 12;   // and half of his victories
+constexpr int32_t EndWeight = 12;   // plus half of his victories
 constexpr int32_t DayWeight = 6;    // for each victory of a day, and a fifth of all he has by then
 constexpr int32_t LeastOfDay = 2;   // victories that make a great day, unless it makes a round sum
 constexpr int32_t RoundSum = 10;
@@ -177,7 +177,7 @@ std::vector<DiaryLine> realWar(const BookTables& tables, int32_t from, int32_t u
     before.subtractDays(DaysBefore);
     lines = Days(tables, before.dateNumber(), from).gather();
     if (!lines.empty()) {
-        // The day that is nearest.
+        // The nearest day.
         const int32_t last =
             std::max_element(lines.begin(), lines.end(),
                              [](const DatedLine& a, const DatedLine& b) { return a.date < b.date; })

@@ -36,7 +36,7 @@ void readPlan(SqliteFile& record, RecordedFlight& flight) {
             {row.index(0), row.index(1), row.text(2), row.text(3), row.integer(4), row.integer(5)});
 }
 
-/// Gives a pilot of the plan the name and the aircraft that he has there.
+/// Gives a pilot of the plan the name and the aircraft that the plan has for him.
 void takeFromPlan(PilotReport& report, const FlownMission& mission) {
     for (const FlightPlane& plane : mission.plan)
         if (report.pilot >= 0 && plane.pilot == report.pilot) {
@@ -72,7 +72,7 @@ void readReports(SqliteFile& record, RecordedFlight& flight) {
     }
 }
 
-/// Clears an index that a damaged record may have out of range.
+/// Clears an index that is out of range, as in a damaged record.
 void checkPlace(int32_t& place, size_t count) {
     if (place < 0 || static_cast<size_t>(place) >= count)
         place = -1;

@@ -27,5 +27,6 @@ std::optional<RecordedFlight> readFlight(SqliteFile& record, int32_t number = 0)
 /// Whether an event of that kind is the end of its target.
 bool isEnd(FlightEventKind kind);
 /// The town nearest to where the log reports that record's end, by the first such event near a
-/// town. place: index of the report. Null if the log doesn't say where, or far from any town.
+/// town. place: index of the report. Null if the log doesn't say where, or if it was far from any
+/// town.
 const char* townOfEnd(const RecordedFlight& flight, int32_t place);

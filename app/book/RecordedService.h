@@ -20,8 +20,8 @@ struct SavedPilot {
     bool isShelved = false;
 };
 
-/// What the record has of the service of the player or of one of his predecessors. `since` is 0 for
-/// anybody else, of whom it has no flights. On error: the file has failed.
+/// The service of the player or of one of his predecessors, as far as the record has it. `since` is
+/// 0 for anybody else: the record has no flights of his. On error: the file has failed.
 PilotService readService(SqliteFile& record, const SavedPilot& pilot);
 
 /// Adds what the save has and the record doesn't: it was done by the end of the last gap of his

@@ -67,7 +67,7 @@ std::string lowered(std::string_view text) {
 }
 
 std::string folded(std::string_view text) {
-    // From 0xE0 on; those that aren't letters of the alphabet stay.
+    // For the bytes from 0xE0 on; those that aren't letters stay.
     constexpr std::string_view PlainLetters = "aaaaaa\xE6"
                                               "ceeeeiiii\xF0nooooo\xF7ouuuuy\xFEy";
     std::string result = lowered(text);

@@ -9,7 +9,7 @@
 
 class Database;
 
-/// While it lives, all reads of the file share one lock: a row of it is being read. Without it each
+/// While it lives, all reads of the file share one lock, since it keeps a row open. Otherwise each
 /// read takes a lock of its own, which costs more than finding a row.
 class ReadLock {
 public:

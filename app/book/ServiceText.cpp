@@ -89,7 +89,7 @@ void addHonours(std::vector<zel::String>& lines, const PilotRecord& pilot) {
         lines.push_back(datedLine(one.date, awardText(*one.award)));
 }
 
-// Letters of the columns of a victory.
+// Column widths of a victory, in letters.
 constexpr size_t DayLetters = 13;
 constexpr size_t TypeLetters = 15;
 constexpr size_t VictimLetters = VictoryLetters - DayLetters - TypeLetters - 2;
@@ -108,7 +108,7 @@ zel::String awardText(const AwardRow& award) {
 
 zel::String awardText(const AwardRow& award, const Honours& honours, bool isBrief) {
     zel::String name = awardText(award);
-    // Without letters after the name it has one of its own: an officer of the order.
+    // One without letters after the name has a bar of its own: an officer of the order.
     if (const AwardRow* bar = honours.barOf(award))
         return award.letters.empty() ? awardText(*bar)
                                      : textOf(wording::AndBar, {isBrief ? award.letters : name});

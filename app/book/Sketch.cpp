@@ -70,7 +70,7 @@ public:
                          [&](const Draft& a, const Draft& b) { return rank(a) < rank(b); });
     }
 
-    /// After the frame is known.
+    /// Call it once the frame is known.
     void number() {
         std::vector<int32_t> crowd(size_t{SketchFrame::Columns} * SketchFrame::Rows, 0);
         std::vector<int32_t> shared(crowd.size(), 0);

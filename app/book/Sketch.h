@@ -9,7 +9,7 @@
 /// A place of the fight.
 struct SketchMark {
     enum Kind {
-        Begin,   // of what the log has of the player's plane
+        Begin,   // the log's positions of the player's plane
         Hit,     // somebody was hit or damaged
         Loss,    // a plane was lost
         OwnLoss, // the player's
@@ -18,7 +18,7 @@ struct SketchMark {
     Kind kind = Hit;
     MapPoint place;
     bool isAllied = false; // the one who was hit, lost or landed
-    int32_t number = 0;    // of the list; 0 for one that another mark of its line has
+    int32_t number = 0;    // of the list; 0 if another mark of its line has the number
 };
 
 /// A line of the list beside the sketch.
@@ -66,7 +66,7 @@ struct Sketch {
 /// REQUIRES: base (null if unknown) is that of the flight's day.
 Sketch sketchOf(const RecordedFlight& flight, const MapPoint* base);
 
-/// The base of a flight by the record. False if it has none of that name.
+/// The base of a flight according to the record. False if there is no base of that name.
 bool baseOf(SqliteFile& record, const RecordedFlight& flight, MapPoint& base);
 
 /// The list as lines of text: "3. 9:14  You bring down August Hanko".

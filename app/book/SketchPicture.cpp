@@ -17,7 +17,7 @@ constexpr float MapWidth = 312;
 struct Pixel {
     float x, y;
 };
-/// A part of a line, in lengths of the whole one.
+/// A part of a line, as fractions of its length.
 struct Clip {
     float begin = 0;
     float end = 1;
@@ -87,7 +87,7 @@ private:
         if (isOpen)
             svg.endLine(style);
     }
-    /// Which part of that line is on the map.
+    /// The part of that line that is on the map.
     Clip onMap(const Pixel& from, const Pixel& to) const {
         constexpr float Edge = 1;
         Clip part;

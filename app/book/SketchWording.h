@@ -2,8 +2,8 @@
 
 #include "app/career/Wording.h"
 
-// What the sketch of a fight says about the log's events. $1 is who did it, $2 to whom; in forms of
-// three the second is for the player as the one who did it, the third for him as the other.
+// What the sketch of a fight says about the log's events. $1 did it to $2. Of three forms, the
+// second is for the player as the one who did it, the third for the player as the other one.
 // clang-format off
 namespace wording {
 

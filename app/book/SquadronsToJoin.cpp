@@ -25,7 +25,7 @@ struct MonthSpan {
     zel::String first, last;
 };
 
-/// A line of a squadron's or a pilot's file, as far as its keys are there.
+/// A line of a squadron's or a pilot's file; the fields of missing keys are empty.
 struct Entry {
     std::string_view date, until, aircraft, unit;
     int32_t level = 0;
@@ -61,8 +61,8 @@ void forEachEntry(const Database& career, const int32_t (&lines)[LineReferenceCo
     }
 }
 
-// The score of a pilot who isn't in the table of aces, by his acelevel in the data files: the least
-// that has the level.
+// The score of a pilot who isn't in the table of aces: the lowest one for his acelevel in the data
+// files.
 constexpr int32_t VictoriesOfLevel1 = 20;
 constexpr int32_t VictoriesOfLevel2 = 10;
 constexpr int32_t VictoriesOfOthers = 5;
@@ -95,9 +95,9 @@ std::map<std::string, KnownPilot> knownPilots(const Database& career, const Book
     return known;
 }
 
-/// What the player would fly with the squadron: of the types that his nation flies in the month one
-/// that the file names, if possible for that month and as late as possible. Empty if all that it
-/// flies is switched off.
+/// What the player would fly with the squadron: a type that his nation flies in the month and that
+/// the file names, if possible for that month, and the latest such type. Empty if all that it flies
+/// is switched off.
 zel::String machineOf(const Database& career, const SquadronFile& file, const MonthSpan& month,
                       const std::vector<const char*>& drawable) {
     zel::String machine;

@@ -10,16 +10,16 @@ class Database;
 
 /// A squadron in which a career can begin.
 struct SquadronToJoin {
-    int32_t file = -1;      // index of its file, and in a career that was just made its own
+    int32_t file = -1;      // index of its file, which is its own index in a new career
     zel::String key;        // as in the data files
     zel::String machine;    // identifier of what it flies, one that the player has switched on
-    zel::String knownPilot; // of those who serve in it that month the one with the most victories
-                            // in the real war; empty for none
+    zel::String knownPilot; // the man in it that month with the most victories in the real war;
+                            // empty for none
 };
 
-/// The squadrons of the service that fly in the month, by their keys. Left out is what has no name,
-/// and what flies only types that the player has switched off. Reads the career's data files and
-/// draws nothing.
+/// The squadrons of the service that fly in the month, by their keys. Squadrons without a name, and
+/// those that fly only types that the player has switched off, are left out. Reads the career's
+/// data files and draws nothing.
 std::vector<SquadronToJoin> squadronsToJoin(const Database& career, const BookTables& tables,
                                             int32_t service, int32_t year, int32_t month);
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Letters of the columns of the roll: numbers end where the heads end.
+// Column widths of the roll, in letters: numbers end where the heads end.
 constexpr size_t PlaceLetters = 3;
 constexpr size_t NameLetters = 31;
 constexpr size_t VictoryColumn = 4;
@@ -67,7 +67,7 @@ StandingRow standingOf(const Database& career, const BookTables& tables, int32_t
     size_t better = 0;
     for (int32_t i = 0; i < career.pilotCount(); ++i) {
         const Pilot& other = career.pilots[i];
-        // In the order of bestPilots(), without sorting all pilots.
+        // Compares in the order of bestPilots(), without sorting all pilots.
         const bool isBetter = other.shotdowns != own.shotdowns ? other.shotdowns > own.shotdowns
                               : other.missions != own.missions ? other.missions > own.missions
                                                                : i < index;

@@ -22,7 +22,7 @@ struct StandingRow {
 
 /// The player's squadron, the best first.
 std::vector<StandingRow> rosterRows(const Database& career, const BookTables& tables);
-/// The best of the war, living and dead, as far as they have five victories; at most `most`.
+/// The best pilots of the war with five victories or more, living and dead; at most `most`.
 std::vector<StandingRow> aceRows(const Database& career, const BookTables& tables, size_t most);
 /// A pilot among all those of the war; without a victory he has no place.
 /// REQUIRES: career.isPilot(index)
@@ -33,8 +33,8 @@ StandingRow standingOf(const Database& career, const BookTables& tables, int32_t
 /// "Albert Ball RIP", "Edward Harcourt (you!)"; with the short name "A. Ball RIP".
 zel::String markedName(const StandingRow& row);
 zel::String shortMarkedName(const StandingRow& row);
-/// What he had brought down in the real war up to that day: "44", "?" where that isn't known;
-/// empty for a pilot of no history.
+/// What he had brought down in the real war up to that day: "44", "?" where that isn't known; empty
+/// if he isn't a pilot of history.
 zel::String realScoreText(const StandingRow& row, int32_t today);
 /// "9.".
 zel::String placeNumber(const StandingRow& row);

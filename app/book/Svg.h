@@ -39,5 +39,5 @@ private:
     std::string points;
 };
 
-/// With "&", "<", ">" and quotes as entities, in UTF-8.
+/// The text in UTF-8, with "&", "<", ">" and quotes as entities.
 std::string htmlOf(const zel::String& text);

@@ -25,9 +25,9 @@ std::vector<Town> townsOf(bool onChannelMap);
 /// The coast from the south-west on; the sea is to its north-west.
 std::vector<MapPoint> coastOf(bool onChannelMap);
 /// The front of that day (yyyymmdd) from the sea to the south, with the Allies to its west and
-/// south. Before the first day that is known, that of the first; after the last, that of the last.
+/// south. Before the first known day, the front of that day; after the last, the front of the last.
 std::vector<MapPoint> frontOf(int32_t date, bool onChannelMap);
-/// How far from a town something is still near it, in metres.
+/// Up to this distance something counts as near a town, in metres.
 constexpr float NearTown = 15000;
 /// The nearest town within that many metres; null for none.
 const char* townNear(const MapPoint& point, bool onChannelMap, float metres);

@@ -58,7 +58,7 @@ private:
         bool isOwn;
     };
 
-    /// The name of one whose line ends before the chart's end.
+    /// The name of a pilot whose line ends before the chart's end.
     struct NameOnLine {
         float x, y;
         zel::String text;
@@ -139,7 +139,7 @@ private:
         sentences.push_back(textOf(wording::TotalOfChart, {man.ace->name, won}));
     }
 
-    /// Each pilot of the book begins from what he had before his first flight.
+    /// Each pilot of the book starts with the victories that he had before his first flight.
     void drawOwn() {
         float clear = 0;
         for (size_t i = 0; i < book.flights.size();) {

@@ -33,7 +33,7 @@ zel::String realFirstText(const WarEnd& end);
 enum class NamedFallen { Whole, Brief, None };
 /// Flights, dates, place and predecessors, a line each. None: without the predecessors.
 zel::String careerLines(const WarEnd& end, NamedFallen named = NamedFallen::Whole);
-/// His victories in the whole real war; empty for a pilot of no history.
+/// His victories in the whole real war; empty if he isn't a pilot of history.
 zel::String realTotalText(const StandingRow& row);
-/// All of it as lines.
+/// The whole sheet as lines.
 std::vector<zel::String> warEndLines(const WarEnd& end);

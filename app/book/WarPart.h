@@ -13,7 +13,7 @@ struct WarPart {
     int32_t since = 0;            // yyyymmdd: the first day he flies, his predecessors included
     int32_t today = 0;            // likewise, the career's date
     std::vector<int32_t> flights; // days of all flights
-    int32_t flown = 0;            // how many, by the save if the record lacks some
+    int32_t flown = 0;            // how many; the save's count if the record lacks some
     int32_t expected = 0;         // in all, by the mean length of the periods to come
 };
 

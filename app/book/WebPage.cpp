@@ -128,7 +128,7 @@ void PageData::addHeads() {
         textOf(wording::WebFooter, {pilot.name, dayTextOf(career.calendar().dateNumber())}));
 }
 
-/// In which he won most, and how many.
+/// The month in which he won most, and how many.
 zel::String PageData::bestMonth() const {
     std::map<int32_t, int32_t> won; // by month
     for (const BookFlight& flight : book.flights)
@@ -153,7 +153,7 @@ void PageData::addFigures() {
     const auto count = [&](auto isOne) {
         return static_cast<int32_t>(std::count_if(book.flights.begin(), book.flights.end(), isOne));
     };
-    // The present man's, and the whole book's if it has more pilots.
+    // The total of the present pilot, and that of the whole book if it has more pilots.
     const int32_t own = pilot.pilot;
     const bool isShared = std::any_of(book.flights.begin(), book.flights.end(),
                                       [=](const BookFlight& f) { return f.pilot != own; });

@@ -11,8 +11,7 @@
 
 namespace {
 
-/// Place of a type in AircraftRows, found when the program is compiled. An unknown one has no
-/// place: that does not compile.
+/// Index of a type in AircraftRows, found at compile time. An unknown type doesn't compile.
 constexpr int32_t placeOf(std::string_view identifier) {
     int32_t place = 0;
     while (identifier != AircraftRows[place].identifier)
@@ -20,9 +19,9 @@ constexpr int32_t placeOf(std::string_view identifier) {
     return place;
 }
 
-/// A type and its part of a draw, out of the row's sum.
+/// A type and its share of a draw, out of the row's sum.
 struct TypeShare {
-    int32_t plane; // place in the table
+    int32_t plane; // index in the table
     int32_t weight;
 
     constexpr TypeShare(std::string_view identifier, int32_t weight)
@@ -30,7 +29,7 @@ struct TypeShare {
 };
 
 /// What a side flies after the row above, up to and including the month `until`. The draw of a row
-/// goes over its sum; its planes take their shares in the order of the row.
+/// is below its sum; its planes take their shares in the order of the row.
 struct Period {
     static constexpr int32_t LargestSum = 10;
 
@@ -136,7 +135,7 @@ const Period& periodAt(bool allied, int32_t year, int32_t month) {
     return *std::find_if(std::begin(CentralPeriods), last, reaches);
 }
 
-/// Place of the type drawn: one draw, even for a row with one type.
+/// Index of the type drawn: one draw, even for a row with one type.
 int32_t drawPlane(const Period& period, zel::Random& random) {
     return period.planes[random.getInt(0, period.sum - 1)];
 }

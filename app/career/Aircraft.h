@@ -31,10 +31,10 @@ bool isAlliedPlane(int32_t index);
 
 /// Draws what a side flies in that month: one draw, whatever the row.
 zel::String planeForSide(bool allied, int32_t year, int32_t month, zel::Random& random);
-/// Draws what a nation flies: 200 tries in that month, then further back, ten months at most. With
-/// nothing found, the last type drawn.
+/// Draws what a nation flies: 200 tries in that month, then further back, ten months at most. If
+/// nothing is found, the last type drawn.
 zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, zel::Random& random);
-/// The same with the running program's draws (setPlaneRandom). The day plays no part.
+/// The same with the running program's draws (setPlaneRandom). The day doesn't matter.
 zel::String planeForSide(bool allied, int32_t year, int32_t month, int32_t day);
 zel::String chooseNationPlane(int32_t nation, int32_t year, int32_t month, int32_t day);
 /// The identifiers that chooseNationPlane can give in that month without going further back.

@@ -15,7 +15,7 @@ struct Airfield {
     float x, y, z;
 };
 
-constexpr int32_t SquadronsPerChannel = 5; // one in this many goes there, where it may be drawn
+constexpr int32_t SquadronsPerChannel = 5; // one in this many goes there, if that map may be drawn
 
 // In the order of the draw.
 // clang-format off
@@ -75,8 +75,8 @@ void putOn(Squadron& squadron, const Airfield& airfield, bool onChannelMap) {
     squadron.baseZ = airfield.z;
 }
 
-/// Whether the player's squadron is on the Channel map, by his preferences and what they leave
-/// open.
+/// Whether the player's squadron is on the Channel map, by his preferences; `otherwise` if they
+/// allow both maps.
 bool isOnChannelForPlayer(bool otherwise) {
     const bool western = zel::Registry::isOn(WesternMapKey);
     const bool channel = zel::Registry::isOn(ChannelMapKey);

@@ -17,7 +17,7 @@ constexpr const char* ChannelMapKey = "mapChannel";
 /// the engine's shared generator. An index out of range changes and draws nothing.
 void assignBase(Database& career, int32_t squadron, bool allied, bool mayDrawChannel);
 
-/// Puts a squadron whose base is damaged back on the airfield of that name or that place, otherwise
+/// Puts a squadron whose base is damaged back on the airfield of that name or position, otherwise
 /// on the first one of its side and map. Draws nothing.
 void restoreBase(Squadron& squadron);
 

@@ -72,7 +72,7 @@ enum class FlightEventKind : uint8_t {
 /// What the simulator's log reports at a moment of the flight.
 struct FlightEvent {
     FlightEventKind kind = FlightEventKind::Hit;
-    float seconds = 0;   // since the mission's begin
+    float seconds = 0;   // since the mission began
     int32_t actor = -1;  // index of the flight's reports
     int32_t target = -1; // likewise
     float amount = 0;    // Hit: how many; Damage and Wound: 1.0 is all
@@ -86,7 +86,7 @@ struct FlightEvent {
 struct FlownMission {
     zel::String log;   // first piece of the log, with its path
     float seconds = 0; // the log's length
-    float x = 0;       // place of the fight: metres to the north and to the east
+    float x = 0;       // where the fight is: metres to the north and to the east
     float z = 0;
     std::vector<FlightPlane> plan;    // the player's plane first
     std::vector<PilotReport> reports; // in the report's order

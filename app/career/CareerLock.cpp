@@ -9,7 +9,7 @@
 
 namespace {
 
-// Not in Saves, which moves to the shelf as a whole.
+// The lock isn't in Saves, which moves to the shelf as a whole.
 constexpr const char* LockName = "career.lock";
 
 } // namespace

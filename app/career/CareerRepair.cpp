@@ -26,7 +26,7 @@ public:
     CareerRepair(Database& career, Soundness soundness, CareerRepairs& repairs)
         : career(career), soundness(std::move(soundness)), repairs(repairs) {}
 
-    /// False if there is nothing that a career could go on from.
+    /// False if too little is left for a career to go on.
     bool run() {
         if (career.squadrons.empty() || career.pilots.empty())
             return false;
@@ -38,7 +38,7 @@ public:
         if (!soundness.pilots)
             for (Pilot& pilot : career.pilots)
                 pilot.squadron = std::max(pilot.squadron, 0); // in no slot, and counted above
-        if (repairs.faults() > 0) { // what has been put right may not fit the rest
+        if (repairs.faults() > 0) { // what was repaired may not fit the rest
             soundness.doubtful.resize(career.pilots.size());
             std::iota(soundness.doubtful.begin(), soundness.doubtful.end(), 0);
         }

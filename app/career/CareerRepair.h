@@ -14,7 +14,7 @@ constexpr int32_t LastSaveYear = 1919;
 /// What readContent() has found out about a save file's records.
 struct Soundness {
     bool pilots = false;           // each names a squadron, and a file or none
-    bool lines = true;             // the data files name lines that are there, or none
+    bool lines = true;             // the data files name existing lines, or none
     bool files = true;             // nothing else about a data file or its lines is impossible
     int32_t living = 0;            // pilots
     std::vector<int32_t> doubtful; // pilots about whom something else may be impossible
@@ -41,6 +41,6 @@ struct CareerRepairs {
 };
 
 /// Fixes what breaks the invariants of a career that came from a file, with a line in the log for
-/// each kind of fault. Adds to `repairs`; what is sound is not checked again. False if there is
-/// nothing that a career could go on from.
+/// each kind of fault. Adds to `repairs`; what is sound is not checked again. False if too little
+/// is left for a career to go on.
 bool repairCareer(Database& career, const Soundness& soundness, CareerRepairs& repairs);

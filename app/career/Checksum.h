@@ -9,12 +9,12 @@
 
 /// The 64-bit XXH3 hash of the bytes, in sixteen hexadecimal digits: it finds damage, not forgery.
 zel::String checksumOf(std::string_view bytes);
-/// Bytes whose checksum is computed when it is first asked for, and once: it takes almost as long
-/// as reading them. REQUIRES: the bytes outlive it and don't change.
+/// Bytes whose checksum is computed once, when it is first asked for: that takes almost as long as
+/// reading them. REQUIRES: the bytes outlive it and don't change.
 class CheckedBytes {
 public:
     CheckedBytes() = default;
-    // Implicit, so that bytes are passed as they are where nobody has a checksum yet.
+    // Implicit, so that callers without a checksum just pass the bytes.
     CheckedBytes(std::string_view bytes) : content(bytes) {}
     CheckedBytes(const std::string& bytes) : content(bytes) {}
 
@@ -26,7 +26,7 @@ private:
     std::string_view content;
     mutable zel::String sum;
 };
-/// The same 64 bits of bytes that come in pieces.
+/// The same hash of bytes that come in pieces.
 class ChecksumOfPieces {
 public:
     ChecksumOfPieces();
@@ -38,5 +38,5 @@ private:
     struct HashState;
     std::unique_ptr<HashState> state;
 };
-/// Of a whole file; empty if it can't be read.
+/// The checksum of a whole file; empty if it can't be read.
 zel::String checksumOfFile(const zel::String& name);

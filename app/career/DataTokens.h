@@ -13,5 +13,5 @@ struct DataToken {
 };
 
 /// Splits a data line at single blanks and each token at "="; a token without "=" is left out.
-/// Replaces what `tokens` held, so that its memory serves the next line.
+/// Replaces what `tokens` held, so that its memory is reused for the next line.
 void splitDataLine(std::string_view line, std::vector<DataToken>& tokens);

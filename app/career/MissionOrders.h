@@ -18,7 +18,7 @@ struct MissionOrders {
     int64_t size = 0;      // bytes of that file
     zel::String hash;      // checksumOf them; empty if the file couldn't be read
     bool isFlyable = true; // the player has a machine for it
-    float x = 0;           // place of the fight: metres to the north and to the east
+    float x = 0;           // where the fight is: metres to the north and to the east
     float z = 0;
     std::vector<PlannedPlane> planes;   // the player's first
     std::vector<zel::String> knownLogs; // first pieces of the logs that are of earlier flights

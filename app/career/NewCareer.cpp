@@ -80,7 +80,7 @@ void choosePlayer(Database& career, int32_t service) {
             chooseNationPlane(drawn.nation, career.year, career.month, career.day);
         if (fits && counter <= RoundsForNamedSquadron)
             fits = hasUnitName(unitNumber(career, drawn.squadronFile));
-        // Asked only where the answer matters: no draw depends on it.
+        // Checked only if the answer matters: no draw depends on it.
         const bool good =
             fits && (counter > RoundsForFlyingSquadron ||
                      hasAircraft(career, zel::String(zel::arrayText(drawn.key)), plane));

@@ -8,7 +8,7 @@ class Database;
 /// When every career begins: 1 December 1915, as Calendar::dateNumber(), and its month, yyyymm.
 constexpr int32_t FirstDayOfCareer = 19151201;
 constexpr int32_t FirstMonthOfCareer = FirstDayOfCareer / 100;
-constexpr int32_t PilotsOfNewSquadron = 12; // and ever after: the dead are replaced
+constexpr int32_t PilotsOfNewSquadron = 12; // and from then on: the dead are replaced
 
 /// Makes a new career on its first day and gives the player the first slot of a squadron of his
 /// service, a named one that flies the type of the day if luck allows. On error: an unknown service

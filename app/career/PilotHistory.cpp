@@ -30,7 +30,7 @@ bool hasUnit(const std::vector<DataToken>& tokens) {
     });
 }
 
-/// The date of a posting; empty for a line that is none.
+/// The date of a posting; empty for any other line.
 std::string_view postingDate(const std::vector<DataToken>& tokens) {
     if (!hasUnit(tokens))
         return {};
@@ -204,8 +204,8 @@ private:
     }
 
     Database& career;
-    std::optional<SquadronKeys> keys;  // made for the first event: most updates have none
-    std::vector<DataToken> lineTokens; // memory that one line leaves to the next
+    std::optional<SquadronKeys> keys;  // made at the first event: most updates have none
+    std::vector<DataToken> lineTokens; // memory that each line reuses
 };
 
 } // namespace

@@ -11,7 +11,7 @@ class Database;
 constexpr int32_t LongestLoggedName = 31;
 
 /// One flying object of a mission and what became of it: read from a log, or fought in the
-/// abstract. Indices are places in the mission's list of such records.
+/// abstract. Indices refer to the mission's list of such records.
 struct PilotReport {
     zel::String name;                // the plane's name in the log
     zel::String type;                // the object's type
@@ -20,7 +20,7 @@ struct PilotReport {
     int32_t country = 0;             // nation code
     int32_t planeId = -1;            // object id of the plane
     int32_t bodyId = -1;             // object id of the pilot in it
-    int32_t spare = -1;              // no reader; 1000 in the simulated war
+    int32_t spare = -1;              // never read; 1000 in the simulated war
     float damage = 0;                // of the plane; 1.0 is a destroyed one
     float injury = 0;                // of the pilot; 1.0 kills him
     std::vector<int32_t> hitTargets; // records that this one hit, in order, with repeats
@@ -44,6 +44,6 @@ struct PilotReport {
 /// The name in the log; for an object on the ground, what it is, in the language in use.
 zel::String reportedName(const PilotReport& report);
 
-/// Carries victories, a mission and death of each record with a pilot into the career. True if
-/// there was one. isSeen: it is the player's flight, for the career's observer.
+/// Carries the victories, the mission and the death of each record with a pilot into the career.
+/// True if there was one. isSeen: it is the player's flight, for the career's observer.
 bool applyReports(const std::vector<PilotReport>& reports, Database& career, bool isSeen = false);

@@ -14,7 +14,7 @@ constexpr int32_t SlotCount = 32;
 constexpr int32_t LineReferenceCount = 256;
 constexpr int32_t AceShotdowns = 5; // the fewest victories of an ace
 
-/// A person of the career, historic or generated. One who was ever made is never removed.
+/// A person of the career, historic or generated. None is ever removed.
 struct Pilot {
     char name[64];
     int32_t squadron; // index of his squadron
@@ -28,7 +28,7 @@ struct Pilot {
     uint8_t historic;   // 1 if he came from a pilot file
     uint8_t fillC;
     int32_t pilotFile; // index of his file, -1 for a generated pilot
-    uint8_t pilotFlag; // no reader
+    uint8_t pilotFlag; // never read
     uint8_t fillD[3];
 };
 static_assert(sizeof(Pilot) == 88);
@@ -48,7 +48,7 @@ struct Squadron {
     float baseZ; // metres, to the east
     uint16_t nation;
     char earliestDate[12]; // "yyyymmdd" of its entry into the war; empty if none
-    uint8_t flagA;         // no reader; so are flagB to flagD
+    uint8_t flagA;         // never read; nor are flagB to flagD
     uint8_t flagB;
     uint8_t flagC;
     uint8_t active; // 1 once it takes part in the war

@@ -12,7 +12,7 @@ enum class SaveFault {
     Unread,       // the system can't read it
     NoSave,       // another kind of file, or its head is damaged
     OtherVersion, // of the save file
-    Lost,         // too much of it is
+    Lost,         // too much of it is damaged
 };
 
 /// Whether a file has the checksum that it had when it was saved.
@@ -41,5 +41,5 @@ struct SaveCheck {
     bool replacesUnread = false; // an earlier save was read, as the present one could not be
 };
 
-/// Why the save can't be used, as the end of an English sentence about it: "it is no save game".
+/// Why the save can't be used, as the end of an English sentence about it: "it is not a save game".
 zel::String saveFaultText(const SaveCheck& check);

@@ -78,8 +78,8 @@ void clearRecords(Database& career) {
 }
 
 /// Whether so much of a save is lost that no career can go on from the rest. One that is known to
-/// have been changed may lose a record in a hundred. Of any other it is only known that no part of
-/// a sound save is blank.
+/// have been changed may lose a record in a hundred. In any other only blank records count, which a
+/// sound save doesn't have.
 bool isLost(const Database& career, const SaveReading& reading, SaveMatch known) {
     const int64_t records = static_cast<int64_t>(
         career.squadrons.size() + career.pilots.size() + career.dataLines.size() +
@@ -98,7 +98,7 @@ void logFault(const zel::String& name, const SaveCheck& check) {
         return logSave("File " + name + " requires a newer version");
     case SaveFault::Missing:
     case SaveFault::NoSave:
-        return logSave("File " + name + " is no save game");
+        return logSave("File " + name + " is not a save game");
     default:
         return logSave("File " + name + ": " + saveFaultText(check));
     }
@@ -187,9 +187,9 @@ zel::String findSave(Database& career, const zel::String& name) {
     return name + BackupEnding;
 }
 
-/// The newest whole save before the one of that name, in the user's folder: the one before it, or
-/// the newest of the pages. Empty if there is none. What was read last doesn't count if it had to
-/// be repaired, or was read in place of a file that was missing.
+/// The newest whole save before the one of that name, in the user's folder: its backup, or the
+/// newest of the pages. Empty if there is none. What was read last doesn't count if it had to be
+/// repaired, or was read in place of a file that was missing.
 zel::String earlierSave(const Database& career, const zel::String& name) {
     const zel::String folder = zel::getUserDirectory();
     const zel::String tried = career.repairs.any() ? career.saveCheck.checksum : zel::String();
@@ -299,7 +299,7 @@ bool writeSave(Database& career, const zel::String& name) {
         logSave("The career can't be written to " + path + ": " + zel::faultText(file.fault()) +
                     "; the file before it is kept",
                 zel::LogError);
-        // Where only its folder could not be synced, it is there, and no other career is in its
+        // If only its folder could not be synced, the save is there, and no other career is in its
         // way.
         career.isUnsaved = career.isUnsaved && !isSaved(career, name);
     }

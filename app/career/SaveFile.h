@@ -12,12 +12,12 @@ class Database;
 /// also without a career: false, a log line at level 2, Database::writeFault, and the old file
 /// stays whole.
 [[nodiscard]] bool writeSave(Database& career, const zel::String& name);
-/// The path under which the next save keeps a damaged file, one that no other has: ".damaged",
-/// ".damaged-2" and so on. After LastDamaged of them the last is replaced.
+/// The path, free so far, under which the next save keeps a damaged file: ".damaged", ".damaged-2"
+/// and so on. After LastDamaged of them the last is replaced.
 zel::String freeDamagedPath(const zel::String& name);
 constexpr int32_t LastDamaged = 99;
 /// Whether the file holds exactly this career, so that nothing is lost without another save. True
-/// without a career, and for one that can only be read and is as it was loaded.
+/// without a career, and for a read-only one that hasn't changed since it was loaded.
 bool isSaved(const Database& career, const zel::String& name);
 /// Replaces the career by the file's. What is damaged is fixed and counted in `repairs`. If there
 /// is no such file, a whole draft gets its name, or the save before it is read. On error: false, a

@@ -28,7 +28,7 @@ template <size_t Size> void terminate(char (&text)[Size]) {
         text[Size - 1] = 0;
 }
 
-// The texts of a record from a file end within their arrays, whatever the file says.
+// Makes the texts of a record from a file end within their arrays, whatever the file says.
 void endTexts(Squadron& squadron) {
     terminate(squadron.name);
     terminate(squadron.key);
@@ -63,7 +63,7 @@ public:
         return value;
     }
 
-    /// As many whole records as the count says and the bytes hold. Each is passed to `check`.
+    /// Reads as many whole records as the count says and the bytes hold. Each is passed to `check`.
     template <typename Record, typename Check>
     void records(std::vector<Record>& result, const Check& check) {
         const auto count = static_cast<uint32_t>(number());
@@ -118,7 +118,7 @@ bool areLines(const int32_t (&lines)[LineReferenceCount], size_t size) {
     return wrong == 0;
 }
 
-/// What the file begins with, up to the records.
+/// The beginning of the file, up to the records.
 SaveFault readHeader(SaveReader& reader, Database& career, int32_t& version) {
     const int32_t magic = reader.number();
     version = reader.number();

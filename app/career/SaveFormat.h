@@ -23,7 +23,7 @@ struct SaveReading {
     Soundness soundness;
     bool endedEarly = false; // somewhere after the pilots
     int32_t surplus = 0;     // bytes after the end
-    int64_t missing = 0;     // records that the file announces and hasn't
+    int64_t missing = 0;     // records that the file announces but lacks
     int64_t blank = 0;       // records without their name or text, which no sound save has
     bool hasHistory = false; // it doesn't end before the last of the data files
     bool hasPlayer = false;  // his record and his squadron's are there and not blank
@@ -35,6 +35,6 @@ struct SaveReading {
 bool isDayOfSave(const Calendar& day);
 /// Replaces the text by the career as a save file.
 void writeContent(const Database& career, std::string& content);
-/// Replaces the career's records by those of a save file, as far as it goes. Indices may still
-/// lead nowhere: repairCareer() is for these. With a fault the records are undefined.
+/// Replaces the career's records by those of a save file, as far as it goes. Indices may still lead
+/// nowhere: repairCareer() fixes these. With a fault the records are undefined.
 SaveReading readContent(Database& career, std::string_view content);

@@ -16,7 +16,7 @@
 // save file, such as that of SaveFileName in the user's folder.
 //
 // The present save and the one before it have no checksum in their names: what is known of them is
-// in the record of the war. `recorded` asks that one.
+// in the record of the war. `recorded` asks the record.
 
 constexpr const char* PagesFolder = "Pages";
 
@@ -48,9 +48,9 @@ struct SavePage {
 std::vector<SavePage> savePages(const zel::String& save, const RecordedMatch& recorded,
                                 const Closing& closing = {});
 
-/// The path of the newest page that is whole, the present save left out; empty if there is none. It
-/// is what to offer when the present save can't be used. `before` is the checksum of a save that
-/// was tried already: if it is one of the pages, only older ones count. Empty for none.
+/// The path of the newest page that is whole, the present save left out; empty if there is none.
+/// Offer it when the present save can't be used. `before` is the checksum of a save that was tried
+/// already: if it is one of the pages, only older ones count. Empty for none.
 zel::String newestWholePage(const zel::String& save, const RecordedMatch& recorded,
                             const zel::String& before = {});
 

@@ -44,7 +44,7 @@ private:
     int64_t length; // bytes
 };
 
-/// What a save begins with, and where its records are.
+/// The beginning of a save, and where its records are.
 struct SaveLayout {
     Head head{};
     int64_t squadrons = 0; // where the first one is
@@ -54,11 +54,11 @@ struct SaveLayout {
     bool isUsable = false; // both are in the file
 };
 
-/// Follows the counts through the file. What is wrong, or an empty text.
+/// Follows the counts through the file. Returns what is wrong, or an empty text.
 const char* readLayout(const SaveBytes& bytes, SaveLayout& layout) {
     constexpr const char* EndsEarly = "ends early";
     if (!bytes.read(0, layout.head) || std::memcmp(layout.head.magic, "WTSV", 4) != 0)
-        return "is no save game";
+        return "is not a save game";
     if (layout.head.version != SaveVersion)
         return OtherVersion;
     if (!isDayOfSave({layout.head.year, layout.head.month, layout.head.day}))

@@ -32,7 +32,7 @@ struct SaveSummary {
     CareerState state = CareerState::Serving; // Fallen also after the war
 
     zel::WallTime written{}; // when the file was written; zeroes if there is none
-    int64_t order = 0;       // of the times of writing: the later file has the larger one
+    int64_t order = 0;       // orders the times of writing: the later file has the larger one
 };
 
 /// How a player has closed the book of a career: with a pilot who had fallen, on that day, though

@@ -14,7 +14,7 @@ struct NameRange {
     int32_t base;
     bool isNaval;
     const Wording* form;
-    const Wording* shortForm = nullptr; // where the other one is too long
+    const Wording* shortForm = nullptr; // if the other one is too long
 };
 // The first range that holds a number names it.
 // clang-format off

@@ -78,7 +78,7 @@ private:
             keepBits(line.applied, uint8_t(1));
     }
 
-    /// Its name is there twice, and for the most part a third time in its squadron.
+    /// The file has its name twice, and usually a third time in its squadron.
     void repairSquadronFile(int32_t index) {
         SquadronFile& file = career.squadronFiles[index];
         if (zel::arrayText(file.key) != zel::arrayText(file.fileName)) {

@@ -11,8 +11,8 @@
 
 class Database;
 
-// What no pilot reaches, in the form of the bits that remain of a higher figure: damage most often
-// flips a single bit, and so the true figure comes back.
+// Masks for figures: no pilot exceeds them, so higher bits are cleared. Damage most often flips a
+// single bit, so that restores the true figure.
 constexpr uint16_t VictoryBits = 0x03FF; // up to 1,023
 constexpr uint16_t MissionBits = 0x0FFF; // up to 4,095
 constexpr uint8_t SkillBits = 0x1F;      // up to 31, unless a data file says otherwise
@@ -47,8 +47,7 @@ inline bool isOfTheWar(int32_t nation) {
     return nation == France || nation == England || nation == Usa || nation == Germany;
 }
 
-/// Whether nothing that a pilot's record says by itself is impossible. One of whom it is false may
-/// still be sound.
+/// Whether a pilot's record is possible, taken by itself. A sound one may still fail this.
 inline bool isPlausible(const Pilot& pilot) {
     return pilot.alive <= 1 && pilot.shotdowns <= VictoryBits && pilot.missions <= MissionBits &&
            pilot.skill <= SkillBits && pilot.historic == (pilot.pilotFile >= 0 ? 1 : 0) &&

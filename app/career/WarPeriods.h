@@ -10,7 +10,7 @@ struct PeriodBounds {
     int32_t lowerFrom, lowerTo;
 };
 
-/// Those of a year; null outside the years of the war.
+/// The bounds of a year; null outside the years of the war.
 const PeriodBounds* periodBounds(int32_t year);
 /// How many periods are to come from that day (yyyymmdd) up to the end of the war, if each has the
 /// mean length of its year; 0 from the last day on.

@@ -18,7 +18,8 @@ constexpr bool haveTheirRows() {
     }
     return true;
 }
-static_assert(haveTheirRows(), "a name to translate is no type's: nobody would see it translated");
+static_assert(haveTheirRows(),
+              "a name to translate isn't a type's: nobody would see it translated");
 
 } // namespace
 

@@ -18,11 +18,11 @@ public:
     static zel::String get(const zel::String& key, const zel::String& defaultValue);
     static void set(const zel::String& key, const zel::String& value);
     /// The simulator's folder, to be joined directly with "data\\" and the like. Empty if neither
-    /// the settings nor the registry of Windows names one; paths are then relative to the current
+    /// the settings nor the Windows registry names one; paths are then relative to the current
     /// folder.
     static zel::String getRofDirectory();
-    /// The simulator's folder by the registry of Windows; empty if it has none.
+    /// The simulator's folder according to the Windows registry; empty if it names none.
     static zel::String installedDirectory();
-    /// As at the program's start: no values and no known folder.
+    /// Back to the state at the program's start: no values and no known folder.
     static void reset();
 };

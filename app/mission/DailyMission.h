@@ -25,7 +25,7 @@ enum class MissionFault {
     NothingPlanned,
     FileUnwritten,
     LogsUnlisted, // an earlier flight's log would count as this one's
-    CareerHeld,   // another program has the career, and perhaps a mission of its own is out
+    CareerHeld,   // another program has the career, and may have written a mission of its own
 };
 
 /// The mission of the day, as it was written and as the start screen shows it.
@@ -37,7 +37,7 @@ struct DailyMission {
     std::vector<zel::String> roster;  // a line for each plane of the player's nation, his first
     std::vector<PlannedPlane> planes; // these planes
     MissionSky sky;                   // as the file has it
-    float fightX = 0;                 // place of the fight: metres to the north and to the east
+    float fightX = 0;                 // where the fight is: metres to the north and to the east
     float fightZ = 0;
     bool isFlyable = true; // the player owns a type that he can fly
 };

@@ -16,7 +16,7 @@ constexpr const char* Letters[] = {
     "d", "n", "o", "o", "o",  "o", "oe", "-", "o", "u", "u", "u", "ue", "y", "th", "y"};
 static_assert(std::size(Letters) == 0x40);
 
-/// The characters in a name for one of it.
+/// What replaces a character of a name.
 std::string missionCharacter(char character) {
     struct Replacement {
         char from;

@@ -231,8 +231,8 @@ int32_t findPlace(const std::vector<PlannedPlane>& plan, int32_t pilot) {
     return -1;
 }
 
-/// The player's plane first if there is one, then the first plane's side, then the other; within a
-/// side in the order of drawing.
+/// Sorts the plan: the player's plane first if there is one, then the first plane's side, then the
+/// other; within a side in the order of drawing.
 void groupBySide(std::vector<PlannedPlane>& plan, int32_t playerPlace) {
     auto rest = plan.begin();
     if (playerPlace >= 0) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* ClearSky = "clear";
 
-/// The values between colons: of a time, and of a layer of wind.
+/// The values between colons, as in a time or a layer of wind.
 std::vector<float> valuesOf(std::string_view text) {
     std::vector<zel::String> parts;
     zel::String(text).split(":", parts);

@@ -71,7 +71,7 @@ public:
             names.pop_back();
         return true;
     }
-    /// In lower case; empty outside of all blocks.
+    /// The innermost block's name in lower case; empty outside of all blocks.
     const zel::String& top() const { return names.empty() ? none : names.back(); }
 
 private:
@@ -80,10 +80,10 @@ private:
 };
 
 /// Whether such a block is the mission's logic: it moves with the mission, while planes and their
-/// entities are placed where they belong.
+/// entities are placed separately.
 bool isLogicBlock(const zel::String& name) { return name.left(4) == "mcu_" && name != EntityBlock; }
 
-/// First pass: landscape, weather, date and time; and the attack area's place in the template.
+/// First pass: landscape, weather, date and time; and the attack area's position in the template.
 void rewriteOptions(MissionGenerator& generator, const Calendar& date, float& originX,
                     float& originZ) {
     BlockStack blocks;
@@ -123,7 +123,7 @@ void rewriteOptions(MissionGenerator& generator, const Calendar& date, float& or
 }
 
 /// Second pass: the planes after the options, the attack area's objects, and all logic moved so
-/// that the attack area is at the mission's place. Lines are inserted on the way.
+/// that the attack area is at the mission's position. Lines are inserted on the way.
 void moveObjects(MissionGenerator& generator, const Database& career, float originX,
                  float originZ) {
     BlockStack blocks;

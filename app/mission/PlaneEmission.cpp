@@ -57,7 +57,7 @@ zel::String quoted(const zel::String& text) { return "\"" + text + "\""; }
 
 void logChange(const zel::String& change) { zel::log(change, "MissionGenerator", zel::LogWarning); }
 
-/// His name, followed by the victories of an ace.
+/// His name, followed by his victories if he is an ace.
 zel::String nameOf(const PlannedPlane& plane) {
     const zel::String name = missionName(plane.name);
     if (name != plane.name)

@@ -4,12 +4,12 @@
 
 #include "engine/core/String.h"
 
-/// Where the search for the simulator begins. A test names trees of its own. An empty name is no
-/// place to look.
+/// Where the search for the simulator begins. Tests name trees of their own. Empty names are
+/// ignored.
 struct SearchRoots {
     zel::String lastTime;            // the simulator's folder so far
-    zel::String registry;            // its folder by the registry of Windows
-    zel::String steam;               // Steam's own folder by the registry
+    zel::String registry;            // its folder according to the Windows registry
+    zel::String steam;               // Steam's own folder according to the registry
     zel::String home;                // the player's own folder
     zel::String winePrefix;          // of the variable WINEPREFIX
     std::vector<zel::String> drives; // root folders of disks

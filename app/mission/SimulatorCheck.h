@@ -3,7 +3,7 @@
 /// What the program needs of the simulator's installation.
 enum class SimulatorState {
     Ready,
-    NotFound,  // no data\startup.cfg, an empty one, or that of a later simulator
+    NotFound,  // data\startup.cfg is missing, empty, or that of a later simulator
     NoTextLog, // it writes no text log, without which no flight can be reported
 };
 

@@ -18,7 +18,7 @@ void checkTextLog(const zel::String& file, SimulatorChecks& checks) {
     checks.textLog = textLogValue(content) != 0 ? TextLog::On : TextLog::Off;
 }
 
-/// As the mission of the day is written, up to the moment at which it gets its name.
+/// The same steps as writing the mission of the day, up to the rename.
 zel::FileFault missionsFault(const zel::String& folder) {
     const zel::String mission = folder + "/data/Missions/" + MissionFileName;
     if (zel::system::fileStatus(mission).exists) {

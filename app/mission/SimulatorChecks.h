@@ -32,7 +32,7 @@ struct SimulatorChecks {
 /// empty name nothing is checked.
 SimulatorChecks checkSimulatorIn(const zel::String& folder);
 /// Whether that folder has the simulator: data/startup.cfg that isn't empty. The later simulators
-/// of the same make have such a file too, and their program elsewhere. False for an empty name.
+/// of the same make have such a file too, but their program is elsewhere. False for an empty name.
 bool holdsSimulator(const zel::String& folder);
 /// data/startup.cfg of that folder.
 zel::String startupFileIn(const zel::String& folder);

@@ -42,7 +42,7 @@ struct SimulatorSearch::SharedState {
 };
 
 void SimulatorSearch::SharedState::run() {
-    // A little less, so that whoever waits still sees how it ended.
+    // A little less, so that the caller who waits still sees how it ended.
     const milliseconds most(bounds.milliseconds - bounds.milliseconds / 20);
     if (roots.addsLocalDrives)
         for (const zel::String& drive : zel::system::localDrives())

@@ -7,10 +7,10 @@
 #include "app/mission/SearchRoots.h"
 #include "engine/core/String.h"
 
-/// How a place was found. Of several ways the first one counts.
+/// How a folder was found. If in several ways, the first one counts.
 enum class FoundBy : int32_t { LastTime, Chosen, Registry, Steam, Proton, Wine, Drive };
 constexpr int32_t FoundByCount = static_cast<int32_t>(FoundBy::Drive) + 1;
-/// In the language in use, as a word before a path.
+/// A word to put before a path, in the language in use.
 zel::String foundByText(FoundBy foundBy);
 
 /// A folder with the simulator in it: it has data/startup.cfg.
@@ -26,9 +26,9 @@ struct SearchBounds {
 };
 
 /// Searches for the simulator in a thread of its own, so that a slow disk delays nothing: where it
-/// was before, by the registry, in Steam's libraries, in the prefixes of Wine and Proton, and on
-/// the disks. Folders that can't be read are passed over, links are followed once, and a place that
-/// is found under two names is listed once.
+/// was before, where the registry says, in Steam's libraries, in the prefixes of Wine and Proton,
+/// and on the disks. Folders that can't be read are passed over, links are followed once, and a
+/// place that is found under two names is listed once.
 class SimulatorSearch {
 public:
     SimulatorSearch() = default;

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// As Configuration::load reads lines.
+/// Like Configuration::load.
 bool hasKey(std::string_view line, std::string_view key) {
     const size_t equals = line.find('=');
     return equals != line.npos && zel::equalsNoCase(zel::trimmed(line.substr(0, equals), ' '), key);
@@ -28,7 +28,7 @@ bool showsKey(std::string_view line, std::string_view key) {
            hasKey(line.substr(std::min(line.find_first_not_of("# "), line.size())), key);
 }
 
-/// The end of the line before that place, or of the first line of the text.
+/// The end of the line before that position, or of the first line of the text.
 std::string_view lineEnd(std::string_view text, size_t place) {
     size_t end = text.substr(0, place).find_last_of("\r\n");
     if (end == text.npos)
@@ -49,7 +49,7 @@ std::string withLineAt(std::string_view settings, size_t place, const std::strin
            std::string(settings.substr(place));
 }
 
-/// Where the lines that count are in a text.
+/// The positions of the lines that matter in a text.
 struct Places {
     size_t value = std::string_view::npos; // of the last line with the key, after its "="
     size_t valueEnd = 0;
@@ -138,7 +138,7 @@ std::string withSetting(std::string_view settings, std::string_view key, std::st
            std::string(settings.substr(places.valueEnd));
 }
 
-// In UTF-8, which is read back as the system names the folder.
+// Writes the name in UTF-8, which is read back as the system names the folder.
 SettingWritten writeSimulatorFolder(const zel::String& folder) {
     SettingWritten result;
     result.file = decidingFile();

@@ -6,10 +6,10 @@
 #include "engine/core/FileFault.h"
 #include "engine/core/String.h"
 
-/// What writing the simulator's folder into the settings has done.
+/// The result of writing the simulator's folder into the settings.
 struct SettingWritten {
     zel::FileFault fault = zel::FileFault::None;
-    zel::String file; // that was written, or couldn't be, with its path
+    zel::String file; // the file that was written, or couldn't be, with its path
 };
 
 /// Writes the simulator's folder as rof.directory into the settings file that decides, and reads

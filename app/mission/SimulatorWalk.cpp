@@ -72,18 +72,18 @@ std::string contentOf(const zel::String& file) {
     return content;
 }
 
-/// Of this or of a later simulator: no other one is in its folder "data".
+/// Whether this or a later simulator is there: nothing else has such a file in its folder "data".
 bool hasStartup(const zel::String& folder) {
     return zel::system::fileStatus(startupFileIn(folder)).exists;
 }
 
-/// Of a path with all links followed: "/", or under Wine that of a drive.
+/// The root of a path with all links followed: "/", or under Wine that of a drive.
 bool isRoot(const zel::String& canonical) {
     return !canonical.empty() &&
            (canonical.view().back() == '/' || canonical.view().back() == '\\');
 }
 
-/// By what is in a path: places on a disk may belong to Steam or Wine all the same.
+/// Judged by the path: a folder found on a disk may belong to Steam or Wine all the same.
 FoundBy byPath(const zel::String& folder, FoundBy foundBy) {
     if (foundBy != FoundBy::Drive)
         return foundBy;

@@ -15,7 +15,7 @@ public:
                   std::function<bool()> mayGoOn)
         : bounds(bounds), found(std::move(found)), mayGoOn(std::move(mayGoOn)) {}
 
-    /// Walks all of it. False if it has ended before.
+    /// Walks everything. False if it ended early.
     bool run(const SearchRoots& roots);
 
 private:

@@ -2,7 +2,7 @@
 
 #include "app/career/Wording.h"
 
-// What is said about the simulator's folder.
+// The texts about the simulator's folder.
 // clang-format off
 namespace wording {
 

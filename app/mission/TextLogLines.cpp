@@ -56,7 +56,7 @@ bool isSystemSection(std::string_view line) {
 bool isBracket(std::string_view line) { return bare(line).substr(0, 1) == "["; }
 bool isSectionEnd(std::string_view line) { return zel::equalsNoCase(bare(line), "[END]"); }
 
-/// How long the number or the word is with which a text begins; 0 for anything else.
+/// The length of the number or word at the start of a text; 0 for anything else.
 size_t valueLength(std::string_view text) {
     const auto end = [&](std::string_view letters, size_t start) {
         return std::min(text.find_first_not_of(letters, start), text.size());

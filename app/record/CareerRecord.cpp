@@ -132,13 +132,13 @@ void CareerRecord::noteGaps() {
               lastSave.date);
 }
 
-/// The career goes on with a record that holds nothing of what was before.
+/// The career goes on with a record that holds nothing from before.
 void CareerRecord::startOver(RecordState why) {
     storage = Storage::Memory;
     inTheWay = why;
     mark = {};
     if (lastSave.checksum.empty())
-        return; // it began in this run: all of it is among the events
+        return; // it began in this run: the events hold all of it
     events.gaps = {{FirstDayOfCareer, lastSave.date}};
     knownGaps = events.gaps;
     logRecord(zel::String("The record of the war ") + recordStateTexts(why).text +

@@ -42,9 +42,9 @@ public:
                         int32_t& careerNumber) override;
     bool onSaving(const Database& career, std::string_view content) override;
     void onSaved(const Database& career) override;
-    /// The rows go into the transaction that the save commits: then the player doesn't wait for
-    /// them. Once orders have rolled them back they wait in memory, or many missions without a save
-    /// would insert the same rows again and again.
+    /// Inserts the rows into the transaction that the save will commit, so that the save itself is
+    /// short. Once orders have rolled them back they stay in memory, since many missions without a
+    /// save would insert the same rows again and again.
     void onWarAdvanced(const Database& career) override {
         if (storage == Storage::File && !rowsWait)
             writeEvents(career);
@@ -63,18 +63,18 @@ public:
     bool isReported(const zel::String& log, const zel::String& hash) override;
     int32_t voidOrders(const Database& career) const override { return orders.voidDate(career); }
 
-    /// The tables with all that has happened up to now, saved or not, for reading only. A file that
-    /// can't be written at present is read into memory. On error: the SQLite file has failed, and
-    /// its problem() says why; keep the reference and ask it after reading. REQUIRES: the career
-    /// that this observes.
+    /// The tables with everything that has happened so far, saved or not, for reading only. A file
+    /// that can't be written at present is read into memory. On error: the SQLite file has failed,
+    /// and its problem() says why; keep the reference and ask it after reading. REQUIRES: the
+    /// career that this observes.
     SqliteFile& read(const Database& career);
-    /// From when to when nothing is in the record; none for a whole one.
+    /// The periods that the record lacks; none if it is complete.
     const std::vector<RecordGap>& gaps() const { return knownGaps; }
     /// Closes the file, so that it can be moved. What is not saved is lost. False if SQLite's
     /// companions are still beside it, because another program has it open.
     [[nodiscard]] bool close();
 
-    // While a new career changes places with the one before it (Shelf):
+    // For Shelf, while a new career changes places with the one before it:
 
     /// The next save writes the record into that folder of the user's folder. REQUIRES: a career
     /// that was not saved yet.

@@ -11,9 +11,9 @@ class SqliteFile;
 // A career that goes back to an earlier page loses what its record has of the time after it. A copy
 // of the record stays with the page that was left, so that going forward again loses nothing.
 
-/// Before the career of that folder goes back: copies its record beside its pages, under the
-/// checksum of its save, or of the last one that the record knows. Does nothing without a record.
-/// On error: false, with the reason in `problem`. REQUIRES: the record isn't open.
+/// Call it before the career of that folder goes back. Copies its record beside its pages, under
+/// the checksum of its save, or of the last one that the record knows. Does nothing without a
+/// record. On error: false, with the reason in `problem`. REQUIRES: the record isn't open.
 [[nodiscard]] bool keepRecord(const zel::String& folder, Problem& problem);
 
 /// Whether one of these records knows the save of that checksum.

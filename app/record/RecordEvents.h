@@ -48,8 +48,8 @@ struct RecordEvents {
     std::vector<DatedPosting> postings;
     std::vector<DatedBase> bases;
 
-    // Each adds an event of the career's present day. What else belongs to it comes from the
-    // career, as it is at that moment.
+    // Each adds an event of the career's present day. Its other values come from the career as it
+    // is at that moment.
 
     void add(const Database& career, const Victory& victory);
     void add(const Database& career, const Posting& posting);

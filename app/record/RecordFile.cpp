@@ -53,7 +53,7 @@ RecordState damageOr(const SqliteFile& file, RecordState otherwise) {
     return file.isDamaged() ? RecordState::Damaged : otherwise;
 }
 
-/// The file has the tables that this version makes. Others do no harm.
+/// The file has the tables that this version makes. Other tables do no harm.
 bool hasItsTables(SqliteFile& file) {
     const char* const columns =
         "SELECT name, (SELECT group_concat(name || ' ' || type || ' ' || \"notnull\" || pk)"
@@ -68,7 +68,7 @@ bool hasItsTables(SqliteFile& file) {
 }
 
 RecordState checkRecord(SqliteFile& file, int32_t careerNumber, bool isSealed) {
-    // The version first: what a later program writes may look damaged to this one.
+    // Checks the version first: what a later program writes may look damaged to this one.
     const int64_t version = file.number("PRAGMA user_version");
     if (!file.failed() && version > RecordVersion)
         return RecordState::Newer;

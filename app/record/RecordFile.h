@@ -8,7 +8,7 @@
 class SqliteFile;
 
 constexpr std::string_view RecordEnding = ".db";
-/// In the name of a record whose save is not in its place yet.
+/// Part of the name of a record whose save is not in its place yet.
 constexpr const char* RecordDraft = "-new";
 
 /// The result of opening a record.
@@ -29,7 +29,7 @@ struct RecordStateTexts {
 RecordStateTexts recordStateTexts(RecordState state);
 
 /// Opens the record of that career, checks its pages and tables and brings it to the present
-/// schema. Only with Ready is the file of use; its problem() has the cause of Unusable.
+/// schema. The file is usable only with Ready; its problem() has the cause of Unusable.
 RecordState openRecord(SqliteFile& file, const zel::String& path, int32_t careerNumber);
 /// Whether a file reported as damaged really is: SQLite takes some disk errors for damage.
 bool isRecordDamaged(const zel::String& path);

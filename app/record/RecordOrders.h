@@ -13,15 +13,15 @@ public:
     /// Takes the orders of the save's day out of the file, if the career can have flown them.
     void takeUp(SqliteFile& file, const Database& career, int32_t date);
     void replace(MissionOrders newOrders);
-    /// Those of the present day; or null.
+    /// The orders of the present day, or null.
     std::shared_ptr<const MissionOrders> out(const Database& career) const;
-    /// The day of those that don't apply; or 0.
+    /// The day of the orders that don't apply, or 0.
     int32_t voidDate(const Database& career) const;
     /// Writes them, if there are any, in place of those of all days after the last save: these are
     /// of a timeline that was never saved, or already reported.
     void save(SqliteFile& file, int32_t lastSaved) const;
-    /// Commits and syncs them alone. An open transaction is rolled back. On error: false, and the
-    /// file has failed. REQUIRES: there are some.
+    /// Commits and syncs only the orders. An open transaction is rolled back. On error: false, and
+    /// the file has failed. REQUIRES: there are some.
     bool commit(SqliteFile& file) const;
 
 private:

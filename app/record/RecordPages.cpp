@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The first posting that doesn't fit the career; beyond all of them if each one does.
+/// The first posting that doesn't fit the career; one past the last if all of them do.
 int64_t firstWrongPosting(SqliteFile& file, const Database& career) {
     SqliteStatement row(file, "SELECT id, kind, pilot, name FROM posting"
                               " WHERE kind IN ('died', 'joined') ORDER BY id");
@@ -31,7 +31,7 @@ int64_t firstWrongPosting(SqliteFile& file, const Database& career) {
     return std::numeric_limits<int64_t>::max();
 }
 
-/// Likewise the first victory.
+/// The same for the first victory.
 int64_t firstWrongVictory(SqliteFile& file, const Database& career) {
     std::vector<int32_t> counts(career.pilots.size(), 0);
     SqliteStatement row(file, "SELECT id, victor FROM victory ORDER BY id");
@@ -108,7 +108,7 @@ PageMark findPage(SqliteFile& file, const SavedPage& save, const Database& caree
 
 bool hasPage(SqliteFile& file, const PageMark& mark) {
     if (mark.id == 0)
-        return true; // which needs nothing of the file
+        return true; // it needs no page
     SqliteStatement page(file, "SELECT 1 FROM page WHERE id = ? AND checksum = ?");
     return page.with(mark.id, mark.checksum).next();
 }

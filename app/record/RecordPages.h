@@ -14,8 +14,8 @@ class SqliteFile;
 // How record and saves are held together: each save has a page, which holds its checksum and the
 // last key of each table.
 
-/// From when to when nothing is in the record, as yyyymmdd. The second day is in it again; if both
-/// are the same, part of that day is missing.
+/// A period that the record lacks, as yyyymmdd. The second day is in it again; if both are the
+/// same, part of that day is missing.
 struct RecordGap {
     int32_t since = 0;
     int32_t until = 0;
@@ -43,10 +43,10 @@ SaveMatch matchRecord(const zel::String& path, bool isReadOnly, const CheckedByt
                       int32_t& careerNumber);
 /// Adds the page of a save: everything in the tables belongs to it.
 PageMark addPage(SqliteFile& file, const SavedPage& save);
-/// Finds the page of that save. A save that the record doesn't know, as one that was damaged or
-/// played without a record, gets the last page up to its date which the career doesn't contradict:
-/// who has died is dead, who has joined has the same name, and nobody has won more than he is
-/// credited with. So the rows of another branch of the war don't count as its own.
+/// Finds the page of that save. A save that the record doesn't know, such as one that was damaged
+/// or played without a record, gets the last page up to its date that the career doesn't
+/// contradict: those who died are dead, those who joined have the same names, and nobody has won
+/// more than he is credited with. So the rows of another branch of the war don't count as its own.
 PageMark findPage(SqliteFile& file, const SavedPage& save, const Database& career);
 /// Whether that page is in the file, and whether it is its last one.
 bool hasPage(SqliteFile& file, const PageMark& mark);

@@ -63,8 +63,8 @@ CREATE TABLE orders_plane(date INTEGER, place INTEGER, pilot INTEGER NOT NULL, n
     aircraft TEXT NOT NULL, PRIMARY KEY(date, place)) WITHOUT ROWID;
 CREATE TABLE orders_log(name TEXT PRIMARY KEY, since INTEGER NOT NULL) WITHOUT ROWID;
 )",
-    // What concerns the player, among the tens of thousands of rows of a war. Indices of all rows
-    // would cost each save a tenth more.
+    // Indices of only those rows that concern the player, among the tens of thousands of a war:
+    // indices of all rows would cost each save a tenth more.
     R"(
 CREATE INDEX victory_flight ON victory(flight) WHERE flight IS NOT NULL;
 CREATE INDEX posting_moved ON posting(pilot) WHERE kind IN ('transferred', 'succeeded');

@@ -10,8 +10,8 @@ class SqliteFile;
 // The tables of the record and how they came to be; docs/formats.md describes each column.
 
 /// Step i turns a file of version i (PRAGMA user_version) into one of version i + 1. A step that
-/// was released is never changed: what comes later is a step of its own, with a test that begins
-/// with a file of the version before.
+/// was released is never changed: a later change is a step of its own, with a test that begins with
+/// a file of the version before.
 extern const char* const RecordSteps[];
 extern const int32_t RecordVersion; // number of the steps
 

@@ -25,7 +25,7 @@ constexpr int32_t SealOffset = 68;
 
 struct Seals {
     uint32_t noted = 0; // 0 for none
-    uint32_t found = 0; // what it is of the present content; 0 if it can't be read
+    uint32_t found = 0; // the seal that fits the present content; 0 if it can't be read
 };
 
 /// REQUIRES: the file is at its start.

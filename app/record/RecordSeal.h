@@ -14,7 +14,7 @@ enum class RecordSeal {
     Broken, // changed or damaged outside of the program
 };
 
-/// Of the file at that path; None if it can't be read.
+/// The seal of the file at that path; None if it can't be read.
 RecordSeal sealOf(const zel::String& path);
 /// Begins a transaction. The record has no seal from its commit on. On error: false, and the file
 /// has failed.

@@ -15,7 +15,7 @@
 namespace {
 
 /// How close a record of the career comes to a save, as a date; above all dates if it holds the
-/// save's page; 0 if it is of no use.
+/// save's page; 0 if it is useless.
 int64_t worthOf(const zel::String& path, int32_t careerNumber, const SavedPage& save) {
     SqliteFile file;
     file.open(path, SqliteFile::ReadOnly);
@@ -25,7 +25,7 @@ int64_t worthOf(const zel::String& path, int32_t careerNumber, const SavedPage& 
     return page.with(save.checksum, save.date, careerNumber).next() ? page.number(0) : 0;
 }
 
-/// The records beside that one that can be of the career, best first. They are not checked.
+/// The records beside that one that may be the career's, best first. They are not checked.
 std::vector<zel::String> recordsBeside(const zel::String& path, int32_t careerNumber,
                                        const SavedPage& save) {
     const std::string_view stem = path.view().substr(0, path.view().size() - RecordEnding.size());

@@ -4,5 +4,5 @@
 
 struct RecordGap;
 
-/// From when to when the record is empty, in the language in use.
+/// The period that the record lacks, in the language in use.
 zel::String recordGapText(const RecordGap& gap);

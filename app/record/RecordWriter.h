@@ -31,8 +31,8 @@ private:
     std::vector<int32_t> flightNumbers; // in the file, of the flights that were written
 };
 
-/// Fills a new file's tables that don't change: whose record it is, the program's version, and the
-/// squadrons' names in the language in use.
+/// Fills those tables of a new file that don't change: whose record it is, the program's version,
+/// and the squadrons' names in the language in use.
 void writeFoundations(SqliteFile& file, const Database& career, const char* version);
-/// Replaces what is known under the key.
+/// Replaces the value under the key.
 void writeMeta(SqliteFile& file, const char* key, const zel::String& value);

@@ -30,7 +30,7 @@ ShelvedCareer careerIn(const zel::String& folder, int32_t number) {
     return career;
 }
 
-/// What the record in a career's folder knows of its saves.
+/// What the record in a career's folder says about its saves.
 RecordedMatch recordedIn(const zel::String& folder) {
     return [record = recordIn(folder)](const CheckedBytes& content) {
         int32_t number = 0;

@@ -39,9 +39,8 @@ public:
     /// Both belong to the caller and outlive this. The record may be one that observes nothing.
     Shelf(Database& career, CareerRecord& record) : career(career), record(record) {}
 
-    /// Ends or takes back what another run of the program was doing when it was killed. To be
-    /// called at the start, before anything is loaded. Costs next to nothing if there is nothing
-    /// to do.
+    /// Ends or takes back what another run of the program was doing when it was killed. Call it at
+    /// the start, before anything is loaded. It costs next to nothing if there is nothing to do.
     bool tidy();
 
     /// All careers: the current one first, then those on the shelf and then those put away, each
@@ -53,13 +52,13 @@ public:
     /// The pages of a career, newest first; see savePages().
     static std::vector<SavePage> pages(const ShelvedCareer& of);
 
-    /// Makes the career of that number the current one; the one that was current goes to the
-    /// shelf. Also from those put away. Does nothing if it is current already. A career of another
+    /// Makes the career of that number the current one; the one that was current goes to the shelf.
+    /// It may be one of those put away. Does nothing if it is current already. A career of another
     /// version is refused, and a damaged one without a whole page. REQUIRES: what is in memory is
     /// saved, or may be lost.
     [[nodiscard]] bool take(int32_t number);
-    /// Moves the career to those put away. Also the current one: then none is current. Does nothing
-    /// if it is there already. REQUIRES: as take().
+    /// Moves the career to those put away. If it was the current one, none is current then. Does
+    /// nothing if it is put away already. REQUIRES: as take().
     [[nodiscard]] bool putAway(int32_t number);
     /// Closes the book of the career in memory with a pilot who has fallen: it goes to the shelf,
     /// where its summary is his. Then no career is current. REQUIRES: it is saved.
@@ -94,6 +93,6 @@ private:
     Database& career;
     CareerRecord& record;
     Problem trouble;
-    /// Number of the career in memory while its first save is on its way, in IncomingFolder.
+    /// Number of the career in memory while its first save is in IncomingFolder.
     std::optional<int32_t> onItsWay;
 };

@@ -74,7 +74,7 @@ bool exists(const zel::String& path) {
     return zel::system::isDirectory(path) || zel::system::fileStatus(path).exists;
 }
 
-/// A link that leads from one folder into another may lead nowhere from a third.
+/// A relative link may lead nowhere from another folder.
 bool isLink(const zel::String& path) {
     const zel::String target = zel::system::linkTarget(path);
     return target.view() != path.view() && target.view() != zel::system::absolutePath(path).view();

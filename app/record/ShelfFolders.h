@@ -9,13 +9,13 @@
 #include "engine/core/String.h"
 #include "engine/core/System.h"
 
-/// In the user's folder: a career on its way to CurrentFolder.
+/// The folder, in the user's folder, of a career on its way to CurrentFolder.
 constexpr const char* IncomingFolder = "Saves.next";
-/// In the name of a folder whose career can't be read.
+/// Part of the name of a folder whose career can't be read.
 constexpr const char* UnknownPilot = "Unknown";
 
 // The folders of the careers, for Shelf. Paths are in the system's encoding, without a separator at
-// their end. An operation that can't do its work says why in `problem` and leaves all as it was.
+// their end. An operation that fails says why in `problem` and changes nothing.
 
 /// The path of a folder in the user's folder, such as CurrentFolder.
 zel::String userPath(const char* folder);
@@ -46,12 +46,12 @@ zel::String recordIn(const zel::String& folder);
 /// Whether a file or folder of that name belongs to a career: a save, an earlier one, a record,
 /// pages.
 bool isCareerFile(std::string_view name);
-/// Whether it is one of these in the user's folder or below it. path: any.
+/// Whether any path is one of these in the user's folder or below it.
 bool belongsToCareer(const zel::String& path);
 /// The entries of a folder; none of one that doesn't exist.
 [[nodiscard]] bool listFolder(const zel::String& folder,
                               std::vector<zel::system::DirectoryEntry>& entries, Problem& problem);
-/// Whether the folder has any of them. A folder that can't be read counts as a career's: it must
+/// Whether the folder has any of these. A folder that can't be read counts as a career's: it must
 /// not be taken for an empty one.
 bool holdsCareer(const zel::String& folder);
 /// Whether it has a save or an earlier one, possibly among its pages.
@@ -61,10 +61,10 @@ bool holdsSave(const zel::String& folder);
 int32_t keptNumber(const zel::String& folder);
 /// How the folder's career was closed; open without a file that says so.
 Closing keptClosing(const zel::String& folder);
-/// Makes the folder keep that, or that its career is open.
+/// Makes the folder keep how its career was closed, or that it is open.
 [[nodiscard]] bool keepClosing(const zel::String& folder, const Closing& closing, Problem& problem);
-/// The number after the highest one that a career has had; after LastShelfNumber the lowest that
-/// none has. folders: all of shelfFolders().
+/// The number after the highest one that a career has had; after LastShelfNumber the lowest free
+/// one. folders: all of shelfFolders().
 int32_t nextNumber(const std::vector<CareerFolder>& folders);
 /// Makes the folder keep that number.
 [[nodiscard]] bool keepNumber(const zel::String& folder, int32_t number, Problem& problem);

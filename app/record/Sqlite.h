@@ -46,7 +46,7 @@ public:
     /// Works after an error too, and forgets it.
     void rollback();
     bool isInTransaction() const;
-    /// Of the last row that was inserted.
+    /// The key of the last row that was inserted.
     int64_t lastRow() const;
     /// Inserts rows of `columns` values, one for each column of the table. On error: none of them.
     void insertAll(const char* table, int columns, const SqliteRows& rows);
@@ -104,7 +104,7 @@ public:
     bool isNull(int column) const;
     int columnCount() const;
     const char* columnName(int column) const;
-    /// As it is in the file, in UTF-8.
+    /// The text as it is in the file, in UTF-8.
     std::string_view rawText(int column) const;
     bool isText(int column) const;
     bool isReal(int column) const;

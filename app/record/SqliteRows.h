@@ -23,9 +23,9 @@ public:
     SqliteValue(int32_t value) : SqliteValue(int64_t{value}) {}
     SqliteValue(bool value) : SqliteValue(int64_t{value}) {}
     SqliteValue(double value) : fraction(value), sort(Kind::Real) {}
-    /// To three decimals.
+    /// Rounded to three decimals.
     SqliteValue(float value) : SqliteValue(std::round(double{value} * 1000) / 1000) {}
-    /// In the program's code page.
+    /// The text is in the program's code page.
     SqliteValue(std::string_view value)
         : characters(value.data()), size(static_cast<uint32_t>(value.size())), sort(Kind::Text) {}
     SqliteValue(const zel::String& value) : SqliteValue(value.view()) {}
@@ -68,7 +68,7 @@ private:
 /// Sets the next row; false after the last one.
 using SqliteRows = std::function<bool(SqliteRow&)>;
 
-/// In place of the key of a new row: SQLite chooses one.
+/// Stands for the key of a new row: SQLite chooses one.
 constexpr std::optional<int32_t> NewKey;
 
 /// Adds the virtual table to a connection: what a statement reads from it are the rows that `rows`

@@ -31,7 +31,7 @@ std::string_view loggedPart(std::string_view name) {
     return zel::trimmed(name.substr(0, LongestLoggedName), ' ');
 }
 
-/// Whether a plane planned under one name can be the one with the other name in the log.
+/// Whether a plane planned under one name may be the one that has the other name in the log.
 bool namesFit(std::string_view planned, std::string_view logged) {
     const std::string_view plannedShort = shortName(planned);
     const std::string_view loggedTrimmed = zel::trimmed(logged, ' ');

@@ -14,8 +14,8 @@ struct PlannedPlane;
 
 /// The report of one flown mission. It is read from the simulator's log and judged. Its records are
 /// matched with the career's pilots through the plan of the mission, and the results are applied to
-/// the career. Without a plan, that of the running program's generator is taken. instance() is the
-/// most recent report.
+/// the career. Without a plan, the running program's generator provides it. instance() is the most
+/// recent report.
 class CombatReport {
 public:
     CombatReport();

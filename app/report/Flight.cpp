@@ -49,7 +49,7 @@ DailyMission withoutCareer(const CareerLock& lock) {
     return mission;
 }
 
-/// What a report needs of the plan.
+/// What a report needs from the plan.
 void restorePlan(const MissionOrders& orders, MissionGenerator& generator) {
     generator.plan = orders.planes;
     generator.locationX = orders.x;

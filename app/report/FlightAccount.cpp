@@ -88,7 +88,7 @@ private:
         return {index, index >= 0 && report.pilots[index].planeId != id};
     }
 
-    /// Bullets come many a second.
+    /// Bullets hit many times a second.
     void takeHit(const Object& actor, const Object& target) {
         event.amount = 1;
         if (!events.empty()) {

@@ -11,7 +11,8 @@ namespace {
 
 constexpr size_t LongestKey = sizeof(uint64_t) - 1;
 
-/// A key's letters, lowered, in one number, the first in the lowest byte: keys are compared by it.
+/// A key's letters, lowered and packed into one number, the first in the lowest byte, so that keys
+/// are compared as numbers.
 constexpr uint64_t packed(std::string_view key) {
     uint64_t number = 0;
     for (size_t i = 0; i < key.size(); ++i)

@@ -21,7 +21,7 @@ public:
     /// since 64 bytes are looked at together. REQUIRES: length <= text.size().
     LogEvent(std::string_view text, size_t length);
 
-    /// Without blanks around it; empty if the line doesn't have the key.
+    /// The value without blanks around it; empty if the line doesn't have the key.
     std::string_view value(LogKey key) const { return zel::trimmed(rawValue(key), ' '); }
     /// The value as zel::toInt reads it: 0 for a missing key and for what isn't a number.
     int32_t number(LogKey key) const {
@@ -48,7 +48,7 @@ private:
         uint16_t start = 0;
         uint16_t length = 0;
     };
-    /// With the blanks around it.
+    /// The value with the blanks around it.
     std::string_view rawValue(LogKey key) const {
         const ValueSpan& span = spans[size_t(key)];
         return {line + span.start, span.length};

@@ -61,10 +61,10 @@ public:
     /// passes over those that are neither in progress nor unreadable. Another folder is entered as
     /// by poll(); one that can't be listed is an error.
     [[nodiscard]] zel::FileFault resume(const zel::String& folder);
-    /// Whether this is one of the folders since begin().
+    /// Whether the folder was seen since begin().
     bool hasSeen(const zel::String& folder) const { return known.count(markOf(folder)) != 0; }
-    /// The folder has taken the place of the one seen last: what is known there is known here.
-    /// REQUIRES: it exists.
+    /// The folder has taken the place of the one seen last: the logs known there are known in this
+    /// one. REQUIRES: it exists.
     void moveTo(const zel::String& folder);
     /// Lists the folder. In one that is new since begin() the logs that are there count as known,
     /// since they aren't of this mission. Returns the names of the first pieces that have come
@@ -76,7 +76,7 @@ public:
     /// What reading a log of the last poll has shown: Unread, Begun, Ending, OtherMission, OtherDay
     /// or OtherPilot.
     void note(const zel::String& name, const LogNews& news);
-    /// The logs of which that is known now, in the order in which they were found.
+    /// The logs with that state at present, in the order in which they were found.
     std::vector<zel::String> logsIn(LogState state) const;
     /// Marks the logs found so far as known, even if they grow.
     void markAsKnown();

@@ -51,7 +51,7 @@ struct Traces {
 
 } // namespace
 
-/// Of one record.
+/// The outcome of one record.
 class Judgement {
 public:
     Judgement(size_t place, const Outcomes& flight)
@@ -90,7 +90,7 @@ private:
     Traces traces(int32_t record) const;
     bool isNamed(int32_t victor, int32_t victim) const;
     bool hasShot(int32_t shooter, int32_t target) const;
-    /// From the victor's last hit to the end of the victim; negative if that isn't known.
+    /// Seconds from the victor's last hit to the end of the victim; negative if that isn't known.
     int32_t secondsBefore(int32_t victor, int32_t victim) const;
 
     zel::String whyEnemy() const;

@@ -18,21 +18,21 @@ constexpr float DestroyingDamage = 0.5F;
 struct Outcome {
     zel::String fate;   // of pilot and plane
     zel::String cause;  // of its loss; empty unless the plane was lost
-    zel::String reason; // why it says so: whom the log names, who hit last, what it doesn't have
+    zel::String reason; // why it says so: whom the log names, who hit last, what the log lacks
 };
 
 /// The outcomes of a flight's records. Result and reason come from one judgement, so that they
 /// agree; the reason says nothing that the log doesn't.
 class Outcomes {
 public:
-    /// events: of the flight, as accountOf (FlightAccount.h) or the record of the war has them.
-    /// With less than all of them the reasons say less. REQUIRES: both outlive the outcomes, and
-    /// their indices are valid.
+    /// events: of the flight, from accountOf (FlightAccount.h) or the record of the war. If some
+    /// are missing, the reasons say less. REQUIRES: both outlive the outcomes, and their indices
+    /// are valid.
     Outcomes(const std::vector<PilotReport>& reports, const std::vector<FlightEvent>& events);
 
     /// What became of a record. place: its index in the reports, here and below.
     Outcome of(size_t place) const;
-    /// Whether nobody else has hit that one, by a log that has all hits.
+    /// Whether nobody else has hit that one, according to a log that has all hits.
     bool isUntouched(size_t place) const;
 
 private:

@@ -25,7 +25,7 @@ struct ReportEntry {
 struct ReportColumns {
     std::vector<ReportEntry> left;
     std::vector<ReportEntry> right;
-    zel::String note; // explains a player's plane that no pilot of the plan has; usually empty
+    zel::String note; // why the player's plane matches no pilot of the plan; usually empty
 };
 
 /// The records in their order, without those that have no name. Objects on the ground have the
@@ -33,7 +33,7 @@ struct ReportColumns {
 ReportColumns combatReportColumns(const std::vector<PilotReport>& pilots,
                                   const std::vector<FlightEvent>& events);
 
-/// What a look for the log has found; its mark is LogNews::detail.
+/// What a look for the log has found; its "$1" is LogNews::detail.
 const Wording& newsWording(LogState state);
 /// The same with its detail and, for a log that can't be read, the reason.
 zel::String newsText(const LogNews& news);

@@ -20,7 +20,7 @@ constexpr int32_t SpineLetters = 36; // as wide as the label
 constexpr int32_t CardLetters = 44;  // on two lines of the card
 constexpr const char* Dagger = " \x86";
 
-// Letters of the columns of a page's row, whose typewriter face has one advance.
+// Column widths of a page's row, in letters: the typewriter face has a single advance.
 constexpr int32_t DateColumn = 15;
 constexpr int32_t FlightsColumn = 9;
 constexpr int32_t RowLetters = 46;

@@ -14,7 +14,7 @@ zel::String pageTitle(const LogBookOfCareer& book, const SaveSummary& page);
 /// "Lt Edward Harcourt MC", shortened or cut to the letters that fit the spine, with a dagger if
 /// the pilot has fallen.
 zel::String spineText(const LogBookOfCareer& book);
-/// That the book can't be read and stays as it is, and its file's name and folder.
+/// Says that the book can't be read and stays as it is, with its file's name and folder.
 zel::String unreadableText(const ShelvedCareer& book);
 /// Service, squadron and base, a line each. A squadron without a name has no line.
 zel::String serviceLines(const SaveSummary& summary);

@@ -7,7 +7,7 @@
 
 /// A career as the drawer shows it.
 struct LogBookOfCareer : ShelvedCareer {
-    Honours honours; // of the pilot of its summary, as far as its record is there
+    Honours honours; // of the pilot in its summary, if its record is there
 };
 
 /// The player's log books as the drawer shows them, and which one he has chosen: what the screens

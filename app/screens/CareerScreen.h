@@ -15,7 +15,7 @@ public:
     /// saved after it.
     static bool isOpen();
     static void setOpen(bool open);
-    /// Through what careers are saved; null for nothing, and then nothing is saved.
+    /// The shelf through which careers are saved; if null, nothing is saved.
     static void setShelf(Shelf* saves);
 
 protected:

@@ -8,8 +8,8 @@ class CareerRecord;
 class Database;
 
 /// What waits for the player after a period of the war: the letter about his pilot who fell, then
-/// those that bring a rank or a decoration, each of which is shown once, and at last the diary or
-/// the end of the war.
+/// those that bring a rank or a decoration, each shown once, and finally the diary or the end of
+/// the war.
 class CitationPile {
 public:
     /// REQUIRES: the record outlives it.
@@ -22,14 +22,14 @@ public:
     int32_t fallen() const { return fallenPilot; }
     void forgetFallen() { fallenPilot = -1; }
     bool empty() const { return waiting.empty(); }
-    /// The screen of what is next.
+    /// The screen that shows what is next.
     const char* next(const Database& career) const;
     /// The player looks something up between two citations: back() leads to the next one, once.
     void lookUp() { isInterrupted = true; }
-    /// The current page's way back; null for its usual one.
+    /// The screen that the current page leads back to; null for its usual one.
     const char* back(const Database& career);
-    /// The next one, in the language in use. REQUIRES: !empty(), and the career that was gathered
-    /// for.
+    /// The next citation, in the language in use. REQUIRES: !empty(), and the career that was
+    /// gathered for.
     const Citation& front(const Database& career);
     /// The player has read it. REQUIRES: !empty().
     void forgetFront() { waiting.pop_front(); }

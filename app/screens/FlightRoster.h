@@ -16,7 +16,7 @@ struct RosterEntry {
 /// Eight are in view. The element "more" says so if there are others.
 class FlightRoster {
 public:
-    /// In the area "roster" of that menu.
+    /// Shows them in the area "roster" of that menu.
     void show(zel::Menu& menu, const std::vector<RosterEntry>& entries);
 
 private:

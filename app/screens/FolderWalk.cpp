@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view Separators = "\\/";
 constexpr const char* DataFolder = "data";
 
-/// Empty for a root, a share of the network too.
+/// Empty for a root, including that of a network share.
 std::string_view parentOf(std::string_view path) {
     const bool isShare = path.substr(0, 2) == "\\\\";
     const size_t separator = zel::withoutSeparator(path).find_last_of(Separators);

@@ -4,8 +4,8 @@
 
 #include "engine/core/String.h"
 
-/// A walk through the folders of the machine, in search of the simulator's: the folder it has
-/// reached and the folders in that. It begins in the player's own folder.
+/// Browses the machine's folders for the simulator's: holds the current folder and the folders in
+/// it. It begins in the player's own folder.
 class FolderWalk {
 public:
     /// Goes to a folder, from the root, and lists it again.
@@ -26,7 +26,7 @@ public:
     bool isAtDrives() const { return folder.empty(); }
     /// Whether the folder could be listed.
     bool isReadable() const { return readable; }
-    /// The folders here, as the system names them: without regard to case, hidden ones last.
+    /// The folders here, as the system names them, sorted without regard to case, hidden ones last.
     const std::vector<zel::String>& getNames() const { return names; }
     /// The first folder whose name begins with that letter, in either case; the next one if `from`
     /// does so as well. -1 for none.

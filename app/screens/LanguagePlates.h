@@ -9,8 +9,8 @@ class Menu;
 class Widget;
 } // namespace zel
 
-/// The plates "language1" to "language6" of a menu: a language each, by its own name, the one in
-/// use lit. Plates without a language are hidden.
+/// The plates "language1" to "language6" of a menu, one for each language, with its own name; that
+/// of the language in use is lit. Plates without a language are hidden.
 class LanguagePlates {
 public:
     /// Reads which languages there are, and sets the plates.

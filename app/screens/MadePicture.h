@@ -13,7 +13,7 @@ class Menu;
 }
 
 /// A picture that is put together from images while the program runs, and shown by a widget. Places
-/// are pixels of the design from the upper left. Images that don't exist, and what is beyond the
+/// are pixels of the design from the upper left. Images that don't exist, and anything beyond the
 /// edge, draw nothing.
 ///
 /// It remembers what was drawn: the picture is made when it is shown, and again when the window
@@ -27,9 +27,9 @@ public:
     /// Takes a picture that is made elsewhere.
     void take(zel::Bitmap::PixelSource made) { maker = std::move(made); }
     void draw(const zel::String& name, int32_t x, int32_t y);
-    /// The columns of an image of the same size, from one up to another.
+    /// Draws the columns of an image of the same size, from one up to another.
     void drawColumns(const char* name, int32_t from, int32_t until);
-    /// A line of a pixel's width. colour: RGB; alpha: 0 to 1.
+    /// Draws a line one pixel wide. colour: RGB; alpha: 0 to 1.
     void drawColumn(int32_t x, int32_t top, int32_t height, uint32_t colour, float alpha);
     /// Gives the picture to the widget, for all its looks. The widget must not outlive this.
     void show(const zel::Menu& menu, const char* name);

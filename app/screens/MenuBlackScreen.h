@@ -5,7 +5,7 @@
 class CareerDrawer;
 
 /// Shown when the career can't be loaded: why, and the way back to the save before it, if that is
-/// whole. Where the file only couldn't be read, the player may try again.
+/// whole. If the file merely couldn't be read, the player may try again.
 class MenuBlackScreen : public MenuNotification {
 public:
     /// REQUIRES: the drawer outlives the screen.

@@ -33,7 +33,7 @@ void MenuEnlist::beginForm(Database& career) {
     form = {};
     career.createCareer(service);
     if (!career.hasCareer())
-        return; // MenuNewCareer begins none without it
+        return; // MenuNewCareer begins no career without it
     names.seed(career.careerSeed());
     form.name = zel::arrayText(career.player().name);
     form.squadrons = squadronsToJoin(career, BookTables::instance(), service,
@@ -101,7 +101,7 @@ zel::String MenuEnlist::rowsInView() const {
                : textOf(wording::SquadronsSeen, {first, last, int32_t(form.squadrons.size())});
 }
 
-// Enter has nothing to press in the name; it leads on, as if he had finished typing.
+// Enter has nothing to press in the name, so it leads on, as if he had finished typing.
 void MenuEnlist::onKey(const zel::KeyPress& key) {
     const zel::Widget* name = getWidget("name");
     if ((key.symbol == zel::KeyReturn || key.symbol == zel::KeyEnter) && name != nullptr &&

@@ -29,7 +29,7 @@ int32_t sheetsFor(const ReportColumns& columns) {
     return std::max(1, (std::min(entries, EntryCount) + EntriesPerSheet - 1) / EntriesPerSheet);
 }
 
-/// place: of the entry on its sheet, from 0; line: 1 to 3.
+/// place: the entry's position on its sheet, from 0; line: 1 to 3.
 zel::String lineName(const char* column, int32_t place, int32_t line) {
     return zel::String(column) + (place * LinesPerEntry + line);
 }

@@ -10,8 +10,8 @@ class Font;
 }
 class ReportPages;
 
-/// What happened to everybody in a mission and why, one column per side: in the last one, after
-/// which the war moves on, or in one of the log book.
+/// What happened to everybody in a mission and why, one column per side: the last one, after which
+/// the war moves on, or one of the log book.
 class MenuGameCombatReport : public CareerScreen {
 public:
     /// REQUIRES: the pages outlive the screen.

@@ -75,7 +75,7 @@ void MenuGameDiary::onEnter() {
     });
 }
 
-/// From the upper edge of the list to the lower edge of each line.
+/// The distances from the upper edge of the list to the lower edge of each line.
 std::vector<int32_t> MenuGameDiary::bottoms(const char* list, const std::vector<DiaryLine>& lines,
                                             int32_t space) const {
     std::vector<int32_t> found;

@@ -35,7 +35,7 @@ private:
     void showLines(const char* area, const std::vector<DiaryLine>& lines, int32_t most,
                    int32_t space);
     void showSign(const zel::String& name, DiarySign sign, int32_t y);
-    /// Where a line is pressed; hidden for one that is about no pilot.
+    /// The button over a line; hidden for one that isn't about a pilot.
     void showPress(const zel::String& name, int32_t pilot, int32_t y, int32_t height);
 
     /// Calls for each line that is about a pilot, with what is pressed of it.

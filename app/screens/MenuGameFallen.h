@@ -20,7 +20,7 @@ public:
 
 private:
     void close(zel::Widget& plate);
-    /// Of the period that was fought last; otherwise the one with whom the book was closed or
+    /// The one who fell in the last period; otherwise the one with whom the book was closed or
     /// saved.
     int32_t fallenPilot(const Database& career) const;
 

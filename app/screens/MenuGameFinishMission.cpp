@@ -70,7 +70,7 @@ void MenuGameFinishMission::onEvent(zel::Widget* widget, int32_t /*eventType*/) 
     }
 }
 
-// To the report, found or not; but not past one that may still come.
+// Leads to the report, found or not, but not past one that may still come.
 void MenuGameFinishMission::goOnWithout(zel::Widget& plate) {
     bool stays = secondPress.isDue();
     if (!stays && !look(true) && lastLook.holds(flight.news().state)) {

@@ -12,8 +12,8 @@ class OwnStandIn;
 /// the log of the flight. Once the log has the end of the mission, the combat report follows. Until
 /// then the page shows whether it is checking ("watch", and the watch's hand) and what it has found
 /// so far ("log"), or why the stand-in can't fly. "lookNow" checks at once; so does the button that
-/// continues without a report, and the page itself if an earlier run of the program has given the
-/// orders. That button is where the page before has "Start Mission": the second press of a pair
+/// continues without a report, and the page itself if an earlier run of the program gave the
+/// orders. That button is where the page before has "Start Mission", so the second press of a pair
 /// doesn't end the day.
 class MenuGameFinishMission : public CareerScreen {
 public:

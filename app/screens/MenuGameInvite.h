@@ -3,7 +3,7 @@
 #include "app/screens/CareerScreen.h"
 #include "app/war/InvitationLetter.h"
 
-/// The letter by which another squadron invites the player. He accepts, refuses, or leaves it for
+/// The letter in which another squadron invites the player. He accepts, refuses, or leaves it for
 /// later.
 class MenuGameInvite : public CareerScreen {
 public:

@@ -75,7 +75,7 @@ void MenuGameLogbook::readBook() {
     setText("totalRight", book.isUnreadable ? zel::String() : victoriesText(book, TotalLetters));
 }
 
-/// With the short rank if it doesn't fit, and then in the narrow type.
+/// Shows the name with the short rank if it doesn't fit, and then in the narrow type.
 void MenuGameLogbook::showName(const PilotRecord& pilot) {
     zel::TextArea* name = menu->getTextArea("name");
     const zel::Widget* wide = getWidget("wideRow");
@@ -139,7 +139,7 @@ bool MenuGameLogbook::fits(const zel::String& row, const zel::String& text) cons
            zel::Text::widthOf(font->getFont(), text) <= half->getBounds().rect.width;
 }
 
-/// In red ink for a fall, in blue for a flight with a victory. A fall isn't set in columns.
+/// Shows a fall in red ink, a flight with a victory in blue. A fall isn't set in columns.
 void MenuGameLogbook::showHalf(const zel::String& name, const zel::String& text,
                                const BookLine* line) {
     zel::Widget* half = getWidget(name);

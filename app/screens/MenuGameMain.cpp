@@ -44,7 +44,7 @@ void MenuGameMain::showPilot(const Database& career) {
     const PilotRecord player =
         readPilot(tables, career, BookTables::instance(), career.playerPilot);
     const zel::String title = titleOf(player.honours, player.name);
-    // In a later run the record knows it, and it is news until he has flown.
+    // In a later run the record knows of it, and it is news until he has flown.
     const int32_t fallen = predecessor >= 0 || !player.flights.empty()
                                ? predecessor
                                : predecessorOf(tables, career, career.playerPilot);

@@ -56,8 +56,8 @@ void MenuGameRecord::onEnter() {
     showWayBack(*career);
 }
 
-/// To the next citation instead if one has led here. The log book leads to the office, and would
-/// pass over those that wait.
+/// Leads to the next citation instead if one has led here. The log book leads to the office, and
+/// would skip those that wait.
 void MenuGameRecord::showWayBack(const Database& career) {
     if (!isReopened())
         onward = pile.back(career);
@@ -117,7 +117,7 @@ void MenuGameRecord::showVictories(const PilotRecord& pilot) {
     const TallyLayout& rows = count > MostLarge ? SmallRows : LargeRows;
     const zel::PixelRect& place = widget->getBounds().rect;
     victories.begin(place.width, place.height);
-    // Those that the record doesn't know come first, as scouts.
+    // Those that the record doesn't have come first, as scouts.
     const size_t unknown = count - std::min(count, pilot.victories.size());
     for (size_t i = 0; i < count; ++i) {
         const Shape shape =

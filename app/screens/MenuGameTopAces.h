@@ -8,7 +8,7 @@
 
 class PilotPages;
 
-/// The ten best pilots of the war, of both sides, the fallen among them, with what the pilots of
+/// The ten best pilots of the war, of both sides and including the fallen, with what the pilots of
 /// history had really done by that day; below them the player's own place. A row opens its pilot's
 /// page.
 class MenuGameTopAces : public CareerScreen {

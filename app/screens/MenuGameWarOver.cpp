@@ -59,7 +59,7 @@ void MenuGameWarOver::showSheet(const WarEnd& end) {
     showRibbons(end.pilot.honours);
 }
 
-/// Without his predecessors where a long name takes their line: the log book has them.
+/// Leaves his predecessors out if a long name takes their line: the log book has them.
 void MenuGameWarOver::showFigures(const WarEnd& end) {
     setText("figures", careerLines(end));
     zel::TextArea* area = menu != nullptr ? menu->getTextArea("figures") : nullptr;

@@ -25,7 +25,7 @@ private:
     void showBoard(const WarEnd& end);
     void showRow(int32_t number, const StandingRow& row, int32_t lower);
     void makeRoom(int32_t number, const StandingRow& row) const;
-    /// The name, with the first name as an initial where the whole doesn't fit.
+    /// The name, with the first name as an initial if the full name doesn't fit.
     zel::String fitting(const zel::String& element, const StandingRow& row) const;
 
     CareerRecord& record;

@@ -6,8 +6,8 @@
 class CareerDrawer;
 
 /// The main menu. Each time it is entered, it checks that the simulator is there and writes the log
-/// from which reports are made. Otherwise it leads to the page that asks for it. It shows whose log
-/// book was flown last, and takes it up.
+/// from which reports are made. Otherwise it leads to the page that asks for it. It shows the log
+/// book that was flown last, and takes it up.
 class MenuMain : public zel::HandledMenuExtension {
 public:
     /// REQUIRES: the drawer outlives the screen.

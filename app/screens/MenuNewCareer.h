@@ -8,7 +8,7 @@ class Flight;
 /// The last page before a new career. It shows the player who he is and, once he confirms,
 /// simulates the war up to his first day and saves.
 ///
-/// What was chosen on the pages before is in the form of his enlistment and in the global strings
+/// The choices made on the pages before are in the enlistment form and in the global strings
 /// `service` (0 French, 1 English, 2 German), `startYear` and `startMonth`.
 class MenuNewCareer : public CareerScreen {
 public:

@@ -5,8 +5,8 @@
 class CareerDrawer;
 
 /// Shown before a career's first screen when the save file was damaged: what was fixed, where the
-/// damaged file is kept, and how to return to the previous save, as long as there is one before
-/// what was read.
+/// damaged file is kept, and how to return to the previous save, if there is one older than the
+/// file that was read.
 class MenuNotificationRepair : public MenuNotification {
 public:
     /// REQUIRES: the drawer outlives the screen.

@@ -17,8 +17,8 @@ MenuNotificationUnsaved::MenuNotificationUnsaved(Flight& flight, ReportPages& pa
     zel::ZelLoop::setCloseAnswer([this] { return mayClose(); });
 }
 
-// The answer for zel::ZelLoop::setCloseAnswer(). During a change of screens it waits, so that the
-// screen that is left gets its onLeave().
+// The answer for zel::ZelLoop::setCloseAnswer(). It waits during a change of screens, so that the
+// screen being left gets its onLeave().
 bool MenuNotificationUnsaved::mayClose() {
     zel::StatesMachine& machine = zel::StatesMachine::getInstance();
     zel::State* page = machine.findState("MenuNotificationUnsaved");
@@ -34,7 +34,7 @@ bool MenuNotificationUnsaved::mayClose() {
     const bool isReport = shown == "MenuGameCombatReport" || shown == "MenuGameWhere";
     isDayHeld = isReport && !pages.isFromBook();
     const MissionOrders* orders = flight.orders(*runningCareer());
-    // Once he has gone on without a report, none is waited for.
+    // Once he has gone on without a report, the program no longer waits for one.
     areOrdersOut = orders != nullptr && orders->isFlyable && !isDayHeld;
     areOrdersLost = areOrdersOut && !flight.areOrdersKept();
     isSaved = runningCareer()->isSaved(SaveFileName);
@@ -66,8 +66,8 @@ void MenuNotificationUnsaved::onEvent(zel::Widget* widget, int32_t /*eventType*/
         saveAndQuit(*widget);
 }
 
-// What is saved is what leaving the report and saving in the office would save. Where that fails,
-// the way back leads on from the report, and its letters are still read.
+// Saves what leaving the report and saving in the office would save. If that fails, the way back
+// leads on from the report, and its letters are still read.
 void MenuNotificationUnsaved::saveAndQuit(zel::Widget& plate) {
     if (std::exchange(isDayHeld, false)) {
         pages.endDay();

@@ -6,9 +6,9 @@ class Flight;
 class ReportPages;
 
 /// Shown when the player closes the window and would lose something: the changes since the last
-/// save, or orders that could not be written down. He goes back, saves and quits, or quits without
-/// saving. On the way here the combat report of the day and its sketch don't end the day: he can
-/// go back to them. If he saves, the day ends first.
+/// save, or orders that could not be stored. He goes back, saves and quits, or quits without
+/// saving. On the way here the combat report of the day and its sketch don't end the day: he can go
+/// back to them. If he saves, the day ends first.
 class MenuNotificationUnsaved : public CareerScreen {
 public:
     /// REQUIRES: both outlive the screen.

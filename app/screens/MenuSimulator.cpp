@@ -28,7 +28,7 @@ void MenuSimulator::onEnter() {
     endsProgram = checkSimulator() != SimulatorState::Ready;
     setText("menuBack", textOf(endsProgram ? wording::QuitProgram : wording::GoBack));
     message = ownFocus = unwritable = {};
-    secondPress.begin(); // the page of the folders has its way back where this one has "Quit"
+    secondPress.begin(); // the page of the folders has "Back" where this one has "Quit"
     if (!places.takeKept())
         places.lookAgain();
     places.update();
@@ -89,7 +89,7 @@ void MenuSimulator::showWords() {
                                      : message);
 }
 
-// Only as long as the player has not moved the focus himself.
+// Only until the player has moved the focus himself.
 void MenuSimulator::focusWhereItMatters() {
     const auto* screen = dynamic_cast<zel::StandardMenu*>(menu);
     if (screen == nullptr || screen->getFocus().getName() != ownFocus)

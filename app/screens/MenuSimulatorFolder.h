@@ -7,8 +7,8 @@
 
 class SimulatorPlaces;
 
-/// A walk through the folders of the machine, to the one of the simulator. A letter goes to the
-/// next folder that begins with it, Backspace to the folder above.
+/// Browses the machine's folders for the simulator's. A letter key goes to the next folder that
+/// begins with it, Backspace to the folder above.
 class MenuSimulatorFolder : public zel::HandledMenuExtension {
 public:
     /// REQUIRES: the places outlive the screen.

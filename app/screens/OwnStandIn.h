@@ -10,14 +10,14 @@
 /// keeps the choice; choosing another folder undoes it.
 class OwnStandIn {
 public:
-    /// From the root, without a trailing separator.
+    /// The path of its folder from the root, without a trailing separator.
     static zel::String folder();
     /// Whether the settings name its folder as the simulator's.
     static bool isChosen();
     /// Makes the folder as a simulator's is, with the text log on whatever its startup.cfg was. On
     /// error: false with the finding.
     [[nodiscard]] static bool make(tools::Finding& finding);
-    /// How it flies from now on, for tests.
+    /// Sets how it flies from now on, for tests.
     static void setOptions(const standin::FlightOptions& options);
 
     /// Starts it if it is chosen, making its folder if need be, and ends it otherwise.

@@ -26,7 +26,7 @@ PencilSheet::PencilSheet(int32_t width, int32_t height, int32_t detail)
     picture.allocate(width * detail, height * detail, BytesPerPixel, detail == 1);
 }
 
-// On what is there; the picture keeps straight alpha.
+// Blends over what is there; the picture keeps straight alpha.
 void PencilSheet::blend(int32_t x, int32_t y, const Ink& ink, float alpha) {
     if (x < 0 || y < 0 || x >= picture.pictureWidth || y >= lowest || alpha <= 0)
         return;

@@ -21,15 +21,15 @@ public:
     };
     enum class Align { Left, Centre, Right };
 
-    /// detail: pixels of the picture to one of the design.
+    /// detail: picture pixels per design pixel.
     PencilSheet(int32_t width, int32_t height, int32_t detail);
 
-    /// From now on nothing is drawn below that line of pixels.
+    /// From now on nothing is drawn below that row of pixels.
     void setLowest(int32_t y) { lowest = y * detail; }
     void line(Point from, Point to, float width, const Ink& ink);
-    /// drawn: how many pixels of dashes and gaps there are already; it is moved on.
+    /// drawn: how many pixels of dashes and gaps there are already; it is advanced.
     void dashes(Point from, Point to, const Ink& ink, float& drawn);
-    /// An arrow head in the middle of the way.
+    /// Draws an arrow head in the middle of the line.
     void arrow(Point from, Point to, const Ink& ink);
     /// Tints what the outline encloses.
     void fill(const std::vector<Point>& outline, const Ink& ink, float alpha);
@@ -49,6 +49,6 @@ private:
 
     int32_t lowest; // pixels of the picture
     int32_t detail;
-    float scale; // the same as a number to multiply with
+    float scale; // the same as a factor
     zel::BitmapData picture;
 };

@@ -8,7 +8,8 @@
 class CareerRecord;
 class Database;
 
-/// Whose page is open, and the way back from it. The player's page is his record of service.
+/// The pilot whose page is open, and the way back from it. The player's page is his record of
+/// service.
 class PilotPages {
 public:
     /// REQUIRES: the record outlives it.
@@ -27,7 +28,7 @@ public:
     /// that screen, or -1.
     int32_t takeReturn(const zel::String& screen);
 
-    /// Reads a part of what the pages need of the record, while a list is shown. Call this in
+    /// Reads a part of what the pages need from the record, while a list is shown. Call this in
     /// each of its frames, so that no page has to wait for all of it.
     void readOn(const Database& career);
     PilotRows rows;

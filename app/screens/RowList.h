@@ -10,8 +10,8 @@ class ScrollingArea;
 class Widget;
 } // namespace zel
 
-/// The rows of a scrolling area, one for each item: "book.row1" and on, in the area "book". The
-/// script adds the first row, the others are made like it.
+/// The rows of a scrolling area, one for each item: "book.row1" and so on, in the area "book". The
+/// script adds the first row; the others are made like it.
 class RowList {
 public:
     /// parts: what a row consists of, as "row" and "ribbon", for "book.row1" and "book.ribbon1".
@@ -24,7 +24,7 @@ public:
     zel::String name(const char* part, size_t index) const;
     /// Null for a menu without it.
     zel::Widget* find(const zel::Menu& menu, const char* part, size_t index) const;
-    /// The index of the row of which that widget is the part "row"; -1 for another widget.
+    /// The index of the row whose part "row" is that widget; -1 for any other widget.
     int32_t indexOf(const zel::Widget& widget) const;
     /// Scrolls as little as needed to show the row.
     void show(const zel::Menu& menu, size_t index) const;

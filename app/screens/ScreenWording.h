@@ -48,7 +48,7 @@ inline constexpr Wording CloseAndSave    {2307, "Close the other program, then g
 inline constexpr Wording SaveFaults[] = { // by SaveFault, from the first fault on; the two versions
     {2410, "There is no saved career."},
     {2411, "The career file can't be read."},
-    {2412, "The career file is no save of Wingtally."},
+    {2412, "The career file is not a Wingtally save."},
     {2413, "The career file was written by another version of Wingtally: its format is $1, and this version reads $2."},
     {2414, "Too much of the career file is lost to continue."},
 };

@@ -17,7 +17,7 @@ constexpr PencilSheet::Ink SquareInk = {0xC4, 0xB4, 0x88};
 constexpr PencilSheet::Ink SeaInk = {0x7F, 0xA3, 0xA8};
 constexpr PencilSheet::Ink Blank = {0xED, 0xE2, 0xC4};
 
-constexpr float Scales[] = {166.7F, 200, 250, 333.3F}; // metres a pixel, the first that will do
+constexpr float Scales[] = {166.7F, 200, 250, 333.3F}; // metres per pixel; the first that will do
 constexpr float Share = 2.0F / 3; // of the map: the rest is a margin of a sixth at each edge
 constexpr float Square = 10000;   // metres
 constexpr float FarAway = 600000; // metres, beyond every edge
@@ -152,7 +152,7 @@ void SectorPainter::paintSquares() {
     }
 }
 
-/// Notes what of the map the front covers.
+/// Notes which parts of the map the front covers.
 void SectorPainter::coverFront(const std::vector<Point>& line) {
     for (size_t i = 1; i < line.size(); ++i) {
         const Point way{line[i].x - line[i - 1].x, line[i].y - line[i - 1].y};
@@ -181,8 +181,8 @@ void SectorPainter::paintTaskTown() {
             return;
 }
 
-/// Those next to the middle first: of two whose names meet the first is shown. Names are left out
-/// rather than written over the front.
+/// Those nearest to the middle come first: if two names meet, only the first is shown. Names are
+/// left out rather than written over the front.
 void SectorPainter::paintTowns() {
     const Point middle{Width / 2.0F, Height / 2.0F};
     const auto away = [&](const Town* town) {

@@ -19,16 +19,16 @@ struct Sector {
 /// the field in a blue ring and the fight in a red one, and the scale bar below.
 ///
 /// Both rings are at least a sixth of its sides from the edge; the front and the town that the task
-/// names are on it if they are not too far away. That town is named in any case, the others where
-/// there is room.
+/// names are on it if they are not too far away. That town is always named, the others where there
+/// is room.
 class SectorPainter {
 public:
     static constexpr int32_t Width = 264; // pixels of the design
     static constexpr int32_t Height = 300;
     static constexpr int32_t BarHeight = 44; // below the map
 
-    /// names: the font of towns and figures; a null one leaves them out. detail: pixels of the
-    /// picture to one of the design. REQUIRES: sector and font outlive the painter.
+    /// names: the font of towns and figures; a null one leaves them out. detail: picture pixels per
+    /// design pixel. REQUIRES: sector and font outlive the painter.
     SectorPainter(const Sector& sector, const zel::Font* names, int32_t detail = 1);
 
     /// The picture, Width by Height and BarHeight in pixels of the design. Call it once.

@@ -15,8 +15,8 @@ struct CheckLine {
 
 /// "Registry: C:\Games\Rise of Flight", with a folder that fits the row.
 zel::String placeText(const SimulatorPlace& place);
-/// The ways by which the places were found; that nothing was found, or not yet. isGone: the
-/// settings name a folder that has no simulator.
+/// How the folders were found; or that nothing was found, or nothing yet. isGone: the settings name
+/// a folder that has no simulator.
 zel::String foundText(const std::vector<SimulatorPlace>& places, bool isSearching, bool isGone);
 /// The four lines for a place, or for none: the folder, the text log, writing missions, the last
 /// log. mustWrite: startup.cfg couldn't be changed, so the player has to.

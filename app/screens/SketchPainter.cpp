@@ -145,7 +145,8 @@ void SketchPainter::paintNumber(const SketchMark& mark) {
                 PencilSheet::Align::Centre);
 }
 
-/// Around the mark where nothing else is, as near as possible; else where the least is.
+/// Puts it around the mark, as near as possible where nothing else is; otherwise where the least
+/// is.
 SketchPainter::Point SketchPainter::placeForNumber(Point mark) const {
     Point best = mark;
     float least = std::numeric_limits<float>::max();

@@ -14,8 +14,8 @@ public:
     static constexpr int32_t BarHeight = 56; // below it
     static constexpr int32_t BarWidth = 160;
 
-    /// placeNames, numbers: fonts; a null one leaves its texts out. detail: pixels of the picture
-    /// to one of the design. REQUIRES: sketch and fonts outlive the painter.
+    /// placeNames, numbers: fonts; a null one leaves its texts out. detail: picture pixels per
+    /// design pixel. REQUIRES: sketch and fonts outlive the painter.
     SketchPainter(const Sketch& sketch, const zel::Font* placeNames, const zel::Font* numbers,
                   int32_t detail = 1)
         : sketch(sketch), placeNames(placeNames), numbers(numbers),

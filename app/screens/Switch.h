@@ -16,7 +16,7 @@ struct Switch {
     zel::String name = {};     // of the setting, for texts that name it; English
     const char* atFirst = "1"; // until the player toggles it
 
-    /// By the preference, or by atFirst until it is set.
+    /// Its position: the preference, or atFirst until that is set.
     bool isOn() const;
     /// Sets the widget's text. A kind whose name ends in a position changes to the kind for the
     /// other position, if the theme has it, so that the plate's lamp matches.

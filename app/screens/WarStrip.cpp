@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-// The bar on the pictures, as art/overlays_record.py draws it.
+// The position of the bar on the pictures that art/overlays_record.py draws.
 namespace {
 
 constexpr int32_t Edge = 18; // pixels at either end

@@ -19,8 +19,8 @@ constexpr int32_t TriesForName = 1000;
 
 zel::String spelled(std::string_view name) { return missionName(zel::String(name)).toLower(); }
 
-/// Puts him into the career as it is on its first day, and reports it to the observer as part of
-/// the beginning.
+/// Puts him into the career on its first day, and reports that to the observer as part of the
+/// beginning.
 void enlist(Database& career, const Enlistment& enlistment) {
     const zel::String name = enlistment.name.trim(' ');
     CareerObserver* observer = std::exchange(career.observer, nullptr);

@@ -16,7 +16,7 @@ class Random;
 /// career follows from its seed alone.
 struct Enlistment {
     zel::String name;      // empty: the one that was drawn
-    int32_t squadron = -1; // of his service; -1: where the service sends him
+    int32_t squadron = -1; // of his service; -1: the one that the service chooses
 };
 
 /// What the player may call himself: as much as the log keeps.
@@ -39,14 +39,14 @@ struct NameCheck {
 /// Whether the simulator's mission and log can carry the character of Windows-1252: no quotes, no
 /// "/" or "\", nothing that ends a text of theirs, no symbol without an ASCII look-alike.
 bool isNameCharacter(char character);
-/// What is wrong with the name whoever has it: Empty, TooLong, Character or None. Blanks around it
-/// don't count, here and below.
+/// What is wrong with the name itself: Empty, TooLong, Character or None. Blanks around it don't
+/// count, here and below.
 NameFault checkSpelling(const zel::String& name);
 /// What is wrong with that name for the player of a career that was just made. Names are compared
-/// as the simulator spells them, ignoring case. The drawn name is always right.
+/// as the simulator spells them, ignoring case. The drawn name is always valid.
 NameCheck checkPilotName(const Database& career, const zel::String& name);
-/// Another name for the player, which is right, from the lists of his nation. It takes its draws
-/// from `random` alone. On error (no such name among a thousand): the drawn one.
+/// Another, valid name for the player from the lists of his nation. It takes its draws from
+/// `random` alone. On error (no such name among a thousand): the drawn one.
 zel::String drawAnotherName(const Database& career, zel::Random& random);
 /// Begins the service in a career that was just made: the player gets the name and changes places
 /// with a pilot of the squadron, and the war is fought up to the first of the month. A chosen

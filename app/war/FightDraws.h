@@ -70,7 +70,7 @@ public:
     }
     /// The last draw with which a step can begin and have all its draws in the window.
     uint32_t lastStep() const { return last; }
-    /// The draws of the window from that one on.
+    /// The draws of the window, from that one on.
     const uint32_t* drawsAt(uint32_t draw) const { return draws + draw; }
     /// The places that the draws select.
     const uint8_t* placesAt(uint32_t draw) const { return &places[draw]; }

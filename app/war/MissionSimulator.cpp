@@ -37,7 +37,7 @@ float defenceOf(const PilotReport& pilot, int32_t level) {
     return defence;
 }
 
-/// The draw in its own units, of 2^-32.
+/// The draw in units of 2^-32.
 float real(uint32_t draw) { return static_cast<float>(static_cast<int64_t>(draw)); }
 
 /// The draw if the condition, 0 or 1, holds, otherwise 0. Integers make the choice, because
@@ -113,7 +113,7 @@ void MissionSimulator::fight(int32_t steps) { takeSteps(steps); }
 
 bool MissionSimulator::fightStep() { return takeSteps(1); }
 
-// Nine of ten steps find no pair; the window passes over them in bulk.
+// Nine of ten steps find no pair; the window skips them in bulk.
 bool MissionSimulator::takeSteps(int32_t steps) {
     if (pilots.empty())
         return true;

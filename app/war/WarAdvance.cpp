@@ -49,7 +49,7 @@ void reportProgress(const Database& career, float share) {
         warObserver->onWarProgress(career.calendar(), share);
 }
 
-/// The fraction of the stretch that is done; of the period if there is no stretch or it has no
+/// The fraction of the stretch that is done; that of the period if there is no stretch or it has no
 /// days.
 float shareDone(const Database& career, const SpanOfDays* stretch, float shareOfPeriod) {
     if (stretch == nullptr || stretch->days <= 0)

@@ -42,7 +42,7 @@ const ServiceCase Cases[] = {
      "19160901 Second Lieutenant; ",
      "Second Lieutenant A. B",
      "2nd Lt A. B"},
-    // Five flights are the least for a cross; with 12 victories ranks take half of the time.
+    // A cross takes at least five flights; with 12 victories ranks take half the time.
     {"a quick one",
      {England, 19170409, 19170910, {}, every(7, 19170418, 12), every(4, 19170409, 40)},
      "19170409 Second Lieutenant; 19170710 Lieutenant; 19170810 Captain; "
@@ -110,7 +110,7 @@ TEST(HonoursTest, AnotherBranchPromotesNobody) {
     EXPECT_TRUE(given.promotions().empty());
 }
 
-// However a service is cut into periods, what it brings is the same: a later day only adds.
+// However a service is cut into periods, it brings the same: a later day only adds.
 TEST(HonoursTest, NeverChangeWhatWasGiven) {
     for (const int32_t nation : {England, France, Germany, Usa}) {
         PilotService service{nation,
@@ -171,7 +171,7 @@ TEST(CsvFileTest, ReportsBadRowsAndGoesOn) {
     EXPECT_EQ(rows, "1=x, \"y\";4=G\xE9;0=;");
     EXPECT_EQ(table.number(1), 0);
     EXPECT_TRUE(lines.holds("line 4") && lines.holds("line 5")) << lines.text();
-    EXPECT_TRUE(lines.holds("line 7: \"six\" is no number")) << lines.text();
+    EXPECT_TRUE(lines.holds("line 7: \"six\" is not a number")) << lines.text();
     EXPECT_FALSE(lines.holds("\"\"")) << "an empty field is none";
     EXPECT_FALSE(CsvFile(folder.file("t.csv").c_str(), "a,c").next());
     EXPECT_TRUE(lines.holds("must begin with")) << lines.text();

@@ -51,7 +51,7 @@ protected:
     std::string beside(const char* ending) const {
         return world.folder.read(std::string("user/") + SaveFileName + ending);
     }
-    /// The line that a refused file leaves.
+    /// The log line for a refused file.
     std::string refusal(std::string_view bytes) {
         const LogCapture log;
         EXPECT_FALSE(loads(bytes));
@@ -76,7 +76,7 @@ std::string with(std::string bytes, size_t offset, int32_t value) {
     return bytes;
 }
 
-constexpr const char* NoSave = " w 0 [Database] File Saves/savegame_v03.wty is no save game\n";
+constexpr const char* NoSave = " w 0 [Database] File Saves/savegame_v03.wty is not a save game\n";
 constexpr const char* Newer =
     " w 0 [Database] File Saves/savegame_v03.wty requires a newer version\n";
 
@@ -88,7 +88,7 @@ constexpr size_t SquadronFiles = Lines + 3 * 269 + 4;
 constexpr size_t PilotFiles = SquadronFiles + 1168 + 4;
 constexpr size_t Invitation = PilotFiles + 1120;
 
-// What a new career leaves at 0; everything else is in the saves that DatabaseTest compares.
+// The fields that a new career leaves at 0; the saves that DatabaseTest compares have all others.
 TEST_F(SaveFile, LaysTheRecordsOutAsTheFormatSays) {
     career.unusedA = 5;
     career.unusedB = 6;
@@ -138,7 +138,8 @@ TEST_F(SaveFile, SaysWhyItRefusesAFile) {
     EXPECT_EQ(log.text(), NoSave) << "a missing file";
 }
 
-// Every length: without all its pilots a career is refused, otherwise what is there is used.
+// Cuts the file at every length: without all its pilots a career is refused, otherwise what is left
+// is used.
 TEST_F(SaveFile, ReadsAFileCutAtAnyLength) {
     const std::string bytes = stored();
     const LogCapture log(1);

@@ -128,7 +128,7 @@ TEST_F(ScreenFaults, ThereIsNoCareerOrADamagedOne) {
     EXPECT_FALSE(driver.widget("menuButton2")->isActive());
     home.folder.write("user/Saves/savegame_v03.wty", "no career at all");
     ASSERT_TRUE(driver.walk("menuButton5>MenuCredits menuBack>MenuMain menuButton2>BlackScreen"));
-    EXPECT_EQ(driver.text("reason"), "The career file is no save of Wingtally.");
+    EXPECT_EQ(driver.text("reason"), "The career file is not a Wingtally save.");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     EXPECT_EQ(home.save(), "no career at all");
     home.folder.write("user/Saves/savegame_v03.wty.bak", "the last whole one");
@@ -174,7 +174,7 @@ TEST_F(ScreenFaults, TheSaveIsDamaged) {
     EXPECT_EQ(home.folder.read(save + ".damaged"), damaged) << "it isn't replaced";
     EXPECT_EQ(home.folder.read(save + ".damaged-2"), lost);
     ASSERT_TRUE(driver.walk("menuButton2>MenuGameMain menuBack>MenuMain"))
-        << "a whole one: no page";
+        << "it is whole, so no page comes";
 
     home.folder.write(save, lost);
     home.folder.write(save + ".bak", damaged);
