@@ -157,7 +157,7 @@ def aeroplane(w, h, yaw, pitch, roll, size, kind='biplane', mark='roundel', cx=N
 
 def photograph(w, h, seed, planes, ground=0.0, border=11):
     """A sepia print with a white border. planes: keyword arguments of aeroplane(), one set each;
-    ground: what part of the height the field takes."""
+    ground: the part of the height that the field takes."""
     pw, ph = w - 2 * border, h - 2 * border
     grey = _sky(pw, ph, seed)
     if ground:

@@ -1,4 +1,4 @@
-"""Bakes the bitmap fonts of the screens out of installed outline fonts.
+"""Bakes the bitmap fonts of the screens from installed outline fonts.
 
     bake_fonts.py FOLDER                 writes NAME.fnt and NAME.png of every font
     bake_fonts.py FOLDER --specimen PNG  also draws a sheet with a few lines of each, to look at

@@ -30,7 +30,7 @@ INVISIBLE = 0.01  # alpha
 # What is drawn for a character that an outline font lacks.
 STAND_INS = {'Œ': 'OE', 'œ': 'oe', '…': '...', '™': 'TM', '‹': '<', '›': '>', 'ˆ': '^',
              'ƒ': 'f', '€': 'EUR', 'µ': 'μ'}
-# Letters that are drawn of a plain one and a mark, where the outline font lacks them.
+# Letters that are drawn as a plain one and a mark if the outline font lacks them.
 OGONEK, STROKE = '\u0328', '\u0335'
 STAND_INS |= {
     'ą': 'a' + OGONEK, 'ę': 'e' + OGONEK, 'Ą': 'A' + OGONEK, 'Ę': 'E' + OGONEK,
@@ -175,7 +175,7 @@ class BitFont:
 
     @staticmethod
     def _cut(glyph):
-        """The picture without its empty rim, and where it lies."""
+        """The picture without its empty rim, and its position."""
         ys, xs = np.where(glyph[..., 3] > INVISIBLE)
         if len(ys) == 0:
             return np.zeros((1, 1, 4), np.float32), 0, 0
@@ -184,7 +184,8 @@ class BitFont:
 
     @staticmethod
     def _same_part(picture, glyph, ox, oy):
-        """The part of the glyph's picture of twice the size that _cut() has left of the plain one."""
+        """The part of the glyph's double-sized picture that matches what _cut() has left of the
+        plain one."""
         gh, gw = glyph.shape[:2]
         if (glyph[..., 3] <= INVISIBLE).all():
             return np.zeros((gh * DOUBLE, gw * DOUBLE, 4), np.float32)
@@ -192,7 +193,7 @@ class BitFont:
         return picture[y * DOUBLE:(y + gh) * DOUBLE, x * DOUBLE:(x + gw) * DOUBLE]
 
     def _measure_kerning(self, file):
-        """Whole pixels by pair of bytes; below a little over half a pixel it isn't worth a jump."""
+        """Whole pixels by pair of bytes; a little over half a pixel or less isn't worth a shift."""
         font = ImageFont.truetype(font_file(file), KERNING_PX)
         no_ligatures = ['-liga', '-clig', '-dlig', '-calt']
         letters = [(c, character(c)) for c in range(256) if c != 32]
@@ -248,7 +249,8 @@ class BitFont:
     # -- on disk
 
     def _placed(self, width, height):
-        """Where each glyph lies on a page of that size, tallest first; None if they don't fit."""
+        """The position of each glyph on a page of that size, tallest first; None if they don't
+        fit."""
         places = {}
         x = y = GAP
         row = 0
@@ -264,7 +266,7 @@ class BitFont:
         return places
 
     def _layout(self):
-        """Width and height of the page, and the glyphs' places on it."""
+        """Width and height of the page, and the glyphs' positions on it."""
         side = 128
         while True:
             for size in ((side, side), (2 * side, side)):
@@ -274,7 +276,7 @@ class BitFont:
             side *= 2
 
     def _page(self, size, glyphs, places, factor):
-        """The page with the glyphs at factor times their places."""
+        """The page with the glyphs at factor times their positions."""
         page = np.zeros((size[1] * factor, size[0] * factor, 4), np.float32)
         for code, (x, y) in places.items():
             glyph, x, y = glyphs[code], x * factor, y * factor
@@ -286,7 +288,7 @@ class BitFont:
         else:
             distance, nearest = ndimage.distance_transform_edt(page[..., 3] <= INVISIBLE, return_indices=True)
             page[..., :3] = page[nearest[0], nearest[1], :3]
-            page[distance > 2 * factor, :3] = page[0, 0, :3]  # farther off nothing shows, and even packs well
+            page[distance > 2 * factor, :3] = page[0, 0, :3]  # farther off nothing shows; one colour packs well
         return page
 
     def write(self, folder):

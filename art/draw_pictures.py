@@ -44,8 +44,8 @@ BAR = (556, 36)  # px; it is drawn at other sizes too, so there is nothing in it
 
 
 def bar(is_full):
-    """A frame in ink; full: hatched from end to end. The program draws as much of the full one as
-    the work is done."""
+    """A frame in ink; full: hatched from end to end. The program draws the full one in proportion
+    to the work done."""
     w, h = BAR
 
     def draw(c):
@@ -144,8 +144,8 @@ def pictures():
 
 
 def draw(name, maker):
-    """The picture, the same twice as large, or None where nobody would see a difference, and the text
-    of the image index, which is that of both."""
+    """The picture, the same twice as large (None if nobody would see a difference), and the text of
+    the image index that both share."""
     picture, index = maker()
     if name in PLAIN:
         return picture, None, index
@@ -157,7 +157,7 @@ def draw(name, maker):
 
 
 def in_steps(pixels):
-    """Every second value of a colour: nobody sees it in what is so fine, and the file is a quarter
+    """Every second value of a colour: in such fine pixels nobody sees it, and the file is a quarter
     smaller."""
     pixels[..., :3] = np.minimum((pixels[..., :3].astype(int) + 1) // 2 * 2, 255)
     return pixels

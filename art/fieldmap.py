@@ -13,7 +13,8 @@ MAP_INK, ROAD, OURS, THEIRS = '#2C2114', '#3A2E1E', '#2F4A7A', '#A8301F'
 MARGIN = 22   # px from the edge of the sheet to the neat line
 SQUARE = 84   # px
 
-# Points as parts of the sheet's width and height; a little over the edge where a line runs out.
+# Points as parts of the sheet's width and height; a little over the edge where a line leaves the
+# sheet.
 RIVER = [(-.02, .78), (.12, .70), (.22, .73), (.34, .62), (.47, .66), (.58, .57), (.72, .60), (.86, .50),
          (1.02, .53)]
 RAILWAY = [(.02, 1.02), (.16, .86), (.27, .60), (.24, .36), (.33, .16), (.30, -.02)]
@@ -111,7 +112,7 @@ def _print_titles(sheet, titles):
 
 
 def sector_names(w, h, seed, sector):
-    """What a trench map of w by h and that seed bears in a sector, and nothing else."""
+    """Only the names and titles that a trench map of w by h and that seed bears in a sector."""
     titles, villages = SECTORS[sector]
     layer = empty(w, h)
     for name, (x, y) in zip(villages, VILLAGES):

@@ -140,13 +140,13 @@ def spine_sheet(service):
 
 
 def row_sheet(name):
-    """A row of which one is chosen: a label holder with a jewel."""
+    """A row of a list with one choice: a label holder with a jewel."""
     w, h, seed = ROWS[name]
     return looks_sheet([('%s_%s_%s' % (name, state, look), holder(w, h, look, seed, jewel=state))
                         for state in JEWELS for look in LOOKS])
 
 
 def slip_sheet():
-    """A label holder on whose slip something is written."""
+    """A label holder whose slip is written on."""
     w, h, seed = SLIP_TO_WRITE_ON
     return looks_sheet([('plate_slip_' + look, holder(w, h, look, seed)) for look in LOOKS])

@@ -2,7 +2,7 @@
 
 Rectangles are x, y, width, height in pixels of the design, 1024 by 768. The pictures are half as
 large, so every figure is even. An element's colour follows from its place in the list; elements
-may not overlap. Lists of many lines, and what lies over something else, are placed by the scripts.
+may not overlap. The scripts place lists of many lines, and whatever overlaps something else.
 """
 import colorsys
 import os
@@ -31,8 +31,8 @@ def area(name, *rect, align=LEFT):
 
 
 BACK = widget('menuBack', 32, 704, 200, 52, lines=RAIL)
-# Plates that end the program are at places of their own: on no screen that leads there has another
-# plate the same place, so that pressing twice ends nothing.
+# Plates that end the program are at places of their own: no screen that leads there has a plate in
+# the same position, so that pressing twice ends nothing.
 END = widget('menuBack', 412, 704, 200, 52, lines=RAIL)
 BACK_WIDE = widget('menuBack', 32, 704, 300, 52, lines=RAIL)
 
@@ -378,13 +378,13 @@ LAYOUTS = {
 
 
 def colors(count):
-    """As many colours, far from each other, none of them black."""
+    """That many colours, far from each other, none of them black."""
     return [tuple(round(255 * c) for c in colorsys.hsv_to_rgb(i / count, 1 - .35 * (i % 2), 1 - .25 * (i % 3)))
             for i in range(count)]
 
 
 def check(name, elements):
-    """Says what can't be painted, and stops."""
+    """Reports what can't be painted, and stops."""
     for i, (_, element, rect, _) in enumerate(elements):
         x, y, w, h = rect
         if any(v % SHRINK for v in rect) or x < 0 or y < 0 or x + w > SIZE[0] or y + h > SIZE[1]:

@@ -1,6 +1,6 @@
-"""Lettering that belongs to an object of a picture, and the loss of ink that print and stamps have.
+"""Lettering that belongs to an object in a picture, and the loss of ink of print and stamps.
 
-What informs the player is text of the language tables and never part of a picture.
+Information for the player is text from the language tables and never part of a picture.
 """
 import math
 

@@ -161,7 +161,7 @@ class _Medal:
         self.fill(lambda c: _wreath(c, self.x, self.y, r, width), tone, enamel)
 
     def letters(self, tint, *texts):
-        """texts: each with its size and its place from the middle."""
+        """texts: each with its size and its offset from the middle."""
         layer = np.zeros_like(self.out)
         for text, height, dx, dy in texts:
             put(layer, text, HEAD, height * SCALE, (self.x + dx) * SCALE, (self.y + dy) * SCALE, tint, 'center')

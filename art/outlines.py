@@ -8,7 +8,7 @@ from pixels import px, rgb, unpremultiplied
 
 
 def vector(w, h, draw, scale=1):
-    """Runs draw(context) on a transparent surface and gives it as a layer."""
+    """Runs draw(context) on a transparent surface and returns it as a layer."""
     surface = cairo.ImageSurface(cairo.FORMAT_ARGB32, px(int(w * scale)), px(int(h * scale)))
     c = cairo.Context(surface)
     c.scale(px(scale), px(scale))

@@ -54,7 +54,7 @@ SHEET = 660, 560  # px: the part of the office in which its map is
 
 
 def sheet(sector):
-    """The names on the office's map in a sector: nothing else, and none where something covers it."""
+    """Only the names on the office's map in a sector, and none where something covers it."""
     field = rotate(sector_names(624, 500, 21, sector), FIELD[0], PAD)
     layer = empty(W, H)
     over(layer, field, FIELD[1] - PAD, FIELD[2] - PAD)

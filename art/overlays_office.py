@@ -105,7 +105,7 @@ def over_year():
 
 
 def over_month():
-    """A pad of which the leaves are torn, in a leather holder."""
+    """A pad with torn leaves, in a leather holder."""
     ov = empty(W, H)
     lay(ov, paper(900, 640, 44, base='#DDD0AC', rough=.7), 66, 36)
     lay(ov, paper(900, 640, 43, base='#EBE0C4', rough=.7), 62, 28)

@@ -10,7 +10,7 @@ GOLD = '#F3DF9E'
 
 
 def over_pilot():
-    """A form with a photograph's place, and two columns below it."""
+    """A form with room for a photograph, and two columns below it."""
     ov = office_sheet(32, 20, 960, 648, 87, fold=.5)
     rules(ov, 64, 332, 896)
     over(ov, vector(W, H, lambda c: (c.rectangle(411, 344, 1.1, 306), fill(c, '#8A6E45', .55))))

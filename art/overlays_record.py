@@ -24,8 +24,8 @@ EDGE, BAR_ABOVE, BAR, FLAG_ABOVE = 18, 38, 20, 50  # px: at the ends; of the bar
 
 
 def strip(name, is_served):
-    """A strip of paper with a mark a month. Served: with a hatched bar from end to end, of which the
-    program shows the part that the player has served."""
+    """A strip of paper with a mark a month. Served: with a hatched bar from end to end; the program
+    shows the part that the player has served."""
     w, h, seed = STRIPS[name]
     sheet = paper(w, h, seed, base='#E4D8B4', edge='#A98B56', rough=.5, margin=8)
     top = h - BAR_ABOVE
@@ -237,7 +237,7 @@ PALMS = ('croix1', 'croix2', 'croix3', 'croix4')  # the cross with that many pal
 
 
 def ribbons():
-    """Of the bar on a breast: ribbon_mc and so on."""
+    """The pictures of the ribbon bar on a breast: ribbon_mc and so on."""
     def draw(kind):
         layer = empty(74, 36)
         lay(layer, ribbon('iron' if kind == 'iron2' else kind, 66, 26), 3, 3, 1, 2, 2, .5)
@@ -246,7 +246,7 @@ def ribbons():
 
 
 def rosette():
-    """Of a bar, on its ribbon."""
+    """The picture of a bar on its ribbon."""
     layer = empty(18, 18)
     lay(layer, metal_star(14, 8, .55), 2, 2, 1, 1, 1, .6)
     return layer

@@ -1,8 +1,8 @@
 """Float pictures: height x width x 3 or 4, values 0..1, straight alpha.
 
-All measures are pixels of the design. Within drawn_at(2) everything is drawn with two pixels of the
-picture to one of the design, from the same numbers: only shapes of arrays tell the difference, and
-size(), part() and px() deal with those.
+All measures are pixels of the design. Within drawn_at(2) everything is drawn with two picture
+pixels per design pixel, from the same numbers: only the shapes of arrays differ, and size(), part()
+and px() handle those.
 """
 import contextlib
 import math
@@ -13,19 +13,19 @@ from scipy import ndimage
 
 SHADOW = np.array([0.05, 0.03, 0.015], np.float32)
 
-DOUBLE = 2  # pixels of a picture NAME@2x to one of the design
+DOUBLE = 2  # pixels of a picture NAME@2x per design pixel
 
 _detail = 1
 
 
 def detail():
-    """Pixels of the pictures to one of the design, at present."""
+    """The current number of picture pixels per design pixel."""
     return _detail
 
 
 @contextlib.contextmanager
 def drawn_at(factor):
-    """What is drawn meanwhile has that many pixels to one of the design."""
+    """Whatever is drawn within it has that many pixels per design pixel."""
     global _detail
     before, _detail = _detail, factor
     try:
@@ -95,13 +95,13 @@ def full(w, h, value):
 
 
 def grid(w, h):
-    """x and y of the pixels' middles."""
+    """x and y of the pixels' centres."""
     y, x = np.mgrid[0:px(h), 0:px(w)].astype(np.float32)
     return (x + 0.5) / _detail, (y + 0.5) / _detail
 
 
 def smooth(t, a, b):
-    """0 up to a, 1 from b on, without a corner at either."""
+    """0 up to a, 1 from b on, smooth at both."""
     t = np.clip((t - a) / (b - a), 0, 1)
     return t * t * (3 - 2 * t)
 
@@ -148,7 +148,7 @@ def distance_inside(mask):
 
 
 def slopes(height):
-    """How a plane rises along x and y, a pixel of the design."""
+    """How a plane rises along x and y, per design pixel."""
     gy, gx = np.gradient(height)
     return gx * _detail, gy * _detail
 
@@ -217,7 +217,7 @@ def unpremultiplied(a):
 
 
 def reduced(a, factor):
-    """A layer drawn factor times larger, brought to its size."""
+    """A layer drawn factor times larger, scaled to its size."""
     h, w = a.shape[0] // factor, a.shape[1] // factor
     a = a.copy()
     a[..., :3] *= a[..., 3:4]

@@ -108,7 +108,7 @@ def wax_seal(radius, seed=3, color='#8E1B16'):
     d = np.hypot(x - size / 2, y - size / 2)
     rim = radius + 2.6 * np.sin(3 * angle + 1) + 2.0 * np.sin(7 * angle + seed)
     height = 5 * smooth(rim - d, 0, 9) - 3.2 * smooth(radius * .72 - d, -1, 3)
-    # Of the emblem only the ring with its strokes goes onto so small a seal.
+    # So small a seal has only the emblem's ring with its strokes.
     relief = emblem_layer(size, size, radius / 50, '#FFFFFF')[..., 3] * (d < .61 * radius)
     height = height + 3.0 * blur(relief, .7)
     light = shade(height)[..., None]
@@ -227,8 +227,8 @@ def watch(r, hour, minute):
 
 
 def sweep_hand(r, turn):
-    """The thin third hand of a watch of that radius at that part of its round, on nothing; 2 r square.
-    It is drawn above the watch's own hands."""
+    """The thin third hand of a watch of that radius at that fraction of its round, on a transparent
+    layer; 2 r square. It is drawn above the watch's own hands."""
     a = 2 * math.pi * turn
 
     def draw(c):

@@ -130,7 +130,7 @@ def framed_board(w, h, width):
 
 
 def lay_gilt_board(layer, w, h, width, x, y, draw):
-    """Lays a framed board on a layer, with what draw draws as gold leaf pressed into it."""
+    """Lays a framed board on a layer, with the output of draw as gold leaf pressed into it."""
     board = framed_board(w, h, width)
     gold = vector(w, h, draw)[..., 3]
     pressed(board, gold, .4)

@@ -15,7 +15,7 @@ from PIL import Image, ImageDraw
 from scipy.signal import butter, fftconvolve, sosfilt, stft
 
 RATE = 44100
-SILENCE = 10 ** (-54 / 20)  # of the peak: what is softer at either end is cut off
+SILENCE = 10 ** (-54 / 20)  # of the peak: anything softer at either end is cut off
 FADE_IN = 0.0015
 FADE_OUT = 0.12  # of the length
 
@@ -47,7 +47,7 @@ def burst(random, level, low, high, decay, attack=0.0008, seconds=None):
 
 
 def ring(random, modes, attack=0.0008):
-    """modes: (frequency, level, decay) each, begun at phases of chance."""
+    """modes: (frequency, level, decay) each, begun at random phases."""
     t = times(7 * max(decay for _, _, decay in modes))
     sound = sum(level * np.sin(2 * np.pi * frequency * t + random.uniform(0, 2 * np.pi)) * np.exp(-t / decay)
                 for frequency, level, decay in modes)
@@ -55,7 +55,7 @@ def ring(random, modes, attack=0.0008):
 
 
 def put(sound, piece, start):
-    """Adds a piece to a sound; what reaches beyond its end is lost."""
+    """Adds a piece to a sound; anything beyond its end is lost."""
     first = frames(start)
     length = max(0, min(len(piece), len(sound) - first))
     sound[first:first + length] += piece[:length]
@@ -187,7 +187,8 @@ def engine(random):
 
 
 def far_away(random, sound, seconds):
-    """Air swallows what is high, hangars and trees throw the rest back, wind carries it in waves."""
+    """Air absorbs the high frequencies, hangars and trees reflect the rest, wind carries it in
+    waves."""
     dry = band(sound, 80, 1000, 1)
     tail = times(0.7)
     echo = random.standard_normal(len(tail)) * np.exp(-tail / 0.12) * np.minimum(tail / 0.03, 1)
@@ -232,7 +233,7 @@ def write(sound, path):
 
 
 def envelope_picture(sound, width, height):
-    """What of the range each column's samples reach, half of full scale at the borders."""
+    """The range that each column's samples cover; half of full scale is at the borders."""
     picture = Image.new('L', (width, height), 255)
     draw = ImageDraw.Draw(picture)
     for x, part in enumerate(np.array_split(sound, width)):

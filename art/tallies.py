@@ -50,7 +50,7 @@ def balloon(c, x, y, s):
 
 
 def car(c, x, y, s):
-    """A lorry from the side, for all that is lost on the ground."""
+    """A lorry from the side, for everything that is lost on the ground."""
     c.save()
     c.translate(x, y)
     c.scale(s, s)

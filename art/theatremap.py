@@ -49,7 +49,8 @@ RIVERS = {
               (2.1, 48.98), (1.6, 49.08), (1.0, 49.35), (0.5, 49.45)],
     'Yser': [(2.45, 50.88), (2.80, 50.98), (2.75, 51.13)],
 }
-# The two maps of the simulator: upper left and lower right corner. Their ink is nobody's colour.
+# The two maps of the simulator: upper left and lower right corner. Their ink is neither side's
+# colour.
 REGIONS = [((1.42, 51.55), (3.95, 50.715)), ((1.42, 50.685), (6.70, 48.42))]
 REGION_INK = '#3A2E1E'
 LETTERING = [('THE CHANNEL', HEAD, 22, (4.08, 51.33), REGION_INK, 'left', 4),
@@ -59,7 +60,7 @@ LETTERING = [('THE CHANNEL', HEAD, 22, (4.08, 51.33), REGION_INK, 'left', 4),
 
 
 def place(w, h, longitude, latitude):
-    """Where a point of the earth lies on a sheet of w by h."""
+    """The position of a point of the earth on a sheet of w by h."""
     (west, east), (south, north) = LONGITUDES, LATITUDES
     return (MARGIN + (longitude - west) / (east - west) * (w - 2 * MARGIN),
             MARGIN + (north - latitude) / (north - south) * (h - 2 * MARGIN))

@@ -5,8 +5,8 @@ void registerCareerBenches();
 void registerFileBenches();
 void registerRecordBenches();
 
-/// Simulates a whole war and returns the most memory that the process has taken so far, in MB; 0
-/// where the system doesn't report it.
+/// Simulates a whole war and returns the process's peak memory so far, in MB; 0 where the system
+/// doesn't report it.
 double peakMemoryOfWar();
 
 /// Simulates a whole war and returns the size of its record, in MB.

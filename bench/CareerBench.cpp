@@ -33,7 +33,7 @@ void drawOnly(benchmark::State& state, uint64_t draws) {
     }
 }
 
-/// A career of March 1917, put back to where it stood before every period.
+/// A career of March 1917, restored before every period.
 struct PinnedPeriod {
     PinnedPeriod() {
         pinned.career->simulateToDate(1917, 3, 1);

@@ -150,7 +150,7 @@ void writeLog(const std::string& path, int32_t planes) {
     int32_t from = 20000;
     int32_t to = 20000 + planes / 2;
     for (int32_t i = 1 + 2 * planes; i < LogLines; ++i) {
-        if (i % 20 == 0) { // a burst later, somebody else fires
+        if (i % 20 == 0) { // after a burst somebody else fires
             from = 20000 + random.getInt(0, planes - 1);
             to = 20000 + random.getInt(0, planes - 1);
         }

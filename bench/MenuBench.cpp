@@ -27,7 +27,7 @@ constexpr int32_t Width = 1024;
 constexpr int32_t Height = 768;
 constexpr int32_t ElementCount = 30;
 
-/// Where an element is: five in a row.
+/// The position of an element: five in a row.
 zel::PixelRect placeOf(int32_t index) {
     return {20 + index % 5 * 200, 20 + index / 5 * 120, 180, 80};
 }
@@ -70,7 +70,7 @@ std::string paintedIndex() {
     return text;
 }
 
-/// A menu of as many buttons, none of which has a picture or a font.
+/// A menu of that many buttons, without pictures or fonts.
 std::string idleScript() {
     std::string layout = "init:\nlayout.definelayout idle\n";
     std::string enter = "setlayout idle\n\nonenter:\n";
@@ -163,7 +163,7 @@ void idleFrame(benchmark::State& state) {
     }
 }
 
-/// A list of as many rows, made one by one, and taken away.
+/// A list of that many rows, made one by one and removed.
 void makeRows(benchmark::State& state, int32_t count) {
     zel::LayoutHandler& layouts = zel::LayoutHandler::getInstance();
     layouts.defineLayout("rows");
@@ -213,7 +213,7 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("search of its 30 colours/bare", searchBare);
     benchmark::RegisterBenchmark("8000 list rows against 1000/ours", makeManyRows);
     benchmark::RegisterBenchmark("8000 list rows against 1000/bare", makeFewRows);
-    // 8 would be linear in all, the caches included; 64 is what must not come back.
+    // 8 would be linear, caches included; 64 would be quadratic.
     RatioReport::setLimit("8000 list rows against 1000", 20);
     RatioReport::setLimit("search of its 30 colours", 3);
     RatioReport::setLimit("drawn layout of 30 elements", 2);

@@ -18,7 +18,7 @@ Limits& timeLimits() {
     return values;
 }
 
-constexpr int MoreRounds = 2; // of as many turns, for a line above its limit
+constexpr int MoreRounds = 2; // further rounds of turns, for a line above its limit
 
 double least(const std::vector<double>& values) {
     return values.empty() ? 0 : *std::min_element(values.begin(), values.end());
@@ -92,7 +92,7 @@ const char* RatioReport::judge(double value, double limit) {
     return "  BROKEN";
 }
 
-/// As a pattern for the library, "^(A|B)/"; empty for none.
+/// The names as a pattern for the library, "^(A|B)/"; empty for none.
 std::string RatioReport::namesAboveLimits() const {
     std::string names;
     for (const auto& [name, pair] : pairs) {

@@ -19,12 +19,12 @@ public:
     /// failed or, with the argument "--enforce", if a limit was broken.
     [[nodiscard]] int run();
 
-    /// The ratio that a pair is held to.
+    /// Sets the limit of a pair's ratio.
     static void setLimit(const std::string& name, double ratio);
-    /// The time that "NAME/ours" is held to, in seconds for an iteration, alone or besides the
-    /// ratio.
+    /// Sets the limit of the time of "NAME/ours", in seconds per iteration, alone or in addition to
+    /// the ratio.
     static void setTimeLimit(const std::string& name, double seconds);
-    /// A line with a figure that was measured otherwise.
+    /// Adds a line with a figure that was measured elsewhere.
     void addFigure(const std::string& name, double value, const char* unit, double limit);
 
     bool ReportContext(const Context& context) override;

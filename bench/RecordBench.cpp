@@ -1,5 +1,5 @@
-// What the record of the war costs: a war and a save with it against the same without. And what the
-// pages of the book take that are read from it.
+// What the record of the war costs: a war and a save with it against the same without it. And how
+// long the pages of the book take that are read from it.
 
 #include <filesystem>
 #include <memory>
@@ -67,8 +67,8 @@ FlownMission flightWith(size_t events) {
     return flight;
 }
 
-/// With a flight and a save in each period, as players play, up to that many flights. Each of them
-/// brings the player a victory.
+/// Fights a war with a flight and a save in each period, as players do, up to that many flights.
+/// Each of them brings the player a victory.
 void fightWar(RecordedCareer& war, size_t eventsOfFlight, int32_t mostFlights = 1000) {
     Database& career = war.career();
     FlownMission flight = flightWith(eventsOfFlight);
@@ -182,7 +182,7 @@ size_t readBare(SqliteFile& tables, const Selections& selections) {
     return sum;
 }
 
-/// Those rows by their keys, so that nothing has to be searched.
+/// Reads those rows by their keys, so that nothing has to be searched.
 std::string byKeys(SqliteFile& tables, const std::string& table, const std::string& condition) {
     SqliteStatement keys(tables, "SELECT id FROM " + table + " WHERE " + condition);
     std::string list;
@@ -216,14 +216,14 @@ Selections valuesOfService(const ReadWar& war) {
             PostingColumns + byKeys(*war.tables, "posting", "pilot = " + own)};
 }
 
-/// He has no flights: he is none of the player's.
+/// He has no flights, since he isn't one of the player's pilots.
 Selections valuesOfPilot(const ReadWar& war) {
     const std::string ace = std::to_string(war.ace);
     return {VictoryColumns + byKeys(*war.tables, "victory", "victor = " + ace),
             PostingColumns + byKeys(*war.tables, "posting", "pilot = " + ace)};
 }
 
-/// The diary shows what the player was given, too, and the strip of the war all flights.
+/// The diary also shows what the player was given, and the strip of the war all flights.
 Selections valuesOfDiary(const ReadWar& war) {
     Selections all = valuesOfService(war);
     all.emplace_back("date FROM flight");

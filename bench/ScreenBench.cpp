@@ -44,7 +44,7 @@ struct Screen {
         data.pixels.assign(data.rowSize() * static_cast<size_t>(height), 200);
         static_cast<void>(bitmap.assign(std::move(data), "bench"));
     }
-    /// Buttons in the order of their names, which isn't that of their places.
+    /// Buttons in the order of their names, which isn't that of their positions.
     static zel::Rect buttonPlace(int32_t index) {
         const int32_t place = index * 7 % ButtonCount;
         return {static_cast<float>(place % 4 * 250), static_cast<float>(place / 4 * 100), 200, 60};
@@ -150,7 +150,7 @@ int main(int argc, char** argv) {
     }
     zel::Window::current()->setSimulatedResolution(1024, 768, true);
     // The OpenGL library may draw on threads of its own: their time counts as well. Real time would
-    // too, but on a shared machine that is mostly the time of others.
+    // include it too, but on a shared machine that is mostly the time of others.
     benchmark::RegisterBenchmark("screen of 3000 glyphs/ours", drawScreen)->MeasureProcessCPUTime();
     benchmark::RegisterBenchmark("screen of 3000 glyphs/bare", drawScreenBare)
         ->MeasureProcessCPUTime();

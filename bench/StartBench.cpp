@@ -62,7 +62,7 @@ void noteLine(const zel::String& line) {
         known.push_back(name);
 }
 
-/// Where the main menu finds nothing to complain of.
+/// A simulator's folder in which the main menu finds nothing wrong.
 void makeSimulator() {
     std::filesystem::create_directories(std::string(Simulator) + "/data");
     std::ofstream(std::string(Simulator) + "/data/startup.cfg") << "mission_text_log = 1\n";

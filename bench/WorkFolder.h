@@ -6,9 +6,9 @@
 
 #include "engine/core/System.h"
 
-/// A folder for what the benchmarks of this run write, and of no other that goes on beside it.
-/// Removed at the end. It is in memory where the system has such a file system with room for a war:
-/// the time that a disk's file system takes for the same work varies by half between two turns.
+/// A folder for what the benchmarks of this run write; no parallel run uses it. Removed at the end.
+/// It is in memory where the system has such a file system with room for a war: the time that a
+/// disk's file system takes for the same work varies by half between two turns.
 class WorkFolder {
 public:
     WorkFolder()

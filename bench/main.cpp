@@ -10,8 +10,8 @@ int main(int argc, char** argv) {
     RatioReport report;
     if (!report.takeArguments(argc, argv))
         return 1;
-    // First: what the benchmarks take themselves isn't the war's. Each takes a war, so a run of
-    // chosen benchmarks leaves them out.
+    // These come first, so that the memory of the benchmarks isn't counted as the war's. Each takes
+    // a war, so a run of selected benchmarks leaves them out.
     if (benchmark::GetBenchmarkFilter().empty()) {
         report.addFigure("Peak memory of a whole war", peakMemoryOfWar(), "MB", 64);
         report.addFigure("Record of a whole war", recordSizeOfWar(), "MB", 25);

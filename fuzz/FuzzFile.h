@@ -10,10 +10,10 @@
 #include "engine/core/Log.h"
 #include "engine/core/System.h"
 
-/// Called with every input; gives 0. It ends the process where the reader breaks its word.
+/// Called with every input; returns 0. It ends the process if the reader breaks its contract.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
-/// Ends the process: the reader gave what it must never give.
+/// Ends the process: the reader returned what it must never return.
 inline void require(bool holds, const char* what) {
     if (holds)
         return;
@@ -21,7 +21,7 @@ inline void require(bool holds, const char* what) {
     std::abort();
 }
 
-/// A folder of this process for readers that want a file, removed at the end.
+/// A folder of this process for readers that need a file, removed at the end.
 class FuzzFolder {
 public:
     FuzzFolder()

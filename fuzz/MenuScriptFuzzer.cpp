@@ -64,7 +64,7 @@ private:
     zel::String before;
 };
 
-/// Nothing of one input may reach the next.
+/// Nothing may carry over from one input to the next.
 void releaseAll() {
     zel::HandledMenu::releaseShared();
     zel::LayoutHandler::release();
@@ -94,7 +94,7 @@ void goTo(zel::HandledMenu& menu) {
         runFrame();
 }
 
-/// Sections by themselves, whatever event they belong to.
+/// Runs sections by themselves, whatever event they belong to.
 void runSections(zel::HandledMenu& menu) {
     zel::MenuConfigFile& script = menu.getScript();
     const auto lines = static_cast<int32_t>(script.getLines().size());

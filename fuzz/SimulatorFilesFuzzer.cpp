@@ -18,7 +18,7 @@ std::string quoted(std::string_view text) {
     return result + "\" ";
 }
 
-/// A text that has just these values.
+/// A text that has exactly these values.
 std::string writtenAgain(const std::vector<SteamValue>& values) {
     std::string text;
     for (const SteamValue& one : values) {

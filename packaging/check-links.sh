@@ -1,6 +1,6 @@
 #!/bin/sh
-# Fails if a link in Markdown documents leads nowhere: packaging/check-links.sh DOCUMENT.... It looks
-# at links to files beside them and to headings; those into the web it leaves alone.
+# Fails if a link in Markdown documents leads nowhere: packaging/check-links.sh DOCUMENT.... It
+# looks at links to files beside them and to headings; it ignores links to the web.
 set -eu
 
 # The anchors of a document's headings.
@@ -8,7 +8,7 @@ anchors() {
     sed -n 's/^##* //p' "$1" | tr '[:upper:]' '[:lower:]' | sed 's/[^a-z0-9 _-]//g; s/ /-/g'
 }
 
-# The targets of a document's links, which may be broken between two lines and have a title.
+# The targets of a document's links, which may be split between two lines and have a title.
 links() {
     tr '\n' ' ' <"$1" | grep -o '\](\([^()]*\))' | sed 's/^](//; s/)$//; s/^ *//; s/ .*//; s/^<//; s/>$//'
     sed -n 's/^\[[^]]*\]: *\([^ ]*\).*/\1/p' "$1"

@@ -8,7 +8,7 @@ fail() {
     exit 1
 }
 
-# need_packages PACKAGE...: installs the Debian packages that are missing, without a word if none is.
+# need_packages PACKAGE...: installs the Debian packages that are missing; silent if there are none.
 need_packages() {
     command -v dpkg-query >/dev/null 2>&1 || return 0 # another system: its owner knows better
     missing=
@@ -35,8 +35,8 @@ need_packages() {
         { tail -n 20 build/packages.log >&2; fail "apt-get could not install$missing"; }
 }
 
-# quietly LOG COMMAND...: the command's words go to the log; only if it fails are they shown. A
-# function ends at its first failure, which it would not do in front of "||".
+# quietly LOG COMMAND...: the command's output goes to the log, and is shown only if the command
+# fails. A function ends at its first failure, which it would not do in front of "||".
 quietly() {
     log=$1
     shift
@@ -51,25 +51,25 @@ quietly() {
     fi
 }
 
-# What building takes, and what testing takes besides.
+# What building needs, and what testing needs in addition.
 build_packages="g++ make cmake libsdl1.2-dev libgl-dev libstb-dev libcli11-dev libsqlite3-dev
     libxxhash-dev nlohmann-json3-dev libkainjow-mustache-dev"
 test_packages="clang libclang-rt-14-dev clang-format clang-tidy shellcheck git python3 libgtest-dev
     libbenchmark-dev xvfb xauth libgl1-mesa-dri tidy"
 
-# For Windows: the compiler with SDL's source, and what runs the programs here.
+# For Windows: the compiler, the tools for SDL's source, and what runs the programs here.
 windows_packages="g++-mingw-w64-x86-64-posix cmake make g++ dpkg-dev libstb-dev libcli11-dev tcl
     libxxhash-dev nlohmann-json3-dev libkainjow-mustache-dev"
 wine_packages="wine wine64 googletest libgl1 libgl1-mesa-dri xvfb xauth xdotool locales"
 
-# is_source_whole FOLDER TARBALL-SUM TARBALL PATCHES-SUM PATCHES: whether both are there, and as they
-# are known.
+# is_source_whole FOLDER TARBALL-SUM TARBALL PATCHES-SUM PATCHES: whether both are there and match their
+# checksums.
 is_source_whole() {
     (cd "$1" && printf '%s  %s\n' "$2" "$3" "$4" "$5" | sha256sum --check --status) 2>/dev/null
 }
 
 # fetch_source FOLDER PACKAGE: Debian's source package into FOLDER/source, from the mirror that the
-# machine uses, without a change of its configuration.
+# machine uses, without changing its configuration.
 fetch_source() {
     lists=$1/apt
     package=$2
@@ -90,7 +90,7 @@ fetch_source() {
 }
 
 # need_source NAME FOLDER PACKAGE TARBALL-SUM TARBALL PATCHES-SUM PATCHES: the source package is in
-# FOLDER/source afterwards, fetched if it isn't there already. Shown in words as NAME; uses $log.
+# FOLDER/source afterwards, fetched if it isn't there already. Messages call it NAME; uses $log.
 need_source() {
     name=$1
     folder=$2
@@ -104,8 +104,8 @@ need_source() {
         fail "the source of $name in $folder/source isn't the one this script was written for"
 }
 
-# is_made FOLDER RECIPE: whether FOLDER holds what was made of just that. Another source, other flags or
-# a moved tree mean another result.
+# is_made FOLDER RECIPE: whether FOLDER holds the result of exactly that recipe. Another source, other flags
+# or a moved tree mean another result.
 is_made() {
     [ -f "$1/recipe" ] && [ "$(cat "$1/recipe")" = "$2" ]
 }

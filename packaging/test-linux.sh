@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Linux packages into clean folders and runs their programs from there:
-# packaging/test-linux.sh PACKAGES RUN, with the folder of the packages and the staged run folder
-# of the build that they were made of.
+# packaging/test-linux.sh PACKAGES RUN, with the folder of the packages and the staged run folder of
+# the build that they were made from.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/common.sh
@@ -13,7 +13,7 @@ work=$packages/test-linux
 rm -rf "$work"
 mkdir -p "$work"
 
-# alone PREFIX COMMAND...: for a player who has nothing of ours but this package.
+# alone PREFIX COMMAND...: runs it for a player who has installed only this package.
 alone() {
     prefix=$1
     shift

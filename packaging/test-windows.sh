@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Windows packages and runs their programs from there: packaging/with-wine.sh
 # packaging/test-windows.sh PACKAGES RUN, with the folder of the packages and the staged run folder
-# of the build that they were made of.
+# of the build that they were made from.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/common.sh
@@ -20,7 +20,8 @@ careers=$user/AppData/Roaming/Wingtally
 shortcut="$user/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Wingtally.lnk"
 entry='HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Wingtally'
 
-# windows SECONDS PROGRAM...: nothing of it may hold our output open or wait for ours.
+# windows SECONDS PROGRAM...: runs it so that no process of it holds our output open or waits for
+# our input.
 windows() {
     seconds=$1
     shift
@@ -29,7 +30,7 @@ windows() {
 list() { (cd "$1" && find . -type f | LC_ALL=C sort); }
 same() { diff -r "$1" "$2" || fail "$3"; }
 
-# The staged data, the programs, SDL and the papers of all that is in them: nothing more or less.
+# The staged data, the programs, SDL and the licences of everything in them: nothing more or less.
 expected() {
     (cd "$run" && find . -type f ! -name .staged ! -path './Data/Custom/*')
     for program in wingtally wingtally-career wingtally-standin wingtally-datacheck wingtally-menucheck; do
@@ -80,7 +81,7 @@ check_programs() {
     cd "$OLDPWD"
 }
 
-# start_window FOLDER: as the shortcut does it, with the program's folder as working folder.
+# start_window FOLDER: starts it like the shortcut, with the program's folder as working folder.
 start_window() {
     printf 'rof.directory=%s\r\n' "$simulator" >"$1/wtysettings.ini"
     log=$careers/wingtally.log
@@ -124,7 +125,7 @@ check_installed() {
     strings -el "$shortcut" | grep -q 'Programs\\Wingtally$' || fail "the shortcut's working folder isn't the program's"
 }
 
-# gives_up PROGRAM...: it ends with the exit code for "I can't now".
+# gives_up PROGRAM...: checks that it ends with the exit code for "I can't now".
 gives_up() {
     code=0
     windows 120 "$@" >/dev/null 2>&1 || code=$?
@@ -159,7 +160,7 @@ check_again() {
     done
 }
 
-# only_own FOLDER: nothing is there but what check_again put there.
+# only_own FOLDER: checks that it holds only what check_again put there.
 only_own() {
     list "$1" >"$work/left"
     printf '%s\n' "./Data/Custom/Pilots/Erich Sommer.txt" ./wtysettings.ini | diff - "$work/left" ||

@@ -12,8 +12,8 @@ patches=libsdl1.2_1.2.15+dfsg2-8.debian.tar.xz
 tarball_sum=ec4d5ea4714b92f840aafcf8c759cf7914827f632e19f42b18ba6f6489f0f5e9
 patches_sum=f1e294c33ad395f3b0dc473ff33b84405ac7fc465e3c9d2a25fee576a96e9fc7
 # Without the redirection a program started from the desktop leaves stdout.txt beside itself, where
-# a player may not write. Joysticks and CD drives are left in: a library without them refuses to begin
-# when it is asked for everything. They take nothing but winmm, which sound needs anyway.
+# a player may not write. Joysticks and CD drives are left in: a library without them refuses to
+# start when everything is requested. They need nothing but winmm, which sound needs anyway.
 options="--build=x86_64-linux-gnu --host=x86_64-w64-mingw32 --disable-static
     --disable-stdio-redirect"
 flags=-O2

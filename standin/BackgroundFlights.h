@@ -9,11 +9,12 @@
 namespace standin {
 
 /// Flies the new missions of a simulator folder in a thread of its own, until it is destroyed. A
-/// mission that can't be flown is logged, and so is a system that has no thread left: then none is.
-/// While another one flies those of the same folder, in whatever program, this one waits.
+/// mission that can't be flown is logged. If the system has no thread left, that is logged and no
+/// mission is flown. While another object flies the missions of the same folder, in whatever
+/// program, this one waits.
 ///
-/// Destroying it waits for no more than what the thread computes at the moment: a pause is cut
-/// short, and leaves a truncated log as an interrupted flight does.
+/// Destroying it waits only for what the thread is computing: a pause is cut short, which leaves a
+/// truncated log, like any interrupted flight.
 class BackgroundFlights {
 public:
     /// The options' wait is replaced. A seed of 0 is drawn from the system, so that the career's
@@ -37,7 +38,7 @@ private:
     std::condition_variable ended;
     bool isEnding = false;
     MissionOutcome last;    // of the missions tried
-    int64_t lastChange = 0; // of its file, in units of the system
+    int64_t lastChange = 0; // of its file, in the system's units
     tools::Finding failure; // why none is flown
     std::thread thread;     // the last member: it uses the others
 };

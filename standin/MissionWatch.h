@@ -7,9 +7,8 @@
 
 namespace standin {
 
-/// Waits for missions: looks at data/Missions again and again for files that are new or
-/// have been written again. A file counts once it looks the same twice in a row, so that no
-/// half-written file is flown.
+/// Watches data/Missions for files that are new or have been written again. A file counts once it
+/// looks the same twice in a row, so that no half-written file is flown.
 ///
 /// Files older than the newest log count as already flown; logs dated in the future don't count.
 class MissionWatch {

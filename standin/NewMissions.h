@@ -14,8 +14,8 @@ struct MissionOutcome {
     FlightSummary summary;  // of the flight
 };
 
-/// Flies each new mission of a simulator folder (see MissionWatch), one after the other. Further
-/// flights count on from the seed of the options.
+/// Flies each new mission of a simulator folder (see MissionWatch), one after the other. The first
+/// flight has the seed of the options, each further one the next number.
 ///
 /// It returns once the options' wait is interrupted, or `after` returns false. REQUIRES: the
 /// options have a wait.

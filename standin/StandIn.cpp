@@ -37,7 +37,7 @@ bool writeFile(const zel::String& name, std::string_view content) {
     return !file.hasFailed();
 }
 
-/// As the simulator reads it: the last such line counts.
+/// Whether the text log is on. As in the simulator, the last such line counts.
 bool hasTextLog(const zel::String& startup) {
     zel::File file(startup, zel::FileRead);
     bool isOn = false;
@@ -151,7 +151,7 @@ FlightSummary summarise(const Mission& mission, const FlightCourse& flight) {
     return summary;
 }
 
-/// When the player's wound or death of the options is due; 0 if they request none.
+/// When the wound or death that the options request for the player is due; 0 if they request none.
 int32_t tickOfFate(const Mission& mission, const FlightCourse& flight, const FightOptions& fight) {
     const int32_t body = mission.human + static_cast<int32_t>(mission.planes.size());
     for (const Event& event : flight.events)

@@ -15,9 +15,10 @@ namespace standin {
 /// Waits that many seconds; false if it was interrupted.
 using Wait = std::function<bool(double seconds)>;
 
-/// How a flight goes and how its log is written. The default: to its end, at once.
+/// How a flight goes and how its log is written. By default it goes to its end, and the log is
+/// written at once.
 struct FlightOptions {
-    uint32_t seed = 0;     // of all draws; 0 draws one
+    uint32_t seed = 0;     // of all draws; 0 for a fresh one
     bool breakOff = false; // the player leaves early: the log stops without an end
     bool killPlayer = false;
     bool woundPlayer = false;       // and he lives; killPlayer overrides it

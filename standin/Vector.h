@@ -11,7 +11,7 @@ constexpr double Pi = 3.14159265358979323846;
 /// a fight amplifies the smallest difference.
 inline double rounded(double value) { return std::round(value * 1e6) * 1e-6; }
 
-/// A place on the map or a direction: x to the north, y up, z to the east, in metres.
+/// A position on the map or a direction: x to the north, y up, z to the east, in metres.
 struct Vector {
     double x = 0;
     double y = 0;
@@ -34,12 +34,12 @@ inline double distance(const Vector& a, const Vector& b) { return length(a - b);
 inline double groundDistance(const Vector& a, const Vector& b) {
     return length({a.x - b.x, 0, a.z - b.z});
 }
-/// To the north for a vector without a length.
+/// Points to the north for a vector without a length.
 inline Vector normalized(const Vector& a) {
     const double size = length(a);
     return size < 1e-9 ? Vector{1, 0, 0} : a * (1 / size);
 }
-/// Between two directions of length 1, in radians from 0 to Pi.
+/// The angle between two directions of length 1, in radians from 0 to Pi.
 inline double angleBetween(const Vector& a, const Vector& b) {
     return rounded(std::acos(std::clamp(dot(a, b), -1.0, 1.0)));
 }

@@ -83,7 +83,7 @@ protected:
     int32_t nextPositionTick = FirstPositionTick;
     double ground = 0;     // its height, everywhere
     double fightLimit = 0; // seconds until all planes go home
-    double meddleTime = 0; // when the wound or death of the options is due
+    double meddleTime = 0; // when the requested wound or death is due
     bool fightOver = false;
     bool humanLands = true; // otherwise his flight ends in the air
     double attackTime = 0;  // seconds until the order to attack

@@ -11,7 +11,7 @@ class Dogfight : private DogfightMoves {
 public:
     Dogfight(const Mission& mission, const FightOptions& options, zel::Random& random)
         : DogfightMoves(mission, options, random) {}
-    /// The whole flight, from the mission's start on. To be called once.
+    /// Flies the whole flight, from the mission's start on. Call it once.
     FlightCourse run();
 
 private:

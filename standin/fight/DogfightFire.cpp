@@ -173,7 +173,7 @@ void DogfightFire::ram(int32_t attacker, int32_t target) {
         damagePlane(attacker, target, random.getInt(60, 500));
 }
 
-/// Places an enemy gun somewhere below the human's way home.
+/// Places an enemy gun somewhere below the human's route home.
 void DogfightFire::placeGun() {
     const Fighter& fighter = fighters[human()];
     const Vector way = fighter.home - fighter.position;
@@ -212,7 +212,7 @@ int32_t DogfightFire::nearestEnemy(int32_t index) const {
     return nearest;
 }
 
-/// Applies the wound or death of the options if it hasn't happened yet.
+/// Applies the requested wound or death if it hasn't happened yet.
 void DogfightFire::meddle() {
     const Fighter& fighter = fighters[human()];
     if ((!options.killHuman && !options.woundHuman) || !isFlying(fighter) ||

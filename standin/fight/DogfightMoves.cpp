@@ -164,8 +164,8 @@ void DogfightMoves::keepClear(int32_t index) {
     fighter.wanted = normalized(fighter.wanted);
 }
 
-/// Turns the nose as far as plane and pilot can in a step. Returns the share used, 0 to 1: the
-/// load.
+/// Turns the nose as far as plane and pilot can in a step. Returns the load: the share used of the
+/// tightest turn, 0 to 1.
 double DogfightMoves::turnNose(int32_t index) {
     Fighter& fighter = fighters[index];
     const double slow = topSpeed(index) * 0.2 + 15;

@@ -7,7 +7,7 @@ namespace standin {
 ObjectIds::ObjectIds(int32_t planes, int32_t guns, zel::Random& random) : random(random) {
     for (int32_t plane = 0; plane < planes; ++plane)
         ids.push_back(drawFree());
-    // A body mostly has its plane's number and 1024, but not always: a reader must not rely on it.
+    // A body's id is usually its plane's plus 1024, but not always: a reader must not rely on it.
     for (int32_t plane = 0; plane < planes; ++plane) {
         const int32_t usual = ids[plane] + 1024;
         const bool isFree = std::find(ids.begin(), ids.end(), usual) == ids.end();

@@ -10,7 +10,7 @@ namespace standin {
 /// The ids of a log's objects: planes, then their pilots' bodies, then the guns on the ground.
 class ObjectIds {
 public:
-    /// Draws them all.
+    /// Draws all ids.
     ObjectIds(int32_t planes, int32_t guns, zel::Random& random);
 
     /// The id of an object, by its number: planes, bodies, guns.

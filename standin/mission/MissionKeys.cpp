@@ -107,7 +107,7 @@ template <size_t Size> bool holds(const std::string_view (&list)[Size], std::str
     return std::find(std::begin(list), std::end(list), name) != std::end(list);
 }
 
-/// Describes a valid value of the form, for messages; empty if this value is valid.
+/// Describes the valid values of a form, for messages; empty if this value is valid.
 std::string missing(Form form, std::string_view value) {
     int32_t whole = 0;
     double number = 0;

@@ -106,7 +106,7 @@ bool Resolver::checkList(const Node& node, const std::vector<int32_t>& list, int
                                     number(index) + " itself and not its entity");
         if (objects && !named->isEntity())
             return refuse(line, "Objects of " + node.block + " names the " + named->block + " " +
-                                    number(index) + ", which is no entity");
+                                    number(index) + ", which is not an entity");
     }
     return true;
 }
@@ -184,7 +184,7 @@ bool Resolver::commandPlanes() {
             if (plane < 0)
                 return refuse(mission.areas[i].line, "Objects of the attack area names " +
                                                          number(entity) +
-                                                         ", which is no plane's entity");
+                                                         ", which is not a plane's entity");
             for (Plane& follower : mission.planes)
                 if (follower.leader == plane && follower.area < 0)
                     follower.area = static_cast<int32_t>(i);

@@ -13,7 +13,7 @@ namespace standin {
 
 namespace {
 
-constexpr size_t MostPlanes = 64;   // a fight takes time by the square of their number
+constexpr size_t MostPlanes = 64;   // a fight's time grows with the square of their number
 constexpr double OneSpot = 5;       // metres: wings are wider
 constexpr double MapEdge = 1000000; // metres; the simulator's largest map is less than half as wide
 

@@ -28,7 +28,7 @@ std::vector<int32_t> listOf(const MissionBlock& block, std::string_view key);
 Vector positionOf(const MissionBlock& block);
 /// Lowered, with "/" between folders.
 std::string plainPath(std::string_view path);
-/// The line of the key; of the block, if it has none.
+/// The line of the key; that of the block if it lacks the key.
 int32_t lineOf(const MissionBlock& block, std::string_view key);
 
 } // namespace standin

@@ -26,7 +26,7 @@ bool checkLandscape(const MissionBlock& block, tools::Finding& finding) {
     const std::string season = textOf(block, "SeasonPrefix");
     return std::find(std::begin(Seasons), std::end(Seasons), season) != std::end(Seasons) ||
            refuse(finding, lineOf(block, "SeasonPrefix"),
-                  "SeasonPrefix \"" + season + "\" is no season");
+                  "SeasonPrefix \"" + season + "\" is not a season");
 }
 
 /// Rows height : direction : speed, rising.

@@ -68,7 +68,7 @@ bool readPlane(const MissionBlock& block, Mission& mission, tools::Finding& find
     if (plane.fuel < 0 || plane.fuel > 1)
         return refuse(finding, at("Fuel"), "Fuel is outside 0 to 1");
     if (std::abs(plane.heading) > 360)
-        return refuse(finding, at("YOri"), "YOri is no heading");
+        return refuse(finding, at("YOri"), "YOri is not a heading");
     if (plane.inAir && plane.position.y < LowestStart)
         return refuse(finding, at("YPos"),
                       "a plane that starts in the air below " +

@@ -89,7 +89,7 @@ struct Figures {
     int32_t refused = 0;
     int32_t reported = 0;
     int32_t harmless = 0; // everything is as it was
-    int32_t silent = 0;   // something is not, and nobody was told
+    int32_t silent = 0;   // something is not, and nothing was reported
 
     void print(const char* what) const {
         std::printf("%s: %d refused, %d reported, %d harmless, %d changed in silence\n", what,

@@ -1,5 +1,5 @@
-// Runs a program on a disk that stops, fails or takes notes: counts the program's calls that change
-// files below a folder, kills the program at the n-th of them, lets the n-th fail, or writes down
+// Runs a program on a disk that stops, fails or keeps a list: counts the program's calls that
+// change files below a folder, kills the program at the n-th of them, lets the n-th fail, or lists
 // all of them with their data, so that a power cut can be simulated from the list.
 //
 // The calls are seen where they enter the kernel (ptrace, with a filter that stops at no others),

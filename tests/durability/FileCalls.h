@@ -34,8 +34,8 @@ struct FileOperation {
     uint64_t flags = 0;  // of an open
 };
 
-/// What the process is about to do. False for a call that doesn't count: one that only reads, or
-/// that doesn't if `countsReads`, and one of files outside the folder `root`. The data of writes
-/// are copied if `copiesData`.
+/// What the process is about to do. False for a call that doesn't count: one that only reads (with
+/// `countsReads`, one that changes something), and one on files outside the folder `root`. The data
+/// of writes are copied if `copiesData`.
 bool describeCall(const StoppedProcess& stopped, const std::string& root, bool countsReads,
                   bool copiesData, FileOperation& operation);

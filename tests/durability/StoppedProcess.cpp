@@ -29,7 +29,7 @@ std::string StoppedProcess::memory(uint64_t place, size_t size) const {
 }
 
 std::string StoppedProcess::text(uint64_t place) const {
-    constexpr size_t PieceSize = 256; // which no page of memory cuts
+    constexpr size_t PieceSize = 256; // which crosses no page boundary
     std::string text;
     while (text.size() < PATH_MAX) {
         const uint64_t next = place + text.size();

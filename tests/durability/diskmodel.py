@@ -131,7 +131,7 @@ class Disk:
         self.pending = left
 
     def after_cut(self, seed):
-        """Yields what may be there, as {path: bytes, or None for a folder}."""
+        """Yields the possible contents, as {path: bytes, or None for a folder}."""
         chance = random.Random(seed)
         rules = [lambda: False, lambda: True, lambda: chance.random() < 0.5]
         for kept in range(len(self.pending) + 1):

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Proves that nothing is lost: careers are led by wingtally-career, which is killed at each operation
-that changes the disk, has each operation fail in turn, or loses power after it; and then everything
-must still be there. docs/testing.md says how to run it.
+"""Proves that nothing is lost: plays careers with wingtally-career, which is killed at each
+operation that changes the disk, has each operation fail in turn, or loses power after it. Then
+everything must still be there. docs/testing.md says how to run it.
 
 Usage: durability.py [--every K] [--only NAME] [--jobs N] [--keep DIR] [--lenient] BUILD TEST...
 BUILD is a build folder. TEST is kills, faults, reads, nolinks, cuts, strikes, damages=N, cycles=N or war. --every K
@@ -104,8 +104,8 @@ class Program:
                               stdin=subprocess.DEVNULL, check=False, encoding="utf-8", errors="replace")
 
     def strike(self, folder, words, options, last):
-        """Makes a call and kills it when its folder has changed `last` times, as far as can be seen from outside; never
-        if `last` is 0. Gives the changes seen and the exit status."""
+        """Makes a call and kills it when its folder has changed `last` times, as seen from outside;
+        never if `last` is 0. Returns the changes seen and the exit status."""
         process = subprocess.Popen(self.words_of(folder, words, options), cwd=self.run_folder, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         before, changes = look_of(folder), 0
@@ -178,10 +178,10 @@ def saves_in(folder):
 
 
 class Checker:
-    """Runs a scenario without a disturbance, and compares what is left after one with that."""
+    """Runs a scenario undisturbed, and compares what a disturbed run leaves with that."""
 
     def __init__(self, program, scenario, work, disk=()):
-        """disk: what it is like in all disturbed calls."""
+        """disk: the kind of disk in all disturbed calls."""
         self.program, self.scenario, self.work, self.disk = program, scenario, work, list(disk)
         self.template = os.path.join(work, "template")
         program.make(self.template)
@@ -205,7 +205,7 @@ class Checker:
         shutil.rmtree(whole)
 
     def middle_states(self):
-        """What the saves of a call with several of them are."""
+        """The saves of a call that makes several."""
         words = self.words.split()
         found = set()
         for end in [i + 1 for i, word in enumerate(words) if word == "save"][:-1]:
@@ -267,14 +267,15 @@ class Checker:
         return faults
 
     def faults_of_orders(self, folder, status, said):
-        """Orders that are out can be reported. Those that nobody has called short-lived are out."""
+        """Orders that are out can be reported. All orders are out, unless they are marked as
+        short-lived."""
         if "Orders: those of" not in status:
             return ["the orders are gone"] if said is not None and "These orders are not kept" not in said else []
         calls = [(words, self.program.call(folder, words)) for words in self.scenario.after]
         return [f"orders are out, but {words} fails: {done.stderr.strip()}" for words, done in calls if done.returncode != 0]
 
     def second_try(self, folder):
-        """The disturbed call works when it is made again."""
+        """Checks that the disturbed call works when it is made again."""
         again = self.call(folder)
         return [] if again.returncode == 0 else ["a second try fails: " + again.stderr.strip()]
 
@@ -356,7 +357,7 @@ def test_strikes(args, checker):
 
 
 def is_optional(operation, done):
-    """Whether a call may go on after that failure without a word: it has another way, or is only less tidy."""
+    """Whether a call may silently go on after that failure: it has a fallback, or is only less tidy."""
     if done.returncode != 0:
         return False
     # The draft of a copy (of the save before, or of a page) on a disk without second names: the save itself is renamed then.
@@ -391,7 +392,7 @@ def test_faults(args, checker, errors=ERRORS, reads=False):
         is_new_folder = operation.name == "sync" and before.name == "mkdir"  # what comes into it is synced with its name
         if done.returncode == 0 and error != "EINTR" and not is_new_folder and not is_optional(operation, done):
             after = content_of(folder + "/user/" + SAVE)
-            # The notes of saves that the record lacks are as good as it is.
+            # The notes of saves that the record lacks count as much as the record.
             record = re.search(r"record(-new)?\.db|\.wty\.sum", operation.path + before.path) or reads
             if not record:
                 faults.append("it failed, and the exit status is 0")
@@ -569,7 +570,7 @@ def main():
     reader.add_argument("--only", default="")
     reader.add_argument("--jobs", type=int, default=2)
     reader.add_argument("--keep", default=None, help="where the folders are made")
-    reader.add_argument("--lenient", action="store_true", help="damage that isn't reported is no fault")
+    reader.add_argument("--lenient", action="store_true", help="unreported damage isn't a fault")
     reader.add_argument("build")
     reader.add_argument("tests", nargs="+")
     args = reader.parse_args()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A new career over the small world of the tests: the save file, and how it came about.
+"""A new career in the small world of the tests: the save file, and how it came about.
 
 career.py FILE SERVICE writes the save file; FILE.txt gets the rounds of the player's choice, his
 pilot, and the values drawn from the career's and the aircraft's generator.
@@ -16,7 +16,7 @@ NAMES = {  # first names, last names
     103: ("Bill Joe Sam".split(), "Young Hill".split()),
     501: ("Hans Otto Fritz".split(), "Braun Klein".split()),
 }
-SQUADRON_FILES = [  # delivered ones by name, then the player's own; lines in the order of reading
+SQUADRON_FILES = [  # delivered ones by name, then the player's own; lines in reading order
     ("101003", ["date=19151101 until=19160501 action=skin aircraft=nieuport11 skin=stork",
                 "date=19160301 aircraft=nieuport17"]),
     ("102024", ["date=19160207 aircraft=dh2 skin=plain"]),

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The plans of 240 missions of a new career: plans.py FILE SERVICE.
 
-Each is of the 20th of a month. A line per plan: each plane as pilot and type, then the next value
+Each is for the 20th of a month. A line per plan: each plane as pilot and type, then the next value
 of the generator.
 """
 import sys
@@ -103,7 +103,7 @@ class Planning:
 
 def main():
     database, shared = Random(1), Random(2)
-    generator = Random(Random(1).next())  # seeded by the first draw of the career's
+    generator = Random(Random(1).next())  # seeded by the first draw of the career's generator
     database.integer(0, 0x7FFF5037)  # the career's number
     planning = Planning(Career(int(sys.argv[2]), database, shared, generator), generator)
     lines = []

@@ -14,7 +14,7 @@ class Database;
 /// Returns at most the first ten faults, one per line; empty if there are none.
 std::string careerFaults(const Database& career);
 
-/// The same for a career as the program itself makes it, or as it was loaded, whatever the file
-/// held: texts have no control characters either, nations are of the war or of a squadron file, and
-/// flags and figures are within what a war brings.
+/// The same for a career that the program itself made, or that was loaded, whatever the file held:
+/// texts have no control characters either, nations are of the war or of a squadron file, and flags
+/// and figures are within what a war brings.
 std::string loadedCareerFaults(const Database& career);

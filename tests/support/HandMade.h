@@ -45,8 +45,8 @@ inline int32_t squadronOf(Database& career, int32_t nation, const std::vector<in
     return squadron;
 }
 
-/// A squadron file of that key and lines for the squadron of the same index. REQUIRES: there are as
-/// many files as squadrons in front of it.
+/// A squadron file of that key and lines for the squadron of the same index. REQUIRES: every
+/// squadron before that one has a file.
 inline void addFile(Database& career, std::string_view key, const std::vector<const char*>& lines) {
     SquadronFile file = blank<SquadronFile>();
     zel::copyText(file.key, key);
@@ -69,7 +69,7 @@ inline void setDate(Database& career, int32_t year, int32_t month, int32_t day) 
     career.day = day;
 }
 
-/// A plane of a plan that no pilot of a career has to stand behind.
+/// A plane of a plan, without a pilot of the career.
 inline PlannedPlane plannedPlane(int32_t pilot, std::string_view name, int32_t nation,
                                  const Figures& figures = {}) {
     PlannedPlane plane;

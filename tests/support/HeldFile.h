@@ -9,8 +9,8 @@
 #endif
 #include <string>
 
-/// Holds a file, or on Windows a folder, for as long as it lives, so that nobody opens it: what
-/// virus scanners and other programs do for moments. It can be asked for and measured meanwhile.
+/// Holds a file, or on Windows a folder, for as long as it lives, so that nobody can open it, as
+/// virus scanners and other programs do for moments. Its status can be queried meanwhile.
 class HeldFile {
 public:
     explicit HeldFile(const std::string& path) {
@@ -18,7 +18,7 @@ public:
         handle = CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                              FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 #else
-        // A lease refuses an opening that doesn't wait, as permissions wouldn't refuse it to root.
+        // A lease refuses non-blocking opens; permissions wouldn't refuse them to root.
         std::signal(SIGIO, SIG_IGN); // the notice of such an opening
         file = open(path.c_str(), O_RDWR | O_CLOEXEC);
         isLeased = file >= 0 && fcntl(file, F_SETLEASE, F_WRLCK) == 0;

@@ -21,7 +21,7 @@ int exitStatus(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : -1
 
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
-/// With line ends of one byte on every system.
+/// The text of a file, with line ends of one byte on every system.
 std::string wordsIn(const TemporaryFolder& folder, const char* name) {
     std::string text = folder.read(name);
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());

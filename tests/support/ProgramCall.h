@@ -2,10 +2,10 @@
 
 #include <string>
 
-/// A call of a built program by the system's shell, which has ended when this is there.
+/// A call of a built program by the system's shell. The constructor waits for its end.
 struct ProgramCall {
     /// `arguments` as the shell reads them; `from` is the folder in which it starts, `wrapper` a
-    /// program with arguments in front of it.
+    /// program with arguments that starts it.
     ProgramCall(const std::string& program, const std::string& arguments,
                 const std::string& from = ".", const std::string& wrapper = "");
 

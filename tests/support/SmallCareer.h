@@ -26,7 +26,7 @@ public:
     /// Four squadrons (101003, 102024, 103094, 501002, the American one of the player's own) and
     /// two pilots (Karl Falke and Lucien Cigale).
     void addHistory();
-    /// Pins what a career draws from by itself and its number. REQUIRES: it holds no career yet.
+    /// Pins the career's own generator and its number. REQUIRES: it holds no career yet.
     void pin(Database& career) const;
     /// The bytes of the save file in the user's folder.
     std::string savedBytes() const;

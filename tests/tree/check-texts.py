@@ -17,11 +17,11 @@ import re
 import sys
 from pathlib import Path
 
-# Whose literals are texts, if they hold a letter at all.
+# Calls whose literals are texts, if they hold a letter at all.
 TEXT_SOURCES = ["app/career/CareerTexts.cpp", "app/career/Problem.cpp", "app/career/UnitNames.cpp",
                 "app/report/Outcome.cpp", "app/report/ReportText.cpp", "app/war/InvitationLetter.cpp"]
-# Whose literals no screen shows: names by which something is found, lines of a mission or a table, SQL, and
-# what the log and the command line say in English.
+# Calls whose literals no screen shows: names by which something is found, lines of a mission or a table, SQL,
+# and what the log and the command line say in English.
 PLAIN_SOURCES = [
     "app/aircraft/AircraftTable.h", "app/book/Theatre.cpp", "app/career/Bases.cpp",
     "app/career/Calendar.cpp", "app/career/CareerLock.cpp", "app/career/CareerRepair.cpp",
@@ -133,7 +133,7 @@ def check_wordings(root, sources):
 def check_source(path, text):
     for call in re.finditer(r"\bset(?:Widget|TextArea)?Text\s*\(", text):
         for place, argument in list(arguments(text, call.end() - 1))[1:]:
-            # What only names an element or a variable is the argument of another call.
+            # A literal that only names an element or a variable is the argument of another call.
             flat = re.sub(r"\b(?!String\b)\w+\s*\((?:[^()]|\([^()]*\))*\)",
                           lambda m: re.sub(r"[^\n]", " ", m[0]), argument)
             for literal in re.finditer(LITERAL, flat):

@@ -130,7 +130,8 @@ def targets():
 
 def clashes(paths):
     """Yields source, line and message for each name that an earlier source of the target defines, and for
-    each type whose name an earlier one of the product has. The same alias twice in a target is no clash."""
+    each type whose name an earlier one of the product has. The same alias twice in a target isn't a
+    clash."""
     for sources in targets():
         known = {}
         for source in filter(os.path.exists, sources):

@@ -6,7 +6,7 @@ DEFINITION = re.compile(r"(?:struct|class|enum|enum class)(?: alignas\(\w+\))? (
                         r"(?!return |using |namespace )\w[\w:<>&*, ]*[ &*]"
                         r"(?:(?P<constant>[\w]+)(?:\[\w*\])*(?:;| =|\{)|(?P<function>\w+\(.*[{,]$))")
 
-# Likewise at any depth. An alias for a type of the same name adds none.
+# Types at any depth. An alias for a type of the same name adds none.
 TYPE = re.compile(r"\s*(?:template <.*> )?(?:"
                   r"(?:struct|class|enum|enum class|union)(?: alignas\(\w+\))? (?:\w+::)*(?P<type>\w+)(?: final)?(?: : [^;]*)?(?: \{|$)|"
                   r"using (?P<alias>\w+) = (?!.*\b(?P=alias);))")

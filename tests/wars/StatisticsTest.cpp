@@ -73,7 +73,8 @@ struct GeneratedWorld {
     TemporaryFolder folder;
 };
 
-// A third of the squadrons is German, so each of them meets the Allies twice as often as these.
+// A third of the squadrons are German, so each of them meets the Allies twice as often as an Allied
+// one meets Germans.
 TEST(WarStatistics, AreThoseOfTheRules) {
     const GeneratedWorld world;
     const double best = checkSevenWars();

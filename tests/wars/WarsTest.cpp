@@ -19,7 +19,7 @@ struct War {
         tools::Finding finding;
         EXPECT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
     }
-    /// A flight and the period after it. Invitations are accepted and refused by turns.
+    /// A flight and the period after it. Invitations are accepted and refused in turn.
     bool goOn(int32_t period) {
         if (invitationDue(career) &&
             !(period % 3 == 0 ? session.refuseInvitation() : session.acceptInvitation()))
@@ -32,7 +32,7 @@ struct War {
     Database& career = *Database::instance();
 };
 
-/// What never goes back from one period to the next.
+/// Figures that never fall from one period to the next.
 struct Mark {
     explicit Mark(const Database& career)
         : date(career.calendar().dateNumber()), pilots(career.pilots.size()) {
@@ -120,7 +120,7 @@ TEST(Wars, AreFoughtToTheirEndByTheGermans) {
     fightTheWar(303, {ServiceGerman, 1917, 1, "Emil Kurz", "501011"});
 }
 
-// The record changes nothing, and knows all that the save has the sum of.
+// The record changes nothing, and its rows add up to the save's totals.
 TEST(Wars, AreRecordedToTheLastVictory) {
     std::string saves[2];
     for (const bool recorded : {false, true}) {

@@ -34,7 +34,7 @@ fail() {
     exit 1
 }
 
-# says WORDS: waits until the log has them in a line after those that were seen before.
+# says WORDS: waits until the log has them in a line after those seen before.
 seen=0
 says() {
     for _ in $(seq 600); do
@@ -102,7 +102,7 @@ start() {
     enters "$2"
     window=$(timeout 5 xdotool search --name '^Wingtally$' | head -n 1)
     timeout 5 xdotool windowfocus "$window"
-    point 5 5 # on no plate; without the pointer the program looks for no report
+    point 5 5 # not on a plate; without the pointer the program doesn't look for a report
     sleep 1   # until Wine has noticed
 }
 

@@ -1,7 +1,7 @@
 #!/bin/sh
-# The Linux and the Windows program make the same files, byte for byte, of the same seed: a career of
-# each service with the same flights, and a whole war. tests/windows/same-career.sh LINUX-BUILD
-# WINDOWS-BUILD, to be run with packaging/with-wine.sh.
+# The Linux and the Windows program make the same files, byte for byte, from the same seed: a career of each
+# service with the same flights, and a whole war. tests/windows/same-career.sh LINUX-BUILD WINDOWS-BUILD, to
+# be run with packaging/with-wine.sh.
 set -eu
 linux=$1
 windows=$2
@@ -21,8 +21,8 @@ career() {
     # The saved file's path is named in each system's way.
     tr -d '\r' <"$folder/said" | grep -v '^Saved ' >"$folder/said-alike"
     rm "$folder/said"
-    # Of a record the rows count: what SQLite leaves free in a page is whatever was there. Each has its own
-    # folder of the simulator.
+    # Records are compared by their rows: the free space in a SQLite page holds whatever was there. Each has
+    # its own folder of the simulator.
     python3 -c 'import sqlite3, sys
 record = sqlite3.connect(sys.argv[1])
 record.execute("UPDATE orders SET folder = NULL")

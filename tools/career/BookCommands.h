@@ -12,7 +12,7 @@ class SqliteFile;
 // What the commands of the book of the war print, in the current language. A record that can't be
 // read leaves its file failed.
 
-/// All flights of the player and his predecessors, and their sums.
+/// All flights of the player and his predecessors, and their totals.
 std::vector<zel::String> logBookPage(SqliteFile& record, const Database& career,
                                      const BookTables& tables);
 /// The squadron, the front and the real war since the last flight.

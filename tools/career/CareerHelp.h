@@ -53,4 +53,4 @@ Commands:
   doctor                  checks all that a career needs, from the simulator to the
                           pictures, and says what to do; --fix does part of it)";
 inline constexpr const char* CareerEnding =
-    "Exit status: 0 all commands did their work, 1 one of them failed, 2 a wrong call.";
+    "Exit status: 0 all commands did their work, 1 one of them failed, 2 invalid arguments.";

@@ -10,7 +10,7 @@
 class BookTables;
 class Database;
 
-/// What the commands on a career's beginning ask for.
+/// What the commands that begin a career ask for.
 struct CareerStart {
     int32_t service = 0;                                // a Service
     int32_t year = 0;                                   // 1915 to 1918
@@ -21,8 +21,8 @@ struct CareerStart {
 
 /// What is wrong with a name, in English; empty for a name that is right.
 zel::String nameProblem(const NameCheck& check);
-/// Creates the career of that start, and returns in `enlistment` how to begin its service. Empty if
-/// it worked; on error the reason, in English, and a career that must not be used.
+/// Creates that career, and returns in `enlistment` how to begin its service. Empty if it worked;
+/// on error the reason, in English, and a career that must not be used.
 zel::String createCareer(Database& career, const BookTables& tables, const CareerStart& start,
                          Enlistment& enlistment);
 /// A line for each squadron that can be chosen: its key, name, type and known pilot. Reads the data

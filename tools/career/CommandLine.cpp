@@ -16,7 +16,7 @@ constexpr int32_t LongestWait = 86400; // seconds
 std::string takeName(const std::string& given, CareerCall& call) {
     const zel::String name = typedName(given).trim(' ');
     const std::string_view text = name.view();
-    // In place of what Windows-1252 lacks there is a "?" now.
+    // Each character that Windows-1252 lacks is a "?" by now.
     const bool isWhole =
         std::count(text.begin(), text.end(), '?') == std::count(given.begin(), given.end(), '?');
     call.name = name;

@@ -28,7 +28,7 @@ struct ServiceName {
 constexpr ServiceName Services[] = {
     {"french", ServiceFrench}, {"english", ServiceEnglish}, {"german", ServiceGerman}};
 
-/// "1915 12" of 191512, as it is typed.
+/// "1915 12" for 191512, as it is typed.
 std::string inWords(int32_t month) {
     return std::to_string(month / 100) + " " + std::to_string(month % 100);
 }
@@ -216,7 +216,7 @@ std::string CommandReader::readPilot(std::string_view /*command*/) {
 std::string CommandReader::readFile(std::string_view command) {
     if (atEnd() || isCommand(peek()))
         return std::string(command) + " wants the name of a file";
-    // Before the program changes its working directory.
+    // Done before the program changes its working directory.
     const zel::String file = zel::system::absolutePath(words[next++]);
     const bool isPage = command == "book";
     add([=](Session& session) {

@@ -49,7 +49,7 @@ private:
     std::string readDoctor(std::string_view command);
     std::string readCareer(std::string_view command);
     std::string readPage(std::string_view command);
-    // Without words of their own.
+    // Adds a command that takes no words.
     template <bool (Session::*Run)()> std::string addPlain(std::string_view command);
     template <bool (ShelfCommands::*Run)()> std::string addOnShelf(std::string_view command);
     template <auto LinesOf> std::string addFromBook(std::string_view command);

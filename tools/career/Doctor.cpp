@@ -35,7 +35,8 @@ zel::String printedFault(zel::FileFault fault) {
     return zel::system::printedText(faultSentence(fault));
 }
 
-/// Why no file can be made in a folder, or in the first folder above it that exists.
+/// Why no file can be created in a folder or, if it doesn't exist, in the first existing folder
+/// above it.
 zel::FileFault folderFault(zel::String folder) {
     while (!folder.empty() && !zel::system::isDirectory(folder)) {
         const std::string_view path = folder;
@@ -48,14 +49,15 @@ zel::FileFault folderFault(zel::String folder) {
 
 using zel::system::printedName;
 
-/// Without the separator at its end.
+/// The folder without the separator at its end.
 zel::String printedFolder(const zel::String& folder) {
     return printedName(zel::withoutSeparator(folder));
 }
 
 zel::String saveFile() { return zel::getUserDirectory() + SaveFileName; }
 
-/// Whether the save is as it was written, from its record or the notes beside it. Nothing is moved.
+/// Whether the save is as it was written, according to its record or the notes beside it. Nothing
+/// is moved.
 SaveMatch matchOf(const std::string& content) {
     Database career;
     career.isReadOnly = true;

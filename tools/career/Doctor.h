@@ -27,17 +27,17 @@ enum class DoctorCheck {
 };
 constexpr int32_t DoctorCheckCount = static_cast<int32_t>(DoctorCheck::OpenGl) + 1;
 
-/// Checks all that a career needs, and says about each fault what to do. The working directory is
-/// that of the program's files. Nothing is changed unless it is to fix: then the simulator that is
-/// found is set as its folder, and its text log is switched on.
+/// Checks everything that a career needs, and says what to do about each fault. The working
+/// directory is that of the program's files. Changes nothing unless it was asked to fix: then it
+/// sets the simulator's folder to the one that it finds, and switches the text log on.
 class Doctor {
 public:
     /// roots: where it searches for the simulator.
     Doctor(bool fixes, bool isQuiet, SearchRoots roots = SearchRoots::ofSystem())
         : roots(std::move(roots)), fixes(fixes), isQuiet(isQuiet) {}
 
-    /// Runs all checks and prints a line or a few for each. Returns, for the program's error line,
-    /// how many found something wrong; empty if all is well.
+    /// Runs all checks and prints a line or a few for each. Returns how many found something wrong,
+    /// for the program's error line; empty if all is well.
     zel::String examine();
 
 private:
@@ -54,7 +54,7 @@ private:
     void chooseSimulator();
     void switchLogOn();
 
-    // `files` are names in the system's encoding, for the marks of a text in turn.
+    // `files`: names in the system's encoding, for the marks of the text in turn.
     using Files = std::vector<zel::String>;
     void say(const Wording& kind, DoctorCheck check, const Wording& what, const Files& files = {});
     void good(DoctorCheck check, const Wording& what, const Files& files = {});

@@ -24,7 +24,7 @@ zel::String faultOf(const zel::String& file, std::string_view content) {
     if (!endsWith(file.toLower(), ".png"))
         return {};
     if (content.substr(0, PictureStart.size()) != PictureStart)
-        return "it is no picture";
+        return "it is not a picture";
     return endsWith(content, PictureEnd) ? "" : "it ends early";
 }
 

@@ -4,7 +4,7 @@
 
 #include "app/war/WarAdvance.h"
 
-/// Shows the progress of a simulated war on a terminal. Its line is taken away again at the end.
+/// Shows the progress of a simulated war on a terminal. Its line is removed at the end.
 class Progress : public WarObserver {
 public:
     explicit Progress(bool wanted);
@@ -13,7 +13,7 @@ public:
     Progress& operator=(const Progress&) = delete;
 
     void onWarProgress(const Calendar& date, float share) override;
-    /// Takes the line away, so that other text may follow.
+    /// Removes the line, so that other text may follow.
     void clear();
 
 private:

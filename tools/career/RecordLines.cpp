@@ -16,7 +16,7 @@ zel::String aircraftText(const zel::String& identifier) {
     return nameInLanguage(planeDisplayName(identifier));
 }
 
-/// "Jasta 11"; the number of one without a name.
+/// "Jasta 11"; the number of a unit without a name.
 zel::String squadronName(const SqliteStatement& row, int name, int index) {
     return row.isNull(name) ? zel::String(row.integer(index)) : row.text(name);
 }
@@ -44,7 +44,8 @@ zel::String postingLine(const SqliteStatement& row, int32_t squadron) {
 const std::string VictoryColumns = "SELECT date, victor_name, victor_aircraft, victim_name,"
                                    " victim_aircraft, died FROM victory";
 
-/// Those whose victor has `part` in his name, without regard to case; all with an empty one.
+/// The victories whose victor has `part` in his name, without regard to case; all of them if it is
+/// empty.
 std::vector<zel::String> linesOfVictories(SqliteStatement& row, std::string_view part = {}) {
     std::vector<zel::String> lines;
     while (row.next())
@@ -75,7 +76,7 @@ std::vector<zel::String> victoryLines(SqliteFile& record, std::string_view name)
     return linesOfVictories(row, name);
 }
 
-// A successor has taken the place of a man who may have been one himself.
+// A successor's predecessor may have been a successor himself.
 std::vector<zel::String> ownVictoryLines(SqliteFile& record, int32_t player) {
     SqliteStatement row(record,
                         "WITH RECURSIVE own(pilot) AS (SELECT ?1 UNION SELECT other FROM posting"

@@ -7,8 +7,8 @@
 
 class SqliteFile;
 
-// The record of the war as lines in the current language. All read the tables that
-// CareerRecord::read gives; a file that has failed gives no lines.
+// The record of the war as lines in the current language. All read the tables from
+// CareerRecord::read; a file that has failed gives no lines.
 
 /// A line for each flight of the player.
 std::vector<zel::String> flightLines(SqliteFile& record);

@@ -45,8 +45,8 @@ public:
     bool report();
     /// Moves the war on by that many periods.
     bool advance(int32_t periods);
-    /// Mission, flight and report over and over, invitations accepted, up to that date (yyyymmdd)
-    /// or the end of the war.
+    /// Repeats mission, flight and report, and accepts invitations, up to that date (yyyymmdd) or
+    /// the end of the war.
     bool until(int32_t date);
     bool squadron();
     bool aces();
@@ -64,8 +64,8 @@ public:
         return sayRecord([&](SqliteFile& t) { return linesOf(t, career, BookTables::instance()); },
                          fault);
     }
-    /// Of the pilots whose names contain that text; of the player and his predecessors for an empty
-    /// one.
+    /// The victories of the pilots whose names contain that text; those of the player and his
+    /// predecessors for an empty one.
     bool victories(const zel::String& name);
     bool postings() {
         return sayRecord([&](SqliteFile& t) { return postingLines(t, career.player().squadron); });
@@ -74,7 +74,7 @@ public:
     bool writeBook(const zel::String& file) { return writeFile(file, true); }
     /// Writes the record as JSON. file: with its path, as an earlier one of that name is replaced.
     bool exportRecord(const zel::String& file) { return writeFile(file, false); }
-    /// Checks all that a career needs and prints what to do. fixes: see Doctor.h. False if
+    /// Checks everything that a career needs and prints what to do. fixes: see Doctor.h. False if
     /// something is wrong.
     bool doctor(bool fixes) {
         const zel::String why = Doctor(fixes, quiet).examine();

@@ -61,7 +61,7 @@ bool ShelfCommands::fail(const zel::String& why) {
     return false;
 }
 
-/// Whether nothing is lost if the career in memory goes.
+/// Whether dropping the career in memory loses nothing.
 bool ShelfCommands::mayLeave() {
     return (!career.isUnsaved && career.isSaved(SaveFileName)) ||
            fail("The career in memory has changed since the last save: save it first");

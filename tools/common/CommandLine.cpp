@@ -88,7 +88,7 @@ Option Option::decimalNumber(double least, double most) {
 Option Option::nameOfFile() {
     option->check(CLI::Validator(
         [](std::string& text) {
-            return text.empty() || text.compare(0, 2, "--") == 0 ? "'" + text + "' is no name"
+            return text.empty() || text.compare(0, 2, "--") == 0 ? "'" + text + "' is not a name"
                                                                  : std::string();
         },
         ""));

@@ -7,8 +7,8 @@
 
 namespace tools {
 
-/// Writes the text as it is safe for a terminal. What a program prints goes through here, because
-/// names of files, pilots and the like are in most of it.
+/// Writes the text in a form that is safe for a terminal. All output of a program goes through
+/// here, because most of it contains names of files, pilots and the like.
 inline void print(std::FILE* stream, std::string_view text) {
     std::fputs(zel::printable(text).c_str(), stream);
 }

@@ -4,7 +4,7 @@
 
 namespace datacheck {
 
-/// The data folder for a folder that the user gives: the folder itself, or Data inside it. Empty if
+/// The data folder that the user means: the given folder itself, or Data inside it. Empty if
 /// neither has squadrons or names.
 zel::String findDataFolder(const zel::String& folder);
 

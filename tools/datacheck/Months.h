@@ -37,11 +37,11 @@ bool coversMonth(const HistoryLine& line, Month month);
 /// The code of the nation, the first three digits of a squadron's name; 0 without them.
 int32_t nationOf(const HistoryRecord& squadron);
 
-/// The aircraft that the career draws for the nation in that month. Where the month offers none,
-/// the last month before it counts that does, at most ten back; otherwise the list is empty.
+/// The aircraft that the career draws for the nation in that month. If there is none, those of the
+/// last month before it that has any, at most ten back; otherwise the list is empty.
 std::vector<const char*> planesOf(int32_t nation, Month month);
 
-/// Whether a line of the squadron, of whatever date, has the aircraft: the career's own question.
+/// Whether any line of the squadron, whatever its date, has the aircraft, as the career decides it.
 bool flies(const HistoryRecord& squadron, const char* plane);
 
 } // namespace datacheck

@@ -16,7 +16,7 @@ static_assert(tools::LongestAceName + 4 == LongestLoggedName);
 
 constexpr const char* NationsWithNames[] = {"France", "England", "Germany", "USA"};
 
-/// The longest name of a list, as the line that it is in.
+/// The line with the longest name of a list.
 struct LongestName {
     zel::String file;
     TextLine line{1, {}};
@@ -30,7 +30,7 @@ LongestName checkList(const zel::String& file, Findings& findings) {
         if (!finding.message.empty() && isPlain(line.text)) // the others are reported already
             findings.push_back(std::move(finding));
         if (!seen.insert(line.text.toLower()).second)
-            findings.emplace_back(file, line.number, line.text + " is there twice", "remove one");
+            findings.emplace_back(file, line.number, line.text + " occurs twice", "remove one");
         if (line.text.length() > longest.line.text.length())
             longest.line = line;
     }
@@ -60,7 +60,7 @@ void checkNameLists(const zel::String& dataFolder, Findings& findings) {
         if (whole.view().size() > tools::LongestAceName)
             findings.emplace_back(first.file, first.line.number,
                                   whole + " has " + whole.length() +
-                                      " characters, of which the simulator keeps " +
+                                      " characters; the simulator keeps " +
                                       static_cast<int32_t>(tools::LongestAceName),
                                   "remove the longest names");
     }

@@ -22,7 +22,7 @@ void checkPilotName(const HistoryRecord& pilot, Findings& findings) {
         if (pilot.name.view().size() > tools::LongestAceName)
             finding = {file, 0,
                        zel::String("the name has ") + pilot.name.length() +
-                           " characters, of which the simulator keeps " +
+                           " characters; the simulator keeps " +
                            static_cast<int32_t>(tools::LongestAceName),
                        "shorten a first name to its initial"};
         if (!finding.message.empty())

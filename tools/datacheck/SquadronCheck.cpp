@@ -82,8 +82,8 @@ void checkKeys(const HistoryRecord& squadron, const HistoryLine& line, Findings&
     checkAircraft(squadron, line, findings);
 }
 
-/// The line after which something is missing: the last to end before the month, otherwise the
-/// first.
+/// The line after which something is missing: the last one that ends before the month, otherwise
+/// the first.
 const HistoryLine& lineBefore(const HistoryRecord& squadron, Month month) {
     const HistoryLine* found = &squadron.lines.front();
     for (const HistoryLine& line : squadron.lines)
@@ -99,8 +99,8 @@ zel::String rangeText(const MonthRange& range) {
            (range.first == range.last ? zel::String() : " to " + monthText(range.last));
 }
 
-/// Calls report(range) for the runs of months that fail the test. Later months belong to the run
-/// while alike(first, month) holds.
+/// Calls report(range) for the runs of months that fail the test. A run extends as long as
+/// alike(first, month) holds.
 template <typename Fails, typename Alike, typename Report>
 void forEachRun(const MonthRange& months, const Fails& fails, const Alike& alike,
                 const Report& report) {
@@ -190,7 +190,7 @@ void checkAircraft(const HistoryRecord& record, const HistoryLine& line, Finding
                "the nearest is " + nearestPlane(line.aircraft));
     if (isPlain(line.skin) && !isMissionSkin(line.skin)) // the others are reported already
         report("skin=" + line.skin +
-                   " is no file's name that the simulator can read, and missions "
+                   " is not a file name that the simulator can read, and missions "
                    "leave it out",
                "rename the skin's file: without quotes, ; { } / \\ : and ..");
 }

@@ -54,7 +54,7 @@ void checkIndices(const zel::String& file, const TemplateBlocks& blocks, Finding
             findings.emplace_back(file, block.line, "the block has no Index above 0", "write one");
         else if (!seen.insert(block.index.toInt()).second)
             findings.emplace_back(file, block.line,
-                                  "the block's Index " + block.index + " is there twice");
+                                  "the block's Index " + block.index + " occurs twice");
         if (block.type.left(4) != "mcu_")
             findings.emplace_back(file, block.line,
                                   "the block is not logic (MCU_...) and would stay where it is "

@@ -15,7 +15,8 @@ constexpr const char* Description =
     R"(Checks the squadron, pilot and name files and the mission template in FOLDER, which is
 the folder Data or the one that holds it; without FOLDER, the files that the game itself
 uses. Prints each finding as file:line: what is wrong: what to write instead.)";
-constexpr const char* Ending = "Exit status: 0 no findings, 1 findings, 2 a wrong call or no data.";
+constexpr const char* Ending =
+    "Exit status: 0 no findings, 1 findings, 2 invalid arguments or no data.";
 
 struct CheckOptions {
     bool coverage = false;
@@ -29,7 +30,7 @@ tools::CallReading readCall(const std::vector<std::string>& words, CheckOptions&
                  "print, for each nation and month, how many of the squadrons have one\n"
                  "and how many have every aircraft that is then in use in the career");
     line.addFlag("--hints", call.hints,
-                 "list what is no fault too: months in which the career uses none of a\n"
+                 "list the hints too: months in which the career uses none of a\n"
                  "squadron's aircraft, so that it isn't met as an enemy");
     line.addOption("FOLDER", call.folder).nameOfFile();
     return line.read(words);

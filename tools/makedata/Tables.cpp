@@ -94,7 +94,7 @@ bool isPilotName(const std::string& name) {
 void checkDates(CsvTable& table, size_t line, const std::string& from, const std::string& until) {
     for (const std::string& date : {from, until})
         if (!isDate(date))
-            return table.report(line, quoted(date) + " is no date", "write yyyymmdd");
+            return table.report(line, quoted(date) + " is not a date", "write yyyymmdd");
     if (until < from)
         table.report(line, "it ends on " + until + ", before it begins on " + from);
 }
@@ -118,7 +118,7 @@ void readSquadrons(CsvTable& table, Tables& tables) {
         const std::vector<std::string>& f = row.fields;
         const SquadronRow squadron{f[0], f[3], f[4], f[5], f[6]};
         if (!isKeyOf(squadron.key, f[1]))
-            table.report(row.line, quoted(squadron.key) + " is no key of " + f[1],
+            table.report(row.line, quoted(squadron.key) + " is not a key of " + f[1],
                          "write its code and three digits");
         checkAircraft(table, row.line, squadron);
         if (squadron.skin.find_first_of(" =") != std::string::npos)
@@ -159,11 +159,11 @@ Aces readAces(CsvTable& table) {
         if (!isNation(row.fields[1]))
             table.report(row.line, "there is no nation " + quoted(row.fields[1]));
         if (!isPotential(row.fields[6]))
-            table.report(row.line, quoted(row.fields[6]) + " is no acepotential",
+            table.report(row.line, quoted(row.fields[6]) + " is not an acepotential",
                          "write 1 to 255, or nothing");
         // Names become files, and not every system distinguishes capitals.
         if (!seen.insert(lowered(name)).second)
-            table.report(row.line, name + " is there twice");
+            table.report(row.line, name + " occurs twice");
         aces.emplace(name, AceRow{row.line, row.fields[6]});
     }
     return aces;
@@ -182,7 +182,7 @@ void checkPosting(CsvTable& table, const CsvTable::CsvRow& row, const PostingRow
     if (keys.count(posting.key) == 0)
         table.report(line, "there is no squadron " + posting.key);
     if (posting.aceLevel.size() != 1 || posting.aceLevel[0] < '0' || posting.aceLevel[0] > '2')
-        table.report(line, quoted(posting.aceLevel) + " is no acelevel", "write 0, 1 or 2");
+        table.report(line, quoted(posting.aceLevel) + " is not an acelevel", "write 0, 1 or 2");
     checkDates(table, line, posting.from, posting.until);
     checkWord(table, line, row.fields[5], FirstDays);
     checkWord(table, line, row.fields[6], LastDays);
@@ -201,7 +201,7 @@ void readPostings(CsvTable& table, CsvTable& aceTable, const Aces& aces, Tables&
         checkPosting(table, row, posting, keys);
         const auto before = last.find(posting.name);
         if (before == last.end() && ace == aces.end())
-            table.report(row.line, quoted(posting.name) + " is no ace of aces.csv");
+            table.report(row.line, quoted(posting.name) + " is not an ace of aces.csv");
         if (before != last.end() && posting.from <= before->second.until)
             table.report(row.line,
                          posting.name + " is with " + before->second.key + " until " +
@@ -228,7 +228,7 @@ void readNames(LineSource& source, Tables& tables) {
         if (name.empty() || !std::all_of(name.begin(), name.end(), isAllowed))
             source.report(i, quoted(name) + " can't be a name", "write letters, \"'\" and \"-\"");
         if (!seen.insert(lowered(name)).second)
-            source.report(i, name + " is there twice");
+            source.report(i, name + " occurs twice");
         list.names.push_back(name);
     }
     if (list.names.empty())

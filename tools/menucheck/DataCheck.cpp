@@ -105,7 +105,7 @@ LanguageTable readTable(const String& name, FindingLog& findings) {
         const Source source{name, lineNumber};
         for (const auto& [number, text] : zel::parseLanguage(line)) {
             if (!table.emplace(number, LanguageEntry{text, source.line}).second)
-                findings.add(source, String("text ") + number + " is there twice");
+                findings.add(source, String("text ") + number + " occurs twice");
             if (text.empty())
                 findings.add(source, String("text ") + number + " is empty");
         }
@@ -133,7 +133,7 @@ void checkForms(const String& name, const String& code, const LanguageTable& tab
                 1 + static_cast<int32_t>(std::count(forms.begin(), forms.end(), '|'));
             if (at < 2 || text[at - 2] != '$' || text.find('}', at) == text.npos)
                 findings.add({name, entry.line}, String("text ") + number +
-                                                     " has a brace that is no word for a number");
+                                                     " has a brace that isn't a word for a number");
             else if (count != wanted)
                 findings.add({name, entry.line}, String("text ") + number + " has " + count +
                                                      " forms of a word, the language " + wanted);

@@ -4,8 +4,8 @@
 
 namespace menucheck {
 
-/// Everything that scripts name except elements: files, images, text numbers. Scripts are read, not
-/// run, so that data which no screen happens to use is checked too.
+/// Checks everything that scripts name except elements: files, images, text numbers. Scripts are
+/// read, not run, so that data which no screen happens to use is checked too.
 class NamedData {
 public:
     void gather(const zel::MenuConfigFile& script, const ScriptNotes& notes);
@@ -18,7 +18,7 @@ public:
 
 private:
     std::map<zel::String, Source> images, fonts, sounds;
-    std::set<zel::String> shown; // images and files, lowered
+    std::set<zel::String> shown; // images and files, in lower case
     std::map<int32_t, Source> texts;
 };
 

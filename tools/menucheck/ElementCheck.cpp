@@ -82,7 +82,7 @@ bool hasAllGlyphs(const String& name, const zel::Text& label, const Source& sour
     bool hasAll = true;
     for (const char character : label.getText().view()) {
         const zel::Glyph* glyph = font.glyph(character);
-        // Fonts that have all codes give the unused ones no width.
+        // Fonts that cover all codes give the unused ones a width of 0.
         if (character == '\n' || character == '\t' || (glyph != nullptr && glyph->xAdvance > 0))
             continue;
         hasAll = false;

@@ -26,7 +26,7 @@ public:
 
     void add(const Source& source, const zel::String& what) { put(source, what, false); }
     void warn(const Source& source, const zel::String& what) { put(source, what, true); }
-    /// Attributes the log so far to the line that ran last, which ends.
+    /// Attributes the log so far to the line that ran last, which ends there.
     void endLine();
     /// Attributes what is logged while no line runs to this source.
     void setBetweenLines(const Source& source);

@@ -122,7 +122,7 @@ private:
         }
     }
 
-    // Targets that sections set are read, since each run keeps only the last.
+    // Targets that sections set are read from the script, since a run keeps only the last one.
     void findWaysOfScript() {
         for (const auto& [state, source] : notes.leads)
             survey.ways.add(menu.getName(), state, source, survey.findings);

@@ -62,7 +62,7 @@ void checkLines(const MenuConfigFile& script, bool mayHaveConditions, FindingLog
         const MenuConfigFile::Line& line = script.getLines()[i];
         const Source source = sourceOf(script, line);
         if (line.text.find('\t') >= 0)
-            findings.add(source, "a tab, which is no blank here");
+            findings.add(source, "a tab, which isn't a blank here");
         checkFlag(line, source, findings);
         if (line.text.view().front() == '@')
             checkCondition(line, mayHaveConditions, source, findings);

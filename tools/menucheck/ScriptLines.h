@@ -15,8 +15,8 @@ zel::String hitWidgetOf(const zel::MenuConfigFile::Section& section);
 /// Whether the section runs at its event: only the last of a name does.
 bool isInForce(const zel::MenuConfigFile& script, const zel::MenuConfigFile::Section& section);
 
-/// Reports faults that are visible without running the script: sections that run never, only once
-/// or twice, tabs, lines for some displays only, texts of a section without a widget.
+/// Reports faults that are visible without running the script: sections that never run, or only
+/// once or twice, tabs, lines for some displays only, sections of widgets that don't exist.
 void checkSections(const zel::HandledMenu& menu, const zel::MenuConfigFile& script,
                    bool mayHaveConditions, FindingLog& findings);
 

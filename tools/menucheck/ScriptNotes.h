@@ -28,7 +28,7 @@ struct ScriptNotes {
         kinds;                       // widgets to which code may give that kind
     std::vector<NamedElement> named; // elements that any note names
     std::set<zel::String> stretched; // images that are drawn in any size
-    std::set<zel::String> pictures;  // files and images that code draws, lowered
+    std::set<zel::String> pictures;  // files and images that code draws, in lower case
     std::map<int32_t, Source> texts; // language texts that code takes
     bool mayHaveConditions = false;
 

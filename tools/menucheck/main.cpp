@@ -15,7 +15,7 @@ constexpr const char* Description =
 without FOLDER, those that the game itself uses. Prints each finding as file:line: what is
 wrong.)";
 constexpr const char* Ending =
-    "Exit status: 0 no findings or warnings only, 1 findings, 2 a wrong call or no screens.";
+    "Exit status: 0 no findings or warnings only, 1 findings, 2 invalid arguments or no screens.";
 
 int run(const std::string& chosen) {
     zel::setConsoleShown(false);

@@ -11,7 +11,7 @@ constexpr const char* Description =
     "Takes the place of the simulator: makes DIR a simulator folder, flies the missions in its\n"
     "data/Missions and leaves their logs in data.";
 constexpr const char* Ending = "Exit status: 0 all went well, also after Ctrl+C; 1 something could "
-                               "not be done; 2 a wrong call.";
+                               "not be done; 2 invalid arguments.";
 
 constexpr double PieceSeconds = 30; // of flight, in one piece of a log
 constexpr double MostSeconds = 100000;

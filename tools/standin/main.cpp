@@ -16,7 +16,7 @@ constexpr double SleepSlice = 0.1; // seconds until an interrupt is noticed, at 
 
 volatile std::sig_atomic_t interrupted = 0;
 
-/// The first one ends the next wait, a second one the program.
+/// The first signal ends the next wait, a second one ends the program.
 void interrupt(int signal) {
     interrupted = 1;
     std::signal(signal, SIG_DFL);

@@ -40,7 +40,7 @@ struct RealWarTables {
     /// Whether the squadron of that key had the type in that month (yyyymm). Types that only stand
     /// in for others, so that a squadron is met at all, don't count.
     bool flew(const std::string& key, const std::string& aircraft, int32_t month) const;
-    /// The aces of the most victories; among equals, the first of the table.
+    /// The aces with the most victories; among equals, the first ones in the table.
     std::set<std::string> best(size_t count) const;
 
     std::map<std::string, RealMan> men;                 // by name

@@ -47,7 +47,7 @@ std::string targetText(double least, double most) {
     return digits(least, 0) + (least < most ? " to " + digits(most, 0) : "");
 }
 
-/// Pearson's correlation of two series of one length; 0 if one doesn't vary.
+/// Pearson's correlation of two series of one length; 0 if one of them doesn't vary.
 double correlation(const std::vector<double>& a, const std::vector<double>& b) {
     const double meanA = std::accumulate(a.begin(), a.end(), 0.0) / double(a.size());
     const double meanB = std::accumulate(b.begin(), b.end(), 0.0) / double(b.size());

@@ -69,8 +69,8 @@ void sampleMissions(Database& career, MissionGenerator& generator, const RealWar
     }
 }
 
-/// Whether a unit without a name, as those of two-seaters, would invite the player now. The
-/// search's draws are taken back.
+/// Whether a unit without a name, such as one of two-seaters, would invite the player now. The
+/// search's draws are undone.
 void sampleInvitation(const Database& career, MissionGenerator& generator, WarFigures& figures) {
     const zel::Random shared = zel::sharedRandom();
     const zel::Random ofTypes = generator.random;
@@ -99,7 +99,7 @@ void countScores(const Database& career, const RealWarTables& real, WarFigures& 
     figures.best = *std::max_element(figures.bestOf.begin(), figures.bestOf.end());
 }
 
-/// Who of the named men lives, compared with history.
+/// Which of the named men are alive, compared with history.
 void countFates(const Database& career, const RealWarTables& real, WarFigures& figures) {
     for (const PilotFile& file : career.pilotFiles) {
         const auto man = real.men.find(std::string(zel::arrayText(file.name)));

@@ -40,14 +40,14 @@ struct WarFigures {
     Share deadEarly;       // named men who died in the war and die before their date
     int32_t joined = 0;    // named men who came to their squadron
     int32_t men = 0;       // all pilots of the war
-    int32_t aceNames = 0;  // men who are made up and have the name of an ace
+    int32_t aceNames = 0;  // made-up men with the name of an ace
     int32_t namesakes = 0; // men with the name of one who came before them
     /// Enemies whose squadron really flew the type in which they meet an Allied player, and a
     /// German one.
     std::array<Share, EnemyMonths.size()> realGermans;
     std::array<Share, EnemyMonths.size()> realAllies;
     Share
-        unnamedInvitations; // searches at which a unit without a name would have invited the player
+        unnamedInvitations; // searches in which a unit without a name would have invited the player
     Share metHistoric;      // Allied missions of 1917 with a named man among the enemies
     WarTally tally;
 };

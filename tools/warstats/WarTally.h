@@ -36,7 +36,7 @@ public:
     /// before and up to the career's date. The first call only notes the date.
     void closePeriod(const Database& career);
 
-    /// Of the days from..until (yyyymmdd), as far as they belong to the war.
+    /// The figures of those days from..until (yyyymmdd) that belong to the war.
     DayCounts sum(int32_t from, int32_t until) const;
 
     std::map<int32_t, int32_t> deathOf; // date by the index of a named pilot

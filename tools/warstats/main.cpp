@@ -19,7 +19,7 @@ constexpr const char* Description =
 prints how they compare with the real one. TABLES is the folder of the history tables,
 data/history in the source tree. The player's service changes from war to war.)";
 constexpr const char* Ending =
-    "Exit status: 0 all targets are met, 1 one is missed, 2 a wrong call or no data.";
+    "Exit status: 0 all targets are met, 1 one is missed, 2 invalid arguments or no data.";
 constexpr int32_t MostWars = 10000;
 constexpr int32_t MostStarts = 100000;
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-// A letter for each rank and each decoration that is worn, once, whatever day it is asked from.
+// A letter for each rank and each worn decoration, once, whatever day the search begins from.
 TEST(CitationTest, BringsWhatWasGivenAfterADay) {
     PilotRecord pilot;
     pilot.name = "Edward Harcourt";
@@ -40,7 +40,7 @@ TEST(CitationTest, BringsWhatWasGivenAfterADay) {
     EXPECT_STREQ(serviceName(England, Branch::Any, 19180401).c_str(), "Royal Air Force");
 }
 
-// An observer's decorations come for flights alone, and a language has its cases.
+// An observer gets decorations for flights alone; the texts use the cases of their language.
 TEST(CitationTest, CountsWithoutVictoriesAndInTheDative) {
     PilotRecord pilot;
     pilot.name = "Jean Roy";

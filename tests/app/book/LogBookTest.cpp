@@ -36,9 +36,9 @@ struct LogBookTest : testing::Test {
     HandMadeRecord record;
 };
 
-// The opponents are those whom an event or a loss names, the victims those that the player is
-// credited with; a successor's victories count from none, and what only the save knows comes before
-// the record.
+// The opponents are those named by an event or a loss, the victims those that the player is
+// credited with. A successor's victories start at none, and those that only the save has come
+// before the record's.
 TEST_F(LogBookTest, HasARowForEachFlight) {
     record.career.pilots[0].shotdowns = 5; // two of them in no flight of the record
     record.career.pilots[1].shotdowns = 1;
@@ -140,7 +140,7 @@ TEST_F(LogBookTest, CutsNamesToTheirColumns) {
     EXPECT_EQ(machineText("Handley-Page-O/400", 14), "Handley-Pag...");
 }
 
-// The screen sets them in columns.
+// The screen sets rows in columns.
 TEST_F(LogBookTest, FitsItsColumnsInEveryLanguage) {
     for (const char* code : {"en", "de", "fr", "es", "it", "pl"}) {
         ASSERT_TRUE(zel::Language::load(code));

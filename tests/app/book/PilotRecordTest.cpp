@@ -15,7 +15,7 @@
 
 namespace {
 
-// Of everybody: his page agrees with the save, wherever his rows are in the tables.
+// Checks for everybody that his page agrees with the save, wherever his rows are in the tables.
 TEST(PilotRecordTest, AgreesWithTheSave) {
     const PinnedRun run(12);
     RecordedProgram program;
@@ -193,7 +193,7 @@ TEST_F(PlayersRecordTest, CountsWhatTheRecordLacks) {
     EXPECT_EQ(flyingText(pilot), "30 flights") << "since when isn't known";
 }
 
-// Also for a save that the record is ahead of.
+// The same for a save that the record is ahead of.
 TEST_F(PlayersRecordTest, CountsUpToTheGapBeforeASave) {
     record.events.gaps = {{19151201, 19170904}, {19170919, 19170920}};
     record.career.playerPilot = 1;

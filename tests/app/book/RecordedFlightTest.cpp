@@ -22,7 +22,7 @@ FlownMission flownFlight() {
     return accountOf(report, generator, "log[0].txt");
 }
 
-// The record gives the report again, its reasons and the places of its events.
+// The record reproduces the report, its reasons and the positions of its events.
 TEST(RecordedFlight, ComesBackAsItWasFlown) {
     const FlownMission flown = flownFlight();
     HandMadeRecord record;

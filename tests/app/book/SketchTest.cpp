@@ -182,7 +182,7 @@ TEST(Sketch, HasItsFrontInPiecesOnThePage) {
               {"103.0,1.0 103.0,50.0 100.0,47.0 311.0,47.0", "311.0,93.0 100.0,93.0",
                "97.0,1.0 97.0,50.0 100.0,53.0 311.0,53.0", "311.0,87.0 100.0,87.0"}}}) {
         Sketch sketch;
-        const float scale = sketch.frame.width() / 312; // metres of a pixel
+        const float scale = sketch.frame.width() / 312; // metres per pixel
         for (const auto& [x, y] : one.front)
             sketch.front.push_back({(238 - y) * scale, x * scale});
         const std::string page = sketchPicture(sketch, "", "");

@@ -16,7 +16,7 @@ struct SquadronsToJoinTest : testing::Test {
         add("501011", {"date=19170201 until=19170725 aircraft=albatrosd3",
                        "date=19160801 until=19170131 aircraft=halberstadtd2"});
         add("501002", {"date=19160901 until=19170331 aircraft=albatrosd3"}); // gone
-        add("501301", {"date=19170430 until=19181111 aircraft=albatrosd3"}); // in the last moment
+        add("501301", {"date=19170430 until=19181111 aircraft=albatrosd3"}); // on the last day
         add("501501", {"date=19170101 aircraft=albatrosd3"});                // has no name
         add("102056", {"date=19170408 until=19181111 aircraft=se5a"});
         add("102046", {"date=19160420 until=19170712 aircraft=nieuport17"}); // out of date

@@ -40,15 +40,15 @@ struct WebPageTest : testing::Test {
             }
         }
     }
-    /// The findings of the validator, none for a page that is right. It is no Windows program, and
-    /// the page is the same there.
+    /// The findings of the validator, none for a valid page. It doesn't run on Windows, where the
+    /// page is the same.
     std::string findings([[maybe_unused]] const std::string& html) const {
 #ifdef _WIN32
         return {};
 #else
         const std::string file = folder.write("page.html", html);
         const std::string out = folder.file("findings.txt");
-        // SVG has elements of its own, which its table of HTML doesn't know by their attributes.
+        // SVG has elements whose attributes the validator's HTML table doesn't know.
         const std::string command =
             "tidy -errors -quiet --mute PROPRIETARY_ATTRIBUTE \"" + file + "\" 2> \"" + out + "\"";
         EXPECT_EQ(std::system(command.c_str()) >> 8, 0) << folder.read("findings.txt");

@@ -30,7 +30,8 @@ TEST(Bases, KeepThePlayerOnHisMaps) {
         }
     }
 
-    // When he comes back to the office: the map his base is on, and the one it is on then.
+    // What happens when he comes back to the office: the map that his base is on, and the one that
+    // it is on then.
     for (const auto& [western, channel, before, after] : {std::tuple{"0", "1", 0, 1},
                                                           {"1", "0", 1, 0},
                                                           {"0", "0", 1, 0},

@@ -26,7 +26,7 @@ TEST(Calendar, CrossesTheEndsOfMonthsAndYears) {
 }
 
 TEST(Calendar, CountsTheWholeWar) {
-    // From the first day of a career to the Armistice, by `date -d`.
+    // The days from the first day of a career to the Armistice, computed by `date -d`.
     EXPECT_EQ(moved({1915, 12, 1}, 1076), 19181111);
     EXPECT_EQ(moved({1918, 11, 11}, -1076), 19151201);
     EXPECT_EQ(Calendar(1918, 11, 11).dayNumber() - Calendar(1915, 12, 1).dayNumber(), 1076);

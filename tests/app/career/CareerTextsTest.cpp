@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<zel::String>;
 
-/// Twelve Frenchmen and twelve Englishmen of no merit; the player is pilot 2.
+/// Twelve Frenchmen and twelve Englishmen without victories; the player is pilot 2.
 class CareerTexts : public testing::Test {
 protected:
     CareerTexts() {

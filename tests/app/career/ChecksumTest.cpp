@@ -14,8 +14,8 @@ std::string digits(uint64_t value) {
     return text;
 }
 
-// What was summed on one processor is checked on another: with or without AVX2, whole or in pieces,
-// the sum is the same, in each of the ways in which short, middle and long texts are summed.
+// A checksum made on one processor is checked on another: with or without AVX2, whole or in pieces,
+// it is the same for short, medium and long texts.
 TEST(Checksum, IsTheSameWhateverTheProcessorAndThePieces) {
     EXPECT_EQ(checksumOf(""), "2d06800538d394c2") << "of the published algorithm";
     std::string bytes;

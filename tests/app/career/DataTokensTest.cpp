@@ -8,7 +8,7 @@ namespace {
 
 /// "key:value;" for each token of the line.
 std::string tokensOf(std::string_view line) {
-    std::vector<DataToken> tokens(3); // of a line before
+    std::vector<DataToken> tokens(3); // of the line before
     splitDataLine(line, tokens);
     std::string text;
     for (const DataToken& token : tokens)
@@ -23,7 +23,7 @@ TEST(DataTokens, SplitsAtBlanksAndEqualSigns) {
     EXPECT_EQ(tokensOf("note a=1 nothing here"), "a:1;") << "a token without = is left out";
     EXPECT_EQ(tokensOf("a=1=2=3 b==4"), "a:1;b:;") << "what follows a second = is left out";
     EXPECT_EQ(tokensOf("a= =b ="), "a:;:b;:;");
-    EXPECT_EQ(tokensOf("a=1\tb=2"), "a:1\tb;") << "a tab is no blank";
+    EXPECT_EQ(tokensOf("a=1\tb=2"), "a:1\tb;") << "a tab isn't a blank";
     EXPECT_EQ(tokensOf(""), "");
     EXPECT_EQ(tokensOf("   "), "");
 }

@@ -144,7 +144,7 @@ TEST(Database, StartsASecondCareerFromScratch) {
     EXPECT_NE(career.careerNumber, number) << "another career has another number";
     EXPECT_EQ(career.calendar().dateNumber(), 19151201);
     EXPECT_EQ(career.previousInvitation, -2);
-    EXPECT_EQ(career.pilots[size_t(player)].missions, 0) << "the player of before";
+    EXPECT_EQ(career.pilots[size_t(player)].missions, 0) << "the previous player";
     EXPECT_EQ(career.dataLines.size(), 10u) << "read again, and not added";
     EXPECT_EQ(careerFaults(career), "");
 }

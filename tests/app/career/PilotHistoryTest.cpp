@@ -140,7 +140,7 @@ TEST_F(PilotHistory, APilotMovesWithTheWorstOfTheOthers) {
     EXPECT_TRUE(log.holds("Pilot Karl Falke moves to squadron 101002\n"));
     EXPECT_EQ(career.squadrons[1].slots[6], pilot);
     EXPECT_EQ(career.squadrons[0].slots[3], worst);
-    EXPECT_TRUE(isApplied(0)) << "the line by which he joined is past";
+    EXPECT_TRUE(isApplied(0)) << "the line by which he joined is used up";
     EXPECT_TRUE(isApplied(1));
     EXPECT_FALSE(isApplied(2));
     career.applyHistory();
@@ -269,7 +269,7 @@ TEST_F(PilotHistory, TheRosterHasTheBestFirst) {
     inSlot(0, 0).skill = 0;
     inSlot(0, 1).alive = 0;
     inSlot(0, 1).shotdowns = 99;
-    inSlot(0, 6).alive = 7; // whatever isn't 0 lives
+    inSlot(0, 6).alive = 7; // any value but 0 means alive
     EXPECT_EQ(career.squadronRoster(0),
               (std::vector<int32_t>{11, 10, 9, 2, 3, 4, 5, 6, 7, 8, 0, 1}));
     EXPECT_TRUE(career.squadronRoster(-1).empty());

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A program whose German table lacks the months but March, and has no place for an ace.
+/// A program whose German table lacks all months but March, and has an empty text for an ace.
 struct WordingTest : testing::Test {
     WordingTest() {
         world.folder.write("Language/xx.txt", "20: $1. $2 $3\n21: 1. $1 $2\n33: M\xE4rz\n"

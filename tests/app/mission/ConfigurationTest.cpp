@@ -63,7 +63,7 @@ TEST_F(ConfigurationTest, MakesTheFolderAPrefix) {
 #endif
 }
 
-// As editors of today save it: Windows knows the folder by its code page, other systems by bytes.
+// Today's editors save UTF-8: Windows knows the folder by its code page, other systems by bytes.
 TEST_F(ConfigurationTest, NamesTheFolderThatIsMeant) {
 #ifdef _WIN32
     const zel::String meant = "D:\\Spiele\\F\xFCr mich\\";

@@ -100,7 +100,8 @@ TEST(MissionPlanning, DrawsInTheOrderOfItsRules) {
     }
 }
 
-// The Allies draw again for a vacant slot, the Germans fly with men who are gone: as is meant.
+// The Allies draw again for a vacant slot, the Germans fly with men who are gone. Both are
+// intended.
 TEST(MissionPlanning, DrawsVacantSlotsForTheGermansOnly) {
     PlannedCareer test;
     setDate(test.career, 1917, 6, 1);
@@ -211,7 +212,7 @@ TEST(MissionPlanning, GivesUpOnAPlayerWhoCannotBeDrawn) {
     test.expectNoPlan(true);
 }
 
-// An American who flies with the French is of their group.
+// An American who flies with the French belongs to their group.
 TEST(MissionPlanning, GroupsBySideAndNotByNation) {
     TinyCareer test(France, Germany);
     for (size_t i = 1; i < 6; i += 2)

@@ -18,7 +18,7 @@ std::string text(const char* name, const std::map<std::string, std::string>& val
     return filled(fileText(std::string(TEXTS_FOLDER "/") + name), values);
 }
 
-/// The lines of a landscape; the template writes the first of their keys in a way of its own.
+/// The lines of a landscape; the template formats the first of their keys differently.
 std::string landscape(const char* key, const char* folder, const char* map, const char* season) {
     return text("Landscape.txt",
                 {{"key", key}, {"folder", folder}, {"map", map}, {"season", season}});
@@ -27,7 +27,7 @@ constexpr const char* Western = "swf\\data\\maps\\15.07.1918.info";
 const std::string Summer = landscape("hmap", "landscape", Western, "su");
 const std::string Template = text("Template.txt", {{"landscape", Summer}});
 
-// The plan by the rules, the last of it first, as in the file.
+// The plan by the rules in reverse order, as in the file.
 constexpr const char* PlaneKeys =
     "name|index|entity|country|pilot|level|target|skin|type|payload|x|y|z|heading";
 constexpr const char* Planes[] = {
@@ -155,7 +155,7 @@ TEST(MissionWriter, TakesASquadronsPaintWithoutOneOfHisOwn) {
                                                "\"spad7\\old.dds\""}));
 }
 
-// One such character, and the simulator refuses the mission without a message.
+// A single such character makes the simulator refuse the mission without a message.
 TEST(MissionWriter, WritesOnlyTextThatTheSimulatorCanHold) {
     WriterCareer test;
     test.generator.plan[0].name = "J\xFCrgen; = {\"\xC9mile\"}\x1B\x81\x7F";

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The player's folder, the one that the program is started from and the one of its files.
+/// The player's folder, the one that the program is started from, and the one with its files.
 struct SettingsTest : testing::Test {
     SettingsTest() {
         Configuration::reset();
@@ -31,7 +31,7 @@ struct SettingsTest : testing::Test {
         zel::setUserDirectory("");
     }
 
-    /// As the program starts.
+    /// Does what the program does at its start.
     void start() {
         zel::system::changeDirectory(folder.file("start"));
         noteStartFolder();
@@ -58,7 +58,7 @@ TEST_F(SettingsTest, ComeFromThreeFolders) {
         << "as seen from the settings that name it";
 }
 
-// In a folder that is there; where two have settings, the later one overrides the other.
+// Settings in a folder that exists; if two folders have some, the later one overrides the other.
 TEST_F(SettingsTest, AreWrittenWhereThePlayerMay) {
     start();
     for (const std::string name : {"user", "files", "start"}) {
@@ -71,7 +71,7 @@ TEST_F(SettingsTest, AreWrittenWhereThePlayerMay) {
     }
 }
 
-// The name of a folder, and which file has to have the setting then.
+// The name of a folder, and the file that must have the setting then.
 TEST_F(SettingsTest, TakeTheSimulatorWhereItCounts) {
     const std::pair<std::string, std::string> cases[] = {
         {"", "user"},                      // none is there

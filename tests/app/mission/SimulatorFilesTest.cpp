@@ -29,7 +29,7 @@ TEST(TextLogLines, KeepEveryOtherByte) {
         {"[KEY = system]\nmission_text_log = 0", "[KEY = system]\nmission_text_log = 1"},
         {"[KEY = system]\nmission_text_log =\n", "[KEY = system]\nmission_text_log = 1\n"},
         {"mission_text_log =  \t\n", "mission_text_log =  \t1\n"},
-        // What follows the value without a blank, and what isn't one.
+        // Text right after the value, and text that isn't a value.
         {"mission_text_log = 0;\n", "mission_text_log = 1;\n"},
         {"mission_text_log=-0//note", "mission_text_log=1//note"},
         {"mission_text_log = off# 0\n", "mission_text_log = 1# 0\n"},
@@ -37,13 +37,13 @@ TEST(TextLogLines, KeepEveryOtherByte) {
         // Twice, with one of them on, and lines of either end.
         {"[KEY = system]\r\nmission_text_log = 1\n\xE9\rmission_text_log = 0\n[END]\r",
          "[KEY = system]\r\nmission_text_log = 1\n\xE9\rmission_text_log = 1\n[END]\r"},
-        // The section without it, among others; its lines end and begin as theirs.
+        // A section without it, among others; the new line begins and ends like its neighbours.
         {"[KEY = a]\n\tb = 1\n[END]\n\n[KEY = System]\r\n  gamelog = 1\r\n\r\n[END]\r\n[KEY = z]\n",
          "[KEY = a]\n\tb = 1\n[END]\n\n[KEY = System]\r\n  gamelog = 1\r\n"
          "  mission_text_log = 1\r\n\r\n[END]\r\n[KEY = z]\n"},
         {"[KEY = system]\n[END]", "[KEY = system]\n\tmission_text_log = 1\n[END]"},
         {"[KEY = system]\n gamelog = 1", "[KEY = system]\n gamelog = 1\n mission_text_log = 1"},
-        // In another section it isn't the simulator's.
+        // A line in another section isn't the simulator's.
         {"[KEY = a]\nmission_text_log = 1\n[END]\n[KEY = system]\n[END]\n",
          "[KEY = a]\nmission_text_log = 1\n[END]\n[KEY = system]\n\tmission_text_log = 1\n[END]\n"},
         {"[KEY = a]\nmission_text_log = 0\n[END]\n",

@@ -68,10 +68,10 @@ TEST_F(CareerRecordTest, HoldsWhatIsSaved) {
 
 struct UnusableRecord {
     std::string content;
-    const char *name, *line; // under which it is kept, and what is logged
+    const char *name, *line; // the name under which it is kept, and what is logged
 };
 
-/// Each way in which a record can be unusable, made of one that is whole.
+/// Each way in which a record can be unusable, made from a whole one.
 std::vector<UnusableRecord> unusableRecords(const TemporaryFolder& folder) {
     const std::string whole = folder.read(RecordTest::RecordFile);
     std::string hollow = whole;
@@ -174,7 +174,8 @@ TEST_F(CareerRecordTest, ToleratesTablesOfOthers) {
     EXPECT_TRUE(program.record.gaps().empty());
 }
 
-// While another program writes, the record is read; while it keeps all others out, that is said.
+// While another program writes, the record can be read; while it locks all others out, that is
+// reported.
 TEST_F(CareerRecordTest, IsReadWhereItCantBeWritten) {
     Program program;
     program.begin();
@@ -234,7 +235,7 @@ TEST_F(CareerRecordTest, WaitsUntilTheFileCanBeUsed) {
     EXPECT_EQ(program.figures(), figures);
 }
 
-// A file of the version before each step comes through it with its rows; a step that fails leaves
+// A file of the version before each step keeps its rows through the step; a step that fails leaves
 // the file as it was.
 TEST_F(CareerRecordTest, MovesOnToLaterSchemas) {
     const char* const steps[] = {RecordSteps[0],

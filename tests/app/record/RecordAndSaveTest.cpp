@@ -1,4 +1,4 @@
-// How the record follows the saves: back, forth, to another career and to another course of the
+// How the record follows the saves: back, forward, to another career and to another course of the
 // war.
 
 #include <filesystem>
@@ -58,8 +58,8 @@ TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
     }
     EXPECT_EQ(sealOf(path()), RecordSeal::Whole) << "what it begins afterwards is its own";
 #ifndef _WIN32
-    // If the lock file is removed, another program can take the lock. Then the first can't save.
-    // On Windows its name stays until the first lets go of it.
+    // If the lock file is removed, another program can take the lock. Then the first can't save. On
+    // Windows the name stays until the first closes the file.
     CareerLock lock;
     Program first;
     first.career.lock = &lock;
@@ -70,7 +70,7 @@ TEST_F(RecordAndSaveTest, ASecondProgramOnlyReads) {
 #endif
 }
 
-// Whoever only loads a save, whichever it is, finds the record as it was.
+// Loading a save, whichever it is, leaves the record as it was.
 TEST_F(RecordAndSaveTest, ALoadRemovesNothing) {
     std::string older;
     int32_t last = 0;
@@ -223,7 +223,7 @@ TEST_F(RecordAndSaveTest, KnowsTheCoursesOfTheWarApart) {
     EXPECT_EQ(inFile("SELECT max(date) <= " + std::to_string(since) + " FROM posting"), 1);
 }
 
-// A save that went on without its record leaves a hole, which is known.
+// Saving without the record leaves a gap, which is noted.
 TEST_F(RecordAndSaveTest, KnowsWhatItHasMissed) {
     for (const bool isSameDay : {false, true}) {
         int32_t since = 0;

@@ -24,7 +24,7 @@ struct RecordedProgram {
             (career.player().squadron + 1) % static_cast<int32_t>(career.squadrons.size());
         career.swapPilots(career.playerPilot, career.squadron(other).slots[0]);
     }
-    /// How much is in the tables, and what of it is last.
+    /// How much is in the tables, and what comes last.
     std::string figures() {
         SqliteFile& file = record.read(career);
         std::string text;
@@ -50,7 +50,7 @@ struct RecordTest : testing::Test {
     static constexpr const char* RecordFile = "user/Saves/record.db";
 
     std::string path() const { return run.userFolder() + "/Saves/record.db"; }
-    /// As a player's tool sees it.
+    /// The file as a player's tool sees it.
     int64_t inFile(const std::string& sql) const {
         SqliteFile file;
         file.open(path(), SqliteFile::MustExist);

@@ -151,7 +151,7 @@ TEST_F(SaveMatchTest, KnowsASaveThatTheRecordDidNotGet) {
     EXPECT_TRUE(program.load() && program.career.repairs.changed);
 }
 
-// As left by a program that was killed on a file system without links.
+// The state left by a program that was killed on a file system without links.
 TEST_F(SaveMatchTest, FindsASaveThatLostItsName) {
     const char* const draft = ".2147483646-1.new";
     fs::remove(run.folder.file(Save));

@@ -35,15 +35,15 @@ TEST_F(ShelfTest, KeepsPages) {
     EXPECT_EQ(names(), "present 19160618 19160613 19160608 19160603 19160529 19160524 19160519 "
                        "19160514 19160509 19160504 19160429 19160424 "
                        "19160419 19160330 19160229 19151231 ");
-    ASSERT_TRUE(back("19160613")) << "a page after the one that was gone back to";
+    ASSERT_TRUE(back("19160613")) << "a page after the one that he went back to";
     EXPECT_EQ(program.bases(), 40) << "the record has what was cut before";
-    ASSERT_TRUE(back("19160130") && back("19160618")) << "the page that was left first";
+    ASSERT_TRUE(back("19160130") && back("19160618")) << "the page that he left first";
     EXPECT_EQ(program.career.calendar().dateNumber(), 19160618);
     EXPECT_EQ(program.bases(), 41);
     EXPECT_TRUE(program.record.gaps().empty());
     EXPECT_EQ(newestWholePage(save, unrecorded), save + ".bak");
 
-    // One that is damaged is shown as such, refused, and costs no other page its place.
+    // A damaged page is shown as such, refused, and takes no other page's place.
     for (const auto& entry : fs::directory_iterator(user("Saves/Pages")))
         if (entry.path().filename().string().find(" 19160529 ") != std::string::npos) {
             std::string content =
@@ -126,7 +126,7 @@ TEST_F(ShelfTest, KnowsPagesThatTheRecordLacks) {
     program.begin("Hans Braun");
     ASSERT_TRUE(saveAfter(1) && saveAfter(1));
     EXPECT_TRUE(program.record.close());
-    fs::remove(user("Saves/record.db")); // as of a program before there was one
+    fs::remove(user("Saves/record.db")); // as left by a program from before the record
     ASSERT_TRUE(program.load() && saveAfter(1) && saveAfter(1) && saveAfter(1));
     EXPECT_EQ(program.pages(), "present 19151205 19151204 19151203 19151202 ");
     for (const char* page : {"19151202", "19151203"}) {
@@ -135,7 +135,7 @@ TEST_F(ShelfTest, KnowsPagesThatTheRecordLacks) {
     }
     ASSERT_TRUE(program.turnBack("19151206") && program.load() && saveAfter(1) && saveAfter(1));
     EXPECT_EQ(program.pages(), "present 19151207 19151206 19151203 19151202 19151205 19151204 ");
-    // Put into its place by hand: the record is cut as of its day.
+    // Put into place by hand: the record is cut to its day.
     fs::copy_file(user("Saves/savegame_v03.wty.bak"), user("older"));
     ASSERT_TRUE(saveAfter(1) && saveAfter(1));
     fs::rename(user("older"), user(SaveFileName));

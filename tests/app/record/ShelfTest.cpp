@@ -10,7 +10,8 @@
 
 namespace fs = std::filesystem;
 
-// What every system takes: no reserved characters, no blank or full stop at the end, not too long.
+// Names that every system accepts: no reserved characters, no blank or full stop at the end, not
+// too long.
 TEST_F(ShelfTest, NamesFoldersForEverySystem) {
     const struct {
         int32_t number;
@@ -34,7 +35,7 @@ TEST_F(ShelfTest, NamesFoldersForEverySystem) {
         EXPECT_EQ(numberOfFolder(other), 0) << other;
 }
 
-// A new career never takes the place of one that is there. Each has its own record wherever it is.
+// A new career never overwrites an existing one. Each has its own record wherever it is.
 TEST_F(ShelfTest, KeepsEachCareerWhole) {
     ShelfProgram program;
     program.begin("Hans Braun");
@@ -73,7 +74,7 @@ TEST_F(ShelfTest, KeepsEachCareerWhole) {
     EXPECT_FALSE(program.shelf.take(3));
     EXPECT_EQ(program.shelf.problem().english(), "There is no career number 3");
 
-    // A number is gone for good with its folder.
+    // The number of a deleted folder isn't used again.
     program.begin("Fritz Braun");
     ASSERT_TRUE(program.shelf.save() && program.shelf.putAway(3));
     fs::remove_all(user("Careers/Put away/0003 Fritz Braun"));
@@ -107,7 +108,7 @@ TEST_F(ShelfTest, EndsWhatWasInterrupted) {
     world.folder.write("user/Saves.next/record.db", "a career that was never saved");
     world.folder.write("user/Saves.next/savegame_v03.wty.77-1.new", "its draft");
     EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n");
-    // Files of no career, as programs that watch folders leave them, keep no career out.
+    // Files that belong to no career, such as those that file managers leave, keep no career out.
     fs::rename(user("Saves"), user("Saves.next"));
     world.folder.write("user/Saves/desktop.ini", "1");
     EXPECT_EQ(restart(), "1 Hans Braun*\n2 Otto Klein\n");

@@ -110,7 +110,7 @@ TEST(CombatReport, CarriesTheMissionIntoTheCareer) {
     report.pilots[0].kills = {3, 4};
     report.pilots[1].kills = {3, 4, 4};
     report.pilots[2].dead = 1;
-    report.pilots[2].kills = {3}; // also a dead man's victories count
+    report.pilots[2].kills = {3}; // a dead man's victories count too
     report.pilots[3].dead = 1;    // a gun
     report.pilots[4].pilot = 77;  // nobody of this career
     EXPECT_TRUE(report.applyToCareer());

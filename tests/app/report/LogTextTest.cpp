@@ -8,7 +8,7 @@
 
 namespace {
 
-// As every text file is read: by the lines of zel::File, which finds them one after the other.
+// Compares the lines with those of zel::File, which finds them one after the other.
 TEST(LogText, HasTheLinesOfItsFiles) {
     const TemporaryFolder folder;
     zel::Random random(3);

@@ -120,7 +120,8 @@ TEST_F(LogWatchTest, PassesOverTheLogsOfOthers) {
     EXPECT_EQ(missionsOf(10), 10);
 }
 
-// As a career in the same squadron leaves it, or a plane that was renamed in the simulator.
+// Such a log comes from a career in the same squadron, or a plane that was renamed in the
+// simulator.
 TEST_F(LogWatchTest, TakesTheFlightOfAStrangerAtTheLastLookOnly) {
     flight.generator().plan.push_back(plannedPlane(14, "William Late", England, {1, 0, 0}));
     zel::setTickSource([] { return now; });
@@ -209,7 +210,7 @@ TEST_F(LogWatchTest, TakesTheFirstFinishedOfTwo) {
 
 TEST_F(LogWatchTest, KeepsTheLogsItKnowsWhileTheFolderIsAway) {
     const std::string there = world.folder.path();
-    // Windows moves no folder in which a program works.
+    // Windows doesn't move a program's working folder.
     std::filesystem::current_path(std::filesystem::temp_directory_path());
     std::filesystem::rename(there, there + ".away");
     EXPECT_EQ(watch.poll(data), Names{});
@@ -248,7 +249,7 @@ TEST_F(LogWatchTest, ReadsAPieceAgainThatSomebodyHeld) {
             EXPECT_EQ(watch.resume(data), zel::FileFault::None);
         }
         held.release();
-        EXPECT_TRUE(flight.findReport(career)) << "though not a byte has come";
+        EXPECT_TRUE(flight.findReport(career)) << "although no byte was added";
         EXPECT_EQ(missionsOf(10), ++missions);
     }
     EXPECT_EQ(lines.linesWith("cannot be read"), 9);

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What the index must give, by a search through all records.
+/// What the index must return, found by a search through all records.
 int32_t searched(const std::vector<PilotReport>& records, int32_t id, bool planesOnly) {
     for (size_t i = 0; i < records.size(); ++i)
         if (records[i].planeId == id || (!planesOnly && records[i].bodyId == id))

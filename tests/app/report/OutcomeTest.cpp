@@ -14,7 +14,7 @@
 
 namespace {
 
-// Only where one text ends and the next begins, and what overrides what.
+// Tests only where one text ends and the next begins, and what overrides what.
 TEST(Outcome, HasThePilotsFate) {
     const struct {
         int32_t killed, dead, percent;
@@ -79,8 +79,8 @@ std::string logOf(const std::string& events) {
     return text.str();
 }
 
-// Through the rules of the report, so that a reason which doesn't follow them shows. A row of the
-// file is events, the place of a plane in the list above, the cause of its loss and the reason.
+// Runs the rules of the report, so that a reason that doesn't follow them fails. A row of the file
+// is events, the place of a plane in the list above, the cause of its loss and the reason.
 TEST(Outcome, GivesItsReason) {
     std::istringstream rows(fileText(FLIGHT_FOLDER "/reasons.txt"));
     int32_t count = 0;

@@ -165,7 +165,7 @@ TEST_F(ReportRulesTest, AddsUpDamageAndWounds) {
     EXPECT_FLOAT_EQ(pilots[0].injury, 0.125F);
     EXPECT_EQ(pilots[0].hitBy, (std::vector<int32_t>{1, 1, 1, 1}));
     EXPECT_EQ(pilots[1].hitTargets, (std::vector<int32_t>{0, 0, 0, 0}));
-    EXPECT_TRUE(pilots[0].hitTargets.empty()) << "of a target that is no record nothing is kept";
+    EXPECT_TRUE(pilots[0].hitTargets.empty()) << "a target without a record isn't kept";
     EXPECT_TRUE(pilots[0].kills.empty() && pilots[0].shotDown == 0);
 }
 

@@ -32,7 +32,7 @@ TEST(ReportText, PutsTheFirstRecordsSideLeft) {
     pilots[2].shotdownBy = 1;
     pilots[4].type = "LMG08AAA";
     const ReportColumns columns = combatReportColumns(pilots, {});
-    // A nameless record decides, and isn't shown.
+    // A nameless record takes part in the decision, and isn't shown.
     EXPECT_EQ(described(columns.left),
               "you: Brandt - Kills: 0, Survived without injuries, Shotdown By: Hall\n"
               "machine gun on the ground - Kills: 0, No damage, \n");

@@ -85,7 +85,7 @@ TEST_F(BookScreens, OpensThePageOfAPilotAndLeadsBack) {
          "menuBack>MenuGameMain diary>MenuGameDiary entry.press1>MenuGameRecord "
          "menuBack>MenuGameDiary");
     EXPECT_FALSE(driver.widget("news.press1")->isVisible()) << "about nobody";
-    driver.screens->key(zel::KeyHome); // takes the focus off
+    driver.screens->key(zel::KeyHome); // clears the focus
     walk("menuButton1>MenuGameMain menuButton2>MenuGameViewSquadron");
     EXPECT_FALSE(driver.widget("pilot.row1")->isFocused()) << "he doesn't come back from there";
     driver.screens->key(zel::KeyEscape);
@@ -112,7 +112,7 @@ TEST_F(BookScreens, OpensAFlightAgain) {
     EXPECT_GT(date(), before);
 }
 
-/// From the office to the letter about him.
+/// Goes from the office to the letter about him.
 class FallenScreens : public BookScreens {
 protected:
     void fall() {
@@ -159,7 +159,7 @@ TEST_F(FallenScreens, CloseTheBookAndOpenItAgain) {
     EXPECT_EQ(Database::instance()->player().name, successor) << "the book is open";
 }
 
-// The war moves on once, by whichever page the player leaves.
+// The war moves on once, whichever page the player leaves from.
 TEST_F(BookScreens, SketchesTheFlightOfTheDay) {
     for (const char* way : {"where>MenuGameWhere menuButton1>MenuGameAdvance",
                             "where>MenuGameWhere menuBack>MenuGameCombatReport "

@@ -57,7 +57,7 @@ CareerDriver::CareerDriver(const PlayerHome& home, uint32_t seed, bool inWindow,
     Configuration::set("rof.directory", home.simulatorFolder());
     setWindowWanted(inWindow);
     zel::setWallTimeSource([] { return zel::WallTime{2009, 5, 7, 12, 0, 0}; });
-    zel::setTickSource([] { return uint32_t(0); }); // a seed of 0 takes the time in
+    zel::setTickSource([] { return uint32_t(0); }); // a seed of 0 depends on the time
     zel::sharedRandom(); // built at its first use, which takes a static number
     zel::Random::setStaticNumber(seed);
     zel::seedSharedRandom(0);

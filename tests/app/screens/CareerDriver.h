@@ -13,7 +13,7 @@
 /// Makes it the player's own folder.
 void setHome(const std::string& folder);
 
-/// Where one player's files are: what one run of the program leaves here the next one finds.
+/// Where one player's files are: what one run of the program leaves here, the next one finds.
 struct PlayerHome {
     /// `simulator`: the name of the simulator's folder, which is made as the stand-in makes it.
     explicit PlayerHome(const std::string& simulator = "simulator");
@@ -46,11 +46,11 @@ public:
     /// Steps "widget>State", separated by blanks; "widget" alone stays on the screen and must
     /// change a text or a kind there, or disappear, when pressed.
     testing::AssertionResult walk(const std::string& steps, How how = How::Name);
-    /// From the main menu to the squadron office. `way`: the steps up to the enlistment.
+    /// Goes from the main menu to the squadron office. `way`: the steps up to the enlistment.
     testing::AssertionResult begin(const std::string& way);
-    /// From the squadron office to the orders. An invitation is refused.
+    /// Goes from the squadron office to the orders. An invitation is refused.
     testing::AssertionResult toOrders();
-    /// And on to the page that waits for the flight.
+    /// Goes on to the page that waits for the flight.
     testing::AssertionResult takeOff();
     /// Flies the mission that was written.
     testing::AssertionResult fly(const standin::FlightOptions& options = {});
@@ -58,9 +58,9 @@ public:
     int32_t invite();
     /// The player is back at his desk, nine seconds later.
     void look();
-    /// From the waiting page over the report to the squadron office.
+    /// Goes from the waiting page via the report to the squadron office.
     testing::AssertionResult comeBack();
-    /// From the report over the war diary, or the end of the war, to the squadron office.
+    /// Goes from the report via the war diary, or the end of the war, to the squadron office.
     testing::AssertionResult closeReport();
 
     /// What the window shows, with the pointer out of the way.
@@ -79,13 +79,13 @@ private:
     zel::String homeBefore; // of this machine, while the driver has its own
     /// Reads the letters that may come before that page; false if they lead elsewhere.
     bool readLetters(const std::string& target);
-    /// The plate that ends the program or puts a career away and shares a pixel with that place;
-    /// empty for none.
+    /// The plate that ends the program or puts a career away and overlaps that rectangle; empty for
+    /// none.
     std::string endAt(const zel::PixelRect& place) const;
 };
 
-/// As long as it lives the window is as a player holds it: in front, the pointer in it. If it isn't
-/// drawn, only shots are: drawing takes most of a test's time.
+/// As long as it lives, the window is in front with the pointer in it. If it isn't drawn, only
+/// shots are: drawing takes most of a test's time.
 struct InFront {
     explicit InFront(bool isDrawn = true);
     ~InFront();

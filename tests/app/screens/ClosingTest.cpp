@@ -1,5 +1,5 @@
 // What closing the window does on each page of a career: nothing is lost without a question, and
-// nobody is asked in vain, or by a signal.
+// nobody is asked needlessly or after a signal.
 #include <csignal>
 #include <filesystem>
 #include <sstream>
@@ -22,7 +22,7 @@ namespace {
 constexpr const char* Saves = "user/Saves";
 constexpr const char* Question = "MenuNotificationUnsaved";
 
-/// Whether the program ends, once nothing moves on the screen any more.
+/// Whether the program ends, once nothing moves on the screen.
 bool closeWindow(CareerDriver& driver) {
     zel::Platform::getInstance().handleEvent(quitEvent());
     for (int32_t frame = 0; frame < 20; ++frame) {
@@ -33,7 +33,7 @@ bool closeWindow(CareerDriver& driver) {
     return false;
 }
 
-/// From the office to the report of a flight.
+/// Goes from the office to the report of a flight.
 testing::AssertionResult toReport(CareerDriver& driver, const standin::FlightOptions& flight = {}) {
     if (const auto result = driver.takeOff(); !result)
         return result;
@@ -79,7 +79,7 @@ protected:
         const std::string page = pageOf(driver);
         EXPECT_FALSE(close()) << from;
         ASSERT_TRUE(driver.screens->untilIdle(Question)) << from;
-        EXPECT_FALSE(close()) << "the question is no answer";
+        EXPECT_FALSE(close()) << "the question isn't an answer";
         ASSERT_TRUE(driver.screens->untilIdle(Question));
         ASSERT_TRUE(driver.go("menuBack", from));
         EXPECT_EQ(pageOf(driver), page);
@@ -190,7 +190,7 @@ TEST_F(Closing, EndsTheDayOfTheReportOnceIfItCannotBeSaved) {
 }
 
 /// Leaves the report and saves in the office, or closes the window on it and saves there. `dayEnd`:
-/// when the day ends, since the draws of its fights depend on it.
+/// when the day ends, since the draws of its fights depend on that.
 void saveAfterReport(CareerDriver& driver, bool closes, uint32_t& dayEnd) {
     const int32_t before = dateNow();
     if (closes) {

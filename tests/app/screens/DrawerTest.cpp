@@ -19,7 +19,7 @@ constexpr ShelvedBook Brandner = {
 
 class Drawer : public CareerScreens {
 protected:
-    /// To the drawer, with a career that is saved.
+    /// Goes to the drawer, with a saved career.
     void SetUp() override {
         ASSERT_TRUE(driver.begin(German1915Choices));
         pilot = player();
@@ -95,7 +95,7 @@ TEST_F(Drawer, AsksBeforeABookIsPutAway) {
     EXPECT_EQ(rows(), title + "|");
     EXPECT_TRUE(std::filesystem::exists(
         home.folder.file("user/Careers/Put away/0007 Lucien Delmas/savegame_v03.wty")));
-    ASSERT_TRUE(driver.walk("away pages")) << "the one that is current";
+    ASSERT_TRUE(driver.walk("away pages")) << "the current one";
     EXPECT_EQ(driver.text("name"), "The drawer is empty");
     EXPECT_EQ(driver.text("another"), "Begin a Book");
     for (const char* plate : {"pages", "away", "menuButton1"})

@@ -19,7 +19,7 @@ namespace {
 
 using How = CareerDriver::How;
 
-/// A path, or text with paths, as it is everywhere but on Windows.
+/// A path, or text with paths, in the form of systems other than Windows.
 std::string slashed(std::string path) {
     std::replace(path.begin(), path.end(), '\\', '/');
     return path;
@@ -44,8 +44,8 @@ struct NewPlayer {
     std::string settings() const { return slashed(home.folder.read("user/wtysettings.ini")); }
     std::string chosen() const { return "rof.directory=" + slashed(home.simulatorFolder()) + "\n"; }
 
-    /// The folder that is listed, in one line. Windows shows the whole path of his own folder; here
-    /// it is "~" there, too.
+    /// The listed folder, in one line. Windows shows the whole path of his own folder; here that
+    /// becomes "~", as elsewhere.
     std::string listed() const {
         std::string path = driver->text("path");
         path.erase(std::remove(path.begin(), path.end(), '\n'), path.end());

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Puts back what a book changes of the career in memory.
+/// Restores what a book changes in the career in memory.
 class Kept {
 public:
     explicit Kept(Database& career)

@@ -21,8 +21,8 @@ struct ShelvedBook {
 /// Puts the book on the shelf, as the career of that number. Returns its folder, in the home's.
 /// REQUIRES: a career in memory, which stays as it is: everything else in the save is from it.
 std::string putBook(const PlayerHome& home, int32_t number, const ShelvedBook& book);
-/// Adds an earlier page to a career's folder. A damaged one isn't as it was when it was kept.
+/// Adds an earlier page to a career's folder. A damaged one differs from its checksum.
 void putPage(const PlayerHome& home, const std::string& folder, int32_t number,
              const ShelvedBook& page, bool isDamaged = false);
-/// As if the file had been written then.
+/// Makes the file look as if it had been written then.
 void setWritten(const std::string& file, const char* written);

@@ -1,5 +1,5 @@
-// Buttons that a player meets only when something has come: a letter, a long report, a notice; and
-// those that end the program. Each is pressed by pointer and by keys, in the real window.
+// Buttons that a player meets only in special cases: a letter, a long report, a notice; and those
+// that end the program. Each is pressed by pointer and by keys, in the real window.
 #include <gtest/gtest.h>
 
 #include "app/career/Database.h"
@@ -22,7 +22,7 @@ void show(CareerDriver& driver, const char* page) {
 
 void invite(CareerDriver& driver) { driver.invite(); }
 
-/// Of four sheets.
+/// Makes a report of four sheets.
 void fillReport(CareerDriver& driver) {
     EXPECT_TRUE(driver.takeOff());
     for (int32_t i = 0; i < 16; ++i) {
@@ -32,7 +32,7 @@ void fillReport(CareerDriver& driver) {
     }
 }
 
-/// Of two pages; and no browser opens.
+/// Makes a book of two pages, and keeps the browser from opening.
 void fillBook(CareerDriver& /*driver*/) {
     zel::Window::setBrowser([](const zel::String&) { return true; });
     addFlightsToBook(*Database::instance(), 28);
@@ -47,7 +47,7 @@ void fall(CareerDriver& driver) {
     EXPECT_TRUE(driver.screens->untilIdle("MenuGameCombatReport"));
 }
 
-/// In a war that has none yet.
+/// Makes an ace in a war that has none yet.
 void makeAnAce(CareerDriver& /*driver*/) {
     Database& career = *Database::instance();
     career.pilot(career.playerPilot == 0 ? 1 : 0).shotdowns = AceShotdowns;
@@ -107,7 +107,7 @@ TEST_P(RareButtons, Answer) {
         passage.prepare(driver);
         EXPECT_TRUE(driver.walk(passage.steps, GetParam()));
     }
-    // The last step, after which a design pixel is no longer one of the window's.
+    // The last step, after which a design pixel is no longer a window pixel.
     EXPECT_TRUE(zel::Window::current()->isFullscreen());
     EXPECT_TRUE(driver.walk("fullScreen"));
 }

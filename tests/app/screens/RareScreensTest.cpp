@@ -1,5 +1,5 @@
-// What players seldom see on a screen, kept as pictures as in ScreensInWindowTest. Some are kept in
-// English alone, since the room of the texts is checked in every language (wingtally-menucheck).
+// Screens that players seldom see, kept as pictures as in ScreensInWindowTest. Some are kept in
+// English only, since wingtally-menucheck checks in every language that the texts fit.
 #include <filesystem>
 
 #include <SDL.h>
@@ -49,7 +49,7 @@ protected:
         return driver.screens->untilIdle("MenuNotificationUnsaved");
     }
 
-    /// Where no button leads.
+    /// States that no button leads to.
     void show(const char* screen, const std::string& name) {
         driver.screens->menu().setTransition(screen);
         ASSERT_TRUE(driver.screens->untilIdle(screen));
@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(Tables, RareStates,
                                          "it_CH.UTF-8", "pl_PL.UTF-8"));
 
 uint32_t quickTime = 0;
-/// A millisecond a reading.
+/// A millisecond per reading.
 uint32_t quickTicks() { return ++quickTime; }
 
 TEST_F(RareScreens, TheWarIsFought) {

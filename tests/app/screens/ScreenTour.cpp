@@ -106,7 +106,7 @@ private:
         }
         return true;
     }
-    /// Where no button leads.
+    /// States that no button leads to.
     bool go(const std::string& screen, const std::string& picture = "") {
         if (!turnTo(screen))
             return false;
@@ -122,7 +122,7 @@ private:
         return there;
     }
 
-    /// In place of this computer's.
+    /// Instead of this computer's.
     void showEverybodysFolders() {
         zel::Menu& menu = driver.screens->menu();
         menu.setText("path", "C:\\Games\\Wingtally\\wtysettings.ini");
@@ -207,7 +207,7 @@ private:
         return true;
     }
 
-    /// The end of the war as it finds the player, and the letter about him.
+    /// The end of the war for different players, and the letter about him.
     bool endWays() {
         Database& career = *Database::instance();
         if (!follow("menuButton2>MenuGameMain") || !go("MenuGameWarOver"))
@@ -241,7 +241,7 @@ private:
         return go("MenuGameFallen", "_Peace");
     }
 
-    /// Of seven books, the last of which has to be scrolled into view.
+    /// Shows seven books, the last of which has to be scrolled into view.
     bool drawer() {
         setWritten(driver.home.folder.file("user/Saves/savegame_v03.wty"), "2009-05-07 11:58");
         int32_t number = 1;

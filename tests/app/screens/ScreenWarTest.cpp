@@ -96,7 +96,7 @@ void expectSums(SqliteFile& record, const std::vector<int32_t>& before) {
 
 } // namespace
 
-// After almost three years that nobody plays.
+// After almost three years without play.
 TEST(ScreenWar, IsJoinedInItsLastMonths) {
     const PlayerHome home;
     CareerDriver driver(home);

@@ -42,7 +42,7 @@ protected:
 uint32_t runningTime = 0; // milliseconds
 uint32_t closingTime = 0;
 
-/// A clock that runs while the war is fought in a single frame, and on it somebody who closes the
+/// A clock that runs while the war is fought in a single frame, and at which somebody closes the
 /// window.
 uint32_t runningTicks() {
     if (++runningTime == closingTime) {
@@ -60,7 +60,7 @@ TEST_F(ScreensInWindow, AnswerThePointer) {
     EXPECT_TRUE(driver.walk(everyButton, CareerDriver::How::Pointer));
 }
 
-// Without the window: it makes no difference to keys.
+// Runs without the window, which makes no difference to keys.
 TEST(Screens, AnswerTheKeys) {
     const InFront inFront;
     const PlayerHome home;

@@ -14,7 +14,7 @@ inline constexpr ShelvedBook Books[] = {
      "2008-12-29 18:20"},
     {"Walter Prentiss", Usa, "103094", "Toul", 19180614, 2, 5, false, "2008-12-28 17:33"},
 };
-/// Of the first of them.
+/// The pages of the first of them.
 inline constexpr ShelvedBook Pages[] = {
     {"Edward Harcourt", England, "102056", "Arras", 19170607, 6, 13, false, "2009-05-07 08:12"},
     {"Edward Harcourt", England, "102056", "Arras", 19170604, 6, 12, false, "2009-05-04 22:55"},

@@ -18,7 +18,7 @@
 
 namespace {
 
-/// In place of this computer's folders.
+/// Instead of this computer's folders.
 void showEverybodysPlaces(CareerDriver& driver, bool hasChosen) {
     std::vector<SimulatorPlace> shown{
         {"C:\\Program Files (x86)\\Steam\\steamapps\\common\\Rise of Flight", FoundBy::LastTime},
@@ -98,7 +98,7 @@ bool crowdRoster(CareerDriver& driver, const std::function<void(const std::strin
 bool fillReport() {
     for (int32_t i = 0; i < 20; ++i) {
         PilotReport& pilot = CombatReport::instance()->pilots.emplace_back();
-        // The longest name of the log, and a player's that nobody of the plan has.
+        // The longest name that a log can have, and a player's name that nobody in the plan has.
         pilot.name = i % 2 == 0 ? "Wolfram-Friedrich von Hohenlohe/12" : "Edward Mannock";
         pilot.country = i % 2 == 0 ? Germany : England;
         pilot.type = i == 4 ? "LMG08AAA" : "";

@@ -5,10 +5,10 @@
 
 class CareerDriver;
 
-// States of a screen that the tour shows besides where its ways lead. `visit` gets the picture's
-// name. False if the program did something else.
+// States of a screen that the tour shows in addition to those on its way. `visit` gets the
+// picture's name. False if the program did something else.
 
-/// On the enlistment: sent by the service, under a long name and under an ace's.
+/// On the enlistment: sent by the service, with a long name and with an ace's.
 bool tourEnlistment(CareerDriver& driver, const std::function<void(const std::string&)>& visit);
 /// On the orders: twelve companions, more than any plan has.
 bool crowdRoster(CareerDriver& driver, const std::function<void(const std::string&)>& visit);

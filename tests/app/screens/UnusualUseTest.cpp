@@ -1,4 +1,4 @@
-// Players in a hurry, names of every sort, and menus that have little of what the code knows.
+// Players in a hurry, names of every sort, and menus that lack most of what the code handles.
 #include "app/career/Database.h"
 #include "app/mission/Configuration.h"
 #include "app/report/CombatReport.h"
@@ -41,7 +41,7 @@ TEST_F(UnusualUse, ALanguageChangesAllTextsAtOnceAndIsRemembered) {
     EXPECT_EQ(driver.widget("language2")->getKind(), "languageon");
     ASSERT_TRUE(driver.walk("fullScreen language6"));
     EXPECT_EQ(driver.text("title"), "Ustawienia");
-    EXPECT_EQ(driver.text("fullScreen"), "Pe\x04ny ekran: w\x04.") << "also what code sets";
+    EXPECT_EQ(driver.text("fullScreen"), "Pe\x04ny ekran: w\x04.") << "what code sets, too";
     EXPECT_EQ(driver.widget("language2")->getKind(), "languageoff");
     ASSERT_TRUE(driver.walk("menuBack>MenuMain"));
     EXPECT_EQ(driver.text("menuButton4"), "Instrukcja") << "on a screen that was there before";

@@ -82,7 +82,7 @@ TEST_F(WaitingPage, SaysThatTheFlightGoesOnUntilItIsOver) {
     const Pieces pieces = takeLog();
     ASSERT_GE(pieces.size(), 4U);
     auto piece = pieces.begin();
-    for (const char* line : {Begun, Grows, Grows}) { // of the first one alone it can't know
+    for (const char* line : {Begun, Grows, Grows}) { // it can't know from the first look alone
         write(piece->first, piece->second);
         expectQuietly(line, 4);
         ++piece;
@@ -122,7 +122,7 @@ TEST_F(WaitingPage, SaysThatTheSimulatorStoppedInFlight) {
     EXPECT_TRUE(driver.comeBack()) << "flown again";
 }
 
-// Each is the log of a finished flight, with one place of it changed.
+// Each is the log of a finished flight with one change.
 TEST_F(WaitingPage, SaysWhoseLogItIsOtherwise) {
     ASSERT_TRUE(driver.fly());
     const Pieces pieces = takeLog();
@@ -330,7 +330,7 @@ TEST_F(WaitingPage, FindsAFlightOfAMissionThatIsWrittenAgain) {
         ASSERT_TRUE(driver.walk(
             "menuButton1>MenuGameAdvance menuButton1>MenuGameDiary menuButton1>MenuGameMain"));
         ASSERT_TRUE(driver.takeOff());
-        EXPECT_EQ(afterLook(), Waits) << "the logs of yesterday are done with";
+        EXPECT_EQ(afterLook(), Waits) << "yesterday's logs no longer count";
     }
 }
 

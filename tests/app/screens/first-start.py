@@ -23,7 +23,7 @@ LOCALES = {"en": "en_GB", "de": "de_DE", "fr": "fr_FR", "es": "es_ES", "it": "it
 DESIGN = 1024, 768
 NEUTRAL = (5, 5), (9, 9)  # in pixels of the design; no page has a button there
 PAGE_TIMEOUT = 300  # seconds; the war before a career and large windows in software take their time
-PRESS_TIMEOUT = 45  # seconds until a press that nothing came of is repeated: slow frames drop input
+PRESS_TIMEOUT = 45  # seconds until a press without effect is repeated: slow frames drop input
 SETTLE_TIMEOUT = 20  # seconds; on one page a hand moves for ever
 LAST, BEFORE_LAST = "shift+Tab Return", "shift+Tab shift+Tab Return"
 
@@ -164,7 +164,7 @@ class Wine:
 
 
 class Player:
-    """The program with one who presses its buttons."""
+    """The program, and somebody who presses its buttons."""
 
     def __init__(self, screen, place, size, by_keys, home):
         self.screen, self.by_keys = screen, by_keys
@@ -214,7 +214,7 @@ class Player:
         raise Failure(f"{wanted} doesn't come; the last page is {(self.pages() or ['none'])[-1]}")
 
     def take_size(self):
-        """As a player who pulls the window as large as the screen."""
+        """Resizes the window to the size of the screen, as a player would."""
         window = self.screen.do("search", "--name", "^Wingtally$").split("\n")[0]
         self.screen.do("windowmove", window, 0, 0, "windowsize", window, self.width, self.height)
 

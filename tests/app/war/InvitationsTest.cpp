@@ -113,7 +113,7 @@ TEST(Invitations, PreferNamesAndTheTypeOfTheDay) {
     for (const int32_t shotdowns : {14, 9, 1, 0})
         squadronOf(test.career, France, {shotdowns});
     squadronOf(test.career, Germany, {10});
-    addFile(test.career, "101300", {}); // a number of no unit
+    addFile(test.career, "101300", {}); // a number without a unit
     addFile(test.career, "101301", {"date=19151201 aircraft=nieuport11"});
     addFile(test.career, "101002", {"date=19151201 aircraft=dh2"});
     addFile(test.career, "101003", {"date=19170101 aircraft=Nieuport11"});
@@ -149,7 +149,7 @@ TEST(Invitations, NeverComeTwiceFromTheSquadronRefusedLastNorFromAnEqual) {
 TEST(InvitationLetter, NamesTheLeaderAndTheAces) {
     const struct {
         std::vector<int32_t> shotdowns; // of the inviting squadron's pilots 1, 2, ...
-        const char* key;                // 101300 is a number of no unit
+        const char* key;                // 101300 is a number without a unit
         const char* start;
         int32_t sum;
     } cases[] = {

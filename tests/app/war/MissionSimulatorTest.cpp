@@ -75,7 +75,7 @@ std::string courseOf(MissionSimulator& simulator, int32_t steps) {
     return course;
 }
 
-// Past the end of the fight, too: the steps go on drawing in the same way, and the next fight takes
+// Goes past the end of the fight, too: the steps go on drawing as before, and the next fight takes
 // the draws that follow. Planes beyond the sixteenth take no part.
 TEST(MissionSimulator, FightsByTheRule) {
     MissionGenerator generator;

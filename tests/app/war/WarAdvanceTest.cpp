@@ -157,8 +157,8 @@ TEST(WarAdvance, EndsWhenNoDayMoves) {
     EXPECT_LT(war.career.calendar().dateNumber(), 19190120);
 }
 
-/// The save of a career that was led to March 1916 while another one is in the same process, which
-/// is or isn't the running program's one.
+/// The save of a career that was played to March 1916 while another one is in the same process,
+/// whether or not that is the running program's.
 std::string saveBesideAnother(bool otherIsCurrent) {
     SmallWorld world;
     world.addHistory();

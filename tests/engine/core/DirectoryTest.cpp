@@ -71,7 +71,7 @@ TEST(Directory, MakesFoldersWithTheirParents) {
     const TemporaryFolder folder;
     const zel::String path = zel::String(folder.path()) + "\\a\\b/c\\";
     EXPECT_TRUE(zel::Directory::create(path));
-    EXPECT_TRUE(zel::Directory::create(path)) << "an existing one is no error";
+    EXPECT_TRUE(zel::Directory::create(path)) << "an existing one isn't an error";
     EXPECT_TRUE(std::filesystem::is_directory(folder.path() + "/a/b/c"));
     folder.write("file", "");
     EXPECT_FALSE(zel::Directory::create(folder.path() + "/file"));

@@ -66,7 +66,7 @@ TEST(Log, KeepsConsoleLinesApart) {
     zel::setConsoleShown(false);
     zel::console("hidden");
     zel::setConsoleShown(true);
-    EXPECT_EQ(log.text(), "plain line\n") << "no mark, and the log's level is not asked";
+    EXPECT_EQ(log.text(), "plain line\n") << "no prefix, and the log's level doesn't matter";
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace {
 constexpr int32_t Lowest = std::numeric_limits<int32_t>::min();
 constexpr int32_t Highest = std::numeric_limits<int32_t>::max();
 
-/// Whether a generator goes on as the library's own does from that seed.
+/// Whether a generator continues as the library's own does from that seed.
 bool goesOnAs(zel::Random random, uint32_t seed) {
     std::mt19937 reference(seed);
     for (int i = 0; i < 2000; ++i)
@@ -22,7 +22,7 @@ bool goesOnAs(zel::Random random, uint32_t seed) {
 }
 
 TEST(Random, GivesThePublishedSequence) {
-    // Of the 2002 reference code and the C++ standard: seed 5489, its first and 10000th value.
+    // From the 2002 reference code and the C++ standard: seed 5489, its first and 10000th value.
     zel::Random random(5489);
     EXPECT_EQ(random.next(), 3499211612U);
     for (int i = 2; i < 10000; ++i)
@@ -38,7 +38,7 @@ TEST(Random, GivesThePublishedSequence) {
     }
 }
 
-// Whatever is taken between two looks, also where a block ends in between.
+// Whatever is taken between two calls of ahead(), even if a block ends in between.
 TEST(Random, ShowsTheValuesAhead) {
     zel::Random random(7);
     std::mt19937 reference(7);

@@ -118,7 +118,7 @@ TEST_F(Registry, KeepsTheFileThatWasNotWhole) {
     zel::Registry::set("x", "12");
     EXPECT_EQ(folder.read("user/prefs.dat.damaged"), damaged) << "only that one is damaged";
     EXPECT_EQ(folder.read("user/prefs.dat.bak"), repaired);
-    // There, and not to be read: more than any player's choices.
+    // It exists but isn't read: it is larger than any player's choices.
     constexpr uintmax_t TooLong = (1 << 24) + 1;
     std::filesystem::resize_file(folder.file("user/prefs.dat"), TooLong);
     zel::Registry::reset();

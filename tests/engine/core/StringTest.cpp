@@ -42,11 +42,11 @@ TEST(String, ReadsFloatsWithAPointWhateverTheSystem) {
     for (const char* text : {"1e-99", "-1e-99"})
         EXPECT_EQ(zel::toFloat(text), 0.0F) << "too small to be held: " << text;
     for (const char* word : {"nan", "inf", "-infinity"})
-        EXPECT_EQ(zel::toFloat(word), 0.0F) << "a word is no number: " << word;
+        EXPECT_EQ(zel::toFloat(word), 0.0F) << "a word isn't a number: " << word;
 }
 // clang-format on
 
-// By printf's %g, which is the same form where the locale has a point.
+// Compared with printf's %g, which gives the same form in a locale with a decimal point.
 TEST(String, WritesFloatsWithSixDigits) {
     for (const float number : {213678.73F, 1050.25F, 1e6F, 999999.5F, -0.5F, 0.0F, 100000.0F,
                                123456.7F, 0.0001F, 0.00001F, 41.84F, 1.0F / 3.0F, -2e-30F}) {

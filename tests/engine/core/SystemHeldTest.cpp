@@ -34,12 +34,12 @@ TEST(HeldFiles, AreThereAndDontOpen) {
 
 #ifdef _WIN32
 
-/// Opening a held file for writing is tried again for at least 480 milliseconds: an operation that
+/// Opening a held file for writing is retried for at least 480 milliseconds: an operation that
 /// takes less hasn't waited in vain.
 constexpr uint32_t Soon = 400;    // milliseconds
 constexpr uint32_t HoldTime = 40; // milliseconds
 
-/// Whether the operation goes through though somebody holds the file when it begins.
+/// Whether the operation succeeds although somebody holds the file when it begins.
 template <typename Operation> bool outlasts(const std::string& path, const Operation& operation) {
     HeldFile held(path);
     EXPECT_TRUE(held.isHeld());
@@ -160,7 +160,7 @@ TEST(HeldFolders, ArentRenamedForThatReason) {
 
 TEST(Names, OfFilesComeFromUtf8) {
     using system::nameFromUtf8;
-    ASSERT_EQ(GetACP(), 1252U) << "what these texts are written for";
+    ASSERT_EQ(GetACP(), 1252U) << "the code page that these texts are written for";
     EXPECT_EQ(nameFromUtf8("D:\\Spiele\\F\u00FCr mich \u20AC"), "D:\\Spiele\\F\xFCr mich \x80");
     EXPECT_EQ(nameFromUtf8("D:\\Spiele\\F\xFCr mich"), "D:\\Spiele\\F\xFCr mich") << "already";
     EXPECT_EQ(nameFromUtf8("D:\\Spiele"), "D:\\Spiele");
@@ -170,7 +170,7 @@ TEST(Names, OfFilesComeFromUtf8) {
         << "\"Lukasz\" would be somebody else";
 }
 
-/// A folder whose name the code page lacks, as of a player who writes his in Chinese.
+/// A folder whose name the code page lacks, such as a player's name in Chinese.
 struct DistantNames : testing::Test {
     DistantNames() {
         const std::string parent = folder.path();

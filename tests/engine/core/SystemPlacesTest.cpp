@@ -42,7 +42,7 @@ TEST(SystemPlaces, SeeARunningProgram) {
     EXPECT_TRUE(isSeen(copy, {"sleep", "9"}, "wtseen.EXE")) << "by its file";
     EXPECT_TRUE(isSeen("/bin/sleep", {"C:\\Games\\WtSeen.exe", "9"}, "WtSeen.exe"))
         << "as Wine names its processes";
-    // What only has the name among its arguments isn't it, but for Wine's loader.
+    // A program that only has the name among its arguments isn't it, except for Wine's loader.
     const std::vector<std::string> shell = {"sh", "-c", "sleep 9; true", "/x/WtSeen.exe"};
     std::vector<std::string> loader = shell;
     loader.front() = "/usr/bin/wine64-preloader";

@@ -71,7 +71,7 @@ TEST_F(BakedFontsTest, HoldEveryCharacter) {
     EXPECT_EQ(log.text(), "");
 }
 
-// A page of twice the size that was baked before the plain one would show other letters.
+// An outdated page of twice the size would show other letters.
 TEST_F(BakedFontsTest, AreTheSameAtTwiceTheSize) {
     for (const std::string& name : names) {
         zel::Bitmap doubled;

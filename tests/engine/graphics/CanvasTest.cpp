@@ -41,7 +41,7 @@ TEST(DrawBatch, NeighboursThatFilteringBlendsCountAsTouching) {
     DrawBatch batch;
     add(batch, 1, {0, 0, 10, 10});
     add(batch, 2, {20, 0, 10, 10});
-    add(batch, 1, {31, 0, 10, 10}); // one pixel beside
+    add(batch, 1, {31, 0, 10, 10}); // one pixel beside it
     EXPECT_EQ(runs(batch), (Runs{1, 2, 1}));
 }
 

@@ -62,7 +62,7 @@ TEST(FontDescription, DropsWhatDoesNotFit) {
     EXPECT_EQ(font.kerning[218 * 300 + 100], 8);
     EXPECT_EQ(std::count(font.kerning.begin(), font.kerning.end(), 0), 65535);
     EXPECT_EQ(zel::Font("", font).kerning(300u, 1u), 0);
-    // The mark of an invalid character is a record like the others, and nobody's code.
+    // The mark of an invalid character is a record like the others, but no text contains its code.
     const auto marked = parsed(fontFile(glyph(0xFFFFFFFF, 3) + glyph('A', 10)));
     EXPECT_EQ(marked.glyphs.size(), 2u);
     EXPECT_EQ(marked.glyphIndex.size(), 66u);
@@ -129,7 +129,7 @@ TEST_F(FontMetrics, CorrectsSingleCharacters) {
 }
 
 TEST_F(FontMetrics, ReportsWhatItCannotDo) {
-    // The first glyph is of the code 0: what is no number must not reach it.
+    // The first glyph has the code 0: a word that isn't a number must not select it.
     const std::string zeroFirst = glyph(0, 6) + Letters;
     for (const char* line :
          {"charoffset", "charoffset two", "charoffset 2px", "widthofchar 65", "widthofchar 65 wide",

@@ -31,7 +31,7 @@ std::array<int64_t, 4> meanOf(const zel::Bitmap& picture, int32_t left, int32_t 
     return sums;
 }
 
-// One that was drawn before a change of the other would show something else on large windows.
+// A picture that was not drawn again with the other would show something else on large windows.
 TEST(PictureSizesTest, ShowTheSame) {
     int32_t pairs = 0;
     for (const auto& entry : std::filesystem::directory_iterator(PICTURE_FOLDER)) {

@@ -48,7 +48,7 @@ inline std::string bmpFile(int32_t width, int32_t height, uint32_t bits, std::st
     return header.u32(compression).fill(20, '\0').text(pixels);
 }
 
-/// A picture in memory of which all bytes have that value.
+/// A picture in memory whose bytes all have that value.
 inline zel::BitmapData plainPicture(int32_t width, int32_t height, int32_t depth, uint8_t value) {
     zel::BitmapData data;
     data.width = data.pictureWidth = width;

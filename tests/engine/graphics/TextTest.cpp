@@ -62,7 +62,7 @@ TEST_F(TextTest, BreaksAtBlanks) {
 
 TEST_F(TextTest, BreaksWhereItIsTold) {
     EXPECT_EQ(broken("a\nb\n\nc", 100), (Lines{"a", "b", "", "c"}));
-    EXPECT_EQ(broken("C:\\new", 100), (Lines{"C:\\new"})) << "a path is no escape";
+    EXPECT_EQ(broken("C:\\new", 100), (Lines{"C:\\new"})) << "a path has no escapes";
     EXPECT_EQ(broken("a\r\n", 100), (Lines{"a", ""}));
     EXPECT_EQ(broken("a\tb", 100), (Lines{"a b"}));
 }

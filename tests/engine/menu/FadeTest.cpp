@@ -66,7 +66,7 @@ protected:
 
 using Alphas = std::vector<int32_t>;
 
-/// The alphas of all calls that draw a picture whose name begins so, in their order.
+/// The alphas of all calls that draw a picture whose name begins with that, in order.
 Alphas alphas(const std::vector<Canvas::DrawRecord>& frame, std::string_view picture) {
     Alphas found;
     for (const Canvas::DrawRecord& record : frame) {

@@ -84,7 +84,7 @@ Block worstBlock(const Picture& picture, const Picture& golden) {
     return worst;
 }
 
-/// Empty if the picture is the kept one.
+/// Empty if the picture matches the kept one.
 std::string fault(const Picture& picture, const Picture& golden) {
     if (golden.width != picture.width || golden.height != picture.height ||
         golden.pixels.size() != picture.pixels.size())

@@ -12,10 +12,10 @@ struct Picture {
     std::vector<uint8_t> pixels;
 };
 
-/// Whether the picture is the kept one, except for edges that other versions of the OpenGL library
-/// round differently: in its colours at half the size, and in its brightness at full size, where a
-/// single letter makes a difference, whether it is text or painted. If not, it is written as
-/// `newFile`, as PNG or JPEG by its ending, for somebody to look at.
+/// Whether the picture matches the kept one, except for edges that other versions of the OpenGL
+/// library round differently: in its colours at half the size, and in its brightness at full size,
+/// where a single letter makes a difference, whether it is text or painted. If not, it is written
+/// as `newFile`, as PNG or JPEG by its ending, for somebody to look at.
 testing::AssertionResult isGoldenPicture(const Picture& picture, const std::string& goldenFile,
                                          const std::string& newFile);
 

@@ -139,7 +139,7 @@ TEST_F(HandledMenuTest, RunsPreloadAtEveryEntering) {
 
 TEST_F(HandledMenuTest, GoesOnByItself) {
     start("onenter:\nsetautotransition 3 B\nsetlocalflag entered on\n");
-    driver->step(2000); // and less than a second before
+    driver->step(2000); // plus less than a second before
     EXPECT_EQ(&driver->menu(), menu);
     driver->step(2000);
     EXPECT_EQ(StatesMachine::getInstance().getActiveState()->getName(), "B") << "not later";
@@ -201,5 +201,5 @@ TEST_F(HandledMenuTest, KeepsElementsOverAPause) {
     ASSERT_TRUE(driver->widget("go")->isFocused());
     ZelLoop::onPause();
     ZelLoop::onContinue();
-    EXPECT_TRUE(driver->widget("go")->isFocused()) << "as the keyboard believes";
+    EXPECT_TRUE(driver->widget("go")->isFocused()) << "the keyboard still has it as the focus";
 }

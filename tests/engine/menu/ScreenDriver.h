@@ -24,7 +24,7 @@ struct ScriptElement {
 std::string scriptOf(std::initializer_list<ScriptElement> elements);
 
 /// Runs a menu program without a window, on a clock of its own, by the names of its widgets. As
-/// long as it lives the player is of that locale, whatever the machine's is.
+/// long as it lives, the locale is the given one, whatever the machine's is.
 class ScreenDriver {
 public:
     struct Script {
@@ -43,7 +43,7 @@ public:
     /// takes more than ten seconds.
     bool untilIdle(const char* state);
 
-    /// Sets the test's clock to that time, in milliseconds, if it is before it.
+    /// Moves the test's clock forward to that time, in milliseconds; does nothing if it is past it.
     static void waitUntil(uint32_t time);
     /// Moves the test's clock by `milliseconds`, forward or back, without a frame.
     static void shiftClock(int32_t milliseconds);

@@ -103,7 +103,7 @@ TEST(SoundReader, KeepsLengthAndPitchAtEveryRate) {
                     readSound(folder.write("sine.wav", sineFile(rate, channels, bits)));
                 ASSERT_NE(read, nullptr) << rate;
                 ASSERT_EQ(read->samples.size(), 2U * SoundRate) << rate << " a second";
-                // A straight line cuts that much off the wave, and rounding half a step.
+                // Linear interpolation cuts that much off the wave, and rounding adds half a step.
                 const double margin =
                     Amplitude * std::pow(Omega / rate, 2) / 8 + (bits == 8 ? 129 : 2);
                 double worst = 0;
@@ -150,7 +150,7 @@ TEST(SoundReader, RefusesWhatMakesNoSense) {
     EXPECT_EQ(convertSound({}, "abcdefg").samples.size(), 2U) << "one and a part of one";
 }
 
-// What SDL gets is never longer than the file: it allocates by these sizes.
+// The sizes that SDL gets never exceed the file: it allocates by them.
 TEST(SoundReader, RefusesPartsThatClaimTooMuch) {
     const TemporaryFolder folder;
     const std::string whole = wavFile("1234567", 44100, 1, 8);
@@ -178,7 +178,7 @@ TEST(SoundReader, RefusesPartsThatClaimTooMuch) {
 class SoundHandlerTest : public testing::Test {
 protected:
     SoundHandlerTest() {
-        // A device that plays to nobody.
+        // An audio device that plays nothing.
         static char driver[] = "SDL_AUDIODRIVER=dummy";
         SDL_putenv(driver);
     }

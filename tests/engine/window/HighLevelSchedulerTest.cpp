@@ -144,7 +144,7 @@ TEST_F(HighLevelSchedulerTest, TheLowestPriorityRunsOnceIn101Frames) {
 TEST_F(HighLevelSchedulerTest, TasksOfWhichOneFitsTakeTurns) {
     add(a, 4);
     add(b, 4);
-    a.duration = b.duration = 12; // one fills what is planned of a frame, 14 ms
+    a.duration = b.duration = 12; // one fills the planned part of a frame, 14 ms
     pass(40);                     // until the estimates have grown
     const std::string turns = pass(6);
     EXPECT_TRUE(turns == "ababab" || turns == "bababa") << turns;

@@ -61,7 +61,7 @@ TEST_F(InputTest, NumbersTheButtons) {
     button(3, true);
     EXPECT_TRUE(Mouse::isButtonDown(2));
     for (uint8_t number = 8; number < 16; ++number)
-        button(number, true); // side buttons and tilting wheels, of which there is no room
+        button(number, true); // side buttons and tilting wheels, which have no slot
     button(17, false);        // the number counts modulo 16
     EXPECT_FALSE(Mouse::isButtonDown(1));
     EXPECT_FALSE(Mouse::isButtonDown(-1));
@@ -77,7 +77,7 @@ TEST_F(InputTest, AHitIsAPressAndARelease) {
     button(1, false);
     EXPECT_FALSE(Mouse::isButtonDown(1));
     EXPECT_TRUE(Mouse::isButtonHit(1));
-    EXPECT_FALSE(Mouse::isButtonHit(1)) << "it is told once";
+    EXPECT_FALSE(Mouse::isButtonHit(1)) << "it is reported once";
     button(1, true);
     Mouse::consumeHits();
     button(1, false);
@@ -119,7 +119,7 @@ TEST_F(InputTest, AClickThatNoFrameSawIsATap) {
 TEST_F(InputTest, KnowsATapFromOtherClicks) {
     const struct {
         const char* steps;
-        int32_t width; // of what is tapped, from ten pixels left of the press
+        int32_t width; // of the tapped area, from ten pixels left of the press
         bool isTap;
         const char* what;
     } cases[] = {

@@ -64,7 +64,7 @@ protected:
 };
 
 TEST_F(PictureDetailTest, FollowsTheWindowsSize) {
-    EXPECT_EQ(drawn(), 0xFF404040) << "1.29 pixels to one of the design";
+    EXPECT_EQ(drawn(), 0xFF404040) << "1.29 window pixels per design pixel";
     const int64_t plain = Bitmap::systemMemory();
     static_cast<void>(bitmap("unseen"));
     static_cast<void>(bitmap("other"));
@@ -88,7 +88,7 @@ TEST_F(PictureDetailTest, FollowsTheWindowsSize) {
     EXPECT_EQ(Bitmap::systemMemory(), plain);
 }
 
-// A depth that no card takes is refused as a lack of memory is.
+// A depth that no card accepts is refused in the same way as a lack of memory.
 TEST_F(PictureDetailTest, ShowsThePlainPictureWhereTheLargeOneIsRefused) {
     resize(130);
     Bitmap made;

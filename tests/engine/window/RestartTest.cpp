@@ -16,7 +16,7 @@ namespace zel {
 
 namespace {
 
-// Each run goes to a screen with an extension and leaves traces in all that screens share.
+// Each run goes to a screen with an extension and leaves traces in everything that screens share.
 TEST(Restart, LeavesNothingBehind) {
     StatesMachine& machine = StatesMachine::getInstance();
     std::vector<String> states[2];

@@ -99,7 +99,7 @@ TEST_F(StatesMachineTest, DeliversOneCallAFrameAndFadesInBetween) {
 }
 
 TEST_F(StatesMachineTest, PhasesOfNoLengthEndAtOnce) {
-    first.setFadeTimes(0, 0, -1); // less than nothing is no length either
+    first.setFadeTimes(0, 0, -1); // a negative length counts as none
     second.setFadeTimes(0, 0, 0);
     leaveFirst();
     frames(7); // four of them for the calls; no time passes

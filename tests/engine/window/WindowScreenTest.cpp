@@ -64,14 +64,14 @@ protected:
         uint32_t color;
         const char* what = "";
     };
-    /// The colours of the window's pixels, counted from that place.
+    /// The colours of the window's pixels, counted from that position.
     static void expect(const std::vector<Spot>& spots, size_t x = 0, size_t y = 0) {
         const Shot shot;
         for (const Spot& spot : spots)
             EXPECT_EQ(shot.at(x + spot.x, y + spot.y), spot.color)
                 << spot.x << ", " << spot.y << " " << spot.what;
     }
-    /// The picture at that place of the window, pixel for pixel.
+    /// Draws the picture at that position of the window, pixel for pixel.
     static void expectPicture(size_t x) {
         expect(
             {{0, 0, Red}, {1, 0, Green}, {0, 1, Blue}, {1, 1, White}, {2, 0, Black}, {0, 2, Black}},

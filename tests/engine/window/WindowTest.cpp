@@ -95,7 +95,7 @@ TEST(Window, OpensWebAddressesOnly) {
     EXPECT_EQ(log.linesWith("Not a web address"), 3);
 }
 
-/// A picture that is opaque on its upper left to lower right line alone.
+/// A picture that is opaque only on the diagonal from upper left to lower right.
 void makeDiagonal(Bitmap& picture, int32_t side) {
     BitmapData data = plainPicture(side, side, 4, 127);
     for (int32_t place = 0; place < side; ++place)

@@ -98,7 +98,8 @@ TEST_F(ZelLoopTest, ShowsNothingForFiveFrames) {
     EXPECT_EQ(StatesMachine::getInstance().getActiveState(), nullptr);
     EXPECT_EQ(taken(), Told{});
     steps(loop, 1);
-    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"})) << "entered and calls in the sixth";
+    EXPECT_EQ(taken(), (Told{"start.onFirstEnter"}))
+        << "the sixth frame enters the state and delivers calls";
 }
 
 TEST_F(ZelLoopTest, QuitsByAState) {

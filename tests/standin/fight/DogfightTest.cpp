@@ -74,7 +74,7 @@ TEST(Dogfight, StaysInTheSky) {
 }
 
 TEST(Dogfight, IsWonAndLost) {
-    // The bounds are loose: what counts is that neither side has the victory in its pocket.
+    // The bounds are loose: what matters is that neither side is sure to win.
     const Tally even = tally(readMission(missionText(sixPlanes())), 200);
     EXPECT_GT(even.won, 40);
     EXPECT_GT(even.lost, 20);
@@ -98,7 +98,7 @@ TEST(Dogfight, DependsOnWhoFlies) {
     many.erase(many.begin() + 1, many.begin() + 3);
     const Tally alone = tally(readMission(missionText(many)), 100);
     EXPECT_GT(alone.humanLost, 30) << "one against three";
-    EXPECT_GT(alone.humanVictories, 5) << "who isn't helpless";
+    EXPECT_GT(alone.humanVictories, 5) << "but he isn't helpless";
 }
 
 TEST(Dogfight, OnlyThoseWithOrdersFireAndNotBeforeThem) {

@@ -104,7 +104,7 @@ private:
         planeOfBody[id] = parent;
     }
 
-    /// Hits and damage with a human part alone.
+    /// Hits and damage appear only if the human is involved.
     void checkTarget(const LogLine& line) {
         const int32_t attacker = line.number("AID");
         const int32_t target = line.number("TID");
@@ -125,8 +125,8 @@ private:
             deadBodies.insert(target);
     }
 
-    /// Take-offs, landings, places and bodies are the human's alone; the first two have blanks in
-    /// their places.
+    /// Take-offs, landings, positions and bodies are only the human's; the first two have blanks in
+    /// their positions.
     void checkPlace(const LogLine& line) const {
         const bool isSpaced = line.text.find(", ") != std::string::npos;
         EXPECT_EQ(isSpaced, line.type == 5 || line.type == 6) << line.text;
@@ -138,7 +138,7 @@ private:
             EXPECT_TRUE(line.type != type || line.number(key) == id) << line.text;
     }
 
-    /// The damage of a plane or a man comes to about 1 when it is the end of him, and not before.
+    /// The damage of a plane or a man adds up to about 1 at his end, and not before.
     void checkHumanSums() const {
         EXPECT_TRUE(human.dead ? human.wounds == 1000 : human.wounds < 977) << human.wounds;
         EXPECT_EQ(human.planeLost, human.damage >= 982) << human.damage;

@@ -6,7 +6,7 @@
 
 namespace standin {
 
-/// A line of a log, cut up by a way of its own: keys end with a colon and follow a blank.
+/// A line of a log, parsed independently: keys end with a colon and follow a blank.
 struct LogLine {
     std::string text;
     int32_t tick = 0;

@@ -21,12 +21,12 @@ struct TestPlane {
 /// entities the ones after; the logic has 1 to 3.
 std::string missionText(const std::vector<TestPlane>& planes, bool inAir = true);
 
-/// Three against three of spring 1918, the human first.
+/// Three against three in spring 1918, the human first.
 std::vector<TestPlane> sixPlanes();
 /// missionText of a human and one enemy, for tests that edit it.
 std::string smallMission();
 
-/// An objective of that index at the place 1.5, 2, 3, for the place before the file's last line.
+/// An objective of that index at the position 1.5, 2, 3, to be put before the file's last line.
 std::string objectiveText(int32_t index);
 
 /// The mission of a text; fails the test if it is refused.

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Calls of the built program on a machine of which the test makes all that it needs.
+/// Calls of the built program on a machine that the test sets up.
 struct DoctorTest : testing::Test {
     DoctorTest() {
         tools::Finding finding;
@@ -117,7 +117,7 @@ TEST_F(DoctorTest, ComplainsOfWhatIsDamaged) {
     EXPECT_TRUE(says("WRONG    Write access: Missions")) << out;
 }
 
-// A copy of the program's files, with one of each kind spoiled.
+// A copy of the program's files, with one of each kind damaged.
 TEST_F(DoctorTest, ComplainsOfAnInstallationThatIsNotWhole) {
     const std::string run = folder.path() + "/run";
     fs::copy(RUN_FOLDER, run, fs::copy_options::recursive);

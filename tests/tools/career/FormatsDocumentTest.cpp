@@ -1,4 +1,4 @@
-// docs/formats.md against the files of which it shows dumps: a save and a font.
+// Compares docs/formats.md with the files whose dumps it shows: a save and a font.
 #include <algorithm>
 #include <cstdio>
 #include <regex>

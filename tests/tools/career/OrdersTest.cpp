@@ -1,5 +1,5 @@
 // Orders that outlive the program that gave them. A Session is a run of the program; what is in the
-// folder while one lives is what is left when it is killed.
+// folder while it lives is what remains if it is killed.
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -74,11 +74,11 @@ struct OrdersTest : testing::Test {
         return result;
     }
 
-    PinnedRun run{5}; // of which the player survives the first flight
+    PinnedRun run{5}; // in which the player survives the first flight
     std::unique_ptr<Session> session;
 };
 
-// Plan and place decide on every figure and name of it.
+// Plan and position decide every figure and name in it.
 TEST_F(OrdersTest, GiveTheSameReportInALaterRun) {
     const auto flightTables = [&] {
         EXPECT_TRUE(session->exportRecord(run.folder.file("record.json")));
@@ -137,7 +137,7 @@ TEST_F(OrdersTest, CarryNoLogIntoTheCareerTwice) {
         const std::string name = "sim/data/" + entry.path().filename().string();
         std::string text = run.folder.read(name);
         if (const size_t date = text.find("GDate:"); date != text.npos)
-            run.folder.write(name, text.erase(date, 6)); // or the day alone would tell
+            run.folder.write(name, text.erase(date, 6)); // or the day alone would decide
     }
     ASSERT_TRUE(session->report() && session->save());
     ASSERT_TRUE(session->mission());

@@ -19,7 +19,7 @@ struct SessionTest : testing::Test {
         tools::Finding finding;
         ASSERT_TRUE(standin::makeSimulatorFolder(run.simulatorFolder(), finding)) << finding.text();
     }
-    /// The command failed, with one line that says so.
+    /// Expects that the command failed, with one line that says so.
     void expectProblem(bool result, const char* part) const {
         const std::string problem(session.problem().view());
         EXPECT_FALSE(result) << part;

@@ -50,15 +50,16 @@ protected:
         return text;
     }
 
-    /// A text that is empty or ends with a line feed is all that is reported, another one a part.
+    /// A text that is empty or ends with a line feed must be the whole report, any other one a part
+    /// of it.
     void expectFinding(const std::string& wanted, const std::string& context) const {
         const std::string found = findings();
         const bool isAll = wanted.empty() || wanted.back() == '\n';
         EXPECT_TRUE(isAll ? found == wanted : found.find(wanted) != found.npos)
             << context << "\nfound: " << found << "\nwanted: " << wanted;
     }
-    /// Adds each text of the cases after the good lines of a file and an empty one, as line 3. What
-    /// follows its stroke is the finding without the file's name: its beginning if it ends in dots,
+    /// Adds each text of the cases after the good lines of a file and an empty one, as line 3.
+    /// After the "|" comes the finding without the file's name: its beginning if it ends in dots,
     /// none if it is empty.
     void expectFindings(const std::string& file, const std::string& good, const char* cases,
                         int32_t count) const {
@@ -108,7 +109,7 @@ TEST_F(DataCheck, ReportsLinesOfPilots) {
     expectFindings(AceFile, AceLine, "pilot-lines.txt", 13);
 }
 
-// Each file alone; a text with a line feed is all that is reported.
+// Each file alone; a text with a line feed is the whole report.
 TEST_F(DataCheck, ReportsWholeFiles) {
     constexpr const char* Empty = "the file is empty: write its lines or delete it\n";
     constexpr const char* NoKey =
@@ -138,7 +139,7 @@ TEST_F(DataCheck, ReportsWholeFiles) {
         {"Pilots/Ernst Udet.txt", "aircraft=fokkerd7 skin=lo",
          "no line has unit=, so the pilot never joins: add a posting\n"},
         {"Pilots/Viktor von Pressentin von Rautter.txt", AceLine,
-         "the name has 33 characters, of which the simulator keeps 27"},
+         "the name has 33 characters; the simulator keeps 27"},
         {"Pilots/Hermann G\xC3\xB6ring.txt", AceLine, "the name has a character outside of ASCII"},
         {"Pilots/Ernst {Udet}.txt", AceLine, "the name has one of ; = { } \""},
         {"Pilots/Ernst  Udet.txt", AceLine, "the name has a blank too many"},
@@ -196,11 +197,11 @@ TEST_F(DataCheck, ReportsFaultyNameLists) {
               "Names/France_1st.txt: the file is missing or can't be read\n"
               "Names/Germany_1st.txt:1: the name has a blank too many: write one blank between its "
               "parts\n"
-              "Names/Germany_1st.txt:3: adam is there twice: remove one\n"
+              "Names/Germany_1st.txt:3: adam occurs twice: remove one\n"
               "Names/Germany_1st.txt:4: the name has one of ; = { } \" which the simulator can't "
               "read: leave it out, or missions have Jo-rg\n"
-              "Names/USA_1st.txt:1: Bartholomew-Matthew von Kahr has 28 characters, of which "
-              "the simulator keeps 27: remove the longest names\n");
+              "Names/USA_1st.txt:1: Bartholomew-Matthew von Kahr has 28 characters; the simulator "
+              "keeps 27: remove the longest names\n");
 }
 
 TEST_F(DataCheck, ReportsAFaultyTemplate) {
@@ -209,7 +210,7 @@ TEST_F(DataCheck, ReportsAFaultyTemplate) {
         {"MCU_TR_MissionBegin", "MCU_CMD_AttackArea", ":18: a second attack area"},
         {"MCU_TR_MissionBegin", "MCU_Timer", "nothing starts the fight"},
         {"Options", "Settings", "first block must be Options"},
-        {"Index = 2", "Index = 1", "Index 1 is there twice"},
+        {"Index = 2", "Index = 1", "Index 1 occurs twice"},
         {"Index = 2", "Note = 1", "no Index above 0"},
         {"  Name = \"B\";", "  Desc = \"\";", "without Name follows the attack area"},
         {"MCU_TR_MissionBegin", "Airfield", "is not logic"},
@@ -229,7 +230,7 @@ TEST_F(DataCheck, SurvivesFilesCutAnywhere) {
     const size_t end = whole.find("# end");
     for (size_t length = 0; length < whole.size(); ++length) {
         folder.write(TemplateFile, whole.substr(0, length));
-        // After the last brace nothing of weight is left.
+        // After the last brace nothing important is left.
         EXPECT_EQ(findings().empty(), length + 4 >= end) << "template cut at " << length;
     }
     folder.write(TemplateFile, Template);

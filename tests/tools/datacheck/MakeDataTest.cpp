@@ -56,13 +56,13 @@ Reading readFrom(const TemporaryFolder& folder) {
     return reading;
 }
 
-/// A folder with the good tables, for a test to spoil.
+/// A folder with the good tables, for a test to damage.
 struct MakeData : testing::Test {
     MakeData() {
         for (const auto& [name, content] : good)
             folder.write(name, content);
     }
-    /// Reads the tables with another content of one file, which then gets its own again.
+    /// Reads the tables with other content in one file, which is restored afterwards.
     Reading readWith(const std::string& file, const std::string& content) const {
         folder.write(file, content);
         Reading reading = readFrom(folder);
@@ -131,7 +131,7 @@ TEST_F(MakeData, ReportsWhereItCannotWrite) {
     EXPECT_NE(findings[0].file.find("Historical"), std::string::npos) << findings[0].text();
 }
 
-// A row of the file is a table, the row that spoils it and the fault with its line.
+// A row of the file is a table, the bad row and the fault with its line.
 TEST_F(MakeData, ReportsFaultyRowsWithTheirLines) {
     std::istringstream rows(fileText(CASES_FOLDER "/faulty-rows.txt"));
     int32_t count = 0;
@@ -152,7 +152,7 @@ TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
               "names/USA_1st.txt:1: the list is empty\n");
     EXPECT_EQ(readWith("names/USA_1st.txt", "Adam\n Bert\nadam\n").findings,
               "names/USA_1st.txt:2: \" Bert\" can't be a name: write letters, \"'\" and \"-\"\n"
-              "names/USA_1st.txt:3: adam is there twice\n");
+              "names/USA_1st.txt:3: adam occurs twice\n");
     EXPECT_EQ(readWith("history/squadrons.csv", "key;nation\n").findings.substr(0, 44),
               "history/squadrons.csv:1: the header must be ");
     const std::string ofNothing = readFrom(TemporaryFolder()).findings;
@@ -160,7 +160,7 @@ TEST_F(MakeData, ReportsFaultyNameListsAndMissingFiles) {
         << ofNothing;
 }
 
-// A table that was cut is either reported, or a good one of fewer rows.
+// A truncated table is either reported, or is a good one with fewer rows.
 TEST_F(MakeData, SurvivesATableCutAnywhere) {
     const FileSet whole = goodFiles();
     for (const char* file : {"history/squadrons.csv", "history/aces.csv", "history/postings.csv"}) {

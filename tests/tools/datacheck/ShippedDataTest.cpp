@@ -18,15 +18,15 @@ TEST(ShippedData, HasNoFault) {
 }
 
 // They are drawn when their lines are met, so the order is part of every mission. DailyMissionTest
-// reads the missions that are made of it.
+// reads the missions made from the template.
 TEST(ShippedData, HasTheTimeBeforeTheSky) {
     const std::string text = fileText("Data/Missions/GenericTemplate.Mission");
     EXPECT_LT(text.find("  Time = "), text.find("  CloudConfig = "));
     EXPECT_LT(text.find("  CloudConfig = "), text.find("MCU_"));
 }
 
-// A unit of two-seaters has a key without a name: no career begins there, and no invitation comes
-// from there.
+// The key of a two-seater unit has no name: no career begins there, and no invitation comes from
+// there.
 TEST(ShippedData, NamesTheSquadronsAsTheScreensDo) {
     std::ifstream table(WINGTALLY_HISTORY "/squadrons.csv");
     std::string row;

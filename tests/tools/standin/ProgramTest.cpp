@@ -46,7 +46,7 @@ TEST(Program, DistinguishesWrongCallsFromFailures) {
     EXPECT_EQ(result.status, 2);
     EXPECT_NE(result.errors.find("Usage: wingtally-standin DIR"), result.errors.npos);
     EXPECT_EQ(call(rof + " --fly --seed x").status, 2);
-    EXPECT_FALSE(has(folder, "rof")) << "a wrong call does nothing";
+    EXPECT_FALSE(has(folder, "rof")) << "invalid arguments do nothing";
 
     for (int32_t i = 0; i < 2; ++i) { // no mission, then a wrong one
         result = call(rof + " --fly");

@@ -1,4 +1,5 @@
-// docs/menu-scripts.md against the interpreter: what it shows runs, and it shows every command.
+// Compares docs/menu-scripts.md with the interpreter: its examples run, and they cover every
+// command.
 #include <fstream>
 #include <regex>
 #include <set>

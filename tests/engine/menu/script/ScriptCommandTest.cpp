@@ -53,7 +53,7 @@ std::string createdText(HandledMenu& menu) {
 }
 
 struct Case {
-    const char* commands; // between the definition and the making of the elements
+    const char* commands; // between defining and creating the elements
     std::string (*probe)(HandledMenu& menu);
     const char* expected;
 };

@@ -9,7 +9,7 @@ using namespace zel;
 
 namespace {
 
-/// A handler of its own, with the layout "l" begun.
+/// A separate handler, in which the layout "l" was begun.
 class LayoutHandlerTest : public testing::Test {
 protected:
     LayoutHandlerTest() {
@@ -32,12 +32,12 @@ TEST_F(LayoutHandlerTest, KeepsAnElementInBothLists) {
     EXPECT_EQ(layout().textAreas.at("note").kind, "textarea");
 
     handler().defineWidget("note", "");
-    EXPECT_EQ(handler().currentWidget()->rect.x, 1) << "the widget is taken up";
+    EXPECT_EQ(handler().currentWidget()->rect.x, 1) << "the widget becomes current";
     EXPECT_EQ(handler().currentWidget()->kind, "button");
     handler().defineWidget("note", "textarea");
-    EXPECT_EQ(handler().currentWidget()->rect.x, 2) << "by this kind the text area";
+    EXPECT_EQ(handler().currentWidget()->rect.x, 2) << "this kind selects the text area";
     EXPECT_EQ(layout().widgets.at("note").rect.x, 1);
-    EXPECT_EQ(handler().currentTextArea()->rect.x, 2) << "which is current here as well";
+    EXPECT_EQ(handler().currentTextArea()->rect.x, 2) << "it is the current text area as well";
 }
 
 TEST_F(LayoutHandlerTest, LeavesATextAreaWhatItIs) {
@@ -46,7 +46,7 @@ TEST_F(LayoutHandlerTest, LeavesATextAreaWhatItIs) {
     EXPECT_EQ(handler().currentWidget(), handler().currentTextArea());
     EXPECT_EQ(layout().textAreas.at("note").kind, "textarea");
     handler().defineWidget("note", "Letter");
-    EXPECT_EQ(layout().textAreas.at("note").kind, "letter") << "a kind of text areas";
+    EXPECT_EQ(layout().textAreas.at("note").kind, "letter") << "one of the text areas' kinds";
     handler().defineTextArea("note");
     EXPECT_EQ(layout().textAreas.at("note").kind, "letter");
     EXPECT_TRUE(layout().widgets.empty());
@@ -54,7 +54,7 @@ TEST_F(LayoutHandlerTest, LeavesATextAreaWhatItIs) {
     handler().currentTextArea()->rect.x = 3;
     handler().defineWidget("note", "Button");
     EXPECT_TRUE(layout().textAreas.empty()) << "only widgets are buttons";
-    EXPECT_EQ(layout().widgets.at("note").rect.x, 3) << "it takes along what was said of it";
+    EXPECT_EQ(layout().widgets.at("note").rect.x, 3) << "it keeps its definition";
     handler().defineWidget("note", "textarea");
     EXPECT_EQ(layout().textAreas.at("note").rect.x, 3);
 }

@@ -12,7 +12,7 @@ using namespace zel;
 
 namespace {
 
-/// A picture out of letters, the top line first: r, g, b are colours, "." is transparent.
+/// A picture made of letters, the top line first: r, g, b are colours, "." is transparent.
 BitmapData painted(const std::vector<std::string>& lines) {
     const auto height = static_cast<int32_t>(lines.size());
     BitmapData data = plainPicture(static_cast<int32_t>(lines.front().size()), height, 4, 0);
@@ -66,7 +66,7 @@ TEST(LayoutImage, FindsBoxesFromTheUpperLeftCorner) {
     EXPECT_EQ(numbers(boxes[3].rect), numbers(boxes[0].rect))
         << "a shared colour gives the same box";
     EXPECT_FALSE(boxes[4].isFound);
-    EXPECT_FALSE(boxes[5].isFound) << "transparent black is no colour";
+    EXPECT_FALSE(boxes[5].isFound) << "transparent black isn't a colour";
 }
 
 TEST(LayoutImage, TellsWhatIsMissing) {

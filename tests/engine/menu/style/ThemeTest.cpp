@@ -172,7 +172,7 @@ theme.definebackgroundmenuoverlay none
     EXPECT_NE(desk, nullptr) << "no overlay of that name: the image's";
     ASSERT_TRUE(menu->setTheme("missing"));
     EXPECT_NE(menu->getThemeBackground(), nullptr) << "the theme's image is still there";
-    EXPECT_NE(menu->getThemeBackground(), desk) << "without that one's option";
+    EXPECT_NE(menu->getThemeBackground(), desk) << "without the overlay's option";
     EXPECT_EQ(driver->log.linesWith("Did not find image none"), 1);
 }
 

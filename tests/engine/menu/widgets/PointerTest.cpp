@@ -12,7 +12,7 @@ std::vector<SDL_Event> lateEvents;
 
 } // namespace
 
-// In place of SDL's own, which does the same but for the late events.
+// Replaces SDL's own function, which does the same except for the late events.
 extern "C" int SDL_PollEvent(SDL_Event* event) {
     SDL_PumpEvents();
     if (SDL_PeepEvents(event, 1, SDL_GETEVENT, SDL_ALLEVENTS) == 1)
@@ -24,7 +24,7 @@ extern "C" int SDL_PollEvent(SDL_Event* event) {
 }
 
 // A touch screen reports motion and press together, on Windows the motion last. Whatever the frame
-// is doing just then, the pointer must not be seen at its old place with the button down.
+// is doing just then, the pointer must not be seen at its old position with the button down.
 TEST(Pointer, HitsWithAPressThatComesWithItsMotion) {
     ScreenDriver driver({{"A", scriptOf({{"b", "button", {200, 100, 100, 40}}}) +
                                    "setlocalstring hit none\nonhit b:\nsetlocalstring hit b\n"}});

@@ -51,7 +51,9 @@ protected:
         driver->button(false);
     }
     std::string hits() const { return screen().getLocalString("hits").c_str(); }
-    HandledMenu& screen() const { return *HandledMenu::getMenus()[0]; } // though it is left
+    HandledMenu& screen() const {
+        return *HandledMenu::getMenus()[0];
+    } // although the pointer has left it
 
     std::unique_ptr<ScreenDriver> driver;
     StatesMachine& machine = StatesMachine::getInstance();
@@ -109,7 +111,7 @@ TEST_F(WidgetTest, ShowsWhatIsDoneToIt) {
     button(true);
     EXPECT_EQ(widget->currentLook(), LookDown);
     button(false);
-    EXPECT_EQ(widget->currentLook(), LookDown) << "a hit one stays down";
+    EXPECT_EQ(widget->currentLook(), LookDown) << "a hit widget stays down";
     EXPECT_EQ(Widget::lastWidgetHit, widget);
     widget->reset();
     EXPECT_EQ(widget->currentLook(), LookActive);
@@ -146,8 +148,8 @@ TEST_F(WidgetTest, IsDeafDuringAFade) {
     button(false);
     widget->setSound("none.wav");
     widget->performHit();
-    EXPECT_EQ(hits(), "none") << "the screen isn't told";
-    EXPECT_EQ(driver->log.linesWith("none.wav"), 0) << "nor does it sound";
+    EXPECT_EQ(hits(), "none") << "the screen isn't notified";
+    EXPECT_EQ(driver->log.linesWith("none.wav"), 0) << "nor is a sound played";
     EXPECT_TRUE(widget->wasHit());
 
     machine.setActiveState(&screen());
@@ -155,7 +157,8 @@ TEST_F(WidgetTest, IsDeafDuringAFade) {
     driver->widget("b")->setSound("none.wav");
     driver->press("b");
     EXPECT_EQ(hits(), "once");
-    EXPECT_GE(driver->log.linesWith("none.wav"), 1) << "it is missed where it is to sound";
+    EXPECT_GE(driver->log.linesWith("none.wav"), 1)
+        << "it is found to be missing when it should play";
 }
 
 TEST_F(WidgetTest, FollowsItsTransition) {
@@ -184,8 +187,8 @@ TEST_F(WidgetTest, OpensAnAddressAndStaysWhereItIs) {
     driver->press("b");
     Window::setBrowser(nullptr);
     EXPECT_EQ(opened, std::vector<std::string>{"http://localhost/page"});
-    EXPECT_EQ(hits(), "once") << "the screen is told, too";
-    EXPECT_FALSE(widget->wasHit()) << "no fade follows that would end its being down";
+    EXPECT_EQ(hits(), "once") << "the screen is notified, too";
+    EXPECT_FALSE(widget->wasHit()) << "it isn't left down, since no fade follows to reset it";
     EXPECT_TRUE(driver->untilIdle("A"));
 }
 
