@@ -11,7 +11,7 @@ zel::String saveFaultText(const SaveCheck& check) {
     case SaveFault::Unread:
         return zel::String("it can't be read: ") + zel::faultText(check.reason);
     case SaveFault::NoSave:
-        return "it is not a save game";
+        return "it is no save game";
     case SaveFault::OtherVersion:
         return zel::String("it is a save of version ") + check.version +
                ", and this program reads version " + SaveVersion;

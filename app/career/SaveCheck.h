@@ -41,5 +41,5 @@ struct SaveCheck {
     bool replacesUnread = false; // an earlier save was read, as the present one could not be
 };
 
-/// Why the save can't be used, as the end of an English sentence about it: "it is not a save game".
+/// Why the save can't be used, as the end of an English sentence about it: "it is no save game".
 zel::String saveFaultText(const SaveCheck& check);

@@ -98,7 +98,7 @@ void logFault(const zel::String& name, const SaveCheck& check) {
         return logSave("File " + name + " requires a newer version");
     case SaveFault::Missing:
     case SaveFault::NoSave:
-        return logSave("File " + name + " is not a save game");
+        return logSave("File " + name + " is no save game");
     default:
         return logSave("File " + name + ": " + saveFaultText(check));
     }

@@ -58,7 +58,7 @@ struct SaveLayout {
 const char* readLayout(const SaveBytes& bytes, SaveLayout& layout) {
     constexpr const char* EndsEarly = "ends early";
     if (!bytes.read(0, layout.head) || std::memcmp(layout.head.magic, "WTSV", 4) != 0)
-        return "is not a save game";
+        return "is no save game";
     if (layout.head.version != SaveVersion)
         return OtherVersion;
     if (!isDayOfSave({layout.head.year, layout.head.month, layout.head.day}))

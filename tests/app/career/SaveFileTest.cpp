@@ -76,7 +76,7 @@ std::string with(std::string bytes, size_t offset, int32_t value) {
     return bytes;
 }
 
-constexpr const char* NoSave = " w 0 [Database] File Saves/savegame_v03.wty is not a save game\n";
+constexpr const char* NoSave = " w 0 [Database] File Saves/savegame_v03.wty is no save game\n";
 constexpr const char* Newer =
     " w 0 [Database] File Saves/savegame_v03.wty requires a newer version\n";
 
