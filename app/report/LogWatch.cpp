@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <sstream>
+#include <utility>
 
 #include "app/career/Checksum.h"
 #include "engine/core/SystemPlaces.h"
@@ -172,7 +173,8 @@ LogNews LogWatch::news() const {
         return {LogState::NoFolder, missingFolder};
     LogNews last;
     for (const Log& log : logs) {
-        const LogNews latest = {log.state(), log.news.detail, log.news.fault};
+        LogNews latest = log.news;
+        latest.state = log.state();
         const bool isUnread = latest.state == LogState::Unread;
         const bool isWritten = latest.state == LogState::Begun || latest.state == LogState::Growing;
         if (log.isEarlier && !isUnread && !isWritten)
@@ -180,7 +182,7 @@ LogNews LogWatch::news() const {
         if (isWritten || latest.state == LogState::Ending)
             return latest;
         if (isUnread || last.state != LogState::Unread)
-            last = latest;
+            last = std::move(latest);
     }
     return last;
 }
