@@ -52,9 +52,9 @@ zel::FileFault LogWatch::resume(const zel::String& folder) {
 }
 
 void LogWatch::moveTo(const zel::String& folder) {
-    const zel::String mark = markOf(folder);
-    known[mark] = known[here];
-    here = mark;
+    const std::vector<zel::String> names = knownLogs();
+    here = markOf(folder);
+    known[here] = {names.begin(), names.end()};
 }
 
 void LogWatch::enter(const zel::String& folder, const zel::Directory& present) {

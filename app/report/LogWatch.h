@@ -63,8 +63,8 @@ public:
     [[nodiscard]] zel::FileFault resume(const zel::String& folder);
     /// Whether the folder was seen since begin().
     bool hasSeen(const zel::String& folder) const { return known.count(markOf(folder)) != 0; }
-    /// The folder has taken the place of the one seen last: the logs known there are known in this
-    /// one. REQUIRES: it exists.
+    /// The folder has taken the place of one that was seen since begin(): knownLogs() are known in
+    /// it. REQUIRES: it exists.
     void moveTo(const zel::String& folder);
     /// Lists the folder. In one that is new since begin() the logs that are there count as known,
     /// since they aren't of this mission. Returns the names of the first pieces that have come

@@ -44,6 +44,10 @@ struct OrdersTest : testing::Test {
         fs::rename(user + "2", user);
         return beginAndLoad();
     }
+    static void choose(const zel::String& folder) {
+        Configuration::reset();
+        Configuration::set("rof.directory", folder);
+    }
     int32_t date() const { return Database::instance()->calendar().dateNumber(); }
     void expectReported(Session& by, const char* what) {
         const Database& career = *Database::instance();
@@ -202,10 +206,6 @@ TEST_F(OrdersTest, EndWithTheProgramWhereNothingCanBeWritten) {
 
 TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
     const std::string other = run.folder.file("other");
-    const auto choose = [](const zel::String& folder) {
-        Configuration::reset();
-        Configuration::set("rof.directory", folder);
-    };
     ASSERT_TRUE(beginAndLoad().mission() && session->fly());
     fs::copy(run.simulatorFolder(), other, fs::copy_options::recursive);
     choose(other);
@@ -228,6 +228,26 @@ TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
     choose(other);
     fs::remove(other + "/data/Missions/" + MissionFileName);
     expectReported(beginAndLoad(), "orders of an earlier program");
+}
+
+// He chooses a wrong folder before the one that was moved.
+TEST_F(OrdersTest, KnowTheLogsOfAFolderThatWasMoved) {
+    const std::string page = run.save();
+    const std::string wrong = run.folder.file("wrong");
+    const std::string moved = run.folder.file("moved");
+    tools::Finding finding;
+    ASSERT_TRUE(standin::makeSimulatorFolder(wrong, finding));
+    ASSERT_TRUE(beginAndLoad().mission() && session->fly() && session->report() && session->save());
+    session.reset();
+    run.folder.write("user/Saves/savegame_v03.wty", page);
+    ASSERT_TRUE(beginAndLoad().mission()) << "the old flight no longer counts";
+    fs::rename(run.simulatorFolder(), moved);
+    for (const std::string& folder : {wrong, moved}) {
+        choose(folder);
+        expectProblem(session->report(), "No log of your flight has come yet");
+    }
+    ASSERT_TRUE(session->fly());
+    expectReported(*session, "flown again");
 }
 
 TEST_F(OrdersTest, KeepTheCareerAsItIs) {
