@@ -24,6 +24,7 @@ zel::FileFault LogWatch::begin(const zel::String& folder) {
     known.clear();
     here = {};
     enter(folder, present);
+    ordered = {here};
     return zel::FileFault::None;
 }
 
@@ -31,9 +32,12 @@ void LogWatch::begin(const std::vector<zel::String>& knownLogs, const zel::Strin
     logs.clear();
     startNews();
     known.clear();
+    ordered.clear();
     std::istringstream marks{std::string(folders.view())};
-    for (std::string mark; marks >> mark; here = mark)
+    for (std::string mark; marks >> mark; here = mark) {
         known[mark] = {knownLogs.begin(), knownLogs.end()};
+        ordered.insert(mark);
+    }
 }
 
 zel::String LogWatch::markOf(const zel::String& folder) {
@@ -45,6 +49,7 @@ zel::FileFault LogWatch::resume(const zel::String& folder) {
     if (!hasSeen(folder) && !present.list(folder, FirstPiecePattern))
         return present.fault();
     enter(folder, present);
+    ordered.insert(here);
     for (Log& log : logs)
         log.isEarlier = true;
     startNews();
@@ -55,6 +60,7 @@ void LogWatch::moveTo(const zel::String& folder) {
     const std::vector<zel::String> names = knownLogs();
     here = markOf(folder);
     known[here] = {names.begin(), names.end()};
+    ordered.insert(here);
 }
 
 void LogWatch::enter(const zel::String& folder, const zel::Directory& present) {
@@ -88,14 +94,14 @@ void LogWatch::ignore(const zel::String& name) {
 
 std::vector<zel::String> LogWatch::knownLogs() const {
     std::set<zel::String> all;
-    for (const auto& [folder, names] : known)
-        all.insert(names.begin(), names.end());
+    for (const zel::String& folder : ordered)
+        all.insert(known.at(folder).begin(), known.at(folder).end());
     return {all.begin(), all.end()};
 }
 
 zel::String LogWatch::folders() const {
     zel::String marks;
-    for (const auto& [folder, names] : known)
+    for (const zel::String& folder : ordered)
         marks += (marks.empty() ? "" : " ") + std::string(folder.view());
     return marks;
 }

@@ -53,9 +53,11 @@ public:
     static zel::String markOf(const zel::String& folder);
     /// Forgets a log: it belongs to another flight, even if it grows.
     void ignore(const zel::String& name);
-    /// The first pieces of the logs that are known in any folder, without those that poll() found.
+    /// The first pieces of the logs that are known in any of folders(), without those that poll()
+    /// found.
     std::vector<zel::String> knownLogs() const;
-    /// markOf() the folders since begin(), with blanks between.
+    /// markOf() the folders of begin(), resume() and moveTo(), with blanks between. Those that only
+    /// poll() has seen aren't among them: the mission was not written there.
     zel::String folders() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
     /// passes over those that are neither in progress nor unreadable. Another folder is entered as
@@ -63,8 +65,8 @@ public:
     [[nodiscard]] zel::FileFault resume(const zel::String& folder);
     /// Whether the folder was seen since begin().
     bool hasSeen(const zel::String& folder) const { return known.count(markOf(folder)) != 0; }
-    /// The folder has taken the place of one that was seen since begin(): knownLogs() are known in
-    /// it. REQUIRES: it exists.
+    /// The folder has taken the place of one of folders(): knownLogs() are known in it. REQUIRES:
+    /// it exists.
     void moveTo(const zel::String& folder);
     /// Lists the folder. In one that is new since begin() the logs that are there count as known,
     /// since they aren't of this mission. Returns the names of the first pieces that have come
@@ -105,6 +107,7 @@ private:
     void enter(const zel::String& folder, const zel::Directory& present);
 
     std::map<zel::String, std::set<zel::String>> known; // by folder, of those seen since begin()
+    std::set<zel::String> ordered;                      // those of them that are in folders()
     zel::String here;                                   // key of the one seen last
     std::vector<Log> logs;                              // in the order in which they were found
     zel::String missingFolder;

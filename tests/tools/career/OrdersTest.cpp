@@ -230,6 +230,24 @@ TEST_F(OrdersTest, KnowTheLogsOfAnotherFolder) {
     expectReported(beginAndLoad(), "orders of an earlier program");
 }
 
+// A flight there is of another career, even after a look there.
+TEST_F(OrdersTest, KnowTheLogsOfAFolderWithoutTheirMission) {
+    const std::string other = run.folder.file("other");
+    const std::string mission = other + "/data/Missions/" + MissionFileName;
+    ASSERT_TRUE(beginAndLoad().mission());
+    fs::copy(run.simulatorFolder(), other, fs::copy_options::recursive);
+    fs::rename(mission, mission + ".away");
+    choose(other);
+    expectProblem(session->report(), "No log of your flight has come yet");
+    choose(run.simulatorFolder());
+    ASSERT_TRUE(session->mission());
+    choose(other);
+    fs::rename(mission + ".away", mission);
+    ASSERT_TRUE(session->fly());
+    fs::remove(mission);
+    expectProblem(killAndLoad().report(), "No log of your flight has come yet");
+}
+
 // He chooses a wrong folder before the one that was moved.
 TEST_F(OrdersTest, KnowTheLogsOfAFolderThatWasMoved) {
     const std::string page = run.save();
