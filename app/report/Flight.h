@@ -45,7 +45,8 @@ public:
     /// empty. A log that has an end but doesn't name everybody of the plan may be incomplete: it is
     /// left to the next look, and accepted once it stops growing or if this is the last look. Logs
     /// of other missions, of other days and those that were reported before are passed over. So are
-    /// those whose player isn't in the plan, but the last look accepts one if there is no other.
+    /// those whose player isn't in the plan, but the last look accepts one unless another log may
+    /// still become the report.
     bool findReport(Database& career, bool isLastLook = false);
     /// What the looks since begin() have found.
     LogNews news() const;
