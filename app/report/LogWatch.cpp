@@ -33,6 +33,7 @@ void LogWatch::begin(const std::vector<zel::String>& knownLogs, const zel::Strin
     startNews();
     known.clear();
     ordered.clear();
+    here = {};
     std::istringstream marks{std::string(folders.view())};
     for (std::string mark; marks >> mark; here = mark) {
         known[mark] = {knownLogs.begin(), knownLogs.end()};
