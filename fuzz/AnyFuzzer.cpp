@@ -8,8 +8,8 @@ namespace {
 
 constexpr int64_t LargePicture = 1 << 14; // pixels
 
-/// A few bytes can stand for megapixels that are all alike. Such inputs take a thousand times as
-/// long as others and show no more, so one in sixteen of them is read.
+/// A few bytes can encode megapixels of one colour. Such inputs take a thousand times as long as
+/// others and reveal no more, so only one in sixteen of them is read.
 bool isWorthItsTime(const uint8_t* data, size_t size) {
     if (!zel::isSafeToDecode(asText(data, size)))
         return true; // it is refused at once

@@ -20,9 +20,9 @@ enum FlownBy : uint8_t { French = 1, British = 2, American = 4, German = 8 };
 enum class Shape : uint8_t { Scout, TwoSeater, Triplane, Monoplane, Balloon, Ground };
 
 /// How a type fights in the stand-in simulator, and what the simulator's log calls it. The figures
-/// are round ones: speed and climb after the types' test reports, circles in the order in which
-/// pilots of the time put them. They are closer together than the real ones, since the stand-in's
-/// pilots don't learn to fly around a plane's weakness as the real ones did.
+/// are rounded: speed and climb from test reports of the types, circles in the order in which
+/// contemporary pilots ranked them. They differ less than the real ones did, because the stand-in's
+/// pilots can't learn to avoid a plane's weakness.
 struct StandInFigures {
     const char* logType; // the log's TYPE
     int32_t speed;       // level, km/h

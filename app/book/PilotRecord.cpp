@@ -121,8 +121,8 @@ private:
         sortPostings();
     }
 
-    /// He came to the squadron that he was the first to leave, or that he is still in. Earlier
-    /// moves aren't shown.
+    /// He came to the squadron that his first shown move takes him from, or that he is still in.
+    /// Earlier moves aren't shown.
     void addArrival() {
         auto& postings = pilot.postings;
         postings.erase(

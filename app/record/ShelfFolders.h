@@ -46,7 +46,7 @@ zel::String recordIn(const zel::String& folder);
 /// Whether a file or folder of that name belongs to a career: a save, an earlier one, a record,
 /// pages.
 bool isCareerFile(std::string_view name);
-/// Whether any path is one of these in the user's folder or below it.
+/// Whether the path, which may be any, is one of these in the user's folder or below it.
 bool belongsToCareer(const zel::String& path);
 /// The entries of a folder; none of one that doesn't exist.
 [[nodiscard]] bool listFolder(const zel::String& folder,

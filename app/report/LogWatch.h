@@ -56,8 +56,8 @@ public:
     /// The first pieces of the logs that are known in any of folders(), without those that poll()
     /// found.
     std::vector<zel::String> knownLogs() const;
-    /// markOf() the folders of begin(), resume() and moveTo(), with blanks between. Those that only
-    /// poll() has seen aren't among them: the mission was not written there.
+    /// The keys of the folders of begin(), resume() and moveTo(), separated by blanks. Those that
+    /// only poll() has seen aren't among them: the mission was not written there.
     zel::String folders() const;
     /// Call it when the same mission is written again: logs since begin() stay new, but news()
     /// passes over those that are neither in progress nor unreadable. Another folder is entered as

@@ -7,8 +7,8 @@
 
 namespace standin {
 
-// Which types the stand-in knows, and how they fight: the rows of the aircraft table, which is all
-// that it shares with the program that writes the missions.
+// The types that the stand-in flies, and how they fight. They are the rows of the aircraft table,
+// the only thing that it shares with the program that writes the missions.
 
 /// Index of the type with that id, whatever its case; -1 if there is none, and the plane is
 /// refused.

@@ -112,7 +112,7 @@ TEST_P(FirstStart, SwitchesTheTextLogOn) {
 
 INSTANTIATE_TEST_SUITE_P(Both, FirstStart, testing::Values(How::Pointer, How::Keys));
 
-// Another program locks the stand-in's folder, and releases it once the mission is damaged.
+// The stand-in's folder is locked by another program until the mission has been damaged.
 TEST(FirstStartPages, TheStandInSaysWhyItDoesNotFly) {
     NewPlayer player;
     CareerDriver& driver = *player.driver;
